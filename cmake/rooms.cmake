@@ -1,0 +1,40 @@
+# What every target of ours is built with.
+function(ticklog_options target)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_compile_definitions(${target} PRIVATE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_USE_QSTRINGBUILDER
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400 TICKLOG_VERSION="${PROJECT_VERSION}")
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    $<$<BOOL:${TICKLOG_WERROR}>:-Werror>)
+  if(TICKLOG_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${TICKLOG_SANITIZE} -fno-omit-frame-pointer
+      -fno-sanitize-recover=all)
+    target_link_options(${target} PRIVATE -fsanitize=${TICKLOG_SANITIZE})
+  endif()
+  if(TICKLOG_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage)
+    target_link_options(${target} PRIVATE --coverage)
+  endif()
+endfunction()
+
+# ticklog_room(NAME DIRECTORY [RECURSE] LINKS ...): one folder, one static library. A folder that holds only
+# headers becomes an interface library.
+function(ticklog_room name directory)
+  cmake_parse_arguments(room "RECURSE" "" "LINKS" ${ARGN})
+  if(room_RECURSE)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${directory}/*.cpp ${directory}/*.h ${directory}/*.qrc)
+  else()
+    file(GLOB sources CONFIGURE_DEPENDS ${directory}/*.cpp ${directory}/*.h ${directory}/*.qrc)
+  endif()
+  set(compiled ${sources})
+  list(FILTER compiled INCLUDE REGEX "\\.cpp$")
+  if(NOT compiled)
+    add_library(${name} INTERFACE ${sources})
+    target_link_libraries(${name} INTERFACE ${room_LINKS})
+    return()
+  endif()
+  add_library(${name} STATIC ${sources})
+  ticklog_options(${name})
+  target_link_libraries(${name} PUBLIC ${room_LINKS})
+  target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/pch.h)
+endfunction()

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/WindowElement.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+// Names of accessibility notifications.
+inline const QString kAXMainWindowChanged = QStringLiteral("AXMainWindowChanged");
+inline const QString kAXFocusedWindowChanged = QStringLiteral("AXFocusedWindowChanged");
+inline const QString kAXTitleChanged = QStringLiteral("AXTitleChanged");
+
+// Tells of changes in one application. Destroying it ends everything.
+class AccessibilityObserver {
+public:
+    virtual ~AccessibilityObserver() = default;
+
+    // Each answers whether it could be done.
+    virtual bool addNotification(const WindowElement& element, const QString& notification) = 0;
+    virtual bool removeNotification(const WindowElement& element, const QString& notification) = 0;
+    // Only while it is added to the run loop does the observer call back.
+    virtual void addToRunLoop() = 0;
+    virtual void removeFromRunLoop() = 0;
+};
+
+// Other applications' windows, as their toolkits describe them to assistive programs. Answers from memory where it
+// can; nothing blocks on a program that hangs. Main thread only.
+class Accessibility {
+public:
+    virtual ~Accessibility() = default;
+
+    // Whether other programs let us look.
+    virtual bool isProcessTrusted() const = 0;
+    // The application of a process. Never fails: a process that shows nothing has no windows.
+    virtual WindowElement applicationElement(std::int64_t processIdentifier) = 0;
+    // The application's main window; absent when it has none or does not answer.
+    virtual std::optional<WindowElement> mainWindow(const WindowElement& application) = 0;
+    // The title of an application or window; absent when it has none or is gone.
+    virtual std::optional<QString> title(const WindowElement& element) = 0;
+    // Null when the process shows nothing to assistive programs.
+    virtual std::unique_ptr<AccessibilityObserver> makeObserver(std::int64_t processIdentifier,
+                                                                std::function<void()> callback) = 0;
+    // Opens the place where the user grants trust.
+    virtual void openPreferences() = 0;
+    virtual QString describe() const = 0;
+};

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/FileViewer.h"
+#include "platform/Folders.h"
+#include "platform/FrontApplication.h"
+#include "platform/IdleTime.h"
+#include "platform/PowerEvents.h"
+#include "platform/Sandbox.h"
+#include "platform/SessionEvents.h"
+#include "platform/WindowList.h"
+#include "platform/foundation/Clock.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/UserDefaults.h"
+
+// What the program stands on, as chosen once at launch. Everything is owned by whoever made it and outlives the rest.
+struct Platform {
+    Clock& clock;
+    RunLoop& runLoop;
+    SystemLog& log;
+    NotificationCenter& notifications;
+    UserDefaults& defaults;
+    Folders folders;
+    FrontApplication& frontApplication;
+    WindowList& windowList;
+    IdleTime& idleTime;
+    PowerEvents& power;
+    SessionEvents& session;
+    Accessibility& accessibility;
+    FileViewer& fileViewer;
+    Sandbox& sandbox;
+};

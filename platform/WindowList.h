@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+// One on-screen window. Texts are clean: no control characters, no line breaks, at most 4,096 characters.
+struct WindowListEntry {
+    // Tells this window from all others while it exists.
+    std::int64_t number = 0;
+    // As ApplicationRecord::processIdentifier.
+    std::int64_t ownerProcessIdentifier = 0;
+    // 0 for ordinary windows; others for docks, desktops, splashes and the like.
+    int layer = 0;
+    // The title; absent when the window has none.
+    std::optional<QString> name;
+    QString ownerName;
+
+    friend bool operator==(const WindowListEntry&, const WindowListEntry&) = default;
+};
+
+// The on-screen windows as the desktop last told them. Answers from memory: asking costs no round trip.
+class WindowList {
+public:
+    virtual ~WindowList() = default;
+
+    // Front to back; the window that has the focus comes before all others of its layer. Empty while the desktop
+    // cannot be reached; never an error. Valid until control returns to the event loop. Main thread only.
+    virtual std::span<const WindowListEntry> onScreenWindows() const = 0;
+};
