@@ -74,9 +74,10 @@ TEST(KeyValueObserving, anObserverThatRemovesItselfAndTheNext_isTheLastOneTold) 
 TEST(KeyValueObserving, anObserverAddedWhileTelling_hearsTheNextAnnouncementOnly) {
     Thing thing;
     int told = 0;
+    bool isAdded = false;
     Subscription added;
     const auto adder = thing.observe(kColour, [&](const ObservedChange&) {
-        if (told == 0)
+        if (!std::exchange(isAdded, true))
             added = thing.observe(kColour, [&](const ObservedChange&) { ++told; });
     });
     thing.paint(QStringLiteral("red"));
