@@ -14,7 +14,7 @@ std::chrono::nanoseconds read(clockid_t clock) {
 } // namespace
 
 Date SystemClock::now() const {
-    return std::chrono::system_clock::now();
+    return std::chrono::floor<Date::duration>(std::chrono::system_clock::now());
 }
 
 std::chrono::nanoseconds SystemClock::monotonic() const {

@@ -3,8 +3,10 @@
 
 #include <chrono>
 
-// An instant of wall-clock time.
-using Date = std::chrono::system_clock::time_point;
+// An instant of wall-clock time. In microseconds, because the clock's own nanoseconds reach only from 1677 to
+// 2262, and property lists hold dates from the year 1 on: a bare time of day is kept as one on the first day
+// of all.
+using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
 
 // A duration in seconds, as the account keeps it.
 using Seconds = double;
@@ -14,7 +16,7 @@ inline Seconds secondsBetween(Date from, Date to) {
     return std::chrono::duration<double>(to - from).count();
 }
 
-// A date that lies `seconds` after the Unix epoch, to the resolution of the clock.
+// A date that lies `seconds` after the Unix epoch, to the resolution of dates.
 inline Date dateFromUnixSeconds(double seconds) {
     return Date(std::chrono::duration_cast<Date::duration>(std::chrono::duration<double>(seconds)));
 }
