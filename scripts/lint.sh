@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# What neither compiler nor tests find. Called by ./dev lint, which installs the tools.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+status=0
+step() { echo "== $1"; shift; "$@" || { status=1; echo "== failed"; }; }
+
+mapfile -t ours < <(find . \( -name build -o -name '.*' ! -name . \) -prune -o -name '*.cpp' -print -o -name '*.h' -print | sort)
+mapfile -t product < <(printf '%s\n' "${ours[@]}" | grep -E '^\./(app|Classes|platform|interface|helpers)/.*\.cpp$')
+
+step "layout" clang-format --dry-run -Werror "${ours[@]}"
+step "scripts" shellcheck -x dev scripts/*.sh .ci/run
+
+desktop_entries() { local entries=(resources/*.desktop); [ ! -e "${entries[0]}" ] || desktop-file-validate "${entries[@]}"; }
+step "desktop entries" desktop_entries
+
+# A build of its own, without a precompiled header: clang cannot read the one that g++ makes.
+tidy() {
+  cmake --preset release -B build/lint -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DTICKLOG_BENCH=OFF --log-level=WARNING >/dev/null
+  # The sources that AUTOMOC generates are included by ours.
+  cmake --build build/lint --target ticklog_autogen interface_autogen >/dev/null 2>&1 || true
+  printf '%s\n' "${product[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/lint --quiet \
+    --extra-arg=-Wno-unknown-warning-option 2> >(grep -v 'warnings\? \(generated\|treated\)' >&2)
+}
+step "clang-tidy" tidy
+
+step "cppcheck" cppcheck --quiet --error-exitcode=1 --std=c++20 --language=c++ --library=qt --inline-suppr -j "$(nproc)" \
+  --enable=warning,performance,portability --suppressions-list=scripts/cppcheck.supp -I . "${product[@]}"
+
+exit $status

@@ -1,0 +1,98 @@
+# shellcheck shell=bash
+# shellcheck disable=SC2034  # The lists are read by name, put together from the family and the set.
+# What each kind of work needs, by the names that each family of distributions uses, and how it gets here.
+
+# apt: Debian 12 and 13, Ubuntu 24.04
+apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev libgl-dev libxcb1-dev
+  libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev libgtest-dev"
+apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
+apt_test="$apt_demo x11-xserver-utils wmctrl xclip at-spi2-core"
+apt_bench="$apt_demo"
+apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils"
+apt_format="clang-format"
+apt_fuzz="clang libclang-rt-dev"
+apt_coverage="gcovr"
+# Qt's reader of SVG pictures is a package of its own in later releases.
+if [ -r /etc/os-release ] && [ "$(. /etc/os-release && echo "${ID:-}${VERSION_ID:-}")" = debian13 ]; then
+  apt_build="$apt_build qt6-svg-plugins"
+fi
+
+# dnf: Fedora
+dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel gtest-devel"
+dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
+dnf_test="$dnf_demo xset wmctrl xclip at-spi2-core"
+dnf_bench="$dnf_demo"
+dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils"
+dnf_format="clang-tools-extra"
+dnf_fuzz="clang compiler-rt"
+dnf_coverage="gcovr"
+
+# pacman: Arch
+pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb gtest"
+pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
+pacman_test="$pacman_demo xorg-xset wmctrl xclip at-spi2-core"
+pacman_bench="$pacman_demo"
+pacman_lint="clang cppcheck shellcheck desktop-file-utils"
+pacman_format="clang"
+pacman_fuzz="clang compiler-rt"
+pacman_coverage="gcovr"
+
+# Which family this machine belongs to; nothing when it is none of them.
+package_family() {
+  local family
+  for family in apt:apt-get dnf:dnf pacman:pacman; do
+    if command -v "${family#*:}" >/dev/null; then echo "${family%%:*}"; return; fi
+  done
+}
+
+# missing_packages FAMILY PACKAGE...: those that are not installed, one a line.
+missing_packages() {
+  local family=$1; shift
+  case $family in
+    apt) { printf '%s\n' "$@"
+           dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p'
+           # A name that is wanted once and installed once comes twice; names wanted by two sets are one by now.
+         } | sort | uniq -u ;;
+    dnf) rpm -q --whatprovides "$@" 2>/dev/null | sed -n 's/^no package provides //p' ;;
+    pacman) pacman -T "$@" || true ;;
+  esac
+}
+
+# As root directly, else through sudo, and only here.
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"
+  elif command -v sudo >/dev/null; then sudo "$@"
+  else
+    echo "dev: this needs root and there is no sudo. As root, run: $*" >&2
+    return 1
+  fi
+}
+
+# need SET...: installs what the sets name and the machine lacks.
+need() {
+  local family set list wanted missing
+  family=$(package_family)
+  wanted=()
+  for set in "$@"; do
+    list=${family:-apt}_$set
+    read -r -d '' -a list <<<"${!list}" || true
+    wanted+=("${list[@]}")
+  done
+  mapfile -t wanted < <(printf '%s\n' "${wanted[@]}" | sort -u)
+  if [ -z "$family" ]; then
+    echo "dev: no package manager that is known here; going on with what is there (on Debian: ${wanted[*]})" >&2
+    return
+  fi
+  mapfile -t missing < <(missing_packages "$family" "${wanted[@]}")
+  [ ${#missing[@]} -gt 0 ] || return 0
+  echo "dev: installing ${missing[*]}" >&2
+  case $family in
+    apt)
+      # A machine that is not online may still have what it takes in its own archive.
+      as_root apt-get -qq -o DPkg::Lock::Timeout=600 update || echo "dev: the package lists could not be renewed" >&2
+      as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 \
+        install -y --no-install-recommends "${missing[@]}" >/dev/null ;;
+    dnf) as_root dnf install -q -y --setopt=install_weak_deps=False "${missing[@]}" ;;
+    pacman) as_root pacman -S --needed --noconfirm "${missing[@]}" ;;
+  esac
+}
