@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# shellcheck disable=SC2317  # Steps call the functions by name.
 # What neither compiler nor tests find. Called by ./dev lint, which installs the tools.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
