@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// Rules of the house that no compiler checks. A line that breaks one is reported where it stands, with the
+// reason and with what to write instead.
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+struct SourceFile {
+    // From the root of the repository.
+    QString path;
+    QStringList lines;
+};
+
+// What a line must not hold. Patterns are cut in two where this file would break its own rule.
+struct LineRule {
+    QString files;
+    QString except;
+    QString forbidden;
+    QString brokenBy;
+    QString why;
+};
+
+const QString kProduct = QStringLiteral("^(app|Classes|helpers|interface|platform)/");
+const QString kSources = QStringLiteral("\\.(cpp|h)$");
+const QString kNothing = QStringLiteral("^$");
+
+bool isMatch(const QString& pattern, const QString& text) {
+    return QRegularExpression(pattern).match(text).hasMatch();
+}
+
+QStringList linesOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(u'\n');
+}
+
+// Everything that people write and read here; not what was built, and no pictures.
+std::vector<SourceFile> repository() {
+    const QDir root(QStringLiteral(TICKLOG_SOURCE_DIR));
+    const QString written = QStringLiteral(
+        "^(app|bench|Classes|cmake|docs|helpers|interface|packaging|platform|resources|scripts|tests)/"
+        ".*\\.(cpp|h|md|cmake|txt|sh|awk|desktop|xml|qrc|supp)$|^[^/]*\\.(md|txt|json)$|^dev$|^\\.ci/");
+    std::vector<SourceFile> files;
+    QDirIterator it(root.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = root.relativeFilePath(it.next());
+        if (isMatch(written, path))
+            files.push_back({path, linesOf(it.filePath())});
+    }
+    std::ranges::sort(files, {}, &SourceFile::path);
+    return files;
+}
+
+void report(const SourceFile& file, qsizetype line, const QString& why) {
+    const QString text = line > 0 ? file.lines[line - 1].trimmed() : QString();
+    const QByteArray path = QStringLiteral(TICKLOG_SOURCE_DIR "/%1").arg(file.path).toUtf8();
+    ADD_FAILURE_AT(path.constData(), int(line)) << qPrintable(text) << "\n  " << qPrintable(why);
+}
+
+void expectKept(const LineRule& rule) {
+    const QRegularExpression forbidden(rule.forbidden);
+    // A rule that catches nothing guards nothing.
+    ASSERT_TRUE(forbidden.match(rule.brokenBy).hasMatch()) << qPrintable(rule.brokenBy);
+    int checked = 0;
+    for (const SourceFile& file : repository()) {
+        if (!isMatch(rule.files, file.path) || isMatch(rule.except, file.path))
+            continue;
+        ++checked;
+        for (qsizetype line = 1; line <= file.lines.size(); ++line)
+            if (forbidden.match(file.lines[line - 1]).hasMatch())
+                report(file, line, rule.why);
+    }
+    EXPECT_GT(checked, 0) << "no file is checked: has the folder moved?";
+}
+
+// The folders whose headers a file of this floor may include; the floor's own is among them.
+struct Floor {
+    QString files;
+    QString allowed;
+    QString why;
+};
+
+std::vector<Floor> floors() {
+    const QString foundation = QStringLiteral("platform/foundation/[^/]+");
+    const QString ports = QStringLiteral("platform/[^/]+|") + foundation;
+    const QString back = QStringLiteral("a back end stands on platform/*.h and platform/foundation alone, so "
+                                        "that each can be replaced by itself");
+    std::vector<Floor> result{
+        {QStringLiteral("^platform/foundation/"), foundation,
+         QStringLiteral("the foundation knows nothing above it: hand the news up through an observer")},
+        {QStringLiteral("^platform/[^/]+$"), ports,
+         QStringLiteral("a port is a promise: it names no back end and no class")},
+        {QStringLiteral("^Classes/"), QStringLiteral("Classes/[^/]+|") + ports,
+         QStringLiteral(
+             "the account knows no screen: put the port it needs into platform/ and have it given")},
+        {QStringLiteral("^interface/"), QStringLiteral("interface/.+|Classes/[^/]+|") + ports,
+         QStringLiteral(
+             "the interface reaches the desktop through platform/*.h alone; app/ chooses the back end")},
+    };
+    for (const char* room : {"x11", "wayland", "linux", "atspi"}) {
+        const QString folder = QStringLiteral("platform/%1/").arg(QLatin1String(room));
+        result.push_back({u'^' + folder, folder + QStringLiteral(".+|") + ports, back});
+    }
+    return result;
+}
+
+} // namespace
+
+TEST(HouseRules, includes_goDownOnly) {
+    const QRegularExpression include(QStringLiteral("^\\s*#\\s*include \"([^\"]+)\""));
+    int checked = 0;
+    for (const SourceFile& file : repository())
+        for (const Floor& floor : floors()) {
+            if (!isMatch(floor.files, file.path) || !isMatch(kSources, file.path))
+                continue;
+            const QString allowed =
+                QRegularExpression::anchoredPattern(floor.allowed + QStringLiteral("|[^/]+\\.moc"));
+            for (qsizetype line = 1; line <= file.lines.size(); ++line) {
+                const auto match = include.match(file.lines[line - 1]);
+                checked += match.hasMatch();
+                if (match.hasMatch() && !isMatch(allowed, match.captured(1)))
+                    report(file, line, floor.why);
+            }
+        }
+    EXPECT_GT(checked, 20);
+}
+
+TEST(HouseRules, theAccount_knowsNoScreenAndNoBus) {
+    expectKept(
+        {QStringLiteral("^(Classes/|platform/foundation/|platform/[^/]+$)"), kNothing,
+         QStringLiteral(
+             "#include [<\"](xcb|X11|wayland|Qt(Gui|Widgets|DBus)/|QDBus|QWidget|Q(Gui)?Application>)"),
+         QStringLiteral("#include <xcb/xcb.h>"),
+         QStringLiteral("it must run without a desktop: ask for what it needs through a port in platform/")});
+}
+
+TEST(HouseRules, theInterface_reachesTheDesktopThroughPorts) {
+    expectKept(
+        {QStringLiteral("^(interface|platform/[^/]+$)"), kNothing,
+         QStringLiteral("#include [<\"](xcb|X11|wayland)"), QStringLiteral("#include <X11/Xlib.h>"),
+         QStringLiteral("the same window must work under X and Wayland: put the call into a back end")});
+}
+
+TEST(HouseRules, theTime_isReadFromTheClockAlone) {
+    expectKept(
+        {kProduct, QStringLiteral("^platform/foundation/Clock\\.cpp$"),
+         QStringLiteral(
+             "(system|steady|high_resolution)_clock::now|QDateTime::current|QDate::current|QTime::current|"
+             "\\bgettimeofday\\b|\\bclock_gettime\\b|\\btime\\((NULL|nullptr|0)\\)|QElapsedTimer"),
+         QStringLiteral("const Date now = std::chrono::system_clock::now();"),
+         QStringLiteral("tests turn the clock by hand: take a Clock& at construction and ask it")});
+}
+
+TEST(HouseRules, tests_waitForConditionsNotForTime) {
+    expectKept(
+        {QStringLiteral("^tests/.*\\.(cpp|h)$"),
+         QStringLiteral("^tests/(desktop/harness/|unit/HouseRulesTest)"),
+         QStringLiteral("\\b(u|nano)?sleep\\(|sleep_(for|until)|::[mu]?sleep\\(|qSleep\\(|\\bqWait\\("),
+         QStringLiteral("QThread::msleep(100);"),
+         QStringLiteral(
+             "too short on a busy machine and too long on every other: wait until something is so, with "
+             "a limit")});
+}
+
+TEST(HouseRules, tests_allRun) {
+    expectKept({QStringLiteral("^tests/"), kNothing,
+                QStringLiteral("GTEST_"
+                               "SKIP|\\bQ"
+                               "SKIP\\b|DISABLED"
+                               "_"),
+                QStringLiteral("GTEST_"
+                               "SKIP();"),
+                QStringLiteral(
+                    "a test that may not run proves nothing: have ./dev install what it needs, or fail")});
+}
+
+TEST(HouseRules, comments_sayWhyInTheirOwnWords) {
+    expectKept({QStringLiteral("."), kNothing,
+                QStringLiteral("\\b[Ss]"
+                               "pec(s|ification|ifications)?\\b|\\b[Pp]arts? [1-9]\\.[1-9]\\b"),
+                QStringLiteral("as the s"
+                               "pec says"),
+                QStringLiteral("whoever reads this has nothing but the repository: say why it is so")});
+}
+
+TEST(HouseRules, work_isFinished) {
+    expectKept({QStringLiteral("."), kNothing,
+                QStringLiteral("\\b(TO"
+                               "DO|FIX"
+                               "ME|XX"
+                               "X|HA"
+                               "CK)\\b|not imple"
+                               "mented"),
+                QStringLiteral("// TO"
+                               "DO: later"),
+                QStringLiteral("finish it, or leave it out and name it in CHANGELOG.md")});
+}
+
+TEST(HouseRules, files_holdOneIdea) {
+    for (const SourceFile& file : repository())
+        if (isMatch(kSources, file.path) && file.lines.size() > 600)
+            report(file, 1,
+                   QStringLiteral("%1 lines are more than one idea: find the second").arg(file.lines.size()));
+}
+
+TEST(HouseRules, sources_beginWithTheLicence) {
+    for (const SourceFile& file : repository()) {
+        if (!isMatch(kSources, file.path) || isMatch(QStringLiteral("^cmake/"), file.path))
+            continue;
+        if (!file.lines.front().startsWith(QStringLiteral("// SPDX-License-Identifier: MIT")))
+            report(file, 1,
+                   QStringLiteral("the first line names the licence: // SPDX-License-Identifier: MIT"));
+        if (file.path.endsWith(QStringLiteral(".h")) && !file.lines.contains(QStringLiteral("#pragma once")))
+            report(file, 1, QStringLiteral("a header that is read twice must count once: #pragma once"));
+    }
+}
