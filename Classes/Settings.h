@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/PropertyListValue.h"
+
+#include <QString>
+
+// The user's settings by key. Those of the first group have registered defaults.
+inline const QString kMinutesUntilIdle = QStringLiteral("minutesUntilIdle");
+inline const QString kEnableIdleDetection = QStringLiteral("enableIdleDetection");
+inline const QString kIncludeIdleInSumofTimes = QStringLiteral("includeIdleInSumofTimes");
+inline const QString kIncludeSelfInSumofTimes = QStringLiteral("includeSelfInSumofTimes");
+inline const QString kPeriodicSaveTime = QStringLiteral("periodicSaveTime");
+inline const QString kSaveTimerPeriodically = QStringLiteral("saveTimerPeriodically");
+inline const QString kPeriodicFormatType = QStringLiteral("periodicFormatType");
+inline const QString kPeriodicDaysOfWeek = QStringLiteral("periodicDaysOfWeek");
+inline const QString kPeriodicSaveDirectory = QStringLiteral("periodicSaveDirectory");
+inline const QString kTKPrefAppType = QStringLiteral("kTKPrefAppType");
+inline const QString kTKPrefShowMenuItem = QStringLiteral("kTKPrefShowMenuItem");
+
+// The path of the main store; a later launch begins there when a file is there.
+inline const QString kMainStorePath = QStringLiteral("MainStorePath");
+// The next launch starts the timer.
+inline const QString kStartTicklogOnNextLaunch = QStringLiteral("startTicklogOnNextLaunch");
+// The timer ran when it was last started or stopped.
+inline const QString kTKWasTimerRunning = QStringLiteral("kTKWasTimerRunning");
+// Whether durations in words include seconds; otherwise minutes are rounded.
+inline const QString kIncludeSecondsWhenCopyingTime = QStringLiteral("includeSecondsWhenCopyingTime");
+// The rows shown expanded among all timers: a list of identities.
+inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
+
+// The table of registered defaults. `applicationSupportFolder` is where archives go until the user chooses.
+PropertyListDictionary registeredDefaults(const QString& applicationSupportFolder);

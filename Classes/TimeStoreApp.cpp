@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/TimeStoreApp.h"
+
+#include <algorithm>
+
+TimeStoreApp::TimeStoreApp(TimeStoreServices& services, const PropertyListValue& name,
+                           const PropertyListValue& timeSpent)
+    : TimeStoreNode(services, Kind::App, name, timeSpent) {}
+
+TimeStoreApp::TimeStoreApp(TimeStoreServices& services, const PropertyListDictionary& record)
+    : TimeStoreNode(services, Kind::App, record) {}
+
+std::optional<TimeStoreItem::Children> TimeStoreApp::children() const {
+    Children children;
+    children.reserve(m_windows.size());
+    for (const auto& [key, entry] : m_windows)
+        children.push_back(entry.window);
+    return children;
+}
+
+std::vector<std::shared_ptr<TimeStoreWindow>> TimeStoreApp::windows() const {
+    std::vector<std::shared_ptr<TimeStoreWindow>> windows;
+    windows.reserve(m_windows.size());
+    for (const auto& [key, entry] : m_windows)
+        windows.push_back(entry.window);
+    return windows;
+}
+
+void TimeStoreApp::setRenamedNameFormatted(const PropertyListDictionary& record) {
+    TimeStoreNode::setRenamedNameFormatted(record);
+    if (!branched())
+        return;
+    services().runLoop.performSoon([weak = weak_from_this()] {
+        if (const auto item = weak.lock())
+            static_cast<TimeStoreApp&>(item->node()).refreshProject();
+    });
+}
+
+void TimeStoreApp::refreshProject() {
+    services().notifications.post(kTicklogRefreshProjectsNotification);
+}
+
+std::shared_ptr<TimeStoreWindow>
+TimeStoreApp::windowStoreForName(const std::optional<QString>& name,
+                                 const std::optional<WindowElement>& windowElement) {
+    if (!name)
+        return nullptr;
+    if (windowElement)
+        if (auto window = windowOfElement(*windowElement))
+            return window;
+    if (const auto known = m_windows.find(*name); known != m_windows.end()) {
+        if (windowElement)
+            giveElement(*known->second.window, *windowElement);
+        return known->second.window;
+    }
+    willChange(kChildrenKey);
+    willChange(kIsLeafKey);
+    auto window = std::make_shared<TimeStoreWindow>(services(), *name, windowElement);
+    store(*name, window);
+    if (windowElement)
+        m_byElement.insert_or_assign(*windowElement, window);
+    didChange(kChildrenKey);
+    didChange(kIsLeafKey);
+    return window;
+}
+
+void TimeStoreApp::branchWindowForName(const QString& name) {
+    auto taken = m_windows.extract(name);
+    if (taken.empty())
+        return;
+    taken.key() = Identity::brandNew().text();
+    m_windows.insert(std::move(taken));
+}
+
+void TimeStoreApp::removeUUIDs(const std::unordered_set<Identity>& identities) {
+    const auto isWanted = [&](const Table::value_type& entry) {
+        const auto uuid = entry.second.window->uuid();
+        return uuid && identities.contains(*uuid);
+    };
+    if (std::ranges::none_of(m_windows, isWanted))
+        return;
+    const ChangeAnnouncement announcement(*this, kChildrenKey);
+    for (auto entry = m_windows.begin(); entry != m_windows.end();)
+        entry = isWanted(*entry) ? drop(entry) : std::next(entry);
+}
+
+void TimeStoreApp::addChildFromDictionary(const PropertyListDictionary& record) {
+    if (record.isEmpty() || record.value(kRecordName).toString().isEmpty())
+        return;
+    auto window = std::make_shared<TimeStoreWindow>(services(), record);
+    const QString key = window->name();
+    store(key, std::move(window));
+}
+
+void TimeStoreApp::writeWindowRecords(PropertyListSink& sink) const {
+    for (const auto& [key, entry] : m_windows)
+        entry.window->writeRecord(sink);
+}
+
+QString TimeStoreApp::description() const {
+    QStringList windows;
+    for (const auto& [key, entry] : m_windows)
+        windows << entry.window->description();
+    return QStringLiteral("%1 (%2) [%3]")
+        .arg(name(), QString::number(activeTime(), 'f', 6), windows.join(QStringLiteral(", ")));
+}
+
+void TimeStoreApp::store(const QString& key, std::shared_ptr<TimeStoreWindow> window) {
+    TimeStoreWindow& followed = *window;
+    Subscription naming = followed.observe(
+        kNameKey,
+        [this, &followed](const ObservedChange& change) {
+            followRename(followed, change.oldValue.toString(), change.newValue.toString());
+        },
+        {.values = true});
+    if (const auto displaced = m_windows.find(key); displaced != m_windows.end())
+        drop(displaced);
+    m_windows.emplace(key, Entry{std::move(window), std::move(naming)});
+}
+
+TimeStoreApp::Table::iterator TimeStoreApp::drop(Table::iterator entry) {
+    if (const WindowElement* element = entry->second.window->windowElement())
+        m_byElement.erase(*element);
+    return m_windows.erase(entry);
+}
+
+void TimeStoreApp::followRename(TimeStoreWindow& window, const QString& oldName, const QString& newName) {
+    auto moved = m_windows.extract(oldName);
+    // A branched window is stored under an identity, and another may have taken its old name since.
+    if (moved.empty() || moved.mapped().window.get() != &window) {
+        if (!moved.empty())
+            m_windows.insert(std::move(moved));
+        const auto own = std::ranges::find_if(
+            m_windows, [&](const Table::value_type& entry) { return entry.second.window.get() == &window; });
+        if (own == m_windows.end())
+            return;
+        moved = m_windows.extract(own);
+    }
+    moved.key() = window.branched() && window.uuid() ? window.uuid()->text() : newName;
+    if (const auto displaced = m_windows.find(moved.key()); displaced != m_windows.end())
+        drop(displaced);
+    m_windows.insert(std::move(moved));
+}
+
+std::shared_ptr<TimeStoreWindow> TimeStoreApp::windowOfElement(const WindowElement& element) {
+    const auto found = m_byElement.find(element);
+    if (found == m_byElement.end())
+        return nullptr;
+    auto window = found->second.lock();
+    if (window && window->windowElement() && *window->windowElement() == element)
+        return window;
+    m_byElement.erase(found);
+    return nullptr;
+}
+
+void TimeStoreApp::giveElement(TimeStoreWindow& window, const WindowElement& element) {
+    if (window.windowElement())
+        m_byElement.erase(*window.windowElement());
+    window.setWindowElement(element);
+    m_byElement.insert_or_assign(element, std::static_pointer_cast<TimeStoreWindow>(window.shared_from_this()));
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/TimeStoreWindow.h"
+
+#include <map>
+#include <unordered_map>
+#include <unordered_set>
+
+// The timer of one application, with the timers of its windows. With fewer than two windows it is a leaf: a single
+// window is not shown beneath it.
+class TimeStoreApp : public TimeStoreNode {
+public:
+    explicit TimeStoreApp(TimeStoreServices& services, const PropertyListValue& name,
+                          const PropertyListValue& timeSpent = 0.0);
+    TimeStoreApp(TimeStoreServices& services, const PropertyListDictionary& record);
+
+    std::optional<Children> children() const override;
+    bool isLeaf() const override { return m_windows.size() < 2; }
+    // The windows in table order.
+    std::vector<std::shared_ptr<TimeStoreWindow>> windows() const;
+    std::size_t windowCount() const { return m_windows.size(); }
+
+    // A renamed frozen application is shown elsewhere too: projects are asked to refresh in the next turn.
+    void setRenamedNameFormatted(const PropertyListDictionary& record) override;
+
+    // The window of that element, whatever it is called; else the window of that name, which takes the element; else
+    // a new one. Null when the name is absent. `windowElement` may be absent.
+    std::shared_ptr<TimeStoreWindow> windowStoreForName(const std::optional<QString>& name,
+                                                        const std::optional<WindowElement>& windowElement);
+    // Stores the window called `name` under a brand-new identity's text instead, so that a fresh window can take the
+    // name. Does not mark it as branched. REQUIRES: there is a window of that name.
+    void branchWindowForName(const QString& name);
+    // Drops the windows of these identities and tells observers of children if there were any.
+    void removeUUIDs(const std::unordered_set<Identity>& identities);
+    // The last record of a name wins; one without a name is left out.
+    void addChildFromDictionary(const PropertyListDictionary& record) override;
+
+    // The windows' records, one after the other, within an array the caller has begun.
+    void writeWindowRecords(PropertyListSink& sink) const;
+
+    QString description() const override;
+
+private:
+    struct Entry {
+        std::shared_ptr<TimeStoreWindow> window;
+        // Following the window's renames.
+        Subscription naming;
+    };
+    using Table = std::map<QString, Entry>;
+
+    void refreshProject();
+    void store(const QString& key, std::shared_ptr<TimeStoreWindow> window);
+    // Takes the entry out of the table and forgets its element. Answers the next one.
+    Table::iterator drop(Table::iterator entry);
+    void followRename(TimeStoreWindow& window, const QString& oldName, const QString& newName);
+    std::shared_ptr<TimeStoreWindow> windowOfElement(const WindowElement& element);
+    void giveElement(TimeStoreWindow& window, const WindowElement& element);
+
+    Table m_windows;
+    // Asked at every tick, so not by walking the table. An entry counts only while its window still has the element.
+    std::unordered_map<WindowElement, std::weak_ptr<TimeStoreWindow>> m_byElement;
+};

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/TimeTracker.h"
+
+#include "Classes/RuleCategories.h"
+#include "Classes/Settings.h"
+#include "Classes/SystemIdleTime.h"
+#include "platform/foundation/Assertions.h"
+
+#include <algorithm>
+
+TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeActivator)
+    : m_services(services)
+    , m_categories(std::make_unique<RuleCategories>())
+    , m_lastResetDate(now())
+    , m_startingTime(m_lastResetDate) {
+    m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
+                                    : TimeActivator::activatorForTracker(*this, services.activity);
+    m_defaultsChanges = services.store.notifications.observe(
+        kUserDefaultsDidChangeNotification, [this](const Notification&) { userDefaultsChanged(); });
+    userDefaultsChanged();
+}
+
+TimeTracker::~TimeTracker() {
+    m_timeActivator->teardown();
+}
+
+bool TimeTracker::setIsRunning(bool run) {
+    if (run && !m_timeActivator->isAXEnabled()) {
+        if (m_services.checkAccessibilityTrust)
+            m_services.checkAccessibilityTrust();
+        return false;
+    }
+    const std::lock_guard guard(m_lock);
+    if (!m_isRunning)
+        resetInternalTimes();
+    m_isRunning = run;
+    if (run)
+        appDidChange();
+    else
+        resetInternalTimes();
+    return true;
+}
+
+void TimeTracker::appDidChange() {
+    if (!m_isRunning)
+        return;
+    {
+        const std::lock_guard guard(m_lock);
+        updateDisplayTime(false);
+        setCurrentApp(m_timeActivator->currentAppName());
+        resetInternalTimes();
+        m_timeActivator->mainWindowDidChange();
+    }
+    m_startingTime = now();
+}
+
+void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& appName,
+                                               const std::optional<WindowElement>& mainWindowName,
+                                               const std::optional<QString>& documentName) {
+    const std::lock_guard guard(m_lock);
+    setCurrentApp(appName);
+    m_activeStoreWindow =
+        m_activeStoreApp ? m_activeStoreApp->windowStoreForName(documentName, mainWindowName).get() : nullptr;
+    updateActiveTimeInStore(m_activeStoreWindow, m_timeActivator->startDate());
+}
+
+void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
+    // A title that names no document names no window either.
+    if (!newName || !m_activeStoreApp || !m_activeStoreWindow)
+        return;
+    const auto found = m_activeStoreApp->windowStoreForName(newName, window);
+    if (found && found.get() != m_activeStoreWindow)
+        m_activeStoreWindow->addTimeInterval(found->activeTime());
+    if (m_activeStoreWindow->name() != *newName)
+        m_activeStoreWindow->setName(*newName);
+}
+
+void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
+    if (!m_isRunning)
+        return;
+    const std::lock_guard guard(m_lock);
+    const std::optional<Date> start = m_timeActivator->startDate();
+    if (hadWindow && !m_wasIdle)
+        updateActiveTimeInStore(m_activeStoreWindow, start);
+    updateActiveTimeInStore(m_activeStoreApp, start);
+}
+
+void TimeTracker::updateDisplayTime(bool idle) {
+    const std::lock_guard guard(m_lock);
+    if (!m_wasIdle && idle) {
+        m_wasIdle = true;
+        bookIdleOnset();
+    } else if (m_wasIdle && !idle) {
+        m_wasIdle = false;
+        appDidChange();
+    }
+    if (!m_isRunning)
+        return;
+    if (m_timeActivator->trackDocumentTiming() && !idle)
+        m_timeActivator->mainWindowDidChange();
+    updateActiveTimeInStore(m_activeStoreApp, m_timeActivator->startDate());
+    resetInternalTimes();
+}
+
+void TimeTracker::bookIdleOnset() {
+    const float idleSeconds = float(m_services.idleTime.seconds());
+    const Seconds sinceRestart = secondsBetween(m_startingTime, now());
+    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
+    if (sinceRestart > idleSeconds) {
+        if (m_activeStoreApp)
+            m_activeStoreApp->addTimeInterval(-idleSeconds);
+        if (m_activeStoreWindow) {
+            const Seconds windowTime = m_activeStoreWindow->activeTime();
+            if (windowTime - idleSeconds < 0)
+                throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
+                                            QString::asprintf("%f, %f", windowTime, double(idleSeconds)));
+            m_activeStoreWindow->addTimeInterval(-idleSeconds);
+        }
+    }
+    setCurrentApp(kIdleName);
+    m_activeStoreWindow = nullptr;
+    if (m_activeStoreApp)
+        m_activeStoreApp->addTimeInterval(idleSeconds);
+    resetInternalTimes();
+}
+
+void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Date>& date) {
+    if (node && date)
+        node->addTimeInterval(secondsBetween(*date, now()));
+}
+
+void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
+    if (!name)
+        return;
+    const bool isAway = *name == kScreenSaverName || *name == kLoginWindowName;
+    const QString& credited = isAway ? kIdleName : *name;
+    if (const auto known = m_timeDictionary.constFind(credited); known != m_timeDictionary.constEnd()) {
+        m_activeStoreApp = known->get();
+        return;
+    }
+    willChange(kTimeSetKey);
+    {
+        const std::lock_guard guard(m_lock);
+        m_activeStoreApp =
+            addApplication(std::make_shared<TimeStoreApp>(m_services.store, credited)).get();
+    }
+    m_activeStoreWindow = nullptr;
+    didChange(kTimeSetKey);
+    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
+}
+
+std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeStoreApp> app) {
+    m_timeDictionary.insert(app->name(), app);
+    m_timeSet.push_back(app);
+    return app;
+}
+
+void TimeTracker::resetInternalTimes() {
+    m_timeActivator->resetObservations();
+    m_startingTime = now();
+}
+
+void TimeTracker::awakeFromSleep() {
+    m_wasIdle = true;
+    if (m_isRunning)
+        updateDisplayTime(true);
+    resetInternalTimes();
+}
+
+Seconds TimeTracker::totalTime() const {
+    const std::lock_guard guard(m_lock);
+    const bool countsSelf = m_services.defaults.boolForKey(kIncludeSelfInSumofTimes);
+    const bool countsIdle = m_services.defaults.boolForKey(kIncludeIdleInSumofTimes);
+    Seconds total = 0;
+    for (const auto& app : m_timeSet) {
+        // Ourselves by the name shown, the idle time by the name it was made under: a timer that the user calls
+        // "Ticklog" is meant to be left out with us.
+        if (!countsSelf && app->renamedName() == kOwnName)
+            continue;
+        if (!countsIdle && app->name() == kIdleName)
+            continue;
+        total += app->activeTime();
+    }
+    return total;
+}
+
+TimeStoreItem::Children TimeTracker::timeSet() const {
+    const std::lock_guard guard(m_lock);
+    if (m_searchFiltered)
+        return *m_searchFiltered;
+    return {m_timeSet.begin(), m_timeSet.end()};
+}
+
+std::vector<Identity> TimeTracker::primaryUUIDs() const {
+    std::vector<Identity> identities;
+    identities.reserve(m_timeSet.size());
+    for (const auto& app : m_timeSet)
+        if (const auto uuid = app->uuid())
+            identities.push_back(*uuid);
+    return identities;
+}
+
+TimeStoreItem::Children
+TimeTracker::timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
+                                       bool excludingIncludedChildren) const {
+    std::unordered_set<Identity> wanted = childUUIDs;
+    const auto isIn = [](const std::unordered_set<Identity>& set, const TimeStoreNode& node) {
+        return node.uuid() && set.contains(*node.uuid());
+    };
+    if (excludingIncludedChildren)
+        for (const auto& app : m_timeSet)
+            if (isIn(childUUIDs, *app))
+                for (const auto& window : app->windows())
+                    if (window->uuid() && window->uuid() != app->uuid())
+                        wanted.erase(*window->uuid());
+    TimeStoreItem::Children found;
+    for (const auto& app : m_timeSet) {
+        if (isIn(wanted, *app)) {
+            found.push_back(app);
+            continue;
+        }
+        for (const auto& window : app->windows())
+            if (isIn(wanted, *window))
+                found.push_back(window);
+    }
+    return found;
+}
+
+void TimeTracker::setSearchString(const QString& searchString) {
+    if (m_searchString == searchString)
+        return;
+    m_searchString = searchString;
+    reloadSearchFiltering();
+}
+
+void TimeTracker::setCutoffTime(float cutoffTime) {
+    m_cutoffTime = cutoffTime;
+    reloadSearchFiltering();
+}
+
+void TimeTracker::reloadSearchFiltering() {
+    const std::lock_guard guard(m_lock);
+    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    m_searchFiltered.reset();
+    const bool isSearching = m_searchString && !m_searchString->isEmpty();
+    if (!isSearching && !(m_cutoffTime > 0))
+        return;
+    m_searchFiltered.emplace();
+    const std::optional<QString> text = isSearching ? m_searchString : std::nullopt;
+    for (const auto& app : m_timeSet)
+        if (auto pruned = app->prunedObjectForSearchString(text, m_cutoffTime))
+            m_searchFiltered->push_back(std::move(pruned));
+}
+
+void TimeTracker::userDefaultsChanged() {
+    m_categories->read(m_services.defaults.object(kRulesetKey));
+}

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/TimeActivator.h"
+#include "Classes/TimeStoreApp.h"
+#include "platform/Sandbox.h"
+#include "platform/foundation/UserDefaults.h"
+
+#include <map>
+#include <mutex>
+#include <set>
+
+class RuleCategories;
+class SystemIdleTime;
+
+inline constexpr ObservedKey kTimeSetKey{"timeSet"};
+inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
+inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDisplayString"};
+
+// A timer was frozen. The object is a FrozenIdentities.
+inline const QString kTicklogBranchNodeNotification = QStringLiteral("kTicklogBranchNodeNotification");
+// The old identity and the new one: one entry.
+using FrozenIdentities = std::map<Identity, Identity>;
+
+// What idle time is credited to.
+inline const QString kIdleName = QStringLiteral("Idle");
+
+// The entries of an application in the database.
+inline const QString kEntryApp = QStringLiteral("App");
+inline const QString kEntryWindows = QStringLiteral("Windows");
+
+// What the tracker asks of the rest. Outlives it.
+struct TrackerServices {
+    TimeStoreServices& store;
+    ActivityServices& activity;
+    UserDefaults& defaults;
+    SystemIdleTime& idleTime;
+    Sandbox& sandbox;
+    // Asks for accessibility trust when a start is refused for want of it.
+    std::function<void()> checkAccessibilityTrust;
+};
+
+// Owns the tree of timers and the activity source, and credits time: at every tick what has passed since the last one
+// goes to the current application's node and, separately, to the current window's. There is one in the process. Main
+// thread only; the lock is against re-entry.
+class TimeTracker : public Observable {
+public:
+    using AppSet = std::vector<std::shared_ptr<TimeStoreApp>>;
+    using MakeActivator = std::function<std::unique_ptr<TimeActivator>(TimeTracker&, ActivityServices&)>;
+
+    explicit TimeTracker(TrackerServices& services, const MakeActivator& makeActivator = {});
+    ~TimeTracker() override;
+
+    bool isRunning() const { return m_isRunning; }
+    // False when the source lacks its accessibility trust: then the user is asked for it, and nothing starts.
+    bool setIsRunning(bool run);
+
+    // The source: another application is in front.
+    void appDidChange();
+    // The source: this is the application in front, its front window, and the document its title names.
+    void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
+                                      const std::optional<WindowElement>& mainWindowName,
+                                      const std::optional<QString>& documentName);
+    // The source: the window being credited has another title. Without a name nothing happens.
+    void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window);
+    // The source, before it restarts its clock for another application: what has passed since the last tick still
+    // belongs to the application that was in front, and to its window if it had one.
+    void creditTimeBeforeSwitch(bool hadWindow);
+
+    // The tick.
+    void updateDisplayTime(bool idle);
+    // Adds what has passed since `date`. Nothing happens without a node or a date.
+    void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Date>& date);
+    // Finds or makes the node to credit. Without a name the last one stays.
+    void setCurrentApp(const std::optional<QString>& name);
+    void resetInternalTimes();
+    void awakeFromSleep();
+
+    // The sum over all applications, in seconds, without our own and the idle time where the settings say so.
+    Seconds totalTime() const;
+    // What survives the search and the cut-off; everything while there are none.
+    TimeStoreItem::Children timeSet() const;
+    const AppSet& fullTimeSet() const { return m_timeSet; }
+    std::vector<Identity> primaryUUIDs() const;
+    // The nodes of these identities: an application itself, or else those of its windows that are wanted. With
+    // `excluding`, the windows of an application that is wanted are not wanted on their own.
+    TimeStoreItem::Children timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
+                                                      bool excludingIncludedChildren) const;
+
+    void setSearchString(const QString& searchString);
+    // Seconds.
+    void setCutoffTime(float cutoffTime);
+    void reloadSearchFiltering();
+
+    // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a fresh timer
+    // of the old name.
+    void branchNode(TimeStoreNode& node);
+    // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was called.
+    void refreshProjects(const PropertyListDictionary& info);
+    // Adds an application timer, whatever its name says: old database files hold only those.
+    void addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent);
+    // Clears all timers.
+    void reset();
+    void removeUUIDs(const std::unordered_set<Identity>& identities);
+
+    PropertyListArray arrayRepresentation() const;
+    // The same, piece by piece.
+    void writeArrayRepresentation(PropertyListSink& sink) const;
+    // Adds the applications of `entries` to what is there. Entries of other types are left out.
+    void setArrayRepresentation(const PropertyListArray& entries);
+
+    // When the timers were last cleared.
+    Date lastResetDate() const { return m_lastResetDate; }
+    void setLastResetDate(Date date);
+    // "Database file (reset …):" in the user's language.
+    QString lastResetDateDisplayString() const;
+
+    // Reads the rules again.
+    void userDefaultsChanged();
+    const RuleCategories& categories() const { return *m_categories; }
+
+    bool isAXEnabled() { return m_timeActivator->isAXEnabled(); }
+    void openUniversalAccessPreferences() { m_timeActivator->openUniversalAccessPreferences(); }
+    bool isSandboxed() const { return m_services.sandbox.isSandboxed(); }
+    TimeActivator& timeActivator() { return *m_timeActivator; }
+    const TimeActivator& timeActivator() const { return *m_timeActivator; }
+    TimeStoreApp* activeStoreApp() const { return m_activeStoreApp; }
+    TimeStoreWindow* activeStoreWindow() const { return m_activeStoreWindow; }
+
+    static Identity brandNewUUID() { return Identity::brandNew(); }
+    // "00:00:00", hours unbounded.
+    static QString timeStringForDouble(Seconds seconds);
+    // "2 hours, 1 minute", with seconds where the settings want them.
+    QString humanTimeStringForDouble(Seconds seconds) const;
+
+private:
+    Date now() const { return m_services.activity.clock.now(); }
+    void bookIdleOnset();
+    std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
+    void branchWindow(TimeStoreWindow& window);
+    void branchApplication(TimeStoreApp& app);
+    void postBranching(const std::optional<Identity>& oldIdentity, const Identity& newIdentity);
+    void forgetName(const TimeStoreApp& app);
+
+    TrackerServices& m_services;
+    mutable std::recursive_mutex m_lock;
+    AppSet m_timeSet;
+    std::optional<TimeStoreItem::Children> m_searchFiltered;
+    QHash<QString, std::shared_ptr<TimeStoreApp>> m_timeDictionary;
+    std::unique_ptr<RuleCategories> m_categories;
+    Date m_lastResetDate;
+    // Not owned: cleared wherever the node leaves the tree.
+    TimeStoreApp* m_activeStoreApp = nullptr;
+    TimeStoreWindow* m_activeStoreWindow = nullptr;
+    // Null until a search was asked for, which always counts as a change.
+    std::optional<QString> m_searchString;
+    // The last restart of the clock; only the idle booking looks at it.
+    Date m_startingTime;
+    float m_cutoffTime = 0;
+    bool m_isRunning = false;
+    bool m_wasIdle = false;
+    std::unique_ptr<TimeActivator> m_timeActivator;
+    Subscription m_defaultsChanges;
+};

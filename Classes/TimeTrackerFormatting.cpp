@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// How the tracker's durations and dates read.
+#include "Classes/Settings.h"
+#include "Classes/TimeTracker.h"
+#include "platform/foundation/DateStyles.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <cmath>
+
+namespace {
+
+QString counted(const char* key, qint64 count) {
+    return localized(key).replace(QLatin1String("%ld"), QString::number(count));
+}
+
+// Languages differ in how they count two and none, so these have keys of their own.
+const char* hourKey(qint64 hours) {
+    return hours == 1 ? "%ld hour" : hours == 2 ? "%ld hour-2" : "%ld hours";
+}
+
+const char* minuteKey(qint64 minutes) {
+    return minutes == 1 ? "%ld minute" : minutes == 2 ? "%ld minute-2" : "%ld minutes";
+}
+
+const char* secondKey(qint64 seconds) {
+    return seconds == 0   ? "%ld second-0"
+           : seconds == 1 ? "%ld second"
+           : seconds == 2 ? "%ld second-2"
+                          : "%ld seconds";
+}
+
+} // namespace
+
+QString TimeTracker::timeStringForDouble(Seconds seconds) {
+    const double whole = std::floor(seconds);
+    const double hours = std::floor(whole / 3600);
+    const double minutes = std::fmod(std::floor(whole / 60), 60);
+    return QString::asprintf("%02.f:%02.f:%02.f", hours, minutes, std::fmod(whole, 60));
+}
+
+QString TimeTracker::humanTimeStringForDouble(Seconds seconds) const {
+    const bool includesSeconds = m_services.defaults.boolForKey(kIncludeSecondsWhenCopyingTime);
+    const double whole = std::floor(seconds);
+    const auto hours = qint64(std::floor(whole / 3600));
+    // Rounded before the hours are taken off, so that 59.5 minutes become 60 and then none: nothing carries.
+    const float allMinutes =
+        includesSeconds ? float(std::floor(whole / 60)) : std::round(float(whole / 60));
+    const auto minutes = qint64(std::fmod(allMinutes, 60.0F));
+    const auto rest = qint64(std::fmod(whole, 60));
+    QStringList parts;
+    if (hours != 0)
+        parts << counted(hourKey(hours), hours);
+    if (minutes != 0)
+        parts << counted(minuteKey(minutes), minutes);
+    if (includesSeconds || parts.isEmpty())
+        parts << counted(secondKey(rest), rest);
+    return parts.join(QStringLiteral(", "));
+}
+
+QString TimeTracker::lastResetDateDisplayString() const {
+    return localized("Database file (reset %@):")
+        .replace(QLatin1String("%@"), mediumDateShortTime(m_lastResetDate));
+}
