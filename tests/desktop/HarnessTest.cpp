@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/XClient.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class EveryWindowManager : public testing::TestWithParam<const char*> {};
+
+TEST_P(EveryWindowManager, twoWindows_goToTheFrontWhenAsked) {
+    const Desk desk(QString::fromLatin1(GetParam()));
+    XClient client(desk);
+    const xcb_window_t first = client.open({.title = "First"});
+    const xcb_window_t second = client.open({.title = "Second"});
+    client.activate(first);
+    EXPECT_TRUE(waitFor([&] { return desk.probe().activeWindow() == first; }));
+    client.activate(second);
+    EXPECT_TRUE(waitFor([&] { return desk.probe().activeWindow() == second; }));
+    EXPECT_EQ(desk.probe().text(second, "_NET_WM_NAME"), "Second");
+}
+
+INSTANTIATE_TEST_SUITE_P(Harness, EveryWindowManager, testing::Values("openbox", "icewm", "metacity"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST(Harness, aBus_hasAnAddressOfItsOwn) {
+    Desk first({}, Desk::Bus::Own);
+    Desk second({}, Desk::Bus::Own);
+    EXPECT_TRUE(first.bus().address().startsWith(first.home().path().prepend(u"unix:path=")));
+    EXPECT_NE(first.bus().address(), second.bus().address());
+    EXPECT_NE(first.display().name(), second.display().name());
+}
+
+TEST(Harness, aDisplayStartedAnew_keepsItsName) {
+    Desk desk;
+    const QString name = desk.display().name();
+    desk.killDisplay();
+    desk.restartDisplay();
+    EXPECT_EQ(desk.display().name(), name);
+    EXPECT_TRUE(DisplayProbe(name).hasWindowManager());
+}
+
+TEST(Harness, aProgram_endsWithItsObject) {
+    const TemporaryHome home;
+    auto program = std::make_unique<Program>(QStringLiteral("cat"), QStringList(), home.environment(),
+                                             Program::Output::Read);
+    program->write("a line\n");
+    EXPECT_EQ(program->readLine(), "a line");
+    const QString folder = QStringLiteral("/proc/%1").arg(program->processIdentifier());
+    EXPECT_TRUE(QFile::exists(folder));
+    program.reset();
+    EXPECT_FALSE(QFile::exists(folder));
+}
+
+} // namespace

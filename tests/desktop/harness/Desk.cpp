@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/Desk.h"
+
+Desk::Desk(const QString& windowManager, Bus bus)
+    : m_windowManagerName(windowManager)
+    , m_display(m_home.environment()) {
+    if (bus == Bus::Own)
+        m_bus.emplace(m_home.environment(), m_home.runtimeFolder());
+    m_probe = std::make_unique<DisplayProbe>(m_display.name());
+    if (!m_windowManagerName.isEmpty())
+        startWindowManager(m_windowManagerName);
+}
+
+QProcessEnvironment Desk::environment() const {
+    QProcessEnvironment environment = m_home.environment();
+    environment.insert(QStringLiteral("DISPLAY"), m_display.name());
+    if (m_bus)
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
+    return environment;
+}
+
+std::unique_ptr<Program> Desk::start(const QString& executable, const QStringList& arguments,
+                                     Program::Output output) const {
+    return std::make_unique<Program>(executable, arguments, environment(), output);
+}
+
+bool Desk::run(const QString& executable, const QStringList& arguments) const {
+    const auto program = start(executable, arguments);
+    return program->waitUntilEnded() && program->exitStatus() == 0;
+}
+
+xcb_window_t Desk::waitForWindow(const Program& program) const {
+    xcb_window_t found = 0;
+    waitFor([&] {
+        for (const xcb_window_t window : m_probe->windows()) {
+            if (m_probe->number(window, "_NET_WM_PID") == quint32(program.processIdentifier()))
+                found = window;
+        }
+        return found != 0;
+    });
+    return found;
+}
+
+void Desk::startWindowManager(const QString& executable) {
+    m_windowManager.reset();
+    m_windowManager = start(executable);
+    const auto isReady = [this] {
+        if (!m_probe->hasWindowManager())
+            return false;
+        // What it is asked before it is ready gets lost, as the windows of that moment do.
+        m_probe->askWindowManager();
+        return waitFor([this] { return m_probe->windowManagerHasAnswered(); },
+                       std::chrono::milliseconds(100));
+    };
+    if (!waitFor(isReady))
+        qFatal("the window manager %s does not start: is it installed?", qPrintable(executable));
+}
+
+void Desk::killDisplay() {
+    m_windowManager.reset();
+    m_probe.reset();
+    m_display.kill();
+}
+
+void Desk::restartDisplay() {
+    m_display.restart();
+    m_probe = std::make_unique<DisplayProbe>(m_display.name());
+    if (!m_windowManagerName.isEmpty())
+        startWindowManager(m_windowManagerName);
+}

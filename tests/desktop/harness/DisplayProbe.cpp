@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/DisplayProbe.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+} // namespace
+
+DisplayProbe::DisplayProbe(const QString& display)
+    : m_connection(xcb_connect(display.toLocal8Bit().constData(), nullptr)) {
+    if (xcb_connection_has_error(m_connection.get()))
+        qFatal("cannot reach the display %s", qPrintable(display));
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+}
+
+xcb_atom_t DisplayProbe::atom(const char* name) const {
+    const auto cookie = xcb_intern_atom(m_connection.get(), 0, quint16(std::strlen(name)), name);
+    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
+        xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
+    return reply ? reply->atom : 0;
+}
+
+QByteArray DisplayProbe::property(xcb_window_t window, const char* name) const {
+    xcb_connection_t* connection = m_connection.get();
+    const auto cookie = xcb_get_property(connection, 0, window, atom(name), XCB_ATOM_ANY, 0, 65536);
+    const std::unique_ptr<xcb_get_property_reply_t, Free> reply(
+        xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+quint32 DisplayProbe::number(xcb_window_t window, const char* name) const {
+    const QByteArray bytes = property(window, name);
+    quint32 value = 0;
+    if (bytes.size() >= qsizetype(sizeof value))
+        std::memcpy(&value, bytes.constData(), sizeof value);
+    return value;
+}
+
+QByteArray DisplayProbe::text(xcb_window_t window, const char* name) const {
+    return property(window, name);
+}
+
+bool DisplayProbe::hasWindowManager() const {
+    const xcb_window_t check = number(m_root, "_NET_SUPPORTING_WM_CHECK");
+    return check != 0 && number(check, "_NET_SUPPORTING_WM_CHECK") == check &&
+           number(m_root, "_NET_SUPPORTED") != 0;
+}
+
+void DisplayProbe::askWindowManager() {
+    xcb_connection_t* connection = m_connection.get();
+    if (m_asking != 0)
+        xcb_destroy_window(connection, m_asking);
+    m_asking = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, m_asking, m_root, 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_client_message_event_t question{};
+    question.response_type = XCB_CLIENT_MESSAGE;
+    question.format = 32;
+    question.window = m_asking;
+    question.type = atom("_NET_REQUEST_FRAME_EXTENTS");
+    const quint32 mask = XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_send_event(connection, 0, m_root, mask, reinterpret_cast<const char*>(&question));
+    xcb_flush(connection);
+}
+
+bool DisplayProbe::windowManagerHasAnswered() const {
+    return property(m_asking, "_NET_FRAME_EXTENTS").size() > 0;
+}
+
+xcb_window_t DisplayProbe::activeWindow() const {
+    return number(m_root, "_NET_ACTIVE_WINDOW");
+}
+
+std::vector<xcb_window_t> DisplayProbe::windows() const {
+    const QByteArray bytes = property(m_root, "_NET_CLIENT_LIST");
+    std::vector<xcb_window_t> windows(std::size_t(bytes.size()) / sizeof(xcb_window_t));
+    std::memcpy(windows.data(), bytes.constData(), windows.size() * sizeof(xcb_window_t));
+    return windows;
+}
+
+bool DisplayProbe::isInWindowList(xcb_window_t window) const {
+    return std::ranges::count(windows(), window) > 0;
+}

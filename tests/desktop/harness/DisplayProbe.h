@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <xcb/xcb.h>
+
+#include <memory>
+#include <vector>
+
+// Looks at an X display in the plainest way, question by question: what tests compare with, and wait for.
+class DisplayProbe {
+public:
+    // Aborts the test program when the display cannot be reached.
+    explicit DisplayProbe(const QString& display);
+
+    // Whether a window manager has taken charge and says so.
+    bool hasWindowManager() const;
+    // Asks the window manager something that it answers under windowManagerHasAnswered(): it says that it is
+    // in charge a little before it is.
+    void askWindowManager();
+    bool windowManagerHasAnswered() const;
+    // The root's _NET_ACTIVE_WINDOW; 0 when there is none.
+    xcb_window_t activeWindow() const;
+    // The root's _NET_CLIENT_LIST.
+    std::vector<xcb_window_t> windows() const;
+    bool isInWindowList(xcb_window_t window) const;
+    // The first 4 bytes of a property as a number; 0 when there are none.
+    quint32 number(xcb_window_t window, const char* property) const;
+    QByteArray text(xcb_window_t window, const char* property) const;
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+
+    xcb_atom_t atom(const char* name) const;
+    QByteArray property(xcb_window_t window, const char* name) const;
+
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb_window_t m_root = 0;
+    // Never shown; the window manager's answer is put on it.
+    xcb_window_t m_asking = 0;
+};

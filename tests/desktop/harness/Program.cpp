@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/Program.h"
+
+#include <csignal>
+#include <sys/prctl.h>
+
+Program::Program(const QString& executable, const QStringList& arguments,
+                 const QProcessEnvironment& environment, Output output) {
+    m_process.setProcessEnvironment(environment);
+    m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    if (output == Output::Discarded)
+        m_process.setStandardOutputFile(QProcess::nullDevice());
+    // A pipe that nobody reads would stop a talkative program.
+    if (qEnvironmentVariableIsSet("TICKLOG_TEST_VERBOSE"))
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    else
+        m_process.setStandardErrorFile(QProcess::nullDevice());
+    m_process.start(executable, arguments);
+    m_process.waitForStarted(int(kGenerousLimit.count()));
+}
+
+Program::~Program() {
+    kill();
+}
+
+std::optional<int> Program::exitStatus() const {
+    if (m_process.state() != QProcess::NotRunning || m_process.exitStatus() != QProcess::NormalExit)
+        return std::nullopt;
+    return m_process.exitCode();
+}
+
+void Program::kill() {
+    m_process.kill();
+    m_process.waitForFinished(int(kGenerousLimit.count()));
+}
+
+bool Program::terminate(std::chrono::milliseconds limit) {
+    m_process.terminate();
+    return waitUntilEnded(limit);
+}
+
+bool Program::waitUntilEnded(std::chrono::milliseconds limit) {
+    return waitFor([this] { return m_process.state() == QProcess::NotRunning; }, limit);
+}
+
+void Program::write(const QByteArray& bytes) {
+    m_process.write(bytes);
+}
+
+std::optional<QByteArray> Program::readLine(std::chrono::milliseconds limit) {
+    const auto isThere = [this] {
+        return m_process.canReadLine() || m_process.state() == QProcess::NotRunning;
+    };
+    if (!waitFor(isThere, limit) || !m_process.canReadLine())
+        return std::nullopt;
+    QByteArray line = m_process.readLine();
+    if (line.endsWith('\n'))
+        line.chop(1);
+    return line;
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/desktop/harness/WaitFor.h"
+
+#include <QByteArray>
+#include <QProcess>
+#include <QStringList>
+
+#include <optional>
+
+// A child process. It ends with this object at the latest, and with the test program however that ends.
+class Program {
+public:
+    enum class Output {
+        // What it writes is thrown away.
+        Discarded,
+        // What it writes to standard output can be read.
+        Read,
+    };
+
+    // Starts `executable`, which is looked up in PATH. isRunning() tells whether that worked.
+    Program(const QString& executable, const QStringList& arguments, const QProcessEnvironment& environment,
+            Output output = Output::Discarded);
+    ~Program();
+
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
+
+    qint64 processIdentifier() const { return m_process.processId(); }
+
+    // The exit status; absent while it runs and when a signal ended it.
+    std::optional<int> exitStatus() const;
+
+    // Ends it the hard way and waits until it is gone.
+    void kill();
+    // Asks it to end (SIGTERM) and answers whether it did.
+    bool terminate(std::chrono::milliseconds limit = kGenerousLimit);
+    // Answers whether it ended by itself.
+    bool waitUntilEnded(std::chrono::milliseconds limit = kGenerousLimit);
+
+    void write(const QByteArray& bytes);
+    // The next line of its output without the line break; absent when none came.
+    std::optional<QByteArray> readLine(std::chrono::milliseconds limit = kGenerousLimit);
+
+private:
+    QProcess m_process;
+};

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/desktop/harness/Program.h"
+
+#include <memory>
+
+// An X server of its own, without a screen that anybody sees.
+class VirtualDisplay {
+public:
+    // Aborts the test program when no server can be started: nothing could be tested then.
+    explicit VirtualDisplay(const QProcessEnvironment& environment);
+    ~VirtualDisplay();
+
+    // What to put into DISPLAY.
+    QString name() const { return m_name; }
+
+    // Ends the server; all its clients lose their connection.
+    void kill();
+    // Starts a server of the same name after kill().
+    void restart();
+
+private:
+    void start(const QStringList& arguments);
+    QString lockFile() const;
+
+    QProcessEnvironment m_environment;
+    QString m_name;
+    std::unique_ptr<Program> m_server;
+};

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/WaitFor.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    // Conditions may look at things that raise no event here.
+    QTimer waker;
+    waker.start(std::chrono::milliseconds(3));
+    while (!condition()) {
+        if (elapsed.hasExpired(limit.count()))
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+void turnEventLoopFor(std::chrono::milliseconds duration) {
+    waitFor([] { return false; }, duration);
+}
