@@ -2,13 +2,10 @@
 // Rules of the house that no compiler checks. A line that breaks one is reported where it stands, with the
 // reason and with what to write instead.
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -42,20 +39,27 @@ QStringList linesOf(const QString& path) {
     return QString::fromUtf8(file.readAll()).split(u'\n');
 }
 
+void collect(const QDir& root, const QString& folder, std::vector<SourceFile>& files) {
+    const QString written =
+        QStringLiteral("\\.(cpp|h|md|cmake|txt|json|sh|awk|desktop|xml|qrc|supp)$|^dev$|^\\.ci/");
+    const QDir::Filters all =
+        QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks;
+    for (const QFileInfo& entry : QDir(folder).entryInfoList(all)) {
+        const QString path = root.relativeFilePath(entry.filePath());
+        if (entry.isDir()) {
+            if (path != QLatin1String("build") && path != QLatin1String(".git"))
+                collect(root, entry.filePath(), files);
+        } else if (isMatch(written, path)) {
+            files.push_back({path, linesOf(entry.filePath())});
+        }
+    }
+}
+
 // Everything that people write and read here; not what was built, and no pictures.
 std::vector<SourceFile> repository() {
     const QDir root(QStringLiteral(TICKLOG_SOURCE_DIR));
-    const QString written = QStringLiteral(
-        "^(app|bench|Classes|cmake|docs|helpers|interface|packaging|platform|resources|scripts|tests)/"
-        ".*\\.(cpp|h|md|cmake|txt|sh|awk|desktop|xml|qrc|supp)$|^[^/]*\\.(md|txt|json)$|^dev$|^\\.ci/");
     std::vector<SourceFile> files;
-    QDirIterator it(root.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = root.relativeFilePath(it.next());
-        if (isMatch(written, path))
-            files.push_back({path, linesOf(it.filePath())});
-    }
-    std::ranges::sort(files, {}, &SourceFile::path);
+    collect(root, root.path(), files);
     return files;
 }
 
