@@ -85,6 +85,7 @@ private:
     UserDefaults& m_defaults;
     SystemLog& m_log;
     Hooks m_hooks;
+    std::unique_ptr<StoreFile> m_store;
     QString m_applicationSupportFolder;
     QString m_mainStoreURL;
 };

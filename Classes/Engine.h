@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/SystemIdleTime.h"
+#include "Classes/TKUUIDManager.h"
+#include "Classes/TimeTracker.h"
+#include "platform/Platform.h"
+
+// The store and the tracker, put together from what the desktop offers. Everything in it lives as long as the process;
+// the platform outlives it.
+class Engine {
+public:
+    struct Hooks {
+        // Ends the process when there is no display at all.
+        SystemIdleTime::Exit exit;
+        // Asks for accessibility trust when a start is refused for want of it.
+        std::function<void()> checkAccessibilityTrust;
+    };
+
+    Engine(Platform& platform, Hooks hooks);
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    TimeTracker& tracker() { return m_tracker; }
+    TKUUIDManager& registry() { return m_registry; }
+    TrackerServices& services() { return m_trackerServices; }
+
+private:
+    TKUUIDManager m_registry;
+    SystemIdleTime m_idleTime;
+    TimeStoreServices m_storeServices;
+    ActivityServices m_activityServices;
+    TrackerServices m_trackerServices;
+    TimeTracker m_tracker;
+};
