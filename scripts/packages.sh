@@ -6,7 +6,7 @@
 apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev libgl-dev libxcb1-dev
   libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev libgtest-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
-apt_test="$apt_demo x11-xserver-utils wmctrl xclip at-spi2-core"
+apt_test="$apt_demo icewm metacity x11-xserver-utils wmctrl xclip at-spi2-core"
 apt_bench="$apt_demo"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils"
 apt_format="clang-format"
@@ -20,7 +20,7 @@ fi
 # dnf: Fedora
 dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel gtest-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
-dnf_test="$dnf_demo xset wmctrl xclip at-spi2-core"
+dnf_test="$dnf_demo icewm metacity xset wmctrl xclip at-spi2-core"
 dnf_bench="$dnf_demo"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils"
 dnf_format="clang-tools-extra"
@@ -30,7 +30,7 @@ dnf_coverage="gcovr"
 # pacman: Arch
 pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb gtest"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
-pacman_test="$pacman_demo xorg-xset wmctrl xclip at-spi2-core"
+pacman_test="$pacman_demo icewm metacity xorg-xset wmctrl xclip at-spi2-core"
 pacman_bench="$pacman_demo"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils"
 pacman_format="clang"
