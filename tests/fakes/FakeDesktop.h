@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FileViewer.h"
+#include "platform/FrontApplication.h"
+#include "platform/IdleTime.h"
+#include "platform/PowerEvents.h"
+#include "platform/Sandbox.h"
+#include "platform/SessionEvents.h"
+#include "platform/WindowList.h"
+#include "tests/fakes/ManualRunLoop.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <vector>
+
+// A desktop that has exactly the state it was given. Each of these is shorter than what it stands for.
+
+class FakeFrontApplication : public FrontApplication {
+public:
+    const std::optional<ApplicationRecord>& activeApplication() const override { return record; }
+
+    bool installSwitchHandler(std::function<void()> handler) override {
+        if (!tellsOfSwitches)
+            return false;
+        m_handler = std::move(handler);
+        return true;
+    }
+
+    QString bundleName(const QString& path) const override { return bundleNames.value(path); }
+
+    QString describe() const override { return QStringLiteral("a fake"); }
+
+    // The desktop brings an application to the front and tells of it.
+    void switchTo(std::optional<ApplicationRecord> front) {
+        record = std::move(front);
+        // The handler may be replaced while it runs.
+        if (const auto handler = m_handler)
+            handler();
+    }
+
+    bool isObserved() const { return bool(m_handler); }
+
+    // Changed here, the application comes to the front without the desktop telling.
+    std::optional<ApplicationRecord> record;
+    // By path of the program.
+    QHash<QString, QString> bundleNames;
+    bool tellsOfSwitches = true;
+
+private:
+    std::function<void()> m_handler;
+};
+
+class FakeWindowList : public WindowList {
+public:
+    std::span<const WindowListEntry> onScreenWindows() const override {
+        ++copies;
+        return windows;
+    }
+
+    // Front to back.
+    std::vector<WindowListEntry> windows;
+    // How often the list was asked for.
+    mutable int copies = 0;
+};
+
+// Idle since the last input by the clock, which must outlive it.
+class FakeIdleTime : public IdleTime {
+public:
+    explicit FakeIdleTime(const HandClock& clock)
+        : m_clock(clock)
+        , m_lastInput(clock.monotonic()) {}
+
+    IdleReading read() override {
+        ++reads;
+        if (state != IdleReading::State::Read)
+            return {state, {}};
+        return {state, answer ? *answer : PropertyListValue(std::int64_t(idle().count()))};
+    }
+
+    QString describe() const override { return QStringLiteral("a fake"); }
+
+    // The user touches something now.
+    void touch() { m_lastInput = m_clock.monotonic(); }
+
+    // As if the last input had been that long ago.
+    void setIdle(std::chrono::nanoseconds time) { m_lastInput = m_clock.monotonic() - time; }
+
+    std::chrono::nanoseconds idle() const {
+        return isBusy ? std::chrono::nanoseconds::zero() : m_clock.monotonic() - m_lastInput;
+    }
+
+    // The user touches something all the time.
+    bool isBusy = false;
+    IdleReading::State state = IdleReading::State::Read;
+    // What a reading answers instead of the time by the clock: any type, or absent.
+    std::optional<PropertyListValue> answer;
+    int reads = 0;
+
+private:
+    const HandClock& m_clock;
+    std::chrono::nanoseconds m_lastInput;
+};
+
+class FakePowerEvents : public PowerEvents {
+public:
+    std::uint32_t registerForSystemPower(Handler handler) override {
+        ++registrations;
+        m_handler = std::move(handler);
+        return rootPort;
+    }
+
+    void allowPowerChange(std::uint32_t port, std::int64_t notification) override {
+        if (port == rootPort)
+            allowed.push_back(notification);
+    }
+
+    QString describe() const override { return QStringLiteral("a fake"); }
+
+    void send(PowerMessage message, std::int64_t notification = 0) {
+        if (const auto handler = m_handler)
+            handler(message, notification);
+    }
+
+    // Zero: the system tells nothing of its power.
+    std::uint32_t rootPort = 7;
+    int registrations = 0;
+    // The notifications whose sleep was let go on, in order.
+    std::vector<std::int64_t> allowed;
+
+private:
+    Handler m_handler;
+};
+
+class FakeSessionEvents : public SessionEvents {
+public:
+    void observe(Handlers handlers) override { m_handlers = std::move(handlers); }
+
+    QString describe() const override { return QStringLiteral("a fake"); }
+
+    void resignActive() { call(m_handlers.didResignActive); }
+
+    void becomeActive() { call(m_handlers.didBecomeActive); }
+
+    void powerOff() { call(m_handlers.willPowerOff); }
+
+private:
+    static void call(std::function<void()> handler) {
+        if (handler)
+            handler();
+    }
+
+    Handlers m_handlers;
+};
+
+class FakeFileViewer : public FileViewer {
+public:
+    void reveal(const QString& path) override { revealed << path; }
+
+    QStringList revealed;
+};
+
+class FakeSandbox : public Sandbox {
+public:
+    bool isSandboxed() const override { return sandboxed; }
+
+    bool sandboxed = false;
+};

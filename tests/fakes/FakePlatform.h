@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/Settings.h"
+#include "platform/Platform.h"
+#include "tests/fakes/FakeAccessibility.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <QTemporaryDir>
+
+// Everything the program stands on, made of fakes, with a home of its own that goes with it. The settings are
+// real and know the registered defaults. What is built on it must go first.
+struct FakePlatform {
+    FakePlatform() { defaults.registerDefaults(registeredDefaults(folders.applicationSupport)); }
+
+    QTemporaryDir home;
+    HandClock clock;
+    ManualRunLoop runLoop{clock};
+    RecordingLog log;
+    NotificationCenter notifications;
+    Folders folders{home.filePath(QStringLiteral("share/Ticklog")),
+                    home.filePath(QStringLiteral("config/org.ticklog.Ticklog.plist")),
+                    home.filePath(QStringLiteral("Documents"))};
+    UserDefaults defaults{folders.settingsFile, notifications, runLoop, log};
+    FakeFrontApplication frontApplication;
+    FakeWindowList windowList;
+    FakeIdleTime idleTime{clock};
+    FakePowerEvents power;
+    FakeSessionEvents session;
+    FakeAccessibility accessibility;
+    FakeFileViewer fileViewer;
+    FakeSandbox sandbox;
+    Platform platform{clock,      runLoop,  log,   notifications, defaults,      folders,    frontApplication,
+                      windowList, idleTime, power, session,       accessibility, fileViewer, sandbox};
+};
