@@ -1,18 +1,30 @@
 // SPDX-License-Identifier: MIT
+#include <QDir>
 #include <QIcon>
 #include <QImage>
 
 #include <gtest/gtest.h>
 
-TEST(Images, everyPicture_isThereAndNotEmpty) {
-    for (const char* name :
-         {"org.ticklog.Ticklog", "Dock-Ticklog-Recording", "ToolbarClear", "ToolbarPause", "ToolbarStart"}) {
-        const QIcon icon(QStringLiteral(":/images/%1.svg").arg(QLatin1String(name)));
-        const QImage image = icon.pixmap(32).toImage().convertToFormat(QImage::Format_ARGB32);
-        bool isEmpty = true;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                isEmpty = isEmpty && qAlpha(image.pixel(x, y)) == 0;
-        EXPECT_FALSE(isEmpty) << name;
+namespace {
+
+bool isBlank(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) != 0)
+                return false;
+    return true;
+}
+
+} // namespace
+
+TEST(Images, everyPictureOfTheRepository_isInTheProgramAndCanBeDrawn) {
+    QStringList names =
+        QDir(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/images")).entryList({QStringLiteral("*.svg")});
+    names << QStringLiteral("org.ticklog.Ticklog.svg");
+    EXPECT_GT(names.size(), 20);
+    for (const QString& name : names) {
+        const QIcon icon(QStringLiteral(":/images/") + name);
+        for (const int size : {16, 22, 32, 48})
+            EXPECT_FALSE(isBlank(icon.pixmap(size).toImage())) << qPrintable(name) << " at " << size;
     }
 }
