@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Listeners.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/SystemLog.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+// A connection of our own to a message bus. A bus that is not there, or goes away, is a normal state: it is
+// tried again, less and less often, and whoever observes the connection is told. Nothing waits for a reply:
+// opening, a local socket and a greeting, is all that is done at once. Main thread only; the rest must
+// outlive it.
+class Bus : public QObject {
+    Q_OBJECT
+
+public:
+    // Opens a new private connection under `name`, which QtDBus keeps it by.
+    using Opener = std::function<QDBusConnection(const QString& name)>;
+    using Receiver = std::function<void(const QDBusMessage& message)>;
+
+    static constexpr std::chrono::milliseconds kFirstRetry{500};
+    static constexpr std::chrono::seconds kSlowestRetry{60};
+
+    static Opener systemBus();
+    static Opener sessionBus();
+    static Opener atAddress(const QString& address);
+
+    // Tries to open the connection before it returns.
+    Bus(Opener opener, RunLoop& runLoop, SystemLog& log);
+    ~Bus() override;
+
+    bool isConnected() const { return m_isConnected; }
+
+    // REQUIRES: isConnected().
+    QDBusConnection connection() const { return m_connection; }
+
+    // Calls `observer` after the connection has come or gone.
+    Subscription observe(std::function<void()> observer);
+
+    // Sends a method call. `receiver` gets the reply or the error, whichever comes, unless `context` is gone
+    // by then; it may be empty. Without a connection the error comes in a later turn of the loop.
+    void call(const QDBusMessage& message, QObject* context, Receiver receiver, int timeoutMs = -1);
+
+    // Runs `receiver` so that a broken contract in it costs this one message only.
+    void deliver(const Receiver& receiver, const QDBusMessage& message);
+
+private:
+    Q_SLOT void lose();
+    void open();
+    void close();
+    void tell();
+
+    Opener m_opener;
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    QString m_name;
+    QDBusConnection m_connection;
+    bool m_isConnected = false;
+    std::chrono::milliseconds m_retryDelay = kFirstRetry;
+    std::unique_ptr<RunLoopTimer> m_retry;
+    QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/PowerEvents.h"
+#include "platform/foundation/Clock.h"
+
+#include <optional>
+
+// Sleep and wake where nobody tells of them, and only there: with logind at hand every sleep would be told of
+// twice. A clock that runs on while the machine sleeps, and has gained on one that does not, shows a sleep
+// that has just ended: SystemWillSleep and SystemHasPoweredOn follow each other at once, and nothing waits to
+// be allowed. Wakes nobody up: it looks when it is told to. The clock must outlive it.
+class ClockJumpPower : public PowerEvents {
+public:
+    // Less than this is the two clocks not being read at the same instant.
+    static constexpr std::chrono::seconds kShortestSleep{1};
+
+    explicit ClockJumpPower(const Clock& clock);
+
+    // To be called by a tick that runs anyway. Two readings of the clock.
+    void check();
+
+    std::uint32_t registerForSystemPower(Handler handler) override;
+
+    void allowPowerChange(std::uint32_t, std::int64_t) override {}
+
+    QString describe() const override;
+
+private:
+    std::chrono::nanoseconds slept() const { return m_clock.sinceBoot() - m_clock.monotonic(); }
+
+    const Clock& m_clock;
+    // All the time that the machine has slept since it was started.
+    std::chrono::nanoseconds m_slept;
+    Handler m_handler;
+};

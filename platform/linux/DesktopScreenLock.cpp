@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/DesktopScreenLock.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+std::vector<ScreenSaverService::Name> screenSaverNames() {
+    return {{QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("/org/freedesktop/ScreenSaver")},
+            {QStringLiteral("org.gnome.ScreenSaver"), QStringLiteral("/org/gnome/ScreenSaver")},
+            {QStringLiteral("org.cinnamon.ScreenSaver"), QStringLiteral("/org/cinnamon/ScreenSaver")},
+            {QStringLiteral("org.mate.ScreenSaver"), QStringLiteral("/org/mate/ScreenSaver")}};
+}
+
+} // namespace
+
+DesktopScreenLock::DesktopScreenLock(OwnSession& session, Bus& sessionBus, RunLoop& runLoop)
+    : m_session(session)
+    , m_runLoop(runLoop)
+    , m_observers(new Listeners<std::function<void()>>)
+    , m_sessionChanges(session.observe([this] { follow(); }))
+    , m_requests(session.observeRequests([this](bool shallLock) { request(shallLock); })) {
+    for (const auto& name : screenSaverNames())
+        m_screenSavers.push_back(
+            std::make_unique<ScreenSaverService>(sessionBus, name, [this] { follow(); }));
+    follow();
+}
+
+Subscription DesktopScreenLock::observe(std::function<void()> observer) {
+    return m_observers->add(std::move(observer));
+}
+
+void DesktopScreenLock::request(bool shallLock) {
+    m_request.reset();
+    if (shallLock)
+        m_request = m_runLoop.scheduleOnce(kRequestBelieved, [this] {
+            m_request.reset();
+            follow();
+        });
+    follow();
+}
+
+void DesktopScreenLock::follow() {
+    const auto before = std::tuple(m_isLocked, m_isGreeter);
+    const bool isTold = m_session.isLocked() || std::ranges::any_of(m_screenSavers, [](const auto& saver) {
+                            return saver->isActive();
+                        });
+    // Once somebody has locked, it is they who tell of the end.
+    if (isTold)
+        m_request.reset();
+    m_isLocked = isTold || m_request;
+    m_isGreeter = m_session.isGreeter();
+    if (before != std::tuple(m_isLocked, m_isGreeter))
+        m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/JournalLog.h"
+
+#include <QtEndian>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <syslog.h>
+#include <unistd.h>
+
+namespace {
+
+// systemd's native protocol: a field is "NAME=value\n", or, so that the value may hold line breaks, its name,
+// a line break, the length in eight bytes (little endian), the value and a line break.
+QByteArray journalEntry(const QByteArray& line) {
+    QByteArray entry("PRIORITY=6\nSYSLOG_IDENTIFIER=ticklog\n");
+    if (!line.contains('\n'))
+        return entry + "MESSAGE=" + line + '\n';
+    const quint64 length = qToLittleEndian<quint64>(line.size());
+    return entry + "MESSAGE\n" + QByteArray(reinterpret_cast<const char*>(&length), sizeof length) + line +
+           '\n';
+}
+
+void writeLine(std::FILE* stream, const QByteArray& line) {
+    std::fwrite(line.constData(), 1, line.size(), stream);
+    std::fputc('\n', stream);
+    std::fflush(stream);
+}
+
+} // namespace
+
+JournalLog::Destinations JournalLog::usualDestinations() {
+    return {QStringLiteral("/run/systemd/journal/socket"),
+            isatty(STDERR_FILENO) == 1 || qEnvironmentVariableIsSet("TICKLOG_LOG_STDERR")};
+}
+
+JournalLog::JournalLog(const Destinations& destinations)
+    : m_journalSocket(destinations.journalSocket.toLocal8Bit())
+    , m_toStandardError(destinations.toStandardError)
+    , m_socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {
+    openlog("ticklog", LOG_PID | LOG_NDELAY, LOG_USER);
+}
+
+JournalLog::~JournalLog() {
+    closelog();
+    if (m_socket >= 0)
+        close(m_socket);
+}
+
+void JournalLog::log(const QString& line) {
+    const QByteArray bytes = line.toUtf8();
+    if (!sendToJournal(bytes))
+        syslog(LOG_INFO, "%s", bytes.constData());
+    if (m_toStandardError)
+        writeLine(stderr, bytes);
+}
+
+void JournalLog::print(const QString& line) {
+    writeLine(stdout, line.toUtf8());
+}
+
+bool JournalLog::sendToJournal(const QByteArray& line) const {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (m_socket < 0 || m_journalSocket.isEmpty() ||
+        m_journalSocket.size() >= qsizetype(sizeof address.sun_path))
+        return false;
+    std::memcpy(address.sun_path, m_journalSocket.constData(), m_journalSocket.size());
+    const QByteArray entry = journalEntry(line);
+    const auto sent = sendto(m_socket, entry.constData(), entry.size(), MSG_NOSIGNAL,
+                             reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    // A journal that is there but does not keep up costs this line: syslog would end in the same place, and
+    // wait.
+    return sent >= 0 || errno == EAGAIN;
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxSandbox.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+LinuxSandbox::LinuxSandbox(const QString& flatpakNote, const QString& snap, const QString& program)
+    : m_isSandboxed(QFileInfo::exists(flatpakNote) || (!snap.isEmpty() && program.startsWith(snap + u'/'))) {}
+
+LinuxSandbox LinuxSandbox::ofThisProcess() {
+    return LinuxSandbox(QStringLiteral("/.flatpak-info"), qEnvironmentVariable("SNAP"),
+                        QCoreApplication::applicationFilePath());
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LogindSession.h"
+
+#include "platform/linux/Logind.h"
+
+#include <QScopeGuard>
+
+LogindSession::LogindSession(OwnSession& session, SystemLog& log)
+    : m_session(session)
+    , m_inhibitor(session.logind(), QStringLiteral("shutdown"), QStringLiteral("Saves the times"), log)
+    , m_wasActive(session.isActive())
+    , m_changes(session.observe([this] { follow(); })) {
+    m_prepareForShutdown = session.logind().listen(
+        {kLogindPath, kLogindManager, QStringLiteral("PrepareForShutdown"), QString()},
+        [this](const QDBusMessage& signal) { prepareForShutdown(signal.arguments().value(0).toBool()); });
+}
+
+void LogindSession::observe(Handlers handlers) {
+    m_handlers = std::move(handlers);
+    if (m_handlers.willPowerOff)
+        m_inhibitor.take();
+    else
+        m_inhibitor.release();
+}
+
+QString LogindSession::describe() const {
+    return m_session.isKnown() ? QStringLiteral("logind") : QStringLiteral("logind (no session known)");
+}
+
+void LogindSession::follow() {
+    if (m_session.isActive() == m_wasActive)
+        return;
+    m_wasActive = m_session.isActive();
+    // A copy: the handler may replace itself.
+    const auto handler = m_wasActive ? m_handlers.didBecomeActive : m_handlers.didResignActive;
+    if (handler)
+        handler();
+}
+
+void LogindSession::prepareForShutdown(bool isPreparing) {
+    if (std::exchange(m_isPreparing, isPreparing) == isPreparing || !m_handlers.willPowerOff)
+        return;
+    if (!isPreparing) {
+        // Called off: the next one shall wait for us again.
+        m_inhibitor.take();
+        return;
+    }
+    const auto letGo = qScopeGuard([this] { m_inhibitor.release(); });
+    const auto willPowerOff = m_handlers.willPowerOff;
+    willPowerOff();
+}

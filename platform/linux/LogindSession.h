@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/SessionEvents.h"
+#include "platform/linux/DelayInhibitor.h"
+#include "platform/linux/OwnSession.h"
+
+// The session as logind tells of it. Before the machine goes down it waits for willPowerOff to return, a few
+// seconds at the most. `session` must outlive it.
+class LogindSession : public SessionEvents {
+public:
+    LogindSession(OwnSession& session, SystemLog& log);
+
+    void observe(Handlers handlers) override;
+    QString describe() const override;
+
+    // Whether the machine's going down would wait for us.
+    bool isDelaying() const { return m_inhibitor.isHeld(); }
+
+private:
+    void follow();
+    void prepareForShutdown(bool isPreparing);
+
+    OwnSession& m_session;
+    DelayInhibitor m_inhibitor;
+    Handlers m_handlers;
+    bool m_wasActive = true;
+    bool m_isPreparing = false;
+    std::unique_ptr<BusSignal> m_prepareForShutdown;
+    Subscription m_changes;
+};

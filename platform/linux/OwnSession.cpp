@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/OwnSession.h"
+
+#include "platform/linux/Logind.h"
+
+#include <QDBusArgument>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+#include <array>
+#include <utility>
+
+#include <unistd.h>
+
+OwnSession::OwnSession(Bus& systemBus, SystemLog& log, QString sessionId)
+    : m_logind(systemBus, kLogindService)
+    , m_log(log)
+    , m_sessionId(std::move(sessionId))
+    , m_observers(new Listeners<std::function<void()>>)
+    , m_requestObservers(new Listeners<std::function<void(bool)>>)
+    , m_service(m_logind.observe([this] { follow(); })) {
+    m_sessionNew = m_logind.listen({kLogindPath, kLogindManager, QStringLiteral("SessionNew"), QString()},
+                                   [this](const QDBusMessage&) {
+                                       if (!m_isKnown)
+                                           follow();
+                                   });
+}
+
+Subscription OwnSession::observe(std::function<void()> observer) {
+    return m_observers->add(std::move(observer));
+}
+
+Subscription OwnSession::observeRequests(std::function<void(bool)> observer) {
+    return m_requestObservers->add(std::move(observer));
+}
+
+void OwnSession::follow() {
+    ++m_search;
+    m_step = 0;
+    m_signals.clear();
+    // Without logind the last word stands: a session does not come to the front because its manager restarts.
+    if (m_logind.isServed())
+        next();
+}
+
+void OwnSession::next() {
+    static constexpr std::array<Step, 3> kSteps{&OwnSession::findByName, &OwnSession::findByProcess,
+                                                &OwnSession::findByUser};
+    if (m_step < kSteps.size())
+        (this->*kSteps[m_step++])();
+    else
+        m_log.log(QStringLiteral("No login session of our own: switches and locks of it go unseen"));
+}
+
+void OwnSession::findByName() {
+    if (m_sessionId.isEmpty())
+        next();
+    else
+        ask(QStringLiteral("GetSession"), m_sessionId);
+}
+
+void OwnSession::findByProcess() {
+    ask(QStringLiteral("GetSessionByPID"), static_cast<uint>(getpid()));
+}
+
+void OwnSession::findByUser() {
+    // Programs that the user's service manager starts belong to no session themselves.
+    const auto showDisplay = [this, search = m_search](const QDBusMessage& reply) {
+        if (search != m_search)
+            return;
+        QString name;
+        QDBusObjectPath path;
+        if (reply.type() == QDBusMessage::ReplyMessage) {
+            const auto display =
+                qvariant_cast<QDBusArgument>(reply.arguments().value(0).value<QDBusVariant>().variant());
+            if (display.currentType() == QDBusArgument::StructureType) {
+                display.beginStructure();
+                display >> name >> path;
+                display.endStructure();
+            }
+        }
+        name.isEmpty() ? next() : tryPath(path.path());
+    };
+    const auto showUser = [this, showDisplay, search = m_search](const QDBusMessage& reply) {
+        if (search != m_search)
+            return;
+        if (reply.type() != QDBusMessage::ReplyMessage)
+            return next();
+        const QString user = reply.arguments().value(0).value<QDBusObjectPath>().path();
+        m_logind.getProperty(user, kLogindUser, QStringLiteral("Display"), showDisplay);
+    };
+    m_logind.call(kLogindPath, kLogindManager, QStringLiteral("GetUser"), {static_cast<uint>(getuid())},
+                  showUser);
+}
+
+void OwnSession::ask(const QString& method, const QVariant& argument) {
+    m_logind.call(kLogindPath, kLogindManager, method, {argument},
+                  [this, search = m_search](const QDBusMessage& reply) {
+                      if (search != m_search)
+                          return;
+                      if (reply.type() == QDBusMessage::ReplyMessage)
+                          tryPath(reply.arguments().value(0).value<QDBusObjectPath>().path());
+                      else
+                          next();
+                  });
+}
+
+void OwnSession::tryPath(const QString& path) {
+    // First the listening, then the reading: nothing that changes between them is missed.
+    listen(path);
+    m_logind.call(path, kPropertiesInterface, QStringLiteral("GetAll"), {kLogindSession},
+                  [this, search = m_search](const QDBusMessage& reply) {
+                      if (search != m_search)
+                          return;
+                      const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
+                      if (reply.type() != QDBusMessage::ReplyMessage || properties.isEmpty()) {
+                          m_signals.clear();
+                          return next();
+                      }
+                      m_isKnown = true;
+                      adopt(properties);
+                  });
+}
+
+void OwnSession::listen(const QString& path) {
+    const auto changed = [this](const QDBusMessage& signal) {
+        if (m_isKnown && signal.arguments().value(0).toString() == kLogindSession)
+            adopt(qdbus_cast<QVariantMap>(signal.arguments().value(1)));
+    };
+    const auto request = [this](const QDBusMessage& signal) {
+        const bool shallLock = signal.member() == QLatin1String("Lock");
+        m_requestObservers->forEach([&](const std::function<void(bool)>& observer) { observer(shallLock); });
+    };
+    m_signals.push_back(m_logind.listen(
+        {path, kPropertiesInterface, QStringLiteral("PropertiesChanged"), QString()}, changed));
+    m_signals.push_back(m_logind.listen({path, kLogindSession, QStringLiteral("Lock"), QString()}, request));
+    m_signals.push_back(
+        m_logind.listen({path, kLogindSession, QStringLiteral("Unlock"), QString()}, request));
+}
+
+void OwnSession::adopt(const QVariantMap& properties) {
+    const auto before = std::tuple(m_isActive, m_isLocked, m_isGreeter);
+    m_isActive = properties.value(QStringLiteral("Active"), m_isActive).toBool();
+    m_isLocked = properties.value(QStringLiteral("LockedHint"), m_isLocked).toBool();
+    if (const QString kind = properties.value(QStringLiteral("Class")).toString(); !kind.isEmpty())
+        m_isGreeter = kind == QLatin1String("greeter");
+    if (before != std::tuple(m_isActive, m_isLocked, m_isGreeter))
+        m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Listeners.h"
+
+#include <functional>
+
+// Whether something stands between the user and the programs. Answers from memory. Main thread only.
+class ScreenLock {
+public:
+    virtual ~ScreenLock() = default;
+
+    // Whether the session is locked or the screen saver hides it.
+    virtual bool isLocked() const = 0;
+    // Whether nobody has logged in yet.
+    virtual bool isGreeter() const = 0;
+    // Calls `observer` after either has changed.
+    virtual Subscription observe(std::function<void()> observer) = 0;
+};

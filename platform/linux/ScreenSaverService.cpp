@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/ScreenSaverService.h"
+
+ScreenSaverService::ScreenSaverService(Bus& sessionBus, const Name& name, std::function<void()> changed)
+    : m_path(name.path)
+    , m_service(sessionBus, name.service)
+    , m_changed(std::move(changed))
+    , m_presence(m_service.observe([this] { follow(); })) {
+    // From any path: some have the object twice and send the signal from the other one.
+    m_activeChanged = m_service.listen(
+        {QString(), name.service, QStringLiteral("ActiveChanged"), QString()},
+        [this](const QDBusMessage& signal) { setActive(signal.arguments().value(0).toBool()); });
+}
+
+void ScreenSaverService::follow() {
+    if (!m_service.isServed()) {
+        // A locker that is gone covers nothing any more.
+        setActive(false);
+        return;
+    }
+    m_service.call(
+        m_path, m_service.name(), QStringLiteral("GetActive"), {}, [this](const QDBusMessage& reply) {
+            // Some only let others inhibit them, and answer with an error.
+            setActive(reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool());
+        });
+}
+
+void ScreenSaverService::setActive(bool isActive) {
+    if (std::exchange(m_isActive, isActive) != isActive)
+        m_changed();
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/RunLoop.h"
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+#include <functional>
+
+// Turns SIGTERM, SIGINT and SIGHUP into calls on the main thread. Each signal is one call, and none begins
+// before the last has returned, even when that runs an event loop of its own. (The kernel itself joins
+// signals of one kind that come before it has delivered the first.) A SIGHUP that is ignored at launch, as
+// nohup does, stays ignored. One at a time in a process; its end restores what was before. `runLoop` must
+// outlive it.
+class TerminationSignals {
+public:
+    using Callback = std::function<void(int signal)>;
+
+    TerminationSignals(RunLoop& runLoop, Callback callback);
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
+    ~TerminationSignals();
+
+private:
+    static constexpr std::array<int, 3> kSignals{SIGTERM, SIGINT, SIGHUP};
+
+    void receive();
+    void deliver();
+
+    RunLoop& m_runLoop;
+    Callback m_callback;
+    std::array<struct sigaction, kSignals.size()> m_before{};
+    std::array<int, 2> m_pipe{-1, -1};
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::vector<int> m_pending;
+    bool m_isDelivering = false;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
