@@ -95,8 +95,8 @@ struct Floor {
 std::vector<Floor> floors() {
     const QString foundation = QStringLiteral("platform/foundation/[^/]+");
     const QString ports = QStringLiteral("platform/[^/]+|") + foundation;
-    const QString back = QStringLiteral("a back end stands on platform/*.h and platform/foundation alone, so "
-                                        "that each can be replaced by itself");
+    const QString back = QStringLiteral("a back end stands on platform/*.h, platform/foundation and "
+                                        "platform/bus alone, so that each can be replaced by itself");
     std::vector<Floor> result{
         {QStringLiteral("^platform/foundation/"), foundation,
          QStringLiteral("the foundation knows nothing above it: hand the news up through an observer")},
@@ -109,9 +109,12 @@ std::vector<Floor> floors() {
          QStringLiteral(
              "the interface reaches the desktop through platform/*.h alone; app/ chooses the back end")},
     };
+    const QString bus = QStringLiteral("platform/bus/[^/]+");
+    result.push_back({QStringLiteral("^platform/bus/"), bus + u'|' + foundation,
+                      QStringLiteral("the bus carries messages for any service and knows none of them")});
     for (const char* room : {"x11", "wayland", "linux", "atspi"}) {
         const QString folder = QStringLiteral("platform/%1/").arg(QLatin1String(room));
-        result.push_back({u'^' + folder, folder + QStringLiteral(".+|") + ports, back});
+        result.push_back({u'^' + folder, folder + QStringLiteral(".+|") + bus + u'|' + ports, back});
     }
     return result;
 }
