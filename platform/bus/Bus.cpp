@@ -3,8 +3,10 @@
 
 #include "platform/foundation/Assertions.h"
 
+#include <QDBusError>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -86,6 +88,19 @@ void Bus::tell() {
 }
 
 void Bus::call(const QDBusMessage& message, QObject* context, Receiver receiver, int timeoutMs) {
+    if (!m_isConnected) {
+        // QtDBus itself would never answer.
+        const auto error =
+            QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("no message bus"));
+        QMetaObject::invokeMethod(
+            context,
+            [self = QPointer(this), error, receiver = std::move(receiver)] {
+                if (self && receiver)
+                    self->deliver(receiver, error);
+            },
+            Qt::QueuedConnection);
+        return;
+    }
     const QDBusPendingCall pending = m_connection.asyncCall(message, timeoutMs);
     if (!receiver)
         return;

@@ -21,9 +21,14 @@ public:
     // What it answered after "ok". The service has done what was asked when this returns.
     QString ask(const char* command) {
         m_program.write(QByteArray(command) + '\n');
+        return hear();
+    }
+
+    // The same without a question, for services that speak of their own accord.
+    QString hear() {
         const QString answer = line();
         if (!answer.startsWith(QLatin1String("ok")))
-            qFatal("\"%s\" was answered \"%s\"", command, qPrintable(answer));
+            qFatal("a service of the tests does not understand: \"%s\"", qPrintable(answer));
         return answer.mid(3);
     }
 

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/TerminationSignals.h"
+#include "platform/foundation/Assertions.h"
+#include "platform/foundation/QtRunLoop.h"
+#include "tests/desktop/harness/WaitFor.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class TerminationSignalsTest : public testing::Test {
+protected:
+    RecordingLog m_log;
+    QtRunLoop m_runLoop{m_log};
+    std::vector<int> m_told;
+};
+
+TEST_F(TerminationSignalsTest, eachKind_isOneCall) {
+    const TerminationSignals signals(m_runLoop, [this](int signal) { m_told.push_back(signal); });
+    std::raise(SIGTERM);
+    std::raise(SIGINT);
+    std::raise(SIGHUP);
+    EXPECT_TRUE(m_told.empty());
+    EXPECT_TRUE(waitFor([this] { return m_told == std::vector{SIGTERM, SIGINT, SIGHUP}; }));
+}
+
+TEST_F(TerminationSignalsTest, aSignalWhileTheCallRuns_waitsForItsEndAndIsNotLost) {
+    int running = 0;
+    const TerminationSignals signals(m_runLoop, [&](int signal) {
+        EXPECT_EQ(running++, 0);
+        m_told.push_back(signal);
+        if (m_told.size() == 1) {
+            std::raise(SIGTERM);
+            std::raise(SIGINT);
+            // As a question to the user would.
+            turnEventLoopFor(std::chrono::milliseconds(50));
+        }
+        --running;
+    });
+    std::raise(SIGTERM);
+    EXPECT_TRUE(waitFor([this] { return m_told == std::vector{SIGTERM, SIGTERM, SIGINT}; }));
+}
+
+TEST_F(TerminationSignalsTest, aCallThatFails_doesNotKeepTheNextFromComing) {
+    const TerminationSignals signals(m_runLoop, [this](int signal) {
+        m_told.push_back(signal);
+        throw InternalInconsistency(QStringLiteral("Test"), 1, QStringLiteral("broken"));
+    });
+    std::raise(SIGTERM);
+    std::raise(SIGINT);
+    EXPECT_TRUE(waitFor([this] { return m_told == std::vector{SIGTERM, SIGINT}; }));
+    EXPECT_TRUE(waitFor([this] { return m_log.lines.size() == 2; }));
+}
+
+TEST_F(TerminationSignalsTest, itsEnd_restoresWhatWasBefore) {
+    const auto handlerOf = [](int signal) {
+        struct sigaction action {};
+        sigaction(signal, nullptr, &action);
+        return action.sa_handler;
+    };
+    std::signal(SIGHUP, SIG_IGN);
+    {
+        const TerminationSignals signals(m_runLoop, [](int) {});
+        EXPECT_NE(handlerOf(SIGTERM), SIG_DFL);
+        // Started by nohup: the terminal may close.
+        EXPECT_EQ(handlerOf(SIGHUP), SIG_IGN);
+    }
+    EXPECT_EQ(handlerOf(SIGTERM), SIG_DFL);
+}
+
+} // namespace

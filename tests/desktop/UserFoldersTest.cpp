@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Folders.h"
+#include "platform/linux/LinuxSandbox.h"
+#include "tests/desktop/harness/TemporaryHome.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class UserFoldersTest : public testing::Test {
+protected:
+    UserFoldersTest() {
+        for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+            qunsetenv(variable);
+        qputenv("HOME", m_home.path().toUtf8());
+    }
+
+    TemporaryHome m_home;
+};
+
+TEST_F(UserFoldersTest, withAHomeAlone_theUsualPlacesAreUsed) {
+    const Folders folders = Folders::forUser();
+    EXPECT_EQ(folders.applicationSupport, m_home.path() + QStringLiteral("/.local/share/Ticklog"));
+    EXPECT_EQ(folders.settingsFile, m_home.path() + QStringLiteral("/.config/org.ticklog.Ticklog.plist"));
+    EXPECT_EQ(folders.documents, m_home.path() + QStringLiteral("/Documents"));
+}
+
+TEST_F(UserFoldersTest, theBaseDirectories_areFollowed) {
+    qputenv("XDG_DATA_HOME", "/data/");
+    qputenv("XDG_CONFIG_HOME", m_home.configurationFolder().toUtf8());
+    m_home.write(QStringLiteral("config/user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
+    const Folders folders = Folders::forUser();
+    EXPECT_EQ(folders.applicationSupport, QStringLiteral("/data/Ticklog"));
+    EXPECT_EQ(folders.settingsFile,
+              m_home.configurationFolder() + QStringLiteral("/org.ticklog.Ticklog.plist"));
+    EXPECT_EQ(folders.documents, m_home.path() + QStringLiteral("/Dokumente"));
+}
+
+TEST_F(UserFoldersTest, relativeBaseDirectories_countAsUnset) {
+    qputenv("XDG_DATA_HOME", "data");
+    EXPECT_EQ(Folders::forUser().applicationSupport, m_home.path() + QStringLiteral("/.local/share/Ticklog"));
+}
+
+TEST_F(UserFoldersTest, withoutAHome_theTemporaryFolderServes) {
+    qunsetenv("HOME");
+    const QString temporary = QDir::cleanPath(QDir::tempPath());
+    EXPECT_EQ(Folders::forUser().applicationSupport, temporary + QStringLiteral("/Ticklog"));
+    EXPECT_EQ(Folders::forUser().settingsFile, temporary + QStringLiteral("/org.ticklog.Ticklog.plist"));
+}
+
+TEST(LinuxSandbox, flatpaksNote_tellsOfTheSandbox) {
+    const TemporaryHome home;
+    const QString note = home.path() + QStringLiteral("/.flatpak-info");
+    EXPECT_FALSE(LinuxSandbox(note, QString(), QStringLiteral("/usr/bin/ticklog")).isSandboxed());
+    home.write(QStringLiteral(".flatpak-info"), "[Application]\n");
+    EXPECT_TRUE(LinuxSandbox(note, QString(), QStringLiteral("/usr/bin/ticklog")).isSandboxed());
+}
+
+TEST(LinuxSandbox, aProgramInTheSnap_isSandboxedAndOneThatASnapStartedIsNot) {
+    const QString none = QStringLiteral("/nowhere/.flatpak-info");
+    const QString snap = QStringLiteral("/snap/ticklog/7");
+    EXPECT_TRUE(LinuxSandbox(none, snap, QStringLiteral("/snap/ticklog/7/bin/ticklog")).isSandboxed());
+    EXPECT_FALSE(LinuxSandbox(none, snap, QStringLiteral("/usr/bin/ticklog")).isSandboxed());
+    EXPECT_FALSE(LinuxSandbox(none, QString(), QStringLiteral("/usr/bin/ticklog")).isSandboxed());
+}
+
+} // namespace
