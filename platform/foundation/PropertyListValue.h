@@ -19,26 +19,34 @@ class PropertyListDictionary;
 
 using PropertyListArray = std::vector<PropertyListValue>;
 
-// A value as property lists know it: text, integer, real, boolean, date, data, array or dictionary. Default-made it is
-// none of them, which stands for "absent". Arrays and dictionaries are immutable once wrapped and shared between
-// copies, so copying any value is cheap.
+// A value as property lists know it: text, integer, real, boolean, date, data, array or dictionary.
+// Default-made it is none of them, which stands for "absent". Arrays and dictionaries are immutable once
+// wrapped and shared between copies, so copying any value is cheap.
 class PropertyListValue {
 public:
     PropertyListValue() = default;
+
     PropertyListValue(QString text)
         : m_value(std::move(text)) {}
+
     PropertyListValue(bool value)
         : m_value(value) {}
+
     PropertyListValue(int value)
         : m_value(std::int64_t(value)) {}
+
     PropertyListValue(std::int64_t value)
         : m_value(value) {}
+
     PropertyListValue(double value)
         : m_value(value) {}
+
     PropertyListValue(Date value)
         : m_value(value) {}
+
     PropertyListValue(QByteArray data)
         : m_value(std::move(data)) {}
+
     PropertyListValue(PropertyListArray array);
     PropertyListValue(PropertyListDictionary dictionary);
     // Pointers would turn into booleans.
@@ -49,7 +57,9 @@ public:
 
     // Each answers null or absent when the value is of another type.
     const QString* asString() const { return std::get_if<QString>(&m_value); }
+
     const QByteArray* asData() const { return std::get_if<QByteArray>(&m_value); }
+
     const PropertyListArray* asArray() const;
     const PropertyListDictionary* asDictionary() const;
     std::optional<Date> asDate() const;
@@ -57,7 +67,8 @@ public:
     std::optional<double> asReal() const;
     std::optional<bool> asBoolean() const;
 
-    // An integer, a real or a boolean, as a number; absent for anything else, and for a real that is not finite.
+    // An integer, a real or a boolean, as a number; absent for anything else, and for a real that is not
+    // finite.
     std::optional<double> number() const;
     // The same as a whole number, cut off and kept within range; 0 for anything else.
     std::int64_t toInteger() const;
@@ -84,18 +95,25 @@ public:
     PropertyListDictionary() = default;
     PropertyListDictionary(std::initializer_list<Entry> entries);
 
-    // Enters `value`, or replaces what stands under `key`, which then keeps its place. An absent value is not entered.
+    // Enters `value`, or replaces what stands under `key`, which then keeps its place. An absent value is not
+    // entered.
     void insert(QString key, PropertyListValue value);
     // The value under `key`, or an absent one. Valid until the dictionary changes.
     const PropertyListValue& value(const QString& key) const;
+
     bool contains(const QString& key) const { return !value(key).isAbsent(); }
+
     // Linear in the size.
     void remove(const QString& key);
+
     void reserve(std::size_t count) { m_entries.reserve(count); }
 
     std::size_t size() const { return m_entries.size(); }
+
     bool isEmpty() const { return m_entries.empty(); }
+
     auto begin() const { return m_entries.begin(); }
+
     auto end() const { return m_entries.end(); }
 
     // Equal whatever the order.

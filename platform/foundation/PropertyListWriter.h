@@ -4,9 +4,11 @@
 #include "platform/foundation/PropertyListValue.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 // Where a property list goes piece by piece, without being built as a value first. Pieces must nest properly:
 // inside a dictionary a key precedes each value.
@@ -63,6 +65,7 @@ private:
 };
 
 // Writes the XML form as UTF-8, handing on full chunks as it goes, so that a large list needs little memory.
+// What it writes can always be read: see PropertyList::xml.
 class PropertyListXmlWriter : public PropertyListSink {
 public:
     // Takes a chunk; the bytes are valid during the call only.
@@ -84,4 +87,19 @@ public:
 
     // Closes the document and hands on the rest. REQUIRES: every dictionary and array has ended.
     void finish();
+
+private:
+    void enter(QByteArrayView tag);
+    void leave(QByteArrayView tag);
+    // A tag on a line of its own, indented by one tab a level.
+    void line(QByteArrayView tag);
+    void append(QByteArrayView bytes);
+    void appendText(QStringView text);
+    void makeRoom(std::size_t count);
+    void flush();
+
+    Output m_output;
+    std::unique_ptr<char[]> m_buffer;
+    char* m_end;
+    int m_depth = 0;
 };

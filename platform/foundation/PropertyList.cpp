@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/PropertyList.h"
+
+#include "platform/foundation/PropertyListBinaryReader.h"
+#include "platform/foundation/PropertyListBinaryWriter.h"
+#include "platform/foundation/PropertyListWriter.h"
+#include "platform/foundation/PropertyListXmlReader.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+Failure tooLarge(qint64 size) {
+    return {Failure::Kind::Refused,
+            QStringLiteral("%1 bytes are more than a property list may have").arg(size)};
+}
+
+// Opens the file for its replacement, hands it to `fill`, and puts it in place.
+template<class Fill>
+Outcome replaceFile(const QString& path, Fill&& fill) {
+    QSaveFile file(path);
+    // What is private is private before there is anything in it.
+    if (file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) {
+        fill(file);
+        if (file.commit())
+            return Done{};
+    }
+    return Failure{Failure::Kind::CannotWrite, QStringLiteral("%1: %2").arg(path, file.errorString())};
+}
+
+} // namespace
+
+namespace PropertyList {
+
+Result<PropertyListValue> read(const QByteArray& bytes) {
+    if (bytes.size() > kSizeLimit)
+        return tooLarge(bytes.size());
+    if (PropertyListBinaryReader::recognises(bytes))
+        return PropertyListBinaryReader(bytes).read();
+    return PropertyListXmlReader(bytes).read();
+}
+
+Result<PropertyListValue> readFile(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists())
+        return Failure{Failure::Kind::NotFound, QStringLiteral("%1: no such file").arg(path)};
+    // To open a pipe would be to wait for its other end.
+    if (!info.isFile())
+        return Failure{Failure::Kind::Unreadable, QStringLiteral("%1: not a file").arg(path)};
+    if (info.size() > kSizeLimit)
+        return tooLarge(info.size());
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure{Failure::Kind::Unreadable, QStringLiteral("%1: %2").arg(path, file.errorString())};
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFile::NoError)
+        return Failure{Failure::Kind::Unreadable, QStringLiteral("%1: %2").arg(path, file.errorString())};
+    Result<PropertyListValue> result = read(bytes);
+    if (!result)
+        return Failure{result.failure().kind, QStringLiteral("%1: %2").arg(path, result.failure().text)};
+    return result;
+}
+
+QByteArray xml(const PropertyListValue& value) {
+    QByteArray bytes;
+    PropertyListXmlWriter writer(
+        [&](const char* chunk, std::size_t count) { bytes.append(chunk, qsizetype(count)); });
+    writer.value(value);
+    writer.finish();
+    return bytes;
+}
+
+QByteArray binary(const PropertyListValue& value) {
+    return PropertyListBinaryWriter().write(value);
+}
+
+Outcome writeXmlFile(const PropertyListValue& value, const QString& path) {
+    return replaceFile(path, [&](QIODevice& file) {
+        PropertyListXmlWriter writer(
+            [&](const char* chunk, std::size_t count) { file.write(chunk, qint64(count)); });
+        writer.value(value);
+        writer.finish();
+    });
+}
+
+Outcome writeBinaryFile(const PropertyListValue& value, const QString& path) {
+    return replaceFile(path, [&](QIODevice& file) { file.write(binary(value)); });
+}
+
+} // namespace PropertyList
