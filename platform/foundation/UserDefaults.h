@@ -3,6 +3,7 @@
 
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/PropertyListValue.h"
+#include "platform/foundation/Result.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/SystemLog.h"
 
@@ -11,12 +12,14 @@
 #include <chrono>
 
 // Posted, without an object, after any value in the user defaults has changed.
-inline const QString kUserDefaultsDidChangeNotification = QStringLiteral("kUserDefaultsDidChangeNotification");
+inline const QString kUserDefaultsDidChangeNotification =
+    QStringLiteral("kUserDefaultsDidChangeNotification");
 
-// The user's settings: a table from key to property-list value, kept as an XML property list that only the user can
-// read. Registered defaults answer for keys that have no value of their own; they are never written. Changes are
-// announced at once and written joined, or at once by synchronize(). A file that is damaged or foreign counts as
-// empty and is set aside under a dated name before anything is written in its place. Main thread only.
+// The user's settings: a table from key to property-list value, kept as an XML property list that only the
+// user can read. Registered defaults answer for keys that have no value of their own; they are never written.
+// Changes are announced at once and written joined, or at once by synchronize(). A file that is damaged or
+// foreign counts as empty and is set aside under a dated name before anything is written in its place. Main
+// thread only.
 class UserDefaults {
 public:
     // How long changes wait for others before they are written.
@@ -29,16 +32,20 @@ public:
     // Writes what is not written yet.
     ~UserDefaults();
 
-    // What keys answer until a value of their own is set. Later registrations replace earlier ones key by key.
+    // What keys answer until a value of their own is set. Later registrations replace earlier ones key by
+    // key.
     void registerDefaults(const PropertyListDictionary& defaults);
 
     // The key's own value, else its registered default, else an absent value.
     const PropertyListValue& object(const QString& key) const;
+
     bool boolForKey(const QString& key) const { return object(key).toBool(); }
+
     std::int64_t integerForKey(const QString& key) const { return object(key).toInteger(); }
 
     // Sets the key's own value; an absent one removes it. Setting what is already there is not a change.
     void setObject(const QString& key, PropertyListValue value);
+
     void removeObject(const QString& key) { setObject(key, {}); }
 
     // Writes pending changes now. A failure is logged, and tried again with the next change.
@@ -46,6 +53,7 @@ public:
 
 private:
     void load();
+    Outcome write();
 
     QString m_path;
     NotificationCenter& m_notifications;
@@ -53,6 +61,8 @@ private:
     SystemLog& m_log;
     PropertyListDictionary m_values;
     PropertyListDictionary m_registered;
+    // What stands on disk could not be read, and is not replaced before it has been set aside.
+    bool m_isDamaged = false;
     bool m_isDirty = false;
     std::unique_ptr<RunLoopTimer> m_joining;
 };
