@@ -7,6 +7,7 @@
 #include <QByteArrayView>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace {
@@ -53,10 +54,14 @@ char* putSpecial(char* out, char16_t unit) {
     }
 }
 
-bool isPlain(char16_t unit) {
-    return (unit >= 0x20 && unit < 0x80 && unit != u'&' && unit != u'<' && unit != u'>') || unit == u'\t' ||
-           unit == u'\n';
-}
+// ASCII characters that stand for themselves. A table, because most of what is written passes through here.
+constexpr auto kPlain = [] {
+    std::array<bool, 128> plain{};
+    for (char16_t unit = 0; unit < plain.size(); ++unit)
+        plain[unit] =
+            (unit >= 0x20 && unit != u'&' && unit != u'<' && unit != u'>') || unit == u'\t' || unit == u'\n';
+    return plain;
+}();
 
 char* putTwoOrThree(char* out, char16_t unit) {
     if (unit < 0x800) {
@@ -83,7 +88,7 @@ char* putText(char* out, QStringView text) {
     const char16_t* const end = at + text.size();
     while (at != end) {
         const char16_t unit = *at++;
-        if (isPlain(unit)) {
+        if (unit < 0x80 && kPlain[unit]) {
             *out++ = char(unit);
         } else if (unit < 0x80) {
             out = putSpecial(out, unit);
