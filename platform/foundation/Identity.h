@@ -25,7 +25,8 @@ public:
     QString text() const;
 
     friend bool operator==(const Identity&, const Identity&) = default;
-    friend auto operator<=>(const Identity&, const Identity&) = default;
+    // The comparison with 0 that is found there is the language's own.
+    friend auto operator<=>(const Identity&, const Identity&) = default; // NOLINT(modernize-use-nullptr)
 
 private:
     friend struct std::hash<Identity>;
