@@ -33,7 +33,7 @@ TEST(Harness, aBus_hasAnAddressOfItsOwn) {
 }
 
 TEST(Harness, aDisplayStartedAnew_keepsItsName) {
-    Desk desk;
+    Desk desk(QStringLiteral("openbox"), Desk::Bus::None, VirtualDisplay::Number::Kept);
     const QString name = desk.display().name();
     desk.killDisplay();
     desk.restartDisplay();

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/Desk.h"
 
-Desk::Desk(const QString& windowManager, Bus bus)
+Desk::Desk(const QString& windowManager, Bus bus, VirtualDisplay::Number number)
     : m_windowManagerName(windowManager)
-    , m_display(m_home.environment()) {
+    , m_display(m_home.environment(), number) {
     if (bus == Bus::Own)
         m_bus.emplace(m_home.environment(), m_home.runtimeFolder());
     m_probe = std::make_unique<DisplayProbe>(m_display.name());

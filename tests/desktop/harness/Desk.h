@@ -16,7 +16,8 @@ public:
 
     // `windowManager` is its executable, such as "openbox", "icewm" or "metacity"; empty for none. Ready to
     // use when made; aborts the test program when something cannot be started.
-    explicit Desk(const QString& windowManager = QStringLiteral("openbox"), Bus bus = Bus::None);
+    explicit Desk(const QString& windowManager = QStringLiteral("openbox"), Bus bus = Bus::None,
+                  VirtualDisplay::Number number = VirtualDisplay::Number::Any);
 
     TemporaryHome& home() { return m_home; }
 
@@ -45,7 +46,7 @@ public:
 
     // Ends the X server and all on it.
     void killDisplay();
-    // Starts an X server and a window manager anew.
+    // Starts an X server and a window manager anew. REQUIRES: made with Number::Kept.
     void restartDisplay();
 
 private:

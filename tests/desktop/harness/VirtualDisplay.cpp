@@ -2,34 +2,26 @@
 #include "tests/desktop/harness/VirtualDisplay.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
-VirtualDisplay::VirtualDisplay(const QProcessEnvironment& environment)
+VirtualDisplay::VirtualDisplay(const QProcessEnvironment& environment, Number number)
     : m_environment(environment) {
-    start({});
+    // Far above those that servers choose for themselves, and different for every test program that runs.
+    const qint64 kept = 20000 + QCoreApplication::applicationPid() % 30000;
+    start(number == Number::Kept ? QStringList{QStringLiteral(":%1").arg(kept)} : QStringList());
 }
 
 VirtualDisplay::~VirtualDisplay() {
-    if (!m_server)
-        QFile::remove(lockFile());
-}
-
-QString VirtualDisplay::lockFile() const {
-    return QStringLiteral("/tmp/.X%1-lock").arg(m_name.mid(1));
+    kill();
 }
 
 void VirtualDisplay::kill() {
+    // Asked to end, it takes its lock and its socket away.
+    if (m_server)
+        m_server->terminate(std::chrono::seconds(5));
     m_server.reset();
-    // Another test's server must not take the number while this one's is down: the lock says that it is in
-    // use.
-    QFile lock(lockFile());
-    QFile::remove(lockFile());
-    if (lock.open(QFile::WriteOnly | QFile::NewOnly))
-        lock.write(QByteArray::number(QCoreApplication::applicationPid()).rightJustified(10) + '\n');
 }
 
 void VirtualDisplay::restart() {
-    QFile::remove(lockFile());
     start({m_name});
 }
 

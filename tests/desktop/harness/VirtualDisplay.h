@@ -8,8 +8,15 @@
 // An X server of its own, without a screen that anybody sees.
 class VirtualDisplay {
 public:
+    enum class Number {
+        // The first that is free.
+        Any,
+        // One that nobody else takes while the server is down, so that it can come back under its name.
+        Kept,
+    };
+
     // Aborts the test program when no server can be started: nothing could be tested then.
-    explicit VirtualDisplay(const QProcessEnvironment& environment);
+    explicit VirtualDisplay(const QProcessEnvironment& environment, Number number = Number::Any);
     ~VirtualDisplay();
 
     // What to put into DISPLAY.
@@ -17,12 +24,11 @@ public:
 
     // Ends the server; all its clients lose their connection.
     void kill();
-    // Starts a server of the same name after kill().
+    // Starts a server of the same name after kill(). REQUIRES: made with Number::Kept.
     void restart();
 
 private:
     void start(const QStringList& arguments);
-    QString lockFile() const;
 
     QProcessEnvironment m_environment;
     QString m_name;

@@ -85,3 +85,7 @@ void XClient::raise(xcb_window_t window) {
 void XClient::destroy(xcb_window_t window) {
     tell("destroy " + QByteArray::number(window));
 }
+
+void XClient::map(xcb_window_t window) {
+    tell("map " + QByteArray::number(window));
+}

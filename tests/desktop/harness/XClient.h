@@ -36,6 +36,7 @@ public:
     void setNumbers(xcb_window_t window, const QByteArray& property, const QByteArray& type,
                     const std::vector<quint32>& values);
     void removeProperty(xcb_window_t window, const QByteArray& property);
+    void map(xcb_window_t window);
     // Asks the window manager, as a task bar would.
     void activate(xcb_window_t window);
     void minimise(xcb_window_t window);
