@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/DesktopEntries.h"
+
+#include "tests/fakes/ManualRunLoop.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class DesktopEntriesTest : public testing::Test {
+protected:
+    QTemporaryDir folder;
+    HandClock clock;
+    DesktopEntries entries{
+        {{folder.path() + QStringLiteral("/home"), folder.path() + QStringLiteral("/shared")},
+         DesktopEntries::Places::languagesOfLocale(QStringLiteral("de_AT.UTF-8"))},
+        clock};
+
+    // Installs an entry with these lines below the main group's heading.
+    void install(const QString& path, const QByteArray& lines) const {
+        const QString full = folder.path() + u'/' + path;
+        QDir().mkpath(QFileInfo(full).path());
+        QFile file(full);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write("[Desktop Entry]\n" + lines);
+    }
+
+    // "none" when no entry belongs.
+    QString name(const QStringList& classes, const QString& executable = {}) {
+        return entries.nameForWindow(classes, executable).value_or(QStringLiteral("none"));
+    }
+
+    QString name(const char* windowClass, const char* executable = "") {
+        return name(QStringList{QLatin1String(windowClass)}, QLatin1String(executable));
+    }
+};
+
+TEST_F(DesktopEntriesTest, aStartupClass_comesBeforeTheIdAndTheExecutable) {
+    install(QStringLiteral("shared/applications/one.desktop"),
+            "Name=By class\nStartupWMClass=Thing\nExec=a\n");
+    install(QStringLiteral("shared/applications/thing.desktop"), "Name=By id\nExec=b\n");
+    install(QStringLiteral("shared/applications/two.desktop"), "Name=By program\nExec=/opt/bin/c --new %U\n");
+    EXPECT_EQ(name("Thing", "/usr/bin/c"), QStringLiteral("By class"));
+    EXPECT_EQ(name("thing"), QStringLiteral("By class"));
+    EXPECT_EQ(name("ONE", "/usr/bin/c"), QStringLiteral("By class"));
+    EXPECT_EQ(name("other", "/usr/bin/c"), QStringLiteral("By program"));
+    EXPECT_EQ(name("other", "/usr/bin/d"), QStringLiteral("none"));
+    EXPECT_EQ(name("", ""), QStringLiteral("none"));
+}
+
+TEST_F(DesktopEntriesTest, theId_countsWhateverItsCase) {
+    install(QStringLiteral("shared/applications/org.example.Notes.desktop"), "Name=Notes\n");
+    EXPECT_EQ(name("ORG.example.notes"), QStringLiteral("Notes"));
+    install(QStringLiteral("shared/applications/vendor/tool.desktop"), "Name=Tool\n");
+    clock.advance(std::chrono::minutes(1));
+    EXPECT_EQ(name("vendor-tool"), QStringLiteral("Tool"));
+}
+
+TEST_F(DesktopEntriesTest, theMoreTellingClass_isAskedFirst) {
+    install(QStringLiteral("shared/applications/browser.desktop"), "Name=Browser\nStartupWMClass=Browser\n");
+    install(QStringLiteral("home/applications/chat.desktop"), "Name=Chat\nStartupWMClass=crx_chat\n");
+    EXPECT_EQ(name({QStringLiteral("crx_chat"), QStringLiteral("Browser")}), QStringLiteral("Chat"));
+    EXPECT_EQ(name({QStringLiteral("crx_else"), QStringLiteral("Browser")}), QStringLiteral("Browser"));
+}
+
+TEST_F(DesktopEntriesTest, theUsersLanguage_isTakenWithItsFallbacks) {
+    install(QStringLiteral("shared/applications/a.desktop"),
+            "Name=Files\nName[de]=Dateien\nName[de_AT]=Akten\n");
+    install(QStringLiteral("shared/applications/b.desktop"),
+            "Name=Files\nName[de]=Dateien\nName[fr]=Fichiers\n");
+    install(QStringLiteral("shared/applications/c.desktop"), "Name=Files\nName[fr]=Fichiers\n");
+    EXPECT_EQ(name("a"), QStringLiteral("Akten"));
+    EXPECT_EQ(name("b"), QStringLiteral("Dateien"));
+    EXPECT_EQ(name("c"), QStringLiteral("Files"));
+}
+
+TEST_F(DesktopEntriesTest, theUsersOwnEntry_standsForTheSharedOne) {
+    install(QStringLiteral("shared/applications/a.desktop"), "Name=Shared\nExec=a\n");
+    install(QStringLiteral("home/applications/a.desktop"), "Name=Own\nExec=a\n");
+    EXPECT_EQ(name("a"), QStringLiteral("Own"));
+    EXPECT_EQ(name("", "/usr/bin/a"), QStringLiteral("Own"));
+}
+
+TEST_F(DesktopEntriesTest, anEntryShownInMenus_comesBeforeAHiddenOne) {
+    install(QStringLiteral("shared/applications/a.desktop"),
+            "Name=Settings of it\nExec=it --set\nNoDisplay=true\n");
+    install(QStringLiteral("shared/applications/b.desktop"), "Name=It\nExec=it\n");
+    EXPECT_EQ(name("", "/usr/bin/it"), QStringLiteral("It"));
+}
+
+TEST_F(DesktopEntriesTest, theProgram_isFoundBehindWhatComesBeforeIt) {
+    install(QStringLiteral("shared/applications/a.desktop"),
+            "Name=A\nExec=env LANG=C \"/opt/my apps/a\" %f\n");
+    install(QStringLiteral("shared/applications/b.desktop"), "Name=B\nExec=sh -c 'b'\nTryExec=/usr/bin/b\n");
+    EXPECT_EQ(name("", "/opt/my apps/a"), QStringLiteral("A"));
+    EXPECT_EQ(name("", "/usr/bin/b"), QStringLiteral("B"));
+}
+
+TEST_F(DesktopEntriesTest, interpretersAndTerminals_nameNobodysWindow) {
+    install(QStringLiteral("shared/applications/a.desktop"), "Name=Python\nExec=/usr/bin/python3.11\n");
+    install(QStringLiteral("shared/applications/b.desktop"), "Name=Vim\nExec=vim %F\nTerminal=true\n");
+    EXPECT_EQ(name("", "/usr/bin/python3.11"), QStringLiteral("none"));
+    EXPECT_EQ(name("", "/usr/bin/vim"), QStringLiteral("none"));
+}
+
+TEST_F(DesktopEntriesTest, damagedEntries_doNoHarm) {
+    install(QStringLiteral("shared/applications/a.desktop"), "Name\n=x\n[Other]\nName=Not this\n");
+    install(QStringLiteral("shared/applications/b.desktop"), "Type=Link\nName=Link\n");
+    install(QStringLiteral("shared/applications/c.desktop"), "Name=Two\\slines\\nhere \xff\nName=Second\n");
+    EXPECT_EQ(name("a"), QStringLiteral("none"));
+    EXPECT_EQ(name("b"), QStringLiteral("none"));
+    EXPECT_EQ(name("c"), QStringLiteral("Two lines here \uFFFD"));
+}
+
+TEST_F(DesktopEntriesTest, aProgramInstalledLater_isFoundAfterAWhile) {
+    QDir().mkpath(folder.path() + QStringLiteral("/shared/applications"));
+    EXPECT_EQ(name("a"), QStringLiteral("none"));
+    install(QStringLiteral("shared/applications/a.desktop"), "Name=New\n");
+    EXPECT_EQ(name("a"), QStringLiteral("none"));
+    clock.advance(std::chrono::seconds(31));
+    EXPECT_EQ(name("a"), QStringLiteral("New"));
+}
+
+TEST_F(DesktopEntriesTest, aQuestionAnsweredOnce_needsNoDisk) {
+    install(QStringLiteral("shared/applications/a.desktop"), "Name=A\n");
+    EXPECT_EQ(name("a"), QStringLiteral("A"));
+    QDir(folder.path() + QStringLiteral("/shared")).removeRecursively();
+    clock.advance(std::chrono::hours(1));
+    EXPECT_EQ(name("a"), QStringLiteral("A"));
+}
+
+TEST(DesktopEntriesPlaces, aLocale_givesItsSuffixesBestFirst) {
+    const auto languages = [](const char* locale) {
+        return DesktopEntries::Places::languagesOfLocale(QLatin1String(locale)).join(u' ');
+    };
+    EXPECT_EQ(languages("sr_RS.UTF-8@latin"), QStringLiteral("sr_RS@latin sr_RS sr@latin sr"));
+    EXPECT_EQ(languages("de"), QStringLiteral("de"));
+    EXPECT_EQ(languages("C.UTF-8"), QString());
+    EXPECT_EQ(languages(""), QString());
+}
+
+} // namespace
