@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11ClientProcess.h"
+
+#include <QFile>
+#include <QSysInfo>
+
+namespace {
+
+// Names with and without the domain mean the same machine.
+bool isThisMachine(const QByteArray& machine) {
+    static const QByteArray kOwn = QSysInfo::machineHostName().toUtf8().split('.').first().toLower();
+    return machine.isEmpty() || machine == "localhost" || machine.split('.').first().toLower() == kOwn;
+}
+
+} // namespace
+
+std::int64_t X11ClientProcess::identifier() const {
+    // A number from elsewhere means another process here, and at the other end of the socket is then only
+    // what carries the connection.
+    if (isThisMachine(machine)) {
+        if (stated)
+            return *stated;
+        if (connected)
+            return *connected;
+    }
+    return -std::int64_t(client);
+}
+
+QString x11ExecutableOf(std::int64_t processIdentifier) {
+    if (processIdentifier <= 0)
+        return {};
+    QString path = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(processIdentifier));
+    // A program that was updated while it runs.
+    if (path.endsWith(u" (deleted)"))
+        path.chop(10);
+    return path;
+}

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Result.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/SystemLog.h"
+#include "platform/x11/X11Atoms.h"
+
+#include <QByteArray>
+#include <QSocketNotifier>
+
+#include <xcb/screensaver.h>
+
+#include <cstdlib>
+#include <deque>
+#include <memory>
+#include <optional>
+
+struct X11Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+// A reply or an event, as xcb hands it out.
+template<class Reply>
+using X11Owned = std::unique_ptr<Reply, X11Free>;
+
+// A connection of our own to an X server. Requests are sent without waiting and their replies handed to
+// whoever asked, so that the event loop never stands still for the server. When the server goes, the
+// connection is lost, which is a normal state: it tries again, ever less often, until the server is back.
+// Main thread only.
+class X11Connection {
+public:
+    // What its one user is told. All may be empty. None may destroy the connection.
+    struct Handlers {
+        // A server has been reached anew; all that was known of the last one is void.
+        std::function<void()> connected;
+        std::function<void()> lost;
+        // An event, also one that is an error.
+        std::function<void(const xcb_generic_event_t& event)> event;
+        // What had arrived has been handed out: the time to look at the whole, and to ask for more.
+        std::function<void()> settled;
+    };
+
+    // Gets the reply, or null when the server refused: the window in question may be gone.
+    using ReplyHandler = std::function<void(const void* reply)>;
+
+    // `display` is a display name such as ":0"; empty for that of the environment. `runLoop` and `log`
+    // outlive it.
+    static Result<std::unique_ptr<X11Connection>> tryConnect(const QByteArray& display, RunLoop& runLoop,
+                                                             SystemLog& log);
+    ~X11Connection();
+    X11Connection(const X11Connection&) = delete;
+    X11Connection& operator=(const X11Connection&) = delete;
+
+    void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
+
+    bool isAlive() const { return m_connection != nullptr; }
+
+    // For sending requests. REQUIRES: isAlive().
+    xcb_connection_t* xcb() const { return m_connection.get(); }
+
+    xcb_window_t root() const { return m_root; }
+
+    xcb_atom_t atom(X11Atom atom) const { return m_atoms[atom]; }
+
+    // Which bits of a window's number name its client.
+    quint32 clientMask() const;
+    const xcb_query_extension_reply_t* extension(xcb_extension_t& extension) const;
+
+    // Hands the reply to a request just sent to `handler`, which is dropped when the connection is lost.
+    void expect(unsigned sequence, ReplyHandler handler);
+    // Sends what was asked. Called by itself after `settled`.
+    void flush();
+    // Waits until everything asked has been answered and handed out, so that a start is complete; gives up on
+    // a server that does not answer.
+    void awaitReplies();
+    // Waits for the reply to a request just sent; null when there is none.
+    X11Owned<void> wait(unsigned sequence);
+
+    // How often requests with replies went out together, since the beginning. For benchmarks.
+    quint64 roundTrips() const { return m_roundTrips; }
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+
+    struct Expected {
+        unsigned sequence;
+        ReplyHandler handler;
+    };
+
+    X11Connection(QByteArray display, RunLoop& runLoop, SystemLog& log);
+    // Answers why it failed.
+    std::optional<QString> connect();
+    bool internAtoms();
+    void dispatch();
+    bool handOutReplies();
+    bool handOutEvents();
+    void lose();
+    void scheduleRetry();
+    void retry();
+
+    QByteArray m_display;
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    Handlers m_handlers;
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    xcb_window_t m_root = 0;
+    X11Atoms m_atoms;
+    // In the order in which they were sent.
+    std::deque<Expected> m_expected;
+    // Arrived while a reply was waited for.
+    std::deque<X11Owned<xcb_generic_event_t>> m_arrived;
+    std::unique_ptr<RunLoopTimer> m_soon;
+    std::unique_ptr<RunLoopTimer> m_retry;
+    std::chrono::nanoseconds m_retryDelay;
+    quint64 m_roundTrips = 0;
+    bool m_hasUnsentQuestions = false;
+    bool m_isDispatching = false;
+};

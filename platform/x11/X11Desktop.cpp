@@ -1,0 +1,341 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11Desktop.h"
+
+#include <algorithm>
+#include <unistd.h>
+
+namespace {
+
+// Window managers say "nothing" for a moment between two windows.
+constexpr std::chrono::milliseconds kEmptyMoment{100};
+// In units of 4 bytes.
+constexpr quint32 kMostWindows = 16384;
+
+int layerOf(X11Window::Kind kind) {
+    switch (kind) {
+    case X11Window::Kind::Ordinary:
+        return 0;
+    case X11Window::Kind::Dock:
+        return 20;
+    case X11Window::Kind::Desktop:
+        return -1000;
+    case X11Window::Kind::Other:
+        break;
+    }
+    return 10;
+}
+
+const ApplicationRecord& nothingInFront() {
+    static const ApplicationRecord kDesktop{kDesktopName, {}, 0};
+    return kDesktop;
+}
+
+std::vector<xcb_window_t> windowsOf(const void* reply) {
+    const auto* property = static_cast<const xcb_get_property_reply_t*>(reply);
+    if (!property || property->format != 32)
+        return {};
+    const auto* windows = static_cast<const xcb_window_t*>(xcb_get_property_value(property));
+    return {windows, windows + std::size_t(xcb_get_property_value_length(property)) / sizeof(xcb_window_t)};
+}
+
+xcb_window_t firstWindowOf(const void* reply) {
+    const auto windows = windowsOf(reply);
+    return windows.empty() ? xcb_window_t(0) : windows.front();
+}
+
+} // namespace
+
+Result<std::unique_ptr<X11Desktop>> X11Desktop::open(const QByteArray& display, RunLoop& runLoop,
+                                                     SystemLog& log, DesktopEntries& entries) {
+    auto connection = X11Connection::tryConnect(display, runLoop, log);
+    if (!connection)
+        return connection.failure();
+    std::unique_ptr<X11Desktop> desktop(new X11Desktop(std::move(*connection), runLoop, entries));
+    desktop->begin();
+    desktop->m_connection->awaitReplies();
+    return desktop;
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, DesktopEntries& entries)
+    : m_connection(std::move(connection))
+    , m_runLoop(runLoop)
+    , m_desktopEntries(entries)
+    , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); }) {
+    m_connection->setHandlers({[this] { begin(); }, [this] { end(); },
+                               [this](const xcb_generic_event_t& event) { takeIn(event); },
+                               [this] { settle(); }});
+}
+
+bool X11Desktop::installSwitchHandler(std::function<void()> handler) {
+    m_handler = std::move(handler);
+    return true;
+}
+
+QString X11Desktop::bundleName(const QString& path) const {
+    return m_desktopEntries.nameForExecutable(path).value_or(path.mid(path.lastIndexOf(u'/') + 1));
+}
+
+QString X11Desktop::describe() const {
+    if (!m_connection->isAlive())
+        return QStringLiteral("X11: the server is gone");
+    return m_manager
+               ? QStringLiteral("X11: the window manager tells of the windows")
+               : QStringLiteral("X11: no window manager tells of the windows; following the input focus");
+}
+
+void X11Desktop::begin() {
+    selectOnRoot();
+    m_isManagerUnasked = true;
+    settle();
+    m_connection->flush();
+}
+
+void X11Desktop::end() {
+    m_emptyTimer.reset();
+    m_clients.clear();
+    m_frontToBack.clear();
+    m_entries.clear();
+    m_manager = m_activeWindow = m_frontWindow = 0;
+    const bool wasTold = std::exchange(m_front, std::nullopt).has_value();
+    if (m_lostHandler)
+        m_lostHandler();
+    if (wasTold)
+        tellOfSwitch();
+}
+
+void X11Desktop::selectOnRoot() {
+    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE | (m_manager ? 0 : XCB_EVENT_MASK_FOCUS_CHANGE);
+    xcb_change_window_attributes(m_connection->xcb(), m_connection->root(), XCB_CW_EVENT_MASK, &mask);
+}
+
+void X11Desktop::takeIn(const xcb_generic_event_t& event) {
+    const int type = event.response_type & 0x7F;
+    if (type == XCB_PROPERTY_NOTIFY) {
+        takeInPropertyChange(reinterpret_cast<const xcb_property_notify_event_t&>(event));
+    } else if (type == XCB_DESTROY_NOTIFY &&
+               reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == m_manager) {
+        m_isManagerUnasked = true;
+    } else if (!m_manager && X11FocusWindow::isAboutFocus(event)) {
+        m_isActiveUnasked = true;
+    }
+    // An error means that a window has gone in the meantime, of which the window manager tells as well.
+}
+
+void X11Desktop::takeInPropertyChange(const xcb_property_notify_event_t& event) {
+    if (event.window == m_connection->root()) {
+        if (event.atom == m_connection->atom(X11Atom::NetActiveWindow))
+            m_isActiveUnasked = true;
+        else if (event.atom == m_connection->atom(X11Atom::NetClientListStacking) ||
+                 event.atom == m_connection->atom(X11Atom::NetClientList))
+            m_areWindowsUnasked = true;
+        else if (event.atom == m_connection->atom(X11Atom::NetSupportingWmCheck))
+            m_isManagerUnasked = true;
+        return;
+    }
+    const auto found = m_clients.find(event.window);
+    if (found == m_clients.end())
+        return;
+    if (const auto fact = X11Window::factOf(event.atom, *m_connection))
+        found->second.window.mayHaveChanged(*fact);
+}
+
+void X11Desktop::settle() {
+    if (!m_connection->isAlive())
+        return;
+    if (std::exchange(m_isManagerUnasked, false))
+        askForManager();
+    if (std::exchange(m_isActiveUnasked, false))
+        askForActiveWindow();
+    if (std::exchange(m_areWindowsUnasked, false))
+        askForWindows();
+    for (auto& [number, client] : m_clients) {
+        if (client.window.hasQuestions())
+            askWindow(client);
+    }
+    updateFront();
+}
+
+void X11Desktop::askRoot(X11Atom property, quint32 length, X11Connection::ReplyHandler handler) {
+    const auto cookie = xcb_get_property(m_connection->xcb(), 0, m_connection->root(),
+                                         m_connection->atom(property), XCB_ATOM_WINDOW, 0, length);
+    m_connection->expect(cookie.sequence, std::move(handler));
+}
+
+void X11Desktop::askForManager() {
+    askRoot(X11Atom::NetSupportingWmCheck, 1, [this](const void* reply) {
+        const xcb_window_t manager = firstWindowOf(reply);
+        if (!manager) {
+            takeInManager(manager, false);
+            return;
+        }
+        const quint32 mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_connection->xcb(), manager, XCB_CW_EVENT_MASK, &mask);
+        const auto cookie =
+            xcb_get_property(m_connection->xcb(), 0, manager,
+                             m_connection->atom(X11Atom::NetSupportingWmCheck), XCB_ATOM_WINDOW, 0, 1);
+        // EWMH: a window manager that died leaves its mark on the root, but not the window that it names.
+        m_connection->expect(cookie.sequence, [this, manager](const void* answer) {
+            takeInManager(manager, firstWindowOf(answer) == manager);
+        });
+    });
+}
+
+void X11Desktop::takeInManager(xcb_window_t manager, bool isThere) {
+    m_manager = isThere ? manager : 0;
+    selectOnRoot();
+    m_isActiveUnasked = true;
+    m_areWindowsUnasked = isThere;
+}
+
+void X11Desktop::askForActiveWindow() {
+    if (!m_manager) {
+        m_focus.look();
+        return;
+    }
+    askRoot(X11Atom::NetActiveWindow, 1,
+            [this](const void* reply) { m_activeWindow = firstWindowOf(reply); });
+}
+
+void X11Desktop::askForWindows() {
+    if (!m_manager)
+        return;
+    const auto stacking = std::make_shared<std::vector<xcb_window_t>>();
+    askRoot(X11Atom::NetClientListStacking, kMostWindows,
+            [stacking](const void* reply) { *stacking = windowsOf(reply); });
+    askRoot(X11Atom::NetClientList, kMostWindows, [this, stacking](const void* reply) {
+        std::vector<xcb_window_t> windows = stacking->empty() ? windowsOf(reply) : std::move(*stacking);
+        std::ranges::reverse(windows);
+        takeInWindows(std::move(windows));
+    });
+}
+
+void X11Desktop::takeInWindows(std::vector<xcb_window_t> frontToBack) {
+    const quint32 mask = m_manager ? quint32(XCB_EVENT_MASK_PROPERTY_CHANGE) : X11FocusWindow::kEventMask;
+    for (const xcb_window_t window : frontToBack) {
+        if (m_clients.try_emplace(window, window).second)
+            // Before anything is asked: what changes in between must not be missed.
+            xcb_change_window_attributes(m_connection->xcb(), window, XCB_CW_EVENT_MASK, &mask);
+    }
+    if (m_clients.size() > frontToBack.size()) {
+        std::vector<xcb_window_t> sorted = frontToBack;
+        std::ranges::sort(sorted);
+        std::erase_if(m_clients,
+                      [&](const auto& client) { return !std::ranges::binary_search(sorted, client.first); });
+    }
+    m_frontToBack = std::move(frontToBack);
+    m_areEntriesStale = true;
+}
+
+void X11Desktop::takeInFocus(xcb_window_t window) {
+    if (m_manager)
+        return;
+    m_activeWindow = window;
+    takeInWindows(window ? std::vector{window} : std::vector<xcb_window_t>());
+}
+
+void X11Desktop::askWindow(Client& client) {
+    client.window.ask(*m_connection, [&](X11Window::Fact fact, unsigned sequence) {
+        m_connection->expect(sequence, [this, fact, window = client.window.number()](const void* reply) {
+            takeInFact(window, fact, reply);
+        });
+    });
+}
+
+void X11Desktop::takeInFact(xcb_window_t window, X11Window::Fact fact, const void* reply) {
+    const auto found = m_clients.find(window);
+    if (found == m_clients.end())
+        return;
+    Client& client = found->second;
+    const bool wasKnown = client.window.isKnown();
+    const bool isDifferent = client.window.takeIn(fact, reply, *m_connection);
+    if (!client.window.isKnown() || (wasKnown && !isDifferent))
+        return;
+    m_areEntriesStale = true;
+    if (!wasKnown || X11Window::isAboutProgram(fact))
+        client.application = applicationOf(client.window);
+}
+
+const X11Desktop::Client* X11Desktop::client(xcb_window_t window) const {
+    const auto found = m_clients.find(window);
+    return found == m_clients.end() ? nullptr : &found->second;
+}
+
+ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
+    ApplicationRecord application;
+    application.processIdentifier = window.process().identifier();
+    application.path = x11ExecutableOf(application.processIdentifier);
+    if (application.processIdentifier == ::getpid())
+        application.name = kOwnName;
+    else if (const auto name = m_desktopEntries.nameForWindow(window.classes(), application.path))
+        application.name = *name;
+    else if (!window.classes().isEmpty())
+        application.name = window.classes().last();
+    else
+        application.name = application.path.mid(application.path.lastIndexOf(u'/') + 1);
+    return application;
+}
+
+bool X11Desktop::isInFront(const Client& client) const {
+    return !client.window.isHidden() && client.window.kind() != X11Window::Kind::Desktop;
+}
+
+void X11Desktop::updateFront() {
+    const Client* active = client(m_activeWindow);
+    // It is told when it can be told whole, its title included.
+    if (active && !active->window.isKnown()) {
+        m_emptyTimer.reset();
+        return;
+    }
+    if (active && isInFront(*active)) {
+        m_emptyTimer.reset();
+        bringToFront(m_activeWindow, active->application);
+    } else if (active && active->window.kind() == X11Window::Kind::Desktop) {
+        m_emptyTimer.reset();
+        bringToFront(XCB_WINDOW_NONE, nothingInFront());
+    } else if (m_front != nothingInFront() && !m_emptyTimer) {
+        // EWMH: the active window may be gone already. Nothing has the focus then: the desktop itself is in
+        // front, or the last application would be credited for it.
+        m_emptyTimer = m_runLoop.scheduleOnce(kEmptyMoment, [this] {
+            m_emptyTimer.reset();
+            bringToFront(XCB_WINDOW_NONE, nothingInFront());
+        });
+    }
+    if (m_areEntriesStale)
+        updateEntries();
+}
+
+void X11Desktop::bringToFront(xcb_window_t window, const ApplicationRecord& application) {
+    m_areEntriesStale |= m_frontWindow != window;
+    m_frontWindow = window;
+    const bool isSwitch = m_front != application;
+    if (isSwitch)
+        m_front = application;
+    if (m_areEntriesStale)
+        updateEntries();
+    if (isSwitch)
+        tellOfSwitch();
+}
+
+void X11Desktop::tellOfSwitch() {
+    // A copy, because the handler may install another one.
+    if (const std::function<void()> handler = m_handler)
+        handler();
+}
+
+void X11Desktop::updateEntries() {
+    m_areEntriesStale = false;
+    m_entries.clear();
+    const auto add = [this](xcb_window_t number) {
+        const Client* added = client(number);
+        if (!added || !added->window.isKnown() || added->window.isHidden())
+            return;
+        m_entries.push_back({number, added->application.processIdentifier, layerOf(added->window.kind()),
+                             added->window.title(), added->application.name});
+    };
+    // What has the focus is in front even where it is not raised.
+    add(m_frontWindow);
+    for (const xcb_window_t window : m_frontToBack) {
+        if (window != m_frontWindow)
+            add(window);
+    }
+}

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/WindowList.h"
+#include "platform/foundation/DesktopEntries.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11FocusWindow.h"
+#include "platform/x11/X11Window.h"
+
+#include <unordered_map>
+
+// The windows of an X desktop and the application in front, as the window manager tells them (EWMH), or where
+// there is none, as the input focus tells. Everything is kept current by the server's events: a question is
+// answered from memory. Main thread only.
+class X11Desktop : public WindowList, public FrontApplication {
+public:
+    // `display` is a display name; empty for that of the environment. Its answers are there when it returns.
+    // The others outlive the desktop.
+    static Result<std::unique_ptr<X11Desktop>> open(const QByteArray& display, RunLoop& runLoop,
+                                                    SystemLog& log, DesktopEntries& entries);
+
+    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
+
+    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
+
+    bool installSwitchHandler(std::function<void()> handler) override;
+    QString bundleName(const QString& path) const override;
+    QString describe() const override;
+
+    // Called when the server has gone; the answers are empty then, and come back when it does.
+    void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }
+
+    // For others that ask the same server. Lives as long as this.
+    X11Connection& connection() { return *m_connection; }
+
+    quint64 roundTrips() const { return m_connection->roundTrips(); }
+
+private:
+    struct Client {
+        explicit Client(xcb_window_t number)
+            : window(number) {}
+
+        X11Window window;
+        // Made when the window is known, and anew when it says something else of its program.
+        ApplicationRecord application;
+    };
+
+    X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, DesktopEntries& entries);
+    void begin();
+    void end();
+    void selectOnRoot();
+    void takeIn(const xcb_generic_event_t& event);
+    void takeInPropertyChange(const xcb_property_notify_event_t& event);
+    void settle();
+
+    void askRoot(X11Atom property, quint32 length, X11Connection::ReplyHandler handler);
+    void askForManager();
+    void takeInManager(xcb_window_t manager, bool isThere);
+    void askForActiveWindow();
+    void askForWindows();
+    void takeInWindows(std::vector<xcb_window_t> frontToBack);
+    void takeInFocus(xcb_window_t window);
+    void askWindow(Client& client);
+    void takeInFact(xcb_window_t window, X11Window::Fact fact, const void* reply);
+
+    const Client* client(xcb_window_t window) const;
+    ApplicationRecord applicationOf(const X11Window& window) const;
+    bool isInFront(const Client& client) const;
+    void updateFront();
+    void bringToFront(xcb_window_t window, const ApplicationRecord& application);
+    void tellOfSwitch();
+    void updateEntries();
+
+    std::unique_ptr<X11Connection> m_connection;
+    RunLoop& m_runLoop;
+    DesktopEntries& m_desktopEntries;
+    X11FocusWindow m_focus;
+    std::function<void()> m_handler;
+    std::function<void()> m_lostHandler;
+
+    std::unordered_map<xcb_window_t, Client> m_clients;
+    std::vector<xcb_window_t> m_frontToBack;
+    // The window that the window manager answers with; 0 where there is none.
+    xcb_window_t m_manager = 0;
+    xcb_window_t m_activeWindow = 0;
+    // The active window when the front application was last told.
+    xcb_window_t m_frontWindow = 0;
+    // Runs while nothing is in front and nobody has been told.
+    std::unique_ptr<RunLoopTimer> m_emptyTimer;
+    bool m_isManagerUnasked = false;
+    bool m_isActiveUnasked = false;
+    bool m_areWindowsUnasked = false;
+    bool m_areEntriesStale = false;
+
+    std::optional<ApplicationRecord> m_front;
+    std::vector<WindowListEntry> m_entries;
+};

@@ -1,0 +1,368 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/X11Scene.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+XWindowLook editor(const QByteArray& title) {
+    return {.title = title, .instanceName = "editor", .className = "Editor"};
+}
+
+XWindowLook mail(const QByteArray& title) {
+    return {.title = title, .instanceName = "mail", .className = "Mail"};
+}
+
+class X11DesktopUnder : public testing::TestWithParam<const char*> {
+protected:
+    X11Scene scene{QString::fromLatin1(GetParam())};
+};
+
+INSTANTIATE_TEST_SUITE_P(X11Desktop, X11DesktopUnder, testing::Values("openbox", "icewm", "metacity"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(X11DesktopUnder, twoPrograms_takeTurnsInFront) {
+    XClient first(scene.desk);
+    XClient second(scene.desk);
+    const xcb_window_t page = first.open(editor("A page"));
+    const xcb_window_t letter = second.open(mail("A letter"));
+    first.activate(page);
+    EXPECT_SEEN(scene, "Editor: A page");
+    EXPECT_EQ(scene.desktop->activeApplication()->processIdentifier, first.processIdentifier());
+    EXPECT_EQ(scene.frontWindow()->number, page);
+    scene.switches.clear();
+    second.activate(letter);
+    EXPECT_SEEN(scene, "Mail: A letter");
+    first.activate(page);
+    EXPECT_SEEN(scene, "Editor: A page");
+    EXPECT_EQ(scene.switches, QStringList({QStringLiteral("Mail"), QStringLiteral("Editor")}));
+}
+
+TEST_P(X11DesktopUnder, twoWindowsOfOneProgram_areToldApart) {
+    XClient client(scene.desk);
+    const xcb_window_t first = client.open(editor("First"));
+    const xcb_window_t second = client.open(editor("Second"));
+    client.activate(first);
+    EXPECT_SEEN(scene, "Editor: First");
+    scene.switches.clear();
+    client.activate(second);
+    EXPECT_SEEN(scene, "Editor: Second");
+    EXPECT_EQ(scene.frontWindow()->number, second);
+    EXPECT_EQ(scene.switches, QStringList());
+}
+
+TEST_P(X11DesktopUnder, aNewTitle_isSeenOnTheSameWindow) {
+    XClient client(scene.desk);
+    const xcb_window_t window = client.open(editor("Old"));
+    client.activate(window);
+    EXPECT_SEEN(scene, "Editor: Old");
+    client.setTitle(window, "Neu: ünï € 漢");
+    EXPECT_SEEN(scene, "Editor: Neu: ünï € 漢");
+    EXPECT_EQ(scene.frontWindow()->number, window);
+}
+
+TEST_P(X11DesktopUnder, theLastWindowClosed_leavesTheDesktop) {
+    XClient client(scene.desk);
+    const xcb_window_t window = client.open(editor("Page"));
+    client.activate(window);
+    EXPECT_SEEN(scene, "Editor: Page");
+    client.destroy(window);
+    EXPECT_SEEN(scene, "Desktop: none");
+}
+
+TEST_P(X11DesktopUnder, aProgramThatDiesInFront_leavesTheDesktop) {
+    XClient client(scene.desk);
+    client.activate(client.open(editor("Page")));
+    EXPECT_SEEN(scene, "Editor: Page");
+    client.die();
+    EXPECT_SEEN(scene, "Desktop: none");
+    EXPECT_TRUE(scene.desktop->onScreenWindows().empty());
+}
+
+TEST_P(X11DesktopUnder, theOnlyWindowMinimised_leavesTheDesktopAndComesBack) {
+    XClient client(scene.desk);
+    const xcb_window_t window = client.open(editor("Page"));
+    client.activate(window);
+    EXPECT_SEEN(scene, "Editor: Page");
+    client.minimise(window);
+    EXPECT_SEEN(scene, "Desktop: none");
+    client.activate(window);
+    EXPECT_SEEN(scene, "Editor: Page");
+}
+
+TEST_P(X11DesktopUnder, theFrontWindowMinimised_givesWayToTheNext) {
+    XClient first(scene.desk);
+    XClient second(scene.desk);
+    const xcb_window_t page = first.open(editor("A page"));
+    const xcb_window_t letter = second.open(mail("A letter"));
+    first.activate(page);
+    EXPECT_SEEN(scene, "Editor: A page");
+    second.activate(letter);
+    EXPECT_SEEN(scene, "Mail: A letter");
+    second.minimise(letter);
+    EXPECT_SEEN(scene, "Editor: A page");
+}
+
+class X11DesktopTest : public testing::Test {
+protected:
+    X11Scene scene;
+    XClient client{scene.desk};
+
+    xcb_window_t openInFront(const XWindowLook& look) {
+        const xcb_window_t window = client.open(look);
+        client.activate(window);
+        return window;
+    }
+};
+
+TEST_F(X11DesktopTest, aWindowWithoutProcessNumber_isKnownByItsConnection) {
+    XWindowLook look = editor("Page");
+    look.hasProcessIdentifier = false;
+    openInFront(look);
+    EXPECT_SEEN(scene, "Editor: Page");
+    EXPECT_EQ(scene.desktop->activeApplication()->processIdentifier, client.processIdentifier());
+}
+
+TEST_F(X11DesktopTest, aProgramOfAnotherMachine_hasANumberOfItsOwnForAllItsWindows) {
+    const xcb_window_t first = openInFront(editor("First"));
+    EXPECT_SEEN(scene, "Editor: First");
+    client.setText(first, "WM_CLIENT_MACHINE", "STRING", "elsewhere.example");
+    ASSERT_TRUE(waitFor([&] { return scene.desktop->activeApplication()->processIdentifier < 0; }));
+    const std::int64_t number = scene.desktop->activeApplication()->processIdentifier;
+    EXPECT_EQ(scene.desktop->activeApplication()->path, QString());
+    EXPECT_SEEN(scene, "Editor: First");
+    const xcb_window_t second = client.open({.title = "Second", .isMapped = false});
+    client.setText(second, "WM_CLIENT_MACHINE", "STRING", "elsewhere.example");
+    client.map(second);
+    client.activate(second);
+    EXPECT_SEEN(scene, "Client: Second");
+    EXPECT_EQ(scene.desktop->activeApplication()->processIdentifier, number);
+}
+
+TEST_F(X11DesktopTest, theRecord_namesTheExecutable) {
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    EXPECT_EQ(scene.desktop->activeApplication()->path,
+              QFileInfo(QStringLiteral(TICKLOG_BINARY_DIR "/x-client")).canonicalFilePath());
+}
+
+TEST_F(X11DesktopTest, aWindowWithoutTitle_hasNone) {
+    openInFront(editor({}));
+    EXPECT_SEEN(scene, "Editor: (untitled)");
+}
+
+TEST_F(X11DesktopTest, aVeryLongTitle_isCut) {
+    openInFront(editor(QByteArray(10000, 'x')));
+    ASSERT_TRUE(waitFor([&] { return scene.frontTitle().startsWith(u"xxx"); }));
+    EXPECT_EQ(scene.frontTitle().size(), 4096);
+}
+
+TEST_F(X11DesktopTest, invalidUtf8AndLineBreaks_areReplaced) {
+    openInFront(editor("a\xff"
+                       "b\nc"));
+    EXPECT_SEEN(scene, "Editor: a\uFFFD"
+                       "b c");
+}
+
+TEST_F(X11DesktopTest, aTitleOfTheOldType_isReadAsLatin1) {
+    const xcb_window_t window = openInFront(editor("Page"));
+    client.setText(window, "_NET_WM_NAME", "STRING", "M\xfcller");
+    EXPECT_SEEN(scene, "Editor: Müller");
+}
+
+TEST_F(X11DesktopTest, aPlainTitle_standsInForTheOther) {
+    XWindowLook look = editor({});
+    look.plainTitle = "M\xfcller";
+    const xcb_window_t window = openInFront(look);
+    EXPECT_SEEN(scene, "Editor: Müller");
+    client.setText(window, "WM_NAME", "COMPOUND_TEXT", "M\xfcller \x1b%G\xe6\xbc\xa2\x1b%@ kun");
+    EXPECT_SEEN(scene, "Editor: Müller 漢 kun");
+    client.setText(window, "_NET_WM_NAME", "UTF8_STRING", "Better");
+    EXPECT_SEEN(scene, "Editor: Better");
+    client.removeProperty(window, "_NET_WM_NAME");
+    EXPECT_SEEN(scene, "Editor: Müller 漢 kun");
+}
+
+TEST_F(X11DesktopTest, aTerminalThatHasSetNoTitle_isSeen) {
+    const auto terminal =
+        scene.desk.start(QStringLiteral("xterm"), {QStringLiteral("-T"), QStringLiteral("shell"),
+                                                   QStringLiteral("-e"), QStringLiteral("cat")});
+    ASSERT_NE(scene.desk.waitForWindow(*terminal), 0U);
+    EXPECT_SEEN(scene, "XTerm: shell");
+    EXPECT_EQ(scene.desktop->activeApplication()->processIdentifier, terminal->processIdentifier());
+}
+
+TEST_F(X11DesktopTest, aMomentWithoutFrontWindow_isNotTold) {
+    const xcb_window_t window = openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    scene.switches.clear();
+    for (int i = 0; i < 5; ++i) {
+        client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {0});
+        client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {window});
+        turnEventLoopFor(std::chrono::milliseconds(30));
+        EXPECT_EQ(scene.seen(), QStringLiteral("Editor: Page"));
+    }
+    turnEventLoopFor(std::chrono::milliseconds(150));
+    EXPECT_EQ(scene.switches, QStringList());
+}
+
+TEST_F(X11DesktopTest, aFrontWindowThatNobodyKnows_isTheDesktop) {
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {0x7654321});
+    EXPECT_SEEN(scene, "Desktop: none");
+}
+
+TEST_F(X11DesktopTest, focusWithoutRaise_isCreditedToTheFocusedWindow) {
+    const xcb_window_t below = client.open(editor("Below"));
+    const xcb_window_t above = client.open(editor("Above"));
+    client.activate(above);
+    EXPECT_SEEN(scene, "Editor: Above");
+    client.focus(below);
+    EXPECT_SEEN(scene, "Editor: Below");
+    EXPECT_EQ(scene.desktop->onScreenWindows()[1].number, above);
+}
+
+TEST_F(X11DesktopTest, aDockWithTheFocus_isInFrontWithoutAWindowOfItsOwn) {
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    XClient panel(scene.desk);
+    const xcb_window_t dock =
+        panel.open({.title = "Panel", .instanceName = "panel", .className = "Panel", .type = "DOCK"});
+    panel.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {dock});
+    EXPECT_SEEN(scene, "Panel: none");
+    EXPECT_EQ(scene.desktop->onScreenWindows()[0].layer, 20);
+}
+
+TEST_F(X11DesktopTest, aDesktopWindowWithTheFocus_isTheDesktop) {
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    XClient files(scene.desk);
+    const xcb_window_t desktop =
+        files.open({.title = "Icons", .instanceName = "files", .className = "Files", .type = "DESKTOP"});
+    files.activate(desktop);
+    EXPECT_SEEN(scene, "Desktop: none");
+    EXPECT_EQ(scene.desktop->onScreenWindows().back().layer, -1000);
+}
+
+TEST_F(X11DesktopTest, twoProgramsOfOneClass_areToldApart) {
+    XClient other(scene.desk);
+    const xcb_window_t first = openInFront(editor("First"));
+    EXPECT_SEEN(scene, "Editor: First");
+    const xcb_window_t second = other.open(editor("Second"));
+    scene.switches.clear();
+    other.activate(second);
+    EXPECT_SEEN(scene, "Editor: Second");
+    client.activate(first);
+    EXPECT_SEEN(scene, "Editor: First");
+    EXPECT_EQ(scene.switches.size(), 2);
+}
+
+TEST_F(X11DesktopTest, aWindowOfOurOwn_isAlwaysTicklog) {
+    const xcb_window_t window = openInFront(editor("Page"));
+    client.setNumbers(window, "_NET_WM_PID", "CARDINAL", {quint32(QCoreApplication::applicationPid())});
+    EXPECT_SEEN(scene, "Ticklog: Page");
+}
+
+TEST_F(X11DesktopTest, aPoll_asksTheServerNothing) {
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    turnEventLoopFor(std::chrono::milliseconds(50));
+    const quint64 before = scene.desktop->roundTrips();
+    for (int i = 0; i < 1000; ++i)
+        ASSERT_EQ(scene.seen(), QStringLiteral("Editor: Page"));
+    EXPECT_EQ(scene.desktop->roundTrips(), before);
+}
+
+TEST_F(X11DesktopTest, windowsThatAreThereBefore_areKnownAtOnce) {
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    scene.open();
+    EXPECT_EQ(scene.seen(), QStringLiteral("Editor: Page"));
+}
+
+TEST_F(X11DesktopTest, windowsThatComeAndGoQuickly_leaveNothingBehind) {
+    for (int i = 0; i < 50; ++i) {
+        const xcb_window_t window = client.open({.title = "Brief", .isMapped = false});
+        client.map(window);
+        client.setTitle(window, "Brief " + QByteArray::number(i));
+        client.destroy(window);
+    }
+    openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    EXPECT_TRUE(waitFor([&] { return scene.desktop->onScreenWindows().size() == 1; }));
+}
+
+TEST(X11DesktopConnection, aServerThatDies_leavesNoAnswersAndOneLineInTheLog) {
+    X11Scene scene(QStringLiteral("openbox"), VirtualDisplay::Number::Kept);
+    XClient client(scene.desk);
+    client.activate(client.open(editor("Page")));
+    EXPECT_SEEN(scene, "Editor: Page");
+    int lost = 0;
+    scene.desktop->setLostHandler([&] { ++lost; });
+    scene.switches.clear();
+    scene.desk.killDisplay();
+    ASSERT_TRUE(waitFor([&] { return lost > 0; }));
+    EXPECT_EQ(scene.front(), QStringLiteral("none"));
+    EXPECT_TRUE(scene.desktop->onScreenWindows().empty());
+    EXPECT_EQ(scene.switches, QStringList{QStringLiteral("none")});
+    turnEventLoopFor(std::chrono::milliseconds(600));
+    EXPECT_EQ(scene.log.lines.size(), 1);
+    scene.desk.restartDisplay();
+    XClient next(scene.desk);
+    next.activate(next.open(mail("Letter")));
+    EXPECT_SEEN(scene, "Mail: Letter");
+    EXPECT_EQ(scene.log.lines.size(), 2);
+    EXPECT_EQ(lost, 1);
+}
+
+TEST(X11DesktopConnection, aDisplayThatIsNotThere_isRefusedWithTheReason) {
+    RecordingLog log;
+    QtRunLoop runLoop(log);
+    SystemClock clock;
+    DesktopEntries entries({}, clock);
+    const auto opened = X11Desktop::open(":4242", runLoop, log, entries);
+    ASSERT_FALSE(opened);
+    EXPECT_EQ(opened.failure().text, QStringLiteral("the X display :4242 cannot be reached"));
+}
+
+TEST(X11DesktopWithoutWindowManager, theInputFocus_tellsWhatIsInFront) {
+    X11Scene scene{QString()};
+    XClient first(scene.desk);
+    XClient second(scene.desk);
+    const xcb_window_t page = first.open(editor("A page"));
+    const xcb_window_t letter = second.open(mail("A letter"));
+    first.focus(page);
+    EXPECT_SEEN(scene, "Editor: A page");
+    second.focus(letter);
+    EXPECT_SEEN(scene, "Mail: A letter");
+    second.setTitle(letter, "Another letter");
+    EXPECT_SEEN(scene, "Mail: Another letter");
+    second.die();
+    EXPECT_SEEN(scene, "Desktop: none");
+    first.focus(page);
+    EXPECT_SEEN(scene, "Editor: A page");
+}
+
+TEST(X11DesktopWithoutWindowManager, aWindowManagerThatComesAndGoes_isFollowed) {
+    X11Scene scene{QString()};
+    XClient client(scene.desk);
+    const xcb_window_t window = client.open(editor("Page"));
+    client.focus(window);
+    EXPECT_SEEN(scene, "Editor: Page");
+    const QString withoutManager = scene.desktop->describe();
+    scene.desk.startWindowManager(QStringLiteral("openbox"));
+    ASSERT_TRUE(waitFor([&] { return scene.desk.probe().isInWindowList(window); }));
+    client.activate(window);
+    EXPECT_TRUE(waitFor([&] { return scene.desktop->describe() != withoutManager; }));
+    EXPECT_SEEN(scene, "Editor: Page");
+    scene.desk.endWindowManager();
+    EXPECT_TRUE(waitFor([&] { return scene.desktop->describe() == withoutManager; }));
+    client.focus(window);
+    EXPECT_SEEN(scene, "Editor: Page");
+}
+
+} // namespace

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11IdleTime.h"
+
+#include "tests/desktop/X11Scene.h"
+#include "tests/fakes/ManualRunLoop.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class X11IdleTimeTest : public testing::Test {
+protected:
+    X11Scene scene{QStringLiteral("openbox"), VirtualDisplay::Number::Kept};
+    X11IdleTime idleTime{scene.desktop->connection(), scene.clock};
+
+    // Milliseconds; -1 when nothing is told.
+    std::int64_t idle() {
+        const IdleReading reading = idleTime.read();
+        const auto nanoseconds = reading.idleNanoseconds.asInteger();
+        return reading.state == IdleReading::State::Read && nanoseconds ? *nanoseconds / 1'000'000 : -1;
+    }
+};
+
+TEST_F(X11IdleTimeTest, withoutInput_theTimeCounts) {
+    const std::int64_t before = idle();
+    EXPECT_GE(before, 0);
+    EXPECT_TRUE(waitFor([&] { return idle() >= before + 1500; }));
+}
+
+TEST_F(X11IdleTimeTest, aKey_beginsTheCountAnew) {
+    ASSERT_TRUE(waitFor([&] { return idle() >= 2500; }));
+    ASSERT_TRUE(scene.desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("shift")}));
+    EXPECT_TRUE(waitFor([&] { return idle() < 2000; }));
+}
+
+TEST_F(X11IdleTimeTest, aSwitchOfWindows_isNoInput) {
+    XClient client(scene.desk);
+    const xcb_window_t first = client.open({.title = "First"});
+    const xcb_window_t second = client.open({.title = "Second"});
+    ASSERT_TRUE(waitFor([&] { return idle() >= 1200; }));
+    client.activate(first);
+    EXPECT_SEEN(scene, "Client: First");
+    client.activate(second);
+    EXPECT_SEEN(scene, "Client: Second");
+    EXPECT_GE(idle(), 1200);
+}
+
+TEST_F(X11IdleTimeTest, tenReadingsASecond_askOnceASecond) {
+    const quint64 before = scene.desktop->roundTrips();
+    const std::int64_t begin = idle();
+    ASSERT_TRUE(waitFor([&] { return idle() >= begin + 1500; }));
+    EXPECT_LE(scene.desktop->roundTrips() - before, 3U);
+    EXPECT_GE(scene.desktop->roundTrips() - before, 2U);
+}
+
+TEST_F(X11IdleTimeTest, eventsThatArriveWhileItAsks_areNotForgotten) {
+    XClient client(scene.desk);
+    const xcb_window_t window = client.open({.title = "Old"});
+    client.activate(window);
+    EXPECT_SEEN(scene, "Client: Old");
+    HandClock hand;
+    X11IdleTime asking(scene.desktop->connection(), hand);
+    for (int i = 0; i < 20; ++i) {
+        const QByteArray title = "New " + QByteArray::number(i);
+        client.setText(window, "_NET_WM_NAME", "UTF8_STRING", title);
+        hand.advance(std::chrono::seconds(2));
+        asking.read();
+        EXPECT_TRUE(waitFor([&] { return scene.frontTitle() == QString::fromLatin1(title); }));
+    }
+}
+
+TEST_F(X11IdleTimeTest, aServerThatDied_answersNothing) {
+    EXPECT_GE(idle(), 0);
+    scene.desk.killDisplay();
+    ASSERT_TRUE(waitFor([&] { return !scene.desktop->connection().isAlive(); }));
+    EXPECT_EQ(idleTime.read().state, IdleReading::State::NoProperties);
+    scene.desk.restartDisplay();
+    EXPECT_TRUE(waitFor([&] { return idle() >= 0; }));
+}
+
+} // namespace
