@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/TKDocumentController.h"
+
+#include "Classes/TimeDatabase.h"
+#include "interface/shell/Alerts.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QFileInfo>
+
+TKDocumentController::TKDocumentController(TimeDatabase& database, Alerts& alerts,
+                                           std::function<void()> imported)
+    : m_database(database)
+    , m_alerts(alerts)
+    , m_imported(std::move(imported)) {}
+
+void TKDocumentController::openDocumentWithContentsOfURL(const QString& location,
+                                                         const Completion& completion) {
+    const int answer =
+        m_alerts.ask({.message = localized("Replacing timers"),
+                      .informativeText = localized(
+                          "Importing timers will replace all current timers. Your current timers will "
+                          "be saved in a backup file next to the Ticklog database."),
+                      .defaultButton = localized("Cancel"),
+                      .alternateButton = localized("Replace"),
+                      .otherButton = {}});
+    if (answer != Alerts::Default) {
+        m_database.importDatabase(location);
+        m_imported();
+    }
+    if (completion)
+        completion(false);
+}
+
+void TKDocumentController::openDocument() {
+    const auto location = m_alerts.chooseOpenFile(localized("Import Database"),
+                                                  QFileInfo(m_database.mainStoreURL()).absolutePath());
+    if (location)
+        openDocumentWithContentsOfURL(*location);
+}
+
+void TKDocumentController::saveCopy() {
+    const auto location =
+        m_alerts.chooseSaveLocation(localized("Save a Copy As"), m_database.mainStoreURL(), true);
+    if (!location)
+        return;
+    const Outcome saved = m_database.saveSettingsToDiskAtURL(*location);
+    if (!saved)
+        m_alerts.showError(localized("The copy could not be saved."), saved.failure().text);
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/TimeSum.h"
+
+#include "Classes/TimeStoreNode.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <unordered_set>
+
+TimeStoreItem::Children withoutDoubleCounting(TimeStoreItem::Children rows) {
+    std::unordered_set<const TimeStoreNode*> counted;
+    for (const auto& row : rows)
+        if (!row->isLeaf())
+            for (const auto& child : row->children().value_or(TimeStoreItem::Children()))
+                counted.insert(&child->node());
+    std::erase_if(rows, [&](const auto& row) { return counted.contains(&row->node()); });
+    return rows;
+}
+
+Seconds summedTime(const TimeStoreItem::Children& rows, const QString& searchString) {
+    Seconds sum = 0;
+    for (const auto& row : rows)
+        sum += searchString.isEmpty() ? row->activeTime() : row->activeTimeForSearchString(searchString);
+    return sum;
+}
+
+QString sumImage(SumMode mode) {
+    switch (mode) {
+    case SumMode::Total:
+        return QStringLiteral("sidebar-time-total");
+    case SumMode::Project:
+        return QStringLiteral("sidebar-time-project");
+    case SumMode::Selected:
+        return QStringLiteral("sidebar-time-selection");
+    case SumMode::Found:
+        return QStringLiteral("sidebar-time-found");
+    case SumMode::FoundInSelection:
+        return QStringLiteral("sidebar-time-foundselection");
+    case SumMode::None:
+        break;
+    }
+    return {};
+}
+
+QString sumCaption(SumMode mode) {
+    switch (mode) {
+    case SumMode::Total:
+        return localized("Total");
+    case SumMode::Project:
+        return localized("Project");
+    case SumMode::Selected:
+        return localized("Selected");
+    case SumMode::Found:
+        return localized("Found");
+    case SumMode::FoundInSelection:
+        return localized("Found in selection");
+    case SumMode::None:
+        break;
+    }
+    return {};
+}
+
+QString sumTitle(SumMode mode, const QString& time) {
+    const char* key = mode == SumMode::Total      ? "total\n%@"
+                      : mode == SumMode::Project  ? "project\n%@"
+                      : mode == SumMode::Selected ? "selected\n%@"
+                                                  : "found\n%@";
+    return localized(key).replace(QLatin1String("%@"), time);
+}

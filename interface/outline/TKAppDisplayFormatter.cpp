@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/TKAppDisplayFormatter.h"
+
+#include "Classes/TimeStoreNode.h"
+
+QString TKAppDisplayFormatter::stringForObjectValue(const PropertyListDictionary& record) {
+    const QString name = record.value(kRecordName).toString();
+    const QString* original = record.value(kFormattedOriginal).asString();
+    return original ? name + QStringLiteral(" \u2013 ") + *original : name;
+}
+
+qsizetype TKAppDisplayFormatter::dimmedLength(const PropertyListDictionary& record) {
+    return stringForObjectValue(record).size() - editingStringForObjectValue(record).size();
+}
+
+QString TKAppDisplayFormatter::editingStringForObjectValue(const PropertyListDictionary& record) {
+    return record.value(kRecordName).toString();
+}
+
+PropertyListDictionary TKAppDisplayFormatter::objectValueForString(const QString& text) {
+    return {{kRecordName, text}};
+}

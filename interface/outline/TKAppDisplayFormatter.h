@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/PropertyListValue.h"
+
+// Turns a timer's name record into the text that is shown and edited, and a text back into a record.
+class TKAppDisplayFormatter {
+public:
+    // The name, and behind a dash the name that the user replaced by it.
+    static QString stringForObjectValue(const PropertyListDictionary& record);
+    // How many characters of that text stand behind the name, to be shown dimmed.
+    static qsizetype dimmedLength(const PropertyListDictionary& record);
+    // The name alone.
+    static QString editingStringForObjectValue(const PropertyListDictionary& record);
+    static PropertyListDictionary objectValueForString(const QString& text);
+};

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/TimeTreeModel.h"
+
+#include "interface/outline/TKAppDisplayFormatter.h"
+#include "interface/outline/TimeTreeRow.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QPointer>
+
+#include <cmath>
+
+TimeTreeModel::TimeTreeModel(TimeTracker& tracker, RunLoop& runLoop, Rename rename)
+    : m_tracker(tracker)
+    , m_runLoop(runLoop)
+    , m_rename(std::move(rename))
+    , m_root(std::make_unique<Row>()) {
+    m_root->isLeaf = false;
+    m_root->isFetched = true;
+    insertChildren(*m_root, tracker.timeSet());
+    m_timeSetChanges = tracker.observe(kTimeSetKey, [this](const ObservedChange&) {
+        m_root->isDirty = true;
+        scheduleSynchronize();
+    });
+}
+
+TimeTreeModel::~TimeTreeModel() = default;
+
+TimeTreeModel::Row* TimeTreeModel::rowOf(const QModelIndex& index) const {
+    return index.isValid() ? static_cast<Row*>(index.internalPointer()) : m_root.get();
+}
+
+QModelIndex TimeTreeModel::indexOf(const Row& row, int column) const {
+    return row.parent ? createIndex(row.place, column, &row) : QModelIndex();
+}
+
+std::shared_ptr<TimeStoreItem> TimeTreeModel::item(const QModelIndex& index) const {
+    return index.isValid() && index.model() == this ? rowOf(index)->item : nullptr;
+}
+
+QModelIndex TimeTreeModel::index(int row, int column, const QModelIndex& parent) const {
+    const Row& above = *rowOf(parent);
+    if (parent.column() > 0 || row < 0 || row >= int(above.children.size()) || column < 0 ||
+        column >= ColumnCount)
+        return {};
+    return createIndex(row, column, above.children[std::size_t(row)].get());
+}
+
+QModelIndex TimeTreeModel::parent(const QModelIndex& child) const {
+    return child.isValid() ? indexOf(*rowOf(child)->parent) : QModelIndex();
+}
+
+int TimeTreeModel::rowCount(const QModelIndex& parent) const {
+    return parent.column() > 0 ? 0 : int(rowOf(parent)->children.size());
+}
+
+int TimeTreeModel::columnCount(const QModelIndex&) const {
+    return ColumnCount;
+}
+
+bool TimeTreeModel::hasChildren(const QModelIndex& parent) const {
+    const Row& row = *rowOf(parent);
+    return parent.column() <= 0 && (row.parent ? !row.isLeaf : !row.children.empty());
+}
+
+bool TimeTreeModel::canFetchMore(const QModelIndex& parent) const {
+    const Row& row = *rowOf(parent);
+    return parent.column() <= 0 && !row.isLeaf && !row.isFetched;
+}
+
+void TimeTreeModel::fetchMore(const QModelIndex& parent) {
+    if (!canFetchMore(parent))
+        return;
+    Row& row = *rowOf(parent);
+    row.isFetched = true;
+    insertChildren(row, row.item->children().value_or(TimeStoreItem::Children()));
+}
+
+void TimeTreeModel::releaseChildren(const QModelIndex& parent) {
+    Row& row = *rowOf(parent);
+    if (!row.parent || !row.isFetched)
+        return;
+    if (!row.children.empty())
+        removeRange(row, 0, int(row.children.size()) - 1);
+    row.isFetched = false;
+}
+
+QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const TimeStoreItem& item = *rowOf(index)->item;
+    if (index.column() == TimeSpentColumn) {
+        if (role == Qt::DisplayRole)
+            return item.activeTimeString();
+        return role == Qt::TextAlignmentRole ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    }
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted());
+    case Qt::EditRole:
+        return TKAppDisplayFormatter::editingStringForObjectValue(item.renamedNameFormatted());
+    case kDimmedLengthRole:
+        return int(TKAppDisplayFormatter::dimmedLength(item.renamedNameFormatted()));
+    default:
+        return {};
+    }
+}
+
+bool TimeTreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || index.column() != ProgramColumn || !item(index))
+        return false;
+    m_rename(item(index), value.toString());
+    return true;
+}
+
+QVariant TimeTreeModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::DisplayRole)
+        return section == ProgramColumn ? localized("Program") : localized("Time Spent");
+    if (role == Qt::TextAlignmentRole)
+        return section == ProgramColumn ? QVariant(Qt::AlignLeft | Qt::AlignVCenter)
+                                        : QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    return {};
+}
+
+Qt::ItemFlags TimeTreeModel::flags(const QModelIndex& index) const {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Row& row = *rowOf(index);
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    if (index.column() == ProgramColumn && row.item->renamedNameEditable())
+        flags |= Qt::ItemIsEditable;
+    if (row.parent != m_root.get())
+        flags |= Qt::ItemNeverHasChildren;
+    return flags;
+}
+
+void TimeTreeModel::sort(int column, Qt::SortOrder order) {
+    m_order.set(column == TimeSpentColumn ? TimeTreeOrder::By::Time : TimeTreeOrder::By::Name, order);
+    std::vector<Row*> parents{m_root.get()};
+    for (const auto& row : m_root->children)
+        if (row->children.size() > 1)
+            parents.push_back(row.get());
+    reorderAll(parents);
+}
+
+void TimeTreeModel::watch(Row& row) {
+    TimeStoreNode& node = row.item->node();
+    const auto observe = [&](ObservedKey key, void (TimeTreeModel::*react)(Row&)) {
+        return node.observe(key, [this, &row, react](const ObservedChange&) { (this->*react)(row); });
+    };
+    row.watching[0] = observe(kActiveTimeStringKey, &TimeTreeModel::timeChanged);
+    row.watching[1] = observe(kNameKey, &TimeTreeModel::nameChanged);
+    row.watching[2] = observe(kSortNameKey, &TimeTreeModel::nameChanged);
+    if (row.parent == m_root.get())
+        row.watching[3] = node.observe(kChildrenKey, [this, &row](const ObservedChange&) {
+            row.isDirty = true;
+            scheduleSynchronize();
+        });
+}
+
+void TimeTreeModel::timeChanged(Row& row) {
+    if (!m_isLive) {
+        m_isTimeStale = true;
+        return;
+    }
+    const double second = std::floor(row.item->activeTime());
+    if (second == row.shownSecond)
+        return;
+    row.shownSecond = second;
+    const QModelIndex cell = indexOf(row, TimeSpentColumn);
+    Q_EMIT dataChanged(cell, cell, {Qt::DisplayRole});
+    if (isOutOfPlace(row)) {
+        row.parent->isDisordered = true;
+        scheduleSynchronize();
+    }
+}
+
+void TimeTreeModel::nameChanged(Row& row) {
+    // A window that takes another's name displaces it.
+    if (row.parent != m_root.get())
+        row.parent->isDirty = true;
+    row.parent->isDisordered = true;
+    scheduleSynchronize();
+    if (!m_isLive)
+        return;
+    const QModelIndex cell = indexOf(row);
+    Q_EMIT dataChanged(cell, cell, {Qt::DisplayRole, Qt::EditRole, Qt::ToolTipRole});
+}
+
+bool TimeTreeModel::isOutOfPlace(const Row& row) const {
+    const auto& rows = row.parent->children;
+    const auto place = std::size_t(row.place);
+    return (place > 0 && m_order.isBefore(*row.item, *rows[place - 1]->item)) ||
+           (place + 1 < rows.size() && m_order.isBefore(*rows[place + 1]->item, *row.item));
+}
+
+void TimeTreeModel::scheduleSynchronize() {
+    if (m_isSynchronizeDue)
+        return;
+    m_isSynchronizeDue = true;
+    if (!m_isLive)
+        return;
+    m_runLoop.performSoon([self = QPointer(this)] {
+        if (self && self->m_isLive)
+            self->synchronize();
+    });
+}
+
+void TimeTreeModel::setLive(bool isLive) {
+    if (std::exchange(m_isLive, isLive) == isLive || !isLive)
+        return;
+    if (m_isTimeStale) {
+        m_isTimeStale = false;
+        refreshTimes(*m_root);
+        for (const auto& app : m_root->children)
+            refreshTimes(*app);
+        m_isSynchronizeDue = true;
+    }
+    if (m_isSynchronizeDue)
+        synchronize();
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+// Every question the program asks and every file it has chosen for it goes through here, so that tests answer
+// in advance. Each call returns when the user has answered; the timer runs on meanwhile. Texts come in the
+// language in which they are shown. Main thread only.
+class Alerts {
+public:
+    // What questions are answered with.
+    enum Answer { Other = -1, Alternate = 0, Default = 1 };
+
+    struct Question {
+        QString message;
+        QString informativeText;
+        QString defaultButton;
+        QString alternateButton;
+        // None, unless it has a text.
+        QString otherButton;
+    };
+
+    virtual ~Alerts() = default;
+
+    // Closing the question counts as the default button, which is always the one that changes nothing.
+    virtual int ask(const Question& question) = 0;
+    // Where to save a database file; absent when the user thinks better of it. Begins at `path`. An existing
+    // file is pointed out only if `replaces`.
+    virtual std::optional<QString> chooseSaveLocation(const QString& message, const QString& path,
+                                                      bool replaces) = 0;
+    // Which database file to open; absent when the user thinks better of it.
+    virtual std::optional<QString> chooseOpenFile(const QString& message, const QString& folder) = 0;
+    virtual void showError(const QString& message, const QString& informativeText) = 0;
+    virtual void showAbout(const QString& title, const QString& text) = 0;
+};

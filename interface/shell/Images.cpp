@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "interface/shell/Images.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace {
+
+const QString kApplicationImage = QStringLiteral("org.ticklog.Ticklog");
+const QString kRecordingBadge = QStringLiteral("Dock-Ticklog-Recording");
+
+// Pictures lying over one another.
+class OutlineIconEngine : public QIconEngine {
+public:
+    OutlineIconEngine(QStringList names, bool isTinted)
+        : m_names(std::move(names))
+        , m_isTinted(isTinted) {}
+
+    QIconEngine* clone() const override { return new OutlineIconEngine(*this); }
+
+    bool isNull() override { return m_names.isEmpty(); }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        const qreal scale = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, scaledPixmap(rect.size() * scale, mode, state, scale));
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return scaledPixmap(size, mode, state, 1);
+    }
+
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
+        const QColor ink = QGuiApplication::palette().color(
+            mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active, QPalette::ButtonText);
+        const QString key = QStringLiteral("%1/%2x%3/%4/%5")
+                                .arg(m_names.join(u'+'))
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(int(mode))
+                                .arg(m_isTinted ? ink.rgba() : 0);
+        QPixmap pixmap;
+        if (!QPixmapCache::find(key, &pixmap)) {
+            pixmap = draw(size, mode, ink);
+            QPixmapCache::insert(key, pixmap);
+        }
+        return pixmap;
+    }
+
+private:
+    QPixmap draw(const QSize& size, QIcon::Mode mode, const QColor& ink) const {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        if (mode == QIcon::Disabled)
+            painter.setOpacity(0.4);
+        for (const QString& name : m_names) {
+            QSvgRenderer outlines(QStringLiteral(":/images/%1.svg").arg(name));
+            outlines.setAspectRatioMode(Qt::KeepAspectRatio);
+            outlines.render(&painter, QRectF(QPointF(), size));
+        }
+        if (m_isTinted) {
+            painter.setOpacity(1);
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(pixmap.rect(), ink);
+        }
+        return pixmap;
+    }
+
+    QStringList m_names;
+    bool m_isTinted;
+};
+
+QIcon icon(const QStringList& names, bool isTinted) {
+    QStringList found;
+    for (const QString& name : names)
+        if (QFile::exists(QStringLiteral(":/images/%1.svg").arg(name)))
+            found << name;
+    return found.isEmpty() ? QIcon() : QIcon(new OutlineIconEngine(found, isTinted));
+}
+
+} // namespace
+
+QIcon Images::named(const QString& name) {
+    return icon({name}, false);
+}
+
+QIcon Images::tinted(const QString& name) {
+    return icon({name}, true);
+}
+
+QIcon Images::application(bool isRecording) {
+    return icon(isRecording ? QStringList{kApplicationImage, kRecordingBadge}
+                            : QStringList{kApplicationImage},
+                false);
+}

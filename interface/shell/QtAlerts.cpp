@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "interface/shell/QtAlerts.h"
+
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+QString databaseFilter() {
+    return localized("Ticklog databases") + QStringLiteral(" (*.tkd)");
+}
+
+} // namespace
+
+int QtAlerts::ask(const Question& question) {
+    QMessageBox box(m_window);
+    box.setObjectName(QStringLiteral("alert"));
+    box.setWindowModality(Qt::WindowModal);
+    box.setIcon(QMessageBox::Warning);
+    box.setWindowTitle(QStringLiteral("Ticklog"));
+    box.setText(question.message);
+    box.setInformativeText(question.informativeText);
+    QPushButton* keep = box.addButton(question.defaultButton, QMessageBox::RejectRole);
+    const QPushButton* alternate = box.addButton(question.alternateButton, QMessageBox::AcceptRole);
+    const QPushButton* other = question.otherButton.isEmpty()
+                                   ? nullptr
+                                   : box.addButton(question.otherButton, QMessageBox::ActionRole);
+    box.setDefaultButton(keep);
+    box.setEscapeButton(keep);
+    box.exec();
+    if (box.clickedButton() == alternate)
+        return Alternate;
+    return other && box.clickedButton() == other ? Other : Default;
+}
+
+std::optional<QString> QtAlerts::chooseSaveLocation(const QString& message, const QString& path,
+                                                    bool replaces) {
+    QFileDialog panel(m_window, message, path, databaseFilter());
+    panel.setObjectName(QStringLiteral("savePanel"));
+    panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setDefaultSuffix(QStringLiteral("tkd"));
+    panel.selectFile(path);
+    // Who refuses existing files says so himself.
+    panel.setOption(QFileDialog::DontConfirmOverwrite, !replaces);
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return panel.selectedFiles().first();
+}
+
+std::optional<QString> QtAlerts::chooseOpenFile(const QString& message, const QString& folder) {
+    QFileDialog panel(m_window, message, folder, databaseFilter());
+    panel.setObjectName(QStringLiteral("openPanel"));
+    panel.setFileMode(QFileDialog::ExistingFile);
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return panel.selectedFiles().first();
+}
+
+void QtAlerts::showError(const QString& message, const QString& informativeText) {
+    QMessageBox box(m_window);
+    box.setObjectName(QStringLiteral("alert"));
+    box.setWindowModality(Qt::WindowModal);
+    box.setIcon(QMessageBox::Critical);
+    box.setWindowTitle(QStringLiteral("Ticklog"));
+    box.setText(message);
+    box.setInformativeText(informativeText);
+    box.exec();
+}
+
+void QtAlerts::showAbout(const QString& title, const QString& text) {
+    QMessageBox::about(m_window, title, text);
+}

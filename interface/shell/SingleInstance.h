@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSocketNotifier>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+// One program for a user and display. The first start listens at a socket that only the user can reach; a
+// second one hands over the file it was given and goes. What a crashed program leaves behind is taken over: a
+// lock that goes with the process decides who is first, not a file that stays.
+class SingleInstance {
+public:
+    // A second start happened; with the full path of a file if it was given one.
+    using Reopen = std::function<void(const std::optional<QString>& file)>;
+
+    // `folder` is the user's run-time folder; empty when there is none, then the names are those of the
+    // kernel. `display` tells the user's displays apart.
+    SingleInstance(const QString& folder, const QString& display);
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
+    ~SingleInstance();
+
+    // Whether this is the first. Also true when that cannot be found out: two programs are better than none.
+    bool isFirst();
+    // REQUIRES: this is the first.
+    void listen(Reopen reopen);
+    // Tells the first, with the full path of a file or none. False when it does not answer.
+    bool handOver(const std::optional<QString>& file) const;
+
+private:
+    class Descriptor {
+    public:
+        explicit Descriptor(int number = -1)
+            : m_number(number) {}
+
+        Descriptor(const Descriptor&) = delete;
+        Descriptor& operator=(const Descriptor&) = delete;
+
+        ~Descriptor() { reset(); }
+
+        void reset(int number = -1);
+
+        int number() const { return m_number; }
+
+        bool isOpen() const { return m_number >= 0; }
+
+    private:
+        int m_number;
+    };
+
+    void accept();
+
+    // Without a folder it begins with a null character.
+    QByteArray m_address;
+    QByteArray m_lockPath;
+    Descriptor m_lock;
+    Descriptor m_server;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    Reopen m_reopen;
+};

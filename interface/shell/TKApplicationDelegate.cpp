@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "interface/shell/TKApplicationDelegate.h"
+
+#include "Classes/Settings.h"
+#include "interface/mainwindow/TKController.h"
+#include "interface/shell/Alerts.h"
+#include "interface/shell/Images.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kSaveTolerance = 30s;
+
+} // namespace
+
+TKApplicationDelegate::TKApplicationDelegate(TKController& controller, Platform& platform, Alerts& alerts)
+    : m_controller(controller)
+    , m_platform(platform)
+    , m_alerts(alerts) {}
+
+TKApplicationDelegate::~TKApplicationDelegate() {
+    m_platform.session.observe({});
+}
+
+void TKApplicationDelegate::applicationDidFinishLaunching() {
+    m_platform.session.observe({.didResignActive = [this] { switchHandler(true); },
+                                .didBecomeActive = [this] { switchHandler(false); },
+                                .willPowerOff = [this] { willPowerOffHandler(); }});
+    m_saveTimer = m_platform.runLoop.scheduleRepeating(kSaveInterval, kSaveTolerance,
+                                                       [this] { m_controller.saveSettingsToDisk(); });
+    updateMenuIconState();
+    // Without a window the timer goes on.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_receiver,
+                     [this](Qt::ApplicationState state) {
+                         if (state != Qt::ApplicationActive)
+                             m_controller.applicationWillTerminate();
+                     });
+    // The window is there first.
+    m_platform.runLoop.performSoon([receiver = QPointer(&m_receiver), this] {
+        if (receiver && QGuiApplication::windowIcon().isNull())
+            m_controller.showRecordingBadge(m_controller.timer().computeTimerIsValid());
+    });
+}
+
+bool TKApplicationDelegate::applicationShouldTerminate() {
+    if (!m_controller.timer().computeTimerIsValid())
+        return true;
+    m_controller.setWindowStateShown(true);
+    const int answer = m_alerts.ask(
+        {.message = QStringLiteral("Timer still running."),
+         .informativeText = QStringLiteral(
+             "There is a timer currently running. Ticklog must remain open in order to keep track of "
+             "time. Are you sure you wish to quit?"),
+         .defaultButton = QStringLiteral("Remain Open"),
+         .alternateButton = QStringLiteral("Quit"),
+         .otherButton = {}});
+    if (answer != Alerts::Alternate)
+        return false;
+    m_platform.defaults.setObject(kStartTicklogOnNextLaunch, true);
+    m_controller.saveSettingsToDisk();
+    return true;
+}
+
+void TKApplicationDelegate::terminate() {
+    if (!applicationShouldTerminate())
+        return;
+    // Names may have changed since the timer was stopped.
+    m_controller.applicationWillTerminate();
+    m_platform.defaults.synchronize();
+    QCoreApplication::exit(0);
+}
+
+bool TKApplicationDelegate::applicationShouldHandleReopen(bool hasVisibleWindows) {
+    if (!hasVisibleWindows)
+        m_controller.setWindowStateShown(true);
+    return false;
+}
+
+void TKApplicationDelegate::activateIgnoringOtherApps(bool isWanted) {
+    if (isWanted)
+        m_controller.setWindowStateShown(true);
+}
+
+void TKApplicationDelegate::showTimeWindow() {
+    m_controller.setWindowStateShown(true);
+}
+
+void TKApplicationDelegate::toggleStartStop() {
+    m_controller.timer().toggleCounting();
+}
+
+void TKApplicationDelegate::showAboutBox() {
+    const QStringList backEnds{m_platform.frontApplication.describe(), m_platform.idleTime.describe(),
+                               m_platform.power.describe(), m_platform.session.describe(),
+                               m_platform.accessibility.describe()};
+    m_alerts.showAbout(
+        localized("About Ticklog"),
+        QStringLiteral("Ticklog %1\n\n%2").arg(TKController::versionString(), backEnds.join(u'\n')));
+}
+
+void TKApplicationDelegate::switchHandler(bool didResignActive) {
+    if (didResignActive)
+        m_controller.timer().sessionDidResignActive();
+    else
+        m_controller.timer().sessionDidBecomeActive();
+}
+
+void TKApplicationDelegate::willPowerOffHandler() {
+    m_controller.timer().willPowerOff();
+}
