@@ -23,7 +23,7 @@ constexpr int kToolIconSize = 24;
 constexpr int kSumIconSize = 16;
 constexpr int kSumBarMargin = 16;
 constexpr int kSumBarAir = 9;
-constexpr int kSumWidthInDigits = 12;
+constexpr int kSumWidthInDigits = 11;
 
 // Tests and assistive programs find every control by its own name.
 template<class Named>
@@ -139,7 +139,8 @@ QWidget* MainWindow::makeOutlinePane() {
 QWidget* MainWindow::makeSumBar() {
     auto* bar = named(new QWidget, QStringLiteral("sumBar"));
     auto* cells = new QHBoxLayout(bar);
-    cells->setContentsMargins(kSumBarMargin, kSumBarAir, kSumBarMargin, kSumBarAir);
+    // The field has a little air of its own.
+    cells->setContentsMargins(kSumBarMargin, kSumBarAir, kSumBarMargin - 4, kSumBarAir);
     m_timeSumIcon = named(new QLabel, QStringLiteral("timeSumIcon"));
     m_timeSumCaption = named(new QLabel, QStringLiteral("timeSumCaption"));
     m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);

@@ -18,10 +18,28 @@ constexpr int kInvitationMargin = 32;
 // "1000:00:00" and the arrow of the header beside its text.
 constexpr int kTimeDigits = 8;
 
+// Its texts stand above those of the cells.
+class OutlineHeader : public QHeaderView {
+public:
+    explicit OutlineHeader(QWidget* parent)
+        : QHeaderView(Qt::Horizontal, parent) {
+        setSectionsClickable(true);
+        setHighlightSections(false);
+    }
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        const QString air = QStringLiteral("  ");
+        option->text = section == TimeTreeModel::ProgramColumn ? air + option->text : option->text + air;
+    }
+};
+
 } // namespace
 
 TKOutlineDisplayView::TKOutlineDisplayView(QWidget* parent)
     : QTreeView(parent) {
+    setHeader(new OutlineHeader(this));
     setItemDelegate(new OutlineCellDelegate(this));
     setUniformRowHeights(true);
     setSelectionMode(ExtendedSelection);
@@ -42,7 +60,6 @@ void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
     setSortingEnabled(true);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
-    header()->setHighlightSections(false);
     header()->setSectionResizeMode(TimeTreeModel::ProgramColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(TimeTreeModel::TimeSpentColumn, QHeaderView::Interactive);
     fitTimeColumn();
