@@ -189,16 +189,16 @@ void AtspiAccessibility::tell(std::int64_t processIdentifier, AtspiApplication::
 
 void AtspiAccessibility::startRereading() {
     if (!m_rereading)
-        m_rereading = m_runLoop.scheduleRepeating(kTitlePace, kTitlePace / 2, [this] { rereadTitles(); });
+        m_rereading = m_runLoop.scheduleRepeating(kTitlePace, kTitlePace / 2, [this] { rereadObserved(); });
 }
 
-void AtspiAccessibility::rereadTitles() {
+void AtspiAccessibility::rereadObserved() {
     if (m_watchers->isEmpty()) {
         m_rereading.reset();
         return;
     }
     m_watchers->forEach([this](const Watcher& watcher) {
         if (auto* application = m_desktop ? m_desktop->ofProcess(watcher.processIdentifier) : nullptr)
-            application->rereadTitle();
+            application->reread();
     });
 }

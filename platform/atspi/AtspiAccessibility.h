@@ -11,7 +11,7 @@
 // silent.
 class AtspiAccessibility : public Accessibility {
 public:
-    // How often the main window of an observed program is asked for its title: Qt programs do not tell.
+    // How often an observed program is asked for the title of its main window: Qt programs do not tell of it.
     static constexpr std::chrono::seconds kTitlePace{1};
 
     AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
@@ -44,7 +44,7 @@ private:
     void askAddress();
     void connectTo(const QString& address);
     void tell(std::int64_t processIdentifier, AtspiApplication::Change change);
-    void rereadTitles();
+    void rereadObserved();
     void startRereading();
 
     RunLoop& m_runLoop;

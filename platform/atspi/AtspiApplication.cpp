@@ -56,6 +56,11 @@ std::optional<QString> AtspiApplication::windowTitle(const QString& path) const 
 }
 
 void AtspiApplication::touch() {
+    m_hasSpoken = true;
+    readSoon();
+}
+
+void AtspiApplication::readSoon() {
     m_settling = m_runLoop.scheduleOnce(kSettling, [this] { read(); });
 }
 
@@ -68,16 +73,21 @@ void AtspiApplication::rename(const QString& path, const QString& name) {
     tell(m_mainWindow, titleBefore);
 }
 
+void AtspiApplication::reread() {
+    if (!m_hasSpoken)
+        read();
+    else if (!m_mainWindow.isEmpty() && !m_isTitleOwed)
+        rereadTitle();
+}
+
 void AtspiApplication::rereadTitle() {
-    if (m_mainWindow.isEmpty() || m_isTitleOwed)
-        return;
     m_isTitleOwed = true;
     askName(m_mainWindow, [this, path = m_mainWindow](const QDBusMessage& reply, const QString& name) {
         m_isTitleOwed = false;
         if (reply.type() == QDBusMessage::ReplyMessage)
             rename(path, name);
         else if (!isSilence(reply))
-            touch();
+            readSoon();
     });
 }
 
@@ -148,7 +158,7 @@ void AtspiApplication::settle(const std::shared_ptr<Reading>& reading, const QDB
         return;
     m_isReading = false;
     if (m_isStale)
-        touch();
+        readSoon();
     if (reading->isAbandoned)
         return;
     std::erase_if(reading->windows, [](const Window& window) { return window.path.isEmpty(); });

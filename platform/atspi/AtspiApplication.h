@@ -49,8 +49,9 @@ public:
     // One of its objects has a new name. Of the many objects that tell, only windows and the application
     // count.
     void rename(const QString& path, const QString& name);
-    // Asks for the main window's title anew, unless the last answer is still owed.
-    void rereadTitle();
+    // Asks for the main window's title anew, unless the last answer is still owed. An application that has
+    // never told of anything is read as a whole: it may have started too early to hear that somebody listens.
+    void reread();
 
 private:
     struct Window {
@@ -68,6 +69,8 @@ private:
         bool isAbandoned = false;
     };
 
+    void readSoon();
+    void rereadTitle();
     void read();
     void readWindows(const QDBusMessage& children);
     void readWindow(const std::shared_ptr<Reading>& reading, std::size_t index);
@@ -91,5 +94,7 @@ private:
     // Touched while it was being read.
     bool m_isStale = false;
     bool m_isTitleOwed = false;
+    // Has sent an event.
+    bool m_hasSpoken = false;
     std::unique_ptr<RunLoopTimer> m_settling;
 };

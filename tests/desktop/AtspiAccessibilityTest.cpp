@@ -34,8 +34,18 @@ protected:
                       QVariant::fromValue(QDBusVariant(isEnabled))});
     }
 
-    std::unique_ptr<Program> startQtClient() {
+    QProcessEnvironment environmentOfPrograms() const {
         auto environment = m_desk.environment();
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_daemon.address());
+        return environment;
+    }
+
+    std::unique_ptr<Program> start(const QString& executable) {
+        return std::make_unique<Program>(executable, QStringList(), environmentOfPrograms());
+    }
+
+    std::unique_ptr<Program> startQtClient() {
+        auto environment = environmentOfPrograms();
         environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
         return std::make_unique<Program>(QStringLiteral(TICKLOG_BINARY_DIR "/qt-client"), QStringList(),
                                          environment, Program::Output::Read);
@@ -68,11 +78,13 @@ protected:
         return observer;
     }
 
-    Desk m_desk{QStringLiteral("openbox"), Desk::Bus::Own};
+    Desk m_desk;
+    // Knows the display, as on every desktop: what it starts announces the accessibility bus there.
+    SessionBus m_daemon{m_desk.environment(), m_desk.home().runtimeFolder()};
     RecordingLog m_log;
     QtRunLoop m_runLoop{m_log};
     QObject m_context;
-    Bus m_bus{Bus::atAddress(m_desk.bus().address()), m_runLoop, m_log};
+    Bus m_bus{Bus::atAddress(m_daemon.address()), m_runLoop, m_log};
     AtspiAccessibility m_accessibility{m_bus, m_runLoop, m_log};
     int m_calls = 0;
 };
@@ -90,6 +102,7 @@ TEST_F(AtspiAccessibilityTest, trust_isTheDesktopsSwitch) {
 TEST_F(AtspiAccessibilityTest, aQtProgram_isSeenWithItsMainWindow) {
     const auto client = startQtClient();
     tell(*client, "open First");
+    const auto observer = observe(*client, {kAXMainWindowChanged});
     ASSERT_TRUE(waitForMainTitle(*client, "First"));
     const auto element = m_accessibility.applicationElement(client->processIdentifier());
     EXPECT_EQ(m_accessibility.title(element), QStringLiteral("qt-client"));
@@ -116,6 +129,7 @@ TEST_F(AtspiAccessibilityTest, anObserver_isToldOfWhatItAskedForWhileItIsOnTheRu
     tell(*client, "open First");
     ASSERT_TRUE(waitForMainTitle(*client, "First"));
     const auto observer = observe(*client, {kAXMainWindowChanged, kAXFocusedWindowChanged});
+    const auto silent = observe(*client, {});
     tell(*client, "open Second");
     ASSERT_TRUE(waitForMainTitle(*client, "Second"));
     EXPECT_EQ(m_calls, 1);
@@ -129,15 +143,17 @@ TEST_F(AtspiAccessibilityTest, anObserver_isToldOfWhatItAskedForWhileItIsOnTheRu
 }
 
 TEST_F(AtspiAccessibilityTest, aGtkProgram_tellsOfItsTitleItself) {
-    const auto editor = m_desk.start(QStringLiteral("mousepad"));
+    const auto editor = start(QStringLiteral("mousepad"));
+    const auto observer = observe(*editor, {kAXTitleChanged});
     ASSERT_TRUE(waitForMainTitle(*editor, "Untitled 1 - Mousepad"));
     ASSERT_TRUE(m_desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("x")}));
     EXPECT_TRUE(waitForMainTitle(*editor, "*Untitled 1 - Mousepad"));
 }
 
-TEST_F(AtspiAccessibilityTest, aProgramOfAnotherToolkitVersion_isSeenToo) {
-    const auto editor = m_desk.start(QStringLiteral("featherpad"));
-    EXPECT_TRUE(waitFor([&] { return mainTitle(*editor).contains(QStringLiteral("FeatherPad")); }));
+TEST_F(AtspiAccessibilityTest, aProgramOfQt5_isSeenToo) {
+    setEnabled(true);
+    const auto editor = start(QStringLiteral("featherpad"));
+    EXPECT_TRUE(waitForMainTitle(*editor, "Untitled"));
 }
 
 TEST_F(AtspiAccessibilityTest, aProgramThatIsGone_hasNoWindow) {
@@ -167,7 +183,7 @@ TEST_F(AtspiAccessibilityTest, aProgramThatHangs_keepsItsLastTitleAndStopsNobody
 TEST_F(AtspiAccessibilityTest, aSessionBusThatIsLost_leavesNothingToTrust) {
     setEnabled(true);
     ASSERT_TRUE(waitFor([this] { return m_accessibility.isProcessTrusted(); }));
-    m_desk.bus().kill();
+    m_daemon.kill();
     EXPECT_TRUE(waitFor([this] { return !m_accessibility.isProcessTrusted(); }));
     EXPECT_EQ(m_accessibility.makeObserver(1, [] {}), nullptr);
 }
