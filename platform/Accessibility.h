@@ -42,7 +42,8 @@ public:
     virtual std::optional<WindowElement> mainWindow(const WindowElement& application) = 0;
     // The title of an application or window; absent when it has none or is gone.
     virtual std::optional<QString> title(const WindowElement& element) = 0;
-    // Null when the process shows nothing to assistive programs.
+    // Null when nothing can be observed. A process that shows nothing yet may begin to at any time: its observer just
+    // stays silent until then.
     virtual std::unique_ptr<AccessibilityObserver> makeObserver(std::int64_t processIdentifier,
                                                                 std::function<void()> callback) = 0;
     // Opens the place where the user grants trust.

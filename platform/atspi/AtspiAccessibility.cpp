@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "platform/atspi/AtspiAccessibility.h"
+
+#include <QDBusArgument>
+#include <QDBusVariant>
+
+#include <algorithm>
+
+namespace {
+
+const QString kLauncherPath = QStringLiteral("/org/a11y/bus");
+const QString kStatus = QStringLiteral("org.a11y.Status");
+const QString kIsEnabled = QStringLiteral("IsEnabled");
+// Elements of applications name the process: it may come to the bus later than we ask for it.
+const QString kProcessPrefix = QStringLiteral("/process/");
+
+std::optional<std::int64_t> processOf(const WindowElement& application) {
+    if (!application.bus().isEmpty() || !application.path().startsWith(kProcessPrefix))
+        return std::nullopt;
+    return application.path().mid(kProcessPrefix.size()).toLongLong();
+}
+
+} // namespace
+
+class AtspiAccessibility::Observer : public AccessibilityObserver {
+public:
+    Observer(std::shared_ptr<AtspiAccessibility*> accessibility, std::int64_t processIdentifier,
+             std::function<void()> callback)
+        : m_accessibility(std::move(accessibility))
+        , m_processIdentifier(processIdentifier)
+        , m_callback(std::make_shared<const std::function<void()>>(std::move(callback))) {}
+
+    bool addNotification(const WindowElement& element, const QString& notification) override {
+        if (element.isNull() || (notification != kAXMainWindowChanged &&
+                                 notification != kAXFocusedWindowChanged && notification != kAXTitleChanged))
+            return false;
+        m_notifications.emplace_back(element, notification);
+        return true;
+    }
+
+    bool removeNotification(const WindowElement& element, const QString& notification) override {
+        return std::erase(m_notifications, std::pair(element, notification)) > 0;
+    }
+
+    void addToRunLoop() override {
+        if (!*m_accessibility)
+            return;
+        m_watching =
+            (*m_accessibility)->m_watchers->add({m_processIdentifier, [this](auto change) { told(change); }});
+        (*m_accessibility)->startRereading();
+    }
+
+    void removeFromRunLoop() override { m_watching.cancel(); }
+
+private:
+    bool isWanted(const QString& notification) const {
+        return std::ranges::any_of(m_notifications,
+                                   [&](const auto& wanted) { return wanted.second == notification; });
+    }
+
+    void told(AtspiApplication::Change change) {
+        const bool isWindow = isWanted(kAXMainWindowChanged) || isWanted(kAXFocusedWindowChanged);
+        if (!(change.isMainWindow && isWindow) && !(change.isTitle && isWanted(kAXTitleChanged)))
+            return;
+        // The callback may destroy this observer.
+        const auto callback = m_callback;
+        (*callback)();
+    }
+
+    std::shared_ptr<AtspiAccessibility*> m_accessibility;
+    std::int64_t m_processIdentifier;
+    std::shared_ptr<const std::function<void()>> m_callback;
+    std::vector<std::pair<WindowElement, QString>> m_notifications;
+    Subscription m_watching;
+};
+
+AtspiAccessibility::AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log)
+    : m_runLoop(runLoop)
+    , m_log(log)
+    , m_launcher(sessionBus, QStringLiteral("org.a11y.Bus"))
+    , m_watchers(new Watchers)
+    , m_presence(m_launcher.observe([this] { followPresence(); }))
+    , m_self(std::make_shared<AtspiAccessibility*>(this)) {
+    m_statusChanged = m_launcher.listen(
+        {kLauncherPath, kPropertiesInterface, QStringLiteral("PropertiesChanged"), kStatus},
+        [this](const QDBusMessage& signal) {
+            setEnabled(qdbus_cast<QVariantMap>(signal.arguments().value(1)).value(kIsEnabled));
+        });
+}
+
+AtspiAccessibility::~AtspiAccessibility() {
+    *m_self = nullptr;
+}
+
+WindowElement AtspiAccessibility::applicationElement(std::int64_t processIdentifier) {
+    begin();
+    return WindowElement(QString(), kProcessPrefix + QString::number(processIdentifier));
+}
+
+std::optional<WindowElement> AtspiAccessibility::mainWindow(const WindowElement& application) {
+    const auto process = processOf(application);
+    const auto* known = process && m_desktop ? m_desktop->ofProcess(*process) : nullptr;
+    if (!known || known->mainWindow().isEmpty())
+        return std::nullopt;
+    return WindowElement(known->connectionName(), known->mainWindow());
+}
+
+std::optional<QString> AtspiAccessibility::title(const WindowElement& element) {
+    if (!m_desktop)
+        return std::nullopt;
+    const auto process = processOf(element);
+    const auto* known = process ? m_desktop->ofProcess(*process) : m_desktop->named(element.bus());
+    if (!known)
+        return std::nullopt;
+    const QString title = process ? known->title() : known->windowTitle(element.path()).value_or(QString());
+    return title.isEmpty() ? std::nullopt : std::optional(title);
+}
+
+std::unique_ptr<AccessibilityObserver> AtspiAccessibility::makeObserver(std::int64_t processIdentifier,
+                                                                        std::function<void()> callback) {
+    begin();
+    if (!m_launcher.isServed())
+        return nullptr;
+    return std::make_unique<Observer>(m_self, processIdentifier, std::move(callback));
+}
+
+void AtspiAccessibility::openPreferences() {
+    m_launcher.call(kLauncherPath, kPropertiesInterface, QStringLiteral("Set"),
+                    {kStatus, kIsEnabled, QVariant::fromValue(QDBusVariant(true))});
+}
+
+QString AtspiAccessibility::describe() const {
+    return m_launcher.isServed() ? QStringLiteral("AT-SPI") : QStringLiteral("AT-SPI (not there now)");
+}
+
+void AtspiAccessibility::followPresence() {
+    if (!m_launcher.isServed()) {
+        m_isEnabled = false;
+        return;
+    }
+    m_launcher.getProperty(kLauncherPath, kStatus, kIsEnabled, [this](const QDBusMessage& reply) {
+        setEnabled(reply.arguments().value(0).value<QDBusVariant>().variant());
+    });
+    if (m_isBegun)
+        askAddress();
+}
+
+void AtspiAccessibility::setEnabled(const QVariant& value) {
+    if (value.typeId() == QMetaType::Bool)
+        m_isEnabled = value.toBool();
+}
+
+void AtspiAccessibility::begin() {
+    if (!std::exchange(m_isBegun, true) && m_launcher.isServed())
+        askAddress();
+}
+
+void AtspiAccessibility::askAddress() {
+    m_launcher.call(kLauncherPath, m_launcher.name(), QStringLiteral("GetAddress"), {},
+                    [this](const QDBusMessage& reply) {
+                        if (reply.type() == QDBusMessage::ReplyMessage)
+                            connectTo(reply.arguments().value(0).toString());
+                    });
+}
+
+void AtspiAccessibility::connectTo(const QString& address) {
+    // The same bus is connected to again by the connection itself.
+    if (std::exchange(m_address, address) == address)
+        return;
+    m_desktop.reset();
+    m_bus = std::make_unique<Bus>(Bus::atAddress(address), m_runLoop, m_log);
+    m_desktop = std::make_unique<AtspiDesktop>(
+        *m_bus, m_runLoop, [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
+            tell(processIdentifier, change);
+        });
+    m_busConnection = m_bus->observe([this] {
+        // A launcher that starts its bus anew does so at another address.
+        if (!m_bus->isConnected())
+            m_askingAgain = m_runLoop.scheduleOnce(kTitlePace, [this] { askAddress(); });
+    });
+}
+
+void AtspiAccessibility::tell(std::int64_t processIdentifier, AtspiApplication::Change change) {
+    m_watchers->forEach([&](const Watcher& watcher) {
+        if (watcher.processIdentifier == processIdentifier)
+            watcher.told(change);
+    });
+}
+
+void AtspiAccessibility::startRereading() {
+    if (!m_rereading)
+        m_rereading = m_runLoop.scheduleRepeating(kTitlePace, kTitlePace / 2, [this] { rereadObserved(); });
+}
+
+void AtspiAccessibility::rereadObserved() {
+    if (m_watchers->isEmpty()) {
+        m_rereading.reset();
+        return;
+    }
+    m_watchers->forEach([this](const Watcher& watcher) {
+        if (auto* application = m_desktop ? m_desktop->ofProcess(watcher.processIdentifier) : nullptr)
+            application->reread();
+    });
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/atspi/AtspiDesktop.h"
+#include "platform/bus/BusService.h"
+
+// What programs tell assistive programs over AT-SPI. Trust is the desktop's own switch, org.a11y.Status
+// IsEnabled. Looks at no program before it is first asked about one, so that a desktop that is merely asked
+// for trust pays nothing. `sessionBus` and the rest must outlive it; observers may outlive it and fall
+// silent.
+class AtspiAccessibility : public Accessibility {
+public:
+    // How often an observed program is asked for the title of its main window: Qt programs do not tell of it.
+    static constexpr std::chrono::seconds kTitlePace{1};
+
+    AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
+    ~AtspiAccessibility() override;
+
+    bool isProcessTrusted() const override { return m_isEnabled; }
+
+    WindowElement applicationElement(std::int64_t processIdentifier) override;
+    std::optional<WindowElement> mainWindow(const WindowElement& application) override;
+    std::optional<QString> title(const WindowElement& element) override;
+    // Null only while there is no accessibility bus: a program may begin to show itself at any time.
+    std::unique_ptr<AccessibilityObserver> makeObserver(std::int64_t processIdentifier,
+                                                        std::function<void()> callback) override;
+    // Turns the desktop's switch on: hardly any desktop has a place where the user could.
+    void openPreferences() override;
+    QString describe() const override;
+
+private:
+    struct Watcher {
+        std::int64_t processIdentifier;
+        std::function<void(AtspiApplication::Change)> told;
+    };
+    class Observer;
+    using Watchers = Listeners<Watcher>;
+
+    void followPresence();
+    void setEnabled(const QVariant& value);
+    // Begins to look at programs.
+    void begin();
+    void askAddress();
+    void connectTo(const QString& address);
+    void tell(std::int64_t processIdentifier, AtspiApplication::Change change);
+    void rereadObserved();
+    void startRereading();
+
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    BusService m_launcher;
+    bool m_isEnabled = false;
+    bool m_isBegun = false;
+    QString m_address;
+    std::unique_ptr<Bus> m_bus;
+    std::unique_ptr<AtspiDesktop> m_desktop;
+    QExplicitlySharedDataPointer<Watchers> m_watchers;
+    std::unique_ptr<RunLoopTimer> m_rereading;
+    std::unique_ptr<RunLoopTimer> m_askingAgain;
+    std::unique_ptr<BusSignal> m_statusChanged;
+    Subscription m_busConnection;
+    Subscription m_presence;
+    // Observers that outlive this must not use it.
+    std::shared_ptr<AtspiAccessibility*> m_self;
+};

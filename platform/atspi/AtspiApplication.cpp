@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "platform/atspi/AtspiApplication.h"
+
+#include "platform/atspi/Atspi.h"
+#include "platform/bus/BusService.h"
+#include "platform/foundation/CleanText.h"
+
+#include <QDBusArgument>
+#include <QDBusError>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+#include <algorithm>
+
+namespace {
+
+// A program that is busy is asked again with its next event.
+constexpr int kPatienceMs = 5000;
+
+// Bits of the state set.
+constexpr int kActive = 1;
+constexpr int kShowing = 25;
+
+bool hasState(const QList<uint>& states, int bit) {
+    return states.value(bit / 32) & (1U << (bit % 32));
+}
+
+bool isSilence(const QDBusMessage& reply) {
+    const auto kind = QDBusError(reply).type();
+    return kind == QDBusError::NoReply || kind == QDBusError::Timeout || kind == QDBusError::TimedOut ||
+           kind == QDBusError::Disconnected;
+}
+
+} // namespace
+
+AtspiApplication::AtspiApplication(Bus& bus, RunLoop& runLoop, QString name, QString root, Changed changed)
+    : m_bus(bus)
+    , m_runLoop(runLoop)
+    , m_name(std::move(name))
+    , m_root(std::move(root))
+    , m_changed(std::move(changed)) {
+    auto question = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
+                                                   QStringLiteral("GetConnectionUnixProcessID"));
+    question << m_name;
+    m_bus.call(question, this, [this](const QDBusMessage& reply) {
+        m_processIdentifier =
+            reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0).toUInt() : 0;
+        if (m_processIdentifier != 0)
+            read();
+    });
+}
+
+std::optional<QString> AtspiApplication::windowTitle(const QString& path) const {
+    const auto window = std::ranges::find(m_windows, path, &Window::path);
+    return window != m_windows.end() ? std::optional(window->title) : std::nullopt;
+}
+
+void AtspiApplication::touch() {
+    m_hasSpoken = true;
+    readSoon();
+}
+
+void AtspiApplication::readSoon() {
+    m_settling = m_runLoop.scheduleOnce(kSettling, [this] { read(); });
+}
+
+void AtspiApplication::rename(const QString& path, const QString& name) {
+    const auto titleBefore = windowTitle(m_mainWindow);
+    if (path == m_root)
+        m_title = cleanText(name);
+    else if (const auto window = std::ranges::find(m_windows, path, &Window::path); window != m_windows.end())
+        window->title = cleanText(name);
+    tell(m_mainWindow, titleBefore);
+}
+
+void AtspiApplication::reread() {
+    if (!m_hasSpoken)
+        read();
+    else if (!m_mainWindow.isEmpty() && !m_isTitleOwed)
+        rereadTitle();
+}
+
+void AtspiApplication::rereadTitle() {
+    m_isTitleOwed = true;
+    askName(m_mainWindow, [this, path = m_mainWindow](const QDBusMessage& reply, const QString& name) {
+        m_isTitleOwed = false;
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            rename(path, name);
+        else if (!isSilence(reply))
+            readSoon();
+    });
+}
+
+void AtspiApplication::read() {
+    if (m_processIdentifier == 0)
+        return;
+    if (m_isReading) {
+        m_isStale = true;
+        return;
+    }
+    m_isReading = true;
+    m_isStale = false;
+    askName(m_root, [this](const QDBusMessage& reply, const QString& name) {
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            m_title = cleanText(name);
+    });
+    ask(m_root, kAtspiAccessible, QStringLiteral("GetChildren"), {},
+        [this](const QDBusMessage& children) { readWindows(children); });
+}
+
+void AtspiApplication::readWindows(const QDBusMessage& children) {
+    const auto reading = std::make_shared<Reading>();
+    // One owed by this function itself, so that an application without windows settles too.
+    reading->owed = 1;
+    reading->isAbandoned = children.type() != QDBusMessage::ReplyMessage;
+    const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
+    if (!reading->isAbandoned && list.currentType() == QDBusArgument::ArrayType) {
+        list.beginArray();
+        while (!list.atEnd()) {
+            QString name;
+            QDBusObjectPath path;
+            list.beginStructure();
+            list >> name >> path;
+            list.endStructure();
+            if (name == m_name)
+                reading->windows.push_back({path.path(), QString()});
+        }
+        list.endArray();
+    }
+    for (std::size_t i = 0; i < reading->windows.size(); ++i)
+        readWindow(reading, i);
+    settle(reading, children);
+}
+
+void AtspiApplication::readWindow(const std::shared_ptr<Reading>& reading, std::size_t index) {
+    reading->owed += 2;
+    const QString path = reading->windows[index].path;
+    ask(path, kAtspiAccessible, QStringLiteral("GetState"), {},
+        [this, reading, index](const QDBusMessage& reply) {
+            const auto states = qdbus_cast<QList<uint>>(reply.arguments().value(0));
+            Window& window = reading->windows[index];
+            window.isActive = hasState(states, kActive);
+            window.isShowing = hasState(states, kShowing);
+            // A window that has gone since keeps the path out of the list.
+            if (reply.type() != QDBusMessage::ReplyMessage)
+                window.path.clear();
+            settle(reading, reply);
+        });
+    askName(path, [this, reading, index](const QDBusMessage& reply, const QString& name) {
+        reading->windows[index].title = cleanText(name);
+        settle(reading, reply);
+    });
+}
+
+void AtspiApplication::settle(const std::shared_ptr<Reading>& reading, const QDBusMessage& reply) {
+    reading->isAbandoned |= isSilence(reply);
+    if (--reading->owed > 0)
+        return;
+    m_isReading = false;
+    if (m_isStale)
+        readSoon();
+    if (reading->isAbandoned)
+        return;
+    std::erase_if(reading->windows, [](const Window& window) { return window.path.isEmpty(); });
+    adopt(std::move(reading->windows));
+}
+
+void AtspiApplication::adopt(std::vector<Window> windows) {
+    const QString mainWindowBefore = m_mainWindow;
+    const auto titleBefore = windowTitle(m_mainWindow);
+    m_windows = std::move(windows);
+    auto main = std::ranges::find_if(m_windows, &Window::isActive);
+    if (main == m_windows.end())
+        main = std::ranges::find(m_windows, m_mainWindow, &Window::path);
+    if (main == m_windows.end())
+        main = std::ranges::find_if(m_windows, &Window::isShowing);
+    m_mainWindow = main != m_windows.end() ? main->path : QString();
+    tell(mainWindowBefore, titleBefore);
+}
+
+void AtspiApplication::tell(const QString& mainWindowBefore, const std::optional<QString>& titleBefore) {
+    const Change change{m_mainWindow != mainWindowBefore, windowTitle(m_mainWindow) != titleBefore};
+    if (change.isMainWindow || change.isTitle)
+        m_changed(m_processIdentifier, change);
+}
+
+void AtspiApplication::ask(const QString& path, const QString& interface, const QString& member,
+                           const QVariantList& arguments, Bus::Receiver receiver) {
+    auto question = QDBusMessage::createMethodCall(m_name, path, interface, member);
+    question.setArguments(arguments);
+    m_bus.call(question, this, std::move(receiver), kPatienceMs);
+}
+
+void AtspiApplication::askName(const QString& path,
+                               std::function<void(const QDBusMessage&, const QString&)> receiver) {
+    ask(path, kPropertiesInterface, QStringLiteral("Get"), {kAtspiAccessible, QStringLiteral("Name")},
+        [receiver = std::move(receiver)](const QDBusMessage& reply) {
+            receiver(reply, reply.arguments().value(0).value<QDBusVariant>().variant().toString());
+        });
+}

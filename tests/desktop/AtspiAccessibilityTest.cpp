@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "platform/atspi/AtspiAccessibility.h"
+#include "platform/atspi/NoAccessibility.h"
+#include "platform/foundation/QtRunLoop.h"
+#include "tests/desktop/harness/Desk.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <QDBusVariant>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+class AtspiAccessibilityTest : public testing::Test {
+protected:
+    AtspiAccessibilityTest() {
+        callLauncher(QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"), {});
+    }
+
+    void callLauncher(const QString& interface, const QString& member, const QVariantList& arguments) {
+        auto message = QDBusMessage::createMethodCall(QStringLiteral("org.a11y.Bus"),
+                                                      QStringLiteral("/org/a11y/bus"), interface, member);
+        message.setArguments(arguments);
+        bool isAnswered = false;
+        m_bus.call(message, &m_context, [&](const QDBusMessage&) { isAnswered = true; });
+        EXPECT_TRUE(waitFor([&] { return isAnswered; }));
+    }
+
+    void setEnabled(bool isEnabled) {
+        callLauncher(kPropertiesInterface, QStringLiteral("Set"),
+                     {QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"),
+                      QVariant::fromValue(QDBusVariant(isEnabled))});
+    }
+
+    QProcessEnvironment environmentOfPrograms() const {
+        auto environment = m_desk.environment();
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_daemon.address());
+        return environment;
+    }
+
+    std::unique_ptr<Program> start(const QString& executable) {
+        return std::make_unique<Program>(executable, QStringList(), environmentOfPrograms());
+    }
+
+    std::unique_ptr<Program> startQtClient() {
+        auto environment = environmentOfPrograms();
+        environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+        return std::make_unique<Program>(QStringLiteral(TICKLOG_BINARY_DIR "/qt-client"), QStringList(),
+                                         environment, Program::Output::Read);
+    }
+
+    static void tell(Program& client, const char* command) {
+        client.write(QByteArray(command) + '\n');
+        EXPECT_EQ(client.readLine(), QByteArray("ok"));
+    }
+
+    // The title of a program's main window, empty when there is none.
+    QString mainTitle(const Program& program) {
+        const auto window =
+            m_accessibility.mainWindow(m_accessibility.applicationElement(program.processIdentifier()));
+        return window ? m_accessibility.title(*window).value_or(QString()) : QString();
+    }
+
+    bool waitForMainTitle(const Program& program, const char* title) {
+        const bool isSo = waitFor([&] { return mainTitle(program) == QString::fromUtf8(title); });
+        EXPECT_EQ(mainTitle(program), QString::fromUtf8(title));
+        return isSo;
+    }
+
+    std::unique_ptr<AccessibilityObserver> observe(const Program& program, const QStringList& notifications) {
+        const auto element = m_accessibility.applicationElement(program.processIdentifier());
+        auto observer = m_accessibility.makeObserver(program.processIdentifier(), [this] { ++m_calls; });
+        for (const QString& notification : notifications)
+            EXPECT_TRUE(observer->addNotification(element, notification));
+        observer->addToRunLoop();
+        return observer;
+    }
+
+    Desk m_desk;
+    // Knows the display, as on every desktop: what it starts announces the accessibility bus there.
+    SessionBus m_daemon{m_desk.environment(), m_desk.home().runtimeFolder()};
+    RecordingLog m_log;
+    QtRunLoop m_runLoop{m_log};
+    QObject m_context;
+    Bus m_bus{Bus::atAddress(m_daemon.address()), m_runLoop, m_log};
+    AtspiAccessibility m_accessibility{m_bus, m_runLoop, m_log};
+    int m_calls = 0;
+};
+
+TEST_F(AtspiAccessibilityTest, trust_isTheDesktopsSwitch) {
+    EXPECT_FALSE(m_accessibility.isProcessTrusted());
+    setEnabled(true);
+    EXPECT_TRUE(waitFor([this] { return m_accessibility.isProcessTrusted(); }));
+    setEnabled(false);
+    EXPECT_TRUE(waitFor([this] { return !m_accessibility.isProcessTrusted(); }));
+    m_accessibility.openPreferences();
+    EXPECT_TRUE(waitFor([this] { return m_accessibility.isProcessTrusted(); }));
+}
+
+TEST_F(AtspiAccessibilityTest, aQtProgram_isSeenWithItsMainWindow) {
+    const auto client = startQtClient();
+    tell(*client, "open First");
+    const auto observer = observe(*client, {kAXMainWindowChanged});
+    ASSERT_TRUE(waitForMainTitle(*client, "First"));
+    const auto element = m_accessibility.applicationElement(client->processIdentifier());
+    EXPECT_EQ(m_accessibility.title(element), QStringLiteral("qt-client"));
+    tell(*client, "open Second");
+    EXPECT_TRUE(waitForMainTitle(*client, "Second"));
+    tell(*client, "activate 0");
+    EXPECT_TRUE(waitForMainTitle(*client, "First"));
+    tell(*client, "close 0");
+    EXPECT_TRUE(waitForMainTitle(*client, "Second"));
+}
+
+TEST_F(AtspiAccessibilityTest, aQtProgramThatDoesNotTellOfItsTitle_isReadWhileItIsObserved) {
+    const auto client = startQtClient();
+    tell(*client, "open Before");
+    ASSERT_TRUE(waitForMainTitle(*client, "Before"));
+    const auto observer = observe(*client, {kAXTitleChanged});
+    tell(*client, "title 0 After");
+    EXPECT_TRUE(waitForMainTitle(*client, "After"));
+    EXPECT_EQ(m_calls, 1);
+}
+
+TEST_F(AtspiAccessibilityTest, anObserver_isToldOfWhatItAskedForWhileItIsOnTheRunLoop) {
+    const auto client = startQtClient();
+    tell(*client, "open First");
+    ASSERT_TRUE(waitForMainTitle(*client, "First"));
+    const auto observer = observe(*client, {kAXMainWindowChanged, kAXFocusedWindowChanged});
+    const auto silent = observe(*client, {});
+    tell(*client, "open Second");
+    ASSERT_TRUE(waitForMainTitle(*client, "Second"));
+    EXPECT_EQ(m_calls, 1);
+    observer->removeFromRunLoop();
+    tell(*client, "activate 0");
+    ASSERT_TRUE(waitForMainTitle(*client, "First"));
+    EXPECT_EQ(m_calls, 1);
+    const auto element = m_accessibility.applicationElement(client->processIdentifier());
+    EXPECT_TRUE(observer->removeNotification(element, kAXMainWindowChanged));
+    EXPECT_FALSE(observer->removeNotification(element, kAXMainWindowChanged));
+}
+
+TEST_F(AtspiAccessibilityTest, aGtkProgram_tellsOfItsTitleItself) {
+    const auto editor = start(QStringLiteral("mousepad"));
+    const auto observer = observe(*editor, {kAXTitleChanged});
+    ASSERT_TRUE(waitForMainTitle(*editor, "Untitled 1 - Mousepad"));
+    ASSERT_TRUE(m_desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("x")}));
+    EXPECT_TRUE(waitForMainTitle(*editor, "*Untitled 1 - Mousepad"));
+}
+
+TEST_F(AtspiAccessibilityTest, aProgramOfQt5_isSeenToo) {
+    setEnabled(true);
+    const auto editor = start(QStringLiteral("featherpad"));
+    EXPECT_TRUE(waitForMainTitle(*editor, "Untitled"));
+}
+
+TEST_F(AtspiAccessibilityTest, aProgramThatIsGone_hasNoWindow) {
+    const auto client = startQtClient();
+    tell(*client, "open First");
+    ASSERT_TRUE(waitForMainTitle(*client, "First"));
+    const auto window =
+        m_accessibility.mainWindow(m_accessibility.applicationElement(client->processIdentifier()));
+    const auto observer = observe(*client, {kAXMainWindowChanged});
+    client->kill();
+    EXPECT_TRUE(waitFor([&] { return !m_accessibility.title(*window); }));
+    EXPECT_EQ(m_calls, 1);
+}
+
+TEST_F(AtspiAccessibilityTest, aProgramThatHangs_keepsItsLastTitleAndStopsNobody) {
+    const auto client = startQtClient();
+    tell(*client, "open First");
+    ASSERT_TRUE(waitForMainTitle(*client, "First"));
+    const auto observer = observe(*client, {kAXTitleChanged});
+    ASSERT_EQ(::kill(pid_t(client->processIdentifier()), SIGSTOP), 0);
+    const auto other = startQtClient();
+    tell(*other, "open Other");
+    EXPECT_TRUE(waitForMainTitle(*other, "Other"));
+    EXPECT_EQ(mainTitle(*client), QStringLiteral("First"));
+}
+
+TEST_F(AtspiAccessibilityTest, aSessionBusThatIsLost_leavesNothingToTrust) {
+    setEnabled(true);
+    ASSERT_TRUE(waitFor([this] { return m_accessibility.isProcessTrusted(); }));
+    m_daemon.kill();
+    EXPECT_TRUE(waitFor([this] { return !m_accessibility.isProcessTrusted(); }));
+    EXPECT_EQ(m_accessibility.makeObserver(1, [] {}), nullptr);
+}
+
+TEST(NoAccessibility, nobody_isTrustedAndNothingIsSeen) {
+    NoAccessibility none;
+    EXPECT_FALSE(none.isProcessTrusted());
+    EXPECT_TRUE(none.applicationElement(1).isNull());
+    EXPECT_EQ(none.mainWindow({}), std::nullopt);
+    EXPECT_EQ(none.makeObserver(1, [] {}), nullptr);
+}
+
+} // namespace

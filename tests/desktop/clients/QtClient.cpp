@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// A Qt program with windows that does as it is told, line by line on standard input:
+//   open TITLE, title NUMBER TITLE, activate NUMBER, close NUMBER
+// Windows are numbered from 0 in the order in which they were opened. Says "ok" when it has obeyed.
+#include <QApplication>
+#include <QSocketNotifier>
+#include <QTextStream>
+#include <QWidget>
+
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::vector<std::unique_ptr<QWidget>> windows;
+
+void obey(const QString& line) {
+    const QString command = line.section(u' ', 0, 0);
+    if (command == QLatin1String("open")) {
+        windows.push_back(std::make_unique<QWidget>());
+        windows.back()->setWindowTitle(line.section(u' ', 1));
+        windows.back()->resize(200, 100);
+        windows.back()->show();
+        return;
+    }
+    auto& window = windows.at(line.section(u' ', 1, 1).toUInt());
+    if (command == QLatin1String("title")) {
+        window->setWindowTitle(line.section(u' ', 2));
+    } else if (command == QLatin1String("activate")) {
+        window->raise();
+        window->activateWindow();
+    } else if (command == QLatin1String("close")) {
+        window.reset();
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &application, [] {
+        std::string line;
+        if (!std::getline(std::cin, line))
+            return QApplication::quit();
+        obey(QString::fromStdString(line));
+        std::cout << "ok" << std::endl;
+    });
+    return QApplication::exec();
+}
