@@ -58,6 +58,11 @@ public:
     TimeStoreNode& node() override { return *this; }
     QString name() const override { return m_name.isNull() ? QLatin1String("") : m_name; }
     QString displayName() const { return name(); }
+    // Comparisons for whoever asks many nodes ten times a second: no text is shared for them.
+    bool isNamed(const QString& text) const { return m_name == text; }
+    bool isShownAs(const QString& text) const {
+        return (m_renamedNameStorage.isNull() ? m_name : m_renamedNameStorage) == text;
+    }
     QString renamedName() const override { return m_renamedNameStorage.isNull() ? name() : m_renamedNameStorage; }
     PropertyListDictionary renamedNameFormatted() const override;
     void setRenamedNameFormatted(const PropertyListDictionary& record) override;

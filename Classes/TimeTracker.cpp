@@ -175,11 +175,11 @@ Seconds TimeTracker::totalTime() const {
     for (const auto& app : m_timeSet) {
         // Ourselves by the name shown, the idle time by the name it was made under: a timer that the user calls
         // "Ticklog" is meant to be left out with us.
-        if (!countsSelf && app->renamedName() == kOwnName)
+        if (!countsSelf && app->isShownAs(kOwnName))
             continue;
-        if (!countsIdle && app->name() == kIdleName)
+        if (!countsIdle && app->isNamed(kIdleName))
             continue;
-        total += app->activeTime();
+        total += app->TimeStoreNode::activeTime();
     }
     return total;
 }

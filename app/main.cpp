@@ -1,9 +1,83 @@
 // SPDX-License-Identifier: MIT
+// Wires the way of a second of time: the desktop's back ends, the engine that credits, the window that shows.
+#include "app/CommandLine.h"
+#include "app/ExitGuard.h"
+#include "app/LinuxPlatform.h"
+#include "interface/mainwindow/TKController.h"
+#include "interface/shell/QtAlerts.h"
+#include "interface/shell/SingleInstance.h"
+#include "platform/linux/TerminationSignals.h"
+
 #include <QApplication>
+#include <QSessionManager>
+
+#include <cstdio>
+#include <cstdlib>
+#include <sys/stat.h>
+
+namespace {
+
+QString nameOfDisplay() {
+    const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
+    return wayland.isEmpty() ? qEnvironmentVariable("DISPLAY") : wayland;
+}
+
+void nameApplication() {
+    QCoreApplication::setApplicationName(QStringLiteral("ticklog"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TICKLOG_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Ticklog"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.ticklog.Ticklog"));
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
+    // Window titles are nobody else's business, whatever is written.
+    ::umask(S_IRWXG | S_IRWXO);
+    nameApplication();
+    const CommandLine commandLine = CommandLine::parse(argc, argv);
+    if (nameOfDisplay().isEmpty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        std::puts("Error accessing IOHIDSystem");
+        std::fputs("Ticklog needs a display: neither DISPLAY nor WAYLAND_DISPLAY is set.\n", stderr);
+        return EXIT_FAILURE;
+    }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Ticklog"));
-    QApplication::setApplicationVersion(QStringLiteral(TICKLOG_VERSION));
+
+    SingleInstance instance(qEnvironmentVariable("XDG_RUNTIME_DIR"), nameOfDisplay());
+    if (!instance.isFirst() && instance.handOver(commandLine.file))
+        return EXIT_SUCCESS;
+
+    LinuxPlatform desktop;
+    QtAlerts alerts;
+    TKController controller(desktop.platform(), alerts, [](int status) { std::exit(status); });
+    alerts.setWindow(&controller.window());
+    TKApplicationDelegate& delegate = controller.appDelegate();
+
+    const auto powerOff = [&] {
+        delegate.willPowerOffHandler();
+        desktop.platform().defaults.synchronize();
+    };
+    const ExitGuard exitGuard(powerOff);
+    const auto end = [&] {
+        powerOff();
+        QCoreApplication::exit(EXIT_SUCCESS);
+    };
+    const TerminationSignals signals(desktop.platform().runLoop, [&](int) { end(); });
+    desktop.setDisplayLostHandler(end);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
+                     Qt::DirectConnection);
+    const auto openFile = [&](const std::optional<QString>& file) {
+        if (file)
+            controller.documents().openDocumentWithContentsOfURL(*file);
+    };
+    instance.listen([&](const std::optional<QString>& file) {
+        controller.displayMainWindow();
+        openFile(file);
+    });
+
+    controller.awakeFromNib();
+    controller.displayMainWindow();
+    delegate.applicationDidFinishLaunching();
+    desktop.platform().runLoop.performSoon([&] { openFile(commandLine.file); });
     return QApplication::exec();
 }

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+// Saves when something ends the process over our heads: the toolkit exits by itself, with status 1, when the display
+// goes. There can be one at a time. While it lives, exit() runs the rescue and ends with status 0.
+class ExitGuard {
+public:
+    explicit ExitGuard(std::function<void()> rescue);
+    ExitGuard(const ExitGuard&) = delete;
+    ExitGuard& operator=(const ExitGuard&) = delete;
+    ~ExitGuard();
+};

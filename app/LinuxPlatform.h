@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <functional>
+#include <memory>
+
+// The real desktop: opens the connections, chooses a back end for each service and keeps them for the life of the
+// process. The choices and their reasons go to the log.
+class LinuxPlatform {
+public:
+    // REQUIRES: a QCoreApplication.
+    LinuxPlatform();
+    ~LinuxPlatform();
+    LinuxPlatform(const LinuxPlatform&) = delete;
+    LinuxPlatform& operator=(const LinuxPlatform&) = delete;
+
+    Platform& platform();
+    // Calls `handler` when the display is gone for good, as far as this process is concerned.
+    void setDisplayLostHandler(std::function<void()> handler);
+    // Which back ends were chosen and why, a line each.
+    QString describe() const;
+
+private:
+    struct BackEnds;
+    std::unique_ptr<BackEnds> m_backEnds;
+};

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// The floor of every Qt program: a window with nothing in it.
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QWidget window;
+    window.setWindowTitle(QStringLiteral("Bare"));
+    window.resize(400, 300);
+    window.show();
+    return QApplication::exec();
+}

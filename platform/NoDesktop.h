@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/IdleTime.h"
+#include "platform/WindowList.h"
+
+// Where no window system can be asked: nothing is in front, and nothing is credited.
+class NoDesktop : public FrontApplication, public WindowList {
+public:
+    const std::optional<ApplicationRecord>& activeApplication() const override { return m_none; }
+    bool installSwitchHandler(std::function<void()>) override { return false; }
+    QString bundleName(const QString&) const override { return {}; }
+    QString describe() const override {
+        return QStringLiteral("none: no window system that can be asked was found");
+    }
+    std::span<const WindowListEntry> onScreenWindows() const override { return {}; }
+
+private:
+    const std::optional<ApplicationRecord> m_none;
+};
+
+// Where nobody counts the time since the last input: the user is never idle.
+class NoIdleTime : public IdleTime {
+public:
+    IdleReading read() override { return {IdleReading::State::Read, std::int64_t(0)}; }
+    QString describe() const override { return QStringLiteral("none: the user is never idle"); }
+};

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/PropertyListValue.h"
+#include "tests/desktop/harness/Desk.h"
+
+#include <QMap>
+
+// The whole program as a user runs it, on a desk, with the desk's home.
+class Product {
+public:
+    // Its timer runs from the start, and nobody is ever idle, unless the settings say otherwise.
+    static PropertyListDictionary runningSettings();
+
+    explicit Product(Desk& desk)
+        : m_desk(desk) {}
+
+    void writeSettings(const PropertyListDictionary& settings) const;
+    PropertyListDictionary settings() const;
+    // Starts it and waits for its window. Answers whether that came.
+    bool start(const QStringList& arguments = {});
+
+    Program& program() { return *m_program; }
+
+    bool hasWindow() const;
+    // Ends it by a signal, and answers its exit status; absent when it did not exit by itself.
+    std::optional<int> end(int signal);
+
+    QString databasePath() const;
+    // The database on the disk; empty when there is none that can be read.
+    PropertyListDictionary database() const;
+    // Seconds by application name.
+    QMap<QString, double> applicationTimes() const;
+    // Seconds by window name, of one application.
+    QMap<QString, double> windowTimes(const QString& application) const;
+
+private:
+    QString settingsPath() const;
+
+    Desk& m_desk;
+    std::unique_ptr<Program> m_program;
+};
