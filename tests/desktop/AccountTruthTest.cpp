@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// The engine on a real X desktop against a stopwatch: how far the account may be from what happened.
+#include "Classes/Engine.h"
+#include "Classes/TimerControl.h"
+#include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/QtRunLoop.h"
+#include "platform/x11/X11Desktop.h"
+#include "platform/x11/X11IdleTime.h"
+#include "tests/desktop/harness/XClient.h"
+#include "tests/fakes/FakeAccessibility.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class NoDisplay : public TimerDisplay {
+public:
+    void showToggle(const QString&, const QString&) override {}
+    void showRecordingBadge(bool) override {}
+    void updateMenuIconState() override {}
+    void refreshTimeSum() override {}
+    void updateMenus() override {}
+};
+
+// The engine as the program makes it, on the windows of a desk.
+class LiveEngine {
+public:
+    explicit LiveEngine(Desk& desk)
+        : m_desktop(openDesktop(desk)) {}
+
+    TimeTracker& tracker() { return m_engine.tracker(); }
+    TimerControl& timer() { return m_timer; }
+    Clock& clock() { return m_clock; }
+    UserDefaults& defaults() { return m_defaults; }
+
+private:
+    std::unique_ptr<X11Desktop> openDesktop(Desk& desk) {
+        auto opened = X11Desktop::open(desk.display().name().toUtf8(), m_runLoop, m_log, m_entries);
+        if (!opened)
+            qFatal("no desktop: %s", qPrintable(opened.failure().text));
+        return std::move(*opened);
+    }
+
+    QTemporaryDir m_home;
+    SystemClock m_clock;
+    RecordingLog m_log;
+    QtRunLoop m_runLoop{m_log};
+    NotificationCenter m_notifications;
+    Folders m_folders{m_home.filePath(QStringLiteral("Ticklog")), m_home.filePath(QStringLiteral("settings")),
+                      m_home.path()};
+    UserDefaults m_defaults{m_folders.settingsFile, m_notifications, m_runLoop, m_log};
+    DesktopEntries m_entries{{}, m_clock};
+    std::unique_ptr<X11Desktop> m_desktop;
+    X11IdleTime m_idleTime{m_desktop->connection(), m_clock};
+    FakePowerEvents m_power;
+    FakeSessionEvents m_session;
+    FakeAccessibility m_accessibility;
+    FakeFileViewer m_fileViewer;
+    FakeSandbox m_sandbox;
+    Platform m_platform{m_clock,   m_runLoop,       m_log,        m_notifications, m_defaults,
+                        m_folders, *m_desktop,      *m_desktop,   m_idleTime,      m_power,
+                        m_session, m_accessibility, m_fileViewer, m_sandbox};
+    Engine m_engine{m_platform, {}};
+    NoDisplay m_display;
+    TimerControl m_timer{m_engine.tracker(), m_engine.services(), m_display, [] {}};
+};
+
+Seconds timeOf(TimeTracker& tracker, const QString& application) {
+    for (const auto& app : tracker.fullTimeSet())
+        if (app->name() == application)
+            return app->activeTime();
+    return 0;
+}
+
+Seconds sumOf(TimeTracker& tracker) {
+    Seconds sum = 0;
+    for (const auto& app : tracker.fullTimeSet())
+        sum += app->activeTime();
+    return sum;
+}
+
+TEST(AccountTruth, twoHundredQuickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong) {
+    constexpr int kSwitches = 200;
+    Desk desk;
+    std::vector<std::unique_ptr<XClient>> programs;
+    std::vector<xcb_window_t> windows;
+    const std::vector<QByteArray> names = {"Writer", "Mailer", "Painter"};
+    for (const QByteArray& name : names) {
+        programs.push_back(std::make_unique<XClient>(desk));
+        windows.push_back(programs.back()->open({.title = name + " window", .className = name}));
+    }
+    LiveEngine engine(desk);
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    std::vector<double> truth(names.size());
+    std::vector<int> switches(names.size());
+
+    engine.timer().startTimer();
+    const Date start = engine.clock().now();
+    std::optional<std::size_t> inFront;
+    QElapsedTimer watch;
+    for (int i = 0; i < kSwitches; ++i) {
+        const std::size_t next = (inFront.value_or(0) + 1 + random() % (names.size() - 1)) % names.size();
+        programs[next]->activate(windows[next]);
+        ASSERT_TRUE(waitFor([&] { return desk.probe().activeWindow() == windows[next]; }));
+        if (inFront)
+            truth[*inFront] += double(watch.nsecsElapsed()) / 1e9;
+        watch.start();
+        inFront = next;
+        ++switches[next];
+        turnEventLoopFor(std::chrono::milliseconds(20 + random() % 100));
+    }
+    engine.timer().computeTime();
+    const Seconds wall = secondsBetween(start, engine.clock().now());
+    truth[*inFront] += double(watch.nsecsElapsed()) / 1e9;
+
+    EXPECT_NEAR(sumOf(engine.tracker()), wall, wall * 0.001);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        EXPECT_NEAR(timeOf(engine.tracker(), QString::fromLatin1(names[i])), truth[i], switches[i] * 0.15)
+            << names[i].constData();
+}
+
+TEST(AccountTruth, nothingInFront_isCreditedToTheDesktop) {
+    Desk desk;
+    XClient program(desk);
+    const xcb_window_t window = program.open({.title = "Letter", .className = "Writer"});
+    LiveEngine engine(desk);
+    engine.timer().startTimer();
+    program.activate(window);
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Writer")) > 0.2; }));
+    program.destroy(window);
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Desktop")) > 0; }));
+    const Seconds writing = timeOf(engine.tracker(), QStringLiteral("Writer"));
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Desktop")) > 0.3; }));
+    EXPECT_EQ(timeOf(engine.tracker(), QStringLiteral("Writer")), writing);
+}
+
+TEST(AccountTruth, inputAfterALongAbsence_endsTheIdleTimeWithinTwoTicks) {
+    Desk desk;
+    XClient program(desk);
+    const xcb_window_t window = program.open({.title = "Letter", .className = "Writer"});
+    LiveEngine engine(desk);
+    // The screen saver's own counter cannot be set forward: none at all is the shortest absence there is.
+    engine.defaults().setObject(QStringLiteral("minutesUntilIdle"), 0);
+    program.activate(window);
+    engine.timer().startTimer();
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Idle")) > 0.2; }));
+    engine.defaults().setObject(QStringLiteral("minutesUntilIdle"), 1);
+    ASSERT_TRUE(desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("shift")}));
+    const Seconds idle = timeOf(engine.tracker(), QStringLiteral("Idle"));
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Writer")) > 0.3; }));
+    EXPECT_NEAR(timeOf(engine.tracker(), QStringLiteral("Idle")), idle, 0.25);
+}
+
+} // namespace
