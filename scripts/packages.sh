@@ -6,8 +6,9 @@
 apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev libgl-dev libxcb1-dev
   libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev libgtest-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
-apt_test="$apt_demo icewm metacity x11-xserver-utils wmctrl xclip at-spi2-core"
-apt_bench="$apt_demo"
+apt_test="xvfb openbox icewm metacity xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
+  python3 python3-dbus python3-gi python3-dbusmock"
+apt_bench="$apt_demo python3"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils"
 apt_format="clang-format"
 apt_fuzz="clang libclang-rt-dev"
@@ -20,8 +21,9 @@ fi
 # dnf: Fedora
 dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel gtest-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
-dnf_test="$dnf_demo icewm metacity xset wmctrl xclip at-spi2-core"
-dnf_bench="$dnf_demo"
+dnf_test="xorg-x11-server-Xvfb openbox icewm metacity xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
+  python3-dbus python3-gobject python3-dbusmock"
+dnf_bench="$dnf_demo python3"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils"
 dnf_format="clang-tools-extra"
 dnf_fuzz="clang compiler-rt"
@@ -30,8 +32,9 @@ dnf_coverage="gcovr"
 # pacman: Arch
 pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb gtest"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
-pacman_test="$pacman_demo icewm metacity xorg-xset wmctrl xclip at-spi2-core"
-pacman_bench="$pacman_demo"
+pacman_test="xorg-server-xvfb openbox icewm metacity xterm xdotool ttf-dejavu dbus at-spi2-core
+  python-dbus python-gobject python-dbusmock"
+pacman_bench="$pacman_demo python"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils"
 pacman_format="clang"
 pacman_fuzz="clang compiler-rt"
