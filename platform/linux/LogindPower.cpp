@@ -53,10 +53,12 @@ void LogindPower::setPreparing(bool isPreparing) {
     if (isPreparing == m_isPreparing || !m_handler)
         return;
     m_isPreparing = isPreparing;
+    // A copy: the handler may replace itself.
+    const auto handler = m_handler;
     if (isPreparing) {
-        m_handler(PowerMessage::SystemWillSleep, ++m_lastNotification);
+        handler(PowerMessage::SystemWillSleep, ++m_lastNotification);
     } else {
         m_inhibitor.take();
-        m_handler(PowerMessage::SystemHasPoweredOn, 0);
+        handler(PowerMessage::SystemHasPoweredOn, 0);
     }
 }

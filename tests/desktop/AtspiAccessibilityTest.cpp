@@ -177,7 +177,10 @@ TEST_F(AtspiAccessibilityTest, aProgramThatHangs_keepsItsLastTitleAndStopsNobody
     const auto other = startQtClient();
     tell(*other, "open Other");
     EXPECT_TRUE(waitForMainTitle(*other, "Other"));
+    // Longer than the patience with which it is asked.
+    turnEventLoopFor(std::chrono::milliseconds(6500));
     EXPECT_EQ(mainTitle(*client), QStringLiteral("First"));
+    EXPECT_EQ(m_calls, 0);
 }
 
 TEST_F(AtspiAccessibilityTest, aSessionBusThatIsLost_leavesNothingToTrust) {
