@@ -86,7 +86,9 @@ front --pid "$report"; sleep 3
 front --class XCalc; sleep 3
 front --pid "$report"
 echo "Yearly report (saved)" >&8; sleep 2
-front --all --pid "$process" --name '^Ticklog$'; sleep 2
+front --all --pid "$process" --name '^Ticklog$'; sleep 1
+# The last row is the terminals' one: opened, it shows their windows.
+xdotool key End Right; sleep 1
 import -frame -window "$(window --all --pid "$process" --name '^Ticklog$')" "$picture"
 
 # Told to end, Ticklog saves.
