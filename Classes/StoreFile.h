@@ -1,24 +1,55 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/FileCalls.h"
 #include "platform/foundation/PropertyListWriter.h"
 #include "platform/foundation/Result.h"
 #include "platform/foundation/SystemLog.h"
 
+#include <QSet>
+#include <QString>
+
 #include <functional>
 
-// The database file on the disk, whatever it holds. Written in place; a crash or a full disk in the middle leaves the
-// last whole content to be read.
+// The database file on the disk, whatever it holds: a dictionary as a property list. It is written in place:
+// it stays the same file, with its links and its permissions. So that a crash or a full disk in the middle
+// loses nothing, the content first goes, whole and synced, to a sidecar next to it ("<name>.new"), which is
+// removed once the store is synced too. Nobody reads half a save: while it is copied, the store's first byte
+// is one that no reader accepts. docs/file-formats.md tells every state that a crash can leave behind, and
+// what comes of it. Main thread only.
 class StoreFile {
 public:
-    explicit StoreFile(SystemLog& log)
-        : m_log(log) {}
+    // Both must outlive the store.
+    explicit StoreFile(SystemLog& log, FileCalls& calls = FileCalls::system())
+        : m_log(log)
+        , m_calls(calls) {}
 
-    // Writes what `content` sends to the sink, in place and synced.
+    // Replaces the content by what `content` sends to the sink. After a failure the next read() finds the
+    // last content that was written whole, or this one. A store that read() could not read is set aside
+    // first. The folder must exist. A link is followed.
     Outcome write(const QString& path, const std::function<void(PropertyListSink&)>& content);
-    // Reads the last whole content.
+    // Reads the last content that was written whole, and finishes or clears away what a crash left behind.
+    // NotFound when there is none. A store that cannot be read stays where it is until something is to be
+    // written in its place. For files that are not ours to mend there is PropertyList::readFile.
     Result<PropertyListValue> read(const QString& path);
 
 private:
+    struct Paths;
+
+    Outcome setAsideUnreadable(const Paths& paths);
+    Outcome writeSidecar(const Paths& paths, const std::function<void(PropertyListSink&)>& content);
+    Outcome fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content);
+    // The second half of a save: the store becomes what the sidecar is, and the sidecar goes.
+    Outcome putInPlace(const Paths& paths);
+    Outcome replaceContent(int sidecar, int store, const QString& storePath);
+    Outcome copyBehindFirstByte(int sidecar, int store, off_t size, const QString& storePath);
+    Outcome syncFolder(const Paths& paths);
+    Result<PropertyListValue> settle(const Paths& paths);
+    // Keeps a sidecar that did not win.
+    void setAsideSidecar(const Paths& paths, const QString& why);
+
     SystemLog& m_log;
+    FileCalls& m_calls;
+    // Stores that are there and could not be read.
+    QSet<QString> m_unreadable;
 };

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+
+// The calls to the system by which a store is written, so that tests make each of them fail, fall short or be
+// the last one before a crash. All answer as the system does: -1 with the reason in errno.
+class FileCalls {
+public:
+    virtual ~FileCalls() = default;
+
+    // The real ones.
+    static FileCalls& system();
+
+    virtual int open(const char* path, int flags, mode_t mode);
+    virtual ssize_t write(int file, const void* bytes, std::size_t count);
+    virtual ssize_t pwrite(int file, const void* bytes, std::size_t count, off_t offset);
+    // Copies from one file to the same offset of another.
+    virtual ssize_t copyRange(int from, int to, off_t offset, std::size_t count);
+    // Makes sure that the first `size` bytes have room on the disk, without changing the file's size.
+    virtual int allocate(int file, off_t size);
+    virtual int truncate(int file, off_t size);
+    virtual int sync(int file);
+    virtual int rename(const char* from, const char* to);
+    virtual int remove(const char* path);
+};
