@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/FileCalls.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 FileCalls& FileCalls::system() {
@@ -29,7 +31,17 @@ ssize_t FileCalls::copyRange(int from, int to, off_t offset, std::size_t count) 
 }
 
 int FileCalls::allocate(int file, off_t size) {
-    return ::fallocate(file, FALLOC_FL_KEEP_SIZE, 0, size);
+    struct stat before {};
+
+    if (::fstat(file, &before) != 0)
+        return -1;
+    const int result = ::fallocate(file, FALLOC_FL_KEEP_SIZE, 0, size);
+    const int error = errno;
+    // Kernels count it as a change of the file, even when they refuse.
+    const timespec times[2] = {{0, UTIME_OMIT}, before.st_mtim};
+    ::futimens(file, times);
+    errno = error;
+    return result;
 }
 
 int FileCalls::truncate(int file, off_t size) {

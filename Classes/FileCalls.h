@@ -19,7 +19,8 @@ public:
     virtual ssize_t pwrite(int file, const void* bytes, std::size_t count, off_t offset);
     // Copies from one file to the same offset of another.
     virtual ssize_t copyRange(int from, int to, off_t offset, std::size_t count);
-    // Makes sure that the first `size` bytes have room on the disk, without changing the file's size.
+    // Makes sure that the first `size` bytes have room on the disk, without changing the file's size or the
+    // time when it was last written.
     virtual int allocate(int file, off_t size);
     virtual int truncate(int file, off_t size);
     virtual int sync(int file);
