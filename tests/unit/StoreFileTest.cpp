@@ -3,6 +3,7 @@
 #include "platform/foundation/Assertions.h"
 #include "platform/foundation/PropertyList.h"
 #include "tests/fakes/CrashingDisk.h"
+#include "tests/fakes/NumberedSave.h"
 #include "tests/fakes/RecordingLog.h"
 
 #include <QDir>
@@ -23,23 +24,12 @@ protected:
     // On a disk without faults.
     StoreFile launch() { return launch(m_sound); }
 
-    // What save number `number` writes: now longer, now shorter than the last.
+    // Now longer, now shorter than the last.
+    qsizetype lengthOf(int number) const { return m_length + number % 2 * 3000; }
     std::function<void(PropertyListSink&)> save(int number) const {
-        return [number, length = m_length](PropertyListSink& sink) {
-            sink.beginDictionary();
-            sink.key(QStringLiteral("Save"));
-            sink.integer(number);
-            sink.key(QStringLiteral("Filling"));
-            sink.string(QString(length + number % 2 * 3000, QChar(u'a' + number % 26)));
-            sink.endDictionary();
-        };
+        return numberedSave(number, lengthOf(number));
     }
-
-    QByteArray bytesOf(int number) const {
-        PropertyListBuilder builder;
-        save(number)(builder);
-        return PropertyList::xml(builder.take());
-    }
+    QByteArray bytesOf(int number) const { return numberedSaveBytes(number, lengthOf(number)); }
 
     bool write(int number) { return bool(launch().write(m_path, save(number))); }
 
@@ -51,18 +41,13 @@ protected:
         const auto result = launch(calls).read(m_path);
         if (!result)
             return result.failure().kind == Failure::Kind::NotFound ? 0 : -1;
-        return numberOf(*result);
+        return numberOfSave(*result);
     }
 
     // Which save reading the file alone finds, as another program does.
     int readPlainly() const {
         const auto result = PropertyList::readFile(m_path);
-        return result ? numberOf(*result) : -1;
-    }
-
-    int numberOf(const PropertyListValue& content) const {
-        const int number = int(content.asDictionary()->value(QStringLiteral("Save")).toInteger());
-        return PropertyList::xml(content) == bytesOf(number) ? number : -2;
+        return result ? numberOfSave(*result) : -1;
     }
 
     void put(const QString& path, const QByteArray& content) {
@@ -259,6 +244,8 @@ TEST_F(StoreFileTest, aCrashWhileAnEarlierCrashIsBeingMended_losesNothing) {
             } catch (const CrashingDisk::Crash&) {
                 ++crashes;
             }
+            if (!m_disk.happened)
+                second = 100;
             const int found = read();
             ASSERT_TRUE(found == 1 || found == 2) << found;
         }
@@ -283,6 +270,8 @@ TEST_F(StoreFileTest, aCrashInTheSaveAfterAFailedOne_losesNothing) {
             } catch (const CrashingDisk::Crash&) {
                 ++crashes;
             }
+            if (!m_disk.happened)
+                second = 100;
             const int found = read();
             ASSERT_TRUE(found == 2 || found == 3 || (found == 1 && !written)) << found;
         }
