@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/SystemIdleTime.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -23,12 +24,15 @@ std::uint64_t SystemIdleTime::seconds() {
 }
 
 bool SystemIdleTime::hasReachedMinutes(std::int64_t minutes) {
-    const auto isReachedBy = [minutes](std::uint64_t seconds) { return double(minutes) <= double(seconds) / 60.0; };
+    const auto isReachedBy = [minutes](std::uint64_t seconds) {
+        return double(minutes) <= double(seconds) / 60.0;
+    };
     if (isReachedBy(0))
         return true;
     if (m_last) {
         const auto passed = std::uint64_t((m_clock.monotonic() - m_last->at).count());
-        if (!isReachedBy((m_last->nanoseconds + passed) >> kSecondShift))
+        const std::uint64_t atMost = std::max(m_last->nanoseconds, m_last->nanoseconds + passed);
+        if (!isReachedBy(atMost >> kSecondShift))
             return false;
     }
     return isReachedBy(seconds());
