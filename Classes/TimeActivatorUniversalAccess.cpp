@@ -21,8 +21,10 @@ TimeActivatorUniversalAccess::buildAppNameForDictionary(const std::optional<Appl
 std::optional<ApplicationRecord> TimeActivatorUniversalAccess::appDidChange() {
     const bool isTrusted = services().accessibility.isProcessTrusted();
     if (m_waitForUniversalAccessChange && m_isAXEnabled != isTrusted) {
-        const ChangeAnnouncement announcement(*this, kIsAXEnabledKey);
-        m_isAXEnabled = isTrusted;
+        {
+            const ChangeAnnouncement announcement(*this, kIsAXEnabledKey);
+            m_isAXEnabled = isTrusted;
+        }
         m_trackDocumentTiming = isTrusted;
         m_waitForUniversalAccessChange = false;
     }
