@@ -59,20 +59,28 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
                                                const std::optional<QString>& documentName) {
     const std::lock_guard guard(m_lock);
     setCurrentApp(appName);
-    m_activeStoreWindow =
-        m_activeStoreApp ? m_activeStoreApp->windowStoreForName(documentName, mainWindowName).get() : nullptr;
-    updateActiveTimeInStore(m_activeStoreWindow, m_timeActivator->startDate());
+    const auto app = m_activeStoreApp.lock();
+    const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
+    m_activeStoreWindow = window;
+    // Freezing and removing timers come through here too, and nothing is credited while the timer is stopped.
+    if (m_isRunning)
+        updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
     // A title that names no document names no window either.
-    if (!newName || !m_activeStoreApp || !m_activeStoreWindow)
+    const auto app = m_activeStoreApp.lock();
+    const auto current = m_activeStoreWindow.lock();
+    if (!newName || !app || !current)
         return;
-    const auto found = m_activeStoreApp->windowStoreForName(newName, window);
-    if (found && found.get() != m_activeStoreWindow)
-        m_activeStoreWindow->addTimeInterval(found->activeTime());
-    if (m_activeStoreWindow->name() != *newName)
-        m_activeStoreWindow->setName(*newName);
+    const bool isCurrent = current->windowElement() && *current->windowElement() == window;
+    if (!m_isRunning && !isCurrent)
+        return;
+    const auto found = app->windowStoreForName(newName, window);
+    if (found && found != current)
+        current->addTimeInterval(found->activeTime());
+    if (current->name() != *newName)
+        current->setName(*newName);
 }
 
 void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
@@ -81,8 +89,8 @@ void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
     const std::lock_guard guard(m_lock);
     const std::optional<Date> start = m_timeActivator->startDate();
     if (hadWindow && !m_wasIdle)
-        updateActiveTimeInStore(m_activeStoreWindow, start);
-    updateActiveTimeInStore(m_activeStoreApp, start);
+        updateActiveTimeInStore(activeStoreWindow(), start);
+    updateActiveTimeInStore(activeStoreApp(), start);
 }
 
 void TimeTracker::updateDisplayTime(bool idle) {
@@ -98,35 +106,41 @@ void TimeTracker::updateDisplayTime(bool idle) {
         return;
     if (m_timeActivator->trackDocumentTiming() && !idle)
         m_timeActivator->mainWindowDidChange();
-    updateActiveTimeInStore(m_activeStoreApp, m_timeActivator->startDate());
+    updateActiveTimeInStore(activeStoreApp(), m_timeActivator->startDate());
     resetInternalTimes();
 }
 
 void TimeTracker::bookIdleOnset() {
     const float idleSeconds = float(m_services.idleTime.seconds());
     const Seconds sinceRestart = secondsBetween(m_startingTime, now());
-    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
+    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this
+    // true.
     if (sinceRestart > idleSeconds) {
-        if (m_activeStoreApp)
-            m_activeStoreApp->addTimeInterval(-idleSeconds);
-        if (m_activeStoreWindow) {
-            const Seconds windowTime = m_activeStoreWindow->activeTime();
+        if (const auto app = m_activeStoreApp.lock())
+            app->addTimeInterval(-idleSeconds);
+        if (const auto window = m_activeStoreWindow.lock()) {
+            const Seconds windowTime = window->activeTime();
             if (windowTime - idleSeconds < 0)
                 throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
                                             QString::asprintf("%f, %f", windowTime, double(idleSeconds)));
-            m_activeStoreWindow->addTimeInterval(-idleSeconds);
+            window->addTimeInterval(-idleSeconds);
         }
     }
     setCurrentApp(kIdleName);
-    m_activeStoreWindow = nullptr;
-    if (m_activeStoreApp)
-        m_activeStoreApp->addTimeInterval(idleSeconds);
+    m_activeStoreWindow.reset();
+    if (const auto idle = m_activeStoreApp.lock())
+        idle->addTimeInterval(idleSeconds);
     resetInternalTimes();
 }
 
 void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Date>& date) {
-    if (node && date)
-        node->addTimeInterval(secondsBetween(*date, now()));
+    if (!node || !date)
+        return;
+    // An observer may remove the node while it is told.
+    const auto alive = node->weak_from_this().lock();
+    // A wall clock that was set back takes nothing away from what has been credited.
+    if (const Seconds passed = secondsBetween(*date, now()); passed >= 0)
+        node->addTimeInterval(passed);
 }
 
 void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
@@ -135,16 +149,15 @@ void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
     const bool isAway = *name == kScreenSaverName || *name == kLoginWindowName;
     const QString& credited = isAway ? kIdleName : *name;
     if (const auto known = m_timeDictionary.constFind(credited); known != m_timeDictionary.constEnd()) {
-        m_activeStoreApp = known->get();
+        m_activeStoreApp = *known;
         return;
     }
     willChange(kTimeSetKey);
     {
         const std::lock_guard guard(m_lock);
-        m_activeStoreApp =
-            addApplication(std::make_shared<TimeStoreApp>(m_services.store, credited)).get();
+        m_activeStoreApp = addApplication(std::make_shared<TimeStoreApp>(m_services.store, credited));
     }
-    m_activeStoreWindow = nullptr;
+    m_activeStoreWindow.reset();
     didChange(kTimeSetKey);
     m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
 }
@@ -200,9 +213,8 @@ std::vector<Identity> TimeTracker::primaryUUIDs() const {
     return identities;
 }
 
-TimeStoreItem::Children
-TimeTracker::timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
-                                       bool excludingIncludedChildren) const {
+TimeStoreItem::Children TimeTracker::timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
+                                                               bool excludingIncludedChildren) const {
     std::unordered_set<Identity> wanted = childUUIDs;
     const auto isIn = [](const std::unordered_set<Identity>& set, const TimeStoreNode& node) {
         return node.uuid() && set.contains(*node.uuid());

@@ -40,9 +40,9 @@ struct TrackerServices {
     std::function<void()> checkAccessibilityTrust;
 };
 
-// Owns the tree of timers and the activity source, and credits time: at every tick what has passed since the last one
-// goes to the current application's node and, separately, to the current window's. There is one in the process. Main
-// thread only; the lock is against re-entry.
+// Owns the tree of timers and the activity source, and credits time: at every tick what has passed since the
+// last one goes to the current application's node and, separately, to the current window's. There is one in
+// the process. Main thread only; the lock is against re-entry.
 class TimeTracker : public Observable {
 public:
     using AppSet = std::vector<std::shared_ptr<TimeStoreApp>>;
@@ -52,6 +52,7 @@ public:
     ~TimeTracker() override;
 
     bool isRunning() const { return m_isRunning; }
+
     // False when the source lacks its accessibility trust: then the user is asked for it, and nothing starts.
     bool setIsRunning(bool run);
 
@@ -61,15 +62,17 @@ public:
     void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                       const std::optional<WindowElement>& mainWindowName,
                                       const std::optional<QString>& documentName);
-    // The source: the window being credited has another title. Without a name nothing happens.
+    // The source: the window being credited has another title. Nothing happens without a name, and for
+    // another window while the timer is stopped: then the source goes on to look, but nobody follows it.
     void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window);
-    // The source, before it restarts its clock for another application: what has passed since the last tick still
-    // belongs to the application that was in front, and to its window if it had one.
+    // The source, before it restarts its clock for another application: what has passed since the last tick
+    // still belongs to the application that was in front, and to its window if it had one.
     void creditTimeBeforeSwitch(bool hadWindow);
 
     // The tick.
     void updateDisplayTime(bool idle);
-    // Adds what has passed since `date`. Nothing happens without a node or a date.
+    // Adds what has passed since `date`. Nothing happens without a node or a date, or when the date is still
+    // to come.
     void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Date>& date);
     // Finds or makes the node to credit. Without a name the last one stays.
     void setCurrentApp(const std::optional<QString>& name);
@@ -80,10 +83,12 @@ public:
     Seconds totalTime() const;
     // What survives the search and the cut-off; everything while there are none.
     TimeStoreItem::Children timeSet() const;
+
     const AppSet& fullTimeSet() const { return m_timeSet; }
+
     std::vector<Identity> primaryUUIDs() const;
-    // The nodes of these identities: an application itself, or else those of its windows that are wanted. With
-    // `excluding`, the windows of an application that is wanted are not wanted on their own.
+    // The nodes of these identities: an application itself, or else those of its windows that are wanted.
+    // With `excluding`, the windows of an application that is wanted are not wanted on their own.
     TimeStoreItem::Children timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
                                                       bool excludingIncludedChildren) const;
 
@@ -92,10 +97,11 @@ public:
     void setCutoffTime(float cutoffTime);
     void reloadSearchFiltering();
 
-    // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a fresh timer
-    // of the old name.
+    // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
+    // fresh timer of the old name.
     void branchNode(TimeStoreNode& node);
-    // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was called.
+    // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was
+    // called.
     void refreshProjects(const PropertyListDictionary& info);
     // Adds an application timer, whatever its name says: old database files hold only those.
     void addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent);
@@ -111,23 +117,33 @@ public:
 
     // When the timers were last cleared.
     Date lastResetDate() const { return m_lastResetDate; }
+
     void setLastResetDate(Date date);
     // "Database file (reset …):" in the user's language.
     QString lastResetDateDisplayString() const;
 
     // Reads the rules again.
     void userDefaultsChanged();
+
     const RuleCategories& categories() const { return *m_categories; }
 
     bool isAXEnabled() { return m_timeActivator->isAXEnabled(); }
+
     void openUniversalAccessPreferences() { m_timeActivator->openUniversalAccessPreferences(); }
+
     bool isSandboxed() const { return m_services.sandbox.isSandboxed(); }
+
     TimeActivator& timeActivator() { return *m_timeActivator; }
+
     const TimeActivator& timeActivator() const { return *m_timeActivator; }
-    TimeStoreApp* activeStoreApp() const { return m_activeStoreApp; }
-    TimeStoreWindow* activeStoreWindow() const { return m_activeStoreWindow; }
+
+    // The nodes being credited; null when there is none. Valid until the tree changes.
+    TimeStoreApp* activeStoreApp() const { return m_activeStoreApp.lock().get(); }
+
+    TimeStoreWindow* activeStoreWindow() const { return m_activeStoreWindow.lock().get(); }
 
     static Identity brandNewUUID() { return Identity::brandNew(); }
+
     // "00:00:00", hours unbounded.
     static QString timeStringForDouble(Seconds seconds);
     // "2 hours, 1 minute", with seconds where the settings want them.
@@ -135,12 +151,14 @@ public:
 
 private:
     Date now() const { return m_services.activity.clock.now(); }
+
     void bookIdleOnset();
     std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
     void branchWindow(TimeStoreWindow& window);
     void branchApplication(TimeStoreApp& app);
     void postBranching(const std::optional<Identity>& oldIdentity, const Identity& newIdentity);
     void forgetName(const TimeStoreApp& app);
+    AppSet takeOut(const std::unordered_set<Identity>& identities);
 
     TrackerServices& m_services;
     mutable std::recursive_mutex m_lock;
@@ -149,9 +167,9 @@ private:
     QHash<QString, std::shared_ptr<TimeStoreApp>> m_timeDictionary;
     std::unique_ptr<RuleCategories> m_categories;
     Date m_lastResetDate;
-    // Not owned: cleared wherever the node leaves the tree.
-    TimeStoreApp* m_activeStoreApp = nullptr;
-    TimeStoreWindow* m_activeStoreWindow = nullptr;
+    // Not owned: observers may take any node out of the tree, also the one being credited.
+    std::weak_ptr<TimeStoreApp> m_activeStoreApp;
+    std::weak_ptr<TimeStoreWindow> m_activeStoreWindow;
     // Null until a search was asked for, which always counts as a change.
     std::optional<QString> m_searchString;
     // The last restart of the clock; only the idle booking looks at it.

@@ -39,7 +39,7 @@ void TimeTracker::branchWindow(TimeStoreWindow& window) {
     // Whatever is on the screen under that number is the fresh timer's from now on.
     window.setWindowElement(WindowElement());
     postBranching(oldIdentity, newIdentity);
-    m_activeStoreWindow = nullptr;
+    m_activeStoreWindow.reset();
     m_timeActivator->mainWindowDidChange();
 }
 
@@ -47,7 +47,7 @@ void TimeTracker::branchApplication(TimeStoreApp& app) {
     const auto alive = std::static_pointer_cast<TimeStoreApp>(app.shared_from_this());
     const QString oldName = app.name();
     const std::optional<Identity> oldIdentity = app.uuid();
-    const bool wasCurrent = &app == m_activeStoreApp;
+    const bool wasCurrent = alive == m_activeStoreApp.lock();
     m_timeDictionary.remove(oldName);
     app.setName(frozenName(oldName, now()));
     app.setRenamedNameFormatted({{kRecordName, oldName}});
@@ -81,7 +81,7 @@ void TimeTracker::postBranching(const std::optional<Identity>& oldIdentity, cons
 void TimeTracker::refreshProjects(const PropertyListDictionary& info) {
     if (info.value(kInfoCurrentApp).toBool()) {
         setCurrentApp(info.value(kInfoOldName).toString());
-        m_activeStoreWindow = nullptr;
+        m_activeStoreWindow.reset();
         m_timeActivator->mainWindowDidChange();
     }
     m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
@@ -98,9 +98,9 @@ void TimeTracker::reset() {
         AppSet cleared;
         willChange(kTimeSetKey);
         cleared.swap(m_timeSet);
-        m_activeStoreApp = nullptr;
+        m_activeStoreApp.reset();
         // Nothing may point into what is cleared when the observers are told.
-        m_activeStoreWindow = nullptr;
+        m_activeStoreWindow.reset();
         if (m_searchFiltered)
             m_searchFiltered->clear();
         didChange(kTimeSetKey);
@@ -112,39 +112,47 @@ void TimeTracker::reset() {
 }
 
 void TimeTracker::removeUUIDs(const std::unordered_set<Identity>& identities) {
-    // The current ones are looked at again below, after they may have left the tree.
-    const auto currentApp = m_activeStoreApp ? m_activeStoreApp->shared_from_this() : nullptr;
-    const auto currentWindow = m_activeStoreWindow ? m_activeStoreWindow->shared_from_this() : nullptr;
-    bool findsAppAgain = false;
-    bool findsWindowAgain = false;
+    const auto currentApp = m_activeStoreApp.lock();
+    const auto currentWindow = m_activeStoreWindow.lock();
+    const bool findsWindowAgain =
+        currentWindow && currentWindow->uuid() && identities.contains(*currentWindow->uuid());
     willChange(kTimeSetKey);
-    AppSet kept;
-    kept.reserve(m_timeSet.size());
-    for (const auto& app : m_timeSet) {
-        if (app->uuid() && identities.contains(*app->uuid())) {
-            forgetName(*app);
-        } else {
-            app->removeUUIDs(identities);
-            kept.push_back(app);
-        }
-        if (app.get() == m_activeStoreApp) {
-            m_activeStoreApp = nullptr;
-            findsAppAgain = true;
-        }
-    }
-    if (currentWindow && currentWindow->uuid() && identities.contains(*currentWindow->uuid())) {
-        m_activeStoreWindow = nullptr;
-        findsWindowAgain = true;
-    } else if (currentApp && m_activeStoreWindow && std::ranges::find(kept, currentApp) == kept.end()) {
-        // Its application is gone, and the window with it.
-        m_activeStoreWindow = nullptr;
-    }
-    m_timeSet = std::move(kept);
+    const AppSet removed = takeOut(identities);
+    // The current application is looked for again in any case.
+    const bool findsAppAgain = m_activeStoreApp.lock() != nullptr;
+    m_activeStoreApp.reset();
+    const auto holdsCurrentWindow = [&](const std::shared_ptr<TimeStoreApp>& app) {
+        const auto windows = app->windows();
+        return std::ranges::find(windows, currentWindow) != windows.end();
+    };
+    if (findsWindowAgain || std::ranges::any_of(removed, holdsCurrentWindow))
+        m_activeStoreWindow.reset();
     didChange(kTimeSetKey);
     if (findsAppAgain)
         appDidChange();
     if (findsWindowAgain)
         m_timeActivator->mainWindowDidChange();
+}
+
+// Applications whose identity is wanted leave the tree and are answered; windows leave their applications.
+TimeTracker::AppSet TimeTracker::takeOut(const std::unordered_set<Identity>& identities) {
+    AppSet removed;
+    // A copy, because observers of an application's windows may change the set.
+    for (const auto& app : AppSet(m_timeSet)) {
+        if (app->uuid() && identities.contains(*app->uuid())) {
+            forgetName(*app);
+            removed.push_back(app);
+        } else {
+            app->removeUUIDs(identities);
+        }
+    }
+    const auto isRemoved = [&](const TimeStoreItem& item) {
+        return std::ranges::any_of(removed, [&](const auto& app) { return app.get() == &item.node(); });
+    };
+    std::erase_if(m_timeSet, [&](const auto& app) { return isRemoved(*app); });
+    if (m_searchFiltered)
+        std::erase_if(*m_searchFiltered, [&](const auto& item) { return isRemoved(*item); });
+    return removed;
 }
 
 void TimeTracker::forgetName(const TimeStoreApp& app) {

@@ -43,8 +43,7 @@ QString TimeTracker::humanTimeStringForDouble(Seconds seconds) const {
     const double whole = std::floor(seconds);
     const auto hours = qint64(std::floor(whole / 3600));
     // Rounded before the hours are taken off, so that 59.5 minutes become 60 and then none: nothing carries.
-    const float allMinutes =
-        includesSeconds ? float(std::floor(whole / 60)) : std::round(float(whole / 60));
+    const float allMinutes = includesSeconds ? float(std::floor(whole / 60)) : std::round(float(whole / 60));
     const auto minutes = qint64(std::fmod(allMinutes, 60.0F));
     const auto rest = qint64(std::fmod(whole, 60));
     QStringList parts;
