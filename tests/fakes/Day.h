@@ -16,7 +16,7 @@
 //   day.front("Mail", "Inbox");
 //   day.seconds(40);
 //   day.idle(1200);
-//   EXPECT_EQ(day.tree(), "Idle 1117, Mail 1006.6 [Inbox 966.4]");
+//   EXPECT_EQ(day.tree(), "Idle 1133.6, Mail 1006.3 [Inbox 1006.3]");
 //
 // The clock stands at 9:00 on 5 January 2026 and passes only as told, with a tick every 0.1 seconds.
 class Day : public Engine {
@@ -112,11 +112,11 @@ public:
         for (const auto& app : tracker.fullTimeSet()) {
             QMap<QString, QString> windows;
             for (const auto& window : app->windows())
-                windows.insert(window->name() + window->uuid().value().text(), rowOf(*window));
+                windows.insert(sortKey(*window), rowOf(*window));
             QString row = rowOf(*app);
             if (!windows.isEmpty())
                 row += QStringLiteral(" [%1]").arg(windows.values().join(QStringLiteral(", ")));
-            rows.insert(app->name() + app->uuid().value().text(), row);
+            rows.insert(sortKey(*app), row);
         }
         return QStringList(rows.values()).join(QStringLiteral(", ")).toStdString();
     }
@@ -141,6 +141,11 @@ public:
     }
 
 private:
+    // Two of one name are told apart, and neither comes before a shorter name.
+    static QString sortKey(const TimeStoreNode& node) {
+        return node.name() + QChar(1) + node.uuid().value().text();
+    }
+
     static QString rowOf(const TimeStoreNode& node) {
         const double tenths = std::round(node.activeTime() * 10) / 10;
         const QString shown = node.renamedName() == node.name() ? QString() : u'~' + node.renamedName();
