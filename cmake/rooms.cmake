@@ -8,7 +8,9 @@ function(ticklog_options target)
     $<$<BOOL:${TICKLOG_WERROR}>:-Werror>)
   if(TICKLOG_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${TICKLOG_SANITIZE} -fno-omit-frame-pointer
-      -fno-sanitize-recover=all)
+      -fno-sanitize-recover=all
+      # The checks that are put in between keep g++ from seeing that values are set.
+      $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PRIVATE -fsanitize=${TICKLOG_SANITIZE})
   endif()
   if(TICKLOG_COVERAGE)
