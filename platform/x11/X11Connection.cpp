@@ -119,10 +119,8 @@ X11Owned<void> X11Connection::wait(unsigned sequence) {
 }
 
 void X11Connection::dispatch() {
-    // A handler that runs an event loop of its own comes back here.
-    if (m_isDispatching || !isAlive())
-        return;
-    m_isDispatching = true;
+    // Whoever is told of a switch may run an event loop of its own, which comes back here: nothing is kept across the
+    // calls that could have changed meanwhile.
     bool isBusy = true;
     while (isBusy && isAlive()) {
         const bool hadEvents = handOutEvents();
@@ -132,7 +130,6 @@ void X11Connection::dispatch() {
             m_handlers.settled();
         flush();
     }
-    m_isDispatching = false;
     if (isAlive() && xcb_connection_has_error(xcb()))
         lose();
 }

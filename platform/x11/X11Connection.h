@@ -117,5 +117,4 @@ private:
     std::chrono::nanoseconds m_retryDelay;
     quint64 m_roundTrips = 0;
     bool m_hasUnsentQuestions = false;
-    bool m_isDispatching = false;
 };

@@ -157,7 +157,7 @@ void X11Desktop::settle() {
 
 void X11Desktop::askRoot(X11Atom property, quint32 length, X11Connection::ReplyHandler handler) {
     const auto cookie = xcb_get_property(m_connection->xcb(), 0, m_connection->root(),
-                                         m_connection->atom(property), XCB_ATOM_WINDOW, 0, length);
+                                         m_connection->atom(property), XCB_ATOM_ANY, 0, length);
     m_connection->expect(cookie.sequence, std::move(handler));
 }
 
@@ -172,7 +172,7 @@ void X11Desktop::askForManager() {
         xcb_change_window_attributes(m_connection->xcb(), manager, XCB_CW_EVENT_MASK, &mask);
         const auto cookie =
             xcb_get_property(m_connection->xcb(), 0, manager,
-                             m_connection->atom(X11Atom::NetSupportingWmCheck), XCB_ATOM_WINDOW, 0, 1);
+                             m_connection->atom(X11Atom::NetSupportingWmCheck), XCB_ATOM_ANY, 0, 1);
         // EWMH: a window manager that died leaves its mark on the root, but not the window that it names.
         m_connection->expect(cookie.sequence, [this, manager](const void* answer) {
             takeInManager(manager, firstWindowOf(answer) == manager);

@@ -284,6 +284,27 @@ TEST_F(X11DesktopTest, windowsThatAreThereBefore_areKnownAtOnce) {
     EXPECT_EQ(scene.seen(), QStringLiteral("Editor: Page"));
 }
 
+TEST_F(X11DesktopTest, aSwitchHandlerThatRunsALoopOfItsOwn_missesNothing) {
+    const xcb_window_t first = openInFront(editor("First"));
+    EXPECT_SEEN(scene, "Editor: First");
+    XClient other(scene.desk);
+    const xcb_window_t second = other.open(mail("Second"));
+    client.activate(first);
+    EXPECT_SEEN(scene, "Editor: First");
+    bool isInside = false;
+    scene.desktop->installSwitchHandler([&] {
+        if (std::exchange(isInside, true))
+            return;
+        other.setTitle(second, "Third");
+        EXPECT_SEEN(scene, "Mail: Third");
+        client.activate(first);
+        EXPECT_SEEN(scene, "Editor: First");
+    });
+    other.activate(second);
+    EXPECT_TRUE(waitFor([&] { return isInside; }));
+    EXPECT_EQ(scene.seen(), QStringLiteral("Editor: First"));
+}
+
 TEST_F(X11DesktopTest, windowsThatComeAndGoQuickly_leaveNothingBehind) {
     for (int i = 0; i < 50; ++i) {
         const xcb_window_t window = client.open({.title = "Brief", .isMapped = false});
