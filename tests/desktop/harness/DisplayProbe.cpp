@@ -84,7 +84,8 @@ xcb_window_t DisplayProbe::activeWindow() const {
 std::vector<xcb_window_t> DisplayProbe::windows() const {
     const QByteArray bytes = property(m_root, "_NET_CLIENT_LIST");
     std::vector<xcb_window_t> windows(std::size_t(bytes.size()) / sizeof(xcb_window_t));
-    std::memcpy(windows.data(), bytes.constData(), windows.size() * sizeof(xcb_window_t));
+    std::copy_n(bytes.constData(), windows.size() * sizeof(xcb_window_t),
+                reinterpret_cast<char*>(windows.data()));
     return windows;
 }
 
