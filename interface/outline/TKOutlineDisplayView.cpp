@@ -30,8 +30,9 @@ public:
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
         QHeaderView::initStyleOptionForIndex(option, section);
-        const QString air = QStringLiteral("  ");
-        option->text = section == TimeTreeModel::ProgramColumn ? air + option->text : option->text + air;
+        // Behind the sign that unfolds a row; before the digits' margin.
+        option->text = section == TimeTreeModel::ProgramColumn ? QStringLiteral("     ") + option->text
+                                                               : option->text + QStringLiteral("   ");
     }
 };
 
