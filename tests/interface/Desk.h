@@ -6,7 +6,7 @@
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakePlatform.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLineEdit>
 
 #include <stdexcept>
