@@ -39,7 +39,8 @@ public:
 class TimeActivator : public Observable {
 public:
     // The source every tracker gets, whatever the accessibility trust is.
-    static std::unique_ptr<TimeActivator> activatorForTracker(TimeTracker& tracker, ActivityServices& services);
+    static std::unique_ptr<TimeActivator> activatorForTracker(TimeTracker& tracker,
+                                                              ActivityServices& services);
 
     TimeActivator(TimeTracker& tracker, ActivityServices& services);
     ~TimeActivator() override;

@@ -30,8 +30,7 @@ void TimeActivatorScreenCapture::fastUpdateWindowName() {
         m_updateController->computeTime();
 }
 
-void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(
-    std::optional<std::int64_t> processIdentifier) {
+void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier) {
     const std::lock_guard guard(lock());
     const std::span<const WindowListEntry> windows = services().windowList.onScreenWindows();
     const auto front = std::ranges::find_if(windows, [&](const WindowListEntry& entry) {

@@ -18,7 +18,9 @@ public:
     void mainWindowDidChange() override;
     void resetObservations() override;
     std::optional<Date> startDate() const override { return m_startDate; }
-    void createComputeTimerForController(ComputeTarget& controller) override { m_updateController = &controller; }
+    void createComputeTimerForController(ComputeTarget& controller) override {
+        m_updateController = &controller;
+    }
     void destroyComputeTimer() override { m_updateController = nullptr; }
     bool computeTimerIsValid() const override { return m_updateController != nullptr; }
     bool isAXEnabled() override { return true; }

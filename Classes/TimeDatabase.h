@@ -43,8 +43,8 @@ public:
     };
 
     // Makes the application-support folder if it is missing. Everything must outlive the database.
-    TimeDatabase(TimeTracker& tracker, TKUUIDManager& registry, UserDefaults& defaults, const Folders& folders,
-                 SystemLog& log, Hooks hooks);
+    TimeDatabase(TimeTracker& tracker, TKUUIDManager& registry, UserDefaults& defaults,
+                 const Folders& folders, SystemLog& log, Hooks hooks);
     ~TimeDatabase() override;
 
     const QString& applicationSupportFolder() const { return m_applicationSupportFolder; }

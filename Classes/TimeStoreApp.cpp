@@ -107,12 +107,12 @@ QString TimeStoreApp::description() const {
 
 void TimeStoreApp::store(const QString& key, std::shared_ptr<TimeStoreWindow> window) {
     TimeStoreWindow& followed = *window;
-    Subscription naming = followed.observe(
-        kNameKey,
-        [this, &followed](const ObservedChange& change) {
-            followRename(followed, change.oldValue.toString(), change.newValue.toString());
-        },
-        {.values = true});
+    Subscription naming =
+        followed.observe(kNameKey,
+                         [this, &followed](const ObservedChange& change) {
+                             followRename(followed, change.oldValue.toString(), change.newValue.toString());
+                         },
+                         {.values = true});
     if (const auto displaced = m_windows.find(key); displaced != m_windows.end())
         drop(displaced);
     m_windows.emplace(key, Entry{std::move(window), std::move(naming)});
@@ -157,5 +157,6 @@ void TimeStoreApp::giveElement(TimeStoreWindow& window, const WindowElement& ele
     if (window.windowElement())
         m_byElement.erase(*window.windowElement());
     window.setWindowElement(element);
-    m_byElement.insert_or_assign(element, std::static_pointer_cast<TimeStoreWindow>(window.shared_from_this()));
+    m_byElement.insert_or_assign(element,
+                                 std::static_pointer_cast<TimeStoreWindow>(window.shared_from_this()));
 }

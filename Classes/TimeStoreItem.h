@@ -52,8 +52,8 @@ public:
 
     // What is left of this row when only rows are wanted that contain `searchString` (absent: all) and have at least
     // `cutoffTime` seconds (0 or less: all): itself, a proxy that shows the surviving children, or null.
-    virtual std::shared_ptr<TimeStoreItem> prunedObjectForSearchString(const std::optional<QString>& searchString,
-                                                                       float cutoffTime) = 0;
+    virtual std::shared_ptr<TimeStoreItem>
+    prunedObjectForSearchString(const std::optional<QString>& searchString, float cutoffTime) = 0;
     // The seconds that match `searchString`: all of them if this row matches, else those of the matching children.
     virtual Seconds activeTimeForSearchString(const QString& searchString) const = 0;
 };

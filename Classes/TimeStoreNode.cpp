@@ -148,8 +148,7 @@ TimeStoreNode::prunedObjectForSearchString(const std::optional<QString>& searchS
         return shared_from_this();
     if (isLeaf())
         return nullptr;
-    auto proxy =
-        TimeStorePruneProxy::prunedProxyForObject(shared_from_this(), searchString, cutoffTime);
+    auto proxy = TimeStorePruneProxy::prunedProxyForObject(shared_from_this(), searchString, cutoffTime);
     const auto survivors = proxy->children();
     return survivors && !survivors->empty() ? proxy : nullptr;
 }

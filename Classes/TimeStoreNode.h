@@ -29,7 +29,8 @@ inline const QString kRecordRenamedName = QStringLiteral("Renamed Name");
 inline const QString kFormattedOriginal = QStringLiteral("Original");
 
 // Asks those who show projects to build them anew. No object.
-inline const QString kTicklogRefreshProjectsNotification = QStringLiteral("kTicklogRefreshProjectsNotification");
+inline const QString kTicklogRefreshProjectsNotification =
+    QStringLiteral("kTicklogRefreshProjectsNotification");
 
 // What nodes need of the rest of the program. Outlives all nodes.
 struct TimeStoreServices {
@@ -63,7 +64,9 @@ public:
     bool isShownAs(const QString& text) const {
         return (m_renamedNameStorage.isNull() ? m_name : m_renamedNameStorage) == text;
     }
-    QString renamedName() const override { return m_renamedNameStorage.isNull() ? name() : m_renamedNameStorage; }
+    QString renamedName() const override {
+        return m_renamedNameStorage.isNull() ? name() : m_renamedNameStorage;
+    }
     PropertyListDictionary renamedNameFormatted() const override;
     void setRenamedNameFormatted(const PropertyListDictionary& record) override;
     bool renamedNameEditable() const override { return true; }
