@@ -216,6 +216,16 @@ TEST_F(X11DesktopTest, aFrontWindowThatNobodyKnows_isTheDesktop) {
     EXPECT_SEEN(scene, "Desktop: none");
 }
 
+TEST_F(X11DesktopTest, aMinimisedWindowThatIsStillNamed_isNotInFront) {
+    const xcb_window_t window = openInFront(editor("Page"));
+    EXPECT_SEEN(scene, "Editor: Page");
+    client.minimise(window);
+    EXPECT_SEEN(scene, "Desktop: none");
+    client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {window});
+    turnEventLoopFor(std::chrono::milliseconds(50));
+    EXPECT_EQ(scene.seen(), QStringLiteral("Desktop: none"));
+}
+
 TEST_F(X11DesktopTest, focusWithoutRaise_isCreditedToTheFocusedWindow) {
     const xcb_window_t below = client.open(editor("Below"));
     const xcb_window_t above = client.open(editor("Above"));
