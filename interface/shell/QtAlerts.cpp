@@ -4,6 +4,7 @@
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -11,6 +12,13 @@ namespace {
 
 QString databaseFilter() {
     return localized("Ticklog databases") + QStringLiteral(" (*.tkd)");
+}
+
+// Qt makes boxes as narrow as their headline, however long the text beneath it is.
+void makeRoom(const QMessageBox& box) {
+    constexpr int kCharactersPerLine = 52;
+    if (auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kCharactersPerLine);
 }
 
 } // namespace
@@ -30,6 +38,7 @@ int QtAlerts::ask(const Question& question) {
                                    : box.addButton(question.otherButton, QMessageBox::ActionRole);
     box.setDefaultButton(keep);
     box.setEscapeButton(keep);
+    makeRoom(box);
     box.exec();
     if (box.clickedButton() == alternate)
         return Alternate;
@@ -67,6 +76,7 @@ void QtAlerts::showError(const QString& message, const QString& informativeText)
     box.setWindowTitle(QStringLiteral("Ticklog"));
     box.setText(message);
     box.setInformativeText(informativeText);
+    makeRoom(box);
     box.exec();
 }
 
