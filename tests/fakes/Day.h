@@ -64,11 +64,12 @@ public:
     // Time passes and nobody touches anything. Going on from another idle() it is the same pause.
     void idle(double time) { advance(time); }
 
-    // The machine sleeps and says so before and after.
+    // The machine sleeps, says so before and after, and is woken by the person.
     void asleep(double time) {
         fakes.power.send(PowerMessage::CanSystemSleep, 1);
         fakes.power.send(PowerMessage::SystemWillSleep, 2);
         fakes.clock.sleepFor(nanoseconds(time));
+        fakes.idleTime.touch();
         fakes.power.send(PowerMessage::SystemHasPoweredOn);
     }
 
