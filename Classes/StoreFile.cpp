@@ -271,6 +271,10 @@ Result<PropertyListValue> StoreFile::read(const QString& path) {
     return result;
 }
 
+void StoreFile::refuse(const QString& path) {
+    m_unreadable.insert(Paths(path).store);
+}
+
 // There is a sidecar: a save did not come to its end.
 Result<PropertyListValue> StoreFile::settle(const Paths& paths) {
     auto sidecar = readDictionary(paths.sidecar);

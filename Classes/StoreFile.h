@@ -32,6 +32,9 @@ public:
     // NotFound when there is none. A store that cannot be read stays where it is until something is to be
     // written in its place. For files that are not ours to mend there is PropertyList::readFile.
     Result<PropertyListValue> read(const QString& path);
+    // What was read there is not what it should be: like a store that cannot be read, it is set aside before
+    // something is written in its place. Nothing happens to a store that is not there.
+    void refuse(const QString& path);
 
 private:
     struct Paths;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/TKUUIDManager.h"
 
+#include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
 
 TKUUIDManager::TKUUIDManager(QString path, RunLoop& runLoop, SystemLog& log)
@@ -60,15 +61,10 @@ void TKUUIDManager::saveData() {
 
 void TKUUIDManager::load() {
     const Result<PropertyListValue> file = PropertyList::readFile(m_path);
-    if (!file) {
-        if (file.failure().kind != Failure::Kind::NotFound)
-            m_log.log(QStringLiteral("The identity registry cannot be read and starts empty: ") +
-                      file.failure().text);
-        return;
-    }
-    const PropertyListDictionary* entries = file->asDictionary();
+    const PropertyListDictionary* entries = file ? file->asDictionary() : nullptr;
     if (!entries) {
-        m_log.log(QStringLiteral("The identity registry holds no dictionary and starts empty."));
+        if (file || file.failure().kind != Failure::Kind::NotFound)
+            startEmpty(file ? QStringLiteral("no dictionary") : file.failure().text);
         return;
     }
     int damaged = 0;
@@ -83,6 +79,13 @@ void TKUUIDManager::load() {
     if (damaged > 0)
         m_log.log(QStringLiteral("%1 entries of the identity registry are not identities and were left out.")
                       .arg(damaged));
+}
+
+void TKUUIDManager::startEmpty(const QString& why) {
+    const Result<QString> aside = PrivateFiles::setAside(m_path);
+    m_log.log(
+        QStringLiteral("The identity registry cannot be read and starts empty (%1); it was set aside: %2")
+            .arg(why, aside ? *aside : aside.failure().text));
 }
 
 void TKUUIDManager::requestSave() {

@@ -23,7 +23,8 @@ class TKUUIDManager {
 public:
     static constexpr std::chrono::seconds kJoiningDelay{20};
 
-    // Reads the file at `path`; missing or unreadable, the registry starts empty.
+    // Reads the file at `path`; missing or unreadable, the registry starts empty. An
+    // unreadable file is set aside first.
     TKUUIDManager(QString path, RunLoop& runLoop, SystemLog& log);
     TKUUIDManager(const TKUUIDManager&) = delete;
     TKUUIDManager& operator=(const TKUUIDManager&) = delete;
@@ -52,6 +53,7 @@ public:
 
 private:
     void load();
+    void startEmpty(const QString& why);
     void requestSave();
     void write();
 

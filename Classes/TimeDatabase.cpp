@@ -5,28 +5,17 @@
 #include "Classes/StoreFile.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
+#include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <sys/stat.h>
 
 namespace {
 
 const QString kVersion = QStringLiteral("1.5");
 const QString kMainStoreName = QStringLiteral("Primary Database.tkd");
 const QString kImportBackup = QStringLiteral("Import Backup");
-
-// Makes the folder and what is missing above it, for the user alone. That it fails is noticed when it is written to.
-void makePrivateFolder(const QString& path) {
-    if (QFileInfo::exists(path))
-        return;
-    const mode_t before = ::umask(S_IRWXG | S_IRWXO);
-    QDir().mkpath(path);
-    ::umask(before);
-}
 
 // Never replaces what stands at `to`.
 Outcome copyFile(const QString& from, const QString& to) {
@@ -52,7 +41,8 @@ TimeDatabase::TimeDatabase(TimeTracker& tracker, TKUUIDManager& registry, UserDe
     , m_store(std::make_unique<StoreFile>(log))
     , m_applicationSupportFolder(folders.applicationSupport)
     , m_mainStoreURL(defaultMainStoreURL()) {
-    makePrivateFolder(m_applicationSupportFolder);
+    // That it fails is noticed when it is written to.
+    static_cast<void>(PrivateFiles::makeFolder(m_applicationSupportFolder));
 }
 
 TimeDatabase::~TimeDatabase() = default;
@@ -105,7 +95,9 @@ void TimeDatabase::loadMainStore() {
     const QString recorded = m_defaults.object(kMainStorePath).toString();
     if (!recorded.isEmpty() && QFileInfo(recorded).isFile())
         m_mainStoreURL = recorded;
-    loadDictionaryFromURL(m_mainStoreURL);
+    // What holds no account that we understand must not be written over.
+    if (!loadDictionaryFromURL(m_mainStoreURL))
+        m_store->refuse(m_mainStoreURL);
 }
 
 std::optional<PropertyListDictionary> TimeDatabase::take(const PropertyListValue& file) {

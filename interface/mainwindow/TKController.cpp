@@ -15,11 +15,11 @@
 TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit)
     : m_platform(platform)
     , m_alerts(alerts)
-    , m_engine(platform, std::move(exit))
-    , m_model(m_engine.tracker, platform.runLoop,
+    , m_engine(platform, {.exit = std::move(exit), .checkAccessibilityTrust = {}})
+    , m_model(m_engine.tracker(), platform.runLoop,
               [this](const auto& item, const QString& name) { rename(item, name); })
-    , m_timer(m_engine.tracker, m_engine.services, *this, [this] { saveSettingsToDisk(); })
-    , m_database(m_engine.tracker, m_engine.registry, platform.defaults, platform.folders, platform.log,
+    , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
+    , m_database(m_engine.tracker(), m_engine.registry(), platform.defaults, platform.folders, platform.log,
                  {.projects = {}, .setProjects = {}, .computeTime = [this] { m_timer.computeTime(); }})
     , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
     , m_appDelegate(*this, platform, alerts) {
@@ -33,7 +33,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
                                                        [this](const Notification&) { refreshTimeSum(); });
     m_resets =
-        m_engine.tracker.observe(kLastResetDateKey, [this](const ObservedChange&) { showLastReset(); });
+        m_engine.tracker().observe(kLastResetDateKey, [this](const ObservedChange&) { showLastReset(); });
     showLastReset();
 }
 
@@ -87,7 +87,7 @@ void TKController::connectOutline() {
 }
 
 void TKController::awakeFromNib() {
-    if (!m_engine.tracker.isAXEnabled())
+    if (!m_engine.tracker().isAXEnabled())
         return;
     if (!m_platform.defaults.boolForKey(kStartTicklogOnNextLaunch))
         return;
@@ -113,7 +113,7 @@ void TKController::showRecordingBadge(bool isRecording) {
 }
 
 void TKController::showLastReset() {
-    m_window.actions().clearTimers->setToolTip(m_engine.tracker.lastResetDateDisplayString());
+    m_window.actions().clearTimers->setToolTip(m_engine.tracker().lastResetDateDisplayString());
 }
 
 const TimeStoreItem::Children& TKController::summedRows() const {
@@ -125,7 +125,7 @@ const TimeStoreItem::Children& TKController::summedRows() const {
 TKController::Sum TKController::sum(int kind) const {
     constexpr int kAllObjects = 1;
     if (kind == kAllObjects || summedRows().empty())
-        return {m_engine.tracker.totalTime(), SumMode::Total};
+        return {m_engine.tracker().totalTime(), SumMode::Total};
     return {summedTime(summedRows(), {}), SumMode::Selected};
 }
 
@@ -135,7 +135,7 @@ QString TKController::totalTimeStringForAllObjects(int kind, SumMode* outMode) c
     if (!outMode)
         return sumTitle(result.mode, TimeTracker::timeStringForDouble(result.seconds));
     *outMode = result.mode;
-    return kind == kInWords ? m_engine.tracker.humanTimeStringForDouble(result.seconds)
+    return kind == kInWords ? m_engine.tracker().humanTimeStringForDouble(result.seconds)
                             : TimeTracker::timeStringForDouble(result.seconds);
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/Engine.h"
 #include "Classes/TimeDatabase.h"
 #include "Classes/TimerControl.h"
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/TKDocumentController.h"
 #include "interface/mainwindow/TimeSum.h"
-#include "interface/mainwindow/TrackingEngine.h"
 #include "interface/outline/TimeTreeModel.h"
 #include "interface/shell/TKApplicationDelegate.h"
 
@@ -63,7 +63,7 @@ public:
 
     TimerControl& timer() { return m_timer; }
 
-    TimeTracker& tracker() { return m_engine.tracker; }
+    TimeTracker& tracker() { return m_engine.tracker(); }
 
     TimeDatabase& database() { return m_database; }
 
@@ -100,7 +100,7 @@ private:
 
     Platform& m_platform;
     Alerts& m_alerts;
-    TrackingEngine m_engine;
+    Engine m_engine;
     QUndoStack m_undoStack;
     TimeTreeModel m_model;
     MainWindow m_window;

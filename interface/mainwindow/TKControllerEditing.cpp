@@ -36,7 +36,7 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
         if (answer == Alerts::Default)
             return;
     }
-    m_engine.tracker.removeUUIDs(identities);
+    m_engine.tracker().removeUUIDs(identities);
 }
 
 void TKController::clearTimers() {
@@ -49,7 +49,7 @@ void TKController::clearTimers() {
     if (answer == Alerts::Default)
         return;
     m_undoStack.clear();
-    m_engine.tracker.reset();
+    m_engine.tracker().reset();
     m_timer.computeTime();
     saveSettingsToDisk();
 }

@@ -180,13 +180,13 @@ public:
     }
 
     void step() {
-        const auto& apps = m_engine.tracker.fullTimeSet();
+        const auto& apps = m_engine.tracker().fullTimeSet();
         const int choice = apps.empty() ? 0 : below(16);
         const auto app = apps.empty() ? nullptr : apps[std::size_t(below(int(apps.size())))];
         const auto windows = app ? app->windows() : std::vector<std::shared_ptr<TimeStoreWindow>>();
         const auto window = windows.empty() ? nullptr : windows[std::size_t(below(int(windows.size())))];
         if (choice <= 1)
-            m_engine.tracker.addWindowWithName(name(), double(below(400000)));
+            m_engine.tracker().addWindowWithName(name(), double(below(400000)));
         else if (choice <= 5)
             (void)app->windowStoreForName(name(), std::nullopt);
         else if (choice == 6)
@@ -196,9 +196,9 @@ public:
         else if (choice == 8 && window)
             window->setRenamedNameFormatted({{kRecordName, name()}});
         else if (choice == 9)
-            m_engine.tracker.branchNode(*app);
+            m_engine.tracker().branchNode(*app);
         else if (choice == 10 && window)
-            m_engine.tracker.branchNode(*window);
+            m_engine.tracker().branchNode(*window);
         else if (choice == 11)
             remove(*app, window.get());
         else if (choice == 12)
@@ -216,7 +216,7 @@ public:
         QStringList shown;
         QStringList wanted;
         QString disorder = disorderBeneath({}, shown);
-        for (const auto& app : m_engine.tracker.timeSet())
+        for (const auto& app : m_engine.tracker().timeSet())
             wanted << textOfItem(*app);
         for (int row = 0; row < m_model.rowCount(); ++row) {
             const QModelIndex index = m_model.index(row, 0);
@@ -243,9 +243,9 @@ private:
         std::unordered_set<Identity> gone;
         gone.insert((window && below(3) ? window->uuid() : app.uuid()).value());
         if (below(60) == 0)
-            m_engine.tracker.reset();
+            m_engine.tracker().reset();
         else
-            m_engine.tracker.removeUUIDs(gone);
+            m_engine.tracker().removeUUIDs(gone);
     }
 
     void sort() {

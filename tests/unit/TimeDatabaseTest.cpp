@@ -1,0 +1,322 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/TimeDatabase.h"
+#include "Classes/Engine.h"
+#include "platform/foundation/PropertyList.h"
+#include "tests/fakes/FakePlatform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class TimeDatabaseTest : public testing::Test {
+protected:
+    TimeDatabase::Hooks hooks() {
+        return {.projects =
+                    [] {
+                        return PropertyListArray{
+                            PropertyListDictionary{{QStringLiteral("Label"), QStringLiteral("Home")}}};
+                    },
+                .setProjects = [this](const PropertyListValue& projects) { importedProjects = projects; },
+                .computeTime = [this] { ++recomputations; }};
+    }
+
+    // The tree as text: "Mail 40 [Inbox 40], Editor 7".
+    QString tree() {
+        QStringList apps;
+        for (const auto& app : engine.tracker().fullTimeSet()) {
+            QStringList windows;
+            for (const auto& window : app->windows())
+                windows << QStringLiteral("%1 %2").arg(window->name()).arg(window->activeTime());
+            apps << QStringLiteral("%1 %2").arg(app->name()).arg(app->activeTime()) +
+                        (windows.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(windows.join(u',')));
+        }
+        return apps.join(QStringLiteral(", "));
+    }
+
+    void addMail() {
+        const PropertyListDictionary inbox{{kRecordName, QStringLiteral("Inbox")},
+                                           {kRecordActiveTime, 40.25}};
+        const PropertyListDictionary mail{{kRecordName, QStringLiteral("Mail")}, {kRecordActiveTime, 60.5}};
+        engine.tracker().setArrayRepresentation(
+            {PropertyListDictionary{{kEntryApp, mail}, {kEntryWindows, PropertyListArray{inbox}}}});
+    }
+
+    QString write(const QString& name, const QByteArray& bytes) {
+        const QString path = fakes.home.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QFile::WriteOnly));
+        file.write(bytes);
+        return path;
+    }
+
+    QString write(const QString& name, const PropertyListValue& content) {
+        return write(name, PropertyList::xml(content));
+    }
+
+    static PropertyListDictionary contentOf(const QString& path) {
+        const auto file = PropertyList::readFile(path);
+        return file && file->asDictionary() ? *file->asDictionary() : PropertyListDictionary();
+    }
+
+    FakePlatform fakes;
+    Engine engine{fakes.platform, {}};
+    PropertyListValue importedProjects;
+    int recomputations = 0;
+    TimeDatabase database{engine.tracker(), engine.registry(), fakes.defaults,
+                          fakes.folders,    fakes.log,         hooks()};
+};
+
+TEST_F(TimeDatabaseTest, theSupportFolder_isMadeForTheUserAlone) {
+    const QFileInfo folder(fakes.folders.applicationSupport);
+    ASSERT_TRUE(folder.isDir());
+    EXPECT_EQ(folder.permissions() &
+                  (QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther),
+              QFile::Permissions());
+}
+
+TEST_F(TimeDatabaseTest, theMainStoreSavedAtQuit_hasNoProjectsWhileACopyHas) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    const QString copy = fakes.home.filePath(QStringLiteral("copy.tkd"));
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL(copy));
+    EXPECT_FALSE(contentOf(database.mainStoreURL()).contains(kDatabaseProjects));
+    EXPECT_EQ(contentOf(copy).value(kDatabaseProjects).asArray()->size(), 1U);
+    EXPECT_EQ(contentOf(copy).value(kDatabaseVersion).toString(), QStringLiteral("1.5"));
+}
+
+TEST_F(TimeDatabaseTest, theEntriesOfTheFile_standInTheirOrder) {
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL(fakes.home.filePath(QStringLiteral("copy.tkd"))));
+    QStringList keys;
+    for (const auto& [key, value] : contentOf(fakes.home.filePath(QStringLiteral("copy.tkd"))))
+        keys << key;
+    EXPECT_EQ(keys,
+              QStringList({kDatabaseVersion, kDatabaseApps, kDatabaseProjects, kDatabaseLastResetDate}));
+}
+
+TEST_F(TimeDatabaseTest, whatWasSaved_isReadBackToTheLastDigit) {
+    const double awkward = 712345.6789012345;
+    engine.tracker().addWindowWithName(QStringLiteral("Mail"), awkward);
+    const Date reset = Date(std::chrono::sys_days(std::chrono::year(2026) / 3 / 1));
+    engine.tracker().setLastResetDate(reset);
+    const auto identity = engine.tracker().fullTimeSet().front()->uuid();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    engine.tracker().reset();
+    database.loadMainStore();
+    ASSERT_EQ(engine.tracker().fullTimeSet().size(), 1U);
+    EXPECT_EQ(engine.tracker().fullTimeSet().front()->activeTime(), awkward);
+    EXPECT_EQ(engine.tracker().fullTimeSet().front()->uuid(), identity);
+    EXPECT_EQ(engine.tracker().lastResetDate(), reset);
+    EXPECT_EQ(recomputations, 1);
+}
+
+TEST_F(TimeDatabaseTest, anyVersion_isReadLikeTheLatest) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    PropertyListDictionary content = contentOf(database.mainStoreURL());
+    content.insert(kDatabaseVersion, QStringLiteral("1.0"));
+    const QString old = write(QStringLiteral("old.tkd"), content);
+    ASSERT_TRUE(database.loadDictionaryFromURL(old));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
+}
+
+TEST_F(TimeDatabaseTest, aFileOfNamesAndNumbers_yieldsATimerForEach) {
+    const QString legacy =
+        write(QStringLiteral("legacy.tkd"),
+              PropertyListDictionary{{QStringLiteral("Mail"), 40}, {QStringLiteral("Editor"), 7.5}});
+    ASSERT_TRUE(database.loadDictionaryFromURL(legacy));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 40, Editor 7.5"));
+    EXPECT_EQ(recomputations, 1);
+}
+
+TEST_F(TimeDatabaseTest, aFileWithoutVersionThatHoldsApps_leavesTheTimersResetAndPartlyFilled) {
+    addMail();
+    const QString strange =
+        write(QStringLiteral("strange.tkd"), PropertyListDictionary{{QStringLiteral("Editor"), 7},
+                                                                    {kDatabaseApps, PropertyListArray()},
+                                                                    {QStringLiteral("Browser"), 9}});
+    EXPECT_FALSE(database.loadDictionaryFromURL(strange));
+    EXPECT_EQ(tree(), QStringLiteral("Editor 7"));
+    EXPECT_EQ(recomputations, 0);
+}
+
+TEST_F(TimeDatabaseTest, aMainStoreThatWasNotUnderstood_isSetAsideBeforeTheNextSave) {
+    write(QStringLiteral("share/Ticklog/Primary Database.tkd"),
+          PropertyListDictionary{{QStringLiteral("Editor"), 7}, {kDatabaseApps, PropertyListArray()}});
+    database.loadMainStore();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    EXPECT_EQ(QDir(fakes.folders.applicationSupport).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(TimeDatabaseTest, filesThatCannotBeRead_leaveTheTimersUntouched) {
+    addMail();
+    const QStringList unreadable = {
+        fakes.home.filePath(QStringLiteral("missing.tkd")),
+        write(QStringLiteral("empty.tkd"), QByteArray()),
+        write(QStringLiteral("torn.tkd"), QByteArray("<plist><dict><key>Version</key>")),
+        write(QStringLiteral("list.tkd"), PropertyListValue(PropertyListArray{1, 2})),
+        write(QStringLiteral("nothing.tkd"), PropertyListValue(PropertyListDictionary())),
+    };
+    for (const QString& path : unreadable) {
+        EXPECT_FALSE(database.loadDictionaryFromURL(path)) << qPrintable(path);
+        EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]")) << qPrintable(path);
+    }
+}
+
+TEST_F(TimeDatabaseTest, aFileCutAtAnyByte_isReadWholeOrNotAtAll) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    const QByteArray whole = PropertyList::xml(contentOf(database.mainStoreURL()));
+    int refused = 0;
+    for (qsizetype length = 0; length < whole.size(); ++length) {
+        engine.tracker().reset();
+        const QString cut = write(QStringLiteral("cut.tkd"), whole.first(length));
+        refused += database.loadDictionaryFromURL(cut) ? 0 : 1;
+        EXPECT_TRUE(tree().isEmpty() || tree() == QStringLiteral("Mail 60.5 [Inbox 40.25]")) << length;
+    }
+    // Only the line break at the very end may be missing.
+    EXPECT_GE(refused, whole.size() - 2);
+}
+
+TEST_F(TimeDatabaseTest, wrongTypesAtEveryKey_areLeftOutOrCountAsNothing) {
+    const PropertyListArray wrong = {QStringLiteral("text"),
+                                     7,
+                                     1.5,
+                                     true,
+                                     QByteArray("data"),
+                                     PropertyListArray{1},
+                                     PropertyListDictionary{{QStringLiteral("a"), 1}},
+                                     Date()};
+    const PropertyListDictionary good{{kRecordName, QStringLiteral("Mail")}, {kRecordActiveTime, 5}};
+    int loads = 0;
+    for (const PropertyListValue& value : wrong) {
+        for (const QString& key :
+             {kRecordName, kRecordActiveTime, kRecordUUID, kRecordBranched, kRecordRenamedName}) {
+            PropertyListDictionary record = good;
+            record.insert(key, value);
+            const PropertyListArray apps{
+                value, PropertyListDictionary{{kEntryApp, record}, {kEntryWindows, value}},
+                PropertyListDictionary{{kEntryApp, good}, {kEntryWindows, PropertyListArray{value, record}}}};
+            const QString path =
+                write(QStringLiteral("wrong.tkd"), PropertyListDictionary{{kDatabaseVersion, value},
+                                                                          {kDatabaseApps, apps},
+                                                                          {kDatabaseLastResetDate, value}});
+            ASSERT_TRUE(database.loadDictionaryFromURL(path));
+            EXPECT_TRUE(tree().contains(QStringLiteral("Mail 5"))) << qPrintable(tree());
+            ++loads;
+        }
+        const QString path = write(QStringLiteral("wrong.tkd"),
+                                   PropertyListDictionary{{kDatabaseVersion, value}, {kDatabaseApps, value}});
+        ASSERT_TRUE(database.loadDictionaryFromURL(path));
+        EXPECT_TRUE(tree().isEmpty());
+    }
+    EXPECT_EQ(loads, 40);
+}
+
+TEST_F(TimeDatabaseTest, aForeignBinaryDatabase_isRead) {
+    const PropertyListDictionary content{
+        {kDatabaseVersion, QStringLiteral("1.5")},
+        {kDatabaseApps, PropertyListArray{PropertyListDictionary{
+                            {kEntryApp, PropertyListDictionary{{kRecordName, QStringLiteral("Mail")},
+                                                               {kRecordActiveTime, 5}}}}}}};
+    ASSERT_TRUE(
+        database.loadDictionaryFromURL(write(QStringLiteral("binary.tkd"), PropertyList::binary(content))));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 5"));
+}
+
+TEST_F(TimeDatabaseTest, aNewLocation_takesACopyIsRecordedAndAnnounced) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    const QString chosen = fakes.home.filePath(QStringLiteral("chosen.tkd"));
+    QStringList told;
+    const auto subscription = database.observe(
+        kPathDirectoryKey,
+        [&](const ObservedChange& change) {
+            told << (change.phase == ChangePhase::Will ? change.oldValue : change.newValue).toString();
+        },
+        {.prior = true, .values = true});
+    const QString before = database.pathDirectory();
+    ASSERT_TRUE(database.chooseDatabaseLocation(chosen));
+    EXPECT_EQ(told, QStringList({before, chosen}));
+    EXPECT_EQ(fakes.defaults.object(QStringLiteral("MainStorePath")).toString(), chosen);
+    EXPECT_EQ(contentOf(chosen).value(kDatabaseVersion).toString(), QStringLiteral("1.5"));
+}
+
+TEST_F(TimeDatabaseTest, choosingAPlaceWhereAFileStands_failsAndKeepsTheOldLocation) {
+    const QString before = database.mainStoreURL();
+    const QString taken = write(QStringLiteral("taken.tkd"), QByteArray("somebody's"));
+    const Outcome outcome = database.chooseDatabaseLocation(taken);
+    ASSERT_FALSE(outcome);
+    EXPECT_EQ(outcome.failure().kind, Failure::Kind::AlreadyExists);
+    EXPECT_EQ(database.mainStoreURL(), before);
+    QFile file(taken);
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    EXPECT_EQ(file.readAll(), "somebody's");
+}
+
+TEST_F(TimeDatabaseTest, restoringTheDefaultLocation_movesNoFile) {
+    const QString chosen = fakes.home.filePath(QStringLiteral("chosen.tkd"));
+    ASSERT_TRUE(database.chooseDatabaseLocation(chosen));
+    QFile::remove(database.defaultMainStoreURL());
+    database.restoreDefaultDatabaseLocation();
+    EXPECT_EQ(database.mainStoreURL(), database.defaultMainStoreURL());
+    EXPECT_TRUE(QFileInfo::exists(chosen));
+    EXPECT_FALSE(QFileInfo::exists(database.defaultMainStoreURL()));
+}
+
+TEST_F(TimeDatabaseTest, aLaterLaunch_beginsAtTheRecordedLocationOnlyWhileAFileIsThere) {
+    addMail();
+    const QString chosen = fakes.home.filePath(QStringLiteral("chosen.tkd"));
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    ASSERT_TRUE(database.chooseDatabaseLocation(chosen));
+    TimeDatabase later(engine.tracker(), engine.registry(), fakes.defaults, fakes.folders, fakes.log, {});
+    later.loadMainStore();
+    EXPECT_EQ(later.mainStoreURL(), chosen);
+    QFile::remove(chosen);
+    TimeDatabase latest(engine.tracker(), engine.registry(), fakes.defaults, fakes.folders, fakes.log, {});
+    latest.loadMainStore();
+    EXPECT_EQ(latest.mainStoreURL(), latest.defaultMainStoreURL());
+}
+
+TEST_F(TimeDatabaseTest, anImport_replacesTimersAndProjectsAndKeepsTheFirstBackup) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    const QString other =
+        write(QStringLiteral("other.tkd"),
+              PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")},
+                                     {kDatabaseApps, PropertyListArray()},
+                                     {kDatabaseProjects, PropertyListArray{QStringLiteral("p")}}});
+    database.importDatabase(other);
+    EXPECT_TRUE(tree().isEmpty());
+    EXPECT_EQ(importedProjects, PropertyListValue(PropertyListArray{QStringLiteral("p")}));
+    const QString backup =
+        fakes.folders.applicationSupport + QStringLiteral("/Primary Database - Import Backup.tkd");
+    EXPECT_EQ(database.importBackupURL(), backup);
+    const PropertyListDictionary first = contentOf(backup);
+    EXPECT_EQ(first.value(kDatabaseApps).asArray()->size(), 1U);
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    database.importDatabase(other);
+    EXPECT_EQ(contentOf(backup), first);
+}
+
+TEST_F(TimeDatabaseTest, anImportThatCannotBeRead_makesTheBackupAndLeavesTheTimers) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd")));
+    EXPECT_TRUE(QFileInfo::exists(database.importBackupURL()));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
+    EXPECT_TRUE(importedProjects.isAbsent());
+}
+
+TEST_F(TimeDatabaseTest, aFolderThatCannotBeWrittenTo_isToldInTheLogAndNothingElseHappens) {
+    addMail();
+    ASSERT_TRUE(QDir(fakes.folders.applicationSupport).removeRecursively());
+    EXPECT_FALSE(database.saveSettingsToDiskAtURL());
+    EXPECT_TRUE(fakes.log.mentions(QStringLiteral("The database could not be written")));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
+}
+
+} // namespace
