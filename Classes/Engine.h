@@ -22,6 +22,7 @@ public:
     Engine& operator=(const Engine&) = delete;
 
     TimeTracker& tracker() { return m_tracker; }
+    const TimeTracker& tracker() const { return m_tracker; }
     TKUUIDManager& registry() { return m_registry; }
     TrackerServices& services() { return m_trackerServices; }
 

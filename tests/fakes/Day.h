@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/fakes/Engine.h"
+#include "tests/fakes/TestEngine.h"
 
 #include <QMap>
 
@@ -19,9 +19,9 @@
 //   EXPECT_EQ(day.tree(), "Idle 1133.6, Mail 1006.3 [Inbox 1006.3]");
 //
 // The clock stands at 9:00 on 5 January 2026 and passes only as told, with a tick every 0.1 seconds.
-class Day : public Engine {
+class Day : public TestEngine {
 public:
-    using Engine::Engine;
+    using TestEngine::TestEngine;
 
     void start() { control.startTimer(); }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TimeTreeModel.h"
-#include "tests/fakes/Engine.h"
+#include "tests/fakes/TestEngine.h"
 #include "tests/interface/Desk.h"
 
 #include <QAbstractItemModelTester>
@@ -34,7 +34,7 @@ protected:
             model.fetchMore(model.index(row, 0));
     }
 
-    Engine engine;
+    TestEngine engine;
     TimeTreeModel model{engine.tracker, engine.fakes.runLoop, [](const auto& item, const QString& name) {
                             item->setRenamedNameFormatted({{kRecordName, name}});
                         }};
@@ -172,7 +172,7 @@ namespace {
 // Changes the tree in every way there is, over and over, and compares the rows with the tree sorted plainly.
 class Shuffle {
 public:
-    Shuffle(Engine& engine, TimeTreeModel& model, unsigned seed)
+    Shuffle(TestEngine& engine, TimeTreeModel& model, unsigned seed)
         : m_engine(engine)
         , m_model(model)
         , m_random(seed) {
@@ -180,13 +180,13 @@ public:
     }
 
     void step() {
-        const auto& apps = m_engine.tracker().fullTimeSet();
+        const auto& apps = m_engine.tracker.fullTimeSet();
         const int choice = apps.empty() ? 0 : below(16);
         const auto app = apps.empty() ? nullptr : apps[std::size_t(below(int(apps.size())))];
         const auto windows = app ? app->windows() : std::vector<std::shared_ptr<TimeStoreWindow>>();
         const auto window = windows.empty() ? nullptr : windows[std::size_t(below(int(windows.size())))];
         if (choice <= 1)
-            m_engine.tracker().addWindowWithName(name(), double(below(400000)));
+            m_engine.tracker.addWindowWithName(name(), double(below(400000)));
         else if (choice <= 5)
             (void)app->windowStoreForName(name(), std::nullopt);
         else if (choice == 6)
@@ -196,9 +196,9 @@ public:
         else if (choice == 8 && window)
             window->setRenamedNameFormatted({{kRecordName, name()}});
         else if (choice == 9)
-            m_engine.tracker().branchNode(*app);
+            m_engine.tracker.branchNode(*app);
         else if (choice == 10 && window)
-            m_engine.tracker().branchNode(*window);
+            m_engine.tracker.branchNode(*window);
         else if (choice == 11)
             remove(*app, window.get());
         else if (choice == 12)
@@ -216,7 +216,7 @@ public:
         QStringList shown;
         QStringList wanted;
         QString disorder = disorderBeneath({}, shown);
-        for (const auto& app : m_engine.tracker().timeSet())
+        for (const auto& app : m_engine.tracker.timeSet())
             wanted << textOfItem(*app);
         for (int row = 0; row < m_model.rowCount(); ++row) {
             const QModelIndex index = m_model.index(row, 0);
@@ -243,9 +243,9 @@ private:
         std::unordered_set<Identity> gone;
         gone.insert((window && below(3) ? window->uuid() : app.uuid()).value());
         if (below(60) == 0)
-            m_engine.tracker().reset();
+            m_engine.tracker.reset();
         else
-            m_engine.tracker().removeUUIDs(gone);
+            m_engine.tracker.removeUUIDs(gone);
     }
 
     void sort() {
@@ -298,7 +298,7 @@ private:
         return (m_byTime ? names : times) < 0;
     }
 
-    Engine& m_engine;
+    TestEngine& m_engine;
     TimeTreeModel& m_model;
     std::mt19937 m_random;
     QCollator m_collator;

@@ -25,14 +25,15 @@ private:
 TEST(KeyValueObserving, aChange_isToldBeforeAndAfterWithOldAndNewValue) {
     Thing thing;
     QStringList told;
-    const auto subscription = thing.observe(
-        kColour,
-        [&](const ObservedChange& change) {
-            told << QStringLiteral("%1 %2>%3")
-                        .arg(change.phase == ChangePhase::Will ? QStringLiteral("will") : QStringLiteral("did"),
-                             change.oldValue.toString(), change.newValue.toString());
-        },
-        {.prior = true, .values = true});
+    const auto subscription =
+        thing.observe(kColour,
+                      [&](const ObservedChange& change) {
+                          told << QStringLiteral("%1 %2>%3")
+                                      .arg(change.phase == ChangePhase::Will ? QStringLiteral("will")
+                                                                             : QStringLiteral("did"),
+                                           change.oldValue.toString(), change.newValue.toString());
+                      },
+                      {.prior = true, .values = true});
     thing.paint(QStringLiteral("red"));
     EXPECT_EQ(told, QStringList({QStringLiteral("will white>"), QStringLiteral("did white>red")}));
 }
@@ -89,14 +90,14 @@ TEST(KeyValueObserving, anObserverAddedWhileTelling_hearsTheNextAnnouncementOnly
 TEST(KeyValueObserving, anObserverThatChangesTheObject_nestsItsAnnouncement) {
     Thing thing;
     QStringList told;
-    const auto subscription = thing.observe(
-        kColour,
-        [&](const ObservedChange& change) {
-            told << change.oldValue.toString() + u'>' + change.newValue.toString();
-            if (told.size() == 1)
-                thing.paint(QStringLiteral("green"));
-        },
-        {.values = true});
+    const auto subscription =
+        thing.observe(kColour,
+                      [&](const ObservedChange& change) {
+                          told << change.oldValue.toString() + u'>' + change.newValue.toString();
+                          if (told.size() == 1)
+                              thing.paint(QStringLiteral("green"));
+                      },
+                      {.values = true});
     thing.paint(QStringLiteral("red"));
     EXPECT_EQ(told, QStringList({QStringLiteral("white>red"), QStringLiteral("red>green")}));
 }

@@ -212,7 +212,7 @@ TEST_F(TimeActivatorScreenCaptureTest, withoutNewsOfSwitches_pollingStillFollows
 
 TEST_F(TimeActivatorScreenCaptureTest, theSource_endsWithItsPollAndItsHandler) {
     {
-        Engine engine;
+        TestEngine engine;
         EXPECT_TRUE(engine.fakes.frontApplication.isObserved());
     }
     const int timers = m_day.fakes.runLoop.activeTimers();

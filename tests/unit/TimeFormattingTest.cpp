@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/Announcements.h"
-#include "tests/fakes/Engine.h"
+#include "tests/fakes/TestEngine.h"
 
 #include <QLocale>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ protected:
 
     void includeSeconds() { m_engine.fakes.defaults.setObject(kIncludeSecondsWhenCopyingTime, true); }
 
-    Engine m_engine;
+    TestEngine m_engine;
 };
 
 TEST(ClockString, hasTwoDigitsAFieldAndUnboundedHours) {

@@ -31,8 +31,8 @@ public:
 };
 
 // The whole engine, real from the tracker down to the settings file, on a platform of fakes.
-struct Engine {
-    explicit Engine(const TimeTracker::MakeActivator& makeActivator = {})
+struct TestEngine {
+    explicit TestEngine(const TimeTracker::MakeActivator& makeActivator = {})
         : tracker(trackerServices, makeActivator) {}
 
     FakePlatform fakes;
