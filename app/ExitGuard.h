@@ -11,4 +11,7 @@ public:
     ExitGuard(const ExitGuard&) = delete;
     ExitGuard& operator=(const ExitGuard&) = delete;
     ~ExitGuard();
+
+    // Ends the process with `status` as meant, after the rescue if there is a guard.
+    [[noreturn]] static void exit(int status);
 };

@@ -54,7 +54,7 @@ LinuxPlatform::BackEnds::BackEnds() {
     auto opened = X11Desktop::open({}, runLoop, log, desktopEntries);
     if (opened) {
         x11 = std::move(*opened);
-        x11IdleTime = std::make_unique<X11IdleTime>(x11->connection(), clock);
+        x11IdleTime = std::make_unique<X11IdleTime>(x11->connection());
     } else {
         log.log(QStringLiteral("The X11 desktop is not used: ") + opened.failure().text);
     }

@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
 
     LinuxPlatform desktop;
     QtAlerts alerts;
-    TKController controller(desktop.platform(), alerts, [](int status) { std::exit(status); });
+    TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
     alerts.setWindow(&controller.window());
     TKApplicationDelegate& delegate = controller.appDelegate();
 

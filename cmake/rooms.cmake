@@ -19,10 +19,10 @@ function(ticklog_options target)
   endif()
 endfunction()
 
-# ticklog_room(NAME DIRECTORY [RECURSE] LINKS ...): one folder, one static library. A folder that holds only
-# headers becomes an interface library.
+# ticklog_room(NAME DIRECTORY [RECURSE] [MOC] LINKS ...): one folder, one static library; MOC where it has classes
+# with Q_OBJECT. A folder that holds only headers becomes an interface library.
 function(ticklog_room name directory)
-  cmake_parse_arguments(room "RECURSE" "" "LINKS" ${ARGN})
+  cmake_parse_arguments(room "RECURSE;MOC" "" "LINKS" ${ARGN})
   if(room_RECURSE)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${directory}/*.cpp ${directory}/*.h ${directory}/*.qrc)
   else()
@@ -36,6 +36,7 @@ function(ticklog_room name directory)
     return()
   endif()
   add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES AUTOMOC ${room_MOC})
   ticklog_options(${name})
   target_link_libraries(${name} PUBLIC ${room_LINKS})
   target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/pch.h)

@@ -2,10 +2,8 @@
 #include "interface/shell/Images.h"
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPalette>
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
@@ -17,9 +15,8 @@ const QString kRecordingBadge = QStringLiteral("Dock-Ticklog-Recording");
 // Pictures lying over one another.
 class OutlineIconEngine : public QIconEngine {
 public:
-    OutlineIconEngine(QStringList names, bool isTinted)
-        : m_names(std::move(names))
-        , m_isTinted(isTinted) {}
+    explicit OutlineIconEngine(QStringList names)
+        : m_names(std::move(names)) {}
 
     QIconEngine* clone() const override { return new OutlineIconEngine(*this); }
 
@@ -35,24 +32,21 @@ public:
     }
 
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
-        const QColor ink = QGuiApplication::palette().color(
-            mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active, QPalette::ButtonText);
-        const QString key = QStringLiteral("%1/%2x%3/%4/%5")
+        const QString key = QStringLiteral("%1/%2x%3/%4")
                                 .arg(m_names.join(u'+'))
                                 .arg(size.width())
                                 .arg(size.height())
-                                .arg(int(mode))
-                                .arg(m_isTinted ? ink.rgba() : 0);
+                                .arg(int(mode));
         QPixmap pixmap;
         if (!QPixmapCache::find(key, &pixmap)) {
-            pixmap = draw(size, mode, ink);
+            pixmap = draw(size, mode);
             QPixmapCache::insert(key, pixmap);
         }
         return pixmap;
     }
 
 private:
-    QPixmap draw(const QSize& size, QIcon::Mode mode, const QColor& ink) const {
+    QPixmap draw(const QSize& size, QIcon::Mode mode) const {
         QPixmap pixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
@@ -63,38 +57,27 @@ private:
             outlines.setAspectRatioMode(Qt::KeepAspectRatio);
             outlines.render(&painter, QRectF(QPointF(), size));
         }
-        if (m_isTinted) {
-            painter.setOpacity(1);
-            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-            painter.fillRect(pixmap.rect(), ink);
-        }
         return pixmap;
     }
 
     QStringList m_names;
-    bool m_isTinted;
 };
 
-QIcon icon(const QStringList& names, bool isTinted) {
+QIcon icon(const QStringList& names) {
     QStringList found;
     for (const QString& name : names)
         if (QFile::exists(QStringLiteral(":/images/%1.svg").arg(name)))
             found << name;
-    return found.isEmpty() ? QIcon() : QIcon(new OutlineIconEngine(found, isTinted));
+    return found.isEmpty() ? QIcon() : QIcon(new OutlineIconEngine(found));
 }
 
 } // namespace
 
 QIcon Images::named(const QString& name) {
-    return icon({name}, false);
-}
-
-QIcon Images::tinted(const QString& name) {
-    return icon({name}, true);
+    return icon({name});
 }
 
 QIcon Images::application(bool isRecording) {
     return icon(isRecording ? QStringList{kApplicationImage, kRecordingBadge}
-                            : QStringList{kApplicationImage},
-                false);
+                            : QStringList{kApplicationImage});
 }

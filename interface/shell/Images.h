@@ -9,8 +9,6 @@ namespace Images {
 
 // A picture as it is, such as "ToolbarStart". Nothing is drawn for a name that has no picture.
 QIcon named(const QString& name);
-// The same with all its ink in the palette's text colour, whatever palette that is when it is drawn.
-QIcon tinted(const QString& name);
 // The program's icon, with the badge of a running timer over it if `isRecording`.
 QIcon application(bool isRecording);
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/AtspiAccessibility.h"
-#include "platform/atspi/NoAccessibility.h"
 #include "platform/foundation/QtRunLoop.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/fakes/RecordingLog.h"
@@ -193,14 +192,6 @@ TEST_F(AtspiAccessibilityTest, aSessionBusThatIsLost_leavesNothingToTrust) {
     m_daemon.kill();
     EXPECT_TRUE(waitFor([this] { return !m_accessibility.isProcessTrusted(); }));
     EXPECT_EQ(m_accessibility.makeObserver(1, [] {}), nullptr);
-}
-
-TEST(NoAccessibility, nobody_isTrustedAndNothingIsSeen) {
-    NoAccessibility none;
-    EXPECT_FALSE(none.isProcessTrusted());
-    EXPECT_TRUE(none.applicationElement(1).isNull());
-    EXPECT_EQ(none.mainWindow({}), std::nullopt);
-    EXPECT_EQ(none.makeObserver(1, [] {}), nullptr);
 }
 
 } // namespace

@@ -9,6 +9,123 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr ObservedKey kColour{"colour"};
+constexpr ObservedKey kSize{"size"};
+
+class Thing : public Observable {
+public:
+    void paint(const QString& colour) {
+        const ChangeAnnouncement announcement(*this, kColour);
+        m_colour = colour;
+    }
+    QVariant valueForKey(ObservedKey key) const override {
+        return key == kColour ? QVariant(m_colour) : QVariant();
+    }
+
+private:
+    QString m_colour = QStringLiteral("white");
+};
+
+TEST(KeyValueObserving, aChange_isToldBeforeAndAfterWithOldAndNewValue) {
+    Thing thing;
+    QStringList told;
+    const auto subscription =
+        thing.observe(kColour,
+                      [&](const ObservedChange& change) {
+                          told << QStringLiteral("%1 %2>%3")
+                                      .arg(change.phase == ChangePhase::Will ? QStringLiteral("will")
+                                                                             : QStringLiteral("did"),
+                                           change.oldValue.toString(), change.newValue.toString());
+                      },
+                      {.prior = true, .values = true});
+    thing.paint(QStringLiteral("red"));
+    EXPECT_EQ(told, QStringList({QStringLiteral("will white>"), QStringLiteral("did white>red")}));
+}
+
+TEST(KeyValueObserving, anotherKey_isNotTold) {
+    Thing thing;
+    int told = 0;
+    const auto subscription = thing.observe(kSize, [&](const ObservedChange&) { ++told; });
+    thing.paint(QStringLiteral("red"));
+    EXPECT_EQ(told, 0);
+}
+
+TEST(KeyValueObserving, theToken_endsTheCallsWhenItDies) {
+    Thing thing;
+    int told = 0;
+    auto subscription = thing.observe(kColour, [&](const ObservedChange&) { ++told; });
+    thing.paint(QStringLiteral("red"));
+    subscription.cancel();
+    thing.paint(QStringLiteral("blue"));
+    EXPECT_EQ(told, 1);
+}
+
+TEST(KeyValueObserving, anObserverThatRemovesItselfAndTheNext_isTheLastOneTold) {
+    Thing thing;
+    QStringList told;
+    Subscription first;
+    Subscription second;
+    first = thing.observe(kColour, [&](const ObservedChange&) {
+        told << QStringLiteral("first");
+        first.cancel();
+        second.cancel();
+    });
+    second = thing.observe(kColour, [&](const ObservedChange&) { told << QStringLiteral("second"); });
+    thing.paint(QStringLiteral("red"));
+    thing.paint(QStringLiteral("blue"));
+    EXPECT_EQ(told, QStringList{QStringLiteral("first")});
+}
+
+TEST(KeyValueObserving, anObserverAddedWhileTelling_hearsTheNextAnnouncementOnly) {
+    Thing thing;
+    int told = 0;
+    bool isAdded = false;
+    Subscription added;
+    const auto adder = thing.observe(kColour, [&](const ObservedChange&) {
+        if (!std::exchange(isAdded, true))
+            added = thing.observe(kColour, [&](const ObservedChange&) { ++told; });
+    });
+    thing.paint(QStringLiteral("red"));
+    EXPECT_EQ(told, 0);
+    thing.paint(QStringLiteral("blue"));
+    EXPECT_EQ(told, 1);
+}
+
+TEST(KeyValueObserving, anObserverThatChangesTheObject_nestsItsAnnouncement) {
+    Thing thing;
+    QStringList told;
+    const auto subscription =
+        thing.observe(kColour,
+                      [&](const ObservedChange& change) {
+                          told << change.oldValue.toString() + u'>' + change.newValue.toString();
+                          if (told.size() == 1)
+                              thing.paint(QStringLiteral("green"));
+                      },
+                      {.values = true});
+    thing.paint(QStringLiteral("red"));
+    EXPECT_EQ(told, QStringList({QStringLiteral("white>red"), QStringLiteral("red>green")}));
+}
+
+TEST(KeyValueObserving, anObserverThatDestroysTheObject_isNotToldAgain) {
+    auto thing = std::make_unique<Thing>();
+    int told = 0;
+    const auto first = thing->observe(kSize, [&](const ObservedChange&) {
+        ++told;
+        thing.reset();
+    });
+    const auto second = thing->observe(kSize, [&](const ObservedChange&) { ++told; });
+    thing->didChange(kSize);
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(thing);
+}
+
+TEST(KeyValueObserving, anUnobservedObject_paysOnePointer) {
+    struct Bare {
+        virtual ~Bare() = default;
+    };
+    EXPECT_EQ(sizeof(Observable), sizeof(Bare) + sizeof(void*));
+}
+
 constexpr ObservedKey kLevel{"level"};
 constexpr ObservedKey kName{"name"};
 

@@ -45,7 +45,11 @@ PropertyListDictionary Product::settings() const {
 }
 
 bool Product::start(const QStringList& arguments) {
-    m_program = m_desk.start(QStringLiteral(TICKLOG_BINARY_DIR "/ticklog"), arguments);
+    QProcessEnvironment environment = m_desk.environment();
+    for (auto variable = m_variables.cbegin(); variable != m_variables.cend(); ++variable)
+        environment.insert(variable.key(), variable.value());
+    m_program =
+        std::make_unique<Program>(QStringLiteral(TICKLOG_BINARY_DIR "/ticklog"), arguments, environment);
     return waitFor([this] { return hasWindow(); });
 }
 

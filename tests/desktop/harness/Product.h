@@ -15,6 +15,9 @@ public:
     explicit Product(Desk& desk)
         : m_desk(desk) {}
 
+    // Sets a variable of the environment it is started with.
+    void setVariable(const QString& name, const QString& value) { m_variables.insert(name, value); }
+
     void writeSettings(const PropertyListDictionary& settings) const;
     PropertyListDictionary settings() const;
     // Starts it and waits for its window. Answers whether that came.
@@ -38,5 +41,6 @@ private:
     QString settingsPath() const;
 
     Desk& m_desk;
+    QMap<QString, QString> m_variables;
     std::unique_ptr<Program> m_program;
 };

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// The built program under a login manager: sleep, session, power-off and lock, told over a real bus.
+#include "tests/desktop/harness/Product.h"
+#include "tests/desktop/harness/XClient.h"
+#include "tests/desktop/services/ServiceScript.h"
+
+#include <QElapsedTimer>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const QString kBothHeld = QStringLiteral("shutdown:Ticklog:delay sleep:Ticklog:delay");
+
+class ProductSessionTest : public testing::Test {
+protected:
+    void SetUp() override {
+        m_machine.ask("start-logind");
+        m_machine.ask("find name");
+        product.setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), m_machine.address());
+        product.setVariable(QStringLiteral("XDG_SESSION_ID"), QStringLiteral("c1"));
+        product.writeSettings(Product::runningSettings());
+        const xcb_window_t window = m_writer.open({.title = "Letter", .className = "Writer"});
+        ASSERT_TRUE(product.start());
+        ASSERT_TRUE(m_machine.waitForInhibitors(kBothHeld));
+        m_writer.activate(window);
+        ASSERT_TRUE(waitFor([&] { return desk.probe().activeWindow() == window; }));
+        watch.start();
+    }
+
+    double written() const { return product.applicationTimes().value(QStringLiteral("Writer")); }
+
+    double passed() const { return double(watch.nsecsElapsed()) / 1e9; }
+
+    LogindMachine m_machine;
+    Desk desk{QStringLiteral("openbox"), Desk::Bus::Own};
+    Product product{desk};
+    XClient m_writer{desk};
+    // Runs while the writer is in front.
+    QElapsedTimer watch;
+};
+
+TEST_F(ProductSessionTest, aSleep_isSavedBeforeAndNeverCredited) {
+    turnEventLoopFor(500ms);
+    m_machine.ask("prepare-for-sleep true");
+    const double before = passed();
+    ASSERT_TRUE(m_machine.waitForInhibitors(QStringLiteral("shutdown:Ticklog:delay")));
+    EXPECT_NEAR(written(), before, 0.3);
+    const double savedBefore = written();
+    turnEventLoopFor(1500ms);
+    m_machine.ask("prepare-for-sleep false");
+    QElapsedTimer awake;
+    awake.start();
+    ASSERT_TRUE(m_machine.waitForInhibitors(kBothHeld));
+    turnEventLoopFor(500ms);
+    EXPECT_EQ(product.end(SIGTERM), 0);
+    EXPECT_NEAR(written(), savedBefore + double(awake.nsecsElapsed()) / 1e9, 0.4);
+}
+
+TEST_F(ProductSessionTest, leavingTheSession_savesAndComingBackCountsOn) {
+    turnEventLoopFor(400ms);
+    m_machine.ask("active false");
+    ASSERT_TRUE(waitFor([&] { return written() > 0; }));
+    m_machine.ask("active true");
+    turnEventLoopFor(400ms);
+    EXPECT_EQ(product.end(SIGTERM), 0);
+    // The gap is credited to what was in front: the timer counts as running all the while.
+    EXPECT_NEAR(written(), passed(), 0.4);
+}
+
+TEST_F(ProductSessionTest, thePowerGoing_isSavedWithTheRestartFlagAndThenNoLongerDelayed) {
+    turnEventLoopFor(400ms);
+    m_machine.ask("prepare-for-shutdown true");
+    const double before = passed();
+    ASSERT_TRUE(m_machine.waitForInhibitors(QStringLiteral("sleep:Ticklog:delay")));
+    EXPECT_NEAR(written(), before, 0.3);
+    EXPECT_TRUE(product.settings().value(QStringLiteral("startTicklogOnNextLaunch")).toBool());
+}
+
+TEST_F(ProductSessionTest, aLockedScreen_isIdleTime) {
+    m_machine.ask("locked-hint true");
+    const double working = passed();
+    turnEventLoopFor(800ms);
+    EXPECT_EQ(product.end(SIGTERM), 0);
+    EXPECT_NEAR(written(), working, 0.4);
+    EXPECT_GT(product.applicationTimes().value(QStringLiteral("Idle")), 0.4);
+}
+
+TEST_F(ProductSessionTest, theLoginManagerGoing_doesNotDisturbTheCounting) {
+    turnEventLoopFor(300ms);
+    m_machine.ask("stop-bus");
+    turnEventLoopFor(700ms);
+    EXPECT_EQ(product.end(SIGTERM), 0);
+    EXPECT_NEAR(written(), passed(), 0.4);
+}
+
+} // namespace
