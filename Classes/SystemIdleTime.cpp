@@ -18,7 +18,9 @@ SystemIdleTime::SystemIdleTime(IdleTime& source, Clock& clock, SystemLog& log, E
     , m_exit(std::move(exit)) {}
 
 std::uint64_t SystemIdleTime::seconds() {
-    const std::uint64_t nanoseconds = readNanoseconds();
+    std::uint64_t nanoseconds = readNanoseconds();
+    if (m_wokenUpAt)
+        nanoseconds = std::min(nanoseconds, std::uint64_t((m_clock.monotonic() - *m_wokenUpAt).count()));
     m_last = Reading{nanoseconds, m_clock.monotonic()};
     return nanoseconds >> kSecondShift;
 }

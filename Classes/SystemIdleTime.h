@@ -23,6 +23,10 @@ public:
     // since the last answer the idle time cannot have grown by more than the time that has passed.
     bool hasReachedMinutes(std::int64_t minutes);
 
+    // The machine has just been woken up, which somebody did: nobody has been idle for longer than since now. Displays
+    // do not count that, and go on from the last input before the sleep.
+    void noteWakeUp() { m_wokenUpAt = m_clock.monotonic(); }
+
 private:
     std::uint64_t readNanoseconds();
     std::uint64_t nanosecondsOf(const PropertyListValue& idleTime);
@@ -38,4 +42,5 @@ private:
     SystemLog& m_log;
     Exit m_exit;
     std::optional<Reading> m_last;
+    std::optional<std::chrono::nanoseconds> m_wokenUpAt;
 };

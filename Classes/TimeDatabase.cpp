@@ -95,6 +95,9 @@ void TimeDatabase::loadMainStore() {
     const QString recorded = m_defaults.object(kMainStorePath).toString();
     if (!recorded.isEmpty() && QFileInfo(recorded).isFile())
         m_mainStoreURL = recorded;
+    else if (!recorded.isEmpty() && recorded != m_mainStoreURL)
+        m_log.log(QStringLiteral("%1 is not there: beginning with the database at the default location")
+                      .arg(recorded));
     // What holds no account that we understand must not be written over.
     if (!loadDictionaryFromURL(m_mainStoreURL))
         m_store->refuse(m_mainStoreURL);
@@ -105,6 +108,8 @@ std::optional<PropertyListDictionary> TimeDatabase::take(const PropertyListValue
     if (!entries || entries->isEmpty())
         return std::nullopt;
     m_tracker.reset();
+    // While the timer runs, what is in front has a fresh timer already.
+    const TimeTracker::AppSet fresh = m_tracker.fullTimeSet();
     if (!entries->contains(kDatabaseVersion)) {
         if (!takeLegacy(*entries))
             return std::nullopt;
@@ -114,6 +119,7 @@ std::optional<PropertyListDictionary> TimeDatabase::take(const PropertyListValue
         if (const auto date = entries->value(kDatabaseLastResetDate).asDate())
             m_tracker.setLastResetDate(*date);
     }
+    m_tracker.dissolve(fresh);
     if (m_hooks.computeTime)
         m_hooks.computeTime();
     return *entries;
@@ -145,10 +151,18 @@ Outcome TimeDatabase::chooseDatabaseLocation(const QString& location) {
 
 void TimeDatabase::restoreDefaultDatabaseLocation() {
     const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
+    // An older account that still stands there is set aside by the next save, not written over.
+    if (m_mainStoreURL != defaultMainStoreURL())
+        m_store->refuse(defaultMainStoreURL());
     setMainStoreURL(defaultMainStoreURL());
+    // Also after a launch that did not find the recorded one.
+    m_defaults.setObject(kMainStorePath, m_mainStoreURL);
 }
 
 void TimeDatabase::importDatabase(const QString& location) {
+    // The backup is to hold what the user sees, not what was saved a while ago.
+    if (location != m_mainStoreURL)
+        static_cast<void>(saveSettingsToDiskAtURL());
     // The first backup is kept: it holds the account from before all imports.
     if (const Outcome backup = copyFile(m_mainStoreURL, importBackupURL()); !backup)
         m_log.log(QStringLiteral("No backup was made before the import: ") + backup.failure().text);

@@ -12,7 +12,8 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
     : m_services(services)
     , m_categories(std::make_unique<RuleCategories>())
     , m_lastResetDate(now())
-    , m_startingTime(m_lastResetDate) {
+    , m_startingTime(m_lastResetDate)
+    , m_sleptAtRestart(slept()) {
     m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
                                     : TimeActivator::activatorForTracker(*this, services.activity);
     m_defaultsChanges = services.store.notifications.observe(
@@ -91,6 +92,7 @@ void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
     if (hadWindow && !m_wasIdle)
         updateActiveTimeInStore(activeStoreWindow(), start);
     updateActiveTimeInStore(activeStoreApp(), start);
+    m_sleptAtRestart = slept();
 }
 
 void TimeTracker::updateDisplayTime(bool idle) {
@@ -139,8 +141,21 @@ void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::option
     // An observer may remove the node while it is told.
     const auto alive = node->weak_from_this().lock();
     // A wall clock that was set back takes nothing away from what has been credited.
-    if (const Seconds passed = secondsBetween(*date, now()); passed >= 0)
+    if (const Seconds passed = creditable(*date); passed >= 0)
         node->addTimeInterval(passed);
+}
+
+std::chrono::nanoseconds TimeTracker::slept() const {
+    const Clock& clock = m_services.activity.clock;
+    return clock.sinceBoot() - clock.monotonic();
+}
+
+// Sleep is never credited, whoever told of it, or told too late, or did not.
+Seconds TimeTracker::creditable(Date from) const {
+    const auto sleptSince = slept() - m_sleptAtRestart;
+    // Less is the two clocks not being read at the same instant.
+    const bool hasSlept = sleptSince > std::chrono::seconds(1);
+    return secondsBetween(from, now()) - (hasSlept ? std::chrono::duration<Seconds>(sleptSince).count() : 0);
 }
 
 void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
@@ -171,6 +186,7 @@ std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeSt
 void TimeTracker::resetInternalTimes() {
     m_timeActivator->resetObservations();
     m_startingTime = now();
+    m_sleptAtRestart = slept();
 }
 
 void TimeTracker::awakeFromSleep() {

@@ -115,6 +115,10 @@ public:
     // Adds the applications of `entries` to what is there. Entries of other types are left out.
     void setArrayRepresentation(const PropertyListArray& entries);
 
+    // Takes applications out of the tree that have been made since it was cleared, where another of the same name has
+    // come in from a file; their time goes to that one.
+    void dissolve(const AppSet& applications);
+
     // When the timers were last cleared.
     Date lastResetDate() const { return m_lastResetDate; }
 
@@ -151,6 +155,9 @@ public:
 
 private:
     Date now() const { return m_services.activity.clock.now(); }
+    // All the time that the machine has slept since it was started.
+    std::chrono::nanoseconds slept() const;
+    Seconds creditable(Date from) const;
 
     void bookIdleOnset();
     std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
@@ -174,6 +181,8 @@ private:
     std::optional<QString> m_searchString;
     // The last restart of the clock; only the idle booking looks at it.
     Date m_startingTime;
+    // What had been slept by then.
+    std::chrono::nanoseconds m_sleptAtRestart{};
     float m_cutoffTime = 0;
     bool m_isRunning = false;
     bool m_wasIdle = false;

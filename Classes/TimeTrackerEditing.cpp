@@ -197,6 +197,17 @@ void TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
     }
 }
 
+void TimeTracker::dissolve(const AppSet& applications) {
+    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    for (const auto& app : applications) {
+        const auto other = m_timeDictionary.value(app->name());
+        if (!other || other == app)
+            continue;
+        other->addTimeInterval(app->activeTime());
+        std::erase(m_timeSet, app);
+    }
+}
+
 void TimeTracker::setLastResetDate(Date date) {
     willChange(kLastResetDateKey);
     willChange(kLastResetDateDisplayStringKey);

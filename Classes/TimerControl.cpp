@@ -129,6 +129,7 @@ void TimerControl::conditionallyStartTimer() {
     if (!m_wasRunning)
         return;
     m_wasRunning = false;
+    m_services.idleTime.noteWakeUp();
     m_tracker.awakeFromSleep();
     recreateComputeTimer();
     startTimer();

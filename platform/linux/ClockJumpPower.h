@@ -6,8 +6,7 @@
 
 #include <optional>
 
-// Sleep and wake where nobody tells of them, and only there: with logind at hand every sleep would be told of
-// twice. A clock that runs on while the machine sleeps, and has gained on one that does not, shows a sleep
+// Sleep and wake that nobody told of. A clock that runs on while the machine sleeps, and has gained on one that does not, shows a sleep
 // that has just ended: SystemWillSleep and SystemHasPoweredOn follow each other at once, and nothing waits to
 // be allowed. Wakes nobody up: it looks when it is told to. The clock must outlive it.
 class ClockJumpPower : public PowerEvents {

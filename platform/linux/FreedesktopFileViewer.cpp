@@ -5,9 +5,17 @@
 #include <QProcess>
 #include <QUrl>
 
+#include <sys/stat.h>
+
 FreedesktopFileViewer::FolderOpener FreedesktopFileViewer::xdgOpen() {
-    return
-        [](const QString& folder) { return QProcess::startDetached(QStringLiteral("xdg-open"), {folder}); };
+    return [](const QString& folder) {
+        QProcess opener;
+        opener.setProgram(QStringLiteral("xdg-open"));
+        opener.setArguments({folder});
+        // Ours is private; a file manager's files need not be.
+        opener.setChildProcessModifier([] { ::umask(S_IWGRP | S_IWOTH); });
+        return opener.startDetached();
+    };
 }
 
 FreedesktopFileViewer::FreedesktopFileViewer(Bus& sessionBus, SystemLog& log, FolderOpener openFolder)

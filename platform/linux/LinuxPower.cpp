@@ -7,12 +7,9 @@ LinuxPower::LinuxPower(LogindPower& logind, ClockJumpPower& clocks)
 
 std::uint32_t LinuxPower::registerForSystemPower(Handler handler) {
     m_logind.registerForSystemPower(handler);
-    return m_clocks.registerForSystemPower(
-        [this, handler = std::move(handler)](PowerMessage message, std::int64_t notification) {
-            // logind has told of this sleep already, or is about to.
-            if (!m_logind.isServed())
-                handler(message, notification);
-        });
+    // Also while logind is there: not every way to sleep goes through it. A sleep that both tell of is told of twice,
+    // and the second time nothing is left to be done.
+    return m_clocks.registerForSystemPower(std::move(handler));
 }
 
 void LinuxPower::allowPowerChange(std::uint32_t rootPort, std::int64_t notification) {

@@ -302,6 +302,34 @@ TEST_F(TimeDatabaseTest, anImport_replacesTimersAndProjectsAndKeepsTheFirstBacku
     EXPECT_EQ(contentOf(backup), first);
 }
 
+TEST_F(TimeDatabaseTest, theBackupOfAnImport_holdsWhatWasNotSavedYet) {
+    addMail();
+    database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd")));
+    EXPECT_EQ(contentOf(database.importBackupURL()).value(kDatabaseApps).asArray()->size(), 1U);
+}
+
+TEST_F(TimeDatabaseTest, anImportWhileTheTimerRuns_leavesOneTimerForWhatIsInFront) {
+    fakes.frontApplication.switchTo(ApplicationRecord{QStringLiteral("Mail"), {}, 7});
+    ASSERT_TRUE(engine.tracker().setIsRunning(true));
+    const PropertyListDictionary mail{{kRecordName, QStringLiteral("Mail")}, {kRecordActiveTime, 60.5}};
+    const QString other =
+        write(QStringLiteral("other.tkd"),
+              PropertyListDictionary{
+                  {kDatabaseVersion, QStringLiteral("1.5")},
+                  {kDatabaseApps, PropertyListArray{PropertyListDictionary{{kEntryApp, mail}}}}});
+    database.importDatabase(other);
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5"));
+}
+
+TEST_F(TimeDatabaseTest, anOlderAccountAtTheDefaultLocation_isSetAsideWhenThatIsRestored) {
+    addMail();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    ASSERT_TRUE(database.chooseDatabaseLocation(fakes.home.filePath(QStringLiteral("chosen.tkd"))));
+    database.restoreDefaultDatabaseLocation();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    EXPECT_EQ(QDir(fakes.folders.applicationSupport).entryList(QDir::Files).size(), 2);
+}
+
 TEST_F(TimeDatabaseTest, anImportThatCannotBeRead_makesTheBackupAndLeavesTheTimers) {
     addMail();
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());

@@ -258,4 +258,26 @@ TEST_F(TimerControlTest, setToRun_startsTheTrackerWithoutATickOrASign) {
     EXPECT_EQ(shown(), "");
 }
 
+TEST_F(TimerControlTest, aSleepThatNobodyTold_isNotCreditedEither) {
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(40);
+    m_day.fakes.clock.sleepFor(std::chrono::hours(8));
+    m_day.seconds(20);
+    EXPECT_EQ(m_day.tree(), "Mail 60 [Inbox 60]");
+}
+
+TEST_F(TimerControlTest, aWakeUpAfterALongAbsence_booksNoIdleTimeAgain) {
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(40);
+    m_day.idle(1800);
+    const auto before = m_day.tree();
+    m_day.fakes.power.send(PowerMessage::SystemWillSleep, 1);
+    m_day.fakes.clock.sleepFor(std::chrono::hours(8));
+    // A lid that is opened is no input.
+    m_day.fakes.power.send(PowerMessage::SystemHasPoweredOn);
+    EXPECT_EQ(m_day.tree(), before);
+}
+
 } // namespace
