@@ -5,6 +5,15 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+namespace {
+
+// The toolkit's own, each with a value. Session managers restart programs with the first.
+const QStringList kToolkitOptions{QStringLiteral("-session"), QStringLiteral("-platform"),
+                                  QStringLiteral("-style"), QStringLiteral("-display"),
+                                  QStringLiteral("-name")};
+
+} // namespace
+
 CommandLine CommandLine::parse(int argc, char** argv) {
     // The parser asks an application for its name. The real one needs a display, which help does not.
     int count = 1;
@@ -17,8 +26,13 @@ CommandLine CommandLine::parse(int argc, char** argv) {
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("A database file (.tkd) to import."),
                                  QStringLiteral("[file]"));
     QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments << QString::fromLocal8Bit(argv[i]);
+    for (int i = 0; i < argc; ++i) {
+        const QString argument = QString::fromLocal8Bit(argv[i]);
+        if (kToolkitOptions.contains(argument))
+            ++i;
+        else
+            arguments << argument;
+    }
     parser.process(arguments);
     const QStringList files = parser.positionalArguments();
     return {files.isEmpty() ? std::nullopt : std::optional(QFileInfo(files.first()).absoluteFilePath())};

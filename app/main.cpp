@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Wires the way of a second of time: the desktop's back ends, the engine that credits, the window that shows.
+#include "app/AccountLock.h"
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
@@ -42,10 +43,17 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     QApplication application(argc, argv);
+    // Ticklog ends when it is told to, not with somebody's file dialog.
+    QCoreApplication::setQuitLockEnabled(false);
 
     SingleInstance instance(qEnvironmentVariable("XDG_RUNTIME_DIR"), nameOfDisplay());
     if (!instance.isFirst() && instance.handOver(commandLine.file))
         return EXIT_SUCCESS;
+    const AccountLock accountLock(Folders::forUser().applicationSupport);
+    if (!accountLock.isHeld()) {
+        std::fputs("Ticklog is running already and keeps this account.\n", stderr);
+        return EXIT_FAILURE;
+    }
 
     LinuxPlatform desktop;
     QtAlerts alerts;
@@ -76,8 +84,12 @@ int main(int argc, char** argv) {
     });
 
     controller.awakeFromNib();
-    controller.displayMainWindow();
+    // Whether a new window comes to the front is the window manager's business; it is not fought for.
+    controller.window().show();
     delegate.applicationDidFinishLaunching();
     desktop.platform().runLoop.performSoon([&] { openFile(commandLine.file); });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    // Whoever ended the loop: what has been credited since the last save is written.
+    controller.saveSettingsToDisk();
+    return status;
 }

@@ -26,8 +26,7 @@ protected:
         const xcb_window_t window = m_writer.open({.title = "Letter", .className = "Writer"});
         ASSERT_TRUE(product.start());
         ASSERT_TRUE(m_machine.waitForInhibitors(kBothHeld));
-        m_writer.activate(window);
-        ASSERT_TRUE(waitFor([&] { return desk.probe().activeWindow() == window; }));
+        ASSERT_TRUE(product.bringToFront(m_writer, window));
         watch.start();
     }
 

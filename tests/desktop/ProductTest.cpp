@@ -28,8 +28,7 @@ protected:
 
     // Brings a window to the front, keeps it there, and answers for how many seconds it was.
     double keepInFront(XClient& client, xcb_window_t window, std::chrono::milliseconds duration) {
-        client.activate(window);
-        EXPECT_TRUE(waitFor([&] { return desk.probe().activeWindow() == window; }));
+        EXPECT_TRUE(product.bringToFront(client, window));
         QElapsedTimer watch;
         watch.start();
         turnEventLoopFor(duration);
@@ -199,6 +198,23 @@ TEST_F(ProductTest, aSecondStart_handsOverToTheFirstAndExitsWithZero) {
     ASSERT_TRUE(second->waitUntilEnded());
     EXPECT_EQ(second->exitStatus(), 0);
     EXPECT_TRUE(product.program().isRunning());
+    EXPECT_EQ(product.end(SIGTERM), 0);
+}
+
+TEST_F(ProductTest, aStartOnAnotherDisplay_leavesTheAccountToTheFirst) {
+    startRunning();
+    const VirtualDisplay other(desk.home().environment());
+    QProcessEnvironment environment = desk.environment();
+    environment.insert(QStringLiteral("DISPLAY"), other.name());
+    Program second(QStringLiteral(TICKLOG_BINARY_DIR "/ticklog"), {}, environment);
+    ASSERT_TRUE(second.waitUntilEnded());
+    EXPECT_EQ(second.exitStatus(), 1);
+    EXPECT_EQ(product.end(SIGTERM), 0);
+}
+
+TEST_F(ProductTest, aSessionManagersOption_isNoReasonNotToStart) {
+    product.writeSettings(Product::runningSettings());
+    EXPECT_TRUE(product.start({QStringLiteral("-session"), QStringLiteral("10c0ffee")}));
     EXPECT_EQ(product.end(SIGTERM), 0);
 }
 

@@ -50,14 +50,24 @@ bool Product::start(const QStringList& arguments) {
         environment.insert(variable.key(), variable.value());
     m_program =
         std::make_unique<Program>(QStringLiteral(TICKLOG_BINARY_DIR "/ticklog"), arguments, environment);
-    return waitFor([this] { return hasWindow(); });
+    // A window manager puts a new window in front, which must not happen after the test has begun.
+    return waitFor([this] { return hasWindow() && m_desk.probe().activeWindow() == window(); });
 }
 
-bool Product::hasWindow() const {
+bool Product::bringToFront(XClient& client, xcb_window_t window) const {
+    return waitFor([&] {
+        if (m_desk.probe().activeWindow() == window)
+            return true;
+        client.activate(window);
+        return false;
+    });
+}
+
+xcb_window_t Product::window() const {
     for (const xcb_window_t window : m_desk.probe().windows())
         if (m_desk.probe().text(window, "_NET_WM_NAME") == "Ticklog")
-            return true;
-    return false;
+            return window;
+    return 0;
 }
 
 std::optional<int> Product::end(int signal) {

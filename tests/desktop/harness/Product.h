@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/foundation/PropertyListValue.h"
-#include "tests/desktop/harness/Desk.h"
+#include "tests/desktop/harness/XClient.h"
 
 #include <QMap>
 
@@ -20,12 +20,16 @@ public:
 
     void writeSettings(const PropertyListDictionary& settings) const;
     PropertyListDictionary settings() const;
-    // Starts it and waits for its window. Answers whether that came.
+    // Starts it and waits until its window is in front. Answers whether that came.
     bool start(const QStringList& arguments = {});
 
+    // Asks the window manager for as long as another window comes in between.
+    bool bringToFront(XClient& client, xcb_window_t window) const;
     Program& program() { return *m_program; }
 
-    bool hasWindow() const;
+    // Its window; 0 while it has none.
+    xcb_window_t window() const;
+    bool hasWindow() const { return window() != 0; }
     // Ends it by a signal, and answers its exit status; absent when it did not exit by itself.
     std::optional<int> end(int signal);
 
