@@ -34,13 +34,6 @@ void writeAccount(Desk& desk, int applications, int windows) {
     static_cast<void>(database.saveSettingsToDiskAtURL());
 }
 
-xcb_window_t ownWindow(const Desk& desk) {
-    for (const xcb_window_t window : desk.probe().windows())
-        if (desk.probe().text(window, "_NET_WM_NAME") == "Ticklog")
-            return window;
-    return 0;
-}
-
 double median(std::vector<double> values) {
     std::ranges::sort(values);
     return values[values.size() / 2];
@@ -98,7 +91,7 @@ void measureRunning() {
     writer.activate(letter);
     turnEventLoopFor(3s);
     printCost("shown, one row counting", measureCost(program, floor->processIdentifier(), {}), 150);
-    writer.minimise(ownWindow(desk));
+    writer.minimise(product.window());
     writer.activate(letter);
     turnEventLoopFor(3s);
     printCost("hidden, nothing changing", measureCost(program, floor->processIdentifier(), {}), 60);

@@ -251,7 +251,8 @@ void PropertyListXmlReader::scalar(QStringView name) {
         return;
     const PropertyListValue value = known->parse(text);
     if (value.isAbsent())
-        damaged(QStringLiteral("\"%1\" is no %2").arg(QStringView(text).left(40), known->name));
+        // Not what it says instead: the log is told of this, and it may be somebody's title.
+        damaged(QStringLiteral("what stands in <%1> is none").arg(known->name));
     else
         m_builder.value(value);
 }

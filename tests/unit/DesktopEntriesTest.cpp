@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
@@ -22,12 +23,19 @@ protected:
         clock};
 
     // Installs an entry with these lines below the main group's heading.
-    void install(const QString& path, const QByteArray& lines) const {
+    void install(const QString& path, const QByteArray& lines) {
         const QString full = folder.path() + u'/' + path;
         QDir().mkpath(QFileInfo(full).path());
         QFile file(full);
         ASSERT_TRUE(file.open(QFile::WriteOnly));
         file.write("[Desktop Entry]\n" + lines);
+        file.close();
+        // Two changes within one tick of the kernel's clock leave a folder with the same time, which no person manages.
+        ++m_changes;
+        for (QString place = QFileInfo(full).path(); place != folder.path(); place = QFileInfo(place).path())
+            std::filesystem::last_write_time(place.toStdString(),
+                                             std::filesystem::file_time_type::clock::now() +
+                                                 std::chrono::seconds(m_changes));
     }
 
     // "none" when no entry belongs.
@@ -38,6 +46,9 @@ protected:
     QString name(const char* windowClass, const char* executable = "") {
         return name(QStringList{QLatin1String(windowClass)}, QLatin1String(executable));
     }
+
+private:
+    int m_changes = 0;
 };
 
 TEST_F(DesktopEntriesTest, aStartupClass_comesBeforeTheIdAndTheExecutable) {
