@@ -107,6 +107,7 @@ TEST_F(StoreFileCrash, aFileThatMayNotGrow_keepsTheEarlierAccount) {
 constexpr const char* kFullDisk = R"(
 set -e
 mount -t tmpfs -o size=1m tmpfs "$1"
+trap 'umount "$1"' EXIT
 "$2" save "$1/Store.tkd" 1 1 100000 >/dev/null
 cp "$1/Store.tkd" "$3"
 ! "$2" save "$1/Store.tkd" 2 1 "$4" >/dev/null
@@ -121,11 +122,14 @@ protected:
     // where that is not allowed (in a chroot, say) whoever may install packages may by sudo.
     static QStringList worldOfItsOwn() {
         const QString unshare = QStringLiteral("unshare");
+        // In a chroot the root is no mount whose propagation could be changed; the script unmounts its disk itself.
+        const QStringList ownMounts{unshare, QStringLiteral("-m"), QStringLiteral("--propagation"),
+                                    QStringLiteral("unchanged")};
         if (::geteuid() == 0)
-            return {unshare, QStringLiteral("-m")};
+            return ownMounts;
         if (run(unshare, {QStringLiteral("-Urm"), QStringLiteral("true")}).exitCode == 0)
             return {unshare, QStringLiteral("-Urm")};
-        return {QStringLiteral("sudo"), QStringLiteral("-n"), unshare, QStringLiteral("-m")};
+        return QStringList{QStringLiteral("sudo"), QStringLiteral("-n")} + ownMounts;
     }
 
     // What a launch finds after a save of `length` has met the end of the disk.
