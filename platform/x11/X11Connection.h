@@ -68,6 +68,8 @@ public:
 
     // Hands the reply to a request just sent to `handler`, which is dropped when the connection is lost.
     void expect(unsigned sequence, ReplyHandler handler);
+    // Whether some of what was asked has not been answered yet.
+    bool isAwaitingReplies() const { return !m_expected.empty(); }
     // Sends what was asked. Called by itself after `settled`.
     void flush();
     // Waits until everything asked has been answered and handed out, so that a start is complete; gives up on

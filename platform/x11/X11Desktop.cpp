@@ -91,7 +91,7 @@ void X11Desktop::begin() {
 }
 
 void X11Desktop::end() {
-    m_emptyTimer.reset();
+    endEmptyMoment();
     m_clients.clear();
     m_frontToBack.clear();
     m_entries.clear();
@@ -283,25 +283,43 @@ void X11Desktop::updateFront() {
     const Client* active = client(m_activeWindow);
     // It is told when it can be told whole, its title included.
     if (active && !active->window.isKnown()) {
-        m_emptyTimer.reset();
+        endEmptyMoment();
         return;
     }
     if (active && isInFront(*active)) {
-        m_emptyTimer.reset();
+        endEmptyMoment();
         bringToFront(m_activeWindow, active->application);
     } else if (active && active->window.kind() == X11Window::Kind::Desktop) {
-        m_emptyTimer.reset();
+        endEmptyMoment();
         bringToFront(XCB_WINDOW_NONE, nothingInFront());
-    } else if (m_front != nothingInFront() && !m_emptyTimer) {
-        // EWMH: the active window may be gone already. Nothing has the focus then: the desktop itself is in
-        // front, or the last application would be credited for it.
-        m_emptyTimer = m_runLoop.scheduleOnce(kEmptyMoment, [this] {
-            m_emptyTimer.reset();
-            bringToFront(XCB_WINDOW_NONE, nothingInFront());
-        });
+    } else if (m_front != nothingInFront()) {
+        waitThroughEmptyMoment();
     }
     if (m_areEntriesStale)
         updateEntries();
+}
+
+void X11Desktop::waitThroughEmptyMoment() {
+    if (m_emptyMoment == EmptyMoment::None) {
+        m_emptyMoment = EmptyMoment::Running;
+        m_emptyTimer = m_runLoop.scheduleOnce(kEmptyMoment, [this] {
+            // This program may have been kept waiting, and not have heard yet what is in front by now.
+            m_emptyMoment = EmptyMoment::Over;
+            m_isActiveUnasked = m_areWindowsUnasked = true;
+            settle();
+            m_connection->flush();
+        });
+    } else if (m_emptyMoment == EmptyMoment::Over && !m_connection->isAwaitingReplies()) {
+        // EWMH: the active window may be gone already. Nothing has the focus then: the desktop itself is in
+        // front, or the last application would be credited for it.
+        endEmptyMoment();
+        bringToFront(XCB_WINDOW_NONE, nothingInFront());
+    }
+}
+
+void X11Desktop::endEmptyMoment() {
+    m_emptyMoment = EmptyMoment::None;
+    m_emptyTimer.reset();
 }
 
 void X11Desktop::bringToFront(xcb_window_t window, const ApplicationRecord& application) {

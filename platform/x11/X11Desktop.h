@@ -68,6 +68,8 @@ private:
     ApplicationRecord applicationOf(const X11Window& window) const;
     bool isInFront(const Client& client) const;
     void updateFront();
+    void waitThroughEmptyMoment();
+    void endEmptyMoment();
     void bringToFront(xcb_window_t window, const ApplicationRecord& application);
     void tellOfSwitch();
     void updateEntries();
@@ -86,7 +88,9 @@ private:
     xcb_window_t m_activeWindow = 0;
     // The active window when the front application was last told.
     xcb_window_t m_frontWindow = 0;
-    // Runs while nothing is in front and nobody has been told.
+    // Nothing is in front and nobody has been told: first the time runs, then the desktop is asked once more.
+    enum class EmptyMoment { None, Running, Over };
+    EmptyMoment m_emptyMoment = EmptyMoment::None;
     std::unique_ptr<RunLoopTimer> m_emptyTimer;
     bool m_isManagerUnasked = false;
     bool m_isActiveUnasked = false;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/X11Scene.h"
+#include "tests/fakes/ManualRunLoop.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -207,6 +208,27 @@ TEST_F(X11DesktopTest, aMomentWithoutFrontWindow_isNotTold) {
     }
     turnEventLoopFor(std::chrono::milliseconds(150));
     EXPECT_EQ(scene.switches, QStringList());
+}
+
+TEST_F(X11DesktopTest, aMomentThatWasOverBeforeItWasNoticed_isNotTold) {
+    HandClock hand;
+    ManualRunLoop timers(hand);
+    const xcb_window_t window = openInFront(editor("Page"));
+    auto opened = X11Desktop::open(scene.desk.display().name().toLatin1(), timers, scene.log, scene.entries);
+    ASSERT_TRUE(opened);
+    const std::unique_ptr<X11Desktop> desktop = std::move(*opened);
+    const auto isEditorInFront = [&] {
+        return desktop->activeApplication() && desktop->activeApplication()->name == QStringLiteral("Editor");
+    };
+    ASSERT_TRUE(waitFor(isEditorInFront));
+    int switches = 0;
+    desktop->installSwitchHandler([&] { ++switches; });
+    scene.desk.probe().sayActiveWindow(0);
+    ASSERT_TRUE(waitFor([&] { return timers.activeTimers() == 1; }));
+    scene.desk.probe().sayActiveWindow(window);
+    timers.advance(std::chrono::seconds(1));
+    EXPECT_TRUE(waitFor([&] { return timers.activeTimers() == 0 && isEditorInFront(); }));
+    EXPECT_EQ(switches, 0);
 }
 
 TEST_F(X11DesktopTest, aFrontWindowThatNobodyKnows_isTheDesktop) {

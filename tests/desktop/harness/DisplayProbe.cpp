@@ -81,6 +81,14 @@ xcb_window_t DisplayProbe::activeWindow() const {
     return number(m_root, "_NET_ACTIVE_WINDOW");
 }
 
+void DisplayProbe::sayActiveWindow(xcb_window_t window) const {
+    xcb_connection_t* connection = m_connection.get();
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, m_root, atom("_NET_ACTIVE_WINDOW"),
+                        XCB_ATOM_WINDOW, 32, 1, &window);
+    // Any answer means that what came before it is done.
+    activeWindow();
+}
+
 std::vector<xcb_window_t> DisplayProbe::windows() const {
     const QByteArray bytes = property(m_root, "_NET_CLIENT_LIST");
     std::vector<xcb_window_t> windows(std::size_t(bytes.size()) / sizeof(xcb_window_t));

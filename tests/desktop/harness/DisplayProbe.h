@@ -23,6 +23,8 @@ public:
     bool windowManagerHasAnswered() const;
     // The root's _NET_ACTIVE_WINDOW; 0 when there is none.
     xcb_window_t activeWindow() const;
+    // Says so in the window manager's place. The server knows when this returns; no event loop turns meanwhile.
+    void sayActiveWindow(xcb_window_t window) const;
     // The root's _NET_CLIENT_LIST.
     std::vector<xcb_window_t> windows() const;
     bool isInWindowList(xcb_window_t window) const;
