@@ -113,9 +113,10 @@ void TimeStoreApp::store(const QString& key, std::shared_ptr<TimeStoreWindow> wi
                              followRename(followed, change.oldValue.toString(), change.newValue.toString());
                          },
                          {.values = true});
-    if (const auto displaced = m_windows.find(key); displaced != m_windows.end())
-        drop(displaced);
-    m_windows.emplace(key, Entry{std::move(window), std::move(naming)});
+    auto place = m_windows.lower_bound(key);
+    if (place != m_windows.end() && place->first == key)
+        place = drop(place);
+    m_windows.emplace_hint(place, key, Entry{std::move(window), std::move(naming)});
 }
 
 TimeStoreApp::Table::iterator TimeStoreApp::drop(Table::iterator entry) {

@@ -17,6 +17,15 @@ PropertyListValue textOrEmpty(const PropertyListValue& name) {
     return name.asString() ? name : PropertyListValue(QString());
 }
 
+std::optional<Identity> identityOf(const PropertyListDictionary& record, SystemLog& log) {
+    const QByteArray* bytes = record.value(kRecordUUID).asData();
+    const auto identity = bytes ? Identity::fromBytes(*bytes) : std::nullopt;
+    if (bytes && !identity)
+        log.log(
+            QStringLiteral("An identity of %1 bytes was left out of a timer's record.").arg(bytes->size()));
+    return identity;
+}
+
 } // namespace
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, const PropertyListValue& name,
@@ -28,25 +37,24 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, const PropertyListDict
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                              const PropertyListValue& timeSpent)
-    : m_services(services)
-    , m_kind(kind) {
-    setName(textOrEmpty(name));
-    m_uuid = m_services.registry.uuidForName(registryKey(this->name()));
-    m_activeTime = std::max(0.0, timeSpent.number().value_or(0));
-}
+    : TimeStoreNode(services, kind, name, timeSpent, std::nullopt) {}
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record)
-    : TimeStoreNode(services, kind, record.value(kRecordName), record.value(kRecordActiveTime)) {
-    if (const QByteArray* bytes = record.value(kRecordUUID).asData()) {
-        if (const auto identity = Identity::fromBytes(*bytes))
-            m_uuid = m_services.registry.setUUID(*identity, registryKey(name()));
-        else
-            m_services.log.log(QStringLiteral("An identity of %1 bytes was left out of a timer's record.")
-                                   .arg(bytes->size()));
-    }
+    : TimeStoreNode(services, kind, record.value(kRecordName), record.value(kRecordActiveTime),
+                    identityOf(record, services.log)) {
     if (const QString* renamed = record.value(kRecordRenamedName).asString())
         m_renamedNameStorage = nonNull(*renamed);
     m_branched = record.value(kRecordBranched).toBool();
+}
+
+TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
+                             const PropertyListValue& timeSpent, const std::optional<Identity>& uuid)
+    : m_services(services)
+    , m_kind(kind) {
+    setName(textOrEmpty(name));
+    const QString key = registryKey(this->name());
+    m_uuid = uuid ? m_services.registry.setUUID(*uuid, key) : m_services.registry.uuidForName(key);
+    m_activeTime = std::max(0.0, timeSpent.number().value_or(0));
 }
 
 QString TimeStoreNode::className() const {

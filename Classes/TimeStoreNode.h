@@ -117,6 +117,9 @@ protected:
     TimeStoreServices& services() const { return m_services; }
 
 private:
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
+                  const PropertyListValue& timeSpent, const std::optional<Identity>& uuid);
+
     bool matches(const QString& searchString) const;
 
     TimeStoreServices& m_services;

@@ -12,6 +12,9 @@ struct Measure {
     double median;
 };
 
+// How often measured() calls the work.
+inline constexpr int kMeasuredCalls = 6;
+
 inline double processCpuMs() {
     timespec time{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
@@ -28,7 +31,7 @@ template<class Work>
 Measure measured(double (*clock)(), Work&& work) {
     std::vector<double> runs;
     work();
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 1; i < kMeasuredCalls; ++i) {
         const double start = clock();
         work();
         runs.push_back(clock() - start);

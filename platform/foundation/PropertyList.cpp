@@ -3,6 +3,7 @@
 
 #include "platform/foundation/PropertyListBinaryReader.h"
 #include "platform/foundation/PropertyListBinaryWriter.h"
+#include "platform/foundation/PropertyListPlainReader.h"
 #include "platform/foundation/PropertyListWriter.h"
 #include "platform/foundation/PropertyListXmlReader.h"
 
@@ -39,6 +40,8 @@ Result<PropertyListValue> read(const QByteArray& bytes) {
         return tooLarge(bytes.size());
     if (PropertyListBinaryReader::recognises(bytes))
         return PropertyListBinaryReader(bytes).read();
+    if (auto value = PropertyListPlainReader(bytes).read())
+        return *std::move(value);
     return PropertyListXmlReader(bytes).read();
 }
 

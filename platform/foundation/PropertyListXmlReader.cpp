@@ -2,7 +2,7 @@
 #include "platform/foundation/PropertyListXmlReader.h"
 
 #include "platform/foundation/PropertyList.h"
-#include "platform/foundation/PropertyListText.h"
+#include "platform/foundation/PropertyListXml.h"
 
 #include <algorithm>
 
@@ -94,33 +94,6 @@ private:
 
     const QByteArray& m_bytes;
     qsizetype m_at = 0;
-};
-
-template<class T>
-PropertyListValue valueOrAbsent(const std::optional<T>& parsed) {
-    return parsed ? PropertyListValue(*parsed) : PropertyListValue();
-}
-
-template<bool kValue>
-PropertyListValue boolean(const QString& text) {
-    return text.trimmed().isEmpty() ? PropertyListValue(kValue) : PropertyListValue();
-}
-
-// An element that holds text alone. `parse` answers an absent value for what cannot be parsed.
-struct Scalar {
-    QStringView name;
-    PropertyListValue (*parse)(const QString& text);
-};
-
-// The frequent ones first.
-constexpr std::array kScalars = {
-    Scalar{u"string", [](const QString& text) { return PropertyListValue(text); }},
-    Scalar{u"real", [](const QString& text) { return valueOrAbsent(PropertyListText::real(text)); }},
-    Scalar{u"data", [](const QString& text) { return valueOrAbsent(PropertyListText::data(text)); }},
-    Scalar{u"integer", [](const QString& text) { return valueOrAbsent(PropertyListText::integer(text)); }},
-    Scalar{u"true", boolean<true>},
-    Scalar{u"false", boolean<false>},
-    Scalar{u"date", [](const QString& text) { return valueOrAbsent(PropertyListText::date(text)); }},
 };
 
 } // namespace
@@ -241,8 +214,8 @@ void PropertyListXmlReader::key() {
 
 void PropertyListXmlReader::scalar(QStringView name) {
     // The name does not outlive the reading of the text.
-    const auto known = std::ranges::find(kScalars, name, &Scalar::name);
-    if (known == kScalars.end()) {
+    const PropertyListXml::Scalar* known = PropertyListXml::scalar(name);
+    if (!known) {
         damaged(QStringLiteral("<%1> is no kind of value").arg(name));
         return;
     }

@@ -3,6 +3,7 @@
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListText.h"
 #include "platform/foundation/PropertyListWriter.h"
+#include "platform/foundation/PropertyListXml.h"
 
 #include <QByteArrayView>
 
@@ -19,11 +20,6 @@ constexpr qsizetype kMostBytesPerUnit = 5;
 // Text is written in pieces of this many units, each of which fits a chunk whatever is in it.
 constexpr qsizetype kTextPiece = 4096;
 
-constexpr QByteArrayView kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                 "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                                 "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                                 "<plist version=\"1.0\">\n";
-constexpr QByteArrayView kFoot = "</plist>\n";
 constexpr QByteArrayView kReplacement = "\xEF\xBF\xBD";
 
 void require(bool condition, const QString& what) {
@@ -109,7 +105,7 @@ PropertyListXmlWriter::PropertyListXmlWriter(Output output)
     : m_output(std::move(output))
     , m_buffer(std::make_unique_for_overwrite<char[]>(kChunk))
     , m_end(m_buffer.get()) {
-    append(kHead);
+    append(PropertyListXml::kHead);
 }
 
 void PropertyListXmlWriter::beginDictionary() {
@@ -173,7 +169,7 @@ void PropertyListXmlWriter::data(const QByteArray& bytes) {
 
 void PropertyListXmlWriter::finish() {
     require(m_depth == 0, QStringLiteral("a dictionary or an array has not ended"));
-    append(kFoot);
+    append(PropertyListXml::kFoot);
     flush();
 }
 
