@@ -65,6 +65,8 @@ QString TimeStoreNode::className() const {
         return QStringLiteral("TimeStoreWindow");
     case Kind::Category:
         return QStringLiteral("TimeStoreCategory");
+    case Kind::AppProxy:
+        return QStringLiteral("TimeStoreAppProxy");
     case Kind::Node:
         break;
     }
@@ -84,7 +86,7 @@ void TimeStoreNode::setRenamedNameFormatted(const PropertyListDictionary& record
 }
 
 QString TimeStoreNode::activeTimeString() const {
-    return TimeTracker::timeStringForDouble(m_activeTime);
+    return TimeTracker::timeStringForDouble(activeTime());
 }
 
 void TimeStoreNode::setName(const PropertyListValue& value) {
@@ -151,7 +153,7 @@ void TimeStoreNode::writeRecord(PropertyListSink& sink) const {
 std::shared_ptr<TimeStoreItem>
 TimeStoreNode::prunedObjectForSearchString(const std::optional<QString>& searchString, float cutoffTime) {
     const bool isWanted = !searchString || matches(*searchString);
-    const bool isBelowCutoff = cutoffTime > 0 && Seconds(cutoffTime) > m_activeTime;
+    const bool isBelowCutoff = cutoffTime > 0 && Seconds(cutoffTime) > activeTime();
     if (isWanted && !isBelowCutoff)
         return shared_from_this();
     if (isLeaf())
@@ -163,7 +165,7 @@ TimeStoreNode::prunedObjectForSearchString(const std::optional<QString>& searchS
 
 Seconds TimeStoreNode::activeTimeForSearchString(const QString& searchString) const {
     if (matches(searchString))
-        return m_activeTime;
+        return activeTime();
     Seconds sum = 0;
     if (const auto list = children())
         for (const auto& child : *list)

@@ -84,7 +84,7 @@ public:
 
     // Renames the timer itself. Absent counts as ""; anything but text is a broken contract. Observers are told of
     // name, renamedNameFormatted and renamedName, and in reverse order afterwards.
-    void setName(const PropertyListValue& name);
+    virtual void setName(const PropertyListValue& name);
     // The user's own name; absent when the timer is not renamed.
     std::optional<QString> renamedNameStorage() const;
     void setRenamedNameStorage(const std::optional<QString>& name);
@@ -108,7 +108,7 @@ public:
     QVariant valueForKey(ObservedKey key) const override;
 
 protected:
-    enum class Kind : unsigned char { Node, App, Window, Category };
+    enum class Kind : unsigned char { Node, App, Window, Category, AppProxy };
 
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                   const PropertyListValue& timeSpent);

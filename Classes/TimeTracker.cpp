@@ -4,6 +4,7 @@
 #include "Classes/RuleCategories.h"
 #include "Classes/Settings.h"
 #include "Classes/SystemIdleTime.h"
+#include "Classes/TimeStoreCategory.h"
 #include "platform/foundation/Assertions.h"
 
 #include <algorithm>
@@ -252,6 +253,12 @@ TimeStoreItem::Children TimeTracker::timeChildrenForChildUUIDs(const std::unorde
                 found.push_back(window);
     }
     return found;
+}
+
+void TimeTracker::updateTimeStoreCategory(TimeStoreCategory& category,
+                                          const std::vector<Identity>& childUUIDs) const {
+    category.setChildren(std::make_shared<const TimeStoreItem::Children>(
+        timeChildrenForChildUUIDs({childUUIDs.begin(), childUUIDs.end()}, false)));
 }
 
 void TimeTracker::setSearchString(const QString& searchString) {

@@ -12,6 +12,7 @@
 
 class RuleCategories;
 class SystemIdleTime;
+class TimeStoreCategory;
 
 inline constexpr ObservedKey kTimeSetKey{"timeSet"};
 inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
@@ -91,6 +92,8 @@ public:
     // With `excluding`, the windows of an application that is wanted are not wanted on their own.
     TimeStoreItem::Children timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
                                                       bool excludingIncludedChildren) const;
+    // Gives a project's node the nodes of its members for children.
+    void updateTimeStoreCategory(TimeStoreCategory& category, const std::vector<Identity>& childUUIDs) const;
 
     void setSearchString(const QString& searchString);
     // Seconds.
@@ -100,6 +103,8 @@ public:
     // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
     // fresh timer of the old name.
     void branchNode(TimeStoreNode& node);
+    // Freezes the timers of these identities, as timeChildrenForChildUUIDs() finds them, but for those already frozen.
+    void branchUUIDs(const std::vector<Identity>& childUUIDs);
     // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was
     // called.
     void refreshProjects(const PropertyListDictionary& info);

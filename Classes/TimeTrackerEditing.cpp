@@ -21,6 +21,12 @@ void TimeTracker::branchNode(TimeStoreNode& node) {
         branchWindow(*window);
 }
 
+void TimeTracker::branchUUIDs(const std::vector<Identity>& childUUIDs) {
+    for (const auto& item : timeChildrenForChildUUIDs({childUUIDs.begin(), childUUIDs.end()}, false))
+        if (!item->branched())
+            branchNode(item->node());
+}
+
 // " (Frozen 11/20/26)" behind the name.
 static QString frozenName(const QString& name, Date today) {
     return name + localized(" (Frozen %@)").replace(QLatin1String("%@"), shortDate(today));
