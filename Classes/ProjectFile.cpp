@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/ProjectFile.h"
+
+#include "platform/foundation/PrivateFiles.h"
+#include "platform/foundation/PropertyList.h"
+
+#include <QFileInfo>
+
+namespace {
+
+const QString kFileName = QStringLiteral("Ticklog Projects");
+
+} // namespace
+
+ProjectFile::ProjectFile(const QString& documentsFolder, SystemLog& log)
+    : m_log(log) {
+    if (!documentsFolder.isEmpty())
+        m_path = documentsFolder + u'/' + kFileName;
+}
+
+PropertyListArray ProjectFile::read() {
+    m_isDamaged = false;
+    if (!m_path)
+        return {};
+    const Result<PropertyListValue> file = PropertyList::readFile(*m_path);
+    if (!file && file.failure().kind == Failure::Kind::NotFound)
+        return {};
+    const PropertyListArray* records = file ? file->asArray() : nullptr;
+    // The last one tells whether these are projects at all.
+    if (records && (records->empty() || records->back().asDictionary()))
+        return *records;
+    m_isDamaged = true;
+    m_log.log(QStringLiteral("The projects cannot be read and start empty: ") +
+              (file ? QStringLiteral("no list of projects") : file.failure().text));
+    return {};
+}
+
+void ProjectFile::write(const PropertyListArray& projects) {
+    if (!m_path || !setAsideDamaged())
+        return;
+    // Many a home has no documents folder until somebody needs one.
+    static_cast<void>(PrivateFiles::makeFolder(QFileInfo(*m_path).path()));
+    if (const Outcome outcome = PropertyList::writeBinaryFile(projects, *m_path); !outcome)
+        m_log.log(QStringLiteral("The projects could not be written: ") + outcome.failure().text);
+}
+
+// False while it still stands there.
+bool ProjectFile::setAsideDamaged() {
+    if (!m_isDamaged)
+        return true;
+    const Result<QString> aside = PrivateFiles::setAside(*m_path);
+    m_isDamaged = !aside && aside.failure().kind != Failure::Kind::NotFound;
+    if (m_isDamaged)
+        m_log.log(
+            QStringLiteral("The projects were not written, because the file that cannot be read could not "
+                           "be set aside: ") +
+            aside.failure().text);
+    else if (aside)
+        m_log.log(QStringLiteral("The projects file that could not be read was set aside: ") + *aside);
+    return !m_isDamaged;
+}

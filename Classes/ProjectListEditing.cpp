@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+// How the list of projects changes as a whole: what all edits are made of, following frozen timers, undoing.
+#include "Classes/ProjectList.h"
+#include "Classes/Settings.h"
+
+#include <algorithm>
+
+using Kind = ProjectListChange::Kind;
+
+void ProjectList::projectDupeNode(const FrozenIdentities& frozen) {
+    m_frozen.push_back(frozen);
+    replaceFrozen(frozen);
+    // Freezing an application tells of each of its windows. The first is written at once, the others together.
+    if (m_joining && m_joining->isValid()) {
+        m_owesSave = true;
+        return;
+    }
+    m_joining = m_services.runLoop.scheduleOnce(std::chrono::nanoseconds(0), [this] { settleFreezing(); });
+    saveData();
+    reloadReverseProjectCache();
+}
+
+void ProjectList::reloadReverseProjectCache() {
+    const ChangeAnnouncement announcement(*this, kReverseProjectCacheKey);
+    m_reverseProjectCache = std::make_shared<const ReverseProjectCache>(m_projects);
+}
+
+ProjectList::Snapshot ProjectList::snapshot() const {
+    Snapshot snapshot;
+    for (const Record& project : m_projects)
+        snapshot.m_projects.push_back({project, project->entries()});
+    snapshot.m_frozen = m_frozen.size();
+    return snapshot;
+}
+
+void ProjectList::restore(const Snapshot& snapshot) {
+    tell(Kind::Replace, ChangePhase::Will, std::nullopt);
+    std::vector<Record> records;
+    for (const auto& [record, entries] : snapshot.m_projects) {
+        const bool isThere = positionOf(*record).has_value();
+        const PropertyListValue expanded =
+            isThere ? record->expandedEntry() : entries.value(kProjectExpandedUUIDs);
+        *record = ProjectRecord(entries);
+        record->setExpandedEntry(expanded);
+        records.push_back(record);
+    }
+    m_projects = std::move(records);
+    for (std::size_t i = snapshot.m_frozen; i < m_frozen.size(); ++i)
+        replaceFrozen(m_frozen[i]);
+    tell(Kind::Replace, ChangePhase::Did, std::nullopt);
+    saveData();
+    reloadReverseProjectCache();
+}
+
+std::vector<ProjectList::Record> ProjectList::recordsFrom(const PropertyListArray& values) const {
+    std::vector<Record> records;
+    int damaged = 0;
+    for (const PropertyListValue& value : values) {
+        const PropertyListDictionary* entries = value.asDictionary();
+        if (entries)
+            records.push_back(std::make_shared<ProjectRecord>(*entries));
+        damaged += entries ? records.back()->damagedElements() : 1;
+    }
+    if (damaged > 0)
+        m_services.log.log(
+            QStringLiteral("%1 entries of the projects are no identities or records and count for nothing.")
+                .arg(damaged));
+    return records;
+}
+
+// Null for a record that is not, or no longer, in the list.
+ProjectList::Record ProjectList::editable(const ProjectRecord& project) const {
+    if (&project == m_mainItem.get())
+        return m_mainItem;
+    const auto position = positionOf(project);
+    return position ? m_projects[*position] : nullptr;
+}
+
+void ProjectList::insert(Record record, std::size_t position) {
+    position = std::min(position, m_projects.size());
+    tell(Kind::Insert, ChangePhase::Will, position);
+    // Whoever was told may have removed others.
+    position = std::min(position, m_projects.size());
+    m_projects.insert(m_projects.begin() + std::ptrdiff_t(position), std::move(record));
+    tell(Kind::Insert, ChangePhase::Did, position);
+}
+
+void ProjectList::remove(std::size_t position) {
+    // The caller may know the record by reference only.
+    const Record removed = m_projects[position];
+    tell(Kind::Remove, ChangePhase::Will, position);
+    std::erase(m_projects, removed);
+    tell(Kind::Remove, ChangePhase::Did, position);
+}
+
+void ProjectList::replace(std::vector<Record> records) {
+    tell(Kind::Replace, ChangePhase::Will, std::nullopt);
+    m_projects = std::move(records);
+    tell(Kind::Replace, ChangePhase::Did, std::nullopt);
+    saveData();
+    reloadReverseProjectCache();
+}
+
+void ProjectList::tell(Kind kind, ChangePhase phase, std::optional<std::size_t> position) {
+    m_observers->forEach([&](const Observer& observer) { observer({kind, phase, position}); });
+}
+
+void ProjectList::tellChanged(Kind kind, const ProjectRecord& project) {
+    tell(kind, ChangePhase::Did, positionOf(project));
+}
+
+void ProjectList::replaceFrozen(const FrozenIdentities& frozen) {
+    for (const Record& project : m_projects)
+        for (const auto& [old, replacement] : frozen)
+            project->replaceMember(old, replacement);
+}
+
+void ProjectList::settleFreezing() {
+    m_joining.reset();
+    if (!m_owesSave)
+        return;
+    saveData();
+    reloadReverseProjectCache();
+}
+
+void ProjectList::storeTopLevelExpansion() {
+    m_defaults.setObject(kTopLevelExpandedUUIDs, m_mainItem->expandedEntry());
+}
