@@ -58,12 +58,12 @@ LinuxPlatform::BackEnds::BackEnds() {
     } else {
         log.log(QStringLiteral("The X11 desktop is not used: ") + opened.failure().text);
     }
-    FrontApplication& unlocked = x11 ? static_cast<FrontApplication&>(*x11) : noDesktop;
-    frontApplication = std::make_unique<LockAwareFrontApplication>(unlocked, screenLock);
-    WindowList& windowList = x11 ? static_cast<WindowList&>(*x11) : noDesktop;
-    IdleTime& idleTime = x11 ? static_cast<IdleTime&>(*x11IdleTime) : noIdleTime;
+    FrontApplication* unlocked = x11 ? static_cast<FrontApplication*>(x11.get()) : &noDesktop;
+    frontApplication = std::make_unique<LockAwareFrontApplication>(*unlocked, screenLock);
+    WindowList* windowList = x11 ? static_cast<WindowList*>(x11.get()) : &noDesktop;
+    IdleTime* idleTime = x11 ? static_cast<IdleTime*>(x11IdleTime.get()) : &noIdleTime;
     platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
-                                                   *frontApplication, windowList, idleTime, power,
+                                                   *frontApplication, *windowList, *idleTime, power,
                                                    sessionEvents, accessibility, fileViewer, sandbox});
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.

@@ -171,10 +171,10 @@ bool PropertyListPlainReader::scalar(Tag tag) {
     const auto text = decoded(*bytes);
     if (!text)
         return false;
-    PropertyListValue value = known->parse(*text);
+    const PropertyListValue value = known->parse(*text);
     if (value.isAbsent())
         return false;
-    m_builder.value(std::move(value));
+    m_builder.value(value);
     return true;
 }
 
