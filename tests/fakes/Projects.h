@@ -49,8 +49,8 @@ inline PropertyListArray list(const std::vector<unsigned>& numbers) {
 }
 
 inline ProjectRecord record(const char* label, const std::vector<unsigned>& numbers) {
-    return ProjectRecord(PropertyListDictionary{{kProjectSubtree, list(numbers)},
-                                                {kProjectLabel, QString::fromUtf8(label)}});
+    return ProjectRecord(
+        PropertyListDictionary{{kProjectSubtree, list(numbers)}, {kProjectLabel, QString::fromUtf8(label)}});
 }
 
 } // namespace ProjectSamples

@@ -29,8 +29,14 @@ TEST(ProjectRecord, anEmptyRecord_answersNothing) {
 }
 
 TEST(ProjectRecord, valuesOfTheWrongType_countAsAbsent) {
-    const std::vector<PropertyListValue> wrong = {
-        5, 5.5, true, u"text"_s, QByteArray("12345678"), Date(), PropertyListArray{1}, PropertyListDictionary{}};
+    const std::vector<PropertyListValue> wrong = {5,
+                                                  5.5,
+                                                  true,
+                                                  u"text"_s,
+                                                  QByteArray("12345678"),
+                                                  Date(),
+                                                  PropertyListArray{1},
+                                                  PropertyListDictionary{}};
     for (const PropertyListValue& value : wrong) {
         const ProjectRecord odd(PropertyListDictionary{{kProjectLabel, value},
                                                        {kProjectSubtree, value},
@@ -47,8 +53,10 @@ TEST(ProjectRecord, valuesOfTheWrongType_countAsAbsent) {
 }
 
 TEST(ProjectRecord, valuesOfTheWrongType_giveWayToTheFirstChange) {
-    ProjectRecord odd(PropertyListDictionary{
-        {kProjectLabel, 1}, {kProjectSubtree, u"x"_s}, {kProjectExpandedUUIDs, 2}, {kProjectColorTag, u"red"_s}});
+    ProjectRecord odd(PropertyListDictionary{{kProjectLabel, 1},
+                                             {kProjectSubtree, u"x"_s},
+                                             {kProjectExpandedUUIDs, 2},
+                                             {kProjectColorTag, u"red"_s}});
     odd.setLabel(u"Work"_s);
     odd.setColorTag(3);
     odd.expand(identity(1));
@@ -67,11 +75,14 @@ TEST(ProjectRecord, aColourBeyondAllNumbers_staysWithinThem) {
 }
 
 TEST(ProjectRecord, unknownEntries_areKeptInTheirPlace) {
-    ProjectRecord foreign(PropertyListDictionary{{u"Icon"_s, 7}, {kProjectLabel, u"Work"_s}, {u"Zoom"_s, 1.5}});
+    ProjectRecord foreign(
+        PropertyListDictionary{{u"Icon"_s, 7}, {kProjectLabel, u"Work"_s}, {u"Zoom"_s, 1.5}});
     foreign.setLabel(u"Play"_s);
     foreign.addMembers({identity(1)});
-    const PropertyListDictionary expected{
-        {u"Icon"_s, 7}, {kProjectLabel, u"Play"_s}, {u"Zoom"_s, 1.5}, {kProjectSubtree, PropertyListArray{data(1)}}};
+    const PropertyListDictionary expected{{u"Icon"_s, 7},
+                                          {kProjectLabel, u"Play"_s},
+                                          {u"Zoom"_s, 1.5},
+                                          {kProjectSubtree, PropertyListArray{data(1)}}};
     EXPECT_EQ(foreign.entries(), expected);
     EXPECT_EQ(foreign.entries().begin()->first, u"Icon"_s);
 }
@@ -95,8 +106,9 @@ TEST(ProjectRecord, membersRemoved_areGoneWhereverTheyStand) {
 
 TEST(ProjectRecord, elementsThatAreNoIdentities_countForNothingAndAreKept) {
     ProjectRecord work(PropertyListDictionary{
-        {kProjectSubtree, PropertyListArray{QByteArray(), QByteArray("1234567"), data(1), QByteArray("123456789"),
-                                            u"text"_s, 7, PropertyListArray{data(5)}}}});
+        {kProjectSubtree,
+         PropertyListArray{QByteArray(), QByteArray("1234567"), data(1), QByteArray("123456789"), u"text"_s,
+                           7, PropertyListArray{data(5)}}}});
     EXPECT_EQ(members(work), "1");
     EXPECT_EQ(work.damagedElements(), 6);
     work.removeMembers({identity(1)});
@@ -105,8 +117,8 @@ TEST(ProjectRecord, elementsThatAreNoIdentities_countForNothingAndAreKept) {
 
 TEST(ProjectRecord, nestedRecords_areReadAsTheirMembers) {
     const ProjectRecord work(PropertyListDictionary{
-        {kProjectSubtree,
-         PropertyListArray{data(1), nested({data(2), nested({data(3), data(1)})}), PropertyListDictionary(), data(4)}}});
+        {kProjectSubtree, PropertyListArray{data(1), nested({data(2), nested({data(3), data(1)})}),
+                                            PropertyListDictionary(), data(4)}}});
     EXPECT_EQ(members(work), "1 4");
     EXPECT_EQ(ProjectSamples::numbers(work.flattenedMembers()), "1 2 3 4");
     std::unordered_set<Identity> set = {identity(7)};
@@ -116,8 +128,8 @@ TEST(ProjectRecord, nestedRecords_areReadAsTheirMembers) {
 }
 
 TEST(ProjectRecord, nestedRecords_surviveEveryChangeOfTheMembers) {
-    ProjectRecord work(PropertyListDictionary{
-        {kProjectSubtree, PropertyListArray{data(1), nested({data(1), data(2)})}}});
+    ProjectRecord work(
+        PropertyListDictionary{{kProjectSubtree, PropertyListArray{data(1), nested({data(1), data(2)})}}});
     work.removeMembers({identity(1), identity(2)});
     work.addMembers({identity(3)});
     work.replaceMember(identity(2), identity(9));
