@@ -81,10 +81,13 @@ void ProjectList::saveData() {
     m_file.write(arrayRepresentation());
     std::unordered_set<Identity> all;
     for (const Record& project : m_projects) {
+        const PropertyListValue& subtree = project->entries().value(kProjectSubtree);
+        ProjectRecord::addObjectsToSet(all, subtree);
+        if (project->expandedEntry().isAbsent())
+            continue;
         std::unordered_set<Identity> own;
-        ProjectRecord::addObjectsToSet(own, project->entries().value(kProjectSubtree));
+        ProjectRecord::addObjectsToSet(own, subtree);
         project->pruneExpanded(own);
-        all.merge(own);
     }
     m_mainItem->pruneExpanded(all);
     storeTopLevelExpansion();

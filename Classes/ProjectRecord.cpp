@@ -128,15 +128,15 @@ bool ProjectRecord::removeMembers(const std::unordered_set<Identity>& identities
 }
 
 bool ProjectRecord::replaceMember(const Identity& old, const Identity& replacement) {
-    const PropertyListValue oldEntry = entryOf(old);
+    const auto isOld = [&](const PropertyListValue& value) { return identityOf(value) == old; };
     bool hasChanged = false;
     for (const QString& key : {kProjectSubtree, kProjectExpandedUUIDs}) {
         const PropertyListArray& present = listOf(m_entries.value(key));
         // Nearly always it is not there, and nothing is copied.
-        if (std::ranges::find(present, oldEntry) == present.end())
+        if (std::ranges::none_of(present, isOld))
             continue;
         PropertyListArray list = present;
-        std::erase(list, oldEntry);
+        std::erase_if(list, isOld);
         list.push_back(entryOf(replacement));
         m_entries.insert(key, std::move(list));
         hasChanged = true;

@@ -4,21 +4,18 @@
 #include <algorithm>
 
 ReverseProjectCache::ReverseProjectCache(const std::vector<std::shared_ptr<ProjectRecord>>& projects) {
-    for (const auto& project : projects) {
-        const int tag = project->colorTag();
-        if (tag == 0)
-            continue;
-        for (const Identity& member : project->members()) {
-            ColorTags& tags = m_tags[member];
-            const auto place = std::lower_bound(tags.begin(), tags.end(), tag);
-            if (place == tags.end() || *place != tag)
-                tags.insert(place, tag);
-        }
-    }
+    for (const auto& project : projects)
+        if (const int tag = project->colorTag(); tag != 0)
+            for (const Identity& member : project->members())
+                m_entries.push_back({member, tag});
+    std::ranges::sort(m_entries);
+    const auto repeated = std::ranges::unique(m_entries);
+    m_entries.erase(repeated.begin(), repeated.end());
 }
 
-const ColorTags& ReverseProjectCache::tags(const Identity& timer) const {
-    static const ColorTags kNone;
-    const auto found = m_tags.find(timer);
-    return found == m_tags.end() ? kNone : found->second;
+ColorTags ReverseProjectCache::tags(const Identity& timer) const {
+    ColorTags tags;
+    for (const Entry& entry : std::ranges::equal_range(m_entries, timer, {}, &Entry::timer))
+        tags.append(entry.tag);
+    return tags;
 }

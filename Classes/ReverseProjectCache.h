@@ -6,7 +6,7 @@
 #include <QVarLengthArray>
 
 #include <memory>
-#include <unordered_map>
+#include <vector>
 
 // Colour tags in ascending order, each once.
 using ColorTags = QVarLengthArray<int, 6>;
@@ -20,9 +20,17 @@ public:
     explicit ReverseProjectCache(const std::vector<std::shared_ptr<ProjectRecord>>& projects);
 
     // Empty for a timer that is in no coloured project.
-    const ColorTags& tags(const Identity& timer) const;
-    std::size_t size() const { return m_tags.size(); }
+    ColorTags tags(const Identity& timer) const;
+    bool isEmpty() const { return m_entries.empty(); }
 
 private:
-    std::unordered_map<Identity, ColorTags> m_tags;
+    struct Entry {
+        Identity timer;
+        int tag;
+
+        friend auto operator<=>(const Entry&, const Entry&) = default;
+    };
+
+    // Sorted, each once: built in one piece, because every change of a colour builds it anew.
+    std::vector<Entry> m_entries;
 };

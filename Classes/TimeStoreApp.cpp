@@ -26,6 +26,12 @@ std::vector<std::shared_ptr<TimeStoreWindow>> TimeStoreApp::windows() const {
     return windows;
 }
 
+void TimeStoreApp::appendWindows(const std::unordered_set<Identity>& identities, Children& found) const {
+    for (const auto& [key, entry] : m_windows)
+        if (const auto uuid = entry.window->uuid(); uuid && identities.contains(*uuid))
+            found.push_back(entry.window);
+}
+
 void TimeStoreApp::setRenamedNameFormatted(const PropertyListDictionary& record) {
     TimeStoreNode::setRenamedNameFormatted(record);
     if (!branched())

@@ -19,6 +19,8 @@ public:
     bool isLeaf() const override { return m_windows.size() < 2; }
     // The windows in table order.
     std::vector<std::shared_ptr<TimeStoreWindow>> windows() const;
+    // Appends those of the windows that have one of these identities.
+    void appendWindows(const std::unordered_set<Identity>& identities, Children& found) const;
     std::size_t windowCount() const { return m_windows.size(); }
 
     // A renamed frozen application is shown elsewhere too: projects are asked to refresh in the next turn.

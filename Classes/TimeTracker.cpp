@@ -232,25 +232,25 @@ std::vector<Identity> TimeTracker::primaryUUIDs() const {
 
 TimeStoreItem::Children TimeTracker::timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
                                                                bool excludingIncludedChildren) const {
-    std::unordered_set<Identity> wanted = childUUIDs;
+    std::unordered_set<Identity> remaining;
+    const std::unordered_set<Identity>& wanted = excludingIncludedChildren ? remaining : childUUIDs;
     const auto isIn = [](const std::unordered_set<Identity>& set, const TimeStoreNode& node) {
         return node.uuid() && set.contains(*node.uuid());
     };
-    if (excludingIncludedChildren)
+    if (excludingIncludedChildren) {
+        remaining = childUUIDs;
         for (const auto& app : m_timeSet)
             if (isIn(childUUIDs, *app))
                 for (const auto& window : app->windows())
                     if (window->uuid() && window->uuid() != app->uuid())
-                        wanted.erase(*window->uuid());
+                        remaining.erase(*window->uuid());
+    }
     TimeStoreItem::Children found;
     for (const auto& app : m_timeSet) {
-        if (isIn(wanted, *app)) {
+        if (isIn(wanted, *app))
             found.push_back(app);
-            continue;
-        }
-        for (const auto& window : app->windows())
-            if (isIn(wanted, *window))
-                found.push_back(window);
+        else
+            app->appendWindows(wanted, found);
     }
     return found;
 }

@@ -4,7 +4,6 @@
 #include <QUuid>
 
 #include <algorithm>
-#include <cstring>
 
 Identity Identity::brandNew() {
     const QByteArray uuid = QUuid::createUuid().toRfc4122();
@@ -28,12 +27,4 @@ QByteArray Identity::bytes() const {
 QString Identity::text() const {
     const QByteArray hex = bytes().toHex();
     return u'<' + QLatin1String(hex.first(kSize)) + u' ' + QLatin1String(hex.last(kSize)) + u'>';
-}
-
-std::size_t std::hash<Identity>::operator()(const Identity& identity) const noexcept {
-    // The bytes are random already.
-    std::size_t value;
-    static_assert(sizeof value <= Identity::kSize);
-    std::memcpy(&value, identity.m_bytes.data(), sizeof value);
-    return value;
 }

@@ -3,9 +3,13 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QtEndian>
 
 #include <array>
+#include <bit>
+#include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -24,16 +28,23 @@ public:
     // Lower-case hexadecimal, four bytes a group: "<00112233 44556677>".
     QString text() const;
 
-    friend bool operator==(const Identity&, const Identity&) = default;
-    // The comparison with 0 that is found there is the language's own.
-    friend auto operator<=>(const Identity&, const Identity&) = default; // NOLINT(modernize-use-nullptr)
+    // As one number: sets of identities are asked for every timer there is.
+    friend bool operator==(const Identity& a, const Identity& b) { return a.number() == b.number(); }
+    // In the order of the bytes.
+    friend auto operator<=>(const Identity& a, const Identity& b) {
+        return qFromBigEndian(a.number()) <=> qFromBigEndian(b.number());
+    }
 
 private:
     friend struct std::hash<Identity>;
+
+    std::uint64_t number() const { return std::bit_cast<std::uint64_t>(m_bytes); }
+
     std::array<unsigned char, kSize> m_bytes{};
 };
 
 template<>
 struct std::hash<Identity> {
-    std::size_t operator()(const Identity& identity) const noexcept;
+    // The bytes are random already.
+    std::size_t operator()(const Identity& identity) const noexcept { return identity.number(); }
 };

@@ -40,6 +40,7 @@ TEST(Identity, itsBytes_comeBackAndCompareByValue) {
     EXPECT_EQ(Identity::fromBytes(identity.bytes()), identity);
     EXPECT_EQ(std::hash<Identity>()(*Identity::fromBytes(identity.bytes())), std::hash<Identity>()(identity));
     EXPECT_LT(*Identity::fromBytes("aaaaaaaa"), *Identity::fromBytes("aaaaaaab"));
+    EXPECT_LT(*Identity::fromBytes("aaaaaaab"), *Identity::fromBytes("baaaaaaa"));
 }
 
 } // namespace
