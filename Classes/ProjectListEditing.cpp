@@ -116,7 +116,6 @@ void ProjectList::replaceFrozen(const FrozenIdentities& frozen) {
 }
 
 void ProjectList::settleFreezing() {
-    m_joining.reset();
     if (!m_owesSave)
         return;
     saveData();

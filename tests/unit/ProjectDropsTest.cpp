@@ -127,6 +127,15 @@ TEST_F(ProjectDropsTest, timersDroppedBetweenRows_becomeANewProjectThere) {
     EXPECT_EQ(ProjectSamples::members(*made), "7 8");
 }
 
+TEST_F(ProjectDropsTest, timersDroppedBetweenRows_clearTheColoursThatADeletedProjectLeft) {
+    const auto project = m_list.projects()[0];
+    m_list.setSelectedColorTag(*project, 3);
+    m_list.deleteProject(*project);
+    EXPECT_FALSE(m_list.reverseProjectCache()->isEmpty());
+    m_drops.acceptItems(identities({7}), 2);
+    EXPECT_TRUE(m_list.reverseProjectCache()->isEmpty());
+}
+
 TEST_F(ProjectDropsTest, timersDroppedAboveOrBelowAllRows_becomeTheLastProject) {
     EXPECT_EQ(m_list.positionOf(*m_drops.acceptItems({}, 0)), 4U);
     EXPECT_EQ(m_list.positionOf(*m_drops.acceptItems({}, -1)), 5U);

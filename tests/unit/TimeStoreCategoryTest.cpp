@@ -73,6 +73,9 @@ TEST_F(TimeStoreCategoryTest, theSum_isOfSinglePrecision) {
     // The addition itself is not: half of the next step is lost only after it.
     m_work->setChildren(list({makeNode(u"a"_s, 16'777'216.0), makeNode(u"b"_s, 1.5)}));
     EXPECT_EQ(m_work->activeTime(), 16'777'218.0);
+    // Nor is what is added: a member's time is not rounded before.
+    m_work->setChildren(list({makeNode(u"a"_s, 16'777'216.0), makeNode(u"b"_s, 1.00000001)}));
+    EXPECT_EQ(m_work->activeTime(), 16'777'218.0);
 }
 
 TEST_F(TimeStoreCategoryTest, theOrderOfTheChildren_decidesWhatTheSumLoses) {
