@@ -3,6 +3,7 @@
 
 #include "Classes/Settings.h"
 #include "interface/mainwindow/RenameCommand.h"
+#include "interface/outline/ProgramCell.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
 #include "platform/foundation/LocalizedStrings.h"
@@ -16,7 +17,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     : m_platform(platform)
     , m_alerts(alerts)
     , m_engine(platform, {.exit = std::move(exit), .checkAccessibilityTrust = {}})
-    , m_model(m_engine.tracker(), platform.runLoop,
+    , m_model(TimeTreeModel::sourceOf(m_engine.tracker()), platform.runLoop,
               [this](const auto& item, const QString& name) { rename(item, name); })
     , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
     , m_database(m_engine.tracker(), m_engine.registry(), platform.defaults, platform.folders, platform.log,
@@ -75,8 +76,17 @@ void TKController::connectOutline() {
     TKOutlineDisplayView& table = m_window.mainTable();
     QObject::connect(&table, &TKOutlineDisplayView::selectionDidChange, &m_window,
                      [this] { selectionChanged(); });
-    QObject::connect(&table, &TKOutlineDisplayView::deleteKeyPressed, &m_window,
-                     [this] { tableViewDidReceiveDeleteKey(false); });
+    table.setInvitation(localized("Press Start and work on; the programs you use will appear here."));
+    table.setHighlightOnMouseOver(true);
+    table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
+    table.setBranchNode([this](const auto& item) { m_engine.tracker().branchNode(item->node()); });
+    table.setDataCell(
+        [this, programCell = ProgramCell({.isProjectShown = [] { return false; },
+                                          .tags = [](const Identity&) { return ColorTags(); },
+                                          .applications = [] { return TimeStoreItem::Children(); }})](
+            const QModelIndex& row) {
+            return programCell.cell(*m_model.item(row), !row.parent().isValid());
+        });
     // A selected application that gets another window counts that window through itself from now on.
     QObject::connect(&m_model, &QAbstractItemModel::rowsInserted, &m_window, [this] { forgetSummedRows(); });
     QObject::connect(&m_model, &QAbstractItemModel::rowsRemoved, &m_window, [this] { forgetSummedRows(); });

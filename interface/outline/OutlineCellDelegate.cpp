@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/OutlineCellDelegate.h"
 
+#include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"
 
 #include <QApplication>
@@ -11,8 +12,6 @@ namespace {
 
 constexpr int kRowAir = 10;
 constexpr int kTextMargin = 8;
-// Of the dimmed part, 0 to 1.
-constexpr qreal kDimmed = 0.55;
 
 int digitWidth(const QFontMetrics& metrics) {
     int widest = 0;
@@ -34,21 +33,6 @@ void drawTime(QPainter& painter, const QRect& rect, const QFontMetrics& metrics,
     }
 }
 
-void drawName(QPainter& painter, const QRect& rect, const QStyleOptionViewItem& option, int dimmedLength) {
-    const QString shown = option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, rect.width());
-    // Once the middle is gone nobody can tell where the dimmed part begins.
-    const bool isWhole = shown == option.text;
-    const QString name = isWhole ? shown.chopped(dimmedLength) : shown;
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
-    if (!isWhole || dimmedLength == 0)
-        return;
-    QColor dimmed = painter.pen().color();
-    dimmed.setAlphaF(float(kDimmed));
-    painter.setPen(dimmed);
-    painter.drawText(rect.adjusted(option.fontMetrics.horizontalAdvance(name), 0, 0, 0),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.last(dimmedLength));
-}
-
 } // namespace
 
 QSize OutlineCellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
@@ -65,15 +49,21 @@ void OutlineCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& p
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QPalette::ColorGroup group =
         option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+    const QColor color = option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
     painter->save();
     painter->setClipRect(option.rect);
     painter->setFont(option.font);
-    painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->setPen(color);
+    const auto* view = qobject_cast<const TKOutlineDisplayView*>(widget);
     if (index.column() == TimeTreeModel::TimeSpentColumn)
         drawTime(*painter, option.rect.adjusted(0, 0, -kTextMargin * 2, 0), option.fontMetrics, option.text);
-    else
-        drawName(*painter, option.rect.adjusted(kTextMargin / 2, 0, -kTextMargin, 0), option,
-                 index.data(TimeTreeModel::kDimmedLengthRole).toInt());
+    else if (view)
+        view->dataCell(index).drawWithFrame(*painter, option.rect, view->isHighlighted(option.rect),
+                                            {.text = option.text,
+                                             .dimmedLength = index.data(OutlineRole::DimmedLength).toInt(),
+                                             .font = option.font,
+                                             .color = color,
+                                             .isOnHighlight = isSelected});
     painter->restore();
 }
 
@@ -87,8 +77,13 @@ QWidget* OutlineCellDelegate::createEditor(QWidget* parent, const QStyleOptionVi
 }
 
 void OutlineCellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                               const QModelIndex&) const {
-    editor->setGeometry(option.rect);
+                                               const QModelIndex& index) const {
+    const auto* view = qobject_cast<const TKOutlineDisplayView*>(option.widget);
+    const QRect rect =
+        view ? view->dataCell(index).layout(option.rect, false).text.toAlignedRect() : option.rect;
+    // Else the view would make all rows as high as an editor wants to be.
+    editor->setMaximumHeight(rect.height());
+    editor->setGeometry(rect);
 }
 
 int OutlineCellDelegate::timeWidth(const QFontMetrics& metrics, int digits) {

@@ -3,10 +3,12 @@
 
 #include "interface/outline/OutlineCellDelegate.h"
 #include "interface/outline/TimeTreeModel.h"
-#include "platform/foundation/LocalizedStrings.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
-#include <QKeyEvent>
+#include <QMimeData>
 #include <QPainter>
 
 #include <algorithm>
@@ -51,13 +53,20 @@ TKOutlineDisplayView::TKOutlineDisplayView(QWidget* parent)
     setAllColumnsShowFocus(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
-    connect(this, &QTreeView::collapsed, this, &TKOutlineDisplayView::forgetCollapsed);
+    setAnimated(false);
+    header()->setSortIndicator(TimeTreeModel::ProgramColumn, Qt::AscendingOrder);
+    connect(this, &QTreeView::collapsed, this, &TKOutlineDisplayView::rowFolded);
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+        if (const auto item = itemAt(index))
+            Q_EMIT itemDidExpand(item);
+    });
 }
 
 void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
     m_model = &model;
-    header()->setSortIndicator(TimeTreeModel::ProgramColumn, Qt::AscendingOrder);
+    m_folded.clear();
     setModel(&model);
+    // By what the header shows.
     setSortingEnabled(true);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
@@ -74,15 +83,60 @@ void TKOutlineDisplayView::fitTimeColumn() {
                                      header()->sectionSizeHint(TimeTreeModel::TimeSpentColumn)));
 }
 
+QModelIndexList TKOutlineDisplayView::selectedRows() const {
+    QModelIndexList rows = selectionModel() ? selectionModel()->selectedRows() : QModelIndexList();
+    const auto place = [](const QModelIndex& index) {
+        const QModelIndex parent = index.parent();
+        return parent.isValid() ? std::pair(parent.row(), index.row()) : std::pair(index.row(), -1);
+    };
+    std::ranges::sort(rows, {}, place);
+    return rows;
+}
+
 TimeStoreItem::Children TKOutlineDisplayView::selectedItems() const {
     TimeStoreItem::Children items;
-    if (!m_model)
-        return items;
-    QModelIndexList rows = selectionModel()->selectedRows();
-    items.reserve(std::size_t(rows.size()));
-    for (const QModelIndex& row : rows)
-        items.push_back(m_model->item(row));
+    for (const QModelIndex& row : selectedRows())
+        if (auto item = itemAt(row))
+            items.push_back(std::move(item));
     return items;
+}
+
+std::shared_ptr<TimeStoreItem> TKOutlineDisplayView::itemAt(const QModelIndex& row) {
+    return row.data(OutlineRole::Item).value<std::shared_ptr<TimeStoreItem>>();
+}
+
+TKTableLabelCell TKOutlineDisplayView::dataCell(const QModelIndex& row) const {
+    return m_dataCell ? m_dataCell(row) : TKTableLabelCell();
+}
+
+void TKOutlineDisplayView::setInvitation(const QString& text) {
+    m_invitation = text;
+    viewport()->update();
+}
+
+void TKOutlineDisplayView::setWriteItems(WriteItems writeItems) {
+    m_writeItems = std::move(writeItems);
+    setDragEnabled(bool(m_writeItems));
+}
+
+void TKOutlineDisplayView::copy() {
+    if (!m_writeItems)
+        return;
+    if (auto written = m_writeItems(selectedRows()))
+        QGuiApplication::clipboard()->setMimeData(written.release());
+}
+
+void TKOutlineDisplayView::askToDelete(bool forceDelete) {
+    if (m_deleteKey)
+        m_deleteKey(forceDelete);
+}
+
+void TKOutlineDisplayView::deselectAndTell() {
+    // Who listens learns of it even when nothing was selected.
+    if (selectionModel() && selectionModel()->hasSelection())
+        clearSelection();
+    else
+        Q_EMIT selectionDidChange();
 }
 
 void TKOutlineDisplayView::editName() {
@@ -98,6 +152,7 @@ bool TKOutlineDisplayView::edit(const QModelIndex& index, EditTrigger trigger, Q
 
 void TKOutlineDisplayView::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
+    case Qt::Key_F2:
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (state() != EditingState && currentIndex().isValid()) {
@@ -107,10 +162,12 @@ void TKOutlineDisplayView::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        Q_EMIT deleteKeyPressed();
+        if (!offersDelete())
+            break;
+        askToDelete(event->modifiers().testFlag(Qt::ShiftModifier));
         return;
     case Qt::Key_Escape:
-        clearSelection();
+        redirected().deselectAndTell();
         return;
     default:
         break;
@@ -118,9 +175,19 @@ void TKOutlineDisplayView::keyPressEvent(QKeyEvent* event) {
     QTreeView::keyPressEvent(event);
 }
 
+void TKOutlineDisplayView::contextMenuEvent(QContextMenuEvent* event) {
+    QPoint position = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid()) {
+        // Where the row is that the menu is about.
+        scrollTo(currentIndex());
+        position = viewport()->mapToGlobal(frameOfCell(currentIndex()).bottomLeft());
+    }
+    Q_EMIT menuRequested(position);
+}
+
 void TKOutlineDisplayView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (!m_model || m_model->rowCount() == 0)
+    if (!m_invitation.isEmpty() && (!model() || model()->rowCount() == 0))
         drawInvitation();
 }
 
@@ -129,8 +196,7 @@ void TKOutlineDisplayView::drawInvitation() {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(kInvitationMargin, kInvitationMargin, -kInvitationMargin,
                                                  -kInvitationMargin),
-                     Qt::AlignCenter | Qt::TextWordWrap,
-                     localized("Press Start and work on; the programs you use will appear here."));
+                     Qt::AlignCenter | Qt::TextWordWrap, m_invitation);
 }
 
 void TKOutlineDisplayView::changeEvent(QEvent* event) {
@@ -143,15 +209,4 @@ void TKOutlineDisplayView::selectionChanged(const QItemSelection& selected,
                                             const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
     Q_EMIT selectionDidChange();
-}
-
-void TKOutlineDisplayView::forgetCollapsed(const QModelIndex& index) {
-    // Not now: the view is still busy with folding.
-    QMetaObject::invokeMethod(
-        this,
-        [this, folded = QPersistentModelIndex(index)] {
-            if (m_model && folded.isValid() && !isExpanded(folded))
-                m_model->releaseChildren(folded);
-        },
-        Qt::QueuedConnection);
 }

@@ -2,38 +2,133 @@
 #pragma once
 
 #include "Classes/TimeStoreItem.h"
+#include "interface/outline/TKTableLabelCell.h"
 
 #include <QTreeView>
 
+#include <functional>
+
+class QMimeData;
 class TimeTreeModel;
 
-// The outline of timers. Draws and forwards: deleting is asked for, renaming goes through the model.
+// An outline of timers or of projects. Draws and forwards: deleting, freezing and copying are asked of whoever
+// has set a handler for it, and renaming goes through the model. Rows are numbered from 0 as they stand beneath
+// one another, unfolded ones included.
 class TKOutlineDisplayView : public QTreeView {
     Q_OBJECT
 public:
+    using DataCell = std::function<TKTableLabelCell(const QModelIndex& row)>;
+    using BranchNode = std::function<void(const std::shared_ptr<TimeStoreItem>& item)>;
+    using DeleteKey = std::function<void(bool forceDelete)>;
+    using WriteItems = std::function<std::unique_ptr<QMimeData>(const QModelIndexList& rows)>;
+
     explicit TKOutlineDisplayView(QWidget* parent = nullptr);
 
-    // The model must outlive the view or be replaced first.
+    // Shows timers. The model must outlive the view or be replaced first. The order of the rows stays.
     void setTimeModel(TimeTreeModel& model);
-    // The nodes of the selected rows, from top to bottom.
-    TimeStoreItem::Children selectedItems() const;
+    // What the first column's cells show besides their text.
+    void setDataCell(DataCell dataCell) { m_dataCell = std::move(dataCell); }
+    // Freezes a timer.
+    void setBranchNode(BranchNode branchNode) { m_branchNode = std::move(branchNode); }
+    // Deletes the selected rows. Without a handler there is no deleting.
+    void setDeleteHandler(DeleteKey deleteKey) { m_deleteKey = std::move(deleteKey); }
+    bool offersDelete() const { return bool(m_deleteKey); }
+    // Makes what is copied or dragged of rows, which it gets from top to bottom; null for nothing. Without it
+    // there is neither copying nor dragging.
+    void setWriteItems(WriteItems writeItems);
+    // On what clearing the selection and unfolding everything act instead. Null for this view itself.
+    void setRedirectToOutlineView(TKOutlineDisplayView* view) { m_redirectToOutlineView = view; }
+    // What is shown in place of rows when there are none.
+    void setInvitation(const QString& text);
+
+    void copy();
+    // `delete:` and `forceDelete:`.
+    void deleteRows() { askToDelete(false); }
+    void forceDelete() { askToDelete(true); }
     void editName();
 
+    // Rows follow the pointer.
+    void setHighlightOnMouseOver(bool highlight);
+    bool highlightOnMouseOver() const { return m_highlightOnMouseOver; }
+    // The row that was last under the pointer; -1 for none. Leaving the view changes nothing.
+    int highlightedRow() const { return m_highlightedRow; }
+    void setHighlightedRow(int row);
+    // The pointer is somewhere else now.
+    void rehighlightFromMouseMoved(const QPoint& globalPosition);
+
+    // With all descendants.
+    void expandAllRows();
+    // With all descendants.
+    void collapseAllRows();
+    // Unfolds, but not their children, all rows from top to bottom that `isWanted`, among them those that come
+    // into view on the way. Costs one layout.
+    void expandRows(const std::function<bool(const QModelIndex& row)>& isWanted);
+
+    // From top to bottom.
+    QModelIndexList selectedRows() const;
+    // The timers of the selected rows, from top to bottom.
+    TimeStoreItem::Children selectedItems() const;
+    // Null for a row that is no timer.
+    static std::shared_ptr<TimeStoreItem> itemAt(const QModelIndex& row);
+
+    // In the coordinates of the viewport.
+    int rowAtPoint(const QPoint& point) const;
+    QModelIndex indexOfRow(int row) const;
+    QRect rectOfRow(int row) const;
+    // Up to the column's right edge, however far the row is indented.
+    QRect frameOfCell(const QModelIndex& row) const { return visualRect(row.siblingAtColumn(0)); }
+    // What the cell shows and whether its row is the highlighted one.
+    TKTableLabelCell dataCell(const QModelIndex& row) const;
+    bool isHighlighted(const QRect& frame) const;
+    // What hangs at the pointer while these rows are dragged.
+    QPixmap dragPixmap(const QModelIndexList& rows) const;
+
 Q_SIGNALS:
-    void deleteKeyPressed();
     void selectionDidChange();
+    // A timer's row was unfolded or folded, by whomever.
+    void itemDidExpand(const std::shared_ptr<TimeStoreItem>& item);
+    void itemDidCollapse(const std::shared_ptr<TimeStoreItem>& item);
+    // The user asks for a context menu.
+    void menuRequested(const QPoint& globalPosition);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
+    TKOutlineDisplayView& redirected() { return m_redirectToOutlineView ? *m_redirectToOutlineView : *this; }
+    void askToDelete(bool forceDelete);
+    void deselectAndTell();
+    bool pressFreezeControl(const QMouseEvent& event);
+    bool freeze(const QModelIndex& row);
+    bool editRowOf(const TimeStoreNode& node);
+    void toggleAllRows();
+    void expandBeneath(const QModelIndex& parent, const std::function<bool(const QModelIndex&)>& isWanted);
+    int heightOfRows() const;
     void fitTimeColumn();
-    void forgetCollapsed(const QModelIndex& index);
+    void rowFolded(const QModelIndex& index);
+    void forgetFolded();
     void drawInvitation();
 
     TimeTreeModel* m_model = nullptr;
+    DataCell m_dataCell;
+    BranchNode m_branchNode;
+    DeleteKey m_deleteKey;
+    WriteItems m_writeItems;
+    TKOutlineDisplayView* m_redirectToOutlineView = nullptr;
+    QString m_invitation;
+    std::vector<QPersistentModelIndex> m_folded;
+    int m_highlightedRow = -1;
+    // Whose freeze control is held down; -1 for none.
+    int m_freezeRow = -1;
+    bool m_highlightOnMouseOver = false;
 };

@@ -9,21 +9,49 @@
 
 #include <cmath>
 
-TimeTreeModel::TimeTreeModel(TimeTracker& tracker, RunLoop& runLoop, Rename rename)
-    : m_tracker(tracker)
-    , m_runLoop(runLoop)
+TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename)
+    : m_runLoop(runLoop)
     , m_rename(std::move(rename))
     , m_root(std::make_unique<Row>()) {
     m_root->isLeaf = false;
     m_root->isFetched = true;
-    insertChildren(*m_root, tracker.timeSet());
-    m_timeSetChanges = tracker.observe(kTimeSetKey, [this](const ObservedChange&) {
-        m_root->isDirty = true;
-        scheduleSynchronize();
-    });
+    setSource(std::move(source));
 }
 
 TimeTreeModel::~TimeTreeModel() = default;
+
+TimeTreeModel::Source TimeTreeModel::sourceOf(TimeTracker& tracker) {
+    return {tracker, kTimeSetKey, [&tracker] { return tracker.timeSet(); }};
+}
+
+TimeTreeModel::Source TimeTreeModel::sourceOf(std::shared_ptr<TimeStoreNode> node) {
+    TimeStoreNode& observed = *node;
+    return {observed, kChildrenKey,
+            [node = std::move(node)] { return node->children().value_or(TimeStoreItem::Children()); }};
+}
+
+void TimeTreeModel::setSource(std::optional<Source> source) {
+    const bool isSame = m_source && source && &m_source->observed == &source->observed;
+    m_sourceChanges = {};
+    // Not by assignment: what is observed is a reference.
+    m_source.reset();
+    if (source)
+        m_source.emplace(std::move(*source));
+    // Picking out what two lists have in common would cost more than showing the other one.
+    if (!isSame && !m_root->children.empty())
+        removeRange(*m_root, 0, int(m_root->children.size()) - 1);
+    m_root->isDirty = true;
+    synchronize();
+    if (m_source)
+        m_sourceChanges = m_source->observed.observe(m_source->key, [this](const ObservedChange&) {
+            m_root->isDirty = true;
+            scheduleSynchronize();
+        });
+}
+
+TimeStoreItem::Children TimeTreeModel::wantedItems() const {
+    return m_source ? m_source->items() : TimeStoreItem::Children();
+}
 
 TimeTreeModel::Row* TimeTreeModel::rowOf(const QModelIndex& index) const {
     return index.isValid() ? static_cast<Row*>(index.internalPointer()) : m_root.get();
@@ -91,6 +119,8 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
     if (index.column() == TimeSpentColumn) {
         if (role == Qt::DisplayRole)
             return item.activeTimeString();
+        if (role == OutlineRole::Item)
+            return QVariant::fromValue(rowOf(index)->item);
         return role == Qt::TextAlignmentRole ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     }
     switch (role) {
@@ -99,11 +129,22 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
         return TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted());
     case Qt::EditRole:
         return TKAppDisplayFormatter::editingStringForObjectValue(item.renamedNameFormatted());
-    case kDimmedLengthRole:
+    case Qt::AccessibleTextRole:
+        return accessibleText(item);
+    case OutlineRole::DimmedLength:
         return int(TKAppDisplayFormatter::dimmedLength(item.renamedNameFormatted()));
+    case OutlineRole::Item:
+        return QVariant::fromValue(rowOf(index)->item);
     default:
         return {};
     }
+}
+
+QString TimeTreeModel::accessibleText(const TimeStoreItem& item) const {
+    // Whoever hears the rows hears of each its name, its time and what a picture would show.
+    QString text = TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()) +
+                   QStringLiteral(", ") + item.activeTimeString();
+    return item.branched() ? text + QStringLiteral(", ") + localized("frozen") : text;
 }
 
 bool TimeTreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -128,7 +169,7 @@ Qt::ItemFlags TimeTreeModel::flags(const QModelIndex& index) const {
     if (!index.isValid())
         return Qt::NoItemFlags;
     const Row& row = *rowOf(index);
-    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
     if (index.column() == ProgramColumn && row.item->renamedNameEditable())
         flags |= Qt::ItemIsEditable;
     if (row.parent != m_root.get())

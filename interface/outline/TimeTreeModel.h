@@ -2,30 +2,44 @@
 #pragma once
 
 #include "Classes/TimeTracker.h"
+#include "interface/outline/OutlineRole.h"
 #include "interface/outline/TimeTreeOrder.h"
 
 #include <QAbstractItemModel>
 
 #include <array>
 
-// The tracker's tree of timers as rows: applications, and beneath them their windows once somebody looks.
-// Follows what the nodes announce: a time redraws its cell when its text changes, which is once a second;
-// everything else is gathered and told in ranges in the run loop's next turn, so that nothing is moved about
-// while the tracker is in the middle of a change. Rows keep their nodes alive until then. The tracker and the
-// run loop must outlive it.
+// A tree of timers as rows: the tracker's applications, or the members of a project, among which there may be
+// windows; beneath applications their windows once somebody looks. Follows what the nodes announce: a time
+// redraws its cell when its text changes, which is once a second; everything else is gathered and told in
+// ranges in the run loop's next turn, so that nothing is moved about while the tracker is in the middle of a
+// change. Rows keep their nodes alive until then. The run loop must outlive it.
 class TimeTreeModel : public QAbstractItemModel {
     Q_OBJECT
 public:
     enum Column { ProgramColumn, TimeSpentColumn, ColumnCount };
 
-    // How many characters at the end of the program's text are to be dimmed.
-    static constexpr int kDimmedLengthRole = Qt::UserRole;
+    // Where the rows at the top come from: `items` answers them, and `observed` announces under `key` that
+    // they are others. What `items` captures is kept until another source takes its place.
+    struct Source {
+        Observable& observed;
+        ObservedKey key;
+        std::function<TimeStoreItem::Children()> items;
+    };
 
     // Renames a row as the user wants it.
     using Rename = std::function<void(const std::shared_ptr<TimeStoreItem>&, const QString& name)>;
 
-    TimeTreeModel(TimeTracker& tracker, RunLoop& runLoop, Rename rename);
+    // Without a source there are no rows.
+    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename);
     ~TimeTreeModel() override;
+
+    // What survives the tracker's search and cut-off. The tracker must outlive the model.
+    static Source sourceOf(TimeTracker& tracker);
+    // The children of a node, such as a project. Keeps the node.
+    static Source sourceOf(std::shared_ptr<TimeStoreNode> node);
+    // Shows the rows of another source, at once. Those of the same observed object keep their places.
+    void setSource(std::optional<Source> source);
 
     // While nobody sees the rows nothing is told and nothing is formatted; what was missed is made up for
     // afterwards.
@@ -75,7 +89,10 @@ private:
     void reorderAll(const std::vector<Row*>& parents);
     void refreshTimes(Row& parent);
 
-    TimeTracker& m_tracker;
+    TimeStoreItem::Children wantedItems() const;
+    QString accessibleText(const TimeStoreItem& item) const;
+
+    std::optional<Source> m_source;
     RunLoop& m_runLoop;
     Rename m_rename;
     TimeTreeOrder m_order;
@@ -84,5 +101,5 @@ private:
     bool m_isTimeStale = false;
     bool m_isSynchronizing = false;
     bool m_isSynchronizeDue = false;
-    Subscription m_timeSetChanges;
+    Subscription m_sourceChanges;
 };

@@ -59,7 +59,7 @@ void TimeTreeModel::synchronize() {
     m_isSynchronizing = true;
     m_isSynchronizeDue = false;
     if (std::exchange(m_root->isDirty, false))
-        synchronizeChildren(*m_root, m_tracker.timeSet());
+        synchronizeChildren(*m_root, wantedItems());
     reorder(*m_root);
     for (const auto& app : m_root->children) {
         if (std::exchange(app->isDirty, false))

@@ -35,7 +35,8 @@ protected:
     }
 
     TestEngine engine;
-    TimeTreeModel model{engine.tracker, engine.fakes.runLoop, [](const auto& item, const QString& name) {
+    TimeTreeModel model{TimeTreeModel::sourceOf(engine.tracker), engine.fakes.runLoop,
+                        [](const auto& item, const QString& name) {
                             item->setRenamedNameFormatted({{kRecordName, name}});
                         }};
 };
@@ -115,7 +116,7 @@ TEST_F(TimeTreeModelTest, aRenamedRow_showsBothNamesAndMoves) {
     settle();
     EXPECT_EQ(textOf(model), QStringLiteral("Notes 00:00:00, Post – Mail 00:00:00"));
     EXPECT_EQ(model.index(1, 0).data(Qt::EditRole).toString(), QStringLiteral("Post"));
-    EXPECT_EQ(model.index(1, 0).data(TimeTreeModel::kDimmedLengthRole).toInt(), 7);
+    EXPECT_EQ(model.index(1, 0).data(OutlineRole::DimmedLength).toInt(), 7);
 }
 
 TEST_F(TimeTreeModelTest, aWindowThatTakesAnothersName_displacesItsRow) {

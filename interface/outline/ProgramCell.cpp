@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/ProgramCell.h"
+
+#include "Classes/TimeStoreApp.h"
+#include "Classes/TimeStoreAppProxy.h"
+#include "Classes/TimeStoreWindow.h"
+
+#include <algorithm>
+
+namespace {
+
+bool isWindow(const TimeStoreItem& item) {
+    return dynamic_cast<const TimeStoreWindow*>(&item) != nullptr;
+}
+
+bool holds(const TimeStoreItem& application, const TimeStoreNode& node) {
+    const auto children = application.children();
+    return children &&
+           std::ranges::any_of(*children, [&](const auto& child) { return &child->node() == &node; });
+}
+
+} // namespace
+
+TKTableLabelCell ProgramCell::cell(TimeStoreItem& item, bool isTopLevel) const {
+    TKTableLabelCell cell;
+    if (!m_sources.isProjectShown())
+        if (const auto uuid = item.uuid())
+            if (ColorTags tags = m_sources.tags(*uuid); !tags.isEmpty())
+                cell.selectedTags = std::move(tags);
+    cell.showWindowIcon = isWindow(item);
+    cell.isFrozen = isFrozen(item, isTopLevel);
+    // What only stands for a timer is none.
+    cell.supportsFreeze = dynamic_cast<const TimeStoreNode*>(&item) != nullptr &&
+                          dynamic_cast<const TimeStoreAppProxy*>(&item) == nullptr;
+    return cell;
+}
+
+bool ProgramCell::isFrozen(TimeStoreItem& item, bool isTopLevel) const {
+    if (item.branched() || !m_sources.isProjectShown() || !isTopLevel || !isWindow(item))
+        return item.branched();
+    // A window that a project shows without its application is as frozen as that is.
+    const TimeStoreItem::Children applications = m_sources.applications();
+    const auto found = std::ranges::find_if(applications, [&](const auto& application) {
+        return application->isApp() && holds(*application, item.node());
+    });
+    return found != applications.end() && (*found)->branched();
+}

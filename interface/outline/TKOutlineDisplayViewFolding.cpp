@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// How an outline folds and unfolds its rows.
+#include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/outline/TimeTreeModel.h"
+
+void TKOutlineDisplayView::expandAllRows() {
+    expandRows([](const QModelIndex&) { return true; });
+}
+
+void TKOutlineDisplayView::expandRows(const std::function<bool(const QModelIndex&)>& isWanted) {
+    if (!model())
+        return;
+    // With a layout outstanding every row is only noted, and all are laid out at once.
+    scheduleDelayedItemsLayout();
+    expandBeneath({}, isWanted);
+    executeDelayedItemsLayout();
+}
+
+void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
+                                         const std::function<bool(const QModelIndex&)>& isWanted) {
+    for (int row = 0; row < model()->rowCount(parent); ++row) {
+        const QModelIndex index = model()->index(row, 0, parent);
+        if (!model()->hasChildren(index))
+            continue;
+        if (!isExpanded(index) && isWanted(index)) {
+            if (model()->canFetchMore(index))
+                model()->fetchMore(index);
+            expand(index);
+        }
+        if (isExpanded(index))
+            expandBeneath(index, isWanted);
+    }
+}
+
+void TKOutlineDisplayView::collapseAllRows() {
+    if (model())
+        collapseAll();
+}
+
+void TKOutlineDisplayView::toggleAllRows() {
+    // The first row that can be unfolded decides for all.
+    for (int row = 0; model() && row < model()->rowCount(); ++row) {
+        const QModelIndex index = model()->index(row, 0);
+        if (!model()->hasChildren(index))
+            continue;
+        if (!isExpanded(index)) {
+            expandAllRows();
+            return;
+        }
+        break;
+    }
+    collapseAllRows();
+}
+
+void TKOutlineDisplayView::rowFolded(const QModelIndex& index) {
+    if (const auto item = itemAt(index))
+        Q_EMIT itemDidCollapse(item);
+    if (!m_model)
+        return;
+    m_folded.emplace_back(index);
+    // Not now: the view is still busy with folding.
+    if (m_folded.size() == 1)
+        QMetaObject::invokeMethod(this, &TKOutlineDisplayView::forgetFolded, Qt::QueuedConnection);
+}
+
+void TKOutlineDisplayView::forgetFolded() {
+    for (const QPersistentModelIndex& folded : std::exchange(m_folded, {}))
+        if (m_model && folded.isValid() && folded.model() == m_model && !isExpanded(folded))
+            m_model->releaseChildren(folded);
+}

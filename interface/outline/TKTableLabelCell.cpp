@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/TKTableLabelCell.h"
+
+#include "interface/shell/Images.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+
+constexpr QSizeF kImageSize(16, 16);
+constexpr double kIconIndent = 6;
+constexpr double kIconGap = 7;
+constexpr double kMarkGap = 3;
+constexpr double kWindowIconGap = 3;
+constexpr double kRoomForDot = 18;
+constexpr double kDotInset = 17;
+constexpr double kDotSize = 12;
+constexpr double kDotStep = 15;
+// Between the edge of the text's rectangle and the text.
+constexpr double kTextInset = 2;
+// Of the dimmed part, 0 to 1.
+constexpr float kDimmed = 0.55F;
+
+// Each is looked up once and kept.
+const QIcon& documentImage() {
+    static const QIcon image = Images::named(QStringLiteral("CellSubtimer"));
+    return image;
+}
+
+const QIcon& freezeActionImage() {
+    static const QIcon image = Images::named(QStringLiteral("CellStopToBookmark"));
+    return image;
+}
+
+const QIcon& freezeImage() {
+    static const QIcon image = Images::named(QStringLiteral("CellFrozenBookmark"));
+    return image;
+}
+
+const QIcon& sidebarImage(bool isAllTimers, bool isSelected) {
+    static const QIcon images[] = {
+        Images::named(QStringLiteral("sidebar_project")),
+        Images::named(QStringLiteral("sidebar_project_selected")),
+        Images::named(QStringLiteral("sidebar_alltimers")),
+        Images::named(QStringLiteral("sidebar_alltimers_selected")),
+    };
+    return images[(isAllTimers ? 2 : 0) + (isSelected ? 1 : 0)];
+}
+
+void drawImage(QPainter& painter, const QIcon& image, const QRectF& rect, const QColor& tint) {
+    if (rect.isEmpty())
+        return;
+    const qreal scale = painter.device()->devicePixelRatioF();
+    QPixmap pixmap = image.pixmap(rect.size().toSize(), scale);
+    if (tint.isValid()) {
+        QPainter tinting(&pixmap);
+        tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        tinting.fillRect(QRectF(QPointF(), rect.size()), tint);
+    }
+    // On whole pixels of the screen, or thin lines blur.
+    const QTransform& transform = painter.transform();
+    const QPointF origin(std::round((rect.x() + transform.dx()) * scale) / scale - transform.dx(),
+                         std::round((rect.y() + transform.dy()) * scale) / scale - transform.dy());
+    painter.drawPixmap(origin, pixmap);
+}
+
+QColor colorForTag(int tag) {
+    static const QColor colors[] = {
+        Qt::transparent,
+        QColor::fromRgbF(1.0F, 0.25F, 0.25F),
+        QColor::fromRgbF(1.0F, 0.75F, 0.0F),
+        QColor::fromRgbF(0.95F, 0.95F, 0.0F),
+        QColor::fromRgbF(0.15F, 0.9F, 0.15F),
+        QColor::fromRgbF(0.35F, 0.35F, 1.0F),
+        QColor::fromRgbF(0.85F, 0.5F, 0.85F),
+    };
+    return tag >= 0 && tag < int(std::size(colors)) ? colors[tag] : QColor(Qt::transparent);
+}
+
+void drawColorDot(QPainter& painter, const QRectF& rect, const QColor& color) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawEllipse(rect);
+    painter.restore();
+}
+
+// How many characters at the end of `elided` belong to the dimmed end of `whole`.
+int dimmedLengthOfElided(const QString& elided, const QString& whole, int dimmedLength) {
+    qsizetype kept = 0;
+    while (kept < elided.size() && kept < whole.size() && elided[kept] == whole[kept])
+        ++kept;
+    const qsizetype plainLength = whole.size() - dimmedLength;
+    if (kept >= plainLength)
+        return int(elided.size() - plainLength);
+    // Behind the sign of what was left out.
+    return int(std::min<qsizetype>(dimmedLength, std::max<qsizetype>(0, elided.size() - kept - 1)));
+}
+
+void drawText(QPainter& painter, const QRectF& rect, const TKTableLabelCell::Text& text) {
+    constexpr int kFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+    const QFontMetricsF metrics(text.font);
+    const QRectF inner = rect.adjusted(kTextInset, 0, -kTextInset, 0);
+    if (inner.width() <= 0)
+        return;
+    const QString shown = metrics.elidedText(text.text, Qt::ElideMiddle, inner.width());
+    const int dimmedLength =
+        text.dimmedLength > 0 ? dimmedLengthOfElided(shown, text.text, text.dimmedLength) : 0;
+    const QString name = shown.chopped(dimmedLength);
+    painter.setFont(text.font);
+    painter.setPen(text.color);
+    painter.drawText(inner, kFlags, name);
+    if (dimmedLength == 0)
+        return;
+    QColor dimmed = text.color;
+    dimmed.setAlphaF(dimmed.alphaF() * kDimmed);
+    painter.setPen(dimmed);
+    painter.drawText(inner.adjusted(metrics.horizontalAdvance(name), 0, 0, 0), kFlags,
+                     shown.last(dimmedLength));
+}
+
+} // namespace
+
+QSize TKTableLabelCell::freezeImageSize() {
+    return kImageSize.toSize();
+}
+
+QIcon TKTableLabelCell::icon() const {
+    return iconType == AllTimersIcon || iconType == ProjectIcon
+               ? sidebarImage(iconType == AllTimersIcon, selected)
+               : QIcon();
+}
+
+TKTableLabelCell::Layout TKTableLabelCell::layout(const QRectF& frame, bool isHovered) const {
+    Layout layout;
+    double x = frame.x();
+    double width = frame.width();
+    const double y = frame.y();
+    const double height = frame.height();
+    const double imageY = y + (height - kImageSize.height()) * 0.5;
+    if (iconType != NoIcon) {
+        const QSizeF size = icon().isNull() ? QSizeF(0, 0) : kImageSize;
+        x += kIconIndent;
+        width -= kIconIndent;
+        layout.icon = QRectF(QPointF(x, y + (height - size.height()) * 0.5), size);
+        x += size.width() + kIconGap;
+        width -= size.width() + kIconGap;
+    }
+    double right = x + width;
+    if (selectedTags && (selectedTags->isEmpty() || selectedTags->first() != 0))
+        width -= kRoomForDot;
+    if (showWindowIcon) {
+        layout.windowIcon = QRectF(QPointF(x, imageY), kImageSize);
+        // The text keeps the gap's width: it may run into what stands at its right.
+        x += kImageSize.width() + kWindowIconGap;
+        width -= kImageSize.width();
+    }
+    const bool hasMark = isFrozen || showsFreezeAction(isHovered);
+    if (hasMark)
+        width -= kImageSize.width() + kMarkGap;
+    layout.text = QRectF(x, y, width, height);
+    if (hasMark) {
+        right -= kImageSize.width();
+        const QPointF origin(right, y + std::ceil(float((height - kImageSize.height()) * 0.5)));
+        layout.mark = QRectF(origin, kImageSize);
+    }
+    if (selectedTags)
+        for (qsizetype i = 0; i < selectedTags->size(); ++i)
+            layout.dots.emplace_back(right - kDotInset - double(i) * kDotStep,
+                                     y + std::round(float((height - kDotSize) * 0.5)), kDotSize, kDotSize);
+    return layout;
+}
+
+void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, bool isHovered,
+                                     const Text& text) const {
+    const Layout places = layout(frame, isHovered);
+    const QColor tint = text.isOnHighlight ? text.color : QColor();
+    // The sidebar's pictures have a variant for the selection instead.
+    drawImage(painter, icon(), places.icon, {});
+    if (showWindowIcon)
+        drawImage(painter, documentImage(), places.windowIcon, tint);
+    drawText(painter, places.text, text);
+    drawImage(painter, isFrozen ? freezeImage() : freezeActionImage(), places.mark, tint);
+    for (std::size_t i = 0; i < places.dots.size(); ++i)
+        drawColorDot(painter, places.dots[i], colorForTag((*selectedTags)[qsizetype(i)]));
+}

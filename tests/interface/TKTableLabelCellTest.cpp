@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/TKTableLabelCell.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr QRectF kFrame(10, 100, 300, 26);
+
+QImage drawn(const TKTableLabelCell& cell, bool isHovered, const QString& text, int dimmedLength = 0) {
+    QImage image(QSize(320, 140), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    cell.drawWithFrame(painter, kFrame, isHovered,
+                       {.text = text, .dimmedLength = dimmedLength, .font = {}, .color = Qt::black});
+    return image;
+}
+
+bool isBlank(const QImage& image, const QRectF& rect) {
+    const QImage part = image.copy(rect.toAlignedRect());
+    QImage blank = part;
+    blank.fill(Qt::white);
+    return part == blank;
+}
+
+} // namespace
+
+TEST(TKTableLabelCell, aPlainCell_isAllText) {
+    const auto layout = TKTableLabelCell().layout(kFrame, true);
+    EXPECT_EQ(layout.text, kFrame);
+    EXPECT_TRUE(layout.icon.isEmpty() && layout.windowIcon.isEmpty() && layout.mark.isEmpty());
+    EXPECT_TRUE(layout.dots.empty());
+}
+
+TEST(TKTableLabelCell, aSidebarIcon_standsSixFromTheLeftAndSevenBeforeTheText) {
+    TKTableLabelCell cell;
+    cell.iconType = TKTableLabelCell::AllTimersIcon;
+    const auto layout = cell.layout(kFrame, false);
+    EXPECT_EQ(layout.icon, QRectF(16, 105, 16, 16));
+    EXPECT_EQ(layout.text, QRectF(39, 100, 271, 26));
+}
+
+TEST(TKTableLabelCell, anUnknownIcon_countsAsOneWithoutSize) {
+    TKTableLabelCell cell;
+    cell.iconType = 3;
+    const auto layout = cell.layout(kFrame, false);
+    EXPECT_TRUE(layout.icon.isEmpty());
+    EXPECT_EQ(layout.text, QRectF(23, 100, 287, 26));
+}
+
+TEST(TKTableLabelCell, aWindowIcon_pushesTheTextThreeFurtherThanItNarrowsIt) {
+    TKTableLabelCell cell;
+    cell.showWindowIcon = true;
+    const auto layout = cell.layout(kFrame, false);
+    EXPECT_EQ(layout.windowIcon, QRectF(10, 105, 16, 16));
+    EXPECT_EQ(layout.text, QRectF(29, 100, 284, 26));
+}
+
+TEST(TKTableLabelCell, theFreezeControl_isOfferedOnTheHoveredRowAlone) {
+    TKTableLabelCell cell;
+    cell.supportsFreeze = true;
+    EXPECT_TRUE(cell.layout(kFrame, false).mark.isEmpty());
+    EXPECT_EQ(cell.layout(kFrame, true).mark, QRectF(294, 105, 16, 16));
+    EXPECT_EQ(cell.layout(kFrame, true).text.width(), 281);
+    cell.supportsFreeze = false;
+    EXPECT_TRUE(cell.layout(kFrame, true).mark.isEmpty());
+}
+
+TEST(TKTableLabelCell, aFrozenTimer_hasItsMarkWhereverThePointerIs) {
+    TKTableLabelCell cell;
+    cell.isFrozen = true;
+    for (const bool isHovered : {false, true})
+        EXPECT_EQ(cell.layout(kFrame, isHovered).mark, QRectF(294, 105, 16, 16));
+    EXPECT_FALSE(cell.showsFreezeAction(true));
+}
+
+TEST(TKTableLabelCell, aRowOfOddHeight_putsTheMarkOnTheLowerPixel) {
+    TKTableLabelCell cell;
+    cell.isFrozen = true;
+    EXPECT_EQ(cell.layout(QRectF(0, 0, 100, 25), false).mark.y(), 5);
+}
+
+TEST(TKTableLabelCell, dots_standFromTheRightInAscendingOrder) {
+    TKTableLabelCell cell;
+    cell.selectedTags = ColorTags{2, 5};
+    const auto layout = cell.layout(kFrame, false);
+    ASSERT_EQ(layout.dots.size(), 2U);
+    EXPECT_EQ(layout.dots[0], QRectF(293, 107, 12, 12));
+    EXPECT_EQ(layout.dots[1], QRectF(278, 107, 12, 12));
+    EXPECT_EQ(layout.text.width(), 282) << "room for one";
+}
+
+TEST(TKTableLabelCell, dotsOfAFrozenTimer_standLeftOfItsMark) {
+    TKTableLabelCell cell;
+    cell.isFrozen = true;
+    cell.setSelectedTag(1);
+    EXPECT_EQ(cell.layout(kFrame, false).dots[0], QRectF(277, 107, 12, 12));
+}
+
+TEST(TKTableLabelCell, noLabelAndTagThree_keepNoRoomButLeaveTheFirstPlaceEmpty) {
+    TKTableLabelCell cell;
+    cell.selectedTags = ColorTags{0, 3};
+    const auto layout = cell.layout(kFrame, false);
+    EXPECT_EQ(layout.text, kFrame);
+    const QImage image = drawn(cell, false, {});
+    EXPECT_TRUE(isBlank(image, layout.dots[0]));
+    EXPECT_FALSE(isBlank(image, layout.dots[1]));
+    EXPECT_EQ(layout.dots[0].x() - layout.dots[1].x(), 15);
+}
+
+TEST(TKTableLabelCell, anEmptySetOfTags_keepsRoomForADot) {
+    TKTableLabelCell cell;
+    cell.selectedTags = ColorTags();
+    EXPECT_EQ(cell.layout(kFrame, false).text.width(), 282);
+}
+
+TEST(TKTableLabelCell, aTagBeyondSix_isNotSeen) {
+    TKTableLabelCell cell;
+    cell.selectedTags = ColorTags{7};
+    EXPECT_TRUE(isBlank(drawn(cell, false, {}), kFrame));
+}
+
+TEST(TKTableLabelCell, everyPicture_isDrawnWhereItsPlaceIs) {
+    TKTableLabelCell cell;
+    cell.iconType = TKTableLabelCell::ProjectIcon;
+    cell.showWindowIcon = true;
+    cell.supportsFreeze = true;
+    cell.setSelectedTag(4);
+    const auto layout = cell.layout(kFrame, true);
+    const QImage image = drawn(cell, true, {});
+    for (const QRectF& place : {layout.icon, layout.windowIcon, layout.mark, layout.dots[0]})
+        EXPECT_FALSE(isBlank(image, place));
+    EXPECT_TRUE(isBlank(image, layout.text.adjusted(0, 0, -20, 0)));
+}
+
+TEST(TKTableLabelCell, aReplacedName_isLighterThanTheName) {
+    const QString text = QStringLiteral("IIII – IIII");
+    const TKTableLabelCell cell;
+    const QImage dimmed = drawn(cell, false, text, 7);
+    const QImage plain = drawn(cell, false, text);
+    const auto darkest = [](const QImage& image, int from) {
+        int grey = 255;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = from; x < image.width(); ++x)
+                grey = std::min(grey, qGray(image.pixel(x, y)));
+        return grey;
+    };
+    const int behind = 12 + QFontMetrics(QFont()).horizontalAdvance(QStringLiteral("IIII "));
+    EXPECT_GT(darkest(dimmed, behind), darkest(plain, behind) + 40);
+    EXPECT_EQ(darkest(dimmed, 0), darkest(plain, 0));
+}
