@@ -150,5 +150,5 @@ TEST(TKTableLabelCell, aReplacedName_isLighterThanTheName) {
     };
     const int behind = 12 + QFontMetrics(QFont()).horizontalAdvance(QStringLiteral("IIII "));
     EXPECT_GT(darkest(dimmed, behind), darkest(plain, behind) + 40);
-    EXPECT_EQ(darkest(dimmed, 0), darkest(plain, 0));
+    EXPECT_LT(darkest(dimmed, 0), 60) << "the name itself is not dimmed";
 }

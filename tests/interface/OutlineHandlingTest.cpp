@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: MIT
+// What pointer and keyboard do to the outline.
+#include "interface/outline/OutlineRole.h"
+#include "interface/outline/ProgramCell.h"
+#include "tests/interface/Desk.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct OutlineHandlingTest : testing::Test, Desk {
+    QPoint freezeControl(const QModelIndex& index) {
+        const QRect frame = table().frameOfCell(index);
+        return {frame.right() - 3, frame.center().y()};
+    }
+
+    void press(TKOutlineDisplayView& view, const QPoint& point, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mousePress(view.viewport(), Qt::LeftButton, modifiers, point);
+    }
+
+    void release(TKOutlineDisplayView& view, const QPoint& point) {
+        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, point);
+        settle();
+    }
+
+    void clickFreezeControl(const QModelIndex& index) {
+        const QPoint point = freezeControl(index);
+        press(table(), point);
+        release(table(), point);
+    }
+
+    QLineEdit* editor() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return table().findChild<QLineEdit*>(QStringLiteral("programEditor"));
+    }
+
+    QPoint emptySpace() { return {20, table().viewport()->height() - 5}; }
+
+    void mailAndNotes() {
+        account("Mail", 10, {{QStringLiteral("Inbox"), 5}, {QStringLiteral("Sent"), 5}});
+        account("Notes", 100);
+        show();
+    }
+};
+
+// A sidebar: rows that are no timers.
+struct Sidebar {
+    explicit Sidebar(TKOutlineDisplayView* redirect) {
+        for (const char* name : {"All", "Thesis"})
+            model.appendRow(new QStandardItem(QString::fromUtf8(name)));
+        view.setModel(&model);
+        view.setHeaderHidden(true);
+        view.setRedirectToOutlineView(redirect);
+        view.resize(200, 300);
+        view.show();
+        QCoreApplication::processEvents();
+    }
+
+    QStandardItemModel model;
+    TKOutlineDisplayView view;
+};
+
+} // namespace
+
+TEST_F(OutlineHandlingTest, aPressOnTheFreezeControl_doesNotSelect) {
+    mailAndNotes();
+    press(table(), freezeControl(row("Mail")));
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+    EXPECT_FALSE(controller.tracker().fullTimeSet()[0]->branched()) << "not before the release";
+}
+
+TEST_F(OutlineHandlingTest, theFreezeControl_freezesAndLetsTheFrozenCopyBeNamed) {
+    mailAndNotes();
+    const auto mail = TKOutlineDisplayView::itemAt(row("Mail"));
+    clickFreezeControl(row("Mail"));
+    EXPECT_TRUE(mail->branched());
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_EQ(editor()->text(), mail->renamedName());
+    EXPECT_EQ(editor()->selectedText(), mail->renamedName());
+    editor()->setText(QStringLiteral("First draft"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(mail->renamedName(), QStringLiteral("First draft"));
+}
+
+TEST_F(OutlineHandlingTest, aWindowFrozen_isNamedBeneathItsApplication) {
+    mailAndNotes();
+    table().expand(row("Mail"));
+    const auto inbox = TKOutlineDisplayView::itemAt(row("Inbox", row("Mail")));
+    clickFreezeControl(row("Inbox", row("Mail")));
+    EXPECT_TRUE(inbox->branched());
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_EQ(TKOutlineDisplayView::itemAt(table().currentIndex()), inbox);
+    EXPECT_TRUE(table().isExpanded(row("Mail")));
+}
+
+TEST_F(OutlineHandlingTest, theControlOfAFrozenTimer_neitherSelectsNorFreezesAgain) {
+    mailAndNotes();
+    clickFreezeControl(row("Notes"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    table().clearSelection();
+    const auto count = controller.tracker().fullTimeSet().size();
+    const auto frozen = table().currentIndex();
+    const QPoint point = freezeControl(frozen);
+    press(table(), point);
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+    release(table(), point);
+    EXPECT_EQ(controller.tracker().fullTimeSet().size(), count);
+    EXPECT_EQ(editor(), nullptr);
+}
+
+TEST_F(OutlineHandlingTest, twoPressesOnTheControlOfAFrozenTimer_openNoEditor) {
+    mailAndNotes();
+    clickFreezeControl(row("Notes"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    table().clearSelection();
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, freezeControl(table().currentIndex()));
+    settle();
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+}
+
+TEST_F(OutlineHandlingTest, aPressAtTheRightOfAProject_doesNothing) {
+    mailAndNotes();
+    Sidebar sidebar(&table());
+    bool isAsked = false;
+    sidebar.view.setBranchNode([&](const auto&) { isAsked = true; });
+    select({row("Notes")});
+    const QRect frame = sidebar.view.frameOfCell(sidebar.model.index(1, 0));
+    press(sidebar.view, {frame.right() - 3, frame.center().y()});
+    release(sidebar.view, {frame.right() - 3, frame.center().y()});
+    EXPECT_FALSE(sidebar.view.selectionModel()->hasSelection());
+    EXPECT_FALSE(isAsked);
+    EXPECT_TRUE(table().selectionModel()->hasSelection());
+}
+
+TEST_F(OutlineHandlingTest, theCell_reachesTheRightEdgeOfItsColumn) {
+    mailAndNotes();
+    table().expand(row("Mail"));
+    for (const QModelIndex& index : {row("Mail"), row("Inbox", row("Mail"))})
+        EXPECT_EQ(table().frameOfCell(index).right() + 1, table().columnWidth(0));
+}
+
+TEST_F(OutlineHandlingTest, aClickOnEmptySpace_deselects) {
+    mailAndNotes();
+    select({row("Mail")});
+    press(table(), emptySpace());
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+}
+
+TEST_F(OutlineHandlingTest, aClickOnEmptySpaceOfTheSidebar_deselectsTimers) {
+    mailAndNotes();
+    Sidebar sidebar(&table());
+    select({row("Mail")});
+    press(sidebar.view, {20, sidebar.view.viewport()->height() - 5});
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+}
+
+TEST_F(OutlineHandlingTest, escape_tellsEvenWhenNothingWasSelected) {
+    mailAndNotes();
+    QSignalSpy told(&table(), &TKOutlineDisplayView::selectionDidChange);
+    QTest::keyClick(&table(), Qt::Key_Escape);
+    EXPECT_EQ(told.count(), 1);
+    Sidebar sidebar(&table());
+    sidebar.view.setCurrentIndex(sidebar.model.index(1, 0));
+    select({row("Mail")});
+    told.clear();
+    QTest::keyClick(&sidebar.view, Qt::Key_Escape);
+    EXPECT_EQ(told.count(), 1);
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+    EXPECT_TRUE(sidebar.view.selectionModel()->hasSelection()) << "the project stays chosen";
+}
+
+TEST_F(OutlineHandlingTest, escapeInAnEditor_endsItAndGivesTheViewTheFocus) {
+    mailAndNotes();
+    controller.window().activateWindow();
+    table().setFocus();
+    table().setCurrentIndex(row("Mail"));
+    table().editName();
+    ASSERT_NE(editor(), nullptr);
+    editor()->setText(QStringLiteral("Post"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_TRUE(table().hasFocus());
+    EXPECT_TRUE(row("Mail").isValid()) << "not renamed";
+}
+
+TEST_F(OutlineHandlingTest, altClickInTheSidebar_unfoldsAllAndFoldsAll) {
+    account("Chess", 1);
+    account("Mail", 10, {{QStringLiteral("Inbox"), 5}, {QStringLiteral("Sent"), 5}});
+    account("Web", 10, {{QStringLiteral("A"), 5}, {QStringLiteral("B"), 5}});
+    show();
+    Sidebar sidebar(&table());
+    QSignalSpy unfolded(&table(), &TKOutlineDisplayView::itemDidExpand);
+    QSignalSpy folded(&table(), &TKOutlineDisplayView::itemDidCollapse);
+    const QPoint thesis = sidebar.view.visualRect(sidebar.model.index(1, 0)).center();
+    press(sidebar.view, thesis, Qt::AltModifier | Qt::ShiftModifier);
+    release(sidebar.view, thesis);
+    EXPECT_EQ(unfolded.count(), 0) << "with Alt alone";
+    press(sidebar.view, thesis, Qt::AltModifier);
+    release(sidebar.view, thesis);
+    EXPECT_EQ(unfolded.count(), 2);
+    EXPECT_TRUE(table().isExpanded(row("Mail")) && table().isExpanded(row("Web")));
+    table().collapse(row("Web"));
+    press(sidebar.view, thesis, Qt::AltModifier);
+    release(sidebar.view, thesis);
+    EXPECT_EQ(folded.count(), 2);
+    EXPECT_FALSE(table().isExpanded(row("Mail")) || table().isExpanded(row("Web")));
+    press(table(), table().visualRect(row("Mail")).center(), Qt::AltModifier);
+    EXPECT_FALSE(table().isExpanded(row("Mail"))) << "nothing to redirect to";
+}
+
+TEST_F(OutlineHandlingTest, thePointer_highlightsItsRowAndRepaintsTwo) {
+    mailAndNotes();
+    struct Painted : QObject {
+        bool eventFilter(QObject* object, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                region += static_cast<QPaintEvent*>(event)->region();
+            return QObject::eventFilter(object, event);
+        }
+        QRegion region;
+    } painted;
+    EXPECT_EQ(table().highlightedRow(), -1);
+    QTest::mouseMove(table().viewport(), table().visualRect(row("Mail")).center());
+    EXPECT_EQ(table().highlightedRow(), 0);
+    settle();
+    table().viewport()->installEventFilter(&painted);
+    QTest::mouseMove(table().viewport(), table().visualRect(row("Notes")).center());
+    settle();
+    EXPECT_EQ(table().highlightedRow(), 1);
+    EXPECT_EQ(painted.region, QRegion(table().rectOfRow(0)) + table().rectOfRow(1));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(table().viewport(), &leave);
+    EXPECT_EQ(table().highlightedRow(), 1) << "leaving changes nothing";
+    QTest::mouseMove(table().viewport(), emptySpace());
+    EXPECT_EQ(table().highlightedRow(), -1);
+    table().setHighlightOnMouseOver(false);
+    QTest::mouseMove(table().viewport(), table().visualRect(row("Mail")).center());
+    EXPECT_EQ(table().highlightedRow(), -1);
+}
+
+TEST_F(OutlineHandlingTest, rows_areNumberedAsTheyStandBeneathOneAnother) {
+    mailAndNotes();
+    table().expand(row("Mail"));
+    EXPECT_EQ(table().indexOfRow(2), row("Sent", row("Mail")));
+    EXPECT_EQ(table().indexOfRow(3), row("Notes"));
+    EXPECT_FALSE(table().indexOfRow(4).isValid());
+    EXPECT_FALSE(table().indexOfRow(-1).isValid());
+    EXPECT_EQ(table().rowAtPoint(table().visualRect(row("Notes")).center()), 3);
+}
+
+TEST_F(OutlineHandlingTest, delete_isOfferedOnlyWhereSomebodyDeletes) {
+    mailAndNotes();
+    Sidebar sidebar(nullptr);
+    EXPECT_FALSE(sidebar.view.offersDelete());
+    sidebar.view.deleteRows();
+    QTest::keyClick(&sidebar.view, Qt::Key_Delete);
+    std::vector<bool> asked;
+    sidebar.view.setDeleteHandler([&](bool isForced) { asked.push_back(isForced); });
+    EXPECT_TRUE(sidebar.view.offersDelete());
+    QTest::keyClick(&sidebar.view, Qt::Key_Delete);
+    QTest::keyClick(&sidebar.view, Qt::Key_Delete, Qt::ShiftModifier);
+    sidebar.view.deleteRows();
+    sidebar.view.forceDelete();
+    EXPECT_EQ(asked, (std::vector<bool>{false, true, false, true}));
+}
+
+TEST_F(OutlineHandlingTest, copy_writesTheSelectedRowsFromTopToBottom) {
+    mailAndNotes();
+    table().expand(row("Mail"));
+    select({row("Notes"), row("Sent", row("Mail")), row("Mail")});
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    table().copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before")) << "nobody writes";
+    table().setWriteItems([](const QModelIndexList& rows) {
+        QStringList names;
+        for (const QModelIndex& index : rows)
+            names << index.data().toString();
+        auto written = std::make_unique<QMimeData>();
+        written->setText(names.join(u' '));
+        return written;
+    });
+    table().copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Mail Sent Notes"));
+    table().setWriteItems([](const QModelIndexList&) { return std::unique_ptr<QMimeData>(); });
+    table().copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Mail Sent Notes"));
+}
+
+TEST_F(OutlineHandlingTest, manyDraggedRows_hangAtThePointerAsAFew) {
+    for (int i = 0; i < 40; ++i)
+        account(qPrintable(QStringLiteral("Program %1").arg(i)), 1);
+    show();
+    table().selectAll();
+    const QPixmap many = table().dragPixmap(table().selectedRows());
+    const QPixmap one = table().dragPixmap({table().selectedRows().first()});
+    EXPECT_EQ(many.height(), 7 * one.height());
+}
+
+TEST_F(OutlineHandlingTest, theMenuKey_asksForTheMenuAtTheRow) {
+    mailAndNotes();
+    table().setCurrentIndex(row("Notes"));
+    QSignalSpy asked(&table(), &TKOutlineDisplayView::menuRequested);
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QCoreApplication::sendEvent(table().viewport(), &key);
+    ASSERT_EQ(asked.count(), 1);
+    const QPoint position = table().viewport()->mapFromGlobal(asked[0][0].toPoint());
+    EXPECT_EQ(table().indexAt(position), row("Notes"));
+}
+
+TEST_F(OutlineHandlingTest, typing_findsTheRowOfThatName) {
+    mailAndNotes();
+    table().setCurrentIndex(row("Mail"));
+    QTest::keyClicks(&table(), QStringLiteral("not"));
+    EXPECT_EQ(table().currentIndex(), row("Notes"));
+}
+
+TEST_F(OutlineHandlingTest, leftAndRight_foldAndUnfold) {
+    mailAndNotes();
+    QSignalSpy unfolded(&table(), &TKOutlineDisplayView::itemDidExpand);
+    QSignalSpy folded(&table(), &TKOutlineDisplayView::itemDidCollapse);
+    table().setCurrentIndex(row("Mail"));
+    QTest::keyClick(&table(), Qt::Key_Right);
+    EXPECT_TRUE(table().isExpanded(row("Mail")));
+    QTest::keyClick(&table(), Qt::Key_Left);
+    EXPECT_FALSE(table().isExpanded(row("Mail")));
+    EXPECT_EQ(unfolded.count(), 1);
+    EXPECT_EQ(folded.count(), 1);
+}
+
+TEST_F(OutlineHandlingTest, aFrozenRow_isReadOutAsSuch) {
+    mailAndNotes();
+    EXPECT_EQ(row("Notes").data(Qt::AccessibleTextRole).toString(), QStringLiteral("Notes, 00:01:40"));
+    TKOutlineDisplayView::itemAt(row("Notes"))->node().setBranched(true);
+    EXPECT_EQ(row("Notes").data(Qt::AccessibleTextRole).toString(),
+              QStringLiteral("Notes, 00:01:40, frozen"));
+}
+
+TEST_F(OutlineHandlingTest, chosenRows_areUnfoldedInOneGo) {
+    account("Mail", 10, {{QStringLiteral("Inbox"), 5}, {QStringLiteral("Sent"), 5}});
+    account("Web", 10, {{QStringLiteral("A"), 5}, {QStringLiteral("B"), 5}});
+    show();
+    table().expandRows(
+        [](const QModelIndex& index) { return index.data().toString() == QStringLiteral("Web"); });
+    EXPECT_FALSE(table().isExpanded(row("Mail")));
+    EXPECT_TRUE(table().isExpanded(row("Web")));
+    EXPECT_EQ(model().rowCount(row("Mail")), 0) << "nobody looked";
+}
