@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/ProjectFile.h"
 
+#include "platform/foundation/Assertions.h"
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
 
@@ -40,8 +41,13 @@ void ProjectFile::write(const PropertyListArray& projects) {
         return;
     // Many a home has no documents folder until somebody needs one.
     static_cast<void>(PrivateFiles::makeFolder(QFileInfo(*m_path).path()));
-    if (const Outcome outcome = PropertyList::writeBinaryFile(projects, *m_path); !outcome)
-        m_log.log(QStringLiteral("The projects could not be written: ") + outcome.failure().text);
+    try {
+        if (const Outcome outcome = PropertyList::writeBinaryFile(projects, *m_path); !outcome)
+            m_log.log(QStringLiteral("The projects could not be written: ") + outcome.failure().text);
+    } catch (const InternalInconsistency& failure) {
+        // Something that no property list can hold; what stood there stays.
+        m_log.log(failure.description());
+    }
 }
 
 // False while it still stands there.

@@ -8,14 +8,14 @@ ReverseProjectCache::ReverseProjectCache(const std::vector<std::shared_ptr<Proje
         if (const int tag = project->colorTag(); tag != 0)
             for (const Identity& member : project->members())
                 m_entries.push_back({member, tag});
-    std::ranges::sort(m_entries);
-    const auto repeated = std::ranges::unique(m_entries);
-    m_entries.erase(repeated.begin(), repeated.end());
+    std::sort(m_entries.begin(), m_entries.end());
+    m_entries.erase(std::unique(m_entries.begin(), m_entries.end()), m_entries.end());
 }
 
 ColorTags ReverseProjectCache::tags(const Identity& timer) const {
     ColorTags tags;
-    for (const Entry& entry : std::ranges::equal_range(m_entries, timer, {}, &Entry::timer))
-        tags.append(entry.tag);
+    for (auto entry = std::ranges::lower_bound(m_entries, timer, {}, &Entry::timer);
+         entry != m_entries.end() && entry->timer == timer; ++entry)
+        tags.append(entry->tag);
     return tags;
 }

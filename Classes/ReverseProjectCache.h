@@ -28,7 +28,10 @@ private:
         Identity timer;
         int tag;
 
-        friend auto operator<=>(const Entry&, const Entry&) = default;
+        friend bool operator==(const Entry&, const Entry&) = default;
+        friend bool operator<(const Entry& a, const Entry& b) {
+            return a.timer == b.timer ? a.tag < b.tag : a.timer < b.timer;
+        }
     };
 
     // Sorted, each once: built in one piece, because every change of a colour builds it anew.

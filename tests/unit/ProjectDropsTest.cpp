@@ -57,7 +57,7 @@ TEST_F(ProjectDropsTest, aRowMoved_meansTheProjectBelowIt) {
     EXPECT_EQ(drop(3, 1, DropOperation::Move), "ADBC, row 2");
 }
 
-TEST_F(ProjectDropsTest, aRowMovedToItsOwnPlace_staysThere) {
+TEST_F(ProjectDropsTest, aProjectDroppedOnItsOwnPlace_goesOneUpAndBelowItStays) {
     EXPECT_EQ(drop(2, 2, DropOperation::Move), "ACBD, row 2");
     EXPECT_EQ(drop(2, 3, DropOperation::Move), "ABCD, row 3");
 }

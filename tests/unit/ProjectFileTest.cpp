@@ -219,6 +219,15 @@ TEST_F(ProjectFileTest, aWriteThatFails_leavesALineAndTheOldFile) {
     EXPECT_EQ(bytes(), before);
 }
 
+TEST_F(ProjectFileTest, whatNoPropertyListCanHold_isToldAndTheOldFileStays) {
+    m_file.write(m_projects);
+    const QByteArray before = bytes();
+    m_file.write({PropertyListDictionary{{kProjectSubtree, PropertyListArray{PropertyListValue()}}}});
+    EXPECT_EQ(m_log.lines, QStringList{u"an absent value has no place in a property list"_s});
+    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(QDir(m_folder).entryList(QDir::Files).size(), 1);
+}
+
 TEST_F(ProjectFileTest, aLinkToTheFile_staysALink) {
     const QString elsewhere = m_home.filePath(u"synchronised"_s);
     m_file.write(m_projects);
