@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace {
 
 struct OutlineHandlingTest : testing::Test, Desk {
@@ -343,6 +345,115 @@ TEST_F(OutlineHandlingTest, aFrozenRow_isReadOutAsSuch) {
     TKOutlineDisplayView::itemAt(row("Notes"))->node().setBranched(true);
     EXPECT_EQ(row("Notes").data(Qt::AccessibleTextRole).toString(),
               QStringLiteral("Notes, 00:01:40, frozen"));
+}
+
+TEST_F(OutlineHandlingTest, aSearchTypedWhileARowIsEdited_leavesItsEditorOpen) {
+    mailAndNotes();
+    table().setCurrentIndex(row("Notes"));
+    table().editName();
+    ASSERT_NE(editor(), nullptr);
+    editor()->setText(QStringLiteral("Diary"));
+    controller.tracker().setSearchString(QStringLiteral("not"));
+    settle();
+    EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:01:40"));
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_EQ(editor()->text(), QStringLiteral("Diary"));
+    controller.tracker().setSearchString(QString());
+    settle();
+    ASSERT_NE(editor(), nullptr);
+    QTest::keyClick(editor(), Qt::Key_Return);
+    settle();
+    EXPECT_TRUE(row("Diary").isValid());
+}
+
+TEST_F(OutlineHandlingTest, aRowThatGoesWhileItIsEdited_takesItsEditorWithIt) {
+    mailAndNotes();
+    table().setCurrentIndex(row("Notes"));
+    table().editName();
+    ASSERT_NE(editor(), nullptr);
+    controller.tracker().setSearchString(QStringLiteral("Inbox"));
+    settle();
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_EQ(model().rowCount(), 1);
+}
+
+TEST_F(OutlineHandlingTest, aFreezeWhileAnotherRowIsEdited_keepsWhatWasTyped) {
+    mailAndNotes();
+    controller.window().activateWindow();
+    const auto mail = TKOutlineDisplayView::itemAt(row("Mail"));
+    table().setCurrentIndex(row("Mail"));
+    table().editName();
+    ASSERT_NE(editor(), nullptr);
+    editor()->setText(QStringLiteral("Post"));
+    table().setFocus();
+    clickFreezeControl(row("Notes"));
+    EXPECT_EQ(mail->renamedName(), QStringLiteral("Post"));
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_TRUE(TKOutlineDisplayView::itemAt(table().currentIndex())->branched());
+}
+
+TEST_F(OutlineHandlingTest, anotherTreeOfTimers_keepsTheOrderChosen) {
+    mailAndNotes();
+    table().sortByColumn(TimeTreeModel::TimeSpentColumn, Qt::DescendingOrder);
+    TimeTreeModel other(std::nullopt, fakes.runLoop, [](const auto&, const QString&) {});
+    other.setSource(TimeTreeModel::sourceOf(controller.tracker()));
+    EXPECT_EQ(textOf(other), QStringLiteral("Mail 00:00:10, Notes 00:01:40"));
+    auto& first = static_cast<TimeTreeModel&>(model());
+    table().setTimeModel(other);
+    EXPECT_EQ(textOf(other), QStringLiteral("Notes 00:01:40, Mail 00:00:10"));
+    table().sortByColumn(TimeTreeModel::TimeSpentColumn, Qt::AscendingOrder);
+    table().setTimeModel(first);
+    EXPECT_EQ(textOf(first), QStringLiteral("Mail 00:00:10, Notes 00:01:40"));
+}
+
+TEST_F(OutlineHandlingTest, anyFoldingAndFreezing_leavesTheViewAndTheTreeAgreed) {
+    for (const char* name : {"Mail", "Notes", "Web", "Chess"})
+        account(name, 10, {{QStringLiteral("A"), 5}, {QStringLiteral("B"), 4}, {QStringLiteral("C"), 3}});
+    show();
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937 random(seed);
+    for (int step = 0; step < 300; ++step) {
+        const int count = model().rowCount();
+        const QModelIndex top = count > 0 ? model().index(int(random() % unsigned(count)), 0) : QModelIndex();
+        switch (random() % 8) {
+        case 0:
+            table().expandAllRows();
+            break;
+        case 1:
+            table().collapseAllRows();
+            break;
+        case 2:
+            table().setExpanded(top, !table().isExpanded(top));
+            break;
+        case 3:
+            if (step % 4 == 0 && top.isValid())
+                clickFreezeControl(top);
+            break;
+        case 4:
+            controller.tracker().setSearchString(random() % 2 ? QStringLiteral("B") : QString());
+            break;
+        case 5:
+            table().sortByColumn(int(random() % 2), Qt::AscendingOrder);
+            break;
+        case 6:
+            account("Garden", double(random() % 50), {{QStringLiteral("B"), 1}, {QStringLiteral("D"), 2}});
+            break;
+        default:
+            if (count > 12)
+                controller.tracker().removeUUIDs({TKOutlineDisplayView::itemAt(top)->uuid().value()});
+        }
+        settle();
+        // Every row that is there is where the view says it is.
+        int place = 0;
+        for (int i = 0; i < model().rowCount(); ++i) {
+            const QModelIndex parent = model().index(i, 0);
+            ASSERT_EQ(table().indexOfRow(place++), parent) << "step " << step;
+            for (int j = 0; table().isExpanded(parent) && j < model().rowCount(parent); ++j)
+                ASSERT_EQ(table().indexOfRow(place++), model().index(j, 0, parent)) << "step " << step;
+        }
+        ASSERT_EQ(std::size_t(model().rowCount()), controller.tracker().timeSet().size());
+    }
 }
 
 TEST_F(OutlineHandlingTest, chosenRows_areUnfoldedInOneGo) {
