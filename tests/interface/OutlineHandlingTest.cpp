@@ -123,8 +123,10 @@ TEST_F(OutlineHandlingTest, twoPressesOnTheControlOfAFrozenTimer_openNoEditor) {
     mailAndNotes();
     clickFreezeControl(row("Notes"));
     QTest::keyClick(editor(), Qt::Key_Escape);
+    const QModelIndex frozen = table().currentIndex();
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, table().visualRect(frozen).center());
     table().clearSelection();
-    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, freezeControl(table().currentIndex()));
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, freezeControl(frozen));
     settle();
     EXPECT_EQ(editor(), nullptr);
     EXPECT_FALSE(table().selectionModel()->hasSelection());
