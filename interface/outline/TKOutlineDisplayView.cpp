@@ -167,7 +167,7 @@ void TKOutlineDisplayView::keyPressEvent(QKeyEvent* event) {
         askToDelete(event->modifiers().testFlag(Qt::ShiftModifier));
         return;
     case Qt::Key_Escape:
-        redirected().deselectAndTell();
+        redirectTarget().deselectAndTell();
         return;
     default:
         break;

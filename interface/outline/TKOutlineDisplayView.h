@@ -105,7 +105,9 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
-    TKOutlineDisplayView& redirected() { return m_redirectToOutlineView ? *m_redirectToOutlineView : *this; }
+    TKOutlineDisplayView& redirectTarget() {
+        return m_redirectToOutlineView ? *m_redirectToOutlineView : *this;
+    }
     void askToDelete(bool forceDelete);
     void deselectAndTell();
     bool pressFreezeControl(const QMouseEvent& event);

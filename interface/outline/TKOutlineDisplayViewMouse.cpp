@@ -107,7 +107,7 @@ void TKOutlineDisplayView::mousePressEvent(QMouseEvent* event) {
     if (pressFreezeControl(*event))
         return;
     if (rowAtPoint(event->position().toPoint()) < 0)
-        redirected().clearSelection();
+        redirectTarget().clearSelection();
     if (m_redirectToOutlineView && event->modifiers() == Qt::AltModifier)
         m_redirectToOutlineView->toggleAllRows();
     QTreeView::mousePressEvent(event);
