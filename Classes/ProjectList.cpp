@@ -194,3 +194,8 @@ void ProjectList::collapseUUID(const ProjectRecord& project, const Identity& uui
     if (record == m_mainItem)
         storeTopLevelExpansion();
 }
+
+void ProjectList::keepExpanded(const ProjectRecord& project, const std::vector<bool>& isShown) {
+    if (const Record record = editable(project))
+        record->keepExpanded(isShown);
+}

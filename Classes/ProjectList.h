@@ -76,6 +76,8 @@ public:
     // Nothing happens while `isBlocked`: a search opens and closes rows on its own. Not written at once.
     void expandUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked);
     void collapseUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked);
+    // Of the expanded rows, position by position, forgets those that are not shown; the rest stay. Not written at once.
+    void keepExpanded(const ProjectRecord& project, const std::vector<bool>& isShown);
     // A timer was frozen: projects go on pointing at the frozen one. Saves.
     void projectDupeNode(const FrozenIdentities& frozen);
 

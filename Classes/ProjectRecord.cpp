@@ -161,6 +161,17 @@ void ProjectRecord::collapse(const Identity& uuid) {
         setExpandedEntry(std::move(list));
 }
 
+void ProjectRecord::keepExpanded(const std::vector<bool>& isKept) {
+    const auto expanded = expandedUUIDs();
+    if (!expanded || std::ranges::find(isKept, false) == isKept.end())
+        return;
+    PropertyListArray kept;
+    for (std::size_t i = 0; i < expanded->size(); ++i)
+        if (i >= isKept.size() || isKept[i])
+            kept.emplace_back((*expanded)[i].bytes());
+    m_entries.insert(kProjectExpandedUUIDs, std::move(kept));
+}
+
 void ProjectRecord::pruneExpanded(const std::unordered_set<Identity>& kept) {
     PropertyListArray list = listOf(expandedEntry());
     if (prune(list, [&](const Identity& identity) { return !kept.contains(identity); }))

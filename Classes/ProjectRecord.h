@@ -55,6 +55,8 @@ public:
     std::optional<std::vector<Identity>> expandedUUIDs() const;
     void expand(const Identity& uuid);
     void collapse(const Identity& uuid);
+    // Forgets the identities, counted from the first, that are false here. What lies beyond stays.
+    void keepExpanded(const std::vector<bool>& isKept);
     // Forgets all that are not in `kept`.
     void pruneExpanded(const std::unordered_set<Identity>& kept);
     // The entry itself, for the settings and for whoever restores it.

@@ -98,6 +98,17 @@ void TimeStoreApp::addChildFromDictionary(const PropertyListDictionary& record) 
     store(key, std::move(window));
 }
 
+void TimeStoreApp::putBack(const PropertyListDictionary& record) {
+    const auto known = m_windows.find(record.value(kRecordName).toString());
+    if (known != m_windows.end()) {
+        known->second.window->addTimeInterval(record.value(kRecordActiveTime).number().value_or(0));
+        return;
+    }
+    const ChangeAnnouncement children(*this, kChildrenKey);
+    const ChangeAnnouncement leaf(*this, kIsLeafKey);
+    addChildFromDictionary(record);
+}
+
 void TimeStoreApp::writeWindowRecords(PropertyListSink& sink) const {
     for (const auto& [key, entry] : m_windows)
         entry.window->writeRecord(sink);

@@ -37,6 +37,9 @@ public:
     void removeUUIDs(const std::unordered_set<Identity>& identities);
     // The last record of a name wins; one without a name is left out.
     void addChildFromDictionary(const PropertyListDictionary& record) override;
+    // A window that was removed comes back; where another of its name has come since, the time goes to that one.
+    // Observers of children and isLeaf are told.
+    void putBack(const PropertyListDictionary& record);
 
     // The windows' records, one after the other, within an array the caller has begun.
     void writeWindowRecords(PropertyListSink& sink) const;

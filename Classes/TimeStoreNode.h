@@ -64,6 +64,8 @@ public:
     bool isShownAs(const QString& text) const {
         return (m_renamedNameStorage.isNull() ? m_name : m_renamedNameStorage) == text;
     }
+    // Whether the name shown contains a text, whatever its case.
+    bool matches(const QString& searchString) const;
     QString renamedName() const override {
         return m_renamedNameStorage.isNull() ? name() : m_renamedNameStorage;
     }
@@ -119,8 +121,6 @@ protected:
 private:
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                   const PropertyListValue& timeSpent, const std::optional<Identity>& uuid);
-
-    bool matches(const QString& searchString) const;
 
     TimeStoreServices& m_services;
     // Null until first named: there is no registry entry to move then.

@@ -113,6 +113,11 @@ public:
     // Clears all timers.
     void reset();
     void removeUUIDs(const std::unordered_set<Identity>& identities);
+    // All that removeUUIDs() would take away, for putBack(): entries as of arrayRepresentation(). An application that
+    // would stay and only lose windows is told without its time.
+    PropertyListArray recordsOf(const std::unordered_set<Identity>& identities) const;
+    // Undoes a removal. Where another timer of the same name has come since, the time goes to that one.
+    void putBack(const PropertyListArray& entries);
 
     PropertyListArray arrayRepresentation() const;
     // The same, piece by piece.
@@ -170,6 +175,7 @@ private:
     void branchApplication(TimeStoreApp& app);
     void postBranching(const std::optional<Identity>& oldIdentity, const Identity& newIdentity);
     void forgetName(const TimeStoreApp& app);
+    std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;
     AppSet takeOut(const std::unordered_set<Identity>& identities);
 
     TrackerServices& m_services;

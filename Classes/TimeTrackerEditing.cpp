@@ -165,6 +165,54 @@ void TimeTracker::forgetName(const TimeStoreApp& app) {
     m_timeDictionary.removeIf([&](auto entry) { return entry.value().get() == &app; });
 }
 
+PropertyListArray TimeTracker::recordsOf(const std::unordered_set<Identity>& identities) const {
+    PropertyListArray entries;
+    const auto isWanted = [&](const TimeStoreNode& node) {
+        return node.uuid() && identities.contains(*node.uuid());
+    };
+    for (const auto& app : m_timeSet) {
+        const bool isWhole = isWanted(*app);
+        PropertyListArray windows;
+        for (const auto& window : app->windows())
+            if (isWhole || isWanted(*window))
+                windows.emplace_back(window->dictionaryRepresentation());
+        if (!isWhole && windows.empty())
+            continue;
+        PropertyListDictionary record = app->dictionaryRepresentation();
+        if (!isWhole)
+            record.remove(kRecordActiveTime);
+        entries.emplace_back(
+            PropertyListDictionary{{kEntryApp, std::move(record)}, {kEntryWindows, std::move(windows)}});
+    }
+    return entries;
+}
+
+std::shared_ptr<TimeStoreApp> TimeTracker::applicationOf(const PropertyListDictionary& record) const {
+    const QByteArray* bytes = record.value(kRecordUUID).asData();
+    const auto uuid = bytes ? Identity::fromBytes(*bytes) : std::nullopt;
+    const auto same =
+        std::ranges::find_if(m_timeSet, [&](const auto& app) { return uuid && app->uuid() == uuid; });
+    return same != m_timeSet.end() ? *same : m_timeDictionary.value(record.value(kRecordName).toString());
+}
+
+void TimeTracker::putBack(const PropertyListArray& entries) {
+    PropertyListArray gone;
+    for (const PropertyListValue& entry : entries) {
+        const PropertyListDictionary& record = *entry.asDictionary()->value(kEntryApp).asDictionary();
+        const auto app = applicationOf(record);
+        if (!app) {
+            gone.push_back(entry);
+            continue;
+        }
+        if (const auto time = record.value(kRecordActiveTime).asReal())
+            app->addTimeInterval(*time);
+        for (const PropertyListValue& window : *entry.asDictionary()->value(kEntryWindows).asArray())
+            app->putBack(*window.asDictionary());
+    }
+    setArrayRepresentation(gone);
+    reloadSearchFiltering();
+}
+
 PropertyListArray TimeTracker::arrayRepresentation() const {
     PropertyListBuilder builder;
     writeArrayRepresentation(builder);

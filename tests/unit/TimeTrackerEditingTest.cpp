@@ -374,4 +374,61 @@ TEST_F(TimeTrackerEditingTest, anApplicationThatWasRead_isFoundByItsNameWhenItCo
     EXPECT_EQ(tree(), "Mail 101");
 }
 
+std::unordered_set<Identity> identitiesOf(TimeTracker& tracker, const QStringList& names) {
+    std::unordered_set<Identity> identities;
+    for (const auto& app : tracker.fullTimeSet()) {
+        if (names.contains(app->name()))
+            identities.insert(*app->uuid());
+        for (const auto& window : app->windows())
+            if (names.contains(window->name()))
+                identities.insert(*window->uuid());
+    }
+    return identities;
+}
+
+TEST_F(TimeTrackerEditingTest, whatWasRemoved_comesBackAsItWas) {
+    workInTwoWindows();
+    m_day.front("Notes", "List");
+    m_day.seconds(5);
+    const std::string before = m_day.tree();
+    const auto all = identitiesOf(m_tracker, {u"Mail"_s});
+    const PropertyListArray records = m_tracker.recordsOf(all);
+    m_tracker.removeUUIDs(all);
+    EXPECT_EQ(m_day.tree(), "Notes 5 [List 5]");
+    m_tracker.putBack(records);
+    EXPECT_EQ(m_day.tree(), before);
+    EXPECT_EQ(identitiesOf(m_tracker, {u"Mail"_s}), all);
+}
+
+TEST_F(TimeTrackerEditingTest, aRemovedWindow_comesBackToItsApplicationWhoseTimeIsUntouched) {
+    workInTwoWindows();
+    const auto drafts = identitiesOf(m_tracker, {u"Drafts"_s});
+    const PropertyListArray records = m_tracker.recordsOf(drafts);
+    m_tracker.removeUUIDs(drafts);
+    EXPECT_EQ(m_day.tree(), "Mail 20 [Inbox 10]");
+    m_day.seconds(3);
+    Announcements announcements(*m_tracker.fullTimeSet().front(), {kChildrenKey});
+    m_tracker.putBack(records);
+    EXPECT_EQ(m_day.tree(), "Mail 23 [Drafts 10, Inbox 13]");
+    EXPECT_EQ(announcements.told(), "will children, did children");
+}
+
+TEST_F(TimeTrackerEditingTest, whatHasComeAnewSinceTheRemoval_takesTheTimeBack) {
+    workInTwoWindows();
+    const auto mail = identitiesOf(m_tracker, {u"Mail"_s});
+    const PropertyListArray records = m_tracker.recordsOf(mail);
+    m_tracker.removeUUIDs(mail);
+    m_day.seconds(4);
+    ASSERT_EQ(m_day.tree(), "Mail 4 [Inbox 4]");
+    m_tracker.putBack(records);
+    EXPECT_EQ(m_day.tree(), "Mail 24 [Drafts 10, Inbox 14]");
+}
+
+TEST_F(TimeTrackerEditingTest, whatNobodyHas_leavesNoRecords) {
+    workInTwoWindows();
+    EXPECT_TRUE(m_tracker.recordsOf({Identity::brandNew()}).empty());
+    m_tracker.putBack({});
+    EXPECT_EQ(m_day.tree(), "Mail 20 [Drafts 10, Inbox 10]");
+}
+
 } // namespace
