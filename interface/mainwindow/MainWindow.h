@@ -1,50 +1,43 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/mainwindow/MainActions.h"
+
 #include <QMainWindow>
 
-class QLabel;
 class QLineEdit;
 class QSplitter;
 class QToolBar;
+class SidebarPane;
+class SumBar;
+class TKLabelViewController;
 class TKOutlineDisplayView;
 
-// The main window: the outline of timers, the sum below it, the toolbar and the menus. Draws and forwards;
-// what its actions do is connected from outside.
+// The main window: the projects on the left, the outline of timers with the sum below it, the toolbar with the search,
+// the menus. Draws and forwards; what its actions do is connected from outside.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    // What the user can ask for. All belong to the window.
-    struct Actions {
-        QAction* importDatabase;
-        QAction* saveCopy;
-        QAction* chooseDatabaseLocation;
-        QAction* restoreDefaultDatabaseLocation;
-        QAction* revealDatabase;
-        QAction* closeWindow;
-        QAction* quit;
-        QAction* undo;
-        QAction* redo;
-        QAction* rename;
-        QAction* deleteRows;
-        QAction* selectAll;
-        QAction* deselectAll;
-        QAction* toggleCounting;
-        QAction* clearTimers;
-        QAction* about;
-    };
-
     MainWindow();
 
-    const Actions& actions() const { return m_actions; }
+    const MainActions& actions() const { return m_actions; }
 
     TKOutlineDisplayView& mainTable() const { return *m_mainTable; }
+
+    TKOutlineDisplayView& projectOutline() const;
+
+    QLineEdit& searchAppField() const { return *m_searchAppField; }
+
+    SumBar& sumBar() const { return *m_sumBar; }
+
+    QMenu& projectMenu() const { return *m_projectMenu; }
+
+    // The colour labels in the menu of projects.
+    TKLabelViewController& tkLabelProjectViewController() const { return *m_tkLabelProjectViewController; }
 
     // Whether there is anything to be seen of the window: neither closed nor minimised.
     bool isSeen() const { return m_isSeen; }
 
-    void showSum(const QString& time);
-    void showSumMode(const QString& image, const QString& caption);
     void showToggle(const QString& image, const QString& label);
 
 Q_SIGNALS:
@@ -56,21 +49,18 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void makeActions();
-    void makeMenus();
     void makeToolBar();
     QWidget* makeOutlinePane();
-    QWidget* makeSumBar();
-    QAction* add(const QString& name, const QString& text, const QKeySequence& shortcut = {});
     void updateSeen();
 
-    Actions m_actions{};
+    MainActions m_actions;
+    QMenu* m_projectMenu = nullptr;
+    TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     QToolBar* m_toolBar = nullptr;
-    // The projects will stand on the left of the outline.
+    QLineEdit* m_searchAppField = nullptr;
     QSplitter* m_splitView = nullptr;
+    SidebarPane* m_sidebar = nullptr;
     TKOutlineDisplayView* m_mainTable = nullptr;
-    QLabel* m_timeSumIcon = nullptr;
-    QLabel* m_timeSumCaption = nullptr;
-    QLineEdit* m_timeSum = nullptr;
+    SumBar* m_sumBar = nullptr;
     bool m_isSeen = false;
 };

@@ -2,34 +2,51 @@
 #include "interface/mainwindow/TKController.h"
 
 #include "Classes/Settings.h"
-#include "interface/mainwindow/RenameCommand.h"
-#include "interface/outline/ProgramCell.h"
+#include "interface/labels/TKLabelViewController.h"
+#include "interface/mainwindow/CutoffSlider.h"
+#include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/pasteboard/TimeMimeData.h"
 #include "interface/shell/Images.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QApplication>
-#include <QItemSelectionModel>
-
-#include <cmath>
+#include <QLineEdit>
 
 TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit)
     : m_platform(platform)
     , m_alerts(alerts)
     , m_engine(platform, {.exit = std::move(exit), .checkAccessibilityTrust = {}})
-    , m_model(TimeTreeModel::sourceOf(m_engine.tracker()), platform.runLoop,
-              [this](const auto& item, const QString& name) { rename(item, name); })
+    , m_projectNodes(m_engine.services().store)
+    , m_projects(m_engine.services().store, platform.defaults, platform.folders.documents)
+    , m_appTreeController(TimeTreeModel::sourceOf(m_engine.tracker()), platform.runLoop,
+                          [this](const auto& item, const QString& name) { rename(item, name); })
+    , m_categoryTreeController(std::nullopt, platform.runLoop,
+                               [this](const auto& item, const QString& name) { rename(item, name); })
+    , m_programCell(
+          {.isProjectShown = [this] { return !mainItemIsSelected(); },
+           .tags = [this](const Identity& timer) { return m_projects.reverseProjectCache()->tags(timer); },
+           .applications = [this] { return m_engine.tracker().timeSet(); }})
+    , m_appSelection(&m_appTreeController)
+    , m_categorySelection(&m_categoryTreeController)
     , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
-    , m_database(m_engine.tracker(), m_engine.registry(), platform.defaults, platform.folders, platform.log,
-                 {.projects = {}, .setProjects = {}, .computeTime = [this] { m_timer.computeTime(); }})
+    , m_database(
+          m_engine.tracker(), m_engine.registry(), platform.defaults, platform.folders, platform.log,
+          {.projects = [this] { return m_projects.arrayRepresentation(); },
+           .setProjects = [this](const PropertyListValue& records) { m_projects.setProjects(records); },
+           .computeTime = [this] { m_timer.computeTime(); }})
     , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
     , m_appDelegate(*this, platform, alerts) {
-    m_model.setLive(false);
-    m_window.mainTable().setTimeModel(m_model);
+    m_appTreeController.setLive(false);
+    m_categoryTreeController.setLive(false);
+    showTree(m_appTreeController);
     connectActions();
     connectOutline();
     showToggle(QStringLiteral("ToolbarStart"), localized("Start"));
     m_database.loadMainStore();
+    m_projectController.emplace(m_projects, m_projectNodes, platform.notifications, m_window.projectOutline(),
+                                alerts, m_undoStack, projectServices());
+    connectProjectActions();
     m_timer.registerForSystemSleep(platform.power);
     m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
                                                        [this](const Notification&) { refreshTimeSum(); });
@@ -39,13 +56,27 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
 }
 
 TKController::~TKController() {
+    // A clipboard that still holds rows could no longer say how they read: it is made whole before they go.
+    keepClipboard();
     // What closes the window must not find a controller that is half gone.
     m_window.disconnect();
     m_window.mainTable().disconnect();
+    m_window.mainTable().setModel(nullptr);
+}
+
+TKProjectController::MainController TKController::projectServices() {
+    return {
+        .showWithCategory = [this](const auto& category,
+                                   const auto& record) { showWithCategory(category, record); },
+        .branchUUIDs = [this](const auto& timers) { branchUUIDs(timers); },
+        .blockExpansionSaveWhileSearching = [this] { return blockExpansionSaveWhileSearching(); },
+        .setSelectedTag = [this](int tag) { m_window.tkLabelProjectViewController().setSelectedTag(tag); },
+        .writeProject =
+            [this](int row) { return std::make_unique<TimeMimeData>(pasteboardProvider(), row); }};
 }
 
 void TKController::connectActions() {
-    const MainWindow::Actions& actions = m_window.actions();
+    const MainActions& actions = m_window.actions();
     const auto connect = [this](QAction* action, auto react) {
         QObject::connect(action, &QAction::triggered, &m_window, react);
     };
@@ -58,41 +89,99 @@ void TKController::connectActions() {
     connect(actions.quit, [this] { m_appDelegate.terminate(); });
     connect(actions.undo, [this] { m_undoStack.undo(); });
     connect(actions.redo, [this] { m_undoStack.redo(); });
-    connect(actions.rename, [this] { renameSelected(); });
-    connect(actions.deleteRows, [this] { tableViewDidReceiveDeleteKey(false); });
+    connect(actions.copy, [this] { focusedOutline().copy(); });
+    connect(actions.copySummaryTime, [this] { copySummaryTime(); });
+    connect(actions.rename, [this] { focusedOutline().editName(); });
+    connect(actions.deleteRows, [this] { focusedOutline().deleteRows(); });
+    connect(actions.forceDelete, [this] { focusedOutline().forceDelete(); });
     connect(actions.selectAll, [this] { m_window.mainTable().selectAll(); });
     connect(actions.deselectAll, [this] { deselectAll(); });
+    connect(actions.find, [this] { find(); });
+    connect(actions.expandAll, [this] { m_window.mainTable().expandAllRows(); });
+    connect(actions.collapseAll, [this] { m_window.mainTable().collapseAllRows(); });
     connect(actions.toggleCounting, [this] { m_timer.toggleCounting(); });
+    connect(actions.branch, [this] { branchSelected(); });
     connect(actions.clearTimers, [this] { clearTimers(); });
     connect(actions.about, [this] { m_appDelegate.showAboutBox(); });
     QObject::connect(&m_undoStack, &QUndoStack::canUndoChanged, actions.undo, &QAction::setEnabled);
     QObject::connect(&m_undoStack, &QUndoStack::canRedoChanged, actions.redo, &QAction::setEnabled);
-    for (QAction* action :
-         {actions.undo, actions.redo, actions.rename, actions.deleteRows, actions.deselectAll})
-        action->setEnabled(false);
+    actions.undo->setEnabled(false);
+    actions.redo->setEnabled(false);
+    QObject::connect(&m_window.searchAppField(), &QLineEdit::textChanged, &m_window,
+                     [this](const QString& text) { searchText(text); });
+    QObject::connect(&m_window.sumBar().cutoff(), &CutoffSlider::secondsChanged, &m_window,
+                     [this](float seconds) { setCutoffValue(seconds); });
+    setCutoffValue(0);
+}
+
+void TKController::connectProjectActions() {
+    const MainActions& actions = m_window.actions();
+    const auto connect = [this](QAction* action, auto react) {
+        QObject::connect(action, &QAction::triggered, &m_window,
+                         [this, react] { std::invoke(react, *m_projectController); });
+    };
+    connect(actions.addProject, &TKProjectController::addProject);
+    connect(actions.renameProject, &TKProjectController::renameProject);
+    connect(actions.moveProjectUp, [](auto& controller) { controller.moveProject(-1); });
+    connect(actions.moveProjectDown, [](auto& controller) { controller.moveProject(1); });
+    connect(actions.branchProject, &TKProjectController::branchProject);
+    connect(actions.removeProject, &TKProjectController::tableViewDidRecieveDeleteKey);
+    TKOutlineDisplayView& outline = m_window.projectOutline();
+    outline.setDeleteHandler([this](bool) { m_projectController->tableViewDidRecieveDeleteKey(); });
+    m_window.tkLabelProjectViewController().setProjectController(
+        [this](int tag) { m_projectController->setSelectedColorTag(tag); });
+    outline.setRedirectToOutlineView(&m_window.mainTable());
+    QObject::connect(&outline, &TKOutlineDisplayView::selectionDidChange, &m_window, [this] {
+        updateActions();
+        refreshTimeSum();
+    });
+    updateActions();
+}
+
+void TKController::updateActions() {
+    const MainActions& actions = m_window.actions();
+    const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
+    for (QAction* action : {actions.copy, actions.rename, actions.deleteRows, actions.forceDelete,
+                            actions.deselectAll, actions.branch})
+        action->setEnabled(hasSelection);
+    if (!m_projectController)
+        return;
+    const bool hasProject = !m_projectController->isMainItemSelected();
+    for (QAction* action : {actions.renameProject, actions.branchProject, actions.removeProject})
+        action->setEnabled(hasProject);
+    actions.moveProjectUp->setEnabled(m_projectController->canMoveProject(-1));
+    actions.moveProjectDown->setEnabled(m_projectController->canMoveProject(1));
 }
 
 void TKController::connectOutline() {
     TKOutlineDisplayView& table = m_window.mainTable();
     QObject::connect(&table, &TKOutlineDisplayView::selectionDidChange, &m_window,
                      [this] { selectionChanged(); });
-    table.setInvitation(localized("Press Start and work on; the programs you use will appear here."));
+    QObject::connect(&table, &TKOutlineDisplayView::itemDidExpand, &m_window, [this](const auto& item) {
+        if (item->uuid() && m_projectController)
+            m_projectController->expandUUID(*item->uuid());
+    });
+    QObject::connect(&table, &TKOutlineDisplayView::itemDidCollapse, &m_window, [this](const auto& item) {
+        if (item->uuid() && m_projectController)
+            m_projectController->collapseUUID(*item->uuid());
+    });
     table.setHighlightOnMouseOver(true);
     table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
-    table.setBranchNode([this](const auto& item) { m_engine.tracker().branchNode(item->node()); });
-    table.setDataCell(
-        [this, programCell = ProgramCell({.isProjectShown = [] { return false; },
-                                          .tags = [](const Identity&) { return ColorTags(); },
-                                          .applications = [] { return TimeStoreItem::Children(); }})](
-            const QModelIndex& row) {
-            return programCell.cell(*m_model.item(row), !row.parent().isValid());
-        });
-    // A selected application that gets another window counts that window through itself from now on.
-    QObject::connect(&m_model, &QAbstractItemModel::rowsInserted, &m_window, [this] { forgetSummedRows(); });
-    QObject::connect(&m_model, &QAbstractItemModel::rowsRemoved, &m_window, [this] { forgetSummedRows(); });
+    table.setBranchNode([this](const auto& item) { branchNode(item->node()); });
+    table.setWriteItems([this](const QModelIndexList& rows) { return writeItems(rows); });
+    table.setDataCell([this](const QModelIndex& row) {
+        return m_programCell.cell(*m_shown->item(row), !row.parent().isValid());
+    });
+    for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController}) {
+        // A selected application that gets another window counts that window through itself from now on.
+        QObject::connect(tree, &QAbstractItemModel::rowsInserted, &m_window, [this] { forgetSummedRows(); });
+        QObject::connect(tree, &QAbstractItemModel::rowsRemoved, &m_window, [this] { forgetSummedRows(); });
+        QObject::connect(tree, &QAbstractItemModel::modelReset, &m_window, [this] { forgetSummedRows(); });
+    }
     QObject::connect(&m_window, &MainWindow::seenChanged, &m_window, [this](bool isSeen) {
-        m_model.setLive(isSeen);
+        m_shown->setLive(isSeen);
         refreshTimeSum();
+        restoreExpansion();
     });
 }
 
@@ -126,49 +215,9 @@ void TKController::showLastReset() {
     m_window.actions().clearTimers->setToolTip(m_engine.tracker().lastResetDateDisplayString());
 }
 
-const TimeStoreItem::Children& TKController::summedRows() const {
-    if (!m_summedRows)
-        m_summedRows = withoutDoubleCounting(m_window.mainTable().selectedItems());
-    return *m_summedRows;
-}
-
-TKController::Sum TKController::sum(int kind) const {
-    constexpr int kAllObjects = 1;
-    if (kind == kAllObjects || summedRows().empty())
-        return {m_engine.tracker().totalTime(), SumMode::Total};
-    return {summedTime(summedRows(), {}), SumMode::Selected};
-}
-
-QString TKController::totalTimeStringForAllObjects(int kind, SumMode* outMode) const {
-    constexpr int kInWords = 2;
-    const Sum result = sum(kind);
-    if (!outMode)
-        return sumTitle(result.mode, TimeTracker::timeStringForDouble(result.seconds));
-    *outMode = result.mode;
-    return kind == kInWords ? m_engine.tracker().humanTimeStringForDouble(result.seconds)
-                            : TimeTracker::timeStringForDouble(result.seconds);
-}
-
-void TKController::refreshTimeSum() {
-    if (!m_window.isSeen())
-        return;
-    const Sum shown = sum(0);
-    // Ten times a second this ends here.
-    const double second = std::floor(shown.seconds);
-    if (shown.mode == m_lastSumMode && second == m_lastSumSecond)
-        return;
-    m_lastSumSecond = second;
-    m_window.showSum(TimeTracker::timeStringForDouble(shown.seconds));
-    if (std::exchange(m_lastSumMode, shown.mode) != shown.mode)
-        m_window.showSumMode(sumImage(shown.mode), sumCaption(shown.mode));
-}
-
 void TKController::selectionChanged() {
     forgetSummedRows();
-    const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
-    const MainWindow::Actions& actions = m_window.actions();
-    for (QAction* action : {actions.rename, actions.deleteRows, actions.deselectAll})
-        action->setEnabled(hasSelection);
+    updateActions();
     refreshTimeSum();
 }
 

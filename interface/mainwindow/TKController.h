@@ -7,12 +7,17 @@
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/TKDocumentController.h"
 #include "interface/mainwindow/TimeSum.h"
+#include "interface/outline/ProgramCell.h"
 #include "interface/outline/TimeTreeModel.h"
+#include "interface/pasteboard/TimeMimeData.h"
 #include "interface/shell/TKApplicationDelegate.h"
+#include "interface/sidebar/TKProjectController.h"
 
+#include <QItemSelectionModel>
 #include <QUndoStack>
 
 class Alerts;
+class TKOutlineDisplayView;
 
 // The program's one document and the controller of its main window, put together from the tracker, the timer
 // control, the database and the window. It connects what the user asks for with what does it, and shows the
@@ -40,12 +45,36 @@ public:
     // bare time, without it a caption of two lines.
     QString totalTimeStringForAllObjects(int kind, SumMode* outMode) const;
 
+    // Shows a project with `record`'s rows expanded, or all timers without a `category`. Entries of the expanded rows that
+    // no row has are dropped from the record.
+    void showWithCategory(const std::shared_ptr<TimeStoreCategory>& category,
+                          const ProjectList::Project& record);
+    // The search field says something else: narrows what is shown and opens it, or shows everything and opens what was
+    // open before the search.
+    void searchText(const QString& text);
+    // Narrows all timers and nothing else.
+    void setSearchString(const QString& text);
+    void find();
+    // Leaves out timers below so many seconds.
+    void setCutoffValue(float seconds);
+
+    // Whether all timers are shown rather than a project.
+    bool mainItemIsSelected() const { return m_shown == &m_appTreeController; }
+    bool blockExpansionSaveWhileSearching() const { return m_isSearchExpanding; }
+
     void deselectAll();
     void renameSelected();
-    // Deletes the selected rows; unless `forceDelete`, after a question.
+    // Deletes the selected rows: unless `forceDelete`, out of the project that is shown, or after a question.
     void tableViewDidReceiveDeleteKey(bool forceDelete);
     // Clears all timers, after a question.
     void clearTimers();
+    // Freezes a timer, unless it is frozen.
+    void branchNode(TimeStoreNode& node);
+    void branchUUIDs(const std::vector<Identity>& timers);
+    // What a copy or a drag of rows carries.
+    std::unique_ptr<QMimeData> writeItems(const QModelIndexList& rows);
+    // The sum as it is shown, in words.
+    void copySummaryTime();
 
     void chooseDatabaseDirectory();
 
@@ -73,6 +102,10 @@ public:
 
     MainWindow& window() { return m_window; }
 
+    ProjectList& projects() { return m_projects; }
+
+    TKProjectController& projectController() { return *m_projectController; }
+
     void showToggle(const QString& image, const QString& label) override;
     void showRecordingBadge(bool isRecording) override;
 
@@ -82,36 +115,66 @@ public:
 
 private:
     void connectActions();
+    void connectProjectActions();
     void connectOutline();
+    TKProjectController::MainController projectServices();
+    void updateActions();
+    void branchSelected();
+    void showInvitation();
+    void showTree(TimeTreeModel& tree);
+    void restoreExpansion();
+    TimeMimeData::Provider pasteboardProvider();
+    void keepClipboard();
+    // The outline that commands for rows are meant for.
+    TKOutlineDisplayView& focusedOutline() const;
+    TimeStoreItem::Children topLevelItems() const;
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
     void selectionChanged();
     void showLastReset();
 
     void forgetSummedRows() { m_summedRows.reset(); }
 
-    const TimeStoreItem::Children& summedRows() const;
-
-    struct Sum {
-        Seconds seconds;
+    // What a sum is the sum of.
+    struct SummedRows {
+        // All that the tracker has.
+        bool isTotal;
         SumMode mode;
+        TimeStoreItem::Children rows;
     };
 
-    Sum sum(int kind) const;
+    SummedRows rowsToSum(int kind) const;
+    Seconds timeOf(const SummedRows& summed) const;
 
     Platform& m_platform;
     Alerts& m_alerts;
     Engine m_engine;
     QUndoStack m_undoStack;
-    TimeTreeModel m_model;
+    ProjectNodes m_projectNodes;
+    ProjectList m_projects;
+    TimeTreeModel m_appTreeController;
+    TimeTreeModel m_categoryTreeController;
+    // One of the two.
+    TimeTreeModel* m_shown = nullptr;
+    ProgramCell m_programCell;
+    // Each tree keeps its own selection.
+    QItemSelectionModel m_appSelection;
+    QItemSelectionModel m_categorySelection;
     MainWindow m_window;
     TimerControl m_timer;
     TimeDatabase m_database;
     TKDocumentController m_documents;
     TKApplicationDelegate m_appDelegate;
-    // The selected rows that count; absent until asked for.
-    mutable std::optional<TimeStoreItem::Children> m_summedRows;
+    // The project that is shown and searched; null while all timers are.
+    std::shared_ptr<TimeStoreCategory> m_searchedProject;
+    // Whose rows are to be expanded; null when they are.
+    ProjectList::Project m_recordToExpand;
+    bool m_isSearchExpanding = false;
+    // Of the sum that is shown; absent while that has to be found out anew.
+    std::optional<SummedRows> m_summedRows;
     SumMode m_lastSumMode = SumMode::None;
     double m_lastSumSecond = -1;
     Subscription m_defaultsChanges;
     Subscription m_resets;
+    // Made when the timers have been read: the rows it opens must be there.
+    std::optional<TKProjectController> m_projectController;
 };

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What the user does to the timers and to the place where they are kept.
+#include "interface/mainwindow/DeleteTimersCommand.h"
 #include "interface/mainwindow/RenameCommand.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
 #include "platform/foundation/LocalizedStrings.h"
+
+#include <QApplication>
+#include <QClipboard>
 
 void TKController::deselectAll() {
     m_window.mainTable().clearSelection();
@@ -25,6 +29,10 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
     for (const auto& item : m_window.mainTable().selectedItems())
         if (const auto uuid = item->uuid())
             identities.insert(*uuid);
+    if (!forceDelete && !mainItemIsSelected()) {
+        m_projectController->removeFromSelectedProject(identities);
+        return;
+    }
     if (!forceDelete) {
         const int answer =
             m_alerts.ask({.message = QStringLiteral("Delete selected times"),
@@ -36,7 +44,58 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
         if (answer == Alerts::Default)
             return;
     }
-    m_engine.tracker().removeUUIDs(identities);
+    if (!identities.empty())
+        m_undoStack.push(new DeleteTimersCommand(m_engine.tracker(), std::move(identities)));
+}
+
+void TKController::branchNode(TimeStoreNode& node) {
+    if (!node.branched())
+        m_engine.tracker().branchNode(node);
+}
+
+void TKController::branchUUIDs(const std::vector<Identity>& timers) {
+    m_engine.tracker().branchUUIDs(timers);
+}
+
+void TKController::branchSelected() {
+    for (const auto& item : m_window.mainTable().selectedItems())
+        branchNode(item->node());
+}
+
+TimeMimeData::Provider TKController::pasteboardProvider() {
+    return {
+        .timers =
+            [this](const std::vector<Identity>& timers) {
+                return m_engine.tracker().timeChildrenForChildUUIDs({timers.begin(), timers.end()}, true);
+            },
+        .uuidsForProjectIndex = [this](int row) { return m_projects.uuidsForProjectIndex(std::size_t(row)); },
+        .primaryUUIDs = [this] { return m_engine.tracker().primaryUUIDs(); }};
+}
+
+std::unique_ptr<QMimeData> TKController::writeItems(const QModelIndexList& rows) {
+    std::vector<Identity> timers;
+    for (const QModelIndex& row : rows)
+        if (const auto item = TKOutlineDisplayView::itemAt(row); item && item->uuid())
+            timers.push_back(*item->uuid());
+    return std::make_unique<TimeMimeData>(pasteboardProvider(), timers);
+}
+
+TKOutlineDisplayView& TKController::focusedOutline() const {
+    return m_window.projectOutline().hasFocus() ? m_window.projectOutline() : m_window.mainTable();
+}
+
+void TKController::keepClipboard() {
+    QClipboard& clipboard = *QApplication::clipboard();
+    if (!clipboard.ownsClipboard())
+        return;
+    if (const auto* rows = qobject_cast<const TimeMimeData*>(clipboard.mimeData()))
+        clipboard.setMimeData(rows->settled());
+}
+
+void TKController::copySummaryTime() {
+    constexpr int kInWords = 2;
+    SumMode mode = SumMode::None;
+    QApplication::clipboard()->setText(totalTimeStringForAllObjects(kInWords, &mode));
 }
 
 void TKController::clearTimers() {
@@ -52,6 +111,7 @@ void TKController::clearTimers() {
     m_engine.tracker().reset();
     m_timer.computeTime();
     saveSettingsToDisk();
+    m_projectController->refreshProject();
 }
 
 void TKController::chooseDatabaseDirectory() {

@@ -4,6 +4,8 @@
 #include "Classes/TimeStoreNode.h"
 #include "platform/foundation/LocalizedStrings.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 TimeStoreItem::Children withoutDoubleCounting(TimeStoreItem::Children rows) {
@@ -16,10 +18,24 @@ TimeStoreItem::Children withoutDoubleCounting(TimeStoreItem::Children rows) {
     return rows;
 }
 
-Seconds summedTime(const TimeStoreItem::Children& rows, const QString& searchString) {
+TimeStoreItem::Children countedRows(TimeStoreItem::Children rows, const QString& searchString) {
+    if (searchString.isEmpty())
+        return rows;
+    TimeStoreItem::Children counted;
+    const auto matches = [&](const auto& row) { return row->node().matches(searchString); };
+    for (auto& row : rows) {
+        if (matches(row))
+            counted.push_back(std::move(row));
+        else if (const auto children = row->children())
+            std::ranges::copy_if(*children, std::back_inserter(counted), matches);
+    }
+    return counted;
+}
+
+Seconds summedTime(const TimeStoreItem::Children& rows) {
     Seconds sum = 0;
     for (const auto& row : rows)
-        sum += searchString.isEmpty() ? row->activeTime() : row->activeTimeForSearchString(searchString);
+        sum += row->activeTime();
     return sum;
 }
 

@@ -8,8 +8,9 @@ enum class SumMode : std::uint32_t { None = 0, Total, Project, Selected, Found, 
 
 // The rows of `rows` that are not counted through another of them: the children of rows that are no leaf go.
 TimeStoreItem::Children withoutDoubleCounting(TimeStoreItem::Children rows);
-// The seconds of `rows`, or while something is searched those that match it.
-Seconds summedTime(const TimeStoreItem::Children& rows, const QString& searchString);
+// Those of `rows` that match a search, and of the others the children that do; all rows while nothing is searched.
+TimeStoreItem::Children countedRows(TimeStoreItem::Children rows, const QString& searchString);
+Seconds summedTime(const TimeStoreItem::Children& rows);
 
 // The picture beside a sum; empty where there is none.
 QString sumImage(SumMode mode);

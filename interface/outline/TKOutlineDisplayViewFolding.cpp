@@ -33,8 +33,13 @@ void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
 }
 
 void TKOutlineDisplayView::collapseAllRows() {
-    if (model())
-        collapseAll();
+    if (!model())
+        return;
+    // One by one, so that each is told.
+    scheduleDelayedItemsLayout();
+    for (int row = model()->rowCount() - 1; row >= 0; --row)
+        collapse(model()->index(row, 0));
+    executeDelayedItemsLayout();
 }
 
 void TKOutlineDisplayView::toggleAllRows() {

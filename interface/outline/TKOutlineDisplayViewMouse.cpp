@@ -169,7 +169,8 @@ void TKOutlineDisplayView::startDrag(Qt::DropActions supportedActions) {
     auto* drag = new QDrag(this);
     drag->setMimeData(written.release());
     drag->setPixmap(dragPixmap(rows));
-    drag->exec(supportedActions, Qt::CopyAction);
+    drag->exec(supportedActions,
+               defaultDropAction() == Qt::IgnoreAction ? Qt::CopyAction : defaultDropAction());
 }
 
 QPixmap TKOutlineDisplayView::dragPixmap(const QModelIndexList& rows) const {

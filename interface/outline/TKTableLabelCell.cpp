@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TKTableLabelCell.h"
 
+#include "interface/labels/ColorDot.h"
+#include "interface/labels/TKLabelColorList.h"
 #include "interface/shell/Images.h"
 
 #include <QFontMetricsF>
@@ -65,28 +67,6 @@ void drawImage(QPainter& painter, const QIcon& image, const QRectF& rect, const 
     const QPointF origin(std::round((rect.x() + transform.dx()) * scale) / scale - transform.dx(),
                          std::round((rect.y() + transform.dy()) * scale) / scale - transform.dy());
     painter.drawPixmap(origin, pixmap);
-}
-
-QColor colorForTag(int tag) {
-    static const QColor colors[] = {
-        Qt::transparent,
-        QColor::fromRgbF(1.0F, 0.25F, 0.25F),
-        QColor::fromRgbF(1.0F, 0.75F, 0.0F),
-        QColor::fromRgbF(0.95F, 0.95F, 0.0F),
-        QColor::fromRgbF(0.15F, 0.9F, 0.15F),
-        QColor::fromRgbF(0.35F, 0.35F, 1.0F),
-        QColor::fromRgbF(0.85F, 0.5F, 0.85F),
-    };
-    return tag >= 0 && tag < int(std::size(colors)) ? colors[tag] : QColor(Qt::transparent);
-}
-
-void drawColorDot(QPainter& painter, const QRectF& rect, const QColor& color) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(color);
-    painter.drawEllipse(rect);
-    painter.restore();
 }
 
 // How many characters at the end of `elided` belong to the dimmed end of `whole`.
@@ -186,5 +166,6 @@ void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, boo
     drawText(painter, places.text, text);
     drawImage(painter, isFrozen ? freezeImage() : freezeActionImage(), places.mark, tint);
     for (std::size_t i = 0; i < places.dots.size(); ++i)
-        drawColorDot(painter, places.dots[i], colorForTag((*selectedTags)[qsizetype(i)]));
+        drawColorDot(painter, places.dots[i],
+                     TKLabelColorList::sharedColorList().colorForTag((*selectedTags)[qsizetype(i)]), 1);
 }

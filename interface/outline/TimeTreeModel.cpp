@@ -7,7 +7,9 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename)
     : m_runLoop(runLoop)
@@ -31,22 +33,34 @@ TimeTreeModel::Source TimeTreeModel::sourceOf(std::shared_ptr<TimeStoreNode> nod
 }
 
 void TimeTreeModel::setSource(std::optional<Source> source) {
-    const bool isSame = m_source && source && &m_source->observed == &source->observed;
     m_sourceChanges = {};
     // Not by assignment: what is observed is a reference.
     m_source.reset();
     if (source)
         m_source.emplace(std::move(*source));
-    // Picking out what two lists have in common would cost more than showing the other one.
-    if (!isSame && !m_root->children.empty())
-        removeRange(*m_root, 0, int(m_root->children.size()) - 1);
     m_root->isDirty = true;
-    synchronize();
     if (m_source)
         m_sourceChanges = m_source->observed.observe(m_source->key, [this](const ObservedChange&) {
             m_root->isDirty = true;
             scheduleSynchronize();
         });
+    if (!m_isLive) {
+        m_isSynchronizeDue = true;
+        return;
+    }
+    // Picking out the little that two lists have in common would cost more than showing the other one.
+    if (!m_root->children.empty() && !isMostlyShown(wantedItems()))
+        removeRange(*m_root, 0, int(m_root->children.size()) - 1);
+    synchronize();
+}
+
+bool TimeTreeModel::isMostlyShown(const TimeStoreItem::Children& items) const {
+    std::unordered_set<const TimeStoreNode*> shown;
+    for (const auto& row : m_root->children)
+        shown.insert(&row->item->node());
+    const auto kept = std::size_t(
+        std::ranges::count_if(items, [&](const auto& item) { return shown.contains(&item->node()); }));
+    return 2 * kept >= std::max(items.size(), shown.size());
 }
 
 TimeStoreItem::Children TimeTreeModel::wantedItems() const {

@@ -38,7 +38,8 @@ public:
     static Source sourceOf(TimeTracker& tracker);
     // The children of a node, such as a project. Keeps the node.
     static Source sourceOf(std::shared_ptr<TimeStoreNode> node);
-    // Shows the rows of another source, at once. Those of the same observed object keep their places.
+    // Shows the rows of another source: at once, or when somebody looks. Rows that are in both stay what they are,
+    // unless most are others.
     void setSource(std::optional<Source> source);
 
     // While nobody sees the rows nothing is told and nothing is formatted; what was missed is made up for
@@ -90,6 +91,7 @@ private:
     void refreshTimes(Row& parent);
 
     TimeStoreItem::Children wantedItems() const;
+    bool isMostlyShown(const TimeStoreItem::Children& items) const;
     QString accessibleText(const TimeStoreItem& item) const;
 
     std::optional<Source> m_source;

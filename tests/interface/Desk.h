@@ -93,7 +93,7 @@ struct Desk {
         settle();
     }
 
-    const MainWindow::Actions& actions() { return controller.window().actions(); }
+    const MainActions& actions() { return controller.window().actions(); }
 
     QString sumShown() {
         return controller.window().findChild<QLineEdit*>(QStringLiteral("timeSum"))->text();

@@ -283,6 +283,7 @@ TEST_F(OutlineHandlingTest, copy_writesTheSelectedRowsFromTopToBottom) {
     table().expand(row("Mail"));
     select({row("Notes"), row("Sent", row("Mail")), row("Mail")});
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    table().setWriteItems({});
     table().copy();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before")) << "nobody writes";
     table().setWriteItems([](const QModelIndexList& rows) {

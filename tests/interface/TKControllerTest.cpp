@@ -279,8 +279,8 @@ TEST_F(TKControllerTest, theSmallestWindow_showsEverything) {
     controller.window().resize(480, 360);
     settle();
     EXPECT_EQ(controller.window().size(), QSize(480, 360));
-    for (const char* outlet :
-         {"mainTable", "timeSum", "timeSumCaption", "toggleCounting", "clearTimersItem"}) {
+    for (const char* outlet : {"mainTable", "projectOutline", "searchAppField", "cutOffSlider",
+                               "cutOffValueDisplay", "timeSum", "toggleCounting", "clearTimersItem"}) {
         const auto* widget = controller.window().findChild<QWidget*>(QLatin1String(outlet));
         ASSERT_NE(widget, nullptr) << outlet;
         EXPECT_TRUE(widget->isVisible()) << outlet;

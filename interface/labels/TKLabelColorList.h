@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+
+#include <array>
+
+// The colours of project labels. Tag 0 is no label, 1 to 6 are the colours.
+class TKLabelColorList {
+public:
+    static constexpr int kColors = 7;
+
+    // The one list there is; it lives as long as the process.
+    static const TKLabelColorList& sharedColorList();
+
+    // Clear, with every component 0, for tag 0 and for every tag beyond the colours.
+    QColor colorForTag(int tag) const;
+
+private:
+    TKLabelColorList();
+
+    std::array<QColor, kColors> m_colorList;
+};

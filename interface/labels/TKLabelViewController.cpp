@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "interface/labels/TKLabelViewController.h"
+
+#include "interface/labels/TKLabelButton.h"
+#include "interface/shell/Named.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QWidgetAction>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kIndent = 28;
+constexpr int kAir = 4;
+constexpr int kGap = 3;
+
+struct Label {
+    const char* name;
+    const char* meaning;
+};
+
+constexpr std::array<Label, 7> kLabels = {{{"colorNone", "No Label"},
+                                           {"color1", "Red"},
+                                           {"color2", "Orange"},
+                                           {"color3", "Yellow"},
+                                           {"color4", "Green"},
+                                           {"color5", "Blue"},
+                                           {"color6", "Purple"}}};
+
+} // namespace
+
+TKLabelViewController::TKLabelViewController(QMenu& menu)
+    : m_menu(menu)
+    , m_mainLabel(named(new QLabel(localized("Label:")), QStringLiteral("mainLabel"))) {
+    named(this, QStringLiteral("tkLabelMenuItem"));
+    setFocusPolicy(Qt::StrongFocus);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(kIndent, kAir, kIndent, kAir);
+    rows->setSpacing(kAir);
+    rows->addWidget(m_mainLabel);
+    auto* cells = new QHBoxLayout;
+    cells->setSpacing(kGap);
+    rows->addLayout(cells);
+    for (std::size_t tag = 0; tag < m_labels.size(); ++tag) {
+        auto* button = named(new TKLabelButton(*this), QLatin1String(kLabels[tag].name));
+        button->setColorTag(int(tag));
+        button->setToolTip(localized(kLabels[tag].meaning));
+        button->setAccessibleDescription(button->toolTip());
+        cells->addWidget(button);
+        m_labels[tag] = button;
+    }
+    cells->addStretch(1);
+    auto* action = new QWidgetAction(&menu);
+    action->setDefaultWidget(this);
+    menu.addAction(action);
+}
+
+void TKLabelViewController::setProjectController(std::function<void(int)> setSelectedColorTag) {
+    m_setSelectedColorTag = std::move(setSelectedColorTag);
+}
+
+void TKLabelViewController::setColoring(TKLabelButton& button) {
+    for (TKLabelButton* label : m_labels) {
+        label->setSelectedColor(label == &button);
+        label->repaint();
+    }
+    m_menu.close();
+    if (m_setSelectedColorTag)
+        m_setSelectedColorTag(button.colorTag());
+}
+
+void TKLabelViewController::setSelectedTag(int tag) {
+    const bool isEnabled = tag != kNoProject;
+    for (TKLabelButton* label : m_labels) {
+        label->setEnabled(isEnabled);
+        label->setSelectedColor(label->colorTag() == tag);
+    }
+    // Strong while nothing can be chosen and pale beside the colours; in roles, so that it can be read in a dark menu too.
+    m_mainLabel->setForegroundRole(isEnabled ? QPalette::PlaceholderText : QPalette::WindowText);
+}
+
+void TKLabelViewController::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    const auto selected =
+        std::ranges::find_if(m_labels, [](const auto* label) { return label->selectedColor(); });
+    (selected == m_labels.end() ? m_labels.front() : *selected)->setFocus(Qt::TabFocusReason);
+}

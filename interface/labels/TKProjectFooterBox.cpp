@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "interface/labels/TKProjectFooterBox.h"
+
+#include <QEvent>
+
+TKProjectFooterBox::TKProjectFooterBox(QWidget& ovView)
+    : m_ovView(ovView) {
+    setAutoFillBackground(true);
+    m_ovView.installEventFilter(this);
+    windowRefreshColor();
+}
+
+QColor TKProjectFooterBox::fillColor() const {
+    return palette().color(QPalette::Window);
+}
+
+bool TKProjectFooterBox::eventFilter(QObject* object, QEvent* event) {
+    if (object == &m_ovView && event->type() == QEvent::PaletteChange)
+        windowRefreshColor();
+    return QFrame::eventFilter(object, event);
+}
+
+void TKProjectFooterBox::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    // Outlines of a window in the background may look different.
+    if (event->type() == QEvent::ActivationChange)
+        windowRefreshColor();
+}
+
+void TKProjectFooterBox::windowRefreshColor() {
+    const QColor background = m_ovView.palette().color(
+        m_ovView.isActiveWindow() ? QPalette::Active : QPalette::Inactive, QPalette::Base);
+    if (background == fillColor())
+        return;
+    QPalette own = palette();
+    own.setColor(QPalette::Window, background);
+    setPalette(own);
+}

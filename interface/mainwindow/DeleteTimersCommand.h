@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/TimeTracker.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QUndoCommand>
+
+// Deletes timers. Undone, they come back with the time they had.
+class DeleteTimersCommand : public QUndoCommand {
+public:
+    // The tracker outlives the command.
+    DeleteTimersCommand(TimeTracker& tracker, std::unordered_set<Identity> timers)
+        : QUndoCommand(localized("Delete"))
+        , m_tracker(tracker)
+        , m_timers(std::move(timers)) {}
+
+    void redo() override {
+        m_records = m_tracker.recordsOf(m_timers);
+        m_tracker.removeUUIDs(m_timers);
+    }
+
+    void undo() override { m_tracker.putBack(m_records); }
+
+private:
+    TimeTracker& m_tracker;
+    std::unordered_set<Identity> m_timers;
+    PropertyListArray m_records;
+};

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/MainActions.h"
+
+#include "interface/shell/Images.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QMenuBar>
+
+namespace {
+
+// Tests and assistive programs find every command by its own name.
+QAction* make(QObject* window, const char* name, const QString& text, const QKeySequence& shortcut = {}) {
+    auto* action = new QAction(text, window);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(shortcut);
+    return action;
+}
+
+QMenu* addMenu(QMenuBar& menuBar, const char* name, const QString& title, const QList<QAction*>& items) {
+    QMenu* menu = menuBar.addMenu(title);
+    menu->setObjectName(QLatin1String(name));
+    menu->setAccessibleName(QLatin1String(name));
+    for (QAction* item : items)
+        item ? menu->addAction(item) : void(menu->addSeparator());
+    return menu;
+}
+
+} // namespace
+
+MainActions::MainActions(QObject* window)
+    : importDatabase(make(window, "importDatabase", localized("&Import Database…"), QKeySequence::Open))
+    , saveCopy(make(window, "saveCopy", localized("&Save a Copy As…"), Qt::CTRL | Qt::SHIFT | Qt::Key_S))
+    , chooseDatabaseLocation(make(window, "chooseDatabaseDirectory", localized("&Choose Database Location…")))
+    , restoreDefaultDatabaseLocation(
+          make(window, "restoreDefaultDatabaseLocation", localized("&Restore Default Database Location")))
+    , revealDatabase(make(window, "revealDatabase", localized("Show &Database in File Manager")))
+    , closeWindow(make(window, "closeWindow", localized("C&lose Window"), QKeySequence::Close))
+    , quit(make(window, "quit", localized("&Quit"), Qt::CTRL | Qt::Key_Q))
+    , undo(make(window, "undo", localized("&Undo"), QKeySequence::Undo))
+    , redo(make(window, "redo", localized("&Redo"), QKeySequence::Redo))
+    , copy(make(window, "copy", localized("&Copy"), QKeySequence::Copy))
+    , copySummaryTime(
+          make(window, "copySummaryTime", localized("Copy &Summary Time"), Qt::CTRL | Qt::SHIFT | Qt::Key_C))
+    , rename(make(window, "rename", localized("Re&name"), Qt::Key_F2))
+    , deleteRows(make(window, "delete", localized("&Delete"), QKeySequence::Delete))
+    , forceDelete(
+          make(window, "forceDelete", localized("Delete Without &Asking"), Qt::SHIFT | Qt::Key_Delete))
+    , selectAll(make(window, "selectAll", localized("Select &All"), QKeySequence::SelectAll))
+    , deselectAll(make(window, "deselectAll", localized("D&eselect All"), Qt::CTRL | Qt::SHIFT | Qt::Key_A))
+    , find(make(window, "find", localized("&Find"), QKeySequence::Find))
+    , expandAll(make(window, "expandAll", localized("&Expand All"), Qt::CTRL | Qt::Key_Plus))
+    , collapseAll(make(window, "collapseAll", localized("&Collapse All"), Qt::CTRL | Qt::Key_Minus))
+    , showSidebar(make(window, "showSidebar", localized("&Projects"), Qt::Key_F9))
+    , addProject(make(window, "addProject", localized("&New Project"), QKeySequence::New))
+    , renameProject(make(window, "renameProject", localized("Re&name Project")))
+    , moveProjectUp(make(window, "moveProjectUp", localized("Move &Up"), Qt::ALT | Qt::Key_Up))
+    , moveProjectDown(make(window, "moveProjectDown", localized("Move &Down"), Qt::ALT | Qt::Key_Down))
+    , branchProject(make(window, "branchProject", localized("&Freeze All Timers of the Project")))
+    , removeProject(make(window, "removeProject", localized("D&elete Project…")))
+    , toggleCounting(make(window, "toggleCounting", localized("Start"), Qt::CTRL | Qt::Key_T))
+    , branch(make(window, "branch", localized("&Freeze"), Qt::CTRL | Qt::Key_B))
+    , clearTimers(make(window, "clearTimersItem", localized("Clear Timers")))
+    , about(make(window, "about", localized("&About Ticklog"))) {
+    clearTimers->setIcon(Images::named(QStringLiteral("ToolbarClear")));
+    showSidebar->setCheckable(true);
+    showSidebar->setChecked(true);
+    quit->setMenuRole(QAction::QuitRole);
+    about->setMenuRole(QAction::AboutRole);
+}
+
+QMenu* MainActions::fill(QMenuBar& menuBar) const {
+    addMenu(menuBar, "fileMenu", localized("&File"),
+            {importDatabase, saveCopy, nullptr, chooseDatabaseLocation, restoreDefaultDatabaseLocation,
+             revealDatabase, nullptr, closeWindow, quit});
+    addMenu(menuBar, "editMenu", localized("&Edit"),
+            {undo, redo, nullptr, copy, copySummaryTime, nullptr, rename, deleteRows, forceDelete, nullptr,
+             selectAll, deselectAll, nullptr, find});
+    addMenu(menuBar, "viewMenu", localized("&View"), {showSidebar, nullptr, expandAll, collapseAll});
+    QMenu* projectMenu = addMenu(menuBar, "projectMenu", localized("&Project"),
+                                 {addProject, renameProject, nullptr, moveProjectUp, moveProjectDown, nullptr,
+                                  branchProject, nullptr, removeProject, nullptr});
+    addMenu(menuBar, "timerMenu", localized("&Timer"),
+            {toggleCounting, nullptr, branch, nullptr, clearTimers});
+    addMenu(menuBar, "helpMenu", localized("&Help"), {about});
+    return projectMenu;
+}

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/SumBar.h"
+
+#include "interface/mainwindow/CutoffSlider.h"
+#include "interface/shell/Images.h"
+#include "interface/shell/Named.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace {
+
+constexpr int kIconSize = 16;
+constexpr int kMargin = 16;
+constexpr int kAir = 9;
+constexpr int kGap = 24;
+// "10000:00:00"
+constexpr int kSumDigits = 11;
+// "00:00:00" and the air around it.
+constexpr int kCutoffDigits = 9;
+constexpr int kSmallestSlider = 60;
+constexpr int kLargestSlider = 180;
+// Narrower than this, there is no room for the words beside the figures.
+constexpr int kRoomForWords = 430;
+
+int digitsWide(const QFont& font, int digits) {
+    return QFontMetrics(font).horizontalAdvance(u'0') * digits;
+}
+
+} // namespace
+
+SumBar::SumBar(QWidget* parent)
+    : QWidget(parent)
+    , m_cutoff(named(new CutoffSlider, QStringLiteral("cutOffSlider")))
+    , m_cutoffCaption(named(new QLabel(localized("At least")), QStringLiteral("cutOffCaption")))
+    , m_cutOffValueDisplay(named(new QLabel, QStringLiteral("cutOffValueDisplay")))
+    , m_timeSumIcon(named(new QLabel, QStringLiteral("timeSumIcon")))
+    , m_timeSumCaption(named(new QLabel, QStringLiteral("timeSumCaption")))
+    // A field that cannot be edited: unlike a label it can be read out and copied from.
+    , m_timeSum(named(new QLineEdit, QStringLiteral("timeSum"))) {
+    m_cutoff->setMinimumWidth(kSmallestSlider);
+    m_cutoff->setMaximumWidth(kLargestSlider);
+    m_cutoff->setToolTip(localized("Leaves out timers that have less time than this"));
+    m_cutoff->setAccessibleDescription(m_cutoff->toolTip());
+    m_cutoffCaption->setForegroundRole(QPalette::PlaceholderText);
+    m_cutOffValueDisplay->setMinimumWidth(digitsWide(font(), kCutoffDigits));
+    m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);
+    m_timeSum->setReadOnly(true);
+    m_timeSum->setFrame(false);
+    m_timeSum->setAlignment(Qt::AlignRight);
+    QFont strong = m_timeSum->font();
+    strong.setBold(true);
+    m_timeSum->setFont(strong);
+    QPalette clear = m_timeSum->palette();
+    clear.setBrush(QPalette::Base, Qt::transparent);
+    m_timeSum->setPalette(clear);
+    m_timeSum->setFixedWidth(digitsWide(strong, kSumDigits));
+    auto* cells = new QHBoxLayout(this);
+    // The field has a little air of its own.
+    cells->setContentsMargins(kMargin, kAir, kMargin - 4, kAir);
+    cells->addWidget(m_cutoffCaption);
+    cells->addWidget(m_cutoff, 1);
+    cells->addWidget(m_cutOffValueDisplay);
+    cells->addSpacing(kGap);
+    cells->addStretch(1);
+    cells->addWidget(m_timeSumIcon);
+    cells->addWidget(m_timeSumCaption);
+    cells->addWidget(m_timeSum);
+}
+
+void SumBar::showCutoff(const QString& time) {
+    m_cutOffValueDisplay->setText(time);
+}
+
+void SumBar::showSum(const QString& time) {
+    m_timeSum->setText(time);
+}
+
+void SumBar::showSumMode(const QString& image, const QString& caption) {
+    const QIcon icon = Images::named(image);
+    m_timeSumIcon->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    m_timeSumIcon->setToolTip(caption);
+    m_timeSumIcon->setVisible(!icon.isNull());
+    m_timeSumCaption->setText(caption);
+    m_timeSum->setAccessibleDescription(caption);
+}
+
+void SumBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const bool hasRoom = width() >= kRoomForWords;
+    m_cutoffCaption->setVisible(hasRoom);
+    m_timeSumCaption->setVisible(hasRoom);
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+class CutoffSlider;
+class QLabel;
+class QLineEdit;
+
+// The bar below the timers: on the left the cut-off, on the right the sum with what it is the sum of.
+class SumBar : public QWidget {
+    Q_OBJECT
+public:
+    explicit SumBar(QWidget* parent = nullptr);
+
+    CutoffSlider& cutoff() const { return *m_cutoff; }
+
+    void showCutoff(const QString& time);
+    void showSum(const QString& time);
+    // The picture's name and the word for the kind of sum.
+    void showSumMode(const QString& image, const QString& caption);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    CutoffSlider* m_cutoff;
+    QLabel* m_cutoffCaption;
+    QLabel* m_cutOffValueDisplay;
+    QLabel* m_timeSumIcon;
+    QLabel* m_timeSumCaption;
+    QLineEdit* m_timeSum;
+};

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// What the outline shows: all timers or one project, narrowed by the search and the cut-off; and the sum of it.
+#include "interface/mainwindow/SumBar.h"
+#include "interface/mainwindow/TKController.h"
+#include "interface/outline/TKOutlineDisplayView.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QLineEdit>
+
+#include <cmath>
+
+namespace {
+
+constexpr int kAllObjects = 1;
+constexpr int kInWords = 2;
+
+} // namespace
+
+void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& category,
+                                    const ProjectList::Project& record) {
+    const QString search = m_window.searchAppField().text();
+    m_searchedProject = category;
+    forgetSummedRows();
+    if (category) {
+        category->setSearchString(search);
+        const std::vector<Identity> members = record->flattenedMembers();
+        m_engine.tracker().updateTimeStoreCategory(*category, {members.begin(), members.end()});
+        m_categoryTreeController.setSource(TimeTreeModel::sourceOf(category));
+        showTree(m_categoryTreeController);
+    } else {
+        m_engine.tracker().setSearchString(search);
+        m_appTreeController.setSource(TimeTreeModel::sourceOf(m_engine.tracker()));
+        showTree(m_appTreeController);
+    }
+    refreshTimeSum();
+    m_recordToExpand = record;
+    restoreExpansion();
+    showInvitation();
+}
+
+void TKController::showTree(TimeTreeModel& tree) {
+    if (m_shown == &tree)
+        return;
+    if (m_shown)
+        m_shown->setLive(false);
+    m_shown = &tree;
+    tree.setLive(m_window.isSeen());
+    TKOutlineDisplayView& table = m_window.mainTable();
+    table.setTimeModel(tree);
+    // The view made one of its own, which would forget what was selected here before.
+    delete table.selectionModel();
+    table.setSelectionModel(&tree == &m_appTreeController ? &m_appSelection : &m_categorySelection);
+    selectionChanged();
+}
+
+void TKController::restoreExpansion() {
+    // Rows that nobody sees are not kept up: it waits until they are.
+    if (!m_window.isSeen() || !m_recordToExpand)
+        return;
+    const ProjectList::Project record = std::exchange(m_recordToExpand, nullptr);
+    TKOutlineDisplayView& table = m_window.mainTable();
+    if (m_isSearchExpanding) {
+        table.expandAllRows();
+        return;
+    }
+    const std::vector<Identity> expanded = record->expandedUUIDs().value_or(std::vector<Identity>());
+    std::unordered_map<Identity, std::size_t> positions;
+    for (std::size_t position = 0; position < expanded.size(); ++position)
+        positions.try_emplace(expanded[position], position);
+    std::vector<bool> isShown(expanded.size());
+    const auto isWanted = [&](const QModelIndex& index) {
+        const auto uuid = m_shown->item(index)->uuid();
+        const auto found = uuid ? positions.find(*uuid) : positions.end();
+        if (found == positions.end())
+            return false;
+        isShown[found->second] = true;
+        return true;
+    };
+    if (!expanded.empty())
+        table.expandRows(isWanted);
+    m_projects.keepExpanded(*record, isShown);
+}
+
+void TKController::searchText(const QString& text) {
+    if (m_searchedProject)
+        m_searchedProject->setSearchString(text);
+    else
+        m_engine.tracker().setSearchString(text);
+    m_projectController->refreshProject();
+    if (text.isEmpty()) {
+        // Still as a search's doing, so that what was open before it is not forgotten.
+        m_window.mainTable().collapseAllRows();
+    } else {
+        m_isSearchExpanding = true;
+        m_window.mainTable().expandAllRows();
+    }
+    m_isSearchExpanding = !text.isEmpty();
+    m_projectController->refreshProject();
+    refreshTimeSum();
+}
+
+void TKController::setSearchString(const QString& text) {
+    m_engine.tracker().setSearchString(text);
+    m_appTreeController.synchronize();
+}
+
+void TKController::find() {
+    m_window.searchAppField().setFocus(Qt::ShortcutFocusReason);
+    m_window.searchAppField().selectAll();
+}
+
+void TKController::setCutoffValue(float seconds) {
+    m_engine.tracker().setCutoffTime(seconds);
+    m_window.sumBar().showCutoff(TimeTracker::timeStringForDouble(double(seconds)));
+}
+
+void TKController::showInvitation() {
+    const QString text =
+        !m_window.searchAppField().text().isEmpty() ? localized("No timer matches the search.")
+        : m_searchedProject ? localized("This project is empty. Drag timers from “All Timers” onto it.")
+                            : localized("Press Start and work on; the programs you use will appear here.");
+    m_window.mainTable().setInvitation(text);
+}
+
+TimeStoreItem::Children TKController::topLevelItems() const {
+    return m_searchedProject ? m_searchedProject->children().value_or(TimeStoreItem::Children())
+                             : m_engine.tracker().timeSet();
+}
+
+TKController::SummedRows TKController::rowsToSum(int kind) const {
+    const QString search = m_window.searchAppField().text();
+    TimeStoreItem::Children rows =
+        kind == kAllObjects ? TimeStoreItem::Children() : m_window.mainTable().selectedItems();
+    if (rows.empty() && mainItemIsSelected() && search.isEmpty())
+        return {.isTotal = true, .mode = SumMode::Total, .rows = {}};
+    if (rows.empty())
+        rows = topLevelItems();
+    // The mode looks at the selection even where the sum does not.
+    const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
+    const SumMode mode = search.isEmpty() ? (hasSelection ? SumMode::Selected : SumMode::Project)
+                                          : (hasSelection ? SumMode::FoundInSelection : SumMode::Found);
+    return {
+        .isTotal = false, .mode = mode, .rows = countedRows(withoutDoubleCounting(std::move(rows)), search)};
+}
+
+Seconds TKController::timeOf(const SummedRows& summed) const {
+    return summed.isTotal ? m_engine.tracker().totalTime() : summedTime(summed.rows);
+}
+
+QString TKController::totalTimeStringForAllObjects(int kind, SumMode* outMode) const {
+    const SummedRows summed = rowsToSum(kind);
+    const Seconds time = timeOf(summed);
+    if (!outMode)
+        return sumTitle(summed.mode, TimeTracker::timeStringForDouble(time));
+    *outMode = summed.mode;
+    return kind == kInWords ? m_engine.tracker().humanTimeStringForDouble(time)
+                            : TimeTracker::timeStringForDouble(time);
+}
+
+void TKController::refreshTimeSum() {
+    if (!m_window.isSeen())
+        return;
+    // Which rows count is found out when that may have changed, not ten times a second.
+    if (!m_summedRows)
+        m_summedRows = rowsToSum(0);
+    const Seconds time = timeOf(*m_summedRows);
+    const double second = std::floor(time);
+    const SumMode mode = m_summedRows->mode;
+    if (mode == m_lastSumMode && second == m_lastSumSecond)
+        return;
+    m_lastSumSecond = second;
+    m_window.sumBar().showSum(TimeTracker::timeStringForDouble(time));
+    if (std::exchange(m_lastSumMode, mode) != mode)
+        m_window.sumBar().showSumMode(sumImage(mode), sumCaption(mode));
+}

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "interface/pasteboard/TimeMimeData.h"
+
+#include "Classes/PasteboardTypes.h"
+#include "Classes/ReadableForms.h"
+#include "interface/pasteboard/Rtf.h"
+
+#include <QTextDocument>
+
+namespace {
+
+const QString kHtml = QStringLiteral("text/html");
+const QString kRtf = QStringLiteral("text/rtf");
+// Word processors ask for it under this name.
+const QString kApplicationRtf = QStringLiteral("application/rtf");
+const QString kTabular = QStringLiteral("text/tab-separated-values");
+const QString kPlain = QStringLiteral("text/plain");
+
+} // namespace
+
+TimeMimeData::TimeMimeData(Provider provider, const std::vector<Identity>& timers)
+    : m_provider(std::move(provider))
+    , m_timers(timers) {
+    setData(kTimerPasteboardType, timerPasteboardData(timers));
+}
+
+TimeMimeData::TimeMimeData(Provider provider, int projectRow)
+    : m_provider(std::move(provider))
+    , m_projectRow(projectRow) {
+    setData(kProjectPasteboardType, projectPasteboardData(projectRow));
+}
+
+QStringList TimeMimeData::formats() const {
+    return {m_projectRow ? kProjectPasteboardType : kTimerPasteboardType,
+            kHtml,
+            kRtf,
+            kApplicationRtf,
+            kTabular,
+            kPlain};
+}
+
+bool TimeMimeData::hasFormat(const QString& type) const {
+    return formats().contains(type);
+}
+
+std::vector<Identity> TimeMimeData::identities() const {
+    if (!m_projectRow)
+        return m_timers;
+    auto members = m_provider.uuidsForProjectIndex(*m_projectRow);
+    // A project without timers reads as all of them.
+    return members && !members->empty() ? *std::move(members) : m_provider.primaryUUIDs();
+}
+
+QMimeData* TimeMimeData::settled() const {
+    auto* whole = new QMimeData;
+    for (const QString& type : formats())
+        whole->setData(type, data(type));
+    return whole;
+}
+
+QVariant TimeMimeData::retrieveData(const QString& type, QMetaType preferred) const {
+    if (!formats().contains(type))
+        return {};
+    if (type == kTimerPasteboardType || type == kProjectPasteboardType)
+        return QMimeData::retrieveData(type, preferred);
+    const TimeStoreItem::Children timers = m_provider.timers(identities());
+    if (type == kHtml)
+        return ReadableForms::html(timers);
+    if (type == kTabular)
+        return ReadableForms::tabular(timers);
+    if (type == kPlain)
+        return ReadableForms::plain(timers);
+    QTextDocument document;
+    document.setHtml(ReadableForms::html(timers));
+    return rtf(document);
+}

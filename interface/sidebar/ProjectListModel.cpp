@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "interface/sidebar/ProjectListModel.h"
+
+#include "Classes/PasteboardTypes.h"
+
+using Kind = ProjectListChange::Kind;
+
+ProjectListModel::ProjectListModel(ProjectList& projects, Handlers handlers)
+    : m_projects(projects)
+    , m_handlers(std::move(handlers))
+    , m_changes(projects.observeChanges([this](const ProjectListChange& change) { changed(change); })) {}
+
+ProjectListModel::~ProjectListModel() = default;
+
+void ProjectListModel::changed(const ProjectListChange& change) {
+    const bool isBefore = change.phase == ChangePhase::Will;
+    // The main item comes first.
+    const int row = change.position ? int(*change.position) + 1 : 0;
+    switch (change.kind) {
+    case Kind::Insert:
+        isBefore ? beginInsertRows({}, row, row) : endInsertRows();
+        break;
+    case Kind::Remove:
+        isBefore ? beginRemoveRows({}, row, row) : endRemoveRows();
+        break;
+    case Kind::Replace:
+        isBefore ? beginResetModel() : endResetModel();
+        break;
+    case Kind::Label:
+    case Kind::ColorTag:
+        Q_EMIT dataChanged(index(row, 0), index(row, 0));
+        break;
+    case Kind::Members:
+        break;
+    }
+}
+
+ProjectList::Project ProjectListModel::project(const QModelIndex& index) const {
+    return m_projects.projectForRow(index.row());
+}
+
+QModelIndex ProjectListModel::indexOf(const ProjectRecord& project) const {
+    if (&project == m_projects.mainItem().get())
+        return index(0, 0);
+    const auto position = m_projects.positionOf(project);
+    return position ? index(int(*position) + 1, 0) : QModelIndex();
+}
+
+QModelIndex ProjectListModel::index(int row, int column, const QModelIndex& parent) const {
+    return hasIndex(row, column, parent) ? createIndex(row, column) : QModelIndex();
+}
+
+QModelIndex ProjectListModel::parent(const QModelIndex&) const {
+    return {};
+}
+
+int ProjectListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : int(m_projects.count()) + 1;
+}
+
+int ProjectListModel::columnCount(const QModelIndex&) const {
+    return 1;
+}
+
+QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+    case Qt::ToolTipRole:
+    case Qt::AccessibleTextRole:
+        return project(index)->label();
+    default:
+        return {};
+    }
+}
+
+bool ProjectListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || index.row() < 1)
+        return false;
+    m_handlers.rename(project(index), value.toString());
+    return true;
+}
+
+Qt::ItemFlags ProjectListModel::flags(const QModelIndex& index) const {
+    constexpr Qt::ItemFlags kEveryRow = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    if (!index.isValid())
+        return Qt::ItemIsDropEnabled;
+    return index.row() == 0 ? kEveryRow | Qt::ItemIsDragEnabled
+                            : kEveryRow | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemIsEditable;
+}
+
+QStringList ProjectListModel::mimeTypes() const {
+    return {kTimerPasteboardType, kProjectPasteboardType};
+}
+
+bool ProjectListModel::canDropMimeData(const QMimeData* data, Qt::DropAction action, int, int,
+                                       const QModelIndex& parent) const {
+    if (action != Qt::CopyAction && action != Qt::MoveAction)
+        return false;
+    // The main item has all timers as it is.
+    if (parent.isValid() && parent.row() == 0)
+        return false;
+    return data->hasFormat(kTimerPasteboardType) || data->hasFormat(kProjectPasteboardType);
+}
+
+bool ProjectListModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                                    const QModelIndex& parent) {
+    if (!canDropMimeData(data, action, row, column, parent))
+        return false;
+    const auto target = parent.isValid() ? project(parent) : nullptr;
+    if (data->hasFormat(kTimerPasteboardType)) {
+        const auto timers = timersFromPasteboard(data->data(kTimerPasteboardType));
+        if (!timers)
+            return false;
+        target ? m_handlers.dropOnProject(*timers, target) : m_handlers.dropBetween(*timers, row);
+        return true;
+    }
+    const auto dragged = projectRowFromPasteboard(data->data(kProjectPasteboardType));
+    if (!dragged)
+        return false;
+    const auto operation = action == Qt::CopyAction ? DropOperation::Copy : DropOperation::Move;
+    m_handlers.dropProject(*dragged, int(ProjectDrops(m_projects).targetPosition(target.get())), operation);
+    return true;
+}

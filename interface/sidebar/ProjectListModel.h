@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/ProjectDrops.h"
+
+#include <QAbstractItemModel>
+#include <QMimeData>
+
+// The sidebar's rows: the main item, and below it the projects in their order. Translates what the list announces into
+// rows; what the user does to them is handed on. The list must outlive it.
+class ProjectListModel : public QAbstractItemModel {
+    Q_OBJECT
+public:
+    // What the user asks for through the rows. All are called with rows that are there.
+    struct Handlers {
+        std::function<void(const ProjectList::Project&, const QString& label)> rename;
+        std::function<void(const std::vector<Identity>& items, const ProjectList::Project&)> dropOnProject;
+        // `childIndex` counts the main item; -1 below all rows.
+        std::function<void(const std::vector<Identity>& items, int childIndex)> dropBetween;
+        std::function<void(int draggedRow, int position, DropOperation)> dropProject;
+    };
+
+    ProjectListModel(ProjectList& projects, Handlers handlers);
+    ~ProjectListModel() override;
+
+    // The main item for row 0.
+    ProjectList::Project project(const QModelIndex& index) const;
+    // Invalid for a record that is not in the list.
+    QModelIndex indexOf(const ProjectRecord& project) const;
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    QStringList mimeTypes() const override;
+    Qt::DropActions supportedDropActions() const override { return Qt::CopyAction | Qt::MoveAction; }
+    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction | Qt::MoveAction; }
+    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override;
+    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override;
+
+private:
+    void changed(const ProjectListChange& change);
+
+    ProjectList& m_projects;
+    Handlers m_handlers;
+    Subscription m_changes;
+};

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/ProjectList.h"
+
+#include <QUndoCommand>
+
+// A change of the projects that has been made, to be undone and redone as a whole.
+class ProjectsCommand : public QUndoCommand {
+public:
+    ProjectsCommand(const QString& text, ProjectList& projects, ProjectList::Snapshot before)
+        : QUndoCommand(text)
+        , m_projects(projects)
+        , m_before(std::move(before))
+        , m_after(projects.snapshot()) {}
+
+    void undo() override { m_projects.restore(m_before); }
+
+    void redo() override {
+        // It has been made when it is entered.
+        if (std::exchange(m_isMade, false))
+            return;
+        m_projects.restore(m_after);
+    }
+
+private:
+    ProjectList& m_projects;
+    ProjectList::Snapshot m_before;
+    ProjectList::Snapshot m_after;
+    bool m_isMade = true;
+};

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "interface/sidebar/SidebarPane.h"
+
+#include "interface/labels/TKProjectFooterBox.h"
+#include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/shell/Named.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kSmallestWidth = 120;
+constexpr int kBoxMargin = 6;
+
+QToolButton* boxButton(const char* name, const QString& text, const QString& description, QAction* action) {
+    auto* button = named(new QToolButton, QLatin1String(name));
+    button->setText(text);
+    button->setToolTip(description);
+    button->setAccessibleDescription(description);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    QObject::connect(button, &QToolButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::changed, button, [=] { button->setEnabled(action->isEnabled()); });
+    return button;
+}
+
+} // namespace
+
+SidebarPane::SidebarPane(QAction* addProject, QAction* removeProject)
+    : m_projectOutline(named(new TKOutlineDisplayView, QStringLiteral("projectOutline"))) {
+    setMinimumWidth(kSmallestWidth);
+    m_projectOutline->setHeaderHidden(true);
+    named(m_projectOutline->header(), QStringLiteral("projectOutlineHeader"));
+    m_projectOutline->header()->setStretchLastSection(true);
+    m_projectOutline->setRootIsDecorated(false);
+    m_projectOutline->setIndentation(0);
+    m_projectOutline->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_projectOutline->setDragDropMode(QAbstractItemView::DragDrop);
+    m_projectOutline->setDefaultDropAction(Qt::MoveAction);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(m_projectOutline, 1);
+    rows->addWidget(makeBottomBox(addProject, removeProject));
+}
+
+QWidget* SidebarPane::makeBottomBox(QAction* addProject, QAction* removeProject) {
+    auto* box = named(new TKProjectFooterBox(*m_projectOutline), QStringLiteral("bottomBox"));
+    auto* cells = new QHBoxLayout(box);
+    cells->setContentsMargins(kBoxMargin, kBoxMargin, kBoxMargin, kBoxMargin);
+    cells->setSpacing(kBoxMargin / 2);
+    cells->addWidget(
+        boxButton("addProjectButton", QStringLiteral("+"), localized("New Project"), addProject));
+    cells->addWidget(
+        boxButton("removeProjectButton", QStringLiteral("−"), localized("Delete Project"), removeProject));
+    cells->addStretch(1);
+    return box;
+}

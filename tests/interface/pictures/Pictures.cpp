@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+// pictures FOLDER: the main window as people see it, a PNG for each scene, in the palette and at the scale that the
+// environment asks for (TICKLOG_DARK, QT_SCALE_FACTOR). To be looked at.
+#include "tests/interface/Desk.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QStyleFactory>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+
+void wearDark() {
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(0x2b, 0x2d, 0x30));
+    dark.setColor(QPalette::WindowText, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::Base, QColor(0x1f, 0x21, 0x23));
+    dark.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2b));
+    dark.setColor(QPalette::Text, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::PlaceholderText, QColor(0x8c, 0x90, 0x96));
+    dark.setColor(QPalette::Button, QColor(0x35, 0x38, 0x3b));
+    dark.setColor(QPalette::ButtonText, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::Mid, QColor(0x45, 0x48, 0x4c));
+    dark.setColor(QPalette::Highlight, QColor(0x2f, 0x65, 0xca));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(dark);
+}
+
+struct Scene : Desk {
+    explicit Scene(const char* file)
+        : name(QLatin1String(file)) {
+        controller.window().resize(900, 560);
+    }
+
+    // A week's work of somebody who writes, mails and draws.
+    void work() {
+        account("Firefox", 15300,
+                {{QStringLiteral("Weather in Linz"), 900},
+                 {QStringLiteral("Timetable of the western railway"), 1500},
+                 {QStringLiteral(
+                      "A very long title about the history of measuring time in the monasteries of the "
+                      "Benedictines, second part"),
+                  4200}});
+        account("Inkscape", 8100, {{QStringLiteral("poster.svg"), 5400}, {QStringLiteral("map.svg"), 2700}});
+        account("LibreOffice Writer", 23460,
+                {{QStringLiteral("Yearly report.odt"), 14200}, {QStringLiteral("Letter to Anna.odt"), 3600}});
+        account("Thunderbird", 9420, {{QStringLiteral("Inbox"), 7200}, {QStringLiteral("Sent"), 600}});
+        account("Terminal", 4380);
+        account("Idle", 7020);
+        project("Poster", {"Inkscape"}, 2);
+        project("Yearly report", {"LibreOffice Writer", "Thunderbird"}, 5);
+        project("Reading", {"Firefox"}, 4);
+        project("Garden", {}, 0);
+    }
+
+    void project(const char* label, const std::vector<const char*>& members, int tag) {
+        std::vector<Identity> items;
+        for (const auto& app : controller.tracker().fullTimeSet())
+            for (const char* member : members)
+                if (app->name() == QLatin1String(member))
+                    items.push_back(*app->uuid());
+        ProjectList& projects = controller.projects();
+        const auto added = projects.addNewProjectWithItems(items);
+        projects.setLabel(*added, QString::fromUtf8(label));
+        projects.setSelectedColorTag(*added, tag);
+    }
+
+    void selectProject(int row) {
+        auto& outline = controller.window().projectOutline();
+        outline.setCurrentIndex(outline.model()->index(row, 0));
+        settle();
+    }
+
+    void search(const char* text) {
+        controller.window().searchAppField().setText(QString::fromUtf8(text));
+        settle();
+    }
+
+    void open(const char* row) { table().expand(this->row(row)); }
+
+    void hover(const QModelIndex& index) {
+        QTest::mouseMove(table().viewport(), table().visualRect(index).center());
+        settle();
+    }
+
+    void save(const QDir& folder) {
+        settle();
+        controller.window().grab().save(folder.filePath(name + QStringLiteral(".png")));
+        std::printf("%s\n", qPrintable(folder.filePath(name + QStringLiteral(".png"))));
+    }
+
+    QString name;
+};
+
+void drawAll(const QDir& folder) {
+    {
+        Scene scene("first-start");
+        scene.show();
+        scene.save(folder);
+    }
+    {
+        Scene scene("all-timers");
+        scene.work();
+        scene.show();
+        scene.front("LibreOffice Writer", "Yearly report.odt");
+        scene.command(scene.actions().toggleCounting);
+        scene.seconds(75);
+        scene.open("LibreOffice Writer");
+        scene.open("Firefox");
+        scene.select({scene.row("Thunderbird")});
+        scene.hover(scene.row("Inkscape"));
+        scene.save(folder);
+    }
+    {
+        Scene scene("project");
+        scene.work();
+        scene.show();
+        scene.selectProject(2);
+        scene.open("Thunderbird");
+        scene.save(folder);
+        scene.selectProject(4);
+        scene.name = QStringLiteral("empty-project");
+        scene.save(folder);
+    }
+    {
+        Scene scene("search");
+        scene.work();
+        scene.show();
+        scene.search("re");
+        scene.save(folder);
+        scene.search("nothing like it");
+        scene.name = QStringLiteral("nothing-found");
+        scene.save(folder);
+    }
+    {
+        Scene scene("frozen");
+        scene.work();
+        scene.show();
+        scene.select({scene.row("Thunderbird")});
+        scene.command(scene.actions().branch);
+        scene.controller.tracker().branchNode(
+            scene.controller.tracker().fullTimeSet()[0]->windows()[0]->node());
+        scene.table().expandAllRows();
+        scene.settle();
+        scene.save(folder);
+        scene.controller.window().resize(480, 360);
+        scene.name = QStringLiteral("smallest");
+        scene.save(folder);
+    }
+    {
+        Scene scene("renaming");
+        scene.work();
+        scene.show();
+        scene.table().setCurrentIndex(scene.row("Inkscape"));
+        scene.controller.renameSelected();
+        scene.settle();
+        scene.save(folder);
+    }
+    Scene scene("labels");
+    scene.work();
+    scene.show();
+    scene.selectProject(1);
+    QMenu& menu = scene.controller.window().projectMenu();
+    menu.popup(scene.controller.window().mapToGlobal(QPoint(20, 20)));
+    scene.settle();
+    menu.grab().save(folder.filePath(QStringLiteral("labels.png")));
+    menu.close();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("TZ", "UTC");
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (qEnvironmentVariableIsSet("TICKLOG_DARK"))
+        wearDark();
+    const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("."));
+    folder.mkpath(QStringLiteral("."));
+    drawAll(folder);
+}
