@@ -16,12 +16,16 @@ QAction* make(QObject* window, const char* name, const QString& text, const QKey
     return action;
 }
 
+void addTo(QMenu& menu, const QList<QAction*>& items) {
+    for (QAction* item : items)
+        item ? menu.addAction(item) : void(menu.addSeparator());
+}
+
 QMenu* addMenu(QMenuBar& menuBar, const char* name, const QString& title, const QList<QAction*>& items) {
     QMenu* menu = menuBar.addMenu(title);
     menu->setObjectName(QLatin1String(name));
     menu->setAccessibleName(QLatin1String(name));
-    for (QAction* item : items)
-        item ? menu->addAction(item) : void(menu->addSeparator());
+    addTo(*menu, items);
     return menu;
 }
 
@@ -83,4 +87,13 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
             {toggleCounting, nullptr, branch, nullptr, clearTimers});
     addMenu(menuBar, "helpMenu", localized("&Help"), {about});
     return projectMenu;
+}
+
+QList<QAction*> MainActions::forTimers() const {
+    return {copy, rename, branch, nullptr, deleteRows, nullptr, expandAll, collapseAll};
+}
+
+QList<QAction*> MainActions::forProjects() const {
+    return {addProject,      renameProject, nullptr,       moveProjectUp,
+            moveProjectDown, nullptr,       branchProject, removeProject};
 }

@@ -14,6 +14,10 @@ struct MainActions {
     // Fills the menu bar. Answers the menu that is to take the row of colour labels.
     QMenu* fill(QMenuBar& menuBar) const;
 
+    // What can be done to timers, and to projects, where they stand.
+    QList<QAction*> forTimers() const;
+    QList<QAction*> forProjects() const;
+
     QAction* importDatabase;
     QAction* saveCopy;
     QAction* chooseDatabaseLocation;

@@ -103,6 +103,14 @@ QWidget* MainWindow::makeOutlinePane() {
     return pane;
 }
 
+void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition) {
+    auto* menu = named(new QMenu(this), name);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* item : items)
+        item ? menu->addAction(item) : void(menu->addSeparator());
+    menu->popup(globalPosition);
+}
+
 void MainWindow::showToggle(const QString& image, const QString& label) {
     m_actions.toggleCounting->setIcon(Images::named(image));
     m_actions.toggleCounting->setText(label);

@@ -38,6 +38,8 @@ public:
     // Whether there is anything to be seen of the window: neither closed nor minimised.
     bool isSeen() const { return m_isSeen; }
 
+    // Opens a menu of these where the pointer or the row is; null separates.
+    void popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition);
     void showToggle(const QString& image, const QString& label);
 
 Q_SIGNALS:

@@ -131,6 +131,9 @@ void TKController::connectProjectActions() {
     m_window.tkLabelProjectViewController().setProjectController(
         [this](int tag) { m_projectController->setSelectedColorTag(tag); });
     outline.setRedirectToOutlineView(&m_window.mainTable());
+    QObject::connect(&outline, &TKOutlineDisplayView::menuRequested, &m_window, [this](const QPoint& place) {
+        m_window.popUp(QStringLiteral("projectContextMenu"), m_window.actions().forProjects(), place);
+    });
     QObject::connect(&outline, &TKOutlineDisplayView::selectionDidChange, &m_window, [this] {
         updateActions();
         refreshTimeSum();
@@ -164,6 +167,9 @@ void TKController::connectOutline() {
     QObject::connect(&table, &TKOutlineDisplayView::itemDidCollapse, &m_window, [this](const auto& item) {
         if (item->uuid() && m_projectController)
             m_projectController->collapseUUID(*item->uuid());
+    });
+    QObject::connect(&table, &TKOutlineDisplayView::menuRequested, &m_window, [this](const QPoint& place) {
+        m_window.popUp(QStringLiteral("timerContextMenu"), m_window.actions().forTimers(), place);
     });
     table.setHighlightOnMouseOver(true);
     table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
@@ -218,6 +224,7 @@ void TKController::showLastReset() {
 void TKController::selectionChanged() {
     forgetSummedRows();
     updateActions();
+    showInvitation();
     refreshTimeSum();
 }
 

@@ -111,15 +111,21 @@ void TKController::find() {
 
 void TKController::setCutoffValue(float seconds) {
     m_engine.tracker().setCutoffTime(seconds);
+    showInvitation();
     m_window.sumBar().showCutoff(TimeTracker::timeStringForDouble(double(seconds)));
 }
 
 void TKController::showInvitation() {
-    const QString text =
-        !m_window.searchAppField().text().isEmpty() ? localized("No timer matches the search.")
-        : m_searchedProject ? localized("This project is empty. Drag timers from “All Timers” onto it.")
-                            : localized("Press Start and work on; the programs you use will appear here.");
-    m_window.mainTable().setInvitation(text);
+    const auto text = [&] {
+        if (!m_window.searchAppField().text().isEmpty())
+            return localized("No timer matches the search.");
+        if (m_searchedProject)
+            return localized("This project is empty. Drag timers from “All Timers” onto it.");
+        if (!m_engine.tracker().fullTimeSet().empty())
+            return localized("No timer has as much time as you ask for.");
+        return localized("Press Start and work on; the programs you use will appear here.");
+    };
+    m_window.mainTable().setInvitation(text());
 }
 
 TimeStoreItem::Children TKController::topLevelItems() const {
