@@ -82,21 +82,12 @@ void TKController::restoreExpansion() {
 }
 
 void TKController::searchText(const QString& text) {
-    if (m_searchedProject)
-        m_searchedProject->setSearchString(text);
-    else
-        m_engine.tracker().setSearchString(text);
-    m_projectController->refreshProject();
-    if (text.isEmpty()) {
-        // Still as a search's doing, so that what was open before it is not forgotten.
+    // While this still counts as the search's doing, so that what was open before it is not forgotten.
+    if (text.isEmpty() && m_isSearchExpanding)
         m_window.mainTable().collapseAllRows();
-    } else {
-        m_isSearchExpanding = true;
-        m_window.mainTable().expandAllRows();
-    }
+    // From before the rows become fewer: those that were open and are not found are opened again afterwards.
     m_isSearchExpanding = !text.isEmpty();
     m_projectController->refreshProject();
-    refreshTimeSum();
 }
 
 void TKController::setSearchString(const QString& text) {
@@ -139,14 +130,13 @@ TKController::SummedRows TKController::rowsToSum(int kind) const {
         kind == kAllObjects ? TimeStoreItem::Children() : m_window.mainTable().selectedItems();
     if (rows.empty() && mainItemIsSelected() && search.isEmpty())
         return {.isTotal = true, .mode = SumMode::Total, .rows = {}};
-    if (rows.empty())
-        rows = topLevelItems();
+    // Rows at the top do not count one another.
+    rows = rows.empty() ? topLevelItems() : withoutDoubleCounting(std::move(rows));
     // The mode looks at the selection even where the sum does not.
     const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
     const SumMode mode = search.isEmpty() ? (hasSelection ? SumMode::Selected : SumMode::Project)
                                           : (hasSelection ? SumMode::FoundInSelection : SumMode::Found);
-    return {
-        .isTotal = false, .mode = mode, .rows = countedRows(withoutDoubleCounting(std::move(rows)), search)};
+    return {.isTotal = false, .mode = mode, .rows = countedRows(std::move(rows), search)};
 }
 
 Seconds TKController::timeOf(const SummedRows& summed) const {

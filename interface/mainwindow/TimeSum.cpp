@@ -26,7 +26,8 @@ TimeStoreItem::Children countedRows(TimeStoreItem::Children rows, const QString&
     for (auto& row : rows) {
         if (matches(row))
             counted.push_back(std::move(row));
-        else if (const auto children = row->children())
+        // Of the node, because a proxy shows only those that pass the cut-off as well.
+        else if (const auto children = row->node().children())
             std::ranges::copy_if(*children, std::back_inserter(counted), matches);
     }
     return counted;

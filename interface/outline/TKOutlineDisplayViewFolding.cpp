@@ -40,6 +40,8 @@ void TKOutlineDisplayView::collapseAllRows() {
     for (int row = model()->rowCount() - 1; row >= 0; --row)
         collapse(model()->index(row, 0));
     executeDelayedItemsLayout();
+    // Here the view is done with folding.
+    forgetFolded();
 }
 
 void TKOutlineDisplayView::toggleAllRows() {

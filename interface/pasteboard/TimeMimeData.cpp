@@ -71,6 +71,8 @@ QVariant TimeMimeData::retrieveData(const QString& type, QMetaType preferred) co
     if (type == kPlain)
         return ReadableForms::plain(timers);
     QTextDocument document;
+    // Remembering how to undo it would take as long as reading it.
+    document.setUndoRedoEnabled(false);
     document.setHtml(ReadableForms::html(timers));
     return rtf(document);
 }
