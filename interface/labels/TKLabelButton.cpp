@@ -85,10 +85,10 @@ void TKLabelButton::keyPressEvent(QKeyEvent* event) {
         choose();
         break;
     case Qt::Key_Left:
-        focusPreviousChild();
+        m_labelViewController.moveFocus(*this, -1);
         break;
     case Qt::Key_Right:
-        focusNextChild();
+        m_labelViewController.moveFocus(*this, 1);
         break;
     default:
         // The menu goes on with it.

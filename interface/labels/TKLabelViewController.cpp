@@ -89,3 +89,9 @@ void TKLabelViewController::focusInEvent(QFocusEvent* event) {
         std::ranges::find_if(m_labels, [](const auto* label) { return label->selectedColor(); });
     (selected == m_labels.end() ? m_labels.front() : *selected)->setFocus(Qt::TabFocusReason);
 }
+
+void TKLabelViewController::moveFocus(const TKLabelButton& from, int places) {
+    const auto place = std::ranges::find(m_labels, &from) - m_labels.begin() + places;
+    if (place >= 0 && place < std::ssize(m_labels))
+        m_labels[std::size_t(place)]->setFocus(Qt::TabFocusReason);
+}

@@ -27,6 +27,9 @@ public:
     // Shows that a button was chosen, closes the menu, and only then has the tag stored.
     void setColoring(TKLabelButton& button);
 
+    // Gives the focus to the button so many places on, if there is one: menus keep the Tab key for themselves.
+    void moveFocus(const TKLabelButton& from, int places);
+
     // From no label to the last colour.
     const std::array<TKLabelButton*, 7>& labels() const { return m_labels; }
 

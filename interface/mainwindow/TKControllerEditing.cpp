@@ -86,8 +86,7 @@ TKOutlineDisplayView& TKController::focusedOutline() const {
 
 void TKController::keepClipboard() {
     QClipboard& clipboard = *QApplication::clipboard();
-    if (!clipboard.ownsClipboard())
-        return;
+    // What another program has copied meanwhile is of another kind.
     if (const auto* rows = qobject_cast<const TimeMimeData*>(clipboard.mimeData()))
         clipboard.setMimeData(rows->settled());
 }
