@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// The sidebar of projects, as a person uses it.
+#include "tests/interface/ProjectDesk.h"
+
+#include <QClipboard>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct SidebarTest : testing::Test, ProjectDesk {
+    SidebarTest() { mailNotesAndPaint(); }
+
+    QAbstractItemModelTester tester{&controller.projectController().model(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+} // namespace
+
+TEST_F(SidebarTest, withoutProjects_thereIsOneRowThatStaysAsItIs) {
+    show();
+    EXPECT_EQ(sidebarText(), "[All Timers]");
+    EXPECT_FALSE(at(0).flags().testFlag(Qt::ItemIsEditable));
+    EXPECT_FALSE(dropTimers({QStringLiteral("Mail")}, -1, at(0)));
+    EXPECT_FALSE(actions().removeProject->isEnabled());
+    controller.projectController().tableViewDidRecieveDeleteKey();
+    controller.projectController().removeProject();
+    EXPECT_TRUE(alerts.questions.isEmpty());
+    EXPECT_EQ(sidebarText(), "[All Timers]");
+}
+
+TEST_F(SidebarTest, aNewProject_isNamedAtOnce) {
+    show();
+    command(actions().addProject);
+    EXPECT_EQ(sidebarText(), "All Timers, [New Project]");
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_EQ(editor()->selectedText(), QStringLiteral("New Project"));
+    QTest::keyClicks(editor(), QStringLiteral("Poster"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(sidebarText(), "All Timers, [Poster]");
+    command(actions().undo);
+    EXPECT_EQ(sidebarText(), "All Timers, [New Project]");
+    command(actions().undo);
+    EXPECT_EQ(sidebarText(), "[All Timers]");
+    command(actions().redo);
+    command(actions().redo);
+    EXPECT_EQ(sidebarText(), "[All Timers], Poster");
+}
+
+TEST_F(SidebarTest, timersDroppedTwice_areInTheProjectOnce) {
+    addProject("Poster");
+    show();
+    EXPECT_TRUE(dropTimers({QStringLiteral("Paint"), QStringLiteral("Inbox")}, -1, at(1)));
+    EXPECT_TRUE(dropTimers({QStringLiteral("Paint"), QStringLiteral("Notes")}, -1, at(1)));
+    EXPECT_EQ(membersOf(0), "Inbox, Paint, Notes");
+    command(actions().undo);
+    EXPECT_EQ(membersOf(0), "Inbox, Paint");
+    command(actions().undo);
+    EXPECT_EQ(membersOf(0), "");
+}
+
+TEST_F(SidebarTest, timersDroppedBetweenRows_becomeAProjectThereThatIsNamedAtOnce) {
+    addProject("First");
+    addProject("Second");
+    show();
+    EXPECT_TRUE(dropTimers({QStringLiteral("Mail")}, 2));
+    EXPECT_EQ(sidebarText(), "All Timers, First, [New Project], Second");
+    EXPECT_EQ(membersOf(1), "Mail");
+    EXPECT_NE(editor(), nullptr);
+}
+
+TEST_F(SidebarTest, timersDroppedAtTheTopOrBelowAll_becomeTheLastProject) {
+    addProject("First");
+    show();
+    EXPECT_TRUE(dropTimers({QStringLiteral("Mail")}, 0));
+    EXPECT_TRUE(dropTimers({QStringLiteral("Paint")}, -1));
+    EXPECT_EQ(membersOf(1), "Mail");
+    EXPECT_EQ(membersOf(2), "Paint");
+}
+
+TEST_F(SidebarTest, aDraggedRow_movesTheProjectBelowIt) {
+    for (const char* label : {"A", "B", "C", "D"})
+        addProject(label);
+    show();
+    // Deliberately: the row's number counts the main item, and is taken as a place all the same.
+    EXPECT_TRUE(dropProject(1, Qt::MoveAction, -1, at(4)));
+    EXPECT_EQ(sidebarText(), "All Timers, A, C, [B], D");
+    command(actions().undo);
+    EXPECT_EQ(sidebarText().substr(0, 10), "All Timers");
+    EXPECT_EQ(at(2).data().toString(), QStringLiteral("B"));
+}
+
+TEST_F(SidebarTest, aRowDraggedWithTheCopyKey_isCopied) {
+    addProject("A");
+    addProject("B", {QStringLiteral("Mail")});
+    show();
+    EXPECT_TRUE(dropProject(1, Qt::CopyAction, -1, at(1)));
+    EXPECT_EQ(sidebarText(), "[All Timers], B, A, B");
+    EXPECT_EQ(membersOf(0), "Mail");
+}
+
+TEST_F(SidebarTest, whatIsNeitherTimersNorAProject_isRefused) {
+    addProject("A");
+    show();
+    QMimeData text;
+    text.setText(QStringLiteral("Mail"));
+    EXPECT_FALSE(rows().canDropMimeData(&text, Qt::CopyAction, -1, 0, at(1)));
+    QMimeData damaged;
+    damaged.setData(kTimerPasteboardType, "no list");
+    EXPECT_FALSE(drop(damaged, Qt::CopyAction, -1, at(1)));
+    EXPECT_FALSE(dropProject(7, Qt::MoveAction, -1, at(1)) && projects().count() != 1);
+}
+
+TEST_F(SidebarTest, deletingTheLastRow_asksAndSelectsTheNewLastRow) {
+    addProject("A");
+    addProject("B");
+    show();
+    choose(2);
+    command(actions().removeProject);
+    EXPECT_EQ(alerts.last.message, QStringLiteral("Delete selected timer set?"));
+    EXPECT_EQ(alerts.last.informativeText, QStringLiteral("The timer set \"B\" will be deleted."));
+    EXPECT_EQ(sidebarText(), "All Timers, A, [B]") << "cancelled";
+    alerts.answer = Alerts::Alternate;
+    command(actions().removeProject);
+    EXPECT_EQ(sidebarText(), "All Timers, [A]");
+    command(actions().undo);
+    EXPECT_EQ(projects().count(), 2U);
+}
+
+TEST_F(SidebarTest, theDeleteKey_deletesTheProjectThatHasTheFocus) {
+    addProject("A");
+    addProject("B");
+    show();
+    choose(1);
+    alerts.answer = Alerts::Alternate;
+    QTest::keyClick(&sidebar(), Qt::Key_Delete);
+    EXPECT_EQ(projects().count(), 1U);
+    EXPECT_EQ(projects().projects().front()->label(), QStringLiteral("B"));
+}
+
+TEST_F(SidebarTest, removingWithoutAQuestion_selectsTheRowAbove) {
+    addProject("A");
+    addProject("B");
+    show();
+    choose(1);
+    controller.projectController().removeProject();
+    EXPECT_EQ(sidebarText(), "[All Timers], B");
+    EXPECT_TRUE(alerts.questions.isEmpty());
+}
+
+TEST_F(SidebarTest, movingByTheMenu_movesTheSelectedProject) {
+    for (const char* label : {"A", "B", "C"})
+        addProject(label);
+    show();
+    choose(1);
+    EXPECT_FALSE(actions().moveProjectUp->isEnabled());
+    command(actions().moveProjectDown);
+    EXPECT_EQ(sidebarText(), "All Timers, B, [A], C");
+    command(actions().moveProjectDown);
+    EXPECT_EQ(sidebarText(), "All Timers, B, C, [A]");
+    EXPECT_FALSE(actions().moveProjectDown->isEnabled());
+    command(actions().moveProjectUp);
+    EXPECT_EQ(sidebarText(), "All Timers, B, [A], C");
+}
+
+TEST_F(SidebarTest, freezingAProject_freezesItsMembersAndKeepsThem) {
+    addProject("Poster", {QStringLiteral("Paint"), QStringLiteral("Inbox")});
+    addProject("Other", {QStringLiteral("Paint")});
+    show();
+    choose(1);
+    command(actions().branchProject);
+    for (const std::size_t position : {0, 1})
+        for (const Identity& member : projects().projects().at(position)->flattenedMembers())
+            for (const auto& item : controller.tracker().timeChildrenForChildUUIDs({member}, false))
+                EXPECT_TRUE(item->branched()) << item->name().toStdString();
+    EXPECT_EQ(projects().projects().at(0)->flattenedMembers().size(), 2U);
+}
+
+TEST_F(SidebarTest, withAllTimersShown_freezingTheProjectDoesNothing) {
+    show();
+    controller.projectController().branchProject();
+    for (const auto& app : controller.tracker().fullTimeSet())
+        EXPECT_FALSE(app->branched());
+}
+
+TEST_F(SidebarTest, aColour_isStoredShownAndUndone) {
+    addProject("Poster", {QStringLiteral("Paint")});
+    show();
+    choose(1);
+    controller.projectController().setSelectedColorTag(4);
+    EXPECT_EQ(projects().projects().front()->colorTag(), 4);
+    EXPECT_EQ(sidebar().dataCell(at(1)).selectedTags, ColorTags{4});
+    choose(0);
+    EXPECT_EQ(table().dataCell(row("Paint")).selectedTags, ColorTags{4});
+    EXPECT_FALSE(table().dataCell(row("Mail")).selectedTags);
+    command(actions().undo);
+    EXPECT_FALSE(table().dataCell(row("Paint")).selectedTags);
+}
+
+TEST_F(SidebarTest, theMainItemsColour_isNeverWritten) {
+    show();
+    controller.projectController().setSelectedColorTag(2);
+    EXPECT_EQ(projects().mainItem()->colorTag(), 2);
+    EXPECT_FALSE(actions().undo->isEnabled());
+}
+
+TEST_F(SidebarTest, projectsOfAnotherFile_takeThePlaceOfTheOld) {
+    addProject("Old");
+    show();
+    choose(1);
+    projects().setProjects(PropertyListValue(PropertyListArray{PropertyListDictionary{
+        {kProjectLabel, QStringLiteral("New")}, {kProjectSubtree, PropertyListArray()}}}));
+    settle();
+    EXPECT_EQ(sidebarText(), "All Timers, [New]");
+}
+
+TEST_F(SidebarTest, aRow_isCopiedAsItsTimersRead) {
+    addProject("Poster", {QStringLiteral("Paint")});
+    show();
+    choose(1);
+    sidebar().copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Paint, 00:00:30\n"));
+}
