@@ -1,17 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/ReadableForms.h"
 
+#include "Classes/RtfTable.h"
+
+#include <array>
+
 namespace {
 
 TimeStoreItem::Children childrenOf(const TimeStoreItem& timer) {
     return timer.children().value_or(TimeStoreItem::Children());
 }
 
-QString row(const QStringList& cells) {
-    QString text = QStringLiteral("<tr>");
-    for (const QString& cell : cells)
-        text += QStringLiteral("<td>") + cell.toHtmlEscaped() + QStringLiteral("</td>");
-    return text + QStringLiteral("</tr>\n");
+using Row = std::array<QString, 4>;
+
+const Row kHeading{QStringLiteral("Application"), QStringLiteral("Window"), QStringLiteral("Original Name"),
+                   QStringLiteral("Time")};
+
+// A timer's row in the table of the two forms that have one, and below it its children's.
+std::vector<Row> rowsOf(const TimeStoreItem& timer) {
+    // Under "Original Name" stands the name after renaming, deliberately.
+    std::vector<Row> rows{{timer.name(), QString(), timer.renamedName(), timer.activeTimeString()}};
+    for (const auto& child : childrenOf(timer))
+        rows.push_back({timer.name(), child->name(), child->renamedName(), child->activeTimeString()});
+    return rows;
 }
 
 } // namespace
@@ -19,17 +30,28 @@ QString row(const QStringList& cells) {
 namespace ReadableForms {
 
 QString html(const TimeStoreItem::Children& timers) {
-    QString text =
-        QStringLiteral("<html><body><style>body { font-family: helvetica; }</style><table>"
-                       "<tr><th>Application</th><th>Window</th><th>Original Name</th><th>Time</th></tr>\n");
+    QString text = QStringLiteral("<html><body><style>body { font-family: helvetica; }</style><table><tr>");
+    for (const QString& title : kHeading)
+        text += QStringLiteral("<th>") + title + QStringLiteral("</th>");
+    text += QStringLiteral("</tr>\n");
     for (const auto& timer : timers) {
-        // Under "Original Name" stands the name after renaming, deliberately.
-        text += row({timer->name(), QString(), timer->renamedName(), timer->activeTimeString()});
-        for (const auto& child : childrenOf(*timer))
-            text += row({timer->name(), child->name(), child->renamedName(), child->activeTimeString()});
+        for (const Row& row : rowsOf(*timer)) {
+            text += QStringLiteral("<tr>");
+            for (const QString& cell : row)
+                text += QStringLiteral("<td>") + cell.toHtmlEscaped() + QStringLiteral("</td>");
+            text += QStringLiteral("</tr>\n");
+        }
         text += u'\n';
     }
     return text + QStringLiteral("</table></body></html>");
+}
+
+QByteArray rtf(const TimeStoreItem::Children& timers) {
+    RtfTable table(int(kHeading.size()), kHeading);
+    for (const auto& timer : timers)
+        for (const Row& row : rowsOf(*timer))
+            table.add(row);
+    return std::move(table).finished();
 }
 
 QString tabular(const TimeStoreItem::Children& timers) {

@@ -3,9 +3,6 @@
 
 #include "Classes/PasteboardTypes.h"
 #include "Classes/ReadableForms.h"
-#include "interface/pasteboard/Rtf.h"
-
-#include <QTextDocument>
 
 namespace {
 
@@ -70,9 +67,5 @@ QVariant TimeMimeData::retrieveData(const QString& type, QMetaType preferred) co
         return ReadableForms::tabular(timers);
     if (type == kPlain)
         return ReadableForms::plain(timers);
-    QTextDocument document;
-    // Remembering how to undo it would take as long as reading it.
-    document.setUndoRedoEnabled(false);
-    document.setHtml(ReadableForms::html(timers));
-    return rtf(document);
+    return ReadableForms::rtf(timers);
 }

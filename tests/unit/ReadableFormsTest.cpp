@@ -3,6 +3,7 @@
 
 #include "Classes/PasteboardTypes.h"
 #include "platform/foundation/PropertyList.h"
+#include "tests/fakes/RichTextReader.h"
 #include "tests/fakes/Store.h"
 
 namespace {
@@ -44,6 +45,23 @@ TEST_F(ReadableFormsTest, aRenamedTimerInHtml_hasTheNewNameUnderOriginalName) {
 TEST_F(ReadableFormsTest, aNameWithMarkup_cannotBreakTheTable) {
     const auto app = makeApp(QStringLiteral("</table><b>&\""));
     EXPECT_NE(ReadableForms::html({app}).indexOf(u"<td>&lt;/table&gt;&lt;b&gt;&amp;&quot;</td>"), -1);
+}
+
+TEST_F(ReadableFormsTest, richText_isTheSameTable) {
+    const QByteArray bytes = ReadableForms::rtf({mail()});
+    EXPECT_EQ(textOfRtf(bytes), "Application|Window|Original Name|Time|\nMail||Mail|01:00:00|\n"
+                                "Mail|Drafts|Drafts|00:01:00|\nMail|Inbox|Inbox|00:30:00|\n");
+    EXPECT_TRUE(bytes.contains("{\\b Application}"));
+    EXPECT_EQ(bytes.count("\\trowd"), 4);
+}
+
+TEST_F(ReadableFormsTest, richText_spellsEveryCharacter) {
+    const auto notes = makeApp(QStringLiteral("a {b} \\c ü € \U0001F600\td"), 0);
+    const QByteArray bytes = ReadableForms::rtf({notes});
+    EXPECT_TRUE(bytes.contains("\\u252?"));
+    EXPECT_TRUE(bytes.contains("\\u-10179?\\u-8704?"));
+    EXPECT_TRUE(bytes.contains("\\tab d"));
+    EXPECT_NE(textOfRtf(bytes).find("a {b} \\c ü € \U0001F600"), std::string::npos);
 }
 
 TEST_F(ReadableFormsTest, anApplicationInTabularText_runsTogetherWithItsWindows) {
