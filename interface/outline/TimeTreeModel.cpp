@@ -56,6 +56,7 @@ void TimeTreeModel::setSource(std::optional<Source> source) {
 
 bool TimeTreeModel::isMostlyShown(const TimeStoreItem::Children& items) const {
     std::unordered_set<const TimeStoreNode*> shown;
+    shown.reserve(m_root->children.size());
     for (const auto& row : m_root->children)
         shown.insert(&row->item->node());
     const auto kept = std::size_t(
@@ -200,19 +201,15 @@ void TimeTreeModel::sort(int column, Qt::SortOrder order) {
     reorderAll(parents);
 }
 
-void TimeTreeModel::watch(Row& row) {
-    TimeStoreNode& node = row.item->node();
-    const auto observe = [&](ObservedKey key, void (TimeTreeModel::*react)(Row&)) {
-        return node.observe(key, [this, &row, react](const ObservedChange&) { (this->*react)(row); });
-    };
-    row.watching[0] = observe(kActiveTimeStringKey, &TimeTreeModel::timeChanged);
-    row.watching[1] = observe(kNameKey, &TimeTreeModel::nameChanged);
-    row.watching[2] = observe(kSortNameKey, &TimeTreeModel::nameChanged);
-    if (row.parent == m_root.get())
-        row.watching[3] = node.observe(kChildrenKey, [this, &row](const ObservedChange&) {
-            row.isDirty = true;
-            scheduleSynchronize();
-        });
+void TimeTreeModel::nodeChanged(Row& row, ObservedKey key) {
+    if (key == kActiveTimeStringKey) {
+        timeChanged(row);
+    } else if (key == kNameKey || key == kSortNameKey) {
+        nameChanged(row);
+    } else if (key == kChildrenKey && row.parent == m_root.get()) {
+        row.isDirty = true;
+        scheduleSynchronize();
+    }
 }
 
 void TimeTreeModel::timeChanged(Row& row) {

@@ -7,8 +7,6 @@
 
 #include <QAbstractItemModel>
 
-#include <array>
-
 // A tree of timers as rows: the tracker's applications, or the members of a project, among which there may be
 // windows; beneath applications their windows once somebody looks. Follows what the nodes announce: a time
 // redraws its cell when its text changes, which is once a second; everything else is gathered and told in
@@ -72,8 +70,8 @@ private:
     Row* rowOf(const QModelIndex& index) const;
     QModelIndex indexOf(const Row& row, int column = ProgramColumn) const;
     std::unique_ptr<Row> makeRow(std::shared_ptr<TimeStoreItem> item, Row& parent);
-    void watch(Row& row);
 
+    void nodeChanged(Row& row, ObservedKey key);
     void timeChanged(Row& row);
     void nameChanged(Row& row);
     void scheduleSynchronize();

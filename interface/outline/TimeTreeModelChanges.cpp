@@ -48,7 +48,8 @@ std::unique_ptr<TimeTreeModel::Row> TimeTreeModel::makeRow(std::shared_ptr<TimeS
     row->parent = &parent;
     row->shownSecond = std::floor(row->item->activeTime());
     row->isLeaf = row->item->isLeaf();
-    watch(*row);
+    row->watching = row->item->node().observeEveryKey(
+        [this, &shown = *row](const ObservedChange& change) { nodeChanged(shown, change.key); });
     return row;
 }
 

@@ -21,5 +21,5 @@ struct TimeTreeModel::Row {
     bool isDirty = false;
     // Its children are to be sorted again.
     bool isDisordered = false;
-    std::array<Subscription, 4> watching;
+    Subscription watching;
 };

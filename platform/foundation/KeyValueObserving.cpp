@@ -12,13 +12,19 @@ Subscription Observable::observe(ObservedKey key, Observer observer, ObservingOp
     return m_observers->add({key, std::move(observer), options, {}});
 }
 
+Subscription Observable::observeEveryKey(Observer observer) {
+    if (!m_observers)
+        m_observers = new Listeners<Registration>;
+    return m_observers->add({{}, std::move(observer), {}, {}});
+}
+
 QVariant Observable::valueForKey(ObservedKey) const {
     return {};
 }
 
 void Observable::announceWill(ObservedKey key) {
     m_observers->forEach([&](Registration& registration) {
-        if (registration.key != key)
+        if (!registration.isFor(key))
             return;
         if (registration.depth++ == 0 && registration.options.values)
             registration.oldValue = valueForKey(key);
@@ -29,7 +35,7 @@ void Observable::announceWill(ObservedKey key) {
 
 void Observable::announceDid(ObservedKey key) {
     m_observers->forEach([&](Registration& registration) {
-        if (registration.key != key)
+        if (!registration.isFor(key))
             return;
         ObservedChange change{key, ChangePhase::Did, {}, {}};
         if (registration.options.values) {

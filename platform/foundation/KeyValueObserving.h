@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <functional>
+#include <optional>
 
 // The name of an observable property. Each is spelled once, as a constant beside the class that announces it.
 struct ObservedKey {
@@ -51,6 +52,9 @@ public:
 
     // Calls `observer` for every change of `key` until the answer is destroyed.
     Subscription observe(ObservedKey key, Observer observer, ObservingOptions options = {});
+    // Calls `observer` after every change of any key, without values: one registration where many objects are observed
+    // for several keys each.
+    Subscription observeEveryKey(Observer observer);
 
     // Announcements come in pairs, which may nest: the value before the outermost willChange is the old one.
     void willChange(ObservedKey key) {
@@ -67,11 +71,14 @@ public:
 
 private:
     struct Registration {
-        ObservedKey key;
+        // Null for every key.
+        std::optional<ObservedKey> key;
         Observer observer;
         ObservingOptions options;
         QVariant oldValue;
         int depth = 0;
+
+        bool isFor(ObservedKey changed) const { return !key || *key == changed; }
     };
 
     void announceWill(ObservedKey key);

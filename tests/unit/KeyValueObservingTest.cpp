@@ -50,6 +50,19 @@ TEST(KeyValueObserving, anotherKey_isNotTold) {
     EXPECT_EQ(told, 0);
 }
 
+TEST(KeyValueObserving, anObserverOfEveryKey_isToldOfEachChangeOnceAndOfWhich) {
+    Thing thing;
+    QStringList told;
+    const auto subscription = thing.observeEveryKey([&](const ObservedChange& change) {
+        EXPECT_EQ(change.phase, ChangePhase::Did);
+        told << QLatin1String(change.key.name);
+    });
+    thing.paint(QStringLiteral("red"));
+    thing.willChange(kSize);
+    thing.didChange(kSize);
+    EXPECT_EQ(told, QStringList({QLatin1String(kColour.name), QLatin1String(kSize.name)}));
+}
+
 TEST(KeyValueObserving, theToken_endsTheCallsWhenItDies) {
     Thing thing;
     int told = 0;
