@@ -51,7 +51,8 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const Prope
                              const PropertyListValue& timeSpent, const std::optional<Identity>& uuid)
     : m_services(services)
     , m_kind(kind) {
-    setName(textOrEmpty(name));
+    // A node under construction is none of the kinds yet that hear of a new name.
+    TimeStoreNode::setName(textOrEmpty(name));
     const QString key = registryKey(this->name());
     m_uuid = uuid ? m_services.registry.setUUID(*uuid, key) : m_services.registry.uuidForName(key);
     m_activeTime = std::max(0.0, timeSpent.number().value_or(0));

@@ -26,7 +26,7 @@ TKLabelButton::TKLabelButton(TKLabelViewController& row)
     : QAbstractButton(&row)
     , m_labelViewController(row) {
     setFocusPolicy(Qt::TabFocus);
-    setFixedSize(sizeHint());
+    setFixedSize(kSide, kSide);
 }
 
 QSize TKLabelButton::sizeHint() const {

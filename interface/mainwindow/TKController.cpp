@@ -42,7 +42,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     showTree(m_appTreeController);
     connectActions();
     connectOutline();
-    showToggle(QStringLiteral("ToolbarStart"), localized("Start"));
+    TKController::showToggle(QStringLiteral("ToolbarStart"), localized("Start"));
     m_database.loadMainStore();
     m_projectController.emplace(m_projects, m_projectNodes, platform.notifications, m_window.projectOutline(),
                                 alerts, m_undoStack, projectServices());

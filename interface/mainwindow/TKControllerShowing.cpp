@@ -70,7 +70,9 @@ void TKController::restoreExpansion() {
     std::vector<bool> isShown(expanded.size());
     const auto isWanted = [&](const QModelIndex& index) {
         const auto uuid = m_shown->item(index)->uuid();
-        const auto found = uuid ? positions.find(*uuid) : positions.end();
+        if (!uuid)
+            return false;
+        const auto found = positions.find(*uuid);
         if (found == positions.end())
             return false;
         isShown[found->second] = true;
