@@ -88,9 +88,16 @@ void measureRunning() {
     const auto floor = desk.start(QStringLiteral(TICKLOG_BINARY_DIR "/IdleTimer"));
     const qint64 program = product.program().processIdentifier();
 
+    const auto printMemory = [&](const char* when) {
+        std::printf("memory with 20,000 windows, %s: %.1f MB proportional (budget 60)\n", when,
+                    ProcessFigures::of(program).proportionalMegabytes);
+    };
+    product.bringToFront(writer, product.window());
+    desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("ctrl+plus")});
     writer.activate(letter);
     turnEventLoopFor(3s);
-    printCost("shown, one row counting", measureCost(program, floor->processIdentifier(), {}), 150);
+    printCost("shown unfolded, one row counting", measureCost(program, floor->processIdentifier(), {}), 150);
+    printMemory("shown unfolded");
     writer.minimise(product.window());
     writer.activate(letter);
     turnEventLoopFor(3s);
@@ -105,8 +112,7 @@ void measureRunning() {
     };
     printCost("hidden, focus changing each second",
               measureCost(program, floor->processIdentifier(), switchOver), 90);
-    std::printf("memory with 20,000 windows: %.1f MB proportional (budget 60)\n",
-                ProcessFigures::of(program).proportionalMegabytes);
+    printMemory("hidden again");
     product.end(SIGTERM);
 }
 
