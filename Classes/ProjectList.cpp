@@ -6,6 +6,7 @@
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <algorithm>
+#include <utility>
 
 using Kind = ProjectListChange::Kind;
 
@@ -78,7 +79,8 @@ PropertyListArray ProjectList::arrayRepresentation() const {
 
 void ProjectList::saveData() {
     m_owesSave = false;
-    m_file.write(arrayRepresentation());
+    m_hasUnwritten = true;
+    writeChanges();
     std::unordered_set<Identity> all;
     for (const Record& project : m_projects) {
         const PropertyListValue& subtree = project->entries().value(kProjectSubtree);
@@ -92,6 +94,11 @@ void ProjectList::saveData() {
     m_mainItem->pruneExpanded(all);
     storeTopLevelExpansion();
     m_services.registry.setUUIDSet(all);
+}
+
+void ProjectList::writeChanges() {
+    if (std::exchange(m_hasUnwritten, false))
+        m_file.write(arrayRepresentation());
 }
 
 ProjectList::Project ProjectList::addNewProjectWithItems(const std::vector<Identity>& items,
@@ -172,6 +179,7 @@ void ProjectList::removeMembers(const ProjectRecord& project,
     const Record record = editable(project);
     if (!record || record == m_mainItem)
         return;
+    m_hasUnwritten = true;
     if (record->removeMembers(identities))
         tellChanged(Kind::Members, project);
     reloadReverseProjectCache();
@@ -182,8 +190,7 @@ void ProjectList::expandUUID(const ProjectRecord& project, const Identity& uuid,
     if (!record)
         return;
     record->expand(uuid);
-    if (record == m_mainItem)
-        storeTopLevelExpansion();
+    expansionChanged(record);
 }
 
 void ProjectList::collapseUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked) {
@@ -191,8 +198,7 @@ void ProjectList::collapseUUID(const ProjectRecord& project, const Identity& uui
     if (!record)
         return;
     record->collapse(uuid);
-    if (record == m_mainItem)
-        storeTopLevelExpansion();
+    expansionChanged(record);
 }
 
 void ProjectList::keepExpanded(const ProjectRecord& project, const std::vector<bool>& isShown) {

@@ -61,6 +61,9 @@ public:
     // at all, and has the registry forget the names that no project refers to.
     void saveData();
 
+    // Writes what was changed and not saved, if anything was, and tidies nothing up: for whenever the timers are written.
+    void writeChanges();
+
     // A new project, "New Project", at a position or at the end; saves. Never null. Colours stay as they are.
     Project addNewProjectWithItems(const std::vector<Identity>& items, std::size_t position = kAtEnd);
     // Removes at once; saves. Nothing happens for a position that there is not.
@@ -109,6 +112,7 @@ private:
     void tellChanged(ProjectListChange::Kind kind, const ProjectRecord& project);
     void replaceFrozen(const FrozenIdentities& frozen);
     void settleFreezing();
+    void expansionChanged(const Record& project);
     void storeTopLevelExpansion();
 
     TimeStoreServices& m_services;
@@ -122,6 +126,7 @@ private:
     std::vector<FrozenIdentities> m_frozen;
     std::unique_ptr<RunLoopTimer> m_joining;
     bool m_owesSave = false;
+    bool m_hasUnwritten = false;
     Subscription m_freezing;
     Subscription m_refreshing;
 };

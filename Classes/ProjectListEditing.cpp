@@ -122,6 +122,13 @@ void ProjectList::settleFreezing() {
     reloadReverseProjectCache();
 }
 
+void ProjectList::expansionChanged(const Record& project) {
+    if (project == m_mainItem)
+        storeTopLevelExpansion();
+    else
+        m_hasUnwritten = true;
+}
+
 void ProjectList::storeTopLevelExpansion() {
     m_defaults.setObject(kTopLevelExpandedUUIDs, m_mainItem->expandedEntry());
 }

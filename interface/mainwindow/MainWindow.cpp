@@ -15,7 +15,6 @@
 #include <QMenuBar>
 #include <QSplitter>
 #include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -51,6 +50,7 @@ MainWindow::MainWindow()
     m_splitView->setSizes({kSidebarWidth, kFirstSize.width() - kSidebarWidth});
     setCentralWidget(m_splitView);
     connect(m_actions.showSidebar, &QAction::toggled, m_sidebar, &QWidget::setVisible);
+    m_searchAppField->setOutlineView(m_mainTable);
     setMinimumSize(kSmallestSize);
     resize(kFirstSize);
     m_mainTable->setFocus();
@@ -74,11 +74,7 @@ void MainWindow::makeToolBar() {
     auto* cells = new QHBoxLayout(rest);
     cells->setContentsMargins(kToolMargin, 0, kToolMargin, 0);
     cells->addStretch(1);
-    m_searchAppField = named(new QLineEdit, QStringLiteral("searchAppField"));
-    m_searchAppField->setPlaceholderText(localized("Search"));
-    m_searchAppField->setClearButtonEnabled(true);
-    for (auto* button : m_searchAppField->findChildren<QToolButton*>())
-        named(button, QStringLiteral("searchClearButton"));
+    m_searchAppField = named(new TKSearchField, QStringLiteral("searchAppField"));
     m_searchAppField->setMinimumWidth(kSmallestSearchWidth);
     m_searchAppField->setMaximumWidth(kSearchWidth);
     cells->addWidget(m_searchAppField, 2);

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "interface/mainwindow/MainActions.h"
+#include "interface/mainwindow/TKSearchField.h"
 
 #include <QMainWindow>
 
-class QLineEdit;
 class QSplitter;
 class QToolBar;
 class SidebarPane;
@@ -26,7 +26,7 @@ public:
 
     TKOutlineDisplayView& projectOutline() const;
 
-    QLineEdit& searchAppField() const { return *m_searchAppField; }
+    TKSearchField& searchAppField() const { return *m_searchAppField; }
 
     SumBar& sumBar() const { return *m_sumBar; }
 
@@ -59,7 +59,7 @@ private:
     QMenu* m_projectMenu = nullptr;
     TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     QToolBar* m_toolBar = nullptr;
-    QLineEdit* m_searchAppField = nullptr;
+    TKSearchField* m_searchAppField = nullptr;
     QSplitter* m_splitView = nullptr;
     SidebarPane* m_sidebar = nullptr;
     TKOutlineDisplayView* m_mainTable = nullptr;

@@ -105,6 +105,10 @@ void TKController::connectActions() {
     connect(actions.about, [this] { m_appDelegate.showAboutBox(); });
     QObject::connect(&m_undoStack, &QUndoStack::canUndoChanged, actions.undo, &QAction::setEnabled);
     QObject::connect(&m_undoStack, &QUndoStack::canRedoChanged, actions.redo, &QAction::setEnabled);
+    QObject::connect(&m_undoStack, &QUndoStack::indexChanged, &m_window, [this] {
+        forgetSummedRows();
+        refreshTimeSum();
+    });
     actions.undo->setEnabled(false);
     actions.redo->setEnabled(false);
     QObject::connect(&m_window.searchAppField(), &QLineEdit::textChanged, &m_window,

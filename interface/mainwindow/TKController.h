@@ -82,7 +82,8 @@ public:
 
     void revealDatabase();
 
-    void saveSettingsToDisk() { (void)m_database.saveSettingsToDiskAtURL(); }
+    // Writes the timers, and of the projects what is not yet written.
+    void saveSettingsToDisk();
 
     // The program is no longer the active one: the timers are written whenever that happens.
     void applicationWillTerminate() { saveSettingsToDisk(); }

@@ -113,6 +113,11 @@ void TKController::clearTimers() {
     m_projectController->refreshProject();
 }
 
+void TKController::saveSettingsToDisk() {
+    (void)m_database.saveSettingsToDiskAtURL();
+    m_projects.writeChanges();
+}
+
 void TKController::chooseDatabaseDirectory() {
     const auto location = m_alerts.chooseSaveLocation(localized("Set storage database location."),
                                                       m_database.mainStoreURL(), false);

@@ -66,6 +66,10 @@ void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
     m_model = &model;
     m_folded.clear();
     setModel(&model);
+    connect(&model, &QAbstractItemModel::rowsInserted, this, &TKOutlineDisplayView::readOutInvitation,
+            Qt::UniqueConnection);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, &TKOutlineDisplayView::readOutInvitation,
+            Qt::UniqueConnection);
     // By what the header shows.
     setSortingEnabled(true);
     header()->setSectionsMovable(false);
@@ -111,7 +115,17 @@ TKTableLabelCell TKOutlineDisplayView::dataCell(const QModelIndex& row) const {
 
 void TKOutlineDisplayView::setInvitation(const QString& text) {
     m_invitation = text;
+    readOutInvitation();
     viewport()->update();
+}
+
+QString TKOutlineDisplayView::shownInvitation() const {
+    return model() && model()->rowCount() > 0 ? QString() : m_invitation;
+}
+
+void TKOutlineDisplayView::readOutInvitation() {
+    if (const QString shown = shownInvitation(); accessibleDescription() != shown)
+        setAccessibleDescription(shown);
 }
 
 void TKOutlineDisplayView::setWriteItems(WriteItems writeItems) {
@@ -187,7 +201,7 @@ void TKOutlineDisplayView::contextMenuEvent(QContextMenuEvent* event) {
 
 void TKOutlineDisplayView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (!m_invitation.isEmpty() && (!model() || model()->rowCount() == 0))
+    if (!shownInvitation().isEmpty())
         drawInvitation();
 }
 

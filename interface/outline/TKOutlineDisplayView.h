@@ -61,7 +61,7 @@ public:
     // With all descendants.
     void collapseAllRows();
     // Unfolds, but not their children, all rows from top to bottom that `isWanted`, among them those that come
-    // into view on the way. Costs one layout.
+    // into view on the way. It is called for every row that is or comes into view. Costs one layout.
     void expandRows(const std::function<bool(const QModelIndex& row)>& isWanted);
 
     // From top to bottom.
@@ -119,6 +119,10 @@ private:
     void fitTimeColumn();
     void rowFolded(const QModelIndex& index);
     void forgetFolded();
+    // Empty while there are rows.
+    QString shownInvitation() const;
+    // Whoever cannot see it hears it as the description of the view.
+    void readOutInvitation();
     void drawInvitation();
 
     TimeTreeModel* m_model = nullptr;

@@ -20,9 +20,11 @@ void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
                                          const std::function<bool(const QModelIndex&)>& isWanted) {
     for (int row = 0; row < model()->rowCount(parent); ++row) {
         const QModelIndex index = model()->index(row, 0, parent);
+        // Asked of every row, because who asks may keep account of those that are there.
+        const bool isToUnfold = isWanted(index);
         if (!model()->hasChildren(index))
             continue;
-        if (!isExpanded(index) && isWanted(index)) {
+        if (isToUnfold && !isExpanded(index)) {
             if (model()->canFetchMore(index))
                 model()->fetchMore(index);
             expand(index);

@@ -401,4 +401,25 @@ TEST_F(ProjectListTest, observers_mayOutliveTheList) {
     list.reset();
 }
 
+TEST_F(ProjectListTest, aRemovedMember_isWrittenWithTheTimersAtTheLatest) {
+    m_list.removeMembers(project(0), {identity(1)});
+    EXPECT_EQ(written(), "Work 1 2; Play 3");
+    m_list.writeChanges();
+    EXPECT_EQ(written(), "Work 2; Play 3");
+}
+
+TEST_F(ProjectListTest, writingChanges_tidiesNothingUp) {
+    m_list.expandUUID(*m_list.mainItem(), identity(9), false);
+    m_list.expandUUID(project(0), identity(9), false);
+    m_list.writeChanges();
+    EXPECT_EQ(m_list.mainItem()->expandedUUIDs()->size(), 1U) << "though it is in no project";
+    EXPECT_EQ(project(0).expandedUUIDs()->size(), 1U) << "though it is no member";
+}
+
+TEST_F(ProjectListTest, whenNothingChanged_nothingIsWritten) {
+    QFile::remove(*m_list.file().urlForTKProjects());
+    m_list.writeChanges();
+    EXPECT_FALSE(QFile::exists(*m_list.file().urlForTKProjects()));
+}
+
 } // namespace
