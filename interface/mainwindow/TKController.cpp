@@ -59,8 +59,7 @@ TKController::~TKController() {
     // A clipboard that still holds rows could no longer say how they read: it is made whole before they go.
     keepClipboard();
     // What closes the window must not find a controller that is half gone.
-    m_window.disconnect();
-    m_window.mainTable().disconnect();
+    m_reactions.reset();
     m_window.mainTable().setModel(nullptr);
 }
 
@@ -78,7 +77,7 @@ TKProjectController::MainController TKController::projectServices() {
 void TKController::connectActions() {
     const MainActions& actions = m_window.actions();
     const auto connect = [this](QAction* action, auto react) {
-        QObject::connect(action, &QAction::triggered, &m_window, react);
+        QObject::connect(action, &QAction::triggered, &*m_reactions, react);
     };
     connect(actions.importDatabase, [this] { m_documents.openDocument(); });
     connect(actions.saveCopy, [this] { m_documents.saveCopy(); });
@@ -105,15 +104,15 @@ void TKController::connectActions() {
     connect(actions.about, [this] { m_appDelegate.showAboutBox(); });
     QObject::connect(&m_undoStack, &QUndoStack::canUndoChanged, actions.undo, &QAction::setEnabled);
     QObject::connect(&m_undoStack, &QUndoStack::canRedoChanged, actions.redo, &QAction::setEnabled);
-    QObject::connect(&m_undoStack, &QUndoStack::indexChanged, &m_window, [this] {
+    QObject::connect(&m_undoStack, &QUndoStack::indexChanged, &*m_reactions, [this] {
         forgetSummedRows();
         refreshTimeSum();
     });
     actions.undo->setEnabled(false);
     actions.redo->setEnabled(false);
-    QObject::connect(&m_window.searchAppField(), &QLineEdit::textChanged, &m_window,
+    QObject::connect(&m_window.searchAppField(), &QLineEdit::textChanged, &*m_reactions,
                      [this](const QString& text) { searchText(text); });
-    QObject::connect(&m_window.sumBar().cutoff(), &CutoffSlider::secondsChanged, &m_window,
+    QObject::connect(&m_window.sumBar().cutoff(), &CutoffSlider::secondsChanged, &*m_reactions,
                      [this](float seconds) { setCutoffValue(seconds); });
     setCutoffValue(0);
 }
@@ -121,7 +120,7 @@ void TKController::connectActions() {
 void TKController::connectProjectActions() {
     const MainActions& actions = m_window.actions();
     const auto connect = [this](QAction* action, auto react) {
-        QObject::connect(action, &QAction::triggered, &m_window,
+        QObject::connect(action, &QAction::triggered, &*m_reactions,
                          [this, react] { std::invoke(react, *m_projectController); });
     };
     connect(actions.addProject, &TKProjectController::addProject);
@@ -135,10 +134,11 @@ void TKController::connectProjectActions() {
     m_window.tkLabelProjectViewController().setProjectController(
         [this](int tag) { m_projectController->setSelectedColorTag(tag); });
     outline.setRedirectToOutlineView(&m_window.mainTable());
-    QObject::connect(&outline, &TKOutlineDisplayView::menuRequested, &m_window, [this](const QPoint& place) {
-        m_window.popUp(QStringLiteral("projectContextMenu"), m_window.actions().forProjects(), place);
-    });
-    QObject::connect(&outline, &TKOutlineDisplayView::selectionDidChange, &m_window, [this] {
+    QObject::connect(
+        &outline, &TKOutlineDisplayView::menuRequested, &*m_reactions, [this](const QPoint& place) {
+            m_window.popUp(QStringLiteral("projectContextMenu"), m_window.actions().forProjects(), place);
+        });
+    QObject::connect(&outline, &TKOutlineDisplayView::selectionDidChange, &*m_reactions, [this] {
         updateActions();
         refreshTimeSum();
     });
@@ -162,19 +162,20 @@ void TKController::updateActions() {
 
 void TKController::connectOutline() {
     TKOutlineDisplayView& table = m_window.mainTable();
-    QObject::connect(&table, &TKOutlineDisplayView::selectionDidChange, &m_window,
+    QObject::connect(&table, &TKOutlineDisplayView::selectionDidChange, &*m_reactions,
                      [this] { selectionChanged(); });
-    QObject::connect(&table, &TKOutlineDisplayView::itemDidExpand, &m_window, [this](const auto& item) {
+    QObject::connect(&table, &TKOutlineDisplayView::itemDidExpand, &*m_reactions, [this](const auto& item) {
         if (item->uuid() && m_projectController)
             m_projectController->expandUUID(*item->uuid());
     });
-    QObject::connect(&table, &TKOutlineDisplayView::itemDidCollapse, &m_window, [this](const auto& item) {
+    QObject::connect(&table, &TKOutlineDisplayView::itemDidCollapse, &*m_reactions, [this](const auto& item) {
         if (item->uuid() && m_projectController)
             m_projectController->collapseUUID(*item->uuid());
     });
-    QObject::connect(&table, &TKOutlineDisplayView::menuRequested, &m_window, [this](const QPoint& place) {
-        m_window.popUp(QStringLiteral("timerContextMenu"), m_window.actions().forTimers(), place);
-    });
+    QObject::connect(
+        &table, &TKOutlineDisplayView::menuRequested, &*m_reactions, [this](const QPoint& place) {
+            m_window.popUp(QStringLiteral("timerContextMenu"), m_window.actions().forTimers(), place);
+        });
     table.setHighlightOnMouseOver(true);
     table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
     table.setBranchNode([this](const auto& item) { branchNode(item->node()); });
@@ -184,11 +185,14 @@ void TKController::connectOutline() {
     });
     for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController}) {
         // A selected application that gets another window counts that window through itself from now on.
-        QObject::connect(tree, &QAbstractItemModel::rowsInserted, &m_window, [this] { forgetSummedRows(); });
-        QObject::connect(tree, &QAbstractItemModel::rowsRemoved, &m_window, [this] { forgetSummedRows(); });
-        QObject::connect(tree, &QAbstractItemModel::modelReset, &m_window, [this] { forgetSummedRows(); });
+        QObject::connect(tree, &QAbstractItemModel::rowsInserted, &*m_reactions,
+                         [this] { forgetSummedRows(); });
+        QObject::connect(tree, &QAbstractItemModel::rowsRemoved, &*m_reactions,
+                         [this] { forgetSummedRows(); });
+        QObject::connect(tree, &QAbstractItemModel::modelReset, &*m_reactions,
+                         [this] { forgetSummedRows(); });
     }
-    QObject::connect(&m_window, &MainWindow::seenChanged, &m_window, [this](bool isSeen) {
+    QObject::connect(&m_window, &MainWindow::seenChanged, &*m_reactions, [this](bool isSeen) {
         m_shown->setLive(isSeen);
         refreshTimeSum();
         restoreExpansion();

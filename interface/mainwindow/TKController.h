@@ -161,6 +161,8 @@ private:
     QItemSelectionModel m_appSelection;
     QItemSelectionModel m_categorySelection;
     MainWindow m_window;
+    // Stands for this in the connections to what it owns, and ends them before any of it goes.
+    std::optional<QObject> m_reactions{std::in_place};
     TimerControl m_timer;
     TimeDatabase m_database;
     TKDocumentController m_documents;

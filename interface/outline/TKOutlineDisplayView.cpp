@@ -70,6 +70,12 @@ void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
             Qt::UniqueConnection);
     connect(&model, &QAbstractItemModel::rowsRemoved, this, &TKOutlineDisplayView::readOutInvitation,
             Qt::UniqueConnection);
+    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, &m_steadyScroll, &SteadyScroll::remember,
+            Qt::UniqueConnection);
+    connect(&model, &QAbstractItemModel::rowsAboutToBeMoved, &m_steadyScroll, &SteadyScroll::remember,
+            Qt::UniqueConnection);
+    connect(&model, &QAbstractItemModel::layoutAboutToBeChanged, &m_steadyScroll, &SteadyScroll::remember,
+            Qt::UniqueConnection);
     // By what the header shows.
     setSortingEnabled(true);
     header()->setSectionsMovable(false);
@@ -77,6 +83,18 @@ void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
     header()->setSectionResizeMode(TimeTreeModel::ProgramColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(TimeTreeModel::TimeSpentColumn, QHeaderView::Interactive);
     fitTimeColumn();
+}
+
+void TKOutlineDisplayView::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
+    m_steadyScroll.remember();
+    QTreeView::rowsAboutToBeRemoved(parent, first, last);
+}
+
+void TKOutlineDisplayView::doItemsLayout() {
+    const auto place = m_steadyScroll.take();
+    QTreeView::doItemsLayout();
+    if (place)
+        m_steadyScroll.returnTo(*place);
 }
 
 void TKOutlineDisplayView::fitTimeColumn() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/TimeStoreItem.h"
+#include "interface/outline/SteadyScroll.h"
 #include "interface/outline/TKTableLabelCell.h"
 
 #include <QTreeView>
@@ -99,6 +100,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void doItemsLayout() override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
     void startDrag(Qt::DropActions supportedActions) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -132,6 +135,7 @@ private:
     WriteItems m_writeItems;
     TKOutlineDisplayView* m_redirectToOutlineView = nullptr;
     QString m_invitation;
+    SteadyScroll m_steadyScroll{*this};
     std::vector<QPersistentModelIndex> m_folded;
     int m_highlightedRow = -1;
     // Whose freeze control is held down; -1 for none.
