@@ -88,11 +88,11 @@ void TKController::connectActions() {
     connect(actions.quit, [this] { m_appDelegate.terminate(); });
     connect(actions.undo, [this] { m_undoStack.undo(); });
     connect(actions.redo, [this] { m_undoStack.redo(); });
-    connect(actions.copy, [this] { focusedOutline().copy(); });
+    connect(actions.copy, [this] { m_focusedOutline->copy(); });
     connect(actions.copySummaryTime, [this] { copySummaryTime(); });
-    connect(actions.rename, [this] { focusedOutline().editName(); });
-    connect(actions.deleteRows, [this] { focusedOutline().deleteRows(); });
-    connect(actions.forceDelete, [this] { focusedOutline().forceDelete(); });
+    connect(actions.rename, [this] { m_focusedOutline->editName(); });
+    connect(actions.deleteRows, [this] { m_focusedOutline->deleteRows(); });
+    connect(actions.forceDelete, [this] { m_focusedOutline->forceDelete(); });
     connect(actions.selectAll, [this] { m_window.mainTable().selectAll(); });
     connect(actions.deselectAll, [this] { deselectAll(); });
     connect(actions.find, [this] { find(); });
@@ -148,12 +148,15 @@ void TKController::connectProjectActions() {
 void TKController::updateActions() {
     const MainActions& actions = m_window.actions();
     const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
-    for (QAction* action : {actions.copy, actions.rename, actions.deleteRows, actions.forceDelete,
-                            actions.deselectAll, actions.branch})
+    for (QAction* action : {actions.deselectAll, actions.branch})
         action->setEnabled(hasSelection);
+    const bool hasProject = m_projectController && !m_projectController->isMainItemSelected();
+    const bool isForTimers = m_focusedOutline == &m_window.mainTable();
+    for (QAction* action : {actions.copy, actions.rename, actions.deleteRows})
+        action->setEnabled(isForTimers ? hasSelection : hasProject);
+    actions.forceDelete->setEnabled(isForTimers && hasSelection);
     if (!m_projectController)
         return;
-    const bool hasProject = !m_projectController->isMainItemSelected();
     for (QAction* action : {actions.renameProject, actions.branchProject, actions.removeProject})
         action->setEnabled(hasProject);
     actions.moveProjectUp->setEnabled(m_projectController->canMoveProject(-1));
@@ -162,6 +165,15 @@ void TKController::updateActions() {
 
 void TKController::connectOutline() {
     TKOutlineDisplayView& table = m_window.mainTable();
+    m_focusedOutline = &table;
+    // A menu opened by the keyboard takes the focus, so the last one counts.
+    QObject::connect(qApp, &QApplication::focusChanged, &*m_reactions, [this](QWidget*, QWidget* focused) {
+        auto* outline = qobject_cast<TKOutlineDisplayView*>(focused);
+        if (outline != &m_window.mainTable() && outline != &m_window.projectOutline())
+            return;
+        m_focusedOutline = outline;
+        updateActions();
+    });
     QObject::connect(&table, &TKOutlineDisplayView::selectionDidChange, &*m_reactions,
                      [this] { selectionChanged(); });
     QObject::connect(&table, &TKOutlineDisplayView::itemDidExpand, &*m_reactions, [this](const auto& item) {

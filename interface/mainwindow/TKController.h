@@ -126,8 +126,6 @@ private:
     void restoreExpansion();
     TimeMimeData::Provider pasteboardProvider();
     void keepClipboard();
-    // The outline that commands for rows are meant for.
-    TKOutlineDisplayView& focusedOutline() const;
     TimeStoreItem::Children topLevelItems() const;
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
     void selectionChanged();
@@ -163,6 +161,8 @@ private:
     MainWindow m_window;
     // Stands for this in the connections to what it owns, and ends them before any of it goes.
     std::optional<QObject> m_reactions{std::in_place};
+    // The one that commands for rows are meant for: which of the two had the focus last.
+    TKOutlineDisplayView* m_focusedOutline = nullptr;
     TimerControl m_timer;
     TimeDatabase m_database;
     TKDocumentController m_documents;

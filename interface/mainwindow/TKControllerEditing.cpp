@@ -80,10 +80,6 @@ std::unique_ptr<QMimeData> TKController::writeItems(const QModelIndexList& rows)
     return std::make_unique<TimeMimeData>(pasteboardProvider(), timers);
 }
 
-TKOutlineDisplayView& TKController::focusedOutline() const {
-    return m_window.projectOutline().hasFocus() ? m_window.projectOutline() : m_window.mainTable();
-}
-
 void TKController::keepClipboard() {
     QClipboard& clipboard = *QApplication::clipboard();
     // What another program has copied meanwhile is of another kind.

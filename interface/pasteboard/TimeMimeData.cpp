@@ -50,6 +50,8 @@ std::vector<Identity> TimeMimeData::identities() const {
 
 QMimeData* TimeMimeData::settled() const {
     auto* whole = new QMimeData;
+    // One widespread clipboard manager loses the first form of what a program leaves it. This one is there twice.
+    whole->setData(kApplicationRtf, data(kApplicationRtf));
     for (const QString& type : formats())
         whole->setData(type, data(type));
     return whole;

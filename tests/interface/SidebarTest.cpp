@@ -218,7 +218,26 @@ TEST_F(SidebarTest, projectsOfAnotherFile_takeThePlaceOfTheOld) {
 TEST_F(SidebarTest, aRow_isCopiedAsItsTimersRead) {
     addProject("Poster", {QStringLiteral("Paint")});
     show();
+    sidebar().setFocus();
+    EXPECT_FALSE(actions().copy->isEnabled()) << "the main item is not copied";
     choose(1);
-    sidebar().copy();
+    command(actions().copy);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Paint, 00:00:30\n"));
+}
+
+TEST_F(SidebarTest, theEditMenu_isForTheRowsThatHadTheFocusLast) {
+    addProject("Poster");
+    show();
+    select({row("Mail")});
+    table().setFocus();
+    EXPECT_TRUE(actions().rename->isEnabled());
+    sidebar().setFocus();
+    EXPECT_FALSE(actions().rename->isEnabled()) << "the main item keeps its name";
+    choose(1);
+    controller.window().searchAppField().setFocus();
+    command(actions().rename);
+    ASSERT_NE(editor(), nullptr) << "the project's name is edited";
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    table().setFocus();
+    EXPECT_FALSE(actions().rename->isEnabled()) << "the project shows no rows";
 }
