@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/PeriodicSave.h"
+
+#include "Classes/Engine.h"
+#include "Classes/TimeDatabase.h"
+#include "platform/foundation/PropertyList.h"
+#include "tests/fakes/Announcements.h"
+#include "tests/fakes/FakePlatform.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+
+#include <ctime>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Weekdays as the setting has them.
+constexpr int kEveryDay = 0x7F;
+constexpr int kThursday = 1 << 4;
+
+class PeriodicSaveTest : public testing::Test {
+protected:
+    explicit PeriodicSaveTest(const char* zone = "UTC") {
+        qputenv("TZ", zone);
+        tzset();
+        fakes.defaults.registerDefaults(registeredDefaults(fakes.folders.applicationSupport));
+        QDir().mkpath(archive());
+        fakes.defaults.setObject(kPeriodicSaveDirectory, archive());
+        addMail();
+    }
+    ~PeriodicSaveTest() override {
+        qunsetenv("TZ");
+        tzset();
+    }
+
+    void addMail() {
+        engine.tracker().setArrayRepresentation(
+            {PropertyListDictionary{{kEntryApp, PropertyListDictionary{{kRecordName, QStringLiteral("Mail")},
+                                                                       {kRecordActiveTime, 60.5}}},
+                                    {kEntryWindows, PropertyListArray()}}});
+    }
+
+    QString archive() { return fakes.home.filePath(QStringLiteral("archive")); }
+
+    // The names of the files in a folder.
+    static std::string files(const QString& folder) {
+        return str(QDir(folder).entryList(QDir::Files, QDir::Name).join(u' '));
+    }
+
+    bool isCleared() { return engine.tracker().fullTimeSet().empty(); }
+
+    // "2026-01-05T14:30:00" in the zone of the test.
+    void setClock(const char* local) {
+        const auto time = QDateTime::fromString(QLatin1String(local), Qt::ISODate);
+        fakes.clock.setWall(Date(std::chrono::milliseconds(time.toMSecsSinceEpoch())));
+    }
+
+    std::string firing() {
+        const auto next = save.nextFiring();
+        return next ? str(QDateTime::fromMSecsSinceEpoch(qint64(unixSeconds(*next) * 1000))
+                              .toString(QStringLiteral("yyyy-MM-dd hh:mm")))
+                    : "none";
+    }
+
+    void turnOn(int weekdays = kEveryDay) {
+        fakes.defaults.setObject(kSaveTimerPeriodically, true);
+        fakes.defaults.setObject(kPeriodicDaysOfWeek, weekdays);
+        save.updatedSaveTimerPeriodically();
+    }
+
+    FakePlatform fakes;
+    Engine engine{fakes.platform, {}};
+    TimeDatabase database{engine.tracker(),
+                          engine.registry(),
+                          fakes.defaults,
+                          fakes.folders,
+                          fakes.log,
+                          {.projects =
+                               [] {
+                                   return PropertyListArray{PropertyListDictionary{
+                                       {QStringLiteral("Label"), QStringLiteral("Home")}}};
+                               },
+                           .setProjects = {},
+                           .computeTime = [] {}}};
+    int cleared = 0;
+    PeriodicSave save{engine.tracker(), database,  fakes.defaults,       fakes.clock,
+                      fakes.runLoop,    fakes.log, [this] { ++cleared; }};
+};
+
+TEST_F(PeriodicSaveTest, untilItIsTurnedOn_nothingIsPlanned) {
+    EXPECT_EQ(firing(), "none");
+    turnOn();
+    EXPECT_NE(firing(), "none");
+    fakes.defaults.setObject(kSaveTimerPeriodically, false);
+    save.updatedSaveTimerPeriodically();
+    EXPECT_EQ(firing(), "none");
+    fakes.runLoop.advance(25h);
+    EXPECT_FALSE(isCleared());
+}
+
+TEST_F(PeriodicSaveTest, startedInTheAfternoon_firesInTheEveningWithTheMinutesOfTheStart) {
+    setClock("2026-01-05T14:30:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-01-05 19:30");
+}
+
+TEST_F(PeriodicSaveTest, startedRightAtOrAfterTheTime_firesADayLaterOrAlmost) {
+    setClock("2026-01-05T19:00:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-01-06 19:00");
+    setClock("2026-01-05T18:59:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-01-05 19:59");
+    setClock("2026-01-05T21:15:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-01-06 19:15");
+}
+
+TEST_F(PeriodicSaveTest, aTimeChosenByTheUser_isTheTimeOfDayAlone) {
+    setClock("2026-01-05T06:10:00");
+    const auto noon = QDateTime(QDate(2011, 7, 1), QTime(12, 0)).toMSecsSinceEpoch();
+    fakes.defaults.setObject(kPeriodicSaveTime, Date(std::chrono::milliseconds(noon)));
+    turnOn();
+    EXPECT_EQ(firing(), "2026-01-05 12:10");
+}
+
+TEST_F(PeriodicSaveTest, aTimeThatIsNone_countsAsSevenInTheEvening) {
+    setClock("2026-01-05T14:30:00");
+    fakes.defaults.setObject(kPeriodicSaveTime, QStringLiteral("late"));
+    turnOn();
+    EXPECT_EQ(firing(), "2026-01-05 19:30");
+}
+
+TEST_F(PeriodicSaveTest, onAChosenWeekday_bothFilesAreWrittenAndTheTimersCleared) {
+    setClock("2026-01-08T18:30:00");
+    turnOn(kThursday);
+    fakes.runLoop.advance(59min);
+    EXPECT_FALSE(isCleared());
+    fakes.runLoop.advance(2min);
+    EXPECT_TRUE(isCleared());
+    EXPECT_EQ(cleared, 1);
+    EXPECT_EQ(files(archive()), "2026-01-08.csv 2026-01-08.tkd");
+    const auto stored = PropertyList::readFile(archive() + QStringLiteral("/2026-01-08.tkd"));
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(stored->asDictionary()->value(kDatabaseApps).asArray()->size(), 1U);
+    EXPECT_EQ(stored->asDictionary()->value(kDatabaseProjects).asArray()->size(), 1U);
+}
+
+TEST_F(PeriodicSaveTest, onAnotherWeekday_nothingHappens) {
+    setClock("2026-01-07T18:30:00");
+    turnOn(kThursday);
+    fakes.runLoop.advance(2h);
+    EXPECT_FALSE(isCleared());
+    EXPECT_EQ(files(archive()), "");
+    fakes.runLoop.advance(24h);
+    EXPECT_TRUE(isCleared());
+}
+
+TEST_F(PeriodicSaveTest, eachFormat_writesItsFilesAndClears) {
+    const std::map<int, std::string> formats{
+        {0, "2026-01-05.csv"}, {1, "2026-01-05.tkd"}, {2, "2026-01-05.csv 2026-01-05.tkd"}, {5, ""}};
+    for (const auto& [format, expected] : formats) {
+        QDir(archive()).removeRecursively();
+        QDir().mkpath(archive());
+        addMail();
+        fakes.defaults.setObject(kPeriodicFormatType, format);
+        save.doPeriodicSave();
+        EXPECT_EQ(files(archive()), expected) << format;
+        EXPECT_TRUE(isCleared()) << format;
+    }
+}
+
+TEST_F(PeriodicSaveTest, twiceADay_theSecondReplacesTheFirst) {
+    save.doPeriodicSave();
+    const auto before = QFile(archive() + QStringLiteral("/2026-01-05.csv")).size();
+    save.doPeriodicSave();
+    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_LT(QFile(archive() + QStringLiteral("/2026-01-05.csv")).size(), before) << "nothing was left";
+}
+
+TEST_F(PeriodicSaveTest, aYear_isArchivedOncePerThursday) {
+    setClock("2026-01-01T14:30:00");
+    turnOn(kThursday);
+    fakes.clock.sleepFor(4h + 55min);
+    // Of each day the machine is awake for the quarter of an hour in which it fires.
+    for (int day = 0; day < 365; ++day) {
+        addMail();
+        fakes.runLoop.advance(15min);
+        fakes.clock.sleepFor(23h + 45min);
+    }
+    EXPECT_EQ(QDir(archive()).entryList({QStringLiteral("*.csv")}).size(), 53);
+    EXPECT_EQ(cleared, 53);
+    EXPECT_TRUE(QFile::exists(archive() + QStringLiteral("/2026-12-31.csv")));
+}
+
+TEST_F(PeriodicSaveTest, aMachineThatSleptAtTheTime_savesSoonAfterItWakes) {
+    setClock("2026-01-05T18:30:00");
+    turnOn();
+    fakes.runLoop.advance(5min);
+    fakes.clock.sleepFor(4h);
+    fakes.runLoop.advance(11min);
+    EXPECT_TRUE(isCleared());
+    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_EQ(firing(), "2026-01-06 19:30");
+}
+
+TEST_F(PeriodicSaveTest, aMachineThatSleptForDays_savesOnce) {
+    setClock("2026-01-05T18:30:00");
+    turnOn();
+    fakes.clock.sleepFor(100h);
+    fakes.runLoop.advance(11min);
+    EXPECT_EQ(cleared, 1);
+    EXPECT_EQ(files(archive()), "2026-01-09.csv 2026-01-09.tkd");
+}
+
+TEST_F(PeriodicSaveTest, aClockSetBack_savesAtTheTimeThatWasPlanned) {
+    setClock("2026-01-05T18:30:00");
+    turnOn();
+    setClock("2026-01-05T17:30:00");
+    fakes.runLoop.advance(119min);
+    EXPECT_FALSE(isCleared());
+    fakes.runLoop.advance(2min);
+    EXPECT_TRUE(isCleared());
+}
+
+TEST_F(PeriodicSaveTest, weekdays_areStoredInTheMirrorOfHowTheyAreShown) {
+    save.setPeriodicDaysOfWeek({true, false, false, false, false, false, false});
+    EXPECT_EQ(fakes.defaults.integerForKey(kPeriodicDaysOfWeek), 64);
+    EXPECT_EQ(save.selectProperPeriodicDaysOfWeek(),
+              (PeriodicSave::Segments{false, false, false, false, false, false, true}));
+    save.setPeriodicDaysOfWeek({true, true, true, true, true, true, true});
+    EXPECT_EQ(fakes.defaults.integerForKey(kPeriodicDaysOfWeek), 127);
+    fakes.defaults.removeObject(kPeriodicDaysOfWeek);
+    EXPECT_EQ(save.selectProperPeriodicDaysOfWeek(),
+              (PeriodicSave::Segments{false, false, false, false, true, false, false}))
+        << "Thursday";
+}
+
+TEST_F(PeriodicSaveTest, aTilde_isTheHomeFolder) {
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", fakes.home.path().toUtf8());
+    fakes.defaults.setObject(kPeriodicSaveDirectory, QStringLiteral("~/archive"));
+    save.doPeriodicSave();
+    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
+    qputenv("HOME", home);
+}
+
+TEST_F(PeriodicSaveTest, aFolderThatIsNoText_isTheApplicationSupportFolder) {
+    fakes.defaults.setObject(kPeriodicSaveDirectory, 7);
+    save.doPeriodicSave();
+    EXPECT_TRUE(QFile::exists(fakes.folders.applicationSupport + QStringLiteral("/2026-01-05.csv")));
+}
+
+// A folder that cannot take the archive: made by `spoil` at the place of the chosen one.
+class UnwritableArchive
+    : public PeriodicSaveTest,
+      public testing::WithParamInterface<std::pair<const char*, void (*)(const QString&)>> {};
+
+TEST_P(UnwritableArchive, theArchiveIsKeptBesideTheMainStoreAndTheTimersAreCleared) {
+    QDir(archive()).removeRecursively();
+    GetParam().second(archive());
+    save.doPeriodicSave();
+    EXPECT_TRUE(isCleared());
+    EXPECT_EQ(files(fakes.folders.applicationSupport), "2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_TRUE(fakes.log.lines.contains(QStringLiteral("Error Exporting")));
+    EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("is kept as ")));
+    // Again on the same day: nothing that was kept is overwritten.
+    addMail();
+    save.doPeriodicSave();
+    EXPECT_EQ(files(fakes.folders.applicationSupport),
+              "2026-01-05 2.csv 2026-01-05 2.tkd 2026-01-05.csv 2026-01-05.tkd");
+}
+
+INSTANTIATE_TEST_SUITE_P(PeriodicSave, UnwritableArchive,
+                         testing::Values(std::pair(
+                                             "vanished", +[](const QString&) {}),
+                                         std::pair(
+                                             "file",
+                                             +[](const QString& path) {
+                                                 QFile file(path);
+                                                 EXPECT_TRUE(file.open(QFile::WriteOnly));
+                                             }),
+                                         std::pair(
+                                             "dangling",
+                                             +[](const QString& path) {
+                                                 EXPECT_TRUE(
+                                                     QFile::link(QStringLiteral("/no/such/folder"), path));
+                                             })),
+                         [](const auto& unwritable) { return std::string(unwritable.param.first); });
+
+TEST_F(PeriodicSaveTest, nowhereToWrite_isToldAndTheTimersAreCleared) {
+    fakes.defaults.setObject(kPeriodicSaveDirectory, QStringLiteral("/no/such/folder"));
+    database.setMainStoreURL(QStringLiteral("/no/such/folder/store.tkd"));
+    save.doPeriodicSave();
+    EXPECT_TRUE(isCleared());
+    EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("written nowhere")));
+}
+
+// Where the clocks are put forward on the 29th of March and back on the 25th of October 2026.
+class PeriodicSaveInVienna : public PeriodicSaveTest {
+protected:
+    PeriodicSaveInVienna()
+        : PeriodicSaveTest("Europe/Vienna") {}
+};
+
+TEST_F(PeriodicSaveInVienna, afterTheClocksWentForward_itFiresAnHourLater) {
+    setClock("2026-03-28T14:30:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-03-28 19:30");
+    fakes.runLoop.advance(6h);
+    EXPECT_EQ(firing(), "2026-03-29 20:30") << "every 86,400 seconds";
+    save.updatedSaveTimerPeriodically();
+    fakes.runLoop.advance(24h);
+    EXPECT_EQ(cleared, 2);
+}
+
+TEST_F(PeriodicSaveInVienna, onTheDayOfTwentyFiveHours_itFiresWithinTheDay) {
+    setClock("2026-10-25T18:30:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-10-25 19:30");
+    setClock("2026-10-24T14:30:00");
+    turnOn();
+    fakes.runLoop.advance(6h);
+    EXPECT_EQ(firing(), "2026-10-25 18:30");
+}
+
+TEST_F(PeriodicSaveInVienna, theRegisteredTime_isSevenInTheEveningThereToo) {
+    setClock("2026-07-01T14:30:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-07-01 19:30");
+}
+
+} // namespace
