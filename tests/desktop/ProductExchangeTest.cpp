@@ -50,10 +50,15 @@ protected:
                 {QStringLiteral("Apps"), PropertyListArray{application(timer("Mail", 60, kMail), windows),
                                                            application(timer("Notes", 100, kNotes), {})}}},
             product.databasePath()));
-        static_cast<void>(PropertyList::writeBinaryFile(
-            PropertyListArray{PropertyListDictionary{{QStringLiteral("Label"), QStringLiteral("Poster")},
-                                                     {QStringLiteral("Subtree"), PropertyListArray()}}},
-            projectsPath()));
+        writeProjects({"Poster"});
+    }
+
+    void writeProjects(const std::vector<const char*>& labels) {
+        PropertyListArray records;
+        for (const char* label : labels)
+            records.push_back(PropertyListDictionary{{QStringLiteral("Label"), QString::fromLatin1(label)},
+                                                     {QStringLiteral("Subtree"), PropertyListArray()}});
+        static_cast<void>(PropertyList::writeBinaryFile(records, projectsPath()));
     }
 
     QString projectsPath() {
@@ -88,6 +93,15 @@ protected:
         xdotool({QStringLiteral("mousemove"), QString::number(kOutlineX), QString::number(kFirstRow),
                  QStringLiteral("click"), QStringLiteral("1")});
         press("ctrl+c");
+    }
+
+    // As a person quits.
+    void quit() {
+        xdotool(
+            {QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
+        press("ctrl+q");
+        EXPECT_TRUE(product.program().waitUntilEnded());
+        EXPECT_EQ(product.program().exitStatus(), 0);
     }
 
     QByteArray ask(const char* question) {
@@ -203,14 +217,32 @@ TEST_F(ProductExchangeTest, aClipboardManager_keepsEveryFormWhenItEnds) {
     ASSERT_EQ(manager->readLine(), "ready");
     start();
     startOther();
+    for (const bool isAsked : {false, true}) {
+        copyFirstRow();
+        ASSERT_TRUE(waitFor([&] { return ask("formats").contains("org.ticklog.standard.TKItem"); }));
+        if (isAsked)
+            quit();
+        else
+            EXPECT_EQ(product.end(SIGTERM), 0);
+        EXPECT_TRUE(waitFor([&] { return ask("formats").contains("org.ticklog.standard.TKItem"); }))
+            << isAsked;
+        EXPECT_EQ(bytesOf("data text/plain"), "Mail, 00:01:00\n");
+        EXPECT_TRUE(bytesOf("data text/html").contains("<td>Inbox</td>"));
+        EXPECT_NE(textOfRtf(bytesOf("data text/rtf")).find("Mail|Inbox"), std::string::npos);
+        EXPECT_EQ(timersFromPasteboard(bytesOf("data org.ticklog.standard.TKItem")), std::vector{kMail});
+        if (!isAsked)
+            start();
+    }
+}
+
+TEST_F(ProductExchangeTest, whatAnotherProgramHasCopiedSince_staysWhenItEnds) {
+    start();
+    startOther();
     copyFirstRow();
     ASSERT_TRUE(waitFor([&] { return ask("formats").contains("org.ticklog.standard.TKItem"); }));
+    EXPECT_EQ(ask("copy Theirs"), "ok");
     EXPECT_EQ(product.end(SIGTERM), 0);
-    EXPECT_TRUE(waitFor([&] { return ask("formats").contains("org.ticklog.standard.TKItem"); }));
-    EXPECT_EQ(bytesOf("data text/plain"), "Mail, 00:01:00\n");
-    EXPECT_TRUE(bytesOf("data text/html").contains("<td>Inbox</td>"));
-    EXPECT_TRUE(textOfRtf(bytesOf("data text/rtf")).find("Mail|Inbox") != std::string::npos);
-    EXPECT_EQ(timersFromPasteboard(bytesOf("data org.ticklog.standard.TKItem")), std::vector{kMail});
+    EXPECT_EQ(bytesOf("data text/plain"), "Theirs");
 }
 
 TEST_F(ProductExchangeTest, aRowPulledIntoAnotherProgram_arrivesInEveryForm) {
@@ -245,19 +277,38 @@ TEST_F(ProductExchangeTest, timersPulledInFromAnotherProgram_areTaken) {
     EXPECT_EQ(other->readLine(), "drag 1") << "copied";
 }
 
-TEST_F(ProductExchangeTest, textPulledInFromAnotherProgram_isRefused) {
+TEST_F(ProductExchangeTest, aRowPulledBetweenTwoProjects_becomesOneThere) {
+    writeProjects({"Poster", "Letters"});
     start();
-    startOther({QStringLiteral("text/plain"), QString::fromLatin1(QByteArray("Mail").toBase64())});
-    drag(otherWindow(), sidebarRow(1));
-    EXPECT_EQ(other->readLine(), "drag 0");
-    EXPECT_EQ(projects(), "Poster()");
+    // The line between the two rows.
+    drag(outlineRow(1), sidebarRow(1) + QPoint(0, kRowHeight / 2));
+    EXPECT_TRUE(waitFor([&] { return projects() == "Poster() New Project(notes000) Letters()"; }))
+        << projects();
 }
 
-TEST_F(ProductExchangeTest, damagedTimersPulledIn_changeNothing) {
+// Neither text nor what only pretends to be timers changes a project, at the very place where a row of ours does so
+// afterwards.
+struct ForeignThing {
+    const char* name;
+    QString type;
+    QByteArray bytes;
+    // What the other program is told: taken is what has our type, whatever is in it.
+    const char* answer;
+};
+
+class ForeignDrag : public ProductExchangeTest, public testing::WithParamInterface<ForeignThing> {};
+
+TEST_P(ForeignDrag, whatIsPulledIn_changesNothing) {
     start();
-    startOther({kTimerPasteboardType, QString::fromLatin1(QByteArray("bplist00 or so").toBase64())});
+    startOther({GetParam().type, QString::fromLatin1(GetParam().bytes.toBase64())});
     drag(otherWindow(), sidebarRow(1));
-    EXPECT_TRUE(other->readLine().has_value());
-    EXPECT_EQ(projects(), "Poster()");
-    EXPECT_TRUE(product.program().isRunning());
+    EXPECT_EQ(other->readLine(), GetParam().answer);
+    drag(outlineRow(0), sidebarRow(1));
+    EXPECT_TRUE(waitFor([&] { return projects() == "Poster(mail0000)"; })) << projects();
 }
+
+INSTANTIATE_TEST_SUITE_P(Product, ForeignDrag,
+                         testing::Values(ForeignThing{"text", QStringLiteral("text/plain"), "Mail", "drag 0"},
+                                         ForeignThing{"damaged", kTimerPasteboardType, "bplist00 or so",
+                                                      "drag 1"}),
+                         [](const auto& thing) { return std::string(thing.param.name); });

@@ -4,6 +4,7 @@
 //   formats       the types of the clipboard, with blanks between
 //   data TYPE     what the clipboard has of that type, in Base64
 //   paste         what a rich editor makes of a paste, in Base64
+//   copy TEXT     puts a text on the clipboard and says "ok"
 //   dropped TYPE  what was dropped here last has of that type, in Base64
 // and tells by itself: "drop", "drag ACTION" when its own drag has ended.
 #include <QApplication>
@@ -77,6 +78,10 @@ QByteArray answer(Window& window, const QString& line) {
         return clipboard ? clipboard->data(type).toBase64() : QByteArray();
     if (command == QLatin1String("dropped"))
         return window.dropped(type).toBase64();
+    if (command == QLatin1String("copy")) {
+        QGuiApplication::clipboard()->setText(type);
+        return "ok";
+    }
     QTextEdit editor;
     editor.paste();
     return editor.toPlainText().toUtf8().toBase64();
