@@ -72,7 +72,8 @@ TEST_F(SumModesTest, whatASearchFinds_isSummedWindowByWindow) {
 TEST_F(SumModesTest, aSelectionInASearch_countsWhatIsFoundInIt) {
     type("in");
     select({row("Mail")});
-    EXPECT_EQ(shown("sidebar-time-foundselection"), "00:00:20 Found in selection") << "of Mail only its Inbox";
+    EXPECT_EQ(shown("sidebar-time-foundselection"), "00:00:20 Found in selection")
+        << "of Mail only its Inbox";
     EXPECT_EQ(title(), "found\n00:00:20");
 }
 
