@@ -294,6 +294,8 @@ struct ForeignThing {
     QByteArray bytes;
     // What the other program is told: taken is what has our type, whatever is in it.
     const char* answer;
+
+    friend void PrintTo(const ForeignThing& thing, std::ostream* stream) { *stream << thing.name; }
 };
 
 class ForeignDrag : public ProductExchangeTest, public testing::WithParamInterface<ForeignThing> {};

@@ -186,11 +186,11 @@ TEST_F(PeriodicSaveTest, aYear_isArchivedOncePerThursday) {
     setClock("2026-01-01T14:30:00");
     turnOn(kThursday);
     fakes.clock.sleepFor(4h + 55min);
-    // Of each day the machine is awake for the quarter of an hour in which it fires.
+    // Of each day the machine is awake for the eleven minutes in which it fires.
     for (int day = 0; day < 365; ++day) {
         addMail();
-        fakes.runLoop.advance(15min);
-        fakes.clock.sleepFor(23h + 45min);
+        fakes.runLoop.advance(11min);
+        fakes.clock.sleepFor(23h + 49min);
     }
     EXPECT_EQ(QDir(archive()).entryList({QStringLiteral("*.csv")}).size(), 53);
     EXPECT_EQ(cleared, 53);
