@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/TimeStoreItem.h"
+#include "Classes/TimeTracker.h"
 
 #include <QUndoCommand>
 
 // The user's own name for a timer, which can be taken back. An empty name gives back the timer's own.
 class RenameCommand : public QUndoCommand {
 public:
-    RenameCommand(std::shared_ptr<TimeStoreItem> item, const QString& name);
+    // The tracker outlives the command.
+    RenameCommand(const TimeTracker& tracker, std::shared_ptr<TimeStoreItem> item, const QString& name);
 
     bool changesAnything() const { return m_newName != m_oldName; }
 
@@ -16,6 +17,10 @@ public:
     void undo() override;
 
 private:
+    void giveName(const QString& name) const;
+    std::shared_ptr<TimeStoreItem> currentItem() const;
+
+    const TimeTracker& m_tracker;
     std::shared_ptr<TimeStoreItem> m_item;
     QString m_oldName;
     QString m_newName;

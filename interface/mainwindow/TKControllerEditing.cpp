@@ -19,7 +19,7 @@ void TKController::renameSelected() {
 }
 
 void TKController::rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name) {
-    auto command = std::make_unique<RenameCommand>(item, name);
+    auto command = std::make_unique<RenameCommand>(m_engine.tracker(), item, name);
     if (command->changesAnything())
         m_undoStack.push(command.release());
 }

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// Taking back names and deletions, one after the other and in between what else happens.
+#include "tests/interface/ProjectDesk.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct UndoTest : testing::Test, ProjectDesk {
+    UndoTest() {
+        mailNotesAndPaint();
+        addProject("Poster", {QStringLiteral("Mail"), QStringLiteral("Todo")});
+        show();
+    }
+
+    void rename(const QModelIndex& index, const char* name) {
+        model().setData(index, QString::fromUtf8(name));
+        settle();
+    }
+
+    void remove(const QModelIndex& index) {
+        select({index});
+        controller.tableViewDidReceiveDeleteKey(true);
+        settle();
+    }
+
+    void undo() { command(actions().undo); }
+
+    void redo() { command(actions().redo); }
+};
+
+} // namespace
+
+TEST_F(UndoTest, aNameGivenBeforeADeletion_canBeTakenBackAfterIt) {
+    rename(row("Paint"), "Sketches");
+    remove(row("Sketches"));
+    EXPECT_EQ(outlineText(), "Mail, Notes");
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Sketches");
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+    redo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Sketches");
+    redo();
+    EXPECT_EQ(outlineText(), "Mail, Notes");
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Sketches");
+}
+
+TEST_F(UndoTest, aWindowsNameGivenBeforeItsApplicationWent_canBeTakenBack) {
+    table().expand(row("Notes"));
+    rename(row("List", row("Notes")), "Shopping");
+    remove(row("Notes"));
+    undo();
+    table().expand(row("Notes"));
+    settle();
+    EXPECT_EQ(outlineText(), "Mail, +Notes(Shopping, Todo), Paint");
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, +Notes(List, Todo), Paint");
+}
+
+TEST_F(UndoTest, aWindowsNameGivenBeforeTheWindowWent_canBeTakenBack) {
+    account("Web", 10, {{QStringLiteral("A"), 5}, {QStringLiteral("B"), 4}, {QStringLiteral("C"), 1}});
+    table().expand(row("Web"));
+    rename(row("A", row("Web")), "Articles");
+    remove(row("Articles", row("Web")));
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint, +Web(B, C)");
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint, +Web(Articles, B, C)");
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint, +Web(A, B, C)");
+}
+
+TEST_F(UndoTest, aNameGivenInAProject_canBeTakenBackAmongAllTimers) {
+    choose(1);
+    rename(row("Todo"), "Plans");
+    EXPECT_EQ(outlineText(), "Mail, Plans");
+    choose(0);
+    undo();
+    table().expand(row("Notes"));
+    settle();
+    EXPECT_EQ(outlineText(), "Mail, +Notes(List, Todo), Paint");
+    choose(1);
+    EXPECT_EQ(outlineText(), "Mail, Todo");
+}
+
+TEST_F(UndoTest, aNameTakenBackWhileItIsSearchedFor_isSummedAnew) {
+    rename(row("Paint"), "Sketches");
+    type("sket");
+    EXPECT_EQ(str(sumShown()), "00:00:30");
+    undo();
+    EXPECT_EQ(str(sumShown()), "00:00:00");
+    type("pain");
+    EXPECT_EQ(outlineText(), "Paint");
+}
+
+TEST_F(UndoTest, aNameGivenToAFrozenTimer_isTakenBackFromThatOneAlone) {
+    controller.timer().startTimer();
+    front("Paint", "Sketch");
+    seconds(5.5);
+    const auto frozen = TKOutlineDisplayView::itemAt(row("Paint"));
+    controller.branchNode(frozen->node());
+    settle();
+    seconds(5);
+    const QString nameFrozen = frozen->renamedName();
+    rename(row(qPrintable(nameFrozen)), "First draft");
+    undo();
+    EXPECT_EQ(frozen->renamedName(), nameFrozen);
+    EXPECT_TRUE(row("Paint").isValid()) << "what goes on counting keeps its name";
+}
+
+TEST_F(UndoTest, manyDeletions_comeBackInTurn) {
+    const std::string before = str(textOf(model()));
+    for (const char* name : {"Paint", "Mail", "Notes"})
+        remove(row(name));
+    EXPECT_EQ(outlineText(), "");
+    for (int step = 0; step < 3; ++step)
+        undo();
+    EXPECT_EQ(str(textOf(model())), before);
+    EXPECT_EQ(membersOf(0), "Mail, Todo");
+    EXPECT_FALSE(actions().undo->isEnabled());
+    for (int step = 0; step < 3; ++step)
+        redo();
+    EXPECT_EQ(outlineText(), "");
+}
+
+TEST_F(UndoTest, aDeletionTakenBackDuringASearch_isNarrowedLikeTheRest) {
+    remove(row("Paint"));
+    type("in");
+    EXPECT_EQ(outlineText(), "+Mail(Inbox)");
+    undo();
+    EXPECT_EQ(outlineText(), "+Mail(Inbox), Paint");
+    type("");
+    remove(row("Notes"));
+    type("in");
+    undo();
+    EXPECT_EQ(outlineText(), "+Mail(Inbox), Paint") << "Notes has come back, and does not match";
+    type("");
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+}
