@@ -110,3 +110,29 @@ TEST_F(SumModesTest, aSelectionInTheSidebar_isNotOneOfTimers) {
     choose(0);
     EXPECT_EQ(shown("sidebar-time-total"), "00:03:10 Total");
 }
+
+TEST_F(SumModesTest, everythingFound_isSummedThoughTheModeSaysSelected) {
+    type("in");
+    select({row("Paint")});
+    EXPECT_EQ(ofEverything(), std::pair(std::string("00:00:50"), SumMode::FoundInSelection));
+    controller.deselectAll();
+    EXPECT_EQ(ofEverything(), std::pair(std::string("00:00:50"), SumMode::Found));
+}
+
+TEST_F(SumModesTest, anApplicationAndItsWindowFound_areCountedOnce) {
+    type("in");
+    select({row("Mail"), row("Inbox", row("Mail"))});
+    EXPECT_EQ(shown("sidebar-time-foundselection"), "00:00:20 Found in selection");
+    type("mail");
+    select({row("Mail"), row("Inbox", row("Mail"))});
+    EXPECT_EQ(shown("sidebar-time-foundselection"), "00:01:00 Found in selection") << "all of Mail";
+}
+
+TEST_F(SumModesTest, aWindowUnderAnApplicationThatIsNotSelected_countsByItself) {
+    choose(1);
+    table().expand(row("Mail"));
+    select({row("Inbox", row("Mail")), row("List")});
+    EXPECT_EQ(shown("sidebar-time-selection"), "00:01:00 Selected");
+    select({row("Mail"), row("Inbox", row("Mail")), row("List")});
+    EXPECT_EQ(shown("sidebar-time-selection"), "00:01:40 Selected");
+}
