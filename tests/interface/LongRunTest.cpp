@@ -108,13 +108,10 @@ TEST_F(LongRunTest, aSearchTypedSlowly_isNeitherLostNorDisturbed) {
     EXPECT_FALSE(table().isExpanded(row("Program 13")));
 }
 
-TEST_F(LongRunTest, projectsSwitchedAllTheTime_keepTheirRowsOpenAndSelected) {
+TEST_F(LongRunTest, projectsSwitchedAllTheTime_keepTheirRowsOpen) {
     choose(1);
     table().expand(row("Program 17"));
     settle();
-    select({row("Program 03")});
-    choose(2);
-    select({row("Page 2 of 5")});
     for (int second = 1; second <= kMinutes * 60; ++second) {
         work(second);
         if (second % 3 != 0)
@@ -126,6 +123,35 @@ TEST_F(LongRunTest, projectsSwitchedAllTheTime_keepTheirRowsOpenAndSelected) {
                 << second;
         } else {
             ASSERT_EQ(outlineText(), "Page 2 of 5, Program 20") << second;
+        }
+    }
+}
+
+TEST_F(LongRunTest, aProjectsSelection_staysForTenMinutes) {
+    choose(1);
+    table().expand(row("Program 17"));
+    settle();
+    select({row("Program 03"), row("Page 4 of 17", row("Program 17"))});
+    for (int second = 1; second <= kMinutes * 60; ++second) {
+        work(second);
+        // As when another program asks for it, or a member is frozen.
+        if (second % 30 == 0)
+            controller.projectController().refreshProject();
+        ASSERT_EQ(selection(), "Program 03, Page 4 of 17") << second;
+    }
+}
+
+TEST_F(LongRunTest, whatIsSelectedAmongAllTimers_isSelectedAgainAfterEveryProject) {
+    table().expand(row("Program 12"));
+    settle();
+    select({row("Program 30"), row("Page 3 of 12", row("Program 12"))});
+    for (int second = 1; second <= kMinutes * 60; ++second) {
+        work(second);
+        if (second % 5 != 0)
+            continue;
+        choose(second % 3);
+        if (chosen() == 0) {
+            ASSERT_EQ(selection(), "Page 3 of 12, Program 30") << second;
         }
     }
 }
