@@ -26,6 +26,9 @@ public:
     // When the next day is looked at; absent while nothing is planned.
     std::optional<Date> nextFiring() const { return m_next; }
 
+    // Where archives go, with "~" expanded.
+    QString folder() const;
+
     // Archives and clears if today is one of the weekdays.
     void performPeriodicSave();
     // Archives and clears. What cannot be written where the user wants it is kept beside the main store, which the log
@@ -42,7 +45,6 @@ private:
     int hoursToFirstFiring() const;
     void arm();
     void fire();
-    QString folder() const;
     void archive(const QString& name);
     Outcome writeCsv(const QString& path);
     Outcome writeDatabase(const QString& path);

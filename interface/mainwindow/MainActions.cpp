@@ -38,6 +38,10 @@ MainActions::MainActions(QObject* window)
     , restoreDefaultDatabaseLocation(
           make(window, "restoreDefaultDatabaseLocation", localized("&Restore Default Database Location")))
     , revealDatabase(make(window, "revealDatabase", localized("Show &Database in File Manager")))
+    , exportShown(
+          make(window, "exportShownToCSV", localized("E&xport Shown Timers to CSV…"), Qt::CTRL | Qt::Key_E))
+    , exportAll(make(window, "exportAllToCSV", localized("Export &All Timers to CSV…"),
+                     Qt::CTRL | Qt::SHIFT | Qt::Key_E))
     , closeWindow(make(window, "closeWindow", localized("C&lose Window"), QKeySequence::Close))
     , quit(make(window, "quit", localized("&Quit"), Qt::CTRL | Qt::Key_Q))
     , undo(make(window, "undo", localized("&Undo"), QKeySequence::Undo))
@@ -75,7 +79,7 @@ MainActions::MainActions(QObject* window)
 QMenu* MainActions::fill(QMenuBar& menuBar) const {
     addMenu(menuBar, "fileMenu", localized("&File"),
             {importDatabase, saveCopy, nullptr, chooseDatabaseLocation, restoreDefaultDatabaseLocation,
-             revealDatabase, nullptr, closeWindow, quit});
+             revealDatabase, nullptr, exportShown, exportAll, nullptr, closeWindow, quit});
     addMenu(menuBar, "editMenu", localized("&Edit"),
             {undo, redo, nullptr, copy, copySummaryTime, nullptr, rename, deleteRows, forceDelete, nullptr,
              selectAll, deselectAll, nullptr, find});

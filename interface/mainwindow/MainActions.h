@@ -23,6 +23,8 @@ struct MainActions {
     QAction* chooseDatabaseLocation;
     QAction* restoreDefaultDatabaseLocation;
     QAction* revealDatabase;
+    QAction* exportShown;
+    QAction* exportAll;
     QAction* closeWindow;
     QAction* quit;
 

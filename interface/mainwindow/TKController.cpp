@@ -46,6 +46,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     m_database.loadMainStore();
     m_projectController.emplace(m_projects, m_projectNodes, platform.notifications, m_window.projectOutline(),
                                 alerts, m_undoStack, projectServices());
+    m_exportController.emplace(m_engine.tracker(), m_database, platform, alerts, [this] { timersCleared(); });
     connectProjectActions();
     m_timer.registerForSystemSleep(platform.power);
     m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
@@ -84,6 +85,8 @@ void TKController::connectActions() {
     connect(actions.chooseDatabaseLocation, [this] { chooseDatabaseDirectory(); });
     connect(actions.restoreDefaultDatabaseLocation, [this] { restoreDefaultDatabaseLocation(); });
     connect(actions.revealDatabase, [this] { revealDatabase(); });
+    connect(actions.exportShown, [this] { m_exportController->exportShownToCSV(); });
+    connect(actions.exportAll, [this] { m_exportController->exportAllToCSV(); });
     connect(actions.closeWindow, [this] { m_window.close(); });
     connect(actions.quit, [this] { m_appDelegate.terminate(); });
     connect(actions.undo, [this] { m_undoStack.undo(); });

@@ -4,6 +4,7 @@
 #include "Classes/Engine.h"
 #include "Classes/TimeDatabase.h"
 #include "Classes/TimerControl.h"
+#include "interface/export/TKExportController.h"
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/TKDocumentController.h"
 #include "interface/mainwindow/TimeSum.h"
@@ -99,6 +100,8 @@ public:
 
     TKDocumentController& documents() { return m_documents; }
 
+    TKExportController& exporting() { return *m_exportController; }
+
     TKApplicationDelegate& appDelegate() { return m_appDelegate; }
 
     MainWindow& window() { return m_window; }
@@ -130,6 +133,7 @@ private:
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
     void selectionChanged();
     void showLastReset();
+    void timersCleared();
 
     void forgetSummedRows() { m_summedRows.reset(); }
 
@@ -180,4 +184,6 @@ private:
     Subscription m_resets;
     // Made when the timers have been read: the rows it opens must be there.
     std::optional<TKProjectController> m_projectController;
+    // The same: an archive is of the timers that have been read.
+    std::optional<TKExportController> m_exportController;
 };

@@ -102,8 +102,13 @@ void TKController::clearTimers() {
          .otherButton = {}});
     if (answer == Alerts::Default)
         return;
-    m_undoStack.clear();
     m_engine.tracker().reset();
+    timersCleared();
+}
+
+void TKController::timersCleared() {
+    // What could be undone was done to timers that are no more.
+    m_undoStack.clear();
     m_timer.computeTime();
     saveSettingsToDisk();
     m_projectController->refreshProject();

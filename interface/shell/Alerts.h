@@ -3,7 +3,17 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
+
+// A panel that shows how far a piece of work has come, for as long as it lives; not at all for short pieces.
+class ProgressPanel {
+public:
+    virtual ~ProgressPanel() = default;
+
+    // From 0 to 1. The timer runs on while the panel is painted.
+    virtual void setDone(double done) = 0;
+};
 
 // Every question the program asks and every file it has chosen for it goes through here, so that tests answer
 // in advance. Each call returns when the user has answered; the timer runs on meanwhile. Texts come in the
@@ -32,6 +42,13 @@ public:
                                                       bool replaces) = 0;
     // Which database file to open; absent when the user thinks better of it.
     virtual std::optional<QString> chooseOpenFile(const QString& message, const QString& folder) = 0;
+    // Where to export a table to; absent when the user thinks better of it. Begins at `path`. An existing file is
+    // pointed out. The answer may lack the extension.
+    virtual std::optional<QString> chooseExportFile(const QString& message, const QString& path) = 0;
+    // A folder, which the user may make on the way; absent when the user thinks better of it. Begins at `folder`.
+    virtual std::optional<QString> chooseFolder(const QString& message, const QString& folder) = 0;
+    // Never null.
+    virtual std::unique_ptr<ProgressPanel> showProgress(const QString& message) = 0;
     virtual void showError(const QString& message, const QString& informativeText) = 0;
     virtual void showAbout(const QString& title, const QString& text) = 0;
 };

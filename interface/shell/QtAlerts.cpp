@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 
 namespace {
@@ -20,6 +21,23 @@ void makeRoom(const QMessageBox& box) {
     if (auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kCharactersPerLine);
 }
+
+class QtProgressPanel : public ProgressPanel {
+public:
+    QtProgressPanel(QWidget* window, const QString& message)
+        : m_dialog(message, QString(), 0, kSteps, window) {
+        m_dialog.setObjectName(QStringLiteral("progressPanel"));
+        m_dialog.setWindowModality(Qt::WindowModal);
+        m_dialog.setWindowTitle(QStringLiteral("Ticklog"));
+    }
+
+    void setDone(double done) override { m_dialog.setValue(int(done * kSteps)); }
+
+private:
+    static constexpr int kSteps = 1000;
+
+    QProgressDialog m_dialog;
+};
 
 } // namespace
 
@@ -66,6 +84,32 @@ std::optional<QString> QtAlerts::chooseOpenFile(const QString& message, const QS
     if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
         return std::nullopt;
     return panel.selectedFiles().first();
+}
+
+std::optional<QString> QtAlerts::chooseExportFile(const QString& message, const QString& path) {
+    QFileDialog panel(m_window, message, path, localized("CSV files") + QStringLiteral(" (*.csv)"));
+    panel.setObjectName(QStringLiteral("exportPanel"));
+    panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setDefaultSuffix(QStringLiteral("csv"));
+    panel.selectFile(path);
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return panel.selectedFiles().first();
+}
+
+std::optional<QString> QtAlerts::chooseFolder(const QString& message, const QString& folder) {
+    QFileDialog panel(m_window, message, folder);
+    panel.setObjectName(QStringLiteral("folderPanel"));
+    panel.setFileMode(QFileDialog::Directory);
+    panel.setOption(QFileDialog::ShowDirsOnly);
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    // The folder that is shown, unless another was picked in it.
+    return panel.selectedFiles().first();
+}
+
+std::unique_ptr<ProgressPanel> QtAlerts::showProgress(const QString& message) {
+    return std::make_unique<QtProgressPanel>(m_window, message);
 }
 
 void QtAlerts::showError(const QString& message, const QString& informativeText) {

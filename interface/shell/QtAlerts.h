@@ -16,6 +16,9 @@ public:
     std::optional<QString> chooseSaveLocation(const QString& message, const QString& path,
                                               bool replaces) override;
     std::optional<QString> chooseOpenFile(const QString& message, const QString& folder) override;
+    std::optional<QString> chooseExportFile(const QString& message, const QString& path) override;
+    std::optional<QString> chooseFolder(const QString& message, const QString& folder) override;
+    std::unique_ptr<ProgressPanel> showProgress(const QString& message) override;
     void showError(const QString& message, const QString& informativeText) override;
     void showAbout(const QString& title, const QString& text) override;
 

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
 
 // Answers every question as it was told beforehand, and remembers what was asked.
 class FakeAlerts : public Alerts {
@@ -30,6 +31,36 @@ public:
         return location;
     }
 
+    std::optional<QString> chooseExportFile(const QString& message, const QString& path) override {
+        panels << message;
+        begunAt = path;
+        return location;
+    }
+
+    std::optional<QString> chooseFolder(const QString& message, const QString& folder) override {
+        panels << message;
+        begunAt = folder;
+        return location;
+    }
+
+    std::unique_ptr<ProgressPanel> showProgress(const QString& message) override {
+        struct Recorder : ProgressPanel {
+            explicit Recorder(FakeAlerts& alerts)
+                : told(alerts) {}
+
+            void setDone(double done) override {
+                told.progress.push_back(done);
+                if (told.whileProgressing)
+                    told.whileProgressing();
+            }
+
+            FakeAlerts& told;
+        };
+
+        panels << message;
+        return std::make_unique<Recorder>(*this);
+    }
+
     void showError(const QString& message, const QString& informativeText) override {
         errors << message + QStringLiteral(": ") + informativeText;
     }
@@ -47,6 +78,11 @@ public:
     Question last;
     QStringList panels;
     bool lastReplaces = false;
+    // Where the last panel began.
+    QString begunAt;
+    // What panels of progress were told, and what happens while they are painted.
+    std::vector<double> progress;
+    std::function<void()> whileProgressing;
     QStringList errors;
     QString about;
 };

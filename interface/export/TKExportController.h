@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/PeriodicSave.h"
+#include "Classes/TimeStoreItem.h"
+#include "platform/Platform.h"
+#include "platform/foundation/KeyValueObserving.h"
+
+class Alerts;
+
+// Where the scheduled archive goes, as the setting has it.
+inline constexpr ObservedKey kPeriodicSaveDirectoryKey{"periodicSaveDirectory"};
+
+// Writes timers into files for other programs, when the user asks for it and by itself at the chosen times. The
+// settings of the scheduled archive are stored through it. Main thread only.
+class TKExportController : public Observable {
+public:
+    // Sets the scheduled archive up. `didClear` is called after it has cleared the timers. All must outlive this.
+    TKExportController(TimeTracker& tracker, TimeDatabase& database, const Platform& platform, Alerts& alerts,
+                       std::function<void()> didClear);
+
+    // The settings of the scheduled archive are other ones.
+    void updatedSaveTimerPeriodically() { m_periodicSave.updatedSaveTimerPeriodically(); }
+
+    void performPeriodicSave() { m_periodicSave.performPeriodicSave(); }
+
+    void doPeriodicSave() { m_periodicSave.doPeriodicSave(); }
+
+    // Stores what is selected in the weekday control, and applies it.
+    void setPeriodicDaysOfWeek(const PeriodicSave::Segments& selected) {
+        m_periodicSave.setPeriodicDaysOfWeek(selected);
+    }
+
+    // What is to be selected in the weekday control.
+    PeriodicSave::Segments selectProperPeriodicDaysOfWeek() const {
+        return m_periodicSave.selectProperPeriodicDaysOfWeek();
+    }
+
+    // The folder of the archives, as the setting has it: "~" is not expanded.
+    QString periodicSaveDirectory() const;
+    // Lets the user choose that folder.
+    void setPeriodicSaveDirectory();
+
+    // Export the timers that are shown, and all of them, to a file the user chooses.
+    void exportShownToCSV();
+    void exportAllToCSV();
+    void exportSet(const TimeStoreItem::Children& timers);
+    // A failure goes to the log alone.
+    void exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path);
+
+    const PeriodicSave& periodicSave() const { return m_periodicSave; }
+
+    QVariant valueForKey(ObservedKey key) const override;
+
+private:
+    TimeTracker& m_tracker;
+    UserDefaults& m_defaults;
+    SystemLog& m_log;
+    const QString m_documents;
+    Alerts& m_alerts;
+    PeriodicSave m_periodicSave;
+};
