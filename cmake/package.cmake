@@ -1,0 +1,56 @@
+# Where everything goes when it is installed, and the package: cmake --install, cpack, ./dev package.
+include(GNUInstallDirs)
+set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/ticklog)
+
+set(id org.ticklog.Ticklog)
+install(TARGETS ticklog)
+install(FILES resources/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES resources/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES resources/${id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME ${id}.xml)
+install(FILES resources/${id}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES resources/application-x-ticklog.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
+
+# Packages carry their manuals and changes compressed, without the hour in them at which that was done.
+function(install_compressed source name folder)
+  set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)
+  add_custom_command(OUTPUT ${compressed} COMMAND gzip -9nc ${CMAKE_CURRENT_SOURCE_DIR}/${source} > ${compressed}
+    DEPENDS ${source} VERBATIM)
+  install(FILES ${compressed} DESTINATION ${folder} OPTIONAL)
+  set(compressed_files ${compressed_files} ${compressed} PARENT_SCOPE)
+endfunction()
+install_compressed(resources/ticklog.1 ticklog.1 ${CMAKE_INSTALL_MANDIR}/man1)
+install_compressed(CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
+
+# Icons in the sizes that panels ask for, for those who do not draw scalable ones.
+add_executable(icons EXCLUDE_FROM_ALL resources/Icons.cpp)
+ticklog_options(icons)
+target_link_libraries(icons PRIVATE Qt6::Gui Qt6::Svg)
+set(icon_folder ${CMAKE_CURRENT_BINARY_DIR}/hicolor)
+add_custom_command(OUTPUT ${icon_folder}/done
+  COMMAND icons ${CMAKE_CURRENT_SOURCE_DIR}/resources/${id}.svg ${icon_folder}/%1x%1/apps/${id}.png
+  COMMAND icons ${CMAKE_CURRENT_SOURCE_DIR}/resources/application-x-ticklog.svg
+    ${icon_folder}/%1x%1/mimetypes/application-x-ticklog.png
+  COMMAND ${CMAKE_COMMAND} -E touch ${icon_folder}/done
+  DEPENDS icons resources/${id}.svg resources/application-x-ticklog.svg VERBATIM)
+# What a package has and a build for trying it out does not need.
+add_custom_target(packaged DEPENDS ticklog ${icon_folder}/done ${compressed_files})
+install(DIRECTORY ${icon_folder}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor OPTIONAL FILES_MATCHING PATTERN *.png)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ticklog)
+set(CPACK_PACKAGE_VENDOR "The Ticklog developers")
+set(CPACK_PACKAGE_CONTACT "The Ticklog developers <maintainers@ticklog.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "see where your time at the computer goes")
+set(CPACK_PACKAGE_DESCRIPTION "While its timer runs, Ticklog notices which window is in front and adds
+up the time for each application and each of its windows, without being
+told anything. The record stays in files that only its user can read.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS at-spi2-core)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
+  WORLD_EXECUTE)
+include(CPack)
