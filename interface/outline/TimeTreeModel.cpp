@@ -193,6 +193,9 @@ Qt::ItemFlags TimeTreeModel::flags(const QModelIndex& index) const {
 }
 
 void TimeTreeModel::sort(int column, Qt::SortOrder order) {
+    // No order is none to sort by: the one before stays.
+    if (column < 0)
+        return;
     m_order.set(column == TimeSpentColumn ? TimeTreeOrder::By::Time : TimeTreeOrder::By::Name, order);
     std::vector<Row*> parents{m_root.get()};
     for (const auto& row : m_root->children)

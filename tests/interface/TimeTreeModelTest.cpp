@@ -68,6 +68,17 @@ TEST_F(TimeTreeModelTest, sortedByTime_aHundredHoursComeBeforeNinetyNine) {
     EXPECT_EQ(textOf(model), QStringLiteral("A 99:00:00, B 100:00:00, C 00:00:05"));
 }
 
+TEST_F(TimeTreeModelTest, noSortOrder_keepsTheOneBefore) {
+    application("A", 1);
+    application("B", 3);
+    application("C", 2);
+    model.sort(TimeTreeModel::TimeSpentColumn, Qt::AscendingOrder);
+    model.sort(-1, Qt::AscendingOrder);
+    EXPECT_EQ(textOf(model), QStringLiteral("A 00:00:01, C 00:00:02, B 00:00:03"));
+    application("D", 0);
+    EXPECT_EQ(textOf(model), QStringLiteral("D 00:00:00, A 00:00:01, C 00:00:02, B 00:00:03"));
+}
+
 TEST_F(TimeTreeModelTest, anApplicationWithOneWindow_isALeaf) {
     const auto mail = application("Mail");
     window(*mail, "Inbox");
