@@ -25,11 +25,23 @@ QDateTime localTime(Date date) {
         std::chrono::duration_cast<std::chrono::milliseconds>(date.time_since_epoch()).count());
 }
 
+// Also where the two paths are links to one file.
+bool isSameFile(const QString& a, const QString& b) {
+    const QString canonical = QFileInfo(a).canonicalFilePath();
+    return a == b || (!canonical.isEmpty() && canonical == QFileInfo(b).canonicalFilePath());
+}
+
+// Links that lead nowhere stand there too.
+bool isTaken(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
 // A path beside `store` at which nothing stands: "2026-11-21.csv", else "2026-11-21 2.csv".
 QString freePathBeside(const QString& store, const QString& name, const QString& extension) {
     const QDir folder = QFileInfo(store).dir();
     QString path = folder.filePath(name + u'.' + extension);
-    for (int number = 2; QFileInfo::exists(path); ++number)
+    for (int number = 2; isTaken(path); ++number)
         path = folder.filePath(QStringLiteral("%1 %2.%3").arg(name).arg(number).arg(extension));
     return path;
 }
@@ -78,6 +90,10 @@ void PeriodicSave::arm() {
 
 void PeriodicSave::fire() {
     const Date now = m_clock.now();
+    // The clock was far ahead when that was planned. A little is waited for, or a clock set back after a firing would
+    // archive the same day twice.
+    if (*m_next - now > 2 * kDay)
+        return updatedSaveTimerPeriodically();
     if (now >= *m_next) {
         while (*m_next <= now)
             *m_next += kDay;
@@ -113,7 +129,12 @@ void PeriodicSave::doPeriodicSave() {
 void PeriodicSave::archive(const QString& name) {
     const std::int64_t format = m_defaults.integerForKey(kPeriodicFormatType);
     const auto write = [&](const QString& extension, Outcome (PeriodicSave::*writeForm)(const QString&)) {
-        const Outcome archived = (this->*writeForm)(folder() + u'/' + name + u'.' + extension);
+        const QString path = folder() + u'/' + name + u'.' + extension;
+        // The main store is written again without the timers that are about to be cleared.
+        const Outcome archived =
+            isSameFile(path, m_database.mainStoreURL())
+                ? Failure{Failure::Kind::Refused, QStringLiteral("%1: this is the main store").arg(path)}
+                : (this->*writeForm)(path);
         if (archived)
             return;
         const QString refuge = freePathBeside(m_database.mainStoreURL(), name, extension);

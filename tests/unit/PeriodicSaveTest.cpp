@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <QFileInfo>
 #include <ctime>
 #include <gtest/gtest.h>
 
@@ -225,6 +226,36 @@ TEST_F(PeriodicSaveTest, aClockSetBack_savesAtTheTimeThatWasPlanned) {
     EXPECT_FALSE(isCleared());
     fakes.runLoop.advance(2min);
     EXPECT_TRUE(isCleared());
+}
+
+TEST_F(PeriodicSaveTest, aClockThatWasYearsAhead_doesNotEndTheArchives) {
+    setClock("2099-01-05T14:30:00");
+    turnOn();
+    fakes.runLoop.advance(std::chrono::minutes(1));
+    setClock("2026-01-05T14:30:00");
+    fakes.runLoop.advance(std::chrono::minutes(10));
+    EXPECT_EQ(firing().substr(0, 13), "2026-01-05 19");
+}
+
+TEST_F(PeriodicSaveTest, anArchiveThatWouldBeTheMainStore_isKeptBesideIt) {
+    setClock("2026-01-05T12:00:00");
+    fakes.defaults.setObject(kPeriodicFormatType, 1);
+    database.setMainStoreURL(archive() + QStringLiteral("/2026-01-05.tkd"));
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    save.doPeriodicSave();
+    EXPECT_EQ(files(archive()), "2026-01-05 2.tkd 2026-01-05.tkd");
+    EXPECT_TRUE(isCleared());
+}
+
+TEST_F(PeriodicSaveTest, aCopyBesideTheMainStore_followsNoLinkThatLeadsNowhere) {
+    setClock("2026-01-05T12:00:00");
+    fakes.defaults.setObject(kPeriodicFormatType, 0);
+    fakes.defaults.setObject(kPeriodicSaveDirectory, fakes.home.filePath(QStringLiteral("gone")));
+    const QString nothing = fakes.home.filePath(QStringLiteral("nothing"));
+    QFile::link(nothing, fakes.folders.applicationSupport + QStringLiteral("/2026-01-05.csv"));
+    save.doPeriodicSave();
+    EXPECT_FALSE(QFileInfo::exists(nothing));
+    EXPECT_TRUE(QFileInfo::exists(fakes.folders.applicationSupport + QStringLiteral("/2026-01-05 2.csv")));
 }
 
 TEST_F(PeriodicSaveTest, weekdays_areStoredInTheMirrorOfHowTheyAreShown) {
