@@ -39,6 +39,10 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     , m_appDelegate(*this, platform, alerts) {
     m_appTreeController.setLive(false);
     m_categoryTreeController.setLive(false);
+    for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController})
+        tree->setIsFrozen([this](TimeStoreItem& item, bool isTopLevel) {
+            return m_programCell.isFrozen(item, isTopLevel);
+        });
     showTree(m_appTreeController);
     connectActions();
     connectOutline();

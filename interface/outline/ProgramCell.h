@@ -23,9 +23,9 @@ public:
 
     // `isTopLevel` is whether the row lies beneath no other.
     TKTableLabelCell cell(TimeStoreItem& item, bool isTopLevel) const;
-
-private:
+    // Whether the row is shown as frozen, because its timer is or, in a project, its application.
     bool isFrozen(TimeStoreItem& item, bool isTopLevel) const;
 
+private:
     Sources m_sources;
 };

@@ -145,7 +145,7 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
         return TKAppDisplayFormatter::editingStringForObjectValue(item.renamedNameFormatted());
     case Qt::AccessibleTextRole:
-        return accessibleText(item);
+        return accessibleText(*rowOf(index));
     case OutlineRole::DimmedLength:
         return int(TKAppDisplayFormatter::dimmedLength(item.renamedNameFormatted()));
     case OutlineRole::Item:
@@ -155,11 +155,13 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QString TimeTreeModel::accessibleText(const TimeStoreItem& item) const {
+QString TimeTreeModel::accessibleText(const Row& row) const {
+    TimeStoreItem& item = *row.item;
     // Whoever hears the rows hears of each its name, its time and what a picture would show.
     QString text = TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()) +
                    QStringLiteral(", ") + item.activeTimeString();
-    return item.branched() ? text + QStringLiteral(", ") + localized("frozen") : text;
+    const bool isFrozen = m_isFrozen ? m_isFrozen(item, row.parent == m_root.get()) : item.branched();
+    return isFrozen ? text + QStringLiteral(", ") + localized("frozen") : text;
 }
 
 bool TimeTreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {

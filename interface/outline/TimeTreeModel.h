@@ -28,6 +28,9 @@ public:
     // Renames a row as the user wants it.
     using Rename = std::function<void(const std::shared_ptr<TimeStoreItem>&, const QString& name)>;
 
+    // Whether a row is read out as frozen; `isTopLevel` if it lies beneath no other.
+    using IsFrozen = std::function<bool(TimeStoreItem&, bool isTopLevel)>;
+
     // Without a source there are no rows.
     TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename);
     ~TimeTreeModel() override;
@@ -39,6 +42,9 @@ public:
     // Shows the rows of another source: at once, or when somebody looks. Rows that are in both stay what they are,
     // unless most are others.
     void setSource(std::optional<Source> source);
+
+    // Unless it is set, rows are read out as frozen when their timers are.
+    void setIsFrozen(IsFrozen isFrozen) { m_isFrozen = std::move(isFrozen); }
 
     // While nobody sees the rows nothing is told and nothing is formatted; what was missed is made up for
     // afterwards.
@@ -90,11 +96,12 @@ private:
 
     TimeStoreItem::Children wantedItems() const;
     bool isMostlyShown(const TimeStoreItem::Children& items) const;
-    QString accessibleText(const TimeStoreItem& item) const;
+    QString accessibleText(const Row& row) const;
 
     std::optional<Source> m_source;
     RunLoop& m_runLoop;
     Rename m_rename;
+    IsFrozen m_isFrozen;
     TimeTreeOrder m_order;
     std::unique_ptr<Row> m_root;
     bool m_isLive = true;

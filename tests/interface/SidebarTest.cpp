@@ -241,3 +241,15 @@ TEST_F(SidebarTest, theEditMenu_isForTheRowsThatHadTheFocusLast) {
     table().setFocus();
     EXPECT_FALSE(actions().rename->isEnabled()) << "the project shows no rows";
 }
+
+TEST_F(SidebarTest, aWindowOfAFrozenApplication_isReadOutAsFrozen) {
+    addProject("Poster", {QStringLiteral("List")});
+    show();
+    choose(1);
+    const auto heard = [&] { return str(row("List").data(Qt::AccessibleTextRole).toString()); };
+    EXPECT_EQ(heard(), "List, 00:00:40");
+    for (const auto& app : controller.tracker().fullTimeSet())
+        if (app->name() == QLatin1String("Notes"))
+            app->setBranched(true);
+    EXPECT_EQ(heard(), "List, 00:00:40, frozen");
+}
