@@ -5,6 +5,7 @@
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
 #include "interface/mainwindow/TKController.h"
+#include "interface/preferences/TKSetupController.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
@@ -60,6 +61,10 @@ int main(int argc, char** argv) {
     TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
     alerts.setWindow(&controller.window());
     TKApplicationDelegate& delegate = controller.appDelegate();
+    // What the preferences ask stands in front of them, not of the main window.
+    QtAlerts setupAlerts;
+    TKSetupController setup(controller, desktop.platform(), setupAlerts);
+    setupAlerts.setWindow(&setup.prefWindow());
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();

@@ -56,6 +56,8 @@ MainActions::MainActions(QObject* window)
     , selectAll(make(window, "selectAll", localized("Select &All"), QKeySequence::SelectAll))
     , deselectAll(make(window, "deselectAll", localized("D&eselect All"), Qt::CTRL | Qt::SHIFT | Qt::Key_A))
     , find(make(window, "find", localized("&Find"), QKeySequence::Find))
+    , showPrefWindow(make(window, "showPrefWindow", localized("&Preferences…"), Qt::CTRL | Qt::Key_Comma))
+    , editRules(make(window, "editRules", localized("Edit Ru&les…")))
     , expandAll(make(window, "expandAll", localized("&Expand All"), Qt::CTRL | Qt::Key_Plus))
     , collapseAll(make(window, "collapseAll", localized("&Collapse All"), Qt::CTRL | Qt::Key_Minus))
     , showSidebar(make(window, "showSidebar", localized("&Projects"), Qt::Key_F9))
@@ -73,6 +75,7 @@ MainActions::MainActions(QObject* window)
     showSidebar->setCheckable(true);
     showSidebar->setChecked(true);
     quit->setMenuRole(QAction::QuitRole);
+    showPrefWindow->setMenuRole(QAction::PreferencesRole);
     about->setMenuRole(QAction::AboutRole);
 }
 
@@ -82,7 +85,7 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
              revealDatabase, nullptr, exportShown, exportAll, nullptr, closeWindow, quit});
     addMenu(menuBar, "editMenu", localized("&Edit"),
             {undo, redo, nullptr, copy, copySummaryTime, nullptr, rename, deleteRows, forceDelete, nullptr,
-             selectAll, deselectAll, nullptr, find});
+             selectAll, deselectAll, nullptr, find, nullptr, editRules, showPrefWindow});
     addMenu(menuBar, "viewMenu", localized("&View"), {showSidebar, nullptr, expandAll, collapseAll});
     QMenu* projectMenu = addMenu(menuBar, "projectMenu", localized("&Project"),
                                  {addProject, renameProject, nullptr, moveProjectUp, moveProjectDown, nullptr,

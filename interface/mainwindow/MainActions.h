@@ -38,6 +38,8 @@ struct MainActions {
     QAction* selectAll;
     QAction* deselectAll;
     QAction* find;
+    QAction* showPrefWindow;
+    QAction* editRules;
 
     QAction* expandAll;
     QAction* collapseAll;

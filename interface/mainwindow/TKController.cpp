@@ -54,7 +54,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     connectProjectActions();
     m_timer.registerForSystemSleep(platform.power);
     m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
-                                                       [this](const Notification&) { refreshTimeSum(); });
+                                                       [this](const Notification&) { reload(); });
     m_resets =
         m_engine.tracker().observe(kLastResetDateKey, [this](const ObservedChange&) { showLastReset(); });
     showLastReset();
@@ -77,6 +77,11 @@ TKProjectController::MainController TKController::projectServices() {
         .setSelectedTag = [this](int tag) { m_window.tkLabelProjectViewController().setSelectedTag(tag); },
         .writeProject =
             [this](int row) { return std::make_unique<TimeMimeData>(pasteboardProvider(), row); }};
+}
+
+void TKController::reload() {
+    m_engine.tracker().userDefaultsChanged();
+    refreshTimeSum();
 }
 
 void TKController::connectActions() {

@@ -41,6 +41,8 @@ public:
     // The same; false does nothing.
     void setWindowStateShown(bool isShown);
 
+    // Reads the settings afresh and shows the sum by them.
+    void reload();
     void refreshTimeSum() override;
     // The sum that `kind` asks for: 0 as shown, 1 of everything, 2 as shown, in words. With `outMode` the
     // bare time, without it a caption of two lines.

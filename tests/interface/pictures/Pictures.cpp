@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 // pictures FOLDER: the main window as people see it, a PNG for each scene, in the palette and at the scale that the
 // environment asks for (TICKLOG_DARK, QT_SCALE_FACTOR). To be looked at.
+#include "Classes/RuleCategories.h"
+#include "interface/preferences/TKSetupController.h"
+#include "interface/preferences/TokenField.h"
 #include "tests/interface/Desk.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
 
 #include <QApplication>
 #include <QDir>
@@ -95,6 +101,49 @@ struct Scene : Desk {
     QString name;
 };
 
+void grab(QWidget& widget, const QDir& folder, const char* name) {
+    QCoreApplication::processEvents();
+    const QString path = folder.filePath(QLatin1String(name) + QStringLiteral(".png"));
+    widget.grab().save(path);
+    std::printf("%s\n", qPrintable(path));
+}
+
+PropertyListDictionary rulesOfAWriter() {
+    return {
+        {QStringLiteral("Firefox"), PropertyListDictionary{{kRuleCategories, QStringLiteral("reading")}}},
+        {QStringLiteral("Inkscape"),
+         PropertyListDictionary{{kRuleCategories, QStringLiteral("drawing,poster,work,garden plan")}}},
+        {QStringLiteral("soffice.bin"), PropertyListDictionary{{kRuleEnableRename, true},
+                                                               {kRuleRename, QStringLiteral("Writer")},
+                                                               {kRuleBlock, true},
+                                                               {kRuleCategories, QStringLiteral("work")}}}};
+}
+
+void drawPreferences(const QDir& folder) {
+    Scene scene("preferences");
+    scene.fakes.defaults.setObject(kRulesetKey, rulesOfAWriter());
+    const LoginItem login{.isEnabled = [] { return true; }, .setEnabled = [](bool) {}};
+    TKSetupController setup(scene.controller, scene.fakes.platform, scene.alerts, login);
+    PrefWindow& window = setup.prefWindow();
+    setup.showPrefWindow();
+    grab(window, folder, "preferences-general");
+    setup.editRules();
+    setup.rulesTab().select(1);
+    grab(window, folder, "preferences-rules");
+    setup.editRule();
+    grab(setup.ruleWindow(), folder, "preferences-rule");
+    setup.ruleWindow().ruleBlockFromList().setEnabled(true);
+    setup.ruleWindow().ruleBlockFromList().setChecked(true);
+    grab(setup.ruleWindow(), folder, "preferences-rule-blocked");
+    setup.cancelEditingRule();
+    window.selectTab(QStringLiteral("Archive"));
+    grab(window, folder, "preferences-archive-folded");
+    scene.fakes.defaults.setObject(kSaveTimerPeriodically, true);
+    grab(window, folder, "preferences-archive");
+    window.selectTab(QStringLiteral("General"));
+    grab(window, folder, "preferences-general-unfolded");
+}
+
 void drawAll(const QDir& folder) {
     {
         Scene scene("first-start");
@@ -159,6 +208,7 @@ void drawAll(const QDir& folder) {
         scene.settle();
         scene.save(folder);
     }
+    drawPreferences(folder);
     Scene scene("labels");
     scene.work();
     scene.show();

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "interface/preferences/ArchiveTab.h"
+
+#include "Classes/Settings.h"
+#include "interface/preferences/SettingsBinding.h"
+#include "interface/preferences/WeekdaySelector.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QTimeEdit>
+
+namespace {
+
+constexpr int kMargin = 18;
+constexpr int kBetweenSubjects = 14;
+
+} // namespace
+
+ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
+    : m_actions(std::move(actions))
+    , m_pathDirectory(new QLineEdit)
+    , m_room(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding))
+    , m_bottomView(new QWidget)
+    , m_periodicDaysOfWeek(new WeekdaySelector)
+    , m_weekdays(new QLabel) {
+    setObjectName(QStringLiteral("Archive"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    rows->setSpacing(0);
+    auto* form = new QFormLayout;
+    makeDatabasePart(*form);
+    rows->addLayout(form);
+    rows->addSpacing(kBetweenSubjects);
+    auto* isOn = new QCheckBox(localized("&Archive and clear all timers by schedule"));
+    isOn->setObjectName(QStringLiteral("saveTimerPeriodically"));
+    settings.bind(*isOn, kSaveTimerPeriodically);
+    rows->addWidget(isOn);
+    auto* explanation = new QLabel(localized(
+        "At the chosen time all timers are written to a file named after the day, and start anew."));
+    explanation->setWordWrap(true);
+    explanation->setForegroundRole(QPalette::PlaceholderText);
+    rows->addSpacing(kBetweenSubjects / 2);
+    rows->addWidget(explanation);
+    rows->addItem(m_room);
+    makeBottomView(settings);
+    rows->addWidget(m_bottomView);
+}
+
+void ArchiveTab::makeRoom(int height) {
+    const int upperPart = layout()->sizeHint().height() - m_bottomView->sizeHint().height();
+    m_room->changeSize(0, std::max(0, height - upperPart), QSizePolicy::Minimum, QSizePolicy::Expanding);
+    layout()->invalidate();
+}
+
+QPushButton* ArchiveTab::makeButton(const char* name, const QString& text,
+                                    const std::function<void()>& action) {
+    auto* button = new QPushButton(text);
+    button->setObjectName(QLatin1String(name));
+    connect(button, &QPushButton::clicked, this, [action] { action(); });
+    return button;
+}
+
+void ArchiveTab::makeDatabasePart(QFormLayout& form) {
+    m_pathDirectory->setObjectName(QStringLiteral("pathDirectory"));
+    m_pathDirectory->setReadOnly(true);
+    form.addRow(localized("Data&base:"), m_pathDirectory);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(
+        makeButton("chooseDatabaseDirectory", localized("&Choose…"), m_actions.chooseDatabaseLocation));
+    m_restore = makeButton("restoreDefaultDatabaseLocation", localized("&Restore Default"),
+                           m_actions.restoreDefaultDatabaseLocation);
+    buttons->addWidget(m_restore);
+    buttons->addWidget(
+        makeButton("revealDatabase", localized("&Show in File Manager"), m_actions.revealDatabase));
+    buttons->addStretch(1);
+    form.addRow(QString(), buttons);
+}
+
+void ArchiveTab::makeBottomView(SettingsBinding& settings) {
+    m_bottomView->setObjectName(QStringLiteral("bottomViewToResizeTo"));
+    auto* time = new QTimeEdit;
+    time->setObjectName(QStringLiteral("periodicSaveTime"));
+    time->setDisplayFormat(QLocale().timeFormat(QLocale::ShortFormat));
+    auto* format = new QComboBox;
+    format->setObjectName(QStringLiteral("periodicFormatType"));
+    format->addItem(localized("CSV table"), 0);
+    format->addItem(localized("Ticklog database"), 1);
+    format->addItem(localized("CSV table and Ticklog database"), 2);
+    auto* folder = new QLineEdit;
+    folder->setObjectName(QStringLiteral("periodicSaveDirectory"));
+    auto* form = new QFormLayout(m_bottomView);
+    form->setContentsMargins(0, kMargin, 0, 0);
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    m_periodicDaysOfWeek->setObjectName(QStringLiteral("periodicDaysOfWeek"));
+    m_periodicDaysOfWeek->setAccessibleName(localized("Weekdays of the archive"));
+    m_weekdays->setObjectName(QStringLiteral("weekdaysOfTheArchive"));
+    m_weekdays->setForegroundRole(QPalette::PlaceholderText);
+    auto* cells = new QHBoxLayout;
+    cells->addWidget(folder, 1);
+    cells->addWidget(
+        makeButton("setPeriodicSaveDirectory", localized("C&hoose…"), m_actions.setPeriodicSaveDirectory));
+    form->addRow(localized("&Time of day:"), time);
+    form->addRow(localized("&Weekdays:"), m_periodicDaysOfWeek);
+    form->addRow(QString(), m_weekdays);
+    form->addRow(localized("&Format:"), format);
+    auto* folderLabel = new QLabel(localized("F&older:"));
+    folderLabel->setBuddy(folder);
+    form->addRow(folderLabel, cells);
+    folder->setMinimumWidth(220);
+    settings.bind(*time, kPeriodicSaveTime);
+    settings.bind(*format, kPeriodicFormatType);
+    settings.bind(*folder, kPeriodicSaveDirectory);
+    settings.observe([this, &settings] { showWeekdays(settings.defaults()); });
+    connect(m_periodicDaysOfWeek, &WeekdaySelector::segmentsChosen, this,
+            [this] { m_actions.setPeriodicDaysOfWeek(m_periodicDaysOfWeek->segments()); });
+}
+
+// The selector stores the other way round than it shows: this line says what will happen.
+void ArchiveTab::showWeekdays(UserDefaults& defaults) {
+    const auto weekdays = quint32(defaults.integerForKey(kPeriodicDaysOfWeek));
+    QStringList names;
+    for (int day = 0; day < 7; ++day)
+        if (weekdays & (1U << day))
+            names << QLocale().standaloneDayName(day == 0 ? 7 : day);
+    m_weekdays->setText(names.isEmpty() ? localized("No day: nothing is archived.")
+                                        : localized("Archived on: ") + names.join(QStringLiteral(", ")));
+    m_weekdays->setToolTip(m_weekdays->text());
+}
+
+void ArchiveTab::showDatabaseLocation(const QString& path, bool isDefault) {
+    m_pathDirectory->setText(path);
+    m_pathDirectory->setToolTip(path);
+    m_restore->setEnabled(!isDefault);
+}

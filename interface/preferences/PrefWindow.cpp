@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "interface/preferences/PrefWindow.h"
+
+#include "Classes/Settings.h"
+#include "interface/shell/Images.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QLayout>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kMargin = 12;
+constexpr int kWidth = 520;
+
+} // namespace
+
+PrefWindow::PrefWindow(UserDefaults& defaults, NotificationCenter& notifications)
+    : m_defaults(defaults)
+    , m_prefTabView(new QTabWidget)
+    , m_notifications(notifications) {
+    setObjectName(QStringLiteral("prefWindow"));
+    setWindowTitle(localized("Ticklog Preferences"));
+    setAccessibleName(windowTitle());
+    setWindowFlag(Qt::Window);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    m_prefTabView->setObjectName(QStringLiteral("prefTabView"));
+    m_prefTabView->setAccessibleName(windowTitle());
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    rows->addWidget(m_prefTabView);
+    for (const QKeySequence& key : {QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)})
+        connect(new QShortcut(key, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+void PrefWindow::selectTab(const QString& identifier) {
+    for (int i = 0; i < m_prefTabView->count(); ++i)
+        if (m_prefTabView->widget(i)->objectName() == identifier)
+            m_prefTabView->setCurrentIndex(i);
+}
+
+void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo) {
+    m_bottomViewToResizeTo = &bottomViewToResizeTo;
+    resize(std::max(kWidth, sizeHint().width()), sizeHint().height());
+    setMinimumWidth(minimumSizeHint().width());
+    // A window that was never shown has not been laid out.
+    setAttribute(Qt::WA_DontShowOnScreen);
+    show();
+    hide();
+    setAttribute(Qt::WA_DontShowOnScreen, false);
+    m_bigHeight = height();
+    m_isUnfolded = m_defaults.boolForKey(kSaveTimerPeriodically);
+    autoresizeWindow();
+    m_defaultsChanges =
+        m_notifications.observe(kUserDefaultsDidChangeNotification, [this](const Notification&) {
+            const bool isUnfolded = m_defaults.boolForKey(kSaveTimerPeriodically);
+            if (std::exchange(m_isUnfolded, isUnfolded) != isUnfolded)
+                autoresizeWindow();
+        });
+}
+
+int PrefWindow::heightToFold() const {
+    // Pages that have not been shown yet have not been laid out either.
+    for (QWidget* page = m_bottomViewToResizeTo->parentWidget(); page; page = page->parentWidget()) {
+        if (!m_prefTabView->isAncestorOf(page) || m_prefTabView->indexOf(page) < 0)
+            continue;
+        page->layout()->setGeometry(m_prefTabView->currentWidget()->rect());
+    }
+    return height() - m_bottomViewToResizeTo->mapTo(this, QPoint(0, 0)).y();
+}
+
+void PrefWindow::autoresizeWindow() {
+    const bool isUnfolded = m_defaults.boolForKey(kSaveTimerPeriodically);
+    layout()->activate();
+    const int top = pos().y();
+    const int folded = isUnfolded ? 0 : heightToFold();
+    const int newHeight = m_bigHeight - folded;
+    // The lower edge moves by what is left out, whatever the height was; only from the other state does the upper one
+    // stay where it is.
+    const int newTop = isUnfolded ? top : top + height() - m_bigHeight;
+    m_bottomViewToResizeTo->setVisible(isUnfolded);
+    setFixedHeight(newHeight);
+    if (newTop != top)
+        move(pos().x(), newTop);
+}
+
+void PrefWindow::makeKeyAndOrderFront(const std::function<void()>& reload) {
+    reload();
+    setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    show();
+    raise();
+    activateWindow();
+}

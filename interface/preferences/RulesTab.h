@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+class QAbstractItemModel;
+class QPushButton;
+class QTreeView;
+
+// The table of rules with what can be done to them. Draws and forwards.
+class RulesTab : public QWidget {
+    Q_OBJECT
+public:
+    explicit RulesTab(QAbstractItemModel& rules);
+
+    QTreeView& ruleTableView() const { return *m_ruleTableView; }
+
+    // -1 without a selection.
+    int selectedRow() const;
+    void select(int row);
+
+Q_SIGNALS:
+    void addRequested();
+    // By button, Return or double click.
+    void editRequested();
+    void duplicateRequested();
+    // By button or Delete.
+    void deleteRequested();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPushButton* makeButton(const char* name, const QString& text, void (RulesTab::*request)());
+    void updateButtons();
+
+    QTreeView* m_ruleTableView;
+    QPushButton* m_edit;
+    QPushButton* m_duplicate;
+    QPushButton* m_delete;
+};

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "interface/preferences/RulesTable.h"
+
+#include "Classes/RuleCategories.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <stdexcept>
+
+RulesTable::RulesTable(UserDefaults& defaults)
+    : m_defaults(defaults)
+    , m_ruleset(defaults) {
+    reload();
+}
+
+bool RulesTable::isOutdated() const {
+    return m_defaults.object(kRulesetKey).asDictionary() != m_shown.asDictionary();
+}
+
+void RulesTable::reload() {
+    beginResetModel();
+    m_shown = m_defaults.object(kRulesetKey);
+    m_names = m_ruleset.names();
+    m_active.clear();
+    endResetModel();
+}
+
+const QString& RulesTable::name(int row) const {
+    if (row < 0 || row >= m_names.size())
+        throw std::out_of_range("there is no rule in this row");
+    return m_names[row];
+}
+
+int RulesTable::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : int(m_names.size());
+}
+
+int RulesTable::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kColumnCount;
+}
+
+bool RulesTable::isActive(const QString& name) const {
+    if (const auto set = m_active.find(name); set != m_active.end())
+        return set->second;
+    // What is no number says nothing, as if it were not there.
+    const PropertyListDictionary record = m_ruleset.record(name);
+    const PropertyListValue& active = record.value(kRuleActive);
+    return !active.number() || active.toBool();
+}
+
+QVariant RulesTable::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const QString& rule = m_names[index.row()];
+    const QString description = Ruleset::description(rule, m_ruleset.record(rule));
+    if (index.column() == Description)
+        return role == Qt::DisplayRole || role == Qt::ToolTipRole ? QVariant(description) : QVariant();
+    switch (role) {
+    case Qt::CheckStateRole:
+        return isActive(rule) ? Qt::Checked : Qt::Unchecked;
+    case Qt::AccessibleTextRole:
+        return QString(localized("Active") + QStringLiteral(": ") + description);
+    default:
+        return {};
+    }
+}
+
+QVariant RulesTable::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return section == Active ? localized("Active") : localized("Description");
+}
+
+bool RulesTable::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || index.column() != Active ||
+        role != Qt::CheckStateRole)
+        return false;
+    m_active[m_names[index.row()]] = value.toInt() != Qt::Unchecked;
+    Q_EMIT dataChanged(index, index, {Qt::CheckStateRole});
+    return true;
+}
+
+Qt::ItemFlags RulesTable::flags(const QModelIndex& index) const {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    return index.column() == Active ? flags | Qt::ItemIsUserCheckable : flags;
+}

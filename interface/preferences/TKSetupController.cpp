@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "interface/preferences/TKSetupController.h"
+
+#include "Classes/RuleCategories.h"
+#include "Classes/Settings.h"
+#include "interface/mainwindow/TKController.h"
+#include "interface/preferences/TokenField.h"
+#include "interface/preferences/WeekdaySelector.h"
+#include "interface/shell/Alerts.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QTreeView>
+
+namespace {
+
+// What the window has below its pages, and a little more.
+constexpr int kBelowTabs = 48;
+
+} // namespace
+
+TKSetupController::TKSetupController(TKController& tkController, Platform& platform, Alerts& alerts,
+                                     const std::optional<LoginItem>& loginItem)
+    : m_tkController(tkController)
+    , m_defaults(platform.defaults)
+    , m_alerts(alerts)
+    , m_ruleset(platform.defaults)
+    , m_rules(platform.defaults)
+    , m_settings(platform.defaults, platform.notifications)
+    , m_prefWindow(platform.defaults, platform.notifications)
+    , m_ruleWindow(*this, &m_prefWindow)
+    , m_planned(m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime)) {
+    addTabs(loginItem);
+    connectRules();
+    m_prefWindow.awakeFromNib(m_archiveTab->bottomView());
+    m_settings.observe([this] { settingsChanged(); });
+    m_locations = tkController.database().observe(kPathDirectoryKey,
+                                                  [this](const ObservedChange&) { showDatabaseLocation(); });
+    showDatabaseLocation();
+    QObject::connect(tkController.window().actions().showPrefWindow, &QAction::triggered, &m_prefWindow,
+                     [this] { showPrefWindow(); });
+    QObject::connect(tkController.window().actions().editRules, &QAction::triggered, &m_prefWindow,
+                     [this] { editRules(); });
+}
+
+void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
+    QTabWidget& tabs = m_prefWindow.prefTabView();
+    m_generalTab = new GeneralTab(m_settings, loginItem);
+    m_rulesTab = new RulesTab(m_rules);
+    m_archiveTab = new ArchiveTab(m_settings, archiveActions());
+    // The general settings must be seen whole in the folded window too.
+    m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs);
+    tabs.addTab(m_generalTab, localized("General"));
+    tabs.addTab(m_rulesTab, localized("Rules"));
+    tabs.addTab(m_archiveTab, localized("Archive"));
+}
+
+ArchiveTab::Actions TKSetupController::archiveActions() {
+    return {.chooseDatabaseLocation = [this] { m_tkController.chooseDatabaseDirectory(); },
+            .restoreDefaultDatabaseLocation = [this] { m_tkController.restoreDefaultDatabaseLocation(); },
+            .revealDatabase = [this] { m_tkController.revealDatabase(); },
+            .setPeriodicSaveDirectory = [this] { m_tkController.exporting().setPeriodicSaveDirectory(); },
+            .setPeriodicDaysOfWeek =
+                [this](const PeriodicSave::Segments& segments) {
+                    // Shown again, they would be the other way round under the user's hand.
+                    const QScopedValueRollback storing(m_isStoringWeekdays, true);
+                    m_tkController.exporting().setPeriodicDaysOfWeek(segments);
+                }};
+}
+
+void TKSetupController::connectRules() {
+    const auto connect = [this](void (RulesTab::*request)(), void (TKSetupController::*react)()) {
+        QObject::connect(m_rulesTab, request, m_rulesTab, [this, react] { (this->*react)(); });
+    };
+    connect(&RulesTab::addRequested, &TKSetupController::addRule);
+    connect(&RulesTab::editRequested, &TKSetupController::editRule);
+    connect(&RulesTab::duplicateRequested, &TKSetupController::duplicateRule);
+    connect(&RulesTab::deleteRequested, &TKSetupController::deleteRule);
+}
+
+void TKSetupController::settingsChanged() {
+    if (m_rules.isOutdated())
+        reloadTable();
+    const std::int64_t weekdays = m_defaults.integerForKey(kPeriodicDaysOfWeek);
+    if (std::exchange(m_shownWeekdays, weekdays) != weekdays && !m_isStoringWeekdays)
+        showWeekdays();
+    std::pair planned(m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime));
+    if (std::exchange(m_planned, planned) != planned)
+        m_tkController.exporting().updatedSaveTimerPeriodically();
+}
+
+void TKSetupController::showWeekdays() {
+    m_archiveTab->periodicDaysOfWeek().setSegments(
+        m_tkController.exporting().selectProperPeriodicDaysOfWeek());
+}
+
+void TKSetupController::showDatabaseLocation() {
+    const TimeDatabase& database = m_tkController.database();
+    m_archiveTab->showDatabaseLocation(database.pathDirectory(),
+                                       database.pathDirectory() == database.defaultMainStoreURL());
+}
+
+void TKSetupController::showPrefWindow() {
+    m_prefWindow.selectTab(QStringLiteral("General"));
+    m_prefWindow.makeKeyAndOrderFront([this] { prefWindowReload(); });
+}
+
+void TKSetupController::editRules() {
+    m_prefWindow.selectTab(QStringLiteral("Match"));
+    m_prefWindow.makeKeyAndOrderFront([this] { prefWindowReload(); });
+}
+
+void TKSetupController::prefWindowReload() {
+    showWeekdays();
+    m_generalTab->reload();
+    reloadTable();
+}
+
+void TKSetupController::reloadTable() {
+    const int row = m_rulesTab->selectedRow();
+    const QString selected = row < 0 ? QString() : m_rules.name(row);
+    m_rules.reload();
+    if (row >= 0)
+        m_rulesTab->select(m_rules.row(selected));
+}
+
+void TKSetupController::addRule() {
+    m_ruleWindow.ruleAppName().clear();
+    m_ruleWindow.ruleRenameName().clear();
+    m_ruleWindow.ruleCategories().setText(QString());
+    m_originalEditName.reset();
+    openSheet();
+}
+
+void TKSetupController::editRule() {
+    const int row = m_rulesTab->selectedRow();
+    if (row < 0)
+        return;
+    m_originalEditName = m_rules.name(row);
+    m_ruleWindow.ruleAppName().setText(*m_originalEditName);
+    loadRuleWithDict(m_ruleset.record(*m_originalEditName));
+    openSheet();
+}
+
+void TKSetupController::duplicateRule() {
+    const QString source = m_rules.name(m_rulesTab->selectedRow());
+    m_originalEditName.reset();
+    m_ruleWindow.ruleAppName().clear();
+    loadRuleWithDict(m_ruleset.record(source));
+    openSheet();
+}
+
+void TKSetupController::removeRule() {
+    reloadTable();
+}
+
+void TKSetupController::deleteRule() {
+    const int row = m_rulesTab->selectedRow();
+    if (row < 0)
+        return;
+    const QString name = m_rules.name(row);
+    const int answer = m_alerts.ask({.message = localized("Delete the rule?"),
+                                     .informativeText = Ruleset::description(name, m_ruleset.record(name)),
+                                     .defaultButton = localized("Keep"),
+                                     .alternateButton = localized("Delete"),
+                                     .otherButton = {}});
+    if (answer != Alerts::Alternate)
+        return;
+    m_ruleset.remove(name);
+    // Whoever deletes one after the other goes on from here.
+    m_rulesTab->select(std::min(row, m_rules.rowCount() - 1));
+}
+
+void TKSetupController::openSheet() {
+    m_ruleWindow.ruleAppName().setFocus();
+    m_ruleWindow.open();
+}
+
+void TKSetupController::saveRule() {
+    m_ruleWindow.done(1);
+}
+
+void TKSetupController::cancelEditingRule() {
+    m_ruleWindow.done(0);
+}
+
+void TKSetupController::loadRuleWithDict(const PropertyListDictionary& record) {
+    const Rule rule = Rule::fromRecord(record);
+    m_ruleWindow.ruleBlockFromList().setEnabled(rule.block);
+    m_ruleWindow.ruleRenameCheckbox().setChecked(rule.enableRename);
+    m_ruleWindow.ruleRenameName().setEnabled(rule.enableRename);
+    m_ruleWindow.ruleRenameName().setText(rule.rename);
+    m_ruleWindow.ruleCategories().setText(rule.categories);
+}
+
+void TKSetupController::renameBox(const QCheckBox& box) {
+    m_ruleWindow.ruleRenameName().setEnabled(box.isChecked());
+}
+
+void TKSetupController::blockBox(const QCheckBox& box) {
+    renameBox(m_ruleWindow.ruleRenameCheckbox());
+    const bool isBlocked = box.isChecked();
+    m_ruleWindow.ruleCategories().setEnabled(!isBlocked);
+    m_ruleWindow.ruleRenameLabel().setEnabled(!isBlocked);
+    QLabel& label = m_ruleWindow.ruleCategoriesLabel();
+    QPalette palette = m_ruleWindow.palette();
+    if (isBlocked)
+        palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
+    label.setPalette(palette);
+}
+
+void TKSetupController::loadAppPropertiesSheet() {
+    blockBox(m_ruleWindow.ruleBlockFromList());
+}
+
+void TKSetupController::didEndRuleSheet(int returnCode) {
+    if (returnCode == 1) {
+        const Rule rule{.block = m_ruleWindow.ruleBlockFromList().isChecked(),
+                        .enableRename = m_ruleWindow.ruleRenameCheckbox().isChecked(),
+                        .rename = m_ruleWindow.ruleRenameName().text(),
+                        .categories = m_ruleWindow.ruleCategories().text()};
+        const QString name = m_ruleWindow.ruleAppName().text();
+        m_ruleset.save(m_originalEditName, name, rule, [this] { m_tkController.reload(); });
+        reloadTable();
+        m_rulesTab->select(m_rules.row(name));
+        return;
+    }
+    reloadTable();
+}

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/Ruleset.h"
+#include "interface/preferences/AppPropertiesWindow.h"
+#include "interface/preferences/ArchiveTab.h"
+#include "interface/preferences/GeneralTab.h"
+#include "interface/preferences/PrefWindow.h"
+#include "interface/preferences/RulesTab.h"
+#include "interface/preferences/RulesTable.h"
+#include "interface/preferences/SettingsBinding.h"
+
+class Alerts;
+class TKController;
+struct Platform;
+
+// Keeps the preferences window: its controls and the settings are equal at all times, and the rules are edited in a sheet.
+// Made beside the main window's controller, whose commands open it.
+class TKSetupController {
+public:
+    // No control for the login without a `loginItem`. The rest must outlive this.
+    TKSetupController(TKController& tkController, Platform& platform, Alerts& alerts,
+                      const std::optional<LoginItem>& loginItem = {});
+    TKSetupController(const TKSetupController&) = delete;
+    TKSetupController& operator=(const TKSetupController&) = delete;
+
+    // Brings the window to the front, at the general settings.
+    void showPrefWindow();
+    // The same, at the rules.
+    void editRules();
+    // Before the window is shown: the weekdays, the login item and the rules as they are now.
+    void prefWindowReload();
+
+    // Open the sheet. The boxes keep what they last showed for a new rule.
+    void addRule();
+    // Nothing without a selected row.
+    void editRule();
+    // std::out_of_range without a selected row.
+    void duplicateRule();
+    // Reloads the table; removes nothing.
+    void removeRule();
+    // Removes the selected rule, after a question.
+    void deleteRule();
+
+    void saveRule();
+    void cancelEditingRule();
+    // Shows a record in the sheet. Whether the rule blocks decides whether the box for it is enabled, not whether it is
+    // checked.
+    void loadRuleWithDict(const PropertyListDictionary& record);
+    // Keep in step what depends on the boxes.
+    void blockBox(const QCheckBox& box);
+    void renameBox(const QCheckBox& box);
+    void loadAppPropertiesSheet();
+    // 1 to save.
+    void didEndRuleSheet(int returnCode);
+
+    PrefWindow& prefWindow() { return m_prefWindow; }
+
+    AppPropertiesWindow& ruleWindow() { return m_ruleWindow; }
+
+    RulesTab& rulesTab() { return *m_rulesTab; }
+
+    ArchiveTab& archiveTab() { return *m_archiveTab; }
+
+private:
+    void addTabs(const std::optional<LoginItem>& loginItem);
+    void connectRules();
+    ArchiveTab::Actions archiveActions();
+    void openSheet();
+    void reloadTable();
+    void showWeekdays();
+    void showDatabaseLocation();
+    void settingsChanged();
+
+    TKController& m_tkController;
+    UserDefaults& m_defaults;
+    Alerts& m_alerts;
+    Ruleset m_ruleset;
+    RulesTable m_rules;
+    SettingsBinding m_settings;
+    PrefWindow m_prefWindow;
+    AppPropertiesWindow m_ruleWindow;
+    GeneralTab* m_generalTab = nullptr;
+    RulesTab* m_rulesTab = nullptr;
+    ArchiveTab* m_archiveTab = nullptr;
+    // The rule that is being edited; absent for a new one.
+    std::optional<QString> m_originalEditName;
+    // The settings by which archives were last planned, and the weekdays as they were last shown.
+    std::pair<bool, PropertyListValue> m_planned;
+    std::int64_t m_shownWeekdays = -1;
+    bool m_isStoringWeekdays = false;
+    Subscription m_locations;
+};

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "interface/preferences/WeekdaySelector.h"
+
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QToolButton>
+
+WeekdaySelector::WeekdaySelector(QWidget* parent)
+    : QWidget(parent) {
+    auto* cells = new QHBoxLayout(this);
+    cells->setContentsMargins(0, 0, 0, 0);
+    cells->setSpacing(0);
+    const QLocale locale;
+    for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+        // Qt calls Sunday the seventh day.
+        const int day = i == 0 ? 7 : int(i);
+        auto* button = new QToolButton;
+        button->setObjectName(QStringLiteral("weekday%1").arg(i));
+        button->setText(locale.standaloneDayName(day, QLocale::ShortFormat));
+        button->setToolTip(locale.standaloneDayName(day));
+        button->setAccessibleName(button->toolTip());
+        button->setCheckable(true);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        connect(button, &QToolButton::clicked, this, &WeekdaySelector::segmentsChosen);
+        cells->addWidget(button);
+        m_buttons[i] = button;
+    }
+    setFocusProxy(m_buttons.front());
+}
+
+PeriodicSave::Segments WeekdaySelector::segments() const {
+    PeriodicSave::Segments segments{};
+    for (std::size_t i = 0; i < segments.size(); ++i)
+        segments[i] = m_buttons[i]->isChecked();
+    return segments;
+}
+
+void WeekdaySelector::setSegments(const PeriodicSave::Segments& segments) {
+    for (std::size_t i = 0; i < segments.size(); ++i)
+        m_buttons[i]->setChecked(segments[i]);
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/PeriodicSave.h"
+
+#include <QWidget>
+
+class QToolButton;
+
+// Seven segments side by side, each of which can be on, named after the weekdays from Sunday.
+class WeekdaySelector : public QWidget {
+    Q_OBJECT
+public:
+    explicit WeekdaySelector(QWidget* parent = nullptr);
+
+    PeriodicSave::Segments segments() const;
+    // Is no choice of the user's.
+    void setSegments(const PeriodicSave::Segments& segments);
+
+Q_SIGNALS:
+    // The user has chosen.
+    void segmentsChosen();
+
+private:
+    std::array<QToolButton*, std::tuple_size_v<PeriodicSave::Segments>> m_buttons{};
+};
