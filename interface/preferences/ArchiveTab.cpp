@@ -18,7 +18,7 @@
 namespace {
 
 constexpr int kMargin = 18;
-constexpr int kBetweenSubjects = 14;
+constexpr int kNarrowestFolder = 220;
 
 } // namespace
 
@@ -32,11 +32,15 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     setObjectName(QStringLiteral("Archive"));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    rows->setSpacing(0);
     auto* form = new QFormLayout;
     makeDatabasePart(*form);
     rows->addLayout(form);
-    rows->addSpacing(kBetweenSubjects);
+    rows->addItem(m_room);
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    rows->addWidget(line);
     auto* isOn = new QCheckBox(localized("&Archive and clear all timers by schedule"));
     isOn->setObjectName(QStringLiteral("saveTimerPeriodically"));
     settings.bind(*isOn, kSaveTimerPeriodically);
@@ -45,9 +49,7 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
         "At the chosen time all timers are written to a file named after the day, and start anew."));
     explanation->setWordWrap(true);
     explanation->setForegroundRole(QPalette::PlaceholderText);
-    rows->addSpacing(kBetweenSubjects / 2);
     rows->addWidget(explanation);
-    rows->addItem(m_room);
     makeBottomView(settings);
     rows->addWidget(m_bottomView);
 }
@@ -86,7 +88,8 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     m_bottomView->setObjectName(QStringLiteral("bottomViewToResizeTo"));
     auto* time = new QTimeEdit;
     time->setObjectName(QStringLiteral("periodicSaveTime"));
-    time->setDisplayFormat(QLocale().timeFormat(QLocale::ShortFormat));
+    // Nobody plans by the second.
+    time->setDisplayFormat(QLocale().timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss")));
     auto* format = new QComboBox;
     format->setObjectName(QStringLiteral("periodicFormatType"));
     format->addItem(localized("CSV table"), 0);
@@ -96,7 +99,7 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     folder->setObjectName(QStringLiteral("periodicSaveDirectory"));
     auto* form = new QFormLayout(m_bottomView);
     form->setContentsMargins(0, kMargin, 0, 0);
-    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     m_periodicDaysOfWeek->setObjectName(QStringLiteral("periodicDaysOfWeek"));
     m_periodicDaysOfWeek->setAccessibleName(localized("Weekdays of the archive"));
     m_weekdays->setObjectName(QStringLiteral("weekdaysOfTheArchive"));
@@ -112,7 +115,7 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     auto* folderLabel = new QLabel(localized("F&older:"));
     folderLabel->setBuddy(folder);
     form->addRow(folderLabel, cells);
-    folder->setMinimumWidth(220);
+    folder->setMinimumWidth(kNarrowestFolder);
     settings.bind(*time, kPeriodicSaveTime);
     settings.bind(*format, kPeriodicFormatType);
     settings.bind(*folder, kPeriodicSaveDirectory);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/WeekdaySelector.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QToolButton>
@@ -23,6 +24,7 @@ WeekdaySelector::WeekdaySelector(QWidget* parent)
         button->setFocusPolicy(Qt::StrongFocus);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         connect(button, &QToolButton::clicked, this, &WeekdaySelector::segmentsChosen);
+        connect(button, &QToolButton::toggled, this, &WeekdaySelector::colour);
         cells->addWidget(button);
         m_buttons[i] = button;
     }
@@ -39,4 +41,21 @@ PeriodicSave::Segments WeekdaySelector::segments() const {
 void WeekdaySelector::setSegments(const PeriodicSave::Segments& segments) {
     for (std::size_t i = 0; i < segments.size(); ++i)
         m_buttons[i]->setChecked(segments[i]);
+}
+
+void WeekdaySelector::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colour();
+}
+
+void WeekdaySelector::colour() {
+    for (QToolButton* button : m_buttons) {
+        QPalette colours = palette();
+        if (button->isChecked()) {
+            colours.setBrush(QPalette::Button, colours.brush(QPalette::Highlight));
+            colours.setBrush(QPalette::ButtonText, colours.brush(QPalette::HighlightedText));
+        }
+        button->setPalette(colours);
+    }
 }

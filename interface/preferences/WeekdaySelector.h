@@ -21,6 +21,12 @@ Q_SIGNALS:
     // The user has chosen.
     void segmentsChosen();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    // What is on stands out whatever the theme.
+    void colour();
+
     std::array<QToolButton*, std::tuple_size_v<PeriodicSave::Segments>> m_buttons{};
 };

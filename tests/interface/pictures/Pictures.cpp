@@ -32,6 +32,8 @@ void wearDark() {
     dark.setColor(QPalette::Mid, QColor(0x45, 0x48, 0x4c));
     dark.setColor(QPalette::Highlight, QColor(0x2f, 0x65, 0xca));
     dark.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(0x75, 0x79, 0x7e));
     QApplication::setPalette(dark);
 }
 
