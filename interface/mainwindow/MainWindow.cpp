@@ -3,6 +3,7 @@
 
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/SumBar.h"
+#include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
@@ -13,7 +14,6 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QSplitter>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -39,18 +39,17 @@ MainWindow::MainWindow()
     m_projectMenu = m_actions.fill(*menuBar());
     m_tkLabelProjectViewController = new TKLabelViewController(*m_projectMenu);
     makeToolBar();
-    m_splitView = named(new QSplitter(this), QStringLiteral("splitView"));
-    m_splitView->setChildrenCollapsible(false);
+    m_splitView = named(new TKConstrainedSplitView(this), QStringLiteral("splitView"));
     m_sidebar =
         named(new SidebarPane(m_actions.addProject, m_actions.removeProject), QStringLiteral("sidebar"));
     m_splitView->addWidget(m_sidebar);
     m_splitView->addWidget(makeOutlinePane());
-    m_splitView->setStretchFactor(0, 0);
-    m_splitView->setStretchFactor(1, 1);
     m_splitView->setSizes({kSidebarWidth, kFirstSize.width() - kSidebarWidth});
     setCentralWidget(m_splitView);
     connect(m_actions.showSidebar, &QAction::toggled, m_sidebar, &QWidget::setVisible);
     m_searchAppField->setOutlineView(m_mainTable);
+    // What is summed is all again.
+    connect(m_sumBar, &SumBar::sumClicked, m_mainTable, &QAbstractItemView::clearSelection);
     setMinimumSize(kSmallestSize);
     resize(kFirstSize);
     m_mainTable->setFocus();

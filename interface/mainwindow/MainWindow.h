@@ -6,10 +6,10 @@
 
 #include <QMainWindow>
 
-class QSplitter;
 class QToolBar;
 class SidebarPane;
 class SumBar;
+class TKConstrainedSplitView;
 class TKLabelViewController;
 class TKOutlineDisplayView;
 
@@ -60,7 +60,7 @@ private:
     TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     QToolBar* m_toolBar = nullptr;
     TKSearchField* m_searchAppField = nullptr;
-    QSplitter* m_splitView = nullptr;
+    TKConstrainedSplitView* m_splitView = nullptr;
     SidebarPane* m_sidebar = nullptr;
     TKOutlineDisplayView* m_mainTable = nullptr;
     SumBar* m_sumBar = nullptr;

@@ -2,13 +2,13 @@
 #include "interface/mainwindow/SumBar.h"
 
 #include "interface/mainwindow/CutoffSlider.h"
+#include "interface/mainwindow/SumOfTimesLabel.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 
 namespace {
 
@@ -38,8 +38,7 @@ SumBar::SumBar(QWidget* parent)
     , m_cutOffValueDisplay(named(new QLabel, QStringLiteral("cutOffValueDisplay")))
     , m_timeSumIcon(named(new QLabel, QStringLiteral("timeSumIcon")))
     , m_timeSumCaption(named(new QLabel, QStringLiteral("timeSumCaption")))
-    // A field that cannot be edited: unlike a label it can be read out and copied from.
-    , m_timeSum(named(new QLineEdit, QStringLiteral("timeSum"))) {
+    , m_timeSum(named(new SumOfTimesLabel, QStringLiteral("timeSum"))) {
     m_cutoff->setMinimumWidth(kSmallestSlider);
     m_cutoff->setMaximumWidth(kLargestSlider);
     m_cutoff->setToolTip(localized("Leaves out timers that have less time than this"));
@@ -47,9 +46,6 @@ SumBar::SumBar(QWidget* parent)
     m_cutoffCaption->setForegroundRole(QPalette::PlaceholderText);
     m_cutOffValueDisplay->setMinimumWidth(digitsWide(font(), kCutoffDigits));
     m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);
-    m_timeSum->setReadOnly(true);
-    m_timeSum->setFrame(false);
-    m_timeSum->setAlignment(Qt::AlignRight);
     QFont strong = m_timeSum->font();
     strong.setBold(true);
     m_timeSum->setFont(strong);
@@ -57,6 +53,7 @@ SumBar::SumBar(QWidget* parent)
     clear.setBrush(QPalette::Base, Qt::transparent);
     m_timeSum->setPalette(clear);
     m_timeSum->setFixedWidth(digitsWide(strong, kSumDigits));
+    connect(m_timeSum, &SumOfTimesLabel::clicked, this, &SumBar::sumClicked);
     auto* cells = new QHBoxLayout(this);
     // The field has a little air of its own.
     cells->setContentsMargins(kMargin, kAir, kMargin - 4, kAir);

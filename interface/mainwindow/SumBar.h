@@ -5,7 +5,7 @@
 
 class CutoffSlider;
 class QLabel;
-class QLineEdit;
+class SumOfTimesLabel;
 
 // The bar below the timers: on the left the cut-off, on the right the sum with what it is the sum of.
 class SumBar : public QWidget {
@@ -20,6 +20,10 @@ public:
     // The picture's name and the word for the kind of sum.
     void showSumMode(const QString& image, const QString& caption);
 
+Q_SIGNALS:
+    // The sum was clicked at.
+    void sumClicked();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -29,5 +33,5 @@ private:
     QLabel* m_cutOffValueDisplay;
     QLabel* m_timeSumIcon;
     QLabel* m_timeSumCaption;
-    QLineEdit* m_timeSum;
+    SumOfTimesLabel* m_timeSum;
 };

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/TKConstrainedSplitView.h"
+
+#include <QChildEvent>
+
+namespace {
+
+// Pixels.
+constexpr int kMargin = 165;
+
+} // namespace
+
+TKConstrainedSplitView::TKConstrainedSplitView(QWidget* parent)
+    : QSplitter(parent) {
+    setChildrenCollapsible(false);
+    connect(this, &QSplitter::splitterMoved, this, [this](int position, int index) {
+        const int allowed = constrainSplitPosition(position, width());
+        if (allowed != position)
+            moveSplitter(allowed, index);
+    });
+}
+
+int TKConstrainedSplitView::constrainSplitPosition(int proposed, int width) {
+    if (proposed < kMargin)
+        return kMargin;
+    return std::min(proposed, std::max(kMargin, width - kMargin));
+}
+
+void TKConstrainedSplitView::childEvent(QChildEvent* event) {
+    QSplitter::childEvent(event);
+    for (int pane = 0; pane < count(); ++pane)
+        setStretchFactor(pane, pane == count() - 1 ? 1 : 0);
+}

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// The small views of the main window that do one thing each.
+#include "interface/mainwindow/TKConstrainedSplitView.h"
+#include "tests/interface/ProjectDesk.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct SmallViewsTest : testing::Test, ProjectDesk {
+    SmallViewsTest() {
+        mailNotesAndPaint();
+        show();
+    }
+
+    TKConstrainedSplitView& splitView() {
+        return *controller.window().findChild<TKConstrainedSplitView*>(QStringLiteral("splitView"));
+    }
+
+    // Pulls the divider by so many pixels.
+    void pull(int pixels) {
+        QWidget* divider = splitView().handle(1);
+        const QPoint from = divider->rect().center();
+        QTest::mousePress(divider, Qt::LeftButton, {}, from);
+        QTest::mouseMove(divider, from + QPoint(pixels, 0));
+        QTest::mouseRelease(divider, Qt::LeftButton, {}, from + QPoint(pixels, 0));
+        settle();
+    }
+};
+
+} // namespace
+
+TEST(TKConstrainedSplitView, theDivider_staysAwayFromBothEdges) {
+    EXPECT_EQ(TKConstrainedSplitView::constrainSplitPosition(100, 800), 165);
+    EXPECT_EQ(TKConstrainedSplitView::constrainSplitPosition(165, 800), 165);
+    EXPECT_EQ(TKConstrainedSplitView::constrainSplitPosition(300, 800), 300);
+    EXPECT_EQ(TKConstrainedSplitView::constrainSplitPosition(700, 800), 635);
+    for (const int proposed : {0, 100, 150, 165, 200, 299})
+        EXPECT_EQ(TKConstrainedSplitView::constrainSplitPosition(proposed, 300), 165) << proposed;
+}
+
+TEST_F(SmallViewsTest, theDividerPulledToTheLeft_leavesTheSidebarItsWidth) {
+    pull(-1000);
+    EXPECT_EQ(splitView().sizes().first(), 165);
+}
+
+TEST_F(SmallViewsTest, aWiderWindow_widensTheTimersAlone) {
+    const int sidebar = splitView().sizes().first();
+    const int timers = splitView().sizes().last();
+    controller.window().resize(controller.window().size() + QSize(150, 0));
+    settle();
+    EXPECT_EQ(splitView().sizes().first(), sidebar);
+    EXPECT_EQ(splitView().sizes().last(), timers + 150);
+}
+
+TEST_F(SmallViewsTest, aClickOnTheSum_sumsEverythingAgain) {
+    select({row("Paint")});
+    EXPECT_EQ(str(sumShown()), "00:00:30");
+    QTest::mouseClick(controller.window().findChild<QLineEdit*>(QStringLiteral("timeSum")), Qt::LeftButton);
+    EXPECT_TRUE(table().selectedRows().isEmpty());
+    EXPECT_EQ(str(sumShown()), "00:03:10");
+}
