@@ -35,6 +35,15 @@ protected:
 
     double passed() const { return double(watch.nsecsElapsed()) / 1e9; }
 
+    // Ends the program and expects that it has counted `before` seconds, and at the most what passed until it was gone: how
+    // long it takes to end is the machine's affair.
+    void endAfterCounting(double before, double credited = 0) {
+        const double atTheSignal = passed();
+        EXPECT_EQ(product.end(SIGTERM), 0);
+        EXPECT_GE(written(), credited + before - offBy(0.4));
+        EXPECT_LE(written(), credited + before + (passed() - atTheSignal) + offBy(0.4));
+    }
+
     double offBy(double seconds) const { return seconds + m_lateness.seconds(); }
 
     LogindMachine m_machine;
@@ -59,8 +68,7 @@ TEST_F(ProductSessionTest, aSleep_isSavedBeforeAndNeverCredited) {
     awake.start();
     ASSERT_TRUE(m_machine.waitForInhibitors(kBothHeld));
     turnEventLoopFor(500ms);
-    EXPECT_EQ(product.end(SIGTERM), 0);
-    EXPECT_NEAR(written(), savedBefore + double(awake.nsecsElapsed()) / 1e9, offBy(0.4));
+    endAfterCounting(double(awake.nsecsElapsed()) / 1e9, savedBefore);
 }
 
 TEST_F(ProductSessionTest, leavingTheSession_savesAndComingBackCountsOn) {
@@ -69,9 +77,8 @@ TEST_F(ProductSessionTest, leavingTheSession_savesAndComingBackCountsOn) {
     ASSERT_TRUE(waitFor([&] { return written() > 0; }));
     m_machine.ask("active true");
     turnEventLoopFor(400ms);
-    EXPECT_EQ(product.end(SIGTERM), 0);
     // The gap is credited to what was in front: the timer counts as running all the while.
-    EXPECT_NEAR(written(), passed(), offBy(0.4));
+    endAfterCounting(passed());
 }
 
 TEST_F(ProductSessionTest, thePowerGoing_isSavedWithTheRestartFlagAndThenNoLongerDelayed) {
@@ -96,8 +103,7 @@ TEST_F(ProductSessionTest, theLoginManagerGoing_doesNotDisturbTheCounting) {
     turnEventLoopFor(300ms);
     m_machine.ask("stop-bus");
     turnEventLoopFor(700ms);
-    EXPECT_EQ(product.end(SIGTERM), 0);
-    EXPECT_NEAR(written(), passed(), offBy(0.4));
+    endAfterCounting(passed());
 }
 
 } // namespace
