@@ -5,7 +5,7 @@
 #include "bench/Stopwatch.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
-#include "interface/pasteboard/TimeMimeData.h"
+#include "interface/pasteboard/TimePasteboard.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakePlatform.h"
 
@@ -100,13 +100,14 @@ int main(int argc, char** argv) {
     bench.measure(
         "expanding all", 100, [&] { table.collapseAllRows(), bench.painted(); },
         [&] { table.expandAllRows(), bench.painted(); });
+    const TimePasteboard pasteboard(bench.controller.tracker(), bench.controller.projects());
     table.selectAll();
     QModelIndexList rows = table.selectedRows();
     rows.resize(std::min<qsizetype>(rows.size(), 1000));
     bench.measure(
         "all readable forms of 1,000 rows", 100, [] {},
         [&] {
-            const auto written = bench.controller.writeItems(rows);
+            const auto written = pasteboard.writeItems(rows);
             for (const QString& form : written->formats())
                 if (written->data(form).isEmpty())
                     std::puts("WRONG: an empty form");

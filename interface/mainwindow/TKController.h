@@ -5,12 +5,13 @@
 #include "Classes/TimeDatabase.h"
 #include "Classes/TimerControl.h"
 #include "interface/export/TKExportController.h"
+#include "interface/mainwindow/MainCommands.h"
 #include "interface/mainwindow/MainWindow.h"
+#include "interface/mainwindow/ShownSum.h"
 #include "interface/mainwindow/TKDocumentController.h"
-#include "interface/mainwindow/TimeSum.h"
 #include "interface/outline/ProgramCell.h"
 #include "interface/outline/TimeTreeModel.h"
-#include "interface/pasteboard/TimeMimeData.h"
+#include "interface/pasteboard/TimePasteboard.h"
 #include "interface/shell/TKApplicationDelegate.h"
 #include "interface/sidebar/TKProjectController.h"
 
@@ -18,7 +19,6 @@
 #include <QUndoStack>
 
 class Alerts;
-class TKOutlineDisplayView;
 
 // The program's one document and the controller of its main window, put together from the tracker, the timer
 // control, the database and the window. It connects what the user asks for with what does it, and shows the
@@ -43,10 +43,13 @@ public:
 
     // Reads the settings afresh and shows the sum by them.
     void reload();
-    void refreshTimeSum() override;
-    // The sum that `kind` asks for: 0 as shown, 1 of everything, 2 as shown, in words. With `outMode` the
-    // bare time, without it a caption of two lines.
-    QString totalTimeStringForAllObjects(int kind, SumMode* outMode) const;
+
+    void refreshTimeSum() override { m_sum.refresh(); }
+
+    // The sum below the outline; see ShownSum::text().
+    QString totalTimeStringForAllObjects(int kind, SumMode* outMode) const {
+        return m_sum.text(kind, outMode);
+    }
 
     // Shows a project with `record`'s rows expanded, or all timers without a `category`. Entries of the expanded rows that
     // no row has are dropped from the record.
@@ -63,10 +66,10 @@ public:
 
     // Whether all timers are shown rather than a project.
     bool mainItemIsSelected() const { return m_shown == &m_appTreeController; }
+
     bool blockExpansionSaveWhileSearching() const { return m_isSearchExpanding; }
 
     void deselectAll();
-    void renameSelected();
     // Deletes the selected rows: unless `forceDelete`, out of the project that is shown, or after a question.
     void tableViewDidReceiveDeleteKey(bool forceDelete);
     // Clears all timers, after a question.
@@ -74,8 +77,7 @@ public:
     // Freezes a timer, unless it is frozen.
     void branchNode(TimeStoreNode& node);
     void branchUUIDs(const std::vector<Identity>& timers);
-    // What a copy or a drag of rows carries.
-    std::unique_ptr<QMimeData> writeItems(const QModelIndexList& rows);
+    void branchSelected();
     // The sum as it is shown, in words.
     void copySummaryTime();
 
@@ -120,35 +122,17 @@ public:
     void updateMenus() override { m_appDelegate.updateMenus(); }
 
 private:
-    void connectActions();
-    void connectProjectActions();
+    void connectFields();
     void connectOutline();
+    void connectSidebar();
     TKProjectController::MainController projectServices();
-    void updateActions();
-    void branchSelected();
     void showInvitation();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
-    TimeMimeData::Provider pasteboardProvider();
-    void keepClipboard();
-    TimeStoreItem::Children topLevelItems() const;
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
     void selectionChanged();
     void showLastReset();
     void timersCleared();
-
-    void forgetSummedRows() { m_summedRows.reset(); }
-
-    // What a sum is the sum of.
-    struct SummedRows {
-        // All that the tracker has.
-        bool isTotal;
-        SumMode mode;
-        TimeStoreItem::Children rows;
-    };
-
-    SummedRows rowsToSum(int kind) const;
-    Seconds timeOf(const SummedRows& summed) const;
 
     Platform& m_platform;
     Alerts& m_alerts;
@@ -165,27 +149,24 @@ private:
     QItemSelectionModel m_appSelection;
     QItemSelectionModel m_categorySelection;
     MainWindow m_window;
+    TimePasteboard m_pasteboard;
+    // The project that is shown and searched; null while all timers are.
+    std::shared_ptr<TimeStoreCategory> m_searchedProject;
+    ShownSum m_sum;
     // Stands for this in the connections to what it owns, and ends them before any of it goes.
     std::optional<QObject> m_reactions{std::in_place};
-    // The one that commands for rows are meant for: which of the two had the focus last.
-    TKOutlineDisplayView* m_focusedOutline = nullptr;
     TimerControl m_timer;
     TimeDatabase m_database;
     TKDocumentController m_documents;
     TKApplicationDelegate m_appDelegate;
-    // The project that is shown and searched; null while all timers are.
-    std::shared_ptr<TimeStoreCategory> m_searchedProject;
     // Whose rows are to be expanded; null when they are.
     ProjectList::Project m_recordToExpand;
     bool m_isSearchExpanding = false;
-    // Of the sum that is shown; absent while that has to be found out anew.
-    std::optional<SummedRows> m_summedRows;
-    SumMode m_lastSumMode = SumMode::None;
-    double m_lastSumSecond = -1;
     Subscription m_defaultsChanges;
     Subscription m_resets;
     // Made when the timers have been read: the rows it opens must be there.
     std::optional<TKProjectController> m_projectController;
     // The same: an archive is of the timers that have been read.
     std::optional<TKExportController> m_exportController;
+    std::optional<MainCommands> m_commands;
 };

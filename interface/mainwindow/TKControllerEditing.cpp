@@ -14,10 +14,6 @@ void TKController::deselectAll() {
     m_window.mainTable().clearSelection();
 }
 
-void TKController::renameSelected() {
-    m_window.mainTable().editName();
-}
-
 void TKController::rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name) {
     auto command = std::make_unique<RenameCommand>(m_engine.tracker(), item, name);
     if (command->changesAnything())
@@ -60,31 +56,6 @@ void TKController::branchUUIDs(const std::vector<Identity>& timers) {
 void TKController::branchSelected() {
     for (const auto& item : m_window.mainTable().selectedItems())
         branchNode(item->node());
-}
-
-TimeMimeData::Provider TKController::pasteboardProvider() {
-    return {
-        .timers =
-            [this](const std::vector<Identity>& timers) {
-                return m_engine.tracker().timeChildrenForChildUUIDs({timers.begin(), timers.end()}, true);
-            },
-        .uuidsForProjectIndex = [this](int row) { return m_projects.uuidsForProjectIndex(std::size_t(row)); },
-        .primaryUUIDs = [this] { return m_engine.tracker().primaryUUIDs(); }};
-}
-
-std::unique_ptr<QMimeData> TKController::writeItems(const QModelIndexList& rows) {
-    std::vector<Identity> timers;
-    for (const QModelIndex& row : rows)
-        if (const auto item = TKOutlineDisplayView::itemAt(row); item && item->uuid())
-            timers.push_back(*item->uuid());
-    return std::make_unique<TimeMimeData>(pasteboardProvider(), timers);
-}
-
-void TKController::keepClipboard() {
-    QClipboard& clipboard = *QApplication::clipboard();
-    // What another program has copied meanwhile is of another kind.
-    if (const auto* rows = qobject_cast<const TimeMimeData*>(clipboard.mimeData()))
-        clipboard.setMimeData(rows->settled());
 }
 
 void TKController::copySummaryTime() {

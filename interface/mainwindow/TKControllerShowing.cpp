@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the outline shows: all timers or one project, narrowed by the search and the cut-off; and the sum of it.
+// What the outline shows: all timers or one project, narrowed by the search and the cut-off.
 #include "interface/mainwindow/SumBar.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
@@ -7,20 +7,11 @@
 
 #include <QLineEdit>
 
-#include <cmath>
-
-namespace {
-
-constexpr int kAllObjects = 1;
-constexpr int kInWords = 2;
-
-} // namespace
-
 void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& category,
                                     const ProjectList::Project& record) {
     const QString search = m_window.searchAppField().text();
     m_searchedProject = category;
-    forgetSummedRows();
+    m_sum.forgetRows();
     if (category) {
         category->setSearchString(search);
         const std::vector<Identity> members = record->flattenedMembers();
@@ -119,55 +110,4 @@ void TKController::showInvitation() {
         return localized("Press Start and work on; the programs you use will appear here.");
     };
     m_window.mainTable().setInvitation(text());
-}
-
-TimeStoreItem::Children TKController::topLevelItems() const {
-    return m_searchedProject ? m_searchedProject->children().value_or(TimeStoreItem::Children())
-                             : m_engine.tracker().timeSet();
-}
-
-TKController::SummedRows TKController::rowsToSum(int kind) const {
-    const QString search = m_window.searchAppField().text();
-    TimeStoreItem::Children rows =
-        kind == kAllObjects ? TimeStoreItem::Children() : m_window.mainTable().selectedItems();
-    if (rows.empty() && mainItemIsSelected() && search.isEmpty())
-        return {.isTotal = true, .mode = SumMode::Total, .rows = {}};
-    // Rows at the top do not count one another.
-    rows = rows.empty() ? topLevelItems() : withoutDoubleCounting(std::move(rows));
-    // The mode looks at the selection even where the sum does not.
-    const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
-    const SumMode mode = search.isEmpty() ? (hasSelection ? SumMode::Selected : SumMode::Project)
-                                          : (hasSelection ? SumMode::FoundInSelection : SumMode::Found);
-    return {.isTotal = false, .mode = mode, .rows = countedRows(std::move(rows), search)};
-}
-
-Seconds TKController::timeOf(const SummedRows& summed) const {
-    return summed.isTotal ? m_engine.tracker().totalTime() : summedTime(summed.rows);
-}
-
-QString TKController::totalTimeStringForAllObjects(int kind, SumMode* outMode) const {
-    const SummedRows summed = rowsToSum(kind);
-    const Seconds time = timeOf(summed);
-    if (!outMode)
-        return sumTitle(summed.mode, TimeTracker::timeStringForDouble(time));
-    *outMode = summed.mode;
-    return kind == kInWords ? m_engine.tracker().humanTimeStringForDouble(time)
-                            : TimeTracker::timeStringForDouble(time);
-}
-
-void TKController::refreshTimeSum() {
-    if (!m_window.isSeen())
-        return;
-    // Which rows count is found out when that may have changed, not ten times a second.
-    if (!m_summedRows)
-        m_summedRows = rowsToSum(0);
-    const Seconds time = timeOf(*m_summedRows);
-    const double second = std::floor(time);
-    const SumMode mode = m_summedRows->mode;
-    if (mode == m_lastSumMode && second == m_lastSumSecond)
-        return;
-    m_lastSumSecond = second;
-    m_window.sumBar().showSum(TimeTracker::timeStringForDouble(time));
-    if (std::exchange(m_lastSumMode, mode) != mode)
-        m_window.sumBar().showSumMode(sumImage(mode), sumCaption(mode));
 }

@@ -206,7 +206,7 @@ void drawAll(const QDir& folder) {
         scene.work();
         scene.show();
         scene.table().setCurrentIndex(scene.row("Inkscape"));
-        scene.controller.renameSelected();
+        scene.controller.window().mainTable().editName();
         scene.settle();
         scene.save(folder);
     }

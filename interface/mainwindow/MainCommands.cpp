@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/MainCommands.h"
+
+#include "interface/mainwindow/TKController.h"
+#include "interface/outline/TKOutlineDisplayView.h"
+
+#include <QApplication>
+
+namespace {
+
+template<typename Reaction>
+void connectTo(QAction* action, QObject& receiver, Reaction react) {
+    QObject::connect(action, &QAction::triggered, &receiver, react);
+}
+
+} // namespace
+
+MainCommands::MainCommands(TKController& controller, QUndoStack& undoStack)
+    : m_controller(controller)
+    , m_focusedOutline(&controller.window().mainTable()) {
+    connectDatabase();
+    connectEditing();
+    connectUndo(undoStack);
+    connectTimers();
+    connectProjects();
+    followFocus();
+    update();
+}
+
+void MainCommands::connectDatabase() {
+    const MainActions& actions = m_controller.window().actions();
+    connectTo(actions.importDatabase, m_receiver, [this] { m_controller.documents().openDocument(); });
+    connectTo(actions.saveCopy, m_receiver, [this] { m_controller.documents().saveCopy(); });
+    connectTo(actions.chooseDatabaseLocation, m_receiver, [this] { m_controller.chooseDatabaseDirectory(); });
+    connectTo(actions.restoreDefaultDatabaseLocation, m_receiver,
+              [this] { m_controller.restoreDefaultDatabaseLocation(); });
+    connectTo(actions.revealDatabase, m_receiver, [this] { m_controller.revealDatabase(); });
+    connectTo(actions.exportShown, m_receiver, [this] { m_controller.exporting().exportShownToCSV(); });
+    connectTo(actions.exportAll, m_receiver, [this] { m_controller.exporting().exportAllToCSV(); });
+    connectTo(actions.closeWindow, m_receiver, [this] { m_controller.window().close(); });
+    connectTo(actions.quit, m_receiver, [this] { m_controller.appDelegate().terminate(); });
+    connectTo(actions.about, m_receiver, [this] { m_controller.appDelegate().showAboutBox(); });
+}
+
+void MainCommands::connectEditing() {
+    const MainActions& actions = m_controller.window().actions();
+    connectTo(actions.copy, m_receiver, [this] { m_focusedOutline->copy(); });
+    connectTo(actions.copySummaryTime, m_receiver, [this] { m_controller.copySummaryTime(); });
+    connectTo(actions.rename, m_receiver, [this] { m_focusedOutline->editName(); });
+    connectTo(actions.deleteRows, m_receiver, [this] { m_focusedOutline->deleteRows(); });
+    connectTo(actions.forceDelete, m_receiver, [this] { m_focusedOutline->forceDelete(); });
+    connectTo(actions.selectAll, m_receiver, [this] { m_controller.window().mainTable().selectAll(); });
+    connectTo(actions.deselectAll, m_receiver, [this] { m_controller.deselectAll(); });
+    connectTo(actions.find, m_receiver, [this] { m_controller.find(); });
+}
+
+void MainCommands::connectUndo(QUndoStack& undoStack) {
+    const MainActions& actions = m_controller.window().actions();
+    connectTo(actions.undo, m_receiver, [&undoStack] { undoStack.undo(); });
+    connectTo(actions.redo, m_receiver, [&undoStack] { undoStack.redo(); });
+    QObject::connect(&undoStack, &QUndoStack::canUndoChanged, actions.undo, &QAction::setEnabled);
+    QObject::connect(&undoStack, &QUndoStack::canRedoChanged, actions.redo, &QAction::setEnabled);
+    actions.undo->setEnabled(undoStack.canUndo());
+    actions.redo->setEnabled(undoStack.canRedo());
+}
+
+void MainCommands::connectTimers() {
+    const MainActions& actions = m_controller.window().actions();
+    TKOutlineDisplayView& table = m_controller.window().mainTable();
+    connectTo(actions.expandAll, m_receiver, [&table] { table.expandAllRows(); });
+    connectTo(actions.collapseAll, m_receiver, [&table] { table.collapseAllRows(); });
+    connectTo(actions.toggleCounting, m_receiver, [this] { m_controller.timer().toggleCounting(); });
+    connectTo(actions.branch, m_receiver, [this] { m_controller.branchSelected(); });
+    connectTo(actions.clearTimers, m_receiver, [this] { m_controller.clearTimers(); });
+}
+
+void MainCommands::connectProjects() {
+    const MainActions& actions = m_controller.window().actions();
+    TKProjectController& projects = m_controller.projectController();
+    connectTo(actions.addProject, m_receiver, [&projects] { projects.addProject(); });
+    connectTo(actions.renameProject, m_receiver, [&projects] { projects.renameProject(); });
+    connectTo(actions.moveProjectUp, m_receiver, [&projects] { projects.moveProject(-1); });
+    connectTo(actions.moveProjectDown, m_receiver, [&projects] { projects.moveProject(1); });
+    connectTo(actions.branchProject, m_receiver, [&projects] { projects.branchProject(); });
+    connectTo(actions.removeProject, m_receiver, [&projects] { projects.tableViewDidRecieveDeleteKey(); });
+}
+
+void MainCommands::followFocus() {
+    // A menu opened by the keyboard takes the focus, so the last one counts.
+    QObject::connect(qApp, &QApplication::focusChanged, &m_receiver, [this](QWidget*, QWidget* focused) {
+        auto* outline = qobject_cast<TKOutlineDisplayView*>(focused);
+        const MainWindow& window = m_controller.window();
+        if (outline != &window.mainTable() && outline != &window.projectOutline())
+            return;
+        m_focusedOutline = outline;
+        update();
+    });
+}
+
+void MainCommands::update() {
+    const MainActions& actions = m_controller.window().actions();
+    const TKOutlineDisplayView& table = m_controller.window().mainTable();
+    const bool hasSelection = table.selectionModel()->hasSelection();
+    for (QAction* action : {actions.deselectAll, actions.branch})
+        action->setEnabled(hasSelection);
+    const TKProjectController& projects = m_controller.projectController();
+    const bool hasProject = !projects.isMainItemSelected();
+    const bool isForTimers = m_focusedOutline == &table;
+    for (QAction* action : {actions.copy, actions.rename, actions.deleteRows})
+        action->setEnabled(isForTimers ? hasSelection : hasProject);
+    actions.forceDelete->setEnabled(isForTimers && hasSelection);
+    for (QAction* action : {actions.renameProject, actions.branchProject, actions.removeProject})
+        action->setEnabled(hasProject);
+    actions.moveProjectUp->setEnabled(projects.canMoveProject(-1));
+    actions.moveProjectDown->setEnabled(projects.canMoveProject(1));
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/ShownSum.h"
+
+#include "Classes/TimeStoreCategory.h"
+#include "Classes/TimeTracker.h"
+#include "interface/mainwindow/MainWindow.h"
+#include "interface/mainwindow/SumBar.h"
+#include "interface/outline/TKOutlineDisplayView.h"
+
+#include <QLineEdit>
+
+#include <cmath>
+
+namespace {
+
+constexpr int kAllObjects = 1;
+constexpr int kInWords = 2;
+
+} // namespace
+
+ShownSum::ShownSum(const TimeTracker& tracker, const MainWindow& window, Project project)
+    : m_tracker(tracker)
+    , m_window(window)
+    , m_project(std::move(project)) {}
+
+ShownSum::Rows ShownSum::rowsToSum(int kind) const {
+    const QString search = m_window.searchAppField().text();
+    TimeStoreCategory* project = m_project();
+    TimeStoreItem::Children rows =
+        kind == kAllObjects ? TimeStoreItem::Children() : m_window.mainTable().selectedItems();
+    if (rows.empty() && !project && search.isEmpty())
+        return {.isTotal = true, .mode = SumMode::Total, .rows = {}};
+    // Rows at the top do not count one another.
+    if (!rows.empty())
+        rows = withoutDoubleCounting(std::move(rows));
+    else if (project)
+        rows = project->children().value_or(TimeStoreItem::Children());
+    else
+        rows = m_tracker.timeSet();
+    // The mode looks at the selection even where the sum does not.
+    const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
+    const SumMode mode = search.isEmpty() ? (hasSelection ? SumMode::Selected : SumMode::Project)
+                                          : (hasSelection ? SumMode::FoundInSelection : SumMode::Found);
+    return {.isTotal = false, .mode = mode, .rows = countedRows(std::move(rows), search)};
+}
+
+Seconds ShownSum::timeOf(const Rows& rows) const {
+    return rows.isTotal ? m_tracker.totalTime() : summedTime(rows.rows);
+}
+
+QString ShownSum::text(int kind, SumMode* outMode) const {
+    const Rows rows = rowsToSum(kind);
+    const Seconds time = timeOf(rows);
+    if (!outMode)
+        return sumTitle(rows.mode, TimeTracker::timeStringForDouble(time));
+    *outMode = rows.mode;
+    return kind == kInWords ? m_tracker.humanTimeStringForDouble(time)
+                            : TimeTracker::timeStringForDouble(time);
+}
+
+void ShownSum::refresh() {
+    if (!m_window.isSeen())
+        return;
+    if (!m_rows)
+        m_rows = rowsToSum(0);
+    const Seconds time = timeOf(*m_rows);
+    const double second = std::floor(time);
+    const SumMode mode = m_rows->mode;
+    if (mode == m_lastMode && second == m_lastSecond)
+        return;
+    m_lastSecond = second;
+    m_window.sumBar().showSum(TimeTracker::timeStringForDouble(time));
+    if (std::exchange(m_lastMode, mode) != mode)
+        m_window.sumBar().showSumMode(sumImage(mode), sumCaption(mode));
+}
