@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/Settings.h"
 
-#include <QDateTime>
+#include "platform/foundation/LocalTime.h"
 
 namespace {
 
 // 19:00 on the calendar's default day; only the time of day counts. Local time, as a person means it.
 Date sevenInTheEvening() {
-    const QDateTime evening(QDate(1, 1, 1), QTime(19, 0));
-    return Date(std::chrono::milliseconds(evening.toMSecsSinceEpoch()));
+    return dateOf(QDateTime(QDate(1, 1, 1), QTime(19, 0)));
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxSandbox.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
+#include "platform/linux/SettingsWatch.h"
 #include "platform/x11/X11Desktop.h"
 #include "platform/x11/X11IdleTime.h"
 
@@ -27,6 +28,7 @@ struct LinuxPlatform::BackEnds {
     NotificationCenter notifications;
     Folders folders = Folders::forUser();
     UserDefaults defaults{folders.settingsFile, notifications, runLoop, log};
+    SettingsWatch settingsWatch{defaults, runLoop};
     Bus systemBus{Bus::systemBus(), runLoop, log};
     Bus sessionBus{Bus::sessionBus(), runLoop, log};
     OwnSession session{systemBus, log, qEnvironmentVariable("XDG_SESSION_ID")};

@@ -1,29 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/SettingsBinding.h"
 
+#include "platform/foundation/LocalTime.h"
+
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateTime>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTimeEdit>
 
 using namespace std::chrono_literals;
-
-namespace {
-
-QDateTime localTime(Date date) {
-    return QDateTime::fromMSecsSinceEpoch(
-        std::chrono::duration_cast<std::chrono::milliseconds>(date.time_since_epoch()).count());
-}
-
-Date dateOf(const QDateTime& time) {
-    return Date(
-        std::chrono::duration_cast<Date::duration>(std::chrono::milliseconds(time.toMSecsSinceEpoch())));
-}
-
-} // namespace
 
 SettingsBinding::SettingsBinding(UserDefaults& defaults, NotificationCenter& notifications)
     : m_defaults(defaults) {
@@ -74,9 +61,9 @@ void SettingsBinding::bind(QTimeEdit& edit, const QString& key) {
             edit.setTime(localTime(*date).time());
     });
     QObject::connect(&edit, &QTimeEdit::timeChanged, &m_receiver, [this, key](QTime time) {
-        const QDate kAnyDay(2001, 1, 1);
+        const QDate anyDay(2001, 1, 1);
         const auto date = m_defaults.object(key).asDate();
-        m_defaults.setObject(key, dateOf(QDateTime(date ? localTime(*date).date() : kAnyDay, time)));
+        m_defaults.setObject(key, dateOf(QDateTime(date ? localTime(*date).date() : anyDay, time)));
     });
 }
 

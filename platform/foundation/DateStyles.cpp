@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/DateStyles.h"
 
-#include <QDateTime>
+#include "platform/foundation/LocalTime.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 
 namespace {
-
-QDateTime localTime(Date date) {
-    return QDateTime::fromMSecsSinceEpoch(
-        std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count());
-}
 
 // Qt knows no medium style: the long one without the weekday, the month cut short, is what locales mean by it.
 QString mediumFormat(const QLocale& locale) {

@@ -5,7 +5,10 @@
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
 
+#include <QFile>
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 UserDefaults::UserDefaults(QString path, NotificationCenter& notifications, RunLoop& runLoop, SystemLog& log)
     : m_path(std::move(path))
@@ -36,7 +39,7 @@ void UserDefaults::setObject(const QString& key, PropertyListValue value) {
         m_values.remove(key);
     else
         m_values.insert(key, std::move(value));
-    m_isDirty = true;
+    m_changed.insert(key);
     if (!m_joining || !m_joining->isValid())
         m_joining = m_runLoop.scheduleOnce(kJoiningDelay, [this] { synchronize(); });
     m_notifications.post(kUserDefaultsDidChangeNotification);
@@ -44,29 +47,57 @@ void UserDefaults::setObject(const QString& key, PropertyListValue value) {
 
 void UserDefaults::synchronize() {
     m_joining.reset();
-    if (!m_isDirty)
+    if (m_changed.isEmpty())
         return;
+    refresh();
     try {
         if (const auto written = write(); !written)
             m_log.log(QStringLiteral("The settings could not be written: %1").arg(written.failure().text));
         else
-            m_isDirty = false;
+            m_changed.clear();
     } catch (const InternalInconsistency& failure) {
         // A value that no property list can hold must not take the rest of the program along.
         m_log.log(failure.logLine());
     }
 }
 
+void UserDefaults::refresh() {
+    if (fileState() == m_state)
+        return;
+    const PropertyListDictionary before = m_values;
+    load();
+    for (const QString& key : std::as_const(m_changed)) {
+        if (const PropertyListValue& own = before.value(key); own.isAbsent())
+            m_values.remove(key);
+        else
+            m_values.insert(key, own);
+    }
+    if (m_values != before)
+        m_notifications.post(kUserDefaultsDidChangeNotification);
+}
+
+UserDefaults::FileState UserDefaults::fileState() const {
+    struct stat status {};
+    if (::stat(QFile::encodeName(m_path).constData(), &status) != 0)
+        return {};
+    return {std::int64_t(status.st_dev),          std::int64_t(status.st_ino),
+            std::int64_t(status.st_size),         std::int64_t(status.st_mtim.tv_sec),
+            std::int64_t(status.st_mtim.tv_nsec), std::int64_t(status.st_ctim.tv_nsec)};
+}
+
 void UserDefaults::load() {
+    // Before it is read: what is written in between is read the next time.
+    m_state = fileState();
     const auto read = PropertyList::readFile(m_path);
     if (read && read->asDictionary()) {
         m_values = *read->asDictionary();
+        m_isDamaged = false;
         return;
     }
     if (!read && read.failure().kind == Failure::Kind::NotFound)
         return;
     m_isDamaged = true;
-    m_log.log(QStringLiteral("The settings cannot be read and count as empty: %1")
+    m_log.log(QStringLiteral("The settings file cannot be read; what was read before holds: %1")
                   .arg(read ? QStringLiteral("%1: not a dictionary").arg(m_path) : read.failure().text));
 }
 
@@ -81,5 +112,7 @@ Outcome UserDefaults::write() {
     }
     if (auto made = PrivateFiles::makeFolder(QFileInfo(m_path).absolutePath()); !made)
         return made;
-    return PropertyList::writeXmlFile(m_values, m_path);
+    Outcome written = PropertyList::writeXmlFile(m_values, m_path);
+    m_state = fileState();
+    return written;
 }

@@ -7,8 +7,10 @@
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/SystemLog.h"
 
+#include <QSet>
 #include <QString>
 
+#include <array>
 #include <chrono>
 
 // Posted, without an object, after any value in the user defaults has changed.
@@ -18,8 +20,8 @@ inline const QString kUserDefaultsDidChangeNotification =
 // The user's settings: a table from key to property-list value, kept as an XML property list that only the
 // user can read. Registered defaults answer for keys that have no value of their own; they are never written.
 // Changes are announced at once and written joined, or at once by synchronize(). A file that is damaged or
-// foreign counts as empty and is set aside under a dated name before anything is written in its place. Main
-// thread only.
+// foreign counts as empty and is set aside under a dated name before anything is written in its place. Other programs
+// may write the file too: refresh() takes their changes over. Main thread only.
 class UserDefaults {
 public:
     // How long changes wait for others before they are written.
@@ -48,11 +50,23 @@ public:
 
     void removeObject(const QString& key) { setObject(key, {}); }
 
-    // Writes pending changes now. A failure is logged, and tried again with the next change.
+    // Writes pending changes now, over what others have written meanwhile key by key. A failure is logged, and tried
+    // again with the next change.
     void synchronize();
 
+    // Takes over what another program has written since, but for keys whose own change is not yet written; announced
+    // once. Costs a look at the file's state when nothing has been written. A file that has gone or cannot be read
+    // changes no setting: the next write sets it right.
+    void refresh();
+
+    const QString& path() const { return m_path; }
+
 private:
+    // Tells one state of the file from every other; all zero when there is none.
+    using FileState = std::array<std::int64_t, 6>;
+
     void load();
+    FileState fileState() const;
     Outcome write();
 
     QString m_path;
@@ -63,6 +77,9 @@ private:
     PropertyListDictionary m_registered;
     // What stands on disk could not be read, and is not replaced before it has been set aside.
     bool m_isDamaged = false;
-    bool m_isDirty = false;
+    // Keys whose own value is not yet written.
+    QSet<QString> m_changed;
+    // Of the file as it was last read or written.
+    FileState m_state{};
     std::unique_ptr<RunLoopTimer> m_joining;
 };

@@ -166,7 +166,7 @@ TEST_F(UserDefaultsTest, theFileAndItsFolder_areForTheUserAlone) {
 TEST_F(UserDefaultsTest, aDamagedFile_countsAsEmptyAndIsSetAsideBeforeTheFirstWrite) {
     write("<plist><dict><key>minutesUntilIdle</key>");
     const auto defaults = launch();
-    EXPECT_TRUE(m_log.mentions(QStringLiteral("The settings cannot be read and count as empty")));
+    EXPECT_TRUE(m_log.mentions(QStringLiteral("The settings file cannot be read")));
     EXPECT_TRUE(defaults->object(kMinutes).isAbsent());
     EXPECT_TRUE(filesSetAside().isEmpty());
     defaults->setObject(kMinutes, 5);
@@ -226,6 +226,92 @@ TEST_F(UserDefaultsTest, aValueThatNoFileCanHold_isLogged) {
     defaults->synchronize();
     EXPECT_TRUE(m_log.mentions(QStringLiteral("an absent value has no place")));
     defaults->removeObject(kMinutes);
+}
+
+// Another program that has the same settings open.
+class SharedSettings : public UserDefaultsTest {
+protected:
+    void otherProgramSets(const QString& key, const PropertyListValue& value) {
+        UserDefaults other(m_path, m_notifications, m_loop, m_log);
+        other.setObject(key, value);
+        other.synchronize();
+    }
+
+    std::unique_ptr<UserDefaults> defaults = [this] {
+        otherProgramSets(kMinutes, 7);
+        return launch();
+    }();
+};
+
+TEST_F(SharedSettings, whatAnotherProgramHasWritten_isTakenOverAndAnnouncedOnce) {
+    otherProgramSets(kMinutes, 9);
+    otherProgramSets(kDetection, true);
+    int announcements = 0;
+    const Subscription token = m_notifications.observe(kUserDefaultsDidChangeNotification,
+                                                       [&](const Notification&) { ++announcements; });
+    defaults->refresh();
+    EXPECT_EQ(defaults->integerForKey(kMinutes), 9);
+    EXPECT_TRUE(defaults->boolForKey(kDetection));
+    EXPECT_EQ(announcements, 1);
+    defaults->refresh();
+    EXPECT_EQ(announcements, 1);
+}
+
+TEST_F(SharedSettings, aKeyThatAnotherProgramHasRemoved_answersItsDefaultAgain) {
+    defaults->registerDefaults({{kMinutes, 15}});
+    otherProgramSets(kMinutes, {});
+    defaults->refresh();
+    EXPECT_EQ(defaults->integerForKey(kMinutes), 15);
+}
+
+TEST_F(SharedSettings, aChangeOfOurOwnThatIsNotYetWritten_winsOverTheOthers) {
+    defaults->setObject(kMinutes, 20);
+    otherProgramSets(kMinutes, 9);
+    otherProgramSets(kDetection, true);
+    defaults->refresh();
+    EXPECT_EQ(defaults->integerForKey(kMinutes), 20);
+    EXPECT_TRUE(defaults->boolForKey(kDetection));
+}
+
+TEST_F(SharedSettings, writing_keepsWhatAnotherProgramHasWrittenMeanwhile) {
+    otherProgramSets(kDetection, true);
+    otherProgramSets(kMinutes, 9);
+    defaults->removeObject(kMinutes);
+    defaults->setObject(kRestart, true);
+    defaults->synchronize();
+    EXPECT_EQ(onDisk(), (PropertyListDictionary{{kDetection, true}, {kRestart, true}}));
+    EXPECT_TRUE(defaults->boolForKey(kDetection));
+}
+
+TEST_F(SharedSettings, aFileThatIsDamagedWhileWeRun_changesNothingAndIsSetAsideWhenWeWrite) {
+    write("<plist><dict><key>minutes");
+    defaults->refresh();
+    EXPECT_EQ(defaults->integerForKey(kMinutes), 7);
+    EXPECT_TRUE(filesSetAside().isEmpty());
+    defaults->setObject(kRestart, true);
+    defaults->synchronize();
+    EXPECT_EQ(filesSetAside().size(), 1);
+    EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 7}, {kRestart, true}}));
+}
+
+TEST_F(SharedSettings, aFileThatHasBecomeWholeAgain_isNotSetAside) {
+    write("<plist><dict><key>minutes");
+    defaults->refresh();
+    QFile::remove(m_path);
+    otherProgramSets(kMinutes, 9);
+    defaults->setObject(kRestart, true);
+    defaults->synchronize();
+    EXPECT_TRUE(filesSetAside().isEmpty());
+    EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 9}, {kRestart, true}}));
+}
+
+TEST_F(SharedSettings, aFileThatHasGone_changesNothingAndComesBackWhole) {
+    QFile::remove(m_path);
+    defaults->refresh();
+    EXPECT_EQ(defaults->integerForKey(kMinutes), 7);
+    defaults->setObject(kRestart, true);
+    defaults->synchronize();
+    EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 7}, {kRestart, true}}));
 }
 
 } // namespace

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Date.h"
+
+#include <QDateTime>
+
+// A date as the clock on the wall shows it.
+inline QDateTime localTime(Date date) {
+    return QDateTime::fromMSecsSinceEpoch(
+        std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count());
+}
+
+inline Date dateOf(const QDateTime& time) {
+    return Date(
+        std::chrono::duration_cast<Date::duration>(std::chrono::milliseconds(time.toMSecsSinceEpoch())));
+}

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/SettingsWatch.h"
+#include "platform/foundation/QtRunLoop.h"
+#include "tests/desktop/harness/TemporaryHome.h"
+#include "tests/desktop/harness/WaitFor.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString kMinutes = QStringLiteral("minutesUntilIdle");
+
+// Ticklog and another program over one real file, in which both write.
+class SettingsWatchTest : public testing::Test {
+protected:
+    SettingsWatchTest() { QDir().mkpath(QFileInfo(m_path).path()); }
+
+    void otherProgramSets(int minutes) {
+        UserDefaults other(m_path, m_othersNotifications, m_runLoop, m_log);
+        other.setObject(kMinutes, minutes);
+        other.synchronize();
+    }
+
+    // As an editor does that keeps the file.
+    void writtenInPlace(int minutes) {
+        QFile file(m_path);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write("<plist version=\"1.0\"><dict><key>minutesUntilIdle</key><integer>");
+        file.flush();
+        file.write(QByteArray::number(minutes) + "</integer></dict></plist>");
+    }
+
+    bool reads(int minutes) {
+        return waitFor([&] { return m_defaults.integerForKey(kMinutes) == minutes; });
+    }
+
+    TemporaryHome m_home;
+    RecordingLog m_log;
+    QtRunLoop m_runLoop{m_log};
+    NotificationCenter m_notifications;
+    NotificationCenter m_othersNotifications;
+    QString m_path = m_home.path() + QStringLiteral("/config/settings.plist");
+    UserDefaults m_defaults{m_path, m_notifications, m_runLoop, m_log};
+    SettingsWatch m_watch{m_defaults, m_runLoop};
+};
+
+TEST_F(SettingsWatchTest, aFileThatAppears_isReadAndFollowedFromThenOn) {
+    otherProgramSets(7);
+    EXPECT_TRUE(reads(7));
+    otherProgramSets(9);
+    EXPECT_TRUE(reads(9));
+    otherProgramSets(11);
+    EXPECT_TRUE(reads(11));
+}
+
+TEST_F(SettingsWatchTest, aFileWrittenInPlace_isReadWhenItIsWhole) {
+    otherProgramSets(7);
+    EXPECT_TRUE(reads(7));
+    writtenInPlace(12);
+    EXPECT_TRUE(reads(12));
+    EXPECT_FALSE(m_log.mentions(QStringLiteral("cannot be read")));
+}
+
+TEST_F(SettingsWatchTest, aFileThatGoesAndComesBack_isFollowedAgain) {
+    otherProgramSets(7);
+    EXPECT_TRUE(reads(7));
+    QFile::remove(m_path);
+    turnEventLoopFor(2 * SettingsWatch::kPatience);
+    EXPECT_EQ(m_defaults.integerForKey(kMinutes), 7);
+    otherProgramSets(9);
+    EXPECT_TRUE(reads(9));
+}
+
+TEST_F(SettingsWatchTest, whatWeWriteOurselves_isNoNews) {
+    int announcements = 0;
+    m_defaults.setObject(kMinutes, 7);
+    const Subscription token = m_notifications.observe(kUserDefaultsDidChangeNotification,
+                                                       [&](const Notification&) { ++announcements; });
+    m_defaults.synchronize();
+    turnEventLoopFor(2 * SettingsWatch::kPatience);
+    EXPECT_EQ(announcements, 0);
+    EXPECT_EQ(m_defaults.integerForKey(kMinutes), 7);
+}
+
+} // namespace
