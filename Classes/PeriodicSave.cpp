@@ -5,8 +5,8 @@
 #include "Classes/Settings.h"
 #include "Classes/TimeDatabase.h"
 #include "Classes/TimeTracker.h"
+#include "platform/foundation/LocalTime.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -18,18 +18,9 @@ constexpr auto kDay = std::chrono::seconds(86400);
 // Timers stand still while the machine sleeps, and the clock may be set: so often the wall clock is looked at.
 constexpr std::chrono::nanoseconds kLongestWait = 10min;
 
+const QString kTableExtension = QStringLiteral("csv");
+
 enum Format : std::int64_t { CsvOnly = 0, DatabaseOnly = 1, Both = 2 };
-
-QDateTime localTime(Date date) {
-    return QDateTime::fromMSecsSinceEpoch(
-        std::chrono::duration_cast<std::chrono::milliseconds>(date.time_since_epoch()).count());
-}
-
-// Also where the two paths are links to one file.
-bool isSameFile(const QString& a, const QString& b) {
-    const QString canonical = QFileInfo(a).canonicalFilePath();
-    return a == b || (!canonical.isEmpty() && canonical == QFileInfo(b).canonicalFilePath());
-}
 
 // Links that lead nowhere stand there too.
 bool isTaken(const QString& path) {
@@ -50,30 +41,43 @@ QString freePathBeside(const QString& store, const QString& name, const QString&
 
 PeriodicSave::PeriodicSave(TimeTracker& tracker, TimeDatabase& database, UserDefaults& defaults,
                            const Clock& clock, RunLoop& runLoop, SystemLog& log,
-                           std::function<void()> didClear)
+                           std::function<void()> didClear, BackgroundMove::Background background)
     : m_tracker(tracker)
     , m_database(database)
     , m_defaults(defaults)
     , m_clock(clock)
     , m_runLoop(runLoop)
     , m_log(log)
-    , m_didClear(std::move(didClear)) {
+    , m_didClear(std::move(didClear))
+    , m_moves(runLoop, std::move(background)) {
     updatedSaveTimerPeriodically();
+}
+
+PeriodicSave::~PeriodicSave() {
+    for (const auto& move : m_moves.waiting())
+        tellKept(move.from, QStringLiteral("%1: not answered yet").arg(move.to));
 }
 
 void PeriodicSave::updatedSaveTimerPeriodically() {
     m_timer.reset();
     m_next.reset();
-    if (!m_defaults.boolForKey(kSaveTimerPeriodically))
+    m_plannedBy = {m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime)};
+    if (!m_plannedBy.first)
         return;
     m_next = m_clock.now() + std::chrono::hours(hoursToFirstFiring());
     arm();
 }
 
+void PeriodicSave::settingsChanged() {
+    if (m_plannedBy !=
+        std::pair(m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime)))
+        updatedSaveTimerPeriodically();
+}
+
 int PeriodicSave::hoursToFirstFiring() const {
-    const QTime kWhenUnreadable(19, 0);
+    const QTime whenUnreadable(19, 0);
     const auto setting = m_defaults.object(kPeriodicSaveTime).asDate();
-    const QTime timeOfDay = setting ? localTime(*setting).time() : kWhenUnreadable;
+    const QTime timeOfDay = setting ? localTime(*setting).time() : whenUnreadable;
     const QDateTime now = localTime(m_clock.now());
     QDateTime last(now.date(), timeOfDay);
     if (last > now)
@@ -128,37 +132,59 @@ void PeriodicSave::doPeriodicSave() {
 
 void PeriodicSave::archive(const QString& name) {
     const std::int64_t format = m_defaults.integerForKey(kPeriodicFormatType);
-    const auto write = [&](const QString& extension, Outcome (PeriodicSave::*writeForm)(const QString&)) {
-        const QString path = folder() + u'/' + name + u'.' + extension;
-        // The main store is written again without the timers that are about to be cleared.
-        const Outcome archived =
-            isSameFile(path, m_database.mainStoreURL())
-                ? Failure{Failure::Kind::Refused, QStringLiteral("%1: this is the main store").arg(path)}
-                : (this->*writeForm)(path);
-        if (archived)
-            return;
-        const QString refuge = freePathBeside(m_database.mainStoreURL(), name, extension);
-        const Outcome kept = (this->*writeForm)(refuge);
-        m_log.log(kept ? QStringLiteral("The archive could not be written (%1) and is kept as %2.")
-                             .arg(archived.failure().text, refuge)
-                       : QStringLiteral("The archive could be written nowhere: ") + kept.failure().text);
-    };
     if (format == CsvOnly || format == Both)
-        write(QStringLiteral("csv"), &PeriodicSave::writeCsv);
+        archiveAs(name, kTableExtension);
     if (format == DatabaseOnly || format == Both)
-        write(kDatabaseExtension, &PeriodicSave::writeDatabase);
+        archiveAs(name, kDatabaseExtension);
 }
 
-Outcome PeriodicSave::writeCsv(const QString& path) {
+void PeriodicSave::archiveAs(const QString& name, const QString& extension) {
+    const QString store = m_database.mainStoreURL();
+    const QString path = QDir(folder()).filePath(name + u'.' + extension);
+    const QString kept = freePathBeside(store, name, extension);
+    // A folder of the user's choice may be on a mount that does not answer. Until it has, the archive lies where the account
+    // does.
+    const bool isElsewhere = QFileInfo(path).absolutePath() != QFileInfo(store).absolutePath();
+    const Outcome written = write(isElsewhere ? kept : path);
+    if (written && isElsewhere)
+        return moveLater(kept, path);
+    if (written)
+        return;
+    if (const Outcome rescued = write(isElsewhere ? path : kept); !rescued)
+        m_log.log(QStringLiteral("The archive could be written nowhere: ") + rescued.failure().text);
+    else if (!isElsewhere)
+        tellKept(kept, written.failure().text);
+}
+
+void PeriodicSave::moveLater(const QString& kept, const QString& path) {
+    m_moves.add({.from = kept,
+                 .to = path,
+                 .spared = m_database.mainStoreURL(),
+                 .done = [this, kept](const Outcome& moved) {
+                     if (moved)
+                         return;
+                     if (kept.endsWith(kTableExtension))
+                         CsvExport::tellFailure(m_log);
+                     tellKept(kept, moved.failure().text);
+                 }});
+}
+
+void PeriodicSave::tellKept(const QString& kept, const QString& why) {
+    m_log.log(QStringLiteral("The archive could not be written (%1) and is kept as %2.").arg(why, kept));
+}
+
+Outcome PeriodicSave::write(const QString& path) {
+    // That is written again without the timers that are about to be cleared.
+    const QString store = m_database.mainStoreURL();
+    if (path == store || WholeFile::isSame(path, store))
+        return Failure{Failure::Kind::Refused, QStringLiteral("%1: this is the main store").arg(path)};
+    if (!path.endsWith(kTableExtension))
+        return m_database.saveSettingsToDiskAtURL(path);
     const auto& apps = m_tracker.fullTimeSet();
-    const Outcome written = CsvExport::write({apps.begin(), apps.end()}, m_tracker.totalTime(), path);
+    Outcome written = CsvExport::write({apps.begin(), apps.end()}, m_tracker.totalTime(), path);
     if (!written)
-        m_log.log(QStringLiteral("Error Exporting"));
+        CsvExport::tellFailure(m_log);
     return written;
-}
-
-Outcome PeriodicSave::writeDatabase(const QString& path) {
-    return m_database.saveSettingsToDiskAtURL(path);
 }
 
 PeriodicSave::Segments PeriodicSave::selectProperPeriodicDaysOfWeek() const {

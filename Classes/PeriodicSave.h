@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/BackgroundMove.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
@@ -19,10 +20,14 @@ public:
 
     // `didClear` is called after the timers were cleared. Everything must outlive this.
     PeriodicSave(TimeTracker& tracker, TimeDatabase& database, UserDefaults& defaults, const Clock& clock,
-                 RunLoop& runLoop, SystemLog& log, std::function<void()> didClear);
+                 RunLoop& runLoop, SystemLog& log, std::function<void()> didClear,
+                 BackgroundMove::Background background = BackgroundMove::onThread);
+    ~PeriodicSave();
 
-    // Plans anew, or nothing if the settings want none. For whenever they may have changed.
+    // Plans anew, or nothing if the settings want none.
     void updatedSaveTimerPeriodically();
+    // For whenever any setting may have changed: plans anew if that is one that the plan stands on.
+    void settingsChanged();
     // When the next day is looked at; absent while nothing is planned.
     std::optional<Date> nextFiring() const { return m_next; }
 
@@ -31,8 +36,9 @@ public:
 
     // Archives and clears if today is one of the weekdays.
     void performPeriodicSave();
-    // Archives and clears. What cannot be written where the user wants it is kept beside the main store, which the log
-    // tells; the timers are cleared even if that fails.
+    // Archives and clears. A folder of the user's choice may take its time: until the archive has been moved there, and
+    // if it cannot be, it is kept beside the main store, which the log tells. The timers are cleared even if nothing
+    // could be written.
     void doPeriodicSave();
 
     // Bit d of the setting is the weekday d, from 0 for Sunday. Showing the setting selects button i for bit i.
@@ -46,8 +52,11 @@ private:
     void arm();
     void fire();
     void archive(const QString& name);
-    Outcome writeCsv(const QString& path);
-    Outcome writeDatabase(const QString& path);
+    void archiveAs(const QString& name, const QString& extension);
+    void moveLater(const QString& kept, const QString& path);
+    // As the extension says. The main store is refused.
+    Outcome write(const QString& path);
+    void tellKept(const QString& kept, const QString& why);
 
     TimeTracker& m_tracker;
     TimeDatabase& m_database;
@@ -56,6 +65,9 @@ private:
     RunLoop& m_runLoop;
     SystemLog& m_log;
     std::function<void()> m_didClear;
+    BackgroundMove m_moves;
+    // The settings by which was planned.
+    std::pair<bool, PropertyListValue> m_plannedBy;
     std::optional<Date> m_next;
     std::unique_ptr<RunLoopTimer> m_timer;
 };

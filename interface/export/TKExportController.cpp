@@ -17,7 +17,11 @@ TKExportController::TKExportController(TimeTracker& tracker, TimeDatabase& datab
     , m_documents(platform.folders.documents)
     , m_alerts(alerts)
     , m_periodicSave(tracker, database, platform.defaults, platform.clock, platform.runLoop, platform.log,
-                     std::move(didClear)) {}
+                     std::move(didClear)) {
+    m_settings =
+        platform.notifications.observe(kUserDefaultsDidChangeNotification,
+                                       [this](const Notification&) { m_periodicSave.settingsChanged(); });
+}
 
 QString TKExportController::periodicSaveDirectory() const {
     return m_defaults.object(kPeriodicSaveDirectory).toString();
@@ -65,7 +69,7 @@ void TKExportController::exportCSVSetToFilename(const TimeStoreItem::Children& t
     const QString table = CsvExport::text(timers, m_tracker.totalTime());
     const auto panel = m_alerts.showProgress(localized("Exporting…"));
     if (!CsvExport::writeText(table, path, [&](double done) { panel->setDone(done); }))
-        m_log.log(QStringLiteral("Error Exporting"));
+        CsvExport::tellFailure(m_log);
 }
 
 QVariant TKExportController::valueForKey(ObservedKey key) const {

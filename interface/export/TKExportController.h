@@ -59,4 +59,5 @@ private:
     const QString m_documents;
     Alerts& m_alerts;
     PeriodicSave m_periodicSave;
+    Subscription m_settings;
 };

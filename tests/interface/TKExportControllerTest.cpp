@@ -108,6 +108,18 @@ TEST_F(ExportTest, theWeekdays_areStoredMirroredAndApplyAtOnce) {
     EXPECT_FALSE(exporting.periodicSave().nextFiring());
 }
 
+TEST_F(ExportTest, aScheduleThatIsSwitchedOnAnywhere_isPlannedAtOnce) {
+    desk.fakes.defaults.setObject(kSaveTimerPeriodically, true);
+    const auto planned = exporting.periodicSave().nextFiring();
+    ASSERT_TRUE(planned);
+    desk.fakes.defaults.setObject(kMinutesUntilIdle, 3);
+    EXPECT_EQ(exporting.periodicSave().nextFiring(), planned);
+    desk.fakes.defaults.setObject(kPeriodicSaveTime, Date(std::chrono::hours(5)));
+    EXPECT_NE(exporting.periodicSave().nextFiring(), planned);
+    desk.fakes.defaults.setObject(kSaveTimerPeriodically, false);
+    EXPECT_FALSE(exporting.periodicSave().nextFiring());
+}
+
 TEST_F(ExportTest, theChosenFolder_isAnnouncedBeforeAndAfter) {
     std::vector<std::pair<ChangePhase, QString>> told;
     const auto watching =

@@ -52,6 +52,11 @@ protected:
         return str(QDir(folder).entryList(QDir::Files, QDir::Name).join(u' '));
     }
 
+    void archiveNow() {
+        save.doPeriodicSave();
+        fakes.runLoop.runPending();
+    }
+
     bool isCleared() { return engine.tracker().fullTimeSet().empty(); }
 
     // "2026-01-05T14:30:00" in the zone of the test.
@@ -88,8 +93,16 @@ protected:
                            .setProjects = {},
                            .computeTime = [] {}}};
     int cleared = 0;
-    PeriodicSave save{engine.tracker(), database,  fakes.defaults,       fakes.clock,
-                      fakes.runLoop,    fakes.log, [this] { ++cleared; }};
+    // While the folder of the archives does not answer, what waits for it.
+    bool isFolderSlow = false;
+    std::vector<std::function<void()>> waiting;
+    BackgroundMove::Background background = [this](auto work) {
+        isFolderSlow ? waiting.push_back(std::move(work)) : work();
+    };
+    std::optional<PeriodicSave> running{std::in_place,  engine.tracker(),      database,
+                                        fakes.defaults, fakes.clock,           fakes.runLoop,
+                                        fakes.log,      [this] { ++cleared; }, background};
+    PeriodicSave& save = *running;
 };
 
 TEST_F(PeriodicSaveTest, untilItIsTurnedOn_nothingIsPlanned) {
@@ -169,16 +182,16 @@ TEST_F(PeriodicSaveTest, eachFormat_writesItsFilesAndClears) {
         QDir().mkpath(archive());
         addMail();
         fakes.defaults.setObject(kPeriodicFormatType, format);
-        save.doPeriodicSave();
+        archiveNow();
         EXPECT_EQ(files(archive()), expected) << format;
         EXPECT_TRUE(isCleared()) << format;
     }
 }
 
 TEST_F(PeriodicSaveTest, twiceADay_theSecondReplacesTheFirst) {
-    save.doPeriodicSave();
+    archiveNow();
     const auto before = QFile(archive() + QStringLiteral("/2026-01-05.csv")).size();
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
     EXPECT_LT(QFile(archive() + QStringLiteral("/2026-01-05.csv")).size(), before) << "nothing was left";
 }
@@ -242,7 +255,7 @@ TEST_F(PeriodicSaveTest, anArchiveThatWouldBeTheMainStore_isKeptBesideIt) {
     fakes.defaults.setObject(kPeriodicFormatType, 1);
     database.setMainStoreURL(archive() + QStringLiteral("/2026-01-05.tkd"));
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_EQ(files(archive()), "2026-01-05 2.tkd 2026-01-05.tkd");
     EXPECT_TRUE(isCleared());
 }
@@ -253,7 +266,7 @@ TEST_F(PeriodicSaveTest, aCopyBesideTheMainStore_followsNoLinkThatLeadsNowhere) 
     fakes.defaults.setObject(kPeriodicSaveDirectory, fakes.home.filePath(QStringLiteral("gone")));
     const QString nothing = fakes.home.filePath(QStringLiteral("nothing"));
     QFile::link(nothing, fakes.folders.applicationSupport + QStringLiteral("/2026-01-05.csv"));
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_FALSE(QFileInfo::exists(nothing));
     EXPECT_TRUE(QFileInfo::exists(fakes.folders.applicationSupport + QStringLiteral("/2026-01-05 2.csv")));
 }
@@ -275,14 +288,14 @@ TEST_F(PeriodicSaveTest, aTilde_isTheHomeFolder) {
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", fakes.home.path().toUtf8());
     fakes.defaults.setObject(kPeriodicSaveDirectory, QStringLiteral("~/archive"));
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
     qputenv("HOME", home);
 }
 
 TEST_F(PeriodicSaveTest, aFolderThatIsNoText_isTheApplicationSupportFolder) {
     fakes.defaults.setObject(kPeriodicSaveDirectory, 7);
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_TRUE(QFile::exists(fakes.folders.applicationSupport + QStringLiteral("/2026-01-05.csv")));
 }
 
@@ -294,14 +307,14 @@ class UnwritableArchive
 TEST_P(UnwritableArchive, theArchiveIsKeptBesideTheMainStoreAndTheTimersAreCleared) {
     QDir(archive()).removeRecursively();
     GetParam().second(archive());
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_TRUE(isCleared());
     EXPECT_EQ(files(fakes.folders.applicationSupport), "2026-01-05.csv 2026-01-05.tkd");
     EXPECT_TRUE(fakes.log.lines.contains(QStringLiteral("Error Exporting")));
     EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("is kept as ")));
     // Again on the same day: nothing that was kept is overwritten.
     addMail();
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_EQ(files(fakes.folders.applicationSupport),
               "2026-01-05 2.csv 2026-01-05 2.tkd 2026-01-05.csv 2026-01-05.tkd");
 }
@@ -316,6 +329,12 @@ INSTANTIATE_TEST_SUITE_P(PeriodicSave, UnwritableArchive,
                                                  EXPECT_TRUE(file.open(QFile::WriteOnly));
                                              }),
                                          std::pair(
+                                             "readonly",
+                                             +[](const QString& path) {
+                                                 // Where even the administrator makes no files.
+                                                 EXPECT_TRUE(QFile::link(QStringLiteral("/proc"), path));
+                                             }),
+                                         std::pair(
                                              "dangling",
                                              +[](const QString& path) {
                                                  EXPECT_TRUE(
@@ -323,10 +342,47 @@ INSTANTIATE_TEST_SUITE_P(PeriodicSave, UnwritableArchive,
                                              })),
                          [](const auto& unwritable) { return std::string(unwritable.param.first); });
 
+TEST_F(PeriodicSaveTest, aFolderOnASlowMount_getsTheArchiveWhenItAnswers) {
+    isFolderSlow = true;
+    archiveNow();
+    EXPECT_TRUE(isCleared()) << "nobody waited";
+    EXPECT_EQ(files(archive()), "");
+    EXPECT_EQ(files(fakes.folders.applicationSupport), "2026-01-05.csv 2026-01-05.tkd");
+    isFolderSlow = false;
+    waiting.at(0)();
+    fakes.runLoop.runPending();
+    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_EQ(files(fakes.folders.applicationSupport), "");
+    EXPECT_TRUE(fakes.log.lines.isEmpty()) << str(fakes.log.lines.join(u'\n'));
+}
+
+TEST_F(PeriodicSaveTest, aFolderThatNeverAnswers_leavesTheArchivesBesideTheMainStore) {
+    isFolderSlow = true;
+    archiveNow();
+    addMail();
+    archiveNow();
+    EXPECT_EQ(waiting.size(), 1U) << "what hangs is not asked again";
+    running.reset();
+    EXPECT_EQ(files(fakes.folders.applicationSupport),
+              "2026-01-05 2.csv 2026-01-05 2.tkd 2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_EQ(fakes.log.lines.filter(QStringLiteral("not answered yet")).size(), 4);
+    waiting.at(0)();
+    fakes.runLoop.runPending();
+    EXPECT_EQ(files(archive()), "2026-01-05.csv") << "an answer after the end";
+}
+
+TEST_F(PeriodicSaveTest, withoutRoomBesideTheMainStore_theFolderIsWrittenToAtOnce) {
+    isFolderSlow = true;
+    database.setMainStoreURL(QStringLiteral("/no/such/folder/store.tkd"));
+    archiveNow();
+    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_TRUE(waiting.empty());
+}
+
 TEST_F(PeriodicSaveTest, nowhereToWrite_isToldAndTheTimersAreCleared) {
     fakes.defaults.setObject(kPeriodicSaveDirectory, QStringLiteral("/no/such/folder"));
     database.setMainStoreURL(QStringLiteral("/no/such/folder/store.tkd"));
-    save.doPeriodicSave();
+    archiveNow();
     EXPECT_TRUE(isCleared());
     EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("written nowhere")));
 }
