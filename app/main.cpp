@@ -5,7 +5,7 @@
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
 #include "interface/mainwindow/TKController.h"
-#include "interface/preferences/TKSetupController.h"
+#include "interface/preferences/Preferences.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/linux/TerminationSignals.h"
@@ -63,8 +63,8 @@ int main(int argc, char** argv) {
     TKApplicationDelegate& delegate = controller.appDelegate();
     // What the preferences ask stands in front of them, not of the main window.
     QtAlerts setupAlerts;
-    TKSetupController setup(controller, desktop.platform(), setupAlerts);
-    setupAlerts.setWindow(&setup.prefWindow());
+    Preferences preferences(controller, desktop.platform(), setupAlerts,
+                            [&](PrefWindow& window) { setupAlerts.setWindow(&window); });
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();

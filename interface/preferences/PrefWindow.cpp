@@ -16,10 +16,9 @@ constexpr int kWidth = 520;
 
 } // namespace
 
-PrefWindow::PrefWindow(UserDefaults& defaults, NotificationCenter& notifications)
+PrefWindow::PrefWindow(UserDefaults& defaults)
     : m_defaults(defaults)
-    , m_prefTabView(new QTabWidget)
-    , m_notifications(notifications) {
+    , m_prefTabView(new QTabWidget) {
     setObjectName(QStringLiteral("prefWindow"));
     setWindowTitle(localized("Ticklog Preferences"));
     setAccessibleName(windowTitle());
@@ -40,7 +39,7 @@ void PrefWindow::selectTab(const QString& identifier) {
             m_prefTabView->setCurrentIndex(i);
 }
 
-void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo) {
+void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter& notifications) {
     m_bottomViewToResizeTo = &bottomViewToResizeTo;
     resize(std::max(kWidth, sizeHint().width()), sizeHint().height());
     setMinimumWidth(minimumSizeHint().width());
@@ -53,7 +52,7 @@ void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo) {
     m_isUnfolded = m_defaults.boolForKey(kSaveTimerPeriodically);
     autoresizeWindow();
     m_defaultsChanges =
-        m_notifications.observe(kUserDefaultsDidChangeNotification, [this](const Notification&) {
+        notifications.observe(kUserDefaultsDidChangeNotification, [this](const Notification&) {
             const bool isUnfolded = m_defaults.boolForKey(kSaveTimerPeriodically);
             if (std::exchange(m_isUnfolded, isUnfolded) != isUnfolded)
                 autoresizeWindow();

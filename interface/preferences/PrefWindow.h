@@ -12,7 +12,7 @@ class PrefWindow : public QWidget {
     Q_OBJECT
 public:
     // The settings must outlive the window.
-    PrefWindow(UserDefaults& defaults, NotificationCenter& notifications);
+    explicit PrefWindow(UserDefaults& defaults);
 
     QTabWidget& prefTabView() const { return *m_prefTabView; }
 
@@ -20,7 +20,7 @@ public:
     void selectTab(const QString& identifier);
     // Once, when all tabs are there: takes the height that shows everything, and from then on the state of the setting.
     // `bottomViewToResizeTo` is what the folded window leaves out; its upper edge is then the window's lower one.
-    void awakeFromNib(QWidget& bottomViewToResizeTo);
+    void awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter& notifications);
     // Folds or unfolds, as the setting says; the upper edge stays. To be called when the setting has changed: called
     // twice, it moves the window.
     void autoresizeWindow();
@@ -39,5 +39,4 @@ private:
     int m_bigHeight = 0;
     bool m_isUnfolded = false;
     Subscription m_defaultsChanges;
-    NotificationCenter& m_notifications;
 };

@@ -51,14 +51,14 @@ QVariant RulesTable::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const QString& rule = m_names[index.row()];
-    const QString description = Ruleset::description(rule, m_ruleset.record(rule));
+    const auto description = [&] { return Ruleset::description(rule, m_ruleset.record(rule)); };
     if (index.column() == Description)
-        return role == Qt::DisplayRole || role == Qt::ToolTipRole ? QVariant(description) : QVariant();
+        return role == Qt::DisplayRole || role == Qt::ToolTipRole ? QVariant(description()) : QVariant();
     switch (role) {
     case Qt::CheckStateRole:
         return isActive(rule) ? Qt::Checked : Qt::Unchecked;
     case Qt::AccessibleTextRole:
-        return QString(localized("Active") + QStringLiteral(": ") + description);
+        return QString(localized("Active") + QStringLiteral(": ") + description());
     default:
         return {};
     }

@@ -30,20 +30,15 @@ TKSetupController::TKSetupController(TKController& tkController, Platform& platf
     , m_ruleset(platform.defaults)
     , m_rules(platform.defaults)
     , m_settings(platform.defaults, platform.notifications)
-    , m_prefWindow(platform.defaults, platform.notifications)
-    , m_ruleWindow(*this, &m_prefWindow)
-    , m_planned(m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime)) {
+    , m_prefWindow(platform.defaults)
+    , m_ruleWindow(*this, &m_prefWindow) {
     addTabs(loginItem);
     connectRules();
-    m_prefWindow.awakeFromNib(m_archiveTab->bottomView());
+    m_prefWindow.awakeFromNib(m_archiveTab->bottomView(), platform.notifications);
     m_settings.observe([this] { settingsChanged(); });
     m_locations = tkController.database().observe(kPathDirectoryKey,
                                                   [this](const ObservedChange&) { showDatabaseLocation(); });
     showDatabaseLocation();
-    QObject::connect(tkController.window().actions().showPrefWindow, &QAction::triggered, &m_prefWindow,
-                     [this] { showPrefWindow(); });
-    QObject::connect(tkController.window().actions().editRules, &QAction::triggered, &m_prefWindow,
-                     [this] { editRules(); });
 }
 
 void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
@@ -87,9 +82,6 @@ void TKSetupController::settingsChanged() {
     const std::int64_t weekdays = m_defaults.integerForKey(kPeriodicDaysOfWeek);
     if (std::exchange(m_shownWeekdays, weekdays) != weekdays && !m_isStoringWeekdays)
         showWeekdays();
-    std::pair planned(m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime));
-    if (std::exchange(m_planned, planned) != planned)
-        m_tkController.exporting().updatedSaveTimerPeriodically();
 }
 
 void TKSetupController::showWeekdays() {

@@ -15,7 +15,7 @@ class TKController;
 struct Platform;
 
 // Keeps the preferences window: its controls and the settings are equal at all times, and the rules are edited in a sheet.
-// Made beside the main window's controller, whose commands open it.
+// Made when the window is wanted for the first time.
 class TKSetupController {
 public:
     // No control for the login without a `loginItem`. The rest must outlive this.
@@ -85,8 +85,7 @@ private:
     ArchiveTab* m_archiveTab = nullptr;
     // The rule that is being edited; absent for a new one.
     std::optional<QString> m_originalEditName;
-    // The settings by which archives were last planned, and the weekdays as they were last shown.
-    std::pair<bool, PropertyListValue> m_planned;
+    // As they were last shown.
     std::int64_t m_shownWeekdays = -1;
     bool m_isStoringWeekdays = false;
     Subscription m_locations;

@@ -32,10 +32,9 @@ struct PrefWindowTest : testing::Test, SetupDesk {
 
 } // namespace
 
-TEST_F(PrefWindowTest, theMenu_opensTheGeneralSettings) {
-    EXPECT_EQ(actions().showPrefWindow->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
+TEST_F(PrefWindowTest, shown_beginsAtTheGeneralSettingsAndEscapeClosesIt) {
     window().selectTab(u"Archive"_s);
-    command(actions().showPrefWindow);
+    showWindow();
     EXPECT_TRUE(window().isVisible());
     EXPECT_EQ(window().prefTabView().currentWidget()->objectName(), u"General"_s);
     QTest::keyClick(&window(), Qt::Key_Escape);

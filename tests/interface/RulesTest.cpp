@@ -18,13 +18,6 @@ struct RulesTest : testing::Test, SetupDesk {
 
 } // namespace
 
-TEST_F(RulesTest, theMenu_opensTheRules) {
-    setup.prefWindow().close();
-    command(actions().editRules);
-    EXPECT_TRUE(setup.prefWindow().isVisible());
-    EXPECT_EQ(setup.prefWindow().prefTabView().currentWidget()->objectName(), u"Match"_s);
-}
-
 TEST_F(RulesTest, aRuleThatIsAdded_isStoredAndSelected) {
     addRule("notes");
     addRule("Mail", "work,home");
