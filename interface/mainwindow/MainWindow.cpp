@@ -50,6 +50,7 @@ MainWindow::MainWindow()
     m_searchAppField->setOutlineView(m_mainTable);
     // What is summed is all again.
     connect(m_sumBar, &SumBar::sumClicked, m_mainTable, &QAbstractItemView::clearSelection);
+    connect(m_sumBar, &SumBar::captionPressed, m_actions.copySummaryTime, &QAction::trigger);
     setMinimumSize(kSmallestSize);
     resize(kFirstSize);
     m_mainTable->setFocus();

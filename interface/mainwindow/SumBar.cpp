@@ -3,6 +3,7 @@
 
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/SumOfTimesLabel.h"
+#include "interface/mainwindow/TKTimeSummaryTextField.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
 #include "platform/foundation/LocalizedStrings.h"
@@ -37,7 +38,7 @@ SumBar::SumBar(QWidget* parent)
     , m_cutoffCaption(named(new QLabel(localized("At least")), QStringLiteral("cutOffCaption")))
     , m_cutOffValueDisplay(named(new QLabel, QStringLiteral("cutOffValueDisplay")))
     , m_timeSumIcon(named(new QLabel, QStringLiteral("timeSumIcon")))
-    , m_timeSumCaption(named(new QLabel, QStringLiteral("timeSumCaption")))
+    , m_timeSumCaption(named(new TKTimeSummaryTextField, QStringLiteral("timeSumCaption")))
     , m_timeSum(named(new SumOfTimesLabel, QStringLiteral("timeSum"))) {
     m_cutoff->setMinimumWidth(kSmallestSlider);
     m_cutoff->setMaximumWidth(kLargestSlider);
@@ -46,6 +47,8 @@ SumBar::SumBar(QWidget* parent)
     m_cutoffCaption->setForegroundRole(QPalette::PlaceholderText);
     m_cutOffValueDisplay->setMinimumWidth(digitsWide(font(), kCutoffDigits));
     m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);
+    m_timeSumCaption->setToolTip(localized("Copies the sum in words"));
+    connect(m_timeSumCaption, &TKTimeSummaryTextField::pressed, this, &SumBar::captionPressed);
     QFont strong = m_timeSum->font();
     strong.setBold(true);
     m_timeSum->setFont(strong);

@@ -6,6 +6,7 @@
 class CutoffSlider;
 class QLabel;
 class SumOfTimesLabel;
+class TKTimeSummaryTextField;
 
 // The bar below the timers: on the left the cut-off, on the right the sum with what it is the sum of.
 class SumBar : public QWidget {
@@ -23,6 +24,8 @@ public:
 Q_SIGNALS:
     // The sum was clicked at.
     void sumClicked();
+    // The word beside the sum was pressed.
+    void captionPressed();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -32,6 +35,6 @@ private:
     QLabel* m_cutoffCaption;
     QLabel* m_cutOffValueDisplay;
     QLabel* m_timeSumIcon;
-    QLabel* m_timeSumCaption;
+    TKTimeSummaryTextField* m_timeSumCaption;
     SumOfTimesLabel* m_timeSum;
 };

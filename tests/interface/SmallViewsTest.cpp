@@ -3,6 +3,8 @@
 #include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "tests/interface/ProjectDesk.h"
 
+#include <QClipboard>
+#include <QLabel>
 #include <gtest/gtest.h>
 
 namespace {
@@ -59,4 +61,12 @@ TEST_F(SmallViewsTest, aClickOnTheSum_sumsEverythingAgain) {
     QTest::mouseClick(controller.window().findChild<QLineEdit*>(QStringLiteral("timeSum")), Qt::LeftButton);
     EXPECT_TRUE(table().selectedRows().isEmpty());
     EXPECT_EQ(str(sumShown()), "00:03:10");
+}
+
+TEST_F(SmallViewsTest, aPressOnTheWordBesideTheSum_copiesTheSumInWords) {
+    select({row("Paint")});
+    auto* word = controller.window().findChild<QLabel*>(QStringLiteral("timeSumCaption"));
+    EXPECT_EQ(word->textInteractionFlags() & Qt::TextSelectableByMouse, Qt::NoTextInteraction);
+    QTest::mousePress(word, Qt::LeftButton);
+    EXPECT_EQ(str(QApplication::clipboard()->text()), "1 minute");
 }
