@@ -7,7 +7,7 @@ apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev libg
   libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
-  python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad"
+  python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad libreoffice-calc-nogui"
 apt_bench="$apt_demo python3"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils"
 apt_package="dpkg-dev lintian appstream desktop-file-utils gzip"
@@ -24,7 +24,7 @@ dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel 
   google-benchmark-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
-  python3-dbus python3-gobject python3-dbusmock mousepad featherpad"
+  python3-dbus python3-gobject python3-dbusmock mousepad featherpad libreoffice-calc"
 dnf_bench="$dnf_demo python3"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils"
 dnf_package="dpkg rpmlint appstream desktop-file-utils gzip"
@@ -36,7 +36,7 @@ dnf_coverage="gcovr"
 pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb gtest benchmark"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity xterm xdotool ttf-dejavu dbus at-spi2-core
-  python-dbus python-gobject python-dbusmock mousepad featherpad"
+  python-dbus python-gobject python-dbusmock mousepad featherpad libreoffice-fresh"
 pacman_bench="$pacman_demo python"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils"
 pacman_package="dpkg lintian appstream desktop-file-utils gzip"
