@@ -20,7 +20,7 @@ PrefWindow::PrefWindow(UserDefaults& defaults)
     : m_defaults(defaults)
     , m_prefTabView(new QTabWidget) {
     setObjectName(QStringLiteral("prefWindow"));
-    setWindowTitle(localized("Ticklog Preferences"));
+    setWindowTitle(localized("Preferences"));
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::Window);
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QTreeView>
 
 namespace {
@@ -35,10 +36,18 @@ TKSetupController::TKSetupController(TKController& tkController, Platform& platf
     addTabs(loginItem);
     connectRules();
     m_prefWindow.awakeFromNib(m_archiveTab->bottomView(), platform.notifications);
+    placeOverMainWindow();
     m_settings.observe([this] { settingsChanged(); });
     m_locations = tkController.database().observe(kPathDirectoryKey,
                                                   [this](const ObservedChange&) { showDatabaseLocation(); });
     showDatabaseLocation();
+}
+
+void TKSetupController::placeOverMainWindow() {
+    const QRect main = m_tkController.window().geometry();
+    const QPoint place = main.center() - QPoint(m_prefWindow.width(), m_prefWindow.bigHeight()) / 2;
+    const QRect screen = m_tkController.window().screen()->availableGeometry();
+    m_prefWindow.move(std::max(place.x(), screen.left()), std::max(place.y(), screen.top()));
 }
 
 void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {

@@ -63,6 +63,7 @@ public:
     ArchiveTab& archiveTab() { return *m_archiveTab; }
 
 private:
+    void placeOverMainWindow();
     void addTabs(const std::optional<LoginItem>& loginItem);
     void connectRules();
     ArchiveTab::Actions archiveActions();

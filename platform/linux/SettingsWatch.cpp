@@ -13,12 +13,15 @@ SettingsWatch::SettingsWatch(UserDefaults& defaults, RunLoop& runLoop)
 }
 
 void SettingsWatch::follow() {
-    const QString file = m_defaults.path();
-    const QString folder = QFileInfo(file).absolutePath();
-    if (m_watcher.files().contains(file) || m_watcher.addPath(file))
-        m_watcher.removePath(folder);
-    else
-        m_watcher.addPath(folder);
+    QString place = m_defaults.path();
+    // Up to "/", which is always there.
+    while (!QFileInfo::exists(place))
+        place = QFileInfo(place).absolutePath();
+    QStringList others = m_watcher.files() + m_watcher.directories();
+    if (!others.removeOne(place))
+        m_watcher.addPath(place);
+    if (!others.isEmpty())
+        m_watcher.removePaths(others);
 }
 
 void SettingsWatch::somethingChanged() {

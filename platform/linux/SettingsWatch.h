@@ -15,7 +15,7 @@ public:
     SettingsWatch(UserDefaults& defaults, RunLoop& runLoop);
 
 private:
-    // Follows the file while it is there, and until then the folder in which it would appear.
+    // Follows the file while it is there, and until then the folder in which it, or the way to it, would appear.
     void follow();
     void somethingChanged();
 

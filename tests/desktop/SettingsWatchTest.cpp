@@ -18,8 +18,6 @@ const QString kMinutes = QStringLiteral("minutesUntilIdle");
 // Ticklog and another program over one real file, in which both write.
 class SettingsWatchTest : public testing::Test {
 protected:
-    SettingsWatchTest() { QDir().mkpath(QFileInfo(m_path).path()); }
-
     void otherProgramSets(int minutes) {
         UserDefaults other(m_path, m_othersNotifications, m_runLoop, m_log);
         other.setObject(kMinutes, minutes);
@@ -44,7 +42,7 @@ protected:
     QtRunLoop m_runLoop{m_log};
     NotificationCenter m_notifications;
     NotificationCenter m_othersNotifications;
-    QString m_path = m_home.path() + QStringLiteral("/config/settings.plist");
+    QString m_path = m_home.path() + QStringLiteral("/not/yet/there/settings.plist");
     UserDefaults m_defaults{m_path, m_notifications, m_runLoop, m_log};
     SettingsWatch m_watch{m_defaults, m_runLoop};
 };
