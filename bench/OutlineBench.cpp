@@ -26,23 +26,9 @@ void check(bool isRight, const char* what) {
     std::exit(1);
 }
 
-void print(const char* what, Measure measure, double limit) {
-    std::printf("%-52s %7.1f ms  %7.1f ms  (at most %.0f)\n", what, measure.minimum, measure.median, limit);
-}
-
-// Only `work` counts; `prepare` comes before each run.
 template<class Prepare, class Work>
-Measure measuredAfter(Prepare&& prepare, Work&& work) {
-    std::vector<double> runs;
-    for (int i = 0; i < kMeasuredCalls; ++i) {
-        prepare();
-        const double start = wallMs();
-        work();
-        if (i > 0)
-            runs.push_back(wallMs() - start);
-    }
-    std::ranges::sort(runs);
-    return {runs.front(), runs[2]};
+void measure(const char* what, double limit, Prepare&& prepare, Work&& work) {
+    printAgainst(limit, what, measuredAfter(wallMs, prepare, work));
 }
 
 struct Bench {
@@ -106,10 +92,10 @@ void measureFolding(Bench& bench) {
         bench.table.collapseAllRows();
         bench.settle();
     };
-    print("unfold all, with layout", measuredAfter(fold, unfold), 100);
+    measure("unfold all, with layout", 100, fold, unfold);
     check(bench.rowsShown() > 20000, "all rows are there");
-    print("unfold all, painted", measuredAfter(fold, [&] { unfold(), bench.painted(); }), 100);
-    print("fold all, and forget the rows", measuredAfter(unfold, fold), 100);
+    measure("unfold all, painted", 100, fold, [&] { unfold(), bench.painted(); });
+    measure("fold all, and forget the rows", 100, unfold, fold);
     check(bench.rowsShown() == kApplications, "only applications are there");
 }
 
@@ -128,9 +114,9 @@ void measureSearch(Bench& bench) {
         bench.table.expandAllRows();
         bench.painted();
     };
-    print("search narrows unfolded rows to a few, painted", measuredAfter(everything, few), 50);
+    measure("search narrows unfolded rows to a few, painted", 50, everything, few);
     std::printf("  %d rows are left\n", bench.rowsShown());
-    print("search ended, all unfolded again, painted", measuredAfter(few, everything), 150);
+    measure("search ended, all unfolded again, painted", 150, few, everything);
     search("");
     bench.table.collapseAllRows();
     bench.settle();
@@ -141,15 +127,15 @@ void measureProjects(Bench& bench) {
     const auto other = bench.project(kMembers);
     bench.isProjectShown = true;
     bool isOne = false;
-    print("another project of 2,000 windows, painted",
-          measuredAfter([&] { isOne = !isOne; },
-                        [&] {
-                            bench.model.setSource(TimeTreeModel::sourceOf(isOne ? one : other));
-                            bench.painted();
-                        }),
-          50);
+    measure(
+        "another project of 2,000 windows, painted", 50, [&] { isOne = !isOne; },
+        [&] {
+            bench.model.setSource(TimeTreeModel::sourceOf(isOne ? one : other));
+            bench.painted();
+        });
     check(bench.rowsShown() == kMembers, "all members are shown");
-    print("the same rows painted once more", measuredAfter([] {}, [&] { bench.painted(); }), 16);
+    measure(
+        "the same rows painted once more", 16, [] {}, [&] { bench.painted(); });
 }
 
 } // namespace
@@ -159,7 +145,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     Bench bench;
-    std::printf("%-52s %10s  %10s\n", "", "minimum", "median");
+    printHead();
     measureFolding(bench);
     measureSearch(bench);
     measureProjects(bench);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <ctime>
 #include <vector>
 
@@ -26,16 +27,32 @@ inline double wallMs() {
         .count();
 }
 
-// `clock` answers milliseconds.
-template<class Work>
-Measure measured(double (*clock)(), Work&& work) {
+// `clock` answers milliseconds. Only `work` counts; `prepare` comes before each run.
+template<class Prepare, class Work>
+Measure measuredAfter(double (*clock)(), Prepare&& prepare, Work&& work) {
     std::vector<double> runs;
-    work();
-    for (int i = 1; i < kMeasuredCalls; ++i) {
+    for (int i = 0; i < kMeasuredCalls; ++i) {
+        prepare();
         const double start = clock();
         work();
-        runs.push_back(clock() - start);
+        if (i > 0)
+            runs.push_back(clock() - start);
     }
     std::ranges::sort(runs);
     return {runs.front(), runs[2]};
+}
+
+template<class Work>
+Measure measured(double (*clock)(), Work&& work) {
+    return measuredAfter(
+        clock, [] {}, work);
+}
+
+// A line of a table of milliseconds with the budget of each, and the head of such a table.
+inline void printAgainst(double limit, const char* what, Measure measure) {
+    std::printf("%-52s %7.1f ms  %7.1f ms  (at most %.0f)\n", what, measure.minimum, measure.median, limit);
+}
+
+inline void printHead() {
+    std::printf("%-52s %10s  %10s\n", "", "minimum", "median");
 }

@@ -55,16 +55,7 @@ struct Bench {
 
     template<class Prepare, class Work>
     void measure(const char* what, double limit, Prepare&& prepare, Work&& work) {
-        std::vector<double> runs;
-        for (int i = 0; i < kMeasuredCalls; ++i) {
-            prepare();
-            const double start = wallMs();
-            work();
-            if (i > 0)
-                runs.push_back(wallMs() - start);
-        }
-        std::ranges::sort(runs);
-        std::printf("%-52s %7.1f ms  %7.1f ms  (at most %.0f)\n", what, runs.front(), runs[2], limit);
+        printAgainst(limit, what, measuredAfter(wallMs, prepare, work));
     }
 
     FakePlatform fakes;
@@ -80,7 +71,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     Bench bench;
     auto& table = bench.controller.window().mainTable();
-    std::printf("%-52s %10s  %10s\n", "", "minimum", "median");
+    printHead();
     bench.measure(
         "the first letter of a search", 50, [&] { bench.type(""); }, [&] { bench.type("e"); });
     bench.measure(
