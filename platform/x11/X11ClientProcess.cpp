@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11ClientProcess.h"
 
-#include <QFile>
 #include <QSysInfo>
 
 namespace {
@@ -24,14 +23,4 @@ std::int64_t X11ClientProcess::identifier() const {
             return *connected;
     }
     return -std::int64_t(client);
-}
-
-QString x11ExecutableOf(std::int64_t processIdentifier) {
-    if (processIdentifier <= 0)
-        return {};
-    QString path = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(processIdentifier));
-    // A program that was updated while it runs.
-    if (path.endsWith(u" (deleted)"))
-        path.chop(10);
-    return path;
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 #include <cstdint>
 #include <optional>
@@ -22,6 +21,3 @@ struct X11ClientProcess {
     // this machine.
     std::int64_t identifier() const;
 };
-
-// The executable of a process of this machine; empty when it cannot be told.
-QString x11ExecutableOf(std::int64_t processIdentifier);

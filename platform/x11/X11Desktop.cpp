@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Desktop.h"
 
+#include "platform/foundation/ProcessExecutable.h"
+
 #include <algorithm>
 #include <unistd.h>
 
@@ -263,7 +265,7 @@ const X11Desktop::Client* X11Desktop::client(xcb_window_t window) const {
 ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
     ApplicationRecord application;
     application.processIdentifier = window.process().identifier();
-    application.path = x11ExecutableOf(application.processIdentifier);
+    application.path = executableOfProcess(application.processIdentifier);
     if (application.processIdentifier == ::getpid())
         application.name = kOwnName;
     else if (const auto name = m_desktopEntries.nameForWindow(window.classes(), application.path))

@@ -1,0 +1,20 @@
+# wayland_protocols(NAME XML...): a library of the client's side of Wayland protocols, made from their descriptions.
+# Each is included as <DESCRIPTION-client-protocol.h>.
+function(wayland_protocols name)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name})
+  file(MAKE_DIRECTORY ${folder})
+  foreach(description IN LISTS ARGN)
+    get_filename_component(description ${description} ABSOLUTE)
+    get_filename_component(base ${description} NAME_WE)
+    set(header ${folder}/${base}-client-protocol.h)
+    set(code ${folder}/${base}-protocol.c)
+    add_custom_command(OUTPUT ${header} COMMAND ${WAYLAND_SCANNER} client-header ${description} ${header}
+      DEPENDS ${description} VERBATIM)
+    add_custom_command(OUTPUT ${code} COMMAND ${WAYLAND_SCANNER} private-code ${description} ${code}
+      DEPENDS ${description} VERBATIM)
+    list(APPEND generated ${header} ${code})
+  endforeach()
+  add_library(${name} STATIC ${generated})
+  target_include_directories(${name} SYSTEM INTERFACE ${folder})
+  target_link_libraries(${name} PUBLIC PkgConfig::WAYLAND)
+endfunction()

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Result.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/SystemLog.h"
+
+#include <QByteArray>
+#include <QSocketNotifier>
+
+#include <wayland-client.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+// Something that a compositor offers.
+struct WaylandGlobal {
+    // Under which it is bound.
+    std::uint32_t name = 0;
+    QByteArray interface;
+    std::uint32_t version = 0;
+};
+
+// A connection of our own to a Wayland compositor. Events are read when they arrive and handed out by libwayland;
+// nothing waits for the compositor once the start is over. When the compositor goes, the connection is lost, which is a
+// normal state: it tries again, ever less often, until a compositor is back. Main thread only.
+class WaylandConnection {
+public:
+    // What its one user is told. All may be empty. None may destroy the connection.
+    struct Handlers {
+        // A compositor has been reached anew and has told what it offers: time to bind.
+        std::function<void()> connected;
+        // The compositor is gone. Every object bound to it must be destroyed in this call, and nobody else told before
+        // it has settled.
+        std::function<void()> lost;
+        std::function<void(const WaylandGlobal& global)> offered;
+        std::function<void(const WaylandGlobal& global)> withdrawn;
+        // What had arrived has been handed out, or the compositor is gone: the time to look at the whole. May run an
+        // event loop of its own.
+        std::function<void()> settled;
+    };
+
+    // `display` is a socket's name in $XDG_RUNTIME_DIR or its full path; empty for that of the environment. What the
+    // compositor offers is known when this returns. `runLoop` and `log` outlive it.
+    static Result<std::unique_ptr<WaylandConnection>> tryConnect(const QByteArray& display, RunLoop& runLoop,
+                                                                 SystemLog& log);
+    // Whatever was bound has been destroyed before.
+    ~WaylandConnection();
+    WaylandConnection(const WaylandConnection&) = delete;
+    WaylandConnection& operator=(const WaylandConnection&) = delete;
+
+    void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
+
+    bool isAlive() const { return m_display != nullptr; }
+
+    const std::vector<WaylandGlobal>& globals() const { return m_globals; }
+    // The first global with this interface; null when there is none.
+    const WaylandGlobal* find(const char* interface) const;
+
+    // Binds a global at its version, `newest` at the most. REQUIRES: isAlive().
+    template<class Proxy>
+    Proxy* bind(const WaylandGlobal& global, const wl_interface& interface, std::uint32_t newest) const {
+        const std::uint32_t version = std::min(global.version, newest);
+        return static_cast<Proxy*>(wl_registry_bind(m_registry.get(), global.name, &interface, version));
+    }
+
+    // Calls `answered` when everything asked until now has been answered and handed out; never when the connection is
+    // lost before.
+    void afterAnswers(std::function<void()> answered);
+    // Sends what was asked. Called by itself after every handler.
+    void flush();
+    // Waits until everything asked has been answered and handed out, so that a start is complete. Answers false for
+    // a compositor that does not answer.
+    bool awaitAnswers();
+
+private:
+    struct Disconnect {
+        void operator()(wl_display* display) const { wl_display_disconnect(display); }
+        void operator()(wl_registry* registry) const { wl_registry_destroy(registry); }
+        void operator()(wl_callback* callback) const { wl_callback_destroy(callback); }
+    };
+
+    struct Awaited {
+        std::unique_ptr<wl_callback, Disconnect> callback;
+        std::function<void()> answered;
+    };
+
+    WaylandConnection(QByteArray display, RunLoop& runLoop, SystemLog& log);
+    QString socketName() const;
+    bool connect();
+    void beIntroduced();
+    void dispatch();
+    void lose();
+    void scheduleRetry();
+    void retry();
+
+    static void takeInGlobal(void* self, wl_registry*, std::uint32_t name, const char* interface,
+                             std::uint32_t version);
+    static void takeInRemoval(void* self, wl_registry*, std::uint32_t name);
+    static void takeInAnswer(void* self, wl_callback* callback, std::uint32_t);
+
+    QByteArray m_name;
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    Handlers m_handlers;
+    std::unique_ptr<wl_display, Disconnect> m_display;
+    std::unique_ptr<wl_registry, Disconnect> m_registry;
+    std::vector<WaylandGlobal> m_globals;
+    std::vector<Awaited> m_awaited;
+    std::unique_ptr<QSocketNotifier> m_arrivals;
+    // While the socket takes no more.
+    std::unique_ptr<QSocketNotifier> m_room;
+    std::unique_ptr<RunLoopTimer> m_retry;
+    std::chrono::nanoseconds m_retryDelay;
+    // What the compositor offers has been told once.
+    bool m_isIntroduced = false;
+    bool m_wasLost = false;
+};
