@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // A Qt program with windows that does as it is told, line by line on standard input:
-//   open TITLE, title NUMBER TITLE, activate NUMBER, close NUMBER
-// Windows are numbered from 0 in the order in which they were opened. Says "ok" when it has obeyed.
+//   open TITLE, title NUMBER TITLE, activate NUMBER, await NUMBER, close NUMBER
+// Windows are numbered from 0 in the order in which they were opened. Says "ok" when it has obeyed; when it awaits a
+// window, as soon as this has the focus. May be given the name of a desktop entry, which its windows then bear.
 #include <QApplication>
 #include <QSocketNotifier>
 #include <QTextStream>
 #include <QWidget>
+#include <QWindow>
 
 #include <cstdio>
 #include <iostream>
@@ -16,6 +18,18 @@
 namespace {
 
 std::vector<std::unique_ptr<QWidget>> windows;
+const QWidget* awaited = nullptr;
+
+void sayOk() {
+    std::cout << "ok" << std::endl;
+}
+
+void lookForAwaited() {
+    if (awaited && awaited->windowHandle() == QGuiApplication::focusWindow()) {
+        awaited = nullptr;
+        sayOk();
+    }
+}
 
 void obey(const QString& line) {
     const QString command = line.section(u' ', 0, 0);
@@ -24,9 +38,15 @@ void obey(const QString& line) {
         windows.back()->setWindowTitle(line.section(u' ', 1));
         windows.back()->resize(200, 100);
         windows.back()->show();
+        sayOk();
         return;
     }
     auto& window = windows.at(line.section(u' ', 1, 1).toUInt());
+    if (command == QLatin1String("await")) {
+        awaited = window.get();
+        lookForAwaited();
+        return;
+    }
     if (command == QLatin1String("title")) {
         window->setWindowTitle(line.section(u' ', 2));
     } else if (command == QLatin1String("activate")) {
@@ -35,11 +55,14 @@ void obey(const QString& line) {
     } else if (command == QLatin1String("close")) {
         window.reset();
     }
+    sayOk();
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 1)
+        QGuiApplication::setDesktopFileName(QString::fromLocal8Bit(argv[1]));
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
@@ -48,7 +71,7 @@ int main(int argc, char** argv) {
         if (!std::getline(std::cin, line))
             return QApplication::quit();
         obey(QString::fromStdString(line));
-        std::cout << "ok" << std::endl;
     });
+    QObject::connect(&application, &QGuiApplication::focusWindowChanged, &application, lookForAwaited);
     return QApplication::exec();
 }

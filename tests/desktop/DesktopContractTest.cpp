@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// What every back end promises of the application in front and of the windows, on every desktop that serves it.
+#include "tests/desktop/ContractScene.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class DesktopUnder : public testing::TestWithParam<const char*> {
+protected:
+    int start(const char* name) { return scene->start(QString::fromLatin1(name)); }
+    int open(int program, const char* title) { return scene->open(program, QString::fromUtf8(title)); }
+    std::int64_t numberInFront() const {
+        const WindowListEntry* window = sight.frontWindow();
+        return window ? window->number : 0;
+    }
+
+    const std::unique_ptr<ContractScene> scene = makeContractScene(QString::fromLatin1(GetParam()));
+    Sight& sight = scene->sight();
+};
+
+INSTANTIATE_TEST_SUITE_P(Contract, DesktopUnder, testing::Values("openbox", "icewm", "metacity", "sway"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(DesktopUnder, twoPrograms_takeTurnsInFront) {
+    const int editor = start("Editor");
+    const int mail = start("Mail");
+    const int page = open(editor, "A page");
+    const int letter = open(mail, "A letter");
+    // A new window may come to the front by itself a while after it is there.
+    scene->activate(letter);
+    EXPECT_SEEN(sight, "Mail: A letter");
+    scene->activate(page);
+    EXPECT_SEEN(sight, "Editor: A page");
+    const std::int64_t process = sight.frontProcess();
+    const std::int64_t number = numberInFront();
+    EXPECT_EQ(process, scene->process(editor).value_or(process));
+    sight.switches.clear();
+    scene->activate(letter);
+    EXPECT_SEEN(sight, "Mail: A letter");
+    EXPECT_NE(sight.frontProcess(), process);
+    EXPECT_NE(numberInFront(), number);
+    scene->activate(page);
+    EXPECT_SEEN(sight, "Editor: A page");
+    EXPECT_EQ(sight.frontProcess(), process);
+    EXPECT_EQ(numberInFront(), number);
+    EXPECT_EQ(sight.switches, QStringList({QStringLiteral("Mail"), QStringLiteral("Editor")}));
+}
+
+TEST_P(DesktopUnder, twoWindowsOfOneProgram_areToldApart) {
+    const int editor = start("Editor");
+    const int first = open(editor, "First");
+    const int second = open(editor, "Second");
+    scene->activate(second);
+    EXPECT_SEEN(sight, "Editor: Second");
+    scene->activate(first);
+    EXPECT_SEEN(sight, "Editor: First");
+    const std::int64_t number = numberInFront();
+    sight.switches.clear();
+    scene->activate(second);
+    EXPECT_SEEN(sight, "Editor: Second");
+    EXPECT_NE(numberInFront(), number);
+    EXPECT_EQ(sight.switches, QStringList());
+    EXPECT_EQ(sight.titles(), QStringList({QStringLiteral("Second"), QStringLiteral("First")}));
+}
+
+TEST_P(DesktopUnder, aNewTitle_isSeenOnTheSameWindow) {
+    const int window = open(start("Editor"), "Old");
+    scene->activate(window);
+    EXPECT_SEEN(sight, "Editor: Old");
+    const std::int64_t number = numberInFront();
+    scene->setTitle(window, QStringLiteral("Neu: ünï € 漢"));
+    EXPECT_SEEN(sight, "Editor: Neu: ünï € 漢");
+    EXPECT_EQ(numberInFront(), number);
+}
+
+TEST_P(DesktopUnder, theLastWindowClosed_leavesTheDesktop) {
+    const int window = open(start("Editor"), "Page");
+    scene->activate(window);
+    EXPECT_SEEN(sight, "Editor: Page");
+    scene->close(window);
+    EXPECT_SEEN(sight, "Desktop: none");
+}
+
+TEST_P(DesktopUnder, aProgramThatDiesInFront_leavesTheDesktop) {
+    const int editor = start("Editor");
+    scene->activate(open(editor, "Page"));
+    EXPECT_SEEN(sight, "Editor: Page");
+    scene->die(editor);
+    EXPECT_SEEN(sight, "Desktop: none");
+    EXPECT_EQ(sight.titles(), QStringList());
+}
+
+TEST_P(DesktopUnder, theOnlyWindowPutAway_leavesTheDesktopAndComesBack) {
+    const int window = open(start("Editor"), "Page");
+    scene->activate(window);
+    EXPECT_SEEN(sight, "Editor: Page");
+    scene->putAway(window);
+    EXPECT_SEEN(sight, "Desktop: none");
+    scene->activate(window);
+    EXPECT_SEEN(sight, "Editor: Page");
+}
+
+TEST_P(DesktopUnder, theFrontWindowPutAway_givesWayToTheNext) {
+    const int page = open(start("Editor"), "A page");
+    const int letter = open(start("Mail"), "A letter");
+    scene->activate(page);
+    EXPECT_SEEN(sight, "Editor: A page");
+    scene->activate(letter);
+    EXPECT_SEEN(sight, "Mail: A letter");
+    scene->putAway(letter);
+    EXPECT_SEEN(sight, "Editor: A page");
+}
+
+} // namespace

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/WindowList.h"
+#include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/QtRunLoop.h"
+#include "tests/desktop/harness/WaitFor.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <QStringList>
+
+// What Ticklog sees of a desktop, in words, and what a back end stands on to see it.
+class Sight {
+public:
+    // `dataFolder` holds "applications".
+    explicit Sight(const QString& dataFolder)
+        : runLoop(log)
+        , entries({{dataFolder}, {QStringLiteral("de_AT"), QStringLiteral("de")}}, clock) {}
+
+    // From now on this back end is looked through; it outlives every look.
+    template<class Desktop>
+    void lookThrough(Desktop& desktop) {
+        m_front = &desktop;
+        m_windows = &desktop;
+        m_front->installSwitchHandler([this] { switches << front(); });
+    }
+
+    // The front application's name; "none" when it is not told.
+    QString front() const {
+        const auto& application = m_front->activeApplication();
+        return application ? application->name : QStringLiteral("none");
+    }
+
+    // 0 when no application is told.
+    std::int64_t frontProcess() const {
+        const auto& application = m_front->activeApplication();
+        return application ? application->processIdentifier : 0;
+    }
+
+    // What the front application's first ordinary window says, as the tracker looks for it: "title",
+    // "(untitled)" or "none".
+    QString frontTitle() const {
+        const WindowListEntry* window = frontWindow();
+        return window ? window->name.value_or(QStringLiteral("(untitled)")) : QStringLiteral("none");
+    }
+
+    const WindowListEntry* frontWindow() const {
+        const auto& application = m_front->activeApplication();
+        for (const WindowListEntry& window : m_windows->onScreenWindows()) {
+            if (application && window.layer == 0 &&
+                window.ownerProcessIdentifier == application->processIdentifier)
+                return &window;
+        }
+        return nullptr;
+    }
+
+    // "Application: title" of what is in front.
+    QString seen() const { return front() + QStringLiteral(": ") + frontTitle(); }
+
+    // Waits until this is in front, and answers what is.
+    QString seenAfterWaitingFor(const QString& expected) const {
+        waitFor([&] { return seen() == expected; }, std::chrono::seconds(20));
+        return seen();
+    }
+
+    // The titles of ordinary windows, front to back.
+    QStringList titles() const {
+        QStringList titles;
+        for (const WindowListEntry& window : m_windows->onScreenWindows())
+            titles << window.name.value_or(QStringLiteral("(untitled)"));
+        return titles;
+    }
+
+    RecordingLog log;
+    QtRunLoop runLoop;
+    SystemClock clock;
+    DesktopEntries entries;
+    // The front application at each call of the switch handler.
+    QStringList switches;
+
+private:
+    FrontApplication* m_front = nullptr;
+    WindowList* m_windows = nullptr;
+};
+
+// Passes when `expected` comes to the front, and says what was there instead when it does not.
+#define EXPECT_SEEN(scene, expected)                                                                         \
+    EXPECT_EQ((scene).seenAfterWaitingFor(QStringLiteral(expected)), QStringLiteral(expected))

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/WaylandDesk.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDir>
+#include <QFile>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+// Nobody by name and by number.
+constexpr uid_t kNobody = 65534;
+
+bool isListening(const QString& path) {
+    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, QFile::encodeName(path).constData(), sizeof address.sun_path);
+    const bool isThere =
+        ::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(descriptor);
+    return isThere;
+}
+
+void waitForSocket(const QString& path, const Program& compositor) {
+    waitFor([&] { return isListening(path) || !compositor.isRunning(); });
+    if (!isListening(path))
+        qFatal("no compositor listens at %s: are sway and kwin_wayland installed?", qPrintable(path));
+}
+
+} // namespace
+
+WaylandDesk::WaylandDesk()
+    : m_bus(m_home.environment(), m_home.runtimeFolder()) {}
+
+WaylandDesk::~WaylandDesk() = default;
+
+QProcessEnvironment WaylandDesk::environment() const {
+    QProcessEnvironment environment = m_home.environment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
+    environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+    if (!m_display.isEmpty())
+        environment.insert(QStringLiteral("WAYLAND_DISPLAY"), m_display);
+    return environment;
+}
+
+std::unique_ptr<Program> WaylandDesk::start(const QString& executable, const QStringList& arguments,
+                                            Program::Output output) const {
+    return std::make_unique<Program>(executable, arguments, environment(), output);
+}
+
+bool WaylandDesk::run(const QString& executable, const QStringList& arguments) const {
+    const auto program = start(executable, arguments);
+    return program->waitUntilEnded() && program->exitStatus() == 0;
+}
+
+void WaylandDesk::kill() {
+    m_compositor.reset();
+}
+
+void WaylandDesk::restart() {
+    m_display = startCompositor(m_compositor);
+}
+
+SwayDesk::SwayDesk() {
+    restart();
+}
+
+SwayDesk::~SwayDesk() = default;
+
+QString SwayDesk::socketPath() const {
+    return m_place.filePath(QStringLiteral("sway.sock"));
+}
+
+QString SwayDesk::startCompositor(std::unique_ptr<Program>& compositor) {
+    // What an earlier one has left behind.
+    for (const char* name : {"sway.sock", "wayland-1", "wayland-1.lock"})
+        QFile::remove(m_place.filePath(QLatin1String(name)));
+    QFile configuration(m_place.filePath(QStringLiteral("config")));
+    if (!configuration.open(QFile::WriteOnly) ||
+        configuration.write("xwayland disable\noutput HEADLESS-1 resolution 640x480\n") <= 0)
+        qFatal("sway's configuration cannot be written");
+    configuration.close();
+
+    QProcessEnvironment own = environment();
+    own.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    own.insert(QStringLiteral("HOME"), m_place.path());
+    own.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_place.path());
+    own.insert(QStringLiteral("SWAYSOCK"), socketPath());
+    own.insert(QStringLiteral("WLR_BACKENDS"), QStringLiteral("headless"));
+    own.insert(QStringLiteral("WLR_LIBINPUT_NO_DEVICES"), QStringLiteral("1"));
+    own.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
+    QStringList command{QStringLiteral("sway"), QStringLiteral("-c"), configuration.fileName()};
+    if (::geteuid() == 0) {
+        for (const QString& path : {m_place.path(), configuration.fileName()}) {
+            if (::chown(QFile::encodeName(path).constData(), kNobody, kNobody) != 0)
+                qFatal("%s cannot be given away", qPrintable(path));
+        }
+        // Becoming somebody else clears the signal that ends it with the test program.
+        command = QStringList{QStringLiteral("setpriv"), QStringLiteral("--reuid=%1").arg(kNobody),
+                              QStringLiteral("--regid=%1").arg(kNobody), QStringLiteral("--clear-groups"),
+                              QStringLiteral("--pdeathsig=KILL")} +
+                  command;
+    }
+    compositor = std::make_unique<Program>(command.takeFirst(), command, own);
+    waitForSocket(m_place.filePath(QStringLiteral("wayland-1")), *compositor);
+    waitForSocket(socketPath(), *compositor);
+    return m_place.filePath(QStringLiteral("wayland-1"));
+}
+
+bool SwayDesk::tell(const QString& command) const {
+    return run(QStringLiteral("swaymsg"), {QStringLiteral("-s"), socketPath(), command});
+}
+
+bool SwayDesk::activate(const QString& title) {
+    return tell(QStringLiteral("[title=\"^%1$\"] focus").arg(title));
+}
+
+bool SwayDesk::putAway(const QString& title) {
+    return tell(QStringLiteral("[title=\"^%1$\"] move scratchpad").arg(title));
+}
+
+KWinDesk::KWinDesk(Windows windows)
+    : m_windows(windows) {
+    restart();
+}
+
+KWinDesk::~KWinDesk() = default;
+
+QString KWinDesk::startCompositor(std::unique_ptr<Program>& compositor) {
+    const QString name = QStringLiteral("wayland-kwin");
+    QProcessEnvironment own = environment();
+    own.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    own.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    if (m_windows == Windows::ForAll)
+        own.insert(QStringLiteral("KWIN_WAYLAND_NO_PERMISSION_CHECKS"), QStringLiteral("1"));
+    compositor = std::make_unique<Program>(
+        QStringLiteral("kwin_wayland"),
+        QStringList{QStringLiteral("--virtual"), QStringLiteral("--no-lockscreen"), QStringLiteral("--width"),
+                    QStringLiteral("640"), QStringLiteral("--height"), QStringLiteral("480"),
+                    QStringLiteral("-s"), name},
+        own);
+    const QString path = home().runtimeFolder() + u'/' + name;
+    waitForSocket(path, *compositor);
+    return path;
+}
+
+bool KWinDesk::script(const QString& title, const QString& statements) {
+    const QString name = QStringLiteral("script%1").arg(++m_scripts);
+    home().write(name, QStringLiteral("const all = workspace.windowList ? workspace.windowList() : "
+                                      "workspace.clientList();\n"
+                                      "for (const window of all) if (window.caption == \"%1\") { %2 }\n")
+                           .arg(title, statements)
+                           .toUtf8());
+    QDBusConnection connection = QDBusConnection::connectToBus(bus().address(), QStringLiteral("kwin-desk"));
+    const auto call = [&](const QString& method, const QVariantList& arguments) {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QStringLiteral("org.kde.KWin"), QStringLiteral("/Scripting"),
+            QStringLiteral("org.kde.kwin.Scripting"), method);
+        message.setArguments(arguments);
+        return connection.call(message).type() == QDBusMessage::ReplyMessage;
+    };
+    return call(QStringLiteral("loadScript"), QVariantList{QString(home().path() + u'/' + name), name}) &&
+           call(QStringLiteral("start"), {});
+}
+
+bool KWinDesk::activate(const QString& title) {
+    return script(title, QStringLiteral("if (\"activeClient\" in workspace) workspace.activeClient = window;"
+                                        " else workspace.activeWindow = window;"));
+}
+
+bool KWinDesk::putAway(const QString& title) {
+    return script(title, QStringLiteral("window.minimized = true;"));
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/desktop/harness/Program.h"
+#include "tests/desktop/harness/SessionBus.h"
+#include "tests/desktop/harness/TemporaryHome.h"
+
+#include <memory>
+#include <optional>
+
+// A Wayland desktop of its own: a fresh home and a compositor without a screen that anybody sees.
+class WaylandDesk {
+public:
+    virtual ~WaylandDesk();
+    WaylandDesk(const WaylandDesk&) = delete;
+    WaylandDesk& operator=(const WaylandDesk&) = delete;
+
+    TemporaryHome& home() { return m_home; }
+
+    SessionBus& bus() { return m_bus; }
+
+    // The full path of the compositor's socket, as WAYLAND_DISPLAY takes it.
+    const QString& display() const { return m_display; }
+
+    // For programs on this desk.
+    QProcessEnvironment environment() const;
+
+    std::unique_ptr<Program> start(const QString& executable, const QStringList& arguments = {},
+                                   Program::Output output = Program::Output::Discarded) const;
+    // Runs a program to its end and answers whether it succeeded.
+    bool run(const QString& executable, const QStringList& arguments) const;
+
+    // Brings the window with this title to the front. Answers whether there is one.
+    virtual bool activate(const QString& title) = 0;
+    // Takes a window from the screen as the user would, without closing it.
+    virtual bool putAway(const QString& title) = 0;
+
+    // Ends the compositor the hard way, and all windows with it.
+    void kill();
+    // Starts a compositor again under the same name.
+    void restart();
+
+protected:
+    WaylandDesk();
+
+    // Starts the compositor and answers its socket; aborts the test program when it does not come up.
+    virtual QString startCompositor(std::unique_ptr<Program>& compositor) = 0;
+
+private:
+    TemporaryHome m_home;
+    SessionBus m_bus;
+    std::unique_ptr<Program> m_compositor;
+    QString m_display;
+};
+
+// sway, for the wlroots family. It refuses to run as root, and is then made somebody else.
+class SwayDesk : public WaylandDesk {
+public:
+    SwayDesk();
+    ~SwayDesk() override;
+
+    bool activate(const QString& title) override;
+    bool putAway(const QString& title) override;
+    // As swaymsg does.
+    bool tell(const QString& command) const;
+
+private:
+    QString startCompositor(std::unique_ptr<Program>& compositor) override;
+    QString socketPath() const;
+
+    // Belongs to whoever sway runs as.
+    QTemporaryDir m_place;
+};
+
+// KWin, for Plasma.
+class KWinDesk : public WaylandDesk {
+public:
+    // Whether every program may see the windows, or only those whose desktop entry asks for it.
+    enum class Windows { ForAll, ForThoseThatAsk };
+
+    explicit KWinDesk(Windows windows = Windows::ForAll);
+    ~KWinDesk() override;
+
+    bool activate(const QString& title) override;
+    bool putAway(const QString& title) override;
+
+private:
+    QString startCompositor(std::unique_ptr<Program>& compositor) override;
+    // Runs statements with `window`, for the window with this title.
+    bool script(const QString& title, const QString& statements);
+
+    Windows m_windows;
+    int m_scripts = 0;
+};
