@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/ExitGuard.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
 #include <cstdlib>
 #include <unistd.h>
 #include <utility>
@@ -9,6 +12,7 @@ namespace {
 
 struct Ending {
     std::function<void()> rescue;
+    QtMessageHandler usualMessages = nullptr;
     int status = EXIT_SUCCESS;
 };
 
@@ -27,15 +31,33 @@ void runRescue() {
     _exit(ending().status);
 }
 
+// Qt's Wayland plug-in does not call exit() when the compositor goes: it warns, and ends the process at once. The
+// warning is the last that is heard.
+void watchMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    ending().usualMessages(type, context, message);
+    if (type != QtWarningMsg || !message.startsWith(QLatin1String("The Wayland connection")))
+        return;
+    if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
+        runRescue();
+        return;
+    }
+    QMetaObject::invokeMethod(QCoreApplication::instance(), runRescue, Qt::QueuedConnection);
+    // The process ends when the rescue has run; this thread, not before.
+    for (;;)
+        ::pause();
+}
+
 } // namespace
 
 ExitGuard::ExitGuard(std::function<void()> rescue) {
     // Before the handler is registered, so that it is destroyed after.
     ending().rescue = std::move(rescue);
     std::atexit(runRescue);
+    ending().usualMessages = qInstallMessageHandler(watchMessages);
 }
 
 ExitGuard::~ExitGuard() {
+    qInstallMessageHandler(ending().usualMessages);
     ending().rescue = {};
 }
 

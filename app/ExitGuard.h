@@ -3,8 +3,9 @@
 
 #include <functional>
 
-// Saves when something ends the process over our heads: the toolkit exits by itself, with status 1, when the display
-// goes. There can be one at a time. While it lives, exit() runs the rescue and ends with status 0.
+// Saves when something ends the process over our heads: the toolkit ends it by itself, with status 1, when the display
+// goes. There can be one at a time. While it lives, such an end and exit() run the rescue and end with
+// status 0.
 class ExitGuard {
 public:
     explicit ExitGuard(std::function<void()> rescue);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
-#include "platform/NoDesktop.h"
+#include "app/DesktopChooser.h"
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/QtRunLoop.h"
@@ -13,8 +13,6 @@
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
 #include "platform/linux/SettingsWatch.h"
-#include "platform/x11/X11Desktop.h"
-#include "platform/x11/X11IdleTime.h"
 
 #include <QAbstractEventDispatcher>
 
@@ -38,12 +36,8 @@ struct LinuxPlatform::BackEnds {
     LogindSession sessionEvents{session, log};
     DesktopScreenLock screenLock{session, sessionBus, runLoop};
     DesktopEntries desktopEntries{DesktopEntries::Places::forUser(), clock};
-    // Absent where there is no X server.
-    std::unique_ptr<X11Desktop> x11;
-    std::unique_ptr<X11IdleTime> x11IdleTime;
-    NoDesktop noDesktop;
-    NoIdleTime noIdleTime;
-    std::unique_ptr<LockAwareFrontApplication> frontApplication;
+    DesktopChooser desktop{{runLoop, log, desktopEntries}};
+    LockAwareFrontApplication frontApplication{desktop.frontApplication(), screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
     LinuxSandbox sandbox = LinuxSandbox::ofThisProcess();
@@ -53,20 +47,9 @@ struct LinuxPlatform::BackEnds {
 };
 
 LinuxPlatform::BackEnds::BackEnds() {
-    auto opened = X11Desktop::open({}, runLoop, log, desktopEntries);
-    if (opened) {
-        x11 = std::move(*opened);
-        x11IdleTime = std::make_unique<X11IdleTime>(x11->connection());
-    } else {
-        log.log(QStringLiteral("The X11 desktop is not used: ") + opened.failure().text);
-    }
-    FrontApplication* unlocked = x11 ? static_cast<FrontApplication*>(x11.get()) : &noDesktop;
-    frontApplication = std::make_unique<LockAwareFrontApplication>(*unlocked, screenLock);
-    WindowList* windowList = x11 ? static_cast<WindowList*>(x11.get()) : &noDesktop;
-    IdleTime* idleTime = x11 ? static_cast<IdleTime*>(x11IdleTime.get()) : &noIdleTime;
-    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
-                                                   *frontApplication, *windowList, *idleTime, power,
-                                                   sessionEvents, accessibility, fileViewer, sandbox});
+    platform = std::make_unique<Platform>(Platform{
+        clock, runLoop, log, notifications, defaults, folders, frontApplication, desktop.windowList(),
+        desktop.idleTime(), power, sessionEvents, accessibility, fileViewer, sandbox});
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,
@@ -83,8 +66,7 @@ Platform& LinuxPlatform::platform() {
 }
 
 void LinuxPlatform::setDisplayLostHandler(std::function<void()> handler) {
-    if (m_backEnds->x11)
-        m_backEnds->x11->setLostHandler(std::move(handler));
+    m_backEnds->desktop.setLostHandler(std::move(handler));
 }
 
 QString LinuxPlatform::describe() const {

@@ -8,16 +8,22 @@
 // Where no window system can be asked: nothing is in front, and nothing is credited.
 class NoDesktop : public FrontApplication, public WindowList {
 public:
+    // `obstacle` says why, to the user.
+    explicit NoDesktop(QString obstacle)
+        : m_obstacle(std::move(obstacle)) {}
+
     const std::optional<ApplicationRecord>& activeApplication() const override { return m_none; }
     bool installSwitchHandler(std::function<void()>) override { return false; }
     QString bundleName(const QString&) const override { return {}; }
     QString describe() const override {
         return QStringLiteral("none: no window system that can be asked was found");
     }
+    QString obstacle() const override { return m_obstacle; }
     std::span<const WindowListEntry> onScreenWindows() const override { return {}; }
 
 private:
     const std::optional<ApplicationRecord> m_none;
+    QString m_obstacle;
 };
 
 // Where nobody counts the time since the last input: the user is never idle.

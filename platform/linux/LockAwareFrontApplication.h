@@ -25,6 +25,8 @@ public:
 
     QString describe() const override { return m_unlocked.describe(); }
 
+    QString obstacle() const override { return m_unlocked.obstacle(); }
+
 private:
     void follow();
     void callHandler();

@@ -80,7 +80,7 @@ Result<std::unique_ptr<WlrootsDesktop>> WlrootsDesktop::open(const QByteArray& d
     if (!connection)
         return connection.failure();
     if (!(*connection)->find(zwlr_foreign_toplevel_manager_v1_interface.name))
-        return Failure{Failure::Kind::Refused,
+        return Failure{Failure::Kind::NotFound,
                        QStringLiteral("the compositor does not offer wlr-foreign-toplevel-management")};
     std::unique_ptr<WlrootsDesktop> desktop(
         new WlrootsDesktop(std::move(*connection), runLoop, log, entries));

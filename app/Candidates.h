@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Result.h"
+#include "platform/foundation/SystemLog.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+// One way to get something, and what it is called in the log.
+template<class Source>
+struct Candidate {
+    QString name;
+    // Uses it once: what is answered works.
+    std::function<Result<Source>()> open;
+};
+
+// The first candidate that works; absent when none does. Each one before it is logged with the reason why it does not,
+// and its failure added to `refusals`.
+template<class Source>
+std::optional<Source> firstThatWorks(const std::vector<Candidate<Source>>& candidates, SystemLog& log,
+                                     std::vector<Failure>& refusals) {
+    for (const Candidate<Source>& candidate : candidates) {
+        Result<Source> opened = candidate.open();
+        if (opened)
+            return std::move(*opened);
+        log.log(candidate.name + QStringLiteral(" is not used: ") + opened.failure().text);
+        refusals.push_back(opened.failure());
+    }
+    return std::nullopt;
+}

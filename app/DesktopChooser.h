@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Candidates.h"
+#include "platform/NoDesktop.h"
+#include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/RunLoop.h"
+
+#include <memory>
+
+// Finds who tells which window is in front, and who counts the time since the last input, once at launch: candidates
+// are tried in an order, the last of them knows nothing and always works. Refusals and their reasons go to the log.
+class DesktopChooser {
+public:
+    // What the back ends stand on; outlives the chooser.
+    struct Ground {
+        RunLoop& runLoop;
+        SystemLog& log;
+        DesktopEntries& entries;
+    };
+
+    explicit DesktopChooser(const Ground& ground);
+
+    FrontApplication& frontApplication() { return *m_desktop.frontApplication; }
+    WindowList& windowList() { return *m_desktop.windowList; }
+    IdleTime& idleTime() { return *m_idleTime; }
+
+    // Calls `handler` when the display is gone for good, as far as this process is concerned.
+    void setLostHandler(std::function<void()> handler);
+
+private:
+    struct Desktop {
+        std::shared_ptr<FrontApplication> frontApplication;
+        std::shared_ptr<WindowList> windowList;
+        std::function<void(std::function<void()>)> setLostHandler;
+        // Absent where the idle time is somebody else's business.
+        std::shared_ptr<IdleTime> idleTime;
+    };
+
+    template<class BackEnd>
+    static Result<Desktop> desktopOf(Result<std::unique_ptr<BackEnd>> opened);
+    static Result<Desktop> withIdleTime(Result<std::unique_ptr<class X11Desktop>> opened);
+    bool isUnderWayland() const;
+    std::vector<Candidate<Desktop>> desktops(bool isWayland) const;
+    static Desktop none(bool isWayland, const std::vector<Failure>& refusals);
+
+    Ground m_ground;
+    Desktop m_desktop;
+    std::shared_ptr<IdleTime> m_idleTime;
+};
