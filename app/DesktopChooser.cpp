@@ -52,8 +52,7 @@ Result<DesktopChooser::Desktop> DesktopChooser::desktopOf(Result<std::unique_ptr
                    nullptr};
 }
 
-Result<DesktopChooser::Desktop>
-DesktopChooser::withIdleTime(Result<std::unique_ptr<X11Desktop>> opened) {
+Result<DesktopChooser::Desktop> DesktopChooser::withIdleTime(Result<std::unique_ptr<X11Desktop>> opened) {
     if (!opened)
         return opened.failure();
     auto idleTime = std::make_shared<X11IdleTime>((*opened)->connection());
@@ -63,9 +62,10 @@ DesktopChooser::withIdleTime(Result<std::unique_ptr<X11Desktop>> opened) {
 }
 
 DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<Failure>& refusals) {
-    QString obstacle = isWayland ? localized("This Wayland desktop does not tell other programs which window is in "
-                                             "front, so that there is no time to credit.")
-                                 : localized("There is no window system that tells which window is in front.");
+    QString obstacle = isWayland
+                           ? localized("This Wayland desktop does not tell other programs which window is in "
+                                       "front, so that there is no time to credit.")
+                           : localized("There is no window system that tells which window is in front.");
     // Who could tell but will not has said what can be done about it.
     const auto refusal = std::ranges::find(refusals, Failure::Kind::Refused, &Failure::kind);
     if (refusal != refusals.end())

@@ -47,9 +47,9 @@ struct LinuxPlatform::BackEnds {
 };
 
 LinuxPlatform::BackEnds::BackEnds() {
-    platform = std::make_unique<Platform>(Platform{
-        clock, runLoop, log, notifications, defaults, folders, frontApplication, desktop.windowList(),
-        desktop.idleTime(), power, sessionEvents, accessibility, fileViewer, sandbox});
+    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
+                                                   frontApplication, desktop.windowList(), desktop.idleTime(),
+                                                   power, sessionEvents, accessibility, fileViewer, sandbox});
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,

@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     XClient program(desk);
     const xcb_window_t letter = program.open({.title = "Letter", .className = "Writer"});
     program.activate(letter);
-    LiveEngine engine(desk);
+    X11LiveEngine engine(desk);
     engine.timer().startTimer();
     turnEventLoopFor(std::chrono::seconds(1));
 

@@ -4,11 +4,13 @@
 
 # apt: Debian 12 and 13, Ubuntu 24.04
 apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev libgl-dev libxcb1-dev
-  libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev libgtest-dev libbenchmark-dev"
+  libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev libwayland-dev libwayland-bin plasma-wayland-protocols
+  libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
-  python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad libreoffice-calc-nogui"
-apt_bench="$apt_demo python3"
+  python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad libreoffice-calc-nogui
+  sway foot wtype kwin-wayland qt6-wayland"
+apt_bench="$apt_demo python3 sway qt6-wayland"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils"
 apt_package="dpkg-dev lintian appstream desktop-file-utils gzip"
 apt_format="clang-format"
@@ -20,12 +22,13 @@ if [ -r /etc/os-release ] && [ "$(. /etc/os-release && echo "${ID:-}${VERSION_ID
 fi
 
 # dnf: Fedora
-dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel gtest-devel
-  google-benchmark-devel"
+dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel wayland-devel
+  plasma-wayland-protocols-devel gtest-devel google-benchmark-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
-  python3-dbus python3-gobject python3-dbusmock mousepad featherpad libreoffice-calc"
-dnf_bench="$dnf_demo python3"
+  python3-dbus python3-gobject python3-dbusmock mousepad featherpad libreoffice-calc
+  sway foot wtype kwin-wayland qt6-qtwayland"
+dnf_bench="$dnf_demo python3 sway qt6-qtwayland"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils"
 dnf_package="dpkg rpmlint appstream desktop-file-utils gzip"
 dnf_format="clang-tools-extra"
@@ -33,11 +36,12 @@ dnf_fuzz="clang compiler-rt"
 dnf_coverage="gcovr"
 
 # pacman: Arch
-pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb gtest benchmark"
+pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb wayland plasma-wayland-protocols gtest benchmark"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity xterm xdotool ttf-dejavu dbus at-spi2-core
-  python-dbus python-gobject python-dbusmock mousepad featherpad libreoffice-fresh"
-pacman_bench="$pacman_demo python"
+  python-dbus python-gobject python-dbusmock mousepad featherpad libreoffice-fresh
+  sway foot wtype kwin qt6-wayland"
+pacman_bench="$pacman_demo python sway qt6-wayland"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils"
 pacman_package="dpkg lintian appstream desktop-file-utils gzip"
 pacman_format="clang"

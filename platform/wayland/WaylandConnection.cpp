@@ -15,15 +15,17 @@ constexpr int kMostTurns = 100;
 
 } // namespace
 
-Result<std::unique_ptr<WaylandConnection>>
-WaylandConnection::tryConnect(const QByteArray& display, RunLoop& runLoop, SystemLog& log) {
+Result<std::unique_ptr<WaylandConnection>> WaylandConnection::tryConnect(const QByteArray& display,
+                                                                         RunLoop& runLoop, SystemLog& log) {
     std::unique_ptr<WaylandConnection> connection(new WaylandConnection(display, runLoop, log));
     if (!connection->connect())
-        return Failure{Failure::Kind::NotFound,
-                       QStringLiteral("the Wayland display %1 cannot be reached").arg(connection->socketName())};
+        return Failure{
+            Failure::Kind::NotFound,
+            QStringLiteral("the Wayland display %1 cannot be reached").arg(connection->socketName())};
     if (!connection->awaitAnswers())
-        return Failure{Failure::Kind::Unreadable,
-                       QStringLiteral("the Wayland display %1 does not answer").arg(connection->socketName())};
+        return Failure{
+            Failure::Kind::Unreadable,
+            QStringLiteral("the Wayland display %1 does not answer").arg(connection->socketName())};
     return connection;
 }
 

@@ -63,7 +63,7 @@ struct WlrootsDesktop::Events {
 
     static constexpr zwlr_foreign_toplevel_manager_v1_listener kManager{appeared, finished};
     static constexpr zwlr_foreign_toplevel_handle_v1_listener kHandle{title, appId, output, output,
-                                                                     state, done,  closed, parent};
+                                                                      state, done,  closed, parent};
 };
 
 void WlrootsDesktop::Destroy::operator()(zwlr_foreign_toplevel_handle_v1* handle) const {
@@ -98,7 +98,7 @@ QString WlrootsDesktop::describe() const {
     if (!connection().isAlive())
         return QStringLiteral("Wayland: the compositor is gone");
     return isTelling() ? QStringLiteral("Wayland: the compositor tells of the windows (wlr-foreign-toplevel)")
-                     : QStringLiteral("Wayland: the compositor tells no more of the windows");
+                       : QStringLiteral("Wayland: the compositor tells no more of the windows");
 }
 
 bool WlrootsDesktop::bind() {

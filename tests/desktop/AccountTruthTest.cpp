@@ -36,7 +36,7 @@ TEST(AccountTruth, twoHundredQuickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelo
         programs.push_back(std::make_unique<XClient>(desk));
         windows.push_back(programs.back()->open({.title = name + " window", .className = name}));
     }
-    LiveEngine engine(desk);
+    X11LiveEngine engine(desk);
     const unsigned seed = std::random_device()();
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
@@ -76,7 +76,7 @@ TEST(AccountTruth, nothingInFront_isCreditedToTheDesktop) {
     Desk desk;
     XClient program(desk);
     const xcb_window_t window = program.open({.title = "Letter", .className = "Writer"});
-    LiveEngine engine(desk);
+    X11LiveEngine engine(desk);
     engine.timer().startTimer();
     program.activate(window);
     ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Writer")) > 0.2; }));
@@ -91,7 +91,7 @@ TEST(AccountTruth, inputAfterALongAbsence_endsTheIdleTimeWithinTwoTicks) {
     Desk desk;
     XClient program(desk);
     const xcb_window_t window = program.open({.title = "Letter", .className = "Writer"});
-    LiveEngine engine(desk);
+    X11LiveEngine engine(desk);
     // The screen saver's own counter cannot be set forward: none at all is the shortest absence there is.
     engine.defaults().setObject(QStringLiteral("minutesUntilIdle"), 0);
     program.activate(window);

@@ -21,7 +21,7 @@ public:
 
     TemporaryHome& home() { return m_home; }
 
-    VirtualDisplay& display() { return m_display; }
+    const VirtualDisplay& display() const { return m_display; }
 
     DisplayProbe& probe() const { return *m_probe; }
 

@@ -14,17 +14,28 @@
 
 #include <QTemporaryDir>
 
-// The engine as the program makes it, on the windows of a desk, without an interface.
+// What a back end stands on.
+struct LiveGround {
+    SystemClock clock;
+    RecordingLog log;
+    QtRunLoop runLoop{log};
+    DesktopEntries entries{{}, clock};
+};
+
+// The engine as the program makes it, on the windows of a desktop, without an interface.
 class LiveEngine {
 public:
-    explicit LiveEngine(Desk& desk)
-        : m_desktop(openDesktop(desk)) {}
+    // All outlive it.
+    LiveEngine(LiveGround& ground, FrontApplication& front, WindowList& windows, IdleTime& idleTime)
+        : m_ground(ground)
+        , m_front(front)
+        , m_windows(windows)
+        , m_idleTime(idleTime) {}
 
     TimeTracker& tracker() { return m_engine.tracker(); }
     TimerControl& timer() { return m_timer; }
-    Clock& clock() { return m_clock; }
+    Clock& clock() { return m_ground.clock; }
     UserDefaults& defaults() { return m_defaults; }
-    X11Desktop& desktop() { return *m_desktop; }
 
 private:
     class NoDisplay : public TimerDisplay {
@@ -36,33 +47,52 @@ private:
         void updateMenus() override {}
     };
 
-    std::unique_ptr<X11Desktop> openDesktop(Desk& desk) {
-        auto opened = X11Desktop::open(desk.display().name().toUtf8(), m_runLoop, m_log, m_entries);
-        if (!opened)
-            qFatal("no desktop: %s", qPrintable(opened.failure().text));
-        return std::move(*opened);
-    }
-
+    LiveGround& m_ground;
+    FrontApplication& m_front;
+    WindowList& m_windows;
+    IdleTime& m_idleTime;
     QTemporaryDir m_home;
-    SystemClock m_clock;
-    RecordingLog m_log;
-    QtRunLoop m_runLoop{m_log};
     NotificationCenter m_notifications;
     Folders m_folders{m_home.filePath(QStringLiteral("Ticklog")), m_home.filePath(QStringLiteral("settings")),
                       m_home.path()};
-    UserDefaults m_defaults{m_folders.settingsFile, m_notifications, m_runLoop, m_log};
-    DesktopEntries m_entries{{}, m_clock};
-    std::unique_ptr<X11Desktop> m_desktop;
-    X11IdleTime m_idleTime{m_desktop->connection()};
+    UserDefaults m_defaults{m_folders.settingsFile, m_notifications, m_ground.runLoop, m_ground.log};
     FakePowerEvents m_power;
     FakeSessionEvents m_session;
     FakeAccessibility m_accessibility;
     FakeFileViewer m_fileViewer;
     FakeSandbox m_sandbox;
-    Platform m_platform{m_clock,   m_runLoop,       m_log,        m_notifications, m_defaults,
-                        m_folders, *m_desktop,      *m_desktop,   m_idleTime,      m_power,
-                        m_session, m_accessibility, m_fileViewer, m_sandbox};
+    Platform m_platform{m_ground.clock, m_ground.runLoop, m_ground.log, m_notifications, m_defaults,
+                        m_folders,      m_front,          m_windows,    m_idleTime,      m_power,
+                        m_session,      m_accessibility,  m_fileViewer, m_sandbox};
     Engine m_engine{m_platform, {}};
     NoDisplay m_display;
     TimerControl m_timer{m_engine.tracker(), m_engine.services(), m_display, [] {}};
+};
+
+// Made before the engine on it.
+struct X11Live {
+    explicit X11Live(const Desk& desk)
+        : desktop(open(desk, ground)) {}
+
+    static std::unique_ptr<X11Desktop> open(const Desk& desk, LiveGround& ground) {
+        auto opened =
+            X11Desktop::open(desk.display().name().toUtf8(), ground.runLoop, ground.log, ground.entries);
+        if (!opened)
+            qFatal("no desktop: %s", qPrintable(opened.failure().text));
+        return std::move(*opened);
+    }
+
+    LiveGround ground;
+    std::unique_ptr<X11Desktop> desktop;
+    X11IdleTime idleTime{desktop->connection()};
+};
+
+// The engine on the windows of an X11 desk.
+class X11LiveEngine : private X11Live, public LiveEngine {
+public:
+    explicit X11LiveEngine(const Desk& desk)
+        : X11Live(desk)
+        , LiveEngine(ground, *X11Live::desktop, *X11Live::desktop, X11Live::idleTime) {}
+
+    X11Desktop& desktop() { return *X11Live::desktop; }
 };

@@ -159,9 +159,9 @@ bool KWinDesk::script(const QString& title, const QString& statements) {
                            .toUtf8());
     QDBusConnection connection = QDBusConnection::connectToBus(bus().address(), QStringLiteral("kwin-desk"));
     const auto call = [&](const QString& method, const QVariantList& arguments) {
-        QDBusMessage message = QDBusMessage::createMethodCall(
-            QStringLiteral("org.kde.KWin"), QStringLiteral("/Scripting"),
-            QStringLiteral("org.kde.kwin.Scripting"), method);
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(QStringLiteral("org.kde.KWin"), QStringLiteral("/Scripting"),
+                                           QStringLiteral("org.kde.kwin.Scripting"), method);
         message.setArguments(arguments);
         return connection.call(message).type() == QDBusMessage::ReplyMessage;
     };

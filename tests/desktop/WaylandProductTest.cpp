@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+// The built program on real Wayland desktops: what it records, and how it ends.
+#include "tests/desktop/harness/Lateness.h"
+#include "tests/desktop/harness/ProductProgram.h"
+#include "tests/desktop/harness/WaylandClient.h"
+
+#include <QElapsedTimer>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const QString kOwnTitle = QStringLiteral("Ticklog");
+
+std::unique_ptr<WaylandDesk> makeDesk(const std::string& compositor) {
+    if (compositor == "sway")
+        return std::make_unique<SwayDesk>();
+    return std::make_unique<KWinDesk>();
+}
+
+class WaylandProduct : public testing::TestWithParam<const char*> {
+protected:
+    // Starts the product with a running timer, and waits until it has written its account once.
+    void startRunning() {
+        product.writeSettings(ProductProgram::runningSettings());
+        product.launch(desk->environment());
+        ASSERT_TRUE(waitFor([&] { return desk->activate(kOwnTitle); }));
+    }
+
+    // Keeps a window in front and answers for how many seconds it was.
+    double keepInFront(WaylandClient& client, int window, const QString& title,
+                       std::chrono::milliseconds duration) {
+        EXPECT_TRUE(waitFor([&] { return desk->activate(title); }));
+        EXPECT_TRUE(client.awaitFocus(window));
+        QElapsedTimer watch;
+        watch.start();
+        turnEventLoopFor(duration);
+        return double(watch.nsecsElapsed()) / 1e9;
+    }
+
+    const std::unique_ptr<WaylandDesk> desk = makeDesk(GetParam());
+    ProductProgram product{desk->home()};
+    Lateness lateness;
+};
+
+INSTANTIATE_TEST_SUITE_P(Wayland, WaylandProduct, testing::Values("sway"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
+    const QString letter = QStringLiteral("Letter");
+    const QString inbox = QStringLiteral("Inbox");
+    WaylandClient writer(*desk, QStringLiteral("Writer"));
+    WaylandClient mailer(*desk, QStringLiteral("Mailer"));
+    writer.open(letter);
+    mailer.open(inbox);
+    startRunning();
+    double writing = 0;
+    double mailing = 0;
+    for (int round = 0; round < 3; ++round) {
+        writing += keepInFront(writer, 0, letter, 400ms);
+        mailing += keepInFront(mailer, 0, inbox, 500ms);
+    }
+    ASSERT_TRUE(desk->activate(kOwnTitle));
+    product.program().terminate();
+    EXPECT_EQ(product.program().exitStatus(), 0);
+    const auto applications = product.applicationTimes();
+    EXPECT_NEAR(applications.value(QStringLiteral("Writer")), writing, 6 * 0.15 + lateness.seconds());
+    EXPECT_NEAR(applications.value(QStringLiteral("Mailer")), mailing, 6 * 0.15 + lateness.seconds());
+    EXPECT_NEAR(product.windowTimes(QStringLiteral("Writer")).value(letter), writing,
+                6 * 0.15 + lateness.seconds());
+}
+
+TEST_P(WaylandProduct, aCompositorThatIsKilled_endsItWithTheAccountSaved) {
+    const QString letter = QStringLiteral("Letter");
+    WaylandClient writer(*desk, QStringLiteral("Writer"));
+    writer.open(letter);
+    startRunning();
+    const double writing = keepInFront(writer, 0, letter, 700ms);
+    QElapsedTimer watch;
+    watch.start();
+    desk->kill();
+    EXPECT_TRUE(product.program().waitUntilEnded());
+    const double ending = double(watch.nsecsElapsed()) / 1e9;
+    EXPECT_EQ(product.program().exitStatus(), 0);
+    EXPECT_NEAR(product.applicationTimes().value(QStringLiteral("Writer")), writing,
+                0.3 + ending + lateness.seconds());
+    EXPECT_GT(product.applicationTimes().value(QStringLiteral("Writer")), 0.3);
+}
+
+} // namespace
