@@ -12,6 +12,13 @@ namespace {
 const QString kApplicationImage = QStringLiteral("org.ticklog.Ticklog");
 const QString kRecordingBadge = QStringLiteral("Dock-Ticklog-Recording");
 
+QString fileOf(QString name) {
+    for (const QLatin1String& ending : {QLatin1String(".png"), QLatin1String(".jpg")})
+        if (name.endsWith(ending))
+            name.chop(ending.size());
+    return QStringLiteral(":/images/%1.svg").arg(name);
+}
+
 // Pictures lying over one another.
 class OutlineIconEngine : public QIconEngine {
 public:
@@ -53,7 +60,7 @@ private:
         if (mode == QIcon::Disabled)
             painter.setOpacity(0.4);
         for (const QString& name : m_names) {
-            QSvgRenderer outlines(QStringLiteral(":/images/%1.svg").arg(name));
+            QSvgRenderer outlines(fileOf(name));
             outlines.setAspectRatioMode(Qt::KeepAspectRatio);
             outlines.render(&painter, QRectF(QPointF(), size));
         }
@@ -66,7 +73,7 @@ private:
 QIcon icon(const QStringList& names) {
     QStringList found;
     for (const QString& name : names)
-        if (QFile::exists(QStringLiteral(":/images/%1.svg").arg(name)))
+        if (QFile::exists(fileOf(name)))
             found << name;
     return found.isEmpty() ? QIcon() : QIcon(new OutlineIconEngine(found));
 }
@@ -80,4 +87,27 @@ QIcon Images::named(const QString& name) {
 QIcon Images::application(bool isRecording) {
     return icon(isRecording ? QStringList{kApplicationImage, kRecordingBadge}
                             : QStringList{kApplicationImage});
+}
+
+QSize Images::size(const QString& name) {
+    const QString file = fileOf(name);
+    return QFile::exists(file) ? QSvgRenderer(file).defaultSize() : QSize();
+}
+
+QPixmap Images::stretched(const QString& name, const QSize& size, qreal scale) {
+    const QSize pixels = (QSizeF(size) * scale).toSize();
+    const QString key =
+        QStringLiteral("stretched %1/%2x%3").arg(name).arg(pixels.width()).arg(pixels.height());
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap(pixels);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        if (const QString file = fileOf(name); QFile::exists(file))
+            QSvgRenderer(file).render(&painter, QRectF(QPointF(), pixels));
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+    }
+    pixmap.setDevicePixelRatio(scale);
+    return pixmap;
 }

@@ -4,6 +4,7 @@
 #include "Classes/RuleCategories.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
+#include "interface/setup/SetupWindow.h"
 #include "tests/interface/Desk.h"
 
 #include <QCheckBox>
@@ -14,8 +15,10 @@
 #include <QMenu>
 #include <QStyleFactory>
 #include <QTest>
+#include <QTranslator>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -146,6 +149,76 @@ void drawPreferences(const QDir& folder) {
     grab(window, folder, "preferences-general-unfolded");
 }
 
+// Longer by about two fifths, as other languages are.
+class Wordy : public QTranslator {
+public:
+    QString translate(const char*, const char* text, const char*, int) const override {
+        const QString words = QString::fromUtf8(text);
+        return words + u' ' + words.left(words.size() * 2 / 5).trimmed();
+    }
+
+    bool isEmpty() const override { return false; }
+};
+
+void drawSetup(const QDir& folder) {
+    const auto make = [] { return std::make_unique<SetupWindow>(SetupWindow::Commands{[] {}, [] {}}); };
+    const auto draw = [&](SetupWindow& window, const char* name) { grab(window, folder, name); };
+    auto window = make();
+    window->makeKeyAndOrderFront();
+    TKInstructionView& view = window->instructionView();
+    draw(*window, "setup-0");
+    for (const char* name : {"setup-1", "setup-2", "setup-3", "setup-4"}) {
+        view.moveToStep(view.lastStepNumber() + 1, false);
+        draw(*window, name);
+    }
+    view.moveToStep(2, false);
+    view.subMoveToStep(3, true);
+    auto* turn = view.findChild<QVariantAnimation*>(QStringLiteral("turn"));
+    turn->pause();
+    turn->setCurrentTime(TKInstructionView::kTurnMs * 2 / 5);
+    draw(*window, "setup-turning");
+    view.moveToStep(1, false);
+    view.setFocus(Qt::TabFocusReason);
+    draw(*window, "setup-focus-page");
+    QTest::keyClick(&view, Qt::Key_Tab);
+    draw(*window, "setup-focus-row");
+    window->resize(1000, 800);
+    draw(*window, "setup-large");
+    window->resize(440, 500);
+    view.moveToStep(3, false);
+    draw(*window, "setup-small");
+    window.reset();
+    const Wordy wordy;
+    QCoreApplication::installTranslator(const_cast<Wordy*>(&wordy));
+    window = make();
+    window->makeKeyAndOrderFront();
+    draw(*window, "setup-long-0");
+    window->instructionView().moveToStep(3, false);
+    draw(*window, "setup-long-3");
+    window.reset();
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPixelSize(QFontInfo(usual).pixelSize() * 7 / 4);
+    QApplication::setFont(large);
+    window = make();
+    window->makeKeyAndOrderFront();
+    draw(*window, "setup-long-large-0");
+    QCoreApplication::removeTranslator(const_cast<Wordy*>(&wordy));
+    window = make();
+    window->makeKeyAndOrderFront();
+    draw(*window, "setup-large-font-0");
+    window->instructionView().moveToStep(4, false);
+    draw(*window, "setup-large-font-4");
+    QApplication::setFont(usual);
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    window = make();
+    window->makeKeyAndOrderFront();
+    draw(*window, "setup-mirrored-0");
+    window->instructionView().moveToStep(2, false);
+    draw(*window, "setup-mirrored-2");
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 void drawAll(const QDir& folder) {
     {
         Scene scene("first-start");
@@ -211,6 +284,7 @@ void drawAll(const QDir& folder) {
         scene.save(folder);
     }
     drawPreferences(folder);
+    drawSetup(folder);
     Scene scene("labels");
     scene.work();
     scene.show();

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "interface/setup/TKInstructionView.h"
+
+#include <QPushButton>
+
+#include <functional>
+
+// Takes the main window's place while the desktop does not let Ticklog look: shows how that is changed, and restarts
+// Ticklog afterwards.
+class SetupWindow : public QWidget {
+    Q_OBJECT
+public:
+    // As wide and high as it is meant to be; more where texts need it, less where the screen is small.
+    static constexpr QSize kSize{640, 628};
+
+    struct Commands {
+        std::function<void()> relaunch;
+        std::function<void()> quit;
+    };
+
+    explicit SetupWindow(Commands commands);
+
+    TKInstructionView& instructionView() const { return *m_instructionView; }
+    QPushButton& restartButton() const { return *m_restartButton; }
+
+    void makeKeyAndOrderFront();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    QSize restartSize() const;
+    // Of the strip below the rows.
+    int barHeight() const;
+    void layOut();
+    void centre();
+
+    Commands m_commands;
+    TKInstructionView* m_instructionView;
+    QPushButton* m_restartButton;
+};

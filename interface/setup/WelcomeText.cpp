@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "interface/setup/WelcomeText.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kFontPixels = 24;
+constexpr double kSmallestFontPixels = 11;
+// Of the font's own height: as wanted, and where room is scarce.
+constexpr double kLineHeight = 1.5;
+constexpr double kTightLineHeight = 1.2;
+// The column, and the lower edges of the two boxes from the page's lower edge, upwards.
+constexpr double kX = 60;
+constexpr double kWidth = 325;
+constexpr double kBoxHeight = 200;
+constexpr double kFirstY = 60;
+constexpr double kSecondY = -75;
+// What stays free above and below, and between the two.
+constexpr double kMargin = 24;
+constexpr double kGap = 14;
+
+const QColor kFirstColour = Qt::white;
+const QColor kSecondColour(200, 230, 255);
+
+QFont fontOf(double pixels) {
+    QFont font;
+    // Georgia comes with few desktops; Gelasio was made to take its place.
+    font.setFamilies({QStringLiteral("Georgia"), QStringLiteral("Gelasio"), QStringLiteral("Noto Serif"),
+                      QStringLiteral("DejaVu Serif Condensed"), QStringLiteral("serif")});
+    font.setStyleHint(QFont::Serif);
+    font.setBold(true);
+    font.setItalic(true);
+    font.setPixelSize(qRound(pixels));
+    return font;
+}
+
+struct Setting {
+    double fontPixels;
+    double lineHeight;
+};
+
+// Text wrapped in the column.
+class Column {
+public:
+    Column(const QString& text, const Setting& setting, Qt::LayoutDirection direction)
+        : m_layout(text, fontOf(setting.fontPixels)) {
+        const bool isLastResort = setting.fontPixels <= kSmallestFontPixels;
+        QTextOption option(direction == Qt::RightToLeft ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
+        option.setTextDirection(direction);
+        option.setWrapMode(isLastResort ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::WordWrap);
+        m_layout.setTextOption(option);
+        m_layout.beginLayout();
+        double y = 0;
+        for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
+            line.setLineWidth(kWidth);
+            line.setPosition({0, y});
+            m_isTooWide |= line.naturalTextWidth() > kWidth;
+            // What a line gets beyond its own height is below it; the last has nothing to keep off.
+            m_height = y + line.height();
+            y += line.height() * setting.lineHeight;
+        }
+        m_layout.endLayout();
+    }
+
+    double height() const { return m_height; }
+    // Whether there is a word that is longer than a line.
+    bool isTooWide() const { return m_isTooWide; }
+
+    void paint(QPainter& painter, const QPointF& place, const QColor& colour) const {
+        painter.setPen(colour);
+        m_layout.draw(&painter, place);
+    }
+
+private:
+    QTextLayout m_layout;
+    double m_height = 0;
+    bool m_isTooWide = false;
+};
+
+} // namespace
+
+WelcomeText::WelcomeText(const QString& first, const QString& second, double textScale,
+                         Qt::LayoutDirection direction)
+    : m_first(first)
+    , m_second(second)
+    , m_textScale(textScale)
+    , m_direction(direction) {}
+
+WelcomeText::Places WelcomeText::places(int pageHeight) const {
+    for (double pixels = std::round(kFontPixels * m_textScale);; --pixels)
+        for (const double lineHeight : {kLineHeight, kTightLineHeight}) {
+            const Column first(m_first, {pixels, lineHeight}, m_direction);
+            const Column second(m_second, {pixels, lineHeight}, m_direction);
+            double firstTop = pageHeight - kFirstY - kBoxHeight;
+            double secondTop = std::max(pageHeight - kSecondY - kBoxHeight, firstTop + first.height() + kGap);
+            const double excess = std::max(0.0, secondTop + second.height() - (pageHeight - kMargin));
+            // Only as much of it as cannot be had by moving the second line alone.
+            secondTop -= excess;
+            firstTop = std::min(firstTop, secondTop - kGap - first.height());
+            const bool fits = firstTop >= kMargin && !first.isTooWide() && !second.isTooWide();
+            if (!fits && pixels > kSmallestFontPixels)
+                continue;
+            return {.first = {kX, firstTop, kWidth, first.height()},
+                    .second = {kX, secondTop, kWidth, second.height()},
+                    .fontPixels = pixels,
+                    .lineHeight = lineHeight};
+        }
+}
+
+void WelcomeText::paint(QPainter& painter, int pageHeight) const {
+    const Places where = places(pageHeight);
+    const Setting setting{where.fontPixels, where.lineHeight};
+    Column(m_first, setting, m_direction).paint(painter, where.first.topLeft(), kFirstColour);
+    Column(m_second, setting, m_direction).paint(painter, where.second.topLeft(), kSecondColour);
+}
