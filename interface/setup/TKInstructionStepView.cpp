@@ -47,7 +47,7 @@ TKInstructionStepView::TKInstructionStepView(const QRect& frame, TKInstructionVi
     m_textField->setWordWrap(true);
     m_textField->setAttribute(Qt::WA_TransparentForMouseEvents);
     QPalette white;
-    white.setColor(QPalette::WindowText, Qt::white);
+    white.setColor(m_textField->foregroundRole(), Qt::white);
     m_textField->setPalette(white);
     connect(this, &QAbstractButton::clicked, this,
             [this] { m_controllingView.setToStepNumber(m_stepNumber); });
@@ -91,6 +91,8 @@ void TKInstructionStepView::layOut() {
     const bool isMirrored = isRightToLeft();
     const int badgeX = isMirrored ? width() - kMargin - m_badgeView->width() : kMargin;
     const int textX = isMirrored ? kMargin : kMargin + m_badgeView->width() + kBadgeGap;
+    const Qt::Alignment side = isMirrored ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft;
+    m_textField->setAlignment(side | Qt::AlignVCenter);
     m_badgeView->move(badgeX, (height() - m_badgeView->height()) / 2);
     m_textField->setGeometry(textX, (height() - textHeight) / 2, space, textHeight);
 }

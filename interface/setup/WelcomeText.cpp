@@ -20,8 +20,8 @@ constexpr double kBoxHeight = 200;
 constexpr double kFirstY = 60;
 constexpr double kSecondY = -75;
 // What stays free above and below, and between the two.
-constexpr double kMargin = 24;
-constexpr double kGap = 14;
+constexpr double kMargin = 8;
+constexpr double kGap = 20;
 
 const QColor kFirstColour = Qt::white;
 const QColor kSecondColour(200, 230, 255);
@@ -50,7 +50,8 @@ public:
         : m_layout(text, fontOf(setting.fontPixels)) {
         const bool isLastResort = setting.fontPixels <= kSmallestFontPixels;
         QTextOption option(direction == Qt::RightToLeft ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
-        option.setTextDirection(direction);
+        // A text that is in no language of that direction reads by its own.
+        option.setTextDirection(Qt::LayoutDirectionAuto);
         option.setWrapMode(isLastResort ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::WordWrap);
         m_layout.setTextOption(option);
         m_layout.beginLayout();

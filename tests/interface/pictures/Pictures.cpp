@@ -161,10 +161,16 @@ public:
 };
 
 void drawSetup(const QDir& folder) {
-    const auto make = [] { return std::make_unique<SetupWindow>(SetupWindow::Commands{[] {}, [] {}}); };
+    const auto make = [] {
+        auto made = std::make_unique<SetupWindow>(SetupWindow::Commands{[] {}, [] {}});
+        const QSize wanted = made->size();
+        made->makeKeyAndOrderFront();
+        // The screen is not there and need not be large enough.
+        made->resize(wanted);
+        return made;
+    };
     const auto draw = [&](SetupWindow& window, const char* name) { grab(window, folder, name); };
     auto window = make();
-    window->makeKeyAndOrderFront();
     TKInstructionView& view = window->instructionView();
     draw(*window, "setup-0");
     for (const char* name : {"setup-1", "setup-2", "setup-3", "setup-4"}) {
@@ -191,7 +197,6 @@ void drawSetup(const QDir& folder) {
     const Wordy wordy;
     QCoreApplication::installTranslator(const_cast<Wordy*>(&wordy));
     window = make();
-    window->makeKeyAndOrderFront();
     draw(*window, "setup-long-0");
     window->instructionView().moveToStep(3, false);
     draw(*window, "setup-long-3");
@@ -201,18 +206,15 @@ void drawSetup(const QDir& folder) {
     large.setPixelSize(QFontInfo(usual).pixelSize() * 7 / 4);
     QApplication::setFont(large);
     window = make();
-    window->makeKeyAndOrderFront();
     draw(*window, "setup-long-large-0");
     QCoreApplication::removeTranslator(const_cast<Wordy*>(&wordy));
     window = make();
-    window->makeKeyAndOrderFront();
     draw(*window, "setup-large-font-0");
     window->instructionView().moveToStep(4, false);
     draw(*window, "setup-large-font-4");
     QApplication::setFont(usual);
     QApplication::setLayoutDirection(Qt::RightToLeft);
     window = make();
-    window->makeKeyAndOrderFront();
     draw(*window, "setup-mirrored-0");
     window->instructionView().moveToStep(2, false);
     draw(*window, "setup-mirrored-2");
