@@ -22,4 +22,4 @@ Engine::Engine(Platform& platform, Hooks hooks)
                          platform.runLoop,          platform.clock,      platform.log}
     , m_trackerServices{m_storeServices, m_activityServices, platform.defaults,
                         m_idleTime,      platform.sandbox,   std::move(hooks.checkAccessibilityTrust)}
-    , m_tracker(m_trackerServices) {}
+    , m_tracker(m_trackerServices, hooks.makeActivator) {}

@@ -15,6 +15,8 @@ public:
         SystemIdleTime::Exit exit;
         // Asks for accessibility trust when a start is refused for want of it.
         std::function<void()> checkAccessibilityTrust;
+        // Makes another activity source than every tracker gets.
+        TimeTracker::MakeActivator makeActivator;
     };
 
     Engine(Platform& platform, Hooks hooks);

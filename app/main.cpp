@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
 
     controller.awakeFromNib();
     // Whether a new window comes to the front is the window manager's business; it is not fought for.
-    controller.window().show();
+    controller.shownWindow().show();
     delegate.applicationDidFinishLaunching();
     desktop.platform().runLoop.performSoon([&] { openFile(commandLine.file); });
     const int status = QApplication::exec();

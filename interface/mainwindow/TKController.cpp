@@ -12,10 +12,13 @@
 #include <QApplication>
 #include <QLineEdit>
 
-TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit)
+TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
+                           const TimeTracker::MakeActivator& makeActivator)
     : m_platform(platform)
     , m_alerts(alerts)
-    , m_engine(platform, {.exit = std::move(exit), .checkAccessibilityTrust = {}})
+    , m_engine(platform, {.exit = std::move(exit),
+                          .checkAccessibilityTrust = {},
+                          .makeActivator = makeActivator})
     , m_projectNodes(m_engine.services().store)
     , m_projects(m_engine.services().store, platform.defaults, platform.folders.documents)
     , m_appTreeController(TimeTreeModel::sourceOf(m_engine.tracker()), platform.runLoop,
@@ -152,17 +155,27 @@ void TKController::connectOutline() {
 }
 
 void TKController::awakeFromNib() {
-    if (!m_engine.tracker().isAXEnabled())
+    if (!m_engine.tracker().isAXEnabled()) {
+        m_setupWindow.emplace(SetupWindow::Commands{.relaunch = [] {}, .quit = [this] { m_appDelegate.terminate(); }});
+        m_setupWindow->makeKeyAndOrderFront();
+        m_window.close();
         return;
+    }
     if (!m_platform.defaults.boolForKey(kStartTicklogOnNextLaunch))
         return;
     m_platform.defaults.setObject(kStartTicklogOnNextLaunch, false);
     m_timer.startTimer();
 }
 
+QWidget& TKController::shownWindow() {
+    return m_setupWindow ? static_cast<QWidget&>(*m_setupWindow) : m_window;
+}
+
 void TKController::setWindowStateShown(bool isShown) {
     if (!isShown)
         return;
+    if (m_setupWindow)
+        return m_setupWindow->makeKeyAndOrderFront();
     m_window.setWindowState((m_window.windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
     m_window.show();
     m_window.raise();

@@ -12,6 +12,7 @@
 #include "interface/outline/ProgramCell.h"
 #include "interface/outline/TimeTreeModel.h"
 #include "interface/pasteboard/TimePasteboard.h"
+#include "interface/setup/SetupWindow.h"
 #include "interface/shell/TKApplicationDelegate.h"
 #include "interface/sidebar/TKProjectController.h"
 
@@ -26,16 +27,21 @@ class Alerts;
 class TKController : public TimerDisplay {
 public:
     // Reads the main store. `exit` ends the process when there is no display at all. The rest must outlive
-    // this, and so must the QApplication.
-    TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit);
+    // this, and so must the QApplication. `makeActivator` makes another activity source than every tracker gets.
+    TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
+                 const TimeTracker::MakeActivator& makeActivator = {});
     TKController(const TKController&) = delete;
     TKController& operator=(const TKController&) = delete;
     ~TKController() override;
 
-    // Once, before the window is shown: starts the timer if the last run asked for it.
+    // Once, before the window is shown: starts the timer if the last run asked for it. If the activity source is not
+    // trusted, shows the setup window in the main window's place instead, and leaves it at that.
     void awakeFromNib();
 
-    // Brings the window to the front.
+    // What people see of Ticklog: the setup window where there is one, else the main window.
+    QWidget& shownWindow();
+
+    // Brings the shown window to the front.
     void displayMainWindow() { setWindowStateShown(true); }
 
     // The same; false does nothing.
@@ -169,4 +175,6 @@ private:
     // The same: an archive is of the timers that have been read.
     std::optional<TKExportController> m_exportController;
     std::optional<MainCommands> m_commands;
+    // Only where trust was missing at launch.
+    std::optional<SetupWindow> m_setupWindow;
 };

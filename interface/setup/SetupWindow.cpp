@@ -38,7 +38,7 @@ SetupWindow::SetupWindow(Commands commands)
     m_restartButton->installEventFilter(this);
     connect(m_restartButton, &QPushButton::clicked, this, [this] { m_commands.relaunch(); });
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
-    connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this,
+    connect(new QShortcut(Qt::CTRL | Qt::Key_Q, this), &QShortcut::activated, this,
             [this] { m_commands.quit(); });
     const int wanted =
         TKInstructionView::kPageHeight + m_instructionView->rowsHeight(kSize.width()) + barHeight();

@@ -55,7 +55,7 @@ void TKInstructionView::setToStepNumber(int step) {
 
 void TKInstructionView::moveToStep(int step, bool withAnimation) {
     m_target = step;
-    if (!withAnimation || !isAnimated())
+    if (!withAnimation)
         turnTo(step, false);
     else if (m_turn.state() == QVariantAnimation::Stopped)
         turnTowardsTarget();
@@ -67,8 +67,12 @@ void TKInstructionView::subMoveToStep(int step, bool withAnimation) {
 }
 
 void TKInstructionView::turnTowardsTarget() {
-    if (m_target != m_lastStepNumber)
+    if (m_target == m_lastStepNumber)
+        return;
+    if (isAnimated())
         turnTo(m_lastStepNumber + (m_target > m_lastStepNumber ? 1 : -1), true);
+    else
+        turnTo(m_target, false);
 }
 
 void TKInstructionView::turnTo(int step, bool withAnimation) {
