@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interface/setup/SetupWindow.h"
 
-#include "interface/setup/SetupAccessibility.h"
 #include "interface/setup/TKInstructionStepView.h"
 #include "interface/shell/Images.h"
 #include "platform/foundation/LocalizedStrings.h"
@@ -29,7 +28,6 @@ SetupWindow::SetupWindow(Commands commands)
     : m_commands(std::move(commands))
     , m_instructionView(new TKInstructionView({0, 0, kSize.width(), TKInstructionView::kPageHeight}, this))
     , m_restartButton(new QPushButton(localized("Restart"), this)) {
-    installSetupAccessibility();
     setObjectName(QStringLiteral("setupWindow"));
     setWindowTitle(QStringLiteral("Ticklog"));
     setAccessibleName(windowTitle());

@@ -184,6 +184,7 @@ void drawSetup(const QDir& folder) {
     turn->setCurrentTime(TKInstructionView::kTurnMs * 2 / 5);
     draw(*window, "setup-turning");
     view.moveToStep(1, false);
+    view.clearFocus();
     view.setFocus(Qt::TabFocusReason);
     draw(*window, "setup-focus-page");
     QTest::keyClick(&view, Qt::Key_Tab);
