@@ -8,8 +8,10 @@
 #include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/FreedesktopFileViewer.h"
 #include "platform/linux/JournalLog.h"
+#include "platform/linux/LinuxOwnProgram.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/LinuxSandbox.h"
+#include "platform/linux/LinuxServiceManagement.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
 #include "platform/linux/SettingsWatch.h"
@@ -41,6 +43,8 @@ struct LinuxPlatform::BackEnds {
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
     LinuxSandbox sandbox = LinuxSandbox::ofThisProcess();
+    LinuxServiceManagement serviceManagement{systemBus, log, LinuxServiceManagement::Places::ofThisMachine()};
+    LinuxOwnProgram ownProgram;
     std::unique_ptr<Platform> platform;
     // Ends the calls at every wake-up.
     QObject awakeContext;
@@ -49,7 +53,8 @@ struct LinuxPlatform::BackEnds {
 LinuxPlatform::BackEnds::BackEnds() {
     platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
                                                    frontApplication, desktop.windowList(), desktop.idleTime(),
-                                                   power, sessionEvents, accessibility, fileViewer, sandbox});
+                                                   power, sessionEvents, accessibility, fileViewer, sandbox,
+                                                   serviceManagement, ownProgram});
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,

@@ -48,5 +48,11 @@ public:
                                                                 std::function<void()> callback) = 0;
     // Opens the place where the user grants trust.
     virtual void openPreferences() = 0;
+    // Whether the desktop itself can ask the user for trust.
+    virtual bool canPromptForTrust() const = 0;
+    // Has the desktop ask the user. REQUIRES: canPromptForTrust().
+    virtual void promptForTrust() = 0;
+    // Tells the desktop's accessibility service, by a message without content, that trust was missed.
+    virtual void sendTrustWarning() = 0;
     virtual QString describe() const = 0;
 };

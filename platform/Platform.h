@@ -6,8 +6,10 @@
 #include "platform/Folders.h"
 #include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
+#include "platform/OwnProgram.h"
 #include "platform/PowerEvents.h"
 #include "platform/Sandbox.h"
+#include "platform/ServiceManagement.h"
 #include "platform/SessionEvents.h"
 #include "platform/WindowList.h"
 #include "platform/foundation/Clock.h"
@@ -32,4 +34,6 @@ struct Platform {
     Accessibility& accessibility;
     FileViewer& fileViewer;
     Sandbox& sandbox;
+    ServiceManagement& serviceManagement;
+    OwnProgram& ownProgram;
 };

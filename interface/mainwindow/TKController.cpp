@@ -16,8 +16,10 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
                            const TimeTracker::MakeActivator& makeActivator)
     : m_platform(platform)
     , m_alerts(alerts)
-    , m_engine(platform,
-               {.exit = std::move(exit), .checkAccessibilityTrust = {}, .makeActivator = makeActivator})
+    , m_engine(platform, {.exit = std::move(exit),
+                          .checkAccessibilityTrust =
+                              [this] { m_appDelegate.authorization().checkAccessibilityTrust(); },
+                          .makeActivator = makeActivator})
     , m_projectNodes(m_engine.services().store)
     , m_projects(m_engine.services().store, platform.defaults, platform.folders.documents)
     , m_appTreeController(TimeTreeModel::sourceOf(m_engine.tracker()), platform.runLoop,
@@ -156,7 +158,8 @@ void TKController::connectOutline() {
 void TKController::awakeFromNib() {
     if (!m_engine.tracker().isAXEnabled()) {
         m_setupWindow.emplace(
-            SetupWindow::Commands{.relaunch = [] {}, .quit = [this] { m_appDelegate.terminate(); }});
+            SetupWindow::Commands{.relaunch = [this] { m_appDelegate.authorization().relaunchApp(); },
+                                  .quit = [this] { m_appDelegate.terminate(); }});
         m_setupWindow->makeKeyAndOrderFront();
         m_window.close();
         return;

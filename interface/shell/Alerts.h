@@ -30,11 +30,12 @@ public:
         QString alternateButton;
         // None, unless it has a text.
         QString otherButton;
+        // What closing the question counts as: the button that changes nothing.
+        Answer whenClosed = Default;
     };
 
     virtual ~Alerts() = default;
 
-    // Closing the question counts as the default button, which is always the one that changes nothing.
     virtual int ask(const Question& question) = 0;
     // Where to save a database file; absent when the user thinks better of it. Begins at `path`. An existing
     // file is pointed out only if `replaces`.

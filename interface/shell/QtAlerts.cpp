@@ -49,18 +49,24 @@ int QtAlerts::ask(const Question& question) {
     box.setWindowTitle(QStringLiteral("Ticklog"));
     box.setText(question.message);
     box.setInformativeText(question.informativeText);
-    QPushButton* keep = box.addButton(question.defaultButton, QMessageBox::RejectRole);
-    const QPushButton* alternate = box.addButton(question.alternateButton, QMessageBox::AcceptRole);
+    const bool keeps = question.whenClosed == Default;
+    QPushButton* first =
+        box.addButton(question.defaultButton, keeps ? QMessageBox::RejectRole : QMessageBox::AcceptRole);
+    QPushButton* alternate =
+        box.addButton(question.alternateButton, keeps ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
     const QPushButton* other = question.otherButton.isEmpty()
                                    ? nullptr
                                    : box.addButton(question.otherButton, QMessageBox::ActionRole);
-    box.setDefaultButton(keep);
-    box.setEscapeButton(keep);
+    box.setDefaultButton(first);
+    box.setEscapeButton(keeps ? first : alternate);
     makeRoom(box);
     box.exec();
-    if (box.clickedButton() == alternate)
+    const QAbstractButton* clicked = box.clickedButton();
+    if (clicked == first)
+        return Default;
+    if (clicked == alternate)
         return Alternate;
-    return other && box.clickedButton() == other ? Other : Default;
+    return other && clicked == other ? Other : question.whenClosed;
 }
 
 std::optional<QString> QtAlerts::chooseSaveLocation(const QString& message, const QString& path,

@@ -21,7 +21,11 @@ constexpr auto kSaveTolerance = 30s;
 TKApplicationDelegate::TKApplicationDelegate(TKController& controller, Platform& platform, Alerts& alerts)
     : m_controller(controller)
     , m_platform(platform)
-    , m_alerts(alerts) {}
+    , m_alerts(alerts)
+    , m_authorization(platform, alerts,
+                      {.activate = [this] { activateIgnoringOtherApps(true); },
+                       .openUniversalAccessPreferences =
+                           [this] { m_controller.tracker().openUniversalAccessPreferences(); }}) {}
 
 TKApplicationDelegate::~TKApplicationDelegate() {
     m_platform.session.observe({});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/shell/AppAuthorization.h"
 #include "platform/Platform.h"
 
 #include <QObject>
@@ -45,10 +46,14 @@ public:
 
     void updateMenuIconState() {}
 
+    // How the program comes to be trusted, and starts itself anew.
+    AppAuthorization& authorization() { return m_authorization; }
+
 private:
     TKController& m_controller;
     Platform& m_platform;
     Alerts& m_alerts;
+    AppAuthorization m_authorization;
     std::unique_ptr<RunLoopTimer> m_saveTimer;
     // What Qt's signals are received by.
     QObject m_receiver;

@@ -78,6 +78,7 @@ AtspiAccessibility::AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, System
     : m_runLoop(runLoop)
     , m_log(log)
     , m_launcher(sessionBus, QStringLiteral("org.a11y.Bus"))
+    , m_notice(sessionBus, log, [this] { openPreferences(); })
     , m_watchers(new Watchers)
     , m_presence(m_launcher.observe([this] { followPresence(); }))
     , m_self(std::make_shared<AtspiAccessibility*>(this)) {
@@ -127,6 +128,10 @@ std::unique_ptr<AccessibilityObserver> AtspiAccessibility::makeObserver(std::int
 void AtspiAccessibility::openPreferences() {
     m_launcher.call(kLauncherPath, kPropertiesInterface, QStringLiteral("Set"),
                     {kStatus, kIsEnabled, QVariant::fromValue(QDBusVariant(true))});
+}
+
+void AtspiAccessibility::sendTrustWarning() {
+    m_launcher.call(kLauncherPath, QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"), {});
 }
 
 QString AtspiAccessibility::describe() const {

@@ -3,6 +3,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/atspi/AtspiDesktop.h"
+#include "platform/atspi/TrustNotice.h"
 #include "platform/bus/BusService.h"
 
 // What programs tell assistive programs over AT-SPI. Trust is the desktop's own switch, org.a11y.Status
@@ -27,6 +28,14 @@ public:
                                                         std::function<void()> callback) override;
     // Turns the desktop's switch on: hardly any desktop has a place where the user could.
     void openPreferences() override;
+
+    bool canPromptForTrust() const override { return true; }
+
+    // A notice with a button that turns the switch on.
+    void promptForTrust() override { m_notice.show(); }
+
+    // Wakes the service that has the switch.
+    void sendTrustWarning() override;
     QString describe() const override;
 
 private:
@@ -50,6 +59,7 @@ private:
     RunLoop& m_runLoop;
     SystemLog& m_log;
     BusService m_launcher;
+    TrustNotice m_notice;
     bool m_isEnabled = false;
     bool m_isBegun = false;
     QString m_address;

@@ -94,6 +94,12 @@ public:
 
     void openPreferences() override { ++preferencesOpened; }
 
+    bool canPromptForTrust() const override { return canPrompt; }
+
+    void promptForTrust() override { ++prompts; }
+
+    void sendTrustWarning() override { ++warnings; }
+
     QString describe() const override { return QStringLiteral("a fake"); }
 
     // An application tells of a change.
@@ -111,5 +117,9 @@ public:
     // Whether observers can be made.
     bool observable = true;
     int preferencesOpened = 0;
+    // Whether the desktop can ask for trust, and how often it was made to.
+    bool canPrompt = true;
+    int prompts = 0;
+    int warnings = 0;
     std::shared_ptr<FakeAccessibilityState> state = std::make_shared<FakeAccessibilityState>();
 };

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "tests/fakes/FakeAccessibility.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeServiceManagement.h"
 #include "tests/fakes/RecordingLog.h"
 
 #include <QTemporaryDir>
@@ -31,6 +32,9 @@ struct FakePlatform {
     FakeAccessibility accessibility;
     FakeFileViewer fileViewer;
     FakeSandbox sandbox;
-    Platform platform{clock,      runLoop,  log,   notifications, defaults,      folders,    frontApplication,
-                      windowList, idleTime, power, session,       accessibility, fileViewer, sandbox};
+    FakeServiceManagement serviceManagement{runLoop};
+    FakeOwnProgram ownProgram{folders.settingsFile};
+    Platform platform{
+        clock,    runLoop, log,     notifications, defaults,   folders, frontApplication,  windowList,
+        idleTime, power,   session, accessibility, fileViewer, sandbox, serviceManagement, ownProgram};
 };

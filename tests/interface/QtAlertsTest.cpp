@@ -21,7 +21,8 @@ struct QtAlertsTest : testing::Test {
             act(*box);
         });
         return alerts.ask({QStringLiteral("Really?"), QStringLiteral("It cannot be undone."),
-                           QStringLiteral("Keep"), QStringLiteral("Delete"), QStringLiteral("Later")});
+                           QStringLiteral("Keep"), QStringLiteral("Delete"), QStringLiteral("Later"),
+                           whenClosed});
     }
 
     int answerTo(const char* button) {
@@ -32,6 +33,7 @@ struct QtAlertsTest : testing::Test {
         });
     }
 
+    Alerts::Answer whenClosed = Alerts::Default;
     QtAlerts alerts;
     QString shown;
 };
@@ -52,4 +54,16 @@ TEST_F(QtAlertsTest, escapeAndReturn_changeNothing) {
 
 TEST_F(QtAlertsTest, aClosedBox_changesNothing) {
     EXPECT_EQ(answerTo([](QMessageBox& box) { box.close(); }), Alerts::Default);
+}
+
+TEST_F(QtAlertsTest, aQuestionWhoseDefaultButtonActs_isClosedByTheOther) {
+    whenClosed = Alerts::Alternate;
+    EXPECT_EQ(answerTo([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }), Alerts::Default);
+    EXPECT_EQ(answerTo([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), Alerts::Alternate);
+    EXPECT_EQ(answerTo([](QMessageBox& box) { box.close(); }), Alerts::Alternate);
+    EXPECT_EQ(answerTo([](QMessageBox& box) { box.done(QDialog::Rejected); }), Alerts::Alternate);
+    for (const auto& [button, answer] :
+         {std::pair("Keep", Alerts::Default), std::pair("Delete", Alerts::Alternate),
+          std::pair("Later", Alerts::Other)})
+        EXPECT_EQ(answerTo(button), answer) << button;
 }

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "interface/shell/AppAuthorization.h"
+
+#include "Classes/Settings.h"
+#include "interface/shell/Alerts.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QPointer>
+
+namespace {
+
+const QString kHelperLabel = QStringLiteral("org.ticklog.TKAXTrusted");
+
+} // namespace
+
+AppAuthorization::AppAuthorization(Platform& platform, Alerts& alerts, Actions actions)
+    : m_platform(platform)
+    , m_alerts(alerts)
+    , m_actions(std::move(actions)) {}
+
+void AppAuthorization::checkAccessibilityTrust() {
+    if (m_platform.accessibility.canPromptForTrust() && !m_platform.sandbox.isSandboxed()) {
+        m_platform.accessibility.promptForTrust();
+        m_platform.accessibility.sendTrustWarning();
+        return;
+    }
+    m_actions.activate();
+    const int answer = m_alerts.ask(
+        {.message = localized(
+             "Ticklog monitors the active time spent in each application. To enable this tracking you "
+             "must give Ticklog permission to gather this data from the system."),
+         .informativeText =
+             localized("Security protections built into OS X prevent monitoring the status of other "
+                       "applications without "
+                       "user authorization. In order to protect your privacy, this action will authorize "
+                       "Ticklog to track "
+                       "your applications while maintaining the normal system wide security precautions."),
+         .defaultButton = localized("Authorize Ticklog"),
+         .alternateButton = localized("Cancel Start"),
+         .otherButton = {},
+         .whenClosed = Alerts::Alternate});
+    if (answer == Alerts::Default)
+        makeAppTrustedAndRelaunch();
+    else if (answer == Alerts::Other)
+        m_actions.openUniversalAccessPreferences();
+}
+
+void AppAuthorization::installBlessing(bool secondAttempt) {
+    m_platform.defaults.setObject(kStartTicklogOnNextLaunch, true);
+    ServiceManagement& services = m_platform.serviceManagement;
+    const std::shared_ptr<ServiceAuthorization> authorization = services.createAuthorization();
+    if (!authorization) {
+        authFailError(std::nullopt);
+        return;
+    }
+    services.removeJob(kHelperLabel, *authorization);
+    services.bless(kHelperLabel, *authorization,
+                   [receiver = QPointer(&m_receiver), this, secondAttempt, authorization](bool isInstalled) {
+                       if (receiver)
+                           blessed(isInstalled, secondAttempt, *authorization);
+                   });
+}
+
+void AppAuthorization::blessed(bool isInstalled, bool secondAttempt,
+                               const ServiceAuthorization& authorization) {
+    ServiceManagement& services = m_platform.serviceManagement;
+    // A helper of another version may be there and answer; if not, that is told by the connection.
+    if (!isInstalled)
+        m_platform.log.log(QStringLiteral("Error (null)"));
+    if (const auto job = services.copyJobDictionary(kHelperLabel))
+        services.submitJob(*job, authorization);
+    retrust(secondAttempt);
+}
+
+bool AppAuthorization::retrust(bool secondAttempt) {
+    m_helper = m_platform.serviceManagement.connectToHelper(
+        kHelperLabel, [this, secondAttempt](const Failure& error) {
+            // Whoever said no is not asked once more.
+            if (secondAttempt || error.kind == Failure::Kind::Refused)
+                authFailError(error);
+            else
+                installBlessing(true);
+        });
+    if (!m_helper)
+        return false;
+    m_helper->authorize(m_platform.ownProgram.executable(), [this] { trustedReply(); });
+    return true;
+}
+
+void AppAuthorization::relaunchApp() {
+    // The new instance reads them before this one could write them later.
+    m_platform.defaults.synchronize();
+    if (const Outcome relaunched = m_platform.ownProgram.relaunch(); !relaunched)
+        m_platform.log.log(
+            QStringLiteral("Ticklog could not be started anew: %1").arg(relaunched.failure().text));
+}
+
+void AppAuthorization::authFailError(const std::optional<Failure>& error) {
+    const QString explanation =
+        m_platform.accessibility.canPromptForTrust()
+            ? localized("Please choose the 'Enable access for assistive devices.' checkbox in the Secuirty > "
+                        "Privacy > Accessibility system preferences.")
+            : localized("Please choose the 'Enable access for assistive devices.' checkbox in the Universal "
+                        "Access system preferences.");
+    m_platform.defaults.setObject(kStartTicklogOnNextLaunch, false);
+    m_actions.activate();
+    const int answer = m_alerts.ask({.message = error ? error->text : localized("An error was encountered."),
+                                     .informativeText = explanation,
+                                     .defaultButton = localized("Open Preference Panel"),
+                                     .alternateButton = localized("Cancel"),
+                                     .otherButton = {},
+                                     .whenClosed = Alerts::Alternate});
+    if (answer == Alerts::Default)
+        m_actions.openUniversalAccessPreferences();
+}
