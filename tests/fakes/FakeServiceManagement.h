@@ -3,15 +3,18 @@
 
 #include "platform/OwnProgram.h"
 #include "platform/ServiceManagement.h"
-#include "tests/fakes/ManualRunLoop.h"
+#include "platform/foundation/RunLoop.h"
 
 #include <QFile>
+#include <QStringList>
+
+#include <vector>
 
 // A machine whose services behave as told, and which remembers what was done to them. Helpers answer in the next turn of
 // the run loop, which must outlive it.
 class FakeServiceManagement : public ServiceManagement {
 public:
-    explicit FakeServiceManagement(ManualRunLoop& runLoop)
+    explicit FakeServiceManagement(RunLoop& runLoop)
         : m_runLoop(runLoop) {}
 
     std::unique_ptr<ServiceAuthorization> createAuthorization() override {
@@ -99,7 +102,7 @@ public:
     int authorizations = 0;
 
 private:
-    ManualRunLoop& m_runLoop;
+    RunLoop& m_runLoop;
 };
 
 // Remembers what was on the disk when it was to start anew.

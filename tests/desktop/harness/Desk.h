@@ -21,6 +21,8 @@ public:
 
     TemporaryHome& home() { return m_home; }
 
+    const TemporaryHome& home() const { return m_home; }
+
     const VirtualDisplay& display() const { return m_display; }
 
     DisplayProbe& probe() const { return *m_probe; }

@@ -10,6 +10,7 @@
 #include "tests/desktop/harness/Desk.h"
 #include "tests/fakes/FakeAccessibility.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeServiceManagement.h"
 #include "tests/fakes/RecordingLog.h"
 
 #include <QTemporaryDir>
@@ -61,9 +62,12 @@ private:
     FakeAccessibility m_accessibility;
     FakeFileViewer m_fileViewer;
     FakeSandbox m_sandbox;
+    FakeServiceManagement m_serviceManagement{m_ground.runLoop};
+    FakeOwnProgram m_ownProgram{m_folders.settingsFile};
     Platform m_platform{m_ground.clock, m_ground.runLoop, m_ground.log, m_notifications, m_defaults,
                         m_folders,      m_front,          m_windows,    m_idleTime,      m_power,
-                        m_session,      m_accessibility,  m_fileViewer, m_sandbox};
+                        m_session,      m_accessibility,  m_fileViewer, m_sandbox,       m_serviceManagement,
+                        m_ownProgram};
     Engine m_engine{m_platform, {}};
     NoDisplay m_display;
     TimerControl m_timer{m_engine.tracker(), m_engine.services(), m_display, [] {}};
