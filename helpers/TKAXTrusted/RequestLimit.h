@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Clock.h"
+
+#include <QHash>
+
+#include <deque>
+#include <sys/types.h>
+
+// How often a user may ask: a person asks once or twice, a program that asks on and on is refused. `clock` outlives it.
+class RequestLimit {
+public:
+    static constexpr std::size_t kMostRequests = 6;
+    static constexpr std::chrono::minutes kPeriod{1};
+
+    explicit RequestLimit(const Clock& clock)
+        : m_clock(clock) {}
+
+    // Counts a request, unless there have been too many within the period.
+    bool admit(uid_t user);
+
+private:
+    const Clock& m_clock;
+    QHash<uid_t, std::deque<std::chrono::nanoseconds>> m_times;
+};

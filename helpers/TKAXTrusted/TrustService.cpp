@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "helpers/TKAXTrusted/TrustService.h"
+
+#include "helpers/TKAXTrusted/ProgramCheck.h"
+#include "platform/bus/BusService.h"
+
+#include <QDBusArgument>
+
+namespace {
+
+const QString kErrors = QStringLiteral("org.ticklog.TKAXTrusted.Error.");
+constexpr const char* kBusy = "Busy";
+constexpr const char* kBadProgram = "BadProgram";
+constexpr const char* kNotAuthorized = "NotAuthorized";
+constexpr const char* kFailed = "Failed";
+
+// The user as the bus knows it.
+std::optional<uid_t> userOf(const QDBusMessage& credentials) {
+    const auto values = qdbus_cast<QVariantMap>(credentials.arguments().value(0));
+    const QVariant user = values.value(QStringLiteral("UnixUserID"));
+    if (credentials.type() != QDBusMessage::ReplyMessage || !user.isValid())
+        return std::nullopt;
+    return uid_t(user.toUInt());
+}
+
+} // namespace
+
+TrustService::TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log)
+    : m_bus(bus)
+    , m_record(std::move(record))
+    , m_log(log)
+    , m_authority(bus)
+    , m_limit(clock) {
+    m_callers.setConnection(bus.connection());
+    m_callers.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&m_callers, &QDBusServiceWatcher::serviceUnregistered, this, &TrustService::left);
+    m_idle.setSingleShot(true);
+}
+
+void TrustService::setIdleHandler(std::chrono::milliseconds patience, std::function<void()> idle) {
+    connect(&m_idle, &QTimer::timeout, this, std::move(idle));
+    m_idle.start(patience);
+}
+
+void TrustService::Authorize(const QString& program, const QDBusMessage& message) {
+    take({.message = message, .program = program, .isGrant = true});
+}
+
+void TrustService::Revoke(const QString& program, const QDBusMessage& message) {
+    take({.message = message, .program = program, .isGrant = false});
+}
+
+void TrustService::take(Request request) {
+    const QString sender = request.message.service();
+    request.message.setDelayedReply(true);
+    if (m_requests.size() >= kMostPending || m_requests.contains(sender)) {
+        m_bus.connection().send(request.message.createErrorReply(kErrors + QLatin1String(kBusy),
+                                                                 QStringLiteral("one at a time")));
+        return;
+    }
+    m_idle.stop();
+    m_requests.emplace(sender, std::move(request));
+    m_callers.addWatchedService(sender);
+    auto question = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
+                                                   QStringLiteral("GetConnectionCredentials"));
+    question << sender;
+    m_bus.call(question, this, [this, sender](const QDBusMessage& reply) { identified(sender, reply); });
+}
+
+void TrustService::identified(const QString& sender, const QDBusMessage& credentials) {
+    const auto found = m_requests.find(sender);
+    if (found == m_requests.end())
+        return;
+    Request& request = found->second;
+    const std::optional<uid_t> user = userOf(credentials);
+    if (!user) {
+        refuse(sender, kNotAuthorized, QStringLiteral("nobody knows who asks"));
+        return;
+    }
+    request.user = *user;
+    if (!m_limit.admit(*user)) {
+        refuse(sender, kBusy, QStringLiteral("too many requests: wait a minute"));
+        return;
+    }
+    if (const Outcome checked = check(request); !checked) {
+        refuse(sender, kBadProgram, checked.failure().text);
+        return;
+    }
+    request.question =
+        m_authority.check({.sender = sender,
+                           .action = request.isGrant ? QStringLiteral("org.ticklog.TKAXTrusted.authorize")
+                                                     : QStringLiteral("org.ticklog.TKAXTrusted.revoke"),
+                           .program = request.program,
+                           .isInteractive = request.message.isInteractiveAuthorizationAllowed()},
+                          [this, sender](PolkitAuthority::Verdict verdict) { judged(sender, verdict); });
+}
+
+void TrustService::judged(const QString& sender, PolkitAuthority::Verdict verdict) {
+    const auto found = m_requests.find(sender);
+    // Names of connections are never used again, so this is the request that was asked about.
+    if (found == m_requests.end())
+        return;
+    const Request& request = found->second;
+    if (verdict != PolkitAuthority::Verdict::Yes) {
+        refuse(sender, kNotAuthorized, QStringLiteral("this was not authorized"));
+        return;
+    }
+    // A person may have taken long enough for the file to be another one.
+    if (const Outcome checked = check(request); !checked) {
+        refuse(sender, kBadProgram, checked.failure().text);
+        return;
+    }
+    if (const Outcome done = carryOut(request); !done) {
+        refuse(sender, kFailed, done.failure().text);
+        return;
+    }
+    answer(sender, request.message.createReply());
+}
+
+Outcome TrustService::check(const Request& request) const {
+    // What is to be struck out may be gone.
+    return request.isGrant ? checkProgram(request.program, request.user) : checkForm(request.program);
+}
+
+Outcome TrustService::carryOut(const Request& request) {
+    const Outcome done = request.isGrant ? m_record.add(request.program) : m_record.remove(request.program);
+    if (done)
+        m_log.log(QStringLiteral("%1 is %2, as user %3 asked")
+                      .arg(request.program,
+                           request.isGrant ? QStringLiteral("trusted") : QStringLiteral("no longer trusted"))
+                      .arg(request.user));
+    return done;
+}
+
+void TrustService::left(const QString& sender) {
+    const auto found = m_requests.find(sender);
+    if (found == m_requests.end())
+        return;
+    if (found->second.question != 0)
+        m_authority.cancel(found->second.question);
+    answer(sender, {});
+}
+
+void TrustService::answer(const QString& sender, const QDBusMessage& reply) {
+    if (reply.type() != QDBusMessage::InvalidMessage)
+        m_bus.connection().send(reply);
+    m_requests.erase(sender);
+    m_callers.removeWatchedService(sender);
+    if (m_requests.empty())
+        m_idle.start();
+}
+
+void TrustService::refuse(const QString& sender, const char* error, const QString& text) {
+    answer(sender, m_requests.at(sender).message.createErrorReply(kErrors + QLatin1String(error), text));
+}
