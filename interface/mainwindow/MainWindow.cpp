@@ -2,6 +2,7 @@
 #include "interface/mainwindow/MainWindow.h"
 
 #include "interface/labels/TKLabelViewController.h"
+#include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "interface/outline/TKOutlineDisplayView.h"
@@ -86,6 +87,8 @@ QWidget* MainWindow::makeOutlinePane() {
     auto* rows = new QVBoxLayout(pane);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
+    m_obstacleBar = named(new ObstacleBar, QStringLiteral("obstacleBar"));
+    rows->addWidget(m_obstacleBar);
     m_mainTable = named(new TKOutlineDisplayView, QStringLiteral("mainTable"));
     named(m_mainTable->header(), QStringLiteral("mainTableHeader"));
     rows->addWidget(m_mainTable, 1);

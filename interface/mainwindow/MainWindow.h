@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 
+class ObstacleBar;
 class QToolBar;
 class SidebarPane;
 class SumBar;
@@ -29,6 +30,8 @@ public:
     TKSearchField& searchAppField() const { return *m_searchAppField; }
 
     SumBar& sumBar() const { return *m_sumBar; }
+
+    ObstacleBar& obstacleBar() const { return *m_obstacleBar; }
 
     QMenu& projectMenu() const { return *m_projectMenu; }
 
@@ -62,6 +65,7 @@ private:
     TKSearchField* m_searchAppField = nullptr;
     TKConstrainedSplitView* m_splitView = nullptr;
     SidebarPane* m_sidebar = nullptr;
+    ObstacleBar* m_obstacleBar = nullptr;
     TKOutlineDisplayView* m_mainTable = nullptr;
     SumBar* m_sumBar = nullptr;
     bool m_isSeen = false;

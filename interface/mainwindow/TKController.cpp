@@ -4,6 +4,7 @@
 #include "Classes/Settings.h"
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/CutoffSlider.h"
+#include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
@@ -191,6 +192,12 @@ void TKController::showToggle(const QString& image, const QString& label) {
 
 void TKController::showRecordingBadge(bool isRecording) {
     QApplication::setWindowIcon(Images::application(isRecording));
+}
+
+void TKController::refreshTimeSum() {
+    m_sum.refresh();
+    if (m_window.isSeen())
+        m_window.obstacleBar().showObstacle(m_platform.frontApplication.obstacle());
 }
 
 void TKController::showLastReset() {

@@ -50,7 +50,8 @@ public:
     // Reads the settings afresh and shows the sum by them.
     void reload();
 
-    void refreshTimeSum() override { m_sum.refresh(); }
+    // With every tick; also shows why nothing is counted, while that is so.
+    void refreshTimeSum() override;
 
     // The sum below the outline; see ShownSum::text().
     QString totalTimeStringForAllObjects(int kind, SumMode* outMode) const {

@@ -32,6 +32,8 @@ public:
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
+    QString obstacle() const override { return hindrance; }
+
     // The desktop brings an application to the front and tells of it.
     void switchTo(std::optional<ApplicationRecord> front) {
         record = std::move(front);
@@ -47,6 +49,8 @@ public:
     // By path of the program.
     QHash<QString, QString> bundleNames;
     bool tellsOfSwitches = true;
+    // Why nothing can be told; empty when it can.
+    QString hindrance;
 
 private:
     std::function<void()> m_handler;

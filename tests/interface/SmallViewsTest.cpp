@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The small views of the main window that do one thing each.
+#include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "tests/interface/ProjectDesk.h"
 
@@ -69,4 +70,25 @@ TEST_F(SmallViewsTest, aPressOnTheWordBesideTheSum_copiesTheSumInWords) {
     EXPECT_EQ(word->textInteractionFlags() & Qt::TextSelectableByMouse, Qt::NoTextInteraction);
     QTest::mousePress(word, Qt::LeftButton);
     EXPECT_EQ(str(QApplication::clipboard()->text()), "1 minute");
+}
+
+TEST_F(SmallViewsTest, aDesktopThatDoesNotTell_isExplainedAboveTheTimersUntilItDoes) {
+    const ObstacleBar& bar = controller.window().obstacleBar();
+    EXPECT_FALSE(bar.isVisible());
+    fakes.frontApplication.hindrance = QStringLiteral("This desktop does not tell. Ask it to.");
+    controller.refreshTimeSum();
+    EXPECT_TRUE(bar.isVisible());
+    const auto* text = bar.findChild<QLabel*>(QStringLiteral("obstacleText"));
+    EXPECT_EQ(str(text->text()), "This desktop does not tell. Ask it to.");
+    EXPECT_EQ(text->accessibleName(), text->text());
+    fakes.frontApplication.hindrance.clear();
+    controller.refreshTimeSum();
+    EXPECT_FALSE(bar.isVisible());
+}
+
+TEST_F(SmallViewsTest, anObstacleFromTheStart_isExplainedWhenTheWindowIsShown) {
+    controller.window().hide();
+    fakes.frontApplication.hindrance = QStringLiteral("No.");
+    show();
+    EXPECT_TRUE(controller.window().obstacleBar().isVisible());
 }

@@ -242,6 +242,15 @@ void drawAll(const QDir& folder) {
         scene.save(folder);
     }
     {
+        Scene scene("obstacle");
+        scene.work();
+        scene.fakes.frontApplication.hindrance = QStringLiteral(
+            "This Wayland desktop does not tell other programs which window is in front, so that there is "
+            "no time to credit.");
+        scene.show();
+        scene.save(folder);
+    }
+    {
         Scene scene("project");
         scene.work();
         scene.show();

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "interface/mainwindow/ObstacleBar.h"
+
+#include "interface/shell/Named.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+
+namespace {
+
+constexpr int kMargin = 12;
+constexpr int kAir = 8;
+
+} // namespace
+
+ObstacleBar::ObstacleBar(QWidget* parent)
+    : QFrame(parent)
+    , m_text(named(new QLabel, QStringLiteral("obstacleText"))) {
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    auto* icon = new QLabel;
+    icon->setPixmap(
+        style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(QSize(size, size), devicePixelRatioF()));
+    m_text->setForegroundRole(QPalette::ToolTipText);
+    m_text->setWordWrap(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    auto* cells = new QHBoxLayout(this);
+    cells->setContentsMargins(kMargin, kAir, kMargin, kAir);
+    cells->setSpacing(kAir);
+    cells->addWidget(icon, 0, Qt::AlignTop);
+    cells->addWidget(m_text, 1);
+    hide();
+}
+
+void ObstacleBar::showObstacle(const QString& text) {
+    if (m_text->text() == text)
+        return;
+    m_text->setText(text);
+    m_text->setAccessibleName(text);
+    setVisible(!text.isEmpty());
+    if (text.isEmpty())
+        return;
+    QAccessibleEvent alert(m_text, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
