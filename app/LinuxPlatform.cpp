@@ -2,6 +2,7 @@
 #include "app/LinuxPlatform.h"
 
 #include "app/DesktopChooser.h"
+#include "platform/NoDesktop.h"
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/QtRunLoop.h"
@@ -12,15 +13,20 @@
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/LinuxSandbox.h"
 #include "platform/linux/LinuxServiceManagement.h"
+#include "platform/linux/LinuxSystemTray.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
 #include "platform/linux/SettingsWatch.h"
+#include "platform/x11/X11TaskBar.h"
+#include "platform/x11/X11TrayManager.h"
 
 #include <QAbstractEventDispatcher>
+#include <QGuiApplication>
 
 // In the order of dependence: each stands on those above it.
 struct LinuxPlatform::BackEnds {
     BackEnds();
+    void openX11Presence();
 
     SystemClock clock;
     JournalLog log{JournalLog::usualDestinations()};
@@ -45,20 +51,38 @@ struct LinuxPlatform::BackEnds {
     LinuxSandbox sandbox = LinuxSandbox::ofThisProcess();
     LinuxServiceManagement serviceManagement{systemBus, log, LinuxServiceManagement::Places::ofThisMachine()};
     LinuxOwnProgram ownProgram;
+    LinuxSystemTray systemTray{sessionBus, runLoop, log};
+    NoTaskBar noTaskBar;
+    // Absent where our windows are none of an X server's. The task bar uses the tray manager's connection.
+    std::unique_ptr<X11TrayManager> x11TrayManager;
+    std::unique_ptr<X11TaskBar> x11TaskBar;
     std::unique_ptr<Platform> platform;
     // Ends the calls at every wake-up.
     QObject awakeContext;
 };
 
 LinuxPlatform::BackEnds::BackEnds() {
+    // Wherever else windows are told of, ours must be the X server's to be embedded and listed there.
+    if (QGuiApplication::platformName() == QLatin1String("xcb"))
+        openX11Presence();
+    TaskBar* taskBar = x11TaskBar ? static_cast<TaskBar*>(x11TaskBar.get()) : &noTaskBar;
     platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
                                                    frontApplication, desktop.windowList(), desktop.idleTime(),
                                                    power, sessionEvents, accessibility, fileViewer, sandbox,
-                                                   serviceManagement, ownProgram});
+                                                   serviceManagement, ownProgram, *taskBar, systemTray});
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,
                      [this] { clockJumps.check(); });
+}
+
+void LinuxPlatform::BackEnds::openX11Presence() {
+    auto connection = X11Connection::tryConnect({}, runLoop, log);
+    if (!connection)
+        return;
+    x11TaskBar = std::make_unique<X11TaskBar>(**connection);
+    x11TrayManager = std::make_unique<X11TrayManager>(
+        std::move(*connection), [this] { systemTray.setEmbedding(x11TrayManager->isThere()); });
 }
 
 LinuxPlatform::LinuxPlatform()
@@ -76,8 +100,9 @@ void LinuxPlatform::setDisplayLostHandler(std::function<void()> handler) {
 
 QString LinuxPlatform::describe() const {
     const Platform& platform = *m_backEnds->platform;
-    return QStringList{platform.frontApplication.describe(), platform.idleTime.describe(),
-                       platform.power.describe(), platform.session.describe(),
-                       platform.accessibility.describe()}
+    return QStringList{
+        platform.frontApplication.describe(), platform.idleTime.describe(),      platform.power.describe(),
+        platform.session.describe(),          platform.accessibility.describe(), platform.taskBar.describe(),
+        platform.systemTray.describe()}
         .join(u'\n');
 }

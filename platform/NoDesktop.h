@@ -3,6 +3,7 @@
 
 #include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
+#include "platform/TaskBar.h"
 #include "platform/WindowList.h"
 
 // Where no window system can be asked: nothing is in front, and nothing is credited.
@@ -31,4 +32,11 @@ class NoIdleTime : public IdleTime {
 public:
     IdleReading read() override { return {IdleReading::State::Read, std::int64_t(0)}; }
     QString describe() const override { return QStringLiteral("none: the user is never idle"); }
+};
+
+// Where a window cannot be kept out of the task bar.
+class NoTaskBar : public TaskBar {
+public:
+    void setListed(std::uint64_t, bool) override {}
+    QString describe() const override { return QStringLiteral("task bar: none that can be asked"); }
 };

@@ -11,6 +11,8 @@
 #include "platform/Sandbox.h"
 #include "platform/ServiceManagement.h"
 #include "platform/SessionEvents.h"
+#include "platform/SystemTray.h"
+#include "platform/TaskBar.h"
 #include "platform/WindowList.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -36,4 +38,6 @@ struct Platform {
     Sandbox& sandbox;
     ServiceManagement& serviceManagement;
     OwnProgram& ownProgram;
+    TaskBar& taskBar;
+    SystemTray& systemTray;
 };

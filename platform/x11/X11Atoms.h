@@ -7,15 +7,19 @@
 
 // The names that the X server is asked to number for us. In the order of kX11AtomNames.
 enum class X11Atom {
+    Manager,
     NetActiveWindow,
     NetClientList,
     NetClientListStacking,
     NetSupported,
     NetSupportingWmCheck,
+    NetSystemTrayS0,
     NetWmName,
     NetWmPid,
     NetWmState,
     NetWmStateHidden,
+    NetWmStateSkipPager,
+    NetWmStateSkipTaskbar,
     NetWmWindowType,
     NetWmWindowTypeDesktop,
     NetWmWindowTypeDialog,
@@ -29,15 +33,19 @@ enum class X11Atom {
 };
 
 inline constexpr std::array<const char*, std::size_t(X11Atom::Count)> kX11AtomNames{
+    "MANAGER",
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
     "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
+    "_NET_SYSTEM_TRAY_S0",
     "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",
     "_NET_WM_STATE_HIDDEN",
+    "_NET_WM_STATE_SKIP_PAGER",
+    "_NET_WM_STATE_SKIP_TASKBAR",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DIALOG",

@@ -7,6 +7,8 @@
 #include "platform/PowerEvents.h"
 #include "platform/Sandbox.h"
 #include "platform/SessionEvents.h"
+#include "platform/SystemTray.h"
+#include "platform/TaskBar.h"
 #include "platform/WindowList.h"
 #include "tests/fakes/ManualRunLoop.h"
 
@@ -170,4 +172,36 @@ public:
     bool isSandboxed() const override { return sandboxed; }
 
     bool sandboxed = false;
+};
+
+class FakeTaskBar : public TaskBar {
+public:
+    void setListed(std::uint64_t window, bool isListed) override {
+        this->isListed = isListed;
+        told << window;
+    }
+
+    QString describe() const override { return QStringLiteral("a fake"); }
+
+    // What it was told last, and of which windows it was told.
+    bool isListed = true;
+    QList<std::uint64_t> told;
+};
+
+class FakeSystemTray : public SystemTray {
+public:
+    Offer offer() const override { return m_offer; }
+    void observe(std::function<void()> changed) override { m_changed = std::move(changed); }
+    QString describe() const override { return QStringLiteral("a fake"); }
+
+    // The desktop offers something else.
+    void give(Offer offer) {
+        m_offer = offer;
+        if (const auto changed = m_changed)
+            changed();
+    }
+
+private:
+    Offer m_offer = Offer::Embedded;
+    std::function<void()> m_changed;
 };

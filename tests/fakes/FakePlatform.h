@@ -34,7 +34,10 @@ struct FakePlatform {
     FakeSandbox sandbox;
     FakeServiceManagement serviceManagement{runLoop};
     FakeOwnProgram ownProgram{folders.settingsFile};
-    Platform platform{
-        clock,    runLoop, log,     notifications, defaults,   folders, frontApplication,  windowList,
-        idleTime, power,   session, accessibility, fileViewer, sandbox, serviceManagement, ownProgram};
+    FakeTaskBar taskBar;
+    FakeSystemTray systemTray;
+    Platform platform{clock,      runLoop,          log,        notifications, defaults,
+                      folders,    frontApplication, windowList, idleTime,      power,
+                      session,    accessibility,    fileViewer, sandbox,       serviceManagement,
+                      ownProgram, taskBar,          systemTray};
 };

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/SystemTray.h"
+#include "platform/bus/BusService.h"
+
+#include <chrono>
+
+// The desktop's tray: where a service takes icons over the session bus (StatusNotifierItem), that; else a program on the
+// display that embeds windows. Main thread only.
+class LinuxSystemTray : public SystemTray {
+public:
+    // How long the service is waited for: panels start beside us, and the first icon decides for good.
+    static constexpr std::chrono::seconds kPatience{2};
+    // A panel that is started anew is back by then.
+    static constexpr std::chrono::seconds kLossPatience{3};
+
+    // Everything outlives this.
+    LinuxSystemTray(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
+
+    // Whether a program embeds icons now. False until told.
+    void setEmbedding(bool isThere);
+
+    Offer offer() const override { return m_offer; }
+    void observe(std::function<void()> changed) override { m_observer = std::move(changed); }
+    QString describe() const override;
+
+private:
+    void follow();
+    void askForHost();
+    void setHost(bool isThere);
+    void update();
+    bool isThere() const;
+    void setOffer(Offer offer);
+
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    std::function<void()> m_observer;
+    Offer m_offer = Offer::Unknown;
+    // Embedded or Exported once there was one of the two.
+    Offer m_choice = Offer::None;
+    bool m_hasHost = false;
+    bool m_isEmbedding = false;
+    std::unique_ptr<RunLoopTimer> m_waiting;
+    std::unique_ptr<RunLoopTimer> m_loss;
+    BusService m_watcher;
+    std::unique_ptr<BusSignal> m_hostRegistered;
+    std::unique_ptr<BusSignal> m_hostUnregistered;
+    Subscription m_presence;
+};
