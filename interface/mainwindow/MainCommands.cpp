@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/MainCommands.h"
 
+#include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 
@@ -40,6 +41,9 @@ void MainCommands::connectDatabase() {
     connectTo(actions.closeWindow, m_receiver, [this] { m_controller.window().close(); });
     connectTo(actions.quit, m_receiver, [this] { m_controller.appDelegate().terminate(); });
     connectTo(actions.about, m_receiver, [this] { m_controller.appDelegate().showAboutBox(); });
+    AppTypeControl& appType = m_controller.window().appTypeToolbar();
+    connectTo(&appType.dockIconMenuItem(), m_receiver, [this] { m_controller.toggleDockIcon(); });
+    connectTo(&appType.menuItemMenuItem(), m_receiver, [this] { m_controller.toggleMenuItem(); });
 }
 
 void MainCommands::connectEditing() {

@@ -2,6 +2,7 @@
 #include "interface/mainwindow/MainWindow.h"
 
 #include "interface/labels/TKLabelViewController.h"
+#include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/mainwindow/TKConstrainedSplitView.h"
@@ -80,6 +81,8 @@ void MainWindow::makeToolBar() {
     m_searchAppField->setMaximumWidth(kSearchWidth);
     cells->addWidget(m_searchAppField, 2);
     m_toolBar->addWidget(rest);
+    m_appTypeToolbar = named(new AppTypeControl, QStringLiteral("appTypeToolbar"));
+    m_toolBar->addWidget(m_appTypeToolbar);
 }
 
 QWidget* MainWindow::makeOutlinePane() {
@@ -100,6 +103,18 @@ QWidget* MainWindow::makeOutlinePane() {
     m_sumBar = named(new SumBar, QStringLiteral("sumBar"));
     rows->addWidget(m_sumBar);
     return pane;
+}
+
+QList<QAction*> MainWindow::appMenu() const {
+    QList<QAction*> commands = findChildren<QAction*>(Qt::FindDirectChildrenOnly);
+    commands.removeIf([](const QAction* command) { return command->shortcut().isEmpty(); });
+    return commands;
+}
+
+void MainWindow::setMenuBarShown(bool isShown) {
+    menuBar()->setVisible(isShown);
+    for (QAction* command : appMenu())
+        isShown ? removeAction(command) : addAction(command);
 }
 
 void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition) {

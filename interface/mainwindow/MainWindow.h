@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 
+class AppTypeControl;
 class ObstacleBar;
 class QToolBar;
 class SidebarPane;
@@ -31,6 +32,7 @@ public:
 
     SumBar& sumBar() const { return *m_sumBar; }
 
+    AppTypeControl& appTypeToolbar() const { return *m_appTypeToolbar; }
     ObstacleBar& obstacleBar() const { return *m_obstacleBar; }
 
     QMenu& projectMenu() const { return *m_projectMenu; }
@@ -41,6 +43,10 @@ public:
     // Whether there is anything to be seen of the window: neither closed nor minimised.
     bool isSeen() const { return m_isSeen; }
 
+    // The commands that have keys.
+    QList<QAction*> appMenu() const;
+    // Without a menu bar, which must have been emptied, the window itself hears the commands' keys.
+    void setMenuBarShown(bool isShown);
     // Opens a menu of these where the pointer or the row is; null separates.
     void popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition);
     void showToggle(const QString& image, const QString& label);
@@ -63,6 +69,7 @@ private:
     TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     QToolBar* m_toolBar = nullptr;
     TKSearchField* m_searchAppField = nullptr;
+    AppTypeControl* m_appTypeToolbar = nullptr;
     TKConstrainedSplitView* m_splitView = nullptr;
     SidebarPane* m_sidebar = nullptr;
     ObstacleBar* m_obstacleBar = nullptr;

@@ -3,6 +3,7 @@
 
 #include "Classes/Settings.h"
 #include "interface/labels/TKLabelViewController.h"
+#include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
@@ -165,6 +166,7 @@ void TKController::awakeFromNib() {
         m_window.close();
         return;
     }
+    reloadAppType();
     if (!m_platform.defaults.boolForKey(kStartTicklogOnNextLaunch))
         return;
     m_platform.defaults.setObject(kStartTicklogOnNextLaunch, false);
@@ -184,6 +186,19 @@ void TKController::setWindowStateShown(bool isShown) {
     m_window.show();
     m_window.raise();
     m_window.activateWindow();
+}
+
+void TKController::reloadAppType() {
+    const AppPresence& presence = m_appDelegate.presence();
+    m_window.appTypeToolbar().reload({.showsDockIcon = presence.showDockIcon(),
+                                      .showsMenuBarItem = presence.showMenuBarItem(),
+                                      .hasTray = !presence.isTrayMissing()});
+}
+
+void TKController::showDisplayStateMenu(QWidget* sender) {
+    auto* command = new QAction(QStringLiteral("Test"), &m_window);
+    QObject::connect(command, &QAction::triggered, &*m_reactions, [this] { toggleDockIcon(); });
+    m_window.appTypeToolbar().showDisplayStateMenu(sender, *command);
 }
 
 void TKController::showToggle(const QString& image, const QString& label) {

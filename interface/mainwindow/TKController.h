@@ -68,6 +68,10 @@ public:
     // Narrows all timers and nothing else.
     void setSearchString(const QString& text);
     void find();
+    // The rows of all timers in their order, as narrowed by the search and the cut-off, whether they are shown or not.
+    TimeStoreItem::Children applicationObjects();
+    // The node of a project, with its timers.
+    std::shared_ptr<TimeStoreCategory> timeStoreCategoryForProjectDict(const ProjectRecord& record);
     // Leaves out timers below so many seconds.
     void setCutoffValue(float seconds);
 
@@ -93,6 +97,15 @@ public:
     void restoreDefaultDatabaseLocation() { m_database.restoreDefaultDatabaseLocation(); }
 
     void revealDatabase();
+
+    // What the control of the toolbar does, and what it shows.
+    void toggleDockIcon() { m_appDelegate.presence().toggleDockIcon(); }
+
+    void toggleMenuItem() { m_appDelegate.presence().toggleMenuItem(); }
+
+    void reloadAppType();
+    // Pops up a menu of one command at `sender`, or at the window without one.
+    void showDisplayStateMenu(QWidget* sender);
 
     // Writes the timers, and of the projects what is not yet written.
     void saveSettingsToDisk();

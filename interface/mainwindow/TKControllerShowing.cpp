@@ -111,3 +111,22 @@ void TKController::showInvitation() {
     };
     m_window.mainTable().setInvitation(text());
 }
+
+TimeStoreItem::Children TKController::applicationObjects() {
+    const bool isLive = mainItemIsSelected() && m_window.isSeen();
+    // Makes up for what was missed while nobody looked.
+    m_appTreeController.setLive(true);
+    m_appTreeController.synchronize();
+    TimeStoreItem::Children items;
+    for (int row = 0; row < m_appTreeController.rowCount(); ++row)
+        items.push_back(m_appTreeController.item(m_appTreeController.index(row, 0)));
+    m_appTreeController.setLive(isLive);
+    return items;
+}
+
+std::shared_ptr<TimeStoreCategory>
+TKController::timeStoreCategoryForProjectDict(const ProjectRecord& record) {
+    auto category = m_projectNodes.timeStoreCategoryForProjectDict(record);
+    m_engine.tracker().updateTimeStoreCategory(*category, record.flattenedMembers());
+    return category;
+}

@@ -51,5 +51,7 @@ public:
     // Never null.
     virtual std::unique_ptr<ProgressPanel> showProgress(const QString& message) = 0;
     virtual void showError(const QString& message, const QString& informativeText) = 0;
+    // Something to know, which nobody has to answer: returns at once.
+    virtual void showNotice(const QString& message, const QString& informativeText) = 0;
     virtual void showAbout(const QString& title, const QString& text) = 0;
 };

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/LocalizedStrings.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -14,6 +15,8 @@ namespace {
 QString databaseFilter() {
     return localized("Ticklog databases") + QStringLiteral(" (*.tkd)");
 }
+
+constexpr int kIconSize = 64;
 
 // Qt makes boxes as narrow as their headline, however long the text beneath it is.
 void makeRoom(const QMessageBox& box) {
@@ -130,6 +133,31 @@ void QtAlerts::showError(const QString& message, const QString& informativeText)
     box.exec();
 }
 
+void QtAlerts::showNotice(const QString& message, const QString& informativeText) {
+    open(QStringLiteral("notice"), QStringLiteral("Ticklog"), message, informativeText);
+}
+
 void QtAlerts::showAbout(const QString& title, const QString& text) {
-    QMessageBox::about(m_window, title, text);
+    open(QStringLiteral("aboutBox"), title, QStringLiteral("Ticklog"), text);
+}
+
+void QtAlerts::open(const QString& name, const QString& title, const QString& message,
+                    const QString& informativeText) {
+    // One is enough.
+    if (m_open)
+        m_open->close();
+    auto* box = new QMessageBox(m_window);
+    m_open = box;
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setObjectName(name);
+    box->setWindowModality(Qt::NonModal);
+    box->setIconPixmap(QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize)));
+    box->setWindowTitle(title);
+    box->setText(message);
+    box->setInformativeText(informativeText);
+    box->setStandardButtons(QMessageBox::Ok);
+    makeRoom(*box);
+    box->show();
+    box->raise();
+    box->activateWindow();
 }

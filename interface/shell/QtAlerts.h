@@ -20,8 +20,14 @@ public:
     std::optional<QString> chooseFolder(const QString& message, const QString& folder) override;
     std::unique_ptr<ProgressPanel> showProgress(const QString& message) override;
     void showError(const QString& message, const QString& informativeText) override;
+    void showNotice(const QString& message, const QString& informativeText) override;
     void showAbout(const QString& title, const QString& text) override;
 
 private:
+    void open(const QString& name, const QString& title, const QString& message,
+              const QString& informativeText);
+
     QPointer<QWidget> m_window;
+    // What is open and need not be answered.
+    QPointer<QWidget> m_open;
 };

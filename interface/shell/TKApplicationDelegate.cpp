@@ -5,6 +5,7 @@
 #include "interface/mainwindow/TKController.h"
 #include "interface/shell/Alerts.h"
 #include "interface/shell/Images.h"
+#include "interface/shell/StatusItem.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QGuiApplication>
@@ -25,13 +26,23 @@ TKApplicationDelegate::TKApplicationDelegate(TKController& controller, Platform&
     , m_authorization(platform, alerts,
                       {.activate = [this] { activateIgnoringOtherApps(true); },
                        .openUniversalAccessPreferences =
-                           [this] { m_controller.tracker().openUniversalAccessPreferences(); }}) {}
+                           [this] { m_controller.tracker().openUniversalAccessPreferences(); }})
+    , m_statusMenu(controller, platform.runLoop)
+    , m_presence(controller.window(), m_statusMenu, platform, alerts,
+                 {.setWindowStateShown = [this](bool isShown) { m_controller.setWindowStateShown(isShown); },
+                  .reloadAppType = [this] { m_controller.reloadAppType(); },
+                  .isRunning = [this] { return m_controller.timer().isRunning(); },
+                  .showTimeWindow = [this] { showTimeWindow(); }}) {
+    m_presence.setShowDockIcon(m_presence.showDockIcon(), true);
+}
 
 TKApplicationDelegate::~TKApplicationDelegate() {
     m_platform.session.observe({});
 }
 
 void TKApplicationDelegate::applicationDidFinishLaunching() {
+    m_statusMenu.makeTitle();
+    m_presence.begin();
     m_platform.session.observe({.didResignActive = [this] { switchHandler(true); },
                                 .didBecomeActive = [this] { switchHandler(false); },
                                 .willPowerOff = [this] { willPowerOffHandler(); }});
@@ -45,6 +56,7 @@ void TKApplicationDelegate::applicationDidFinishLaunching() {
                          if (state != Qt::ApplicationActive)
                              m_controller.applicationWillTerminate();
                      });
+    m_presence.setFinishedLaunching();
     // The window is there first.
     m_platform.runLoop.performSoon([receiver = QPointer(&m_receiver), this] {
         if (receiver && QGuiApplication::windowIcon().isNull())

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "interface/shell/AppAuthorization.h"
-#include "platform/Platform.h"
+#include "interface/shell/AppPresence.h"
 
 #include <QObject>
 
@@ -41,10 +41,14 @@ public:
     // The machine goes down or the session ends: nobody is asked.
     void willPowerOffHandler();
 
-    // At every tick; and when the timer starts or stops. There is no menu outside the window yet.
-    void updateMenus() {}
+    // Where the program is found, and the menu of its tray icon.
+    AppPresence& presence() { return m_presence; }
+    StatusMenu& statusMenu() { return m_statusMenu; }
 
-    void updateMenuIconState() {}
+    // At every tick; and when the timer starts or stops.
+    void updateMenus() { m_statusMenu.updateMenus(); }
+
+    void updateMenuIconState() { m_presence.updateMenuIconState(); }
 
     // How the program comes to be trusted, and starts itself anew.
     AppAuthorization& authorization() { return m_authorization; }
@@ -54,6 +58,8 @@ private:
     Platform& m_platform;
     Alerts& m_alerts;
     AppAuthorization m_authorization;
+    StatusMenu m_statusMenu;
+    AppPresence m_presence;
     std::unique_ptr<RunLoopTimer> m_saveTimer;
     // What Qt's signals are received by.
     QObject m_receiver;

@@ -65,6 +65,8 @@ public:
         errors << message + QStringLiteral(": ") + informativeText;
     }
 
+    void showNotice(const QString& message, const QString&) override { notices << message; }
+
     void showAbout(const QString&, const QString& text) override { about = text; }
 
     // As somebody answers who only presses Return.
@@ -84,5 +86,6 @@ public:
     std::vector<double> progress;
     std::function<void()> whileProgressing;
     QStringList errors;
+    QStringList notices;
     QString about;
 };

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include "interface/shell/StatusMenu.h"
+
+#include "interface/mainwindow/TKController.h"
+#include "interface/shell/TwoLineMenuStyle.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+StatusMenu::StatusMenu(TKController& controller, RunLoop& runLoop)
+    : m_controller(controller)
+    , m_runLoop(runLoop)
+    , m_mainMenu(QStringLiteral("Ticklog"))
+    , m_applicationTimesMenu(localized("Application Times"))
+    , m_startPauseMenuItem(localized("Start")) {
+    m_mainMenu.setObjectName(QStringLiteral("statusMenu"));
+    m_applicationTimesMenu.setObjectName(QStringLiteral("applicationTimesMenu"));
+    m_applicationTimesMenu.menuAction()->setText(localized("All Timers"));
+    m_startPauseMenuItem.setObjectName(QStringLiteral("startPauseMenuItem"));
+    m_mainTitleItem.setObjectName(QStringLiteral("mainTitleItem"));
+    QObject::connect(
+        &m_startPauseMenuItem, &QAction::triggered, &m_mainMenu, [this] { toggleStartStop(); },
+        Qt::QueuedConnection);
+    follow(m_mainMenu);
+    follow(m_applicationTimesMenu);
+}
+
+StatusMenu::~StatusMenu() = default;
+
+void StatusMenu::follow(QMenu& menu) {
+    QObject::connect(&menu, &QMenu::aboutToShow, &m_mainMenu, [this, &menu] {
+        menuNeedsUpdate(menu);
+        menuWillOpen(menu);
+    });
+    QObject::connect(&menu, &QMenu::aboutToHide, &m_mainMenu, [this, &menu] { menuDidClose(menu); });
+}
+
+void StatusMenu::setForm(MenuForm form) {
+    if (std::exchange(m_form, form) == form)
+        return;
+    // What was named for the other one is made anew.
+    m_shownProjects.clear();
+    empty(m_applicationTimesMenu);
+    empty(m_mainMenu);
+}
+
+void StatusMenu::showRunning(bool isRunning) {
+    m_startPauseMenuItem.setText(isRunning ? localized("Pause") : localized("Start"));
+}
+
+void StatusMenu::menuNeedsUpdate(QMenu& menu) {
+    if (m_form == MenuForm::Drawn && !m_style)
+        m_style = std::make_unique<TwoLineMenuStyle>();
+    if (m_form == MenuForm::Drawn && menu.style() != m_style.get())
+        menu.setStyle(m_style.get());
+    if (&menu == &m_mainMenu) {
+        updateMainMenu();
+    } else if (&menu == &m_applicationTimesMenu) {
+        fillApplicationTimesMenu();
+    } else if (const auto project = m_projectMenus.find(&menu); project != m_projectMenus.end()) {
+        const auto node = m_controller.timeStoreCategoryForProjectDict(*project->second);
+        fill(menu, node->children().value_or(TimeStoreItem::Children()));
+    } else if (const auto* timer = dynamic_cast<const TimerMenuItem*>(menu.menuAction())) {
+        // Not before: there may be thousands of windows, and a desktop that is handed the menu is told of each.
+        fill(menu, timer->item()->children().value_or(TimeStoreItem::Children()));
+    }
+}
+
+void StatusMenu::menuWillOpen(QMenu& menu) {
+    // A menu of ours opens after the status menu and tells when it closes. Others do not keep to that.
+    if (&menu == &m_mainMenu || (m_form == MenuForm::Exported && !m_displayingAppMenu)) {
+        m_displayingAppMenu = true;
+        m_menuItemUpdateSet.clear();
+    }
+    if (m_form == MenuForm::Exported)
+        m_longestOpening = m_runLoop.scheduleOnce(kLongestOpening, [this] { menuDidClose(m_mainMenu); });
+    addMenuItemsToSet(menu);
+    updateMenus();
+}
+
+void StatusMenu::menuDidClose(QMenu& menu) {
+    if (&menu != &m_mainMenu)
+        return;
+    m_displayingAppMenu = false;
+    m_longestOpening.reset();
+}
+
+void StatusMenu::updateMenus() {
+    if (!m_displayingAppMenu)
+        return;
+    for (TimerMenuItem* item : m_menuItemUpdateSet)
+        item->resetDisplayName(m_form);
+    showTitle(kAllObjects);
+}
+
+bool StatusMenu::isUpToDate() const {
+    const ProjectList::Projects projects = m_controller.projects().projects();
+    return !m_mainMenu.isEmpty() &&
+           std::ranges::equal(m_shownProjects, projects, [](const ProjectEntry& shown, const auto& project) {
+               return shown.project == project && shown.label == project->label();
+           });
+}
+
+void StatusMenu::updateMainMenu() {
+    // A desktop that is handed the menu is told of every entry that goes or comes.
+    if (isUpToDate())
+        return;
+    empty(m_mainMenu);
+    m_mainMenu.addAction(&m_startPauseMenuItem);
+    addCommand(localized("Show Time Window"), &StatusMenu::showTimeWindow);
+    m_mainMenu.addSeparator();
+    m_mainMenu.addAction(m_applicationTimesMenu.menuAction());
+    addProjects();
+    m_mainMenu.addSeparator();
+    addCommand(localized("Preferences..."), &StatusMenu::showPrefWindow);
+    addCommand(localized("About..."), &StatusMenu::showAboutBox);
+    addCommand(localized("Quit"), &StatusMenu::terminate);
+}
+
+QAction* StatusMenu::addCommand(const QString& title, void (StatusMenu::*command)()) {
+    auto* item = new QAction(title, &m_mainMenu);
+    // Not within the call of a desktop that waits for its answer: what is chosen may ask a question.
+    QObject::connect(
+        item, &QAction::triggered, &m_mainMenu, [this, command] { (this->*command)(); },
+        Qt::QueuedConnection);
+    m_mainMenu.addAction(item);
+    return item;
+}
+
+void StatusMenu::addProjects() {
+    for (const ProjectList::Project& project : m_controller.projects().projects()) {
+        m_shownProjects.push_back({project, project->label()});
+        auto* menu = new QMenu(QStringLiteral("  ") + menuName(m_form, project->label()), &m_mainMenu);
+        m_projectMenus.emplace(menu, project);
+        follow(*menu);
+        m_mainMenu.addMenu(menu);
+    }
+}
+
+void StatusMenu::fillApplicationTimesMenu() {
+    if (!fill(m_applicationTimesMenu, m_controller.applicationObjects()))
+        return;
+    m_applicationTimesMenu.addSeparator();
+    m_applicationTimesMenu.addAction(&m_mainTitleItem);
+    showTitle(kAllObjects);
+}
+
+// Answers whether the menu was made anew: one that shows these already is left as it is.
+bool StatusMenu::fill(QMenu& menu, const TimeStoreItem::Children& items) {
+    std::vector<const TimeStoreItem*> shown;
+    for (const QAction* action : menu.actions())
+        if (const auto* timer = dynamic_cast<const TimerMenuItem*>(action))
+            shown.push_back(timer->item().get());
+    const auto isSame = [](const TimeStoreItem* item, const auto& wanted) { return item == wanted.get(); };
+    if (!menu.isEmpty() && std::ranges::equal(shown, items, isSame))
+        return false;
+    empty(menu);
+    addItemsFromArray(items, menu);
+    return true;
+}
+
+void StatusMenu::addItemsFromArray(const TimeStoreItem::Children& items, QMenu& menu) {
+    for (const auto& item : items) {
+        auto* entry = new TimerMenuItem(item, &menu);
+        entry->resetDisplayName(m_form);
+        const auto children = item->children();
+        if (children && !children->empty()) {
+            auto* submenu = new QMenu(&menu);
+            entry->setMenu(submenu);
+            follow(*submenu);
+        }
+        menu.addAction(entry);
+    }
+}
+
+void StatusMenu::addMenuItemsToSet(const QMenu& menu) {
+    for (QAction* action : menu.actions()) {
+        if (auto* timer = dynamic_cast<TimerMenuItem*>(action))
+            m_menuItemUpdateSet.insert(timer);
+        if (const QMenu* submenu = action->menu())
+            addMenuItemsToSet(*submenu);
+    }
+}
+
+void StatusMenu::empty(QMenu& menu) {
+    for (QAction* action : menu.actions()) {
+        if (auto* timer = dynamic_cast<TimerMenuItem*>(action))
+            m_menuItemUpdateSet.erase(timer);
+        menu.removeAction(action);
+        if (action == &m_startPauseMenuItem || action == &m_mainTitleItem ||
+            action == m_applicationTimesMenu.menuAction())
+            continue;
+        if (auto* submenu = action->menu()) {
+            empty(*submenu);
+            m_projectMenus.erase(submenu);
+            // The action of a project's menu goes with the menu.
+            if (action == submenu->menuAction() && !dynamic_cast<TimerMenuItem*>(action))
+                action = nullptr;
+            delete submenu;
+        }
+        delete action;
+    }
+    if (&menu == &m_mainMenu)
+        m_shownProjects.clear();
+}
+
+void StatusMenu::showTitle(int kind) {
+    const QString title = m_controller.totalTimeStringForAllObjects(kind, nullptr);
+    m_mainTitleItem.setText(menuText(m_form, title.section(u'\n', 0, 0), title.section(u'\n', 1)));
+}
+
+void StatusMenu::toggleStartStop() {
+    m_controller.appDelegate().toggleStartStop();
+}
+
+void StatusMenu::showTimeWindow() {
+    m_controller.appDelegate().showTimeWindow();
+}
+
+void StatusMenu::showPrefWindow() {
+    m_controller.window().actions().showPrefWindow->trigger();
+}
+
+void StatusMenu::showAboutBox() {
+    m_controller.appDelegate().showAboutBox();
+}
+
+void StatusMenu::terminate() {
+    m_controller.appDelegate().terminate();
+}

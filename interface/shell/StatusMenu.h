@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/ProjectList.h"
+#include "interface/shell/TimerMenuItem.h"
+#include "platform/foundation/RunLoop.h"
+
+#include <QMenu>
+
+#include <chrono>
+#include <unordered_map>
+#include <unordered_set>
+
+class TKController;
+class TwoLineMenuStyle;
+
+// The menu of the tray icon: the timer, all times and those of the projects, and the program's commands. Brought up to
+// date when it is opened; while it is open, the times that are shown in it move. Closed it costs nothing.
+class StatusMenu {
+public:
+    // Some desktops never say that they closed a menu. Nobody looks at one for longer.
+    static constexpr std::chrono::seconds kLongestOpening{120};
+
+    using UpdateSet = std::unordered_set<TimerMenuItem*>;
+
+    // The controller, which owns the times and does what is chosen, and the run loop outlive it.
+    StatusMenu(TKController& controller, RunLoop& runLoop);
+    StatusMenu(const StatusMenu&) = delete;
+    StatusMenu& operator=(const StatusMenu&) = delete;
+    ~StatusMenu();
+
+    QMenu& mainMenu() { return m_mainMenu; }
+    QMenu& applicationTimesMenu() { return m_applicationTimesMenu; }
+
+    // Has the line below all timers say what the main window sums up now.
+    void makeTitle() { showTitle(kAsShown); }
+    // As the desktop that is to show it wants it; for the next opening.
+    void setForm(MenuForm form);
+    void showRunning(bool isRunning);
+    // Rebuilds the menu if it is not up to date.
+    void updateMainMenu();
+    // At every tick: shows the times that are others, while the menu is open.
+    void updateMenus();
+
+    bool displayingAppMenu() const { return m_displayingAppMenu; }
+    // The entries of all menus that were opened since the status menu was.
+    const UpdateSet& menuItemUpdateSet() const { return m_menuItemUpdateSet; }
+
+private:
+    // The kinds of sums that the controller makes.
+    static constexpr int kAsShown = 0;
+    static constexpr int kAllObjects = 1;
+
+    void follow(QMenu& menu);
+    void menuNeedsUpdate(QMenu& menu);
+    void menuWillOpen(QMenu& menu);
+    void menuDidClose(QMenu& menu);
+
+    QAction* addCommand(const QString& title, void (StatusMenu::*command)());
+    void addProjects();
+    bool isUpToDate() const;
+    void fillApplicationTimesMenu();
+    bool fill(QMenu& menu, const TimeStoreItem::Children& items);
+    void addItemsFromArray(const TimeStoreItem::Children& items, QMenu& menu);
+    void addMenuItemsToSet(const QMenu& menu);
+    void empty(QMenu& menu);
+    void showTitle(int kind);
+
+    void toggleStartStop();
+    void showTimeWindow();
+    void showPrefWindow();
+    void showAboutBox();
+    void terminate();
+
+    // What is shown of a project.
+    struct ProjectEntry {
+        ProjectList::Project project;
+        QString label;
+    };
+
+    TKController& m_controller;
+    RunLoop& m_runLoop;
+    MenuForm m_form = MenuForm::Drawn;
+    std::unique_ptr<TwoLineMenuStyle> m_style;
+    QMenu m_mainMenu;
+    QMenu m_applicationTimesMenu;
+    QAction m_startPauseMenuItem;
+    QAction m_mainTitleItem;
+    std::vector<ProjectEntry> m_shownProjects;
+    std::unordered_map<const QMenu*, ProjectList::Project> m_projectMenus;
+    UpdateSet m_menuItemUpdateSet;
+    bool m_displayingAppMenu = false;
+    std::unique_ptr<RunLoopTimer> m_longestOpening;
+};

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "interface/shell/TimerMenuItem.h"
+
+#include "interface/outline/TKAppDisplayFormatter.h"
+
+#include <cmath>
+
+namespace {
+
+// Longer names would make a menu as wide as the screen, and hosts cut them where they like.
+constexpr qsizetype kLongestExportedName = 60;
+
+QString exportedName(QString name) {
+    if (name.size() > kLongestExportedName)
+        name = name.left(kLongestExportedName - 1) + u'…';
+    // Hosts take a single underscore for the mark of a key, and Qt makes one of the first ampersand and leaves the others:
+    // given one that stands for nothing, it leaves those of the name.
+    name.replace(u'_', QLatin1String("__"));
+    return name.contains(u'&') ? u'&' + name : name;
+}
+
+} // namespace
+
+QString menuName(MenuForm form, const QString& name) {
+    return form == MenuForm::Exported ? exportedName(name) : QString(name).replace(u'&', QLatin1String("&&"));
+}
+
+QString menuText(MenuForm form, const QString& name, const QString& time) {
+    return menuName(form, name) +
+           (form == MenuForm::Exported ? QStringLiteral(" — ") : QStringLiteral("\n")) + time;
+}
+
+TimerMenuItem::TimerMenuItem(std::shared_ptr<TimeStoreItem> item, QObject* parent)
+    : QAction(parent)
+    , m_item(std::move(item)) {}
+
+void TimerMenuItem::resetDisplayName(MenuForm form) {
+    const double second = std::floor(m_item->activeTime());
+    if (m_second == second)
+        return;
+    m_second = second;
+    const QString name = TKAppDisplayFormatter::stringForObjectValue(m_item->renamedNameFormatted());
+    setText(menuText(form, name, m_item->activeTimeString()));
+}
+
+qsizetype TimerMenuItem::dimmedLength() const {
+    return TKAppDisplayFormatter::dimmedLength(m_item->renamedNameFormatted());
+}
