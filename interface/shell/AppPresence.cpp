@@ -178,6 +178,8 @@ void AppPresence::updateStatusItem() {
     if (!m_showsMenuBarItem) {
         m_statusBarItem.reset();
     } else if (isOffered && !m_statusBarItem) {
+        // Desktops that draw the menu take one that is empty for none.
+        m_menu.updateMainMenu();
         m_statusBarItem = std::make_unique<StatusItem>(m_menu.mainMenu(), m_program.showTimeWindow);
         updateMenuIconState();
     }

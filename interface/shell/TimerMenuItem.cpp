@@ -26,8 +26,9 @@ QString menuName(MenuForm form, const QString& name) {
 }
 
 QString menuText(MenuForm form, const QString& name, const QString& time) {
+    // Desktops that draw a menu's text in one line make a blank of the break.
     return menuName(form, name) +
-           (form == MenuForm::Exported ? QStringLiteral(" — ") : QStringLiteral("\n")) + time;
+           (form == MenuForm::Exported ? QStringLiteral("\u2003\n") : QStringLiteral("\n")) + time;
 }
 
 TimerMenuItem::TimerMenuItem(std::shared_ptr<TimeStoreItem> item, QObject* parent)
