@@ -176,8 +176,8 @@ public:
 
 class FakeTaskBar : public TaskBar {
 public:
-    void setListed(std::uint64_t window, bool isListed) override {
-        this->isListed = isListed;
+    void setListed(std::uint64_t window, bool isToBeListed) override {
+        isListed = isToBeListed;
         told << window;
     }
 
