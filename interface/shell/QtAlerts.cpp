@@ -134,7 +134,7 @@ void QtAlerts::showError(const QString& message, const QString& informativeText)
 }
 
 void QtAlerts::showNotice(const QString& message, const QString& informativeText) {
-    open(QStringLiteral("notice"), QStringLiteral("Ticklog"), message, informativeText);
+    open(QStringLiteral("notice"), message, message, informativeText);
 }
 
 void QtAlerts::showAbout(const QString& title, const QString& text) {

@@ -57,10 +57,10 @@ void StatusMenu::menuNeedsUpdate(QMenu& menu) {
         fillApplicationTimesMenu();
     } else if (const auto project = m_projectMenus.find(&menu); project != m_projectMenus.end()) {
         const auto node = m_controller.timeStoreCategoryForProjectDict(*project->second);
-        fill(menu, node->children().value_or(TimeStoreItem::Children()));
+        fill(menu, sorted(node->children().value_or(TimeStoreItem::Children())));
     } else if (const auto* timer = dynamic_cast<const TimerMenuItem*>(menu.menuAction())) {
         // Not before: there may be thousands of windows, and a desktop that is handed the menu is told of each.
-        fill(menu, timer->item()->children().value_or(TimeStoreItem::Children()));
+        fill(menu, sorted(timer->item()->children().value_or(TimeStoreItem::Children())));
     }
 }
 
@@ -155,6 +155,16 @@ bool StatusMenu::fill(QMenu& menu, const TimeStoreItem::Children& items) {
     empty(menu);
     addItemsFromArray(items, menu);
     return true;
+}
+
+TimeStoreItem::Children StatusMenu::sorted(const TimeStoreItem::Children& items) const {
+    std::vector<const TimeStoreItem*> unsorted;
+    for (const auto& item : items)
+        unsorted.push_back(item.get());
+    TimeStoreItem::Children sorted;
+    for (const int place : m_order.sortedPlaces(unsorted))
+        sorted.push_back(items[std::size_t(place)]);
+    return sorted;
 }
 
 void StatusMenu::addItemsFromArray(const TimeStoreItem::Children& items, QMenu& menu) {

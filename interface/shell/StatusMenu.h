@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/ProjectList.h"
+#include "interface/outline/TimeTreeOrder.h"
 #include "interface/shell/TimerMenuItem.h"
 #include "platform/foundation/RunLoop.h"
 
@@ -60,6 +61,7 @@ private:
     void addProjects();
     bool isUpToDate() const;
     void fillApplicationTimesMenu();
+    TimeStoreItem::Children sorted(const TimeStoreItem::Children& items) const;
     bool fill(QMenu& menu, const TimeStoreItem::Children& items);
     void addItemsFromArray(const TimeStoreItem::Children& items, QMenu& menu);
     void addMenuItemsToSet(const QMenu& menu);
@@ -80,6 +82,8 @@ private:
 
     TKController& m_controller;
     RunLoop& m_runLoop;
+    // By name.
+    TimeTreeOrder m_order;
     MenuForm m_form = MenuForm::Drawn;
     std::unique_ptr<TwoLineMenuStyle> m_style;
     QMenu m_mainMenu;

@@ -242,6 +242,8 @@ TEST_F(AppPresenceTest, withoutATrayAndWithoutAWishForOne_nothingIsSaid) {
 }
 
 TEST_F(AppPresenceTest, theDisplayStateMenu_togglesTheDockIcon) {
+    // Small enough that the menu has room beneath the control.
+    controller.window().resize(controller.window().minimumSize());
     launch();
     controller.showDisplayStateMenu(&control());
     auto* menu = controller.window().findChild<QMenu*>(QStringLiteral("displayStateMenu"));
