@@ -64,10 +64,12 @@ private:
     FakeSandbox m_sandbox;
     FakeServiceManagement m_serviceManagement{m_ground.runLoop};
     FakeOwnProgram m_ownProgram{m_folders.settingsFile};
+    FakeTaskBar m_taskBar;
+    FakeSystemTray m_systemTray;
     Platform m_platform{m_ground.clock, m_ground.runLoop, m_ground.log, m_notifications, m_defaults,
                         m_folders,      m_front,          m_windows,    m_idleTime,      m_power,
                         m_session,      m_accessibility,  m_fileViewer, m_sandbox,       m_serviceManagement,
-                        m_ownProgram};
+                        m_ownProgram,   m_taskBar,        m_systemTray};
     Engine m_engine{m_platform, {}};
     NoDisplay m_display;
     TimerControl m_timer{m_engine.tracker(), m_engine.services(), m_display, [] {}};
