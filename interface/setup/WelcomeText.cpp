@@ -20,7 +20,8 @@ constexpr double kBoxHeight = 200;
 constexpr double kFirstY = 60;
 constexpr double kSecondY = -75;
 // What stays free above and below, and between the two.
-constexpr double kMargin = 8;
+constexpr double kTopMargin = 20;
+constexpr double kBottomMargin = 8;
 constexpr double kGap = 20;
 
 const QColor kFirstColour = Qt::white;
@@ -98,11 +99,11 @@ WelcomeText::Places WelcomeText::places(int pageHeight) const {
             const Column second(m_second, {pixels, lineHeight}, m_direction);
             double firstTop = pageHeight - kFirstY - kBoxHeight;
             double secondTop = std::max(pageHeight - kSecondY - kBoxHeight, firstTop + first.height() + kGap);
-            const double excess = std::max(0.0, secondTop + second.height() - (pageHeight - kMargin));
+            const double excess = std::max(0.0, secondTop + second.height() - (pageHeight - kBottomMargin));
             // Only as much of it as cannot be had by moving the second line alone.
             secondTop -= excess;
             firstTop = std::min(firstTop, secondTop - kGap - first.height());
-            const bool fits = firstTop >= kMargin && !first.isTooWide() && !second.isTooWide();
+            const bool fits = firstTop >= kTopMargin && !first.isTooWide() && !second.isTooWide();
             if (!fits && pixels > kSmallestFontPixels)
                 continue;
             return {.first = {kX, firstTop, kWidth, first.height()},

@@ -308,6 +308,7 @@ TEST_F(Untrusted, theClosedSetupWindow_comesBackWhenTicklogIsAskedFor) {
 TEST_F(Untrusted, quittingFromTheSetupWindow_asksNobodyAndSaves) {
     controller.awakeFromNib();
     settle();
+    QApplication::setActiveWindow(setup());
     QTest::keyClick(setup(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(alerts.questions, QStringList());
     EXPECT_TRUE(QFileInfo::exists(controller.database().mainStoreURL()));
