@@ -24,6 +24,10 @@ constexpr double kFocusInset = 4;
 constexpr double kFocusWidth = 2;
 constexpr double kFocusRadius = 8;
 
+bool isPage(int step) {
+    return step >= 0 && step <= TKInstructionView::kLastStep;
+}
+
 } // namespace
 
 TKInstructionView::TKInstructionView(const QRect& frame, QWidget* parent)
@@ -50,13 +54,15 @@ TKInstructionView::TKInstructionView(const QRect& frame, QWidget* parent)
 }
 
 void TKInstructionView::setToStepNumber(int step) {
-    if (step == m_currentStep || step < 0 || step > kLastStep)
+    if (step == m_currentStep || !isPage(step))
         return;
     m_currentStep = step;
     moveToStep(step, true);
 }
 
 void TKInstructionView::moveToStep(int step, bool withAnimation) {
+    if (!isPage(step))
+        return;
     m_target = step;
     if (!withAnimation)
         turnTo(step, false);
@@ -65,6 +71,8 @@ void TKInstructionView::moveToStep(int step, bool withAnimation) {
 }
 
 void TKInstructionView::subMoveToStep(int step, bool withAnimation) {
+    if (!isPage(step))
+        return;
     m_target = step;
     turnTo(step, withAnimation && isAnimated());
 }

@@ -24,7 +24,7 @@ public:
     // Shows page 0.
     explicit TKInstructionView(const QRect& frame, QWidget* parent = nullptr);
 
-    // Turns to a page, unless it is on its way there. Pages there are none of are ignored.
+    // Turns to a page, unless it is on its way there. This and what follows ignore pages that there are not.
     void setToStepNumber(int step);
     // Turns page by page, or goes there at once.
     void moveToStep(int step, bool withAnimation);

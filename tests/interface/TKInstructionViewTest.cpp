@@ -257,7 +257,11 @@ TEST_F(TKInstructionViewTest, thePageThatIsShown_isNotTurnedTo) {
 TEST_F(TKInstructionViewTest, pagesThereAreNoneOf_areIgnored) {
     for (const int step : {-1, 5, 1000}) {
         view->setToStepNumber(step);
+        view->moveToStep(step, true);
+        view->moveToStep(step, false);
+        view->subMoveToStep(step, true);
         EXPECT_EQ(view->currentStep(), 0);
+        EXPECT_EQ(view->lastStepNumber(), 0);
         EXPECT_FALSE(isTurning());
     }
 }
@@ -318,6 +322,16 @@ TEST_F(TKInstructionViewTest, aPageShownAtOnceWhileAnotherTurns_endsThatTurn) {
 TEST_F(TKInstructionViewTest, aPageTurnedToDirectly_isTheOnlyOneThatMoves) {
     view->subMoveToStep(3, true);
     EXPECT_EQ(pages(), Steps{3});
+}
+
+TEST_F(TKInstructionViewTest, thePageThatIsShownTurnedToDirectly_comesInFromTheLeft) {
+    goTo(2);
+    view->subMoveToStep(2, true);
+    at(0);
+    EXPECT_EQ(view->currentLayerFrame().left(), -640);
+    EXPECT_EQ(view->leavingLayerFrame()->left(), 0);
+    EXPECT_EQ(activeRows(), Steps{2});
+    EXPECT_EQ(pages(), Steps{2});
 }
 
 TEST_F(TKInstructionViewTest, resizedWhileTurning_thePagesKeepTheirShareOfTheWay) {
