@@ -314,6 +314,13 @@ TEST_F(Untrusted, quittingFromTheSetupWindow_asksNobodyAndSaves) {
     EXPECT_TRUE(QFileInfo::exists(controller.database().mainStoreURL()));
 }
 
+TEST_F(Untrusted, restart_startsTheProgramAnew) {
+    controller.awakeFromNib();
+    setup()->restartButton().click();
+    EXPECT_EQ(fakes.ownProgram.relaunched, 1);
+    EXPECT_FALSE(controller.window().isVisible());
+}
+
 TEST_F(Untrusted, trustThatIsGrantedMeanwhile_waitsForTheRestart) {
     controller.awakeFromNib();
     fakes.accessibility.trusted = true;
