@@ -6,6 +6,7 @@
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/QtRunLoop.h"
+#include "platform/linux/AutostartEntries.h"
 #include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/FreedesktopFileViewer.h"
 #include "platform/linux/JournalLog.h"
@@ -56,6 +57,7 @@ struct LinuxPlatform::BackEnds {
     // Absent where our windows are none of an X server's. The task bar uses the tray manager's connection.
     std::unique_ptr<X11TrayManager> x11TrayManager;
     std::unique_ptr<X11TaskBar> x11TaskBar;
+    AutostartEntries loginItems{AutostartEntries::Places::forUser()};
     std::unique_ptr<Platform> platform;
     // Ends the calls at every wake-up.
     QObject awakeContext;
@@ -66,10 +68,10 @@ LinuxPlatform::BackEnds::BackEnds() {
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         openX11Presence();
     TaskBar* taskBar = x11TaskBar ? static_cast<TaskBar*>(x11TaskBar.get()) : &noTaskBar;
-    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
-                                                   frontApplication, desktop.windowList(), desktop.idleTime(),
-                                                   power, sessionEvents, accessibility, fileViewer, sandbox,
-                                                   serviceManagement, ownProgram, *taskBar, systemTray});
+    platform = std::make_unique<Platform>(
+        Platform{clock, runLoop, log, notifications, defaults, folders, frontApplication,
+                 desktop.windowList(), desktop.idleTime(), power, sessionEvents, accessibility, fileViewer,
+                 sandbox, serviceManagement, ownProgram, *taskBar, systemTray, loginItems});
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,

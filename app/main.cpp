@@ -19,11 +19,6 @@
 
 namespace {
 
-QString nameOfDisplay() {
-    const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
-    return wayland.isEmpty() ? qEnvironmentVariable("DISPLAY") : wayland;
-}
-
 void nameApplication() {
     QCoreApplication::setApplicationName(QStringLiteral("ticklog"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TICKLOG_VERSION));
@@ -38,7 +33,7 @@ int main(int argc, char** argv) {
     ::umask(S_IRWXG | S_IRWXO);
     nameApplication();
     const CommandLine commandLine = CommandLine::parse(argc, argv);
-    if (nameOfDisplay().isEmpty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (InstanceAddress::nameOfDisplay().isEmpty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         std::puts("Error accessing IOHIDSystem");
         std::fputs("Ticklog needs a display: neither DISPLAY nor WAYLAND_DISPLAY is set.\n", stderr);
         return EXIT_FAILURE;
@@ -47,7 +42,7 @@ int main(int argc, char** argv) {
     // Ticklog ends when it is told to, not with somebody's file dialog.
     QCoreApplication::setQuitLockEnabled(false);
 
-    SingleInstance instance(qEnvironmentVariable("XDG_RUNTIME_DIR"), nameOfDisplay());
+    SingleInstance instance(InstanceAddress::ofThisSession());
     if (!instance.isFirst() && instance.handOver(commandLine.file))
         return EXIT_SUCCESS;
     const AccountLock accountLock(Folders::forUser().applicationSupport);

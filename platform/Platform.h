@@ -6,6 +6,7 @@
 #include "platform/Folders.h"
 #include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
+#include "platform/LoginItems.h"
 #include "platform/OwnProgram.h"
 #include "platform/PowerEvents.h"
 #include "platform/Sandbox.h"
@@ -40,4 +41,5 @@ struct Platform {
     OwnProgram& ownProgram;
     TaskBar& taskBar;
     SystemTray& systemTray;
+    LoginItems& loginItems;
 };

@@ -43,6 +43,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
            .setProjects = [this](const PropertyListValue& records) { m_projects.setProjects(records); },
            .computeTime = [this] { m_timer.computeTime(); }})
     , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
+    , m_loginItem(platform.loginItems)
     , m_appDelegate(*this, platform, alerts) {
     m_appTreeController.setLive(false);
     m_categoryTreeController.setLive(false);

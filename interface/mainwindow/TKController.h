@@ -13,6 +13,7 @@
 #include "interface/outline/TimeTreeModel.h"
 #include "interface/pasteboard/TimePasteboard.h"
 #include "interface/setup/SetupWindow.h"
+#include "interface/shell/LoginItemControl.h"
 #include "interface/shell/TKApplicationDelegate.h"
 #include "interface/sidebar/TKProjectController.h"
 
@@ -128,6 +129,8 @@ public:
 
     TKApplicationDelegate& appDelegate() { return m_appDelegate; }
 
+    LoginItemControl& loginItem() { return m_loginItem; }
+
     MainWindow& window() { return m_window; }
 
     ProjectList& projects() { return m_projects; }
@@ -178,6 +181,7 @@ private:
     TimerControl m_timer;
     TimeDatabase m_database;
     TKDocumentController m_documents;
+    LoginItemControl m_loginItem;
     TKApplicationDelegate m_appDelegate;
     // Whose rows are to be expanded; null when they are.
     ProjectList::Project m_recordToExpand;

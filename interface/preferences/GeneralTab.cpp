@@ -68,7 +68,7 @@ GeneralTab::GeneralTab(SettingsBinding& settings, const std::optional<LoginItem>
     if (!loginItem)
         return;
     addAir(*form);
-    auto* login = checkBox("loginItem", localized("Start Ticklog when I &log in"));
+    auto* login = checkBox("loginItemCheckbox", localized("Start Ticklog when I &log in"));
     form->addRow(QString(), login);
     m_reload = [login, isEnabled = loginItem->isEnabled] {
         const QSignalBlocker quiet(login);

@@ -8,19 +8,19 @@ class Preferences {
 public:
     // As for TKSetupController. `didMake` is called once, with the window.
     Preferences(TKController& tkController, Platform& platform, Alerts& alerts,
-                std::function<void(PrefWindow&)> didMake, std::optional<LoginItem> loginItem = {});
+                std::function<void(PrefWindow&)> didMake);
 
     // Null until the window has been asked for.
     TKSetupController* setup() { return m_setup ? &*m_setup : nullptr; }
 
 private:
     TKSetupController& made();
+    LoginItem loginItem();
 
     TKController& m_tkController;
     Platform& m_platform;
     Alerts& m_alerts;
     std::function<void(PrefWindow&)> m_didMake;
-    std::optional<LoginItem> m_loginItem;
     std::optional<TKSetupController> m_setup;
     // Ends the connections.
     QObject m_receiver;

@@ -79,16 +79,9 @@ void SingleInstance::Descriptor::reset(int number) {
     m_number = number;
 }
 
-SingleInstance::SingleInstance(const QString& folder, const QString& display) {
-    QString name = QStringLiteral("org.ticklog.Ticklog-%1-%2").arg(::getuid()).arg(display);
-    name.replace(u'/', u'_');
-    if (folder.isEmpty()) {
-        m_address = '\0' + name.toUtf8();
-    } else {
-        m_address = QFile::encodeName(folder + u'/' + name);
-        m_lockPath = m_address + ".lock";
-    }
-}
+SingleInstance::SingleInstance(const InstanceAddress& address)
+    : m_address(address.name())
+    , m_lockPath(address.lockPath()) {}
 
 SingleInstance::~SingleInstance() {
     // While the lock is still held, so that nobody else's is removed.

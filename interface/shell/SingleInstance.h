@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/InstanceAddress.h"
+
 #include <QSocketNotifier>
 #include <QString>
 
@@ -16,9 +18,7 @@ public:
     // A second start happened; with the full path of a file if it was given one.
     using Reopen = std::function<void(const std::optional<QString>& file)>;
 
-    // `folder` is the user's run-time folder; empty when there is none, then the names are those of the
-    // kernel. `display` tells the user's displays apart.
-    SingleInstance(const QString& folder, const QString& display);
+    explicit SingleInstance(const InstanceAddress& address);
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
     ~SingleInstance();
@@ -53,7 +53,6 @@ private:
 
     void accept();
 
-    // Without a folder it begins with a null character.
     QByteArray m_address;
     QByteArray m_lockPath;
     Descriptor m_lock;

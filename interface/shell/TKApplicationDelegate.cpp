@@ -59,8 +59,11 @@ void TKApplicationDelegate::applicationDidFinishLaunching() {
     m_presence.setFinishedLaunching();
     // The window is there first.
     m_platform.runLoop.performSoon([receiver = QPointer(&m_receiver), this] {
-        if (receiver && QGuiApplication::windowIcon().isNull())
+        if (!receiver)
+            return;
+        if (QGuiApplication::windowIcon().isNull())
             m_controller.showRecordingBadge(m_controller.timer().computeTimerIsValid());
+        m_controller.loginItem().loginItemStateChanged();
     });
 }
 

@@ -184,6 +184,7 @@ TEST_F(TrustHelperTest, aCallerWithARequestOpen_getsNoSecond) {
     send(*bus, "Authorize", {program()});
     ASSERT_TRUE(waitFor([this] { return answers.size() == 1; }));
     EXPECT_EQ(answers.first(), u"Busy: one at a time"_s);
+    ASSERT_TRUE(waitForQuestion());
     m_polkit.ask("decide yes");
     ASSERT_TRUE(waitFor([this] { return answers.size() == 2; }));
     EXPECT_EQ(answers.last(), u"done"_s);

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "tests/fakes/FakeAccessibility.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeLoginItems.h"
 #include "tests/fakes/FakeServiceManagement.h"
 #include "tests/fakes/RecordingLog.h"
 
@@ -36,8 +37,9 @@ struct FakePlatform {
     FakeOwnProgram ownProgram{folders.settingsFile};
     FakeTaskBar taskBar;
     FakeSystemTray systemTray;
+    FakeLoginItems loginItems;
     Platform platform{clock,      runLoop,          log,        notifications, defaults,
                       folders,    frontApplication, windowList, idleTime,      power,
                       session,    accessibility,    fileViewer, sandbox,       serviceManagement,
-                      ownProgram, taskBar,          systemTray};
+                      ownProgram, taskBar,          systemTray, loginItems};
 };

@@ -250,21 +250,21 @@ TEST_F(PrefWindowTest, theDatabase_isMovedRestoredAndRevealed) {
 
 TEST_F(PrefWindowTest, theLoginItem_showsWhatTheDesktopSays) {
     showWindow();
-    auto& login = control<QCheckBox>("loginItem");
+    auto& login = control<QCheckBox>("loginItemCheckbox");
     EXPECT_FALSE(login.isChecked());
-    press("loginItem");
+    press("loginItemCheckbox");
     EXPECT_TRUE(startsAtLogin);
     startsAtLogin = false;
     setup.showPrefWindow();
     EXPECT_FALSE(login.isChecked());
     refusesLogin = true;
-    press("loginItem");
+    press("loginItemCheckbox");
     EXPECT_FALSE(login.isChecked()) << "the desktop refused";
 }
 
 TEST_F(PrefWindowTest, withoutALoginItem_thereIsNoBoxForIt) {
     TKSetupController other(controller, fakes.platform, alerts);
-    EXPECT_FALSE(other.prefWindow().findChild<QCheckBox*>(u"loginItem"_s));
+    EXPECT_FALSE(other.prefWindow().findChild<QCheckBox*>(u"loginItemCheckbox"_s));
 }
 
 TEST_F(PrefWindowTest, everyControl_canBeReachedByKeyboardAndHasAName) {

@@ -18,7 +18,8 @@ struct SingleInstanceTest : testing::Test {
     // What a second start answers; the first must turn its loop meanwhile.
     bool handOver(const std::optional<QString>& file) {
         std::optional<bool> answer;
-        std::thread second([&] { answer = SingleInstance(folder.path(), display).handOver(file); });
+        std::thread second(
+            [&] { answer = SingleInstance(InstanceAddress(folder.path(), display)).handOver(file); });
         const bool isHeard = QTest::qWaitFor([&] { return heard > 0; }, 20000);
         second.join();
         return isHeard && answer.value_or(false);
@@ -41,21 +42,38 @@ struct SingleInstanceTest : testing::Test {
 } // namespace
 
 TEST_F(SingleInstanceTest, theSecond_isNotTheFirst) {
-    SingleInstance first(folder.path(), display);
+    SingleInstance first(InstanceAddress(folder.path(), display));
     listen(first);
-    EXPECT_FALSE(SingleInstance(folder.path(), display).isFirst());
-    EXPECT_TRUE(SingleInstance(folder.path(), QStringLiteral(":8")).isFirst()) << "another display";
+    EXPECT_FALSE(SingleInstance(InstanceAddress(folder.path(), display)).isFirst());
+    EXPECT_TRUE(SingleInstance(InstanceAddress(folder.path(), QStringLiteral(":8"))).isFirst())
+        << "another display";
+}
+
+TEST_F(SingleInstanceTest, whoeverOnlyLooks_isNotNoticed) {
+    for (const QString& place : {folder.path(), QString()}) {
+        const InstanceAddress address(place, display);
+        EXPECT_FALSE(address.isServed());
+        {
+            SingleInstance first(address);
+            listen(first);
+            EXPECT_TRUE(address.isServed());
+            EXPECT_FALSE(InstanceAddress(place, QStringLiteral("x") + display).isServed());
+            QCoreApplication::processEvents();
+            EXPECT_EQ(heard, 0);
+        }
+        EXPECT_FALSE(address.isServed());
+    }
 }
 
 TEST_F(SingleInstanceTest, theSecond_handsOverItsFile) {
-    SingleInstance first(folder.path(), display);
+    SingleInstance first(InstanceAddress(folder.path(), display));
     listen(first);
     EXPECT_TRUE(handOver(QStringLiteral("/home/someone/Zeit für Übung.tkd")));
     EXPECT_EQ(last, QStringLiteral("/home/someone/Zeit für Übung.tkd"));
 }
 
 TEST_F(SingleInstanceTest, theSecondWithoutAFile_onlyKnocks) {
-    SingleInstance first(folder.path(), display);
+    SingleInstance first(InstanceAddress(folder.path(), display));
     listen(first);
     EXPECT_TRUE(handOver(std::nullopt));
     EXPECT_EQ(last, std::nullopt);
@@ -63,15 +81,15 @@ TEST_F(SingleInstanceTest, theSecondWithoutAFile_onlyKnocks) {
 
 TEST_F(SingleInstanceTest, withoutAnyFolder_theKernelKeepsTheName) {
     display = QStringLiteral("test-%1").arg(::getpid());
-    SingleInstance first({}, display);
+    SingleInstance first(InstanceAddress(QString(), display));
     ASSERT_TRUE(first.isFirst());
-    EXPECT_FALSE(SingleInstance({}, display).isFirst());
+    EXPECT_FALSE(SingleInstance(InstanceAddress(QString(), display)).isFirst());
 }
 
 TEST_F(SingleInstanceTest, whatACrashLeaves_isTakenOver) {
     const pid_t crashing = ::fork();
     if (crashing == 0) {
-        auto* first = new SingleInstance(folder.path(), display);
+        auto* first = new SingleInstance(InstanceAddress(folder.path(), display));
         ::_exit(first->isFirst() ? 0 : 1);
     }
     int status = 1;
@@ -79,13 +97,13 @@ TEST_F(SingleInstanceTest, whatACrashLeaves_isTakenOver) {
     ASSERT_EQ(status, 0);
     const QString socket = folder.filePath(QStringLiteral("org.ticklog.Ticklog-%1-:7").arg(::getuid()));
     ASSERT_TRUE(QFileInfo(socket).exists()) << "the socket is left behind";
-    SingleInstance next(folder.path(), display);
+    SingleInstance next(InstanceAddress(folder.path(), display));
     listen(next);
     EXPECT_TRUE(handOver(std::nullopt));
 }
 
 TEST_F(SingleInstanceTest, theSocket_isTheUsersAlone) {
-    SingleInstance first(folder.path(), display);
+    SingleInstance first(InstanceAddress(folder.path(), display));
     listen(first);
     const QString socket = folder.filePath(QStringLiteral("org.ticklog.Ticklog-%1-:7").arg(::getuid()));
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;

@@ -37,7 +37,7 @@ void takeOnWeight() {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    SingleInstance instance(qEnvironmentVariable("XDG_RUNTIME_DIR"), qEnvironmentVariable("DISPLAY"));
+    SingleInstance instance(InstanceAddress::ofThisSession());
     const AccountLock account(Folders::forUser().applicationSupport);
     const bool isFree = instance.isFirst() && account.isHeld();
     const QString successor = QCoreApplication::arguments().value(1);

@@ -10,6 +10,7 @@
 #include "tests/desktop/harness/Desk.h"
 #include "tests/fakes/FakeAccessibility.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeLoginItems.h"
 #include "tests/fakes/FakeServiceManagement.h"
 #include "tests/fakes/RecordingLog.h"
 
@@ -66,10 +67,11 @@ private:
     FakeOwnProgram m_ownProgram{m_folders.settingsFile};
     FakeTaskBar m_taskBar;
     FakeSystemTray m_systemTray;
+    FakeLoginItems m_loginItems;
     Platform m_platform{m_ground.clock, m_ground.runLoop, m_ground.log, m_notifications, m_defaults,
                         m_folders,      m_front,          m_windows,    m_idleTime,      m_power,
                         m_session,      m_accessibility,  m_fileViewer, m_sandbox,       m_serviceManagement,
-                        m_ownProgram,   m_taskBar,        m_systemTray};
+                        m_ownProgram,   m_taskBar,        m_systemTray, m_loginItems};
     Engine m_engine{m_platform, {}};
     NoDisplay m_display;
     TimerControl m_timer{m_engine.tracker(), m_engine.services(), m_display, [] {}};

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/AutostartEntries.h"
+
+#include "platform/foundation/PrivateFiles.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSet>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace {
+
+const QString kSuffix = QStringLiteral(".desktop");
+const QString kAutostart = QStringLiteral("/autostart");
+// Many times what an entry in all languages takes.
+constexpr qint64 kLongestEntry = 1 << 18;
+
+const QString kHidden = QStringLiteral("Hidden");
+const QString kExec = QStringLiteral("Exec");
+const QString kTryExec = QStringLiteral("TryExec");
+const QString kOnlyShowIn = QStringLiteral("OnlyShowIn");
+const QString kNotShowIn = QStringLiteral("NotShowIn");
+const QString kAutostartEnabled = QStringLiteral("X-GNOME-Autostart-enabled");
+
+// A value as it is written: only the backslash has a meaning in all of them.
+QString escaped(QString value) {
+    return value.replace(u'\\', QLatin1String("\\\\"))
+        .replace(u'\n', QLatin1String("\\n"))
+        .replace(u'\t', QLatin1String("\\t"))
+        .replace(u'\r', QLatin1String("\\r"));
+}
+
+QString unescaped(const QString& value) {
+    QString plain;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        if (value[i] != u'\\' || i + 1 == value.size()) {
+            plain += value[i];
+            continue;
+        }
+        switch (value[++i].unicode()) {
+        case u's':
+            plain += u' ';
+            break;
+        case u'n':
+            plain += u'\n';
+            break;
+        case u't':
+            plain += u'\t';
+            break;
+        case u'r':
+            plain += u'\r';
+            break;
+        default:
+            plain += value[i];
+        }
+    }
+    return plain;
+}
+
+// The program that an Exec value begins with.
+QString programOf(const QString& exec) {
+    QString program;
+    bool isQuoted = false;
+    for (qsizetype i = 0; i < exec.size(); ++i) {
+        if (exec[i] == u'"')
+            isQuoted = !isQuoted;
+        else if (exec[i] == u' ' && !isQuoted)
+            break;
+        else if (exec[i] == u'\\' && isQuoted && i + 1 < exec.size())
+            program += exec[++i];
+        else
+            program += exec[i];
+    }
+    return program.replace(QLatin1String("%%"), QLatin1String("%"));
+}
+
+bool canBeRun(const QString& program) {
+    return program.startsWith(u'/') ? QFileInfo(program).isExecutable()
+                                    : !QStandardPaths::findExecutable(program).isEmpty();
+}
+
+QStringList foldersOf(const char* variable, const QString& fallback) {
+    QString value = qEnvironmentVariable(variable);
+    if (value.isEmpty())
+        value = fallback;
+    return value.split(u':', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+AutostartEntries::Places AutostartEntries::Places::forUser() {
+    Places places{.userFolder =
+                      QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + kAutostart,
+                  .systemFolders = {},
+                  .desktops = foldersOf("XDG_CURRENT_DESKTOP", {}),
+                  .helperFolder = {}};
+    for (const QString& folder : foldersOf("XDG_CONFIG_DIRS", QStringLiteral("/etc/xdg")))
+        places.systemFolders << folder + kAutostart;
+    const QString beside = QCoreApplication::applicationDirPath();
+    const QString installed = QDir::cleanPath(beside + QStringLiteral("/../libexec/ticklog"));
+    places.helperFolder = QFileInfo(installed).isDir() ? installed : beside;
+    return places;
+}
+
+std::vector<LoginJob> AutostartEntries::copyAllJobDictionaries() const {
+    std::vector<LoginJob> jobs;
+    QSet<QString> seen;
+    for (const QString& folder : QStringList{m_places.userFolder} + m_places.systemFolders)
+        for (const QString& name : QDir(folder).entryList({u'*' + kSuffix}, QDir::Files)) {
+            if (seen.contains(name))
+                continue;
+            seen << name;
+            const auto entry = read(folder + u'/' + name);
+            // A hidden entry is there only to hide the system's.
+            if (entry && entry->value(kHidden) != QLatin1String("true"))
+                jobs.push_back({name.chopped(kSuffix.size()), isStarted(*entry)});
+        }
+    return jobs;
+}
+
+std::optional<AutostartEntries::Entry> AutostartEntries::read(const QString& path) {
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly) || file.size() > kLongestEntry)
+        return std::nullopt;
+    Entry entry;
+    bool isOurs = false;
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+        if (line.startsWith(u'['))
+            isOurs = line.trimmed() == QLatin1String("[Desktop Entry]");
+        const qsizetype equals = line.indexOf(u'=');
+        if (isOurs && equals > 0 && !line.startsWith(u'#'))
+            entry.insert(line.left(equals).trimmed(), unescaped(line.mid(equals + 1).trimmed()));
+    }
+    return entry;
+}
+
+bool AutostartEntries::isStarted(const Entry& entry) const {
+    const auto isForThisDesktop = [&](const QString& key) {
+        const QStringList named = entry.value(key).split(u';', Qt::SkipEmptyParts);
+        return std::ranges::any_of(m_places.desktops,
+                                   [&](const QString& desktop) { return named.contains(desktop); });
+    };
+    if (entry.value(kAutostartEnabled) == QLatin1String("false") || isForThisDesktop(kNotShowIn) ||
+        (entry.contains(kOnlyShowIn) && !isForThisDesktop(kOnlyShowIn)))
+        return false;
+    return canBeRun(programOf(entry.value(kExec))) &&
+           (!entry.contains(kTryExec) || canBeRun(entry.value(kTryExec)));
+}
+
+Outcome AutostartEntries::setEnabled(const QString& identifier, bool isEnabled) {
+    const QString path = userFile(identifier);
+    if (isEnabled)
+        return write(path, entryFor(identifier));
+    const bool isSystems = std::ranges::any_of(m_places.systemFolders, [&](const QString& folder) {
+        return QFileInfo::exists(folder + u'/' + identifier + kSuffix);
+    });
+    if (isSystems)
+        return write(path, "[Desktop Entry]\nType=Application\nName=Ticklog\nHidden=true\n");
+    QFile file(path);
+    if (file.remove() || !file.exists())
+        return Done{};
+    return Failure{Failure::Kind::CannotWrite, path + QStringLiteral(": ") + file.errorString()};
+}
+
+QString AutostartEntries::userFile(const QString& identifier) const {
+    return m_places.userFolder + u'/' + identifier + kSuffix;
+}
+
+QString AutostartEntries::execValue(const QString& path) {
+    QString quoted = QStringLiteral("\"");
+    for (const QChar character : path) {
+        if (QStringView(u"\"`$\\").contains(character))
+            quoted += u'\\';
+        quoted += character;
+        // Alone it would stand for a file that is handed over.
+        if (character == u'%')
+            quoted += u'%';
+    }
+    quoted += u'"';
+    // Desktops look for the program before they read the percent signs in its path, but read them in arguments first.
+    if (path.contains(u'%'))
+        quoted.prepend(QStringLiteral("nice -n 0 "));
+    return escaped(quoted);
+}
+
+QByteArray AutostartEntries::entryFor(const QString& identifier) const {
+    const QString helper = m_places.helperFolder + u'/' + identifier.section(u'.', -1);
+    return QStringLiteral("[Desktop Entry]\n"
+                          "Type=Application\n"
+                          "Name=Ticklog\n"
+                          "Comment=Start Ticklog at login\n"
+                          "Icon=org.ticklog.Ticklog\n"
+                          "Exec=%1\n"
+                          "TryExec=%2\n"
+                          "Terminal=false\n"
+                          "X-GNOME-Autostart-enabled=true\n"
+                          // What it shows in the tray must find one.
+                          "X-KDE-autostart-after=panel\n")
+        .arg(execValue(helper), escaped(helper))
+        .toUtf8();
+}
+
+Outcome AutostartEntries::write(const QString& path, const QByteArray& content) const {
+    if (auto made = PrivateFiles::makeFolder(m_places.userFolder); !made)
+        return made;
+    QSaveFile file(path);
+    if (file.open(QFile::WriteOnly) && file.write(content) == content.size() && file.commit())
+        return Done{};
+    return Failure{Failure::Kind::CannotWrite, path + QStringLiteral(": ") + file.errorString()};
+}
