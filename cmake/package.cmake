@@ -9,6 +9,17 @@ install(FILES resources/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/
 install(FILES resources/${id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME ${id}.xml)
 install(FILES resources/${id}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES resources/application-x-ticklog.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes)
+
+# What its two helpers need. The system bus and polkit look for these below /usr; for a copy that is installed elsewhere,
+# install-helper puts them where they are found.
+install(TARGETS TKAXTrusted TicklogLaunchHelper DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/ticklog)
+install(PROGRAMS resources/system/install-helper DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/ticklog)
+install(FILES resources/system/org.ticklog.TKAXTrusted.service DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/system-services)
+install(FILES resources/system/org.ticklog.TKAXTrusted.conf DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/system.d)
+install(FILES resources/system/org.ticklog.TKAXTrusted.policy DESTINATION ${CMAKE_INSTALL_DATADIR}/polkit-1/actions)
+install(FILES resources/system/ticklog-trust.service DESTINATION lib/systemd/system)
+install(PROGRAMS resources/system/60-ticklog DESTINATION lib/systemd/user-environment-generators)
+
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # Packages carry their manuals and changes compressed, without the hour in them at which that was done.
@@ -50,7 +61,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS at-spi2-core)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd | policykit-1")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
   WORLD_EXECUTE)
 include(CPack)
