@@ -14,6 +14,8 @@ step "scripts" shellcheck -x dev scripts/*.sh .ci/run resources/system/install-h
 
 desktop_entries() { local entries=(resources/*.desktop); [ ! -e "${entries[0]}" ] || desktop-file-validate "${entries[@]}"; }
 step "desktop entries" desktop_entries
+# Well-formed, without fetching what describes them.
+step "bus and polkit files" xmllint --noout --nonet resources/system/*.conf resources/system/*.policy
 
 # A build of its own, without a precompiled header: clang cannot read the one that g++ makes.
 tidy() {

@@ -21,8 +21,7 @@ QString pathOf(const QString& name) {
 
 Failure failureOf(const QDBusMessage& error, const QString& helper) {
     // A helper that answers has been reached: asking it again would not help.
-    const bool isRefused = error.errorName().startsWith(helper) ||
-                           error.errorName() == QDBusError::errorString(QDBusError::AccessDenied);
+    const bool isRefused = error.errorName().startsWith(helper + u'.');
     return {isRefused ? Failure::Kind::Refused : Failure::Kind::NotFound, error.errorMessage()};
 }
 
