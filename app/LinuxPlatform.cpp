@@ -18,6 +18,7 @@
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
 #include "platform/linux/SettingsWatch.h"
+#include "platform/linux/TrustRecord.h"
 #include "platform/x11/X11TaskBar.h"
 #include "platform/x11/X11TrayManager.h"
 
@@ -72,6 +73,8 @@ LinuxPlatform::BackEnds::BackEnds() {
         Platform{clock, runLoop, log, notifications, defaults, folders, frontApplication,
                  desktop.windowList(), desktop.idleTime(), power, sessionEvents, accessibility, fileViewer,
                  sandbox, serviceManagement, ownProgram, *taskBar, systemTray, loginItems});
+    if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
+        accessibility.grantTrust();
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,

@@ -130,6 +130,11 @@ void AtspiAccessibility::openPreferences() {
                     {kStatus, kIsEnabled, QVariant::fromValue(QDBusVariant(true))});
 }
 
+void AtspiAccessibility::grantTrust() {
+    m_isGranted = true;
+    openPreferences();
+}
+
 void AtspiAccessibility::sendTrustWarning() {
     m_launcher.call(kLauncherPath, QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"), {});
 }

@@ -98,6 +98,24 @@ TEST_F(AtspiAccessibilityTest, trust_isTheDesktopsSwitch) {
     EXPECT_TRUE(waitFor([this] { return m_accessibility.isProcessTrusted(); }));
 }
 
+TEST_F(AtspiAccessibilityTest, trustGrantedByAnAdministrator_turnsTheSwitchOn) {
+    m_accessibility.grantTrust();
+    EXPECT_TRUE(m_accessibility.isProcessTrusted()) << "from the first moment";
+    AtspiAccessibility another{m_bus, m_runLoop, m_log};
+    EXPECT_TRUE(waitFor([&] { return another.isProcessTrusted(); })) << "the switch is the session's";
+}
+
+TEST_F(AtspiAccessibilityTest, aWarning_wakesTheServiceWithoutTurningAnythingOn) {
+    SessionBus daemon(m_desk.environment(), m_desk.home().runtimeFolder());
+    Bus bus(Bus::atAddress(daemon.address()), m_runLoop, m_log);
+    AtspiAccessibility accessibility(bus, m_runLoop, m_log);
+    EXPECT_EQ(accessibility.describe(), QStringLiteral("AT-SPI (not there now)"));
+    accessibility.sendTrustWarning();
+    EXPECT_TRUE(waitFor([&] { return accessibility.describe() == QStringLiteral("AT-SPI"); }));
+    turnEventLoopFor(std::chrono::milliseconds(200));
+    EXPECT_FALSE(accessibility.isProcessTrusted());
+}
+
 TEST_F(AtspiAccessibilityTest, aQtProgram_isSeenWithItsMainWindow) {
     const auto client = startQtClient();
     tell(*client, "open First");
