@@ -10,7 +10,7 @@ mapfile -t ours < <(find . \( -name build -o -name '.*' ! -name . \) -prune -o -
 mapfile -t product < <(printf '%s\n' "${ours[@]}" | grep -E '^\./(app|Classes|platform|interface|helpers)/.*\.cpp$')
 
 step "layout" clang-format --dry-run -Werror "${ours[@]}"
-step "scripts" shellcheck -x dev scripts/*.sh .ci/run resources/system/install-helper resources/system/60-ticklog
+step "scripts" shellcheck -x dev scripts/*.sh .ci/run resources/system/install-helper resources/system/60-ticklog resources/system/postrm
 
 desktop_entries() { local entries=(resources/*.desktop); [ ! -e "${entries[0]}" ] || desktop-file-validate "${entries[@]}"; }
 step "desktop entries" desktop_entries
