@@ -2,6 +2,7 @@
 #include "app/DesktopChooser.h"
 
 #include "platform/foundation/LocalizedStrings.h"
+#include "platform/wayland/PlasmaDesktop.h"
 #include "platform/wayland/WlrootsDesktop.h"
 #include "platform/x11/X11Desktop.h"
 #include "platform/x11/X11IdleTime.h"
@@ -38,7 +39,9 @@ std::vector<Candidate<DesktopChooser::Desktop>> DesktopChooser::desktops(bool is
     if (!isWayland)
         return {{QStringLiteral("The X11 desktop"),
                  [&] { return withIdleTime(X11Desktop::open({}, runLoop, log, entries)); }}};
-    return {{QStringLiteral("The wlroots desktop"),
+    return {{QStringLiteral("The Plasma desktop"),
+             [&] { return desktopOf(PlasmaDesktop::open({}, runLoop, log, entries)); }},
+            {QStringLiteral("The wlroots desktop"),
              [&] { return desktopOf(WlrootsDesktop::open({}, runLoop, log, entries)); }}};
 }
 

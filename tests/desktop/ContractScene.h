@@ -122,5 +122,7 @@ private:
 inline std::unique_ptr<ContractScene> makeContractScene(const QString& desktop) {
     if (desktop == QLatin1String("sway"))
         return std::make_unique<WaylandContractScene<SwayScene, false>>();
+    if (desktop == QLatin1String("kwin"))
+        return std::make_unique<WaylandContractScene<KWinScene, true>>();
     return std::make_unique<X11ContractScene>(desktop);
 }

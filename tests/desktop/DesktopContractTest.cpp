@@ -19,7 +19,8 @@ protected:
     Sight& sight = scene->sight();
 };
 
-INSTANTIATE_TEST_SUITE_P(Contract, DesktopUnder, testing::Values("openbox", "icewm", "metacity", "sway"),
+INSTANTIATE_TEST_SUITE_P(Contract, DesktopUnder,
+                         testing::Values("openbox", "icewm", "metacity", "sway", "kwin"),
                          [](const auto& instance) { return std::string(instance.param); });
 
 TEST_P(DesktopUnder, twoPrograms_takeTurnsInFront) {

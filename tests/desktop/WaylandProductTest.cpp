@@ -46,7 +46,7 @@ protected:
     Lateness lateness;
 };
 
-INSTANTIATE_TEST_SUITE_P(Wayland, WaylandProduct, testing::Values("sway"),
+INSTANTIATE_TEST_SUITE_P(Wayland, WaylandProduct, testing::Values("sway", "kwin"),
                          [](const auto& instance) { return std::string(instance.param); });
 
 TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/wayland/PlasmaDesktop.h"
 #include "platform/wayland/WlrootsDesktop.h"
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/WaylandClient.h"
@@ -32,3 +33,4 @@ public:
 };
 
 using SwayScene = WaylandScene<SwayDesk, WlrootsDesktop>;
+using KWinScene = WaylandScene<KWinDesk, PlasmaDesktop>;
