@@ -156,8 +156,8 @@ ApplicationRecord WaylandDesktop::applicationOf(const Window& window) {
     } else {
         application.processIdentifier = madeUpProcessOf(window.appId);
     }
-    const bool isOwn = window.process ? *window.process == QCoreApplication::applicationPid()
-                                      : ownAppIds().contains(window.appId);
+    const bool isOwn = application.processIdentifier == QCoreApplication::applicationPid() ||
+                       ownAppIds().contains(window.appId);
     if (isOwn)
         application.name = kOwnName;
     else if (const auto name = m_desktopEntries.nameForWindow({window.appId}, application.path))

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The built program on real Wayland desktops: what it records, and how it ends.
+#include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/ProductProgram.h"
-#include "tests/desktop/harness/WaylandClient.h"
 
 #include <QElapsedTimer>
 
@@ -15,25 +15,19 @@ using namespace std::chrono_literals;
 
 const QString kOwnTitle = QStringLiteral("Ticklog");
 
-std::unique_ptr<WaylandDesk> makeDesk(const std::string& compositor) {
-    if (compositor == "sway")
-        return std::make_unique<SwayDesk>();
-    return std::make_unique<KWinDesk>();
-}
-
 class WaylandProduct : public testing::TestWithParam<const char*> {
 protected:
-    // Starts the product with a running timer, and waits until it has written its account once.
+    // Starts the product with a running timer, and waits until its window is in front.
     void startRunning() {
         product.writeSettings(ProductProgram::runningSettings());
-        product.launch(desk->environment());
-        ASSERT_TRUE(waitFor([&] { return desk->activate(kOwnTitle); }));
+        product.launch(desk.environment());
+        EXPECT_SEEN(*scene, "Ticklog: Ticklog");
     }
 
     // Keeps a window in front and answers for how many seconds it was.
     double keepInFront(WaylandClient& client, int window, const QString& title,
                        std::chrono::milliseconds duration) {
-        EXPECT_TRUE(waitFor([&] { return desk->activate(title); }));
+        EXPECT_TRUE(desk.activate(title));
         EXPECT_TRUE(client.awaitFocus(window));
         QElapsedTimer watch;
         watch.start();
@@ -41,8 +35,9 @@ protected:
         return double(watch.nsecsElapsed()) / 1e9;
     }
 
-    const std::unique_ptr<WaylandDesk> desk = makeDesk(GetParam());
-    ProductProgram product{desk->home()};
+    const std::unique_ptr<AnyWaylandScene> scene = makeWaylandScene(QString::fromLatin1(GetParam()));
+    WaylandDesk& desk = scene->anyDesk();
+    ProductProgram product{desk.home()};
     Lateness lateness;
 };
 
@@ -52,8 +47,8 @@ INSTANTIATE_TEST_SUITE_P(Wayland, WaylandProduct, testing::Values("sway", "kwin"
 TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
     const QString letter = QStringLiteral("Letter");
     const QString inbox = QStringLiteral("Inbox");
-    WaylandClient writer(*desk, QStringLiteral("Writer"));
-    WaylandClient mailer(*desk, QStringLiteral("Mailer"));
+    WaylandClient writer(desk, QStringLiteral("Writer"));
+    WaylandClient mailer(desk, QStringLiteral("Mailer"));
     writer.open(letter);
     mailer.open(inbox);
     startRunning();
@@ -63,7 +58,7 @@ TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
         writing += keepInFront(writer, 0, letter, 400ms);
         mailing += keepInFront(mailer, 0, inbox, 500ms);
     }
-    ASSERT_TRUE(desk->activate(kOwnTitle));
+    ASSERT_TRUE(desk.activate(kOwnTitle));
     product.program().terminate();
     EXPECT_EQ(product.program().exitStatus(), 0);
     const auto applications = product.applicationTimes();
@@ -75,13 +70,13 @@ TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
 
 TEST_P(WaylandProduct, aCompositorThatIsKilled_endsItWithTheAccountSaved) {
     const QString letter = QStringLiteral("Letter");
-    WaylandClient writer(*desk, QStringLiteral("Writer"));
+    WaylandClient writer(desk, QStringLiteral("Writer"));
     writer.open(letter);
     startRunning();
     const double writing = keepInFront(writer, 0, letter, 700ms);
     QElapsedTimer watch;
     watch.start();
-    desk->kill();
+    desk.kill();
     EXPECT_TRUE(product.program().waitUntilEnded());
     const double ending = double(watch.nsecsElapsed()) / 1e9;
     EXPECT_EQ(product.program().exitStatus(), 0);

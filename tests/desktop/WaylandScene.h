@@ -6,6 +6,14 @@
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/WaylandClient.h"
 
+// A Wayland desk of any kind, and what Ticklog sees of it.
+class AnyWaylandScene : public Sight {
+public:
+    using Sight::Sight;
+    virtual ~AnyWaylandScene() = default;
+    virtual WaylandDesk& anyDesk() = 0;
+};
+
 // Made before what is seen of it.
 template<class AnyDesk>
 struct WaylandSceneDesk {
@@ -14,12 +22,14 @@ struct WaylandSceneDesk {
 
 // A Wayland desk, and what Ticklog sees of it by one of its back ends.
 template<class AnyDesk, class Desktop>
-class WaylandScene : public WaylandSceneDesk<AnyDesk>, public Sight {
+class WaylandScene : public WaylandSceneDesk<AnyDesk>, public AnyWaylandScene {
 public:
     WaylandScene()
-        : Sight(this->desk.home().dataFolder()) {
+        : AnyWaylandScene(this->desk.home().dataFolder()) {
         open();
     }
+
+    WaylandDesk& anyDesk() override { return this->desk; }
 
     void open() {
         auto opened = Desktop::open(this->desk.display().toLocal8Bit(), runLoop, log, entries);
@@ -34,3 +44,10 @@ public:
 
 using SwayScene = WaylandScene<SwayDesk, WlrootsDesktop>;
 using KWinScene = WaylandScene<KWinDesk, PlasmaDesktop>;
+
+// `compositor` is "sway" or "kwin".
+inline std::unique_ptr<AnyWaylandScene> makeWaylandScene(const QString& compositor) {
+    if (compositor == QLatin1String("sway"))
+        return std::make_unique<SwayScene>();
+    return std::make_unique<KWinScene>();
+}
