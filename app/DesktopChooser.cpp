@@ -2,12 +2,26 @@
 #include "app/DesktopChooser.h"
 
 #include "platform/foundation/LocalizedStrings.h"
+#include "platform/linux/LogindIdleTime.h"
+#include "platform/linux/MutterIdleTime.h"
 #include "platform/wayland/PlasmaDesktop.h"
+#include "platform/wayland/WaylandIdleTime.h"
 #include "platform/wayland/WlrootsDesktop.h"
 #include "platform/x11/X11Desktop.h"
 #include "platform/x11/X11IdleTime.h"
 
 #include <algorithm>
+
+namespace {
+
+template<class BackEnd>
+Result<std::shared_ptr<IdleTime>> idleTimeOf(Result<std::unique_ptr<BackEnd>> opened) {
+    if (!opened)
+        return opened.failure();
+    return std::shared_ptr<IdleTime>(std::move(*opened));
+}
+
+} // namespace
 
 DesktopChooser::DesktopChooser(const Ground& ground)
     : m_ground(ground) {
@@ -15,7 +29,10 @@ DesktopChooser::DesktopChooser(const Ground& ground)
     std::vector<Failure> refusals;
     auto desktop = firstThatWorks(desktops(isWayland), m_ground.log, refusals);
     m_desktop = desktop ? std::move(*desktop) : none(isWayland, refusals);
-    m_idleTime = m_desktop.idleTime ? m_desktop.idleTime : std::make_shared<NoIdleTime>();
+    m_idleTime = m_desktop.idleTime;
+    if (!m_idleTime)
+        m_idleTime =
+            firstThatWorks(idleTimes(), m_ground.log, refusals).value_or(std::make_shared<NoIdleTime>());
 }
 
 void DesktopChooser::setLostHandler(std::function<void()> handler) {
@@ -33,16 +50,35 @@ bool DesktopChooser::isUnderWayland() const {
 }
 
 std::vector<Candidate<DesktopChooser::Desktop>> DesktopChooser::desktops(bool isWayland) const {
-    const auto& [runLoop, log, entries] = m_ground;
     // An X server beside a compositor knows only the programs that run through it, and would credit them for the time
     // in which others are in front.
     if (!isWayland)
-        return {{QStringLiteral("The X11 desktop"),
-                 [&] { return withIdleTime(X11Desktop::open({}, runLoop, log, entries)); }}};
+        return {{QStringLiteral("The X11 desktop"), [this] {
+                     return withIdleTime(
+                         X11Desktop::open({}, m_ground.runLoop, m_ground.log, m_ground.entries));
+                 }}};
     return {{QStringLiteral("The Plasma desktop"),
-             [&] { return desktopOf(PlasmaDesktop::open({}, runLoop, log, entries)); }},
-            {QStringLiteral("The wlroots desktop"),
-             [&] { return desktopOf(WlrootsDesktop::open({}, runLoop, log, entries)); }}};
+             [this] {
+                 return desktopOf(PlasmaDesktop::open({}, m_ground.runLoop, m_ground.log, m_ground.entries));
+             }},
+            {QStringLiteral("The wlroots desktop"), [this] {
+                 return desktopOf(WlrootsDesktop::open({}, m_ground.runLoop, m_ground.log, m_ground.entries));
+             }}};
+}
+
+std::vector<Candidate<std::shared_ptr<IdleTime>>> DesktopChooser::idleTimes() const {
+    return {{QStringLiteral("The idle time by Wayland"),
+             [this] {
+                 return idleTimeOf(WaylandIdleTime::open({}, m_ground.runLoop, m_ground.log, m_ground.clock));
+             }},
+            {QStringLiteral("The idle time by GNOME"),
+             [this] { return idleTimeOf(MutterIdleTime::open(m_ground.sessionBus, m_ground.clock)); }},
+            {QStringLiteral("The idle time by logind"), [this]() -> Result<std::shared_ptr<IdleTime>> {
+                 if (!m_ground.systemBus.isConnected())
+                     return Failure{Failure::Kind::NotFound, QStringLiteral("there is no system bus")};
+                 return std::shared_ptr<IdleTime>(
+                     std::make_shared<LogindIdleTime>(m_ground.session, m_ground.clock));
+             }}};
 }
 
 template<class BackEnd>

@@ -5,6 +5,7 @@
 #include "platform/NoDesktop.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/RunLoop.h"
+#include "platform/linux/OwnSession.h"
 
 #include <memory>
 
@@ -17,6 +18,10 @@ public:
         RunLoop& runLoop;
         SystemLog& log;
         DesktopEntries& entries;
+        const Clock& clock;
+        Bus& sessionBus;
+        Bus& systemBus;
+        const OwnSession& session;
     };
 
     explicit DesktopChooser(const Ground& ground);
@@ -42,6 +47,7 @@ private:
     static Result<Desktop> withIdleTime(Result<std::unique_ptr<class X11Desktop>> opened);
     bool isUnderWayland() const;
     std::vector<Candidate<Desktop>> desktops(bool isWayland) const;
+    std::vector<Candidate<std::shared_ptr<IdleTime>>> idleTimes() const;
     static Desktop none(bool isWayland, const std::vector<Failure>& refusals);
 
     Ground m_ground;

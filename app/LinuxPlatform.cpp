@@ -46,7 +46,7 @@ struct LinuxPlatform::BackEnds {
     LogindSession sessionEvents{session, log};
     DesktopScreenLock screenLock{session, sessionBus, runLoop};
     DesktopEntries desktopEntries{DesktopEntries::Places::forUser(), clock};
-    DesktopChooser desktop{{runLoop, log, desktopEntries}};
+    DesktopChooser desktop{{runLoop, log, desktopEntries, clock, sessionBus, systemBus, session}};
     LockAwareFrontApplication frontApplication{desktop.frontApplication(), screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};

@@ -4,7 +4,12 @@ set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/ticklog)
 
 set(id org.ticklog.Ticklog)
 install(TARGETS ticklog)
-install(FILES resources/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+# Plasma grants what an entry asks for only to the very program that it names, by its full path.
+install(CODE "
+  file(READ \"${CMAKE_CURRENT_SOURCE_DIR}/resources/${id}.desktop\" entry)
+  string(REPLACE Exec=ticklog Exec=\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog entry \"\${entry}\")
+  file(WRITE \"${CMAKE_CURRENT_BINARY_DIR}/${id}.desktop\" \"\${entry}\")")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES resources/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES resources/${id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME ${id}.xml)
 install(FILES resources/${id}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
@@ -57,13 +62,16 @@ set(CPACK_PACKAGE_DESCRIPTION "While its timer runs, Ticklog notices which windo
 up the time for each application and each of its windows, without being
 told anything. The record stays in files that only its user can read.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# The folder in which it is put together is no part of any path that is written into it.
+set(CPACK_SET_DESTDIR ON)
+set(CPACK_INSTALL_PREFIX ${CPACK_PACKAGING_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Takes away what the helper has written, when all is to go.
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/resources/system/postrm)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd | policykit-1")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd | policykit-1, qt6-wayland")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
   WORLD_EXECUTE)
 include(CPack)

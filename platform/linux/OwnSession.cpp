@@ -144,6 +144,9 @@ void OwnSession::adopt(const QVariantMap& properties) {
     m_isLocked = properties.value(QStringLiteral("LockedHint"), m_isLocked).toBool();
     if (const QString kind = properties.value(QStringLiteral("Class")).toString(); !kind.isEmpty())
         m_isGreeter = kind == QLatin1String("greeter");
+    m_isIdle = properties.value(QStringLiteral("IdleHint"), m_isIdle).toBool();
+    if (const QVariant since = properties.value(QStringLiteral("IdleSinceHintMonotonic")); since.isValid())
+        m_idleSince = std::chrono::microseconds(since.toULongLong());
     if (before != std::tuple(m_isActive, m_isLocked, m_isGreeter))
         m_observers->forEach([](const std::function<void()>& observer) { observer(); });
 }

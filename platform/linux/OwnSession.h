@@ -3,7 +3,9 @@
 
 #include "platform/bus/BusService.h"
 
+#include <chrono>
 #include <functional>
+#include <optional>
 
 // The login session this process belongs to, as logind last told. It is found by its name, else by our
 // process, else as the session in which the user sits before a display. While none is known it counts as
@@ -21,10 +23,15 @@ public:
     // What the screen locker tells logind.
     bool isLocked() const { return m_isLocked; }
 
+    // Since when, on the monotonic clock, the desktop says that nobody is there; absent while somebody is.
+    std::optional<std::chrono::nanoseconds> idleSince() const {
+        return m_isIdle ? std::optional(m_idleSince) : std::nullopt;
+    }
+
     // A session in which nobody has logged in yet.
     bool isGreeter() const { return m_isGreeter; }
 
-    // Calls `observer` after any of the above has changed.
+    // Calls `observer` after any of the above but the idle time has changed.
     Subscription observe(std::function<void()> observer);
     // Calls `observer` with whether the session is to be locked (true) or unlocked. A request, no more: there
     // may be no screen locker that follows it.
@@ -57,6 +64,8 @@ private:
     bool m_isActive = true;
     bool m_isLocked = false;
     bool m_isGreeter = false;
+    bool m_isIdle = false;
+    std::chrono::nanoseconds m_idleSince{0};
     QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
     QExplicitlySharedDataPointer<Listeners<std::function<void(bool)>>> m_requestObservers;
     std::vector<std::unique_ptr<BusSignal>> m_signals;

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/IdleTime.h"
+#include "platform/foundation/IdleMeter.h"
+#include "platform/wayland/WaylandConnection.h"
+
+struct ext_idle_notification_v1;
+struct ext_idle_notifier_v1;
+struct org_kde_kwin_idle;
+struct org_kde_kwin_idle_timeout;
+
+// The time since the last input as the compositor's notifications tell it: the first five seconds count as none, from
+// then on it is exact to the delay of an event. Reading costs no round trip. Main thread only.
+class WaylandIdleTime : public IdleTime {
+public:
+    // `display` is a socket's name or path; empty for that of the environment. The rest outlives it.
+    static Result<std::unique_ptr<WaylandIdleTime>> open(const QByteArray& display, RunLoop& runLoop,
+                                                         SystemLog& log, const Clock& clock);
+    ~WaylandIdleTime() override;
+
+    IdleReading read() override;
+    QString describe() const override;
+
+private:
+    // The best first.
+    enum class Protocol { InputNotification, Notification, Kde, None };
+
+    struct Destroy {
+        void operator()(wl_seat* seat) const { wl_seat_destroy(seat); }
+        void operator()(ext_idle_notifier_v1* notifier) const;
+        void operator()(ext_idle_notification_v1* notification) const;
+        void operator()(org_kde_kwin_idle* idle) const;
+        void operator()(org_kde_kwin_idle_timeout* timeout) const;
+    };
+
+    // The input devices of one person.
+    struct Seat {
+        std::uint32_t name;
+        IdleMeter meter;
+        std::unique_ptr<wl_seat, Destroy> seat;
+        std::unique_ptr<ext_idle_notification_v1, Destroy> notification;
+        std::unique_ptr<org_kde_kwin_idle_timeout, Destroy> timeout;
+    };
+
+    WaylandIdleTime(std::unique_ptr<WaylandConnection> connection, const Clock& clock);
+    Protocol offered() const;
+    void bind();
+    void unbind();
+    void addSeat(const WaylandGlobal& global);
+    void removeSeat(const WaylandGlobal& global);
+
+    std::unique_ptr<WaylandConnection> m_connection;
+    const Clock& m_clock;
+    Protocol m_protocol = Protocol::None;
+    std::unique_ptr<ext_idle_notifier_v1, Destroy> m_notifier;
+    std::unique_ptr<org_kde_kwin_idle, Destroy> m_kdeIdle;
+    std::vector<std::unique_ptr<Seat>> m_seats;
+};

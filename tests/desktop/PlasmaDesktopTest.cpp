@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/WaylandScene.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// What is installed as the desktop entry of a program at `executable`.
+QByteArray installedEntry(const QString& executable) {
+    QFile shipped(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/org.ticklog.Ticklog.desktop"));
+    if (!shipped.open(QFile::ReadOnly))
+        qFatal("the desktop entry is not there");
+    return shipped.readAll().replace("Exec=ticklog", QByteArray("Exec=") + executable.toUtf8());
+}
+
+Result<std::unique_ptr<PlasmaDesktop>> openOn(const WaylandDesk& desk, Sight& sight) {
+    return PlasmaDesktop::open(desk.display().toLocal8Bit(), sight.runLoop, sight.log, sight.entries);
+}
+
+TEST(PlasmaDesktopPermission, withoutADesktopEntry_isRefusedWithWhatCanBeDone) {
+    const KWinDesk desk(KWinDesk::Windows::ForThoseThatAsk);
+    Sight sight(QStringLiteral("/nowhere"));
+    const auto opened = openOn(desk, sight);
+    ASSERT_FALSE(opened);
+    EXPECT_EQ(opened.failure().kind, Failure::Kind::Refused);
+    EXPECT_TRUE(opened.failure().text.contains(QStringLiteral("Install Ticklog")));
+}
+
+TEST(PlasmaDesktopPermission, theInstalledDesktopEntry_opensTheWindows) {
+    KWinDesk desk(KWinDesk::Windows::ForThoseThatAsk);
+    desk.kill();
+    desk.home().write(QStringLiteral("data/applications/org.ticklog.Ticklog.desktop"),
+                      installedEntry(QCoreApplication::applicationFilePath()));
+    desk.restart();
+    Sight sight(QStringLiteral("/nowhere"));
+    const auto opened = openOn(desk, sight);
+    EXPECT_TRUE(opened) << qPrintable(opened.failure().text);
+}
+
+} // namespace
