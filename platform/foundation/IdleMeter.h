@@ -14,11 +14,14 @@ public:
     static constexpr std::chrono::milliseconds kThreshold = std::chrono::seconds(5);
 
     // The clock outlives the meter.
-    explicit IdleMeter(const Clock& clock)
-        : m_clock(&clock) {}
+    explicit IdleMeter(const Clock& clock, std::chrono::milliseconds threshold = kThreshold)
+        : m_clock(&clock)
+        , m_threshold(threshold) {}
 
+    // The while is just over.
+    void noteIdle() { noteIdle(m_threshold); }
     // There has been no input for so long.
-    void noteIdle(std::chrono::nanoseconds time = kThreshold) { m_lastInput = m_clock->monotonic() - time; }
+    void noteIdle(std::chrono::nanoseconds time) { m_lastInput = m_clock->monotonic() - time; }
     // There is input now.
     void noteInput() { m_lastInput.reset(); }
 
@@ -28,6 +31,7 @@ public:
 
 private:
     const Clock* m_clock;
+    std::chrono::milliseconds m_threshold;
     // Absent while the user touches something every now and then.
     std::optional<std::chrono::nanoseconds> m_lastInput;
 };

@@ -9,7 +9,8 @@ constexpr int kLongestSilenceMs = 500;
 
 } // namespace
 
-Result<std::unique_ptr<MutterIdleTime>> MutterIdleTime::open(Bus& sessionBus, const Clock& clock) {
+Result<std::unique_ptr<MutterIdleTime>> MutterIdleTime::open(Bus& sessionBus, const Clock& clock,
+                                                             std::chrono::milliseconds threshold) {
     if (!sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
     const QDBusMessage question =
@@ -17,18 +18,19 @@ Result<std::unique_ptr<MutterIdleTime>> MutterIdleTime::open(Bus& sessionBus, co
     const QDBusMessage answer = sessionBus.connection().call(question, QDBus::Block, kLongestSilenceMs);
     if (answer.type() != QDBusMessage::ReplyMessage)
         return Failure{Failure::Kind::NotFound, answer.errorMessage()};
-    std::unique_ptr<MutterIdleTime> idleTime(new MutterIdleTime(sessionBus, clock));
+    std::unique_ptr<MutterIdleTime> idleTime(new MutterIdleTime(sessionBus, clock, threshold));
     const std::chrono::milliseconds idle(answer.arguments().value(0).toULongLong());
-    if (idle >= IdleMeter::kThreshold) {
+    if (idle >= threshold) {
         idleTime->m_meter.noteIdle(idle);
         idleTime->watchForInput();
     }
     return idleTime;
 }
 
-MutterIdleTime::MutterIdleTime(Bus& sessionBus, const Clock& clock)
+MutterIdleTime::MutterIdleTime(Bus& sessionBus, const Clock& clock, std::chrono::milliseconds threshold)
     : m_service(sessionBus, kService)
-    , m_meter(clock)
+    , m_threshold(threshold)
+    , m_meter(clock, threshold)
     , m_signal(m_service.listen(
           {kPath, kService, QStringLiteral("WatchFired"), QString()},
           [this](const QDBusMessage& signal) { takeIn(signal.arguments().value(0).toUInt()); }))
@@ -56,8 +58,7 @@ void MutterIdleTime::follow() {
 }
 
 void MutterIdleTime::watchForIdle() {
-    m_service.call(kPath, kService, QStringLiteral("AddIdleWatch"),
-                   {qulonglong(IdleMeter::kThreshold.count())},
+    m_service.call(kPath, kService, QStringLiteral("AddIdleWatch"), {qulonglong(m_threshold.count())},
                    [this](const QDBusMessage& reply) { m_idleWatch = reply.arguments().value(0).toUInt(); });
 }
 

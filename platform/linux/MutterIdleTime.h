@@ -11,20 +11,22 @@
 // The first five seconds count as none; from then on it is exact to the delay of a message. Main thread only.
 class MutterIdleTime : public IdleTime {
 public:
-    // Fails when nobody answers. The rest outlives it.
-    static Result<std::unique_ptr<MutterIdleTime>> open(Bus& sessionBus, const Clock& clock);
+    // Fails when nobody answers. `threshold` is what counts as none. The rest outlives it.
+    static Result<std::unique_ptr<MutterIdleTime>>
+    open(Bus& sessionBus, const Clock& clock, std::chrono::milliseconds threshold = IdleMeter::kThreshold);
 
     IdleReading read() override;
     QString describe() const override;
 
 private:
-    MutterIdleTime(Bus& sessionBus, const Clock& clock);
+    MutterIdleTime(Bus& sessionBus, const Clock& clock, std::chrono::milliseconds threshold);
     void follow();
     void watchForIdle();
     void watchForInput();
     void takeIn(quint32 watch);
 
     BusService m_service;
+    std::chrono::milliseconds m_threshold;
     IdleMeter m_meter;
     // Mutter's numbers for what is watched; none is 0.
     quint32 m_idleWatch = 0;

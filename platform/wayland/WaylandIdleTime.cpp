@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr auto kTimeout = std::uint32_t(IdleMeter::kThreshold.count());
 constexpr std::uint32_t kNewestNotifier = 2;
 
 bool isSeat(const WaylandGlobal& global) {
@@ -34,11 +33,12 @@ void WaylandIdleTime::Destroy::operator()(org_kde_kwin_idle_timeout* timeout) co
 }
 
 Result<std::unique_ptr<WaylandIdleTime>> WaylandIdleTime::open(const QByteArray& display, RunLoop& runLoop,
-                                                               SystemLog& log, const Clock& clock) {
+                                                               SystemLog& log, const Clock& clock,
+                                                               std::chrono::milliseconds threshold) {
     auto connection = WaylandConnection::tryConnect(display, runLoop, log);
     if (!connection)
         return connection.failure();
-    std::unique_ptr<WaylandIdleTime> idleTime(new WaylandIdleTime(std::move(*connection), clock));
+    std::unique_ptr<WaylandIdleTime> idleTime(new WaylandIdleTime(std::move(*connection), clock, threshold));
     if (idleTime->offered() == Protocol::None)
         return Failure{Failure::Kind::NotFound,
                        QStringLiteral("the compositor does not tell when nobody touches anything")};
@@ -48,9 +48,11 @@ Result<std::unique_ptr<WaylandIdleTime>> WaylandIdleTime::open(const QByteArray&
     return idleTime;
 }
 
-WaylandIdleTime::WaylandIdleTime(std::unique_ptr<WaylandConnection> connection, const Clock& clock)
+WaylandIdleTime::WaylandIdleTime(std::unique_ptr<WaylandConnection> connection, const Clock& clock,
+                                 std::chrono::milliseconds threshold)
     : m_connection(std::move(connection))
-    , m_clock(clock) {
+    , m_clock(clock)
+    , m_threshold(threshold) {
     const auto ifSeat = [](const auto& act) {
         return [act](const WaylandGlobal& global) {
             if (isSeat(global))
@@ -125,14 +127,16 @@ void WaylandIdleTime::unbind() {
 void WaylandIdleTime::addSeat(const WaylandGlobal& global) {
     if (m_protocol == Protocol::None)
         return;
-    m_seats.push_back(std::make_unique<Seat>(global.name, IdleMeter(m_clock), nullptr, nullptr, nullptr));
+    m_seats.push_back(
+        std::make_unique<Seat>(global.name, IdleMeter(m_clock, m_threshold), nullptr, nullptr, nullptr));
     Seat& added = *m_seats.back();
+    const auto timeout = std::uint32_t(m_threshold.count());
     added.seat.reset(m_connection->bind<wl_seat>(global, wl_seat_interface, 1));
     static constexpr auto kIdle = [](void* seat, auto*) { static_cast<Seat*>(seat)->meter.noteIdle(); };
     static constexpr auto kInput = [](void* seat, auto*) { static_cast<Seat*>(seat)->meter.noteInput(); };
     if (m_protocol == Protocol::Kde) {
         static constexpr org_kde_kwin_idle_timeout_listener kListener{kIdle, kInput};
-        added.timeout.reset(org_kde_kwin_idle_get_idle_timeout(m_kdeIdle.get(), added.seat.get(), kTimeout));
+        added.timeout.reset(org_kde_kwin_idle_get_idle_timeout(m_kdeIdle.get(), added.seat.get(), timeout));
         org_kde_kwin_idle_timeout_add_listener(added.timeout.get(), &kListener, &added);
         return;
     }
@@ -140,7 +144,7 @@ void WaylandIdleTime::addSeat(const WaylandGlobal& global) {
     const auto ask = m_protocol == Protocol::InputNotification
                          ? ext_idle_notifier_v1_get_input_idle_notification
                          : ext_idle_notifier_v1_get_idle_notification;
-    added.notification.reset(ask(m_notifier.get(), kTimeout, added.seat.get()));
+    added.notification.reset(ask(m_notifier.get(), timeout, added.seat.get()));
     ext_idle_notification_v1_add_listener(added.notification.get(), &kListener, &added);
 }
 

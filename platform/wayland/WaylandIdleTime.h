@@ -14,9 +14,11 @@ struct org_kde_kwin_idle_timeout;
 // then on it is exact to the delay of an event. Reading costs no round trip. Main thread only.
 class WaylandIdleTime : public IdleTime {
 public:
-    // `display` is a socket's name or path; empty for that of the environment. The rest outlives it.
-    static Result<std::unique_ptr<WaylandIdleTime>> open(const QByteArray& display, RunLoop& runLoop,
-                                                         SystemLog& log, const Clock& clock);
+    // `display` is a socket's name or path; empty for that of the environment. `threshold` is what counts as none. The
+    // rest outlives it.
+    static Result<std::unique_ptr<WaylandIdleTime>>
+    open(const QByteArray& display, RunLoop& runLoop, SystemLog& log, const Clock& clock,
+         std::chrono::milliseconds threshold = IdleMeter::kThreshold);
     ~WaylandIdleTime() override;
 
     IdleReading read() override;
@@ -43,7 +45,8 @@ private:
         std::unique_ptr<org_kde_kwin_idle_timeout, Destroy> timeout;
     };
 
-    WaylandIdleTime(std::unique_ptr<WaylandConnection> connection, const Clock& clock);
+    WaylandIdleTime(std::unique_ptr<WaylandConnection> connection, const Clock& clock,
+                    std::chrono::milliseconds threshold);
     Protocol offered() const;
     void bind();
     void unbind();
@@ -52,6 +55,7 @@ private:
 
     std::unique_ptr<WaylandConnection> m_connection;
     const Clock& m_clock;
+    std::chrono::milliseconds m_threshold;
     Protocol m_protocol = Protocol::None;
     std::unique_ptr<ext_idle_notifier_v1, Destroy> m_notifier;
     std::unique_ptr<org_kde_kwin_idle, Destroy> m_kdeIdle;

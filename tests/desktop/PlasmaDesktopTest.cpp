@@ -13,7 +13,7 @@ QByteArray installedEntry(const QString& executable) {
     QFile shipped(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/org.ticklog.Ticklog.desktop"));
     if (!shipped.open(QFile::ReadOnly))
         qFatal("the desktop entry is not there");
-    return shipped.readAll().replace("Exec=ticklog", QByteArray("Exec=") + executable.toUtf8());
+    return shipped.readAll().replace("Exec=ticklog", QString(u"Exec=" + executable).toUtf8());
 }
 
 Result<std::unique_ptr<PlasmaDesktop>> openOn(const WaylandDesk& desk, Sight& sight) {

@@ -125,6 +125,10 @@ bool SwayDesk::putAway(const QString& title) {
     return tell(QStringLiteral("[title=\"^%1$\"] move scratchpad").arg(title));
 }
 
+bool SwayDesk::touch() {
+    return tell(QStringLiteral("seat seat0 cursor move 3 3"));
+}
+
 KWinDesk::KWinDesk(Windows windows)
     : m_windows(windows) {
     restart();
@@ -181,4 +185,8 @@ bool KWinDesk::activate(const QString& title) {
 
 bool KWinDesk::putAway(const QString& title) {
     return script(title, QStringLiteral("window.minimized = true;"));
+}
+
+bool KWinDesk::touch() {
+    return run(QStringLiteral(TICKLOG_BINARY_DIR "/wayland-touch"), {});
 }

@@ -35,6 +35,9 @@ public:
     // Takes a window from the screen as the user would, without closing it.
     virtual bool putAway(const QString& title) = 0;
 
+    // Moves the pointer a little. Answers whether that was possible.
+    virtual bool touch() = 0;
+
     // Ends the compositor the hard way, and all windows with it.
     void kill();
     // Starts a compositor again under the same name.
@@ -61,6 +64,7 @@ public:
 
     bool activate(const QString& title) override;
     bool putAway(const QString& title) override;
+    bool touch() override;
     // As swaymsg does.
     bool tell(const QString& command) const;
 
@@ -83,6 +87,7 @@ public:
 
     bool activate(const QString& title) override;
     bool putAway(const QString& title) override;
+    bool touch() override;
 
 private:
     QString startCompositor(std::unique_ptr<Program>& compositor) override;
