@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::chrono::milliseconds kFirstRetry{250};
 constexpr std::chrono::seconds kLongestRetry{30};
-constexpr int kLongestSilenceMs = 500;
+// Only at a start, when the desktop may be starting too.
+constexpr int kLongestSilenceMs = 2000;
 // Answers come in a few pieces; more means that the compositor talks about something else all the time.
 constexpr int kMostTurns = 100;
 

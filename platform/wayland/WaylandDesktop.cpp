@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/WaylandDesktop.h"
 
+#include "platform/foundation/LocalizedStrings.h"
 #include "platform/foundation/ProcessExecutable.h"
 
 #include <QCoreApplication>
@@ -46,6 +47,12 @@ bool WaylandDesktop::installSwitchHandler(std::function<void()> handler) {
 
 QString WaylandDesktop::bundleName(const QString& path) const {
     return m_desktopEntries.nameForExecutable(path).value_or(path.mid(path.lastIndexOf(u'/') + 1));
+}
+
+QString WaylandDesktop::obstacle() const {
+    return m_isTelling
+               ? QString()
+               : localized("This Wayland desktop no longer tells other programs which window is in front.");
 }
 
 void WaylandDesktop::start() {

@@ -22,6 +22,7 @@ public:
 
     bool installSwitchHandler(std::function<void()> handler) override;
     QString bundleName(const QString& path) const override;
+    QString obstacle() const override;
 
     // Called when the compositor has gone; the answers are empty then, and come back when it does.
     void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }

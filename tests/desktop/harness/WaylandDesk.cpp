@@ -12,6 +12,7 @@
 
 namespace {
 
+const QString kTouch = QStringLiteral(TICKLOG_BINARY_DIR "/wayland-touch");
 // Nobody by name and by number.
 constexpr uid_t kNobody = 65534;
 
@@ -156,6 +157,9 @@ QString KWinDesk::startCompositor(std::unique_ptr<Program>& compositor) {
         own);
     const QString path = home().runtimeFolder() + u'/' + name;
     waitForSocket(path, *compositor);
+    // It listens before it has begun to answer.
+    own.insert(QStringLiteral("WAYLAND_DISPLAY"), path);
+    Program(kTouch, {}, own).waitUntilEnded();
     return path;
 }
 
@@ -188,5 +192,5 @@ bool KWinDesk::putAway(const QString& title) {
 }
 
 bool KWinDesk::touch() {
-    return run(QStringLiteral(TICKLOG_BINARY_DIR "/wayland-touch"), {});
+    return run(kTouch, {});
 }
