@@ -46,7 +46,7 @@ TEST_P(WaylandIdle, afterInput_theTimeCountsFromIt) {
         ASSERT_TRUE(scene->anyDesk().touch());
         QElapsedTimer sinceAfter;
         sinceAfter.start();
-        ASSERT_TRUE(waitFor([&] { return idle() == 0; }));
+        ASSERT_TRUE(waitFor([&] { return idle() <= sinceBefore.elapsed(); }));
         const Lateness lateness;
         ASSERT_TRUE(waitFor([&] { return idle() >= 800; }));
         EXPECT_GE(idle(), sinceAfter.elapsed() - 100 - lateness.seconds() * 1000);

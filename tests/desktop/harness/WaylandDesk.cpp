@@ -171,15 +171,24 @@ bool KWinDesk::script(const QString& title, const QString& statements) {
                            .arg(title, statements)
                            .toUtf8());
     QDBusConnection connection = QDBusConnection::connectToBus(bus().address(), bus().address());
-    const auto call = [&](const QString& method, const QVariantList& arguments) {
+    const auto call = [&](const QString& path, const QString& interface, const QString& method,
+                          const QVariantList& arguments) {
         QDBusMessage message =
-            QDBusMessage::createMethodCall(QStringLiteral("org.kde.KWin"), QStringLiteral("/Scripting"),
-                                           QStringLiteral("org.kde.kwin.Scripting"), method);
+            QDBusMessage::createMethodCall(QStringLiteral("org.kde.KWin"), path, interface, method);
         message.setArguments(arguments);
-        return connection.call(message).type() == QDBusMessage::ReplyMessage;
+        return connection.call(message);
     };
-    return call(QStringLiteral("loadScript"), QVariantList{QString(home().path() + u'/' + name), name}) &&
-           call(QStringLiteral("start"), {});
+    const QDBusMessage loaded =
+        call(QStringLiteral("/Scripting"), QStringLiteral("org.kde.kwin.Scripting"),
+             QStringLiteral("loadScript"), {QString(home().path() + u'/' + name), name});
+    // What a script is called has changed from one release to the other. Answered when it has been run.
+    for (const QString& path : {QStringLiteral("/Scripting/Script%1"), QStringLiteral("/%1")}) {
+        const QDBusMessage ran = call(path.arg(loaded.arguments().value(0).toInt()),
+                                      QStringLiteral("org.kde.kwin.Script"), QStringLiteral("run"), {});
+        if (ran.type() == QDBusMessage::ReplyMessage)
+            return true;
+    }
+    return false;
 }
 
 bool KWinDesk::activate(const QString& title) {
