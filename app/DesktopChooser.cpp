@@ -2,6 +2,7 @@
 #include "app/DesktopChooser.h"
 
 #include "platform/foundation/LocalizedStrings.h"
+#include "platform/gnome/GnomeShellDesktop.h"
 #include "platform/linux/LogindIdleTime.h"
 #include "platform/linux/MutterIdleTime.h"
 #include "platform/wayland/PlasmaDesktop.h"
@@ -61,9 +62,11 @@ std::vector<Candidate<DesktopChooser::Desktop>> DesktopChooser::desktops(bool is
              [this] {
                  return desktopOf(PlasmaDesktop::open({}, m_ground.runLoop, m_ground.log, m_ground.entries));
              }},
-            {QStringLiteral("The wlroots desktop"), [this] {
+            {QStringLiteral("The wlroots desktop"),
+             [this] {
                  return desktopOf(WlrootsDesktop::open({}, m_ground.runLoop, m_ground.log, m_ground.entries));
-             }}};
+             }},
+            {QStringLiteral("The GNOME desktop"), [this] { return gnome(); }}};
 }
 
 std::vector<Candidate<std::shared_ptr<IdleTime>>> DesktopChooser::idleTimes() const {
@@ -79,6 +82,18 @@ std::vector<Candidate<std::shared_ptr<IdleTime>>> DesktopChooser::idleTimes() co
                  return std::shared_ptr<IdleTime>(
                      std::make_shared<LogindIdleTime>(m_ground.session, m_ground.clock));
              }}};
+}
+
+Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
+    const QStringList names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    if (!names.contains(QLatin1String("GNOME")))
+        return Failure{Failure::Kind::NotFound, QStringLiteral("this is not GNOME")};
+    if (!m_ground.sessionBus.isConnected())
+        return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
+    const auto desktop =
+        std::make_shared<GnomeShellDesktop>(m_ground.sessionBus, m_ground.log, m_ground.entries);
+    // The shell is the compositor as well: when it goes, the toolkit ends the process.
+    return Desktop{desktop, desktop, [](const std::function<void()>&) {}, nullptr};
 }
 
 template<class BackEnd>

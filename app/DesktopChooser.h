@@ -3,6 +3,7 @@
 
 #include "app/Candidates.h"
 #include "platform/NoDesktop.h"
+#include "platform/bus/Bus.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/linux/OwnSession.h"
@@ -46,6 +47,7 @@ private:
     static Result<Desktop> desktopOf(Result<std::unique_ptr<BackEnd>> opened);
     static Result<Desktop> withIdleTime(Result<std::unique_ptr<class X11Desktop>> opened);
     bool isUnderWayland() const;
+    Result<Desktop> gnome() const;
     std::vector<Candidate<Desktop>> desktops(bool isWayland) const;
     std::vector<Candidate<std::shared_ptr<IdleTime>>> idleTimes() const;
     static Desktop none(bool isWayland, const std::vector<Failure>& refusals);

@@ -25,6 +25,11 @@ install(FILES resources/system/org.ticklog.TKAXTrusted.policy DESTINATION ${CMAK
 install(FILES resources/system/ticklog-trust.service DESTINATION lib/systemd/system)
 install(PROGRAMS resources/system/60-ticklog DESTINATION lib/systemd/user-environment-generators)
 
+# GNOME Shell's extension, and whom it tells: the program that is installed with it.
+set(extension_folder ${CMAKE_INSTALL_DATADIR}/gnome-shell/extensions/ticklog@ticklog.org)
+install(DIRECTORY resources/gnome-extension/ DESTINATION ${extension_folder})
+install(CODE "file(WRITE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${extension_folder}/executable\"
+  \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog\\n\")")
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # Packages carry their manuals and changes compressed, without the hour in them at which that was done.

@@ -9,7 +9,7 @@ apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev libg
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
   python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad libreoffice-calc-nogui
-  sway foot wtype kwin-wayland qt6-wayland desktop-file-utils"
+  sway foot wtype kwin-wayland gnome-shell qt6-wayland desktop-file-utils"
 apt_bench="$apt_demo python3 sway qt6-wayland"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils libxml2-utils"
 apt_package="dpkg-dev lintian appstream desktop-file-utils gzip"
@@ -27,7 +27,7 @@ dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel 
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
   python3-dbus python3-gobject python3-dbusmock mousepad featherpad libreoffice-calc
-  sway foot wtype kwin-wayland qt6-qtwayland desktop-file-utils"
+  sway foot wtype kwin-wayland gnome-shell qt6-qtwayland desktop-file-utils"
 dnf_bench="$dnf_demo python3 sway qt6-qtwayland"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils libxml2"
 dnf_package="dpkg rpmlint appstream desktop-file-utils gzip"
@@ -40,7 +40,7 @@ pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg libxcb wayland pla
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity xterm xdotool ttf-dejavu dbus at-spi2-core
   python-dbus python-gobject python-dbusmock mousepad featherpad libreoffice-fresh
-  sway foot wtype kwin qt6-wayland desktop-file-utils"
+  sway foot wtype kwin gnome-shell qt6-wayland desktop-file-utils"
 pacman_bench="$pacman_demo python sway qt6-wayland"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils libxml2"
 pacman_package="dpkg lintian appstream desktop-file-utils gzip"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/desktop/GnomeScene.h"
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/X11Scene.h"
 
@@ -124,5 +125,7 @@ inline std::unique_ptr<ContractScene> makeContractScene(const QString& desktop) 
         return std::make_unique<WaylandContractScene<SwayScene, false>>();
     if (desktop == QLatin1String("kwin"))
         return std::make_unique<WaylandContractScene<KWinScene, true>>();
+    if (desktop == QLatin1String("gnome"))
+        return std::make_unique<WaylandContractScene<GnomeScene, true>>();
     return std::make_unique<X11ContractScene>(desktop);
 }

@@ -20,7 +20,7 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Contract, DesktopUnder,
-                         testing::Values("openbox", "icewm", "metacity", "sway", "kwin"),
+                         testing::Values("openbox", "icewm", "metacity", "sway", "kwin", "gnome"),
                          [](const auto& instance) { return std::string(instance.param); });
 
 TEST_P(DesktopUnder, twoPrograms_takeTurnsInFront) {

@@ -112,7 +112,7 @@ std::vector<Floor> floors() {
     const QString bus = QStringLiteral("platform/bus/[^/]+");
     result.push_back({QStringLiteral("^platform/bus/"), bus + u'|' + foundation,
                       QStringLiteral("the bus carries messages for any service and knows none of them")});
-    for (const char* room : {"x11", "wayland", "linux", "atspi"}) {
+    for (const char* room : {"x11", "wayland", "gnome", "linux", "atspi"}) {
         const QString folder = QStringLiteral("platform/%1/").arg(QLatin1String(room));
         result.push_back({u'^' + folder, folder + QStringLiteral(".+|") + bus + u'|' + ports, back});
     }

@@ -23,7 +23,7 @@ public:
     const QString& display() const { return m_display; }
 
     // For programs on this desk.
-    QProcessEnvironment environment() const;
+    virtual QProcessEnvironment environment() const;
 
     std::unique_ptr<Program> start(const QString& executable, const QStringList& arguments = {},
                                    Program::Output output = Program::Output::Discarded) const;

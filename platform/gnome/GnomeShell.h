@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+// Names that GNOME Shell and our extension of it go by on the session bus.
+inline const QString kGnomeShell = QStringLiteral("org.gnome.Shell");
+inline const QString kGnomeShellPath = QStringLiteral("/org/gnome/Shell");
+inline const QString kGnomeShellExtensions = QStringLiteral("org.gnome.Shell.Extensions");
+inline const QString kTicklogExtension = QStringLiteral("ticklog@ticklog.org");
+inline const QString kTicklogShell = QStringLiteral("org.ticklog.Shell");
+inline const QString kTicklogShellPath = QStringLiteral("/org/ticklog/Shell");
+// What we are known by, and what the extension looks for.
+inline const QString kTicklogName = QStringLiteral("org.ticklog.Ticklog");

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "platform/gnome/GnomeShellDesktop.h"
+
+#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/ProcessExecutable.h"
+#include "platform/gnome/GnomeShell.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+// A program that says nothing of itself gets its time all the same.
+const QString kNamelessName = QStringLiteral("Unknown program");
+
+QString fileNameOf(const QString& path) {
+    return path.mid(path.lastIndexOf(u'/') + 1);
+}
+
+} // namespace
+
+GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, SystemLog& log, DesktopEntries& entries)
+    : m_log(log)
+    , m_desktopEntries(entries)
+    , m_shell(sessionBus, kGnomeShell)
+    , m_changed(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Changed"), QString()},
+                               [this](const QDBusMessage& signal) { takeIn(signal); }))
+    , m_ended(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Ended"), QString()},
+                             [this](const QDBusMessage&) { end(); }))
+    , m_name(sessionBus, kTicklogName, [this] { follow(); })
+    , m_presence(m_shell.observe([this] { follow(); })) {}
+
+bool GnomeShellDesktop::installSwitchHandler(std::function<void()> handler) {
+    m_handler = std::move(handler);
+    return true;
+}
+
+QString GnomeShellDesktop::bundleName(const QString& path) const {
+    return m_desktopEntries.nameForExecutable(path).value_or(fileNameOf(path));
+}
+
+QString GnomeShellDesktop::describe() const {
+    return m_front ? QStringLiteral("GNOME Shell: Ticklog's extension tells of the windows")
+                   : QStringLiteral("GNOME Shell: nobody tells of the windows");
+}
+
+QString GnomeShellDesktop::obstacle() const {
+    if (m_front)
+        return {};
+    return localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
+                     "belongs to Ticklog is not running. Until it is, there is no time to credit.");
+}
+
+void GnomeShellDesktop::follow() {
+    if (!m_shell.isServed() || !m_name.isOwned()) {
+        end();
+        return;
+    }
+    m_shell.call(kTicklogShellPath, kTicklogShell, QStringLiteral("Follow"), {},
+                 [this](const QDBusMessage& answer) { takeInAnswer(answer); });
+}
+
+void GnomeShellDesktop::takeInAnswer(const QDBusMessage& answer) {
+    if (answer.type() == QDBusMessage::ReplyMessage) {
+        takeIn(answer);
+        return;
+    }
+    if (answer.errorName() == QLatin1String("org.freedesktop.DBus.Error.AccessDenied"))
+        logOnce(QStringLiteral("The extension of GNOME Shell belongs to another Ticklog than this: ") +
+                QCoreApplication::applicationFilePath());
+    else
+        // When it comes it tells us.
+        logOnce(QStringLiteral("Ticklog's extension of GNOME Shell is not running."));
+}
+
+void GnomeShellDesktop::takeIn(const QDBusMessage& message) {
+    // A last message may come after somebody else has been given our name.
+    const auto sight = isUnderstood(message) && m_name.isOwned() ? GnomeSight::read(message) : std::nullopt;
+    if (sight)
+        adopt(*sight);
+    else
+        end();
+}
+
+bool GnomeShellDesktop::isUnderstood(const QDBusMessage& message) {
+    const auto versions = GnomeSight::versionsOf(message);
+    const bool isReadable = versions && versions->areUnderstood() && GnomeSight::read(message);
+    const QString spoken = versions ? QString::number(versions->spoken) : QStringLiteral("unknown");
+    if (!isReadable)
+        logOnce(QStringLiteral(
+                    "Ticklog's extension of GNOME Shell speaks version %1, which this Ticklog does not "
+                    "understand: it knows %2. Install the extension anew and log in again.")
+                    .arg(spoken)
+                    .arg(GnomeSight::kVersion));
+    else if (versions->spoken != GnomeSight::kVersion)
+        logOnce(
+            QStringLiteral("Ticklog's extension of GNOME Shell speaks version %1; this Ticklog knows %2, and "
+                           "understands it.")
+                .arg(spoken)
+                .arg(GnomeSight::kVersion));
+    else
+        logOnce(QStringLiteral("Ticklog's extension of GNOME Shell tells of the windows."));
+    return isReadable;
+}
+
+void GnomeShellDesktop::end() {
+    m_entries.clear();
+    setFront(std::nullopt);
+}
+
+void GnomeShellDesktop::adopt(const GnomeSight& sight) {
+    // Nothing has the focus: the desktop itself is in front, or the last application would be credited for it.
+    ApplicationRecord front{kDesktopName, {}, 0};
+    std::vector<WindowListEntry> entries;
+    for (const GnomeSight::Window& window : sight.windows) {
+        const ApplicationRecord application = applicationOf(window);
+        WindowListEntry entry{window.number, application.processIdentifier, window.layer,
+                              window.title.isEmpty() ? std::nullopt : std::optional(window.title),
+                              application.name};
+        const bool isFocused = window.number == sight.focused;
+        if (isFocused && window.layer >= 0)
+            front = application;
+        // What has the focus is in front even where it is not raised.
+        entries.insert(isFocused ? entries.begin() : entries.end(), std::move(entry));
+    }
+    m_entries = std::move(entries);
+    setFront(front);
+}
+
+ApplicationRecord GnomeShellDesktop::applicationOf(const GnomeSight::Window& window) {
+    ApplicationRecord application;
+    application.processIdentifier = processOf(window);
+    if (window.process > 0)
+        application.path = executableOfProcess(window.process);
+    const QStringList names{window.applicationId, window.windowClass};
+    if (application.processIdentifier == QCoreApplication::applicationPid())
+        application.name = kOwnName;
+    else if (const auto name = m_desktopEntries.nameForWindow(names, application.path))
+        application.name = *name;
+    else
+        application.name = window.windowClass;
+    for (const QString& name : {window.applicationId, fileNameOf(application.path), kNamelessName}) {
+        if (application.name.isEmpty())
+            application.name = name;
+    }
+    return application;
+}
+
+std::int64_t GnomeShellDesktop::processOf(const GnomeSight::Window& window) {
+    if (window.process > 0)
+        return window.process;
+    std::int64_t& process = m_madeUpProcesses[window.applicationId + u'\n' + window.windowClass];
+    if (process == 0)
+        process = -m_madeUpProcesses.size();
+    return process;
+}
+
+void GnomeShellDesktop::setFront(const std::optional<ApplicationRecord>& front) {
+    if (m_front == front)
+        return;
+    m_front = front;
+    // A copy, because the handler may install another one.
+    if (const std::function<void()> handler = m_handler)
+        handler();
+}
+
+void GnomeShellDesktop::logOnce(const QString& line) {
+    if (std::exchange(m_lastLogged, line) != line)
+        m_log.log(line);
+}

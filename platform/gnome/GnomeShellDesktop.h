@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/WindowList.h"
+#include "platform/bus/BusName.h"
+#include "platform/foundation/DesktopEntries.h"
+#include "platform/gnome/GnomeSight.h"
+
+#include <QHash>
+
+// The windows of GNOME Shell and the application in front, as our extension of the shell tells them: one message for
+// each change, and none while nothing changes. Without the extension it is not known what is in front; it may come
+// and go at any time. Questions are answered from memory. Main thread only.
+class GnomeShellDesktop : public WindowList, public FrontApplication {
+public:
+    // The others outlive the desktop. Nothing is known yet when it returns.
+    GnomeShellDesktop(Bus& sessionBus, SystemLog& log, DesktopEntries& entries);
+
+    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
+    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
+    bool installSwitchHandler(std::function<void()> handler) override;
+    QString bundleName(const QString& path) const override;
+    QString describe() const override;
+    QString obstacle() const override;
+
+private:
+    void follow();
+    void takeInAnswer(const QDBusMessage& answer);
+    void takeIn(const QDBusMessage& message);
+    // Whether the extension speaks a language that is known here. Tells the log when that changes.
+    bool isUnderstood(const QDBusMessage& message);
+    void end();
+    void adopt(const GnomeSight& sight);
+    ApplicationRecord applicationOf(const GnomeSight::Window& window);
+    std::int64_t processOf(const GnomeSight::Window& window);
+    void setFront(const std::optional<ApplicationRecord>& front);
+    void logOnce(const QString& line);
+
+    SystemLog& m_log;
+    DesktopEntries& m_desktopEntries;
+    std::function<void()> m_handler;
+    // By application, where the shell does not know the process.
+    QHash<QString, std::int64_t> m_madeUpProcesses;
+    QString m_lastLogged;
+    std::optional<ApplicationRecord> m_front;
+    std::vector<WindowListEntry> m_entries;
+
+    BusService m_shell;
+    std::unique_ptr<BusSignal> m_changed;
+    std::unique_ptr<BusSignal> m_ended;
+    BusName m_name;
+    Subscription m_presence;
+};

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// Tells Ticklog which windows are on the screen, over D-Bus, and tells nobody else. While Ticklog does not run,
+// nothing is looked at.
+'use strict';
+
+const {Gio, GLib} = imports.gi;
+const Me = imports.misc.extensionUtils.getCurrentExtension();
+const {WindowWatch} = Me.imports.windows;
+
+// What the messages below are, and the oldest of their versions that a reader of this one understands.
+const kVersion = 1;
+const kOldestVersion = 1;
+
+const kTicklog = 'org.ticklog.Ticklog';
+const kPath = '/org/ticklog/Shell';
+const kName = 'org.ticklog.Shell';
+const kSight = '(uuua(uisssi))';
+const kSightArguments = direction => `
+    <arg name="version" type="u" ${direction}/>
+    <arg name="oldestVersion" type="u" ${direction}/>
+    <arg name="focusedWindow" type="u" ${direction}/>
+    <arg name="windows" type="a(uisssi)" ${direction}/>`;
+const kInterface = `<node><interface name="${kName}">
+  <method name="Follow">${kSightArguments('direction="out"')}</method>
+  <signal name="Changed">${kSightArguments('')}</signal>
+  <signal name="Ended"/>
+</interface></node>`;
+
+// What a message bus answers to a question about itself, as a promise.
+function askBus(method, signature, argument) {
+    return new Promise((resolve, reject) => {
+        Gio.DBus.session.call('org.freedesktop.DBus', '/org/freedesktop/DBus', 'org.freedesktop.DBus', method,
+            new GLib.Variant('(s)', [argument]), new GLib.VariantType(signature), Gio.DBusCallFlags.NONE, -1, null,
+            (bus, result) => {
+                try {
+                    resolve(bus.call_finish(result).deepUnpack()[0]);
+                } catch (failure) {
+                    reject(failure);
+                }
+            });
+    });
+}
+
+// The program that this extension was installed by, as a full path.
+function readExecutable() {
+    const [, content] = Me.dir.get_child('executable').load_contents(null);
+    return new TextDecoder().decode(content).trim();
+}
+
+class Service {
+    constructor() {
+        this._executable = readExecutable();
+        // The connection that is told, what it was told last, and what looks at the windows for it.
+        this._follower = null;
+        this._sight = null;
+        this._watch = null;
+        this._isDestroyed = false;
+        this._object = Gio.DBusExportedObject.wrapJSObject(kInterface, this);
+        this._object.export(Gio.DBus.session, kPath);
+        // It may be running already, and has no other way to hear of us.
+        this._nameWatch = Gio.bus_watch_name_on_connection(Gio.DBus.session, kTicklog,
+            Gio.BusNameWatcherFlags.NONE,
+            (_bus, _name, owner) => this._welcome(owner), () => this._setFollower(null));
+    }
+
+    destroy() {
+        if (this._follower)
+            this._send('Ended', null);
+        this._setFollower(null);
+        Gio.bus_unwatch_name(this._nameWatch);
+        this._object.unexport();
+        this._isDestroyed = true;
+    }
+
+    // The method of the interface. From then on the caller is sent every change.
+    async FollowAsync(_arguments, invocation) {
+        const caller = invocation.get_sender();
+        if (await this._isOurs(caller)) {
+            this._setFollower(caller);
+            invocation.return_value(this._sight);
+        } else {
+            invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',
+                'Only the Ticklog that installed this extension is answered.');
+        }
+    }
+
+    async _welcome(connection) {
+        if (connection !== this._follower && await this._isOurs(connection) && this._setFollower(connection))
+            this._send('Changed', this._sight);
+    }
+
+    // Whether a connection to the bus is Ticklog's.
+    async _isOurs(connection) {
+        try {
+            if (await askBus('GetNameOwner', '(s)', kTicklog) !== connection)
+                return false;
+            const process = await askBus('GetConnectionUnixProcessID', '(u)', connection);
+            // A program that was replaced by a newer one while it ran is still the one that was installed.
+            const executable = GLib.file_read_link(`/proc/${process}/exe`).replace(/ \(deleted\)$/, '');
+            return !this._isDestroyed && executable === this._executable;
+        } catch (failure) {
+            // It is gone, or hides what it is.
+            return false;
+        }
+    }
+
+    // Answers whether it is another one than before.
+    _setFollower(connection) {
+        if (this._follower === connection)
+            return false;
+        this._follower = connection;
+        this._watch?.destroy();
+        this._watch = connection ? new WindowWatch(() => this._tell()) : null;
+        this._sight = connection ? this._look() : null;
+        return true;
+    }
+
+    _look() {
+        return new GLib.Variant(kSight, [kVersion, kOldestVersion, ...this._watch.describe()]);
+    }
+
+    _tell() {
+        const sight = this._look();
+        if (sight.equal(this._sight))
+            return;
+        this._sight = sight;
+        this._send('Changed', sight);
+    }
+
+    // To the follower alone.
+    _send(signal, sight) {
+        Gio.DBus.session.emit_signal(this._follower, kPath, kName, signal, sight);
+    }
+}
+
+let service = null;
+
+function init() {}
+
+function enable() {
+    service = new Service();
+}
+
+function disable() {
+    service.destroy();
+    service = null;
+}

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// The built program on GNOME Shell, with the extension that tells it and nobody else.
+#include "tests/desktop/harness/GnomeDesk.h"
+#include "tests/desktop/harness/Lateness.h"
+#include "tests/desktop/harness/ProductProgram.h"
+#include "tests/desktop/harness/WaylandClient.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const QString kOwnTitle = QStringLiteral("Ticklog");
+
+// A program with one window, and for how long that was in front.
+struct Worker {
+    Worker(GnomeDesk& on, const QString& program, const QString& window)
+        : desk(on)
+        , name(program)
+        , title(window)
+        , client(on, program) {
+        client.open(title);
+    }
+
+    void work(std::chrono::milliseconds duration) {
+        EXPECT_TRUE(waitFor([&] { return desk.activate(title); }));
+        EXPECT_TRUE(client.awaitFocus(0));
+        QElapsedTimer watch;
+        watch.start();
+        turnEventLoopFor(duration);
+        seconds += double(watch.nsecsElapsed()) / 1e9;
+    }
+
+    GnomeDesk& desk;
+    QString name;
+    QString title;
+    WaylandClient client;
+    double seconds = 0;
+};
+
+class GnomeProduct : public testing::Test {
+protected:
+    // With a running timer, and its window in front.
+    void start() {
+        product.writeSettings(ProductProgram::runningSettings());
+        product.launch(desk.environment());
+        ASSERT_TRUE(waitFor([&] { return desk.activate(kOwnTitle); }));
+    }
+
+    GnomeDesk desk{GnomeDesk::Extension{.executable = QStringLiteral(TICKLOG_BINARY_DIR "/ticklog")}};
+    ProductProgram product{desk.home()};
+    Worker writer{desk, QStringLiteral("Writer"), QStringLiteral("Letter")};
+    Lateness lateness;
+};
+
+TEST_F(GnomeProduct, windowsInFront_areCreditedWithTheirTimes) {
+    Worker mailer(desk, QStringLiteral("Mailer"), QStringLiteral("Inbox"));
+    start();
+    for (int round = 0; round < 3; ++round) {
+        writer.work(400ms);
+        mailer.work(500ms);
+    }
+    ASSERT_TRUE(desk.activate(kOwnTitle));
+    product.program().terminate();
+    EXPECT_EQ(product.program().exitStatus(), 0);
+    const double tolerance = 6 * 0.15 + lateness.seconds();
+    for (const Worker* worker : {&writer, &mailer}) {
+        EXPECT_NEAR(product.applicationTimes().value(worker->name), worker->seconds, tolerance);
+        EXPECT_NEAR(product.windowTimes(worker->name).value(worker->title), worker->seconds, tolerance);
+    }
+}
+
+TEST_F(GnomeProduct, aShellThatIsKilled_endsItWithTheAccountSaved) {
+    start();
+    writer.work(1500ms);
+    QElapsedTimer watch;
+    watch.start();
+    desk.kill();
+    EXPECT_TRUE(product.program().waitUntilEnded());
+    const double ending = double(watch.nsecsElapsed()) / 1e9;
+    EXPECT_EQ(product.program().exitStatus(), 0);
+    EXPECT_NEAR(product.applicationTimes().value(writer.name), writer.seconds,
+                0.3 + ending + lateness.seconds());
+    EXPECT_GT(product.applicationTimes().value(writer.name), 0.0) << "nothing was saved";
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+// Ticklog and its extension of GNOME Shell: who is told, and what happens when either comes, goes or is another version.
+#include "platform/gnome/GnomeShell.h"
+#include "tests/desktop/GnomeScene.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Another connection to the bus of a scene, that would like to know.
+class Stranger {
+public:
+    explicit Stranger(GnomeScene& scene)
+        : m_bus(Bus::atAddress(scene.desk.bus().address()), scene.runLoop, scene.log)
+        , m_signals(m_bus, {QString(), kTicklogShell, QString(), QString()},
+                    [this](const QDBusMessage&) { ++heard; }) {}
+
+    // What it gets when it asks as Ticklog does, in words.
+    QString ask() {
+        std::optional<QDBusMessage> answer;
+        m_bus.call(QDBusMessage::createMethodCall(kGnomeShell, kTicklogShellPath, kTicklogShell,
+                                                  QStringLiteral("Follow")),
+                   &m_context, [&](const QDBusMessage& message) { answer = message; });
+        waitFor([&] { return answer.has_value(); });
+        return answer ? answer->errorName() + answer->signature() : QStringLiteral("no answer");
+    }
+
+    // Signals of the extension that reached it.
+    int heard = 0;
+
+private:
+    Bus m_bus;
+    BusSignal m_signals;
+    QObject m_context;
+};
+
+const QString kRefusal = QStringLiteral("org.freedesktop.DBus.Error.AccessDenied") + QStringLiteral("s");
+
+struct Editor {
+    explicit Editor(GnomeScene& on)
+        : scene(on)
+        , client(on.desk, QStringLiteral("Editor")) {
+        client.open(QStringLiteral("Page"));
+        bringToFront();
+    }
+
+    void bringToFront() {
+        waitFor([&] { return scene.desk.activate(QStringLiteral("Page")); });
+        client.awaitFocus(0);
+    }
+
+    GnomeScene& scene;
+    WaylandClient client;
+};
+
+TEST(GnomeShell, whoDoesNotBearTicklogsName_isToldNothing) {
+    GnomeScene scene;
+    Editor editor(scene);
+    EXPECT_SEEN(scene, "Editor: Page");
+    Stranger stranger(scene);
+    EXPECT_EQ(stranger.ask(), kRefusal);
+    editor.client.setTitle(0, QStringLiteral("Secret page"));
+    EXPECT_SEEN(scene, "Editor: Secret page");
+    // The bus keeps the order: by this answer everything from before has come.
+    EXPECT_EQ(stranger.ask(), kRefusal);
+    EXPECT_EQ(stranger.heard, 0);
+    EXPECT_FALSE(scene.log.mentions(QStringLiteral("page"))) << "titles are private";
+}
+
+TEST(GnomeShell, whoBearsTheNameButIsAnotherProgram_isToldNothing) {
+    GnomeScene scene({.executable = QStringLiteral("/usr/bin/ticklog")});
+    const Editor editor(scene);
+    EXPECT_TRUE(waitFor([&] { return scene.log.mentions(QStringLiteral("another Ticklog")); }));
+    EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
+    EXPECT_FALSE(scene.desktop->obstacle().isEmpty());
+}
+
+TEST(GnomeShell, anExtensionSwitchedOnAndOff_tellsOnlyWhileItIsOn) {
+    GnomeScene scene({.isEnabled = false});
+    const Editor editor(scene);
+    EXPECT_TRUE(waitFor([&] { return scene.log.mentions(QStringLiteral("is not running")); }));
+    EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(scene.desk.enableExtension());
+        EXPECT_SEEN(scene, "Editor: Page");
+        EXPECT_EQ(scene.desktop->obstacle(), QString());
+        ASSERT_TRUE(scene.desk.disableExtension());
+        EXPECT_SEEN(scene, "none: none");
+        EXPECT_EQ(scene.titles(), QStringList());
+    }
+}
+
+TEST(GnomeShell, aShellWithoutTheExtension_tellsNothing) {
+    GnomeScene scene({.isInstalled = false});
+    const Editor editor(scene);
+    EXPECT_TRUE(waitFor([&] { return scene.log.mentions(QStringLiteral("is not running")); }));
+    EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
+}
+
+TEST(GnomeShell, aNewerExtensionThatIsUnderstood_isUsed) {
+    GnomeScene scene({.version = 2});
+    const Editor editor(scene);
+    EXPECT_SEEN(scene, "Editor: Page");
+    EXPECT_TRUE(scene.log.mentions(QStringLiteral("speaks version 2")));
+}
+
+TEST(GnomeShell, aNewerExtensionThatIsNotUnderstood_isNotBelieved) {
+    GnomeScene scene({.version = 2, .oldestVersion = 2});
+    const Editor editor(scene);
+    EXPECT_TRUE(waitFor([&] { return scene.log.mentions(QStringLiteral("does not understand")); }));
+    EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
+}
+
+TEST(GnomeShell, aShellThatIsKilled_tellsNothingUntilItIsBack) {
+    GnomeScene scene;
+    {
+        const Editor editor(scene);
+        EXPECT_SEEN(scene, "Editor: Page");
+        scene.desk.kill();
+        EXPECT_SEEN(scene, "none: none");
+        EXPECT_EQ(scene.titles(), QStringList());
+    }
+    scene.desk.restart();
+    const Editor editor(scene);
+    EXPECT_SEEN(scene, "Editor: Page");
+}
+
+} // namespace

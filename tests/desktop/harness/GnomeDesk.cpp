@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/harness/GnomeDesk.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+const QString kExtension = QStringLiteral("ticklog@ticklog.org");
+const QString kDriver = QStringLiteral("driver@ticklog.org");
+const QString kDriverService = QStringLiteral("org.ticklog.TestDriver");
+const QString kShellService = QStringLiteral("org.gnome.Shell");
+// Starting a whole shell takes seconds even on an idle machine.
+constexpr std::chrono::minutes kStartLimit{2};
+
+void copyFolder(const QString& from, const QString& to) {
+    QDir().mkpath(to);
+    for (const QString& name : QDir(from).entryList(QDir::Files)) {
+        if (!QFile::copy(from + u'/' + name, to + u'/' + name))
+            qFatal("cannot copy %s", qPrintable(name));
+    }
+}
+
+void replaceIn(const QString& path, const QString& before, const QString& after) {
+    QFile file(path);
+    if (!file.open(QFile::ReadWrite))
+        qFatal("cannot change %s", qPrintable(path));
+    const QString content = QString::fromUtf8(file.readAll());
+    if (!content.contains(before))
+        qFatal("%s does not hold \"%s\"", qPrintable(path), qPrintable(before));
+    file.resize(0);
+    file.write(QString(content).replace(before, after).toUtf8());
+}
+
+QDBusConnection connectTo(const SessionBus& bus) {
+    return QDBusConnection::connectToBus(bus.address(), QStringLiteral("gnome-desk-") + bus.address());
+}
+
+} // namespace
+
+GnomeDesk::GnomeDesk()
+    : GnomeDesk(Extension()) {}
+
+GnomeDesk::GnomeDesk(const Extension& extension) {
+    const QString systemFolder = home().path() + QStringLiteral("/system");
+    QDir().mkpath(systemFolder);
+    // Without a system bus the shell does not start.
+    m_systemBus = std::make_unique<SessionBus>(home().environment(), systemFolder);
+    if (extension.isInstalled)
+        installExtension(extension);
+    copyFolder(QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/services/gnome-driver"),
+               home().dataFolder() + QStringLiteral("/gnome-shell/extensions/") + kDriver);
+    writeSettings(extension.isEnabled);
+    restart();
+}
+
+GnomeDesk::~GnomeDesk() {
+    QDBusConnection::disconnectFromBus(connectTo(bus()).name());
+}
+
+QProcessEnvironment GnomeDesk::environment() const {
+    QProcessEnvironment environment = WaylandDesk::environment();
+    environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("GNOME"));
+    return environment;
+}
+
+QString GnomeDesk::extensionFolder() {
+    return home().dataFolder() + QStringLiteral("/gnome-shell/extensions/") + kExtension;
+}
+
+void GnomeDesk::installExtension(const Extension& extension) {
+    copyFolder(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension"), extensionFolder());
+    const QString executable =
+        extension.executable.isEmpty() ? QCoreApplication::applicationFilePath() : extension.executable;
+    home().write(QDir(home().path()).relativeFilePath(extensionFolder() + QStringLiteral("/executable")),
+                 executable.toUtf8());
+    const QString script = extensionFolder() + QStringLiteral("/extension.js");
+    replaceIn(script, QStringLiteral("kVersion = 1"), QStringLiteral("kVersion = %1").arg(extension.version));
+    replaceIn(script, QStringLiteral("kOldestVersion = 1"),
+              QStringLiteral("kOldestVersion = %1").arg(extension.oldestVersion));
+}
+
+void GnomeDesk::writeSettings(bool isEnabled) {
+    const QString enabled = isEnabled ? QStringLiteral("'%1', '%2'").arg(kExtension, kDriver)
+                                      : QStringLiteral("'%1'").arg(kDriver);
+    home().write(QStringLiteral("config/glib-2.0/settings/keyfile"),
+                 QStringLiteral("[org/gnome/shell]\nenabled-extensions=[%1]\ndisable-user-extensions=false\n"
+                                "welcome-dialog-last-shown-version='99'\n"
+                                "[org/gnome/desktop/interface]\nenable-animations=false\n")
+                     .arg(enabled)
+                     .toUtf8());
+}
+
+QString GnomeDesk::startCompositor(std::unique_ptr<Program>& compositor) {
+    const QString name = QStringLiteral("wayland-gnome");
+    QProcessEnvironment own = environment();
+    own.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    own.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    own.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), m_systemBus->address());
+    own.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("keyfile"));
+    own.insert(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
+    compositor =
+        std::make_unique<Program>(QStringLiteral("gnome-shell"),
+                                  QStringList{QStringLiteral("--headless"), QStringLiteral("--no-x11"),
+                                              QStringLiteral("--virtual-monitor"), QStringLiteral("800x600"),
+                                              QStringLiteral("--wayland-display"), name},
+                                  own);
+    const QDBusConnection connection = connectTo(bus());
+    waitFor(
+        [&] {
+            return connection.interface()->isServiceRegistered(kDriverService) || !compositor->isRunning();
+        },
+        kStartLimit);
+    if (!compositor->isRunning() || !connection.interface()->isServiceRegistered(kDriverService))
+        qFatal("GNOME Shell does not start: is gnome-shell installed?");
+    return home().runtimeFolder() + u'/' + name;
+}
+
+bool GnomeDesk::call(const QString& service, const QString& path, const QString& interface,
+                     const QString& method, const QString& argument) {
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments({argument});
+    return connectTo(bus()).call(message).arguments().value(0).toBool();
+}
+
+bool GnomeDesk::drive(const QString& method, const QString& argument) {
+    return call(kDriverService, QStringLiteral("/org/ticklog/TestDriver"), kDriverService, method, argument);
+}
+
+bool GnomeDesk::activate(const QString& title) {
+    return drive(QStringLiteral("Activate"), title);
+}
+
+bool GnomeDesk::putAway(const QString& title) {
+    return drive(QStringLiteral("Minimise"), title);
+}
+
+bool GnomeDesk::touch() {
+    return drive(QStringLiteral("Touch"), QStringLiteral("pointer"));
+}
+
+bool GnomeDesk::enableExtension() {
+    return call(kShellService, QStringLiteral("/org/gnome/Shell"),
+                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("EnableExtension"), kExtension);
+}
+
+bool GnomeDesk::disableExtension() {
+    return call(kShellService, QStringLiteral("/org/gnome/Shell"),
+                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("DisableExtension"), kExtension);
+}

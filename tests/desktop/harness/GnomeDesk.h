@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/desktop/harness/WaylandDesk.h"
+
+// GNOME Shell on a bus of its own, with or without Ticklog's extension.
+class GnomeDesk : public WaylandDesk {
+public:
+    // What the shell finds when it starts.
+    struct Extension {
+        bool isInstalled = true;
+        bool isEnabled = true;
+        // The versions that it says it speaks.
+        int version = 1;
+        int oldestVersion = 1;
+        // Whom it tells; empty for this test program.
+        QString executable = {};
+    };
+
+    // Has the extension for this test program.
+    GnomeDesk();
+    explicit GnomeDesk(const Extension& extension);
+    ~GnomeDesk() override;
+
+    QProcessEnvironment environment() const override;
+    bool activate(const QString& title) override;
+    bool putAway(const QString& title) override;
+    bool touch() override;
+
+    // Switches the extension as the user does. Answers whether the shell knows it.
+    bool enableExtension();
+    bool disableExtension();
+    // Where the extension lies, or would.
+    QString extensionFolder();
+
+private:
+    QString startCompositor(std::unique_ptr<Program>& compositor) override;
+    void installExtension(const Extension& extension);
+    void writeSettings(bool isEnabled);
+    // Has the test's own extension of the shell do something.
+    bool drive(const QString& method, const QString& argument);
+    // A call of a method that takes a text and answers a truth value.
+    bool call(const QString& service, const QString& path, const QString& interface, const QString& method,
+              const QString& argument);
+
+    std::unique_ptr<SessionBus> m_systemBus;
+};

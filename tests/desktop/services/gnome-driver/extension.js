@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// Does in GNOME Shell what a person would, for tests. Has its name on the bus once the shell can be used.
+'use strict';
+
+const {Clutter, Gio, GLib} = imports.gi;
+const Main = imports.ui.main;
+
+const kInterface = `<node><interface name="org.ticklog.TestDriver">
+  <method name="Activate"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+  <method name="Minimise"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+  <method name="Touch"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+</interface></node>`;
+
+function withWindow(title, act) {
+    const actor = global.get_window_actors().find(each => each.get_meta_window().get_title() === title);
+    if (actor)
+        act(actor.get_meta_window());
+    return Boolean(actor);
+}
+
+let pointer = null;
+const driver = {
+    Activate: title => withWindow(title, window => Main.activateWindow(window)),
+    Minimise: title => withWindow(title, window => window.minimize()),
+    Touch: () => {
+        pointer ??= Clutter.get_default_backend().get_default_seat()
+            .create_virtual_device(Clutter.InputDeviceType.POINTER_DEVICE);
+        pointer.notify_relative_motion(GLib.get_monotonic_time(), 1, 1);
+        return true;
+    },
+};
+
+function init() {}
+
+function enable() {
+    // Windows can have the focus from the start.
+    Main.sessionMode.hasOverview = false;
+    const object = Gio.DBusExportedObject.wrapJSObject(kInterface, driver);
+    object.export(Gio.DBus.session, '/org/ticklog/TestDriver');
+    const begin = () => Gio.bus_own_name_on_connection(Gio.DBus.session, 'org.ticklog.TestDriver',
+        Gio.BusNameOwnerFlags.NONE, null, null);
+    if (Main.layoutManager._startingUp)
+        Main.layoutManager.connect('startup-complete', begin);
+    else
+        begin();
+}
+
+function disable() {}
