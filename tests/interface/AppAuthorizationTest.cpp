@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/AppAuthorization.h"
+#include "Classes/TimeActivatorUniversalAccess.h"
 #include "tests/interface/Desk.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +43,45 @@ struct AppAuthorizationTest : testing::Test, Desk {
     }
 };
 
+// A person whose timer needs trust to start.
+struct UntrustedTimerTest : testing::Test {
+    bool start() {
+        controller.timer().startTimer();
+        return controller.timer().isRunning();
+    }
+
+    FakePlatform fakes;
+    FakeAlerts alerts;
+    TKController controller{fakes.platform, alerts, [](int) {},
+                            [](TimeTracker& tracker, ActivityServices& services) {
+                                return std::make_unique<TimeActivatorUniversalAccess>(tracker, services);
+                            }};
+};
+
 } // namespace
+
+TEST_F(UntrustedTimerTest, untilTrustIsGranted_theTimerStaysStopped) {
+    fakes.accessibility.trusted = false;
+    EXPECT_FALSE(start());
+    EXPECT_EQ(fakes.accessibility.prompts, 1);
+    EXPECT_EQ(fakes.accessibility.warnings, 1);
+    fakes.accessibility.trusted = true;
+    EXPECT_TRUE(start());
+    EXPECT_EQ(fakes.accessibility.prompts, 1);
+}
+
+TEST_F(UntrustedTimerTest, inASandbox_theTimerStaysStoppedWhateverIsAnswered) {
+    fakes.accessibility.trusted = false;
+    fakes.sandbox.sandboxed = true;
+    for (const int answer : {Alerts::Alternate, Alerts::Other, Alerts::Default}) {
+        alerts.answer = answer;
+        EXPECT_FALSE(start());
+        fakes.runLoop.runPending();
+    }
+    EXPECT_EQ(alerts.questions.size(), 3);
+    EXPECT_EQ(fakes.accessibility.preferencesOpened, 1);
+    EXPECT_EQ(fakes.ownProgram.relaunched, 1);
+}
 
 TEST_F(AppAuthorizationTest, aStartWithoutTrust_hasTheDesktopAsk) {
     authorization().checkAccessibilityTrust();

@@ -5,6 +5,7 @@
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/setup/SetupWindow.h"
+#include "interface/shell/QtAlerts.h"
 #include "tests/interface/Desk.h"
 
 #include <QCheckBox>
@@ -15,6 +16,7 @@
 #include <QMenu>
 #include <QStyleFactory>
 #include <QTest>
+#include <QTimer>
 #include <QTranslator>
 
 #include <cstdio>
@@ -147,6 +149,27 @@ void drawPreferences(const QDir& folder) {
     grab(window, folder, "preferences-archive");
     window.selectTab(QStringLiteral("General"));
     grab(window, folder, "preferences-general-unfolded");
+}
+
+// The questions that granting trust may take.
+void drawAuthorization(const QDir& folder) {
+    Scene scene("authorization");
+    scene.show();
+    QtAlerts alerts;
+    alerts.setWindow(&scene.controller.window());
+    AppAuthorization authorization(scene.fakes.platform, alerts, {[] {}, [] {}});
+    const auto grabQuestion = [&](const char* name) {
+        QTimer::singleShot(0, qApp, [&folder, name] {
+            QWidget* box = QApplication::activeModalWidget();
+            grab(*box, folder, name);
+            box->close();
+        });
+    };
+    scene.fakes.sandbox.sandboxed = true;
+    grabQuestion("authorization");
+    authorization.checkAccessibilityTrust();
+    grabQuestion("authorization-failed");
+    authorization.authFailError(Failure{Failure::Kind::NotFound, QStringLiteral("this was not authorized")});
 }
 
 // Longer by about two fifths, as other languages are.
@@ -296,6 +319,7 @@ void drawAll(const QDir& folder) {
         scene.save(folder);
     }
     drawPreferences(folder);
+    drawAuthorization(folder);
     drawSetup(folder);
     Scene scene("labels");
     scene.work();
