@@ -55,7 +55,7 @@ void TrustService::take(Request request) {
     request.message.setDelayedReply(true);
     if (m_requests.size() >= kMostPending || m_requests.contains(sender)) {
         m_bus.connection().send(request.message.createErrorReply(kErrors + QLatin1String(kBusy),
-                                                                 QStringLiteral("one at a time")));
+                                                                 QStringLiteral("One request at a time.")));
         return;
     }
     m_idle.stop();
@@ -74,12 +74,12 @@ void TrustService::identified(const QString& sender, const QDBusMessage& credent
     Request& request = found->second;
     const std::optional<uid_t> user = userOf(credentials);
     if (!user) {
-        refuse(sender, kNotAuthorized, QStringLiteral("nobody knows who asks"));
+        refuse(sender, kNotAuthorized, QStringLiteral("Nobody knows who asks."));
         return;
     }
     request.user = *user;
     if (!m_limit.admit(*user)) {
-        refuse(sender, kBusy, QStringLiteral("too many requests: wait a minute"));
+        refuse(sender, kBusy, QStringLiteral("Too many requests: wait a minute."));
         return;
     }
     if (const Outcome checked = check(request); !checked) {
@@ -102,7 +102,7 @@ void TrustService::judged(const QString& sender, PolkitAuthority::Verdict verdic
         return;
     const Request& request = found->second;
     if (verdict != PolkitAuthority::Verdict::Yes) {
-        refuse(sender, kNotAuthorized, QStringLiteral("this was not authorized"));
+        refuse(sender, kNotAuthorized, QStringLiteral("This was not authorized."));
         return;
     }
     // A person may have taken long enough for the file to be another one.

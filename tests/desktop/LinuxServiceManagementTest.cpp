@@ -126,7 +126,7 @@ TEST_F(LinuxServiceManagementTest, theHelper_answersWhenItHasTrustedTheProgram) 
 
 TEST_F(LinuxServiceManagementTest, aHelperThatSaysNo_hasBeenReached) {
     m_polkit.ask("deny");
-    EXPECT_EQ(ask(m_bus), u"refused: this was not authorized"_s);
+    EXPECT_EQ(ask(m_bus), u"refused: This was not authorized."_s);
 }
 
 TEST_F(LinuxServiceManagementTest, aHelperThatIsNotThere_cannotBeReached) {

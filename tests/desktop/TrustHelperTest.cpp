@@ -118,13 +118,13 @@ TEST_F(TrustHelperTest, polkit_isToldWhoAsksForWhat) {
 
 TEST_F(TrustHelperTest, anUnauthorizedCaller_isRefused) {
     m_polkit.ask("deny");
-    EXPECT_EQ(authorize(program()), u"NotAuthorized: this was not authorized"_s);
+    EXPECT_EQ(authorize(program()), u"NotAuthorized: This was not authorized."_s);
     EXPECT_EQ(trusted(), QStringList());
 }
 
 TEST_F(TrustHelperTest, withoutPolkit_nobodyIsAuthorized) {
     m_polkit.kill();
-    EXPECT_EQ(authorize(program()), u"NotAuthorized: this was not authorized"_s);
+    EXPECT_EQ(authorize(program()), u"NotAuthorized: This was not authorized."_s);
     EXPECT_EQ(trusted(), QStringList());
 }
 
@@ -161,7 +161,7 @@ TEST_F(TrustHelperTest, aRevokedProgram_isStruckOutAlone) {
     EXPECT_EQ(QDir(m_systemBus.recordFolder()).entryList(QDir::Files | QDir::Hidden), QStringList());
     EXPECT_EQ(ask("Revoke", u"/usr/bin/env"_s), u"done"_s) << "what is not there";
     m_polkit.ask("deny");
-    EXPECT_EQ(ask("Revoke", u"/usr/bin/env"_s), u"NotAuthorized: this was not authorized"_s);
+    EXPECT_EQ(ask("Revoke", u"/usr/bin/env"_s), u"NotAuthorized: This was not authorized."_s);
 }
 
 TEST_F(TrustHelperTest, aCallerThatLeavesInTheMiddle_isForgottenWithItsRequest) {
@@ -183,7 +183,7 @@ TEST_F(TrustHelperTest, aCallerWithARequestOpen_getsNoSecond) {
     send(*bus, "Authorize", {program()});
     send(*bus, "Authorize", {program()});
     ASSERT_TRUE(waitFor([this] { return answers.size() == 1; }));
-    EXPECT_EQ(answers.first(), u"Busy: one at a time"_s);
+    EXPECT_EQ(answers.first(), u"Busy: One request at a time."_s);
     ASSERT_TRUE(waitForQuestion());
     m_polkit.ask("decide yes");
     ASSERT_TRUE(waitFor([this] { return answers.size() == 2; }));

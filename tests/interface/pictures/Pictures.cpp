@@ -169,7 +169,7 @@ void drawAuthorization(const QDir& folder) {
     grabQuestion("authorization");
     authorization.checkAccessibilityTrust();
     grabQuestion("authorization-failed");
-    authorization.authFailError(Failure{Failure::Kind::NotFound, QStringLiteral("this was not authorized")});
+    authorization.authFailError(Failure{Failure::Kind::NotFound, QStringLiteral("This was not authorized.")});
 }
 
 // Longer by about two fifths, as other languages are.
