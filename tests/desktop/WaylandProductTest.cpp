@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The built program on real Wayland desktops: what it records, and how it ends.
 #include "tests/desktop/WaylandScene.h"
+#include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/ProductProgram.h"
 
@@ -83,6 +84,29 @@ TEST_P(WaylandProduct, aCompositorThatIsKilled_endsItWithTheAccountSaved) {
     EXPECT_NEAR(product.applicationTimes().value(QStringLiteral("Writer")), writing,
                 0.3 + ending + lateness.seconds());
     EXPECT_GT(product.applicationTimes().value(QStringLiteral("Writer")), 0.3);
+}
+
+TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReasonIsTold) {
+    KWinDesk desk(KWinDesk::Windows::ForThoseThatAsk);
+    // Programs that run through an X server beside the compositor must not get the time of all others.
+    const Desk beside;
+    WaylandClient writer(desk, QStringLiteral("Writer"));
+    writer.open(QStringLiteral("Letter"));
+    ProductProgram product(desk.home());
+    product.setVariable(QStringLiteral("DISPLAY"), beside.display().name());
+    product.writeSettings(ProductProgram::runningSettings());
+    product.launch(desk.environment(), {}, Program::Output::ErrorsRead);
+    QByteArray log;
+    while (!log.contains("The Plasma desktop is not used: ")) {
+        const auto line = product.program().readLine();
+        ASSERT_TRUE(line) << log.constData();
+        log += *line + '\n';
+    }
+    turnEventLoopFor(500ms);
+    product.program().terminate();
+    EXPECT_EQ(product.program().exitStatus(), 0);
+    EXPECT_EQ(product.applicationTimes(), (QMap<QString, double>()));
+    EXPECT_TRUE(log.contains("Install Ticklog")) << log.constData();
 }
 
 } // namespace

@@ -8,10 +8,12 @@ Program::Program(const QString& executable, const QStringList& arguments,
                  const QProcessEnvironment& environment, Output output) {
     m_process.setProcessEnvironment(environment);
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    if (output == Output::Discarded)
+    if (output != Output::Read)
         m_process.setStandardOutputFile(QProcess::nullDevice());
     // A pipe that nobody reads would stop a talkative program.
-    if (qEnvironmentVariableIsSet("TICKLOG_TEST_VERBOSE"))
+    if (output == Output::ErrorsRead)
+        m_process.setReadChannel(QProcess::StandardError);
+    else if (qEnvironmentVariableIsSet("TICKLOG_TEST_VERBOSE"))
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     else
         m_process.setStandardErrorFile(QProcess::nullDevice());

@@ -17,6 +17,8 @@ public:
         Discarded,
         // What it writes to standard output can be read.
         Read,
+        // The same of its standard error.
+        ErrorsRead,
     };
 
     // Starts `executable`, which is looked up in PATH. isRunning() tells whether that worked.
