@@ -119,10 +119,13 @@ void WaylandDesktop::lose() {
 
 void WaylandDesktop::tellOfEnd() {
     m_entries.clear();
-    const bool wasTold = std::exchange(m_front, std::nullopt).has_value();
+    // The account goes on crediting whoever was told last, and that must not be a window that is gone.
+    const bool isSwitch = m_front && m_front != nothingInFront();
+    if (isSwitch)
+        m_front = nothingInFront();
     if (std::exchange(m_isLossUntold, false) && m_lostHandler)
         m_lostHandler();
-    if (wasTold)
+    if (isSwitch)
         tellOfSwitch();
 }
 

@@ -24,7 +24,7 @@ public:
     QString bundleName(const QString& path) const override;
     QString obstacle() const override;
 
-    // Called when the compositor has gone; the answers are empty then, and come back when it does.
+    // Called when the compositor has gone; no window is listed and the desktop is in front then, until it is back.
     void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }
 
 protected:

@@ -94,6 +94,7 @@ TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReas
     writer.open(QStringLiteral("Letter"));
     ProductProgram product(desk.home());
     product.setVariable(QStringLiteral("DISPLAY"), beside.display().name());
+    product.setVariable(QStringLiteral("TICKLOG_LOG_STDERR"), QStringLiteral("1"));
     product.writeSettings(ProductProgram::runningSettings());
     product.launch(desk.environment(), {}, Program::Output::ErrorsRead);
     QByteArray log;
