@@ -100,3 +100,56 @@ std::vector<xcb_window_t> DisplayProbe::windows() const {
 bool DisplayProbe::isInWindowList(xcb_window_t window) const {
     return std::ranges::count(windows(), window) > 0;
 }
+
+bool DisplayProbe::hasState(xcb_window_t window, const char* state) const {
+    const QByteArray bytes = property(window, "_NET_WM_STATE");
+    const xcb_atom_t wanted = atom(state);
+    for (qsizetype at = 0; at + qsizetype(sizeof wanted) <= bytes.size(); at += sizeof wanted)
+        if (std::memcmp(bytes.constData() + at, &wanted, sizeof wanted) == 0)
+            return true;
+    return false;
+}
+
+std::vector<xcb_window_t> DisplayProbe::children(xcb_window_t window) const {
+    xcb_connection_t* connection = m_connection.get();
+    const std::unique_ptr<xcb_query_tree_reply_t, Free> tree(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
+    if (!tree)
+        return {};
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
+}
+
+std::optional<DisplayArea> DisplayProbe::areaOf(const char* name, xcb_window_t within) const {
+    for (const xcb_window_t child : children(within)) {
+        if (text(child, "WM_NAME") == name)
+            return areaOf(child);
+        if (const auto deeper = areaOf(name, child))
+            return deeper;
+    }
+    return std::nullopt;
+}
+
+std::optional<DisplayArea> DisplayProbe::areaOf(xcb_window_t window) const {
+    xcb_connection_t* connection = m_connection.get();
+    const std::unique_ptr<xcb_get_geometry_reply_t, Free> size(
+        xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
+    const std::unique_ptr<xcb_translate_coordinates_reply_t, Free> place(xcb_translate_coordinates_reply(
+        connection, xcb_translate_coordinates(connection, window, m_root, 0, 0), nullptr));
+    const std::unique_ptr<xcb_get_window_attributes_reply_t, Free> look(
+        xcb_get_window_attributes_reply(connection, xcb_get_window_attributes(connection, window), nullptr));
+    if (!size || !place || !look || look->map_state != XCB_MAP_STATE_VIEWABLE)
+        return std::nullopt;
+    return DisplayArea{place->dst_x, place->dst_y, size->width, size->height};
+}
+
+QByteArray DisplayProbe::picture(const DisplayArea& area) const {
+    const auto cookie = xcb_get_image(m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_root, qint16(area.x),
+                                      qint16(area.y), quint16(area.width), quint16(area.height), ~0U);
+    const std::unique_ptr<xcb_get_image_reply_t, Free> image(
+        xcb_get_image_reply(m_connection.get(), cookie, nullptr));
+    if (!image)
+        return {};
+    return {reinterpret_cast<const char*>(xcb_get_image_data(image.get())),
+            xcb_get_image_data_length(image.get())};
+}

@@ -7,7 +7,16 @@
 #include <xcb/xcb.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
+
+// A part of the screen in pixels.
+struct DisplayArea {
+    int x;
+    int y;
+    int width;
+    int height;
+};
 
 // Looks at an X display in the plainest way, question by question: what tests compare with, and wait for.
 class DisplayProbe {
@@ -31,6 +40,12 @@ public:
     // The first 4 bytes of a property as a number; 0 when there are none.
     quint32 number(xcb_window_t window, const char* property) const;
     QByteArray text(xcb_window_t window, const char* property) const;
+    // Whether a window's _NET_WM_STATE has that state.
+    bool hasState(xcb_window_t window, const char* state) const;
+    // Where a window of that name is, at any depth within another; absent while there is none that is seen.
+    std::optional<DisplayArea> areaOf(const char* name, xcb_window_t within) const;
+    // The picture of a part of the screen, as bytes to compare.
+    QByteArray picture(const DisplayArea& area) const;
 
 private:
     struct Disconnect {
@@ -39,6 +54,8 @@ private:
 
     xcb_atom_t atom(const char* name) const;
     QByteArray property(xcb_window_t window, const char* name) const;
+    std::vector<xcb_window_t> children(xcb_window_t window) const;
+    std::optional<DisplayArea> areaOf(xcb_window_t window) const;
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     xcb_window_t m_root = 0;

@@ -89,7 +89,7 @@ class Panel:
         self.icon("/StatusNotifierItem").Activate(10, 10, dbus_interface=ITEM)
 
     def entries(self):
-        _, layout = self.icon("/MenuBar").GetLayout(self.opened, -1, [], dbus_interface=MENU)
+        _, layout = self.icon("/MenuBar").GetLayout(self.opened, -1, dbus.Array([], "s"), dbus_interface=MENU)
         return [(int(number), properties, len(children)) for number, properties, children in layout[2]]
 
     def label(self, properties):
