@@ -53,5 +53,6 @@ public:
     virtual void showError(const QString& message, const QString& informativeText) = 0;
     // Something to know, which nobody has to answer: returns at once.
     virtual void showNotice(const QString& message, const QString& informativeText) = 0;
+    // The same; the first line stands out.
     virtual void showAbout(const QString& title, const QString& text) = 0;
 };

@@ -138,7 +138,7 @@ void QtAlerts::showNotice(const QString& message, const QString& informativeText
 }
 
 void QtAlerts::showAbout(const QString& title, const QString& text) {
-    open(QStringLiteral("aboutBox"), title, QStringLiteral("Ticklog"), text);
+    open(QStringLiteral("aboutBox"), title, text.section(u'\n', 0, 0), text.section(u'\n', 1));
 }
 
 void QtAlerts::open(const QString& name, const QString& title, const QString& message,

@@ -5,7 +5,6 @@
 #include "interface/mainwindow/TKController.h"
 #include "interface/shell/Alerts.h"
 #include "interface/shell/Images.h"
-#include "interface/shell/StatusItem.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QGuiApplication>
@@ -115,12 +114,20 @@ void TKApplicationDelegate::toggleStartStop() {
 }
 
 void TKApplicationDelegate::showAboutBox() {
-    const QStringList backEnds{m_platform.frontApplication.describe(), m_platform.idleTime.describe(),
-                               m_platform.power.describe(), m_platform.session.describe(),
-                               m_platform.accessibility.describe()};
-    m_alerts.showAbout(
-        localized("About Ticklog"),
-        QStringLiteral("Ticklog %1\n\n%2").arg(TKController::versionString(), backEnds.join(u'\n')));
+    // Who asks from the tray looks at another program.
+    if (m_controller.window().isVisible())
+        m_controller.setWindowStateShown(true);
+    const QStringList backEnds{m_platform.frontApplication.describe(),
+                               m_platform.idleTime.describe(),
+                               m_platform.power.describe(),
+                               m_platform.session.describe(),
+                               m_platform.accessibility.describe(),
+                               m_platform.taskBar.describe(),
+                               m_platform.systemTray.describe()};
+    m_alerts.showAbout(localized("About Ticklog"),
+                       QStringLiteral("Ticklog %1\n%2\n\n%3")
+                           .arg(TKController::versionString(),
+                                localized("Free software under the MIT licence."), backEnds.join(u'\n')));
 }
 
 void TKApplicationDelegate::switchHandler(bool didResignActive) {

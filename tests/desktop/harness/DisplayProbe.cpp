@@ -120,11 +120,11 @@ std::vector<xcb_window_t> DisplayProbe::children(xcb_window_t window) const {
     return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
-std::optional<DisplayArea> DisplayProbe::areaOf(const char* name, xcb_window_t within) const {
+std::optional<DisplayArea> DisplayProbe::areaOf(const char* instanceName, xcb_window_t within) const {
     for (const xcb_window_t child : children(within)) {
-        if (text(child, "WM_NAME") == name)
+        if (text(child, "WM_CLASS").startsWith(instanceName))
             return areaOf(child);
-        if (const auto deeper = areaOf(name, child))
+        if (const auto deeper = areaOf(instanceName, child))
             return deeper;
     }
     return std::nullopt;

@@ -42,8 +42,8 @@ public:
     QByteArray text(xcb_window_t window, const char* property) const;
     // Whether a window's _NET_WM_STATE has that state.
     bool hasState(xcb_window_t window, const char* state) const;
-    // Where a window of that name is, at any depth within another; absent while there is none that is seen.
-    std::optional<DisplayArea> areaOf(const char* name, xcb_window_t within) const;
+    // Where a program's window is, at any depth within another; absent while it has none there that is seen.
+    std::optional<DisplayArea> areaOf(const char* instanceName, xcb_window_t within) const;
     // The picture of a part of the screen, as bytes to compare.
     QByteArray picture(const DisplayArea& area) const;
 
