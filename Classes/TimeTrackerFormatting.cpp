@@ -15,18 +15,22 @@ QString counted(const char* key, qint64 count) {
 
 // Languages differ in how they count two and none, so these have keys of their own.
 const char* hourKey(qint64 hours) {
-    return hours == 1 ? "%ld hour" : hours == 2 ? "%ld hour-2" : "%ld hours";
+    return hours == 1   ? QT_TRANSLATE_NOOP("Ticklog", "%ld hour")
+           : hours == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld hour-2")
+                        : QT_TRANSLATE_NOOP("Ticklog", "%ld hours");
 }
 
 const char* minuteKey(qint64 minutes) {
-    return minutes == 1 ? "%ld minute" : minutes == 2 ? "%ld minute-2" : "%ld minutes";
+    return minutes == 1   ? QT_TRANSLATE_NOOP("Ticklog", "%ld minute")
+           : minutes == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld minute-2")
+                          : QT_TRANSLATE_NOOP("Ticklog", "%ld minutes");
 }
 
 const char* secondKey(qint64 seconds) {
-    return seconds == 0   ? "%ld second-0"
-           : seconds == 1 ? "%ld second"
-           : seconds == 2 ? "%ld second-2"
-                          : "%ld seconds";
+    return seconds == 0   ? QT_TRANSLATE_NOOP("Ticklog", "%ld second-0")
+           : seconds == 1 ? QT_TRANSLATE_NOOP("Ticklog", "%ld second")
+           : seconds == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld second-2")
+                          : QT_TRANSLATE_NOOP("Ticklog", "%ld seconds");
 }
 
 } // namespace

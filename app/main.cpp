@@ -8,9 +8,11 @@
 #include "interface/preferences/Preferences.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
+#include "platform/foundation/Translations.h"
 #include "platform/linux/TerminationSignals.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QSessionManager>
 
 #include <cstdio>
@@ -51,6 +53,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
 
+    const Translations translations(QLocale().uiLanguages());
     LinuxPlatform desktop;
     QtAlerts alerts;
     TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });

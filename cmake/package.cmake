@@ -76,7 +76,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Takes away what the helper has written, when all is to go.
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/resources/system/postrm)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd | policykit-1, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd | policykit-1, qt6-wayland, qt6-translations-l10n")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
   WORLD_EXECUTE)
 include(CPack)

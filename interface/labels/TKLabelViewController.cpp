@@ -23,13 +23,13 @@ struct Label {
     const char* meaning;
 };
 
-constexpr std::array<Label, 7> kLabels = {{{"colorNone", "No Label"},
-                                           {"color1", "Red"},
-                                           {"color2", "Orange"},
-                                           {"color3", "Yellow"},
-                                           {"color4", "Green"},
-                                           {"color5", "Blue"},
-                                           {"color6", "Purple"}}};
+constexpr std::array<Label, 7> kLabels = {{{"colorNone", QT_TRANSLATE_NOOP("Ticklog", "No Label")},
+                                           {"color1", QT_TRANSLATE_NOOP("Ticklog", "Red")},
+                                           {"color2", QT_TRANSLATE_NOOP("Ticklog", "Orange")},
+                                           {"color3", QT_TRANSLATE_NOOP("Ticklog", "Yellow")},
+                                           {"color4", QT_TRANSLATE_NOOP("Ticklog", "Green")},
+                                           {"color5", QT_TRANSLATE_NOOP("Ticklog", "Blue")},
+                                           {"color6", QT_TRANSLATE_NOOP("Ticklog", "Purple")}}};
 
 } // namespace
 

@@ -77,9 +77,9 @@ QString sumCaption(SumMode mode) {
 }
 
 QString sumTitle(SumMode mode, const QString& time) {
-    const char* key = mode == SumMode::Total      ? "total\n%@"
-                      : mode == SumMode::Project  ? "project\n%@"
-                      : mode == SumMode::Selected ? "selected\n%@"
-                                                  : "found\n%@";
+    const char* key = mode == SumMode::Total      ? QT_TRANSLATE_NOOP("Ticklog", "total\n%@")
+                      : mode == SumMode::Project  ? QT_TRANSLATE_NOOP("Ticklog", "project\n%@")
+                      : mode == SumMode::Selected ? QT_TRANSLATE_NOOP("Ticklog", "selected\n%@")
+                                                  : QT_TRANSLATE_NOOP("Ticklog", "found\n%@");
     return localized(key).replace(QLatin1String("%@"), time);
 }

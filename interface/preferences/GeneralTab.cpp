@@ -28,9 +28,10 @@ struct Presence {
     const char* text;
 };
 
-constexpr Presence kPresences[] = {{1, true, "Display-Both", "Task bar and system tray"},
-                                   {1, false, "Display-Dock", "Task bar"},
-                                   {0, true, "Display-Menubar", "System tray"}};
+constexpr Presence kPresences[] = {
+    {1, true, "Display-Both", QT_TRANSLATE_NOOP("Ticklog", "Task bar and system tray")},
+    {1, false, "Display-Dock", QT_TRANSLATE_NOOP("Ticklog", "Task bar")},
+    {0, true, "Display-Menubar", QT_TRANSLATE_NOOP("Ticklog", "System tray")}};
 
 QCheckBox* checkBox(const char* name, const QString& text) {
     auto* box = new QCheckBox(text);
@@ -118,7 +119,7 @@ void GeneralTab::addAppearance(QFormLayout& form, SettingsBinding& settings) {
     presence->setObjectName(QStringLiteral("presence"));
     for (const Presence& choice : kPresences)
         presence->addItem(Images::named(QLatin1String(choice.image)), localized(choice.text));
-    form.addRow(localized("Show Ticklog &in:"), presence);
+    form.addRow(localized("Sho&w Ticklog in:"), presence);
     form.setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     settings.observe([&settings, presence] {
         const bool isInTaskBar = settings.defaults().integerForKey(kTKPrefAppType) == 1;

@@ -1,0 +1,23 @@
+# ticklog_translations(TARGET): puts every language of resources/translations into a target, as
+# :/translations/ticklog_LANGUAGE.qm. And the target `translations`, which brings them up to date with the sources.
+function(ticklog_translations target)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/translations)
+  file(MAKE_DIRECTORY ${folder})
+  file(GLOB sources CONFIGURE_DEPENDS resources/translations/ticklog_*.ts)
+  # Not Qt's own commands for this: a build of theirs may write to the sources.
+  foreach(source IN LISTS sources)
+    get_filename_component(name ${source} NAME_WE)
+    add_custom_command(OUTPUT ${folder}/${name}.qm
+      COMMAND Qt6::lrelease -silent -nounfinished ${source} -qm ${folder}/${name}.qm DEPENDS ${source} VERBATIM)
+    string(APPEND entries "    <file>${name}.qm</file>\n")
+  endforeach()
+  file(CONFIGURE OUTPUT ${folder}/translations.qrc CONTENT "<RCC>
+  <qresource prefix=\"/translations\">
+@entries@  </qresource>
+</RCC>
+" @ONLY)
+  qt_add_resources(compiled ${folder}/translations.qrc)
+  target_sources(${target} PRIVATE ${compiled})
+  add_custom_target(translations COMMAND scripts/translations.sh $<TARGET_FILE:Qt6::lupdate>
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} VERBATIM)
+endfunction()

@@ -1,0 +1,859 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Ticklog</name>
+    <message>
+        <source>All Timers</source>
+        <translation>Alle Timer</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source> (Frozen %@)</source>
+        <translation> (Eingefroren %@)</translation>
+    </message>
+    <message>
+        <source>%ld hour</source>
+        <translation>%ld Stunde</translation>
+    </message>
+    <message>
+        <source>%ld hour-2</source>
+        <translation>%ld Stunden</translation>
+    </message>
+    <message>
+        <source>%ld hours</source>
+        <translation>%ld Stunden</translation>
+    </message>
+    <message>
+        <source>%ld minute</source>
+        <translation>%ld Minute</translation>
+    </message>
+    <message>
+        <source>%ld minute-2</source>
+        <translation>%ld Minuten</translation>
+    </message>
+    <message>
+        <source>%ld minutes</source>
+        <translation>%ld Minuten</translation>
+    </message>
+    <message>
+        <source>%ld second-0</source>
+        <translation>%ld Sekunden</translation>
+    </message>
+    <message>
+        <source>%ld second</source>
+        <translation>%ld Sekunde</translation>
+    </message>
+    <message>
+        <source>%ld second-2</source>
+        <translation>%ld Sekunden</translation>
+    </message>
+    <message>
+        <source>%ld seconds</source>
+        <translation>%ld Sekunden</translation>
+    </message>
+    <message>
+        <source>Database file (reset %@):</source>
+        <translation>Datenbankdatei (zurückgesetzt %@):</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Deshalb kann keine Zeit gezählt werden.</translation>
+    </message>
+    <message>
+        <source>There is no window system that tells which window is in front.</source>
+        <translation>Es gibt kein Fenstersystem, das mitteilt, welches Fenster vorn ist.</translation>
+    </message>
+    <message>
+        <source>Archive Folder</source>
+        <translation>Archivordner</translation>
+    </message>
+    <message>
+        <source>Export to CSV</source>
+        <translation>Als CSV exportieren</translation>
+    </message>
+    <message>
+        <source>Ticklog Times</source>
+        <translation>Ticklog-Zeiten</translation>
+    </message>
+    <message>
+        <source>Replacing a file</source>
+        <translation>Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>A file of this name exists already.</source>
+        <translation>Es gibt bereits eine Datei mit diesem Namen.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>Wird exportiert…</translation>
+    </message>
+    <message>
+        <source>No Label</source>
+        <translation>Keine Markierung</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Label:</source>
+        <translation>Markierung:</translation>
+    </message>
+    <message>
+        <source>Where Ticklog is found</source>
+        <translation>Wo Ticklog zu finden ist</translation>
+    </message>
+    <message>
+        <source>Hide Dock Icon</source>
+        <translation>Nicht in der Taskleiste anzeigen</translation>
+    </message>
+    <message>
+        <source>Show Dock Icon</source>
+        <translation>In der Taskleiste anzeigen</translation>
+    </message>
+    <message>
+        <source>Hide Menubar Item</source>
+        <translation>Nicht im Infobereich anzeigen</translation>
+    </message>
+    <message>
+        <source>Show Menubar Item</source>
+        <translation>Im Infobereich anzeigen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Import Database…</source>
+        <translation>&amp;Datenbank importieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Save a Copy As…</source>
+        <translation>&amp;Kopie speichern unter…</translation>
+    </message>
+    <message>
+        <source>&amp;Choose Database Location…</source>
+        <translation>&amp;Speicherort der Datenbank wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default Database Location</source>
+        <translation>S&amp;tandardspeicherort wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Database in File Manager</source>
+        <translation>Datenbank im Datei&amp;manager anzeigen</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Shown Timers to CSV…</source>
+        <translation>Angezeigte Timer als &amp;CSV exportieren…</translation>
+    </message>
+    <message>
+        <source>Export &amp;All Timers to CSV…</source>
+        <translation>&amp;Alle Timer als CSV exportieren…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose Window</source>
+        <translation>&amp;Fenster schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Summary Time</source>
+        <translation>&amp;Summe kopieren</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>D&amp;eselect All</source>
+        <translation>Auswahl auf&amp;heben</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>Su&amp;chen</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Einstellungen…</translation>
+    </message>
+    <message>
+        <source>Edit Ru&amp;les…</source>
+        <translation>Re&amp;geln bearbeiten…</translation>
+    </message>
+    <message>
+        <source>&amp;Expand All</source>
+        <translation>&amp;Alle aufklappen</translation>
+    </message>
+    <message>
+        <source>&amp;Projects</source>
+        <translation>&amp;Projekte</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>&amp;Neues Projekt</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach un&amp;ten</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze All Timers of the Project</source>
+        <translation>Alle Timer des Projekts ein&amp;frieren</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Project…</source>
+        <translation>Projekt &amp;löschen…</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze</source>
+        <translation>Ein&amp;frieren</translation>
+    </message>
+    <message>
+        <source>Clear Timers</source>
+        <translation>Timer leeren</translation>
+    </message>
+    <message>
+        <source>&amp;About Ticklog</source>
+        <translation>Ü&amp;ber Ticklog</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>&amp;Projekt</translation>
+    </message>
+    <message>
+        <source>&amp;Timer</source>
+        <translation>&amp;Timer</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>At least</source>
+        <translation>Mindestens</translation>
+    </message>
+    <message>
+        <source>Leaves out timers that have less time than this</source>
+        <translation>Blendet Timer aus, die weniger Zeit haben</translation>
+    </message>
+    <message>
+        <source>Copies the sum in words</source>
+        <translation>Kopiert die Summe in Worten</translation>
+    </message>
+    <message>
+        <source>%@ (build %@)</source>
+        <translation>%@ (Build %@)</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish to clear the currently visible timers?</source>
+        <translation>Möchten Sie die zurzeit sichtbaren Timer wirklich leeren?</translation>
+    </message>
+    <message>
+        <source>Set storage database location.</source>
+        <translation>Speicherort der Datenbank festlegen</translation>
+    </message>
+    <message>
+        <source>The database could not be copied.</source>
+        <translation>Die Datenbank konnte nicht kopiert werden.</translation>
+    </message>
+    <message>
+        <source>No timer matches the search.</source>
+        <translation>Kein Timer entspricht der Suche.</translation>
+    </message>
+    <message>
+        <source>This project is empty. Drag timers from “All Timers” onto it.</source>
+        <translation>Dieses Projekt ist leer. Ziehen Sie Timer aus „Alle Timer“ darauf.</translation>
+    </message>
+    <message>
+        <source>No timer has as much time as you ask for.</source>
+        <translation>Kein Timer hat so viel Zeit wie verlangt.</translation>
+    </message>
+    <message>
+        <source>Press Start and work on; the programs you use will appear here.</source>
+        <translation>Klicken Sie auf „Start“ und arbeiten Sie weiter. Die Programme, die Sie benutzen, erscheinen hier.</translation>
+    </message>
+    <message>
+        <source>Replacing timers</source>
+        <translation>Timer ersetzen</translation>
+    </message>
+    <message>
+        <source>Importing timers will replace all current timers. Your current timers will be saved in a backup file next to the Ticklog database.</source>
+        <translation>Beim Importieren werden alle jetzigen Timer ersetzt. Sie werden zuvor in einer Sicherungsdatei neben der Ticklog-Datenbank gespeichert.</translation>
+    </message>
+    <message>
+        <source>Import Database</source>
+        <translation>Datenbank importieren</translation>
+    </message>
+    <message>
+        <source>Save a Copy As</source>
+        <translation>Kopie speichern unter</translation>
+    </message>
+    <message>
+        <source>The copy could not be saved.</source>
+        <translation>Die Kopie konnte nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Ausgewählt</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>Gefunden</translation>
+    </message>
+    <message>
+        <source>Found in selection</source>
+        <translation>In Auswahl gefunden</translation>
+    </message>
+    <message>
+        <source>total
+%@</source>
+        <translation>gesamt
+%@</translation>
+    </message>
+    <message>
+        <source>project
+%@</source>
+        <translation>Projekt
+%@</translation>
+    </message>
+    <message>
+        <source>selected
+%@</source>
+        <translation>ausgewählt
+%@</translation>
+    </message>
+    <message>
+        <source>found
+%@</source>
+        <translation>gefunden
+%@</translation>
+    </message>
+    <message>
+        <source>frozen</source>
+        <translation>eingefroren</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Time Spent</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;Block from the list</source>
+        <translation>&amp;In der Liste ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;New name:</source>
+        <translation>&amp;Neuer Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Categories:</source>
+        <translation>&amp;Kategorien:</translation>
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation>Regel</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>Kategorien</translation>
+    </message>
+    <message>
+        <source>A comma or Return completes a category.</source>
+        <translation>Ein Komma oder die Eingabetaste schließt eine Kategorie ab.</translation>
+    </message>
+    <message>
+        <source>&amp;Application:</source>
+        <translation>&amp;Anwendung:</translation>
+    </message>
+    <message>
+        <source>&amp;Archive and clear all timers by schedule</source>
+        <translation>Alle Timer nach &amp;Zeitplan archivieren und leeren</translation>
+    </message>
+    <message>
+        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
+        <translation>Zur gewählten Zeit werden alle Timer in eine nach dem Tag benannte Datei geschrieben und beginnen von vorn.</translation>
+    </message>
+    <message>
+        <source>Data&amp;base:</source>
+        <translation>Daten&amp;bank:</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default</source>
+        <translation>Zu&amp;rücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Show in File Manager</source>
+        <translation>Im Datei&amp;manager anzeigen</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>CSV-Tabelle</translation>
+    </message>
+    <message>
+        <source>Ticklog database</source>
+        <translation>Ticklog-Datenbank</translation>
+    </message>
+    <message>
+        <source>CSV table and Ticklog database</source>
+        <translation>CSV-Tabelle und Ticklog-Datenbank</translation>
+    </message>
+    <message>
+        <source>Weekdays of the archive</source>
+        <translation>Wochentage der Archivierung</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>Wä&amp;hlen…</translation>
+    </message>
+    <message>
+        <source>&amp;Time of day:</source>
+        <translation>&amp;Uhrzeit:</translation>
+    </message>
+    <message>
+        <source>&amp;Weekdays:</source>
+        <translation>Wochen&amp;tage:</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format:</translation>
+    </message>
+    <message>
+        <source>F&amp;older:</source>
+        <translation>&amp;Ordner:</translation>
+    </message>
+    <message>
+        <source>No day: nothing is archived.</source>
+        <translation>Kein Tag: Es wird nichts archiviert.</translation>
+    </message>
+    <message>
+        <source>Archived on: </source>
+        <translation>Archiviert am: </translation>
+    </message>
+    <message>
+        <source>Task bar and system tray</source>
+        <translation>Taskleiste und Infobereich</translation>
+    </message>
+    <message>
+        <source>Task bar</source>
+        <translation>Taskleiste</translation>
+    </message>
+    <message>
+        <source>System tray</source>
+        <translation>Infobereich</translation>
+    </message>
+    <message>
+        <source>Include &amp;idle time</source>
+        <translation>&amp;Leerlaufzeit einbeziehen</translation>
+    </message>
+    <message>
+        <source>Include time spent in &amp;Ticklog</source>
+        <translation>Zeit in &amp;Ticklog einbeziehen</translation>
+    </message>
+    <message>
+        <source>Include &amp;seconds</source>
+        <translation>&amp;Sekunden einbeziehen</translation>
+    </message>
+    <message>
+        <source>Total:</source>
+        <translation>Summe:</translation>
+    </message>
+    <message>
+        <source>Copied times:</source>
+        <translation>Kopierte Zeiten:</translation>
+    </message>
+    <message>
+        <source>Include idle time in the total</source>
+        <translation>Leerlaufzeit in die Summe einbeziehen</translation>
+    </message>
+    <message>
+        <source>Include time spent in Ticklog in the total</source>
+        <translation>Zeit in Ticklog in die Summe einbeziehen</translation>
+    </message>
+    <message>
+        <source>Include seconds in copied times</source>
+        <translation>Sekunden in kopierte Zeiten einbeziehen</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I &amp;log in</source>
+        <translation>Ticklog bei der &amp;Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>&amp;Count time without input as idle</source>
+        <translation>Zeit ohne &amp;Eingaben als Leerlauf zählen</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes without input until time counts as idle</source>
+        <translation>Minuten ohne Eingaben, bis die Zeit als Leerlauf zählt</translation>
+    </message>
+    <message>
+        <source>Idleness:</source>
+        <translation>Leerlauf:</translation>
+    </message>
+    <message>
+        <source>&amp;After:</source>
+        <translation>&amp;Nach:</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Bearbeiten…</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate…</source>
+        <translation>&amp;Duplizieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>&amp;Löschen…</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Regeln</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archiv</translation>
+    </message>
+    <message>
+        <source>Delete the rule?</source>
+        <translation>Regel löschen?</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Category. Delete removes it.</source>
+        <translation>Kategorie. Entf entfernt sie.</translation>
+    </message>
+    <message>
+        <source>For Ticklog to function you must grant it access to your computer.</source>
+        <translation>Damit Ticklog funktioniert, müssen Sie ihm Zugriff auf Ihren Computer gewähren.</translation>
+    </message>
+    <message>
+        <source>Follow these simple steps and Ticklog will be running in no time.</source>
+        <translation>Folgen Sie diesen einfachen Schritten, und Ticklog läuft im Handumdrehen.</translation>
+    </message>
+    <message>
+        <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
+        <translation>Öffnen Sie in den Systemeinstellungen den Bereich „Sicherheit &amp; Datenschutz“.</translation>
+    </message>
+    <message>
+        <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
+        <translation>Wählen Sie den Reiter „Datenschutz“ und öffnen Sie das Schloss, um Änderungen zu erlauben.</translation>
+    </message>
+    <message>
+        <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
+        <translation>Wählen Sie die Gruppe „Barrierefreiheit“ und ziehen Sie Ticklog in die Liste rechts.</translation>
+    </message>
+    <message>
+        <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
+        <translation>Setzen Sie zuletzt das Häkchen bei Ticklog und starten Sie Ticklog neu.</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Neu starten</translation>
+    </message>
+    <message>
+        <source>Current step</source>
+        <translation>Aktueller Schritt</translation>
+    </message>
+    <message>
+        <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
+        <translation>Ticklog erfasst die Zeit, die Sie in jeder Anwendung aktiv sind. Dazu müssen Sie Ticklog erlauben, diese Daten vom System abzufragen.</translation>
+    </message>
+    <message>
+        <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
+        <translation>Die Schutzvorkehrungen des Systems verhindern, dass der Zustand anderer Anwendungen ohne Ihre Genehmigung beobachtet wird. Um Ihre Privatsphäre zu schützen, erhält nur Ticklog diese Genehmigung; die übrigen Schutzvorkehrungen des Systems bleiben in Kraft.</translation>
+    </message>
+    <message>
+        <source>Authorize Ticklog</source>
+        <translation>Ticklog erlauben</translation>
+    </message>
+    <message>
+        <source>Cancel Start</source>
+        <translation>Start abbrechen</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
+        <translation>Bitte schalten Sie in den Systemeinstellungen unter „Sicherheit &gt; Datenschutz &gt; Barrierefreiheit“ den Zugriff für Hilfsgeräte ein.</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
+        <translation>Bitte schalten Sie in den Systemeinstellungen unter „Barrierefreiheit“ den Zugriff für Hilfsgeräte ein.</translation>
+    </message>
+    <message>
+        <source>An error was encountered.</source>
+        <translation>Ein Fehler ist aufgetreten.</translation>
+    </message>
+    <message>
+        <source>Open Preference Panel</source>
+        <translation>Einstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>Ticklog is counting</source>
+        <translation>Ticklog zählt</translation>
+    </message>
+    <message>
+        <source>Ticklog is paused</source>
+        <translation>Ticklog pausiert</translation>
+    </message>
+    <message>
+        <source>There is no system tray.</source>
+        <translation>Es gibt keinen Infobereich.</translation>
+    </message>
+    <message>
+        <source>Ticklog therefore stays in the task bar, and its menu is in the main window. It moves to the tray as soon as there is one.</source>
+        <translation>Ticklog bleibt deshalb in der Taskleiste, und sein Menü ist im Hauptfenster. Es wechselt in den Infobereich, sobald es einen gibt.</translation>
+    </message>
+    <message>
+        <source>Ticklog databases</source>
+        <translation>Ticklog-Datenbanken</translation>
+    </message>
+    <message>
+        <source>CSV files</source>
+        <translation>CSV-Dateien</translation>
+    </message>
+    <message>
+        <source>Application Times</source>
+        <translation>Anwendungszeiten</translation>
+    </message>
+    <message>
+        <source>Show Time Window</source>
+        <translation>Zeitfenster anzeigen</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Einstellungen...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>Über...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>About Ticklog</source>
+        <translation>Über Ticklog</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>Projekt löschen</translation>
+    </message>
+    <message>
+        <source>Add to Project</source>
+        <translation>Zum Projekt hinzufügen</translation>
+    </message>
+    <message>
+        <source>Rename Project</source>
+        <translation>Projekt umbenennen</translation>
+    </message>
+    <message>
+        <source>The timer set &quot;%@&quot; will be deleted.</source>
+        <translation>Der Timersatz „%@“ wird gelöscht.</translation>
+    </message>
+    <message>
+        <source>Delete selected timer set?</source>
+        <translation>Ausgewählten Timersatz löschen?</translation>
+    </message>
+    <message>
+        <source>Move Project</source>
+        <translation>Projekt verschieben</translation>
+    </message>
+    <message>
+        <source>Remove from Project</source>
+        <translation>Aus dem Projekt entfernen</translation>
+    </message>
+    <message>
+        <source>Label Project</source>
+        <translation>Projekt markieren</translation>
+    </message>
+    <message>
+        <source>Copy Project</source>
+        <translation>Projekt kopieren</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot see other programs&apos; windows</source>
+        <translation>Ticklog sieht die Fenster anderer Programme nicht</translation>
+    </message>
+    <message>
+        <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
+        <translation>Um die Zeit in jedem Fenster zu zählen, braucht es die Barrierefreiheitsdienste der Arbeitsumgebung. Starten Sie den Timer erneut, wenn sie eingeschaltet sind.</translation>
+    </message>
+    <message>
+        <source>Turn on</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Without Asking</source>
+        <translation>&amp;Ohne Nachfrage löschen</translation>
+    </message>
+    <message>
+        <source>C&amp;ollapse All</source>
+        <translation>Alle &amp;zuklappen</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Project</source>
+        <translation>Projekt &amp;umbenennen</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w Ticklog in:</source>
+        <translation>Ticklog anzeigen &amp;in:</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot be started at login.</source>
+        <translation>Ticklog kann nicht bei der Anmeldung gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Ticklog is still started at login.</source>
+        <translation>Ticklog wird weiterhin bei der Anmeldung gestartet.</translation>
+    </message>
+    <message>
+        <source>Plasma tells only installed programs which window is in front. Install Ticklog, and start it from the menu.</source>
+        <translation>Plasma teilt nur installierten Programmen mit, welches Fenster vorn ist. Installieren Sie Ticklog und starten Sie es aus dem Menü.</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop no longer tells other programs which window is in front.</source>
+        <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mehr mit, welches Fenster vorn ist.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
+        <translation>Die GNOME Shell teilt nur ihren Erweiterungen mit, welches Fenster vorn ist, und die von Ticklog läuft nicht. Bis dahin kann keine Zeit gezählt werden.</translation>
+    </message>
+</context>
+</TS>

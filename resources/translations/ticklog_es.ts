@@ -1,0 +1,859 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>Ticklog</name>
+    <message>
+        <source>All Timers</source>
+        <translation>Todos los cronómetros</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>Nuevo proyecto</translation>
+    </message>
+    <message>
+        <source> (Frozen %@)</source>
+        <translation> (Congelado %@)</translation>
+    </message>
+    <message>
+        <source>%ld hour</source>
+        <translation>%ld hora</translation>
+    </message>
+    <message>
+        <source>%ld hour-2</source>
+        <translation>%ld horas</translation>
+    </message>
+    <message>
+        <source>%ld hours</source>
+        <translation>%ld horas</translation>
+    </message>
+    <message>
+        <source>%ld minute</source>
+        <translation>%ld minuto</translation>
+    </message>
+    <message>
+        <source>%ld minute-2</source>
+        <translation>%ld minutos</translation>
+    </message>
+    <message>
+        <source>%ld minutes</source>
+        <translation>%ld minutos</translation>
+    </message>
+    <message>
+        <source>%ld second-0</source>
+        <translation>%ld segundos</translation>
+    </message>
+    <message>
+        <source>%ld second</source>
+        <translation>%ld segundo</translation>
+    </message>
+    <message>
+        <source>%ld second-2</source>
+        <translation>%ld segundos</translation>
+    </message>
+    <message>
+        <source>%ld seconds</source>
+        <translation>%ld segundos</translation>
+    </message>
+    <message>
+        <source>Database file (reset %@):</source>
+        <translation>Archivo de la base de datos (restablecido el %@):</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausar</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Iniciar</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano, por lo que no se puede contar el tiempo.</translation>
+    </message>
+    <message>
+        <source>There is no window system that tells which window is in front.</source>
+        <translation>No hay ningún sistema de ventanas que indique qué ventana está en primer plano.</translation>
+    </message>
+    <message>
+        <source>Archive Folder</source>
+        <translation>Carpeta de archivo</translation>
+    </message>
+    <message>
+        <source>Export to CSV</source>
+        <translation>Exportar a CSV</translation>
+    </message>
+    <message>
+        <source>Ticklog Times</source>
+        <translation>Tiempos de Ticklog</translation>
+    </message>
+    <message>
+        <source>Replacing a file</source>
+        <translation>Reemplazar un archivo</translation>
+    </message>
+    <message>
+        <source>A file of this name exists already.</source>
+        <translation>Ya existe un archivo con este nombre.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>Exportando…</translation>
+    </message>
+    <message>
+        <source>No Label</source>
+        <translation>Sin etiqueta</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rojo</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Naranja</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Amarillo</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Verde</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Azul</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Morado</translation>
+    </message>
+    <message>
+        <source>Label:</source>
+        <translation>Etiqueta:</translation>
+    </message>
+    <message>
+        <source>Where Ticklog is found</source>
+        <translation>Dónde se encuentra Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Dock Icon</source>
+        <translation>Ocultar en la barra de tareas</translation>
+    </message>
+    <message>
+        <source>Show Dock Icon</source>
+        <translation>Mostrar en la barra de tareas</translation>
+    </message>
+    <message>
+        <source>Hide Menubar Item</source>
+        <translation>Ocultar en la bandeja del sistema</translation>
+    </message>
+    <message>
+        <source>Show Menubar Item</source>
+        <translation>Mostrar en la bandeja del sistema</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>&amp;Import Database…</source>
+        <translation>&amp;Importar base de datos…</translation>
+    </message>
+    <message>
+        <source>&amp;Save a Copy As…</source>
+        <translation>&amp;Guardar una copia como…</translation>
+    </message>
+    <message>
+        <source>&amp;Choose Database Location…</source>
+        <translation>&amp;Elegir la ubicación de la base de datos…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default Database Location</source>
+        <translation>&amp;Restaurar la ubicación predeterminada</translation>
+    </message>
+    <message>
+        <source>Show &amp;Database in File Manager</source>
+        <translation>&amp;Mostrar la base de datos en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Shown Timers to CSV…</source>
+        <translation>E&amp;xportar los cronómetros mostrados a CSV…</translation>
+    </message>
+    <message>
+        <source>Export &amp;All Timers to CSV…</source>
+        <translation>Exportar &amp;todos los cronómetros a CSV…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose Window</source>
+        <translation>&amp;Cerrar la ventana</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Rehacer</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copiar</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Summary Time</source>
+        <translation>Copiar el tiempo &amp;total</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>Cambiar &amp;nombre</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Eliminar</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>Seleccionar t&amp;odo</translation>
+    </message>
+    <message>
+        <source>D&amp;eselect All</source>
+        <translation>&amp;Anular la selección</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Buscar</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Preferencias…</translation>
+    </message>
+    <message>
+        <source>Edit Ru&amp;les…</source>
+        <translation>Editar re&amp;glas…</translation>
+    </message>
+    <message>
+        <source>&amp;Expand All</source>
+        <translation>E&amp;xpandir todo</translation>
+    </message>
+    <message>
+        <source>&amp;Projects</source>
+        <translation>&amp;Proyectos</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>&amp;Nuevo proyecto</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>&amp;Subir</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>&amp;Bajar</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze All Timers of the Project</source>
+        <translation>C&amp;ongelar todos los cronómetros del proyecto</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Project…</source>
+        <translation>&amp;Eliminar el proyecto…</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze</source>
+        <translation>C&amp;ongelar</translation>
+    </message>
+    <message>
+        <source>Clear Timers</source>
+        <translation>Borrar los cronómetros</translation>
+    </message>
+    <message>
+        <source>&amp;About Ticklog</source>
+        <translation>&amp;Acerca de Ticklog</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>&amp;Proyecto</translation>
+    </message>
+    <message>
+        <source>&amp;Timer</source>
+        <translation>&amp;Cronómetro</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation>Barra de herramientas</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Cambiar nombre</translation>
+    </message>
+    <message>
+        <source>At least</source>
+        <translation>Como mínimo</translation>
+    </message>
+    <message>
+        <source>Leaves out timers that have less time than this</source>
+        <translation>Oculta los cronómetros con menos tiempo</translation>
+    </message>
+    <message>
+        <source>Copies the sum in words</source>
+        <translation>Copia el total en palabras</translation>
+    </message>
+    <message>
+        <source>%@ (build %@)</source>
+        <translation>%@ (compilación %@)</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish to clear the currently visible timers?</source>
+        <translation>¿Seguro que desea borrar los cronómetros visibles en este momento?</translation>
+    </message>
+    <message>
+        <source>Set storage database location.</source>
+        <translation>Elegir la ubicación de la base de datos</translation>
+    </message>
+    <message>
+        <source>The database could not be copied.</source>
+        <translation>No se pudo copiar la base de datos.</translation>
+    </message>
+    <message>
+        <source>No timer matches the search.</source>
+        <translation>Ningún cronómetro coincide con la búsqueda.</translation>
+    </message>
+    <message>
+        <source>This project is empty. Drag timers from “All Timers” onto it.</source>
+        <translation>Este proyecto está vacío. Arrastre a él cronómetros desde «Todos los cronómetros».</translation>
+    </message>
+    <message>
+        <source>No timer has as much time as you ask for.</source>
+        <translation>Ningún cronómetro alcanza el tiempo indicado.</translation>
+    </message>
+    <message>
+        <source>Press Start and work on; the programs you use will appear here.</source>
+        <translation>Pulse «Iniciar» y siga trabajando; los programas que use aparecerán aquí.</translation>
+    </message>
+    <message>
+        <source>Replacing timers</source>
+        <translation>Reemplazar los cronómetros</translation>
+    </message>
+    <message>
+        <source>Importing timers will replace all current timers. Your current timers will be saved in a backup file next to the Ticklog database.</source>
+        <translation>La importación reemplazará todos los cronómetros actuales. Estos se guardarán en una copia de seguridad junto a la base de datos de Ticklog.</translation>
+    </message>
+    <message>
+        <source>Import Database</source>
+        <translation>Importar base de datos</translation>
+    </message>
+    <message>
+        <source>Save a Copy As</source>
+        <translation>Guardar una copia como</translation>
+    </message>
+    <message>
+        <source>The copy could not be saved.</source>
+        <translation>No se pudo guardar la copia.</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Proyecto</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Selección</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>Encontrados</translation>
+    </message>
+    <message>
+        <source>Found in selection</source>
+        <translation>Encontrados en la selección</translation>
+    </message>
+    <message>
+        <source>total
+%@</source>
+        <translation>total
+%@</translation>
+    </message>
+    <message>
+        <source>project
+%@</source>
+        <translation>proyecto
+%@</translation>
+    </message>
+    <message>
+        <source>selected
+%@</source>
+        <translation>selección
+%@</translation>
+    </message>
+    <message>
+        <source>found
+%@</source>
+        <translation>encontrados
+%@</translation>
+    </message>
+    <message>
+        <source>frozen</source>
+        <translation>congelado</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programa</translation>
+    </message>
+    <message>
+        <source>Time Spent</source>
+        <translation>Tiempo</translation>
+    </message>
+    <message>
+        <source>&amp;Block from the list</source>
+        <translation>&amp;Ocultar en la lista</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>Cambiar &amp;nombre</translation>
+    </message>
+    <message>
+        <source>&amp;New name:</source>
+        <translation>N&amp;uevo nombre:</translation>
+    </message>
+    <message>
+        <source>&amp;Categories:</source>
+        <translation>Cate&amp;gorías:</translation>
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation>Regla</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>Categorías</translation>
+    </message>
+    <message>
+        <source>A comma or Return completes a category.</source>
+        <translation>Una coma o Intro completa una categoría.</translation>
+    </message>
+    <message>
+        <source>&amp;Application:</source>
+        <translation>&amp;Aplicación:</translation>
+    </message>
+    <message>
+        <source>&amp;Archive and clear all timers by schedule</source>
+        <translation>&amp;Archivar y borrar todos los cronómetros periódicamente</translation>
+    </message>
+    <message>
+        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
+        <translation>A la hora elegida, todos los cronómetros se guardan en un archivo con la fecha del día y empiezan de nuevo.</translation>
+    </message>
+    <message>
+        <source>Data&amp;base:</source>
+        <translation>&amp;Base de datos:</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Elegir…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default</source>
+        <translation>&amp;Restaurar</translation>
+    </message>
+    <message>
+        <source>&amp;Show in File Manager</source>
+        <translation>&amp;Mostrar en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>Tabla CSV</translation>
+    </message>
+    <message>
+        <source>Ticklog database</source>
+        <translation>Base de datos de Ticklog</translation>
+    </message>
+    <message>
+        <source>CSV table and Ticklog database</source>
+        <translation>Tabla CSV y base de datos de Ticklog</translation>
+    </message>
+    <message>
+        <source>Weekdays of the archive</source>
+        <translation>Días de archivo</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>E&amp;legir…</translation>
+    </message>
+    <message>
+        <source>&amp;Time of day:</source>
+        <translation>&amp;Hora:</translation>
+    </message>
+    <message>
+        <source>&amp;Weekdays:</source>
+        <translation>&amp;Días:</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Formato:</translation>
+    </message>
+    <message>
+        <source>F&amp;older:</source>
+        <translation>&amp;Carpeta:</translation>
+    </message>
+    <message>
+        <source>No day: nothing is archived.</source>
+        <translation>Ningún día: no se archiva nada.</translation>
+    </message>
+    <message>
+        <source>Archived on: </source>
+        <translation>Se archiva: </translation>
+    </message>
+    <message>
+        <source>Task bar and system tray</source>
+        <translation>Barra de tareas y bandeja del sistema</translation>
+    </message>
+    <message>
+        <source>Task bar</source>
+        <translation>Barra de tareas</translation>
+    </message>
+    <message>
+        <source>System tray</source>
+        <translation>Bandeja del sistema</translation>
+    </message>
+    <message>
+        <source>Include &amp;idle time</source>
+        <translation>Incluir el tiempo de &amp;inactividad</translation>
+    </message>
+    <message>
+        <source>Include time spent in &amp;Ticklog</source>
+        <translation>Incluir el tiempo dedicado a &amp;Ticklog</translation>
+    </message>
+    <message>
+        <source>Include &amp;seconds</source>
+        <translation>Incluir los &amp;segundos</translation>
+    </message>
+    <message>
+        <source>Total:</source>
+        <translation>Total:</translation>
+    </message>
+    <message>
+        <source>Copied times:</source>
+        <translation>Tiempos copiados:</translation>
+    </message>
+    <message>
+        <source>Include idle time in the total</source>
+        <translation>Incluir el tiempo de inactividad en el total</translation>
+    </message>
+    <message>
+        <source>Include time spent in Ticklog in the total</source>
+        <translation>Incluir en el total el tiempo dedicado a Ticklog</translation>
+    </message>
+    <message>
+        <source>Include seconds in copied times</source>
+        <translation>Incluir los segundos en los tiempos copiados</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I &amp;log in</source>
+        <translation>Abrir Ticklog al iniciar s&amp;esión</translation>
+    </message>
+    <message>
+        <source>&amp;Count time without input as idle</source>
+        <translation>&amp;Contar el tiempo sin actividad como inactivo</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes without input until time counts as idle</source>
+        <translation>Minutos sin actividad hasta que el tiempo cuente como inactivo</translation>
+    </message>
+    <message>
+        <source>Idleness:</source>
+        <translation>Inactividad:</translation>
+    </message>
+    <message>
+        <source>&amp;After:</source>
+        <translation>&amp;Después de:</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Preferencias</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Editar…</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate…</source>
+        <translation>&amp;Duplicar…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>E&amp;liminar…</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Reglas</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Añadir…</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Activa</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Descripción</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Delete the rule?</source>
+        <translation>¿Eliminar la regla?</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conservar</translation>
+    </message>
+    <message>
+        <source>Category. Delete removes it.</source>
+        <translation>Categoría. Supr la quita.</translation>
+    </message>
+    <message>
+        <source>For Ticklog to function you must grant it access to your computer.</source>
+        <translation>Para que Ticklog funcione, debe concederle acceso a su equipo.</translation>
+    </message>
+    <message>
+        <source>Follow these simple steps and Ticklog will be running in no time.</source>
+        <translation>Siga estos sencillos pasos y Ticklog funcionará en un momento.</translation>
+    </message>
+    <message>
+        <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
+        <translation>Abra el panel «Seguridad &amp; privacidad» en las preferencias del sistema.</translation>
+    </message>
+    <message>
+        <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
+        <translation>Seleccione la pestaña «Privacidad» y abra el candado para permitir cambios.</translation>
+    </message>
+    <message>
+        <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
+        <translation>Seleccione el grupo «Accesibilidad» y arrastre Ticklog a la lista de la derecha.</translation>
+    </message>
+    <message>
+        <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
+        <translation>Por último, marque la casilla de Ticklog y reinicie Ticklog.</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Reiniciar</translation>
+    </message>
+    <message>
+        <source>Current step</source>
+        <translation>Paso actual</translation>
+    </message>
+    <message>
+        <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
+        <translation>Ticklog mide el tiempo de actividad en cada aplicación. Para ello, debe darle permiso para obtener estos datos del sistema.</translation>
+    </message>
+    <message>
+        <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
+        <translation>Las protecciones del sistema impiden supervisar el estado de otras aplicaciones sin su autorización. Para proteger su privacidad, esta acción autoriza a Ticklog a seguir sus aplicaciones y mantiene las medidas de seguridad habituales del sistema.</translation>
+    </message>
+    <message>
+        <source>Authorize Ticklog</source>
+        <translation>Autorizar Ticklog</translation>
+    </message>
+    <message>
+        <source>Cancel Start</source>
+        <translation>Cancelar el inicio</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
+        <translation>Active el acceso para dispositivos de asistencia en las preferencias del sistema, en «Seguridad &gt; Privacidad &gt; Accesibilidad».</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
+        <translation>Active el acceso para dispositivos de asistencia en las preferencias del sistema, en «Acceso universal».</translation>
+    </message>
+    <message>
+        <source>An error was encountered.</source>
+        <translation>Se ha producido un error.</translation>
+    </message>
+    <message>
+        <source>Open Preference Panel</source>
+        <translation>Abrir las preferencias</translation>
+    </message>
+    <message>
+        <source>Ticklog is counting</source>
+        <translation>Ticklog está contando</translation>
+    </message>
+    <message>
+        <source>Ticklog is paused</source>
+        <translation>Ticklog está en pausa</translation>
+    </message>
+    <message>
+        <source>There is no system tray.</source>
+        <translation>No hay bandeja del sistema.</translation>
+    </message>
+    <message>
+        <source>Ticklog therefore stays in the task bar, and its menu is in the main window. It moves to the tray as soon as there is one.</source>
+        <translation>Por eso Ticklog permanece en la barra de tareas y su menú está en la ventana principal. Pasará a la bandeja en cuanto haya una.</translation>
+    </message>
+    <message>
+        <source>Ticklog databases</source>
+        <translation>Bases de datos de Ticklog</translation>
+    </message>
+    <message>
+        <source>CSV files</source>
+        <translation>Archivos CSV</translation>
+    </message>
+    <message>
+        <source>Application Times</source>
+        <translation>Tiempos de las aplicaciones</translation>
+    </message>
+    <message>
+        <source>Show Time Window</source>
+        <translation>Mostrar la ventana de tiempos</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Preferencias...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>Acerca de...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>About Ticklog</source>
+        <translation>Acerca de Ticklog</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>Eliminar el proyecto</translation>
+    </message>
+    <message>
+        <source>Add to Project</source>
+        <translation>Añadir al proyecto</translation>
+    </message>
+    <message>
+        <source>Rename Project</source>
+        <translation>Cambiar el nombre del proyecto</translation>
+    </message>
+    <message>
+        <source>The timer set &quot;%@&quot; will be deleted.</source>
+        <translation>Se eliminará el conjunto de cronómetros «%@».</translation>
+    </message>
+    <message>
+        <source>Delete selected timer set?</source>
+        <translation>¿Eliminar el conjunto de cronómetros seleccionado?</translation>
+    </message>
+    <message>
+        <source>Move Project</source>
+        <translation>Mover el proyecto</translation>
+    </message>
+    <message>
+        <source>Remove from Project</source>
+        <translation>Quitar del proyecto</translation>
+    </message>
+    <message>
+        <source>Label Project</source>
+        <translation>Etiquetar el proyecto</translation>
+    </message>
+    <message>
+        <source>Copy Project</source>
+        <translation>Copiar el proyecto</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot see other programs&apos; windows</source>
+        <translation>Ticklog no puede ver las ventanas de otros programas</translation>
+    </message>
+    <message>
+        <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
+        <translation>Para contar el tiempo en cada ventana necesita los servicios de accesibilidad del escritorio. Vuelva a iniciar el cronómetro cuando estén activados.</translation>
+    </message>
+    <message>
+        <source>Turn on</source>
+        <translation>Activar</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Without Asking</source>
+        <translation>Eliminar &amp;sin preguntar</translation>
+    </message>
+    <message>
+        <source>C&amp;ollapse All</source>
+        <translation>Contr&amp;aer todo</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Project</source>
+        <translation>&amp;Cambiar el nombre del proyecto</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w Ticklog in:</source>
+        <translation>&amp;Mostrar Ticklog en:</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot be started at login.</source>
+        <translation>No se puede abrir Ticklog al iniciar sesión.</translation>
+    </message>
+    <message>
+        <source>Ticklog is still started at login.</source>
+        <translation>Ticklog se sigue abriendo al iniciar sesión.</translation>
+    </message>
+    <message>
+        <source>Plasma tells only installed programs which window is in front. Install Ticklog, and start it from the menu.</source>
+        <translation>Plasma solo indica a los programas instalados qué ventana está en primer plano. Instale Ticklog y ábralo desde el menú.</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop no longer tells other programs which window is in front.</source>
+        <translation>Este escritorio Wayland ya no indica a otros programas qué ventana está en primer plano.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
+        <translation>GNOME Shell solo indica a sus extensiones qué ventana está en primer plano, y la de Ticklog no está activa. Hasta que lo esté, no se puede contar el tiempo.</translation>
+    </message>
+</context>
+</TS>

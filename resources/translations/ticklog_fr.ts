@@ -1,0 +1,859 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>Ticklog</name>
+    <message>
+        <source>All Timers</source>
+        <translation>Tous les chronomètres</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>Nouveau projet</translation>
+    </message>
+    <message>
+        <source> (Frozen %@)</source>
+        <translation> (Figé le %@)</translation>
+    </message>
+    <message>
+        <source>%ld hour</source>
+        <translation>%ld heure</translation>
+    </message>
+    <message>
+        <source>%ld hour-2</source>
+        <translation>%ld heures</translation>
+    </message>
+    <message>
+        <source>%ld hours</source>
+        <translation>%ld heures</translation>
+    </message>
+    <message>
+        <source>%ld minute</source>
+        <translation>%ld minute</translation>
+    </message>
+    <message>
+        <source>%ld minute-2</source>
+        <translation>%ld minutes</translation>
+    </message>
+    <message>
+        <source>%ld minutes</source>
+        <translation>%ld minutes</translation>
+    </message>
+    <message>
+        <source>%ld second-0</source>
+        <translation>%ld seconde</translation>
+    </message>
+    <message>
+        <source>%ld second</source>
+        <translation>%ld seconde</translation>
+    </message>
+    <message>
+        <source>%ld second-2</source>
+        <translation>%ld secondes</translation>
+    </message>
+    <message>
+        <source>%ld seconds</source>
+        <translation>%ld secondes</translation>
+    </message>
+    <message>
+        <source>Database file (reset %@):</source>
+        <translation>Fichier de base de données (remis à zéro le %@)&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Démarrer</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan&#xa0;: aucun temps ne peut donc être compté.</translation>
+    </message>
+    <message>
+        <source>There is no window system that tells which window is in front.</source>
+        <translation>Aucun système de fenêtrage n’indique quelle fenêtre est au premier plan.</translation>
+    </message>
+    <message>
+        <source>Archive Folder</source>
+        <translation>Dossier d’archivage</translation>
+    </message>
+    <message>
+        <source>Export to CSV</source>
+        <translation>Exporter en CSV</translation>
+    </message>
+    <message>
+        <source>Ticklog Times</source>
+        <translation>Temps Ticklog</translation>
+    </message>
+    <message>
+        <source>Replacing a file</source>
+        <translation>Remplacement d’un fichier</translation>
+    </message>
+    <message>
+        <source>A file of this name exists already.</source>
+        <translation>Un fichier portant ce nom existe déjà.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>Exportation…</translation>
+    </message>
+    <message>
+        <source>No Label</source>
+        <translation>Aucune étiquette</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rouge</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Jaune</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Vert</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Bleu</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Violet</translation>
+    </message>
+    <message>
+        <source>Label:</source>
+        <translation>Étiquette&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Where Ticklog is found</source>
+        <translation>Où trouver Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Dock Icon</source>
+        <translation>Masquer dans la barre des tâches</translation>
+    </message>
+    <message>
+        <source>Show Dock Icon</source>
+        <translation>Afficher dans la barre des tâches</translation>
+    </message>
+    <message>
+        <source>Hide Menubar Item</source>
+        <translation>Masquer dans la zone de notification</translation>
+    </message>
+    <message>
+        <source>Show Menubar Item</source>
+        <translation>Afficher dans la zone de notification</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>&amp;Import Database…</source>
+        <translation>&amp;Importer une base de données…</translation>
+    </message>
+    <message>
+        <source>&amp;Save a Copy As…</source>
+        <translation>Enregistrer une &amp;copie sous…</translation>
+    </message>
+    <message>
+        <source>&amp;Choose Database Location…</source>
+        <translation>C&amp;hoisir l’emplacement de la base de données…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default Database Location</source>
+        <translation>&amp;Rétablir l’emplacement par défaut</translation>
+    </message>
+    <message>
+        <source>Show &amp;Database in File Manager</source>
+        <translation>&amp;Afficher la base dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Shown Timers to CSV…</source>
+        <translation>E&amp;xporter les chronomètres affichés en CSV…</translation>
+    </message>
+    <message>
+        <source>Export &amp;All Timers to CSV…</source>
+        <translation>Exporter &amp;tous les chronomètres en CSV…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose Window</source>
+        <translation>&amp;Fermer la fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Rétablir</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Summary Time</source>
+        <translation>Copier le temps &amp;total</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>Re&amp;nommer</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>Tout sé&amp;lectionner</translation>
+    </message>
+    <message>
+        <source>D&amp;eselect All</source>
+        <translation>T&amp;out désélectionner</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>Rec&amp;hercher</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Préférences…</translation>
+    </message>
+    <message>
+        <source>Edit Ru&amp;les…</source>
+        <translation>Modifier les rè&amp;gles…</translation>
+    </message>
+    <message>
+        <source>&amp;Expand All</source>
+        <translation>&amp;Tout développer</translation>
+    </message>
+    <message>
+        <source>&amp;Projects</source>
+        <translation>&amp;Projets</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>&amp;Nouveau projet</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>&amp;Monter</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>&amp;Descendre</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze All Timers of the Project</source>
+        <translation>&amp;Figer tous les chronomètres du projet</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Project…</source>
+        <translation>&amp;Supprimer le projet…</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze</source>
+        <translation>&amp;Figer</translation>
+    </message>
+    <message>
+        <source>Clear Timers</source>
+        <translation>Effacer les chronomètres</translation>
+    </message>
+    <message>
+        <source>&amp;About Ticklog</source>
+        <translation>À &amp;propos de Ticklog</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>É&amp;dition</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>Aff&amp;ichage</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>&amp;Projet</translation>
+    </message>
+    <message>
+        <source>&amp;Timer</source>
+        <translation>&amp;Chronomètre</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation>Barre d’outils</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renommer</translation>
+    </message>
+    <message>
+        <source>At least</source>
+        <translation>Au moins</translation>
+    </message>
+    <message>
+        <source>Leaves out timers that have less time than this</source>
+        <translation>Masque les chronomètres dont le temps est inférieur</translation>
+    </message>
+    <message>
+        <source>Copies the sum in words</source>
+        <translation>Copie le total en toutes lettres</translation>
+    </message>
+    <message>
+        <source>%@ (build %@)</source>
+        <translation>%@ (build %@)</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish to clear the currently visible timers?</source>
+        <translation>Voulez-vous vraiment effacer les chronomètres actuellement visibles&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Set storage database location.</source>
+        <translation>Choisir l’emplacement de la base de données</translation>
+    </message>
+    <message>
+        <source>The database could not be copied.</source>
+        <translation>La base de données n’a pas pu être copiée.</translation>
+    </message>
+    <message>
+        <source>No timer matches the search.</source>
+        <translation>Aucun chronomètre ne correspond à la recherche.</translation>
+    </message>
+    <message>
+        <source>This project is empty. Drag timers from “All Timers” onto it.</source>
+        <translation>Ce projet est vide. Faites-y glisser des chronomètres depuis «&#xa0;Tous les chronomètres&#xa0;».</translation>
+    </message>
+    <message>
+        <source>No timer has as much time as you ask for.</source>
+        <translation>Aucun chronomètre n’atteint le temps demandé.</translation>
+    </message>
+    <message>
+        <source>Press Start and work on; the programs you use will appear here.</source>
+        <translation>Cliquez sur «&#xa0;Démarrer&#xa0;» et continuez à travailler&#xa0;: les programmes utilisés apparaîtront ici.</translation>
+    </message>
+    <message>
+        <source>Replacing timers</source>
+        <translation>Remplacement des chronomètres</translation>
+    </message>
+    <message>
+        <source>Importing timers will replace all current timers. Your current timers will be saved in a backup file next to the Ticklog database.</source>
+        <translation>L’importation remplacera tous les chronomètres actuels. Ceux-ci seront enregistrés dans un fichier de sauvegarde à côté de la base de données Ticklog.</translation>
+    </message>
+    <message>
+        <source>Import Database</source>
+        <translation>Importer une base de données</translation>
+    </message>
+    <message>
+        <source>Save a Copy As</source>
+        <translation>Enregistrer une copie sous</translation>
+    </message>
+    <message>
+        <source>The copy could not be saved.</source>
+        <translation>La copie n’a pas pu être enregistrée.</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projet</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Sélection</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>Trouvés</translation>
+    </message>
+    <message>
+        <source>Found in selection</source>
+        <translation>Trouvés dans la sélection</translation>
+    </message>
+    <message>
+        <source>total
+%@</source>
+        <translation>total
+%@</translation>
+    </message>
+    <message>
+        <source>project
+%@</source>
+        <translation>projet
+%@</translation>
+    </message>
+    <message>
+        <source>selected
+%@</source>
+        <translation>sélection
+%@</translation>
+    </message>
+    <message>
+        <source>found
+%@</source>
+        <translation>trouvés
+%@</translation>
+    </message>
+    <message>
+        <source>frozen</source>
+        <translation>figé</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Time Spent</source>
+        <translation>Temps passé</translation>
+    </message>
+    <message>
+        <source>&amp;Block from the list</source>
+        <translation>&amp;Masquer dans la liste</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Renommer</translation>
+    </message>
+    <message>
+        <source>&amp;New name:</source>
+        <translation>&amp;Nouveau nom&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Categories:</source>
+        <translation>&amp;Catégories&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation>Règle</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>Catégories</translation>
+    </message>
+    <message>
+        <source>A comma or Return completes a category.</source>
+        <translation>Une virgule ou la touche Entrée valide une catégorie.</translation>
+    </message>
+    <message>
+        <source>&amp;Application:</source>
+        <translation>&amp;Application&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Archive and clear all timers by schedule</source>
+        <translation>&amp;Archiver et effacer tous les chronomètres périodiquement</translation>
+    </message>
+    <message>
+        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
+        <translation>À l’heure choisie, tous les chronomètres sont écrits dans un fichier portant la date du jour, puis repartent de zéro.</translation>
+    </message>
+    <message>
+        <source>Data&amp;base:</source>
+        <translation>&amp;Base de données&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Choisir…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default</source>
+        <translation>&amp;Rétablir par défaut</translation>
+    </message>
+    <message>
+        <source>&amp;Show in File Manager</source>
+        <translation>Afficher dans le &amp;gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>Tableau CSV</translation>
+    </message>
+    <message>
+        <source>Ticklog database</source>
+        <translation>Base de données Ticklog</translation>
+    </message>
+    <message>
+        <source>CSV table and Ticklog database</source>
+        <translation>Tableau CSV et base de données Ticklog</translation>
+    </message>
+    <message>
+        <source>Weekdays of the archive</source>
+        <translation>Jours d’archivage</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>C&amp;hoisir…</translation>
+    </message>
+    <message>
+        <source>&amp;Time of day:</source>
+        <translation>He&amp;ure&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Weekdays:</source>
+        <translation>&amp;Jours&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format&#xa0;:</translation>
+    </message>
+    <message>
+        <source>F&amp;older:</source>
+        <translation>&amp;Dossier&#xa0;:</translation>
+    </message>
+    <message>
+        <source>No day: nothing is archived.</source>
+        <translation>Aucun jour&#xa0;: rien n’est archivé.</translation>
+    </message>
+    <message>
+        <source>Archived on: </source>
+        <translation>Archivage&#xa0;: </translation>
+    </message>
+    <message>
+        <source>Task bar and system tray</source>
+        <translation>Barre des tâches et zone de notification</translation>
+    </message>
+    <message>
+        <source>Task bar</source>
+        <translation>Barre des tâches</translation>
+    </message>
+    <message>
+        <source>System tray</source>
+        <translation>Zone de notification</translation>
+    </message>
+    <message>
+        <source>Include &amp;idle time</source>
+        <translation>&amp;Inclure le temps d’inactivité</translation>
+    </message>
+    <message>
+        <source>Include time spent in &amp;Ticklog</source>
+        <translation>Inclure le temps passé dans &amp;Ticklog</translation>
+    </message>
+    <message>
+        <source>Include &amp;seconds</source>
+        <translation>Inclure les &amp;secondes</translation>
+    </message>
+    <message>
+        <source>Total:</source>
+        <translation>Total&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Copied times:</source>
+        <translation>Temps copiés&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Include idle time in the total</source>
+        <translation>Inclure le temps d’inactivité dans le total</translation>
+    </message>
+    <message>
+        <source>Include time spent in Ticklog in the total</source>
+        <translation>Inclure le temps passé dans Ticklog dans le total</translation>
+    </message>
+    <message>
+        <source>Include seconds in copied times</source>
+        <translation>Inclure les secondes dans les temps copiés</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I &amp;log in</source>
+        <translation>&amp;Lancer Ticklog à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>&amp;Count time without input as idle</source>
+        <translation>&amp;Compter le temps sans saisie comme inactivité</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes without input until time counts as idle</source>
+        <translation>Minutes sans saisie avant que le temps compte comme inactivité</translation>
+    </message>
+    <message>
+        <source>Idleness:</source>
+        <translation>Inactivité&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;After:</source>
+        <translation>&amp;Après&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Préférences</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Modifier…</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate…</source>
+        <translation>&amp;Dupliquer…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>&amp;Supprimer…</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Règles</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Ajouter…</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Active</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archivage</translation>
+    </message>
+    <message>
+        <source>Delete the rule?</source>
+        <translation>Supprimer la règle&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conserver</translation>
+    </message>
+    <message>
+        <source>Category. Delete removes it.</source>
+        <translation>Catégorie. Suppr la retire.</translation>
+    </message>
+    <message>
+        <source>For Ticklog to function you must grant it access to your computer.</source>
+        <translation>Pour que Ticklog fonctionne, vous devez lui accorder l’accès à votre ordinateur.</translation>
+    </message>
+    <message>
+        <source>Follow these simple steps and Ticklog will be running in no time.</source>
+        <translation>Suivez ces étapes simples et Ticklog sera vite opérationnel.</translation>
+    </message>
+    <message>
+        <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
+        <translation>Ouvrez le panneau «&#xa0;Sécurité &amp; confidentialité&#xa0;» des paramètres du système.</translation>
+    </message>
+    <message>
+        <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
+        <translation>Sélectionnez l’onglet «&#xa0;Confidentialité&#xa0;» et ouvrez le cadenas pour autoriser les modifications.</translation>
+    </message>
+    <message>
+        <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
+        <translation>Sélectionnez le groupe «&#xa0;Accessibilité&#xa0;» et faites glisser Ticklog dans la liste de droite.</translation>
+    </message>
+    <message>
+        <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
+        <translation>Enfin, cochez la case correspondant à Ticklog et redémarrez Ticklog.</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Redémarrer</translation>
+    </message>
+    <message>
+        <source>Current step</source>
+        <translation>Étape actuelle</translation>
+    </message>
+    <message>
+        <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
+        <translation>Ticklog mesure le temps d’activité passé dans chaque application. Pour cela, vous devez l’autoriser à recueillir ces données auprès du système.</translation>
+    </message>
+    <message>
+        <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
+        <translation>Les protections du système empêchent de surveiller l’état des autres applications sans votre autorisation. Pour préserver votre vie privée, cette action autorise Ticklog à suivre vos applications tout en maintenant les mesures de sécurité habituelles du système.</translation>
+    </message>
+    <message>
+        <source>Authorize Ticklog</source>
+        <translation>Autoriser Ticklog</translation>
+    </message>
+    <message>
+        <source>Cancel Start</source>
+        <translation>Annuler le démarrage</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
+        <translation>Veuillez activer l’accès pour les périphériques d’aide dans les paramètres du système, sous «&#xa0;Sécurité &gt; Confidentialité &gt; Accessibilité&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
+        <translation>Veuillez activer l’accès pour les périphériques d’aide dans les paramètres du système, sous «&#xa0;Accès universel&#xa0;».</translation>
+    </message>
+    <message>
+        <source>An error was encountered.</source>
+        <translation>Une erreur s’est produite.</translation>
+    </message>
+    <message>
+        <source>Open Preference Panel</source>
+        <translation>Ouvrir les paramètres</translation>
+    </message>
+    <message>
+        <source>Ticklog is counting</source>
+        <translation>Ticklog compte</translation>
+    </message>
+    <message>
+        <source>Ticklog is paused</source>
+        <translation>Ticklog est en pause</translation>
+    </message>
+    <message>
+        <source>There is no system tray.</source>
+        <translation>Il n’y a pas de zone de notification.</translation>
+    </message>
+    <message>
+        <source>Ticklog therefore stays in the task bar, and its menu is in the main window. It moves to the tray as soon as there is one.</source>
+        <translation>Ticklog reste donc dans la barre des tâches, et son menu est dans la fenêtre principale. Il passera dans la zone de notification dès qu’il y en aura une.</translation>
+    </message>
+    <message>
+        <source>Ticklog databases</source>
+        <translation>Bases de données Ticklog</translation>
+    </message>
+    <message>
+        <source>CSV files</source>
+        <translation>Fichiers CSV</translation>
+    </message>
+    <message>
+        <source>Application Times</source>
+        <translation>Temps par application</translation>
+    </message>
+    <message>
+        <source>Show Time Window</source>
+        <translation>Afficher la fenêtre des temps</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Préférences...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>À propos...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>About Ticklog</source>
+        <translation>À propos de Ticklog</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>Supprimer le projet</translation>
+    </message>
+    <message>
+        <source>Add to Project</source>
+        <translation>Ajouter au projet</translation>
+    </message>
+    <message>
+        <source>Rename Project</source>
+        <translation>Renommer le projet</translation>
+    </message>
+    <message>
+        <source>The timer set &quot;%@&quot; will be deleted.</source>
+        <translation>Le groupe de chronomètres «&#xa0;%@&#xa0;» sera supprimé.</translation>
+    </message>
+    <message>
+        <source>Delete selected timer set?</source>
+        <translation>Supprimer le groupe de chronomètres sélectionné&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Move Project</source>
+        <translation>Déplacer le projet</translation>
+    </message>
+    <message>
+        <source>Remove from Project</source>
+        <translation>Retirer du projet</translation>
+    </message>
+    <message>
+        <source>Label Project</source>
+        <translation>Étiqueter le projet</translation>
+    </message>
+    <message>
+        <source>Copy Project</source>
+        <translation>Copier le projet</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot see other programs&apos; windows</source>
+        <translation>Ticklog ne voit pas les fenêtres des autres programmes</translation>
+    </message>
+    <message>
+        <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
+        <translation>Pour compter le temps passé dans chaque fenêtre, il a besoin des services d’accessibilité du bureau. Redémarrez le chronomètre une fois ces services activés.</translation>
+    </message>
+    <message>
+        <source>Turn on</source>
+        <translation>Activer</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Without Asking</source>
+        <translation>Supprimer sans &amp;demander</translation>
+    </message>
+    <message>
+        <source>C&amp;ollapse All</source>
+        <translation>Tout &amp;réduire</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Project</source>
+        <translation>&amp;Renommer le projet</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w Ticklog in:</source>
+        <translation>A&amp;fficher Ticklog dans&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot be started at login.</source>
+        <translation>Ticklog ne peut pas être lancé à l’ouverture de session.</translation>
+    </message>
+    <message>
+        <source>Ticklog is still started at login.</source>
+        <translation>Ticklog est toujours lancé à l’ouverture de session.</translation>
+    </message>
+    <message>
+        <source>Plasma tells only installed programs which window is in front. Install Ticklog, and start it from the menu.</source>
+        <translation>Plasma n’indique qu’aux programmes installés quelle fenêtre est au premier plan. Installez Ticklog et lancez-le depuis le menu.</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop no longer tells other programs which window is in front.</source>
+        <translation>Ce bureau Wayland n’indique plus aux autres programmes quelle fenêtre est au premier plan.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
+        <translation>GNOME Shell n’indique qu’à ses extensions quelle fenêtre est au premier plan, et celle de Ticklog n’est pas active. D’ici là, aucun temps ne peut être compté.</translation>
+    </message>
+</context>
+</TS>

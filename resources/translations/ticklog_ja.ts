@@ -1,0 +1,859 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>Ticklog</name>
+    <message>
+        <source>All Timers</source>
+        <translation>すべてのタイマー</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>新規プロジェクト</translation>
+    </message>
+    <message>
+        <source> (Frozen %@)</source>
+        <translation> (%@ に凍結)</translation>
+    </message>
+    <message>
+        <source>%ld hour</source>
+        <translation>%ld時間</translation>
+    </message>
+    <message>
+        <source>%ld hour-2</source>
+        <translation>%ld時間</translation>
+    </message>
+    <message>
+        <source>%ld hours</source>
+        <translation>%ld時間</translation>
+    </message>
+    <message>
+        <source>%ld minute</source>
+        <translation>%ld分</translation>
+    </message>
+    <message>
+        <source>%ld minute-2</source>
+        <translation>%ld分</translation>
+    </message>
+    <message>
+        <source>%ld minutes</source>
+        <translation>%ld分</translation>
+    </message>
+    <message>
+        <source>%ld second-0</source>
+        <translation>%ld秒</translation>
+    </message>
+    <message>
+        <source>%ld second</source>
+        <translation>%ld秒</translation>
+    </message>
+    <message>
+        <source>%ld second-2</source>
+        <translation>%ld秒</translation>
+    </message>
+    <message>
+        <source>%ld seconds</source>
+        <translation>%ld秒</translation>
+    </message>
+    <message>
+        <source>Database file (reset %@):</source>
+        <translation>データベースファイル (リセット: %@):</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>開始</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせないため、時間を計測できません。</translation>
+    </message>
+    <message>
+        <source>There is no window system that tells which window is in front.</source>
+        <translation>最前面のウィンドウを知らせるウィンドウシステムがありません。</translation>
+    </message>
+    <message>
+        <source>Archive Folder</source>
+        <translation>アーカイブフォルダー</translation>
+    </message>
+    <message>
+        <source>Export to CSV</source>
+        <translation>CSV にエクスポート</translation>
+    </message>
+    <message>
+        <source>Ticklog Times</source>
+        <translation>Ticklog の時間</translation>
+    </message>
+    <message>
+        <source>Replacing a file</source>
+        <translation>ファイルの置き換え</translation>
+    </message>
+    <message>
+        <source>A file of this name exists already.</source>
+        <translation>この名前のファイルはすでに存在します。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換える</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>エクスポート中…</translation>
+    </message>
+    <message>
+        <source>No Label</source>
+        <translation>ラベルなし</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>レッド</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>オレンジ</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>イエロー</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>グリーン</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>ブルー</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>パープル</translation>
+    </message>
+    <message>
+        <source>Label:</source>
+        <translation>ラベル:</translation>
+    </message>
+    <message>
+        <source>Where Ticklog is found</source>
+        <translation>Ticklog の表示場所</translation>
+    </message>
+    <message>
+        <source>Hide Dock Icon</source>
+        <translation>タスクバーに表示しない</translation>
+    </message>
+    <message>
+        <source>Show Dock Icon</source>
+        <translation>タスクバーに表示</translation>
+    </message>
+    <message>
+        <source>Hide Menubar Item</source>
+        <translation>システムトレイに表示しない</translation>
+    </message>
+    <message>
+        <source>Show Menubar Item</source>
+        <translation>システムトレイに表示</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>&amp;Import Database…</source>
+        <translation>データベースをインポート(&amp;I)…</translation>
+    </message>
+    <message>
+        <source>&amp;Save a Copy As…</source>
+        <translation>名前を付けてコピーを保存(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Choose Database Location…</source>
+        <translation>データベースの場所を選択(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default Database Location</source>
+        <translation>データベースの場所を既定に戻す(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Show &amp;Database in File Manager</source>
+        <translation>データベースをファイルマネージャーで表示(&amp;D)</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Shown Timers to CSV…</source>
+        <translation>表示中のタイマーを CSV にエクスポート(&amp;X)…</translation>
+    </message>
+    <message>
+        <source>Export &amp;All Timers to CSV…</source>
+        <translation>すべてのタイマーを CSV にエクスポート(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose Window</source>
+        <translation>ウィンドウを閉じる(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>やり直す(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Summary Time</source>
+        <translation>合計時間をコピー(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>名前を変更(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>削除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>すべて選択(&amp;A)</translation>
+    </message>
+    <message>
+        <source>D&amp;eselect All</source>
+        <translation>選択を解除(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>検索(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>設定(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>Edit Ru&amp;les…</source>
+        <translation>ルールを編集(&amp;L)…</translation>
+    </message>
+    <message>
+        <source>&amp;Expand All</source>
+        <translation>すべて展開(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Projects</source>
+        <translation>プロジェクト(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>新規プロジェクト(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>上へ移動(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>下へ移動(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze All Timers of the Project</source>
+        <translation>プロジェクトのすべてのタイマーを凍結(&amp;F)</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Project…</source>
+        <translation>プロジェクトを削除(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze</source>
+        <translation>凍結(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Clear Timers</source>
+        <translation>タイマーを消去</translation>
+    </message>
+    <message>
+        <source>&amp;About Ticklog</source>
+        <translation>Ticklog について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>プロジェクト(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Timer</source>
+        <translation>タイマー(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation>ツールバー</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前を変更</translation>
+    </message>
+    <message>
+        <source>At least</source>
+        <translation>最小時間</translation>
+    </message>
+    <message>
+        <source>Leaves out timers that have less time than this</source>
+        <translation>これより時間の短いタイマーを表示しません</translation>
+    </message>
+    <message>
+        <source>Copies the sum in words</source>
+        <translation>合計を文字で表してコピーします</translation>
+    </message>
+    <message>
+        <source>%@ (build %@)</source>
+        <translation>%@ (ビルド %@)</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish to clear the currently visible timers?</source>
+        <translation>現在表示されているタイマーを消去してもよろしいですか?</translation>
+    </message>
+    <message>
+        <source>Set storage database location.</source>
+        <translation>データベースの保存場所を設定</translation>
+    </message>
+    <message>
+        <source>The database could not be copied.</source>
+        <translation>データベースをコピーできませんでした。</translation>
+    </message>
+    <message>
+        <source>No timer matches the search.</source>
+        <translation>検索に一致するタイマーはありません。</translation>
+    </message>
+    <message>
+        <source>This project is empty. Drag timers from “All Timers” onto it.</source>
+        <translation>このプロジェクトは空です。「すべてのタイマー」からタイマーをドラッグしてください。</translation>
+    </message>
+    <message>
+        <source>No timer has as much time as you ask for.</source>
+        <translation>指定した時間に達しているタイマーはありません。</translation>
+    </message>
+    <message>
+        <source>Press Start and work on; the programs you use will appear here.</source>
+        <translation>「開始」を押して作業を続けてください。使用したプログラムがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Replacing timers</source>
+        <translation>タイマーの置き換え</translation>
+    </message>
+    <message>
+        <source>Importing timers will replace all current timers. Your current timers will be saved in a backup file next to the Ticklog database.</source>
+        <translation>インポートすると、現在のタイマーはすべて置き換えられます。現在のタイマーは Ticklog データベースと同じ場所のバックアップファイルに保存されます。</translation>
+    </message>
+    <message>
+        <source>Import Database</source>
+        <translation>データベースをインポート</translation>
+    </message>
+    <message>
+        <source>Save a Copy As</source>
+        <translation>名前を付けてコピーを保存</translation>
+    </message>
+    <message>
+        <source>The copy could not be saved.</source>
+        <translation>コピーを保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>合計</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>プロジェクト</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>選択項目</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>検索結果</translation>
+    </message>
+    <message>
+        <source>Found in selection</source>
+        <translation>選択項目内の検索結果</translation>
+    </message>
+    <message>
+        <source>total
+%@</source>
+        <translation>合計
+%@</translation>
+    </message>
+    <message>
+        <source>project
+%@</source>
+        <translation>プロジェクト
+%@</translation>
+    </message>
+    <message>
+        <source>selected
+%@</source>
+        <translation>選択項目
+%@</translation>
+    </message>
+    <message>
+        <source>found
+%@</source>
+        <translation>検索結果
+%@</translation>
+    </message>
+    <message>
+        <source>frozen</source>
+        <translation>凍結</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>プログラム</translation>
+    </message>
+    <message>
+        <source>Time Spent</source>
+        <translation>経過時間</translation>
+    </message>
+    <message>
+        <source>&amp;Block from the list</source>
+        <translation>リストに表示しない(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>名前を変更(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;New name:</source>
+        <translation>新しい名前(&amp;N):</translation>
+    </message>
+    <message>
+        <source>&amp;Categories:</source>
+        <translation>カテゴリ(&amp;C):</translation>
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation>ルール</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>カテゴリ</translation>
+    </message>
+    <message>
+        <source>A comma or Return completes a category.</source>
+        <translation>コンマまたは Enter でカテゴリを確定します。</translation>
+    </message>
+    <message>
+        <source>&amp;Application:</source>
+        <translation>アプリケーション(&amp;A):</translation>
+    </message>
+    <message>
+        <source>&amp;Archive and clear all timers by schedule</source>
+        <translation>予定した日時にすべてのタイマーをアーカイブして消去する(&amp;A)</translation>
+    </message>
+    <message>
+        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
+        <translation>指定した時刻に、すべてのタイマーを日付を名前とするファイルに書き出し、最初から計測し直します。</translation>
+    </message>
+    <message>
+        <source>Data&amp;base:</source>
+        <translation>データベース(&amp;B):</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>選択(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default</source>
+        <translation>既定に戻す(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Show in File Manager</source>
+        <translation>ファイルマネージャーで表示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>CSV 表</translation>
+    </message>
+    <message>
+        <source>Ticklog database</source>
+        <translation>Ticklog データベース</translation>
+    </message>
+    <message>
+        <source>CSV table and Ticklog database</source>
+        <translation>CSV 表と Ticklog データベース</translation>
+    </message>
+    <message>
+        <source>Weekdays of the archive</source>
+        <translation>アーカイブする曜日</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>選択(&amp;H)…</translation>
+    </message>
+    <message>
+        <source>&amp;Time of day:</source>
+        <translation>時刻(&amp;T):</translation>
+    </message>
+    <message>
+        <source>&amp;Weekdays:</source>
+        <translation>曜日(&amp;W):</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>形式(&amp;F):</translation>
+    </message>
+    <message>
+        <source>F&amp;older:</source>
+        <translation>フォルダー(&amp;O):</translation>
+    </message>
+    <message>
+        <source>No day: nothing is archived.</source>
+        <translation>曜日なし: アーカイブされません。</translation>
+    </message>
+    <message>
+        <source>Archived on: </source>
+        <translation>アーカイブする曜日: </translation>
+    </message>
+    <message>
+        <source>Task bar and system tray</source>
+        <translation>タスクバーとシステムトレイ</translation>
+    </message>
+    <message>
+        <source>Task bar</source>
+        <translation>タスクバー</translation>
+    </message>
+    <message>
+        <source>System tray</source>
+        <translation>システムトレイ</translation>
+    </message>
+    <message>
+        <source>Include &amp;idle time</source>
+        <translation>アイドル時間を含める(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Include time spent in &amp;Ticklog</source>
+        <translation>&amp;Ticklog の使用時間を含める</translation>
+    </message>
+    <message>
+        <source>Include &amp;seconds</source>
+        <translation>秒を含める(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Total:</source>
+        <translation>合計:</translation>
+    </message>
+    <message>
+        <source>Copied times:</source>
+        <translation>コピーした時間:</translation>
+    </message>
+    <message>
+        <source>Include idle time in the total</source>
+        <translation>アイドル時間を合計に含める</translation>
+    </message>
+    <message>
+        <source>Include time spent in Ticklog in the total</source>
+        <translation>Ticklog の使用時間を合計に含める</translation>
+    </message>
+    <message>
+        <source>Include seconds in copied times</source>
+        <translation>コピーした時間に秒を含める</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I &amp;log in</source>
+        <translation>ログイン時に Ticklog を起動する(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Count time without input as idle</source>
+        <translation>入力のない時間をアイドルとして数える(&amp;C)</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> 分</translation>
+    </message>
+    <message>
+        <source>Minutes without input until time counts as idle</source>
+        <translation>アイドルとして数えるまでの入力のない時間 (分)</translation>
+    </message>
+    <message>
+        <source>Idleness:</source>
+        <translation>アイドル:</translation>
+    </message>
+    <message>
+        <source>&amp;After:</source>
+        <translation>経過時間(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>編集(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate…</source>
+        <translation>複製(&amp;U)…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>削除(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>ルール</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>追加(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>説明</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>全般</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>アーカイブ</translation>
+    </message>
+    <message>
+        <source>Delete the rule?</source>
+        <translation>ルールを削除しますか?</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>残す</translation>
+    </message>
+    <message>
+        <source>Category. Delete removes it.</source>
+        <translation>カテゴリ。Delete キーで削除します。</translation>
+    </message>
+    <message>
+        <source>For Ticklog to function you must grant it access to your computer.</source>
+        <translation>Ticklog を使うには、コンピューターへのアクセスを許可する必要があります。</translation>
+    </message>
+    <message>
+        <source>Follow these simple steps and Ticklog will be running in no time.</source>
+        <translation>次の簡単な手順に従えば、すぐに Ticklog を使い始められます。</translation>
+    </message>
+    <message>
+        <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
+        <translation>システム設定の「セキュリティ &amp; プライバシー」パネルを開きます。</translation>
+    </message>
+    <message>
+        <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
+        <translation>「プライバシー」タブを選択し、錠前を解除して設定を変更できるようにします。</translation>
+    </message>
+    <message>
+        <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
+        <translation>「アクセシビリティ」グループを選択し、Ticklog を右側のリストにドラッグします。</translation>
+    </message>
+    <message>
+        <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
+        <translation>最後に Ticklog のチェックボックスをオンにし、Ticklog を再起動します。</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>再起動</translation>
+    </message>
+    <message>
+        <source>Current step</source>
+        <translation>現在の手順</translation>
+    </message>
+    <message>
+        <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
+        <translation>Ticklog は各アプリケーションの使用時間を計測します。計測するには、Ticklog がシステムからこのデータを取得することを許可する必要があります。</translation>
+    </message>
+    <message>
+        <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
+        <translation>システムのセキュリティ保護により、ユーザーの許可なしに他のアプリケーションの状態を監視することはできません。プライバシーを守るため、この操作ではシステム全体の通常の保護を維持したまま、Ticklog にアプリケーションの計測を許可します。</translation>
+    </message>
+    <message>
+        <source>Authorize Ticklog</source>
+        <translation>Ticklog を許可</translation>
+    </message>
+    <message>
+        <source>Cancel Start</source>
+        <translation>開始をキャンセル</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
+        <translation>システム設定の「セキュリティ &gt; プライバシー &gt; アクセシビリティ」で、補助装置へのアクセスを有効にしてください。</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
+        <translation>システム設定の「ユニバーサルアクセス」で、補助装置へのアクセスを有効にしてください。</translation>
+    </message>
+    <message>
+        <source>An error was encountered.</source>
+        <translation>エラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>Open Preference Panel</source>
+        <translation>設定を開く</translation>
+    </message>
+    <message>
+        <source>Ticklog is counting</source>
+        <translation>Ticklog は計測中です</translation>
+    </message>
+    <message>
+        <source>Ticklog is paused</source>
+        <translation>Ticklog は一時停止中です</translation>
+    </message>
+    <message>
+        <source>There is no system tray.</source>
+        <translation>システムトレイがありません。</translation>
+    </message>
+    <message>
+        <source>Ticklog therefore stays in the task bar, and its menu is in the main window. It moves to the tray as soon as there is one.</source>
+        <translation>そのため Ticklog はタスクバーに残り、メニューはメインウィンドウに表示されます。システムトレイが使えるようになると、そちらに移ります。</translation>
+    </message>
+    <message>
+        <source>Ticklog databases</source>
+        <translation>Ticklog データベース</translation>
+    </message>
+    <message>
+        <source>CSV files</source>
+        <translation>CSV ファイル</translation>
+    </message>
+    <message>
+        <source>Application Times</source>
+        <translation>アプリケーションの時間</translation>
+    </message>
+    <message>
+        <source>Show Time Window</source>
+        <translation>時間ウィンドウを表示</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>設定...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>Ticklog について...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>About Ticklog</source>
+        <translation>Ticklog について</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>プロジェクトを削除</translation>
+    </message>
+    <message>
+        <source>Add to Project</source>
+        <translation>プロジェクトに追加</translation>
+    </message>
+    <message>
+        <source>Rename Project</source>
+        <translation>プロジェクトの名前を変更</translation>
+    </message>
+    <message>
+        <source>The timer set &quot;%@&quot; will be deleted.</source>
+        <translation>タイマーセット「%@」を削除します。</translation>
+    </message>
+    <message>
+        <source>Delete selected timer set?</source>
+        <translation>選択したタイマーセットを削除しますか?</translation>
+    </message>
+    <message>
+        <source>Move Project</source>
+        <translation>プロジェクトを移動</translation>
+    </message>
+    <message>
+        <source>Remove from Project</source>
+        <translation>プロジェクトから取り除く</translation>
+    </message>
+    <message>
+        <source>Label Project</source>
+        <translation>プロジェクトにラベルを付ける</translation>
+    </message>
+    <message>
+        <source>Copy Project</source>
+        <translation>プロジェクトをコピー</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot see other programs&apos; windows</source>
+        <translation>Ticklog から他のプログラムのウィンドウが見えません</translation>
+    </message>
+    <message>
+        <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
+        <translation>ウィンドウごとの時間を計測するには、デスクトップのアクセシビリティサービスが必要です。有効にしてから、タイマーをもう一度開始してください。</translation>
+    </message>
+    <message>
+        <source>Turn on</source>
+        <translation>有効にする</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Without Asking</source>
+        <translation>確認せずに削除(&amp;W)</translation>
+    </message>
+    <message>
+        <source>C&amp;ollapse All</source>
+        <translation>すべて折りたたむ(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Project</source>
+        <translation>プロジェクトの名前を変更(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w Ticklog in:</source>
+        <translation>Ticklog の表示場所(&amp;W):</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot be started at login.</source>
+        <translation>ログイン時に Ticklog を起動できません。</translation>
+    </message>
+    <message>
+        <source>Ticklog is still started at login.</source>
+        <translation>Ticklog は引き続きログイン時に起動します。</translation>
+    </message>
+    <message>
+        <source>Plasma tells only installed programs which window is in front. Install Ticklog, and start it from the menu.</source>
+        <translation>Plasma は、インストールされたプログラムにのみ最前面のウィンドウを知らせます。Ticklog をインストールし、メニューから起動してください。</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop no longer tells other programs which window is in front.</source>
+        <translation>この Wayland デスクトップは、最前面のウィンドウを他のプログラムに知らせなくなりました。</translation>
+    </message>
+    <message>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
+        <translation>GNOME Shell は最前面のウィンドウを拡張機能にのみ知らせますが、Ticklog の拡張機能が動作していません。動作するまで時間を計測できません。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,859 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl" sourcelanguage="en">
+<context>
+    <name>Ticklog</name>
+    <message>
+        <source>All Timers</source>
+        <translation>Wszystkie liczniki</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>Nowy projekt</translation>
+    </message>
+    <message>
+        <source> (Frozen %@)</source>
+        <translation> (Zamrożono %@)</translation>
+    </message>
+    <message>
+        <source>%ld hour</source>
+        <translation>%ld godz.</translation>
+    </message>
+    <message>
+        <source>%ld hour-2</source>
+        <translation>%ld godz.</translation>
+    </message>
+    <message>
+        <source>%ld hours</source>
+        <translation>%ld godz.</translation>
+    </message>
+    <message>
+        <source>%ld minute</source>
+        <translation>%ld min</translation>
+    </message>
+    <message>
+        <source>%ld minute-2</source>
+        <translation>%ld min</translation>
+    </message>
+    <message>
+        <source>%ld minutes</source>
+        <translation>%ld min</translation>
+    </message>
+    <message>
+        <source>%ld second-0</source>
+        <translation>%ld sek.</translation>
+    </message>
+    <message>
+        <source>%ld second</source>
+        <translation>%ld sek.</translation>
+    </message>
+    <message>
+        <source>%ld second-2</source>
+        <translation>%ld sek.</translation>
+    </message>
+    <message>
+        <source>%ld seconds</source>
+        <translation>%ld sek.</translation>
+    </message>
+    <message>
+        <source>Database file (reset %@):</source>
+        <translation>Plik bazy danych (wyzerowano %@):</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Wstrzymaj</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Uruchom</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu, więc czasu nie da się zliczać.</translation>
+    </message>
+    <message>
+        <source>There is no window system that tells which window is in front.</source>
+        <translation>Brak systemu okien, który podawałby, które okno jest na wierzchu.</translation>
+    </message>
+    <message>
+        <source>Archive Folder</source>
+        <translation>Folder archiwum</translation>
+    </message>
+    <message>
+        <source>Export to CSV</source>
+        <translation>Eksport do CSV</translation>
+    </message>
+    <message>
+        <source>Ticklog Times</source>
+        <translation>Czasy Ticklog</translation>
+    </message>
+    <message>
+        <source>Replacing a file</source>
+        <translation>Zastępowanie pliku</translation>
+    </message>
+    <message>
+        <source>A file of this name exists already.</source>
+        <translation>Plik o tej nazwie już istnieje.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Zastąp</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>Eksportowanie…</translation>
+    </message>
+    <message>
+        <source>No Label</source>
+        <translation>Bez etykiety</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Czerwony</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Pomarańczowy</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Żółty</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Zielony</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Niebieski</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Fioletowy</translation>
+    </message>
+    <message>
+        <source>Label:</source>
+        <translation>Etykieta:</translation>
+    </message>
+    <message>
+        <source>Where Ticklog is found</source>
+        <translation>Gdzie znaleźć Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Dock Icon</source>
+        <translation>Ukryj na pasku zadań</translation>
+    </message>
+    <message>
+        <source>Show Dock Icon</source>
+        <translation>Pokaż na pasku zadań</translation>
+    </message>
+    <message>
+        <source>Hide Menubar Item</source>
+        <translation>Ukryj w tacce systemowej</translation>
+    </message>
+    <message>
+        <source>Show Menubar Item</source>
+        <translation>Pokaż w tacce systemowej</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Usuń</translation>
+    </message>
+    <message>
+        <source>&amp;Import Database…</source>
+        <translation>&amp;Importuj bazę danych…</translation>
+    </message>
+    <message>
+        <source>&amp;Save a Copy As…</source>
+        <translation>&amp;Zapisz kopię jako…</translation>
+    </message>
+    <message>
+        <source>&amp;Choose Database Location…</source>
+        <translation>&amp;Wybierz położenie bazy danych…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default Database Location</source>
+        <translation>P&amp;rzywróć domyślne położenie bazy danych</translation>
+    </message>
+    <message>
+        <source>Show &amp;Database in File Manager</source>
+        <translation>&amp;Pokaż bazę danych w menedżerze plików</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Shown Timers to CSV…</source>
+        <translation>&amp;Eksportuj pokazane liczniki do CSV…</translation>
+    </message>
+    <message>
+        <source>Export &amp;All Timers to CSV…</source>
+        <translation>Eksportuj wszystkie &amp;liczniki do CSV…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose Window</source>
+        <translation>Za&amp;mknij okno</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>Za&amp;kończ</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Cofnij</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>P&amp;onów</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopiuj</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Summary Time</source>
+        <translation>Kopiuj &amp;sumę czasu</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>Z&amp;mień nazwę</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Usuń</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>Zaznacz &amp;wszystko</translation>
+    </message>
+    <message>
+        <source>D&amp;eselect All</source>
+        <translation>Odznacz wszys&amp;tko</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Znajdź</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Preferencje…</translation>
+    </message>
+    <message>
+        <source>Edit Ru&amp;les…</source>
+        <translation>Edytuj &amp;reguły…</translation>
+    </message>
+    <message>
+        <source>&amp;Expand All</source>
+        <translation>&amp;Rozwiń wszystko</translation>
+    </message>
+    <message>
+        <source>&amp;Projects</source>
+        <translation>&amp;Projekty</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>&amp;Nowy projekt</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Przesuń w &amp;górę</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Przesuń w &amp;dół</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze All Timers of the Project</source>
+        <translation>Za&amp;mroź wszystkie liczniki projektu</translation>
+    </message>
+    <message>
+        <source>D&amp;elete Project…</source>
+        <translation>&amp;Usuń projekt…</translation>
+    </message>
+    <message>
+        <source>&amp;Freeze</source>
+        <translation>&amp;Zamroź</translation>
+    </message>
+    <message>
+        <source>Clear Timers</source>
+        <translation>Wyczyść liczniki</translation>
+    </message>
+    <message>
+        <source>&amp;About Ticklog</source>
+        <translation>&amp;O programie Ticklog</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Plik</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Edycja</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Widok</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>P&amp;rojekt</translation>
+    </message>
+    <message>
+        <source>&amp;Timer</source>
+        <translation>&amp;Licznik</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Pomo&amp;c</translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation>Pasek narzędzi</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Zmień nazwę</translation>
+    </message>
+    <message>
+        <source>At least</source>
+        <translation>Co najmniej</translation>
+    </message>
+    <message>
+        <source>Leaves out timers that have less time than this</source>
+        <translation>Pomija liczniki z krótszym czasem</translation>
+    </message>
+    <message>
+        <source>Copies the sum in words</source>
+        <translation>Kopiuje sumę słownie</translation>
+    </message>
+    <message>
+        <source>%@ (build %@)</source>
+        <translation>%@ (kompilacja %@)</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish to clear the currently visible timers?</source>
+        <translation>Czy na pewno wyczyścić obecnie widoczne liczniki?</translation>
+    </message>
+    <message>
+        <source>Set storage database location.</source>
+        <translation>Wybór położenia bazy danych</translation>
+    </message>
+    <message>
+        <source>The database could not be copied.</source>
+        <translation>Nie udało się skopiować bazy danych.</translation>
+    </message>
+    <message>
+        <source>No timer matches the search.</source>
+        <translation>Żaden licznik nie pasuje do wyszukiwania.</translation>
+    </message>
+    <message>
+        <source>This project is empty. Drag timers from “All Timers” onto it.</source>
+        <translation>Ten projekt jest pusty. Przeciągnij na niego liczniki z pozycji „Wszystkie liczniki”.</translation>
+    </message>
+    <message>
+        <source>No timer has as much time as you ask for.</source>
+        <translation>Żaden licznik nie osiąga podanego czasu.</translation>
+    </message>
+    <message>
+        <source>Press Start and work on; the programs you use will appear here.</source>
+        <translation>Naciśnij „Uruchom” i pracuj dalej. Tutaj pojawią się używane programy.</translation>
+    </message>
+    <message>
+        <source>Replacing timers</source>
+        <translation>Zastępowanie liczników</translation>
+    </message>
+    <message>
+        <source>Importing timers will replace all current timers. Your current timers will be saved in a backup file next to the Ticklog database.</source>
+        <translation>Import zastąpi wszystkie obecne liczniki. Zostaną one zapisane w pliku kopii zapasowej obok bazy danych Ticklog.</translation>
+    </message>
+    <message>
+        <source>Import Database</source>
+        <translation>Import bazy danych</translation>
+    </message>
+    <message>
+        <source>Save a Copy As</source>
+        <translation>Zapisz kopię jako</translation>
+    </message>
+    <message>
+        <source>The copy could not be saved.</source>
+        <translation>Nie udało się zapisać kopii.</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Szukaj</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Razem</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Zaznaczone</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>Znalezione</translation>
+    </message>
+    <message>
+        <source>Found in selection</source>
+        <translation>Znalezione w zaznaczeniu</translation>
+    </message>
+    <message>
+        <source>total
+%@</source>
+        <translation>razem
+%@</translation>
+    </message>
+    <message>
+        <source>project
+%@</source>
+        <translation>projekt
+%@</translation>
+    </message>
+    <message>
+        <source>selected
+%@</source>
+        <translation>zaznaczone
+%@</translation>
+    </message>
+    <message>
+        <source>found
+%@</source>
+        <translation>znalezione
+%@</translation>
+    </message>
+    <message>
+        <source>frozen</source>
+        <translation>zamrożony</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Program</translation>
+    </message>
+    <message>
+        <source>Time Spent</source>
+        <translation>Czas</translation>
+    </message>
+    <message>
+        <source>&amp;Block from the list</source>
+        <translation>&amp;Ukryj na liście</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Zmień nazwę</translation>
+    </message>
+    <message>
+        <source>&amp;New name:</source>
+        <translation>&amp;Nowa nazwa:</translation>
+    </message>
+    <message>
+        <source>&amp;Categories:</source>
+        <translation>&amp;Kategorie:</translation>
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation>Reguła</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>A comma or Return completes a category.</source>
+        <translation>Przecinek lub Enter kończy wpisywanie kategorii.</translation>
+    </message>
+    <message>
+        <source>&amp;Application:</source>
+        <translation>&amp;Aplikacja:</translation>
+    </message>
+    <message>
+        <source>&amp;Archive and clear all timers by schedule</source>
+        <translation>&amp;Archiwizuj i czyść wszystkie liczniki według harmonogramu</translation>
+    </message>
+    <message>
+        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
+        <translation>O wybranej godzinie wszystkie liczniki są zapisywane w pliku z datą w nazwie i zaczynają od nowa.</translation>
+    </message>
+    <message>
+        <source>Data&amp;base:</source>
+        <translation>&amp;Baza danych:</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Wybierz…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Default</source>
+        <translation>P&amp;rzywróć domyślne</translation>
+    </message>
+    <message>
+        <source>&amp;Show in File Manager</source>
+        <translation>&amp;Pokaż w menedżerze plików</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>Tabela CSV</translation>
+    </message>
+    <message>
+        <source>Ticklog database</source>
+        <translation>Baza danych Ticklog</translation>
+    </message>
+    <message>
+        <source>CSV table and Ticklog database</source>
+        <translation>Tabela CSV i baza danych Ticklog</translation>
+    </message>
+    <message>
+        <source>Weekdays of the archive</source>
+        <translation>Dni archiwizacji</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>Wyb&amp;ierz…</translation>
+    </message>
+    <message>
+        <source>&amp;Time of day:</source>
+        <translation>&amp;Godzina:</translation>
+    </message>
+    <message>
+        <source>&amp;Weekdays:</source>
+        <translation>&amp;Dni tygodnia:</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format:</translation>
+    </message>
+    <message>
+        <source>F&amp;older:</source>
+        <translation>F&amp;older:</translation>
+    </message>
+    <message>
+        <source>No day: nothing is archived.</source>
+        <translation>Brak dni: nic nie jest archiwizowane.</translation>
+    </message>
+    <message>
+        <source>Archived on: </source>
+        <translation>Archiwizacja: </translation>
+    </message>
+    <message>
+        <source>Task bar and system tray</source>
+        <translation>Na pasku zadań i w tacce systemowej</translation>
+    </message>
+    <message>
+        <source>Task bar</source>
+        <translation>Na pasku zadań</translation>
+    </message>
+    <message>
+        <source>System tray</source>
+        <translation>W tacce systemowej</translation>
+    </message>
+    <message>
+        <source>Include &amp;idle time</source>
+        <translation>Uwzględniaj czas &amp;bezczynności</translation>
+    </message>
+    <message>
+        <source>Include time spent in &amp;Ticklog</source>
+        <translation>Uwzględniaj czas spędzony w &amp;Ticklog</translation>
+    </message>
+    <message>
+        <source>Include &amp;seconds</source>
+        <translation>Uwzględniaj &amp;sekundy</translation>
+    </message>
+    <message>
+        <source>Total:</source>
+        <translation>Suma:</translation>
+    </message>
+    <message>
+        <source>Copied times:</source>
+        <translation>Kopiowane czasy:</translation>
+    </message>
+    <message>
+        <source>Include idle time in the total</source>
+        <translation>Uwzględniaj czas bezczynności w sumie</translation>
+    </message>
+    <message>
+        <source>Include time spent in Ticklog in the total</source>
+        <translation>Uwzględniaj w sumie czas spędzony w Ticklog</translation>
+    </message>
+    <message>
+        <source>Include seconds in copied times</source>
+        <translation>Uwzględniaj sekundy w kopiowanych czasach</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I &amp;log in</source>
+        <translation>Uruchamiaj Ticklog po za&amp;logowaniu</translation>
+    </message>
+    <message>
+        <source>&amp;Count time without input as idle</source>
+        <translation>&amp;Czas bez aktywności traktuj jako bezczynność</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes without input until time counts as idle</source>
+        <translation>Minuty bez aktywności, po których czas liczy się jako bezczynność</translation>
+    </message>
+    <message>
+        <source>Idleness:</source>
+        <translation>Bezczynność:</translation>
+    </message>
+    <message>
+        <source>&amp;After:</source>
+        <translation>&amp;Po:</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Preferencje</translation>
+    </message>
+    <message>
+        <source>&amp;Edit…</source>
+        <translation>&amp;Edytuj…</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate…</source>
+        <translation>&amp;Powiel…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>&amp;Usuń…</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Reguły</translation>
+    </message>
+    <message>
+        <source>&amp;Add…</source>
+        <translation>&amp;Dodaj…</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktywna</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Opis</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Ogólne</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archiwum</translation>
+    </message>
+    <message>
+        <source>Delete the rule?</source>
+        <translation>Usunąć regułę?</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Zachowaj</translation>
+    </message>
+    <message>
+        <source>Category. Delete removes it.</source>
+        <translation>Kategoria. Delete ją usuwa.</translation>
+    </message>
+    <message>
+        <source>For Ticklog to function you must grant it access to your computer.</source>
+        <translation>Aby Ticklog mógł działać, musi otrzymać dostęp do komputera.</translation>
+    </message>
+    <message>
+        <source>Follow these simple steps and Ticklog will be running in no time.</source>
+        <translation>Wykonaj te proste kroki, a Ticklog będzie gotowy w jednej chwili.</translation>
+    </message>
+    <message>
+        <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
+        <translation>Otwórz panel „Bezpieczeństwo &amp; prywatność” w ustawieniach systemu.</translation>
+    </message>
+    <message>
+        <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
+        <translation>Wybierz kartę „Prywatność” i otwórz kłódkę, aby zezwolić na zmiany.</translation>
+    </message>
+    <message>
+        <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
+        <translation>Wybierz grupę „Dostępność” i przeciągnij Ticklog na listę po prawej.</translation>
+    </message>
+    <message>
+        <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
+        <translation>Na koniec zaznacz pole przy Ticklog i uruchom Ticklog ponownie.</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Uruchom ponownie</translation>
+    </message>
+    <message>
+        <source>Current step</source>
+        <translation>Bieżący krok</translation>
+    </message>
+    <message>
+        <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
+        <translation>Ticklog mierzy czas aktywności w każdej aplikacji. Aby to umożliwić, zezwól mu na pobieranie tych danych z systemu.</translation>
+    </message>
+    <message>
+        <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
+        <translation>Zabezpieczenia systemu uniemożliwiają śledzenie stanu innych aplikacji bez zgody użytkownika. Aby chronić prywatność, ta czynność zezwala na śledzenie aplikacji tylko programowi Ticklog, a zwykłe zabezpieczenia systemu pozostają w mocy.</translation>
+    </message>
+    <message>
+        <source>Authorize Ticklog</source>
+        <translation>Zezwól programowi Ticklog</translation>
+    </message>
+    <message>
+        <source>Cancel Start</source>
+        <translation>Anuluj uruchomienie</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
+        <translation>Włącz dostęp dla urządzeń wspomagających w ustawieniach systemu: „Bezpieczeństwo &gt; Prywatność &gt; Dostępność”.</translation>
+    </message>
+    <message>
+        <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
+        <translation>Włącz dostęp dla urządzeń wspomagających w ustawieniach systemu: „Ułatwienia dostępu”.</translation>
+    </message>
+    <message>
+        <source>An error was encountered.</source>
+        <translation>Wystąpił błąd.</translation>
+    </message>
+    <message>
+        <source>Open Preference Panel</source>
+        <translation>Otwórz ustawienia</translation>
+    </message>
+    <message>
+        <source>Ticklog is counting</source>
+        <translation>Ticklog liczy</translation>
+    </message>
+    <message>
+        <source>Ticklog is paused</source>
+        <translation>Ticklog jest wstrzymany</translation>
+    </message>
+    <message>
+        <source>There is no system tray.</source>
+        <translation>Brak tacki systemowej.</translation>
+    </message>
+    <message>
+        <source>Ticklog therefore stays in the task bar, and its menu is in the main window. It moves to the tray as soon as there is one.</source>
+        <translation>Ticklog pozostaje więc na pasku zadań, a jego menu jest w oknie głównym. Przeniesie się do tacki, gdy tylko się pojawi.</translation>
+    </message>
+    <message>
+        <source>Ticklog databases</source>
+        <translation>Bazy danych Ticklog</translation>
+    </message>
+    <message>
+        <source>CSV files</source>
+        <translation>Pliki CSV</translation>
+    </message>
+    <message>
+        <source>Application Times</source>
+        <translation>Czasy aplikacji</translation>
+    </message>
+    <message>
+        <source>Show Time Window</source>
+        <translation>Pokaż okno czasów</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Preferencje...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>O programie...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Zakończ</translation>
+    </message>
+    <message>
+        <source>About Ticklog</source>
+        <translation>O programie Ticklog</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>Usuń projekt</translation>
+    </message>
+    <message>
+        <source>Add to Project</source>
+        <translation>Dodaj do projektu</translation>
+    </message>
+    <message>
+        <source>Rename Project</source>
+        <translation>Zmień nazwę projektu</translation>
+    </message>
+    <message>
+        <source>The timer set &quot;%@&quot; will be deleted.</source>
+        <translation>Zestaw liczników „%@” zostanie usunięty.</translation>
+    </message>
+    <message>
+        <source>Delete selected timer set?</source>
+        <translation>Usunąć zaznaczony zestaw liczników?</translation>
+    </message>
+    <message>
+        <source>Move Project</source>
+        <translation>Przenieś projekt</translation>
+    </message>
+    <message>
+        <source>Remove from Project</source>
+        <translation>Usuń z projektu</translation>
+    </message>
+    <message>
+        <source>Label Project</source>
+        <translation>Oznacz projekt</translation>
+    </message>
+    <message>
+        <source>Copy Project</source>
+        <translation>Kopiuj projekt</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot see other programs&apos; windows</source>
+        <translation>Ticklog nie widzi okien innych programów</translation>
+    </message>
+    <message>
+        <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
+        <translation>Aby liczyć czas w każdym oknie, potrzebne są usługi dostępności środowiska. Po ich włączeniu uruchom licznik ponownie.</translation>
+    </message>
+    <message>
+        <source>Turn on</source>
+        <translation>Włącz</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Without Asking</source>
+        <translation>Usuń &amp;bez pytania</translation>
+    </message>
+    <message>
+        <source>C&amp;ollapse All</source>
+        <translation>Zw&amp;iń wszystko</translation>
+    </message>
+    <message>
+        <source>&amp;Rename Project</source>
+        <translation>&amp;Zmień nazwę projektu</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w Ticklog in:</source>
+        <translation>Po&amp;kazuj Ticklog:</translation>
+    </message>
+    <message>
+        <source>Ticklog cannot be started at login.</source>
+        <translation>Nie można uruchamiać Ticklog po zalogowaniu.</translation>
+    </message>
+    <message>
+        <source>Ticklog is still started at login.</source>
+        <translation>Ticklog nadal uruchamia się po zalogowaniu.</translation>
+    </message>
+    <message>
+        <source>Plasma tells only installed programs which window is in front. Install Ticklog, and start it from the menu.</source>
+        <translation>Plasma podaje tylko zainstalowanym programom, które okno jest na wierzchu. Zainstaluj Ticklog i uruchom go z menu.</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop no longer tells other programs which window is in front.</source>
+        <translation>To środowisko Wayland nie podaje już innym programom, które okno jest na wierzchu.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
+        <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie Ticklog nie działa. Do tego czasu nie da się zliczać czasu.</translation>
+    </message>
+</context>
+</TS>
