@@ -11,6 +11,8 @@ apt_test="xvfb openbox icewm metacity trayer xterm xdotool fonts-dejavu-core dbu
   python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad libreoffice-calc-nogui
   sway foot wtype kwin-wayland gnome-shell qt6-wayland desktop-file-utils"
 apt_bench="$apt_demo python3 sway qt6-wayland"
+# For the pictures in Japanese.
+apt_pictures="fonts-vlgothic"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils libxml2-utils"
 apt_package="dpkg-dev lintian appstream desktop-file-utils gzip"
 apt_format="clang-format"
@@ -29,6 +31,7 @@ dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejav
   python3-dbus python3-gobject python3-dbusmock mousepad featherpad libreoffice-calc
   sway foot wtype kwin-wayland gnome-shell qt6-qtwayland desktop-file-utils"
 dnf_bench="$dnf_demo python3 sway qt6-qtwayland"
+dnf_pictures="vlgothic-fonts"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils libxml2"
 dnf_package="dpkg rpmlint appstream desktop-file-utils gzip"
 dnf_format="clang-tools-extra"
@@ -43,6 +46,7 @@ pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-de
   python-dbus python-gobject python-dbusmock mousepad featherpad libreoffice-fresh
   sway foot wtype kwin gnome-shell qt6-wayland desktop-file-utils"
 pacman_bench="$pacman_demo python sway qt6-wayland"
+pacman_pictures="otf-ipafont"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils libxml2"
 pacman_package="dpkg lintian appstream desktop-file-utils gzip"
 pacman_format="clang"

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// pictures FOLDER: the main window as people see it, a PNG for each scene, in the palette and at the scale that the
-// environment asks for (TICKLOG_DARK, QT_SCALE_FACTOR). To be looked at.
+// pictures FOLDER: the main window as people see it, a PNG for each scene, in the palette, the language and at
+// the scale that the environment asks for (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED,
+// QT_SCALE_FACTOR). To be looked at.
 #include "Classes/RuleCategories.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/QtAlerts.h"
+#include "platform/foundation/Translations.h"
 #include "tests/interface/Desk.h"
 
 #include <QCheckBox>
@@ -13,6 +15,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLocale>
 #include <QMenu>
 #include <QStyleFactory>
 #include <QTest>
@@ -340,6 +343,11 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (qEnvironmentVariableIsSet("TICKLOG_DARK"))
         wearDark();
+    const QString language = qEnvironmentVariable("TICKLOG_LANGUAGE", QStringLiteral("en"));
+    QLocale::setDefault(QLocale(language));
+    const Translations translations({language});
+    if (qEnvironmentVariableIsSet("TICKLOG_MIRRORED"))
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("."));
     folder.mkpath(QStringLiteral("."));
     drawAll(folder);

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+// The windows in every language: nothing is cut off, and each entry of a menu has a key of its own.
+#include "interface/setup/SetupWindow.h"
+#include "platform/foundation/Translations.h"
+#include "tests/interface/SetupDesk.h"
+
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QStyleOptionButton>
+#include <QToolBar>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList kLanguages{u"en"_s, u"de"_s, u"es"_s, u"fr"_s, u"ja"_s, u"pl"_s};
+
+// Made before the windows and gone after them.
+struct Spoken {
+    Spoken(const QString& language)
+        : translations({language}) {
+        QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    }
+
+    const Translations translations;
+};
+
+struct LanguagesTest : testing::TestWithParam<int>, Spoken, SetupDesk {
+    LanguagesTest()
+        : Spoken(kLanguages[GetParam()]) {
+        EXPECT_EQ(translations.language(), kLanguages[GetParam()]);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Each, LanguagesTest, testing::Range(0, int(kLanguages.size())),
+                         [](const auto& row) { return kLanguages[row.param].toStdString(); });
+
+// The letter after "&", or nothing.
+QString acceleratorOf(const QString& text) {
+    static const QRegularExpression letter(u"&(\\w)"_s);
+    return letter.match(text).captured(1).toUpper();
+}
+
+// `accelerated`: at least so many of them have a key.
+void expectDistinct(const QStringList& texts, qsizetype accelerated) {
+    QStringList letters;
+    for (const QString& text : texts) {
+        const QString letter = acceleratorOf(text);
+        if (letter.isEmpty())
+            continue;
+        EXPECT_FALSE(letters.contains(letter))
+            << qPrintable(text) << " among " << qPrintable(texts.join(u", "_s));
+        letters << letter;
+    }
+    EXPECT_GE(letters.size(), accelerated) << qPrintable(texts.join(u", "_s));
+}
+
+QStringList textsOf(const QList<QAction*>& actions) {
+    QStringList texts;
+    for (const QAction* action : actions)
+        if (action && !action->isSeparator())
+            texts << action->text();
+    return texts;
+}
+
+TEST_P(LanguagesTest, entriesOfAMenu_haveKeysOfTheirOwn) {
+    const QMenuBar& bar = *controller.window().menuBar();
+    expectDistinct(textsOf(bar.actions()), 6);
+    for (const QAction* menu : bar.actions())
+        expectDistinct(textsOf(menu->menu()->actions()), 1);
+    expectDistinct(textsOf(actions().forTimers()), 6);
+    expectDistinct(textsOf(actions().forProjects()), 6);
+}
+
+QStringList textsIn(const QWidget& page) {
+    QStringList texts;
+    for (const auto* button : page.findChildren<QAbstractButton*>())
+        texts << button->text();
+    for (const auto* label : page.findChildren<QLabel*>())
+        if (label->buddy())
+            texts << label->text();
+    return texts;
+}
+
+TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
+    const QTabWidget& tabs = setup.prefWindow().prefTabView();
+    for (int page = 0; page < tabs.count(); ++page)
+        expectDistinct(textsIn(*tabs.widget(page)), 4);
+    expectDistinct(textsIn(sheet()), 5);
+}
+
+// What a control needs for its text: less than its size hint, which has margins for looks.
+QSize neededBy(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->minimumSizeHint();
+    return widget.sizeHint();
+}
+
+QString textOf(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->text();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text();
+    if (const auto* box = qobject_cast<const QComboBox*>(&widget))
+        return box->currentText();
+    return {};
+}
+
+// How many texts there were.
+int expectRoomForTexts(const QWidget& window) {
+    int texts = 0;
+    for (const auto* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&window) || textOf(*widget).isEmpty())
+            continue;
+        ++texts;
+        const QSize needed = neededBy(*widget);
+        EXPECT_GE(widget->width(), needed.width()) << qPrintable(textOf(*widget));
+        EXPECT_GE(widget->height(), needed.height()) << qPrintable(textOf(*widget));
+        const QWidget& parent = *widget->parentWidget();
+        EXPECT_TRUE(parent.rect().contains(widget->geometry())) << qPrintable(textOf(*widget));
+    }
+    return texts;
+}
+
+TEST_P(LanguagesTest, theMainWindow_hasRoomForItsTexts) {
+    MainWindow& window = controller.window();
+    window.resize(window.minimumSize());
+    show();
+    EXPECT_GT(expectRoomForTexts(window), 3);
+    select({});
+    account("Mail", 40);
+    settle();
+    EXPECT_GT(expectRoomForTexts(window), 3);
+}
+
+TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {
+    PrefWindow& window = setup.prefWindow();
+    setup.showPrefWindow();
+    for (const bool isUnfolded : {true, false})
+        for (const char* page : {"General", "Match", "Archive"}) {
+            defaults().setObject(kSaveTimerPeriodically, isUnfolded);
+            window.selectTab(QLatin1String(page));
+            settle();
+            EXPECT_EQ(window.prefTabView().currentWidget()->objectName(), QLatin1String(page));
+            EXPECT_GT(expectRoomForTexts(window), 3) << page;
+        }
+}
+
+TEST_P(LanguagesTest, theRuleSheet_hasRoomForItsTexts) {
+    showRules();
+    setup.addRule();
+    settle();
+    EXPECT_TRUE(sheet().isVisible());
+    EXPECT_GT(expectRoomForTexts(sheet()), 4);
+}
+
+} // namespace
