@@ -2,6 +2,7 @@
 #include "app/DesktopChooser.h"
 
 #include "platform/foundation/LocalizedStrings.h"
+#include "platform/gnome/GnomeExtension.h"
 #include "platform/gnome/GnomeShellDesktop.h"
 #include "platform/linux/LogindIdleTime.h"
 #include "platform/linux/MutterIdleTime.h"
@@ -90,10 +91,15 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
         return Failure{Failure::Kind::NotFound, QStringLiteral("this is not GNOME")};
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
+    const auto extension = std::make_shared<GnomeExtension>(
+        m_ground.sessionBus, GnomeExtension::Places::forUser(QStringLiteral(":/gnome-extension")));
+    // Before it is asked whether it tells us.
+    if (const Outcome renewed = extension->renew(); !renewed)
+        m_ground.log.log(renewed.failure().text);
     const auto desktop =
         std::make_shared<GnomeShellDesktop>(m_ground.sessionBus, m_ground.log, m_ground.entries);
     // The shell is the compositor as well: when it goes, the toolkit ends the process.
-    return Desktop{desktop, desktop, [](const std::function<void()>&) {}, nullptr};
+    return Desktop{desktop, desktop, [](const std::function<void()>&) {}, nullptr, extension};
 }
 
 template<class BackEnd>
@@ -103,7 +109,7 @@ Result<DesktopChooser::Desktop> DesktopChooser::desktopOf(Result<std::unique_ptr
     const std::shared_ptr<BackEnd> backEnd = std::move(*opened);
     return Desktop{backEnd, backEnd,
                    [backEnd](std::function<void()> handler) { backEnd->setLostHandler(std::move(handler)); },
-                   nullptr};
+                   nullptr, nullptr};
 }
 
 Result<DesktopChooser::Desktop> DesktopChooser::withIdleTime(Result<std::unique_ptr<X11Desktop>> opened) {
@@ -125,5 +131,5 @@ DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<F
     if (refusal != refusals.end())
         obstacle = refusal->text;
     const auto nothing = std::make_shared<NoDesktop>(obstacle);
-    return {nothing, nothing, [](const std::function<void()>&) {}, nullptr};
+    return {nothing, nothing, [](const std::function<void()>&) {}, nullptr, nullptr};
 }

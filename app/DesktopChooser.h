@@ -3,6 +3,7 @@
 
 #include "app/Candidates.h"
 #include "platform/NoDesktop.h"
+#include "platform/ShellExtension.h"
 #include "platform/bus/Bus.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/RunLoop.h"
@@ -30,6 +31,8 @@ public:
     FrontApplication& frontApplication() { return *m_desktop.frontApplication; }
     WindowList& windowList() { return *m_desktop.windowList; }
     IdleTime& idleTime() { return *m_idleTime; }
+    // Null where the desktop tells without one.
+    ShellExtension* shellExtension() { return m_desktop.shellExtension.get(); }
 
     // Calls `handler` when the display is gone for good, as far as this process is concerned.
     void setLostHandler(std::function<void()> handler);
@@ -41,6 +44,7 @@ private:
         std::function<void(std::function<void()>)> setLostHandler;
         // Absent where the idle time is somebody else's business.
         std::shared_ptr<IdleTime> idleTime;
+        std::shared_ptr<ShellExtension> shellExtension;
     };
 
     template<class BackEnd>

@@ -99,6 +99,10 @@ Platform& LinuxPlatform::platform() {
     return *m_backEnds->platform;
 }
 
+ShellExtension* LinuxPlatform::shellExtension() {
+    return m_backEnds->desktop.shellExtension();
+}
+
 void LinuxPlatform::setDisplayLostHandler(std::function<void()> handler) {
     m_backEnds->desktop.setLostHandler(std::move(handler));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/ShellExtension.h"
 
 #include <functional>
 #include <memory>
@@ -17,6 +18,8 @@ public:
     LinuxPlatform& operator=(const LinuxPlatform&) = delete;
 
     Platform& platform();
+    // The desktop's extension without which it tells nothing; null where none is needed.
+    ShellExtension* shellExtension();
     // Calls `handler` when the display is gone for good, as far as this process is concerned.
     void setDisplayLostHandler(std::function<void()> handler);
     // Which back ends were chosen and why, a line each.

@@ -6,6 +6,7 @@
 #include "app/LinuxPlatform.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/Preferences.h"
+#include "interface/shell/ExtensionOffer.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/foundation/Translations.h"
@@ -90,6 +91,11 @@ int main(int argc, char** argv) {
     // Whether a new window comes to the front is the window manager's business; it is not fought for.
     controller.shownWindow().show();
     delegate.applicationDidFinishLaunching();
+    std::unique_ptr<ExtensionOffer> offer;
+    if (ShellExtension* extension = desktop.shellExtension())
+        offer = std::make_unique<ExtensionOffer>(
+            ExtensionOffer::Ground{*extension, alerts, desktop.platform().defaults,
+                                   desktop.platform().runLoop, desktop.platform().log});
     desktop.platform().runLoop.performSoon([&] { openFile(commandLine.file); });
     const int status = QApplication::exec();
     // Whoever ended the loop: what has been credited since the last save is written.

@@ -49,7 +49,6 @@ function readExecutable() {
 
 class Service {
     constructor() {
-        this._executable = readExecutable();
         // The connection that is told, what it was told last, and what looks at the windows for it.
         this._follower = null;
         this._sight = null;
@@ -97,7 +96,7 @@ class Service {
             const process = await askBus('GetConnectionUnixProcessID', '(u)', connection);
             // A program that was replaced by a newer one while it ran is still the one that was installed.
             const executable = GLib.file_read_link(`/proc/${process}/exe`).replace(/ \(deleted\)$/, '');
-            return !this._isDestroyed && executable === this._executable;
+            return !this._isDestroyed && executable === readExecutable();
         } catch (failure) {
             // It is gone, or hides what it is.
             return false;

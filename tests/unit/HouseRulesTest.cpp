@@ -41,7 +41,7 @@ QStringList linesOf(const QString& path) {
 
 void collect(const QDir& root, const QString& folder, std::vector<SourceFile>& files) {
     const QString written =
-        QStringLiteral("\\.(cpp|h|md|cmake|txt|json|sh|awk|desktop|xml|qrc|supp)$|^dev$|^\\.ci/");
+        QStringLiteral("\\.(cpp|h|js|md|cmake|txt|json|sh|awk|desktop|xml|qrc|supp)$|^dev$|^\\.ci/");
     const QDir::Filters all =
         QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks;
     for (const QFileInfo& entry : QDir(folder).entryInfoList(all)) {

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/ShellExtension.h"
+#include "platform/bus/BusService.h"
+
+#include <QStringList>
+
+// Ticklog's extension of GNOME Shell: its files, and what the shell makes of them. Main thread only.
+class GnomeExtension : public ShellExtension {
+public:
+    struct Places {
+        // A folder with the files to install.
+        QString source;
+        // The folders with data of the user and of the system, the user's first, as the shell looks through them.
+        QStringList dataFolders;
+        // The program that the extension shall tell, as a full path.
+        QString executable;
+
+        // Those of this process; `source` is a folder with the files to install.
+        static Places forUser(const QString& source);
+    };
+
+    // The bus outlives this.
+    GnomeExtension(Bus& sessionBus, Places places);
+
+    // Brings this user's copy up to what this program would install: it may be an earlier version's, or know this
+    // program by another path. Does nothing where there is none.
+    Outcome renew();
+
+    State state() const override { return m_state; }
+    void observe(std::function<void()> changed) override { m_observer = std::move(changed); }
+    Outcome install() override;
+    void switchOn() override;
+    Outcome remove() override;
+
+private:
+    void follow();
+    void ask();
+    void takeIn(const QVariantMap& description);
+    void setState(State state);
+    bool isInstalled() const;
+    QString usersFolder() const;
+    // By file name; what install() would write.
+    QMap<QString, QByteArray> files() const;
+
+    Places m_places;
+    State m_state = State::Unknown;
+    std::function<void()> m_observer;
+    BusService m_shell;
+    std::unique_ptr<BusSignal> m_changed;
+    Subscription m_presence;
+};
