@@ -732,6 +732,10 @@
         <translation>Ticklog pausiert</translation>
     </message>
     <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Freie Software unter der MIT-Lizenz.</translation>
+    </message>
+    <message>
         <source>There is no system tray.</source>
         <translation>Es gibt keinen Infobereich.</translation>
     </message>

@@ -732,6 +732,10 @@
         <translation>Ticklog está en pausa</translation>
     </message>
     <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Software libre bajo la licencia MIT.</translation>
+    </message>
+    <message>
         <source>There is no system tray.</source>
         <translation>No hay bandeja del sistema.</translation>
     </message>

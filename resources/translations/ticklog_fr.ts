@@ -732,6 +732,10 @@
         <translation>Ticklog est en pause</translation>
     </message>
     <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Logiciel libre sous licence MIT.</translation>
+    </message>
+    <message>
         <source>There is no system tray.</source>
         <translation>Il n’y a pas de zone de notification.</translation>
     </message>

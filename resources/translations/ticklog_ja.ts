@@ -732,6 +732,10 @@
         <translation>Ticklog は一時停止中です</translation>
     </message>
     <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>MIT ライセンスの自由ソフトウェアです。</translation>
+    </message>
+    <message>
         <source>There is no system tray.</source>
         <translation>システムトレイがありません。</translation>
     </message>

@@ -732,6 +732,10 @@
         <translation>Ticklog jest wstrzymany</translation>
     </message>
     <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Wolne oprogramowanie na licencji MIT.</translation>
+    </message>
+    <message>
         <source>There is no system tray.</source>
         <translation>Brak tacki systemowej.</translation>
     </message>
