@@ -21,7 +21,7 @@ ObstacleBar::ObstacleBar(QWidget* parent)
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    auto* icon = new QLabel;
+    auto* icon = named(new QLabel, QStringLiteral("obstacleIcon"));
     icon->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(QSize(size, size), devicePixelRatioF()));
     m_text->setForegroundRole(QPalette::ToolTipText);
