@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/MutterIdleTime.h"
+
+#include "tests/desktop/Sight.h"
+#include "tests/desktop/harness/GnomeDesk.h"
+#include "tests/desktop/harness/Lateness.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Milliseconds; -1 when nothing is told.
+std::int64_t idleOf(MutterIdleTime& idleTime) {
+    const IdleReading reading = idleTime.read();
+    const auto nanoseconds = reading.idleNanoseconds.asInteger();
+    return reading.state == IdleReading::State::Read && nanoseconds ? *nanoseconds / 1'000'000 : -1;
+}
+
+TEST(MutterIdleTimeTest, afterInput_theTimeCountsFromIt) {
+    GnomeDesk desk;
+    Sight sight(desk.home().dataFolder());
+    Bus bus(Bus::atAddress(desk.bus().address()), sight.runLoop, sight.log);
+    auto opened = MutterIdleTime::open(bus, sight.clock, 300ms);
+    ASSERT_TRUE(opened) << qPrintable(opened.failure().text);
+    const std::unique_ptr<MutterIdleTime> idleTime = std::move(*opened);
+    ASSERT_TRUE(waitFor([&] { return idleOf(*idleTime) >= 1000; }));
+    for (int round = 0; round < 2; ++round) {
+        QElapsedTimer sinceBefore;
+        sinceBefore.start();
+        ASSERT_TRUE(desk.touch());
+        QElapsedTimer sinceAfter;
+        sinceAfter.start();
+        ASSERT_TRUE(waitFor([&] { return idleOf(*idleTime) <= sinceBefore.elapsed(); }));
+        const Lateness lateness;
+        ASSERT_TRUE(waitFor([&] { return idleOf(*idleTime) >= 1000; }));
+        // A shell that draws by software takes its time to notice, and to tell.
+        EXPECT_GE(idleOf(*idleTime), sinceAfter.elapsed() - 1000 - lateness.seconds() * 1000);
+        EXPECT_LE(idleOf(*idleTime), sinceBefore.elapsed() + 200);
+    }
+    desk.kill();
+    EXPECT_TRUE(waitFor([&] { return idleOf(*idleTime) < 0; }));
+}
+
+TEST(MutterIdleTimeTest, aBusWithoutMutter_isRefused) {
+    const TemporaryHome home;
+    const SessionBus daemon(home.environment(), home.runtimeFolder());
+    Sight sight(home.dataFolder());
+    Bus bus(Bus::atAddress(daemon.address()), sight.runLoop, sight.log);
+    EXPECT_FALSE(MutterIdleTime::open(bus, sight.clock));
+}
+
+} // namespace
