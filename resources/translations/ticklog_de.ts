@@ -859,5 +859,41 @@
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
         <translation>Die GNOME Shell teilt nur ihren Erweiterungen mit, welches Fenster vorn ist, und die von Ticklog läuft nicht. Bis dahin kann keine Zeit gezählt werden.</translation>
     </message>
+    <message>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
+        <translation>Die GNOME Shell teilt dies nur ihren Erweiterungen mit. Die von Ticklog teilt Ticklog, und keinem anderen Programm, mit, welche Fenster auf dem Bildschirm sind. Ohne sie kann keine Zeit gezählt werden.</translation>
+    </message>
+    <message>
+        <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
+        <translation>Ticklog braucht eine Erweiterung der GNOME Shell, um zu sehen, welches Fenster vorn ist.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Ask Again</source>
+        <translation>Nicht mehr fragen</translation>
+    </message>
+    <message>
+        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <translation>Die GNOME Shell findet neue Erweiterungen bei der Anmeldung: Melden Sie sich nach der Installation ab und wieder an.</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Installieren</translation>
+    </message>
+    <message>
+        <source>Switch On</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>The extension could not be installed.</source>
+        <translation>Die Erweiterung konnte nicht installiert werden.</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Freie Software unter der MIT-Lizenz.</translation>
+    </message>
 </context>
 </TS>

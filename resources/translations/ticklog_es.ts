@@ -859,5 +859,41 @@
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
         <translation>GNOME Shell solo indica a sus extensiones qué ventana está en primer plano, y la de Ticklog no está activa. Hasta que lo esté, no se puede contar el tiempo.</translation>
     </message>
+    <message>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
+        <translation>GNOME Shell solo se lo indica a sus extensiones. La que incluye Ticklog indica a Ticklog, y a ningún otro programa, qué ventanas hay en la pantalla. Sin ella no se puede contar el tiempo.</translation>
+    </message>
+    <message>
+        <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
+        <translation>Ticklog necesita una extensión de GNOME Shell para ver qué ventana está en primer plano.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Ahora no</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Ask Again</source>
+        <translation>No volver a preguntar</translation>
+    </message>
+    <message>
+        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <translation>GNOME Shell detecta las extensiones nuevas al iniciar sesión: cierre la sesión y vuelva a iniciarla después de la instalación.</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Instalar</translation>
+    </message>
+    <message>
+        <source>Switch On</source>
+        <translation>Activar</translation>
+    </message>
+    <message>
+        <source>The extension could not be installed.</source>
+        <translation>No se pudo instalar la extensión.</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Software libre bajo la licencia MIT.</translation>
+    </message>
 </context>
 </TS>

@@ -859,5 +859,41 @@
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
         <translation>GNOME Shell n’indique qu’à ses extensions quelle fenêtre est au premier plan, et celle de Ticklog n’est pas active. D’ici là, aucun temps ne peut être compté.</translation>
     </message>
+    <message>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
+        <translation>GNOME Shell ne l’indique qu’à ses extensions. Celle fournie avec Ticklog indique à Ticklog, et à aucun autre programme, quelles fenêtres sont à l’écran. Sans elle, aucun temps ne peut être compté.</translation>
+    </message>
+    <message>
+        <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
+        <translation>Ticklog a besoin d’une extension de GNOME Shell pour voir quelle fenêtre est au premier plan.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Pas maintenant</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Ask Again</source>
+        <translation>Ne plus demander</translation>
+    </message>
+    <message>
+        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <translation>GNOME Shell détecte les nouvelles extensions à l’ouverture de session&#xa0;: fermez la session et rouvrez-la après l’installation.</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Installer</translation>
+    </message>
+    <message>
+        <source>Switch On</source>
+        <translation>Activer</translation>
+    </message>
+    <message>
+        <source>The extension could not be installed.</source>
+        <translation>L’extension n’a pas pu être installée.</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Logiciel libre sous licence MIT.</translation>
+    </message>
 </context>
 </TS>

@@ -859,5 +859,41 @@
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
         <translation>GNOME Shell は最前面のウィンドウを拡張機能にのみ知らせますが、Ticklog の拡張機能が動作していません。動作するまで時間を計測できません。</translation>
     </message>
+    <message>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
+        <translation>GNOME Shell はこれを拡張機能にのみ知らせます。Ticklog に付属する拡張機能は、画面上のウィンドウを Ticklog だけに知らせます。これがないと時間を計測できません。</translation>
+    </message>
+    <message>
+        <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
+        <translation>最前面のウィンドウを知るには、GNOME Shell の拡張機能が必要です。</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>後で</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Ask Again</source>
+        <translation>今後表示しない</translation>
+    </message>
+    <message>
+        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <translation>GNOME Shell はログイン時に新しい拡張機能を検出します。インストール後、一度ログアウトしてからログインし直してください。</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>インストール</translation>
+    </message>
+    <message>
+        <source>Switch On</source>
+        <translation>有効にする</translation>
+    </message>
+    <message>
+        <source>The extension could not be installed.</source>
+        <translation>拡張機能をインストールできませんでした。</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>MIT ライセンスの自由ソフトウェアです。</translation>
+    </message>
 </context>
 </TS>

@@ -859,5 +859,41 @@
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
         <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie Ticklog nie działa. Do tego czasu nie da się zliczać czasu.</translation>
     </message>
+    <message>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
+        <translation>Powłoka GNOME podaje to tylko swoim rozszerzeniom. Rozszerzenie dołączone do Ticklog przekazuje jemu, i żadnemu innemu programowi, jakie okna są na ekranie. Bez niego czasu nie da się zliczać.</translation>
+    </message>
+    <message>
+        <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
+        <translation>Ticklog potrzebuje rozszerzenia powłoki GNOME, aby widzieć, które okno jest na wierzchu.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nie teraz</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Ask Again</source>
+        <translation>Nie pytaj ponownie</translation>
+    </message>
+    <message>
+        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <translation>Powłoka GNOME wykrywa nowe rozszerzenia przy logowaniu: po instalacji wyloguj się i zaloguj ponownie.</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Zainstaluj</translation>
+    </message>
+    <message>
+        <source>Switch On</source>
+        <translation>Włącz</translation>
+    </message>
+    <message>
+        <source>The extension could not be installed.</source>
+        <translation>Nie udało się zainstalować rozszerzenia.</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence.</source>
+        <translation>Wolne oprogramowanie na licencji MIT.</translation>
+    </message>
 </context>
 </TS>
