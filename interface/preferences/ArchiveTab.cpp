@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kMargin = 18;
 constexpr int kNarrowestFolder = 220;
+// More of them have room only when they are written short.
+constexpr int kMostLongWeekdays = 3;
 
 } // namespace
 
@@ -30,12 +32,18 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     , m_periodicDaysOfWeek(new WeekdaySelector)
     , m_weekdays(new QLabel) {
     setObjectName(QStringLiteral("Archive"));
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    auto* parts = new QVBoxLayout(this);
+    parts->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    auto* upperPart = new QHBoxLayout;
+    upperPart->setSpacing(0);
+    upperPart->addItem(m_room);
+    auto* rows = new QVBoxLayout;
+    upperPart->addLayout(rows, 1);
+    parts->addLayout(upperPart, 1);
     auto* form = new QFormLayout;
     makeDatabasePart(*form);
     rows->addLayout(form);
-    rows->addItem(m_room);
+    rows->addStretch(1);
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Plain);
@@ -51,12 +59,13 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     explanation->setForegroundRole(QPalette::PlaceholderText);
     rows->addWidget(explanation);
     makeBottomView(settings);
-    rows->addWidget(m_bottomView);
+    parts->addWidget(m_bottomView);
 }
 
 void ArchiveTab::makeRoom(int height) {
-    const int upperPart = layout()->sizeHint().height() - m_bottomView->sizeHint().height();
-    m_room->changeSize(0, std::max(0, height - upperPart), QSizePolicy::Minimum, QSizePolicy::Expanding);
+    // Not by what the part needs: how many lines the explanation takes depends on how wide other texts make the window.
+    m_room->changeSize(0, height - 2 * kMargin - layout()->spacing(), QSizePolicy::Minimum,
+                       QSizePolicy::Expanding);
     layout()->invalidate();
 }
 
@@ -127,10 +136,12 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
 // The selector stores the other way round than it shows: this line says what will happen.
 void ArchiveTab::showWeekdays(UserDefaults& defaults) {
     const auto weekdays = quint32(defaults.integerForKey(kPeriodicDaysOfWeek));
+    const auto length =
+        qPopulationCount(weekdays) > kMostLongWeekdays ? QLocale::ShortFormat : QLocale::LongFormat;
     QStringList names;
     for (int day = 0; day < 7; ++day)
         if (weekdays & (1U << day))
-            names << QLocale().standaloneDayName(day == 0 ? 7 : day);
+            names << QLocale().standaloneDayName(day == 0 ? 7 : day, length);
     m_weekdays->setText(names.isEmpty() ? localized("No day: nothing is archived.")
                                         : localized("Archived on: ") + names.join(QStringLiteral(", ")));
     m_weekdays->setToolTip(m_weekdays->text());

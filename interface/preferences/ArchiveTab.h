@@ -50,7 +50,7 @@ private:
     Actions m_actions;
     QLineEdit* m_pathDirectory;
     QPushButton* m_restore = nullptr;
-    // Between the two parts; gives way.
+    // Beside the upper part, as high as that is to be; gives way.
     QSpacerItem* m_room;
     QWidget* m_bottomView;
     WeekdaySelector* m_periodicDaysOfWeek;

@@ -19,7 +19,7 @@
 namespace {
 
 // What the window has below its pages, and a little more.
-constexpr int kBelowTabs = 48;
+constexpr int kBelowTabs = 36;
 
 } // namespace
 

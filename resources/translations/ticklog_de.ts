@@ -891,9 +891,5 @@
         <source>The extension could not be installed.</source>
         <translation>Die Erweiterung konnte nicht installiert werden.</translation>
     </message>
-    <message>
-        <source>Free software under the MIT licence.</source>
-        <translation>Freie Software unter der MIT-Lizenz.</translation>
-    </message>
 </context>
 </TS>

@@ -891,9 +891,5 @@
         <source>The extension could not be installed.</source>
         <translation>No se pudo instalar la extensión.</translation>
     </message>
-    <message>
-        <source>Free software under the MIT licence.</source>
-        <translation>Software libre bajo la licencia MIT.</translation>
-    </message>
 </context>
 </TS>

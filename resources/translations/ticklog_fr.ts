@@ -891,9 +891,5 @@
         <source>The extension could not be installed.</source>
         <translation>L’extension n’a pas pu être installée.</translation>
     </message>
-    <message>
-        <source>Free software under the MIT licence.</source>
-        <translation>Logiciel libre sous licence MIT.</translation>
-    </message>
 </context>
 </TS>

@@ -891,9 +891,5 @@
         <source>The extension could not be installed.</source>
         <translation>拡張機能をインストールできませんでした。</translation>
     </message>
-    <message>
-        <source>Free software under the MIT licence.</source>
-        <translation>MIT ライセンスの自由ソフトウェアです。</translation>
-    </message>
 </context>
 </TS>

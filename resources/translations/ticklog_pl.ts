@@ -891,9 +891,5 @@
         <source>The extension could not be installed.</source>
         <translation>Nie udało się zainstalować rozszerzenia.</translation>
     </message>
-    <message>
-        <source>Free software under the MIT licence.</source>
-        <translation>Wolne oprogramowanie na licencji MIT.</translation>
-    </message>
 </context>
 </TS>

@@ -23,6 +23,7 @@ struct Spoken {
     Spoken(const QString& language)
         : translations({language}) {
         QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+        QLocale::setDefault(QLocale(language));
     }
 
     const Translations translations;
@@ -119,8 +120,8 @@ int expectRoomForTexts(const QWidget& window) {
         const QSize needed = neededBy(*widget);
         EXPECT_GE(widget->width(), needed.width()) << qPrintable(textOf(*widget));
         EXPECT_GE(widget->height(), needed.height()) << qPrintable(textOf(*widget));
-        const QWidget& parent = *widget->parentWidget();
-        EXPECT_TRUE(parent.rect().contains(widget->geometry())) << qPrintable(textOf(*widget));
+        EXPECT_EQ(widget->visibleRegion(), QRegion(widget->rect()))
+            << "cut off: " << qPrintable(textOf(*widget));
     }
     return texts;
 }
@@ -139,9 +140,13 @@ TEST_P(LanguagesTest, theMainWindow_hasRoomForItsTexts) {
 TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {
     PrefWindow& window = setup.prefWindow();
     setup.showPrefWindow();
-    for (const bool isUnfolded : {true, false})
+    const std::int64_t everyDay = 0b1111111;
+    const std::int64_t longestNames = 0b0011100;
+    for (const auto& [isUnfolded, days] :
+         {std::pair(true, everyDay), std::pair(true, longestNames), std::pair(false, everyDay)})
         for (const char* page : {"General", "Match", "Archive"}) {
             defaults().setObject(kSaveTimerPeriodically, isUnfolded);
+            defaults().setObject(kPeriodicDaysOfWeek, days);
             window.selectTab(QLatin1String(page));
             settle();
             EXPECT_EQ(window.prefTabView().currentWidget()->objectName(), QLatin1String(page));

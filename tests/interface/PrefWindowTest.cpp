@@ -213,6 +213,8 @@ TEST_F(PrefWindowTest, theLeftmostSegment_storesTheLastWeekdayAndShowsOnTheRight
     EXPECT_EQ(segments(), 1);
     defaults().setObject(kPeriodicDaysOfWeek, 3);
     EXPECT_EQ(segments(), 1100000) << "changed elsewhere, it is shown at once";
+    defaults().setObject(kPeriodicDaysOfWeek, 0b0011011);
+    EXPECT_EQ(control<QLabel>("weekdaysOfTheArchive").text(), u"Archived on: Sun, Mon, Wed, Thu"_s);
     defaults().setObject(kPeriodicDaysOfWeek, 0);
     EXPECT_EQ(control<QLabel>("weekdaysOfTheArchive").text(), u"No day: nothing is archived."_s);
 }
