@@ -35,7 +35,6 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     auto* parts = new QVBoxLayout(this);
     parts->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     auto* upperPart = new QHBoxLayout;
-    upperPart->setSpacing(0);
     upperPart->addItem(m_room);
     auto* rows = new QVBoxLayout;
     upperPart->addLayout(rows, 1);
