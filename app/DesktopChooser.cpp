@@ -92,7 +92,8 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
     const auto extension = std::make_shared<GnomeExtension>(
-        m_ground.sessionBus, GnomeExtension::Places::forUser(QStringLiteral(":/gnome-extension")));
+        m_ground.sessionBus, m_ground.runLoop,
+        GnomeExtension::Places::forUser(QStringLiteral(":/gnome-extension")));
     // Before it is asked whether it tells us.
     if (const Outcome renewed = extension->renew(); !renewed)
         m_ground.log.log(renewed.failure().text);

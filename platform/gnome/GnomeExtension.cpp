@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMap>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -48,8 +47,9 @@ GnomeExtension::Places GnomeExtension::Places::forUser(const QString& source) {
             QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()};
 }
 
-GnomeExtension::GnomeExtension(Bus& sessionBus, Places places)
-    : m_places(std::move(places))
+GnomeExtension::GnomeExtension(Bus& sessionBus, RunLoop& runLoop, Places places)
+    : m_runLoop(runLoop)
+    , m_places(std::move(places))
     , m_shell(sessionBus, kGnomeShell)
     , m_changed(m_shell.listen({kGnomeShellPath, kGnomeShellExtensions,
                                 QStringLiteral("ExtensionStateChanged"), kTicklogExtension},
@@ -68,6 +68,8 @@ void GnomeExtension::ask() {
                  {kTicklogExtension}, [this](const QDBusMessage& answer) {
                      if (answer.type() == QDBusMessage::ReplyMessage)
                          takeIn(qdbus_cast<QVariantMap>(answer.arguments().value(0)));
+                     else if (m_shell.isServed())
+                         m_askingAgain = m_runLoop.scheduleOnce(kAskingAgain, [this] { follow(); });
                  });
 }
 

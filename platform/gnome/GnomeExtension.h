@@ -4,6 +4,7 @@
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusService.h"
 
+#include <QMap>
 #include <QStringList>
 
 // Ticklog's extension of GNOME Shell: its files, and what the shell makes of them. Main thread only.
@@ -21,8 +22,11 @@ public:
         static Places forUser(const QString& source);
     };
 
-    // The bus outlives this.
-    GnomeExtension(Bus& sessionBus, Places places);
+    // A shell that starts has its name before it answers; it is asked again this much later.
+    static constexpr std::chrono::seconds kAskingAgain{1};
+
+    // Bus and loop outlive this.
+    GnomeExtension(Bus& sessionBus, RunLoop& runLoop, Places places);
 
     // Brings this user's copy up to what this program would install: it may be an earlier version's, or know this
     // program by another path. Does nothing where there is none.
@@ -44,10 +48,12 @@ private:
     // By file name; what install() would write.
     QMap<QString, QByteArray> files() const;
 
+    RunLoop& m_runLoop;
     Places m_places;
     State m_state = State::Unknown;
     std::function<void()> m_observer;
     BusService m_shell;
+    std::unique_ptr<RunLoopTimer> m_askingAgain;
     std::unique_ptr<BusSignal> m_changed;
     Subscription m_presence;
 };

@@ -14,8 +14,10 @@ using State = ShellExtension::State;
 
 class GnomeExtensionTest : public testing::Test {
 protected:
-    bool becomes(State state) {
-        return waitFor([&] { return extension.state() == state; });
+    testing::AssertionResult becomes(State state) {
+        if (waitFor([&] { return extension.state() == state; }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "it is " << int(extension.state()) << ", not " << int(state);
     }
 
     bool isThere(const char* file) {
@@ -24,6 +26,7 @@ protected:
 
     GnomeScene scene{{.isInstalled = false, .isEnabled = false}};
     GnomeExtension extension{scene.bus,
+                             scene.runLoop,
                              {QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension"),
                               {scene.desk.home().dataFolder()},
                               QCoreApplication::applicationFilePath()}};
