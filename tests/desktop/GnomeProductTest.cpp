@@ -26,7 +26,7 @@ struct Worker {
     }
 
     void work(std::chrono::milliseconds duration) {
-        EXPECT_TRUE(waitFor([&] { return desk.activate(title); }));
+        EXPECT_TRUE(desk.bringToFront(title));
         EXPECT_TRUE(client.awaitFocus(0));
         QElapsedTimer watch;
         watch.start();
@@ -47,7 +47,7 @@ protected:
     void start() {
         product.writeSettings(ProductProgram::runningSettings());
         product.launch(desk.environment());
-        ASSERT_TRUE(waitFor([&] { return desk.activate(kOwnTitle); }));
+        ASSERT_TRUE(desk.bringToFront(kOwnTitle));
     }
 
     GnomeDesk desk{GnomeDesk::Extension{.executable = QStringLiteral(TICKLOG_BINARY_DIR "/ticklog")}};

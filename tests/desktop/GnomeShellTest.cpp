@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Ticklog and its extension of GNOME Shell: who is told, and what happens when either comes, goes or is another version.
 #include "platform/gnome/GnomeShell.h"
-#include "platform/linux/MutterIdleTime.h"
 #include "tests/desktop/GnomeScene.h"
-
-#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-using namespace std::chrono_literals;
 
 // Another connection to the bus of a scene, that would like to know.
 class Stranger {
@@ -114,28 +109,6 @@ TEST(GnomeShell, aNewerExtensionThatIsNotUnderstood_isNotBelieved) {
     const Editor editor(scene);
     EXPECT_TRUE(waitFor([&] { return scene.log.mentions(QStringLiteral("does not understand")); }));
     EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
-}
-
-TEST(GnomeShell, itsIdleMonitor_countsFromTheLastInput) {
-    GnomeScene scene;
-    // A busy machine may take longer for the first answer than a launch waits.
-    std::unique_ptr<MutterIdleTime> idleTime;
-    ASSERT_TRUE(waitFor([&] {
-        auto opened = MutterIdleTime::open(scene.bus, scene.clock, 300ms);
-        if (opened)
-            idleTime = std::move(*opened);
-        return idleTime != nullptr;
-    }));
-    const auto idle = [&]() -> std::int64_t {
-        return idleTime->read().idleNanoseconds.asInteger().value_or(0) / 1'000'000;
-    };
-    ASSERT_TRUE(waitFor([&] { return idle() >= 500; }));
-    QElapsedTimer sinceInput;
-    sinceInput.start();
-    ASSERT_TRUE(scene.desk.touch());
-    ASSERT_TRUE(waitFor([&] { return idle() <= sinceInput.elapsed(); }));
-    ASSERT_TRUE(waitFor([&] { return idle() >= 500; }));
-    EXPECT_LE(idle(), sinceInput.elapsed() + 100);
 }
 
 TEST(GnomeShell, aShellThatIsKilled_tellsNothingUntilItIsBack) {

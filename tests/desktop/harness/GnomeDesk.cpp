@@ -132,7 +132,8 @@ bool GnomeDesk::drive(const QString& method, const QString& argument) {
 }
 
 bool GnomeDesk::activate(const QString& title) {
-    return drive(QStringLiteral("Activate"), title);
+    // The extension tells of a window a little before it is shown.
+    return waitFor([&] { return drive(QStringLiteral("Activate"), title); });
 }
 
 bool GnomeDesk::putAway(const QString& title) {
@@ -141,6 +142,10 @@ bool GnomeDesk::putAway(const QString& title) {
 
 bool GnomeDesk::touch() {
     return drive(QStringLiteral("Touch"), QStringLiteral("pointer"));
+}
+
+bool GnomeDesk::bringToFront(const QString& title) {
+    return activate(title) && waitFor([&] { return drive(QStringLiteral("IsInFront"), title); });
 }
 
 bool GnomeDesk::enableExtension() {

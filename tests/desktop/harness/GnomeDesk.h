@@ -23,9 +23,12 @@ public:
     ~GnomeDesk() override;
 
     QProcessEnvironment environment() const override;
+    // As soon as the window is shown.
     bool activate(const QString& title) override;
     bool putAway(const QString& title) override;
     bool touch() override;
+    // Brings the window with this title to the front, and waits until the shell says so.
+    bool bringToFront(const QString& title);
 
     // Switches the extension as the user does. Answers whether the shell knows it.
     bool enableExtension();

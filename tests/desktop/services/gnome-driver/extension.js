@@ -8,11 +8,14 @@ const Main = imports.ui.main;
 const kInterface = `<node><interface name="org.ticklog.TestDriver">
   <method name="Activate"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="Minimise"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+  <method name="IsInFront"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="Touch"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
 </interface></node>`;
 
 function withWindow(title, act) {
-    const actor = global.get_window_actors().find(each => each.get_meta_window().get_title() === title);
+    // Before a window is shown it can be activated, but takes the focus once more when it is.
+    const actor = global.get_window_actors().find(each =>
+        each.visible && each.get_meta_window().get_title() === title);
     if (actor)
         act(actor.get_meta_window());
     return Boolean(actor);
@@ -22,6 +25,7 @@ let pointer = null;
 const driver = {
     Activate: title => withWindow(title, window => Main.activateWindow(window)),
     Minimise: title => withWindow(title, window => window.minimize()),
+    IsInFront: title => global.display.get_focus_window()?.get_title() === title,
     Touch: () => {
         pointer ??= Clutter.get_default_backend().get_default_seat()
             .create_virtual_device(Clutter.InputDeviceType.POINTER_DEVICE);
