@@ -14,6 +14,10 @@ namespace {
 // A program that says nothing of itself gets its time all the same.
 const QString kNamelessName = QStringLiteral("Unknown program");
 
+ApplicationRecord nothingInFront() {
+    return {kDesktopName, {}, 0};
+}
+
 QString fileNameOf(const QString& path) {
     return path.mid(path.lastIndexOf(u'/') + 1);
 }
@@ -41,12 +45,12 @@ QString GnomeShellDesktop::bundleName(const QString& path) const {
 }
 
 QString GnomeShellDesktop::describe() const {
-    return m_front ? QStringLiteral("GNOME Shell: Ticklog's extension tells of the windows")
-                   : QStringLiteral("GNOME Shell: nobody tells of the windows");
+    return m_isTold ? QStringLiteral("GNOME Shell: Ticklog's extension tells of the windows")
+                    : QStringLiteral("GNOME Shell: nobody tells of the windows");
 }
 
 QString GnomeShellDesktop::obstacle() const {
-    if (m_front)
+    if (m_isTold)
         return {};
     return localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
                      "belongs to Ticklog is not running. Until it is, there is no time to credit.");
@@ -106,12 +110,15 @@ bool GnomeShellDesktop::isUnderstood(const QDBusMessage& message) {
 
 void GnomeShellDesktop::end() {
     m_entries.clear();
-    setFront(std::nullopt);
+    m_isTold = false;
+    // The account goes on crediting whoever was told last, and that must not be a window that nobody sees any more.
+    if (m_front)
+        setFront(nothingInFront());
 }
 
 void GnomeShellDesktop::adopt(const GnomeSight& sight) {
     // Nothing has the focus: the desktop itself is in front, or the last application would be credited for it.
-    ApplicationRecord front{kDesktopName, {}, 0};
+    ApplicationRecord front = nothingInFront();
     std::vector<WindowListEntry> entries;
     for (const GnomeSight::Window& window : sight.windows) {
         const ApplicationRecord application = applicationOf(window);
@@ -125,6 +132,7 @@ void GnomeShellDesktop::adopt(const GnomeSight& sight) {
         entries.insert(isFocused ? entries.begin() : entries.end(), std::move(entry));
     }
     m_entries = std::move(entries);
+    m_isTold = true;
     setFront(front);
 }
 

@@ -43,7 +43,9 @@ private:
     // By application, where the shell does not know the process.
     QHash<QString, std::int64_t> m_madeUpProcesses;
     QString m_lastLogged;
+    // Absent until the extension has told for the first time.
     std::optional<ApplicationRecord> m_front;
+    bool m_isTold = false;
     std::vector<WindowListEntry> m_entries;
 
     BusService m_shell;

@@ -85,7 +85,7 @@ TEST(GnomeShell, anExtensionSwitchedOnAndOff_tellsOnlyWhileItIsOn) {
         EXPECT_SEEN(scene, "Editor: Page");
         EXPECT_EQ(scene.desktop->obstacle(), QString());
         ASSERT_TRUE(scene.desk.disableExtension());
-        EXPECT_SEEN(scene, "none: none");
+        EXPECT_SEEN(scene, "Desktop: none");
         EXPECT_EQ(scene.titles(), QStringList());
     }
 }
@@ -117,7 +117,7 @@ TEST(GnomeShell, aShellThatIsKilled_tellsNothingUntilItIsBack) {
         const Editor editor(scene);
         EXPECT_SEEN(scene, "Editor: Page");
         scene.desk.kill();
-        EXPECT_SEEN(scene, "none: none");
+        EXPECT_SEEN(scene, "Desktop: none");
         EXPECT_EQ(scene.titles(), QStringList());
     }
     scene.desk.restart();
