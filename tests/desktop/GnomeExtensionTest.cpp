@@ -50,10 +50,11 @@ TEST_F(GnomeExtensionTest, installed_runsAfterTheNextLoginUntilItIsRemoved) {
     extension.switchOn();
     ASSERT_TRUE(becomes(State::On));
     EXPECT_SEEN(scene, "Desktop: none");
+    EXPECT_EQ(scene.desktop->obstacle(), QString());
 
     ASSERT_TRUE(extension.remove());
     ASSERT_TRUE(becomes(State::Off));
-    EXPECT_SEEN(scene, "none: none");
+    EXPECT_TRUE(waitFor([&] { return !scene.desktop->obstacle().isEmpty(); }));
     EXPECT_FALSE(isThere("metadata.json"));
 }
 
