@@ -5,7 +5,8 @@ namespace {
 
 const QString kService = QStringLiteral("org.gnome.Mutter.IdleMonitor");
 const QString kPath = QStringLiteral("/org/gnome/Mutter/IdleMonitor/Core");
-constexpr int kLongestSilenceMs = 500;
+// A shell that logs somebody in is busy, and there is no second try.
+constexpr int kLongestSilenceMs = 2000;
 
 } // namespace
 
