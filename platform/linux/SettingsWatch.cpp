@@ -6,7 +6,8 @@
 SettingsWatch::SettingsWatch(UserDefaults& defaults, RunLoop& runLoop)
     : m_defaults(defaults)
     , m_runLoop(runLoop) {
-    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_watcher, [this] { somethingChanged(); });
+    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_watcher,
+                     [this] { somethingChanged(); });
     QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_watcher,
                      [this] { somethingChanged(); });
     follow();

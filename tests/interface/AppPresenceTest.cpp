@@ -40,7 +40,8 @@ struct AppPresenceTest : testing::Test, Desk {
 
     // "Hide Dock Icon (Display-Dock-Hide)", with "off: " before what cannot be chosen.
     static std::string text(const QAction& item) {
-        return (item.isEnabled() ? "" : "off: ") + str(item.text()) + " (" + str(item.data().toString()) + ')';
+        return (item.isEnabled() ? "" : "off: ") + str(item.text()) + " (" + str(item.data().toString()) +
+               ')';
     }
 
     std::int64_t storedType() { return fakes.defaults.integerForKey(kTKPrefAppType); }
@@ -95,7 +96,9 @@ TEST_F(AppPresenceTest, everyWindowThatComesToTheScreen_isKeptOutOfTheTaskBar) {
     launched.fakes.defaults.setObject(kTKPrefAppType, 0);
     launched.controller.appDelegate().presence().setShowDockIcon(false, true);
     launched.show();
-    const auto count = [&](const QWidget& window) { return launched.fakes.taskBar.told.count(window.winId()); };
+    const auto count = [&](const QWidget& window) {
+        return launched.fakes.taskBar.told.count(window.winId());
+    };
     EXPECT_GE(count(launched.controller.window()), 1);
     const auto before = count(launched.controller.window());
     launched.controller.window().hide();

@@ -120,7 +120,8 @@ std::vector<Floor> floors() {
         const QString folder = QStringLiteral("helpers/%1/").arg(QLatin1String(helper));
         result.push_back(
             {u'^' + folder, folder + QStringLiteral(".+|platform/linux/.+|") + bus + u'|' + ports,
-             QStringLiteral("a helper is small enough to be read whole: it knows neither the account nor a screen")});
+             QStringLiteral(
+                 "a helper is small enough to be read whole: it knows neither the account nor a screen")});
     }
     return result;
 }
