@@ -2,10 +2,10 @@
 #include "platform/foundation/DesktopEntries.h"
 
 #include "platform/foundation/CleanText.h"
+#include "platform/foundation/DesktopEntryFile.h"
 
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::chrono::seconds kTimeBetweenLooks{30};
 constexpr int kDeepestFolder = 4;
-constexpr qint64 kLargestEntry = 256 * 1024;
 
 // Whatever runs in these is not told apart by them.
 bool runsOtherPrograms(const QString& executable) {
@@ -28,83 +27,18 @@ bool runsOtherPrograms(const QString& executable) {
 }
 
 QString fileName(const QString& path) {
-    return path.mid(path.lastIndexOf(u'/') + 1);
-}
-
-// Undoes the escapes that every value of an entry may have.
-QString unescaped(const QString& value) {
-    QString text;
-    for (qsizetype i = 0; i < value.size(); ++i) {
-        if (value.at(i) != u'\\' || i + 1 == value.size()) {
-            text += value.at(i);
-            continue;
-        }
-        switch (value.at(++i).unicode()) {
-        case u's':
-        case u'n':
-        case u't':
-        case u'r':
-            text += u' ';
-            break;
-        default:
-            text += value.at(i);
-        }
-    }
-    return text;
-}
-
-// The words of a command line, as far as they matter to find the program.
-QStringList commandWords(const QString& command) {
-    QStringList words;
-    QString word;
-    bool isQuoted = false;
-    for (qsizetype i = 0; i < command.size(); ++i) {
-        const QChar character = command.at(i);
-        if (character == u'"') {
-            isQuoted = !isQuoted;
-        } else if (character == u'\\' && isQuoted && i + 1 < command.size()) {
-            word += command.at(++i);
-        } else if (character == u' ' && !isQuoted) {
-            if (!word.isEmpty())
-                words << std::exchange(word, {});
-        } else {
-            word += character;
-        }
-    }
-    if (!word.isEmpty())
-        words << word;
-    return words;
+    return QFileInfo(path).fileName();
 }
 
 // The program of a command line; what comes before it to set its environment is skipped.
 QString programOf(const QString& command) {
-    QStringList words = commandWords(command);
+    QStringList words = DesktopEntryFile::commandWords(command);
     if (!words.isEmpty() && fileName(words.first()) == u"env") {
         words.removeFirst();
         while (!words.isEmpty() && (words.first().contains(u'=') || words.first().startsWith(u'-')))
             words.removeFirst();
     }
     return words.isEmpty() ? QString() : fileName(words.first());
-}
-
-// The main group of an entry, key by key.
-QHash<QString, QString> mainGroup(const QByteArray& content) {
-    QHash<QString, QString> values;
-    bool isMain = false;
-    for (const QByteArray& raw : content.split('\n')) {
-        const QByteArray line = raw.trimmed();
-        if (line.startsWith('[')) {
-            isMain = line == "[Desktop Entry]";
-            continue;
-        }
-        const qsizetype equals = line.indexOf('=');
-        if (!isMain || equals <= 0 || line.startsWith('#'))
-            continue;
-        const QString key = QString::fromUtf8(line.first(equals).trimmed());
-        if (!values.contains(key))
-            values.insert(key, unescaped(QString::fromUtf8(line.mid(equals + 1).trimmed())));
-    }
-    return values;
 }
 
 qint64 modificationTime(const QString& folder) {
@@ -227,7 +161,7 @@ void DesktopEntries::scanFolder(const QString& folder, const QString& idPrefix, 
     for (const QFileInfo& file : found) {
         if (file.isDir() && depth < kDeepestFolder)
             scanFolder(file.filePath(), idPrefix + file.fileName() + u'-', depth + 1);
-        else if (file.fileName().endsWith(u".desktop") && file.isFile() && file.size() <= kLargestEntry)
+        else if (file.fileName().endsWith(u".desktop") && file.isFile())
             addEntry(file.filePath(), idPrefix + file.completeBaseName());
     }
 }
@@ -253,10 +187,10 @@ void DesktopEntries::addEntry(const QString& path, const QString& id) {
 }
 
 std::optional<DesktopEntries::Entry> DesktopEntries::readEntry(const QString& path) const {
-    QFile file(path);
-    if (!file.open(QFile::ReadOnly))
+    const auto read = DesktopEntryFile::read(path);
+    if (!read)
         return std::nullopt;
-    const QHash<QString, QString> values = mainGroup(file.read(kLargestEntry));
+    const DesktopEntryFile::Group& values = *read;
     if (values.value(QStringLiteral("Type"), QStringLiteral("Application")) != u"Application")
         return std::nullopt;
     Entry entry;

@@ -17,8 +17,6 @@ namespace {
 
 const QString kSuffix = QStringLiteral(".desktop");
 const QString kAutostart = QStringLiteral("/autostart");
-// Many times what an entry in all languages takes.
-constexpr qint64 kLongestEntry = 1 << 18;
 
 const QString kHidden = QStringLiteral("Hidden");
 const QString kExec = QStringLiteral("Exec");
@@ -35,48 +33,9 @@ QString escaped(QString value) {
         .replace(u'\r', QLatin1String("\\r"));
 }
 
-QString unescaped(const QString& value) {
-    QString plain;
-    for (qsizetype i = 0; i < value.size(); ++i) {
-        if (value[i] != u'\\' || i + 1 == value.size()) {
-            plain += value[i];
-            continue;
-        }
-        switch (value[++i].unicode()) {
-        case u's':
-            plain += u' ';
-            break;
-        case u'n':
-            plain += u'\n';
-            break;
-        case u't':
-            plain += u'\t';
-            break;
-        case u'r':
-            plain += u'\r';
-            break;
-        default:
-            plain += value[i];
-        }
-    }
-    return plain;
-}
-
 // The program that an Exec value begins with.
 QString programOf(const QString& exec) {
-    QString program;
-    bool isQuoted = false;
-    for (qsizetype i = 0; i < exec.size(); ++i) {
-        if (exec[i] == u'"')
-            isQuoted = !isQuoted;
-        else if (exec[i] == u' ' && !isQuoted)
-            break;
-        else if (exec[i] == u'\\' && isQuoted && i + 1 < exec.size())
-            program += exec[++i];
-        else
-            program += exec[i];
-    }
-    return program.replace(QLatin1String("%%"), QLatin1String("%"));
+    return DesktopEntryFile::commandWords(exec).value(0).replace(QLatin1String("%%"), QLatin1String("%"));
 }
 
 bool canBeRun(const QString& program) {
@@ -115,7 +74,7 @@ std::vector<LoginJob> AutostartEntries::copyAllJobDictionaries() const {
             if (seen.contains(name))
                 continue;
             seen << name;
-            const auto entry = read(folder + u'/' + name);
+            const auto entry = DesktopEntryFile::read(folder + u'/' + name);
             // A hidden entry is there only to hide the system's.
             if (entry && entry->value(kHidden) != QLatin1String("true"))
                 jobs.push_back({name.chopped(kSuffix.size()), isStarted(*entry)});
@@ -123,23 +82,7 @@ std::vector<LoginJob> AutostartEntries::copyAllJobDictionaries() const {
     return jobs;
 }
 
-std::optional<AutostartEntries::Entry> AutostartEntries::read(const QString& path) {
-    QFile file(path);
-    if (!file.open(QFile::ReadOnly) || file.size() > kLongestEntry)
-        return std::nullopt;
-    Entry entry;
-    bool isOurs = false;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (line.startsWith(u'['))
-            isOurs = line.trimmed() == QLatin1String("[Desktop Entry]");
-        const qsizetype equals = line.indexOf(u'=');
-        if (isOurs && equals > 0 && !line.startsWith(u'#'))
-            entry.insert(line.left(equals).trimmed(), unescaped(line.mid(equals + 1).trimmed()));
-    }
-    return entry;
-}
-
-bool AutostartEntries::isStarted(const Entry& entry) const {
+bool AutostartEntries::isStarted(const DesktopEntryFile::Group& entry) const {
     const auto isForThisDesktop = [&](const QString& key) {
         const QStringList named = entry.value(key).split(u';', Qt::SkipEmptyParts);
         return std::ranges::any_of(m_places.desktops,

@@ -2,11 +2,9 @@
 #pragma once
 
 #include "platform/LoginItems.h"
+#include "platform/foundation/DesktopEntryFile.h"
 
-#include <QHash>
 #include <QStringList>
-
-#include <optional>
 
 // The entries in the autostart folders of the desktop: a file of the user's own takes the place of the system's file of the
 // same name, also to say that nothing is started.
@@ -35,10 +33,7 @@ public:
     static QString execValue(const QString& path);
 
 private:
-    using Entry = QHash<QString, QString>;
-
-    static std::optional<Entry> read(const QString& path);
-    bool isStarted(const Entry& entry) const;
+    bool isStarted(const DesktopEntryFile::Group& entry) const;
     QByteArray entryFor(const QString& identifier) const;
     QString userFile(const QString& identifier) const;
     Outcome write(const QString& path, const QByteArray& content) const;
