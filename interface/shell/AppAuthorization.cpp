@@ -45,6 +45,11 @@ void AppAuthorization::checkAccessibilityTrust() {
         m_actions.openUniversalAccessPreferences();
 }
 
+void AppAuthorization::makeAppTrustedAndRelaunch() {
+    if (!std::exchange(m_isUnderWay, true))
+        installBlessing(false);
+}
+
 void AppAuthorization::installBlessing(bool secondAttempt) {
     m_platform.defaults.setObject(kStartTicklogOnNextLaunch, true);
     ServiceManagement& services = m_platform.serviceManagement;
@@ -81,13 +86,16 @@ bool AppAuthorization::retrust(bool secondAttempt) {
             else
                 installBlessing(true);
         });
-    if (!m_helper)
+    if (!m_helper) {
+        m_isUnderWay = false;
         return false;
+    }
     m_helper->authorize(m_platform.ownProgram.executable(), [this] { trustedReply(); });
     return true;
 }
 
 void AppAuthorization::relaunchApp() {
+    m_isUnderWay = false;
     // The new instance reads them before this one could write them later.
     m_platform.defaults.synchronize();
     if (const Outcome relaunched = m_platform.ownProgram.relaunch(); !relaunched)
@@ -102,6 +110,7 @@ void AppAuthorization::authFailError(const std::optional<Failure>& error) {
                         "Privacy > Accessibility system preferences.")
             : localized("Please choose the 'Enable access for assistive devices.' checkbox in the Universal "
                         "Access system preferences.");
+    m_isUnderWay = false;
     m_platform.defaults.setObject(kStartTicklogOnNextLaunch, false);
     m_actions.activate();
     const int answer = m_alerts.ask({.message = error ? error->text : localized("An error was encountered."),

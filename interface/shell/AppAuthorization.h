@@ -27,7 +27,8 @@ public:
     // The timer was to start and was refused: has the desktop ask for trust, or asks the user.
     void checkAccessibilityTrust();
 
-    void makeAppTrustedAndRelaunch() { installBlessing(false); }
+    // Nothing while an attempt is under way: a person may be looking for a password.
+    void makeAppTrustedAndRelaunch();
 
     // Installs the helper and asks it. The relaunched program will start its timer.
     void installBlessing(bool secondAttempt);
@@ -51,6 +52,7 @@ private:
     Alerts& m_alerts;
     Actions m_actions;
     std::unique_ptr<TKAuthXPC> m_helper;
+    bool m_isUnderWay = false;
     // Goes before the rest: no answer comes after it.
     QObject m_receiver;
 };

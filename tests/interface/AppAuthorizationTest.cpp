@@ -126,6 +126,20 @@ TEST_F(AppAuthorizationTest, cancelStart_doesNothing) {
     EXPECT_FALSE(startsNextTime());
 }
 
+TEST_F(AppAuthorizationTest, authorizingTwice_isOneAttemptUntilThatHasFailed) {
+    machine().holdsBlessing = true;
+    authorize();
+    const QStringList calls = machine().calls;
+    authorize();
+    EXPECT_EQ(machine().calls, calls) << "a person is looking for the password";
+    machine().failures = {{Failure::Kind::Refused, u"No."_s}};
+    machine().heldBlessing(true);
+    settle();
+    EXPECT_EQ(alerts.last.message, u"No."_s);
+    authorize();
+    EXPECT_GT(machine().calls.count(u"authorize myself"_s), calls.count(u"authorize myself"_s));
+}
+
 TEST_F(AppAuthorizationTest, theThirdAnswer_opensThePreferences) {
     startUntrusted(Alerts::Other);
     EXPECT_EQ(fakes.accessibility.preferencesOpened, 1);
