@@ -12,6 +12,8 @@ inline const QString kScreenSaverName = QStringLiteral("ScreenSaverEngine");
 inline const QString kLoginWindowName = QStringLiteral("loginwindow");
 inline const QString kDesktopName = QStringLiteral("Desktop");
 inline const QString kOwnName = QStringLiteral("Ticklog");
+// For a program that says nothing of itself: it gets its time all the same.
+inline const QString kNamelessName = QStringLiteral("Unknown program");
 
 // The active-application record.
 struct ApplicationRecord {
@@ -24,6 +26,12 @@ struct ApplicationRecord {
 
     friend bool operator==(const ApplicationRecord&, const ApplicationRecord&) = default;
 };
+
+// What is in front when no window has the focus: the desktop itself, or the last application would be credited for it.
+inline const ApplicationRecord& nothingInFront() {
+    static const ApplicationRecord kDesktop{kDesktopName, {}, 0};
+    return kDesktop;
+}
 
 // Which application is in front. Answers from memory, kept current by the desktop's events. Main thread only.
 class FrontApplication {

@@ -6,23 +6,9 @@
 #include "platform/gnome/GnomeShell.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
-
-namespace {
-
-// A program that says nothing of itself gets its time all the same.
-const QString kNamelessName = QStringLiteral("Unknown program");
-
-ApplicationRecord nothingInFront() {
-    return {kDesktopName, {}, 0};
-}
-
-QString fileNameOf(const QString& path) {
-    return path.mid(path.lastIndexOf(u'/') + 1);
-}
-
-} // namespace
 
 GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, SystemLog& log, DesktopEntries& entries)
     : m_log(log)
@@ -41,7 +27,7 @@ bool GnomeShellDesktop::installSwitchHandler(std::function<void()> handler) {
 }
 
 QString GnomeShellDesktop::bundleName(const QString& path) const {
-    return m_desktopEntries.nameForExecutable(path).value_or(fileNameOf(path));
+    return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
 }
 
 QString GnomeShellDesktop::describe() const {
@@ -110,6 +96,8 @@ bool GnomeShellDesktop::isUnderstood(const QDBusMessage& message) {
 
 void GnomeShellDesktop::end() {
     m_entries.clear();
+    // A shell that is started anew counts its windows anew.
+    m_programs.clear();
     m_isTold = false;
     // The account goes on crediting whoever was told last, and that must not be a window that nobody sees any more.
     if (m_front)
@@ -117,11 +105,12 @@ void GnomeShellDesktop::end() {
 }
 
 void GnomeShellDesktop::adopt(const GnomeSight& sight) {
-    // Nothing has the focus: the desktop itself is in front, or the last application would be credited for it.
     ApplicationRecord front = nothingInFront();
+    std::unordered_map<std::uint32_t, Program> programs;
     std::vector<WindowListEntry> entries;
     for (const GnomeSight::Window& window : sight.windows) {
-        const ApplicationRecord application = applicationOf(window);
+        const ApplicationRecord& application =
+            programs.emplace(window.number, programOf(window)).first->second.application;
         WindowListEntry entry{window.number, application.processIdentifier, window.layer,
                               window.title.isEmpty() ? std::nullopt : std::optional(window.title),
                               application.name};
@@ -132,8 +121,18 @@ void GnomeShellDesktop::adopt(const GnomeSight& sight) {
         entries.insert(isFocused ? entries.begin() : entries.end(), std::move(entry));
     }
     m_entries = std::move(entries);
+    m_programs = std::move(programs);
     m_isTold = true;
     setFront(front);
+}
+
+GnomeShellDesktop::Program GnomeShellDesktop::programOf(const GnomeSight::Window& window) {
+    const auto known = m_programs.find(window.number);
+    if (known != m_programs.end() && known->second.process == window.process &&
+        known->second.applicationId == window.applicationId &&
+        known->second.windowClass == window.windowClass)
+        return known->second;
+    return {window.process, window.applicationId, window.windowClass, applicationOf(window)};
 }
 
 ApplicationRecord GnomeShellDesktop::applicationOf(const GnomeSight::Window& window) {
@@ -148,7 +147,8 @@ ApplicationRecord GnomeShellDesktop::applicationOf(const GnomeSight::Window& win
         application.name = *name;
     else
         application.name = window.windowClass;
-    for (const QString& name : {window.applicationId, fileNameOf(application.path), kNamelessName}) {
+    for (const QString& name :
+         {window.applicationId, QFileInfo(application.path).fileName(), kNamelessName}) {
         if (application.name.isEmpty())
             application.name = name;
     }

@@ -25,6 +25,14 @@ public:
     QString obstacle() const override;
 
 private:
+    // Whose a window is, and what that was found out from.
+    struct Program {
+        std::int32_t process;
+        QString applicationId;
+        QString windowClass;
+        ApplicationRecord application;
+    };
+
     void follow();
     void takeInAnswer(const QDBusMessage& answer);
     void takeIn(const QDBusMessage& message);
@@ -32,6 +40,8 @@ private:
     bool isUnderstood(const QDBusMessage& message);
     void end();
     void adopt(const GnomeSight& sight);
+    // A message comes with every title: the disk is asked about a window once.
+    Program programOf(const GnomeSight::Window& window);
     ApplicationRecord applicationOf(const GnomeSight::Window& window);
     std::int64_t processOf(const GnomeSight::Window& window);
     void setFront(const std::optional<ApplicationRecord>& front);
@@ -47,6 +57,8 @@ private:
     std::optional<ApplicationRecord> m_front;
     bool m_isTold = false;
     std::vector<WindowListEntry> m_entries;
+    // By the window's number.
+    std::unordered_map<std::uint32_t, Program> m_programs;
 
     BusService m_shell;
     std::unique_ptr<BusSignal> m_changed;

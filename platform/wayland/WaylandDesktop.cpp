@@ -5,14 +5,13 @@
 #include "platform/foundation/ProcessExecutable.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kDesktopLayer = -1000;
-// A program that says nothing of itself gets its time all the same.
-const QString kNamelessName = QStringLiteral("Unknown program");
 // Between two windows compositors say for a moment that none is active.
 constexpr std::chrono::milliseconds kEmptyMoment{100};
 
@@ -20,11 +19,6 @@ constexpr std::chrono::milliseconds kEmptyMoment{100};
 const QStringList& ownAppIds() {
     static const QStringList kIds{QStringLiteral("org.ticklog.Ticklog"), QStringLiteral("ticklog")};
     return kIds;
-}
-
-const ApplicationRecord& nothingInFront() {
-    static const ApplicationRecord kDesktop{kDesktopName, {}, 0};
-    return kDesktop;
 }
 
 } // namespace
@@ -46,7 +40,7 @@ bool WaylandDesktop::installSwitchHandler(std::function<void()> handler) {
 }
 
 QString WaylandDesktop::bundleName(const QString& path) const {
-    return m_desktopEntries.nameForExecutable(path).value_or(path.mid(path.lastIndexOf(u'/') + 1));
+    return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
 }
 
 QString WaylandDesktop::obstacle() const {
@@ -175,7 +169,7 @@ ApplicationRecord WaylandDesktop::applicationOf(const Window& window) {
     else if (!window.appId.isEmpty())
         application.name = window.appId;
     else if (!application.path.isEmpty())
-        application.name = application.path.mid(application.path.lastIndexOf(u'/') + 1);
+        application.name = QFileInfo(application.path).fileName();
     else
         application.name = kNamelessName;
     return application;

@@ -3,6 +3,8 @@
 
 #include "platform/foundation/ProcessExecutable.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <unistd.h>
 
@@ -25,11 +27,6 @@ int layerOf(X11Window::Kind kind) {
         break;
     }
     return 10;
-}
-
-const ApplicationRecord& nothingInFront() {
-    static const ApplicationRecord kDesktop{kDesktopName, {}, 0};
-    return kDesktop;
 }
 
 std::vector<xcb_window_t> windowsOf(const void* reply) {
@@ -74,7 +71,7 @@ bool X11Desktop::installSwitchHandler(std::function<void()> handler) {
 }
 
 QString X11Desktop::bundleName(const QString& path) const {
-    return m_desktopEntries.nameForExecutable(path).value_or(path.mid(path.lastIndexOf(u'/') + 1));
+    return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
 }
 
 QString X11Desktop::describe() const {
@@ -273,7 +270,7 @@ ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
     else if (!window.classes().isEmpty())
         application.name = window.classes().last();
     else
-        application.name = application.path.mid(application.path.lastIndexOf(u'/') + 1);
+        application.name = QFileInfo(application.path).fileName();
     return application;
 }
 
