@@ -106,12 +106,3 @@ ShellExtension* LinuxPlatform::shellExtension() {
 void LinuxPlatform::setDisplayLostHandler(std::function<void()> handler) {
     m_backEnds->desktop.setLostHandler(std::move(handler));
 }
-
-QString LinuxPlatform::describe() const {
-    const Platform& platform = *m_backEnds->platform;
-    return QStringList{
-        platform.frontApplication.describe(), platform.idleTime.describe(),      platform.power.describe(),
-        platform.session.describe(),          platform.accessibility.describe(), platform.taskBar.describe(),
-        platform.systemTray.describe()}
-        .join(u'\n');
-}

@@ -22,8 +22,6 @@ public:
     ShellExtension* shellExtension();
     // Calls `handler` when the display is gone for good, as far as this process is concerned.
     void setDisplayLostHandler(std::function<void()> handler);
-    // Which back ends were chosen and why, a line each.
-    QString describe() const;
 
 private:
     struct BackEnds;
