@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The engine on a real X desktop against a stopwatch: how far the account may be from what happened.
+#include "tests/desktop/Account.h"
 #include "tests/desktop/harness/LiveEngine.h"
 #include "tests/desktop/harness/XClient.h"
 
@@ -11,20 +12,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-
-Seconds timeOf(TimeTracker& tracker, const QString& application) {
-    for (const auto& app : tracker.fullTimeSet())
-        if (app->name() == application)
-            return app->activeTime();
-    return 0;
-}
-
-Seconds sumOf(TimeTracker& tracker) {
-    Seconds sum = 0;
-    for (const auto& app : tracker.fullTimeSet())
-        sum += app->activeTime();
-    return sum;
-}
 
 TEST(AccountTruth, twoHundredQuickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong) {
     constexpr int kSwitches = 200;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The engine on real Wayland desktops against a stopwatch: how far the account may be from what happened.
 #include "platform/wayland/WaylandIdleTime.h"
+#include "tests/desktop/Account.h"
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/LiveEngine.h"
@@ -11,20 +12,6 @@
 #include <random>
 
 namespace {
-
-Seconds timeOf(TimeTracker& tracker, const QString& application) {
-    for (const auto& app : tracker.fullTimeSet())
-        if (app->name() == application)
-            return app->activeTime();
-    return 0;
-}
-
-Seconds sumOf(TimeTracker& tracker) {
-    Seconds sum = 0;
-    for (const auto& app : tracker.fullTimeSet())
-        sum += app->activeTime();
-    return sum;
-}
 
 template<class Source, class... Rest>
 std::unique_ptr<Source> openOn(const WaylandDesk& desk, LiveGround& ground, Rest&... rest) {

@@ -11,7 +11,9 @@ class ServiceScript {
 public:
     ServiceScript(const TemporaryHome& home, const QString& name, const QStringList& arguments)
         : m_program(QStringLiteral("/usr/bin/python3"),
-                    QStringList{QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/services/") + name} +
+                    // Leaving no compiled scripts in the source tree.
+                    QStringList{QStringLiteral("-B"),
+                                QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/services/") + name} +
                         arguments,
                     home.environment(), Program::Output::Read)
         , m_greeting(line()) {}

@@ -8,9 +8,8 @@ Each notice is one line on standard output: "ok", its number, the number it repl
 import sys
 
 import dbus
-import dbus.mainloop.glib
 import dbus.service
-from gi.repository import GLib
+from service_loop import serve
 
 NAME = "org.freedesktop.Notifications"
 
@@ -31,27 +30,6 @@ class Notifications(dbus.service.Object):
         pass
 
 
-def main():
-    dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
-    bus = dbus.bus.BusConnection(sys.argv[1])
-    notifications = Notifications(bus)
-    name = dbus.service.BusName(NAME, bus)
-    loop = GLib.MainLoop()
-
-    def read(*_):
-        words = sys.stdin.readline().split()
-        if not words:
-            loop.quit()
-            return False
-        notifications.ActionInvoked(dbus.UInt32(int(words[1])), words[2])
-        print("ok", flush=True)
-        return True
-
-    GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, read)
-    print("ready", flush=True)
-    loop.run()
-    del name
-
-
 if __name__ == "__main__":
-    main()
+    serve(sys.argv[1], NAME, Notifications,
+          lambda service, _, number, action: service.ActionInvoked(dbus.UInt32(int(number)), action))

@@ -9,9 +9,8 @@ output: "allow", "deny" and "hold" say what becomes of questions from now on, "d
 import sys
 
 import dbus
-import dbus.mainloop.glib
 import dbus.service
-from gi.repository import GLib
+from service_loop import serve
 
 NAME = "org.freedesktop.PolicyKit1"
 INTERFACE = "org.freedesktop.PolicyKit1.Authority"
@@ -66,26 +65,5 @@ class Authority(dbus.service.Object):
         return ""
 
 
-def main():
-    dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
-    bus = dbus.bus.BusConnection(sys.argv[1])
-    authority = Authority(bus)
-    name = dbus.service.BusName(NAME, bus)
-    loop = GLib.MainLoop()
-
-    def read(*_):
-        line = sys.stdin.readline()
-        if not line:
-            loop.quit()
-            return False
-        print(("ok " + authority.obey(*line.split())).strip(), flush=True)
-        return True
-
-    GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, read)
-    print("ready", flush=True)
-    loop.run()
-    del name
-
-
 if __name__ == "__main__":
-    main()
+    serve(sys.argv[1], NAME, Authority, Authority.obey)

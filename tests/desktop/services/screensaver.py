@@ -8,9 +8,8 @@ obeys "active true" and "active false" line by line on standard input, and ends 
 import sys
 
 import dbus
-import dbus.mainloop.glib
 import dbus.service
-from gi.repository import GLib
+from service_loop import serve
 
 ADDRESS, NAME, PATH, AT_FIRST = sys.argv[1:]
 
@@ -27,27 +26,6 @@ class ScreenSaver(dbus.service.Object):
         self.is_active = is_active
 
 
-def main():
-    dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
-    bus = dbus.bus.BusConnection(ADDRESS)
-    saver = ScreenSaver(bus, PATH)
-    name = dbus.service.BusName(NAME, bus)
-    loop = GLib.MainLoop()
-
-    def obey(source, condition):
-        line = source.readline()
-        if not line:
-            loop.quit()
-            return False
-        saver.ActiveChanged(line.split()[1] == "true")
-        print("ok", flush=True)
-        return True
-
-    GLib.io_add_watch(sys.stdin, GLib.IO_IN | GLib.IO_HUP, obey)
-    print("ready", flush=True)
-    loop.run()
-    del name
-
-
 if __name__ == "__main__":
-    main()
+    serve(ADDRESS, NAME, lambda bus: ScreenSaver(bus, PATH),
+          lambda saver, _, is_active: saver.ActiveChanged(is_active == "true"))
