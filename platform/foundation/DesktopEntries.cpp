@@ -30,15 +30,21 @@ QString fileName(const QString& path) {
     return QFileInfo(path).fileName();
 }
 
-// The program of a command line; what comes before it to set its environment is skipped.
-QString programOf(const QString& command) {
+// The program of a command line and what is handed to it; what comes before it to set its environment is skipped.
+QStringList programAndArguments(const QString& command) {
     QStringList words = DesktopEntryFile::commandWords(command);
     if (!words.isEmpty() && fileName(words.first()) == u"env") {
         words.removeFirst();
         while (!words.isEmpty() && (words.first().contains(u'=') || words.first().startsWith(u'-')))
             words.removeFirst();
     }
-    return words.isEmpty() ? QString() : fileName(words.first());
+    return words;
+}
+
+// Whether more is handed to the program than the files to open.
+bool hasOptions(const QStringList& programAndArguments) {
+    return std::ranges::any_of(programAndArguments.sliced(std::min<qsizetype>(1, programAndArguments.size())),
+                               [](const QString& argument) { return !argument.startsWith(u'%'); });
 }
 
 qint64 modificationTime(const QString& folder) {
@@ -179,7 +185,7 @@ void DesktopEntries::addEntry(const QString& path, const QString& id) {
     m_byId.insert(foldedId, index);
     const auto enter = [&](QHash<QString, std::size_t>& hash, const QString& key) {
         const auto there = hash.constFind(key);
-        if (!key.isEmpty() && (there == hash.constEnd() || (m_entries[*there].isHidden && !entry->isHidden)))
+        if (!key.isEmpty() && (there == hash.constEnd() || entry->remoteness < m_entries[*there].remoteness))
             hash.insert(key, index);
     };
     enter(m_byStartupClass, entry->startupClass.toCaseFolded());
@@ -204,11 +210,12 @@ std::optional<DesktopEntries::Entry> DesktopEntries::readEntry(const QString& pa
     if (entry.name.isEmpty())
         return std::nullopt;
     const auto isTrue = [&](const char* key) { return values.value(QLatin1String(key)) == u"true"; };
-    entry.isHidden = isTrue("NoDisplay") || isTrue("Hidden");
     entry.startupClass = values.value(QStringLiteral("StartupWMClass"));
+    const QStringList command = programAndArguments(values.value(QStringLiteral("Exec")));
+    entry.remoteness = (isTrue("NoDisplay") || isTrue("Hidden") ? 2 : 0) + (hasOptions(command) ? 1 : 0);
     // The windows of a program for terminals are the terminal's.
     if (!isTrue("Terminal")) {
-        entry.executable = programOf(values.value(QStringLiteral("Exec")));
+        entry.executable = fileName(command.value(0));
         const QString tried = values.value(QStringLiteral("TryExec"));
         if (entry.executable.isEmpty() || (runsOtherPrograms(entry.executable) && !tried.isEmpty()))
             entry.executable = fileName(tried);

@@ -43,8 +43,9 @@ private:
         QString startupClass;
         // The file's name without its folder, of what it starts.
         QString executable;
-        // Not shown in menus: another entry that starts the same program is more telling.
-        bool isHidden = false;
+        // How far this entry is from being the program's own, of several that start it: 0 is a menu entry that starts
+        // it plainly; one that starts it with options, or is not shown in menus, stands for a part of it.
+        int remoteness = 0;
     };
 
     struct Folder {

@@ -104,6 +104,14 @@ TEST_F(DesktopEntriesTest, anEntryShownInMenus_comesBeforeAHiddenOne) {
     EXPECT_EQ(name("", "/usr/bin/it"), QStringLiteral("It"));
 }
 
+TEST_F(DesktopEntriesTest, anEntryThatStartsItPlainly_comesBeforeOneForAPartOfIt) {
+    install(QStringLiteral("shared/applications/org.it-settings.desktop"),
+            "Name=Settings of it\nExec=it --preferences %U\n");
+    install(QStringLiteral("shared/applications/org.it.desktop"), "Name=It\nExec=env LANG=C it %U\n");
+    install(QStringLiteral("shared/applications/zz.desktop"), "Name=Second\nExec=it\n");
+    EXPECT_EQ(name("it", "/usr/bin/it"), QStringLiteral("It"));
+}
+
 TEST_F(DesktopEntriesTest, theProgram_isFoundBehindWhatComesBeforeIt) {
     install(QStringLiteral("shared/applications/a.desktop"),
             "Name=A\nExec=env LANG=C \"/opt/my apps/a\" %f\n");
