@@ -85,6 +85,13 @@ void TKOutlineDisplayView::mouseMoveEvent(QMouseEvent* event) {
         QTreeView::mouseMoveEvent(event);
 }
 
+bool TKOutlineDisplayView::viewportEvent(QEvent* event) {
+    // A pointer that leaves for another part of the window has moved off the rows; one that leaves the window has not.
+    if (event->type() == QEvent::Leave && window()->geometry().contains(QCursor::pos()))
+        rehighlightFromMouseMoved(QCursor::pos());
+    return QTreeView::viewportEvent(event);
+}
+
 bool TKOutlineDisplayView::pressFreezeControl(const QMouseEvent& event) {
     const QPoint point = event.position().toPoint();
     const int row = rowAtPoint(point);
@@ -111,6 +118,15 @@ void TKOutlineDisplayView::mousePressEvent(QMouseEvent* event) {
     if (m_redirectToOutlineView && event->modifiers() == Qt::AltModifier)
         m_redirectToOutlineView->toggleAllRows();
     QTreeView::mousePressEvent(event);
+}
+
+QItemSelectionModel::SelectionFlags TKOutlineDisplayView::selectionCommand(const QModelIndex& index,
+                                                                           const QEvent* event) const {
+    if (selectionMode() != SingleSelection)
+        return QTreeView::selectionCommand(index, event);
+    // Where one row is chosen to show something, something is always shown.
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                           : QItemSelectionModel::NoUpdate;
 }
 
 void TKOutlineDisplayView::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -160,12 +160,19 @@ TEST_F(OutlineHandlingTest, aClickOnEmptySpace_deselects) {
     EXPECT_FALSE(table().selectionModel()->hasSelection());
 }
 
-TEST_F(OutlineHandlingTest, aClickOnEmptySpaceOfTheSidebar_deselectsTimers) {
+TEST_F(OutlineHandlingTest, aClickOnEmptySpaceOfTheSidebar_deselectsTimersAndKeepsTheProject) {
     mailAndNotes();
     Sidebar sidebar(&table());
+    sidebar.view.setSelectionMode(QAbstractItemView::SingleSelection);
+    sidebar.view.setCurrentIndex(sidebar.model.index(1, 0));
     select({row("Mail")});
-    press(sidebar.view, {20, sidebar.view.viewport()->height() - 5});
+    QTest::mouseClick(sidebar.view.viewport(), Qt::LeftButton, {},
+                      {20, sidebar.view.viewport()->height() - 5});
     EXPECT_FALSE(table().selectionModel()->hasSelection());
+    EXPECT_TRUE(sidebar.view.selectionModel()->isSelected(sidebar.model.index(1, 0)));
+    QTest::mouseClick(sidebar.view.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      sidebar.view.visualRect(sidebar.model.index(1, 0)).center());
+    EXPECT_TRUE(sidebar.view.selectionModel()->isSelected(sidebar.model.index(1, 0)));
 }
 
 TEST_F(OutlineHandlingTest, escape_tellsEvenWhenNothingWasSelected) {
@@ -244,11 +251,21 @@ TEST_F(OutlineHandlingTest, thePointer_highlightsItsRowAndRepaintsTwo) {
     EXPECT_EQ(painted.region, QRegion(table().rectOfRow(0)) + table().rectOfRow(1));
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(table().viewport(), &leave);
-    EXPECT_EQ(table().highlightedRow(), 1) << "leaving changes nothing";
+    EXPECT_EQ(table().highlightedRow(), 1) << "leaving alone changes nothing";
     QTest::mouseMove(table().viewport(), emptySpace());
     EXPECT_EQ(table().highlightedRow(), -1);
     table().setHighlightOnMouseOver(false);
     QTest::mouseMove(table().viewport(), table().visualRect(row("Mail")).center());
+    EXPECT_EQ(table().highlightedRow(), -1);
+}
+
+TEST_F(OutlineHandlingTest, thePointerElsewhereInTheWindow_highlightsNoRow) {
+    mailAndNotes();
+    QTest::mouseMove(table().viewport(), table().visualRect(row("Mail")).center());
+    EXPECT_EQ(table().highlightedRow(), 0);
+    QCursor::setPos(table().window()->mapToGlobal(QPoint(5, 5)));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(table().viewport(), &leave);
     EXPECT_EQ(table().highlightedRow(), -1);
 }
 
