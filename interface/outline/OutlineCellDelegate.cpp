@@ -79,8 +79,9 @@ QWidget* OutlineCellDelegate::createEditor(QWidget* parent, const QStyleOptionVi
 void OutlineCellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                                const QModelIndex& index) const {
     const auto* view = qobject_cast<const TKOutlineDisplayView*>(option.widget);
-    const QRect rect =
+    const QRect text =
         view ? view->dataCell(index).layout(option.rect, false).text.toAlignedRect() : option.rect;
+    const QRect rect = QStyle::visualRect(option.direction, option.rect, text);
     // Else the view would make all rows as high as an editor wants to be.
     editor->setMaximumHeight(rect.height());
     editor->setGeometry(rect);

@@ -98,9 +98,10 @@ bool TKOutlineDisplayView::pressFreezeControl(const QMouseEvent& event) {
     m_freezeRow = -1;
     if (row < 0)
         return false;
-    QRect area = frameOfCell(indexOfRow(row));
+    const QRect frame = frameOfCell(indexOfRow(row));
+    QRect area = frame;
     area.setLeft(area.right() + 1 - TKTableLabelCell::freezeImageSize().width());
-    if (!area.contains(point))
+    if (!QStyle::visualRect(layoutDirection(), frame, area).contains(point))
         return false;
     m_freezeRow = row;
     return true;

@@ -7,6 +7,8 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
 
 #include <cmath>
 
@@ -90,17 +92,27 @@ void drawText(QPainter& painter, const QRectF& rect, const TKTableLabelCell::Tex
     const QString shown = metrics.elidedText(text.text, Qt::ElideMiddle, inner.width());
     const int dimmedLength =
         text.dimmedLength > 0 ? dimmedLengthOfElided(shown, text.text, text.dimmedLength) : 0;
-    const QString name = shown.chopped(dimmedLength);
     painter.setFont(text.font);
     painter.setPen(text.color);
-    painter.drawText(inner, kFlags, name);
-    if (dimmedLength == 0)
+    if (dimmedLength == 0) {
+        painter.drawText(inner, kFlags, shown);
         return;
-    QColor dimmed = text.color;
-    dimmed.setAlphaF(dimmed.alphaF() * kDimmed);
-    painter.setPen(dimmed);
-    painter.drawText(inner.adjusted(metrics.horizontalAdvance(name), 0, 0, 0), kFlags,
-                     shown.last(dimmedLength));
+    }
+    QTextCharFormat dimmed;
+    QColor color = text.color;
+    color.setAlphaF(color.alphaF() * kDimmed);
+    dimmed.setForeground(color);
+    // In one piece: which of the two parts is at the left depends on what they are written in.
+    QTextLayout layout(shown, text.font, painter.device());
+    layout.setFormats({{int(shown.size()) - dimmedLength, dimmedLength, dimmed}});
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setNumColumns(int(shown.size()));
+    layout.endLayout();
+    const QRectF place =
+        QStyle::alignedRect(painter.layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
+                            QSizeF(line.naturalTextWidth(), line.height()).toSize(), inner.toRect());
+    layout.draw(&painter, place.topLeft());
 }
 
 } // namespace
@@ -155,9 +167,22 @@ TKTableLabelCell::Layout TKTableLabelCell::layout(const QRectF& frame, bool isHo
     return layout;
 }
 
+TKTableLabelCell::Layout TKTableLabelCell::Layout::mirrored(const QRectF& frame) const {
+    const auto mirror = [&](QRectF& rect) {
+        if (!rect.isEmpty())
+            rect.moveRight(frame.left() + frame.right() - rect.left());
+    };
+    Layout layout = *this;
+    for (QRectF* rect : {&layout.icon, &layout.windowIcon, &layout.text, &layout.mark})
+        mirror(*rect);
+    std::ranges::for_each(layout.dots, mirror);
+    return layout;
+}
+
 void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, bool isHovered,
                                      const Text& text) const {
-    const Layout places = layout(frame, isHovered);
+    const bool isMirrored = painter.layoutDirection() == Qt::RightToLeft;
+    const Layout places = isMirrored ? layout(frame, isHovered).mirrored(frame) : layout(frame, isHovered);
     const QColor tint = text.isOnHighlight ? text.color : QColor();
     // The sidebar's pictures have a variant for the selection instead.
     drawImage(painter, icon(), places.icon, {});

@@ -37,6 +37,9 @@ public:
         // The freeze control or the mark of a frozen timer.
         QRectF mark;
         std::vector<QRectF> dots;
+
+        // For people who read from right to left.
+        Layout mirrored(const QRectF& frame) const;
     };
 
     // A frozen timer's mark; its width is that of the area that freezes a timer when clicked.
@@ -45,8 +48,9 @@ public:
     // Only this tag. 0 for no label.
     void setSelectedTag(int tag) { selectedTags = ColorTags{tag}; }
 
-    // `isHovered` is whether the row is the one beneath the pointer.
+    // From left to right. `isHovered` is whether the row is the one beneath the pointer.
     Layout layout(const QRectF& frame, bool isHovered) const;
+    // In the painter's direction.
     void drawWithFrame(QPainter& painter, const QRectF& frame, bool isHovered, const Text& text) const;
     // Whether the control that freezes the timer is offered.
     bool showsFreezeAction(bool isHovered) const { return !isFrozen && isHovered && supportsFreeze; }

@@ -79,6 +79,18 @@ TEST_F(OutlineHandlingTest, aPressOnTheFreezeControl_doesNotSelect) {
     EXPECT_FALSE(controller.tracker().fullTimeSet()[0]->branched()) << "not before the release";
 }
 
+TEST_F(OutlineHandlingTest, fromRightToLeft_theFreezeControlIsAtTheLeft) {
+    mailAndNotes();
+    table().setLayoutDirection(Qt::RightToLeft);
+    settle();
+    const QRect frame = table().frameOfCell(row("Mail"));
+    press(table(), QPoint(frame.right() - 3, frame.center().y()));
+    EXPECT_TRUE(table().selectionModel()->hasSelection());
+    table().clearSelection();
+    press(table(), QPoint(frame.left() + 3, frame.center().y()));
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+}
+
 TEST_F(OutlineHandlingTest, theFreezeControl_freezesAndLetsTheFrozenCopyBeNamed) {
     mailAndNotes();
     const auto mail = TKOutlineDisplayView::itemAt(row("Mail"));

@@ -10,10 +10,12 @@ namespace {
 
 constexpr QRectF kFrame(10, 100, 300, 26);
 
-QImage drawn(const TKTableLabelCell& cell, bool isHovered, const QString& text, int dimmedLength = 0) {
+QImage drawn(const TKTableLabelCell& cell, bool isHovered, const QString& text, int dimmedLength = 0,
+             Qt::LayoutDirection direction = Qt::LeftToRight) {
     QImage image(QSize(320, 140), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     QPainter painter(&image);
+    painter.setLayoutDirection(direction);
     cell.drawWithFrame(painter, kFrame, isHovered,
                        {.text = text, .dimmedLength = dimmedLength, .font = {}, .color = Qt::black});
     return image;
@@ -134,6 +136,34 @@ TEST(TKTableLabelCell, everyPicture_isDrawnWhereItsPlaceIs) {
     for (const QRectF& place : {layout.icon, layout.windowIcon, layout.mark, layout.dots[0]})
         EXPECT_FALSE(isBlank(image, place));
     EXPECT_TRUE(isBlank(image, layout.text.adjusted(0, 0, -20, 0)));
+}
+
+TEST(TKTableLabelCell, fromRightToLeft_everythingIsOnTheOtherSide) {
+    TKTableLabelCell cell;
+    cell.iconType = TKTableLabelCell::ProjectIcon;
+    cell.showWindowIcon = true;
+    cell.supportsFreeze = true;
+    cell.setSelectedTag(4);
+    const auto layout = cell.layout(kFrame, true).mirrored(kFrame);
+    EXPECT_EQ(layout.icon, QRectF(288, 105, 16, 16));
+    EXPECT_EQ(layout.mark, QRectF(10, 105, 16, 16));
+    const QImage image = drawn(cell, true, {}, 0, Qt::RightToLeft);
+    for (const QRectF& place : {layout.icon, layout.windowIcon, layout.mark, layout.dots[0]})
+        EXPECT_FALSE(isBlank(image, place));
+    EXPECT_TRUE(isBlank(image, layout.text.adjusted(20, 0, 0, 0)));
+}
+
+TEST(TKTableLabelCell, aNameAndWhatFollowsIt_standTogetherInEitherDirection) {
+    const TKTableLabelCell cell;
+    const QString text = QStringLiteral("IIII – IIII");
+    const int width = QFontMetrics(QFont()).horizontalAdvance(text) + 8;
+    const QRectF left(10, 100, width, 26), right(310 - width, 100, width, 26);
+    const QImage fromLeft = drawn(cell, false, text, 7);
+    const QImage fromRight = drawn(cell, false, text, 7, Qt::RightToLeft);
+    EXPECT_FALSE(isBlank(fromLeft, left));
+    EXPECT_TRUE(isBlank(fromLeft, QRectF(left.topRight(), kFrame.bottomRight())));
+    EXPECT_FALSE(isBlank(fromRight, right));
+    EXPECT_TRUE(isBlank(fromRight, QRectF(kFrame.topLeft(), right.bottomLeft())));
 }
 
 TEST(TKTableLabelCell, aReplacedName_isLighterThanTheName) {
