@@ -4,6 +4,7 @@
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
+#include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/Preferences.h"
 #include "interface/shell/ExtensionOffer.h"
@@ -93,9 +94,11 @@ int main(int argc, char** argv) {
     delegate.applicationDidFinishLaunching();
     std::unique_ptr<ExtensionOffer> offer;
     if (ShellExtension* extension = desktop.shellExtension())
-        offer = std::make_unique<ExtensionOffer>(
-            ExtensionOffer::Ground{*extension, alerts, desktop.platform().defaults,
-                                   desktop.platform().runLoop, desktop.platform().log});
+        offer = std::make_unique<ExtensionOffer>(ExtensionOffer::Ground{
+            *extension, alerts, desktop.platform().defaults, desktop.platform().runLoop,
+            desktop.platform().log, [&](std::function<void()> remedy) {
+                controller.window().obstacleBar().offerRemedy(std::move(remedy));
+            }});
     desktop.platform().runLoop.performSoon([&] { openFile(commandLine.file); });
     const int status = QApplication::exec();
     // Whoever ended the loop: what has been credited since the last save is written.

@@ -2,10 +2,12 @@
 #include "interface/mainwindow/ObstacleBar.h"
 
 #include "interface/shell/Named.h"
+#include "platform/foundation/LocalizedStrings.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QStyle>
 
 namespace {
@@ -17,7 +19,8 @@ constexpr int kAir = 8;
 
 ObstacleBar::ObstacleBar(QWidget* parent)
     : QFrame(parent)
-    , m_text(named(new QLabel, QStringLiteral("obstacleText"))) {
+    , m_text(named(new QLabel, QStringLiteral("obstacleText")))
+    , m_remedyButton(named(new QPushButton(localized("Set Up...")), QStringLiteral("obstacleRemedy"))) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
@@ -32,7 +35,19 @@ ObstacleBar::ObstacleBar(QWidget* parent)
     cells->setSpacing(kAir);
     cells->addWidget(icon, 0, Qt::AlignTop);
     cells->addWidget(m_text, 1);
+    cells->addWidget(m_remedyButton, 0, Qt::AlignTop);
+    connect(m_remedyButton, &QPushButton::clicked, this, [this] {
+        // It may be replaced while it asks its question.
+        const auto remedy = m_remedy;
+        remedy();
+    });
+    m_remedyButton->hide();
     hide();
+}
+
+void ObstacleBar::offerRemedy(std::function<void()> remedy) {
+    m_remedy = std::move(remedy);
+    m_remedyButton->setVisible(bool(m_remedy));
 }
 
 void ObstacleBar::showObstacle(const QString& text) {

@@ -3,7 +3,10 @@
 
 #include <QFrame>
 
+#include <functional>
+
 class QLabel;
+class QPushButton;
 
 // Says above the timers why nothing can be measured on this desktop, and what to do about it. Not there while all is well.
 class ObstacleBar : public QFrame {
@@ -13,7 +16,11 @@ public:
 
     // Hides itself for an empty text. Assistive programs read a new text out.
     void showObstacle(const QString& text);
+    // Offers a button that calls `remedy`; none without one.
+    void offerRemedy(std::function<void()> remedy);
 
 private:
     QLabel* m_text;
+    QPushButton* m_remedyButton;
+    std::function<void()> m_remedy;
 };

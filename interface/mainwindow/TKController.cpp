@@ -212,8 +212,10 @@ void TKController::showRecordingBadge(bool isRecording) {
 
 void TKController::refreshTimeSum() {
     m_sum.refresh();
+    const QString obstacle = m_platform.frontApplication.obstacle();
+    m_appDelegate.presence().showObstacle(obstacle);
     if (m_window.isSeen())
-        m_window.obstacleBar().showObstacle(m_platform.frontApplication.obstacle());
+        m_window.obstacleBar().showObstacle(obstacle);
 }
 
 void TKController::showLastReset() {

@@ -15,6 +15,7 @@
 
 namespace {
 
+constexpr int kAirAboveButtons = 10;
 constexpr int kWidth = 420;
 
 template<class Control>
@@ -60,6 +61,7 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(form);
     rows->addStretch(1);
+    rows->addSpacing(kAirAboveButtons);
     rows->addWidget(buttons);
     setMinimumWidth(kWidth);
     connectControls();

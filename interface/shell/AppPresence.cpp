@@ -116,12 +116,22 @@ void AppPresence::toggleMenuItem() {
 void AppPresence::updateMenuIconState() {
     const bool isRunning = m_program.isRunning();
     m_menu.showRunning(isRunning);
+    const bool isHindered = isRunning && !m_obstacle.isEmpty();
+    m_menu.showObstacle(isHindered);
     if (!m_statusBarItem)
         return;
     m_statusBarItem->setImages(isRunning ? QStringLiteral("MenuBar-Active") : QStringLiteral("MenuBar-Idle"),
                                QStringLiteral("MenuBar-Pressed"));
-    m_statusBarItem->setToolTip(isRunning ? localized("Ticklog is counting")
-                                          : localized("Ticklog is paused"));
+    m_statusBarItem->setToolTip(isHindered  ? m_obstacle
+                                : isRunning ? localized("Ticklog is counting")
+                                            : localized("Ticklog is paused"));
+}
+
+void AppPresence::showObstacle(const QString& text) {
+    if (m_obstacle == text)
+        return;
+    m_obstacle = text;
+    updateMenuIconState();
 }
 
 void AppPresence::transform() {

@@ -50,6 +50,8 @@ public:
     void toggleMenuItem();
 
     void updateMenuIconState();
+    // Has the tray say why nothing is counted while the timer runs; nothing for an empty text.
+    void showObstacle(const QString& text);
 
     // Whether the desktop is known to have no tray.
     bool isTrayMissing() const { return m_platform.systemTray.offer() == SystemTray::Offer::None; }
@@ -77,6 +79,7 @@ private:
     Platform& m_platform;
     Alerts& m_alerts;
     Program m_program;
+    QString m_obstacle;
     std::int64_t m_appType = 1;
     bool m_showsMenuBarItem = false;
     bool m_hasFinishedLaunching = false;

@@ -12,6 +12,10 @@ constexpr std::chrono::seconds kBeforeAsking{1};
 
 using State = ShellExtension::State;
 
+bool canHelp(State state) {
+    return state == State::Missing || state == State::Off;
+}
+
 Alerts::Question questionFor(State state) {
     const QString reason =
         localized("GNOME Shell tells this only to its extensions. The one that comes with Ticklog "
@@ -45,16 +49,18 @@ ExtensionOffer::ExtensionOffer(const Ground& ground)
 
 ExtensionOffer::~ExtensionOffer() {
     m_ground.extension.observe({});
+    m_ground.showOffer({});
 }
 
 void ExtensionOffer::consider() {
     const State state = m_ground.extension.state();
+    m_ground.showOffer(canHelp(state) ? [this] { offer(); } : std::function<void()>());
     if (state == State::On && isDecision(kWanted))
         // Who switches it off later means it.
         decide(QString());
     else if (state == State::Off && isDecision(kWanted))
         m_ground.extension.switchOn();
-    else if (state == State::Missing || state == State::Off)
+    else if (canHelp(state))
         askSoon();
     else if (state == State::Refused)
         m_ground.log.log(QStringLiteral("GNOME Shell does not run Ticklog's extension."));
@@ -66,9 +72,12 @@ void ExtensionOffer::askSoon() {
 }
 
 void ExtensionOffer::ask() {
+    if (!m_isAsked && canHelp(m_ground.extension.state()))
+        offer();
+}
+
+void ExtensionOffer::offer() {
     const State state = m_ground.extension.state();
-    if (m_isAsked || (state != State::Missing && state != State::Off))
-        return;
     m_isAsked = true;
     switch (m_ground.alerts.ask(questionFor(state))) {
     case Alerts::Alternate:

@@ -11,7 +11,8 @@
 inline const QString kTKShellExtension = QStringLiteral("kTKShellExtension");
 
 // Offers to install the desktop shell's extension where it is missing, and to switch it on where it is off: one question
-// a launch at the most, and none any more once the user has said no. What it was given outlives it.
+// a launch at the most, and none any more once the user has said no; whoever looks for it finds it again. What it was
+// given outlives it.
 class ExtensionOffer {
 public:
     struct Ground {
@@ -20,6 +21,8 @@ public:
         UserDefaults& defaults;
         RunLoop& runLoop;
         SystemLog& log;
+        // Shows where the user finds the offer again, and no more when it is empty.
+        std::function<void(std::function<void()> offer)> showOffer;
     };
 
     // Follows the state of the extension from now on.
@@ -30,6 +33,7 @@ private:
     void consider();
     void askSoon();
     void ask();
+    void offer();
     void fulfil();
     bool isDecision(const QString& decision) const;
     void decide(const QString& decision);

@@ -10,14 +10,20 @@ StatusMenu::StatusMenu(TKController& controller, RunLoop& runLoop)
     , m_runLoop(runLoop)
     , m_mainMenu(QStringLiteral("Ticklog"))
     , m_applicationTimesMenu(localized("Application Times"))
-    , m_startPauseMenuItem(localized("Start")) {
+    , m_startPauseMenuItem(localized("Start"))
+    , m_obstacleItem(localized("Why Is Nothing Counted?")) {
     m_mainMenu.setObjectName(QStringLiteral("statusMenu"));
     m_applicationTimesMenu.setObjectName(QStringLiteral("applicationTimesMenu"));
     m_applicationTimesMenu.menuAction()->setText(localized("All Timers"));
     m_startPauseMenuItem.setObjectName(QStringLiteral("startPauseMenuItem"));
+    m_obstacleItem.setObjectName(QStringLiteral("obstacleItem"));
     m_mainTitleItem.setObjectName(QStringLiteral("mainTitleItem"));
     QObject::connect(
         &m_startPauseMenuItem, &QAction::triggered, &m_mainMenu, [this] { toggleStartStop(); },
+        Qt::QueuedConnection);
+    // The main window says why.
+    QObject::connect(
+        &m_obstacleItem, &QAction::triggered, &m_mainMenu, [this] { showTimeWindow(); },
         Qt::QueuedConnection);
     follow(m_mainMenu);
     follow(m_applicationTimesMenu);
@@ -93,7 +99,7 @@ void StatusMenu::updateMenus() {
 
 bool StatusMenu::isUpToDate() const {
     const ProjectList::Projects projects = m_controller.projects().projects();
-    return !m_mainMenu.isEmpty() &&
+    return !m_mainMenu.isEmpty() && m_mainMenu.actions().contains(&m_obstacleItem) == m_isHindered &&
            std::ranges::equal(m_shownProjects, projects, [](const ProjectEntry& shown, const auto& project) {
                return shown.project == project && shown.label == project->label();
            });
@@ -104,6 +110,8 @@ void StatusMenu::updateMainMenu() {
     if (isUpToDate())
         return;
     empty(m_mainMenu);
+    if (m_isHindered)
+        m_mainMenu.addActions({&m_obstacleItem, m_mainMenu.addSeparator()});
     m_mainMenu.addAction(&m_startPauseMenuItem);
     addCommand(localized("Show Time Window"), &StatusMenu::showTimeWindow);
     m_mainMenu.addSeparator();
@@ -195,7 +203,7 @@ void StatusMenu::empty(QMenu& menu) {
         if (auto* timer = dynamic_cast<TimerMenuItem*>(action))
             m_menuItemUpdateSet.erase(timer);
         menu.removeAction(action);
-        if (action == &m_startPauseMenuItem || action == &m_mainTitleItem ||
+        if (action == &m_startPauseMenuItem || action == &m_obstacleItem || action == &m_mainTitleItem ||
             action == m_applicationTimesMenu.menuAction())
             continue;
         if (auto* submenu = action->menu()) {

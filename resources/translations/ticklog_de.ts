@@ -891,5 +891,13 @@
         <source>The extension could not be installed.</source>
         <translation>Die Erweiterung konnte nicht installiert werden.</translation>
     </message>
+    <message>
+        <source>Set Up...</source>
+        <translation>Einrichten...</translation>
+    </message>
+    <message>
+        <source>Why Is Nothing Counted?</source>
+        <translation>Warum wird nichts gezählt?</translation>
+    </message>
 </context>
 </TS>

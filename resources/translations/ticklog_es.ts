@@ -891,5 +891,13 @@
         <source>The extension could not be installed.</source>
         <translation>No se pudo instalar la extensión.</translation>
     </message>
+    <message>
+        <source>Set Up...</source>
+        <translation>Configurar...</translation>
+    </message>
+    <message>
+        <source>Why Is Nothing Counted?</source>
+        <translation>¿Por qué no se cuenta nada?</translation>
+    </message>
 </context>
 </TS>

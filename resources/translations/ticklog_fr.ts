@@ -891,5 +891,13 @@
         <source>The extension could not be installed.</source>
         <translation>L’extension n’a pas pu être installée.</translation>
     </message>
+    <message>
+        <source>Set Up...</source>
+        <translation>Configurer...</translation>
+    </message>
+    <message>
+        <source>Why Is Nothing Counted?</source>
+        <translation>Pourquoi rien n’est compté&#xa0;?</translation>
+    </message>
 </context>
 </TS>

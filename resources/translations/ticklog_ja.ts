@@ -891,5 +891,13 @@
         <source>The extension could not be installed.</source>
         <translation>拡張機能をインストールできませんでした。</translation>
     </message>
+    <message>
+        <source>Set Up...</source>
+        <translation>設定する...</translation>
+    </message>
+    <message>
+        <source>Why Is Nothing Counted?</source>
+        <translation>何も計測されない理由</translation>
+    </message>
 </context>
 </TS>

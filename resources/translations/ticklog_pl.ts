@@ -891,5 +891,13 @@
         <source>The extension could not be installed.</source>
         <translation>Nie udało się zainstalować rozszerzenia.</translation>
     </message>
+    <message>
+        <source>Set Up...</source>
+        <translation>Skonfiguruj...</translation>
+    </message>
+    <message>
+        <source>Why Is Nothing Counted?</source>
+        <translation>Dlaczego nic nie jest liczone?</translation>
+    </message>
 </context>
 </TS>

@@ -54,6 +54,28 @@ const std::string kAllMenus = "File, Edit, View, Project, Timer, Help";
 
 } // namespace
 
+TEST_F(AppPresenceTest, anObstacle_isToldByTheTrayWhileTheTimerRuns) {
+    launch();
+    const QSystemTrayIcon& icon = presence().statusBarItem()->icon();
+    fakes.frontApplication.hindrance = QStringLiteral("Nobody tells.");
+    controller.timer().startTimer();
+    controller.refreshTimeSum();
+    EXPECT_EQ(str(icon.toolTip()), "Nobody tells.");
+    QMenu& menu = controller.appDelegate().statusMenu().mainMenu();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_EQ(str(menu.actions().first()->text()), "Why Is Nothing Counted?");
+    Q_EMIT menu.aboutToHide();
+    controller.window().hide();
+    menu.actions().first()->trigger();
+    settle();
+    EXPECT_TRUE(controller.window().isVisible());
+    fakes.frontApplication.hindrance.clear();
+    controller.refreshTimeSum();
+    EXPECT_EQ(str(icon.toolTip()), "Ticklog is counting");
+    Q_EMIT menu.aboutToShow();
+    EXPECT_EQ(str(menu.actions().first()->text()), "Pause");
+}
+
 TEST_F(AppPresenceTest, theFirstLaunch_showsBothAndBothCanBeHidden) {
     launch();
     EXPECT_TRUE(presence().showDockIcon());

@@ -51,7 +51,8 @@ protected:
         offer.reset();
         extension.become(State::Unknown);
         offer = std::make_unique<ExtensionOffer>(
-            ExtensionOffer::Ground{extension, alerts, defaults, runLoop, log});
+            ExtensionOffer::Ground{extension, alerts, defaults, runLoop, log,
+                                   [this](std::function<void()> offered) { shown = std::move(offered); }});
         extension.become(state);
         runLoop.advance(5s);
     }
@@ -64,6 +65,8 @@ protected:
     UserDefaults defaults{home.filePath(QStringLiteral("settings")), notifications, runLoop, log};
     FakeShellExtension extension;
     FakeAlerts alerts;
+    // What a button beside the timers would do; empty where there is none.
+    std::function<void()> shown;
     std::unique_ptr<ExtensionOffer> offer;
 };
 
@@ -127,4 +130,28 @@ TEST_F(ExtensionOfferTest, anExtensionThatIsNotRun_isToldToTheLogAlone) {
     launch(State::Refused);
     EXPECT_EQ(alerts.questions, QStringList());
     EXPECT_TRUE(log.mentions(QStringLiteral("does not run")));
+}
+
+TEST_F(ExtensionOfferTest, whoHasSaidNo_findsTheOfferAgain) {
+    alerts.answer = Alerts::Other;
+    launch(State::Missing);
+    launch(State::Missing);
+    EXPECT_EQ(alerts.questions.size(), 1);
+    ASSERT_TRUE(shown);
+    alerts.answer = Alerts::Alternate;
+    shown();
+    EXPECT_EQ(alerts.questions.size(), 2);
+    EXPECT_EQ(extension.done, QStringList{QStringLiteral("install")});
+    EXPECT_FALSE(shown) << "all that is missing is a login";
+}
+
+TEST_F(ExtensionOfferTest, whatCannotBeHelped_isNotOffered) {
+    for (const State state : {State::Unknown, State::AwaitsLogin, State::On, State::Refused}) {
+        launch(state);
+        EXPECT_FALSE(shown);
+    }
+    launch(State::Off);
+    EXPECT_TRUE(shown);
+    offer.reset();
+    EXPECT_FALSE(shown);
 }

@@ -86,6 +86,23 @@ TEST_F(SmallViewsTest, aDesktopThatDoesNotTell_isExplainedAboveTheTimersUntilItD
     EXPECT_FALSE(bar.isVisible());
 }
 
+TEST_F(SmallViewsTest, whereAnObstacleCanBeRemoved_aButtonBesideItDoesSo) {
+    ObstacleBar& bar = controller.window().obstacleBar();
+    fakes.frontApplication.hindrance = QStringLiteral("No.");
+    controller.refreshTimeSum();
+    auto* button = bar.findChild<QPushButton*>(QStringLiteral("obstacleRemedy"));
+    EXPECT_FALSE(button->isVisible());
+    int asked = 0;
+    bar.offerRemedy([&] {
+        ++asked;
+        bar.offerRemedy({});
+    });
+    EXPECT_TRUE(button->isVisible());
+    QTest::keyClick(button, Qt::Key_Space);
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(button->isVisible());
+}
+
 TEST_F(SmallViewsTest, anObstacleFromTheStart_isExplainedWhenTheWindowIsShown) {
     controller.window().hide();
     fakes.frontApplication.hindrance = QStringLiteral("No.");
