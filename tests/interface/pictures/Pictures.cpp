@@ -3,24 +3,28 @@
 // the scale that the environment asks for (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED,
 // QT_SCALE_FACTOR). To be looked at.
 #include "Classes/RuleCategories.h"
+#include "interface/mainwindow/ObstacleBar.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/QtAlerts.h"
+#include "interface/shell/StatusItem.h"
 #include "platform/foundation/Translations.h"
 #include "tests/interface/Desk.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QStyleFactory>
 #include <QTest>
 #include <QTimer>
 #include <QTranslator>
+#include <QVBoxLayout>
 
 #include <cstdio>
 #include <memory>
@@ -248,6 +252,54 @@ void drawSetup(const QDir& folder) {
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
+void popUp(QMenu& menu, const QDir& folder, const char* name) {
+    menu.popup(QPoint(20, 20));
+    grab(menu, folder, name);
+    menu.close();
+}
+
+// The icon in every size that panels ask for, on a light panel and on a dark one.
+void drawStatusIcon(const QIcon& icon, const QDir& folder, const char* name) {
+    QWidget panels;
+    auto* rows = new QVBoxLayout(&panels);
+    for (const QColor& colour : {QColor(0xee, 0xee, 0xec), QColor(0x1c, 0x1e, 0x21)}) {
+        auto* panel = new QWidget;
+        panel->setAutoFillBackground(true);
+        panel->setPalette(QPalette(colour));
+        auto* places = new QHBoxLayout(panel);
+        for (const int size : {16, 22, 24, 32, 48, 64}) {
+            auto* place = new QLabel;
+            place->setPixmap(icon.pixmap(QSize(size, size)));
+            places->addWidget(place);
+        }
+        rows->addWidget(panel);
+    }
+    grab(panels, folder, name);
+}
+
+void drawStatus(const QDir& folder) {
+    Scene scene("status");
+    scene.work();
+    scene.show();
+    scene.controller.appDelegate().applicationDidFinishLaunching();
+    StatusMenu& status = scene.controller.appDelegate().statusMenu();
+    const StatusItem& item = *scene.controller.appDelegate().presence().statusBarItem();
+    drawStatusIcon(item.icon().icon(), folder, "status-icon-idle");
+    scene.front("LibreOffice Writer", "Yearly report.odt");
+    scene.command(scene.actions().toggleCounting);
+    scene.seconds(75);
+    drawStatusIcon(item.icon().icon(), folder, "status-icon-active");
+    popUp(status.mainMenu(), folder, "status-menu");
+    Q_EMIT status.mainMenu().aboutToShow();
+    popUp(status.applicationTimesMenu(), folder, "status-all-timers");
+    for (const QAction* action : status.mainMenu().actions())
+        if (action->menu() && action->text().contains(QLatin1String("Yearly report")))
+            popUp(*action->menu(), folder, "status-project");
+    scene.fakes.frontApplication.hindrance = QStringLiteral("Nobody tells.");
+    scene.seconds(1);
+    popUp(status.mainMenu(), folder, "status-obstacle");
+}
+
 void drawAll(const QDir& folder) {
     {
         Scene scene("first-start");
@@ -273,6 +325,7 @@ void drawAll(const QDir& folder) {
         scene.fakes.frontApplication.hindrance = QStringLiteral(
             "This Wayland desktop does not tell other programs which window is in front, so that there is "
             "no time to credit.");
+        scene.controller.window().obstacleBar().offerRemedy([] {});
         scene.show();
         scene.save(folder);
     }
@@ -324,6 +377,7 @@ void drawAll(const QDir& folder) {
     drawPreferences(folder);
     drawAuthorization(folder);
     drawSetup(folder);
+    drawStatus(folder);
     Scene scene("labels");
     scene.work();
     scene.show();
