@@ -19,9 +19,10 @@ QString TemporaryHome::path() const {
 QProcessEnvironment TemporaryHome::environment() const {
     QProcessEnvironment environment;
     const QProcessEnvironment inherited = QProcessEnvironment::systemEnvironment();
-    for (const QString& name : {QStringLiteral("PATH"), QStringLiteral("TMPDIR"), QStringLiteral("USER"),
-                                QStringLiteral("LOGNAME"), QStringLiteral("LD_LIBRARY_PATH"),
-                                QStringLiteral("ASAN_OPTIONS"), QStringLiteral("UBSAN_OPTIONS")}) {
+    for (const QString& name :
+         {QStringLiteral("PATH"), QStringLiteral("TMPDIR"), QStringLiteral("USER"), QStringLiteral("LOGNAME"),
+          QStringLiteral("LD_LIBRARY_PATH"), QStringLiteral("ASAN_OPTIONS"), QStringLiteral("UBSAN_OPTIONS"),
+          QStringLiteral("LSAN_OPTIONS")}) {
         if (inherited.contains(name))
             environment.insert(name, inherited.value(name));
     }
