@@ -42,6 +42,8 @@ bool isAuthorized(const QDBusMessage& reply) {
     bool isGranted = false;
     result.beginStructure();
     result >> isGranted;
+    // What is not ended is never freed.
+    result.endStructure();
     return isGranted;
 }
 
