@@ -41,6 +41,20 @@ Failure refused(const QString& path, const char* why) {
     return {Failure::Kind::Refused, QStringLiteral("%1: %2").arg(path, QLatin1String(why))};
 }
 
+// What a dialog shows as nothing, as another line, or in another order: a person would say yes to another path.
+bool isUnseen(char32_t character) {
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Other_Surrogate:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool belongsTo(const struct stat& what, uid_t caller) {
     return what.st_uid == 0 || what.st_uid == caller;
 }
@@ -88,9 +102,9 @@ Outcome checkForm(const QString& path) {
         return refused(path, "not a full path");
     if (path.toUtf8().size() >= PATH_MAX)
         return Failure{Failure::Kind::Refused, QStringLiteral("the path is too long")};
-    const auto isControl = [](QChar character) { return character.category() == QChar::Other_Control; };
-    if (std::ranges::any_of(path, isControl))
-        return Failure{Failure::Kind::Refused, QStringLiteral("the path holds control characters")};
+    if (std::ranges::any_of(path.toUcs4(), isUnseen))
+        return Failure{Failure::Kind::Refused,
+                       QStringLiteral("the path holds characters that cannot be seen")};
     for (const QString& part : path.mid(1).split(u'/'))
         if (part.isEmpty() || part == QLatin1String(".") || part == QLatin1String(".."))
             return refused(path, "not the shortest path");

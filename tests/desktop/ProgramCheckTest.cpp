@@ -53,8 +53,16 @@ TEST_F(ProgramCheckTest, aPathWithDetours_isNoProgram) {
     for (const QString& path : QStringList{folder() + u"//program"_s, folder() + u"/./program"_s,
                                            program() + u'/', folder() + u"/../bin/program"_s, u"/"_s})
         EXPECT_EQ(verdict(path), u"not the shortest path"_s) << qPrintable(path);
-    EXPECT_EQ(verdict(u"/bin/a\nb"_s), u"the path holds control characters"_s);
     EXPECT_EQ(verdict(u"/"_s + QString(PATH_MAX, u'x')), u"the path is too long"_s);
+}
+
+TEST_F(ProgramCheckTest, aPathThatADialogWouldShowAsAnother_isNoProgram) {
+    // A line break, an unseen space, a change of direction, a separator of paragraphs, a tag.
+    for (const QString& path : {u"/usr/bin/a\nb"_s, u"/usr/bin/a\u200bb"_s, u"/usr/bin/\u202eb/nib"_s,
+                                u"/usr/bin/a\u2029b"_s, u"/usr/bin/a\U000e0041"_s})
+        EXPECT_EQ(verdict(path), u"the path holds characters that cannot be seen"_s) << qPrintable(path);
+    EXPECT_EQ(verdict(u"/usr/bin/\u00e9\u65e5\U0001f600"_s), u"No such file or directory"_s)
+        << "all of these are seen";
 }
 
 TEST_F(ProgramCheckTest, whatIsNotThere_isNoProgram) {
