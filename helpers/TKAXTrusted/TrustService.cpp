@@ -6,6 +6,8 @@
 
 #include <QDBusArgument>
 
+#include <algorithm>
+
 namespace {
 
 const QString kErrors = QStringLiteral("org.ticklog.TKAXTrusted.Error.");
@@ -77,9 +79,14 @@ void TrustService::identified(const QString& sender, const QDBusMessage& credent
         refuse(sender, kNotAuthorized, QStringLiteral("Nobody knows who asks."));
         return;
     }
-    request.user = *user;
+    request.user = user;
     if (!m_limit.admit(*user)) {
         refuse(sender, kBusy, QStringLiteral("Too many requests: wait a minute."));
+        return;
+    }
+    const auto isTheirs = [&](const auto& open) { return open.second.user == user; };
+    if (std::ranges::count_if(m_requests, isTheirs) > kMostPendingOfUser) {
+        refuse(sender, kBusy, QStringLiteral("Answer the other requests first."));
         return;
     }
     if (const Outcome checked = check(request); !checked) {
@@ -119,7 +126,7 @@ void TrustService::judged(const QString& sender, PolkitAuthority::Verdict verdic
 
 Outcome TrustService::check(const Request& request) const {
     // What is to be struck out may be gone.
-    return request.isGrant ? checkProgram(request.program, request.user) : checkForm(request.program);
+    return request.isGrant ? checkProgram(request.program, *request.user) : checkForm(request.program);
 }
 
 Outcome TrustService::carryOut(const Request& request) {
@@ -128,7 +135,7 @@ Outcome TrustService::carryOut(const Request& request) {
         m_log.log(QStringLiteral("%1 is %2, as user %3 asked")
                       .arg(request.program,
                            request.isGrant ? QStringLiteral("trusted") : QStringLiteral("no longer trusted"))
-                      .arg(request.user));
+                      .arg(*request.user));
     return done;
 }
 

@@ -18,8 +18,9 @@ class TrustService : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.ticklog.TKAXTrusted")
 
 public:
-    // At a time, of all callers; each caller has one.
+    // At a time, of all callers, and of one user, who could leave no room for others; each caller has one.
     static constexpr std::size_t kMostPending = 8;
+    static constexpr std::ptrdiff_t kMostPendingOfUser = 2;
 
     TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log);
 
@@ -36,7 +37,8 @@ private:
         QDBusMessage message;
         QString program;
         bool isGrant;
-        uid_t user = 0;
+        // Once the bus has told.
+        std::optional<uid_t> user = {};
         // Polkit's, once it is asked.
         int question = 0;
     };
