@@ -7,6 +7,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 
 #include <cstdio>
 #include <cstdlib>
@@ -35,6 +36,9 @@ int main(int argc, char** argv) {
                                       QStringLiteral("milliseconds"), QStringLiteral("30000"));
     parser.addOptions({folder, patience});
     parser.process(application);
+
+    // Systemd has made it; a bus that starts this by itself has not.
+    QDir().mkdir(parser.value(folder));
 
     const SystemClock clock;
     JournalLog log(JournalLog::usualDestinations());

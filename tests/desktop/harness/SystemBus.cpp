@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/SystemBus.h"
 
-#include <QDir>
-
 #include <unistd.h>
 
 SystemBus::SystemBus(const TemporaryHome& home, int idleMs)
     : m_serviceFolder(home.path() + QStringLiteral("/system-services"))
     , m_recordFolder(home.path() + QStringLiteral("/etc-ticklog")) {
-    QDir().mkpath(m_recordFolder);
     const QString service = QStringLiteral("[D-BUS Service]\nName=org.ticklog.TKAXTrusted\n"
                                            "Exec=%1/TKAXTrusted --folder %2 --idle %3\n")
                                 .arg(QStringLiteral(TICKLOG_BINARY_DIR), m_recordFolder)
