@@ -175,7 +175,9 @@ void TKController::awakeFromNib() {
 }
 
 QWidget& TKController::shownWindow() {
-    return m_setupWindow ? static_cast<QWidget&>(*m_setupWindow) : m_window;
+    if (m_setupWindow)
+        return *m_setupWindow;
+    return m_window;
 }
 
 void TKController::setWindowStateShown(bool isShown) {
