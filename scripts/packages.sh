@@ -5,7 +5,7 @@
 # apt: Debian 12 and 13, Ubuntu 24.04
 apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-tools-dev
   qt6-tools-dev-tools qt6-l10n-tools libgl-dev libxcb1-dev libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev
-  libwayland-dev libwayland-bin plasma-wayland-protocols libgtest-dev libbenchmark-dev"
+  libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity trayer xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
   python3 python3-dbus python3-gi python3-dbusmock mousepad featherpad libreoffice-calc-nogui
@@ -25,7 +25,7 @@ fi
 
 # dnf: Fedora
 dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel qt6-qttools-devel
-  libxcb-devel wayland-devel plasma-wayland-protocols-devel gtest-devel google-benchmark-devel"
+  libxcb-devel wayland-devel plasma-wayland-protocols-devel libSM-devel gtest-devel google-benchmark-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
   python3-dbus python3-gobject python3-dbusmock mousepad featherpad libreoffice-calc
@@ -40,7 +40,7 @@ dnf_coverage="gcovr"
 
 # pacman: Arch
 pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg qt6-tools libxcb wayland plasma-wayland-protocols
-  gtest benchmark"
+  libsm gtest benchmark"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-dejavu dbus at-spi2-core
   python-dbus python-gobject python-dbusmock mousepad featherpad libreoffice-fresh
