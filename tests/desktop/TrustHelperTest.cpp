@@ -264,4 +264,14 @@ TEST_F(ImpatientHelperTest, aHelperWithARequestOpen_stays) {
     EXPECT_TRUE(waitFor([this] { return answers == QStringList{u"done"_s}; }));
 }
 
+TEST(TrustPolicy, everyRequest_isAskedAbout) {
+    // With "auth_admin_keep", whoever has had one program named in the dialog gets the next past it.
+    QFile policy(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/system/org.ticklog.TKAXTrusted.policy"));
+    ASSERT_TRUE(policy.open(QFile::ReadOnly));
+    const QByteArray text = policy.readAll();
+    EXPECT_EQ(text.count("<allow_active>auth_admin</allow_active>"), 2);
+    EXPECT_EQ(text.count("<allow_"), 6);
+    EXPECT_EQ(text.count(">no</allow_"), 4);
+}
+
 } // namespace
