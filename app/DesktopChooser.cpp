@@ -97,8 +97,8 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
     // Before it is asked whether it tells us.
     if (const Outcome renewed = extension->renew(); !renewed)
         m_ground.log.log(renewed.failure().text);
-    const auto desktop =
-        std::make_shared<GnomeShellDesktop>(m_ground.sessionBus, m_ground.log, m_ground.entries);
+    const auto desktop = std::make_shared<GnomeShellDesktop>(m_ground.sessionBus, m_ground.ownName,
+                                                             m_ground.log, m_ground.entries);
     // The shell is the compositor as well: when it goes, the toolkit ends the process.
     return Desktop{desktop, desktop, [](const std::function<void()>&) {}, nullptr, extension};
 }

@@ -4,7 +4,7 @@
 #include "app/Candidates.h"
 #include "platform/NoDesktop.h"
 #include "platform/ShellExtension.h"
-#include "platform/bus/Bus.h"
+#include "platform/bus/BusName.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/linux/OwnSession.h"
@@ -22,6 +22,8 @@ public:
         DesktopEntries& entries;
         const Clock& clock;
         Bus& sessionBus;
+        // What we are known by on the session bus.
+        BusName& ownName;
         Bus& systemBus;
         const OwnSession& session;
     };

@@ -39,6 +39,8 @@ struct LinuxPlatform::BackEnds {
     SettingsWatch settingsWatch{defaults, runLoop};
     Bus systemBus{Bus::systemBus(), runLoop, log};
     Bus sessionBus{Bus::sessionBus(), runLoop, log};
+    ActivationService activation{sessionBus, runLoop, log};
+    BusName ownName{sessionBus, kTicklogName, log};
     OwnSession session{systemBus, log, qEnvironmentVariable("XDG_SESSION_ID")};
     LogindPower logindPower{systemBus, log};
     ClockJumpPower clockJumps{clock};
@@ -46,7 +48,7 @@ struct LinuxPlatform::BackEnds {
     LogindSession sessionEvents{session, log};
     DesktopScreenLock screenLock{session, sessionBus, runLoop};
     DesktopEntries desktopEntries{DesktopEntries::Places::forUser(), clock};
-    DesktopChooser desktop{{runLoop, log, desktopEntries, clock, sessionBus, systemBus, session}};
+    DesktopChooser desktop{{runLoop, log, desktopEntries, clock, sessionBus, ownName, systemBus, session}};
     LockAwareFrontApplication frontApplication{desktop.frontApplication(), screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
@@ -97,6 +99,10 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Platform& LinuxPlatform::platform() {
     return *m_backEnds->platform;
+}
+
+ActivationService& LinuxPlatform::activation() {
+    return m_backEnds->activation;
 }
 
 ShellExtension* LinuxPlatform::shellExtension() {

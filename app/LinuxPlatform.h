@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 #include "platform/ShellExtension.h"
+#include "platform/linux/ActivationService.h"
 
 #include <functional>
 #include <memory>
@@ -18,6 +19,8 @@ public:
     LinuxPlatform& operator=(const LinuxPlatform&) = delete;
 
     Platform& platform();
+    // What launchers ask of us over the session bus.
+    ActivationService& activation();
     // The desktop's extension without which it tells nothing; null where none is needed.
     ShellExtension* shellExtension();
     // Calls `handler` when the display is gone for good, as far as this process is concerned.

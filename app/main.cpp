@@ -87,6 +87,11 @@ int main(int argc, char** argv) {
         controller.displayMainWindow();
         openFile(file);
     });
+    desktop.activation().listen([&](const QStringList& files) {
+        controller.displayMainWindow();
+        for (const QString& file : files)
+            openFile(file);
+    });
 
     controller.awakeFromNib();
     // Whether a new window comes to the front is the window manager's business; it is not fought for.

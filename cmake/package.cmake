@@ -4,12 +4,16 @@ set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/ticklog)
 
 set(id org.ticklog.Ticklog)
 install(TARGETS ticklog)
-# Plasma grants what an entry asks for only to the very program that it names, by its full path.
-install(CODE "
-  file(READ \"${CMAKE_CURRENT_SOURCE_DIR}/resources/${id}.desktop\" entry)
-  string(REPLACE Exec=ticklog Exec=\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog entry \"\${entry}\")
-  file(WRITE \"${CMAKE_CURRENT_BINARY_DIR}/${id}.desktop\" \"\${entry}\")")
+# Plasma grants what an entry asks for only to the very program that it names, by its full path; and the session bus
+# starts what it finds there.
+foreach(kind desktop service)
+  install(CODE "
+    file(READ \"${CMAKE_CURRENT_SOURCE_DIR}/resources/${id}.${kind}\" entry)
+    string(REPLACE Exec=ticklog Exec=\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog entry \"\${entry}\")
+    file(WRITE \"${CMAKE_CURRENT_BINARY_DIR}/${id}.${kind}\" \"\${entry}\")")
+endforeach()
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${id}.service DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
 install(FILES resources/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES resources/${id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME ${id}.xml)
 install(FILES resources/${id}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)

@@ -3,6 +3,9 @@
 
 namespace {
 
+// The bus's answers to who asks for a name.
+constexpr uint kInQueue = 2;
+
 QDBusMessage question(const QString& member, const QVariantList& arguments) {
     auto message = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName, member);
     message.setArguments(arguments);
@@ -11,10 +14,11 @@ QDBusMessage question(const QString& member, const QVariantList& arguments) {
 
 } // namespace
 
-BusName::BusName(Bus& bus, QString name, std::function<void()> changed)
+BusName::BusName(Bus& bus, QString name, SystemLog& log)
     : m_bus(bus)
     , m_name(std::move(name))
-    , m_changed(std::move(changed))
+    , m_log(log)
+    , m_observers(new Listeners<std::function<void()>>)
     , m_connection(bus.observe([this] { request(); })) {
     const auto listen = [this](const QString& member, bool isOwned) {
         return std::make_unique<BusSignal>(m_bus, BusMatch{kBusServicePath, kBusServiceName, member, m_name},
@@ -33,16 +37,28 @@ BusName::~BusName() {
         m_bus.call(question(QStringLiteral("ReleaseName"), {m_name}), this, {});
 }
 
+Subscription BusName::observe(std::function<void()> observer) {
+    return m_observers->add(std::move(observer));
+}
+
 void BusName::request() {
     if (!m_bus.isConnected()) {
         setOwned(false);
         return;
     }
     // No flag: nobody may take it away, and where somebody has it we are next.
-    m_bus.call(question(QStringLiteral("RequestName"), {m_name, 0U}), this, {});
+    m_bus.call(question(QStringLiteral("RequestName"), {m_name, 0U}), this,
+               [this](const QDBusMessage& answer) { takeInAnswer(answer); });
+}
+
+void BusName::takeInAnswer(const QDBusMessage& answer) {
+    if (answer.type() != QDBusMessage::ReplyMessage)
+        m_log.log(QStringLiteral("The bus does not give the name %1: ").arg(m_name) + answer.errorMessage());
+    else if (answer.arguments().value(0).toUInt() == kInQueue)
+        m_log.log(QStringLiteral("Another program goes by the name %1 on the bus.").arg(m_name));
 }
 
 void BusName::setOwned(bool isOwned) {
     if (std::exchange(m_isOwned, isOwned) != isOwned)
-        m_changed();
+        m_observers->forEach([](const std::function<void()>& observer) { observer(); });
 }

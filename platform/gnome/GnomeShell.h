@@ -10,5 +10,3 @@ inline const QString kGnomeShellExtensions = QStringLiteral("org.gnome.Shell.Ext
 inline const QString kTicklogExtension = QStringLiteral("ticklog@ticklog.org");
 inline const QString kTicklogShell = QStringLiteral("org.ticklog.Shell");
 inline const QString kTicklogShellPath = QStringLiteral("/org/ticklog/Shell");
-// What we are known by, and what the extension looks for.
-inline const QString kTicklogName = QStringLiteral("org.ticklog.Ticklog");

@@ -10,7 +10,8 @@
 
 #include <algorithm>
 
-GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, SystemLog& log, DesktopEntries& entries)
+GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log,
+                                     DesktopEntries& entries)
     : m_log(log)
     , m_desktopEntries(entries)
     , m_shell(sessionBus, kGnomeShell)
@@ -18,7 +19,8 @@ GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, SystemLog& log, DesktopEnt
                                [this](const QDBusMessage& signal) { takeIn(signal); }))
     , m_ended(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Ended"), QString()},
                              [this](const QDBusMessage&) { end(); }))
-    , m_name(sessionBus, kTicklogName, [this] { follow(); })
+    , m_name(ownName)
+    , m_naming(m_name.observe([this] { follow(); }))
     , m_presence(m_shell.observe([this] { follow(); })) {}
 
 bool GnomeShellDesktop::installSwitchHandler(std::function<void()> handler) {

@@ -14,8 +14,9 @@
 // and go at any time. Questions are answered from memory. Main thread only.
 class GnomeShellDesktop : public WindowList, public FrontApplication {
 public:
-    // The others outlive the desktop. Nothing is known yet when it returns.
-    GnomeShellDesktop(Bus& sessionBus, SystemLog& log, DesktopEntries& entries);
+    // The others outlive the desktop. The extension tells only who bears `ownName`, and that may come later. Nothing
+    // is known yet when it returns.
+    GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log, DesktopEntries& entries);
 
     std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
     const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
@@ -63,6 +64,7 @@ private:
     BusService m_shell;
     std::unique_ptr<BusSignal> m_changed;
     std::unique_ptr<BusSignal> m_ended;
-    BusName m_name;
+    BusName& m_name;
+    Subscription m_naming;
     Subscription m_presence;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/gnome/GnomeShellDesktop.h"
+#include "platform/linux/ActivationService.h"
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/GnomeDesk.h"
 
@@ -11,15 +12,17 @@ public:
     explicit GnomeScene(const GnomeDesk::Extension& extension = {})
         : WaylandSceneDesk{GnomeDesk(extension)}
         , Sight(desk.home().dataFolder())
-        , bus(Bus::atAddress(desk.bus().address()), runLoop, log) {
+        , bus(Bus::atAddress(desk.bus().address()), runLoop, log)
+        , name(bus, kTicklogName, log) {
         open();
     }
 
     void open() {
-        desktop = std::make_unique<GnomeShellDesktop>(bus, log, entries);
+        desktop = std::make_unique<GnomeShellDesktop>(bus, name, log, entries);
         lookThrough(*desktop);
     }
 
     Bus bus;
+    BusName name;
     std::unique_ptr<GnomeShellDesktop> desktop;
 };

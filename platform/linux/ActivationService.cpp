@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/ActivationService.h"
+
+#include "platform/foundation/CleanText.h"
+
+#include <QDBusError>
+#include <QPointer>
+#include <QUrl>
+
+#include <utility>
+
+namespace {
+
+constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
+constexpr qsizetype kLongestToken = 256;
+
+// The full path of a file of this machine; empty for anything else.
+QString localPath(const QString& uri) {
+    if (uri.size() > kLongestText)
+        return {};
+    const QUrl url(uri, QUrl::StrictMode);
+    const bool isHere =
+        url.isLocalFile() && (url.host().isEmpty() || url.host() == QLatin1String("localhost"));
+    const QString path = isHere ? url.path(QUrl::FullyDecoded) : QString();
+    return path.startsWith(u'/') && !path.contains(QChar(0)) ? path : QString();
+}
+
+QByteArray tokenIn(const QVariantMap& platformData) {
+    const QVariant value = platformData.value(QStringLiteral("activation-token"));
+    const QByteArray token = value.typeId() == QMetaType::QString ? value.toString().toUtf8() : QByteArray();
+    return token.size() <= kLongestToken ? token : QByteArray();
+}
+
+} // namespace
+
+ActivationService::ActivationService(Bus& sessionBus, RunLoop& runLoop, SystemLog& log)
+    : m_bus(sessionBus)
+    , m_runLoop(runLoop)
+    , m_log(log)
+    , m_connection(sessionBus.observe([this] { offer(); })) {
+    offer();
+}
+
+ActivationService::~ActivationService() {
+    if (m_bus.isConnected())
+        m_bus.connection().unregisterObject(kTicklogPath);
+}
+
+void ActivationService::listen(Handler handler) {
+    m_handler = std::move(handler);
+    for (Request& request : std::exchange(m_kept, {}))
+        carryOutSoon(std::move(request));
+}
+
+void ActivationService::offer() {
+    if (m_bus.isConnected() &&
+        !m_bus.connection().registerObject(kTicklogPath, this, QDBusConnection::ExportScriptableSlots))
+        m_log.log(QStringLiteral("Launchers cannot reach Ticklog over the session bus."));
+}
+
+void ActivationService::Activate(const QVariantMap& platformData) {
+    take({.files = {}, .token = tokenIn(platformData)});
+}
+
+void ActivationService::Open(const QStringList& uris, const QVariantMap& platformData) {
+    if (uris.size() > kMostFiles) {
+        sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("Too many files at once."));
+        return;
+    }
+    QStringList files;
+    for (const QString& uri : uris)
+        if (const QString path = localPath(uri); !path.isEmpty())
+            files << path;
+    if (files.size() < uris.size())
+        m_log.log(QStringLiteral("What is no file of this machine is not opened."));
+    if (files.isEmpty() && !uris.isEmpty()) {
+        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("Only files of this machine can be opened."));
+        return;
+    }
+    take({.files = files, .token = tokenIn(platformData)});
+}
+
+void ActivationService::ActivateAction(const QString&, const QVariantList&, const QVariantMap&) {
+    sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such action."));
+}
+
+void ActivationService::take(Request request) {
+    if (m_handler)
+        carryOutSoon(std::move(request));
+    else if (m_kept.size() < kMostKept)
+        m_kept.push_back(std::move(request));
+    else
+        sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("Ticklog is still starting."));
+}
+
+void ActivationService::carryOutSoon(Request request) {
+    m_runLoop.performSoon([self = QPointer(this), request = std::move(request)] {
+        if (self)
+            self->carryOut(request);
+    });
+}
+
+void ActivationService::carryOut(const Request& request) {
+    // The toolkit takes it from there when a window asks to come to the front, and nobody else is to inherit it.
+    if (!request.token.isEmpty())
+        qputenv(kTokenVariable, request.token);
+    m_handler(request.files);
+    if (!request.token.isEmpty())
+        qunsetenv(kTokenVariable);
+}
