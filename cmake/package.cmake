@@ -39,13 +39,23 @@ install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 # Packages carry their manuals and changes compressed, without the hour in them at which that was done.
 function(install_compressed source name folder)
   set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)
-  add_custom_command(OUTPUT ${compressed} COMMAND gzip -9nc ${CMAKE_CURRENT_SOURCE_DIR}/${source} > ${compressed}
-    DEPENDS ${source} VERBATIM)
+  cmake_path(ABSOLUTE_PATH source)
+  add_custom_command(OUTPUT ${compressed} COMMAND gzip -9nc ${source} > ${compressed} DEPENDS ${source} VERBATIM)
   install(FILES ${compressed} DESTINATION ${folder} OPTIONAL)
   set(compressed_files ${compressed_files} ${compressed} PARENT_SCOPE)
 endfunction()
 install_compressed(resources/ticklog.1 ticklog.1 ${CMAKE_INSTALL_MANDIR}/man1)
-install_compressed(CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
+# The changes as Debian writes them, of the day that the description for software centres tells.
+set(maintainer "The Ticklog developers <maintainers@ticklog.org>")
+file(STRINGS resources/${id}.metainfo.xml day REGEX "<release version=\"${PROJECT_VERSION}\"")
+string(REGEX REPLACE ".* date=\"([0-9-]+)\".*" "\\1" day "${day}")
+execute_process(COMMAND date -Rud "${day}" OUTPUT_VARIABLE day OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+set(changes ${CMAKE_CURRENT_BINARY_DIR}/changelog)
+add_custom_command(OUTPUT ${changes}
+  COMMAND awk -v "date=${day}" -v "maintainer=${maintainer}" -f ${CMAKE_CURRENT_SOURCE_DIR}/scripts/debian-changelog.awk
+    ${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md > ${changes}
+  DEPENDS CHANGELOG.md scripts/debian-changelog.awk VERBATIM)
+install_compressed(${changes} changelog ${CMAKE_INSTALL_DOCDIR})
 
 # Icons in the sizes that panels ask for, for those who do not draw scalable ones.
 add_executable(icons EXCLUDE_FROM_ALL resources/Icons.cpp)
@@ -65,7 +75,7 @@ install(DIRECTORY ${icon_folder}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hic
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ticklog)
 set(CPACK_PACKAGE_VENDOR "The Ticklog developers")
-set(CPACK_PACKAGE_CONTACT "The Ticklog developers <maintainers@ticklog.org>")
+set(CPACK_PACKAGE_CONTACT "${maintainer}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "see where your time at the computer goes")
 set(CPACK_PACKAGE_DESCRIPTION "While its timer runs, Ticklog notices which window is in front and adds
 up the time for each application and each of its windows, without being
@@ -80,7 +90,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Takes away what the helper has written, when all is to go.
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/resources/system/postrm)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd | policykit-1, qt6-wayland, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd, qt6-wayland, qt6-translations-l10n")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
   WORLD_EXECUTE)
 include(CPack)

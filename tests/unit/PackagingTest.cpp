@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The files by which desktops, software centres and services know Ticklog: that they say the same, in every language.
+#include <QDir>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString contentOf(const QString& path) {
+    QFile file(u"" TICKLOG_SOURCE_DIR "/resources/"_s + path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return QString::fromUtf8(file.readAll());
+}
+
+// Those that the program speaks besides English, in order.
+QStringList languages() {
+    QStringList found;
+    for (const QString& name : QDir(u"" TICKLOG_SOURCE_DIR "/resources/translations"_s)
+                                   .entryList({u"ticklog_*.ts"_s}, QDir::Files, QDir::Name))
+        found << name.section(u'_', 1).section(u'.', 0, 0);
+    EXPECT_GE(found.size(), 5);
+    return found;
+}
+
+// The texts of all elements of a name, by language; English has none.
+QMap<QString, QStringList> textsOf(const QString& file, const QString& element) {
+    QMap<QString, QStringList> texts;
+    QXmlStreamReader reader(contentOf(file));
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement || reader.name() != element)
+            continue;
+        const QString language = reader.attributes().value(u"xml:lang"_s).toString();
+        texts[language] << reader.readElementText().simplified();
+    }
+    EXPECT_FALSE(reader.hasError()) << qPrintable(reader.errorString());
+    return texts;
+}
+
+// That each language says as much as English, and nobody says it twice.
+void expectInEveryLanguage(const QString& file, const QString& element) {
+    SCOPED_TRACE(qPrintable(file + u": "_s + element));
+    const auto texts = textsOf(file, element);
+    EXPECT_EQ(texts.keys().mid(1), languages());
+    QStringList all;
+    for (const QStringList& those : texts) {
+        EXPECT_EQ(those.size(), texts.value(QString()).size());
+        all << those;
+    }
+    EXPECT_FALSE(all.contains(QString()));
+}
+
+QStringList matches(const QString& pattern, const QString& text) {
+    QStringList found;
+    const QRegularExpression expression(pattern, QRegularExpression::MultilineOption);
+    for (auto match = expression.globalMatch(text); match.hasNext();)
+        found << match.next().captured(1);
+    return found;
+}
+
+TEST(Packaging, theDesktopEntry_speaksEveryLanguage) {
+    const QString entry = contentOf(u"org.ticklog.Ticklog.desktop"_s);
+    for (const QString& key : {u"GenericName"_s, u"Comment"_s, u"Keywords"_s}) {
+        EXPECT_EQ(matches(u'^' + key + u"\\[(\\w+)\\]=.+$"_s, entry), languages()) << qPrintable(key);
+        EXPECT_EQ(matches(u'^' + key + u"(=).+$"_s, entry).size(), 1) << qPrintable(key);
+    }
+    EXPECT_EQ(matches(u"^Name(.*)$"_s, entry), QStringList{u"=Ticklog"_s}) << "a name is no word";
+}
+
+TEST(Packaging, theDescriptionForSoftwareCentres_speaksEveryLanguage) {
+    const QString file = u"org.ticklog.Ticklog.metainfo.xml"_s;
+    for (const QString& element : {u"summary"_s, u"p"_s, u"keyword"_s})
+        expectInEveryLanguage(file, element);
+    EXPECT_EQ(textsOf(file, u"lang"_s).value(QString()), languages());
+    EXPECT_EQ(textsOf(file, u"name"_s), (QMap<QString, QStringList>{{QString(), {u"Ticklog"_s}}}));
+}
+
+TEST(Packaging, theQuestionsOfPolkit_speakEveryLanguageAndNameTheProgram) {
+    const QString file = u"system/org.ticklog.TKAXTrusted.policy"_s;
+    expectInEveryLanguage(file, u"description"_s);
+    expectInEveryLanguage(file, u"message"_s);
+    for (const QStringList& messages : textsOf(file, u"message"_s))
+        for (const QString& message : messages)
+            EXPECT_EQ(message.count(u"$(program)"_s), 1) << qPrintable(message);
+}
+
+TEST(Packaging, theKindOfItsFiles_isNamedInEveryLanguage) {
+    expectInEveryLanguage(u"org.ticklog.Ticklog.mime.xml"_s, u"comment"_s);
+}
+
+TEST(Packaging, softwareCentresAndMenus_sayTheSame) {
+    const QString entry = contentOf(u"org.ticklog.Ticklog.desktop"_s);
+    const auto summaries = textsOf(u"org.ticklog.Ticklog.metainfo.xml"_s, u"summary"_s);
+    const auto keywords = textsOf(u"org.ticklog.Ticklog.metainfo.xml"_s, u"keyword"_s);
+    for (const QString& language : QStringList{QString()} + languages()) {
+        const QString suffix = language.isEmpty() ? QString() : u'[' + language + u']';
+        EXPECT_TRUE(entry.contains(u"\nComment"_s + suffix + u'=' + summaries[language].value(0) + u'\n'))
+            << qPrintable(language);
+        EXPECT_TRUE(
+            entry.contains(u"\nKeywords"_s + suffix + u'=' + keywords[language].join(u';') + u";\n"_s))
+            << qPrintable(language);
+    }
+}
+
+TEST(Packaging, whatTheBusStarts_isWhatTheDesktopEntryStarts) {
+    const QString entry = contentOf(u"org.ticklog.Ticklog.desktop"_s);
+    const QString service = contentOf(u"org.ticklog.Ticklog.service"_s);
+    EXPECT_EQ(matches(u"^DBusActivatable=(.*)$"_s, entry), QStringList{u"true"_s});
+    EXPECT_EQ(matches(u"^Exec=(.*)$"_s, entry), QStringList{u"ticklog %f"_s});
+    // By the bus files come in messages.
+    EXPECT_EQ(matches(u"^Exec=(.*)$"_s, service), QStringList{u"ticklog"_s});
+    EXPECT_EQ(matches(u"^Name=(.*)$"_s, service), QStringList{u"org.ticklog.Ticklog"_s})
+        << "the bus and launchers know it by the name of the entry";
+}
+
+} // namespace
