@@ -89,6 +89,12 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
     const QStringList names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
     if (!names.contains(QLatin1String("GNOME")))
         return Failure{Failure::Kind::NotFound, QStringLiteral("this is not GNOME")};
+    // The extension sees the sandbox's own process in our place, and does not tell it.
+    if (m_ground.sandbox.isSandboxed())
+        return Failure{
+            Failure::Kind::Refused,
+            localized("GNOME Shell does not tell programs in a sandbox which window is in front. Installed "
+                      "outside of one, Ticklog can be told.")};
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
     const auto extension = std::make_shared<GnomeExtension>(

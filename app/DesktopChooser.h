@@ -3,6 +3,7 @@
 
 #include "app/Candidates.h"
 #include "platform/NoDesktop.h"
+#include "platform/Sandbox.h"
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusName.h"
 #include "platform/foundation/DesktopEntries.h"
@@ -26,6 +27,7 @@ public:
         BusName& ownName;
         Bus& systemBus;
         const OwnSession& session;
+        const Sandbox& sandbox;
     };
 
     explicit DesktopChooser(const Ground& ground);

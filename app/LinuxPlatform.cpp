@@ -17,6 +17,7 @@
 #include "platform/linux/LinuxSystemTray.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
+#include "platform/linux/SandboxedProgram.h"
 #include "platform/linux/SettingsWatch.h"
 #include "platform/linux/TrustRecord.h"
 #include "platform/x11/X11TaskBar.h"
@@ -24,6 +25,18 @@
 
 #include <QAbstractEventDispatcher>
 #include <QGuiApplication>
+
+namespace {
+
+Folders foldersFor(const Sandbox& sandbox) {
+    Folders folders = Folders::forUser();
+    // A sandbox's home is gone when it ends, and the documents in it; its data stay.
+    if (sandbox.isSandboxed())
+        folders.documents = folders.applicationSupport;
+    return folders;
+}
+
+} // namespace
 
 // In the order of dependence: each stands on those above it.
 struct LinuxPlatform::BackEnds {
@@ -34,7 +47,8 @@ struct LinuxPlatform::BackEnds {
     JournalLog log{JournalLog::usualDestinations()};
     QtRunLoop runLoop{log};
     NotificationCenter notifications;
-    Folders folders = Folders::forUser();
+    LinuxSandbox sandbox = LinuxSandbox::ofThisProcess();
+    Folders folders = foldersFor(sandbox);
     UserDefaults defaults{folders.settingsFile, notifications, runLoop, log};
     SettingsWatch settingsWatch{defaults, runLoop};
     Bus systemBus{Bus::systemBus(), runLoop, log};
@@ -48,19 +62,21 @@ struct LinuxPlatform::BackEnds {
     LogindSession sessionEvents{session, log};
     DesktopScreenLock screenLock{session, sessionBus, runLoop};
     DesktopEntries desktopEntries{DesktopEntries::Places::forUser(), clock};
-    DesktopChooser desktop{{runLoop, log, desktopEntries, clock, sessionBus, ownName, systemBus, session}};
+    DesktopChooser desktop{
+        {runLoop, log, desktopEntries, clock, sessionBus, ownName, systemBus, session, sandbox}};
     LockAwareFrontApplication frontApplication{desktop.frontApplication(), screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
-    LinuxSandbox sandbox = LinuxSandbox::ofThisProcess();
     LinuxServiceManagement serviceManagement{systemBus, log, LinuxServiceManagement::Places::ofThisMachine()};
     LinuxOwnProgram ownProgram;
+    SandboxedProgram sandboxedProgram{ownProgram};
     LinuxSystemTray systemTray{sessionBus, runLoop, log};
     NoTaskBar noTaskBar;
     // Absent where our windows are none of an X server's. The task bar uses the tray manager's connection.
     std::unique_ptr<X11TrayManager> x11TrayManager;
     std::unique_ptr<X11TaskBar> x11TaskBar;
     AutostartEntries loginItems{AutostartEntries::Places::forUser()};
+    SandboxedLoginItems sandboxedLoginItems;
     std::unique_ptr<Platform> platform;
     // Ends the calls at every wake-up.
     QObject awakeContext;
@@ -70,11 +86,14 @@ LinuxPlatform::BackEnds::BackEnds() {
     // Wherever else windows are told of, ours must be the X server's to be embedded and listed there.
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         openX11Presence();
+    const bool isSandboxed = sandbox.isSandboxed();
+    OwnProgram& program = isSandboxed ? static_cast<OwnProgram&>(sandboxedProgram) : ownProgram;
+    LoginItems& items = isSandboxed ? static_cast<LoginItems&>(sandboxedLoginItems) : loginItems;
     TaskBar* taskBar = x11TaskBar ? static_cast<TaskBar*>(x11TaskBar.get()) : &noTaskBar;
-    platform = std::make_unique<Platform>(
-        Platform{clock, runLoop, log, notifications, defaults, folders, frontApplication,
-                 desktop.windowList(), desktop.idleTime(), power, sessionEvents, accessibility, fileViewer,
-                 sandbox, serviceManagement, ownProgram, *taskBar, systemTray, loginItems});
+    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
+                                                   frontApplication, desktop.windowList(), desktop.idleTime(),
+                                                   power, sessionEvents, accessibility, fileViewer, sandbox,
+                                                   serviceManagement, program, *taskBar, systemTray, items});
     if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
         accessibility.grantTrust();
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before

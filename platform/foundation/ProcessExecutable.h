@@ -5,5 +5,11 @@
 
 #include <cstdint>
 
+// What Flatpak leaves in the root folder of a sandbox.
+inline const QString kFlatpakNote = QStringLiteral("/.flatpak-info");
+
+// Whether process numbers that windows tell mean nothing here: a sandbox numbers its processes itself, and theirs are
+// those of the machine, or of another sandbox.
+bool hasOwnProcessNumbers();
 // The executable of a process of this machine, as a full path; empty when it cannot be told.
 QString executableOfProcess(std::int64_t processIdentifier);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxSandbox.h"
 
+#include "platform/foundation/ProcessExecutable.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 
@@ -8,6 +10,5 @@ LinuxSandbox::LinuxSandbox(const QString& flatpakNote, const QString& snap, cons
     : m_isSandboxed(QFileInfo::exists(flatpakNote) || (!snap.isEmpty() && program.startsWith(snap + u'/'))) {}
 
 LinuxSandbox LinuxSandbox::ofThisProcess() {
-    return LinuxSandbox(QStringLiteral("/.flatpak-info"), qEnvironmentVariable("SNAP"),
-                        QCoreApplication::applicationFilePath());
+    return LinuxSandbox(kFlatpakNote, qEnvironmentVariable("SNAP"), QCoreApplication::applicationFilePath());
 }

@@ -12,6 +12,8 @@ namespace {
 
 // Window managers say "nothing" for a moment between two windows.
 constexpr std::chrono::milliseconds kEmptyMoment{100};
+// The class of our own windows.
+const QString kOwnClass = QStringLiteral("ticklog");
 // In units of 4 bytes.
 constexpr quint32 kMostWindows = 16384;
 
@@ -263,7 +265,10 @@ ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
     ApplicationRecord application;
     application.processIdentifier = window.process().identifier();
     application.path = executableOfProcess(application.processIdentifier);
-    if (application.processIdentifier == ::getpid())
+    // The number is also that of the first program in every other sandbox.
+    const bool isOwn = application.processIdentifier == ::getpid() &&
+                       (!hasOwnProcessNumbers() || window.classes().contains(kOwnClass));
+    if (isOwn)
         application.name = kOwnName;
     else if (const auto name = m_desktopEntries.nameForWindow(window.classes(), application.path))
         application.name = *name;

@@ -899,5 +899,13 @@
         <source>Why Is Nothing Counted?</source>
         <translation>Warum wird nichts gezählt?</translation>
     </message>
+    <message>
+        <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
+        <translation>GNOME Shell teilt Programmen in einer Sandbox nicht mit, welches Fenster vorn ist. Außerhalb einer Sandbox installiert, erfährt es Ticklog.</translation>
+    </message>
+    <message>
+        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
+        <translation>Ticklog läuft in einer Sandbox und kann von dort aus nicht ändern, was die Sitzung startet. In den Einstellungen der Arbeitsumgebung geht das.</translation>
+    </message>
 </context>
 </TS>

@@ -899,5 +899,13 @@
         <source>Why Is Nothing Counted?</source>
         <translation>¿Por qué no se cuenta nada?</translation>
     </message>
+    <message>
+        <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
+        <translation>GNOME Shell no dice a los programas de un entorno aislado qué ventana está delante. Instalado fuera de él, Ticklog puede saberlo.</translation>
+    </message>
+    <message>
+        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
+        <translation>Ticklog se ejecuta en un entorno aislado, desde el que no puede cambiar lo que inicia la sesión. Se puede hacer en la configuración del escritorio.</translation>
+    </message>
 </context>
 </TS>

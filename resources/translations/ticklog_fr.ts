@@ -899,5 +899,13 @@
         <source>Why Is Nothing Counted?</source>
         <translation>Pourquoi rien n’est compté&#xa0;?</translation>
     </message>
+    <message>
+        <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
+        <translation>GNOME Shell ne dit pas aux programmes d’un bac à sable quelle fenêtre est au premier plan. Installé en dehors, Ticklog peut le savoir.</translation>
+    </message>
+    <message>
+        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
+        <translation>Ticklog s’exécute dans un bac à sable, d’où il ne peut pas changer ce que la session démarre. Les paramètres du bureau le peuvent.</translation>
+    </message>
 </context>
 </TS>

@@ -899,5 +899,13 @@
         <source>Why Is Nothing Counted?</source>
         <translation>何も計測されない理由</translation>
     </message>
+    <message>
+        <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
+        <translation>GNOME Shell は、サンドボックス内のプログラムには最前面のウィンドウを知らせません。サンドボックスの外にインストールすると、Ticklog はそれを知ることができます。</translation>
+    </message>
+    <message>
+        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
+        <translation>Ticklog はサンドボックス内で動作しているため、セッションの開始時に起動するものを変更できません。デスクトップの設定で変更できます。</translation>
+    </message>
 </context>
 </TS>

@@ -899,5 +899,13 @@
         <source>Why Is Nothing Counted?</source>
         <translation>Dlaczego nic nie jest liczone?</translation>
     </message>
+    <message>
+        <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
+        <translation>GNOME Shell nie mówi programom w piaskownicy, które okno jest na wierzchu. Zainstalowany poza nią, Ticklog może się tego dowiedzieć.</translation>
+    </message>
+    <message>
+        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
+        <translation>Ticklog działa w piaskownicy i nie może z niej zmienić tego, co uruchamia sesja. Można to zrobić w ustawieniach pulpitu.</translation>
+    </message>
 </context>
 </TS>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Folders.h"
+#include "platform/linux/LinuxOwnProgram.h"
 #include "platform/linux/LinuxSandbox.h"
+#include "platform/linux/SandboxedProgram.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 
 #include <QDir>
@@ -64,6 +66,22 @@ TEST(LinuxSandbox, aProgramInTheSnap_isSandboxedAndOneThatASnapStartedIsNot) {
     EXPECT_TRUE(LinuxSandbox(none, snap, QStringLiteral("/snap/ticklog/7/bin/ticklog")).isSandboxed());
     EXPECT_FALSE(LinuxSandbox(none, snap, QStringLiteral("/usr/bin/ticklog")).isSandboxed());
     EXPECT_FALSE(LinuxSandbox(none, QString(), QStringLiteral("/usr/bin/ticklog")).isSandboxed());
+}
+
+TEST(SandboxedLoginItems, nothingIsStartedAtLogin_andWhoWantsItIsTold) {
+    SandboxedLoginItems items;
+    const Outcome wanted = items.setEnabled(QStringLiteral("org.ticklog.TicklogLaunchHelper"), true);
+    ASSERT_FALSE(wanted);
+    EXPECT_TRUE(wanted.failure().text.contains(QStringLiteral("sandbox")));
+    EXPECT_TRUE(items.setEnabled(QStringLiteral("org.ticklog.TicklogLaunchHelper"), false));
+    EXPECT_TRUE(items.copyAllJobDictionaries().empty());
+}
+
+TEST(SandboxedProgram, startedAnew_goesOnInsteadOfEndingForGood) {
+    const LinuxOwnProgram program(QStringLiteral("/bin/true"));
+    SandboxedProgram sandboxed(program);
+    EXPECT_EQ(sandboxed.executable(), QStringLiteral("/bin/true"));
+    EXPECT_FALSE(sandboxed.relaunch());
 }
 
 } // namespace

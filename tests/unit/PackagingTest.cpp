@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The files by which desktops, software centres and services know Ticklog: that they say the same, in every language.
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QMap>
 #include <QRegularExpression>
@@ -12,10 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString contentOf(const QString& path) {
-    QFile file(u"" TICKLOG_SOURCE_DIR "/resources/"_s + path);
+QString sourceOf(const QString& path) {
+    QFile file(u"" TICKLOG_SOURCE_DIR "/"_s + path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
     return QString::fromUtf8(file.readAll());
+}
+
+QString contentOf(const QString& path) {
+    return sourceOf(u"resources/"_s + path);
 }
 
 // Those that the program speaks besides English, in order.
@@ -116,6 +120,45 @@ TEST(Packaging, whatTheBusStarts_isWhatTheDesktopEntryStarts) {
     EXPECT_EQ(matches(u"^Exec=(.*)$"_s, service), QStringList{u"ticklog"_s});
     EXPECT_EQ(matches(u"^Name=(.*)$"_s, service), QStringList{u"org.ticklog.Ticklog"_s})
         << "the bus and launchers know it by the name of the entry";
+}
+
+// What the sandbox lets Ticklog reach.
+QStringList flatpakPermissions() {
+    const QString manifest = sourceOf(u"packaging/flatpak/org.ticklog.Ticklog.yaml"_s);
+    const QString list = matches(u"^finish-args:\\n((?:  - .*\\n)+)"_s, manifest).value(0);
+    const QStringList permissions = matches(u"^  - (\\S+)$"_s, list);
+    EXPECT_FALSE(permissions.isEmpty());
+    EXPECT_EQ(permissions.size(), list.count(u'\n'));
+    return permissions;
+}
+
+TEST(Packaging, thePermissionsInFlatpak_areEachExplained) {
+    EXPECT_EQ(matches(u"^\\| `(--[^`]+)` \\| \\S.+ \\|$"_s, sourceOf(u"docs/flatpak.md"_s)),
+              flatpakPermissions())
+        << "each permission has a line in the page, in the same order";
+}
+
+TEST(Packaging, inFlatpak_neitherNetworkNorFilesNorWholeBusesAreReached) {
+    for (const QString& permission : flatpakPermissions())
+        EXPECT_TRUE(
+            QRegularExpression(
+                u"^(--share=ipc|--socket=(wayland|fallback-x11)|--(system-)?talk-name=[A-Za-z0-9.]+)$"_s)
+                .match(permission)
+                .hasMatch())
+            << qPrintable(permission);
+}
+
+TEST(Packaging, theNamesThatFlatpakLetsReach_areThoseThatTheSourcesCall) {
+    QString sources;
+    QDirIterator files(u"" TICKLOG_SOURCE_DIR "/platform"_s, {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        sources += QString::fromUtf8(file.readAll());
+    }
+    for (const QString& name : flatpakPermissions().filter(u"talk-name"_s))
+        EXPECT_TRUE(sources.contains(u'"' + name.section(u'=', 1) + u'"')) << qPrintable(name);
 }
 
 } // namespace
