@@ -24,7 +24,7 @@ if [ -r /etc/os-release ] && [ "$(. /etc/os-release && echo "${ID:-}${VERSION_ID
 fi
 
 # dnf: Fedora
-dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel qt6-qttools-devel
+dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel qt6-qttools-devel qt6-linguist
   libxcb-devel wayland-devel plasma-wayland-protocols-devel libSM-devel gtest-devel google-benchmark-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
@@ -33,7 +33,7 @@ dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejav
 dnf_bench="$dnf_demo python3 sway qt6-qtwayland"
 dnf_pictures="vlgothic-fonts"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils libxml2"
-dnf_package="dpkg rpmlint appstream desktop-file-utils gzip flatpak-builder"
+dnf_package="appstream desktop-file-utils flatpak-builder"
 dnf_format="clang-tools-extra"
 dnf_fuzz="clang compiler-rt"
 dnf_coverage="gcovr"
@@ -48,7 +48,7 @@ pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-de
 pacman_bench="$pacman_demo python sway qt6-wayland"
 pacman_pictures="otf-ipafont"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils libxml2"
-pacman_package="dpkg lintian appstream desktop-file-utils gzip flatpak-builder"
+pacman_package="appstream desktop-file-utils flatpak-builder"
 pacman_format="clang"
 pacman_fuzz="clang compiler-rt"
 pacman_coverage="gcovr"
