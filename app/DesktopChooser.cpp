@@ -106,7 +106,7 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
     const auto desktop = std::make_shared<GnomeShellDesktop>(m_ground.sessionBus, m_ground.ownName,
                                                              m_ground.log, m_ground.entries);
     // The shell is the compositor as well: when it goes, the toolkit ends the process.
-    return Desktop{desktop, desktop, [](const std::function<void()>&) {}, nullptr, extension};
+    return Desktop{desktop, desktop, desktop, [](const std::function<void()>&) {}, nullptr, extension};
 }
 
 template<class BackEnd>
@@ -114,9 +114,10 @@ Result<DesktopChooser::Desktop> DesktopChooser::desktopOf(Result<std::unique_ptr
     if (!opened)
         return opened.failure();
     const std::shared_ptr<BackEnd> backEnd = std::move(*opened);
-    return Desktop{backEnd, backEnd,
-                   [backEnd](std::function<void()> handler) { backEnd->setLostHandler(std::move(handler)); },
-                   nullptr, nullptr};
+    return Desktop{
+        backEnd, backEnd,
+        backEnd, [backEnd](std::function<void()> handler) { backEnd->setLostHandler(std::move(handler)); },
+        nullptr, nullptr};
 }
 
 Result<DesktopChooser::Desktop> DesktopChooser::withIdleTime(Result<std::unique_ptr<X11Desktop>> opened) {
@@ -138,5 +139,5 @@ DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<F
     if (refusal != refusals.end())
         obstacle = refusal->text;
     const auto nothing = std::make_shared<NoDesktop>(obstacle);
-    return {nothing, nothing, [](const std::function<void()>&) {}, nullptr, nullptr};
+    return {nothing, nothing, nothing, [](const std::function<void()>&) {}, nullptr, nullptr};
 }

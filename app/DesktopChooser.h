@@ -34,6 +34,7 @@ public:
 
     FrontApplication& frontApplication() { return *m_desktop.frontApplication; }
     WindowList& windowList() { return *m_desktop.windowList; }
+    SignsOfLife& signsOfLife() { return *m_desktop.signsOfLife; }
     IdleTime& idleTime() { return *m_idleTime; }
     // Null where the desktop tells without one.
     ShellExtension* shellExtension() { return m_desktop.shellExtension.get(); }
@@ -45,6 +46,7 @@ private:
     struct Desktop {
         std::shared_ptr<FrontApplication> frontApplication;
         std::shared_ptr<WindowList> windowList;
+        std::shared_ptr<SignsOfLife> signsOfLife;
         std::function<void(std::function<void()>)> setLostHandler;
         // Absent where the idle time is somebody else's business.
         std::shared_ptr<IdleTime> idleTime;

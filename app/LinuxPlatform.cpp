@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
+#include "Classes/Settings.h"
 #include "app/DesktopChooser.h"
 #include "platform/NoDesktop.h"
+#include "platform/SilenceWatch.h"
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/QtRunLoop.h"
@@ -64,7 +66,13 @@ struct LinuxPlatform::BackEnds {
     DesktopEntries desktopEntries{DesktopEntries::Places::forUser(), clock};
     DesktopChooser desktop{
         {runLoop, log, desktopEntries, clock, sessionBus, ownName, systemBus, session, sandbox}};
-    LockAwareFrontApplication frontApplication{desktop.frontApplication(), screenLock};
+    SilenceWatch silenceWatch{
+        {desktop.frontApplication(), desktop.windowList(), desktop.signsOfLife(), desktop.idleTime()},
+        runLoop,
+        log,
+        [this] { return defaults.boolForKey(kTKWasTimerRunning); },
+        {}};
+    LockAwareFrontApplication frontApplication{silenceWatch, screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
     LinuxServiceManagement serviceManagement{systemBus, log, LinuxServiceManagement::Places::ofThisMachine()};
@@ -90,10 +98,10 @@ LinuxPlatform::BackEnds::BackEnds() {
     OwnProgram& program = isSandboxed ? static_cast<OwnProgram&>(sandboxedProgram) : ownProgram;
     LoginItems& items = isSandboxed ? static_cast<LoginItems&>(sandboxedLoginItems) : loginItems;
     TaskBar* taskBar = x11TaskBar ? static_cast<TaskBar*>(x11TaskBar.get()) : &noTaskBar;
-    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
-                                                   frontApplication, desktop.windowList(), desktop.idleTime(),
-                                                   power, sessionEvents, accessibility, fileViewer, sandbox,
-                                                   serviceManagement, program, *taskBar, systemTray, items});
+    platform = std::make_unique<Platform>(
+        Platform{clock, runLoop, log, notifications, defaults, folders, frontApplication, silenceWatch,
+                 desktop.idleTime(), power, sessionEvents, accessibility, fileViewer, sandbox,
+                 serviceManagement, program, *taskBar, systemTray, items});
     if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
         accessibility.grantTrust();
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before

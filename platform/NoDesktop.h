@@ -3,11 +3,12 @@
 
 #include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
+#include "platform/SignsOfLife.h"
 #include "platform/TaskBar.h"
 #include "platform/WindowList.h"
 
 // Where no window system can be asked: nothing is in front, and nothing is credited.
-class NoDesktop : public FrontApplication, public WindowList {
+class NoDesktop : public FrontApplication, public WindowList, public SignsOfLife {
 public:
     // `obstacle` says why, to the user.
     explicit NoDesktop(QString obstacle)
@@ -21,6 +22,8 @@ public:
     }
     QString obstacle() const override { return m_obstacle; }
     std::span<const WindowListEntry> onScreenWindows() const override { return {}; }
+    void setHeardHandler(std::function<void()>) override {}
+    void askForSign() override {}
 
 private:
     const std::optional<ApplicationRecord> m_none;

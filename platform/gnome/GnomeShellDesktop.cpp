@@ -9,6 +9,14 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <limits>
+
+namespace {
+
+// For the bus, in milliseconds: an answer that comes late is one nevertheless.
+constexpr int kHoweverLate = std::numeric_limits<int>::max();
+
+} // namespace
 
 GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log,
                                      DesktopEntries& entries)
@@ -16,9 +24,15 @@ GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLo
     , m_desktopEntries(entries)
     , m_shell(sessionBus, kGnomeShell)
     , m_changed(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Changed"), QString()},
-                               [this](const QDBusMessage& signal) { takeIn(signal); }))
+                               [this](const QDBusMessage& signal) {
+                                   takeIn(signal);
+                                   hear();
+                               }))
     , m_ended(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Ended"), QString()},
-                             [this](const QDBusMessage&) { end(); }))
+                             [this](const QDBusMessage&) {
+                                 end();
+                                 hear();
+                             }))
     , m_name(ownName)
     , m_naming(m_name.observe([this] { follow(); }))
     , m_presence(m_shell.observe([this] { follow(); })) {}
@@ -47,10 +61,22 @@ QString GnomeShellDesktop::obstacle() const {
 void GnomeShellDesktop::follow() {
     if (!m_shell.isServed() || !m_name.isOwned()) {
         end();
+        hear();
         return;
     }
-    m_shell.call(kTicklogShellPath, kTicklogShell, QStringLiteral("Follow"), {},
-                 [this](const QDBusMessage& answer) { takeInAnswer(answer); });
+    // Answered by the extension itself, and not by the shell's part of the bus, which goes on while the shell hangs.
+    m_shell.call(
+        kTicklogShellPath, kTicklogShell, QStringLiteral("Follow"), {},
+        [this](const QDBusMessage& answer) {
+            takeInAnswer(answer);
+            hear();
+        },
+        kHoweverLate);
+}
+
+void GnomeShellDesktop::hear() {
+    if (m_heardHandler)
+        m_heardHandler();
 }
 
 void GnomeShellDesktop::takeInAnswer(const QDBusMessage& answer) {
@@ -58,6 +84,7 @@ void GnomeShellDesktop::takeInAnswer(const QDBusMessage& answer) {
         takeIn(answer);
         return;
     }
+    end();
     if (answer.errorName() == QLatin1String("org.freedesktop.DBus.Error.AccessDenied"))
         logOnce(QStringLiteral("The extension of GNOME Shell belongs to another Ticklog than this: ") +
                 QCoreApplication::applicationFilePath());

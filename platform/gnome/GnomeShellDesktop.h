@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FrontApplication.h"
+#include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
 #include "platform/bus/BusName.h"
 #include "platform/foundation/DesktopEntries.h"
@@ -12,7 +13,7 @@
 // The windows of GNOME Shell and the application in front, as our extension of the shell tells them: one message for
 // each change, and none while nothing changes. Without the extension it is not known what is in front; it may come
 // and go at any time. Questions are answered from memory. Main thread only.
-class GnomeShellDesktop : public WindowList, public FrontApplication {
+class GnomeShellDesktop : public WindowList, public FrontApplication, public SignsOfLife {
 public:
     // The others outlive the desktop. The extension tells only who bears `ownName`, and that may come later. Nothing
     // is known yet when it returns.
@@ -24,6 +25,8 @@ public:
     QString bundleName(const QString& path) const override;
     QString describe() const override;
     QString obstacle() const override;
+    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
+    void askForSign() override { follow(); }
 
 private:
     // Whose a window is, and what that was found out from.
@@ -40,6 +43,7 @@ private:
     // Whether the extension speaks a language that is known here. Tells the log when that changes.
     bool isUnderstood(const QDBusMessage& message);
     void end();
+    void hear();
     void adopt(const GnomeSight& sight);
     // A message comes with every title: the disk is asked about a window once.
     Program programOf(const GnomeSight::Window& window);
@@ -51,6 +55,7 @@ private:
     SystemLog& m_log;
     DesktopEntries& m_desktopEntries;
     std::function<void()> m_handler;
+    std::function<void()> m_heardHandler;
     // By application, where the shell does not know the process.
     QHash<QString, std::int64_t> m_madeUpProcesses;
     QString m_lastLogged;

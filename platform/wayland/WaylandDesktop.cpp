@@ -29,7 +29,15 @@ WaylandDesktop::WaylandDesktop(std::unique_ptr<WaylandConnection> connection, Ru
     , m_runLoop(runLoop)
     , m_log(log)
     , m_desktopEntries(entries) {
-    m_connection->setHandlers({[this] { beginTelling(); }, [this] { lose(); }, {}, {}, [this] { settle(); }});
+    m_connection->setHandlers({[this] { beginTelling(); },
+                               [this] { lose(); },
+                               {},
+                               {},
+                               [this] {
+                                   settle();
+                                   if (m_heardHandler)
+                                       m_heardHandler();
+                               }});
 }
 
 WaylandDesktop::~WaylandDesktop() = default;
@@ -47,6 +55,14 @@ QString WaylandDesktop::obstacle() const {
     return m_isTelling
                ? QString()
                : localized("This Wayland desktop no longer tells other programs which window is in front.");
+}
+
+void WaylandDesktop::askForSign() {
+    // Without a connection there is nobody to fall silent, which is known.
+    if (!m_connection->isAlive())
+        return;
+    m_connection->afterAnswers([] {});
+    m_connection->flush();
 }
 
 void WaylandDesktop::start() {

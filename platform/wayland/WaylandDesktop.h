@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FrontApplication.h"
+#include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/wayland/WaylandConnection.h"
@@ -12,7 +13,7 @@
 
 // The windows of a Wayland desktop and the application in front, whichever protocol tells of them: a back end for each
 // protocol says what its events mean. A question is answered from memory. Main thread only.
-class WaylandDesktop : public WindowList, public FrontApplication {
+class WaylandDesktop : public WindowList, public FrontApplication, public SignsOfLife {
 public:
     ~WaylandDesktop() override;
 
@@ -23,6 +24,8 @@ public:
     bool installSwitchHandler(std::function<void()> handler) override;
     QString bundleName(const QString& path) const override;
     QString obstacle() const override;
+    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
+    void askForSign() override;
 
     // Called when the compositor has gone; no window is listed and the desktop is in front then, until it is back.
     void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }
@@ -93,6 +96,7 @@ private:
     DesktopEntries& m_desktopEntries;
     std::function<void()> m_handler;
     std::function<void()> m_lostHandler;
+    std::function<void()> m_heardHandler;
 
     std::unordered_map<std::int64_t, Known> m_windows;
     std::vector<std::int64_t> m_frontToBack;

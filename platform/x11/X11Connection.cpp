@@ -107,8 +107,20 @@ void X11Connection::awaitReplies() {
 X11Owned<void> X11Connection::wait(unsigned sequence) {
     ++m_roundTrips;
     m_hasUnsentQuestions = false;
+    xcb_flush(xcb());
+    void* answer = nullptr;
     xcb_generic_error_t* error = nullptr;
-    X11Owned<void> reply(xcb_wait_for_reply(xcb(), sequence, &error));
+    bool isAnswered = xcb_poll_for_reply(xcb(), sequence, &answer, &error) != 0;
+    for (int turn = 0; turn < kMostTurns && !isAnswered; ++turn) {
+        pollfd socket{xcb_get_file_descriptor(xcb()), POLLIN, 0};
+        // A server that hangs must not make us hang.
+        if (::poll(&socket, 1, kLongestSilenceMs) == 0)
+            break;
+        isAnswered = xcb_poll_for_reply(xcb(), sequence, &answer, &error) != 0;
+    }
+    if (!isAnswered)
+        xcb_discard_reply(xcb(), sequence);
+    X11Owned<void> reply(answer);
     std::free(error);
     // Waiting has emptied the socket, so that nothing tells of the events that came along.
     while (xcb_generic_event_t* event = xcb_poll_for_queued_event(xcb()))

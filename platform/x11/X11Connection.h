@@ -75,7 +75,7 @@ public:
     // Waits until everything asked has been answered and handed out, so that a start is complete; gives up on
     // a server that does not answer.
     void awaitReplies();
-    // Waits for the reply to a request just sent; null when there is none.
+    // Waits for the reply to a request just sent; null when there is none, and when the server lets us wait too long.
     X11Owned<void> wait(unsigned sequence);
 
     // How often requests with replies went out together, since the beginning. For benchmarks.

@@ -62,9 +62,16 @@ X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLo
     , m_runLoop(runLoop)
     , m_desktopEntries(entries)
     , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); }) {
-    m_connection->setHandlers({[this] { begin(); }, [this] { end(); },
+    m_connection->setHandlers({[this] { begin(); },
+                               [this] {
+                                   end();
+                                   hear();
+                               },
                                [this](const xcb_generic_event_t& event) { takeIn(event); },
-                               [this] { settle(); }});
+                               [this] {
+                                   settle();
+                                   hear();
+                               }});
 }
 
 bool X11Desktop::installSwitchHandler(std::function<void()> handler) {
@@ -82,6 +89,19 @@ QString X11Desktop::describe() const {
     return m_manager
                ? QStringLiteral("X11: the window manager tells of the windows")
                : QStringLiteral("X11: no window manager tells of the windows; following the input focus");
+}
+
+void X11Desktop::askForSign() {
+    // Without a connection there is nobody to fall silent, which is known.
+    if (!m_connection->isAlive())
+        return;
+    m_connection->expect(xcb_get_input_focus(m_connection->xcb()).sequence, [](const void*) {});
+    m_connection->flush();
+}
+
+void X11Desktop::hear() {
+    if (m_heardHandler)
+        m_heardHandler();
 }
 
 void X11Desktop::begin() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FrontApplication.h"
+#include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/x11/X11Connection.h"
@@ -13,7 +14,7 @@
 // The windows of an X desktop and the application in front, as the window manager tells them (EWMH), or where
 // there is none, as the input focus tells. Everything is kept current by the server's events: a question is
 // answered from memory. Main thread only.
-class X11Desktop : public WindowList, public FrontApplication {
+class X11Desktop : public WindowList, public FrontApplication, public SignsOfLife {
 public:
     // `display` is a display name; empty for that of the environment. Its answers are there when it returns.
     // The others outlive the desktop.
@@ -27,6 +28,8 @@ public:
     bool installSwitchHandler(std::function<void()> handler) override;
     QString bundleName(const QString& path) const override;
     QString describe() const override;
+    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
+    void askForSign() override;
 
     // Called when the server has gone; the answers are empty then, and come back when it does.
     void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }
@@ -72,6 +75,7 @@ private:
     void endEmptyMoment();
     void bringToFront(xcb_window_t window, const ApplicationRecord& application);
     void tellOfSwitch();
+    void hear();
     void updateEntries();
 
     std::unique_ptr<X11Connection> m_connection;
@@ -80,6 +84,7 @@ private:
     X11FocusWindow m_focus;
     std::function<void()> m_handler;
     std::function<void()> m_lostHandler;
+    std::function<void()> m_heardHandler;
 
     std::unordered_map<xcb_window_t, Client> m_clients;
     std::vector<xcb_window_t> m_frontToBack;

@@ -907,5 +907,9 @@
         <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
         <translation>Ticklog läuft in einer Sandbox und kann von dort aus nicht ändern, was die Sitzung startet. In den Einstellungen der Arbeitsumgebung geht das.</translation>
     </message>
+    <message>
+        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <translation>Die Arbeitsfläche antwortet nicht mehr. Bis sie es tut, ist nicht bekannt, welches Fenster vorn ist, und für kein Fenster wird Zeit gezählt.</translation>
+    </message>
 </context>
 </TS>

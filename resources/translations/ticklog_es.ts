@@ -907,5 +907,9 @@
         <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
         <translation>Ticklog se ejecuta en un entorno aislado, desde el que no puede cambiar lo que inicia la sesión. Se puede hacer en la configuración del escritorio.</translation>
     </message>
+    <message>
+        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <translation>El escritorio ha dejado de responder. Hasta que lo haga, no se sabe qué ventana está en primer plano y no se cuenta el tiempo de ninguna ventana.</translation>
+    </message>
 </context>
 </TS>

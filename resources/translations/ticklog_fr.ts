@@ -907,5 +907,9 @@
         <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
         <translation>Ticklog s’exécute dans un bac à sable, d’où il ne peut pas changer ce que la session démarre. Les paramètres du bureau le peuvent.</translation>
     </message>
+    <message>
+        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, on ne sait pas quelle fenêtre est au premier plan, et aucun temps n’est compté pour une fenêtre.</translation>
+    </message>
 </context>
 </TS>

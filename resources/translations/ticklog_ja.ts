@@ -907,5 +907,9 @@
         <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
         <translation>Ticklog はサンドボックス内で動作しているため、セッションの開始時に起動するものを変更できません。デスクトップの設定で変更できます。</translation>
     </message>
+    <message>
+        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <translation>デスクトップが応答しません。応答するまでは最前面のウィンドウがわからないため、どのウィンドウの時間も計測されません。</translation>
+    </message>
 </context>
 </TS>

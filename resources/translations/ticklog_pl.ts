@@ -907,5 +907,9 @@
         <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
         <translation>Ticklog działa w piaskownicy i nie może z niej zmienić tego, co uruchamia sesja. Można to zrobić w ustawieniach pulpitu.</translation>
     </message>
+    <message>
+        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <translation>Środowisko nie odpowiada. Dopóki nie odpowie, nie wiadomo, które okno jest na wierzchu, i czas żadnego okna nie jest zliczany.</translation>
+    </message>
 </context>
 </TS>

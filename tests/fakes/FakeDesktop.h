@@ -7,6 +7,7 @@
 #include "platform/PowerEvents.h"
 #include "platform/Sandbox.h"
 #include "platform/SessionEvents.h"
+#include "platform/SignsOfLife.h"
 #include "platform/SystemTray.h"
 #include "platform/TaskBar.h"
 #include "platform/WindowList.h"
@@ -69,6 +70,29 @@ public:
     std::vector<WindowListEntry> windows;
     // How often the list was asked for.
     mutable int copies = 0;
+};
+
+class FakeSignsOfLife : public SignsOfLife {
+public:
+    void setHeardHandler(std::function<void()> heard) override { m_heard = std::move(heard); }
+
+    void askForSign() override {
+        ++asked;
+        if (answersAtOnce)
+            giveSign();
+    }
+
+    // The desktop tells or answers something.
+    void giveSign() {
+        if (const auto heard = m_heard)
+            heard();
+    }
+
+    bool answersAtOnce = false;
+    int asked = 0;
+
+private:
+    std::function<void()> m_heard;
 };
 
 // Idle since the last input by the clock, which must outlive it.

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "platform/SilenceWatch.h"
+
+#include "platform/foundation/LocalizedStrings.h"
+
+namespace {
+
+// The patience is counted in turns of the loop: a process that was itself kept waiting has one turn for all of that
+// time, and takes in the answer before the next.
+constexpr int kTurns = 10;
+
+} // namespace
+
+SilenceWatch::SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& log,
+                           std::function<bool()> isCounting, const Limits& limits)
+    : m_desktop(desktop)
+    , m_runLoop(runLoop)
+    , m_log(log)
+    , m_isCounting(std::move(isCounting))
+    , m_limits(limits)
+    , m_looks(runLoop.scheduleRepeating(limits.quiet, limits.quiet, [this] { look(); })) {
+    m_desktop.signs.setHeardHandler([this] { hear(); });
+}
+
+SilenceWatch::~SilenceWatch() {
+    m_desktop.signs.setHeardHandler({});
+}
+
+const std::optional<ApplicationRecord>& SilenceWatch::activeApplication() const {
+    const auto& application = m_desktop.front.activeApplication();
+    return m_isSilent && application ? m_nothing : application;
+}
+
+std::span<const WindowListEntry> SilenceWatch::onScreenWindows() const {
+    return m_isSilent ? std::span<const WindowListEntry>() : m_desktop.windows.onScreenWindows();
+}
+
+bool SilenceWatch::installSwitchHandler(std::function<void()> handler) {
+    m_handler = std::move(handler);
+    if (!m_handler)
+        return m_desktop.front.installSwitchHandler({});
+    return m_desktop.front.installSwitchHandler([this] {
+        // The last words before a silence is over are told when it is.
+        if (!m_isSilent)
+            tellOfSwitch();
+    });
+}
+
+QString SilenceWatch::obstacle() const {
+    const QString known = m_desktop.front.obstacle();
+    if (!known.isEmpty() || !m_isSilent)
+        return known;
+    return localized(
+        "The desktop does not answer any more. Until it does, it is not known which window is in "
+        "front, and no window is credited.");
+}
+
+void SilenceWatch::look() {
+    if (std::exchange(m_isHeard, false) || m_isSilent || m_waiting || !isWorthAsking())
+        return;
+    m_desktop.signs.askForSign();
+    if (m_isHeard)
+        return;
+    m_turnsLeft = kTurns;
+    const std::chrono::nanoseconds turn = m_limits.patience / kTurns;
+    m_waiting = m_runLoop.scheduleRepeating(turn, turn, [this] { wait(); });
+}
+
+bool SilenceWatch::isWorthAsking() const {
+    // Where it is known that nothing is told, nothing is credited either.
+    return m_isCounting() && m_desktop.front.obstacle().isEmpty() && isSomebodyThere();
+}
+
+bool SilenceWatch::isSomebodyThere() const {
+    const IdleReading reading = m_desktop.idleTime.read();
+    const auto idle = reading.idleNanoseconds.asInteger();
+    return reading.state != IdleReading::State::Read || !idle ||
+           std::chrono::nanoseconds(*idle) < m_limits.quiet;
+}
+
+void SilenceWatch::wait() {
+    if (--m_turnsLeft == 0)
+        fallSilent();
+}
+
+void SilenceWatch::fallSilent() {
+    m_waiting.reset();
+    m_isSilent = true;
+    m_log.log(QStringLiteral("The desktop does not answer: nothing is known to be in front until it does."));
+    tellOfSwitch();
+}
+
+void SilenceWatch::hear() {
+    m_isHeard = true;
+    m_waiting.reset();
+    if (!std::exchange(m_isSilent, false))
+        return;
+    m_log.log(QStringLiteral("The desktop is heard of again."));
+    tellOfSwitch();
+}
+
+void SilenceWatch::tellOfSwitch() {
+    // A copy, because the handler may install another one.
+    if (const std::function<void()> handler = m_handler)
+        handler();
+}

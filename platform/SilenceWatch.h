@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/IdleTime.h"
+#include "platform/SignsOfLife.h"
+#include "platform/WindowList.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/SystemLog.h"
+
+#include <memory>
+
+// Notices that a desktop has fallen silent, where it could as well have nothing to tell: a compositor that hangs, a shell
+// whose extension has stopped. When nothing has been heard for a while though somebody is at work, it is asked for a sign
+// of life. As long as none comes there is no window, and the desktop itself is in front, or whoever was there last would
+// be credited for it. Otherwise everything is passed on as it is. Main thread only.
+class SilenceWatch : public FrontApplication, public WindowList {
+public:
+    struct Desktop {
+        FrontApplication& front;
+        WindowList& windows;
+        SignsOfLife& signs;
+        // Whoever has not touched anything for as long as nothing was heard is not at work, and nobody is asked.
+        IdleTime& idleTime;
+    };
+
+    struct Limits {
+        // Nothing has been heard for so long, up to twice that.
+        std::chrono::milliseconds quiet = std::chrono::minutes(1);
+        // For the answer.
+        std::chrono::milliseconds patience = std::chrono::seconds(10);
+    };
+
+    // `isCounting` says whether time is being credited; while it is not, nobody is asked. All outlive the watch.
+    SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& log, std::function<bool()> isCounting,
+                 const Limits& limits);
+    ~SilenceWatch() override;
+
+    const std::optional<ApplicationRecord>& activeApplication() const override;
+    bool installSwitchHandler(std::function<void()> handler) override;
+    QString bundleName(const QString& path) const override { return m_desktop.front.bundleName(path); }
+    QString describe() const override { return m_desktop.front.describe(); }
+    QString obstacle() const override;
+    std::span<const WindowListEntry> onScreenWindows() const override;
+
+private:
+    void look();
+    bool isWorthAsking() const;
+    bool isSomebodyThere() const;
+    void wait();
+    void fallSilent();
+    void hear();
+    void tellOfSwitch();
+
+    Desktop m_desktop;
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    std::function<bool()> m_isCounting;
+    Limits m_limits;
+    std::function<void()> m_handler;
+    const std::optional<ApplicationRecord> m_nothing = nothingInFront();
+    // Since the last look.
+    bool m_isHeard = false;
+    bool m_isSilent = false;
+    std::unique_ptr<RunLoopTimer> m_looks;
+    // Runs while an answer is waited for.
+    std::unique_ptr<RunLoopTimer> m_waiting;
+    int m_turnsLeft = 0;
+};

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "platform/SilenceWatch.h"
+
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/RecordingLog.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const ApplicationRecord kWriter{QStringLiteral("Writer"), {}, 7};
+const ApplicationRecord kMailer{QStringLiteral("Mailer"), {}, 8};
+
+class SilenceWatchTest : public testing::Test {
+protected:
+    SilenceWatchTest() {
+        front.record = kWriter;
+        windows.windows = {{1, 7, 0, QStringLiteral("Letter"), kWriter.name}};
+        idleTime.isBusy = true;
+        watch.installSwitchHandler([this] { switches << watch.activeApplication()->name; });
+    }
+
+    // "Writer, 1 window" as it is passed on.
+    QString seen() const {
+        return QStringLiteral("%1, %2")
+            .arg(watch.activeApplication()->name)
+            .arg(watch.onScreenWindows().size());
+    }
+
+    HandClock clock;
+    ManualRunLoop runLoop{clock};
+    RecordingLog log;
+    FakeFrontApplication front;
+    FakeWindowList windows;
+    FakeSignsOfLife signs;
+    FakeIdleTime idleTime{clock};
+    bool isCounting = true;
+    QStringList switches;
+    SilenceWatch watch{{front, windows, signs, idleTime}, runLoop, log, [this] { return isCounting; }, {}};
+};
+
+const QString kWriting = QStringLiteral("Writer, 1");
+const QString kNothing = QStringLiteral("Desktop, 0");
+
+TEST_F(SilenceWatchTest, aDesktopThatTellsSomethingEveryMinute_isAskedNothing) {
+    for (int minute = 0; minute < 60; ++minute) {
+        signs.giveSign();
+        runLoop.advance(60s);
+    }
+    EXPECT_EQ(signs.asked, 0);
+    EXPECT_EQ(seen(), kWriting);
+}
+
+TEST_F(SilenceWatchTest, aDesktopWithNothingToTell_isAskedOnceAMinuteAndBelieved) {
+    signs.answersAtOnce = true;
+    runLoop.advance(1h);
+    EXPECT_LE(signs.asked, 60);
+    EXPECT_GE(signs.asked, 30);
+    EXPECT_EQ(seen(), kWriting);
+    EXPECT_EQ(log.lines, QStringList());
+    EXPECT_EQ(switches, QStringList());
+}
+
+TEST_F(SilenceWatchTest, anAnswerWithinItsTime_isNoSilence) {
+    runLoop.advance(60s + 9s);
+    EXPECT_EQ(signs.asked, 1);
+    signs.giveSign();
+    runLoop.advance(30s);
+    EXPECT_EQ(seen(), kWriting);
+    EXPECT_EQ(log.lines, QStringList());
+}
+
+TEST_F(SilenceWatchTest, noAnswer_leavesTheDesktopInFrontAndSaysWhyOnce) {
+    runLoop.advance(60s + 10s);
+    EXPECT_EQ(seen(), kNothing);
+    EXPECT_EQ(switches, QStringList(kDesktopName));
+    EXPECT_TRUE(watch.obstacle().contains(QStringLiteral("does not answer")));
+    runLoop.advance(1h);
+    EXPECT_EQ(signs.asked, 1) << "the question still stands";
+    EXPECT_EQ(log.lines.size(), 1);
+}
+
+TEST_F(SilenceWatchTest, aLateAnswer_bringsEverythingBack) {
+    runLoop.advance(1h);
+    ASSERT_EQ(seen(), kNothing);
+    // What it has to tell comes first, and must not be told before the silence is over.
+    front.switchTo(kMailer);
+    EXPECT_EQ(switches, QStringList(kDesktopName));
+    signs.giveSign();
+    EXPECT_EQ(switches, QStringList({kDesktopName, kMailer.name}));
+    EXPECT_EQ(watch.obstacle(), QString());
+    EXPECT_EQ(log.lines.size(), 2);
+    runLoop.advance(1h);
+    EXPECT_EQ(signs.asked, 2) << "it is watched on";
+    EXPECT_EQ(seen(), kNothing);
+}
+
+TEST_F(SilenceWatchTest, whileNobodyIsAtWork_nobodyIsAsked) {
+    idleTime.isBusy = false;
+    idleTime.setIdle(10min);
+    runLoop.advance(1h);
+    EXPECT_EQ(signs.asked, 0);
+    idleTime.isBusy = true;
+    runLoop.advance(60s);
+    EXPECT_EQ(signs.asked, 1);
+}
+
+TEST_F(SilenceWatchTest, anIdleTimeThatIsNotTold_isNoReasonToTrustTheDesktop) {
+    idleTime.state = IdleReading::State::NoProperties;
+    runLoop.advance(70s);
+    EXPECT_EQ(seen(), kNothing);
+}
+
+TEST_F(SilenceWatchTest, whileTheTimerStands_nobodyIsAsked) {
+    isCounting = false;
+    runLoop.advance(1h);
+    EXPECT_EQ(signs.asked, 0);
+}
+
+TEST_F(SilenceWatchTest, whereItIsKnownThatNothingIsTold_nobodyIsAsked) {
+    front.record.reset();
+    front.hindrance = QStringLiteral("no extension");
+    runLoop.advance(1h);
+    EXPECT_EQ(signs.asked, 0);
+    EXPECT_EQ(watch.obstacle(), QStringLiteral("no extension"));
+}
+
+TEST_F(SilenceWatchTest, aDesktopThatGoesInItsSilence_isNotMadeOneThatTells) {
+    runLoop.advance(70s);
+    front.record.reset();
+    front.hindrance = QStringLiteral("gone");
+    EXPECT_FALSE(watch.activeApplication());
+    EXPECT_EQ(watch.obstacle(), QStringLiteral("gone"));
+}
+
+TEST_F(SilenceWatchTest, aProcessThatWasItselfKeptWaiting_hearsTheAnswerBeforeItJudges) {
+    runLoop.advance(60s);
+    ASSERT_EQ(signs.asked, 1);
+    // All that time is one turn of the loop.
+    clock.advance(1h);
+    runLoop.advance(1s);
+    EXPECT_EQ(seen(), kWriting);
+    signs.giveSign();
+    runLoop.advance(20s);
+    EXPECT_EQ(seen(), kWriting);
+}
+
+TEST_F(SilenceWatchTest, switches_arePassedOnWhileThereIsNoSilence) {
+    front.switchTo(kMailer);
+    EXPECT_EQ(switches, QStringList(kMailer.name));
+    watch.installSwitchHandler({});
+    EXPECT_FALSE(front.isObserved());
+}
+
+} // namespace
