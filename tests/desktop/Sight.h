@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FrontApplication.h"
+#include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
 #include "platform/foundation/DesktopEntries.h"
 #include "platform/foundation/QtRunLoop.h"
@@ -23,8 +24,13 @@ public:
     void lookThrough(Desktop& desktop) {
         m_front = &desktop;
         m_windows = &desktop;
+        m_signs = &desktop;
         m_front->installSwitchHandler([this] { switches << front(); });
     }
+
+    FrontApplication& frontApplication() const { return *m_front; }
+    WindowList& windowList() const { return *m_windows; }
+    SignsOfLife& signsOfLife() const { return *m_signs; }
 
     // The front application's name; "none" when it is not told.
     QString front() const {
@@ -82,6 +88,7 @@ public:
 private:
     FrontApplication* m_front = nullptr;
     WindowList* m_windows = nullptr;
+    SignsOfLife* m_signs = nullptr;
 };
 
 // Passes when `expected` comes to the front, and says what was there instead when it does not.

@@ -2,7 +2,8 @@
 // A Qt program with windows that does as it is told, line by line on standard input:
 //   open TITLE, title NUMBER TITLE, activate NUMBER, await NUMBER, close NUMBER
 // Windows are numbered from 0 in the order in which they were opened. Says "ok" when it has obeyed; when it awaits a
-// window, as soon as this has the focus. May be given the name of a desktop entry, which its windows then bear.
+// window, as soon as this has the focus. Its last argument, if any, is the name of a desktop entry, which its windows
+// then bear.
 #include <QApplication>
 #include <QSocketNotifier>
 #include <QTextStream>
@@ -61,8 +62,12 @@ void obey(const QString& line) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1)
-        QGuiApplication::setDesktopFileName(QString::fromLocal8Bit(argv[1]));
+    if (argc > 1) {
+        const QString name = QString::fromLocal8Bit(argv[argc - 1]);
+        QGuiApplication::setDesktopFileName(name);
+        // What an X server knows it by.
+        QCoreApplication::setApplicationName(name);
+    }
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);

@@ -82,6 +82,8 @@ void GnomeDesk::installExtension(const Extension& extension) {
     replaceIn(script, QStringLiteral("kVersion = 1"), QStringLiteral("kVersion = %1").arg(extension.version));
     replaceIn(script, QStringLiteral("kOldestVersion = 1"),
               QStringLiteral("kOldestVersion = %1").arg(extension.oldestVersion));
+    if (!extension.tellsOfChanges)
+        replaceIn(script, QStringLiteral("this._send('Changed', sight);"), QString());
 }
 
 void GnomeDesk::writeSettings(bool isEnabled) {

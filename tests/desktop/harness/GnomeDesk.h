@@ -13,6 +13,8 @@ public:
         // The versions that it says it speaks.
         int version = 1;
         int oldestVersion = 1;
+        // Whether it tells of changes; else it only answers.
+        bool tellsOfChanges = true;
         // Whom it tells; empty for this test program.
         QString executable = {};
     };

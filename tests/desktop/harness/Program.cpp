@@ -36,6 +36,14 @@ void Program::kill() {
     m_process.waitForFinished(int(kGenerousLimit.count()));
 }
 
+void Program::pause() const {
+    ::kill(pid_t(m_process.processId()), SIGSTOP);
+}
+
+void Program::resume() const {
+    ::kill(pid_t(m_process.processId()), SIGCONT);
+}
+
 bool Program::terminate(std::chrono::milliseconds limit) {
     m_process.terminate();
     return waitUntilEnded(limit);

@@ -35,6 +35,9 @@ public:
 
     // Ends it the hard way and waits until it is gone.
     void kill();
+    // Has it stand still, as a program that hangs, until resume().
+    void pause() const;
+    void resume() const;
     // Asks it to end (SIGTERM) and answers whether it did.
     bool terminate(std::chrono::milliseconds limit = kGenerousLimit);
     // Answers whether it ended by itself.

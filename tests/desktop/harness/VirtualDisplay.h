@@ -22,6 +22,9 @@ public:
     // What to put into DISPLAY.
     QString name() const { return m_name; }
 
+    // Has the server stand still, and go on.
+    void pause() const { m_server->pause(); }
+    void resume() const { m_server->resume(); }
     // Ends the server; all its clients lose their connection.
     void kill();
     // Starts a server of the same name after kill(). REQUIRES: made with Number::Kept.

@@ -1,16 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/WaylandClient.h"
 
-WaylandClient::WaylandClient(const WaylandDesk& desk, const QString& appId)
-    : m_program(desk.start(QStringLiteral(TICKLOG_BINARY_DIR "/qt-client"), {appId}, Program::Output::Read))
+namespace {
+
+std::unique_ptr<Program> startClient(const WaylandDesk& desk, const QString& appId,
+                                     WaylandClient::Kind kind) {
+    const QString qt = QStringLiteral(TICKLOG_BINARY_DIR "/qt-client");
+    switch (kind) {
+    case WaylandClient::Kind::Gtk:
+        return desk.start(QStringLiteral("/usr/bin/python3"),
+                          {QStringLiteral("-B"),
+                           QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/clients/gtk_client.py"), appId},
+                          Program::Output::Read);
+    case WaylandClient::Kind::QtOnX11:
+        return desk.start(qt, {QStringLiteral("-platform"), QStringLiteral("xcb"), appId},
+                          Program::Output::Read);
+    case WaylandClient::Kind::Qt:
+        break;
+    }
+    return desk.start(qt, {appId}, Program::Output::Read);
+}
+
+} // namespace
+
+WaylandClient::WaylandClient(const WaylandDesk& desk, const QString& appId, Kind kind)
+    : m_program(startClient(desk, appId, kind))
     , m_processIdentifier(m_program->processIdentifier()) {
     if (!m_program->isRunning())
-        qFatal("qt-client does not start: is Qt's Wayland plug-in installed?");
+        qFatal("a client does not start: are Qt's Wayland plug-in, python3-gi and GTK 3 installed?");
 }
 
 int WaylandClient::open(const QString& title) {
     if (!tell(QStringLiteral("open ") + title))
-        qFatal("qt-client opens no window: is Qt's Wayland plug-in installed?");
+        qFatal("a client opens no window: are Qt's Wayland plug-in, python3-gi and GTK 3 installed?");
     return m_windows++;
 }
 

@@ -6,8 +6,11 @@
 // A real program with windows on a Wayland desk.
 class WaylandClient {
 public:
+    // What it is made with. QtOnX11 knows no Wayland, and needs the desk to have an X server.
+    enum class Kind { Qt, Gtk, QtOnX11 };
+
     // Its windows bear `appId`. Aborts the test program when it does not start.
-    WaylandClient(const WaylandDesk& desk, const QString& appId);
+    WaylandClient(const WaylandDesk& desk, const QString& appId, Kind kind = Kind::Qt);
 
     // Opens a window and answers its number, from 0 on.
     int open(const QString& title);

@@ -52,6 +52,8 @@ QProcessEnvironment WaylandDesk::environment() const {
                            environment.value(sanitizer) + QStringLiteral(":fast_unwind_on_malloc=0"));
     if (!m_display.isEmpty())
         environment.insert(QStringLiteral("WAYLAND_DISPLAY"), m_display);
+    if (!m_xDisplay.isEmpty())
+        environment.insert(QStringLiteral("DISPLAY"), m_xDisplay);
     return environment;
 }
 
@@ -73,7 +75,18 @@ void WaylandDesk::restart() {
     m_display = startCompositor(m_compositor);
 }
 
-SwayDesk::SwayDesk() {
+void WaylandDesk::awaitXDisplay(const QString& path) {
+    waitFor([&] {
+        QFile file(path);
+        m_xDisplay = file.open(QFile::ReadOnly) ? QString::fromLatin1(file.readAll().trimmed()) : QString();
+        return !m_xDisplay.isEmpty();
+    });
+    if (m_xDisplay.isEmpty())
+        qFatal("the compositor has no X server: are Xwayland and xhost installed?");
+}
+
+SwayDesk::SwayDesk(XServer xServer)
+    : m_xServer(xServer) {
     restart();
 }
 
@@ -85,11 +98,17 @@ QString SwayDesk::socketPath() const {
 
 QString SwayDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     // What an earlier one has left behind.
-    for (const char* name : {"sway.sock", "wayland-1", "wayland-1.lock"})
+    for (const char* name : {"sway.sock", "wayland-1", "wayland-1.lock", "x-display"})
         QFile::remove(m_place.filePath(QLatin1String(name)));
     QFile configuration(m_place.filePath(QStringLiteral("config")));
+    const QString xDisplayFile = m_place.filePath(QStringLiteral("x-display"));
+    // The X server lets in its own user alone, who is not ours when sway was made somebody else.
+    const QString xServer =
+        m_xServer == XServer::Own
+            ? QStringLiteral("xwayland enable\nexec xhost +local: && echo $DISPLAY > ") + xDisplayFile
+            : QStringLiteral("xwayland disable");
     if (!configuration.open(QFile::WriteOnly) ||
-        configuration.write("xwayland disable\noutput HEADLESS-1 resolution 640x480\n") <= 0)
+        configuration.write(xServer.toUtf8() + "\noutput HEADLESS-1 resolution 640x480\n") <= 0)
         qFatal("sway's configuration cannot be written");
     configuration.close();
 
@@ -116,6 +135,8 @@ QString SwayDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     compositor = std::make_unique<Program>(command.takeFirst(), command, own);
     waitForSocket(m_place.filePath(QStringLiteral("wayland-1")), *compositor);
     waitForSocket(socketPath(), *compositor);
+    if (m_xServer == XServer::Own)
+        awaitXDisplay(xDisplayFile);
     return m_place.filePath(QStringLiteral("wayland-1"));
 }
 
@@ -124,7 +145,8 @@ bool SwayDesk::tell(const QString& command) const {
 }
 
 bool SwayDesk::activate(const QString& title) {
-    return tell(QStringLiteral("[title=\"^%1$\"] focus").arg(title));
+    // A program has opened its window a little before it is shown.
+    return waitFor([&] { return tell(QStringLiteral("[title=\"^%1$\"] focus").arg(title)); });
 }
 
 bool SwayDesk::putAway(const QString& title) {
@@ -135,8 +157,9 @@ bool SwayDesk::touch() {
     return tell(QStringLiteral("seat seat0 cursor move 3 3"));
 }
 
-KWinDesk::KWinDesk(Windows windows)
-    : m_windows(windows) {
+KWinDesk::KWinDesk(Windows windows, XServer xServer)
+    : m_windows(windows)
+    , m_xServer(xServer) {
     restart();
 }
 
@@ -154,17 +177,25 @@ QString KWinDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     // It bears a capability that a container may lack, and is then not let run; a copy bears none.
     const QString copy = home().path() + QStringLiteral("/kwin_wayland");
     QFile::copy(QStandardPaths::findExecutable(QStringLiteral("kwin_wayland")), copy);
-    compositor = std::make_unique<Program>(
-        copy,
-        QStringList{QStringLiteral("--virtual"), QStringLiteral("--no-lockscreen"), QStringLiteral("--width"),
-                    QStringLiteral("640"), QStringLiteral("--height"), QStringLiteral("480"),
-                    QStringLiteral("-s"), name},
-        own);
+    QStringList arguments{QStringLiteral("--virtual"), QStringLiteral("--no-lockscreen"),
+                          QStringLiteral("--width"),   QStringLiteral("640"),
+                          QStringLiteral("--height"),  QStringLiteral("480"),
+                          QStringLiteral("-s"),        name};
+    const QString xDisplayFile = home().path() + QStringLiteral("/x-display");
+    if (m_xServer == XServer::Own) {
+        QFile::remove(xDisplayFile);
+        home().write(QStringLiteral("tell-x-display"), "echo $DISPLAY > " + xDisplayFile.toUtf8());
+        arguments << QStringLiteral("--xwayland")
+                  << QStringLiteral("sh %1/tell-x-display").arg(home().path());
+    }
+    compositor = std::make_unique<Program>(copy, arguments, own);
     const QString path = home().runtimeFolder() + u'/' + name;
     waitForSocket(path, *compositor);
     // It listens before it has begun to answer.
     own.insert(QStringLiteral("WAYLAND_DISPLAY"), path);
     Program(kTouch, {}, own).waitUntilEnded();
+    if (m_xServer == XServer::Own)
+        awaitXDisplay(xDisplayFile);
     return path;
 }
 

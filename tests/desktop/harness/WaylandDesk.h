@@ -11,6 +11,9 @@
 // A Wayland desktop of its own: a fresh home and a compositor without a screen that anybody sees.
 class WaylandDesk {
 public:
+    // Whether there is an X server for programs that know no Wayland.
+    enum class XServer { None, Own };
+
     virtual ~WaylandDesk();
     WaylandDesk(const WaylandDesk&) = delete;
     WaylandDesk& operator=(const WaylandDesk&) = delete;
@@ -38,6 +41,12 @@ public:
     // Moves the pointer a little. Answers whether that was possible.
     virtual bool touch() = 0;
 
+    // The X server that the compositor runs for older programs, as DISPLAY takes it; empty without one.
+    const QString& xDisplay() const { return m_xDisplay; }
+
+    // Has the compositor stand still, as one that hangs, and go on.
+    void pause() const { m_compositor->pause(); }
+    void resume() const { m_compositor->resume(); }
     // Ends the compositor the hard way, and all windows with it.
     void kill();
     // Starts a compositor again under the same name.
@@ -45,6 +54,9 @@ public:
 
 protected:
     WaylandDesk();
+
+    // Reads the display's name from a file that a program of the compositor writes.
+    void awaitXDisplay(const QString& path);
 
     // Starts the compositor and answers its socket; aborts the test program when it does not come up.
     virtual QString startCompositor(std::unique_ptr<Program>& compositor) = 0;
@@ -54,12 +66,13 @@ private:
     SessionBus m_bus;
     std::unique_ptr<Program> m_compositor;
     QString m_display;
+    QString m_xDisplay;
 };
 
 // sway, for the wlroots family. It refuses to run as root, and is then made somebody else.
 class SwayDesk : public WaylandDesk {
 public:
-    SwayDesk();
+    explicit SwayDesk(XServer xServer = XServer::None);
     ~SwayDesk() override;
 
     bool activate(const QString& title) override;
@@ -72,6 +85,7 @@ private:
     QString startCompositor(std::unique_ptr<Program>& compositor) override;
     QString socketPath() const;
 
+    XServer m_xServer;
     // Belongs to whoever sway runs as.
     QTemporaryDir m_place;
 };
@@ -82,7 +96,7 @@ public:
     // Whether every program may see the windows, or only those whose desktop entry asks for it.
     enum class Windows { ForAll, ForThoseThatAsk };
 
-    explicit KWinDesk(Windows windows = Windows::ForAll);
+    explicit KWinDesk(Windows windows = Windows::ForAll, XServer xServer = XServer::None);
     ~KWinDesk() override;
 
     bool activate(const QString& title) override;
@@ -95,5 +109,6 @@ private:
     bool script(const QString& title, const QString& statements);
 
     Windows m_windows;
+    XServer m_xServer;
     int m_scripts = 0;
 };
