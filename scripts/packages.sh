@@ -5,7 +5,7 @@
 # apt: Debian 12 and 13, Ubuntu 24.04
 apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-tools-dev
   qt6-tools-dev-tools qt6-l10n-tools libgl-dev libxcb1-dev libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev
-  libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
+  libxcb-randr0-dev libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity trayer xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
   python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 mousepad featherpad libreoffice-calc-nogui

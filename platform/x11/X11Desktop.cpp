@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Desktop.h"
 
+#include "platform/foundation/LocalizedStrings.h"
 #include "platform/foundation/ProcessExecutable.h"
+#include "platform/x11/Xwayland.h"
 
 #include <QFileInfo>
 
@@ -51,6 +53,12 @@ Result<std::unique_ptr<X11Desktop>> X11Desktop::open(const QByteArray& display, 
     auto connection = X11Connection::tryConnect(display, runLoop, log);
     if (!connection)
         return connection.failure();
+    if (isXwayland(**connection))
+        return Failure{
+            Failure::Kind::Refused,
+            localized(
+                "Ticklog was started without knowing of the Wayland desktop, and its X display tells only of "
+                "the programs that run through it. Start Ticklog from the desktop's menu.")};
     std::unique_ptr<X11Desktop> desktop(new X11Desktop(std::move(*connection), runLoop, entries));
     desktop->begin();
     desktop->m_connection->awaitReplies();

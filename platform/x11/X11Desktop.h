@@ -16,7 +16,8 @@
 // answered from memory. Main thread only.
 class X11Desktop : public WindowList, public FrontApplication, public SignsOfLife {
 public:
-    // `display` is a display name; empty for that of the environment. Its answers are there when it returns.
+    // `display` is a display name; empty for that of the environment. Its answers are there when it returns. Refused
+    // where the X server belongs to a Wayland compositor: the windows of others would be credited to its programs.
     // The others outlive the desktop.
     static Result<std::unique_ptr<X11Desktop>> open(const QByteArray& display, RunLoop& runLoop,
                                                     SystemLog& log, DesktopEntries& entries);

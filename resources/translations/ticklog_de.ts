@@ -911,5 +911,9 @@
         <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
         <translation>Die Arbeitsfläche antwortet nicht mehr. Bis sie es tut, ist nicht bekannt, welches Fenster vorn ist, und für kein Fenster wird Zeit gezählt.</translation>
     </message>
+    <message>
+        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
+        <translation>Ticklog wurde gestartet, ohne von der Wayland-Arbeitsfläche zu wissen, und seine X-Anzeige kennt nur die Programme, die durch sie laufen. Starten Sie Ticklog aus dem Menü der Arbeitsfläche.</translation>
+    </message>
 </context>
 </TS>

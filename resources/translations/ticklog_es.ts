@@ -911,5 +911,9 @@
         <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
         <translation>El escritorio ha dejado de responder. Hasta que lo haga, no se sabe qué ventana está en primer plano y no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
+    <message>
+        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
+        <translation>Ticklog se ha iniciado sin conocer el escritorio Wayland, y su pantalla X solo informa de los programas que funcionan a través de ella. Inicie Ticklog desde el menú del escritorio.</translation>
+    </message>
 </context>
 </TS>

@@ -911,5 +911,9 @@
         <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
         <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, on ne sait pas quelle fenêtre est au premier plan, et aucun temps n’est compté pour une fenêtre.</translation>
     </message>
+    <message>
+        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
+        <translation>Ticklog a été démarré sans connaître le bureau Wayland, et son écran X ne connaît que les programmes qui passent par lui. Démarrez Ticklog depuis le menu du bureau.</translation>
+    </message>
 </context>
 </TS>

@@ -911,5 +911,9 @@
         <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
         <translation>デスクトップが応答しません。応答するまでは最前面のウィンドウがわからないため、どのウィンドウの時間も計測されません。</translation>
     </message>
+    <message>
+        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
+        <translation>Ticklog は Wayland デスクトップの情報なしで起動されました。X ディスプレイからわかるのは、それを通して動くプログラムだけです。デスクトップのメニューから Ticklog を起動してください。</translation>
+    </message>
 </context>
 </TS>

@@ -911,5 +911,9 @@
         <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
         <translation>Środowisko nie odpowiada. Dopóki nie odpowie, nie wiadomo, które okno jest na wierzchu, i czas żadnego okna nie jest zliczany.</translation>
     </message>
+    <message>
+        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
+        <translation>Program Ticklog uruchomiono bez wiedzy o środowisku Wayland, a jego ekran X zna tylko programy, które przez niego działają. Uruchom Ticklog z menu środowiska.</translation>
+    </message>
 </context>
 </TS>
