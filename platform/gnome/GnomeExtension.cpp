@@ -51,16 +51,19 @@ GnomeExtension::GnomeExtension(Bus& sessionBus, RunLoop& runLoop, Places places)
     : m_runLoop(runLoop)
     , m_places(std::move(places))
     , m_shell(sessionBus, kGnomeShell)
+    , m_version(m_shell, [this] { ask(); })
     , m_changed(m_shell.listen({kGnomeShellPath, kGnomeShellExtensions,
                                 QStringLiteral("ExtensionStateChanged"), kTicklogExtension},
                                [this](const QDBusMessage&) { ask(); }))
     , m_presence(m_shell.observe([this] { follow(); })) {}
 
 void GnomeExtension::follow() {
-    if (m_shell.isServed())
+    if (m_shell.isServed()) {
+        m_version.ask();
         ask();
-    else
+    } else {
         setState(State::Unknown);
+    }
 }
 
 void GnomeExtension::ask() {
@@ -74,9 +77,13 @@ void GnomeExtension::ask() {
 }
 
 void GnomeExtension::takeIn(const QVariantMap& description) {
+    const State described = stateOf(description.value(QStringLiteral("state")).toInt());
+    // One that was not tested with it is not offered to a shell, which would refuse it after the next login.
+    if (m_version.isUntested() && described != State::On)
+        setState(State::Refused);
     // The shell describes what it does not know with nothing.
-    if (!description.isEmpty())
-        setState(stateOf(description.value(QStringLiteral("state")).toInt()));
+    else if (!description.isEmpty())
+        setState(described);
     else
         setState(isInstalled() ? State::AwaitsLogin : State::Missing);
 }

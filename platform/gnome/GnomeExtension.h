@@ -3,6 +3,7 @@
 
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusService.h"
+#include "platform/gnome/GnomeShellVersion.h"
 
 #include <QMap>
 #include <QStringList>
@@ -53,6 +54,7 @@ private:
     State m_state = State::Unknown;
     std::function<void()> m_observer;
     BusService m_shell;
+    GnomeShellVersion m_version;
     std::unique_ptr<RunLoopTimer> m_askingAgain;
     std::unique_ptr<BusSignal> m_changed;
     Subscription m_presence;

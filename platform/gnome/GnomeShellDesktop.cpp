@@ -23,6 +23,7 @@ GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLo
     : m_log(log)
     , m_desktopEntries(entries)
     , m_shell(sessionBus, kGnomeShell)
+    , m_version(m_shell, [] {})
     , m_changed(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Changed"), QString()},
                                [this](const QDBusMessage& signal) {
                                    takeIn(signal);
@@ -54,6 +55,12 @@ QString GnomeShellDesktop::describe() const {
 QString GnomeShellDesktop::obstacle() const {
     if (m_isTold)
         return {};
+    if (m_version.isUntested())
+        return localized(
+                   "The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which "
+                   "does not run it therefore. Until there is a Ticklog that knows this version, there is "
+                   "no time to credit.")
+            .replace(QLatin1String("%@"), m_version.text());
     return localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
                      "belongs to Ticklog is not running. Until it is, there is no time to credit.");
 }
@@ -64,6 +71,7 @@ void GnomeShellDesktop::follow() {
         hear();
         return;
     }
+    m_version.ask();
     // Answered by the extension itself, and not by the shell's part of the bus, which goes on while the shell hangs.
     m_shell.call(
         kTicklogShellPath, kTicklogShell, QStringLiteral("Follow"), {},

@@ -6,6 +6,7 @@
 #include "platform/WindowList.h"
 #include "platform/bus/BusName.h"
 #include "platform/foundation/DesktopEntries.h"
+#include "platform/gnome/GnomeShellVersion.h"
 #include "platform/gnome/GnomeSight.h"
 
 #include <QHash>
@@ -67,6 +68,7 @@ private:
     std::unordered_map<std::uint32_t, Program> m_programs;
 
     BusService m_shell;
+    GnomeShellVersion m_version;
     std::unique_ptr<BusSignal> m_changed;
     std::unique_ptr<BusSignal> m_ended;
     BusName& m_name;

@@ -912,6 +912,10 @@
         <translation>Die Arbeitsfläche antwortet nicht mehr. Bis sie es tut, ist nicht bekannt, welches Fenster vorn ist, und für kein Fenster wird Zeit gezählt.</translation>
     </message>
     <message>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
+        <translation>Die Erweiterung von Ticklog wurde nicht mit der GNOME Shell %@ erprobt und wird von dieser daher nicht ausgeführt. Bis es ein Ticklog gibt, das diese Version kennt, kann keine Zeit gezählt werden.</translation>
+    </message>
+    <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog wurde gestartet, ohne von der Wayland-Arbeitsfläche zu wissen, und seine X-Anzeige kennt nur die Programme, die durch sie laufen. Starten Sie Ticklog aus dem Menü der Arbeitsfläche.</translation>
     </message>

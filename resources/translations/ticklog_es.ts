@@ -912,6 +912,10 @@
         <translation>El escritorio ha dejado de responder. Hasta que lo haga, no se sabe qué ventana está en primer plano y no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
+        <translation>La extensión de Ticklog no se ha probado con GNOME Shell %@, que por eso no la ejecuta. Hasta que haya una versión de Ticklog que la conozca, no se puede contar el tiempo.</translation>
+    </message>
+    <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog se ha iniciado sin conocer el escritorio Wayland, y su pantalla X solo informa de los programas que funcionan a través de ella. Inicie Ticklog desde el menú del escritorio.</translation>
     </message>

@@ -912,6 +912,10 @@
         <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, on ne sait pas quelle fenêtre est au premier plan, et aucun temps n’est compté pour une fenêtre.</translation>
     </message>
     <message>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
+        <translation>L’extension de Ticklog n’a pas été essayée avec GNOME Shell %@, qui ne l’exécute donc pas. Tant qu’aucune version de Ticklog ne le connaît, aucun temps ne peut être compté.</translation>
+    </message>
+    <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog a été démarré sans connaître le bureau Wayland, et son écran X ne connaît que les programmes qui passent par lui. Démarrez Ticklog depuis le menu du bureau.</translation>
     </message>

@@ -912,6 +912,10 @@
         <translation>デスクトップが応答しません。応答するまでは最前面のウィンドウがわからないため、どのウィンドウの時間も計測されません。</translation>
     </message>
     <message>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
+        <translation>Ticklog の拡張機能は GNOME Shell %@ でテストされていないため、実行されません。このバージョンに対応した Ticklog が出るまで時間を計測できません。</translation>
+    </message>
+    <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog は Wayland デスクトップの情報なしで起動されました。X ディスプレイからわかるのは、それを通して動くプログラムだけです。デスクトップのメニューから Ticklog を起動してください。</translation>
     </message>

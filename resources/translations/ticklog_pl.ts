@@ -912,6 +912,10 @@
         <translation>Środowisko nie odpowiada. Dopóki nie odpowie, nie wiadomo, które okno jest na wierzchu, i czas żadnego okna nie jest zliczany.</translation>
     </message>
     <message>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
+        <translation>Rozszerzenie Ticklog nie było sprawdzane z powłoką GNOME %@, która go dlatego nie uruchamia. Dopóki nie będzie wersji Ticklog, która ją zna, nie da się zliczać czasu.</translation>
+    </message>
+    <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Program Ticklog uruchomiono bez wiedzy o środowisku Wayland, a jego ekran X zna tylko programy, które przez niego działają. Uruchom Ticklog z menu środowiska.</translation>
     </message>
