@@ -73,18 +73,4 @@ TEST_F(GnomeProduct, windowsInFront_areCreditedWithTheirTimes) {
     }
 }
 
-TEST_F(GnomeProduct, aShellThatIsKilled_endsItWithTheAccountSaved) {
-    start();
-    writer.work(1500ms);
-    QElapsedTimer watch;
-    watch.start();
-    desk.kill();
-    EXPECT_TRUE(product.program().waitUntilEnded());
-    const double ending = double(watch.nsecsElapsed()) / 1e9;
-    EXPECT_EQ(product.program().exitStatus(), 0);
-    EXPECT_NEAR(product.applicationTimes().value(writer.name), writer.seconds,
-                0.3 + ending + lateness.seconds());
-    EXPECT_GT(product.applicationTimes().value(writer.name), 0.0) << "nothing was saved";
-}
-
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program on real Wayland desktops: what it records, and how it ends.
+// The built program on real Wayland desktops: what it records.
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/Lateness.h"
@@ -7,7 +7,6 @@
 
 #include <QElapsedTimer>
 
-#include <csignal>
 #include <gtest/gtest.h>
 
 namespace {
@@ -67,23 +66,6 @@ TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
     EXPECT_NEAR(applications.value(QStringLiteral("Mailer")), mailing, 6 * 0.15 + lateness.seconds());
     EXPECT_NEAR(product.windowTimes(QStringLiteral("Writer")).value(letter), writing,
                 6 * 0.15 + lateness.seconds());
-}
-
-TEST_P(WaylandProduct, aCompositorThatIsKilled_endsItWithTheAccountSaved) {
-    const QString letter = QStringLiteral("Letter");
-    WaylandClient writer(desk, QStringLiteral("Writer"));
-    writer.open(letter);
-    startRunning();
-    const double writing = keepInFront(writer, 0, letter, 700ms);
-    QElapsedTimer watch;
-    watch.start();
-    desk.kill();
-    EXPECT_TRUE(product.program().waitUntilEnded());
-    const double ending = double(watch.nsecsElapsed()) / 1e9;
-    EXPECT_EQ(product.program().exitStatus(), 0);
-    EXPECT_NEAR(product.applicationTimes().value(QStringLiteral("Writer")), writing,
-                0.3 + ending + lateness.seconds());
-    EXPECT_GT(product.applicationTimes().value(QStringLiteral("Writer")), 0.3);
 }
 
 TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReasonIsTold) {
