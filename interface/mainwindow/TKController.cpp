@@ -14,6 +14,12 @@
 #include <QApplication>
 #include <QLineEdit>
 
+namespace {
+
+constexpr std::chrono::seconds kBetweenLooks{1};
+
+} // namespace
+
 TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
                            const TimeTracker::MakeActivator& makeActivator)
     : m_platform(platform)
@@ -214,10 +220,19 @@ void TKController::showRecordingBadge(bool isRecording) {
 
 void TKController::refreshTimeSum() {
     m_sum.refresh();
+    showObstacle();
+}
+
+void TKController::showObstacle() {
     const QString obstacle = m_platform.frontApplication.obstacle();
     m_appDelegate.presence().showObstacle(obstacle);
-    if (m_window.isSeen())
-        m_window.obstacleBar().showObstacle(obstacle);
+    if (!m_window.isSeen())
+        return;
+    m_window.obstacleBar().showObstacle(obstacle);
+    // Paused there is no tick to do it, and what is in the way may go all the same.
+    m_nextLook = obstacle.isEmpty()
+                     ? nullptr
+                     : m_platform.runLoop.scheduleOnce(kBetweenLooks, [this] { showObstacle(); });
 }
 
 void TKController::showLastReset() {

@@ -150,6 +150,7 @@ private:
     void connectSidebar();
     TKProjectController::MainController projectServices();
     void showInvitation();
+    void showObstacle();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
@@ -188,6 +189,8 @@ private:
     bool m_isSearchExpanding = false;
     Subscription m_defaultsChanges;
     Subscription m_resets;
+    // Looks again whether something is still in the way; null while nothing is.
+    std::unique_ptr<RunLoopTimer> m_nextLook;
     // Made when the timers have been read: the rows it opens must be there.
     std::optional<TKProjectController> m_projectController;
     // The same: an archive is of the timers that have been read.

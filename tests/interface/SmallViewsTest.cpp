@@ -103,6 +103,15 @@ TEST_F(SmallViewsTest, whereAnObstacleCanBeRemoved_aButtonBesideItDoesSo) {
     EXPECT_FALSE(button->isVisible());
 }
 
+TEST_F(SmallViewsTest, anObstacleThatGoesWhilePaused_isNotSpokenOfAnyMore) {
+    fakes.frontApplication.hindrance = QStringLiteral("Not yet.");
+    controller.refreshTimeSum();
+    fakes.frontApplication.hindrance.clear();
+    fakes.runLoop.advance(std::chrono::seconds(1));
+    EXPECT_FALSE(controller.window().obstacleBar().isVisible());
+    EXPECT_FALSE(controller.timer().isRunning());
+}
+
 TEST_F(SmallViewsTest, anObstacleFromTheStart_isExplainedWhenTheWindowIsShown) {
     controller.window().hide();
     fakes.frontApplication.hindrance = QStringLiteral("No.");
