@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/InstanceAddress.h"
 
+#include "platform/foundation/ProcessExecutable.h"
+
 #include <QFile>
 
 #include <unistd.h>
@@ -17,7 +19,11 @@ InstanceAddress::InstanceAddress(const QString& folder, const QString& display) 
 }
 
 InstanceAddress InstanceAddress::ofThisSession() {
-    return InstanceAddress(qEnvironmentVariable("XDG_RUNTIME_DIR"), nameOfDisplay());
+    QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    // Each start is a sandbox of its own there, and this is the one folder that those of a program share.
+    if (!folder.isEmpty() && hasOwnProcessNumbers())
+        folder += QStringLiteral("/app/") + qEnvironmentVariable("FLATPAK_ID");
+    return InstanceAddress(folder, nameOfDisplay());
 }
 
 QString InstanceAddress::nameOfDisplay() {
