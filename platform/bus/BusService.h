@@ -24,7 +24,7 @@ public:
 
     Bus& bus() const { return m_bus; }
 
-    // Calls `observer` after the service has come, gone, or changed hands.
+    // Calls `observer` after the service has come, gone, or changed hands. It may not destroy this.
     Subscription observe(std::function<void()> observer);
 
     // As Bus::call; replies are dropped once this object is gone. Starts the service if the bus knows how to.
