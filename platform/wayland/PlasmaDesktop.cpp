@@ -165,7 +165,8 @@ void PlasmaDesktop::unbind() {
 
 void PlasmaDesktop::add(const char* uuid) {
     auto* handle = org_kde_plasma_window_management_get_window_by_uuid(m_management.get(), uuid);
-    m_plasmaWindows.push_back(std::make_unique<PlasmaWindow>(*this, uuid, nullptr, newNumber(), Window()));
+    m_plasmaWindows.push_back(
+        std::make_unique<PlasmaWindow>(PlasmaWindow{*this, uuid, nullptr, newNumber(), Window()}));
     PlasmaWindow& added = *m_plasmaWindows.back();
     added.handle.reset(handle);
     static const auto kListener = Events::windowListener();

@@ -127,8 +127,8 @@ void WaylandIdleTime::unbind() {
 void WaylandIdleTime::addSeat(const WaylandGlobal& global) {
     if (m_protocol == Protocol::None)
         return;
-    m_seats.push_back(
-        std::make_unique<Seat>(global.name, IdleMeter(m_clock, m_threshold), nullptr, nullptr, nullptr));
+    m_seats.push_back(std::make_unique<Seat>(
+        Seat{global.name, IdleMeter(m_clock, m_threshold), nullptr, nullptr, nullptr}));
     Seat& added = *m_seats.back();
     const auto timeout = std::uint32_t(m_threshold.count());
     added.seat.reset(m_connection->bind<wl_seat>(global, wl_seat_interface, 1));

@@ -117,7 +117,7 @@ void WlrootsDesktop::unbind() {
 }
 
 void WlrootsDesktop::add(zwlr_foreign_toplevel_handle_v1* handle) {
-    m_toplevels.push_back(std::make_unique<Toplevel>(*this, nullptr, newNumber(), Window()));
+    m_toplevels.push_back(std::make_unique<Toplevel>(Toplevel{*this, nullptr, newNumber(), Window()}));
     m_toplevels.back()->handle.reset(handle);
     zwlr_foreign_toplevel_handle_v1_add_listener(handle, &Events::kHandle, m_toplevels.back().get());
 }

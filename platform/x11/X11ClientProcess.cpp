@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11ClientProcess.h"
 
+#include <QByteArrayList>
+#include <QString>
 #include <QSysInfo>
 
 namespace {

@@ -19,6 +19,16 @@ protected:
             QDBusMessage::createSignal(kChange.path, kChange.interface, kChange.member));
     }
 
+    // Until the bus has done what it was asked on this connection.
+    void settle() {
+        QObject witness;
+        bool isOver = false;
+        m_bus.call(
+            QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName, u"GetId"_s),
+            &witness, [&](const QDBusMessage&) { isOver = true; });
+        ASSERT_TRUE(waitFor([&] { return isOver; }));
+    }
+
     const BusMatch kChange{u"/org/ticklog/Test"_s, u"org.ticklog.Test"_s, u"Changed"_s, {}};
     TemporaryHome m_home;
     RecordingLog m_log;
@@ -36,6 +46,7 @@ TEST_F(BusTest, aReceiverThatEndsItsListening_isToldNoMore) {
         told << name;
     });
     const BusSignal witness(m_bus, kChange, [&](const QDBusMessage&) { told << u"always"_s; });
+    settle();
     emitChange();
     emitChange();
     EXPECT_TRUE(waitFor([&] { return told.count(u"always"_s) == 2; }));
@@ -51,11 +62,7 @@ TEST_F(BusTest, aReplyThatEndsTheService_isItsLast) {
                           service.reset();
                           replies << name;
                       });
-    QObject witness;
-    bool isOver = false;
-    m_bus.call(QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName, u"GetId"_s),
-               &witness, [&](const QDBusMessage&) { isOver = true; });
-    EXPECT_TRUE(waitFor([&] { return isOver; }));
+    settle();
     EXPECT_EQ(replies, QStringList{u"reply"_s});
 }
 
