@@ -17,6 +17,7 @@
 #include <QLocale>
 #include <QSessionManager>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <sys/stat.h>
@@ -35,6 +36,8 @@ void nameApplication() {
 int main(int argc, char** argv) {
     // Window titles are nobody else's business, whatever is written.
     ::umask(S_IRWXG | S_IRWXO);
+    // What is written to a display that is gone fails, and is noticed there. The signal would end it without a save.
+    std::signal(SIGPIPE, SIG_IGN);
     nameApplication();
     const CommandLine commandLine = CommandLine::parse(argc, argv);
     if (InstanceAddress::nameOfDisplay().isEmpty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {

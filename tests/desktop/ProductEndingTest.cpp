@@ -228,6 +228,16 @@ TEST_F(ProductEndingTest, aCrash_costsWhatCameAfterTheLastSaveAndTheNextRunGoesO
     EXPECT_GT(written(), saved + 0.2);
 }
 
+TEST_F(ProductEndingTest, aBrokenPipe_isNoReasonToEnd) {
+    startRunning();
+    // As when the display goes while something is written to it.
+    ::kill(pid_t(product.program().processIdentifier()), SIGPIPE);
+    write(300ms);
+    EXPECT_TRUE(product.program().isRunning());
+    EXPECT_EQ(product.end(SIGTERM), 0);
+    EXPECT_NEAR(written(), worked, offBy());
+}
+
 TEST_F(ProductEndingTest, twoStartsAtOnce_leaveOneWriter) {
     product.writeSettings(Product::runningSettings());
     const auto one = desk.start(kTicklog);
