@@ -18,6 +18,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
 
@@ -133,6 +134,8 @@ void MainWindow::showToggle(const QString& image, const QString& label) {
 
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    windowHandle()->installEventFilter(this);
+    m_isOutOfSight = false;
     updateSeen();
 }
 
@@ -147,8 +150,16 @@ void MainWindow::changeEvent(QEvent* event) {
         updateSeen();
 }
 
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle() && event->type() == QEvent::Expose) {
+        m_isOutOfSight = !windowHandle()->isExposed();
+        updateSeen();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void MainWindow::updateSeen() {
-    const bool isSeen = isVisible() && !isMinimized();
+    const bool isSeen = isVisible() && !isMinimized() && !m_isOutOfSight;
     if (std::exchange(m_isSeen, isSeen) != isSeen)
         Q_EMIT seenChanged(isSeen);
 }

@@ -40,7 +40,8 @@ public:
     // The colour labels in the menu of projects.
     TKLabelViewController& tkLabelProjectViewController() const { return *m_tkLabelProjectViewController; }
 
-    // Whether there is anything to be seen of the window: neither closed nor minimised.
+    // Whether there is anything to be seen of the window: neither closed nor minimised, nor out of sight by the desktop's
+    // account, which under Wayland tells nothing of minimising and workspaces.
     bool isSeen() const { return m_isSeen; }
 
     // The commands that have keys.
@@ -58,6 +59,7 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeToolBar();
@@ -76,4 +78,6 @@ private:
     TKOutlineDisplayView* m_mainTable = nullptr;
     SumBar* m_sumBar = nullptr;
     bool m_isSeen = false;
+    // Shown, and yet nothing is painted.
+    bool m_isOutOfSight = false;
 };
