@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What the whole program costs on a real desktop: CPU time and wake-ups a minute beside a timer that does
 // nothing, in the same minute; start to first painted window and memory beside a bare window.
-#include "Classes/Engine.h"
-#include "Classes/TimeDatabase.h"
-#include "bench/ProcessFigures.h"
-#include "bench/SampleAccount.h"
-#include "bench/Stopwatch.h"
+#include "bench/RunningCost.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/desktop/harness/XClient.h"
-#include "tests/fakes/FakePlatform.h"
 
 #include <QCoreApplication>
-#include <QDir>
 
 #include <csignal>
 #include <vector>
@@ -20,64 +14,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kRun = 12s;
-constexpr int kRuns = 5;
-
-// Writes a database of that size where the product looks for it.
-void writeAccount(Desk& desk, int applications, int windows) {
-    FakePlatform fakes;
-    Engine engine(fakes.platform, {});
-    Folders folders = fakes.folders;
-    folders.applicationSupport = desk.home().dataFolder() + QStringLiteral("/Ticklog");
-    TimeDatabase database(engine.tracker(), engine.registry(), fakes.defaults, folders, fakes.log, {});
-    engine.tracker().setArrayRepresentation(SampleAccount(applications, windows).entries());
-    static_cast<void>(database.saveSettingsToDiskAtURL());
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-// Per minute, medians of the runs, of a program and of the floor beside it.
-struct Cost {
-    double cpu;
-    double wakeUps;
-    double floorCpu;
-    double floorWakeUps;
-};
-
-Cost measureCost(qint64 program, qint64 floor, const std::function<void()>& eachSecond) {
-    std::array<std::vector<double>, 4> figures;
-    for (int run = 0; run < kRuns; ++run) {
-        const ProcessFigures before = ProcessFigures::of(program);
-        const ProcessFigures floorBefore = ProcessFigures::of(floor);
-        for (auto passed = 0s; passed < kRun; passed += 1s) {
-            if (eachSecond)
-                eachSecond();
-            turnEventLoopFor(1s);
-        }
-        const ProcessFigures after = ProcessFigures::of(program);
-        const ProcessFigures floorAfter = ProcessFigures::of(floor);
-        const double perMinute = 60.0 / double(kRun.count());
-        figures[0].push_back((after.cpuMilliseconds - before.cpuMilliseconds) * perMinute);
-        figures[1].push_back((after.wakeUps - before.wakeUps) * perMinute);
-        figures[2].push_back((floorAfter.cpuMilliseconds - floorBefore.cpuMilliseconds) * perMinute);
-        figures[3].push_back((floorAfter.wakeUps - floorBefore.wakeUps) * perMinute);
-    }
-    return {median(figures[0]), median(figures[1]), median(figures[2]), median(figures[3])};
-}
-
-void printCost(const char* name, const Cost& cost, double budget) {
-    std::printf(
-        "%-34s %6.1f CPU ms/min (budget %3.0f)  floor %5.1f  ratio %4.1f | %5.0f wake-ups/min, floor %4.0f\n",
-        name, cost.cpu, budget, cost.floorCpu, cost.cpu / cost.floorCpu, cost.wakeUps, cost.floorWakeUps);
-    std::fflush(stdout);
-}
-
 void measureRunning() {
     Desk desk(QStringLiteral("openbox"), Desk::Bus::Own);
-    writeAccount(desk, 500, 20'000);
+    writeAccount(desk.home(), 500, 20'000);
     XClient writer(desk);
     XClient mailer(desk);
     const xcb_window_t letter = writer.open({.title = "Letter", .className = "Writer"});
@@ -129,7 +68,7 @@ double cpuToWindow(Desk& desk, const Program& program) {
 
 void measureStart() {
     Desk desk(QStringLiteral("openbox"), Desk::Bus::Own);
-    writeAccount(desk, 100, 1'000);
+    writeAccount(desk.home(), 100, 1'000);
     std::vector<double> ours;
     std::vector<double> bare;
     ProcessFigures memory;

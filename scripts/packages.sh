@@ -11,7 +11,7 @@ apt_test="xvfb openbox icewm metacity trayer xterm xdotool fonts-dejavu-core dbu
   python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 mousepad featherpad libreoffice-calc-nogui
   sway foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
   desktop-file-utils"
-apt_bench="$apt_demo python3 sway qt6-wayland"
+apt_bench="$apt_demo python3 sway kwin-wayland gnome-shell qt6-wayland dbus-bin"
 # For the pictures in Japanese.
 apt_pictures="fonts-vlgothic"
 apt_lint="clang-format clang-tidy cppcheck shellcheck desktop-file-utils libxml2-utils"
@@ -31,7 +31,7 @@ dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dej
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
   python3-dbus python3-gobject python3-dbusmock gtk3 mousepad featherpad libreoffice-calc
   sway foot wtype kwin-wayland gnome-shell xorg-x11-server-Xwayland xhost qt6-qtwayland desktop-file-utils"
-dnf_bench="$dnf_demo python3 sway qt6-qtwayland"
+dnf_bench="$dnf_demo python3 sway kwin-wayland gnome-shell qt6-qtwayland dbus-tools"
 dnf_pictures="vlgothic-fonts"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils libxml2"
 dnf_package="appstream desktop-file-utils flatpak-builder"
@@ -46,7 +46,7 @@ pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagem
 pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-dejavu dbus at-spi2-core
   python-dbus python-gobject python-dbusmock gtk3 mousepad featherpad libreoffice-fresh
   sway foot wtype kwin gnome-shell xorg-xwayland xorg-xhost qt6-wayland desktop-file-utils"
-pacman_bench="$pacman_demo python sway qt6-wayland"
+pacman_bench="$pacman_demo python sway kwin gnome-shell qt6-wayland"
 pacman_pictures="otf-ipafont"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils libxml2"
 pacman_package="appstream desktop-file-utils flatpak-builder"
