@@ -9,6 +9,7 @@
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/StatusItem.h"
+#include "platform/foundation/LocalizedStrings.h"
 #include "platform/foundation/Translations.h"
 #include "tests/interface/Desk.h"
 
@@ -322,9 +323,9 @@ void drawAll(const QDir& folder) {
     {
         Scene scene("obstacle");
         scene.work();
-        scene.fakes.frontApplication.hindrance = QStringLiteral(
-            "This Wayland desktop does not tell other programs which window is in front, so that there is "
-            "no time to credit.");
+        scene.fakes.frontApplication.hindrance =
+            localized("This Wayland desktop does not tell other programs which window is in front, so that "
+                      "there is no time to credit.");
         scene.controller.window().obstacleBar().offerRemedy([] {});
         scene.show();
         scene.save(folder);
