@@ -4,6 +4,7 @@
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/ProductProgram.h"
+#include "tests/desktop/services/ServiceScript.h"
 
 #include <QElapsedTimer>
 
@@ -44,6 +45,20 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Wayland, WaylandProduct, testing::Values("sway", "kwin"),
                          [](const auto& instance) { return std::string(instance.param); });
 
+TEST_P(WaylandProduct, aPanelOnTheBus_startsTheTimerThroughTheMenu) {
+    ServiceScript panel(desk.home(), QStringLiteral("tray.py"), {desk.bus().address()});
+    panel.ask("watch");
+    product.launch(desk.environment());
+    EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
+    EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip") == QLatin1String("Ticklog is paused"); }));
+    panel.ask("open");
+    EXPECT_TRUE(panel.ask("menu").startsWith(QLatin1String("Start | Show Time Window | ")));
+    panel.ask("click Start");
+    EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip") == QLatin1String("Ticklog is counting"); }));
+    product.program().terminate();
+    EXPECT_EQ(product.program().exitStatus(), 0);
+}
+
 TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
     const QString letter = QStringLiteral("Letter");
     const QString inbox = QStringLiteral("Inbox");
@@ -74,6 +89,8 @@ TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReas
     const Desk beside;
     WaylandClient writer(desk, QStringLiteral("Writer"));
     writer.open(QStringLiteral("Letter"));
+    ServiceScript panel(desk.home(), QStringLiteral("tray.py"), {desk.bus().address()});
+    panel.ask("watch");
     ProductProgram product(desk.home());
     product.setVariable(QStringLiteral("DISPLAY"), beside.display().name());
     product.setVariable(QStringLiteral("TICKLOG_LOG_STDERR"), QStringLiteral("1"));
@@ -87,6 +104,10 @@ TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReas
             ASSERT_TRUE(line) << log.constData();
             log += *line + '\n';
         }
+    EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
+    EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip").contains(QLatin1String("Install Ticklog")); }));
+    panel.ask("open");
+    EXPECT_TRUE(panel.ask("menu").startsWith(QLatin1String("Why Is Nothing Counted? | - | Pause | ")));
     turnEventLoopFor(500ms);
     product.program().terminate();
     EXPECT_EQ(product.program().exitStatus(), 0);
