@@ -92,7 +92,6 @@ void measure(const char* family, WaylandDesk& desk) {
             desk.activate(isWriting ? kLetter : kInbox);
         },
         90);
-    // Last: GNOME does not let a program bring a window to the front after somebody has touched something.
     print(
         "only touched", [&] { desk.touch(); }, 60);
     product.end(SIGTERM);

@@ -126,7 +126,8 @@ bool GnomeDesk::call(const QString& service, const QString& path, const QString&
                      const QString& method, const QString& argument) {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments({argument});
-    return connectTo(bus()).call(message).arguments().value(0).toBool();
+    const QDBusMessage answer = connectTo(bus()).call(message);
+    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
 }
 
 bool GnomeDesk::drive(const QString& method, const QString& argument) {

@@ -22,6 +22,8 @@ function withWindow(title, act) {
 }
 
 let pointer = null;
+// Kept, or it would be taken from the bus with the next collection of garbage.
+let object = null;
 const driver = {
     Activate: title => withWindow(title, window => Main.activateWindow(window)),
     Minimise: title => withWindow(title, window => window.minimize()),
@@ -39,7 +41,7 @@ function init() {}
 function enable() {
     // Windows can have the focus from the start.
     Main.sessionMode.hasOverview = false;
-    const object = Gio.DBusExportedObject.wrapJSObject(kInterface, driver);
+    object = Gio.DBusExportedObject.wrapJSObject(kInterface, driver);
     object.export(Gio.DBus.session, '/org/ticklog/TestDriver');
     const begin = () => Gio.bus_own_name_on_connection(Gio.DBus.session, 'org.ticklog.TestDriver',
         Gio.BusNameOwnerFlags.NONE, null, null);
