@@ -11,6 +11,8 @@
 
 #include <QHash>
 
+#include <unordered_map>
+
 // The windows of GNOME Shell and the application in front, as our extension of the shell tells them: one message for
 // each change, and none while nothing changes. Without the extension it is not known what is in front; it may come
 // and go at any time. Questions are answered from memory. Main thread only.
