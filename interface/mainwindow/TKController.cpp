@@ -230,9 +230,13 @@ void TKController::showObstacle() {
         return;
     m_window.obstacleBar().showObstacle(obstacle);
     // Paused there is no tick to do it, and what is in the way may go all the same.
-    m_nextLook = obstacle.isEmpty()
-                     ? nullptr
-                     : m_platform.runLoop.scheduleOnce(kBetweenLooks, [this] { showObstacle(); });
+    if (obstacle.isEmpty())
+        m_nextLook = nullptr;
+    else if (!m_nextLook)
+        m_nextLook = m_platform.runLoop.scheduleOnce(kBetweenLooks, [this] {
+            m_nextLook = nullptr;
+            showObstacle();
+        });
 }
 
 void TKController::showLastReset() {
