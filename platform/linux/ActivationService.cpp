@@ -85,8 +85,11 @@ void ActivationService::ActivateAction(const QString&, const QVariantList&, cons
 }
 
 void ActivationService::take(Request request) {
-    if (m_handler)
+    if (m_handler && m_underWay < kMostUnderWay)
         carryOutSoon(std::move(request));
+    else if (m_handler)
+        sendErrorReply(QDBusError::LimitsExceeded,
+                       QStringLiteral("Answer the questions that are open first."));
     else if (m_kept.size() < kMostKept)
         m_kept.push_back(std::move(request));
     else
@@ -94,17 +97,23 @@ void ActivationService::take(Request request) {
 }
 
 void ActivationService::carryOutSoon(Request request) {
+    ++m_underWay;
     m_runLoop.performSoon([self = QPointer(this), request = std::move(request)] {
-        if (self)
-            self->carryOut(request);
+        if (!self)
+            return;
+        self->carryOut(request);
+        --self->m_underWay;
     });
 }
 
 void ActivationService::carryOut(const Request& request) {
-    // The toolkit takes it from there when a window asks to come to the front, and nobody else is to inherit it.
-    if (!request.token.isEmpty())
+    if (!request.token.isEmpty()) {
+        // The toolkit takes it from there when a window asks to come to the front. No program that is started while
+        // the files are asked about is to inherit it.
         qputenv(kTokenVariable, request.token);
-    m_handler(request.files);
-    if (!request.token.isEmpty())
+        m_handler({});
         qunsetenv(kTokenVariable);
+    }
+    if (request.token.isEmpty() || !request.files.isEmpty())
+        m_handler(request.files);
 }

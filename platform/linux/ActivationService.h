@@ -27,8 +27,10 @@ public:
 
     // In one request: each file is asked about.
     static constexpr qsizetype kMostFiles = 16;
+    // Begun and not ended: each may wait for an answer.
+    static constexpr int kMostUnderWay = 4;
     // Before anybody listens.
-    static constexpr std::size_t kMostKept = 16;
+    static constexpr std::size_t kMostKept = kMostUnderWay;
 
     ActivationService(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
     ~ActivationService() override;
@@ -62,5 +64,6 @@ private:
     SystemLog& m_log;
     Handler m_handler;
     std::vector<Request> m_kept;
+    int m_underWay = 0;
     Subscription m_connection;
 };

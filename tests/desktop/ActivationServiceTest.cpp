@@ -58,6 +58,20 @@ TEST_F(ActivationServiceTest, endlessRequestsBeforeAnybodyListens_areRefusedInTh
     EXPECT_EQ(m_caller.activate(), u"LimitsExceeded");
 }
 
+TEST_F(ActivationServiceTest, requestsWhileQuestionsAreOpen_areRefusedInTheEnd) {
+    const qsizetype all = ActivationService::kMostUnderWay + 1;
+    const auto areAnswered = [&] { return m_caller.answers.size() == all; };
+    // As one that waits for the user.
+    m_service.listen([&](const QStringList&) { waitFor(areAnswered); });
+    for (qsizetype i = 0; i < all; ++i)
+        m_caller.send(u"Activate"_s, {QVariantMap()});
+    EXPECT_TRUE(waitFor(areAnswered));
+    EXPECT_EQ(m_caller.answers.count(u"done"_s), ActivationService::kMostUnderWay);
+    EXPECT_EQ(m_caller.answers.count(u"LimitsExceeded"_s), 1);
+    listen();
+    EXPECT_TRUE(waitFor([&] { return m_caller.activate() == u"done"; })) << "once the others have ended";
+}
+
 TEST_F(ActivationServiceTest, filesOfThisMachine_areOpenedByTheirPaths) {
     listen();
     EXPECT_EQ(m_caller.open({u"file:///home/me/My%20times%20%C3%A4.tkd"_s, u"file://localhost/b.tkd"_s}),
