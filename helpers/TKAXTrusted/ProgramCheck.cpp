@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -43,9 +44,19 @@ Failure refused(const QString& path, const char* why) {
 
 // What a dialog shows as nothing, as another line, or in another order: a person would say yes to another path.
 bool isUnseen(char32_t character) {
+    // Fillers and selectors of variants, which Unicode counts among letters and marks.
+    constexpr std::pair<char32_t, char32_t> kIgnored[] = {
+        {0x034F, 0x034F}, {0x115F, 0x1160}, {0x17B4, 0x17B5}, {0x180B, 0x180F},  {0x2800, 0x2800},
+        {0x3164, 0x3164}, {0xFE00, 0xFE0F}, {0xFFA0, 0xFFA0}, {0xE0100, 0xE01EF}};
+    if (std::ranges::any_of(kIgnored, [&](const auto& range) {
+            return character >= range.first && character <= range.second;
+        }))
+        return true;
     switch (QChar::category(character)) {
     case QChar::Other_Control:
     case QChar::Other_Format:
+    case QChar::Other_NotAssigned:
+    case QChar::Other_PrivateUse:
     case QChar::Other_Surrogate:
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:

@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     parser.addOptions({folder, patience});
     parser.process(application);
 
-    // Systemd has made it; a bus that starts this by itself has not.
+    // Systemd has made it; a bus that starts this by itself has not. Where that fails, whoever asks is told so.
     QDir().mkdir(parser.value(folder));
 
     const SystemClock clock;

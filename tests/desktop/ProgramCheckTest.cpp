@@ -58,8 +58,9 @@ TEST_F(ProgramCheckTest, aPathWithDetours_isNoProgram) {
 
 TEST_F(ProgramCheckTest, aPathThatADialogWouldShowAsAnother_isNoProgram) {
     // A line break, an unseen space, a change of direction, a separator of paragraphs, a tag.
-    for (const QString& path : {u"/usr/bin/a\nb"_s, u"/usr/bin/a\u200bb"_s, u"/usr/bin/\u202eb/nib"_s,
-                                u"/usr/bin/a\u2029b"_s, u"/usr/bin/a\U000e0041"_s})
+    for (const QString& path :
+         {u"/usr/bin/a\nb"_s, u"/usr/bin/a\u200bb"_s, u"/usr/bin/\u202eb/nib"_s, u"/usr/bin/a\u2029b"_s,
+          u"/usr/bin/a\U000e0041"_s, u"/usr/bin/a\u3164b"_s, u"/usr/bin/a\ufe0fb"_s})
         EXPECT_EQ(verdict(path), u"the path holds characters that cannot be seen"_s) << qPrintable(path);
     EXPECT_EQ(verdict(u"/usr/bin/\u00e9\u65e5\U0001f600"_s), u"No such file or directory"_s)
         << "all of these are seen";
