@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Connection.h"
 
+#include <QDeadlineTimer>
+
+#include <xcb/randr.h>
 #include <xcb/res.h>
 #include <xcb/xcbext.h>
 
@@ -50,6 +53,7 @@ std::optional<QString> X11Connection::connect() {
     m_root = screen.data->root;
     xcb_prefetch_extension_data(xcb, &xcb_screensaver_id);
     xcb_prefetch_extension_data(xcb, &xcb_res_id);
+    xcb_prefetch_extension_data(xcb, &xcb_randr_id);
     if (!internAtoms()) {
         m_connection.reset();
         return QStringLiteral("the X server went away");
@@ -111,11 +115,10 @@ X11Owned<void> X11Connection::wait(unsigned sequence) {
     void* answer = nullptr;
     xcb_generic_error_t* error = nullptr;
     bool isAnswered = xcb_poll_for_reply(xcb(), sequence, &answer, &error) != 0;
-    for (int turn = 0; turn < kMostTurns && !isAnswered; ++turn) {
+    // A server that hangs must not make us hang.
+    for (const QDeadlineTimer patience(kLongestSilenceMs); !isAnswered && !patience.hasExpired();) {
         pollfd socket{xcb_get_file_descriptor(xcb()), POLLIN, 0};
-        // A server that hangs must not make us hang.
-        if (::poll(&socket, 1, kLongestSilenceMs) == 0)
-            break;
+        ::poll(&socket, 1, int(patience.remainingTime()));
         isAnswered = xcb_poll_for_reply(xcb(), sequence, &answer, &error) != 0;
     }
     if (!isAnswered)

@@ -101,8 +101,10 @@ QString X11Desktop::describe() const {
 
 void X11Desktop::askForSign() {
     // Without a connection there is nobody to fall silent, which is known.
-    if (!m_connection->isAlive())
+    if (!m_connection->isAlive()) {
+        hear();
         return;
+    }
     m_connection->expect(xcb_get_input_focus(m_connection->xcb()).sequence, [](const void*) {});
     m_connection->flush();
 }
@@ -295,7 +297,7 @@ ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
     application.path = executableOfProcess(application.processIdentifier);
     // The number is also that of the first program in every other sandbox.
     const bool isOwn = application.processIdentifier == ::getpid() &&
-                       (!hasOwnProcessNumbers() || window.classes().contains(kOwnClass));
+                       (!isInFlatpak() || window.classes().contains(kOwnClass));
     if (isOwn)
         application.name = kOwnName;
     else if (const auto name = m_desktopEntries.nameForWindow(window.classes(), application.path))
