@@ -7,6 +7,7 @@
 #include "platform/SilenceWatch.h"
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/ProcessExecutable.h"
 #include "platform/foundation/QtRunLoop.h"
 #include "platform/linux/AutostartEntries.h"
 #include "platform/linux/DesktopScreenLock.h"
@@ -30,10 +31,10 @@
 
 namespace {
 
-Folders foldersFor(const Sandbox& sandbox) {
+Folders usualFolders() {
     Folders folders = Folders::forUser();
-    // A sandbox's home is gone when it ends, and the documents in it; its data stay.
-    if (sandbox.isSandboxed())
+    // The home in Flatpak's sandbox is gone when it ends, and the documents in it; its data stay.
+    if (isInFlatpak())
         folders.documents = folders.applicationSupport;
     return folders;
 }
@@ -50,7 +51,7 @@ struct LinuxPlatform::BackEnds {
     QtRunLoop runLoop{log};
     NotificationCenter notifications;
     LinuxSandbox sandbox = LinuxSandbox::ofThisProcess();
-    Folders folders = foldersFor(sandbox);
+    Folders folders = usualFolders();
     UserDefaults defaults{folders.settingsFile, notifications, runLoop, log};
     SettingsWatch settingsWatch{defaults, runLoop};
     Bus systemBus{Bus::systemBus(), runLoop, log};
@@ -94,14 +95,13 @@ LinuxPlatform::BackEnds::BackEnds() {
     // Wherever else windows are told of, ours must be the X server's to be embedded and listed there.
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         openX11Presence();
-    const bool isSandboxed = sandbox.isSandboxed();
-    OwnProgram& program = isSandboxed ? static_cast<OwnProgram&>(sandboxedProgram) : ownProgram;
-    LoginItems& items = isSandboxed ? static_cast<LoginItems&>(sandboxedLoginItems) : loginItems;
+    OwnProgram& program = isInFlatpak() ? static_cast<OwnProgram&>(sandboxedProgram) : ownProgram;
+    LoginItems& items = sandbox.isSandboxed() ? static_cast<LoginItems&>(sandboxedLoginItems) : loginItems;
     TaskBar* taskBar = x11TaskBar ? static_cast<TaskBar*>(x11TaskBar.get()) : &noTaskBar;
-    platform = std::make_unique<Platform>(
-        Platform{clock, runLoop, log, notifications, defaults, folders, frontApplication, silenceWatch,
-                 desktop.idleTime(), power, sessionEvents, accessibility, fileViewer, sandbox,
-                 serviceManagement, program, *taskBar, systemTray, items});
+    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
+                                                   frontApplication, silenceWatch, desktop.idleTime(), power,
+                                                   sessionEvents, accessibility, fileViewer, sandbox,
+                                                   serviceManagement, program, *taskBar, systemTray, items});
     if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
         accessibility.grantTrust();
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before

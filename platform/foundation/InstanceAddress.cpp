@@ -21,7 +21,7 @@ InstanceAddress::InstanceAddress(const QString& folder, const QString& display) 
 InstanceAddress InstanceAddress::ofThisSession() {
     QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     // Each start is a sandbox of its own there, and this is the one folder that those of a program share.
-    if (!folder.isEmpty() && hasOwnProcessNumbers())
+    if (!folder.isEmpty() && isInFlatpak())
         folder += QStringLiteral("/app/") + qEnvironmentVariable("FLATPAK_ID");
     return InstanceAddress(folder, nameOfDisplay());
 }

@@ -3,13 +3,13 @@
 
 #include <QFile>
 
-bool hasOwnProcessNumbers() {
-    static const bool hasThem = QFile::exists(kFlatpakNote);
-    return hasThem;
+bool isInFlatpak() {
+    static const bool isThere = QFile::exists(kFlatpakNote);
+    return isThere;
 }
 
 QString executableOfProcess(std::int64_t processIdentifier) {
-    if (processIdentifier <= 0 || hasOwnProcessNumbers())
+    if (processIdentifier <= 0 || isInFlatpak())
         return {};
     QString path = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(processIdentifier));
     // A program that was updated while it runs.
