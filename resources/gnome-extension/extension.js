@@ -76,6 +76,8 @@ class Service {
         const caller = invocation.get_sender();
         if (await this._isOurs(caller)) {
             this._setFollower(caller);
+            // Also who follows already is told what there is, and not what was told last.
+            this._sight = this._look();
             invocation.return_value(this._sight);
         } else {
             invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',
