@@ -9,8 +9,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kFirstRetry{250};
 constexpr std::chrono::seconds kLongestRetry{30};
-// Only at a start, when the desktop may be starting too.
-constexpr int kLongestSilenceMs = 2000;
+// Only at a start, when the desktop may be starting too and the machine have a lot to do: whoever is given up then is not
+// asked again.
+constexpr int kLongestSilenceMs = 10'000;
 // Answers come in a few pieces; more means that the compositor talks about something else all the time.
 constexpr int kMostTurns = 100;
 

@@ -55,7 +55,9 @@ protected:
         bool isThere = false;
         desktop->setHeardHandler([&] { isThere = true; });
         desktop->askForSign();
-        return waitFor([&] { return isThere; });
+        waitFor([&] { return isThere; });
+        desktop->setHeardHandler({});
+        return isThere;
     }
 
     TemporaryHome home;
