@@ -88,8 +88,9 @@ TEST_P(CompositorDeath, atAnyMoment_theAccountIsSavedAndTheNextSessionGoesOn) {
     const double ending = secondsOf(sinceDeath);
     EXPECT_EQ(product.program().exitStatus(), 0);
     const double saved = written();
-    EXPECT_NEAR(saved, writing, 0.3 + ending + lateness.seconds());
-    EXPECT_GT(saved, 0.0) << "nothing was saved";
+    EXPECT_LT(saved, writing + 0.3 + ending + lateness.seconds()) << "time for a window that is gone";
+    // Far from exact: a program that has little of a busy machine hears late that a window has come to the front.
+    EXPECT_GT(saved, writing / 5) << "what was credited was not saved";
 
     desk.restart();
     product.launch(desk.environment());
