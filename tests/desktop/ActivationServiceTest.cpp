@@ -4,6 +4,7 @@
 #include "tests/desktop/ActivationCaller.h"
 #include "tests/desktop/harness/SessionBus.h"
 #include "tests/desktop/harness/TemporaryHome.h"
+#include "tests/fakes/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 
@@ -58,18 +59,22 @@ TEST_F(ActivationServiceTest, endlessRequestsBeforeAnybodyListens_areRefusedInTh
     EXPECT_EQ(m_caller.activate(), u"LimitsExceeded");
 }
 
-TEST_F(ActivationServiceTest, requestsWhileQuestionsAreOpen_areRefusedInTheEnd) {
-    const qsizetype all = ActivationService::kMostUnderWay + 1;
-    const auto areAnswered = [&] { return m_caller.answers.size() == all; };
-    // As one that waits for the user.
-    m_service.listen([&](const QStringList&) { waitFor(areAnswered); });
-    for (qsizetype i = 0; i < all; ++i)
-        m_caller.send(u"Activate"_s, {QVariantMap()});
-    EXPECT_TRUE(waitFor(areAnswered));
-    EXPECT_EQ(m_caller.answers.count(u"done"_s), ActivationService::kMostUnderWay);
-    EXPECT_EQ(m_caller.answers.count(u"LimitsExceeded"_s), 1);
-    listen();
-    EXPECT_TRUE(waitFor([&] { return m_caller.activate() == u"done"; })) << "once the others have ended";
+TEST_F(ActivationServiceTest, moreRequestsThanCanWaitForTheUser_areRefusedUntilOthersHaveEnded) {
+    HandClock clock;
+    ManualRunLoop loop{clock};
+    Bus bus{Bus::atAddress(m_daemon.address()), m_runLoop, m_log};
+    ActivationService service{bus, loop, m_log};
+    m_name.reset();
+    const BusName name{bus, kTicklogName, m_log};
+    ASSERT_TRUE(waitFor([&] { return name.isOwned(); }));
+    int ended = 0;
+    service.listen([&](const QStringList&) { ++ended; });
+    for (int i = 0; i < ActivationService::kMostUnderWay; ++i)
+        EXPECT_EQ(m_caller.activate(), u"done");
+    EXPECT_EQ(m_caller.activate(), u"LimitsExceeded");
+    loop.runPending();
+    EXPECT_EQ(ended, ActivationService::kMostUnderWay);
+    EXPECT_EQ(m_caller.activate(), u"done");
 }
 
 TEST_F(ActivationServiceTest, filesOfThisMachine_areOpenedByTheirPaths) {
