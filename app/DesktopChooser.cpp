@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/DesktopChooser.h"
 
+#include "app/StandInDesktop.h"
 #include "platform/foundation/LocalizedStrings.h"
 #include "platform/gnome/GnomeExtension.h"
-#include "platform/gnome/GnomeShellDesktop.h"
 #include "platform/linux/LogindIdleTime.h"
 #include "platform/linux/MutterIdleTime.h"
 #include "platform/wayland/PlasmaDesktop.h"
@@ -22,6 +22,18 @@ Result<std::shared_ptr<IdleTime>> idleTimeOf(Result<std::unique_ptr<BackEnd>> op
         return opened.failure();
     return std::shared_ptr<IdleTime>(std::move(*opened));
 }
+
+// GNOME's two ways to tell, and what is made of them.
+struct Gnome {
+    explicit Gnome(const DesktopChooser::Ground& ground)
+        : shell(ground.sessionBus, ground.ownName, ground.log, ground.entries)
+        , programs(ground.sessionBus, ground.runLoop, ground.log, ground.entries)
+        , desktop(shell, programs, ground.runLoop) {}
+
+    GnomeShellDesktop shell;
+    AtspiFrontDesktop programs;
+    StandInDesktop desktop;
+};
 
 } // namespace
 
@@ -103,8 +115,8 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
     // Before it is asked whether it tells us.
     if (const Outcome renewed = extension->renew(); !renewed)
         m_ground.log.log(renewed.failure().text);
-    const auto desktop = std::make_shared<GnomeShellDesktop>(m_ground.sessionBus, m_ground.ownName,
-                                                             m_ground.log, m_ground.entries);
+    const auto parts = std::make_shared<Gnome>(m_ground);
+    const std::shared_ptr<StandInDesktop> desktop(parts, &parts->desktop);
     // The shell is the compositor as well: when it goes, the toolkit ends the process.
     return Desktop{desktop, desktop, desktop, [](const std::function<void()>&) {}, nullptr, extension};
 }

@@ -49,7 +49,7 @@ public:
     virtual QString bundleName(const QString& path) const = 0;
     // The technology and why it was chosen, for the log and the About box.
     virtual QString describe() const = 0;
-    // Why it cannot be told which application is in front, as a sentence to the user in their language. Empty while
-    // it can.
+    // Why it cannot be told which application is in front, or only of some, in a sentence or two to the user in their
+    // language. Empty while it can.
     virtual QString obstacle() const { return {}; }
 };

@@ -8,7 +8,7 @@ apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-
   libxcb-randr0-dev libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity trayer xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
-  python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 mousepad featherpad libreoffice-calc-nogui
+  python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui
   sway foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
   desktop-file-utils"
 apt_bench="$apt_demo python3 sway kwin-wayland gnome-shell qt6-wayland dbus-bin"
@@ -29,7 +29,7 @@ dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel 
   libxcb-devel wayland-devel plasma-wayland-protocols-devel libSM-devel gtest-devel google-benchmark-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
-  python3-dbus python3-gobject python3-dbusmock gtk3 mousepad featherpad libreoffice-calc
+  python3-dbus python3-gobject python3-dbusmock gtk3 gtk4 mousepad featherpad libreoffice-calc
   sway foot wtype kwin-wayland gnome-shell xorg-x11-server-Xwayland xhost qt6-qtwayland desktop-file-utils"
 dnf_bench="$dnf_demo python3 sway kwin-wayland gnome-shell qt6-qtwayland dbus-tools"
 dnf_pictures="vlgothic-fonts"
@@ -44,7 +44,7 @@ pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg qt6-tools libxcb w
   libsm gtest benchmark"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-dejavu dbus at-spi2-core
-  python-dbus python-gobject python-dbusmock gtk3 mousepad featherpad libreoffice-fresh
+  python-dbus python-gobject python-dbusmock gtk3 gtk4 mousepad featherpad libreoffice-fresh
   sway foot wtype kwin gnome-shell xorg-xwayland xorg-xhost qt6-wayland desktop-file-utils"
 pacman_bench="$pacman_demo python sway kwin gnome-shell qt6-wayland"
 pacman_pictures="otf-ipafont"

@@ -11,7 +11,7 @@ StatusMenu::StatusMenu(TKController& controller, RunLoop& runLoop)
     , m_mainMenu(QStringLiteral("Ticklog"))
     , m_applicationTimesMenu(localized("Application Times"))
     , m_startPauseMenuItem(localized("Start"))
-    , m_obstacleItem(localized("Why Is Nothing Counted?")) {
+    , m_obstacleItem(localized("Why Are Windows Not Counted?")) {
     m_mainMenu.setObjectName(QStringLiteral("statusMenu"));
     m_applicationTimesMenu.setObjectName(QStringLiteral("applicationTimesMenu"));
     m_applicationTimesMenu.menuAction()->setText(localized("All Timers"));

@@ -8,7 +8,6 @@
 
 namespace {
 
-const QString kLauncherPath = QStringLiteral("/org/a11y/bus");
 const QString kStatus = QStringLiteral("org.a11y.Status");
 const QString kIsEnabled = QStringLiteral("IsEnabled");
 // Elements of applications name the process: it may come to the bus later than we ask for it.
@@ -75,15 +74,16 @@ private:
 };
 
 AtspiAccessibility::AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log)
-    : m_runLoop(runLoop)
+    : m_sessionBus(sessionBus)
+    , m_runLoop(runLoop)
     , m_log(log)
-    , m_launcher(sessionBus, QStringLiteral("org.a11y.Bus"))
+    , m_launcher(sessionBus, kAtspiLauncher)
     , m_notice(sessionBus, log, [this] { openPreferences(); })
     , m_watchers(new Watchers)
     , m_presence(m_launcher.observe([this] { followPresence(); }))
     , m_self(std::make_shared<AtspiAccessibility*>(this)) {
     m_statusChanged = m_launcher.listen(
-        {kLauncherPath, kPropertiesInterface, QStringLiteral("PropertiesChanged"), kStatus},
+        {kAtspiLauncherPath, kPropertiesInterface, QStringLiteral("PropertiesChanged"), kStatus},
         [this](const QDBusMessage& signal) {
             setEnabled(qdbus_cast<QVariantMap>(signal.arguments().value(1)).value(kIsEnabled));
         });
@@ -100,17 +100,17 @@ WindowElement AtspiAccessibility::applicationElement(std::int64_t processIdentif
 
 std::optional<WindowElement> AtspiAccessibility::mainWindow(const WindowElement& application) {
     const auto process = processOf(application);
-    const auto* known = process && m_desktop ? m_desktop->ofProcess(*process) : nullptr;
+    const auto* known = process ? this->application(*process) : nullptr;
     if (!known || known->mainWindow().isEmpty())
         return std::nullopt;
     return WindowElement(known->connectionName(), known->mainWindow());
 }
 
 std::optional<QString> AtspiAccessibility::title(const WindowElement& element) {
-    if (!m_desktop)
+    if (!m_link || !m_link->desktop())
         return std::nullopt;
     const auto process = processOf(element);
-    const auto* known = process ? m_desktop->ofProcess(*process) : m_desktop->named(element.bus());
+    const auto* known = process ? application(*process) : m_link->desktop()->named(element.bus());
     if (!known)
         return std::nullopt;
     const QString title = process ? known->title() : known->windowTitle(element.path()).value_or(QString());
@@ -126,7 +126,7 @@ std::unique_ptr<AccessibilityObserver> AtspiAccessibility::makeObserver(std::int
 }
 
 void AtspiAccessibility::openPreferences() {
-    m_launcher.call(kLauncherPath, kPropertiesInterface, QStringLiteral("Set"),
+    m_launcher.call(kAtspiLauncherPath, kPropertiesInterface, QStringLiteral("Set"),
                     {kStatus, kIsEnabled, QVariant::fromValue(QDBusVariant(true))});
 }
 
@@ -136,7 +136,8 @@ void AtspiAccessibility::grantTrust() {
 }
 
 void AtspiAccessibility::sendTrustWarning() {
-    m_launcher.call(kLauncherPath, QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"), {});
+    m_launcher.call(kAtspiLauncherPath, QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"),
+                    {});
 }
 
 QString AtspiAccessibility::describe() const {
@@ -148,11 +149,9 @@ void AtspiAccessibility::followPresence() {
         m_isEnabled = false;
         return;
     }
-    m_launcher.getProperty(kLauncherPath, kStatus, kIsEnabled, [this](const QDBusMessage& reply) {
+    m_launcher.getProperty(kAtspiLauncherPath, kStatus, kIsEnabled, [this](const QDBusMessage& reply) {
         setEnabled(reply.arguments().value(0).value<QDBusVariant>().variant());
     });
-    if (m_isBegun)
-        askAddress();
 }
 
 void AtspiAccessibility::setEnabled(const QVariant& value) {
@@ -161,33 +160,17 @@ void AtspiAccessibility::setEnabled(const QVariant& value) {
 }
 
 void AtspiAccessibility::begin() {
-    if (!std::exchange(m_isBegun, true) && m_launcher.isServed())
-        askAddress();
-}
-
-void AtspiAccessibility::askAddress() {
-    m_launcher.call(kLauncherPath, m_launcher.name(), QStringLiteral("GetAddress"), {},
-                    [this](const QDBusMessage& reply) {
-                        if (reply.type() == QDBusMessage::ReplyMessage)
-                            connectTo(reply.arguments().value(0).toString());
-                    });
-}
-
-void AtspiAccessibility::connectTo(const QString& address) {
-    // The same bus is connected to again by the connection itself.
-    if (std::exchange(m_address, address) == address)
+    if (m_link)
         return;
-    m_desktop.reset();
-    m_bus = std::make_unique<Bus>(Bus::atAddress(address), m_runLoop, m_log);
-    m_desktop = std::make_unique<AtspiDesktop>(
-        *m_bus, m_runLoop, [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
-            tell(processIdentifier, change);
-        });
-    m_busConnection = m_bus->observe([this] {
-        // A launcher that starts its bus anew does so at another address.
-        if (!m_bus->isConnected())
-            m_askingAgain = m_runLoop.scheduleOnce(kTitlePace, [this] { askAddress(); });
-    });
+    m_link =
+        std::make_unique<AtspiLink>(m_sessionBus, m_runLoop, m_log,
+                                    [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
+                                        tell(processIdentifier, change);
+                                    });
+}
+
+AtspiApplication* AtspiAccessibility::application(std::int64_t processIdentifier) const {
+    return m_link && m_link->desktop() ? m_link->desktop()->ofProcess(processIdentifier) : nullptr;
 }
 
 void AtspiAccessibility::tell(std::int64_t processIdentifier, AtspiApplication::Change change) {
@@ -208,7 +191,7 @@ void AtspiAccessibility::rereadObserved() {
         return;
     }
     m_watchers->forEach([this](const Watcher& watcher) {
-        if (auto* application = m_desktop ? m_desktop->ofProcess(watcher.processIdentifier) : nullptr)
-            application->reread();
+        if (auto* observed = application(watcher.processIdentifier))
+            observed->reread();
     });
 }

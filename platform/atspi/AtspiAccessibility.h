@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
-#include "platform/atspi/AtspiDesktop.h"
+#include "platform/atspi/AtspiLink.h"
 #include "platform/atspi/TrustNotice.h"
 #include "platform/bus/BusService.h"
 
@@ -53,27 +53,25 @@ private:
     void setEnabled(const QVariant& value);
     // Begins to look at programs.
     void begin();
-    void askAddress();
-    void connectTo(const QString& address);
     void tell(std::int64_t processIdentifier, AtspiApplication::Change change);
     void rereadObserved();
     void startRereading();
 
+    // Null for a process that shows nothing.
+    AtspiApplication* application(std::int64_t processIdentifier) const;
+
+    Bus& m_sessionBus;
     RunLoop& m_runLoop;
     SystemLog& m_log;
     BusService m_launcher;
     TrustNotice m_notice;
     bool m_isEnabled = false;
     bool m_isGranted = false;
-    bool m_isBegun = false;
-    QString m_address;
-    std::unique_ptr<Bus> m_bus;
-    std::unique_ptr<AtspiDesktop> m_desktop;
+    // Absent until programs are looked at.
+    std::unique_ptr<AtspiLink> m_link;
     QExplicitlySharedDataPointer<Watchers> m_watchers;
     std::unique_ptr<RunLoopTimer> m_rereading;
-    std::unique_ptr<RunLoopTimer> m_askingAgain;
     std::unique_ptr<BusSignal> m_statusChanged;
-    Subscription m_busConnection;
     Subscription m_presence;
     // Observers that outlive this must not use it.
     std::shared_ptr<AtspiAccessibility*> m_self;

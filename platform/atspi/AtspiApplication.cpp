@@ -84,10 +84,13 @@ void AtspiApplication::rereadTitle() {
     m_isTitleOwed = true;
     askName(m_mainWindow, [this, path = m_mainWindow](const QDBusMessage& reply, const QString& name) {
         m_isTitleOwed = false;
-        if (reply.type() == QDBusMessage::ReplyMessage)
-            rename(path, name);
-        else if (!isSilence(reply))
+        if (isSilence(reply))
+            fallSilent();
+        // What happened during a silence was not told.
+        else if (m_isSilent || reply.type() != QDBusMessage::ReplyMessage)
             readSoon();
+        else
+            rename(path, name);
     });
 }
 
@@ -112,9 +115,9 @@ void AtspiApplication::readWindows(const QDBusMessage& children) {
     const auto reading = std::make_shared<Reading>();
     // One owed by this function itself, so that an application without windows settles too.
     reading->owed = 1;
-    reading->isAbandoned = children.type() != QDBusMessage::ReplyMessage;
+    reading->isRefused = children.type() != QDBusMessage::ReplyMessage;
     const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
-    if (!reading->isAbandoned && list.currentType() == QDBusArgument::ArrayType) {
+    if (!reading->isRefused && list.currentType() == QDBusArgument::ArrayType) {
         list.beginArray();
         while (!list.atEnd()) {
             QString name;
@@ -153,13 +156,15 @@ void AtspiApplication::readWindow(const std::shared_ptr<Reading>& reading, std::
 }
 
 void AtspiApplication::settle(const std::shared_ptr<Reading>& reading, const QDBusMessage& reply) {
-    reading->isAbandoned |= isSilence(reply);
+    reading->isSilent |= isSilence(reply);
     if (--reading->owed > 0)
         return;
     m_isReading = false;
     if (m_isStale)
         readSoon();
-    if (reading->isAbandoned)
+    if (reading->isSilent)
+        return fallSilent();
+    if (reading->isRefused)
         return;
     std::erase_if(reading->windows, [](const Window& window) { return window.path.isEmpty(); });
     adopt(std::move(reading->windows));
@@ -168,20 +173,30 @@ void AtspiApplication::settle(const std::shared_ptr<Reading>& reading, const QDB
 void AtspiApplication::adopt(std::vector<Window> windows) {
     const QString mainWindowBefore = m_mainWindow;
     const auto titleBefore = windowTitle(m_mainWindow);
+    const QString activeBefore = activeWindow();
+    m_isSilent = false;
     m_windows = std::move(windows);
     auto main = std::ranges::find_if(m_windows, &Window::isActive);
+    m_activeWindow = main != m_windows.end() ? main->path : QString();
     if (main == m_windows.end())
         main = std::ranges::find(m_windows, m_mainWindow, &Window::path);
     if (main == m_windows.end())
         main = std::ranges::find_if(m_windows, &Window::isShowing);
     m_mainWindow = main != m_windows.end() ? main->path : QString();
-    tell(mainWindowBefore, titleBefore);
+    tell(mainWindowBefore, titleBefore, activeWindow() != activeBefore);
 }
 
-void AtspiApplication::tell(const QString& mainWindowBefore, const std::optional<QString>& titleBefore) {
-    const Change change{m_mainWindow != mainWindowBefore, windowTitle(m_mainWindow) != titleBefore};
-    if (change.isMainWindow || change.isTitle)
+void AtspiApplication::tell(const QString& mainWindowBefore, const std::optional<QString>& titleBefore,
+                            bool isActivity) {
+    const Change change{m_mainWindow != mainWindowBefore, windowTitle(m_mainWindow) != titleBefore,
+                        isActivity};
+    if (change.isMainWindow || change.isTitle || change.isActivity)
         m_changed(m_processIdentifier, change);
+}
+
+void AtspiApplication::fallSilent() {
+    if (!std::exchange(m_isSilent, true))
+        m_changed(m_processIdentifier, {false, false, true});
 }
 
 void AtspiApplication::ask(const QString& path, const QString& interface, const QString& member,

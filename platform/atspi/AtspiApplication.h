@@ -19,6 +19,8 @@ public:
     struct Change {
         bool isMainWindow = false;
         bool isTitle = false;
+        // Another window is active, or none is any more, or it is not known any more.
+        bool isActivity = false;
     };
 
     using Changed = std::function<void(std::int64_t processIdentifier, Change change)>;
@@ -40,6 +42,9 @@ public:
 
     // The path of the main window: the active one, else the last that was, else the first that shows.
     const QString& mainWindow() const { return m_mainWindow; }
+
+    // The path of the active window; empty when none is, and while the program does not answer.
+    QString activeWindow() const { return m_isSilent ? QString() : m_activeWindow; }
 
     // Absent when there is no such window.
     std::optional<QString> windowTitle(const QString& path) const;
@@ -65,8 +70,9 @@ private:
     struct Reading {
         std::vector<Window> windows;
         int owed = 0;
-        // The program does not answer: what is known stays.
-        bool isAbandoned = false;
+        // In either case what is known stays.
+        bool isSilent = false;
+        bool isRefused = false;
     };
 
     void readSoon();
@@ -76,7 +82,9 @@ private:
     void readWindow(const std::shared_ptr<Reading>& reading, std::size_t index);
     void settle(const std::shared_ptr<Reading>& reading, const QDBusMessage& reply);
     void adopt(std::vector<Window> windows);
-    void tell(const QString& mainWindowBefore, const std::optional<QString>& titleBefore);
+    void tell(const QString& mainWindowBefore, const std::optional<QString>& titleBefore,
+              bool isActivity = false);
+    void fallSilent();
     void ask(const QString& path, const QString& interface, const QString& member,
              const QVariantList& arguments, Bus::Receiver receiver);
     void askName(const QString& path, std::function<void(const QDBusMessage&, const QString&)> receiver);
@@ -90,10 +98,13 @@ private:
     QString m_title;
     std::vector<Window> m_windows;
     QString m_mainWindow;
+    QString m_activeWindow;
     bool m_isReading = false;
     // Touched while it was being read.
     bool m_isStale = false;
     bool m_isTitleOwed = false;
+    // Owes an answer for longer than the patience with which it is asked.
+    bool m_isSilent = false;
     // Has sent an event.
     bool m_hasSpoken = false;
     std::unique_ptr<RunLoopTimer> m_settling;

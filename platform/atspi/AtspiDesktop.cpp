@@ -36,18 +36,29 @@ AtspiApplication* AtspiDesktop::ofProcess(std::int64_t processIdentifier) const 
     return found;
 }
 
+AtspiApplication* AtspiDesktop::find(const std::function<bool(const AtspiApplication&)>& isSo) const {
+    for (const auto& [name, application] : m_applications) {
+        if (isSo(*application))
+            return application.get();
+    }
+    return nullptr;
+}
+
 AtspiApplication* AtspiDesktop::named(const QString& name) const {
     const auto application = m_applications.find(name);
     return application != m_applications.end() ? application->second.get() : nullptr;
 }
 
 void AtspiDesktop::follow() {
-    if (!m_registry.isServed()) {
+    if (m_registry.isServed()) {
+        registerEvents();
+        look();
+    } else {
         m_applications.clear();
-        return;
     }
-    registerEvents();
-    look();
+    // Starts another registry where this one has died.
+    m_secondLook = m_runLoop.scheduleOnce(kSecondLook, [this] { lookAgain(); });
+    m_changed(0, {});
 }
 
 void AtspiDesktop::registerEvents() {
@@ -98,6 +109,12 @@ void AtspiDesktop::look() {
                     [this](const QDBusMessage& children) { learn(children); });
 }
 
+void AtspiDesktop::lookAgain() {
+    look();
+    for (const auto& [name, application] : m_applications)
+        application->reread();
+}
+
 void AtspiDesktop::learn(const QDBusMessage& children) {
     const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
     if (children.type() != QDBusMessage::ReplyMessage || list.currentType() != QDBusArgument::ArrayType)
@@ -122,12 +139,12 @@ void AtspiDesktop::nameChanged(const QDBusMessage& signal) {
         return;
     if (!signal.arguments().value(2).toString().isEmpty()) {
         m_firstLook = m_runLoop.scheduleOnce(kFirstLook, [this] { look(); });
-        m_secondLook = m_runLoop.scheduleOnce(kSecondLook, [this] { look(); });
+        m_secondLook = m_runLoop.scheduleOnce(kSecondLook, [this] { lookAgain(); });
         return;
     }
     const auto gone = m_applications.extract(name);
     if (!gone.empty() && !gone.mapped()->mainWindow().isEmpty())
-        m_changed(gone.mapped()->processIdentifier(), {true, true});
+        m_changed(gone.mapped()->processIdentifier(), {true, true, true});
 }
 
 AtspiApplication* AtspiDesktop::sender(const QDBusMessage& signal) {

@@ -14,9 +14,15 @@ public:
     static constexpr std::chrono::milliseconds kFirstLook{300};
     static constexpr std::chrono::seconds kSecondLook{2};
 
-    // `changed` is called after the main window of a program, or its title, has changed.
+    // `changed` is called after the main window of a program, its title, or whether it is active has changed, and with
+    // process 0 after the registry has come or gone.
     AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplication::Changed changed);
 
+    // Whether there is somebody on the bus who knows the programs.
+    bool isServed() const { return m_registry.isServed(); }
+
+    // Any program of which this is so; null when there is none.
+    AtspiApplication* find(const std::function<bool(const AtspiApplication&)>& isSo) const;
     // Null for a process that shows nothing.
     AtspiApplication* ofProcess(std::int64_t processIdentifier) const;
     // By the unique name of its connection.
@@ -27,6 +33,8 @@ private:
     void registerEvents();
     void listenToEvents();
     void look();
+    // What happened before a program knew that somebody listens was not told.
+    void lookAgain();
     void learn(const QDBusMessage& children);
     void nameChanged(const QDBusMessage& signal);
     // The program that sent a signal; null, and looked for, when it is not known yet.

@@ -52,17 +52,20 @@ QString GnomeShellDesktop::describe() const {
                     : QStringLiteral("GNOME Shell: nobody tells of the windows");
 }
 
-QString GnomeShellDesktop::obstacle() const {
-    if (m_isTold)
-        return {};
+QString GnomeShellDesktop::reasonForSilence() const {
     if (m_version.isUntested())
         return localized(
                    "The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which "
-                   "does not run it therefore. Until there is a Ticklog that knows this version, there is "
-                   "no time to credit.")
+                   "does not run it therefore.")
             .replace(QLatin1String("%@"), m_version.text());
     return localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
-                     "belongs to Ticklog is not running. Until it is, there is no time to credit.");
+                     "belongs to Ticklog is not running.");
+}
+
+QString GnomeShellDesktop::obstacle() const {
+    if (m_isTold)
+        return {};
+    return reasonForSilence() + u' ' + localized("Until it runs, there is no time to credit.");
 }
 
 void GnomeShellDesktop::follow() {

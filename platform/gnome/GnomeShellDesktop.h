@@ -22,6 +22,11 @@ public:
     // is known yet when it returns.
     GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log, DesktopEntries& entries);
 
+    // Whether the extension tells of the windows now.
+    bool isTelling() const { return m_isTold; }
+    // Why it does not, as a sentence to the user.
+    QString reasonForSilence() const;
+
     std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
     const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
     bool installSwitchHandler(std::function<void()> handler) override;

@@ -856,8 +856,8 @@
         <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mehr mit, welches Fenster vorn ist.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
-        <translation>Die GNOME Shell teilt nur ihren Erweiterungen mit, welches Fenster vorn ist, und die von Ticklog läuft nicht. Bis dahin kann keine Zeit gezählt werden.</translation>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
+        <translation>Die GNOME Shell teilt nur ihren Erweiterungen mit, welches Fenster vorn ist, und die von Ticklog läuft nicht.</translation>
     </message>
     <message>
         <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
@@ -896,8 +896,8 @@
         <translation>Einrichten...</translation>
     </message>
     <message>
-        <source>Why Is Nothing Counted?</source>
-        <translation>Warum wird nichts gezählt?</translation>
+        <source>Why Are Windows Not Counted?</source>
+        <translation>Warum werden Fenster nicht gezählt?</translation>
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
@@ -912,12 +912,20 @@
         <translation>Die Arbeitsfläche antwortet nicht mehr. Bis sie es tut, ist nicht bekannt, welches Fenster vorn ist, und für kein Fenster wird Zeit gezählt.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
-        <translation>Die Erweiterung von Ticklog wurde nicht mit der GNOME Shell %@ erprobt und wird von dieser daher nicht ausgeführt. Bis es ein Ticklog gibt, das diese Version kennt, kann keine Zeit gezählt werden.</translation>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <translation>Die Erweiterung von Ticklog wurde nicht mit der GNOME Shell %@ erprobt und wird von dieser daher nicht ausgeführt.</translation>
     </message>
     <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog wurde gestartet, ohne von der Wayland-Arbeitsfläche zu wissen, und seine X-Anzeige kennt nur die Programme, die durch sie laufen. Starten Sie Ticklog aus dem Menü der Arbeitsfläche.</translation>
+    </message>
+    <message>
+        <source>Until it runs, there is no time to credit.</source>
+        <translation>Bis sie läuft, kann keine Zeit gezählt werden.</translation>
+    </message>
+    <message>
+        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Bis sie läuft, sind nur Programme zu sehen, die Hilfsprogrammen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
 </context>
 </TS>

@@ -856,8 +856,8 @@
         <translation>Este escritorio Wayland ya no indica a otros programas qué ventana está en primer plano.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
-        <translation>GNOME Shell solo indica a sus extensiones qué ventana está en primer plano, y la de Ticklog no está activa. Hasta que lo esté, no se puede contar el tiempo.</translation>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
+        <translation>GNOME Shell solo indica a sus extensiones qué ventana está en primer plano, y la de Ticklog no está activa.</translation>
     </message>
     <message>
         <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
@@ -896,8 +896,8 @@
         <translation>Configurar...</translation>
     </message>
     <message>
-        <source>Why Is Nothing Counted?</source>
-        <translation>¿Por qué no se cuenta nada?</translation>
+        <source>Why Are Windows Not Counted?</source>
+        <translation>¿Por qué no se cuentan las ventanas?</translation>
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
@@ -912,12 +912,20 @@
         <translation>El escritorio ha dejado de responder. Hasta que lo haga, no se sabe qué ventana está en primer plano y no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
-        <translation>La extensión de Ticklog no se ha probado con GNOME Shell %@, que por eso no la ejecuta. Hasta que haya una versión de Ticklog que la conozca, no se puede contar el tiempo.</translation>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <translation>La extensión de Ticklog no se ha probado con GNOME Shell %@, que por eso no la ejecuta.</translation>
     </message>
     <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog se ha iniciado sin conocer el escritorio Wayland, y su pantalla X solo informa de los programas que funcionan a través de ella. Inicie Ticklog desde el menú del escritorio.</translation>
+    </message>
+    <message>
+        <source>Until it runs, there is no time to credit.</source>
+        <translation>Hasta que se ejecute, no se puede contar el tiempo.</translation>
+    </message>
+    <message>
+        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Hasta que se ejecute, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
 </context>
 </TS>

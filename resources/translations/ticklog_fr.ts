@@ -856,8 +856,8 @@
         <translation>Ce bureau Wayland n’indique plus aux autres programmes quelle fenêtre est au premier plan.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
-        <translation>GNOME Shell n’indique qu’à ses extensions quelle fenêtre est au premier plan, et celle de Ticklog n’est pas active. D’ici là, aucun temps ne peut être compté.</translation>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
+        <translation>GNOME Shell n’indique qu’à ses extensions quelle fenêtre est au premier plan, et celle de Ticklog n’est pas active.</translation>
     </message>
     <message>
         <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
@@ -896,8 +896,8 @@
         <translation>Configurer...</translation>
     </message>
     <message>
-        <source>Why Is Nothing Counted?</source>
-        <translation>Pourquoi rien n’est compté&#xa0;?</translation>
+        <source>Why Are Windows Not Counted?</source>
+        <translation>Pourquoi les fenêtres ne sont-elles pas comptées&#xa0;?</translation>
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
@@ -912,12 +912,20 @@
         <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, on ne sait pas quelle fenêtre est au premier plan, et aucun temps n’est compté pour une fenêtre.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
-        <translation>L’extension de Ticklog n’a pas été essayée avec GNOME Shell %@, qui ne l’exécute donc pas. Tant qu’aucune version de Ticklog ne le connaît, aucun temps ne peut être compté.</translation>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <translation>L’extension de Ticklog n’a pas été essayée avec GNOME Shell %@, qui ne l’exécute donc pas.</translation>
     </message>
     <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog a été démarré sans connaître le bureau Wayland, et son écran X ne connaît que les programmes qui passent par lui. Démarrez Ticklog depuis le menu du bureau.</translation>
+    </message>
+    <message>
+        <source>Until it runs, there is no time to credit.</source>
+        <translation>Tant qu’elle n’est pas active, aucun temps ne peut être compté.</translation>
+    </message>
+    <message>
+        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
     </message>
 </context>
 </TS>

@@ -856,8 +856,8 @@
         <translation>この Wayland デスクトップは、最前面のウィンドウを他のプログラムに知らせなくなりました。</translation>
     </message>
     <message>
-        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
-        <translation>GNOME Shell は最前面のウィンドウを拡張機能にのみ知らせますが、Ticklog の拡張機能が動作していません。動作するまで時間を計測できません。</translation>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
+        <translation>GNOME Shell は最前面のウィンドウを拡張機能にのみ知らせますが、Ticklog の拡張機能が動作していません。</translation>
     </message>
     <message>
         <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
@@ -896,8 +896,8 @@
         <translation>設定する...</translation>
     </message>
     <message>
-        <source>Why Is Nothing Counted?</source>
-        <translation>何も計測されない理由</translation>
+        <source>Why Are Windows Not Counted?</source>
+        <translation>ウィンドウが計測されない理由</translation>
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
@@ -912,12 +912,20 @@
         <translation>デスクトップが応答しません。応答するまでは最前面のウィンドウがわからないため、どのウィンドウの時間も計測されません。</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
-        <translation>Ticklog の拡張機能は GNOME Shell %@ でテストされていないため、実行されません。このバージョンに対応した Ticklog が出るまで時間を計測できません。</translation>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <translation>Ticklog の拡張機能は GNOME Shell %@ でテストされていないため、実行されません。</translation>
     </message>
     <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Ticklog は Wayland デスクトップの情報なしで起動されました。X ディスプレイからわかるのは、それを通して動くプログラムだけです。デスクトップのメニューから Ticklog を起動してください。</translation>
+    </message>
+    <message>
+        <source>Until it runs, there is no time to credit.</source>
+        <translation>動作するまで時間を計測できません。</translation>
+    </message>
+    <message>
+        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
 </context>
 </TS>

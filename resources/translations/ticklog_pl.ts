@@ -856,8 +856,8 @@
         <translation>To środowisko Wayland nie podaje już innym programom, które okno jest na wierzchu.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running. Until it is, there is no time to credit.</source>
-        <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie Ticklog nie działa. Do tego czasu nie da się zliczać czasu.</translation>
+        <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
+        <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie Ticklog nie działa.</translation>
     </message>
     <message>
         <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
@@ -896,8 +896,8 @@
         <translation>Skonfiguruj...</translation>
     </message>
     <message>
-        <source>Why Is Nothing Counted?</source>
-        <translation>Dlaczego nic nie jest liczone?</translation>
+        <source>Why Are Windows Not Counted?</source>
+        <translation>Dlaczego okna nie są liczone?</translation>
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
@@ -912,12 +912,20 @@
         <translation>Środowisko nie odpowiada. Dopóki nie odpowie, nie wiadomo, które okno jest na wierzchu, i czas żadnego okna nie jest zliczany.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore. Until there is a Ticklog that knows this version, there is no time to credit.</source>
-        <translation>Rozszerzenie Ticklog nie było sprawdzane z powłoką GNOME %@, która go dlatego nie uruchamia. Dopóki nie będzie wersji Ticklog, która ją zna, nie da się zliczać czasu.</translation>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <translation>Rozszerzenie Ticklog nie było sprawdzane z powłoką GNOME %@, która go dlatego nie uruchamia.</translation>
     </message>
     <message>
         <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
         <translation>Program Ticklog uruchomiono bez wiedzy o środowisku Wayland, a jego ekran X zna tylko programy, które przez niego działają. Uruchom Ticklog z menu środowiska.</translation>
+    </message>
+    <message>
+        <source>Until it runs, there is no time to credit.</source>
+        <translation>Dopóki nie będzie działać, nie da się zliczać czasu.</translation>
+    </message>
+    <message>
+        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Dopóki nie będzie działać, widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
 </context>
 </TS>

@@ -73,4 +73,32 @@ TEST_F(GnomeProduct, windowsInFront_areCreditedWithTheirTimes) {
     }
 }
 
+TEST(GnomeProductWithoutItsExtension, windowsOfProgramsThatTell_areCredited) {
+    GnomeDesk desk({.isEnabled = false, .executable = QStringLiteral(TICKLOG_BINARY_DIR "/ticklog")});
+    ASSERT_TRUE(desk.letProgramsTell());
+    ProductProgram product(desk.home());
+    product.setVariable(QStringLiteral("TICKLOG_LOG_STDERR"), QStringLiteral("1"));
+    PropertyListDictionary settings = ProductProgram::runningSettings();
+    settings.insert(QStringLiteral("kTKShellExtension"), QStringLiteral("declined"));
+    product.writeSettings(settings);
+    Worker writer(desk, QStringLiteral("Writer"), QStringLiteral("Letter"));
+    Worker mailer(desk, QStringLiteral("Mailer"), QStringLiteral("Inbox"));
+    product.launch(desk.environment(), {}, Program::Output::ErrorsRead);
+    for (std::optional<QByteArray> line; !line || !line->contains("AT-SPI");) {
+        line = product.program().readLine();
+        ASSERT_TRUE(line);
+    }
+    ASSERT_TRUE(desk.bringToFront(kOwnTitle));
+    Lateness lateness;
+    for (int round = 0; round < 3; ++round) {
+        writer.work(400ms);
+        mailer.work(500ms);
+    }
+    product.program().terminate();
+    EXPECT_EQ(product.program().exitStatus(), 0);
+    const double tolerance = 6 * 0.15 + lateness.seconds();
+    for (const Worker* worker : {&writer, &mailer})
+        EXPECT_NEAR(product.windowTimes(worker->name).value(worker->title), worker->seconds, tolerance);
+}
+
 } // namespace

@@ -24,7 +24,8 @@ public:
     void lookThrough(Desktop& desktop) {
         m_front = &desktop;
         m_windows = &desktop;
-        m_signs = &desktop;
+        if constexpr (std::is_base_of_v<SignsOfLife, Desktop>)
+            m_signs = &desktop;
         m_front->installSwitchHandler([this] { switches << front(); });
     }
 

@@ -107,7 +107,7 @@ TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReas
     EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
     EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip").contains(QLatin1String("Install Ticklog")); }));
     panel.ask("open");
-    EXPECT_TRUE(panel.ask("menu").startsWith(QLatin1String("Why Is Nothing Counted? | - | Pause | ")));
+    EXPECT_TRUE(panel.ask("menu").startsWith(QLatin1String("Why Are Windows Not Counted? | - | Pause | ")));
     turnEventLoopFor(500ms);
     product.program().terminate();
     EXPECT_EQ(product.program().exitStatus(), 0);

@@ -63,7 +63,7 @@ TEST_F(AppPresenceTest, anObstacle_isToldByTheTrayWhileTheTimerRuns) {
     EXPECT_EQ(str(icon.toolTip()), "Nobody tells.");
     QMenu& menu = controller.appDelegate().statusMenu().mainMenu();
     Q_EMIT menu.aboutToShow();
-    EXPECT_EQ(str(menu.actions().first()->text()), "Why Is Nothing Counted?");
+    EXPECT_EQ(str(menu.actions().first()->text()), "Why Are Windows Not Counted?");
     Q_EMIT menu.aboutToHide();
     controller.window().hide();
     menu.actions().first()->trigger();

@@ -5,6 +5,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QDir>
 #include <QFile>
 
@@ -65,6 +66,8 @@ GnomeDesk::~GnomeDesk() {
 QProcessEnvironment GnomeDesk::environment() const {
     QProcessEnvironment environment = WaylandDesk::environment();
     environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("GNOME"));
+    if (m_letsProgramsTell)
+        environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("0"));
     return environment;
 }
 
@@ -123,15 +126,16 @@ QString GnomeDesk::startCompositor(std::unique_ptr<Program>& compositor) {
 }
 
 bool GnomeDesk::call(const QString& service, const QString& path, const QString& interface,
-                     const QString& method, const QString& argument) {
+                     const QString& method, const QVariantList& arguments) {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
-    message.setArguments({argument});
+    message.setArguments(arguments);
     const QDBusMessage answer = connectTo(bus()).call(message);
-    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
+    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0, true).toBool();
 }
 
 bool GnomeDesk::drive(const QString& method, const QString& argument) {
-    return call(kDriverService, QStringLiteral("/org/ticklog/TestDriver"), kDriverService, method, argument);
+    return call(kDriverService, QStringLiteral("/org/ticklog/TestDriver"), kDriverService, method,
+                {argument});
 }
 
 bool GnomeDesk::activate(const QString& title) {
@@ -151,12 +155,26 @@ bool GnomeDesk::bringToFront(const QString& title) {
     return activate(title) && waitFor([&] { return drive(QStringLiteral("IsInFront"), title); });
 }
 
+bool GnomeDesk::plugInKeyboard() {
+    return drive(QStringLiteral("PlugIn"), QStringLiteral("keyboard"));
+}
+
+bool GnomeDesk::letProgramsTell() {
+    m_letsProgramsTell = true;
+    return call(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+                QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"),
+                {QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"),
+                 QVariant::fromValue(QDBusVariant(true))});
+}
+
 bool GnomeDesk::enableExtension() {
     return call(kShellService, QStringLiteral("/org/gnome/Shell"),
-                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("EnableExtension"), kExtension);
+                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("EnableExtension"),
+                {kExtension});
 }
 
 bool GnomeDesk::disableExtension() {
     return call(kShellService, QStringLiteral("/org/gnome/Shell"),
-                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("DisableExtension"), kExtension);
+                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("DisableExtension"),
+                {kExtension});
 }

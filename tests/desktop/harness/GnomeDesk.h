@@ -32,6 +32,11 @@ public:
     // Brings the window with this title to the front, and waits until the shell says so.
     bool bringToFront(const QString& title);
 
+    // A keyboard for the seat: without one no window of GTK says that it is active.
+    bool plugInKeyboard();
+    // Has programs that are started from now on tell assistive programs of their windows.
+    bool letProgramsTell();
+
     // Switches the extension as the user does. Answers whether the shell knows it.
     bool enableExtension();
     bool disableExtension();
@@ -44,9 +49,10 @@ private:
     void writeSettings(bool isEnabled);
     // Has the test's own extension of the shell do something.
     bool drive(const QString& method, const QString& argument);
-    // A call of a method that takes a text and answers a truth value.
+    // Answers whether the method was there, and did not answer "false".
     bool call(const QString& service, const QString& path, const QString& interface, const QString& method,
-              const QString& argument);
+              const QVariantList& arguments);
 
     std::unique_ptr<SessionBus> m_systemBus;
+    bool m_letsProgramsTell = false;
 };

@@ -10,6 +10,7 @@ const kInterface = `<node><interface name="org.ticklog.TestDriver">
   <method name="Minimise"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="IsInFront"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="Touch"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+  <method name="PlugIn"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
 </interface></node>`;
 
 function withWindow(title, act) {
@@ -21,7 +22,12 @@ function withWindow(title, act) {
     return Boolean(actor);
 }
 
+function plugIn(kind) {
+    return Clutter.get_default_backend().get_default_seat().create_virtual_device(kind);
+}
+
 let pointer = null;
+let keyboard = null;
 // Kept, or it would be taken from the bus with the next collection of garbage.
 let object = null;
 const driver = {
@@ -29,9 +35,14 @@ const driver = {
     Minimise: title => withWindow(title, window => window.minimize()),
     IsInFront: title => global.display.get_focus_window()?.get_title() === title,
     Touch: () => {
-        pointer ??= Clutter.get_default_backend().get_default_seat()
-            .create_virtual_device(Clutter.InputDeviceType.POINTER_DEVICE);
+        pointer ??= plugIn(Clutter.InputDeviceType.POINTER_DEVICE);
         pointer.notify_relative_motion(GLib.get_monotonic_time(), 1, 1);
+        return true;
+    },
+    PlugIn: () => {
+        keyboard ??= plugIn(Clutter.InputDeviceType.KEYBOARD_DEVICE);
+        keyboard.notify_keyval(GLib.get_monotonic_time(), Clutter.KEY_Shift_L, Clutter.KeyState.PRESSED);
+        keyboard.notify_keyval(GLib.get_monotonic_time(), Clutter.KEY_Shift_L, Clutter.KeyState.RELEASED);
         return true;
     },
 };

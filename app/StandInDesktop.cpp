@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "app/StandInDesktop.h"
+
+#include "platform/foundation/LocalizedStrings.h"
+
+StandInDesktop::StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop)
+    : m_shell(shell)
+    , m_programs(programs)
+    , m_runLoop(runLoop) {
+    m_shell.installSwitchHandler([this] { changeOver(); });
+    // The extension may come or go while the same is in front.
+    m_shell.setHeardHandler([this] {
+        changeOver();
+        if (m_heardHandler)
+            m_heardHandler();
+    });
+    m_programs.installSwitchHandler([this] { tell(); });
+    changeOver();
+}
+
+StandInDesktop::~StandInDesktop() {
+    m_shell.installSwitchHandler({});
+    m_shell.setHeardHandler({});
+    m_programs.installSwitchHandler({});
+}
+
+std::span<const WindowListEntry> StandInDesktop::onScreenWindows() const {
+    return isStandingIn() ? m_programs.onScreenWindows() : m_shell.onScreenWindows();
+}
+
+bool StandInDesktop::installSwitchHandler(std::function<void()> handler) {
+    m_handler = std::move(handler);
+    return true;
+}
+
+QString StandInDesktop::describe() const {
+    return isStandingIn() ? m_shell.describe() + QStringLiteral("; ") + m_programs.describe()
+                          : m_shell.describe();
+}
+
+QString StandInDesktop::obstacle() const {
+    if (!isStandingIn())
+        return m_shell.obstacle();
+    return m_shell.reasonForSilence() + u' ' +
+           localized(
+               "Until it runs, only programs that tell assistive programs of their windows are seen, and all "
+               "other time counts as “Desktop”.");
+}
+
+void StandInDesktop::changeOver() {
+    if (m_shell.isTelling()) {
+        m_patience.reset();
+        m_programs.end();
+    } else if (!m_patience) {
+        m_patience = m_runLoop.scheduleOnce(kPatience, [this] { m_programs.begin(); });
+    }
+    tell();
+}
+
+void StandInDesktop::tell() {
+    std::optional<ApplicationRecord> front =
+        isStandingIn() ? m_programs.activeApplication() : m_shell.activeApplication();
+    // The account goes on crediting whoever was told last, when nobody is told any more.
+    if (!front && m_front)
+        front = nothingInFront();
+    if (std::exchange(m_front, front) == front)
+        return;
+    // A copy, because the handler may install another one.
+    if (const std::function<void()> handler = m_handler)
+        handler();
+}

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/WindowList.h"
+#include "platform/atspi/AtspiLink.h"
+#include "platform/foundation/DesktopEntries.h"
+
+#include <unordered_map>
+
+// The window in front as far as programs tell assistive programs of theirs: the one that says it is active. Where none
+// does, the desktop is in front: somebody may be there who tells nothing, and that time is not the last one's. Looks at
+// nothing until it is begun. Answers from memory. Main thread only.
+class AtspiFrontDesktop : public WindowList, public FrontApplication {
+public:
+    // Between two windows none is active for a moment, which is not told.
+    static constexpr std::chrono::milliseconds kEmptyMoment{100};
+    // How often the program in front is asked for its title: Qt programs do not tell of it, and one that hangs goes on
+    // saying that it is active.
+    static constexpr std::chrono::seconds kTitlePace{1};
+
+    // The others outlive this.
+    AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, DesktopEntries& entries);
+
+    // Starts the accessibility bus where it does not run. Does nothing when it has been begun already.
+    void begin();
+    // Leaves the bus: nothing is known until it is begun anew. Not to be called from the switch handler.
+    void end();
+
+    // Whether programs can tell. Changes are told as those of the front.
+    bool isTelling() const { return programs(); }
+
+    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
+    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
+    bool installSwitchHandler(std::function<void()> handler) override;
+    QString bundleName(const QString& path) const override;
+    QString describe() const override;
+
+private:
+    // Null while nobody knows them.
+    AtspiDesktop* programs() const;
+    void take(std::int64_t processIdentifier, AtspiApplication::Change change);
+    void look();
+    // Null when none has an active window.
+    const AtspiApplication* findActive();
+    ApplicationRecord recordOf(const AtspiApplication& application) const;
+    void show(const AtspiApplication& application);
+    void show(std::vector<WindowListEntry> entries, const std::optional<ApplicationRecord>& front);
+
+    Bus& m_sessionBus;
+    RunLoop& m_runLoop;
+    SystemLog& m_log;
+    DesktopEntries& m_desktopEntries;
+    std::function<void()> m_handler;
+    // Absent while nobody tells.
+    std::optional<ApplicationRecord> m_front;
+    // The window in front, alone.
+    std::vector<WindowListEntry> m_entries;
+    // Of windows, by connection and path.
+    std::unordered_map<QString, std::int64_t> m_numbers;
+    // The connection of the program that became active last.
+    QString m_latest;
+    // Absent until it is begun.
+    std::unique_ptr<AtspiLink> m_link;
+    std::unique_ptr<RunLoopTimer> m_emptyMoment;
+    std::unique_ptr<RunLoopTimer> m_rereading;
+};

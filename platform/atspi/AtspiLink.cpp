@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "platform/atspi/AtspiLink.h"
+
+#include <limits>
+
+namespace {
+
+// For the bus, in milliseconds: an answer that comes late is one nevertheless.
+constexpr int kHoweverLate = std::numeric_limits<int>::max();
+
+} // namespace
+
+AtspiLink::AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed)
+    : m_runLoop(runLoop)
+    , m_log(log)
+    , m_changed(std::move(changed))
+    , m_launcher(sessionBus, kAtspiLauncher)
+    , m_presence(m_launcher.observe([this] {
+        if (m_launcher.isServed())
+            ask();
+    })) {}
+
+void AtspiLink::ask() {
+    m_launcher.call(
+        kAtspiLauncherPath, kAtspiLauncher, QStringLiteral("GetAddress"), {},
+        [this](const QDBusMessage& reply) {
+            if (reply.type() == QDBusMessage::ReplyMessage)
+                connectTo(reply.arguments().value(0).toString());
+        },
+        kHoweverLate);
+}
+
+void AtspiLink::connectTo(const QString& address) {
+    // The same bus is connected to again by the connection itself.
+    if (std::exchange(m_address, address) == address)
+        return;
+    m_desktop.reset();
+    m_bus = std::make_unique<Bus>(Bus::atAddress(address), m_runLoop, m_log);
+    m_desktop = std::make_unique<AtspiDesktop>(*m_bus, m_runLoop, m_changed);
+    m_connection = m_bus->observe([this] {
+        // A launcher that starts its bus anew does so at another address.
+        if (!m_bus->isConnected())
+            m_askingAgain = m_runLoop.scheduleOnce(kAskingAgain, [this] { ask(); });
+    });
+}

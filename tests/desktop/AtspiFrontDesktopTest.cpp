@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+// Who is in front, as real programs tell assistive programs of their windows.
+#include "platform/atspi/AtspiFrontDesktop.h"
+#include "platform/atspi/Atspi.h"
+#include "tests/desktop/Sight.h"
+#include "tests/desktop/harness/Desk.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+class AtspiFrontDesktopTest : public testing::Test, public Sight {
+protected:
+    AtspiFrontDesktopTest()
+        : Sight(QStringLiteral("/nowhere")) {
+        lookThrough(m_front);
+        m_front.begin();
+    }
+
+    std::unique_ptr<Program> start(const QString& executable) {
+        QProcessEnvironment environment = m_desk.environment();
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_daemon.address());
+        environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+        return std::make_unique<Program>(executable, QStringList(), environment, Program::Output::Read);
+    }
+
+    // A program of Qt with one window.
+    std::unique_ptr<Program> startWith(const QString& title) {
+        auto client = start(QStringLiteral(TICKLOG_BINARY_DIR "/qt-client"));
+        tell(*client, QStringLiteral("open ") + title);
+        return client;
+    }
+
+    static void tell(Program& client, const QString& command) {
+        client.write(command.toUtf8() + '\n');
+        EXPECT_EQ(client.readLine(), QByteArray("ok"));
+    }
+
+    // Asks the accessibility bus, as the one that the launcher has started, and answers with the first word.
+    QVariant askBus(Bus& bus, const QString& service, const QString& path, const QString& member,
+                    const QVariantList& arguments) {
+        auto question = QDBusMessage::createMethodCall(service, path, service, member);
+        question.setArguments(arguments);
+        std::optional<QVariant> answer;
+        QObject context;
+        bus.call(question, &context, [&](const QDBusMessage& reply) { answer = reply.arguments().value(0); });
+        EXPECT_TRUE(waitFor([&] { return answer.has_value(); }));
+        return answer.value_or(QVariant());
+    }
+
+    pid_t registrysProcess() {
+        const QString address =
+            askBus(m_bus, kAtspiLauncher, kAtspiLauncherPath, QStringLiteral("GetAddress"), {}).toString();
+        Bus bus(Bus::atAddress(address), runLoop, log);
+        return pid_t(askBus(bus, kBusServiceName, kBusServicePath,
+                            QStringLiteral("GetConnectionUnixProcessID"), {kAtspiRegistry})
+                         .toUInt());
+    }
+
+    Desk m_desk;
+    SessionBus m_daemon{m_desk.environment(), m_desk.home().runtimeFolder()};
+    Bus m_bus{Bus::atAddress(m_daemon.address()), runLoop, log};
+    AtspiFrontDesktop m_front{m_bus, runLoop, log, entries};
+};
+
+TEST_F(AtspiFrontDesktopTest, programsThatTell_areInFrontWithTheirWindows) {
+    EXPECT_SEEN(*this, "Desktop: none");
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    EXPECT_EQ(frontProcess(), writer->processIdentifier());
+    EXPECT_EQ(m_front.activeApplication()->path, QStringLiteral(TICKLOG_BINARY_DIR "/qt-client"));
+    const auto editor = start(QStringLiteral("mousepad"));
+    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    tell(*writer, QStringLiteral("activate 0"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+}
+
+TEST_F(AtspiFrontDesktopTest, betweenTwoPrograms_theDesktopIsNotToldOf) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    const auto editor = start(QStringLiteral("mousepad"));
+    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    switches.clear();
+    tell(*writer, QStringLiteral("activate 0"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    EXPECT_EQ(switches, QStringList(QStringLiteral("qt-client")));
+}
+
+TEST_F(AtspiFrontDesktopTest, aTitleOfWhichNobodyTells_isNoticed) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    ASSERT_TRUE(frontWindow());
+    const auto number = frontWindow()->number;
+    tell(*writer, QStringLiteral("title 0 Answer"));
+    EXPECT_SEEN(*this, "qt-client: Answer");
+    ASSERT_TRUE(frontWindow());
+    EXPECT_EQ(frontWindow()->number, number) << "the window is the same";
+    tell(*writer, QStringLiteral("open Envelope"));
+    EXPECT_SEEN(*this, "qt-client: Envelope");
+    EXPECT_NE(frontWindow()->number, number);
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatTellsNothing_isNotTakenForTheLastThatDid) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    const auto terminal = start(QStringLiteral("xterm"));
+    EXPECT_SEEN(*this, "Desktop: none");
+    terminal->kill();
+    EXPECT_SEEN(*this, "qt-client: Letter");
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatDies_isNotInFrontAnyMore) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    writer->kill();
+    EXPECT_SEEN(*this, "Desktop: none");
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatHangsInFront_isCreditedAgainWhenItAnswers) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    writer->pause();
+    EXPECT_SEEN(*this, "Desktop: none");
+    writer->resume();
+    EXPECT_SEEN(*this, "qt-client: Letter");
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotInFrontForLong) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    // It goes on saying that its window is active.
+    writer->pause();
+    const auto editor = start(QStringLiteral("mousepad"));
+    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    const auto terminal = start(QStringLiteral("xterm"));
+    EXPECT_SEEN(*this, "Desktop: none");
+    terminal->kill();
+    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    writer->resume();
+}
+
+TEST_F(AtspiFrontDesktopTest, aRegistryThatDies_isStartedAgainAndNobodyIsCreditedMeanwhile) {
+    const auto editor = start(QStringLiteral("mousepad"));
+    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    ASSERT_EQ(::kill(registrysProcess(), SIGKILL), 0);
+    EXPECT_SEEN(*this, "none: none");
+    EXPECT_FALSE(m_front.isTelling());
+    EXPECT_TRUE(waitFor([this] { return m_front.isTelling(); }));
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+}
+
+TEST_F(AtspiFrontDesktopTest, whatWasEnded_knowsNothingUntilItIsBegunAnew) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    ASSERT_TRUE(frontWindow());
+    const auto number = frontWindow()->number;
+    m_front.end();
+    EXPECT_EQ(seen(), QStringLiteral("none: none"));
+    EXPECT_FALSE(m_front.isTelling());
+    m_front.begin();
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    ASSERT_TRUE(frontWindow());
+    EXPECT_EQ(frontWindow()->number, number);
+}
+
+TEST_F(AtspiFrontDesktopTest, aSessionBusThatIsLost_takesTheOtherBusWithIt) {
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
+    m_daemon.kill();
+    EXPECT_SEEN(*this, "none: none");
+}
+
+TEST(AtspiFrontDesktop, aSessionWithoutABus_tellsNothing) {
+    Sight sight(QStringLiteral("/nowhere"));
+    Bus bus(Bus::atAddress(QStringLiteral("unix:path=/nowhere")), sight.runLoop, sight.log);
+    AtspiFrontDesktop front(bus, sight.runLoop, sight.log, sight.entries);
+    sight.lookThrough(front);
+    front.begin();
+    turnEventLoopFor(std::chrono::milliseconds(300));
+    EXPECT_FALSE(front.isTelling());
+    EXPECT_EQ(sight.seen(), QStringLiteral("none: none"));
+}
+
+} // namespace

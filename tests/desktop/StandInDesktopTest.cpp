@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// GNOME Shell while Ticklog's extension does not run, and when it begins to.
+#include "app/StandInDesktop.h"
+
+#include "tests/desktop/GnomeScene.h"
+#include "tests/desktop/services/ServiceScript.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class StandInDesktopTest : public testing::Test {
+protected:
+    StandInDesktopTest() {
+        m_scene.lookThrough(m_desktop);
+        EXPECT_TRUE(m_scene.desk.letProgramsTell());
+        EXPECT_TRUE(m_scene.desk.plugInKeyboard());
+    }
+
+    bool bringToFront(const char* title) { return m_scene.desk.bringToFront(QString::fromUtf8(title)); }
+
+    GnomeScene m_scene{{.isEnabled = false}};
+    AtspiFrontDesktop m_programs{m_scene.bus, m_scene.runLoop, m_scene.log, m_scene.entries};
+    StandInDesktop m_desktop{*m_scene.desktop, m_programs, m_scene.runLoop};
+};
+
+TEST_F(StandInDesktopTest, programsThatTell_areSeenUntilTheExtensionRuns) {
+    WaylandClient qt(m_scene.desk, QStringLiteral("Editor"));
+    qt.open(QStringLiteral("Page"));
+    WaylandClient gtk(m_scene.desk, QStringLiteral("Mailer"), WaylandClient::Kind::Gtk);
+    gtk.open(QStringLiteral("Inbox"));
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(bringToFront("Page"));
+        EXPECT_SEEN(m_scene, "Editor: Page");
+        ASSERT_TRUE(bringToFront("Inbox"));
+        EXPECT_SEEN(m_scene, "Mailer: Inbox");
+    }
+    EXPECT_TRUE(m_desktop.obstacle().contains(QStringLiteral("only programs that tell")));
+    EXPECT_TRUE(m_desktop.describe().contains(QStringLiteral("AT-SPI")));
+    ASSERT_TRUE(m_scene.frontWindow());
+    const auto number = m_scene.frontWindow()->number;
+    m_scene.switches.clear();
+    ASSERT_TRUE(m_scene.desk.enableExtension());
+    EXPECT_TRUE(waitFor([this] { return m_desktop.obstacle().isEmpty(); }));
+    EXPECT_SEEN(m_scene, "Mailer: Inbox");
+    EXPECT_EQ(m_scene.switches, QStringList()) << "the same is in front";
+    EXPECT_NE(m_scene.frontWindow()->number, number) << "as the shell counts";
+    EXPECT_EQ(m_scene.titles(), QStringList({QStringLiteral("Inbox"), QStringLiteral("Page")}));
+    EXPECT_FALSE(m_programs.isTelling());
+    EXPECT_FALSE(m_desktop.describe().contains(QStringLiteral("AT-SPI")));
+}
+
+TEST_F(StandInDesktopTest, aProgramOfGtk4_isSeenToo) {
+    const auto program = m_scene.desk.start(
+        QStringLiteral("/usr/bin/python3"),
+        {QStringLiteral("-B"), QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/clients/gtk4_client.py"),
+         QStringLiteral("Painter"), QStringLiteral("Canvas")});
+    ASSERT_TRUE(bringToFront("Canvas"));
+    EXPECT_SEEN(m_scene, "Painter: Canvas");
+}
+
+TEST_F(StandInDesktopTest, aProgramThatTellsNothing_leavesTheDesktopInFront) {
+    WaylandClient qt(m_scene.desk, QStringLiteral("Editor"));
+    qt.open(QStringLiteral("Page"));
+    ASSERT_TRUE(bringToFront("Page"));
+    EXPECT_SEEN(m_scene, "Editor: Page");
+    const auto terminal = m_scene.desk.start(QStringLiteral("foot"), {QStringLiteral("--title=Shell")});
+    ASSERT_TRUE(bringToFront("Shell"));
+    EXPECT_SEEN(m_scene, "Desktop: none");
+    ASSERT_TRUE(m_scene.desk.enableExtension());
+    EXPECT_SEEN(m_scene, "foot: Shell");
+}
+
+TEST_F(StandInDesktopTest, anExtensionThatIsSwitchedOff_isStoodInForAgain) {
+    WaylandClient qt(m_scene.desk, QStringLiteral("Editor"));
+    qt.open(QStringLiteral("Page"));
+    ASSERT_TRUE(bringToFront("Page"));
+    ASSERT_TRUE(m_scene.desk.enableExtension());
+    EXPECT_TRUE(waitFor([this] { return m_desktop.obstacle().isEmpty(); }));
+    EXPECT_SEEN(m_scene, "Editor: Page");
+    ASSERT_TRUE(m_scene.desk.disableExtension());
+    EXPECT_TRUE(waitFor([this] { return m_scene.front() == QStringLiteral("Desktop"); })) << "at first";
+    EXPECT_SEEN(m_scene, "Editor: Page");
+    EXPECT_TRUE(m_programs.isTelling());
+}
+
+// A shell that is a mere script, without the extension, on a bus of its own.
+struct ScriptedShell {
+    // `programsBus` is the address where programs tell of themselves; empty for the shell's own.
+    ScriptedShell(const QString& version, const QString& programsBus)
+        : shell(home, QStringLiteral("gnome_shell.py"), {daemon.address(), version})
+        , otherBus(Bus::atAddress(programsBus.isEmpty() ? daemon.address() : programsBus), sight.runLoop,
+                   sight.log) {
+        sight.lookThrough(desktop);
+    }
+
+    TemporaryHome home;
+    SessionBus daemon{home.environment(), home.runtimeFolder()};
+    ServiceScript shell;
+    Sight sight{home.dataFolder()};
+    Bus bus{Bus::atAddress(daemon.address()), sight.runLoop, sight.log};
+    Bus otherBus;
+    BusName name{bus, kTicklogName, sight.log};
+    GnomeShellDesktop extension{bus, name, sight.log, sight.entries};
+    AtspiFrontDesktop programs{otherBus, sight.runLoop, sight.log, sight.entries};
+    StandInDesktop desktop{extension, programs, sight.runLoop};
+};
+
+TEST(StandIn, whereNeitherTells_nobodyIsCreditedAndItIsSaidWhy) {
+    ScriptedShell session(QStringLiteral("43.9"), QStringLiteral("unix:path=/nowhere"));
+    EXPECT_TRUE(waitFor([&] { return session.sight.log.mentions(QStringLiteral("is not running")); }));
+    turnEventLoopFor(StandInDesktop::kPatience + std::chrono::milliseconds(500));
+    EXPECT_EQ(session.sight.seen(), QStringLiteral("none: none"));
+    EXPECT_TRUE(session.desktop.obstacle().endsWith(QStringLiteral("there is no time to credit.")));
+}
+
+TEST(StandIn, aVersionThatWasNotTested_isNamedWhileProgramsTell) {
+    ScriptedShell session(QStringLiteral("45.2"), QString());
+    EXPECT_TRUE(waitFor([&] {
+        return session.desktop.obstacle().contains(QStringLiteral("GNOME Shell 45.2")) &&
+               session.desktop.obstacle().contains(QStringLiteral("only programs that tell"));
+    })) << qPrintable(session.desktop.obstacle());
+}
+
+} // namespace
