@@ -12,6 +12,7 @@ namespace {
 
 struct Ending {
     std::function<void()> rescue;
+    bool isSaved = false;
     QtMessageHandler usualMessages = nullptr;
     int status = EXIT_SUCCESS;
 };
@@ -37,6 +38,8 @@ void watchMessages(QtMsgType type, const QMessageLogContext& context, const QStr
     ending().usualMessages(type, context, message);
     if (type != QtWarningMsg || !message.startsWith(QLatin1String("The Wayland connection")))
         return;
+    if (ending().isSaved)
+        _exit(ending().status);
     if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
         runRescue();
         return;
@@ -57,8 +60,8 @@ ExitGuard::ExitGuard(std::function<void()> rescue) {
 }
 
 ExitGuard::~ExitGuard() {
-    qInstallMessageHandler(ending().usualMessages);
     ending().rescue = {};
+    ending().isSaved = true;
 }
 
 void ExitGuard::exit(int status) {
