@@ -14,7 +14,8 @@
 // Everything the program stands on, made of fakes, with a home of its own that goes with it. The settings are
 // real and know the registered defaults. What is built on it must go first.
 struct FakePlatform {
-    FakePlatform() { defaults.registerDefaults(registeredDefaults(folders.applicationSupport)); }
+    FakePlatform();
+    ~FakePlatform();
 
     QTemporaryDir home;
     HandClock clock;

@@ -32,8 +32,8 @@ public:
 
 // The whole engine, real from the tracker down to the settings file, on a platform of fakes.
 struct TestEngine {
-    explicit TestEngine(const TimeTracker::MakeActivator& makeActivator = {})
-        : tracker(trackerServices, makeActivator) {}
+    explicit TestEngine(const TimeTracker::MakeActivator& makeActivator = {});
+    ~TestEngine();
 
     FakePlatform fakes;
     TKUUIDManager registry{TKUUIDManager::savePath(fakes.folders.applicationSupport), fakes.runLoop,
