@@ -20,6 +20,7 @@
 #include "platform/linux/LinuxSystemTray.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "platform/linux/LogindSession.h"
+#include "platform/linux/SandboxedLoginItems.h"
 #include "platform/linux/SandboxedProgram.h"
 #include "platform/linux/SettingsWatch.h"
 #include "platform/linux/TrustRecord.h"
@@ -95,13 +96,13 @@ LinuxPlatform::BackEnds::BackEnds() {
     // Wherever else windows are told of, ours must be the X server's to be embedded and listed there.
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         openX11Presence();
-    OwnProgram& program = isInFlatpak() ? static_cast<OwnProgram&>(sandboxedProgram) : ownProgram;
-    LoginItems& items = sandbox.isSandboxed() ? static_cast<LoginItems&>(sandboxedLoginItems) : loginItems;
+    OwnProgram* program = isInFlatpak() ? static_cast<OwnProgram*>(&sandboxedProgram) : &ownProgram;
+    LoginItems* items = sandbox.isSandboxed() ? static_cast<LoginItems*>(&sandboxedLoginItems) : &loginItems;
     TaskBar* taskBar = x11TaskBar ? static_cast<TaskBar*>(x11TaskBar.get()) : &noTaskBar;
-    platform = std::make_unique<Platform>(Platform{clock, runLoop, log, notifications, defaults, folders,
-                                                   frontApplication, silenceWatch, desktop.idleTime(), power,
-                                                   sessionEvents, accessibility, fileViewer, sandbox,
-                                                   serviceManagement, program, *taskBar, systemTray, items});
+    platform = std::make_unique<Platform>(
+        Platform{clock, runLoop, log, notifications, defaults, folders, frontApplication, silenceWatch,
+                 desktop.idleTime(), power, sessionEvents, accessibility, fileViewer, sandbox,
+                 serviceManagement, *program, *taskBar, systemTray, *items});
     if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
         accessibility.grantTrust();
     // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before

@@ -17,6 +17,7 @@
 #include <QLocale>
 #include <QSessionManager>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -29,6 +30,64 @@ void nameApplication() {
     QCoreApplication::setApplicationVersion(QStringLiteral(TICKLOG_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Ticklog"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.ticklog.Ticklog"));
+}
+
+QStringList listOf(const std::optional<QString>& file) {
+    return file ? QStringList(*file) : QStringList();
+}
+
+// From the first window to the last save; answers the exit status. `files` are opened once it runs.
+int run(QApplication& application, SingleInstance& instance, const QStringList& files) {
+    const Translations translations(QLocale().uiLanguages());
+    LinuxPlatform desktop;
+    QtAlerts alerts;
+    TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
+    alerts.setWindow(&controller.window());
+    TKApplicationDelegate& delegate = controller.appDelegate();
+    // What the preferences ask stands in front of them, not of the main window.
+    QtAlerts setupAlerts;
+    Preferences preferences(controller, desktop.platform(), setupAlerts,
+                            [&](PrefWindow& window) { setupAlerts.setWindow(&window); });
+
+    const auto powerOff = [&] {
+        delegate.willPowerOffHandler();
+        desktop.platform().defaults.synchronize();
+    };
+    const ExitGuard exitGuard(powerOff);
+    const auto end = [&] {
+        powerOff();
+        QCoreApplication::exit(EXIT_SUCCESS);
+    };
+    const TerminationSignals signals(desktop.platform().runLoop, [&](int) { end(); });
+    desktop.setDisplayLostHandler(end);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
+                     Qt::DirectConnection);
+    const auto openFile = [&](const QString& file) {
+        controller.documents().openDocumentWithContentsOfURL(file);
+    };
+    const auto beCalled = [&](const QStringList& given) {
+        controller.displayMainWindow();
+        std::ranges::for_each(given, openFile);
+    };
+    instance.listen([&](const std::optional<QString>& file) { beCalled(listOf(file)); });
+    desktop.activation().listen(beCalled);
+
+    controller.awakeFromNib();
+    // Whether a new window comes to the front is the window manager's business; it is not fought for.
+    controller.shownWindow().show();
+    delegate.applicationDidFinishLaunching();
+    std::unique_ptr<ExtensionOffer> offer;
+    if (ShellExtension* extension = desktop.shellExtension())
+        offer = std::make_unique<ExtensionOffer>(ExtensionOffer::Ground{
+            *extension, alerts, desktop.platform().defaults, desktop.platform().runLoop,
+            desktop.platform().log, [&](std::function<void()> remedy) {
+                controller.window().obstacleBar().offerRemedy(std::move(remedy));
+            }});
+    desktop.platform().runLoop.performSoon([&] { std::ranges::for_each(files, openFile); });
+    const int status = QApplication::exec();
+    // Whoever ended the loop: what has been credited since the last save is written.
+    controller.saveSettingsToDisk();
+    return status;
 }
 
 } // namespace
@@ -57,59 +116,5 @@ int main(int argc, char** argv) {
         std::fputs("Ticklog is running already and keeps this account.\n", stderr);
         return EXIT_FAILURE;
     }
-
-    const Translations translations(QLocale().uiLanguages());
-    LinuxPlatform desktop;
-    QtAlerts alerts;
-    TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
-    alerts.setWindow(&controller.window());
-    TKApplicationDelegate& delegate = controller.appDelegate();
-    // What the preferences ask stands in front of them, not of the main window.
-    QtAlerts setupAlerts;
-    Preferences preferences(controller, desktop.platform(), setupAlerts,
-                            [&](PrefWindow& window) { setupAlerts.setWindow(&window); });
-
-    const auto powerOff = [&] {
-        delegate.willPowerOffHandler();
-        desktop.platform().defaults.synchronize();
-    };
-    const ExitGuard exitGuard(powerOff);
-    const auto end = [&] {
-        powerOff();
-        QCoreApplication::exit(EXIT_SUCCESS);
-    };
-    const TerminationSignals signals(desktop.platform().runLoop, [&](int) { end(); });
-    desktop.setDisplayLostHandler(end);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
-                     Qt::DirectConnection);
-    const auto openFile = [&](const std::optional<QString>& file) {
-        if (file)
-            controller.documents().openDocumentWithContentsOfURL(*file);
-    };
-    instance.listen([&](const std::optional<QString>& file) {
-        controller.displayMainWindow();
-        openFile(file);
-    });
-    desktop.activation().listen([&](const QStringList& files) {
-        controller.displayMainWindow();
-        for (const QString& file : files)
-            openFile(file);
-    });
-
-    controller.awakeFromNib();
-    // Whether a new window comes to the front is the window manager's business; it is not fought for.
-    controller.shownWindow().show();
-    delegate.applicationDidFinishLaunching();
-    std::unique_ptr<ExtensionOffer> offer;
-    if (ShellExtension* extension = desktop.shellExtension())
-        offer = std::make_unique<ExtensionOffer>(ExtensionOffer::Ground{
-            *extension, alerts, desktop.platform().defaults, desktop.platform().runLoop,
-            desktop.platform().log, [&](std::function<void()> remedy) {
-                controller.window().obstacleBar().offerRemedy(std::move(remedy));
-            }});
-    desktop.platform().runLoop.performSoon([&] { openFile(commandLine.file); });
-    const int status = QApplication::exec();
-    // Whoever ended the loop: what has been credited since the last save is written.
-    controller.saveSettingsToDisk();
-    return status;
+    return run(application, instance, listOf(commandLine.file));
 }

@@ -51,7 +51,7 @@ public:
     // Reads the settings afresh and shows the sum by them.
     void reload();
 
-    // With every tick; also shows why nothing is counted, while that is so.
+    // With every tick; also shows why windows are not counted, while that is so.
     void refreshTimeSum() override;
 
     // The sum below the outline; see ShownSum::text().

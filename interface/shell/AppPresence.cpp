@@ -116,13 +116,13 @@ void AppPresence::toggleMenuItem() {
 void AppPresence::updateMenuIconState() {
     const bool isRunning = m_program.isRunning();
     m_menu.showRunning(isRunning);
-    const bool isHindered = isRunning && !m_obstacle.isEmpty();
-    m_menu.showObstacle(isHindered);
+    const bool hasObstacle = isRunning && !m_obstacle.isEmpty();
+    m_menu.showObstacle(hasObstacle);
     if (!m_statusBarItem)
         return;
     m_statusBarItem->setImages(isRunning ? QStringLiteral("MenuBar-Active") : QStringLiteral("MenuBar-Idle"),
                                QStringLiteral("MenuBar-Pressed"));
-    m_statusBarItem->setToolTip(isHindered  ? m_obstacle
+    m_statusBarItem->setToolTip(hasObstacle ? m_obstacle
                                 : isRunning ? localized("Ticklog is counting")
                                             : localized("Ticklog is paused"));
 }

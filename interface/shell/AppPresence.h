@@ -50,7 +50,7 @@ public:
     void toggleMenuItem();
 
     void updateMenuIconState();
-    // Has the tray say why nothing is counted while the timer runs; nothing for an empty text.
+    // Has the tray say why windows are not counted while the timer runs; nothing for an empty text.
     void showObstacle(const QString& text);
 
     // Whether the desktop is known to have no tray.

@@ -20,7 +20,7 @@ Alerts::Question questionFor(State state) {
     const QString reason =
         localized("GNOME Shell tells this only to its extensions. The one that comes with Ticklog "
                   "tells Ticklog, and no other program, which windows are on the screen. Without "
-                  "it no time can be credited.");
+                  "it Ticklog sees only some programs.");
     Alerts::Question question;
     question.message =
         localized("Ticklog needs an extension of GNOME Shell to see which window is in front.");

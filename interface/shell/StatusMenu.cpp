@@ -99,7 +99,7 @@ void StatusMenu::updateMenus() {
 
 bool StatusMenu::isUpToDate() const {
     const ProjectList::Projects projects = m_controller.projects().projects();
-    return !m_mainMenu.isEmpty() && m_mainMenu.actions().contains(&m_obstacleItem) == m_isHindered &&
+    return !m_mainMenu.isEmpty() && m_mainMenu.actions().contains(&m_obstacleItem) == m_hasObstacle &&
            std::ranges::equal(m_shownProjects, projects, [](const ProjectEntry& shown, const auto& project) {
                return shown.project == project && shown.label == project->label();
            });
@@ -110,7 +110,7 @@ void StatusMenu::updateMainMenu() {
     if (isUpToDate())
         return;
     empty(m_mainMenu);
-    if (m_isHindered)
+    if (m_hasObstacle)
         m_mainMenu.addActions({&m_obstacleItem, m_mainMenu.addSeparator()});
     m_mainMenu.addAction(&m_startPauseMenuItem);
     addCommand(localized("Show Time Window"), &StatusMenu::showTimeWindow);

@@ -38,8 +38,8 @@ public:
     // As the desktop that is to show it wants it; for the next opening.
     void setForm(MenuForm form);
     void showRunning(bool isRunning);
-    // Whether the menu begins with a command that shows why nothing is counted; for the next opening.
-    void showObstacle(bool isThere) { m_isHindered = isThere; }
+    // Whether the menu begins with a command that shows why windows are not counted; for the next opening.
+    void showObstacle(bool isThere) { m_hasObstacle = isThere; }
     // Rebuilds the menu if it is not up to date.
     void updateMainMenu();
     // At every tick: shows the times that are others, while the menu is open.
@@ -96,7 +96,7 @@ private:
     std::vector<ProjectEntry> m_shownProjects;
     std::unordered_map<const QMenu*, ProjectList::Project> m_projectMenus;
     UpdateSet m_menuItemUpdateSet;
-    bool m_isHindered = false;
+    bool m_hasObstacle = false;
     bool m_displayingAppMenu = false;
     std::unique_ptr<RunLoopTimer> m_longestOpening;
 };

@@ -2,6 +2,7 @@
 #include "platform/Folders.h"
 #include "platform/linux/LinuxOwnProgram.h"
 #include "platform/linux/LinuxSandbox.h"
+#include "platform/linux/SandboxedLoginItems.h"
 #include "platform/linux/SandboxedProgram.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 

@@ -35,7 +35,7 @@ public:
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
-    QString obstacle() const override { return hindrance; }
+    QString obstacle() const override { return obstacleText; }
 
     // The desktop brings an application to the front and tells of it.
     void switchTo(std::optional<ApplicationRecord> front) {
@@ -53,7 +53,7 @@ public:
     QHash<QString, QString> bundleNames;
     bool tellsOfSwitches = true;
     // Why nothing can be told; empty when it can.
-    QString hindrance;
+    QString obstacleText;
 
 private:
     std::function<void()> m_handler;

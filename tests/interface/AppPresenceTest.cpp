@@ -57,7 +57,7 @@ const std::string kAllMenus = "File, Edit, View, Project, Timer, Help";
 TEST_F(AppPresenceTest, anObstacle_isToldByTheTrayWhileTheTimerRuns) {
     launch();
     const QSystemTrayIcon& icon = presence().statusBarItem()->icon();
-    fakes.frontApplication.hindrance = QStringLiteral("Nobody tells.");
+    fakes.frontApplication.obstacleText = QStringLiteral("Nobody tells.");
     controller.timer().startTimer();
     controller.refreshTimeSum();
     EXPECT_EQ(str(icon.toolTip()), "Nobody tells.");
@@ -69,7 +69,7 @@ TEST_F(AppPresenceTest, anObstacle_isToldByTheTrayWhileTheTimerRuns) {
     menu.actions().first()->trigger();
     settle();
     EXPECT_TRUE(controller.window().isVisible());
-    fakes.frontApplication.hindrance.clear();
+    fakes.frontApplication.obstacleText.clear();
     controller.refreshTimeSum();
     EXPECT_EQ(str(icon.toolTip()), "Ticklog is counting");
     Q_EMIT menu.aboutToShow();

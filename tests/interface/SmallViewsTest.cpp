@@ -75,20 +75,20 @@ TEST_F(SmallViewsTest, aPressOnTheWordBesideTheSum_copiesTheSumInWords) {
 TEST_F(SmallViewsTest, aDesktopThatDoesNotTell_isExplainedAboveTheTimersUntilItDoes) {
     const ObstacleBar& bar = controller.window().obstacleBar();
     EXPECT_FALSE(bar.isVisible());
-    fakes.frontApplication.hindrance = QStringLiteral("This desktop does not tell. Ask it to.");
+    fakes.frontApplication.obstacleText = QStringLiteral("This desktop does not tell. Ask it to.");
     controller.refreshTimeSum();
     EXPECT_TRUE(bar.isVisible());
     const auto* text = bar.findChild<QLabel*>(QStringLiteral("obstacleText"));
     EXPECT_EQ(str(text->text()), "This desktop does not tell. Ask it to.");
     EXPECT_EQ(text->accessibleName(), text->text());
-    fakes.frontApplication.hindrance.clear();
+    fakes.frontApplication.obstacleText.clear();
     controller.refreshTimeSum();
     EXPECT_FALSE(bar.isVisible());
 }
 
 TEST_F(SmallViewsTest, whereAnObstacleCanBeRemoved_aButtonBesideItDoesSo) {
     ObstacleBar& bar = controller.window().obstacleBar();
-    fakes.frontApplication.hindrance = QStringLiteral("No.");
+    fakes.frontApplication.obstacleText = QStringLiteral("No.");
     controller.refreshTimeSum();
     auto* button = bar.findChild<QPushButton*>(QStringLiteral("obstacleRemedy"));
     EXPECT_FALSE(button->isVisible());
@@ -104,9 +104,9 @@ TEST_F(SmallViewsTest, whereAnObstacleCanBeRemoved_aButtonBesideItDoesSo) {
 }
 
 TEST_F(SmallViewsTest, anObstacleThatGoesWhilePaused_isNotSpokenOfAnyMore) {
-    fakes.frontApplication.hindrance = QStringLiteral("Not yet.");
+    fakes.frontApplication.obstacleText = QStringLiteral("Not yet.");
     controller.refreshTimeSum();
-    fakes.frontApplication.hindrance.clear();
+    fakes.frontApplication.obstacleText.clear();
     fakes.runLoop.advance(std::chrono::seconds(1));
     EXPECT_FALSE(controller.window().obstacleBar().isVisible());
     EXPECT_FALSE(controller.timer().isRunning());
@@ -114,7 +114,7 @@ TEST_F(SmallViewsTest, anObstacleThatGoesWhilePaused_isNotSpokenOfAnyMore) {
 
 TEST_F(SmallViewsTest, anObstacleFromTheStart_isExplainedWhenTheWindowIsShown) {
     controller.window().hide();
-    fakes.frontApplication.hindrance = QStringLiteral("No.");
+    fakes.frontApplication.obstacleText = QStringLiteral("No.");
     show();
     EXPECT_TRUE(controller.window().obstacleBar().isVisible());
 }

@@ -121,7 +121,7 @@ TEST_F(SilenceWatchTest, whileTheTimerStands_nobodyIsAsked) {
 
 TEST_F(SilenceWatchTest, whereItIsKnownThatNothingIsTold_nobodyIsAsked) {
     front.record.reset();
-    front.hindrance = QStringLiteral("no extension");
+    front.obstacleText = QStringLiteral("no extension");
     runLoop.advance(1h);
     EXPECT_EQ(signs.asked, 0);
     EXPECT_EQ(watch.obstacle(), QStringLiteral("no extension"));
@@ -130,7 +130,7 @@ TEST_F(SilenceWatchTest, whereItIsKnownThatNothingIsTold_nobodyIsAsked) {
 TEST_F(SilenceWatchTest, aDesktopThatGoesInItsSilence_isNotMadeOneThatTells) {
     runLoop.advance(70s);
     front.record.reset();
-    front.hindrance = QStringLiteral("gone");
+    front.obstacleText = QStringLiteral("gone");
     EXPECT_FALSE(watch.activeApplication());
     EXPECT_EQ(watch.obstacle(), QStringLiteral("gone"));
 }

@@ -296,7 +296,7 @@ void drawStatus(const QDir& folder) {
     for (const QAction* action : status.mainMenu().actions())
         if (action->menu() && action->text().contains(QLatin1String("Yearly report")))
             popUp(*action->menu(), folder, "status-project");
-    scene.fakes.frontApplication.hindrance = QStringLiteral("Nobody tells.");
+    scene.fakes.frontApplication.obstacleText = QStringLiteral("Nobody tells.");
     scene.seconds(1);
     popUp(status.mainMenu(), folder, "status-obstacle");
 }
@@ -323,9 +323,12 @@ void drawAll(const QDir& folder) {
     {
         Scene scene("obstacle");
         scene.work();
-        scene.fakes.frontApplication.hindrance =
-            localized("This Wayland desktop does not tell other programs which window is in front, so that "
-                      "there is no time to credit.");
+        scene.fakes.frontApplication.obstacleText =
+            localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
+                      "belongs to Ticklog is not running.") +
+            u' ' +
+            localized("Until it runs, only programs that tell assistive programs of their windows are seen, "
+                      "and all other time counts as “Desktop”.");
         scene.controller.window().obstacleBar().offerRemedy([] {});
         scene.show();
         scene.save(folder);

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/LoginItems.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+// Inside a sandbox nothing that the session reads at login can be written.
+class SandboxedLoginItems : public LoginItems {
+public:
+    std::vector<LoginJob> copyAllJobDictionaries() const override { return {}; }
+    Outcome setEnabled(const QString&, bool isEnabled) override {
+        if (!isEnabled)
+            return Done{};
+        return Failure{
+            Failure::Kind::Refused,
+            localized("Ticklog runs in a sandbox, from which it cannot change what the session starts. "
+                      "The settings of the desktop can.")};
+    }
+};
