@@ -68,7 +68,9 @@ void SilenceWatch::look() {
 
 bool SilenceWatch::isWorthAsking() const {
     // Where it is known that nothing is told, nothing is credited either.
-    return m_isCounting() && m_desktop.front.obstacle().isEmpty() && isSomebodyThere();
+    const auto& front = m_desktop.front.activeApplication();
+    const bool isTold = m_desktop.front.obstacle().isEmpty() || (front && *front != m_nothing);
+    return isTold && m_isCounting() && isSomebodyThere();
 }
 
 bool SilenceWatch::isSomebodyThere() const {

@@ -2,9 +2,8 @@
 #include "helpers/TKAXTrusted/TrustService.h"
 
 #include "helpers/TKAXTrusted/ProgramCheck.h"
+#include "platform/bus/BusMap.h"
 #include "platform/bus/BusService.h"
-
-#include <QDBusArgument>
 
 #include <algorithm>
 
@@ -18,7 +17,7 @@ constexpr const char* kFailed = "Failed";
 
 // The user as the bus knows it.
 std::optional<uid_t> userOf(const QDBusMessage& credentials) {
-    const auto values = qdbus_cast<QVariantMap>(credentials.arguments().value(0));
+    const auto values = mapIn(credentials, "a{sv}", 0);
     const QVariant user = values.value(QStringLiteral("UnixUserID"));
     if (credentials.type() != QDBusMessage::ReplyMessage || !user.isValid())
         return std::nullopt;

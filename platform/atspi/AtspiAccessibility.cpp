@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/AtspiAccessibility.h"
 
-#include <QDBusArgument>
+#include "platform/bus/BusMap.h"
+
 #include <QDBusVariant>
 
 #include <algorithm>
@@ -84,9 +85,7 @@ AtspiAccessibility::AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, System
     , m_self(std::make_shared<AtspiAccessibility*>(this)) {
     m_statusChanged = m_launcher.listen(
         {kAtspiLauncherPath, kPropertiesInterface, QStringLiteral("PropertiesChanged"), kStatus},
-        [this](const QDBusMessage& signal) {
-            setEnabled(qdbus_cast<QVariantMap>(signal.arguments().value(1)).value(kIsEnabled));
-        });
+        [this](const QDBusMessage& signal) { setEnabled(mapIn(signal, "sa{sv}as", 1).value(kIsEnabled)); });
 }
 
 AtspiAccessibility::~AtspiAccessibility() {

@@ -11,11 +11,14 @@
 #include <QDBusVariant>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
-// A program that is busy is asked again with its next event.
-constexpr int kPatienceMs = 5000;
+// For the bus, in milliseconds: an answer that comes late is one nevertheless.
+constexpr int kHoweverLate = std::numeric_limits<int>::max();
+// Nobody works in more windows of one program, and each costs two questions.
+constexpr std::size_t kMostWindows = 200;
 
 // Bits of the state set.
 constexpr int kActive = 1;
@@ -61,7 +64,14 @@ void AtspiApplication::touch() {
 }
 
 void AtspiApplication::readSoon() {
-    m_settling = m_runLoop.scheduleOnce(kSettling, [this] { read(); });
+    // Not put off by every event: who tells of something all the time is read nevertheless, and once more at the end.
+    if (m_settling)
+        m_isStale = true;
+    else
+        m_settling = m_runLoop.scheduleOnce(kSettling, [this] {
+            m_settling.reset();
+            read();
+        });
 }
 
 void AtspiApplication::rename(const QString& path, const QString& name) {
@@ -86,11 +96,10 @@ void AtspiApplication::rereadTitle() {
         m_isTitleOwed = false;
         if (isSilence(reply))
             fallSilent();
-        // What happened during a silence was not told.
-        else if (m_isSilent || reply.type() != QDBusMessage::ReplyMessage)
-            readSoon();
-        else
+        else if (reply.type() == QDBusMessage::ReplyMessage)
             rename(path, name);
+        else
+            readSoon();
     });
 }
 
@@ -102,7 +111,6 @@ void AtspiApplication::read() {
         return;
     }
     m_isReading = true;
-    m_isStale = false;
     askName(m_root, [this](const QDBusMessage& reply, const QString& name) {
         if (reply.type() == QDBusMessage::ReplyMessage)
             m_title = cleanText(name);
@@ -115,11 +123,11 @@ void AtspiApplication::readWindows(const QDBusMessage& children) {
     const auto reading = std::make_shared<Reading>();
     // One owed by this function itself, so that an application without windows settles too.
     reading->owed = 1;
-    reading->isRefused = children.type() != QDBusMessage::ReplyMessage;
-    const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
-    if (!reading->isRefused && list.currentType() == QDBusArgument::ArrayType) {
+    reading->isRefused = !isListOfObjects(children);
+    if (!reading->isRefused) {
+        const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
         list.beginArray();
-        while (!list.atEnd()) {
+        while (!list.atEnd() && reading->windows.size() < kMostWindows) {
             QString name;
             QDBusObjectPath path;
             list.beginStructure();
@@ -140,12 +148,13 @@ void AtspiApplication::readWindow(const std::shared_ptr<Reading>& reading, std::
     const QString path = reading->windows[index].path;
     ask(path, kAtspiAccessible, QStringLiteral("GetState"), {},
         [this, reading, index](const QDBusMessage& reply) {
-            const auto states = qdbus_cast<QList<uint>>(reply.arguments().value(0));
+            const bool isState = reply.signature() == QLatin1String("au");
+            const auto states = isState ? qdbus_cast<QList<uint>>(reply.arguments().value(0)) : QList<uint>();
             Window& window = reading->windows[index];
             window.isActive = hasState(states, kActive);
             window.isShowing = hasState(states, kShowing);
             // A window that has gone since keeps the path out of the list.
-            if (reply.type() != QDBusMessage::ReplyMessage)
+            if (!isState)
                 window.path.clear();
             settle(reading, reply);
         });
@@ -160,7 +169,7 @@ void AtspiApplication::settle(const std::shared_ptr<Reading>& reading, const QDB
     if (--reading->owed > 0)
         return;
     m_isReading = false;
-    if (m_isStale)
+    if (std::exchange(m_isStale, false))
         readSoon();
     if (reading->isSilent)
         return fallSilent();
@@ -195,21 +204,33 @@ void AtspiApplication::tell(const QString& mainWindowBefore, const std::optional
 }
 
 void AtspiApplication::fallSilent() {
-    if (!std::exchange(m_isSilent, true))
-        m_changed(m_processIdentifier, {false, false, true});
+    if (std::exchange(m_isSilent, true))
+        return;
+    // The answer that ends the silence: what happened during it was not told.
+    askName(
+        m_root,
+        [this](const QDBusMessage& reply, const QString&) {
+            if (!isSilence(reply))
+                readSoon();
+        },
+        kHoweverLate);
+    m_changed(m_processIdentifier, {false, false, true});
 }
 
 void AtspiApplication::ask(const QString& path, const QString& interface, const QString& member,
-                           const QVariantList& arguments, Bus::Receiver receiver) {
+                           const QVariantList& arguments, Bus::Receiver receiver, int timeoutMs) {
     auto question = QDBusMessage::createMethodCall(m_name, path, interface, member);
     question.setArguments(arguments);
-    m_bus.call(question, this, std::move(receiver), kPatienceMs);
+    m_bus.call(question, this, std::move(receiver), timeoutMs);
 }
 
 void AtspiApplication::askName(const QString& path,
-                               std::function<void(const QDBusMessage&, const QString&)> receiver) {
-    ask(path, kPropertiesInterface, QStringLiteral("Get"), {kAtspiAccessible, QStringLiteral("Name")},
+                               std::function<void(const QDBusMessage&, const QString&)> receiver,
+                               int timeoutMs) {
+    ask(
+        path, kPropertiesInterface, QStringLiteral("Get"), {kAtspiAccessible, QStringLiteral("Name")},
         [receiver = std::move(receiver)](const QDBusMessage& reply) {
             receiver(reply, reply.arguments().value(0).value<QDBusVariant>().variant().toString());
-        });
+        },
+        timeoutMs);
 }

@@ -49,6 +49,9 @@ public:
     // Absent when there is no such window.
     std::optional<QString> windowTitle(const QString& path) const;
 
+    // Whether it has windows and has never told of anything: it may have asked who listens before we did.
+    bool isDeaf() const { return !m_hasSpoken && !m_windows.empty(); }
+
     // Something happened in it: reads it again when that has settled.
     void touch();
     // One of its objects has a new name. Of the many objects that tell, only windows and the application
@@ -59,6 +62,9 @@ public:
     void reread();
 
 private:
+    // For an answer, in milliseconds. Who takes longer is silent until then.
+    static constexpr int kPatienceMs = 5000;
+
     struct Window {
         QString path;
         QString title;
@@ -86,8 +92,9 @@ private:
               bool isActivity = false);
     void fallSilent();
     void ask(const QString& path, const QString& interface, const QString& member,
-             const QVariantList& arguments, Bus::Receiver receiver);
-    void askName(const QString& path, std::function<void(const QDBusMessage&, const QString&)> receiver);
+             const QVariantList& arguments, Bus::Receiver receiver, int timeoutMs = kPatienceMs);
+    void askName(const QString& path, std::function<void(const QDBusMessage&, const QString&)> receiver,
+                 int timeoutMs = kPatienceMs);
 
     Bus& m_bus;
     RunLoop& m_runLoop;
@@ -100,12 +107,13 @@ private:
     QString m_mainWindow;
     QString m_activeWindow;
     bool m_isReading = false;
-    // Touched while it was being read.
+    // Touched while it was settling or being read.
     bool m_isStale = false;
     bool m_isTitleOwed = false;
     // Owes an answer for longer than the patience with which it is asked.
     bool m_isSilent = false;
     // Has sent an event.
     bool m_hasSpoken = false;
+    // Runs from an event to the reading that it causes.
     std::unique_ptr<RunLoopTimer> m_settling;
 };

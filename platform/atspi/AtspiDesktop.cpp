@@ -62,11 +62,15 @@ void AtspiDesktop::follow() {
 }
 
 void AtspiDesktop::registerEvents() {
-    // Programs send only what somebody has registered for.
-    for (const char* event : {"window:activate", "window:deactivate", "window:create", "window:destroy",
-                              "object:state-changed:active", "object:property-change:accessible-name"})
+    // Programs send only what somebody has registered for. The registry would keep twice what is registered twice.
+    for (const QString& event : {QStringLiteral("window:activate"), QStringLiteral("window:deactivate"),
+                                 QStringLiteral("window:create"), QStringLiteral("window:destroy"),
+                                 QStringLiteral("object:state-changed:active"),
+                                 QStringLiteral("object:property-change:accessible-name")}) {
+        m_registry.call(kAtspiRegistryPath, kAtspiRegistry, QStringLiteral("DeregisterEvent"), {event});
         m_registry.call(kAtspiRegistryPath, kAtspiRegistry, QStringLiteral("RegisterEvent"),
-                        {QString::fromLatin1(event), QStringList()});
+                        {event, QStringList()});
+    }
 }
 
 void AtspiDesktop::listenToEvents() {
@@ -111,14 +115,19 @@ void AtspiDesktop::look() {
 
 void AtspiDesktop::lookAgain() {
     look();
-    for (const auto& [name, application] : m_applications)
+    bool isAnyDeaf = false;
+    for (const auto& [name, application] : m_applications) {
         application->reread();
+        isAnyDeaf |= application->isDeaf();
+    }
+    if (isAnyDeaf)
+        registerEvents();
 }
 
 void AtspiDesktop::learn(const QDBusMessage& children) {
-    const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
-    if (children.type() != QDBusMessage::ReplyMessage || list.currentType() != QDBusArgument::ArrayType)
+    if (!isListOfObjects(children))
         return;
+    const auto list = qvariant_cast<QDBusArgument>(children.arguments().value(0));
     list.beginArray();
     while (!list.atEnd()) {
         QString name;

@@ -30,6 +30,7 @@ public:
 
 private:
     void follow();
+    // Tells programs, those that have missed it too, that somebody listens.
     void registerEvents();
     void listenToEvents();
     void look();

@@ -10,11 +10,12 @@ namespace {
 
 // The shell's own stage is on the bus, too, and it is the desktop.
 const QString kShellProgram = QStringLiteral("gnome-shell");
-// Above all that a shell counts: when it begins to tell, its windows are not to be taken for others.
-constexpr std::int64_t kFirstNumber = std::int64_t(1) << 32;
+
+// Numbers are forgotten beyond so many, before somebody who opens windows all day has them all.
+constexpr std::size_t kMostNumbers = 10000;
 
 bool isInFront(const AtspiApplication& application) {
-    return !application.activeWindow().isEmpty() &&
+    return !application.activeWindow().isEmpty() && application.title() != kShellProgram &&
            QFileInfo(executableOfProcess(application.processIdentifier())).fileName() != kShellProgram;
 }
 
@@ -37,16 +38,10 @@ void AtspiFrontDesktop::begin() {
                                         take(processIdentifier, change);
                                     });
     m_link->start();
-    m_rereading = m_runLoop.scheduleRepeating(kTitlePace, kTitlePace / 2, [this] {
-        // Also while it is silent, or its next word would not be noticed.
-        if (auto* latest = programs() ? programs()->named(m_latest) : nullptr)
-            latest->reread();
-    });
 }
 
 void AtspiFrontDesktop::end() {
     m_link.reset();
-    m_rereading.reset();
     m_latest.clear();
     look();
 }
@@ -73,7 +68,7 @@ AtspiDesktop* AtspiFrontDesktop::programs() const {
 void AtspiFrontDesktop::take(std::int64_t processIdentifier, AtspiApplication::Change change) {
     const auto* application = programs() ? programs()->ofProcess(processIdentifier) : nullptr;
     if (change.isActivity && application && isInFront(*application))
-        m_latest = application->connectionName();
+        setLatest(application->connectionName());
     look();
 }
 
@@ -93,8 +88,15 @@ const AtspiApplication* AtspiFrontDesktop::findActive() {
     if (!active || !isInFront(*active))
         active = programs()->find(isInFront);
     if (active)
-        m_latest = active->connectionName();
+        setLatest(active->connectionName());
     return active;
+}
+
+void AtspiFrontDesktop::setLatest(const QString& connectionName) {
+    const QString before = std::exchange(m_latest, connectionName);
+    // One that hangs goes on saying that it is active. That is found out now, not when it is taken for the one in front.
+    if (auto* former = before != m_latest ? programs()->named(before) : nullptr)
+        former->reread();
 }
 
 ApplicationRecord AtspiFrontDesktop::recordOf(const AtspiApplication& application) const {
@@ -117,8 +119,17 @@ void AtspiFrontDesktop::show(const AtspiApplication& application) {
     const ApplicationRecord record = recordOf(application);
     const QString title = application.windowTitle(application.activeWindow()).value_or(QString());
     const QString window = application.connectionName() + application.activeWindow();
-    const auto number = m_numbers.try_emplace(window, kFirstNumber + m_numbers.size()).first->second;
-    show({WindowListEntry{number, record.processIdentifier, 0,
+    if (m_numbers.size() >= kMostNumbers)
+        m_numbers.clear();
+    const auto [entry, isNew] = m_numbers.try_emplace(window, m_lastNumber + 1);
+    if (isNew)
+        ++m_lastNumber;
+    if (!m_rereading)
+        m_rereading = m_runLoop.scheduleRepeating(kTitlePace, kTitlePace / 2, [this] {
+            if (auto* latest = programs() ? programs()->named(m_latest) : nullptr)
+                latest->reread();
+        });
+    show({WindowListEntry{entry->second, record.processIdentifier, 0,
                           title.isEmpty() ? std::nullopt : std::optional(title), record.name}},
          record);
 }
@@ -126,6 +137,8 @@ void AtspiFrontDesktop::show(const AtspiApplication& application) {
 void AtspiFrontDesktop::show(std::vector<WindowListEntry> entries,
                              const std::optional<ApplicationRecord>& front) {
     m_emptyMoment.reset();
+    if (entries.empty())
+        m_rereading.reset();
     m_entries = std::move(entries);
     if (m_front == front)
         return;

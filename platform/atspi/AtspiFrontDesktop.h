@@ -13,10 +13,11 @@
 // nothing until it is begun. Answers from memory. Main thread only.
 class AtspiFrontDesktop : public WindowList, public FrontApplication {
 public:
-    // Between two windows none is active for a moment, which is not told.
-    static constexpr std::chrono::milliseconds kEmptyMoment{100};
-    // How often the program in front is asked for its title: Qt programs do not tell of it, and one that hangs goes on
-    // saying that it is active.
+    // Between two windows of different programs, each of which tells when it comes to it, none is active for a moment,
+    // which is not told.
+    static constexpr std::chrono::milliseconds kEmptyMoment{250};
+    // How often the program in front, while there is one, is asked for its title: Qt programs do not tell of it, and one
+    // that hangs goes on saying that it is active.
     static constexpr std::chrono::seconds kTitlePace{1};
 
     // The others outlive this.
@@ -43,6 +44,7 @@ private:
     void look();
     // Null when none has an active window.
     const AtspiApplication* findActive();
+    void setLatest(const QString& connectionName);
     ApplicationRecord recordOf(const AtspiApplication& application) const;
     void show(const AtspiApplication& application);
     void show(std::vector<WindowListEntry> entries, const std::optional<ApplicationRecord>& front);
@@ -58,10 +60,13 @@ private:
     std::vector<WindowListEntry> m_entries;
     // Of windows, by connection and path.
     std::unordered_map<QString, std::int64_t> m_numbers;
+    // Above all that a shell counts: when it begins to tell, its windows are not to be taken for others.
+    std::int64_t m_lastNumber = std::int64_t(1) << 32;
     // The connection of the program that became active last.
     QString m_latest;
     // Absent until it is begun.
     std::unique_ptr<AtspiLink> m_link;
     std::unique_ptr<RunLoopTimer> m_emptyMoment;
+    // Runs while a program is in front.
     std::unique_ptr<RunLoopTimer> m_rereading;
 };

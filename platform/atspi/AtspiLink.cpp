@@ -42,4 +42,6 @@ void AtspiLink::connectTo(const QString& address) {
         if (!m_bus->isConnected())
             m_askingAgain = m_runLoop.scheduleOnce(kAskingAgain, [this] { ask(); });
     });
+    // Those of the bus before are not known any more.
+    m_changed(0, {});
 }

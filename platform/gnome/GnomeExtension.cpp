@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/GnomeExtension.h"
 
+#include "platform/bus/BusMap.h"
 #include "platform/gnome/GnomeShell.h"
 
 #include <QCoreApplication>
-#include <QDBusArgument>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -70,7 +70,7 @@ void GnomeExtension::ask() {
     m_shell.call(kGnomeShellPath, kGnomeShellExtensions, QStringLiteral("GetExtensionInfo"),
                  {kTicklogExtension}, [this](const QDBusMessage& answer) {
                      if (answer.type() == QDBusMessage::ReplyMessage)
-                         takeIn(qdbus_cast<QVariantMap>(answer.arguments().value(0)));
+                         takeIn(mapIn(answer, "a{sv}", 0));
                      else if (m_shell.isServed())
                          m_askingAgain = m_runLoop.scheduleOnce(kAskingAgain, [this] { follow(); });
                  });

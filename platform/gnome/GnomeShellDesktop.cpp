@@ -65,7 +65,7 @@ QString GnomeShellDesktop::reasonForSilence() const {
 QString GnomeShellDesktop::obstacle() const {
     if (m_isTold)
         return {};
-    return reasonForSilence() + u' ' + localized("Until it runs, there is no time to credit.");
+    return reasonForSilence() + u' ' + localized("Until it runs, no window is credited.");
 }
 
 void GnomeShellDesktop::follow() {
@@ -83,6 +83,15 @@ void GnomeShellDesktop::follow() {
             hear();
         },
         kHoweverLate);
+}
+
+void GnomeShellDesktop::askForSign() {
+    if (m_isTold)
+        return follow();
+    // A call of what is not there is refused by the shell's part of the bus. What the shell says of itself it says itself.
+    m_shell.call(
+        kGnomeShellPath, kPropertiesInterface, QStringLiteral("Get"),
+        {kGnomeShell, QStringLiteral("ShellVersion")}, [this](const QDBusMessage&) { hear(); }, kHoweverLate);
 }
 
 void GnomeShellDesktop::hear() {

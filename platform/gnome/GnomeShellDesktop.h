@@ -34,7 +34,7 @@ public:
     QString describe() const override;
     QString obstacle() const override;
     void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
-    void askForSign() override { follow(); }
+    void askForSign() override;
 
 private:
     // Whose a window is, and what that was found out from.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/OwnSession.h"
 
+#include "platform/bus/BusMap.h"
 #include "platform/linux/Logind.h"
 
 #include <QDBusArgument>
@@ -73,7 +74,7 @@ void OwnSession::findByUser() {
         if (reply.type() == QDBusMessage::ReplyMessage) {
             const auto display =
                 qvariant_cast<QDBusArgument>(reply.arguments().value(0).value<QDBusVariant>().variant());
-            if (display.currentType() == QDBusArgument::StructureType) {
+            if (display.currentSignature() == QLatin1String("(so)")) {
                 display.beginStructure();
                 display >> name >> path;
                 display.endStructure();
@@ -112,7 +113,7 @@ void OwnSession::tryPath(const QString& path) {
                   [this, search = m_search](const QDBusMessage& reply) {
                       if (search != m_search)
                           return;
-                      const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
+                      const QVariantMap properties = mapIn(reply, "a{sv}", 0);
                       if (reply.type() != QDBusMessage::ReplyMessage || properties.isEmpty()) {
                           m_signals.clear();
                           return next();
@@ -125,7 +126,7 @@ void OwnSession::tryPath(const QString& path) {
 void OwnSession::listen(const QString& path) {
     const auto changed = [this](const QDBusMessage& signal) {
         if (m_isKnown && signal.arguments().value(0).toString() == kLogindSession)
-            adopt(qdbus_cast<QVariantMap>(signal.arguments().value(1)));
+            adopt(mapIn(signal, "sa{sv}as", 1));
     };
     const auto request = [this](const QDBusMessage& signal) {
         const bool shallLock = signal.member() == QLatin1String("Lock");

@@ -860,8 +860,8 @@
         <translation>Die GNOME Shell teilt nur ihren Erweiterungen mit, welches Fenster vorn ist, und die von Ticklog läuft nicht.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
-        <translation>Die GNOME Shell teilt dies nur ihren Erweiterungen mit. Die von Ticklog teilt Ticklog, und keinem anderen Programm, mit, welche Fenster auf dem Bildschirm sind. Ohne sie kann keine Zeit gezählt werden.</translation>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it Ticklog sees only some programs.</source>
+        <translation>Die GNOME Shell teilt dies nur ihren Erweiterungen mit. Die von Ticklog teilt Ticklog, und keinem anderen Programm, mit, welche Fenster auf dem Bildschirm sind. Ohne sie sieht Ticklog nur manche Programme.</translation>
     </message>
     <message>
         <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
@@ -920,12 +920,12 @@
         <translation>Ticklog wurde gestartet, ohne von der Wayland-Arbeitsfläche zu wissen, und seine X-Anzeige kennt nur die Programme, die durch sie laufen. Starten Sie Ticklog aus dem Menü der Arbeitsfläche.</translation>
     </message>
     <message>
-        <source>Until it runs, there is no time to credit.</source>
-        <translation>Bis sie läuft, kann keine Zeit gezählt werden.</translation>
+        <source>Until it runs, no window is credited.</source>
+        <translation>Bis sie läuft, wird für kein Fenster Zeit gezählt.</translation>
     </message>
     <message>
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>Bis sie läuft, sind nur Programme zu sehen, die Hilfsprogrammen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
+        <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
 </context>
 </TS>

@@ -860,8 +860,8 @@
         <translation>GNOME Shell solo indica a sus extensiones qué ventana está en primer plano, y la de Ticklog no está activa.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
-        <translation>GNOME Shell solo se lo indica a sus extensiones. La que incluye Ticklog indica a Ticklog, y a ningún otro programa, qué ventanas hay en la pantalla. Sin ella no se puede contar el tiempo.</translation>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it Ticklog sees only some programs.</source>
+        <translation>GNOME Shell solo se lo indica a sus extensiones. La que incluye Ticklog indica a Ticklog, y a ningún otro programa, qué ventanas hay en la pantalla. Sin ella Ticklog solo ve algunos programas.</translation>
     </message>
     <message>
         <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
@@ -920,12 +920,12 @@
         <translation>Ticklog se ha iniciado sin conocer el escritorio Wayland, y su pantalla X solo informa de los programas que funcionan a través de ella. Inicie Ticklog desde el menú del escritorio.</translation>
     </message>
     <message>
-        <source>Until it runs, there is no time to credit.</source>
-        <translation>Hasta que se ejecute, no se puede contar el tiempo.</translation>
+        <source>Until it runs, no window is credited.</source>
+        <translation>Mientras no esté activa, no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>Hasta que se ejecute, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
+        <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
 </context>
 </TS>

@@ -860,8 +860,8 @@
         <translation>GNOME Shell n’indique qu’à ses extensions quelle fenêtre est au premier plan, et celle de Ticklog n’est pas active.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
-        <translation>GNOME Shell ne l’indique qu’à ses extensions. Celle fournie avec Ticklog indique à Ticklog, et à aucun autre programme, quelles fenêtres sont à l’écran. Sans elle, aucun temps ne peut être compté.</translation>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it Ticklog sees only some programs.</source>
+        <translation>GNOME Shell ne l’indique qu’à ses extensions. Celle fournie avec Ticklog indique à Ticklog, et à aucun autre programme, quelles fenêtres sont à l’écran. Sans elle, Ticklog ne voit que certains programmes.</translation>
     </message>
     <message>
         <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
@@ -920,8 +920,8 @@
         <translation>Ticklog a été démarré sans connaître le bureau Wayland, et son écran X ne connaît que les programmes qui passent par lui. Démarrez Ticklog depuis le menu du bureau.</translation>
     </message>
     <message>
-        <source>Until it runs, there is no time to credit.</source>
-        <translation>Tant qu’elle n’est pas active, aucun temps ne peut être compté.</translation>
+        <source>Until it runs, no window is credited.</source>
+        <translation>Tant qu’elle n’est pas active, aucune fenêtre n’est comptée.</translation>
     </message>
     <message>
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>

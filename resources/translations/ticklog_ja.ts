@@ -860,8 +860,8 @@
         <translation>GNOME Shell は最前面のウィンドウを拡張機能にのみ知らせますが、Ticklog の拡張機能が動作していません。</translation>
     </message>
     <message>
-        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
-        <translation>GNOME Shell はこれを拡張機能にのみ知らせます。Ticklog に付属する拡張機能は、画面上のウィンドウを Ticklog だけに知らせます。これがないと時間を計測できません。</translation>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it Ticklog sees only some programs.</source>
+        <translation>GNOME Shell はこれを拡張機能にのみ知らせます。Ticklog に付属する拡張機能は、画面上のウィンドウを Ticklog だけに知らせます。これがないと Ticklog は一部のプログラムしか認識できません。</translation>
     </message>
     <message>
         <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
@@ -920,8 +920,8 @@
         <translation>Ticklog は Wayland デスクトップの情報なしで起動されました。X ディスプレイからわかるのは、それを通して動くプログラムだけです。デスクトップのメニューから Ticklog を起動してください。</translation>
     </message>
     <message>
-        <source>Until it runs, there is no time to credit.</source>
-        <translation>動作するまで時間を計測できません。</translation>
+        <source>Until it runs, no window is credited.</source>
+        <translation>動作するまで、どのウィンドウも計測されません。</translation>
     </message>
     <message>
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>

@@ -860,8 +860,8 @@
         <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie Ticklog nie działa.</translation>
     </message>
     <message>
-        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it no time can be credited.</source>
-        <translation>Powłoka GNOME podaje to tylko swoim rozszerzeniom. Rozszerzenie dołączone do Ticklog przekazuje jemu, i żadnemu innemu programowi, jakie okna są na ekranie. Bez niego czasu nie da się zliczać.</translation>
+        <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it Ticklog sees only some programs.</source>
+        <translation>Powłoka GNOME podaje to tylko swoim rozszerzeniom. Rozszerzenie dołączone do Ticklog przekazuje jemu, i żadnemu innemu programowi, jakie okna są na ekranie. Bez niego Ticklog widzi tylko niektóre programy.</translation>
     </message>
     <message>
         <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
@@ -920,8 +920,8 @@
         <translation>Program Ticklog uruchomiono bez wiedzy o środowisku Wayland, a jego ekran X zna tylko programy, które przez niego działają. Uruchom Ticklog z menu środowiska.</translation>
     </message>
     <message>
-        <source>Until it runs, there is no time to credit.</source>
-        <translation>Dopóki nie będzie działać, nie da się zliczać czasu.</translation>
+        <source>Until it runs, no window is credited.</source>
+        <translation>Dopóki nie będzie działać, czas żadnego okna nie jest liczony.</translation>
     </message>
     <message>
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>

@@ -4,6 +4,7 @@
 #include "platform/atspi/Atspi.h"
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/Desk.h"
+#include "tests/desktop/services/ServiceScript.h"
 
 #include <gtest/gtest.h>
 
@@ -50,10 +51,12 @@ protected:
         return answer.value_or(QVariant());
     }
 
+    QString accessibilityBus() {
+        return askBus(m_bus, kAtspiLauncher, kAtspiLauncherPath, QStringLiteral("GetAddress"), {}).toString();
+    }
+
     pid_t registrysProcess() {
-        const QString address =
-            askBus(m_bus, kAtspiLauncher, kAtspiLauncherPath, QStringLiteral("GetAddress"), {}).toString();
-        Bus bus(Bus::atAddress(address), runLoop, log);
+        Bus bus(Bus::atAddress(accessibilityBus()), runLoop, log);
         return pid_t(askBus(bus, kBusServiceName, kBusServicePath,
                             QStringLiteral("GetConnectionUnixProcessID"), {kAtspiRegistry})
                          .toUInt());
@@ -139,6 +142,60 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotInFrontForLong)
     terminal->kill();
     EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
     writer->resume();
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotBelievedForAMoment) {
+    ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
+                      {accessibilityBus(), QStringLiteral("well")});
+    EXPECT_SEEN(*this, "Odd: Window");
+    // Right after it was asked for its title, so that this will not find it out.
+    const int before = odd.ask("asked").toInt();
+    EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > before; }));
+    odd.ask("hang");
+    const auto editor = start(QStringLiteral("mousepad"));
+    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    // Until it has been found out that it does not answer.
+    turnEventLoopFor(std::chrono::milliseconds(5500));
+    switches.clear();
+    const auto terminal = start(QStringLiteral("xterm"));
+    EXPECT_SEEN(*this, "Desktop: none");
+    EXPECT_EQ(switches, QStringList(kDesktopName));
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatHangsAtItsStart_isSeenWhenItAnswers) {
+    ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
+                      {accessibilityBus(), QStringLiteral("late")});
+    EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > 0; }));
+    // Longer than the patience with which it is asked, and asked again.
+    turnEventLoopFor(std::chrono::milliseconds(10500));
+    EXPECT_EQ(seen(), QStringLiteral("Desktop: none"));
+    odd.ask("answer");
+    EXPECT_SEEN(*this, "Odd: Window");
+}
+
+TEST_F(AtspiFrontDesktopTest, aProgramThatTellsAllTheTime_isReadNevertheless) {
+    ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
+                      {accessibilityBus(), QStringLiteral("well")});
+    EXPECT_SEEN(*this, "Odd: Window");
+    const int before = odd.ask("asked").toInt();
+    EXPECT_TRUE(waitFor([&] {
+        odd.ask("activate");
+        return odd.ask("asked").toInt() > before + 50;
+    }));
+}
+
+class OddProgram : public AtspiFrontDesktopTest, public testing::WithParamInterface<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(AtspiFrontDesktopTest, OddProgram, testing::Values("children", "states"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(OddProgram, anAnswerOfAnotherKind_isNotReadAsOne) {
+    ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
+                      {accessibilityBus(), QString::fromLatin1(GetParam())});
+    EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > 1; }));
+    odd.ask("activate");
+    const auto writer = startWith(QStringLiteral("Letter"));
+    EXPECT_SEEN(*this, "qt-client: Letter");
 }
 
 TEST_F(AtspiFrontDesktopTest, aRegistryThatDies_isStartedAgainAndNobodyIsCreditedMeanwhile) {
