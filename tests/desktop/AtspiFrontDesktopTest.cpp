@@ -184,6 +184,13 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatTellsAllTheTime_isReadNevertheless) {
     }));
 }
 
+TEST_F(AtspiFrontDesktopTest, aProgramWithEndlessWindows_isAskedAboutTheFirst) {
+    ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
+                      {accessibilityBus(), QStringLiteral("many")});
+    EXPECT_SEEN(*this, "Odd: Window");
+    EXPECT_LT(odd.ask("asked").toInt(), 2 * 1000) << "two questions for each";
+}
+
 class OddProgram : public AtspiFrontDesktopTest, public testing::WithParamInterface<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(AtspiFrontDesktopTest, OddProgram, testing::Values("children", "states"),

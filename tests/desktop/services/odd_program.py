@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: MIT
 """A program with one window, which is active, that tells assistive programs of it in an odd way.
 
-Arguments: the address of the accessibility bus and the way: "well" is as programs do it, "children" and "states" answer with
-another kind of value than is expected, "late" answers nothing until it is told to. Obeys "asked", which answers how often it
-was asked, "activate", which tells of its window, "hang" and "answer". Ends with its input."""
+Arguments: the address of the accessibility bus and the way: "well" is as programs do it, "children" and "states" answer
+with another kind of value than is expected, "many" has a thousand windows, "late" answers nothing until it is told to.
+Obeys "asked", which answers how often it was asked, "activate", which tells of its window, "hang" and "answer". Ends
+with its input."""
 import sys
 
 import dbus
@@ -50,7 +51,8 @@ class Node(dbus.service.Object):
     @dbus.service.method(ACCESSIBLE, out_signature=CHILDREN, async_callbacks=("reply", "_error"))
     def GetChildren(self, reply, _error):
         own = self.connection.get_unique_name()
-        children = [(own, dbus.ObjectPath(WINDOW))] if self.name == "Odd" else []
+        count = 0 if self.name != "Odd" else 1000 if WAY == "many" else 1
+        children = [(own, dbus.ObjectPath(WINDOW))] * count
         self.answer(reply, [1, 2, 3] if CHILDREN == "ai" else children)
 
     @dbus.service.method(ACCESSIBLE, out_signature=STATE, async_callbacks=("reply", "_error"))
