@@ -11,12 +11,9 @@
 #include <QDBusVariant>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
-// For the bus, in milliseconds: an answer that comes late is one nevertheless.
-constexpr int kHoweverLate = std::numeric_limits<int>::max();
 // Nobody works in more windows of one program, and each costs two questions.
 constexpr std::size_t kMostWindows = 200;
 
@@ -213,7 +210,7 @@ void AtspiApplication::fallSilent() {
             if (!isSilence(reply))
                 readSoon();
         },
-        kHoweverLate);
+        Bus::kHoweverLate);
     m_changed(m_processIdentifier, {false, false, true});
 }
 

@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/AtspiLink.h"
 
-#include <limits>
-
-namespace {
-
-// For the bus, in milliseconds: an answer that comes late is one nevertheless.
-constexpr int kHoweverLate = std::numeric_limits<int>::max();
-
-} // namespace
-
 AtspiLink::AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed)
     : m_runLoop(runLoop)
     , m_log(log)
@@ -27,7 +18,7 @@ void AtspiLink::ask() {
             if (reply.type() == QDBusMessage::ReplyMessage)
                 connectTo(reply.arguments().value(0).toString());
         },
-        kHoweverLate);
+        Bus::kHoweverLate);
 }
 
 void AtspiLink::connectTo(const QString& address) {

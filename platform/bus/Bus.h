@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <memory>
 
 // A connection of our own to a message bus. A bus that is not there, or goes away, is a normal state: it is
@@ -24,6 +25,9 @@ public:
     // Opens a new private connection under `name`, which QtDBus keeps it by.
     using Opener = std::function<QDBusConnection(const QString& name)>;
     using Receiver = std::function<void(const QDBusMessage& message)>;
+
+    // A time for an answer, in milliseconds: one that comes late is one nevertheless.
+    static constexpr int kHoweverLate = std::numeric_limits<int>::max();
 
     static constexpr std::chrono::milliseconds kFirstRetry{500};
     static constexpr std::chrono::seconds kSlowestRetry{60};

@@ -9,14 +9,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <limits>
-
-namespace {
-
-// For the bus, in milliseconds: an answer that comes late is one nevertheless.
-constexpr int kHoweverLate = std::numeric_limits<int>::max();
-
-} // namespace
 
 GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log,
                                      DesktopEntries& entries)
@@ -82,7 +74,7 @@ void GnomeShellDesktop::follow() {
             takeInAnswer(answer);
             hear();
         },
-        kHoweverLate);
+        Bus::kHoweverLate);
 }
 
 void GnomeShellDesktop::askForSign() {
@@ -91,7 +83,8 @@ void GnomeShellDesktop::askForSign() {
     // A call of what is not there is refused by the shell's part of the bus. What the shell says of itself it says itself.
     m_shell.call(
         kGnomeShellPath, kPropertiesInterface, QStringLiteral("Get"),
-        {kGnomeShell, QStringLiteral("ShellVersion")}, [this](const QDBusMessage&) { hear(); }, kHoweverLate);
+        {kGnomeShell, QStringLiteral("ShellVersion")}, [this](const QDBusMessage&) { hear(); },
+        Bus::kHoweverLate);
 }
 
 void GnomeShellDesktop::hear() {
