@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/QtRunLoop.h"
+#include "tests/Places.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/fakes/RecordingLog.h"
 

@@ -2,6 +2,7 @@
 // Who is in front, as real programs tell assistive programs of their windows.
 #include "platform/atspi/AtspiFrontDesktop.h"
 #include "platform/atspi/Atspi.h"
+#include "tests/Places.h"
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/services/ServiceScript.h"

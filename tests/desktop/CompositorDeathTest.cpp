@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The built program when the compositor under it is killed at any moment, and the next session after that.
+#include "tests/Places.h"
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/GnomeDesk.h"
 #include "tests/desktop/harness/Lateness.h"

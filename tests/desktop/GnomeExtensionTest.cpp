@@ -2,6 +2,7 @@
 // Installing the extension into a real GNOME Shell, and taking it out again.
 #include "platform/gnome/GnomeExtension.h"
 #include "platform/gnome/GnomeShellVersion.h"
+#include "tests/Places.h"
 #include "tests/desktop/GnomeScene.h"
 #include "tests/desktop/services/ServiceScript.h"
 

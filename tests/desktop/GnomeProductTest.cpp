@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The built program on GNOME Shell, with the extension that tells it and nobody else.
+#include "tests/Places.h"
 #include "tests/desktop/harness/GnomeDesk.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/ProductProgram.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The built launch helper, as the desktop starts it at login.
+#include "tests/Places.h"
 #include "tests/desktop/harness/Product.h"
 
 #include <QFile>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxOwnProgram.h"
+#include "tests/Places.h"
 #include "tests/desktop/harness/Product.h"
 
 #include <QFile>

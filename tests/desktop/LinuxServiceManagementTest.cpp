@@ -2,6 +2,7 @@
 #include "platform/linux/LinuxServiceManagement.h"
 #include "platform/foundation/QtRunLoop.h"
 #include "platform/linux/TrustRecord.h"
+#include "tests/Places.h"
 #include "tests/desktop/harness/SystemBus.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/RecordingLog.h"

@@ -3,6 +3,7 @@
 #include "platform/foundation/CleanText.h"
 #include "platform/wayland/WaylandIdleTime.h"
 #include "platform/wayland/WlrootsDesktop.h"
+#include "tests/Places.h"
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/Program.h"
 #include "tests/desktop/harness/TemporaryHome.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/Places.h"
 #include "tests/desktop/WaylandScene.h"
 
 #include <QCoreApplication>

@@ -2,6 +2,7 @@
 // The built program and another one, on a real desktop: what they copy, paste and drag to and fro.
 #include "Classes/PasteboardTypes.h"
 #include "platform/foundation/PropertyList.h"
+#include "tests/Places.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/fakes/RichTextReader.h"
 

@@ -2,6 +2,7 @@
 // The built program on a real desktop: what it records, and how it ends.
 #include "tests/desktop/harness/Product.h"
 #include "platform/foundation/PropertyList.h"
+#include "tests/Places.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/XClient.h"
 

@@ -2,6 +2,7 @@
 // The built program in the tray: its icon, its menu, and where else it is found.
 #include "platform/foundation/Identity.h"
 #include "platform/foundation/PropertyList.h"
+#include "tests/Places.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/desktop/services/ServiceScript.h"
 

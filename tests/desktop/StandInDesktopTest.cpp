@@ -4,6 +4,7 @@
 
 #include "platform/NoDesktop.h"
 #include "platform/SilenceWatch.h"
+#include "tests/Places.h"
 #include "tests/desktop/GnomeScene.h"
 #include "tests/desktop/services/ServiceScript.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/Places.h"
 #include "tests/desktop/X11Scene.h"
 #include "tests/fakes/ManualRunLoop.h"
 

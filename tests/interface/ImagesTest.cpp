@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "tests/Places.h"
+
 #include <QDir>
 #include <QIcon>
 #include <QImage>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Rules of the house that no compiler checks. A line that breaks one is reported where it stands, with the
 // reason and with what to write instead.
+#include "tests/Places.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>

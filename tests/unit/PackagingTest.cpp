@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The files by which desktops, software centres and services know Ticklog: that they say the same, in every language.
+#include "tests/Places.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>

@@ -2,6 +2,7 @@
 // The languages: that each says everything, says it rightly, and is found.
 #include "platform/foundation/Translations.h"
 #include "platform/foundation/LocalizedStrings.h"
+#include "tests/Places.h"
 #include "tests/fakes/TestEngine.h"
 
 #include <QDirIterator>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/GnomeDesk.h"
+#include "tests/Places.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

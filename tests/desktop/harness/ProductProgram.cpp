@@ -2,6 +2,7 @@
 #include "tests/desktop/harness/ProductProgram.h"
 
 #include "platform/foundation/PropertyList.h"
+#include "tests/Places.h"
 
 #include <QDir>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/SystemBus.h"
+#include "tests/Places.h"
 
 #include <unistd.h>
 

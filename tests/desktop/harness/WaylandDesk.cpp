@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/WaylandDesk.h"
+#include "tests/Places.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

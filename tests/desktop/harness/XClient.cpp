@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/XClient.h"
+#include "tests/Places.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/Places.h"
 #include "tests/desktop/harness/Program.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 
