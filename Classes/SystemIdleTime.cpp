@@ -25,6 +25,10 @@ std::uint64_t SystemIdleTime::seconds() {
     return nanoseconds >> kSecondShift;
 }
 
+Instant SystemIdleTime::lastInput(std::uint64_t seconds) const {
+    return m_clock.instant() - std::chrono::nanoseconds(seconds << kSecondShift);
+}
+
 bool SystemIdleTime::hasReachedMinutes(std::int64_t minutes) {
     const auto isReachedBy = [minutes](std::uint64_t seconds) {
         return double(minutes) <= double(seconds) / 60.0;

@@ -34,7 +34,7 @@ public:
     virtual void computeTime() = 0;
 };
 
-// Tells the tracker which application is in front and which of its windows, and keeps the date from which the time to
+// Tells the tracker which application is in front and which of its windows, and keeps the instant from which the time to
 // credit is measured. This base knows applications only. Belongs to one tracker, which outlives it or tears it down.
 class TimeActivator : public Observable {
 public:
@@ -64,7 +64,7 @@ public:
     // Gives up what the source is subscribed to.
     virtual void resetNotifications() {}
     // Absent until the first reset: then nothing can be credited yet.
-    virtual std::optional<Date> startDate() const { return std::nullopt; }
+    virtual std::optional<Instant> startDate() const { return std::nullopt; }
 
     // While there is a compute timer, the controller's computeTime() is called ten times a second.
     virtual void createComputeTimerForController(ComputeTarget& controller);

@@ -75,7 +75,7 @@ void TimeActivatorScreenCapture::mainWindowDidChange() {
 }
 
 void TimeActivatorScreenCapture::resetObservations() {
-    m_startDate = services().clock.now();
+    m_startDate = services().clock.instant();
 }
 
 void TimeActivatorScreenCapture::setWindowUpdatingName(const std::optional<QString>& title) {

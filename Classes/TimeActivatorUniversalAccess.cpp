@@ -75,7 +75,7 @@ void TimeActivatorUniversalAccess::mainWindowDidChange() {
 }
 
 void TimeActivatorUniversalAccess::resetObservations() {
-    m_currentObservation.startDate = services().clock.now();
+    m_currentObservation.startDate = services().clock.instant();
 }
 
 void TimeActivatorUniversalAccess::resetNotifications() {

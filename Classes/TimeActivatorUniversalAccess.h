@@ -15,7 +15,7 @@ public:
     void mainWindowDidChange() override;
     void resetObservations() override;
     void resetNotifications() override;
-    std::optional<Date> startDate() const override { return m_currentObservation.startDate; }
+    std::optional<Instant> startDate() const override { return m_currentObservation.startDate; }
 
 private:
     void subscribe(std::int64_t processIdentifier);
@@ -28,7 +28,7 @@ private:
         std::optional<WindowElement> windowElement;
         // Absent when the subscription failed, and until the first one.
         std::optional<QString> notification;
-        std::optional<Date> startDate;
+        std::optional<Instant> startDate;
     };
 
     Observation m_currentObservation;

@@ -13,8 +13,8 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
     : m_services(services)
     , m_categories(std::make_unique<RuleCategories>())
     , m_lastResetDate(now())
-    , m_startingTime(m_lastResetDate)
-    , m_sleptAtRestart(slept()) {
+    , m_startingTime(instant())
+    , m_countingSince(m_startingTime) {
     m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
                                     : TimeActivator::activatorForTracker(*this, services.activity);
     m_defaultsChanges = services.store.notifications.observe(
@@ -33,8 +33,10 @@ bool TimeTracker::setIsRunning(bool run) {
         return false;
     }
     const std::lock_guard guard(m_lock);
-    if (!m_isRunning)
+    if (!m_isRunning) {
         resetInternalTimes();
+        m_countingSince = m_startingTime;
+    }
     m_isRunning = run;
     if (run)
         appDidChange();
@@ -53,7 +55,7 @@ void TimeTracker::appDidChange() {
         resetInternalTimes();
         m_timeActivator->mainWindowDidChange();
     }
-    m_startingTime = now();
+    m_startingTime = instant();
 }
 
 void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& appName,
@@ -89,16 +91,15 @@ void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
     if (!m_isRunning)
         return;
     const std::lock_guard guard(m_lock);
-    const std::optional<Date> start = m_timeActivator->startDate();
     if (hadWindow && !m_wasIdle)
-        updateActiveTimeInStore(activeStoreWindow(), start);
-    updateActiveTimeInStore(activeStoreApp(), start);
-    m_sleptAtRestart = slept();
+        updateActiveTimeInStore(activeStoreWindow(), m_timeActivator->startDate());
+    creditCurrentApp();
 }
 
 void TimeTracker::updateDisplayTime(bool idle) {
     const std::lock_guard guard(m_lock);
-    if (!m_wasIdle && idle) {
+    // While the timer is stopped nobody's absence begins either.
+    if (!m_wasIdle && idle && m_isRunning) {
         m_wasIdle = true;
         bookIdleOnset();
     } else if (m_wasIdle && !idle) {
@@ -109,54 +110,64 @@ void TimeTracker::updateDisplayTime(bool idle) {
         return;
     if (m_timeActivator->trackDocumentTiming() && !idle)
         m_timeActivator->mainWindowDidChange();
-    updateActiveTimeInStore(activeStoreApp(), m_timeActivator->startDate());
+    creditCurrentApp();
     resetInternalTimes();
+}
+
+void TimeTracker::creditCurrentApp() {
+    const auto app = m_activeStoreApp.lock();
+    const std::optional<Instant> start = m_timeActivator->startDate();
+    updateActiveTimeInStore(app.get(), start);
+    if (app && start && app->isNamed(kIdleName))
+        m_idleBookings.add(*start, instant());
 }
 
 void TimeTracker::bookIdleOnset() {
-    const float idleSeconds = float(m_services.idleTime.seconds());
-    const Seconds sinceRestart = secondsBetween(m_startingTime, now());
-    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this
-    // true.
-    if (sinceRestart > idleSeconds) {
-        if (const auto app = m_activeStoreApp.lock())
-            app->addTimeInterval(-idleSeconds);
-        if (const auto window = m_activeStoreWindow.lock()) {
-            const Seconds windowTime = window->activeTime();
-            if (windowTime - idleSeconds < 0)
-                throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
-                                            QString::asprintf("%f, %f", windowTime, double(idleSeconds)));
-            window->addTimeInterval(-idleSeconds);
-        }
-    }
+    const std::uint64_t idleCount = m_services.idleTime.seconds();
+    const Seconds idle = float(idleCount);
+    const Instant lastInput = m_services.idleTime.lastInput(idleCount);
+    const Seconds gap = secondsBetween(m_startingTime, instant());
+    // What has passed since the last tick is nobody's yet.
+    const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
+    const auto window = m_activeStoreWindow.lock();
+    const Seconds windowTime = window ? window->activeTime() : idle;
+    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
+    const bool isGap = gap > idle;
+    if (isGap)
+        takeAbsenceFromGap(gap, idle);
     setCurrentApp(kIdleName);
     m_activeStoreWindow.reset();
-    if (const auto idle = m_activeStoreApp.lock())
-        idle->addTimeInterval(idleSeconds);
+    if (const auto app = m_activeStoreApp.lock())
+        app->addTimeInterval(unbooked);
+    m_idleBookings.settle(lastInput, instant());
     resetInternalTimes();
+    // Told last: the account is right by now.
+    if (isGap && windowTime - idle < 0)
+        throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
+                                    QString::asprintf("%f, %f", windowTime, idle));
 }
 
-void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Date>& date) {
-    if (!node || !date)
+// An absence goes to Idle once, and only as far as the timer ran through it.
+Seconds TimeTracker::unbookedIdle(Seconds idle, Instant lastInput) const {
+    const Seconds counted = std::min(idle, secondsBetween(m_countingSince, instant()));
+    return std::max(0.0, counted - m_idleBookings.bookedSince(lastInput));
+}
+
+// The ticks stood still for longer than the user has been away: of what has passed meanwhile, the absence is not the
+// application's.
+void TimeTracker::takeAbsenceFromGap(Seconds gap, Seconds idle) {
+    if (const auto app = m_activeStoreApp.lock())
+        app->addTimeInterval(gap - idle);
+    if (const auto window = m_activeStoreWindow.lock())
+        window->addTimeInterval(gap - idle);
+}
+
+void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start) {
+    if (!node || !start)
         return;
     // An observer may remove the node while it is told.
     const auto alive = node->weak_from_this().lock();
-    // A wall clock that was set back takes nothing away from what has been credited.
-    if (const Seconds passed = creditable(*date); passed >= 0)
-        node->addTimeInterval(passed);
-}
-
-std::chrono::nanoseconds TimeTracker::slept() const {
-    const Clock& clock = m_services.activity.clock;
-    return clock.sinceBoot() - clock.monotonic();
-}
-
-// Sleep is never credited, whoever told of it, or told too late, or did not.
-Seconds TimeTracker::creditable(Date from) const {
-    const auto sleptSince = slept() - m_sleptAtRestart;
-    // Less is the two clocks not being read at the same instant.
-    const bool hasSlept = sleptSince > std::chrono::seconds(1);
-    return secondsBetween(from, now()) - (hasSlept ? std::chrono::duration<Seconds>(sleptSince).count() : 0);
+    node->addTimeInterval(secondsBetween(*start, instant()));
 }
 
 void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
@@ -186,8 +197,7 @@ std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeSt
 
 void TimeTracker::resetInternalTimes() {
     m_timeActivator->resetObservations();
-    m_startingTime = now();
-    m_sleptAtRestart = slept();
+    m_startingTime = instant();
 }
 
 void TimeTracker::awakeFromSleep() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/IdleBookings.h"
 #include "Classes/TimeActivator.h"
 #include "Classes/TimeStoreApp.h"
 #include "platform/Sandbox.h"
@@ -72,9 +73,8 @@ public:
 
     // The tick.
     void updateDisplayTime(bool idle);
-    // Adds what has passed since `date`. Nothing happens without a node or a date, or when the date is still
-    // to come.
-    void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Date>& date);
+    // Adds what has passed since `start`. Nothing happens without a node or a start.
+    void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start);
     // Finds or makes the node to credit. Without a name the last one stays.
     void setCurrentApp(const std::optional<QString>& name);
     void resetInternalTimes();
@@ -165,11 +165,13 @@ public:
 
 private:
     Date now() const { return m_services.activity.clock.now(); }
-    // All the time that the machine has slept since it was started.
-    std::chrono::nanoseconds slept() const;
-    Seconds creditable(Date from) const;
 
+    Instant instant() const { return m_services.activity.clock.instant(); }
+
+    void creditCurrentApp();
     void bookIdleOnset();
+    Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
+    void takeAbsenceFromGap(Seconds gap, Seconds idle);
     std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
     void branchWindow(TimeStoreWindow& window);
     void branchApplication(TimeStoreApp& app);
@@ -191,9 +193,10 @@ private:
     // Null until a search was asked for, which always counts as a change.
     std::optional<QString> m_searchString;
     // The last restart of the clock; only the idle booking looks at it.
-    Date m_startingTime;
-    // What had been slept by then.
-    std::chrono::nanoseconds m_sleptAtRestart{};
+    Instant m_startingTime;
+    // The last start of the timer or clearing of the timers, whichever is later: no absence is booked from before.
+    Instant m_countingSince;
+    IdleBookings m_idleBookings;
     float m_cutoffTime = 0;
     bool m_isRunning = false;
     bool m_wasIdle = false;

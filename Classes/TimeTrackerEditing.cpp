@@ -113,6 +113,8 @@ void TimeTracker::reset() {
         m_timeDictionary.clear();
         m_timeActivator->resetNotifications();
         setLastResetDate(now());
+        // An absence that is going on begins anew in the empty tree.
+        m_countingSince = instant();
     }
     appDidChange();
 }

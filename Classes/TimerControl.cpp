@@ -70,6 +70,10 @@ void TimerControl::stopTimer() {
 
 void TimerControl::computeTime() {
     m_tracker.updateDisplayTime(isIdle());
+    refreshDisplay();
+}
+
+void TimerControl::refreshDisplay() {
     m_display.refreshTimeSum();
     m_display.updateMenus();
 }

@@ -39,6 +39,9 @@ public:
 
     // The tick.
     void computeTime() override;
+    // Shows the sum and the menus anew, for whoever has changed the tree. Nothing is credited: a tick might find an absence
+    // that was not spent in this tree.
+    void refreshDisplay();
     bool isIdle();
 
     void destroyComputeTimer();

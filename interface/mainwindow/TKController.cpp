@@ -47,7 +47,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
           m_engine.tracker(), m_engine.registry(), platform.defaults, platform.folders, platform.log,
           {.projects = [this] { return m_projects.arrayRepresentation(); },
            .setProjects = [this](const PropertyListValue& records) { m_projects.setProjects(records); },
-           .computeTime = [this] { m_timer.computeTime(); }})
+           .computeTime = [this] { m_timer.refreshDisplay(); }})
     , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
     , m_loginItem(platform.loginItems)
     , m_appDelegate(*this, platform, alerts) {

@@ -80,7 +80,7 @@ void TKController::clearTimers() {
 void TKController::timersCleared() {
     // What could be undone was done to timers that are no more.
     m_undoStack.clear();
-    m_timer.computeTime();
+    m_timer.refreshDisplay();
     saveSettingsToDisk();
     m_projectController->refreshProject();
 }

@@ -16,6 +16,9 @@ public:
     virtual std::chrono::nanoseconds monotonic() const = 0;
     // The same, but running on while the machine sleeps.
     virtual std::chrono::nanoseconds sinceBoot() const = 0;
+
+    // monotonic(), as what lengths are taken between.
+    Instant instant() const { return Instant(monotonic()); }
 };
 
 // The clocks of the machine: CLOCK_REALTIME, CLOCK_MONOTONIC and CLOCK_BOOTTIME.

@@ -8,8 +8,17 @@
 // of all.
 using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
 
+// A reading of the clock that only moves on and stands still while the machine sleeps. Lengths are taken between two of
+// these: the wall clock, which says when, may be set at any time.
+struct SteadyTime;
+using Instant = std::chrono::time_point<SteadyTime, std::chrono::nanoseconds>;
+
 // A duration in seconds, as the account keeps it.
 using Seconds = double;
+
+inline Seconds secondsBetween(Instant from, Instant to) {
+    return std::chrono::duration<Seconds>(to - from).count();
+}
 
 // The seconds from `from` to `to`; negative when `to` is earlier.
 inline Seconds secondsBetween(Date from, Date to) {

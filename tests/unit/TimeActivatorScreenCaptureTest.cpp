@@ -178,14 +178,14 @@ TEST_F(TimeActivatorScreenCaptureTest, aSwitch_startsTheClockAnewAndPollsAtOnce)
     m_day.stall(0.05);
     m_day.front("Mail", "Inbox");
     EXPECT_EQ(titleSeen(), "Inbox");
-    EXPECT_EQ(source().startDate(), m_day.fakes.clock.now());
+    EXPECT_EQ(source().startDate(), m_day.fakes.clock.instant());
     EXPECT_EQ(source().currentAppName(), u"Mail"_s);
 }
 
 TEST_F(TimeActivatorScreenCaptureTest, beforeAnything_thereIsNoStartDate) {
     EXPECT_FALSE(source().startDate());
     source().resetObservations();
-    EXPECT_EQ(source().startDate(), m_day.fakes.clock.now());
+    EXPECT_EQ(source().startDate(), m_day.fakes.clock.instant());
 }
 
 TEST_F(TimeActivatorScreenCaptureTest, anApplicationWithoutAName_goesByItsProgramsName) {
