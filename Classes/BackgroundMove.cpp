@@ -4,22 +4,32 @@
 #include "Classes/WholeFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <mutex>
 #include <thread>
 
 namespace {
 
-Outcome moveFile(const QString& from, const QString& to, const QString& spared, FileCalls& calls) {
+// Whether one of the names under which a file at `to` can lie is that of `from`, in the same folder by another name.
+bool isThere(const QString& from, const QString& to) {
+    for (int n = 1;; ++n) {
+        const QString name = WholeFile::nthName(to, n);
+        if (WholeFile::isSame(from, name))
+            return true;
+        if (!QFileInfo::exists(name))
+            return false;
+    }
+}
+
+Outcome moveFile(const QString& from, const QString& to, FileCalls& calls) {
     QFile source(from);
     if (!source.open(QFile::ReadOnly))
         return Failure{Failure::Kind::Unreadable, QStringLiteral("%1: %2").arg(from, source.errorString())};
-    if (WholeFile::isSame(to, spared))
-        return Failure{Failure::Kind::Refused, QStringLiteral("%1: this is the main store").arg(to)};
-    if (WholeFile::isSame(from, to))
+    if (isThere(from, to))
         return Done{};
-    if (Outcome written = WholeFile::write(source.readAll(), to, {}, calls); !written)
-        return written;
+    if (const auto written = WholeFile::writeBeside(source.readAll(), to, calls); !written)
+        return written.failure();
     source.remove();
     return Done{};
 }
@@ -65,8 +75,9 @@ void BackgroundMove::add(Move move) {
 
 void BackgroundMove::start() {
     const Move& move = m_waiting.front();
-    m_background([from = move.from, to = move.to, spared = move.spared, &calls = m_calls,
-                  wayBack = m_wayBack] { wayBack->finish(wayBack, moveFile(from, to, spared, calls)); });
+    m_background([from = move.from, to = move.to, &calls = m_calls, wayBack = m_wayBack] {
+        wayBack->finish(wayBack, moveFile(from, to, calls));
+    });
 }
 
 void BackgroundMove::finish(const Outcome& outcome) {

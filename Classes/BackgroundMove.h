@@ -21,10 +21,8 @@ public:
 
     struct Move {
         QString from;
-        // An existing file is replaced as WholeFile::write() does it.
+        // Where something stands already, the file comes to lie beside it, as WholeFile::writeBeside() does it.
         QString to;
-        // Refused if `to` leads to this file, by whatever name.
-        QString spared;
         // Called on the main thread, unless this is gone by then.
         std::function<void(const Outcome&)> done;
     };

@@ -14,28 +14,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kDay = std::chrono::seconds(86400);
 // Timers stand still while the machine sleeps, and the clock may be set: so often the wall clock is looked at.
-constexpr std::chrono::nanoseconds kLongestWait = 10min;
+constexpr std::chrono::nanoseconds kLongestWait = 1min;
+// A clock that is set by less leaves the plan as it is: an hour across the time of day must not cost the day.
+constexpr auto kMostSet = 48h;
 
 const QString kTableExtension = QStringLiteral("csv");
 
 enum Format : std::int64_t { CsvOnly = 0, DatabaseOnly = 1, Both = 2 };
-
-// Links that lead nowhere stand there too.
-bool isTaken(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
-// A path beside `store` at which nothing stands: "2026-11-21.csv", else "2026-11-21 2.csv".
-QString freePathBeside(const QString& store, const QString& name, const QString& extension) {
-    const QDir folder = QFileInfo(store).dir();
-    QString path = folder.filePath(name + u'.' + extension);
-    for (int number = 2; isTaken(path); ++number)
-        path = folder.filePath(QStringLiteral("%1 %2.%3").arg(name).arg(number).arg(extension));
-    return path;
-}
 
 } // namespace
 
@@ -59,13 +45,18 @@ PeriodicSave::~PeriodicSave() {
 }
 
 void PeriodicSave::updatedSaveTimerPeriodically() {
+    const std::optional<Plan> before = std::exchange(m_plan, std::nullopt);
     m_timer.reset();
-    m_next.reset();
     m_plannedBy = {m_defaults.boolForKey(kSaveTimerPeriodically), m_defaults.object(kPeriodicSaveTime)};
     if (!m_plannedBy.first)
         return;
-    m_next = m_clock.now() + std::chrono::hours(hoursToFirstFiring());
+    const Date now = m_clock.now();
+    const bool isContinued = before && !wasClockSetByDays();
+    m_plan = planFrom(now);
     arm();
+    if (isContinued && before->next < m_plan->next && before->begins(before->next) <= now &&
+        isChosen(before->next))
+        doPeriodicSave(before->next);
 }
 
 void PeriodicSave::settingsChanged() {
@@ -74,45 +65,70 @@ void PeriodicSave::settingsChanged() {
         updatedSaveTimerPeriodically();
 }
 
-int PeriodicSave::hoursToFirstFiring() const {
+std::optional<Date> PeriodicSave::nextFiring() const {
+    return m_plan ? std::optional(m_plan->firing(m_plan->next)) : std::nullopt;
+}
+
+Date PeriodicSave::Plan::begins(QDate day) const {
+    return localInstant(day, timeOfDay);
+}
+
+PeriodicSave::Plan PeriodicSave::planFrom(Date now) const {
     const QTime whenUnreadable(19, 0);
     const auto setting = m_defaults.object(kPeriodicSaveTime).asDate();
-    const QTime timeOfDay = setting ? localTime(*setting).time() : whenUnreadable;
-    const QDateTime now = localTime(m_clock.now());
-    QDateTime last(now.date(), timeOfDay);
-    if (last > now)
-        last = QDateTime(now.date().addDays(-1), timeOfDay);
-    // A day on which the clocks go back has an hour more.
-    return 24 - int(std::min<qint64>(last.secsTo(now) / 3600, 23));
+    const QDateTime today = localTime(now);
+    Plan plan;
+    plan.timeOfDay = setting ? localTime(*setting).time() : whenUnreadable;
+    constexpr std::chrono::milliseconds kHour = 1h;
+    const std::chrono::milliseconds since(plan.timeOfDay.msecsTo(today.time()));
+    plan.minutes = (since % kHour + kHour) % kHour;
+    // With its minutes, the archive of a late evening comes after midnight and is still that evening's.
+    plan.next = today.date().addDays(-1);
+    while (plan.firing(plan.next) <= now)
+        plan.next = plan.next.addDays(1);
+    return plan;
+}
+
+bool PeriodicSave::wasClockSetByDays() const {
+    const auto passed = m_clock.sinceBoot() - m_lookedAtSinceBoot;
+    return std::chrono::abs(m_clock.now() - m_lookedAt - passed) > kMostSet;
 }
 
 void PeriodicSave::arm() {
-    const std::chrono::nanoseconds rest = *m_next - m_clock.now();
+    m_lookedAt = m_clock.now();
+    m_lookedAtSinceBoot = m_clock.sinceBoot();
+    const std::chrono::nanoseconds rest = *nextFiring() - m_lookedAt;
     m_timer = m_runLoop.scheduleOnce(std::clamp(rest, std::chrono::nanoseconds(0), kLongestWait),
                                      [this] { fire(); });
 }
 
 void PeriodicSave::fire() {
-    const Date now = m_clock.now();
-    // The clock was far ahead when that was planned. A little is waited for, or a clock set back after a firing would
-    // archive the same day twice.
-    if (*m_next - now > 2 * kDay)
+    // The days in between never were.
+    if (wasClockSetByDays())
         return updatedSaveTimerPeriodically();
-    if (now >= *m_next) {
-        while (*m_next <= now)
-            *m_next += kDay;
-        performPeriodicSave();
-    }
+    if (const auto due = takeDue(m_clock.now()))
+        doPeriodicSave(*due);
     // What was told meanwhile may have planned otherwise.
-    if (m_next)
+    if (m_plan)
         arm();
 }
 
-void PeriodicSave::performPeriodicSave() {
-    const auto weekdays = quint32(m_defaults.integerForKey(kPeriodicDaysOfWeek));
+std::optional<QDate> PeriodicSave::takeDue(Date now) {
+    std::optional<QDate> due;
+    for (; m_plan->firing(m_plan->next) <= now; m_plan->next = m_plan->next.addDays(1))
+        // What was counted is of the first; of the later ones there is nothing.
+        if (!due && isChosen(m_plan->next))
+            due = m_plan->next;
+    return due;
+}
+
+bool PeriodicSave::isChosen(QDate day) const {
     // Qt counts from 1 for Monday to 7 for Sunday.
-    const int today = localTime(m_clock.now()).date().dayOfWeek() % 7;
-    if (weekdays & (1U << today))
+    return quint32(m_defaults.integerForKey(kPeriodicDaysOfWeek)) & (1U << (day.dayOfWeek() % 7));
+}
+
+void PeriodicSave::performPeriodicSave() {
+    if (isChosen(localTime(m_clock.now()).date()))
         doPeriodicSave();
 }
 
@@ -125,7 +141,11 @@ QString PeriodicSave::folder() const {
 }
 
 void PeriodicSave::doPeriodicSave() {
-    archive(localTime(m_clock.now()).date().toString(QStringLiteral("yyyy-MM-dd")));
+    doPeriodicSave(localTime(m_clock.now()).date());
+}
+
+void PeriodicSave::doPeriodicSave(QDate due) {
+    archive(due.toString(QStringLiteral("yyyy-MM-dd")));
     m_tracker.reset();
     m_didClear();
 }
@@ -139,28 +159,24 @@ void PeriodicSave::archive(const QString& name) {
 }
 
 void PeriodicSave::archiveAs(const QString& name, const QString& extension) {
-    const QString store = m_database.mainStoreURL();
-    const QString path = QDir(folder()).filePath(name + u'.' + extension);
-    const QString kept = freePathBeside(store, name, extension);
+    const QString file = name + u'.' + extension;
+    const QDir chosen(folder());
+    const QDir storeFolder = QFileInfo(m_database.mainStoreURL()).absoluteDir();
     // A folder of the user's choice may be on a mount that does not answer. Until it has, the archive lies where the account
     // does.
-    const bool isElsewhere = QFileInfo(path).absolutePath() != QFileInfo(store).absolutePath();
-    const Outcome written = write(isElsewhere ? kept : path);
+    const QString kept = WholeFile::freeName(storeFolder.filePath(file));
+    const bool isElsewhere = chosen.absolutePath() != storeFolder.absolutePath();
+    Outcome written = write(kept);
     if (written && isElsewhere)
-        return moveLater(kept, path);
-    if (written)
-        return;
-    if (const Outcome rescued = write(isElsewhere ? path : kept); !rescued)
-        m_log.log(QStringLiteral("The archive could be written nowhere: ") + rescued.failure().text);
-    else if (!isElsewhere)
-        tellKept(kept, written.failure().text);
+        return moveLater(kept, chosen.filePath(file));
+    if (!written && isElsewhere)
+        written = write(WholeFile::freeName(chosen.filePath(file)));
+    if (!written)
+        m_log.log(QStringLiteral("The archive could be written nowhere: ") + written.failure().text);
 }
 
 void PeriodicSave::moveLater(const QString& kept, const QString& path) {
-    m_moves.add({.from = kept,
-                 .to = path,
-                 .spared = m_database.mainStoreURL(),
-                 .done = [this, kept](const Outcome& moved) {
+    m_moves.add({.from = kept, .to = path, .done = [this, kept](const Outcome& moved) {
                      if (moved)
                          return;
                      if (kept.endsWith(kTableExtension))
@@ -174,9 +190,8 @@ void PeriodicSave::tellKept(const QString& kept, const QString& why) {
 }
 
 Outcome PeriodicSave::write(const QString& path) {
-    // That is written again without the timers that are about to be cleared.
-    const QString store = m_database.mainStoreURL();
-    if (path == store || WholeFile::isSame(path, store))
+    // A main store that is not there at the moment: its name is its own.
+    if (path == m_database.mainStoreURL())
         return Failure{Failure::Kind::Refused, QStringLiteral("%1: this is the main store").arg(path)};
     if (!path.endsWith(kTableExtension))
         return m_database.saveSettingsToDiskAtURL(path);

@@ -6,13 +6,16 @@
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
 
+#include <QDateTime>
+
 #include <array>
 
 class TimeDatabase;
 class TimeTracker;
 
-// Archives all timers at a time of day on chosen weekdays, under the day's date, and clears them. The settings say when,
-// where and in which form. Main thread only.
+// Archives all timers at a time of day on chosen weekdays, under the date of the day that is due, and clears them. The
+// settings say when, where and in which form. A chosen day that was slept through is made up for, whatever day it is by
+// then. Nothing that has been archived is replaced. Main thread only.
 class PeriodicSave {
 public:
     // The buttons by which weekdays are chosen, from the left.
@@ -24,12 +27,12 @@ public:
                  BackgroundMove::Background background = BackgroundMove::onThread);
     ~PeriodicSave();
 
-    // Plans anew, or nothing if the settings want none.
+    // Plans anew, or nothing if the settings want none. A day whose time has come before that is not passed over.
     void updatedSaveTimerPeriodically();
     // For whenever any setting may have changed: plans anew if that is one that the plan stands on.
     void settingsChanged();
     // When the next day is looked at; absent while nothing is planned.
-    std::optional<Date> nextFiring() const { return m_next; }
+    std::optional<Date> nextFiring() const;
 
     // Where archives go, with "~" expanded.
     QString folder() const;
@@ -40,6 +43,8 @@ public:
     // if it cannot be, it is kept beside the main store, which the log tells. The timers are cleared even if nothing
     // could be written.
     void doPeriodicSave();
+    // The same, named after the day that was due.
+    void doPeriodicSave(QDate due);
 
     // Bit d of the setting is the weekday d, from 0 for Sunday. Showing the setting selects button i for bit i.
     Segments selectProperPeriodicDaysOfWeek() const;
@@ -47,14 +52,29 @@ public:
     void setPeriodicDaysOfWeek(const Segments& selected);
 
 private:
-    // In hours, 1 to 24: from now to the first firing.
-    int hoursToFirstFiring() const;
+    // Each day at a time of day, and some minutes later: a first firing is whole hours from when it was planned.
+    struct Plan {
+        Date begins(QDate day) const;
+        Date firing(QDate day) const { return begins(day) + minutes; }
+
+        QTime timeOfDay;
+        std::chrono::milliseconds minutes;
+        // Days before this one are settled.
+        QDate next;
+    };
+
+    Plan planFrom(Date now) const;
+    bool isChosen(QDate day) const;
     void arm();
     void fire();
+    // Settles all days that are due; answers the first of them that is chosen.
+    std::optional<QDate> takeDue(Date now);
+    // Whether the wall clock has been set, by days, since it was last looked at.
+    bool wasClockSetByDays() const;
     void archive(const QString& name);
     void archiveAs(const QString& name, const QString& extension);
     void moveLater(const QString& kept, const QString& path);
-    // As the extension says. The main store is refused.
+    // As the extension says. The main store's name is refused.
     Outcome write(const QString& path);
     void tellKept(const QString& kept, const QString& why);
 
@@ -68,6 +88,9 @@ private:
     BackgroundMove m_moves;
     // The settings by which was planned.
     std::pair<bool, PropertyListValue> m_plannedBy;
-    std::optional<Date> m_next;
+    std::optional<Plan> m_plan;
+    // When the clocks were last looked at, by both.
+    Date m_lookedAt;
+    std::chrono::nanoseconds m_lookedAtSinceBoot{};
     std::unique_ptr<RunLoopTimer> m_timer;
 };

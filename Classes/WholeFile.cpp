@@ -2,6 +2,7 @@
 #include "Classes/WholeFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cerrno>
@@ -15,9 +16,11 @@ namespace {
 // What is written between two tellings of the progress.
 constexpr qsizetype kPiece = 1024 * 1024;
 
+enum class Existing { IsReplaced, IsLeftAlone };
+
 class OpenFile {
 public:
-    OpenFile(FileCalls& calls, const QByteArray& path)
+    OpenFile(FileCalls& calls, const QByteArray& path, Existing existing)
         : m_calls(calls)
         , m_path(path) {
         // Without waiting, so that nobody hangs on a pipe that no one reads.
@@ -25,7 +28,7 @@ public:
         m_file = m_calls.open(path.constData(), kFlags | O_CREAT | O_EXCL, 0600);
         m_isNew = m_file >= 0;
         // Exclusively, a link that leads nowhere exists, though its file does not.
-        if (m_file < 0 && errno == EEXIST)
+        if (m_file < 0 && errno == EEXIST && existing == Existing::IsReplaced)
             m_file = m_calls.open(path.constData(), kFlags | O_CREAT, 0600);
     }
 
@@ -80,18 +83,50 @@ private:
     bool m_isWhole = false;
 };
 
+Outcome writeAt(const QString& path, QByteArrayView bytes, Existing existing,
+                const WholeFile::Progress& progress, FileCalls& calls) {
+    const QByteArray name = QFile::encodeName(path);
+    OpenFile file(calls, name, existing);
+    const int error = file.fill(bytes, progress);
+    if (error == 0)
+        return Done{};
+    const auto kind = error == EEXIST ? Failure::Kind::AlreadyExists : Failure::Kind::CannotWrite;
+    return Failure{kind, QStringLiteral("%1: %2").arg(path, qt_error_string(error))};
+}
+
 } // namespace
 
 namespace WholeFile {
 
 Outcome write(QByteArrayView bytes, const QString& path, const Progress& progress, FileCalls& calls) {
-    const QByteArray name = QFile::encodeName(path);
-    OpenFile file(calls, name);
-    const int error = file.fill(bytes, progress);
-    if (error != 0)
-        return Failure{Failure::Kind::CannotWrite,
-                       QStringLiteral("%1: %2").arg(path, qt_error_string(error))};
-    return Done{};
+    return writeAt(path, bytes, Existing::IsReplaced, progress, calls);
+}
+
+Result<QString> writeBeside(QByteArrayView bytes, const QString& path, FileCalls& calls) {
+    for (int n = 1;; ++n) {
+        const QString name = nthName(path, n);
+        const Outcome written = writeAt(name, bytes, Existing::IsLeftAlone, {}, calls);
+        if (written)
+            return name;
+        if (written.failure().kind != Failure::Kind::AlreadyExists)
+            return written.failure();
+    }
+}
+
+QString nthName(const QString& path, int n) {
+    if (n == 1)
+        return path;
+    const QString suffix = QFileInfo(path).suffix();
+    const QString ending = suffix.isEmpty() ? QString() : u'.' + suffix;
+    return QStringLiteral("%1 %2%3").arg(path.chopped(ending.size())).arg(n).arg(ending);
+}
+
+QString freeName(const QString& path) {
+    for (int n = 1;; ++n) {
+        const QFileInfo file(nthName(path, n));
+        if (!file.exists() && !file.isSymLink())
+            return file.filePath();
+    }
 }
 
 bool isSame(const QString& a, const QString& b) {

@@ -20,6 +20,16 @@ using Progress = std::function<void(double)>;
 Outcome write(QByteArrayView bytes, const QString& path, const Progress& progress = {},
               FileCalls& calls = FileCalls::system());
 
+// The same, never in the place of another file: under the first of its names (see nthName()) at which nothing stands, which
+// it answers.
+Result<QString> writeBeside(QByteArrayView bytes, const QString& path,
+                            FileCalls& calls = FileCalls::system());
+
+// The names under which a file at `path` can stand beside others: from 1, "day.csv", "day 2.csv", "day 3.csv".
+QString nthName(const QString& path, int n);
+// The first of them at which nothing stands, not even a link that leads nowhere.
+QString freeName(const QString& path);
+
 // Whether two paths lead to one file, by links or mounts too; false while one of them leads to none. Waits for both.
 bool isSame(const QString& a, const QString& b);
 

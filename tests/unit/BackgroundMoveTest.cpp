@@ -31,11 +31,10 @@ protected:
         return file.open(QFile::ReadOnly) ? file.readAll() : "(none)";
     }
 
-    void add(const QString& from, const QString& to, const QString& spared = {}) {
-        moves->add({.from = path(from),
-                    .to = path(to),
-                    .spared = path(spared),
-                    .done = [this](const Outcome& outcome) { told.push_back(outcome ? "done" : "failed"); }});
+    void add(const QString& from, const QString& to) {
+        moves->add({.from = path(from), .to = path(to), .done = [this](const Outcome& outcome) {
+                        told.push_back(outcome ? "done" : "failed");
+                    }});
     }
 
     void doWork() {
@@ -58,7 +57,6 @@ protected:
 
 TEST_F(BackgroundMoveTest, aFile_isThereWholeBeforeItGoesHere) {
     put(u"a"_s, "archive");
-    put(u"b"_s, "an older and longer one");
     add(u"a"_s, u"b"_s);
     EXPECT_EQ(content(u"a"_s), "archive");
     doWork();
@@ -105,15 +103,27 @@ TEST_F(BackgroundMoveTest, aFileThatHasGone_isAFailure) {
     EXPECT_EQ(content(u"b"_s), "(none)");
 }
 
-TEST_F(BackgroundMoveTest, theSparedFile_isNotWrittenToByAnotherNameEither) {
+TEST_F(BackgroundMoveTest, aNameThatIsTaken_isLeftAloneAndTheFirstFreeOneIsUsed) {
+    put(u"b.csv"_s, "an older one");
+    QFile::link(u"nowhere"_s, path(u"b 2.csv"_s));
     put(u"a"_s, "archive");
-    put(u"store"_s, "store");
-    QFile::link(u"store"_s, path(u"b"_s));
-    add(u"a"_s, u"b"_s, u"store"_s);
+    add(u"a"_s, u"b.csv"_s);
     doWork();
-    EXPECT_EQ(told, (std::vector<std::string>{"failed"}));
-    EXPECT_EQ(content(u"store"_s), "store");
-    EXPECT_EQ(content(u"a"_s), "archive");
+    EXPECT_EQ(told, (std::vector<std::string>{"done"}));
+    EXPECT_EQ(content(u"b.csv"_s), "an older one");
+    EXPECT_EQ(content(u"nowhere"_s), "(none)");
+    EXPECT_EQ(content(u"b 3.csv"_s), "archive");
+}
+
+TEST_F(BackgroundMoveTest, aFileThatLiesThereAlreadyByASecondName_isLeftWhereItIs) {
+    put(u"a.csv"_s, "an older one");
+    put(u"a 2.csv"_s, "archive");
+    QFile::link(m_home.path(), path(u"here"_s));
+    add(u"a 2.csv"_s, u"here/a.csv"_s);
+    doWork();
+    EXPECT_EQ(told, (std::vector<std::string>{"done"}));
+    EXPECT_EQ(content(u"a 2.csv"_s), "archive");
+    EXPECT_EQ(content(u"a 3.csv"_s), "(none)");
 }
 
 TEST_F(BackgroundMoveTest, aFolderThatIsTheSameByAnotherName_keepsTheFile) {
@@ -138,7 +148,7 @@ TEST_F(BackgroundMoveTest, aThreadOfItsOwn_doesTheWorkAndTheMainThreadHearsOfIt)
     put(u"a"_s, "archive");
     std::thread::id hearer;
     BackgroundMove real(loop);
-    real.add({.from = path(u"a"_s), .to = path(u"b"_s), .spared = {}, .done = [&](const Outcome& outcome) {
+    real.add({.from = path(u"a"_s), .to = path(u"b"_s), .done = [&](const Outcome& outcome) {
                   EXPECT_TRUE(outcome);
                   hearer = std::this_thread::get_id();
               }});

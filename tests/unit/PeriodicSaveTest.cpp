@@ -188,12 +188,20 @@ TEST_F(PeriodicSaveTest, eachFormat_writesItsFilesAndClears) {
     }
 }
 
-TEST_F(PeriodicSaveTest, twiceADay_theSecondReplacesTheFirst) {
+TEST_F(PeriodicSaveTest, twiceADay_theSecondLiesBesideTheFirst) {
     archiveNow();
     const auto before = QFile(archive() + QStringLiteral("/2026-01-05.csv")).size();
     archiveNow();
-    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
-    EXPECT_LT(QFile(archive() + QStringLiteral("/2026-01-05.csv")).size(), before) << "nothing was left";
+    EXPECT_EQ(files(archive()), "2026-01-05 2.csv 2026-01-05 2.tkd 2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_EQ(QFile(archive() + QStringLiteral("/2026-01-05.csv")).size(), before);
+}
+
+TEST_F(PeriodicSaveTest, twiceADayInTheMainStoresOwnFolder_theSecondLiesBesideTheFirst) {
+    fakes.defaults.removeObject(kPeriodicSaveDirectory);
+    archiveNow();
+    archiveNow();
+    EXPECT_EQ(files(fakes.folders.applicationSupport),
+              "2026-01-05 2.csv 2026-01-05 2.tkd 2026-01-05.csv 2026-01-05.tkd");
 }
 
 TEST_F(PeriodicSaveTest, aYear_isArchivedOncePerThursday) {
@@ -222,13 +230,43 @@ TEST_F(PeriodicSaveTest, aMachineThatSleptAtTheTime_savesSoonAfterItWakes) {
     EXPECT_EQ(firing(), "2026-01-06 19:30");
 }
 
-TEST_F(PeriodicSaveTest, aMachineThatSleptForDays_savesOnce) {
+TEST_F(PeriodicSaveTest, aMachineThatSleptForDays_savesOnceUnderTheFirstDayThatWasDue) {
     setClock("2026-01-05T18:30:00");
     turnOn();
     fakes.clock.sleepFor(100h);
     fakes.runLoop.advance(11min);
     EXPECT_EQ(cleared, 1);
-    EXPECT_EQ(files(archive()), "2026-01-09.csv 2026-01-09.tkd");
+    EXPECT_EQ(files(archive()), "2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_EQ(firing(), "2026-01-10 19:30") << "the schedule goes on";
+}
+
+TEST_F(PeriodicSaveTest, aDayWhoseTimeHasCome_isNotPassedOverByPlanningAnew) {
+    setClock("2026-01-08T14:30:00");
+    turnOn(kThursday);
+    setClock("2026-01-08T19:10:00");
+    save.setPeriodicDaysOfWeek({true, true, true, true, true, true, true});
+    fakes.runLoop.runPending();
+    EXPECT_EQ(files(archive()), "2026-01-08.csv 2026-01-08.tkd");
+    EXPECT_EQ(firing(), "2026-01-09 19:10");
+}
+
+TEST_F(PeriodicSaveTest, aDayWhoseTimeHasNotCome_isNotArchivedByPlanningAnew) {
+    setClock("2026-01-08T14:30:00");
+    turnOn(kThursday);
+    const auto noon = QDateTime(QDate(2011, 7, 1), QTime(12, 0)).toMSecsSinceEpoch();
+    fakes.defaults.setObject(kPeriodicSaveTime, Date(std::chrono::milliseconds(noon)));
+    save.settingsChanged();
+    EXPECT_EQ(files(archive()), "");
+    EXPECT_EQ(firing(), "2026-01-09 12:30");
+}
+
+TEST_F(PeriodicSaveTest, aClockThatWasYearsBehind_makesUpForNoDayThatNeverWas) {
+    setClock("2000-01-05T14:30:00");
+    turnOn();
+    setClock("2026-01-05T14:30:00");
+    fakes.runLoop.advance(2min);
+    EXPECT_EQ(files(archive()), "");
+    EXPECT_EQ(firing().substr(0, 13), "2026-01-05 19");
 }
 
 TEST_F(PeriodicSaveTest, aClockSetBack_savesAtTheTimeThatWasPlanned) {
@@ -387,38 +425,133 @@ TEST_F(PeriodicSaveTest, nowhereToWrite_isToldAndTheTimersAreCleared) {
     EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("written nowhere")));
 }
 
-// Where the clocks are put forward on the 29th of March and back on the 25th of October 2026.
-class PeriodicSaveInVienna : public PeriodicSaveTest {
+// Where the clocks are put forward on the 29th of March and back on the 25th of October 2026, at two and three.
+class PeriodicSaveInBerlin : public PeriodicSaveTest {
 protected:
-    PeriodicSaveInVienna()
-        : PeriodicSaveTest("Europe/Vienna") {}
+    explicit PeriodicSaveInBerlin(const char* zone = "Europe/Berlin")
+        : PeriodicSaveTest(zone) {}
+
+    void chooseTime(int hour, int minute) {
+        const auto time = QDateTime(QDate(2020, 1, 1), QTime(hour, minute)).toMSecsSinceEpoch();
+        fakes.defaults.setObject(kPeriodicSaveTime, Date(std::chrono::milliseconds(time)));
+    }
+
+    // A machine that wakes for some minutes in every hour, on which something is counted every day.
+    void passDays(int days) {
+        for (int hour = 0; hour < days * 24; ++hour) {
+            if (isCleared())
+                addMail();
+            fakes.clock.sleepFor(57min);
+            fakes.runLoop.advance(3min);
+        }
+    }
+
+    std::string tables() {
+        return str(QDir(archive()).entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name).join(u' '));
+    }
 };
 
-TEST_F(PeriodicSaveInVienna, afterTheClocksWentForward_itFiresAnHourLater) {
+TEST_F(PeriodicSaveInBerlin, sleptThroughTheEveningAndOpenedInTheMorning_isArchivedAsTheEveningsDay) {
+    setClock("2026-11-18T18:10:00");
+    turnOn();
+    fakes.runLoop.advance(5min);
+    fakes.clock.sleepFor(15h);
+    fakes.runLoop.advance(2min);
+    EXPECT_EQ(files(archive()), "2026-11-18.csv 2026-11-18.tkd");
+    EXPECT_EQ(firing(), "2026-11-19 19:10");
+    addMail();
+    fakes.clock.sleepFor(10h);
+    fakes.runLoop.advance(2min);
+    EXPECT_EQ(tables(), "2026-11-18.csv 2026-11-19.csv") << "the evening of the waking day has its own";
+    EXPECT_EQ(cleared, 2);
+}
+
+TEST_F(PeriodicSaveInBerlin, aChosenDayThatWasSleptThrough_isMadeUpForOnADayThatIsNot) {
+    setClock("2026-11-19T18:10:00");
+    turnOn(kThursday);
+    fakes.clock.sleepFor(39h);
+    fakes.runLoop.advance(2min);
+    EXPECT_EQ(files(archive()), "2026-11-19.csv 2026-11-19.tkd");
+    passDays(6);
+    EXPECT_EQ(tables(), "2026-11-19.csv 2026-11-26.csv");
+}
+
+TEST_F(PeriodicSaveInBerlin, aLateEveningThatFiresAfterMidnight_isStillThatDay) {
+    chooseTime(23, 30);
+    setClock("2026-11-19T14:20:00");
+    turnOn(kThursday);
+    EXPECT_EQ(firing(), "2026-11-20 00:20");
+    passDays(8);
+    EXPECT_EQ(tables(), "2026-11-19.csv 2026-11-26.csv");
+    EXPECT_EQ(cleared, 2);
+}
+
+TEST_F(PeriodicSaveInBerlin, afterTheClocksWentForward_itFiresAtTheSameTimeOfDay) {
     setClock("2026-03-28T14:30:00");
     turnOn();
     EXPECT_EQ(firing(), "2026-03-28 19:30");
     fakes.runLoop.advance(6h);
-    EXPECT_EQ(firing(), "2026-03-29 20:30") << "every 86,400 seconds";
-    save.updatedSaveTimerPeriodically();
-    fakes.runLoop.advance(24h);
-    EXPECT_EQ(cleared, 2);
+    EXPECT_EQ(firing(), "2026-03-29 19:30");
 }
 
-TEST_F(PeriodicSaveInVienna, onTheDayOfTwentyFiveHours_itFiresWithinTheDay) {
+TEST_F(PeriodicSaveInBerlin, onTheDayOfTwentyFiveHours_itFiresAtTheSameTimeOfDay) {
     setClock("2026-10-25T18:30:00");
     turnOn();
     EXPECT_EQ(firing(), "2026-10-25 19:30");
     setClock("2026-10-24T14:30:00");
     turnOn();
     fakes.runLoop.advance(6h);
-    EXPECT_EQ(firing(), "2026-10-25 18:30");
+    EXPECT_EQ(firing(), "2026-10-25 19:30");
 }
 
-TEST_F(PeriodicSaveInVienna, theRegisteredTime_isSevenInTheEveningThereToo) {
+TEST_F(PeriodicSaveInBerlin, aTimeThatDoesNotExist_isAnHourLaterThatDay) {
+    chooseTime(2, 30);
+    setClock("2026-03-28T12:30:00");
+    turnOn();
+    EXPECT_EQ(firing(), "2026-03-29 03:30");
+    passDays(2);
+    EXPECT_EQ(tables(), "2026-03-29.csv 2026-03-30.csv");
+    EXPECT_EQ(firing(), "2026-03-31 02:30");
+}
+
+TEST_F(PeriodicSaveInBerlin, aTimeThatExistsTwice_firesOnce) {
+    chooseTime(2, 30);
+    setClock("2026-10-24T12:30:00");
+    turnOn();
+    passDays(2);
+    EXPECT_EQ(tables(), "2026-10-25.csv 2026-10-26.csv");
+    EXPECT_EQ(cleared, 2);
+}
+
+TEST_F(PeriodicSaveInBerlin, theRegisteredTime_isSevenInTheEveningThereToo) {
     setClock("2026-07-01T14:30:00");
     turnOn();
     EXPECT_EQ(firing(), "2026-07-01 19:30");
+}
+
+// Where the clocks go back on the 4th of April and forward on the 6th of September 2026, both at midnight.
+class PeriodicSaveInSantiago : public PeriodicSaveInBerlin {
+protected:
+    PeriodicSaveInSantiago()
+        : PeriodicSaveInBerlin("America/Santiago") {}
+};
+
+TEST_F(PeriodicSaveInSantiago, anHourBeforeMidnightThatComesTwice_isOneEvening) {
+    chooseTime(23, 15);
+    setClock("2026-04-03T20:20:00");
+    turnOn();
+    passDays(4);
+    EXPECT_EQ(tables(), "2026-04-03.csv 2026-04-04.csv 2026-04-05.csv 2026-04-06.csv");
+    EXPECT_EQ(cleared, 4);
+}
+
+TEST_F(PeriodicSaveInSantiago, aDayThatBeginsAtOne_hasItsArchiveAsEveryOther) {
+    chooseTime(0, 15);
+    setClock("2026-09-04T20:20:00");
+    turnOn();
+    passDays(3);
+    EXPECT_EQ(tables(), "2026-09-05.csv 2026-09-06.csv 2026-09-07.csv");
+    EXPECT_EQ(cleared, 3);
 }
 
 } // namespace
