@@ -5,6 +5,15 @@
 #include "interface/shell/TwoLineMenuStyle.h"
 #include "platform/foundation/LocalizedStrings.h"
 
+namespace {
+
+bool hasSubmenu(const TimeStoreItem& item) {
+    const auto children = item.children();
+    return children && !children->empty();
+}
+
+} // namespace
+
 StatusMenu::StatusMenu(TKController& controller, RunLoop& runLoop)
     : m_controller(controller)
     , m_runLoop(runLoop)
@@ -151,13 +160,16 @@ void StatusMenu::fillApplicationTimesMenu() {
     showTitle(kAllObjects);
 }
 
-// Answers whether the menu was made anew: one that shows these already is left as it is.
+// Answers whether the menu was made anew: one that shows these already is left as it is. Names and times are shown by the
+// entries themselves.
 bool StatusMenu::fill(QMenu& menu, const TimeStoreItem::Children& items) {
-    std::vector<const TimeStoreItem*> shown;
+    std::vector<const TimerMenuItem*> shown;
     for (const QAction* action : menu.actions())
         if (const auto* timer = dynamic_cast<const TimerMenuItem*>(action))
-            shown.push_back(timer->item().get());
-    const auto isSame = [](const TimeStoreItem* item, const auto& wanted) { return item == wanted.get(); };
+            shown.push_back(timer);
+    const auto isSame = [](const TimerMenuItem* entry, const auto& wanted) {
+        return entry->item() == wanted && bool(entry->menu()) == hasSubmenu(*wanted);
+    };
     if (!menu.isEmpty() && std::ranges::equal(shown, items, isSame))
         return false;
     empty(menu);
@@ -179,8 +191,7 @@ void StatusMenu::addItemsFromArray(const TimeStoreItem::Children& items, QMenu& 
     for (const auto& item : items) {
         auto* entry = new TimerMenuItem(item, &menu);
         entry->resetDisplayName(m_form);
-        const auto children = item->children();
-        if (children && !children->empty()) {
+        if (hasSubmenu(*item)) {
             auto* submenu = new QMenu(&menu);
             entry->setMenu(submenu);
             follow(*submenu);

@@ -36,10 +36,10 @@ TimerMenuItem::TimerMenuItem(std::shared_ptr<TimeStoreItem> item, QObject* paren
     , m_item(std::move(item)) {}
 
 void TimerMenuItem::resetDisplayName(MenuForm form) {
-    const double second = std::floor(m_item->activeTime());
-    if (m_second == second)
+    Shown shown{std::floor(m_item->activeTime()), m_item->name(), m_item->renamedName()};
+    if (m_shown == shown)
         return;
-    m_second = second;
+    m_shown = std::move(shown);
     const QString name = TKAppDisplayFormatter::stringForObjectValue(m_item->renamedNameFormatted());
     setText(menuText(form, name, m_item->activeTimeString()));
 }

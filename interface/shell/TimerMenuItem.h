@@ -25,14 +25,23 @@ public:
 
     const std::shared_ptr<TimeStoreItem>& item() const { return m_item; }
 
-    // Shows the timer's name and time. Nothing happens if it shows this second already.
+    // Shows the timer's name and time. Nothing happens if it shows both already.
     void resetDisplayName(MenuForm form);
 
     // How many characters at the end of the name are the replaced one's.
     qsizetype dimmedLength() const;
 
 private:
+    // What the text is made of.
+    struct Shown {
+        double second;
+        QString name;
+        QString renamedName;
+
+        bool operator==(const Shown&) const = default;
+    };
+
     std::shared_ptr<TimeStoreItem> m_item;
-    // Of the text that is shown; absent before there is one.
-    std::optional<double> m_second;
+    // Absent before there is a text.
+    std::optional<Shown> m_shown;
 };

@@ -231,6 +231,56 @@ TEST_F(StatusMenuTest, aRenamedTimer_tellsBothNames) {
     EXPECT_EQ(mail->dimmedLength(), 7);
 }
 
+TEST_F(StatusMenuTest, aTimerRenamedBetweenTwoOpenings_showsItsNewName) {
+    account("Mail", 30);
+    openAllTimers();
+    close(mainMenu());
+    controller.tracker().fullTimeSet().front()->setRenamedNameFormatted(
+        {{kRecordName, QStringLiteral("Post")}});
+    openAllTimers();
+    EXPECT_EQ(text(allTimers()), "Post \u2013 Mail/00:00:30 | - | total/00:00:30");
+}
+
+TEST_F(StatusMenuTest, aWindowFrozenBetweenTwoOpenings_showsItsFrozenName) {
+    account("Mail", 60, {{QStringLiteral("Inbox"), 20}});
+    const auto windows = [&] {
+        openAllTimers();
+        QMenu& mail = *entry(allTimers(), "Mail")->menu();
+        open(mail);
+        return text(mail);
+    };
+    EXPECT_EQ(windows(), "Inbox/00:00:20");
+    close(mainMenu());
+    const auto inbox = controller.tracker().fullTimeSet().front()->windows().front();
+    controller.branchNode(*inbox);
+    EXPECT_TRUE(windows().starts_with(str(QStringLiteral("Inbox \u2013 Inbox (Frozen")))) << windows();
+}
+
+TEST_F(StatusMenuTest, anApplicationThatGotItsFirstWindowSince_hasASubmenu) {
+    account("Mail", 60);
+    controller.timer().startTimer();
+    openAllTimers();
+    EXPECT_EQ(text(allTimers()), "Mail/00:01:00 | - | total/00:01:00");
+    close(mainMenu());
+    front("Mail", "Inbox");
+    seconds(2);
+    openAllTimers();
+    ASSERT_EQ(text(allTimers()), "Mail/00:01:02 > | - | total/00:01:02");
+    QMenu& mail = *entry(allTimers(), "Mail")->menu();
+    open(mail);
+    EXPECT_EQ(text(mail), "Inbox/00:00:02");
+}
+
+TEST_F(StatusMenuTest, anApplicationThatLostItsLastWindow_hasNoSubmenuAnyMore) {
+    account("Mail", 60, {{QStringLiteral("Inbox"), 20}});
+    openAllTimers();
+    close(mainMenu());
+    controller.tracker().removeUUIDs(
+        {*controller.tracker().fullTimeSet().front()->windows().front()->uuid()});
+    openAllTimers();
+    EXPECT_EQ(text(allTimers()), "Mail/00:01:00 | - | total/00:01:00");
+}
+
 TEST_F(StatusMenuTest, itsCommands_reachWhatTheyName) {
     pick("Show Time Window");
     EXPECT_TRUE(controller.window().isVisible());
