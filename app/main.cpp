@@ -45,7 +45,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     alerts.setWindow(&controller.window());
     TKApplicationDelegate& delegate = controller.appDelegate();
     // What the preferences ask stands in front of them, not of the main window.
-    QtAlerts setupAlerts;
+    QtAlerts setupAlerts(alerts);
     Preferences preferences(controller, desktop.platform(), setupAlerts,
                             [&](PrefWindow& window) { setupAlerts.setWindow(&window); });
 

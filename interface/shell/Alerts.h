@@ -16,8 +16,9 @@ public:
 };
 
 // Every question the program asks and every file it has chosen for it goes through here, so that tests answer
-// in advance. Each call returns when the user has answered; the timer runs on meanwhile. Texts come in the
-// language in which they are shown. Main thread only.
+// in advance. Only one question or panel is open at a time: another one meanwhile counts as closed. Each call
+// returns when the user has answered; the timer runs on meanwhile. Texts come in the language in which they are
+// shown. Main thread only.
 class Alerts {
 public:
     // What questions are answered with.

@@ -44,6 +44,25 @@ private:
 
 } // namespace
 
+bool QtAlerts::run(QDialog& dialog) {
+    if (QDialog* asking = *m_asking) {
+        asking->setWindowState(asking->windowState() & ~Qt::WindowMinimized);
+        asking->raise();
+        asking->activateWindow();
+        return false;
+    }
+    *m_asking = &dialog;
+    dialog.exec();
+    m_asking->clear();
+    return true;
+}
+
+std::optional<QString> QtAlerts::chooseWith(QFileDialog& panel) {
+    if (!run(panel) || panel.result() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return panel.selectedFiles().first();
+}
+
 int QtAlerts::ask(const Question& question) {
     QMessageBox box(m_window);
     box.setObjectName(QStringLiteral("alert"));
@@ -63,7 +82,8 @@ int QtAlerts::ask(const Question& question) {
     box.setDefaultButton(first);
     box.setEscapeButton(keeps ? first : alternate);
     makeRoom(box);
-    box.exec();
+    if (!run(box))
+        return question.whenClosed;
     const QAbstractButton* clicked = box.clickedButton();
     if (clicked == first)
         return Default;
@@ -81,18 +101,14 @@ std::optional<QString> QtAlerts::chooseSaveLocation(const QString& message, cons
     panel.selectFile(path);
     // Who refuses existing files says so himself.
     panel.setOption(QFileDialog::DontConfirmOverwrite, !replaces);
-    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
-        return std::nullopt;
-    return panel.selectedFiles().first();
+    return chooseWith(panel);
 }
 
 std::optional<QString> QtAlerts::chooseOpenFile(const QString& message, const QString& folder) {
     QFileDialog panel(m_window, message, folder, databaseFilter());
     panel.setObjectName(QStringLiteral("openPanel"));
     panel.setFileMode(QFileDialog::ExistingFile);
-    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
-        return std::nullopt;
-    return panel.selectedFiles().first();
+    return chooseWith(panel);
 }
 
 std::optional<QString> QtAlerts::chooseExportFile(const QString& message, const QString& path) {
@@ -101,9 +117,7 @@ std::optional<QString> QtAlerts::chooseExportFile(const QString& message, const 
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setDefaultSuffix(QStringLiteral("csv"));
     panel.selectFile(path);
-    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
-        return std::nullopt;
-    return panel.selectedFiles().first();
+    return chooseWith(panel);
 }
 
 std::optional<QString> QtAlerts::chooseFolder(const QString& message, const QString& folder) {
@@ -111,10 +125,8 @@ std::optional<QString> QtAlerts::chooseFolder(const QString& message, const QStr
     panel.setObjectName(QStringLiteral("folderPanel"));
     panel.setFileMode(QFileDialog::Directory);
     panel.setOption(QFileDialog::ShowDirsOnly);
-    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
-        return std::nullopt;
     // The folder that is shown, unless another was picked in it.
-    return panel.selectedFiles().first();
+    return chooseWith(panel);
 }
 
 std::unique_ptr<ProgressPanel> QtAlerts::showProgress(const QString& message) {

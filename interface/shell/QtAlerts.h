@@ -3,12 +3,22 @@
 
 #include "interface/shell/Alerts.h"
 
+#include <QDialog>
 #include <QPointer>
-#include <QWidget>
 
-// Asks in dialogues that belong to a window.
+class QFileDialog;
+
+// Asks in dialogues that belong to a window. One at a time: who asks while another question or panel is open has that one
+// brought to the front, and is answered as if his own had been closed. Errors and notices come all the same.
 class QtAlerts : public Alerts {
 public:
+    QtAlerts() = default;
+    // For another window of the same program, in turn with `other`.
+    explicit QtAlerts(const QtAlerts& other)
+        : m_asking(other.m_asking) {}
+
+    QtAlerts& operator=(const QtAlerts&) = delete;
+
     // Until a window is set, dialogues stand alone.
     void setWindow(QWidget* window) { m_window = window; }
 
@@ -24,10 +34,16 @@ public:
     void showAbout(const QString& title, const QString& text) override;
 
 private:
+    // Nothing is chosen in a dialogue that does not come because another one is open.
+    bool run(QDialog& dialog);
+    // What was chosen in it; absent after a cancel.
+    std::optional<QString> chooseWith(QFileDialog& panel);
     void open(const QString& name, const QString& title, const QString& message,
               const QString& informativeText);
 
     QPointer<QWidget> m_window;
+    // The dialogue that waits for an answer, of all windows.
+    std::shared_ptr<QPointer<QDialog>> m_asking = std::make_shared<QPointer<QDialog>>();
     // What is open and need not be answered.
     QPointer<QWidget> m_open;
 };

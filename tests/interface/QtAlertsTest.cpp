@@ -2,6 +2,7 @@
 #include "interface/shell/QtAlerts.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -66,4 +67,44 @@ TEST_F(QtAlertsTest, aQuestionWhoseDefaultButtonActs_isClosedByTheOther) {
          {std::pair("Keep", Alerts::Default), std::pair("Delete", Alerts::Alternate),
           std::pair("Later", Alerts::Other)})
         EXPECT_EQ(answerTo(button), answer) << button;
+}
+
+TEST_F(QtAlertsTest, aSecondQuestion_bringsTheFirstToTheFrontAndChangesNothing) {
+    QtAlerts ofAnotherWindow(alerts);
+    const QtAlerts::Question quit{QStringLiteral("Quit?"), {}, QStringLiteral("Stay"),
+                                  QStringLiteral("Quit"),  {}, Alerts::Default};
+    QWidget other;
+    const int first = answerTo([&](QMessageBox& box) {
+        other.show();
+        other.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+        for (QtAlerts* asking : {&alerts, &ofAnotherWindow}) {
+            EXPECT_EQ(asking->ask(quit), Alerts::Default);
+            EXPECT_EQ(QApplication::activeModalWidget(), &box) << "none lies over it";
+        }
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+        for (QAbstractButton* each : box.buttons())
+            if (each->text() == QLatin1String("Delete"))
+                each->click();
+    });
+    EXPECT_EQ(first, Alerts::Alternate);
+    EXPECT_EQ(answerTo("Delete"), Alerts::Alternate) << "the next one is asked again";
+}
+
+TEST_F(QtAlertsTest, aQuestionWhileAFileIsChosen_bringsThePanelToTheFront) {
+    QTimer::singleShot(0, qApp, [&] {
+        auto* panel = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(panel, nullptr);
+        EXPECT_EQ(alerts.ask({QStringLiteral("Quit?"),
+                              {},
+                              QStringLiteral("Stay"),
+                              QStringLiteral("Quit"),
+                              {},
+                              Alerts::Default}),
+                  Alerts::Default);
+        EXPECT_EQ(alerts.chooseFolder(QStringLiteral("Another"), {}), std::nullopt);
+        EXPECT_EQ(QApplication::activeModalWidget(), panel);
+        panel->reject();
+    });
+    EXPECT_EQ(alerts.chooseOpenFile(QStringLiteral("Import"), QDir::tempPath()), std::nullopt);
 }
