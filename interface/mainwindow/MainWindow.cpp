@@ -118,11 +118,14 @@ void MainWindow::setMenuBarShown(bool isShown) {
         isShown ? removeAction(command) : addAction(command);
 }
 
-void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition) {
+void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition,
+                       const std::function<void(QMenu&)>& complete) {
     auto* menu = named(new QMenu(this), name);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* item : items)
         item ? menu->addAction(item) : void(menu->addSeparator());
+    if (complete)
+        complete(*menu);
     menu->popup(globalPosition);
 }
 

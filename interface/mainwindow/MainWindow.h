@@ -48,8 +48,9 @@ public:
     QList<QAction*> appMenu() const;
     // Without a menu bar, which must have been emptied, the window itself hears the commands' keys.
     void setMenuBarShown(bool isShown);
-    // Opens a menu of these where the pointer or the row is; null separates.
-    void popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition);
+    // Opens a menu of these where the pointer or the row is; null separates. `complete` adds what is no command.
+    void popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition,
+               const std::function<void(QMenu&)>& complete = {});
     void showToggle(const QString& image, const QString& label);
 
 Q_SIGNALS:

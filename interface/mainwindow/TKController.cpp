@@ -117,7 +117,8 @@ void TKController::connectSidebar() {
     outline.setRedirectToOutlineView(&m_window.mainTable());
     QObject::connect(
         &outline, &TKOutlineDisplayView::menuRequested, &*m_reactions, [this](const QPoint& place) {
-            m_window.popUp(QStringLiteral("projectContextMenu"), m_window.actions().forProjects(), place);
+            m_window.popUp(QStringLiteral("projectContextMenu"), m_window.actions().forProjects(), place,
+                           [this](QMenu& menu) { m_projectController->addColorLabels(menu); });
         });
     QObject::connect(&outline, &TKOutlineDisplayView::selectionDidChange, &*m_reactions, [this] {
         m_commands->update();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/sidebar/TKProjectController.h"
 
+#include "interface/labels/TKLabelViewController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
 #include "interface/sidebar/ProjectsCommand.h"
@@ -8,6 +9,7 @@
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QItemSelectionModel>
+#include <QMenu>
 
 #include <algorithm>
 
@@ -164,6 +166,13 @@ void TKProjectController::setSelectedColorTag(int tag) {
         m_projects.setSelectedColorTag(*project, tag);
     else
         change(localized("Label Project"), [&] { m_projects.setSelectedColorTag(*project, tag); });
+}
+
+void TKProjectController::addColorLabels(QMenu& menu) {
+    menu.addSeparator();
+    auto* labels = new TKLabelViewController(menu);
+    labels->setProjectController([this](int tag) { setSelectedColorTag(tag); });
+    labels->setSelectedTag(isMainItemSelected() ? kNoProject : currentProject()->colorTag());
 }
 
 void TKProjectController::expandUUID(const Identity& timer) {

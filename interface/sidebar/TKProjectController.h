@@ -8,6 +8,7 @@
 #include <QUndoStack>
 
 class Alerts;
+class QMenu;
 class TKOutlineDisplayView;
 
 // The sidebar of projects: shows the list, has the main window show what is selected in it, and turns what the user
@@ -56,6 +57,8 @@ public:
     // Takes timers out of the project shown; nothing happens while all timers are.
     void removeFromSelectedProject(const std::unordered_set<Identity>& timers);
     void setSelectedColorTag(int tag);
+    // Puts the colours at the end of a menu, with the current project's marked.
+    void addColorLabels(QMenu& menu);
     // The user or a search opened or closed a timer's row.
     void expandUUID(const Identity& timer);
     void collapseUUID(const Identity& timer);

@@ -1,20 +1,30 @@
 // SPDX-License-Identifier: MIT
 // What the second mouse button and the menu key offer, and what an empty outline says.
-#include "tests/interface/Desk.h"
+#include "interface/labels/TKLabelButton.h"
+#include "interface/labels/TKLabelViewController.h"
+#include "tests/interface/ProjectDesk.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPointer>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct ContextMenuTest : testing::Test, Desk {
+struct ContextMenuTest : testing::Test, ProjectDesk {
     QMenu* openedOver(TKOutlineDisplayView& outline, const QModelIndex& index, const char* name) {
         const QPoint place = outline.visualRect(index).center();
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, outline.viewport()->mapToGlobal(place));
         QCoreApplication::sendEvent(outline.viewport(), &event);
         return controller.window().findChild<QMenu*>(QLatin1String(name));
+    }
+
+    // The colours in the menu of the project in that row, which is opened.
+    TKLabelViewController& labelsOver(int row) {
+        QMenu* menu = openedOver(sidebar(), at(row), "projectContextMenu");
+        auto* labels = menu ? menu->findChild<TKLabelViewController*>() : nullptr;
+        return labels ? *labels : throw std::logic_error("there are no colours");
     }
 };
 
@@ -39,6 +49,28 @@ TEST_F(ContextMenuTest, theMainItemsMenu_offersNothingThatOnlyProjectsHave) {
     EXPECT_TRUE(actions().addProject->isEnabled());
     EXPECT_FALSE(actions().removeProject->isEnabled());
     EXPECT_FALSE(actions().renameProject->isEnabled());
+}
+
+TEST_F(ContextMenuTest, aProjectsMenu_labelsItWithoutAMenuBar) {
+    addProject("Work");
+    show();
+    controller.appDelegate().presence().setShowDockIcon(false, false);
+    choose(1);
+    projects().setSelectedColorTag(*projects().projects().front(), 2);
+    QPointer labels(&labelsOver(1));
+    EXPECT_TRUE(labels->isVisible());
+    EXPECT_TRUE(labels->labels()[2]->selectedColor()) << "the one it has";
+    QTest::mouseClick(labels->labels()[5], Qt::LeftButton);
+    EXPECT_EQ(projects().projects().front()->colorTag(), 5);
+    EXPECT_FALSE(labels && labels->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(labelsOver(1).labels()[5]->selectedColor());
+}
+
+TEST_F(ContextMenuTest, theMainItemsMenu_showsColoursThatCannotBeChosen) {
+    show();
+    for (const TKLabelButton* label : labelsOver(0).labels())
+        EXPECT_FALSE(label->isEnabled());
 }
 
 TEST_F(ContextMenuTest, aClosedMenu_isGone) {
