@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kMargin = 18;
 constexpr int kNarrowestFolder = 220;
+constexpr int kBelowWeekdays = 2;
 // More of them have room only when they are written short.
 constexpr int kMostLongWeekdays = 3;
 
@@ -111,14 +112,19 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     m_periodicDaysOfWeek->setObjectName(QStringLiteral("periodicDaysOfWeek"));
     m_periodicDaysOfWeek->setAccessibleName(localized("Weekdays of the archive"));
     m_weekdays->setObjectName(QStringLiteral("weekdaysOfTheArchive"));
-    m_weekdays->setForegroundRole(QPalette::PlaceholderText);
+    // Right below the buttons: they show what is pressed, and it says what that means.
+    auto* weekdays = new QVBoxLayout;
+    weekdays->setSpacing(kBelowWeekdays);
+    weekdays->addWidget(m_periodicDaysOfWeek);
+    weekdays->addWidget(m_weekdays);
     auto* cells = new QHBoxLayout;
     cells->addWidget(folder, 1);
     cells->addWidget(
         makeButton("setPeriodicSaveDirectory", localized("C&hoose…"), m_actions.setPeriodicSaveDirectory));
     form->addRow(localized("&Time of day:"), time);
-    form->addRow(localized("&Weekdays:"), m_periodicDaysOfWeek);
-    form->addRow(QString(), m_weekdays);
+    auto* weekdaysLabel = new QLabel(localized("&Weekdays:"));
+    weekdaysLabel->setBuddy(m_periodicDaysOfWeek);
+    form->addRow(weekdaysLabel, weekdays);
     form->addRow(localized("&Format:"), format);
     auto* folderLabel = new QLabel(localized("F&older:"));
     folderLabel->setBuddy(folder);

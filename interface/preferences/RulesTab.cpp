@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QTreeView>
 
@@ -35,8 +36,14 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
     for (QPushButton* button : {m_edit, m_duplicate, m_delete})
         buttons->addWidget(button);
     buttons->addStretch(1);
+    auto* explanation =
+        new QLabel(localized("Rules give applications categories. Nothing is blocked or renamed: all "
+                             "time counts under an application's own name."));
+    explanation->setObjectName(QStringLiteral("whatRulesDo"));
+    explanation->setWordWrap(true);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    rows->addWidget(explanation);
     rows->addWidget(m_ruleTableView, 1);
     rows->addLayout(buttons);
     m_ruleTableView->installEventFilter(this);

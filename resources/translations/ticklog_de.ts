@@ -927,5 +927,9 @@
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
+    <message>
+        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
+        <translation>Regeln ordnen Programmen Kategorien zu. Nichts wird gesperrt oder umbenannt: Alle Zeit zählt unter dem eigenen Namen des Programms.</translation>
+    </message>
 </context>
 </TS>

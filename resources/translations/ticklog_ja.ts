@@ -927,5 +927,9 @@
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
+    <message>
+        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
+        <translation>ルールはアプリケーションにカテゴリを付けます。ブロックや名前の変更は行われず、時間はすべてアプリケーション自身の名前で数えられます。</translation>
+    </message>
 </context>
 </TS>

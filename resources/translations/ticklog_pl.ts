@@ -927,5 +927,9 @@
         <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>Dopóki nie będzie działać, widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
+    <message>
+        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
+        <translation>Reguły nadają programom kategorie. Nic nie jest blokowane ani przemianowywane: cały czas liczy się pod własną nazwą programu.</translation>
+    </message>
 </context>
 </TS>

@@ -219,6 +219,30 @@ TEST_F(PrefWindowTest, theLeftmostSegment_storesTheLastWeekdayAndShowsOnTheRight
     EXPECT_EQ(control<QLabel>("weekdaysOfTheArchive").text(), u"No day: nothing is archived."_s);
 }
 
+TEST_F(PrefWindowTest, theDaysOfTheArchive_areToldRightUnderTheButtonsAndWithEachPress) {
+    archiveBySchedule(true);
+    window().selectTab(u"Archive"_s);
+    setup.showPrefWindow();
+    window().selectTab(u"Archive"_s);
+    settle();
+    const auto& line = control<QLabel>("weekdaysOfTheArchive");
+    const WeekdaySelector& buttons = setup.archiveTab().periodicDaysOfWeek();
+    const int gap =
+        line.mapTo(&window(), QPoint()).y() - buttons.mapTo(&window(), QPoint(0, buttons.height())).y();
+    EXPECT_GE(gap, 0);
+    EXPECT_LE(gap, 4) << "they belong together";
+    EXPECT_EQ(line.mapTo(&window(), QPoint()).x(), buttons.mapTo(&window(), QPoint()).x());
+    EXPECT_EQ(line.foregroundRole(), QPalette::WindowText) << "a pale line is overlooked";
+    QStringList told{line.text()};
+    for (const char* day : {"weekday0", "weekday0", "weekday6", "weekday3", "weekday1"}) {
+        press(day);
+        EXPECT_NE(line.text(), told.last()) << day;
+        told << line.text();
+    }
+    EXPECT_EQ(told.at(1), u"Archived on: Tuesday, Saturday"_s);
+    EXPECT_EQ(told.at(3), u"Archived on: Sunday, Tuesday"_s);
+}
+
 TEST_F(PrefWindowTest, theFolder_canBeTypedAndChosen) {
     archiveBySchedule(true);
     showWindow();

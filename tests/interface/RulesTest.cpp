@@ -31,6 +31,15 @@ TEST_F(RulesTest, aRuleThatIsAdded_isStoredAndSelected) {
     EXPECT_FALSE(sheet().isVisible());
 }
 
+TEST_F(RulesTest, onePlainLine_saysWhatRulesDoAndWhatTheyDoNot) {
+    const auto& line = control<QLabel>("whatRulesDo");
+    EXPECT_TRUE(line.isVisible());
+    for (const char* said : {"categories", "own name", "blocked", "renamed"})
+        EXPECT_TRUE(line.text().contains(QLatin1String(said))) << said;
+    EXPECT_EQ(line.foregroundRole(), QPalette::WindowText);
+    EXPECT_LT(line.mapTo(&setup.rulesTab(), QPoint()).y(), rules().mapTo(&setup.rulesTab(), QPoint()).y());
+}
+
 TEST_F(RulesTest, theTracker_learnsOfTheCategoriesAfterTheyAreWritten) {
     addRule("Mail", "work");
     EXPECT_EQ(controller.tracker().categories().rulesForCategory(u"work"_s), std::set<QString>{u"Mail"_s});
