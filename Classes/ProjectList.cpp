@@ -26,6 +26,11 @@ ProjectList::ProjectList(TimeStoreServices& services, UserDefaults& defaults, co
             if (const auto* frozen = std::any_cast<FrozenIdentities>(&notification.object))
                 projectDupeNode(*frozen);
         });
+    m_joinings = services.notifications.observe(
+        kTicklogUnbranchNodeNotification, [this](const Notification& notification) {
+            if (const auto* joined = std::any_cast<FrozenIdentities>(&notification.object))
+                projectJoinNodes(*joined);
+        });
     // The last word of freezing an application: whoever shows projects anew now must find them settled.
     m_refreshing = services.notifications.observe(kTicklogRefreshProjectsNotification,
                                                   [this](const Notification&) { settleFreezing(); });

@@ -83,6 +83,8 @@ public:
     void keepExpanded(const ProjectRecord& project, const std::vector<bool>& isShown);
     // A timer was frozen: projects go on pointing at the frozen one. Saves.
     void projectDupeNode(const FrozenIdentities& frozen);
+    // A frozen timer was joined with its successor: projects point at what has become of both. Saves.
+    void projectJoinNodes(const FrozenIdentities& joined);
 
     // Inserts a copy of the project at `position` so that it comes to be at `destination`; saves. A move removes the
     // project first: what stands at the destination afterwards is a copy, another object. False, with nothing
@@ -122,12 +124,13 @@ private:
     Record m_mainItem;
     std::shared_ptr<const ReverseProjectCache> m_reverseProjectCache;
     QExplicitlySharedDataPointer<Listeners<Observer>> m_observers;
-    // Everything frozen since the launch, in order.
+    // Everything that was frozen since the launch and still is, in order.
     std::vector<FrozenIdentities> m_frozen;
     std::unique_ptr<RunLoopTimer> m_joining;
     bool m_owesSave = false;
     bool m_hasUnwritten = false;
     Subscription m_freezing;
+    Subscription m_joinings;
     Subscription m_refreshing;
 };
 

@@ -20,6 +20,20 @@ void ProjectList::projectDupeNode(const FrozenIdentities& frozen) {
     reloadReverseProjectCache();
 }
 
+void ProjectList::projectJoinNodes(const FrozenIdentities& joined) {
+    for (const auto& [gone, kept] : joined) {
+        for (const Record& project : m_projects)
+            project->joinMembers(gone, kept);
+        // A state of the projects that comes back from now on is of a time when this was not frozen.
+        const auto frozen =
+            std::ranges::find(m_frozen.rbegin(), m_frozen.rend(), FrozenIdentities{{kept, gone}});
+        if (frozen != m_frozen.rend())
+            m_frozen.erase(std::prev(frozen.base()));
+    }
+    saveData();
+    reloadReverseProjectCache();
+}
+
 void ProjectList::reloadReverseProjectCache() {
     const ChangeAnnouncement announcement(*this, kReverseProjectCacheKey);
     m_reverseProjectCache = std::make_shared<const ReverseProjectCache>(m_projects);

@@ -144,6 +144,26 @@ bool ProjectRecord::replaceMember(const Identity& old, const Identity& replaceme
     return hasChanged;
 }
 
+bool ProjectRecord::joinMembers(const Identity& gone, const Identity& kept) {
+    bool hasChanged = false;
+    for (const QString& key : {kProjectSubtree, kProjectExpandedUUIDs}) {
+        const PropertyListArray& present = listOf(m_entries.value(key));
+        const auto is = [](const Identity& wanted) {
+            return [&wanted](const PropertyListValue& value) { return identityOf(value) == wanted; };
+        };
+        const auto place = std::ranges::find_if(present, is(gone));
+        if (place == present.end())
+            continue;
+        PropertyListArray list = present;
+        if (std::ranges::none_of(present, is(kept)))
+            list[std::size_t(place - present.begin())] = entryOf(kept);
+        std::erase_if(list, is(gone));
+        m_entries.insert(key, std::move(list));
+        hasChanged = true;
+    }
+    return hasChanged;
+}
+
 std::optional<std::vector<Identity>> ProjectRecord::expandedUUIDs() const {
     const PropertyListArray* list = expandedEntry().asArray();
     return list ? std::optional(identitiesIn(*list)) : std::nullopt;

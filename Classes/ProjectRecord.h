@@ -50,6 +50,8 @@ public:
     // Each old identity that stands in a list leaves it, and the new one goes to its end; in the member list and in
     // the expanded list.
     bool replaceMember(const Identity& old, const Identity& replacement);
+    // In both lists `kept` stands from now on where `gone` stood, unless it stands there already.
+    bool joinMembers(const Identity& gone, const Identity& kept);
 
     // The rows shown expanded. Absent until one was first expanded; an identity may be in it twice.
     std::optional<std::vector<Identity>> expandedUUIDs() const;

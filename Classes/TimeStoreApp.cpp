@@ -109,6 +109,48 @@ void TimeStoreApp::putBack(const PropertyListDictionary& record) {
     addChildFromDictionary(record);
 }
 
+std::shared_ptr<TimeStoreWindow> TimeStoreApp::windowOfIdentity(const Identity& identity) const {
+    for (const auto& [key, entry] : m_windows)
+        if (entry.window->uuid() == identity)
+            return entry.window;
+    return nullptr;
+}
+
+std::shared_ptr<TimeStoreWindow> TimeStoreApp::takeWindow(const QString& name) {
+    const auto found = m_windows.find(name);
+    if (found == m_windows.end())
+        return nullptr;
+    auto window = found->second.window;
+    drop(found);
+    return window;
+}
+
+void TimeStoreApp::takeElement(TimeStoreWindow& window, const TimeStoreWindow& other) {
+    if (other.windowElement())
+        giveElement(window, *other.windowElement());
+}
+
+std::vector<std::pair<std::shared_ptr<TimeStoreWindow>, std::shared_ptr<TimeStoreWindow>>>
+TimeStoreApp::takeOver(TimeStoreApp& other) {
+    const ChangeAnnouncement children(*this, kChildrenKey);
+    const ChangeAnnouncement leaf(*this, kIsLeafKey);
+    std::vector<std::pair<std::shared_ptr<TimeStoreWindow>, std::shared_ptr<TimeStoreWindow>>> shared;
+    while (!other.m_windows.empty()) {
+        const auto entry = other.m_windows.begin();
+        const auto window = entry->second.window;
+        const QString key = window->branched() && window->uuid() ? window->uuid()->text() : entry->first;
+        other.drop(entry);
+        if (const auto own = m_windows.find(key); own != m_windows.end()) {
+            takeElement(*own->second.window, *window);
+            shared.emplace_back(own->second.window, window);
+        } else {
+            store(key, window);
+            takeElement(*window, *window);
+        }
+    }
+    return shared;
+}
+
 void TimeStoreApp::writeWindowRecords(PropertyListSink& sink) const {
     for (const auto& [key, entry] : m_windows)
         entry.window->writeRecord(sink);

@@ -41,6 +41,18 @@ public:
     // Observers of children and isLeaf are told.
     void putBack(const PropertyListDictionary& record);
 
+    // Null when there is none.
+    std::shared_ptr<TimeStoreWindow> windowOfIdentity(const Identity& identity) const;
+    // Takes the window of that name out and answers it, null when there is none. A frozen window has no name but its
+    // identity here. Nobody is told.
+    std::shared_ptr<TimeStoreWindow> takeWindow(const QString& name);
+    // `window`, which is one of these, is what `other` has been on the screen.
+    void takeElement(TimeStoreWindow& window, const TimeStoreWindow& other);
+    // Takes over the windows of `other`, which keeps none. Where both have one of a name, this one's takes the element;
+    // both are answered, this one's first. Observers of children and isLeaf are told.
+    std::vector<std::pair<std::shared_ptr<TimeStoreWindow>, std::shared_ptr<TimeStoreWindow>>>
+    takeOver(TimeStoreApp& other);
+
     // The windows' records, one after the other, within an array the caller has begun.
     void writeWindowRecords(PropertyListSink& sink) const;
 

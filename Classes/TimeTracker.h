@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/FrozenTimer.h"
 #include "Classes/IdleBookings.h"
 #include "Classes/TimeActivator.h"
 #include "Classes/TimeStoreApp.h"
@@ -23,6 +24,10 @@ inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDispla
 inline const QString kTicklogBranchNodeNotification = QStringLiteral("kTicklogBranchNodeNotification");
 // The old identity and the new one: one entry.
 using FrozenIdentities = std::map<Identity, Identity>;
+
+// A frozen timer has become one again with what went on in its place. The object is a FrozenIdentities: from the
+// identities that are no more, the frozen ones among them, to those of the timers that there were before.
+inline const QString kTicklogUnbranchNodeNotification = QStringLiteral("kTicklogUnbranchNodeNotification");
 
 // What idle time is credited to.
 inline const QString kIdleName = QStringLiteral("Idle");
@@ -102,9 +107,15 @@ public:
 
     // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
     // fresh timer of the old name.
-    void branchNode(TimeStoreNode& node);
+    FrozenTimer branchNode(TimeStoreNode& node);
     // Freezes the timers of these identities, as timeChildrenForChildUUIDs() finds them, but for those already frozen.
-    void branchUUIDs(const std::vector<Identity>& childUUIDs);
+    std::vector<FrozenTimer> branchUUIDs(const std::vector<Identity>& childUUIDs);
+    // Undoes a freezing: the frozen timer takes its name and its identity back, and whatever bears the name by now goes on
+    // in it, with its time, its windows and the name that the user gave it meanwhile. False, and nothing happens, when
+    // the frozen timer is no more.
+    bool unbranchNode(FrozenTimer& frozen);
+    // Freezes a timer anew, under the identities of the first time. False, and nothing happens, when it is no more.
+    bool branchNodeAgain(FrozenTimer& frozen);
     // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was
     // called.
     void refreshProjects(const PropertyListDictionary& info);
@@ -173,9 +184,18 @@ private:
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
     void takeAbsenceFromGap(Seconds gap, Seconds idle);
     std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
-    void branchWindow(TimeStoreWindow& window);
-    void branchApplication(TimeStoreApp& app);
-    void postBranching(const std::optional<Identity>& oldIdentity, const Identity& newIdentity);
+    void branch(TimeStoreNode& node, FrozenTimer& frozen);
+    void branchWindow(TimeStoreWindow& window, FrozenTimer& frozen);
+    void branchApplication(TimeStoreApp& app, FrozenTimer& frozen);
+    void postBranching(const FrozenTimer::Pair& identities);
+    void bringSuccessorsBack(const FrozenTimer& frozen) const;
+    // What has become one, as kTicklogUnbranchNodeNotification tells it.
+    FrozenIdentities unbranchWindow(TimeStoreWindow& window, TimeStoreApp& app, FrozenTimer& frozen);
+    FrozenIdentities unbranchApplication(const std::shared_ptr<TimeStoreApp>& app, FrozenTimer& frozen);
+    static void nameAgain(TimeStoreNode& node, const FrozenTimer& frozen);
+    void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities,
+                          FrozenIdentities& joined) const;
+    void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void forgetName(const TimeStoreApp& app);
     std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;
     AppSet takeOut(const std::unordered_set<Identity>& identities);

@@ -1,97 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The tracker's changes to the whole tree: freezing, clearing, removing, reading and writing it.
+// The tracker's changes to the whole tree: clearing, removing, reading and writing it.
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
-#include "platform/foundation/DateStyles.h"
-#include "platform/foundation/LocalizedStrings.h"
 
 #include <algorithm>
-
-namespace {
-
-const QString kInfoCurrentApp = QStringLiteral("Current App");
-const QString kInfoOldName = QStringLiteral("Old Name");
-
-} // namespace
-
-void TimeTracker::branchNode(TimeStoreNode& node) {
-    if (auto* app = dynamic_cast<TimeStoreApp*>(&node))
-        branchApplication(*app);
-    else if (auto* window = dynamic_cast<TimeStoreWindow*>(&node))
-        branchWindow(*window);
-}
-
-void TimeTracker::branchUUIDs(const std::vector<Identity>& childUUIDs) {
-    for (const auto& item : timeChildrenForChildUUIDs({childUUIDs.begin(), childUUIDs.end()}, false))
-        if (!item->branched())
-            branchNode(item->node());
-}
-
-// " (Frozen 11/20/26)" behind the name.
-static QString frozenName(const QString& name, Date today) {
-    return name + localized(" (Frozen %@)").replace(QLatin1String("%@"), shortDate(today));
-}
-
-void TimeTracker::branchWindow(TimeStoreWindow& window) {
-    // The table may hold the last share but ours while the window changes its key.
-    const auto alive = window.shared_from_this();
-    const QString oldName = window.name();
-    window.setBranched(true);
-    window.setName(frozenName(oldName, now()));
-    window.setRenamedNameFormatted({{kRecordName, oldName}});
-    const std::optional<Identity> oldIdentity = window.uuid();
-    const Identity newIdentity = brandNewUUID();
-    window.setUuid(newIdentity);
-    // Whatever is on the screen under that number is the fresh timer's from now on.
-    window.setWindowElement(WindowElement());
-    postBranching(oldIdentity, newIdentity);
-    m_activeStoreWindow.reset();
-    m_timeActivator->mainWindowDidChange();
-}
-
-void TimeTracker::branchApplication(TimeStoreApp& app) {
-    const auto alive = std::static_pointer_cast<TimeStoreApp>(app.shared_from_this());
-    const QString oldName = app.name();
-    const std::optional<Identity> oldIdentity = app.uuid();
-    const bool wasCurrent = alive == m_activeStoreApp.lock();
-    m_timeDictionary.remove(oldName);
-    app.setName(frozenName(oldName, now()));
-    app.setRenamedNameFormatted({{kRecordName, oldName}});
-    app.setBranched(true);
-    const Identity newIdentity = brandNewUUID();
-    willChange(kTimeSetKey);
-    {
-        const std::lock_guard guard(m_lock);
-        std::erase(m_timeSet, alive);
-        app.setUuid(newIdentity);
-        for (const auto& window : app.windows()) {
-            const std::optional<Identity> oldChild = window->uuid();
-            const Identity newChild = brandNewUUID();
-            window->setUuid(newChild);
-            postBranching(oldChild, newChild);
-        }
-        m_timeSet.push_back(alive);
-    }
-    didChange(kTimeSetKey);
-    postBranching(oldIdentity, newIdentity);
-    refreshProjects({{kInfoCurrentApp, wasCurrent ? 1 : 0}, {kInfoOldName, oldName}});
-}
-
-void TimeTracker::postBranching(const std::optional<Identity>& oldIdentity, const Identity& newIdentity) {
-    FrozenIdentities frozen;
-    if (oldIdentity)
-        frozen.emplace(*oldIdentity, newIdentity);
-    m_services.store.notifications.post(kTicklogBranchNodeNotification, std::move(frozen));
-}
-
-void TimeTracker::refreshProjects(const PropertyListDictionary& info) {
-    if (info.value(kInfoCurrentApp).toBool()) {
-        setCurrentApp(info.value(kInfoOldName).toString());
-        m_activeStoreWindow.reset();
-        m_timeActivator->mainWindowDidChange();
-    }
-    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
-}
 
 void TimeTracker::addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent) {
     const ChangeAnnouncement announcement(*this, kTimeSetKey);

@@ -14,6 +14,14 @@ void connectTo(QAction* action, QObject& receiver, Reaction react) {
     QObject::connect(action, &QAction::triggered, &receiver, react);
 }
 
+// A step that proves to be impossible by now leaves the stack: the one behind it was meant, and something happens.
+void untilOneHolds(QUndoStack& stack, void (QUndoStack::*step)(), bool (QUndoStack::*isThere)() const) {
+    for (int count = -1; count != stack.count() && (stack.*isThere)();) {
+        count = stack.count();
+        (stack.*step)();
+    }
+}
+
 } // namespace
 
 MainCommands::MainCommands(TKController& controller, QUndoStack& undoStack)
@@ -60,12 +68,19 @@ void MainCommands::connectEditing() {
 
 void MainCommands::connectUndo(QUndoStack& undoStack) {
     const MainActions& actions = m_controller.window().actions();
-    connectTo(actions.undo, m_receiver, [&undoStack] { undoStack.undo(); });
-    connectTo(actions.redo, m_receiver, [&undoStack] { undoStack.redo(); });
-    QObject::connect(&undoStack, &QUndoStack::canUndoChanged, actions.undo, &QAction::setEnabled);
-    QObject::connect(&undoStack, &QUndoStack::canRedoChanged, actions.redo, &QAction::setEnabled);
-    actions.undo->setEnabled(undoStack.canUndo());
-    actions.redo->setEnabled(undoStack.canRedo());
+    connectTo(actions.undo, m_receiver,
+              [&undoStack] { untilOneHolds(undoStack, &QUndoStack::undo, &QUndoStack::canUndo); });
+    connectTo(actions.redo, m_receiver,
+              [&undoStack] { untilOneHolds(undoStack, &QUndoStack::redo, &QUndoStack::canRedo); });
+    const auto offer = [&undoStack, undo = actions.undo, redo = actions.redo] {
+        undo->setEnabled(undoStack.canUndo());
+        redo->setEnabled(undoStack.canRedo());
+    };
+    for (const auto change : {&QUndoStack::canUndoChanged, &QUndoStack::canRedoChanged})
+        QObject::connect(&undoStack, change, &m_receiver, offer);
+    // The last step that can be done again, and proves to be impossible, goes without a change of those.
+    QObject::connect(&undoStack, &QUndoStack::indexChanged, &m_receiver, offer);
+    offer();
 }
 
 void MainCommands::connectTimers() {

@@ -154,6 +154,7 @@ private:
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
+    void frozen(std::vector<FrozenTimer> timers);
     void selectionChanged();
     void showLastReset();
     void timersCleared();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the user does to the timers and to the place where they are kept.
 #include "interface/mainwindow/DeleteTimersCommand.h"
+#include "interface/mainwindow/FreezeCommand.h"
 #include "interface/mainwindow/RenameCommand.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
@@ -46,16 +47,24 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
 
 void TKController::branchNode(TimeStoreNode& node) {
     if (!node.branched())
-        m_engine.tracker().branchNode(node);
+        frozen({m_engine.tracker().branchNode(node)});
 }
 
 void TKController::branchUUIDs(const std::vector<Identity>& timers) {
-    m_engine.tracker().branchUUIDs(timers);
+    frozen(m_engine.tracker().branchUUIDs(timers));
 }
 
 void TKController::branchSelected() {
+    std::vector<FrozenTimer> timers;
     for (const auto& item : m_window.mainTable().selectedItems())
-        branchNode(item->node());
+        if (TimeStoreNode& node = item->node(); !node.branched())
+            timers.push_back(m_engine.tracker().branchNode(node));
+    frozen(std::move(timers));
+}
+
+void TKController::frozen(std::vector<FrozenTimer> timers) {
+    if (!timers.empty())
+        m_undoStack.push(new FreezeCommand(m_engine.tracker(), std::move(timers)));
 }
 
 void TKController::copySummaryTime() {

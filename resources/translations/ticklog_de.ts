@@ -931,5 +931,9 @@
         <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
         <translation>Regeln ordnen Programmen Kategorien zu. Nichts wird gesperrt oder umbenannt: Alle Zeit zählt unter dem eigenen Namen des Programms.</translation>
     </message>
+    <message>
+        <source>Freeze</source>
+        <translation>Einfrieren</translation>
+    </message>
 </context>
 </TS>

@@ -931,5 +931,9 @@
         <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
         <translation>Las reglas asignan categorías a las aplicaciones. Nada se bloquea ni cambia de nombre: todo el tiempo cuenta con el nombre propio de la aplicación.</translation>
     </message>
+    <message>
+        <source>Freeze</source>
+        <translation>Congelar</translation>
+    </message>
 </context>
 </TS>

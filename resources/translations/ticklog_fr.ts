@@ -931,5 +931,9 @@
         <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
         <translation>Les règles donnent des catégories aux applications. Rien n’est bloqué ni renommé&#xa0;: tout le temps est compté sous le nom propre de l’application.</translation>
     </message>
+    <message>
+        <source>Freeze</source>
+        <translation>Figer</translation>
+    </message>
 </context>
 </TS>

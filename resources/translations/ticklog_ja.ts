@@ -931,5 +931,9 @@
         <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
         <translation>ルールはアプリケーションにカテゴリを付けます。ブロックや名前の変更は行われず、時間はすべてアプリケーション自身の名前で数えられます。</translation>
     </message>
+    <message>
+        <source>Freeze</source>
+        <translation>凍結</translation>
+    </message>
 </context>
 </TS>

@@ -931,5 +931,9 @@
         <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
         <translation>Reguły nadają programom kategorie. Nic nie jest blokowane ani przemianowywane: cały czas liczy się pod własną nazwą programu.</translation>
     </message>
+    <message>
+        <source>Freeze</source>
+        <translation>Zamroź</translation>
+    </message>
 </context>
 </TS>

@@ -24,6 +24,16 @@ struct UndoTest : testing::Test, ProjectDesk {
         settle();
     }
 
+    // The names shown and the seconds.
+    std::string times() {
+        QStringList rows;
+        for (int row = 0; row < model().rowCount(); ++row) {
+            const auto item = TKOutlineDisplayView::itemAt(model().index(row, 0));
+            rows << QStringLiteral("%1 %2").arg(item->renamedName()).arg(int(item->activeTime()));
+        }
+        return str(rows.join(QStringLiteral(", ")));
+    }
+
     void undo() { command(actions().undo); }
 
     void redo() { command(actions().redo); }
@@ -137,4 +147,81 @@ TEST_F(UndoTest, aDeletionTakenBackDuringASearch_isNarrowedLikeTheRest) {
     EXPECT_EQ(outlineText(), "+Mail(Inbox), Paint") << "Notes has come back, and does not match";
     type("");
     EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+}
+
+TEST_F(UndoTest, aFreezing_canBeTakenBackAndMadeAgain) {
+    controller.timer().startTimer();
+    front("Paint", "Sketch");
+    seconds(5.05);
+    select({row("Paint")});
+    command(actions().branch);
+    seconds(2);
+    ASSERT_EQ(times(), "Mail 60, Notes 100, Paint 2, Paint 35");
+    undo();
+    EXPECT_EQ(times(), "Mail 60, Notes 100, Paint 37");
+    EXPECT_FALSE(actions().undo->isEnabled());
+    redo();
+    EXPECT_EQ(times(), "Mail 60, Notes 100, Paint 0, Paint 37");
+    undo();
+    seconds(1);
+    EXPECT_EQ(times(), "Mail 60, Notes 100, Paint 38");
+}
+
+TEST_F(UndoTest, allOfAProjectFrozen_isTakenBackAtOnceAndWithItsMembers) {
+    choose(1);
+    command(actions().branchProject);
+    EXPECT_TRUE(TKOutlineDisplayView::itemAt(row("Mail"))->branched());
+    EXPECT_TRUE(TKOutlineDisplayView::itemAt(row("Todo"))->branched());
+    undo();
+    EXPECT_EQ(outlineText(), "Mail, Todo");
+    EXPECT_EQ(membersOf(0), "Mail, Todo");
+    choose(0);
+    EXPECT_EQ(times(), "Mail 60, Notes 100, Paint 30");
+    redo();
+    EXPECT_TRUE(TKOutlineDisplayView::itemAt(row("Mail"))->branched());
+    choose(1);
+    EXPECT_EQ(outlineText(), "Mail, Todo");
+}
+
+TEST_F(UndoTest, whatWasDoneToAFrozenTimer_isTakenBackAndMadeAgainInTurn) {
+    select({row("Mail")});
+    command(actions().branch);
+    rename(row("Mail"), "January");
+    dropTimers({TKOutlineDisplayView::itemAt(row("January"))->name()}, -1, at(1));
+    remove(row("January"));
+    const std::string after = outlineText();
+    for (int step = 0; step < 4; ++step)
+        undo();
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+    EXPECT_EQ(membersOf(0), "Todo, Mail");
+    EXPECT_FALSE(actions().undo->isEnabled());
+    for (int step = 0; step < 4; ++step)
+        redo();
+    EXPECT_EQ(outlineText(), after);
+    EXPECT_EQ(membersOf(0), "Todo");
+}
+
+TEST_F(UndoTest, aFreezingThatCannotBeTakenBack_makesWayForWhatWasDoneBefore) {
+    rename(row("Paint"), "Sketches");
+    select({row("Mail")});
+    command(actions().branch);
+    controller.tracker().removeUUIDs({*TKOutlineDisplayView::itemAt(row("Mail"))->uuid()});
+    settle();
+    undo();
+    EXPECT_EQ(outlineText(), "Notes, Paint");
+    EXPECT_FALSE(actions().undo->isEnabled());
+    redo();
+    EXPECT_EQ(outlineText(), "Notes, Sketches");
+    EXPECT_FALSE(actions().redo->isEnabled());
+}
+
+TEST_F(UndoTest, freezingNothing_isNoStep) {
+    select({row("Mail")});
+    command(actions().branch);
+    undo();
+    redo();
+    select({row("Mail")});
+    command(actions().branch);
+    undo();
+    EXPECT_FALSE(actions().undo->isEnabled()) << "the frozen timer was frozen once";
 }

@@ -63,9 +63,17 @@ protected:
         return any(windows).get();
     }
 
+    // In any order, which no user can: nothing may be lost or made up all the same.
+    template<class Step>
+    void expectSameTotal(Step&& step) {
+        const double before = total();
+        step(m_frozen[m_random() % m_frozen.size()]);
+        EXPECT_NEAR(total(), before, 1e-6);
+    }
+
     // One thing that may happen in a day. Answers what it was.
     std::string happen() {
-        switch (pick(12)) {
+        switch (pick(14)) {
         case 0:
             m_day.start();
             return "start";
@@ -83,7 +91,9 @@ protected:
             m_day.asleep(pick(5000));
             return "sleep";
         case 5:
-            if (auto* node = anyNode())
+            if (auto* node = anyNode(); node && !node->branched())
+                m_frozen.push_back(m_day.tracker.branchNode(*node));
+            else if (node)
                 m_day.tracker.branchNode(*node);
             return "freeze";
         case 6:
@@ -97,6 +107,14 @@ protected:
             if (pick(10) == 0)
                 m_day.tracker.reset();
             return "clear";
+        case 12:
+            if (!m_frozen.empty())
+                expectSameTotal([&](FrozenTimer& frozen) { m_day.tracker.unbranchNode(frozen); });
+            return "freezing undone";
+        case 13:
+            if (!m_frozen.empty())
+                expectSameTotal([&](FrozenTimer& frozen) { m_day.tracker.branchNodeAgain(frozen); });
+            return "freezing redone";
         case 9:
             m_day.front("Desktop");
             return "desktop";
@@ -107,6 +125,7 @@ protected:
     }
 
     std::mt19937 m_random{GetParam()};
+    std::vector<FrozenTimer> m_frozen;
     Day m_day;
 };
 
