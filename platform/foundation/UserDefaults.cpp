@@ -16,6 +16,8 @@ UserDefaults::UserDefaults(QString path, NotificationCenter& notifications, RunL
     , m_runLoop(runLoop)
     , m_log(log) {
     load();
+    if (m_state == FileState{} || m_isDamaged)
+        takeLastGood();
 }
 
 UserDefaults::~UserDefaults() {
@@ -47,14 +49,21 @@ void UserDefaults::setObject(const QString& key, PropertyListValue value) {
 
 void UserDefaults::synchronize() {
     m_joining.reset();
-    if (m_changed.isEmpty())
+    m_retry.reset();
+    if (m_changed.isEmpty() && !m_owesWrite)
         return;
     refresh();
     try {
-        if (const auto written = write(); !written)
+        const auto written = write();
+        if (!written) {
             m_log.log(QStringLiteral("The settings could not be written: %1").arg(written.failure().text));
-        else
+            m_retry = m_runLoop.scheduleOnce(kRetryDelay, [this] { synchronize(); });
+        } else {
             m_changed.clear();
+            m_owesWrite = false;
+            keepAsLastGood();
+        }
+        tellWritten(bool(written));
     } catch (const InternalInconsistency& failure) {
         // A value that no property list can hold must not take the rest of the program along.
         m_log.log(failure.logLine());
@@ -92,6 +101,7 @@ void UserDefaults::load() {
     if (read && read->asDictionary()) {
         m_values = *read->asDictionary();
         m_isDamaged = false;
+        keepAsLastGood();
         return;
     }
     if (!read && read.failure().kind == Failure::Kind::NotFound)
@@ -99,6 +109,34 @@ void UserDefaults::load() {
     m_isDamaged = true;
     m_log.log(QStringLiteral("The settings file cannot be read; what was read before holds: %1")
                   .arg(read ? QStringLiteral("%1: not a dictionary").arg(m_path) : read.failure().text));
+}
+
+// There is no file, or none that can be read, at launch.
+void UserDefaults::takeLastGood() {
+    const auto kept = PropertyList::readFile(keptPath());
+    if (!kept || !kept->asDictionary()) {
+        m_reading = m_isDamaged ? Reading::Nothing : Reading::Whole;
+        return;
+    }
+    m_log.log(QStringLiteral("The settings that were last whole are taken from %1").arg(keptPath()));
+    m_reading = Reading::LastGood;
+    m_values = m_kept = *kept->asDictionary();
+    m_owesWrite = true;
+    m_joining = m_runLoop.scheduleOnce(kJoiningDelay, [this] { synchronize(); });
+}
+
+// It is of use where the file itself fails, so that a failure of its own is none.
+void UserDefaults::keepAsLastGood() {
+    if (m_kept.isEmpty())
+        if (const auto kept = PropertyList::readFile(keptPath()); kept && kept->asDictionary())
+            m_kept = *kept->asDictionary();
+    if (m_kept != m_values && PropertyList::writeXmlFile(m_values, keptPath()))
+        m_kept = m_values;
+}
+
+void UserDefaults::tellWritten(bool isWritten) {
+    if (std::exchange(m_isUnwritten, !isWritten) == isWritten)
+        m_notifications.post(kUserDefaultsFileNotification);
 }
 
 Outcome UserDefaults::write() {

@@ -160,7 +160,9 @@ TEST_F(UserDefaultsTest, theFileAndItsFolder_areForTheUserAlone) {
     const auto others = QFile::Permissions(0x0077);
     EXPECT_EQ(QFileInfo(m_path).permissions() & others, QFile::Permissions());
     EXPECT_EQ(QFileInfo(QFileInfo(m_path).path()).permissions() & others, QFile::Permissions());
-    EXPECT_EQ(QFileInfo(m_path).dir().entryList(QDir::Files).size(), 1) << "a temporary file was left behind";
+    EXPECT_EQ(QFileInfo(m_path).dir().entryList(QDir::Files).size(), 2)
+        << "what is kept beside it, and no temporary file";
+    EXPECT_EQ(QFileInfo(m_path + QStringLiteral(".last")).permissions() & others, QFile::Permissions());
 }
 
 TEST_F(UserDefaultsTest, aDamagedFile_countsAsEmptyAndIsSetAsideBeforeTheFirstWrite) {
@@ -186,6 +188,74 @@ TEST_F(UserDefaultsTest, aFileThatIsNoDictionary_isSetAsideToo) {
         EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 5}})) << content;
     }
     EXPECT_EQ(filesSetAside().size(), 4);
+}
+
+TEST_F(UserDefaultsTest, aDamagedFile_isMadeUpForByWhatWasLastWhole) {
+    for (const char* content : {"<plist><dict><key>minutes", "", "<plist><array/></plist>"}) {
+        launch()->setObject(kMinutes, 5);
+        write(content);
+        const auto defaults = launch();
+        EXPECT_EQ(defaults->integerForKey(kMinutes), 5) << content;
+        EXPECT_EQ(defaults->reading(), UserDefaults::Reading::LastGood);
+        m_loop.advance(UserDefaults::kJoiningDelay);
+        EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 5}})) << "the file itself is whole again";
+    }
+    EXPECT_EQ(filesSetAside().size(), 3);
+    EXPECT_EQ(launch()->reading(), UserDefaults::Reading::Whole);
+}
+
+TEST_F(UserDefaultsTest, aFileThatIsLost_isMadeUpForToo) {
+    launch()->setObject(kMinutes, 5);
+    ASSERT_TRUE(QFile::remove(m_path));
+    EXPECT_EQ(launch()->integerForKey(kMinutes), 5);
+    EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 5}}));
+}
+
+TEST_F(UserDefaultsTest, whatIsKept_isTheLatestThatWasWhole) {
+    const auto defaults = launch();
+    for (const int minutes : {5, 6, 7}) {
+        defaults->setObject(kMinutes, minutes);
+        defaults->synchronize();
+    }
+    write("damaged");
+    EXPECT_EQ(launch()->integerForKey(kMinutes), 7);
+}
+
+TEST_F(UserDefaultsTest, whatAnotherProgramHasWritten_isKeptAsWell) {
+    const auto defaults = launch();
+    UserDefaults(m_path, m_notifications, m_loop, m_log).setObject(kMinutes, 9);
+    write("damaged");
+    EXPECT_EQ(launch()->integerForKey(kMinutes), 9);
+}
+
+TEST_F(UserDefaultsTest, withoutAFileThatCanBeRead_nothingIsKnownAndThatCanBeAsked) {
+    EXPECT_EQ(launch()->reading(), UserDefaults::Reading::Whole) << "a first launch";
+    write("damaged");
+    QFile kept(m_path + QStringLiteral(".last"));
+    ASSERT_TRUE(kept.open(QFile::WriteOnly));
+    kept.write("damaged too");
+    kept.close();
+    const auto defaults = launch();
+    EXPECT_TRUE(defaults->object(kMinutes).isAbsent());
+    EXPECT_EQ(defaults->reading(), UserDefaults::Reading::Nothing);
+}
+
+TEST_F(UserDefaultsTest, aFailedWrite_isToldAndTriedAgainAfterAMinute) {
+    QFile obstacle(QFileInfo(m_path).path());
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    const auto defaults = launch();
+    std::vector<bool> told;
+    const auto subscription = m_notifications.observe(
+        kUserDefaultsFileNotification, [&](const Notification&) { told.push_back(defaults->isUnwritten()); });
+    defaults->setObject(kMinutes, 5);
+    defaults->synchronize();
+    defaults->setObject(kMinutes, 6);
+    defaults->synchronize();
+    ASSERT_TRUE(obstacle.remove());
+    m_loop.advance(UserDefaults::kRetryDelay);
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+    EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 6}}));
+    EXPECT_EQ(m_loop.activeTimers(), 0);
 }
 
 TEST_F(UserDefaultsTest, aValueOfTheWrongType_readsAsFalseAndZero) {
