@@ -2,6 +2,7 @@
 #include "Classes/Engine.h"
 
 #include "Classes/Settings.h"
+#include "platform/foundation/LocalizedStrings.h"
 
 namespace {
 
@@ -17,9 +18,30 @@ Engine::Engine(Platform& platform, Hooks hooks)
     : m_registry(TKUUIDManager::savePath(withRegisteredDefaults(platform).folders.applicationSupport),
                  platform.runLoop, platform.log)
     , m_idleTime(platform.idleTime, platform.clock, platform.log, std::move(hooks.exit))
-    , m_storeServices{m_registry, platform.notifications, platform.runLoop, platform.log}
+    , m_storeServices{m_registry, platform.notifications, platform.runLoop, platform.log, m_trouble}
     , m_activityServices{platform.frontApplication, platform.windowList, platform.accessibility,
                          platform.runLoop,          platform.clock,      platform.log}
     , m_trackerServices{m_storeServices, m_activityServices, platform.defaults,
                         m_idleTime,      platform.sandbox,   std::move(hooks.checkAccessibilityTrust)}
-    , m_tracker(m_trackerServices, hooks.makeActivator) {}
+    , m_tracker(m_trackerServices, hooks.makeActivator) {
+    m_settingsFile = platform.notifications.observe(
+        kUserDefaultsFileNotification,
+        [this, &defaults = platform.defaults](const Notification&) { tellSettings(defaults); });
+    tellSettings(platform.defaults);
+    if (platform.defaults.reading() == UserDefaults::Reading::LastGood)
+        m_trouble.tell(
+            AccountTrouble::Kind::SettingsSetAside,
+            AccountTrouble::about(
+                localized("“%@” could not be read. Ticklog goes on with the settings it had kept."),
+                platform.defaults.path()));
+    else if (platform.defaults.reading() == UserDefaults::Reading::Nothing)
+        m_trouble.tell(AccountTrouble::Kind::SettingsSetAside,
+                       AccountTrouble::setAside(platform.defaults.path()));
+}
+
+void Engine::tellSettings(const UserDefaults& defaults) {
+    if (defaults.isUnwritten())
+        m_trouble.tell(AccountTrouble::Kind::SettingsUnwritten, AccountTrouble::unwritten(defaults.path()));
+    else
+        m_trouble.end(AccountTrouble::Kind::SettingsUnwritten);
+}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/AccountTrouble.h"
 #include "Classes/SystemIdleTime.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
@@ -27,12 +28,17 @@ public:
     const TimeTracker& tracker() const { return m_tracker; }
     TKUUIDManager& registry() { return m_registry; }
     TrackerServices& services() { return m_trackerServices; }
+    AccountTrouble& trouble() { return m_trouble; }
 
 private:
+    void tellSettings(const UserDefaults& defaults);
+
+    AccountTrouble m_trouble;
     TKUUIDManager m_registry;
     SystemIdleTime m_idleTime;
     TimeStoreServices m_storeServices;
     ActivityServices m_activityServices;
     TrackerServices m_trackerServices;
     TimeTracker m_tracker;
+    Subscription m_settingsFile;
 };

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/PeriodicSave.h"
 
+#include "Classes/AccountTrouble.h"
 #include "Classes/CsvExport.h"
 #include "Classes/Settings.h"
 #include "Classes/TimeDatabase.h"
+#include "Classes/TimeStoreNode.h"
 #include "Classes/TimeTracker.h"
 #include "platform/foundation/LocalTime.h"
+#include "platform/foundation/LocalizedStrings.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,23 +28,22 @@ enum Format : std::int64_t { CsvOnly = 0, DatabaseOnly = 1, Both = 2 };
 
 } // namespace
 
-PeriodicSave::PeriodicSave(TimeTracker& tracker, TimeDatabase& database, UserDefaults& defaults,
-                           const Clock& clock, RunLoop& runLoop, SystemLog& log,
-                           std::function<void()> didClear, BackgroundMove::Background background)
+PeriodicSave::PeriodicSave(TimeTracker& tracker, TimeDatabase& database, TimeStoreServices& services,
+                           UserDefaults& defaults, const Clock& clock, std::function<void()> didClear,
+                           BackgroundMove::Background background)
     : m_tracker(tracker)
     , m_database(database)
     , m_defaults(defaults)
     , m_clock(clock)
-    , m_runLoop(runLoop)
-    , m_log(log)
+    , m_services(services)
     , m_didClear(std::move(didClear))
-    , m_moves(runLoop, std::move(background)) {
+    , m_moves(services.runLoop, std::move(background)) {
     updatedSaveTimerPeriodically();
 }
 
 PeriodicSave::~PeriodicSave() {
     for (const auto& move : m_moves.waiting())
-        tellKept(move.from, QStringLiteral("%1: not answered yet").arg(move.to));
+        logKept(move.from, QStringLiteral("%1: not answered yet").arg(move.to));
 }
 
 void PeriodicSave::updatedSaveTimerPeriodically() {
@@ -98,11 +100,12 @@ void PeriodicSave::arm() {
     m_lookedAt = m_clock.now();
     m_lookedAtSinceBoot = m_clock.sinceBoot();
     const std::chrono::nanoseconds rest = *nextFiring() - m_lookedAt;
-    m_timer = m_runLoop.scheduleOnce(std::clamp(rest, std::chrono::nanoseconds(0), kLongestWait),
-                                     [this] { fire(); });
+    m_timer = m_services.runLoop.scheduleOnce(std::clamp(rest, std::chrono::nanoseconds(0), kLongestWait),
+                                              [this] { fire(); });
 }
 
 void PeriodicSave::fire() {
+    forgetWhatIsGone();
     // The days in between never were.
     if (wasClockSetByDays())
         return updatedSaveTimerPeriodically();
@@ -168,25 +171,61 @@ void PeriodicSave::archiveAs(const QString& name, const QString& extension) {
     const bool isElsewhere = chosen.absolutePath() != storeFolder.absolutePath();
     Outcome written = write(kept);
     if (written && isElsewhere)
-        return moveLater(kept, chosen.filePath(file));
-    if (!written && isElsewhere)
+        moveLater(kept, chosen.filePath(file));
+    else if (isElsewhere)
         written = write(WholeFile::freeName(chosen.filePath(file)));
     if (!written)
-        m_log.log(QStringLiteral("The archive could be written nowhere: ") + written.failure().text);
+        return tellLost(file, written.failure().text);
+    m_services.trouble.end(AccountTrouble::Kind::ArchiveLost);
 }
 
 void PeriodicSave::moveLater(const QString& kept, const QString& path) {
-    m_moves.add({.from = kept, .to = path, .done = [this, kept](const Outcome& moved) {
-                     if (moved)
-                         return;
-                     if (kept.endsWith(kTableExtension))
-                         CsvExport::tellFailure(m_log);
-                     tellKept(kept, moved.failure().text);
+    m_moves.add({.from = kept, .to = path, .done = [this, kept, path](const Outcome& moved) {
+                     wasMoved(kept, path, moved);
                  }});
 }
 
-void PeriodicSave::tellKept(const QString& kept, const QString& why) {
-    m_log.log(QStringLiteral("The archive could not be written (%1) and is kept as %2.").arg(why, kept));
+void PeriodicSave::wasMoved(const QString& kept, const QString& path, const Outcome& moved) {
+    if (moved)
+        return moveKept();
+    if (kept.endsWith(kTableExtension))
+        CsvExport::tellFailure(m_services.log);
+    logKept(kept, moved.failure().text);
+    m_kept.emplace_back(kept, path);
+    tellKept();
+}
+
+void PeriodicSave::moveKept() {
+    forgetWhatIsGone();
+    for (const auto& [kept, path] : std::exchange(m_kept, {}))
+        moveLater(kept, path);
+    tellKept();
+}
+
+void PeriodicSave::forgetWhatIsGone() {
+    if (std::erase_if(m_kept, [](const auto& archive) { return !QFileInfo::exists(archive.first); }) > 0)
+        tellKept();
+}
+
+void PeriodicSave::tellKept() {
+    if (m_kept.empty())
+        return m_services.trouble.end(AccountTrouble::Kind::ArchiveKept);
+    const QString text =
+        localized("The archive “%@” could not be moved to its folder. It lies beside the database.");
+    m_services.trouble.tell(AccountTrouble::Kind::ArchiveKept,
+                            AccountTrouble::about(text, m_kept.back().first));
+}
+
+void PeriodicSave::logKept(const QString& kept, const QString& why) {
+    m_services.log.log(
+        QStringLiteral("The archive could not be written (%1) and is kept as %2.").arg(why, kept));
+}
+
+void PeriodicSave::tellLost(const QString& name, const QString& why) {
+    m_services.log.log(QStringLiteral("The archive could be written nowhere: ") + why);
+    m_services.trouble.tell(
+        AccountTrouble::Kind::ArchiveLost,
+        AccountTrouble::about(localized("The archive “%@” could not be written anywhere."), name));
 }
 
 Outcome PeriodicSave::write(const QString& path) {
@@ -198,7 +237,7 @@ Outcome PeriodicSave::write(const QString& path) {
     const auto& apps = m_tracker.fullTimeSet();
     Outcome written = CsvExport::write({apps.begin(), apps.end()}, m_tracker.totalTime(), path);
     if (!written)
-        CsvExport::tellFailure(m_log);
+        CsvExport::tellFailure(m_services.log);
     return written;
 }
 

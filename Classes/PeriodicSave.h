@@ -9,9 +9,11 @@
 #include <QDateTime>
 
 #include <array>
+#include <vector>
 
 class TimeDatabase;
 class TimeTracker;
+struct TimeStoreServices;
 
 // Archives all timers at a time of day on chosen weekdays, under the date of the day that is due, and clears them. The
 // settings say when, where and in which form. A chosen day that was slept through is made up for, whatever day it is by
@@ -22,8 +24,8 @@ public:
     using Segments = std::array<bool, 7>;
 
     // `didClear` is called after the timers were cleared. Everything must outlive this.
-    PeriodicSave(TimeTracker& tracker, TimeDatabase& database, UserDefaults& defaults, const Clock& clock,
-                 RunLoop& runLoop, SystemLog& log, std::function<void()> didClear,
+    PeriodicSave(TimeTracker& tracker, TimeDatabase& database, TimeStoreServices& services,
+                 UserDefaults& defaults, const Clock& clock, std::function<void()> didClear,
                  BackgroundMove::Background background = BackgroundMove::onThread);
     ~PeriodicSave();
 
@@ -40,7 +42,7 @@ public:
     // Archives and clears if today is one of the weekdays.
     void performPeriodicSave();
     // Archives and clears. A folder of the user's choice may take its time: until the archive has been moved there, and
-    // if it cannot be, it is kept beside the main store, which the log tells. The timers are cleared even if nothing
+    // as long as it cannot be, it is kept beside the main store, which the user is told. The timers are cleared even if nothing
     // could be written.
     void doPeriodicSave();
     // The same, named after the day that was due.
@@ -76,16 +78,24 @@ private:
     void moveLater(const QString& kept, const QString& path);
     // As the extension says. The main store's name is refused.
     Outcome write(const QString& path);
-    void tellKept(const QString& kept, const QString& why);
+    void wasMoved(const QString& kept, const QString& path, const Outcome& moved);
+    // The folder answers again: what is kept goes there too.
+    void moveKept();
+    // What the user has taken away himself is kept no more.
+    void forgetWhatIsGone();
+    void tellKept();
+    void logKept(const QString& kept, const QString& why);
+    void tellLost(const QString& name, const QString& why);
 
     TimeTracker& m_tracker;
     TimeDatabase& m_database;
     UserDefaults& m_defaults;
     const Clock& m_clock;
-    RunLoop& m_runLoop;
-    SystemLog& m_log;
+    TimeStoreServices& m_services;
     std::function<void()> m_didClear;
     BackgroundMove m_moves;
+    // Archives that lie beside the main store, and where they belong.
+    std::vector<std::pair<QString, QString>> m_kept;
     // The settings by which was planned.
     std::pair<bool, PropertyListValue> m_plannedBy;
     std::optional<Plan> m_plan;

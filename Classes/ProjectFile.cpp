@@ -13,8 +13,9 @@ const QString kFileName = QStringLiteral("Ticklog Projects");
 
 } // namespace
 
-ProjectFile::ProjectFile(const QString& documentsFolder, SystemLog& log)
-    : m_log(log) {
+ProjectFile::ProjectFile(const QString& documentsFolder, SystemLog& log, AccountTrouble& trouble)
+    : m_log(log)
+    , m_trouble(trouble) {
     if (!documentsFolder.isEmpty())
         m_path = documentsFolder + u'/' + kFileName;
 }
@@ -31,22 +32,35 @@ PropertyListArray ProjectFile::read() {
     if (records && (records->empty() || records->back().asDictionary()))
         return *records;
     m_isDamaged = true;
+    m_trouble.tell(AccountTrouble::Kind::ProjectsSetAside, AccountTrouble::setAside(*m_path));
     m_log.log(QStringLiteral("The projects cannot be read and start empty: ") +
               (file ? QStringLiteral("no list of projects") : file.failure().text));
     return {};
 }
 
-void ProjectFile::write(const PropertyListArray& projects) {
-    if (!m_path || !setAsideDamaged())
-        return;
+bool ProjectFile::write(const PropertyListArray& projects) {
+    if (!m_path)
+        return true;
+    const bool isWritten = setAsideDamaged() && replace(projects);
+    if (isWritten)
+        m_trouble.end(AccountTrouble::Kind::ProjectsUnwritten);
+    else
+        m_trouble.tell(AccountTrouble::Kind::ProjectsUnwritten, AccountTrouble::unwritten(*m_path));
+    return isWritten;
+}
+
+bool ProjectFile::replace(const PropertyListArray& projects) {
     // Many a home has no documents folder until somebody needs one.
     static_cast<void>(PrivateFiles::makeFolder(QFileInfo(*m_path).path()));
     try {
-        if (const Outcome outcome = PropertyList::writeBinaryFile(projects, *m_path); !outcome)
+        const Outcome outcome = PropertyList::writeBinaryFile(projects, *m_path);
+        if (!outcome)
             m_log.log(QStringLiteral("The projects could not be written: ") + outcome.failure().text);
+        return bool(outcome);
     } catch (const InternalInconsistency& failure) {
         // Something that no property list can hold; what stood there stays.
         m_log.log(failure.description());
+        return false;
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/AccountTrouble.h"
 #include "platform/foundation/PropertyListValue.h"
 #include "platform/foundation/SystemLog.h"
 
@@ -9,21 +10,23 @@
 // The file that keeps the projects: a binary property list, an array of records. Main thread only.
 class ProjectFile {
 public:
-    // `documentsFolder` is empty when the user has none. The log outlives the file.
-    ProjectFile(const QString& documentsFolder, SystemLog& log);
+    // `documentsFolder` is empty when the user has none. The others outlive the file.
+    ProjectFile(const QString& documentsFolder, SystemLog& log, AccountTrouble& trouble);
 
     // "Ticklog Projects" in the documents folder. Absent without one: then nothing is read or written.
     const std::optional<QString>& urlForTKProjects() const { return m_path; }
 
     // Empty when there is no file, or none that can be read. Such a file is set aside before the first write.
     PropertyListArray read();
-    // Replaces the file, for the user alone (0600). On failure what stood there stays, and the log has a line.
-    void write(const PropertyListArray& projects);
+    // Replaces the file, for the user alone (0600). False on failure: what stood there stays, and the user is told.
+    bool write(const PropertyListArray& projects);
 
 private:
     bool setAsideDamaged();
+    bool replace(const PropertyListArray& projects);
 
     std::optional<QString> m_path;
     SystemLog& m_log;
+    AccountTrouble& m_trouble;
     bool m_isDamaged = false;
 };

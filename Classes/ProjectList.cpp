@@ -13,7 +13,7 @@ using Kind = ProjectListChange::Kind;
 ProjectList::ProjectList(TimeStoreServices& services, UserDefaults& defaults, const QString& documentsFolder)
     : m_services(services)
     , m_defaults(defaults)
-    , m_file(documentsFolder, services.log)
+    , m_file(documentsFolder, services.log, services.trouble)
     , m_projects(recordsFrom(m_file.read()))
     , m_mainItem(std::make_shared<ProjectRecord>(
           PropertyListDictionary{{kProjectSubtree, PropertyListArray()},
@@ -102,8 +102,8 @@ void ProjectList::saveData() {
 }
 
 void ProjectList::writeChanges() {
-    if (std::exchange(m_hasUnwritten, false))
-        m_file.write(arrayRepresentation());
+    if (m_hasUnwritten)
+        m_hasUnwritten = !m_file.write(arrayRepresentation());
 }
 
 ProjectList::Project ProjectList::addNewProjectWithItems(const std::vector<Identity>& items,

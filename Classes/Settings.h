@@ -20,6 +20,11 @@ inline const QString kTKPrefShowMenuItem = QStringLiteral("kTKPrefShowMenuItem")
 
 // The path of the main store; a later launch begins there when a file is there.
 inline const QString kMainStorePath = QStringLiteral("MainStorePath");
+// The main store, at its recorded place, that could not be found at a launch: what lies at the default place was counted
+// meanwhile and belongs to it.
+inline const QString kMeanwhileOf = QStringLiteral("kTKMeanwhileOf");
+// What that main store's file was like when the time counted meanwhile was about to be added to it.
+inline const QString kMeanwhileNotYetIn = QStringLiteral("kTKMeanwhileNotYetIn");
 // The next launch starts the timer.
 inline const QString kStartTicklogOnNextLaunch = QStringLiteral("startTicklogOnNextLaunch");
 // The timer ran when it was last started or stopped.

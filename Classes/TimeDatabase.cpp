@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/TimeDatabase.h"
 
+#include "Classes/AccountTrouble.h"
 #include "Classes/Settings.h"
 #include "Classes/StoreFile.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
+#include "Classes/WholeFile.h"
+#include "platform/foundation/LocalizedStrings.h"
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <sys/stat.h>
+
+using Trouble = AccountTrouble::Kind;
 
 namespace {
 
@@ -17,28 +24,49 @@ const QString kVersion = QStringLiteral("1.5");
 const QString kMainStoreName = QStringLiteral("Primary Database.tkd");
 const QString kImportBackup = QStringLiteral("Import Backup");
 
+const QString kAdded = QStringLiteral("Added");
+
+constexpr std::chrono::seconds kBetweenTries{60};
+constexpr std::chrono::seconds kBetweenLooks{10};
+
 // Never replaces what stands at `to`.
 Outcome copyFile(const QString& from, const QString& to) {
-    if (QFileInfo::exists(to))
+    if (QFileInfo::exists(to) || QFileInfo(to).isSymLink())
         return Failure{Failure::Kind::AlreadyExists, QStringLiteral("%1 exists already.").arg(to)};
     QFile file(from);
-    if (!file.copy(to))
-        return Failure{Failure::Kind::CannotWrite,
-                       QStringLiteral("%1 could not be copied: %2").arg(from, file.errorString())};
-    QFile::setPermissions(to, QFile::ReadOwner | QFile::WriteOwner);
-    return Done{};
+    if (!file.open(QFile::ReadOnly))
+        return Failure{Failure::Kind::Unreadable, QStringLiteral("%1: %2").arg(from, file.errorString())};
+    return WholeFile::write(file.readAll(), to);
+}
+
+// "Primary Database - Import Backup.tkd", whether it is there or not.
+QString besideStore(const QString& store, const QString& what) {
+    const QString suffix = QFileInfo(store).suffix();
+    const QString ending = suffix.isEmpty() ? QString() : u'.' + suffix;
+    return store.chopped(ending.size()) + QStringLiteral(" - ") + what + ending;
+}
+
+// Tells one content of a file from a later one.
+QString stateOf(const QString& path) {
+    struct stat status {};
+
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return QStringLiteral("none");
+    return QStringLiteral("%1 %2 %3")
+        .arg(status.st_size)
+        .arg(status.st_mtim.tv_sec)
+        .arg(status.st_mtim.tv_nsec);
 }
 
 } // namespace
 
-TimeDatabase::TimeDatabase(TimeTracker& tracker, TKUUIDManager& registry, UserDefaults& defaults,
-                           const Folders& folders, SystemLog& log, Hooks hooks)
+TimeDatabase::TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
+                           const Folders& folders, Hooks hooks)
     : m_tracker(tracker)
-    , m_registry(registry)
+    , m_services(services)
     , m_defaults(defaults)
-    , m_log(log)
     , m_hooks(std::move(hooks))
-    , m_store(std::make_unique<StoreFile>(log))
+    , m_store(std::make_unique<StoreFile>(services.log))
     , m_applicationSupportFolder(folders.applicationSupport)
     , m_mainStoreURL(defaultMainStoreURL()) {
     // That it fails is noticed when it is written to.
@@ -75,54 +103,168 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
     };
     const Outcome outcome = m_store->write(location.value_or(m_mainStoreURL), writeContent);
     if (!outcome)
-        m_log.log(QStringLiteral("The database could not be written: ") + outcome.failure().text);
+        m_services.log.log(QStringLiteral("The database could not be written: ") + outcome.failure().text);
+    if (!location)
+        mainStoreWritten(bool(outcome));
     // The identities belong to the timers just written.
-    m_registry.saveData();
+    m_services.registry.saveData();
     return outcome;
 }
 
+void TimeDatabase::mainStoreWritten(bool isWritten) {
+    m_nextTry.reset();
+    if (!isWritten) {
+        m_services.trouble.tell(Trouble::StoreUnwritten, AccountTrouble::unwritten(m_mainStoreURL));
+        m_nextTry = m_services.runLoop.scheduleOnce(kBetweenTries,
+                                                    [this] { static_cast<void>(saveSettingsToDiskAtURL()); });
+        return;
+    }
+    m_services.trouble.end(Trouble::StoreUnwritten);
+    if (m_owesMeanwhile)
+        endMeanwhile();
+    // Not before what lay there has made room.
+    if (m_awaited && m_defaults.object(kMeanwhileOf).toString() != *m_awaited) {
+        m_defaults.setObject(kMeanwhileOf, *m_awaited);
+        m_defaults.synchronize();
+    }
+}
+
 std::optional<PropertyListDictionary> TimeDatabase::loadDictionaryFromURL(const QString& location) {
-    const Result<PropertyListValue> file =
-        location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location);
-    if (file)
-        return take(*file);
-    if (file.failure().kind != Failure::Kind::NotFound)
-        m_log.log(QStringLiteral("A database could not be read: ") + file.failure().text);
-    return std::nullopt;
+    const auto loaded = load(location);
+    return loaded ? std::optional(*loaded) : std::nullopt;
+}
+
+Result<PropertyListDictionary> TimeDatabase::load(const QString& location) {
+    const auto file = location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location);
+    const PropertyListDictionary* entries = file ? file->asDictionary() : nullptr;
+    if (entries && take(*entries))
+        return *entries;
+    const Failure failure =
+        file ? Failure{Failure::Kind::Damaged, QStringLiteral("%1: holds no account").arg(location)}
+             : file.failure();
+    if (failure.kind != Failure::Kind::NotFound)
+        m_services.log.log(QStringLiteral("A database could not be read: ") + failure.text);
+    return failure;
 }
 
 void TimeDatabase::loadMainStore() {
     const QString recorded = m_defaults.object(kMainStorePath).toString();
-    if (!recorded.isEmpty() && QFileInfo(recorded).isFile())
+    if (recorded.isEmpty() || recorded == m_mainStoreURL) {
+        loadOrSetAside(m_mainStoreURL);
+        return;
+    }
+    const bool isMeanwhile = m_defaults.object(kMeanwhileOf).toString() == recorded;
+    if (!isMeanwhile && QFileInfo(recorded).isFile()) {
         m_mainStoreURL = recorded;
-    else if (!recorded.isEmpty() && recorded != m_mainStoreURL)
-        m_log.log(QStringLiteral("%1 is not there: beginning with the database at the default location")
-                      .arg(recorded));
-    // What holds no account that we understand must not be written over.
-    if (!loadDictionaryFromURL(m_mainStoreURL))
-        m_store->refuse(m_mainStoreURL);
+        loadOrSetAside(m_mainStoreURL);
+        return;
+    }
+    if (isMeanwhile)
+        loadOrSetAside(m_mainStoreURL);
+    beginMeanwhile(recorded);
 }
 
-std::optional<PropertyListDictionary> TimeDatabase::take(const PropertyListValue& file) {
-    const PropertyListDictionary* entries = file.asDictionary();
-    if (!entries || entries->isEmpty())
-        return std::nullopt;
+// What holds no account that we understand must not be written over.
+bool TimeDatabase::loadOrSetAside(const QString& location) {
+    const auto loaded = load(location);
+    if (loaded)
+        return true;
+    m_store->refuse(location);
+    if (loaded.failure().kind != Failure::Kind::NotFound)
+        m_services.trouble.tell(Trouble::StoreSetAside, AccountTrouble::setAside(location));
+    return false;
+}
+
+void TimeDatabase::beginMeanwhile(const QString& recorded) {
+    m_awaited = recorded;
+    lookForMainStore();
+    if (!m_awaited)
+        return;
+    m_services.log.log(
+        QStringLiteral("%1 is not there: beginning with the database at the default location").arg(recorded));
+    m_services.trouble.tell(
+        Trouble::StoreMissing,
+        AccountTrouble::about(
+            localized("The database “%@” is missing. What is counted until it is back will be added to it."),
+            recorded));
+    if (m_defaults.object(kMeanwhileOf).toString() == recorded)
+        return;
+    // The account from before it was moved stands there: it is no part of this one.
+    m_store->refuse(m_mainStoreURL);
+    static_cast<void>(saveSettingsToDiskAtURL());
+}
+
+void TimeDatabase::lookForMainStore() {
+    const QFileInfo store(*m_awaited);
+    if (store.isFile() && store.isReadable() && store.isWritable())
+        return bringTogether();
+    m_nextLook = m_services.runLoop.scheduleOnce(kBetweenLooks, [this] { lookForMainStore(); });
+}
+
+void TimeDatabase::bringTogether() {
+    const PropertyListArray meanwhile = m_tracker.arrayRepresentation();
+    const Date lastReset = m_tracker.lastResetDate();
+    const QString location = *m_awaited;
+    {
+        const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
+        m_mainStoreURL = location;
+        stopWaiting();
+    }
+    const bool isLoaded = loadOrSetAside(location);
+    const QString notYetIn = m_defaults.object(kMeanwhileNotYetIn).toString();
+    // A save that an earlier run did not live to see the end of.
+    const bool isIn = isLoaded && !notYetIn.isEmpty() && notYetIn != stateOf(location);
+    if (!isLoaded) {
+        m_tracker.reset();
+        m_tracker.setLastResetDate(lastReset);
+    }
+    if (!isIn) {
+        m_tracker.putBack(meanwhile);
+        m_defaults.setObject(kMeanwhileNotYetIn, stateOf(location));
+        m_defaults.synchronize();
+    }
+    m_owesMeanwhile = true;
+    m_services.log.log(QStringLiteral("%1 is back: what was counted meanwhile is added to it").arg(location));
+    if (m_hooks.timersReplaced)
+        m_hooks.timersReplaced();
+    static_cast<void>(saveSettingsToDiskAtURL());
+}
+
+void TimeDatabase::endMeanwhile() {
+    m_owesMeanwhile = false;
+    if (const QString meanwhile = defaultMainStoreURL(); m_mainStoreURL != meanwhile)
+        QFile::rename(meanwhile, WholeFile::freeName(besideStore(meanwhile, kAdded)));
+    m_defaults.removeObject(kMeanwhileOf);
+    m_defaults.removeObject(kMeanwhileNotYetIn);
+    m_defaults.synchronize();
+}
+
+void TimeDatabase::stopWaiting() {
+    m_awaited.reset();
+    m_nextLook.reset();
+    m_services.trouble.end(Trouble::StoreMissing);
+}
+
+bool TimeDatabase::take(const PropertyListDictionary& entries) {
+    const bool hasVersion = entries.contains(kDatabaseVersion);
+    const PropertyListArray* apps = entries.value(kDatabaseApps).asArray();
+    // Whoever wrote a version wrote a list of applications: without one nobody knows what else is lost.
+    if (entries.isEmpty() || (hasVersion && !apps))
+        return false;
     m_tracker.reset();
     // While the timer runs, what is in front has a fresh timer already.
     const TimeTracker::AppSet fresh = m_tracker.fullTimeSet();
-    if (!entries->contains(kDatabaseVersion)) {
-        if (!takeLegacy(*entries))
-            return std::nullopt;
-    } else {
-        if (const PropertyListArray* apps = entries->value(kDatabaseApps).asArray())
-            m_tracker.setArrayRepresentation(*apps);
-        if (const auto date = entries->value(kDatabaseLastResetDate).asDate())
+    if (hasVersion) {
+        m_tracker.setArrayRepresentation(*apps);
+        if (const auto date = entries.value(kDatabaseLastResetDate).asDate())
             m_tracker.setLastResetDate(*date);
+    } else if (!takeLegacy(entries)) {
+        return false;
     }
     m_tracker.dissolve(fresh);
     if (m_hooks.computeTime)
         m_hooks.computeTime();
-    return *entries;
+    return true;
 }
 
 // The oldest files: names and seconds. One that holds "Apps" after all is a newer one that lost its version: nobody
@@ -146,6 +288,8 @@ Outcome TimeDatabase::chooseDatabaseLocation(const QString& location) {
         return copied;
     const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
     setMainStoreURL(location);
+    stopWaiting();
+    m_defaults.removeObject(kMeanwhileOf);
     return copied;
 }
 
@@ -155,26 +299,39 @@ void TimeDatabase::restoreDefaultDatabaseLocation() {
     if (m_mainStoreURL != defaultMainStoreURL())
         m_store->refuse(defaultMainStoreURL());
     setMainStoreURL(defaultMainStoreURL());
-    // Also after a launch that did not find the recorded one.
+    // Also after a launch that did not find the recorded one: what was counted meanwhile is the account.
     m_defaults.setObject(kMainStorePath, m_mainStoreURL);
+    stopWaiting();
+    m_defaults.removeObject(kMeanwhileOf);
 }
 
-void TimeDatabase::importDatabase(const QString& location) {
-    // The backup is to hold what the user sees, not what was saved a while ago.
-    if (location != m_mainStoreURL)
-        static_cast<void>(saveSettingsToDiskAtURL());
-    // The first backup is kept: it holds the account from before all imports.
-    if (const Outcome backup = copyFile(m_mainStoreURL, importBackupURL()); !backup)
-        m_log.log(QStringLiteral("No backup was made before the import: ") + backup.failure().text);
-    const auto imported = loadDictionaryFromURL(location);
-    if (imported && imported->contains(kDatabaseProjects) && m_hooks.setProjects)
+Outcome TimeDatabase::importDatabase(const QString& location) {
+    if (const Outcome backup = backUpBeforeImport(location); !backup) {
+        m_services.log.log(QStringLiteral("Nothing was imported, for want of a backup: ") +
+                           backup.failure().text);
+        return Failure{backup.failure().kind, localized("No backup could be made, so nothing was changed.") +
+                                                  u'\n' + backup.failure().text};
+    }
+    const Result<PropertyListDictionary> imported = load(location);
+    if (!imported)
+        return imported.failure();
+    if (imported->contains(kDatabaseProjects) && m_hooks.setProjects)
         m_hooks.setProjects(imported->value(kDatabaseProjects));
+    return Done{};
+}
+
+Outcome TimeDatabase::backUpBeforeImport(const QString& location) {
+    // A save would replace what is to be imported.
+    if (location == m_mainStoreURL || WholeFile::isSame(location, m_mainStoreURL))
+        return saveSettingsToDiskAtURL(importBackupURL());
+    // The backup is to hold what the user sees, not what was saved a while ago.
+    if (Outcome saved = saveSettingsToDiskAtURL(); !saved)
+        return saved;
+    return copyFile(m_mainStoreURL, importBackupURL());
 }
 
 QString TimeDatabase::importBackupURL() const {
-    const QFileInfo store(m_mainStoreURL);
-    const QString suffix = store.suffix().isEmpty() ? QString() : u'.' + store.suffix();
-    return QString(m_mainStoreURL).chopped(suffix.size()) + QStringLiteral(" - ") + kImportBackup + suffix;
+    return WholeFile::freeName(besideStore(m_mainStoreURL, kImportBackup));
 }
 
 QVariant TimeDatabase::valueForKey(ObservedKey key) const {

@@ -5,7 +5,7 @@
 #include "platform/foundation/KeyValueObserving.h"
 #include "platform/foundation/PropertyListValue.h"
 #include "platform/foundation/Result.h"
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
 
 #include <functional>
@@ -14,7 +14,7 @@
 
 class StoreFile;
 class TimeTracker;
-class TKUUIDManager;
+struct TimeStoreServices;
 
 // The path of the main store, for observers of the database.
 inline constexpr ObservedKey kPathDirectoryKey{"pathDirectory"};
@@ -29,7 +29,10 @@ inline const QString kDatabaseLastResetDate = QStringLiteral("LastResetDate");
 inline const QString kDatabaseExtension = QStringLiteral("tkd");
 
 // All timers in one file, the main store: read at launch, written whenever they must be kept. Locations are full
-// paths. Main thread only.
+// paths. What goes wrong is in the log, and what troubles the account is told to the user. Main thread only.
+//
+// Where the file is not found at its recorded place at launch, on a disk that is not connected say, an empty account begins
+// at the default place. As soon as the file is back, now or at a later launch, what was counted meanwhile is added to it.
 class TimeDatabase : public Observable {
 public:
     // What the database asks of those who are above it or come later.
@@ -40,11 +43,13 @@ public:
         std::function<void(const PropertyListValue&)> setProjects;
         // The tree is another one: the displays are out of date.
         std::function<void()> computeTime;
+        // What could be undone was done to timers that are no more.
+        std::function<void()> timersReplaced;
     };
 
     // Makes the application-support folder if it is missing. Everything must outlive the database.
-    TimeDatabase(TimeTracker& tracker, TKUUIDManager& registry, UserDefaults& defaults,
-                 const Folders& folders, SystemLog& log, Hooks hooks);
+    TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
+                 const Folders& folders, Hooks hooks);
     ~TimeDatabase() override;
 
     const QString& applicationSupportFolder() const { return m_applicationSupportFolder; }
@@ -57,35 +62,55 @@ public:
     const QString& pathDirectory() const { return m_mainStoreURL; }
 
     // Writes the main store, or with a location a copy there that holds the projects as well. What stood there stays
-    // whole if it fails, which the log tells.
+    // whole if it fails; the main store is then tried again every minute.
     Outcome saveSettingsToDiskAtURL(const std::optional<QString>& location = std::nullopt);
     // Replaces all timers by those of a file and answers what was read. Absent, with the timers untouched, when the
-    // file cannot be read or holds nothing.
+    // file cannot be read or holds no account.
     std::optional<PropertyListDictionary> loadDictionaryFromURL(const QString& location);
     // Reads the main store: from the recorded location if a file is there, else from the default one.
     void loadMainStore();
+    // Whether the recorded location is waited for.
+    bool isAwaitingMainStore() const { return m_awaited.has_value(); }
 
     // Copies the main store to `location`, which must not exist, and makes that the main store.
     Outcome chooseDatabaseLocation(const QString& location);
     // The next save goes to the default place; the file stays where it is.
     void restoreDefaultDatabaseLocation();
-    // Replaces all timers, and the projects if there are any, by those of a file, after a backup of the main store.
-    void importDatabase(const QString& location);
-    // "Primary Database - Import Backup.tkd" beside the main store.
+    // Replaces all timers, and the projects if there are any, by those of a file, after a backup of what there is. A backup
+    // that cannot be made stops it.
+    Outcome importDatabase(const QString& location);
+    // Where the backup of the next import goes: "Primary Database - Import Backup.tkd" beside the main store, or with a number
+    // where that is taken.
     QString importBackupURL() const;
 
     QVariant valueForKey(ObservedKey key) const override;
 
 private:
-    std::optional<PropertyListDictionary> take(const PropertyListValue& file);
+    Result<PropertyListDictionary> load(const QString& location);
+    bool take(const PropertyListDictionary& entries);
     bool takeLegacy(const PropertyListDictionary& entries);
+    bool loadOrSetAside(const QString& location);
+    void mainStoreWritten(bool isWritten);
+    Outcome backUpBeforeImport(const QString& location);
+
+    // See the class. `recorded` is the location that is waited for.
+    void beginMeanwhile(const QString& recorded);
+    void lookForMainStore();
+    void bringTogether();
+    // What was counted meanwhile is in the main store: its file goes out of the way.
+    void endMeanwhile();
+    void stopWaiting();
 
     TimeTracker& m_tracker;
-    TKUUIDManager& m_registry;
+    TimeStoreServices& m_services;
     UserDefaults& m_defaults;
-    SystemLog& m_log;
     Hooks m_hooks;
     std::unique_ptr<StoreFile> m_store;
     QString m_applicationSupportFolder;
     QString m_mainStoreURL;
+    std::optional<QString> m_awaited;
+    // What was counted meanwhile is in the tree and not yet in the main store.
+    bool m_owesMeanwhile = false;
+    std::unique_ptr<RunLoopTimer> m_nextLook;
+    std::unique_ptr<RunLoopTimer> m_nextTry;
 };

@@ -8,6 +8,7 @@
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/SystemLog.h"
 
+class AccountTrouble;
 class TKUUIDManager;
 
 // The observable properties of a node.
@@ -38,6 +39,7 @@ struct TimeStoreServices {
     NotificationCenter& notifications;
     RunLoop& runLoop;
     SystemLog& log;
+    AccountTrouble& trouble;
 };
 
 // What every timer has. A node's time only grows by addTimeInterval(); its identity is fixed at construction unless it

@@ -133,7 +133,7 @@ public:
     PropertyListArray arrayRepresentation() const;
     // The same, piece by piece.
     void writeArrayRepresentation(PropertyListSink& sink) const;
-    // Adds the applications of `entries` to what is there. Entries of other types are left out.
+    // Adds the applications of `entries` to what is there. Entries of other types are left out, and counted in the log.
     void setArrayRepresentation(const PropertyListArray& entries);
 
     // Takes applications out of the tree that have been made since it was cleared, where another of the same name has

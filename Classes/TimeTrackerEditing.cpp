@@ -149,20 +149,39 @@ void TimeTracker::writeArrayRepresentation(PropertyListSink& sink) const {
     sink.endArray();
 }
 
+// Answers how many were left out.
+static int addWindows(TimeStoreApp& app, const PropertyListArray& windows) {
+    int damaged = 0;
+    for (const PropertyListValue& window : windows)
+        if (const PropertyListDictionary* record = window.asDictionary();
+            record && !record->value(kRecordName).toString().isEmpty())
+            app.addChildFromDictionary(*record);
+        else
+            ++damaged;
+    return damaged;
+}
+
 void TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    int damaged = 0;
     for (const PropertyListValue& value : entries) {
         const PropertyListDictionary* entry = value.asDictionary();
         const PropertyListDictionary* record = entry ? entry->value(kEntryApp).asDictionary() : nullptr;
-        if (!record)
+        if (!record) {
+            ++damaged;
             continue;
+        }
         auto app = std::make_shared<TimeStoreApp>(m_services.store, *record);
-        if (const PropertyListArray* windows = entry->value(kEntryWindows).asArray())
-            for (const PropertyListValue& window : *windows)
-                if (const PropertyListDictionary* windowRecord = window.asDictionary())
-                    app->addChildFromDictionary(*windowRecord);
+        const PropertyListValue& windows = entry->value(kEntryWindows);
+        if (const PropertyListArray* list = windows.asArray())
+            damaged += addWindows(*app, *list);
+        else if (!windows.isAbsent())
+            ++damaged;
         addApplication(std::move(app));
     }
+    if (damaged > 0)
+        m_services.store.log.log(
+            QStringLiteral("%1 entries of the database are damaged and were left out.").arg(damaged));
 }
 
 void TimeTracker::dissolve(const AppSet& applications) {

@@ -56,7 +56,7 @@ print(sorted(reads)[1] * 1000, sorted(writes)[1] * 1000)
 struct Start {
     explicit Start(FakePlatform& fakes)
         : engine(fakes.platform, {})
-        , database(engine.tracker(), engine.registry(), fakes.defaults, fakes.folders, fakes.log, {}) {}
+        , database(engine.tracker(), engine.services().store, fakes.defaults, fakes.folders, {}) {}
 
     Engine engine;
     TimeDatabase database;
@@ -74,7 +74,7 @@ Measure measuredReading(FakePlatform& fakes) {
 bool measureSize(int applications, int windows) {
     FakePlatform fakes;
     Engine engine(fakes.platform, {});
-    TimeDatabase database(engine.tracker(), engine.registry(), fakes.defaults, fakes.folders, fakes.log, {});
+    TimeDatabase database(engine.tracker(), engine.services().store, fakes.defaults, fakes.folders, {});
     SampleAccount account(applications, windows);
     engine.tracker().setArrayRepresentation(account.entries());
     const QString path = database.mainStoreURL();

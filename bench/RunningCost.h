@@ -23,7 +23,7 @@ inline void writeAccount(const TemporaryHome& home, int applications, int window
     Engine engine(fakes.platform, {});
     Folders folders = fakes.folders;
     folders.applicationSupport = home.dataFolder() + QStringLiteral("/Ticklog");
-    TimeDatabase database(engine.tracker(), engine.registry(), fakes.defaults, folders, fakes.log, {});
+    TimeDatabase database(engine.tracker(), engine.services().store, fakes.defaults, folders, {});
     engine.tracker().setArrayRepresentation(SampleAccount(applications, windows).entries());
     static_cast<void>(database.saveSettingsToDiskAtURL());
 }

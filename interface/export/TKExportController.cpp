@@ -9,15 +9,15 @@
 
 #include <QFileInfo>
 
-TKExportController::TKExportController(TimeTracker& tracker, TimeDatabase& database, const Platform& platform,
-                                       Alerts& alerts, std::function<void()> didClear)
+TKExportController::TKExportController(TimeTracker& tracker, TimeDatabase& database,
+                                       TimeStoreServices& services, const Platform& platform, Alerts& alerts,
+                                       std::function<void()> didClear)
     : m_tracker(tracker)
     , m_defaults(platform.defaults)
     , m_log(platform.log)
     , m_documents(platform.folders.documents)
     , m_alerts(alerts)
-    , m_periodicSave(tracker, database, platform.defaults, platform.clock, platform.runLoop, platform.log,
-                     std::move(didClear)) {
+    , m_periodicSave(tracker, database, services, platform.defaults, platform.clock, std::move(didClear)) {
     m_settings =
         platform.notifications.observe(kUserDefaultsDidChangeNotification,
                                        [this](const Notification&) { m_periodicSave.settingsChanged(); });

@@ -16,8 +16,8 @@ inline constexpr ObservedKey kPeriodicSaveDirectoryKey{"periodicSaveDirectory"};
 class TKExportController : public Observable {
 public:
     // Sets the scheduled archive up. `didClear` is called after it has cleared the timers. All must outlive this.
-    TKExportController(TimeTracker& tracker, TimeDatabase& database, const Platform& platform, Alerts& alerts,
-                       std::function<void()> didClear);
+    TKExportController(TimeTracker& tracker, TimeDatabase& database, TimeStoreServices& services,
+                       const Platform& platform, Alerts& alerts, std::function<void()> didClear);
 
     // The settings of the scheduled archive are other ones.
     void updatedSaveTimerPeriodically() { m_periodicSave.updatedSaveTimerPeriodically(); }

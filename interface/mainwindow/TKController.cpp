@@ -44,10 +44,11 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     , m_sum(m_engine.tracker(), m_window, [this] { return m_searchedProject.get(); })
     , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
     , m_database(
-          m_engine.tracker(), m_engine.registry(), platform.defaults, platform.folders, platform.log,
+          m_engine.tracker(), m_engine.services().store, platform.defaults, platform.folders,
           {.projects = [this] { return m_projects.arrayRepresentation(); },
            .setProjects = [this](const PropertyListValue& records) { m_projects.setProjects(records); },
-           .computeTime = [this] { m_timer.refreshDisplay(); }})
+           .computeTime = [this] { m_timer.refreshDisplay(); },
+           .timersReplaced = [this] { m_undoStack.clear(); }})
     , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
     , m_loginItem(platform.loginItems)
     , m_appDelegate(*this, platform, alerts) {
@@ -64,7 +65,8 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     m_database.loadMainStore();
     m_projectController.emplace(m_projects, m_projectNodes, platform.notifications, m_window.projectOutline(),
                                 alerts, m_undoStack, projectServices());
-    m_exportController.emplace(m_engine.tracker(), m_database, platform, alerts, [this] { timersCleared(); });
+    m_exportController.emplace(m_engine.tracker(), m_database, m_engine.services().store, platform, alerts,
+                               [this] { timersCleared(); });
     m_commands.emplace(*this, m_undoStack);
     connectSidebar();
     m_timer.registerForSystemSleep(platform.power);

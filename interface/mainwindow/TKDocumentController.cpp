@@ -24,8 +24,10 @@ void TKDocumentController::openDocumentWithContentsOfURL(const QString& location
                       .alternateButton = localized("Replace"),
                       .otherButton = {}});
     if (answer != Alerts::Default) {
-        m_database.importDatabase(location);
+        const Outcome imported = m_database.importDatabase(location);
         m_imported();
+        if (!imported)
+            m_alerts.showError(localized("The timers could not be imported."), imported.failure().text);
     }
     if (completion)
         completion(false);

@@ -18,7 +18,7 @@ public:
     // `imported` is called after the timers were replaced. The rest must outlive this.
     TKDocumentController(TimeDatabase& database, Alerts& alerts, std::function<void()> imported);
 
-    // Asks whether the timers are to be replaced by those of the file at `location`, and does so.
+    // Asks whether the timers are to be replaced by those of the file at `location`, and does so, or says why it cannot.
     void openDocumentWithContentsOfURL(const QString& location, const Completion& completion = {});
     // Has the user choose the file first.
     void openDocument();

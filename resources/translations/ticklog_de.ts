@@ -935,5 +935,49 @@
         <source>Freeze</source>
         <translation>Einfrieren</translation>
     </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is missing.</source>
+        <translation>„%@“ kann nicht gesichert werden: Der Ordner fehlt.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is read-only.</source>
+        <translation>„%@“ kann nicht gesichert werden: Der Ordner ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: the disk is full.</source>
+        <translation>„%@“ kann nicht gesichert werden: Der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved.</source>
+        <translation>„%@“ kann nicht gesichert werden.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <translation>„%@“ konnte nicht gelesen werden. Die Datei ist beiseitegelegt, und Ticklog hat ohne sie begonnen.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <translation>„%@“ konnte nicht gelesen werden. Ticklog verwendet die zuletzt aufbewahrten Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
+        <translation>Das Archiv „%@“ konnte nicht in seinen Ordner gelegt werden. Es liegt neben der Datenbank.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be written anywhere.</source>
+        <translation>Das Archiv „%@“ konnte nirgends geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The database “%@” is missing. What is counted until it is back will be added to it.</source>
+        <translation>Die Datenbank „%@“ fehlt. Was gezählt wird, bis sie wieder da ist, wird ihr hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>No backup could be made, so nothing was changed.</source>
+        <translation>Es konnte keine Sicherung angelegt werden, daher wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>The timers could not be imported.</source>
+        <translation>Die Timer konnten nicht importiert werden.</translation>
+    </message>
 </context>
 </TS>

@@ -935,5 +935,49 @@
         <source>Freeze</source>
         <translation>Congelar</translation>
     </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is missing.</source>
+        <translation>No se puede guardar «%@»: falta su carpeta.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is read-only.</source>
+        <translation>No se puede guardar «%@»: su carpeta es de solo lectura.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: the disk is full.</source>
+        <translation>No se puede guardar «%@»: el disco está lleno.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved.</source>
+        <translation>No se puede guardar «%@».</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <translation>No se pudo leer «%@». El archivo se ha apartado y Ticklog ha empezado sin él.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <translation>No se pudo leer «%@». Ticklog sigue con los últimos ajustes que conservaba.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
+        <translation>El archivo histórico «%@» no se pudo llevar a su carpeta. Está junto a la base de datos.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be written anywhere.</source>
+        <translation>El archivo histórico «%@» no se pudo escribir en ningún sitio.</translation>
+    </message>
+    <message>
+        <source>The database “%@” is missing. What is counted until it is back will be added to it.</source>
+        <translation>Falta la base de datos «%@». Lo que se cuente hasta que vuelva se le añadirá.</translation>
+    </message>
+    <message>
+        <source>No backup could be made, so nothing was changed.</source>
+        <translation>No se pudo hacer ninguna copia de seguridad, así que no se ha cambiado nada.</translation>
+    </message>
+    <message>
+        <source>The timers could not be imported.</source>
+        <translation>No se pudieron importar los temporizadores.</translation>
+    </message>
 </context>
 </TS>

@@ -935,5 +935,49 @@
         <source>Freeze</source>
         <translation>Figer</translation>
     </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is missing.</source>
+        <translation>«&#xa0;%@&#xa0;» ne peut pas être enregistré&#xa0;: son dossier est introuvable.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is read-only.</source>
+        <translation>«&#xa0;%@&#xa0;» ne peut pas être enregistré&#xa0;: son dossier est en lecture seule.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: the disk is full.</source>
+        <translation>«&#xa0;%@&#xa0;» ne peut pas être enregistré&#xa0;: le disque est plein.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved.</source>
+        <translation>«&#xa0;%@&#xa0;» ne peut pas être enregistré.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <translation>«&#xa0;%@&#xa0;» n’a pas pu être lu. Le fichier est mis de côté et Ticklog a commencé sans lui.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <translation>«&#xa0;%@&#xa0;» n’a pas pu être lu. Ticklog continue avec les derniers réglages conservés.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
+        <translation>L’archive «&#xa0;%@&#xa0;» n’a pas pu être placée dans son dossier. Elle se trouve à côté de la base de données.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be written anywhere.</source>
+        <translation>L’archive «&#xa0;%@&#xa0;» n’a pu être écrite nulle part.</translation>
+    </message>
+    <message>
+        <source>The database “%@” is missing. What is counted until it is back will be added to it.</source>
+        <translation>La base de données «&#xa0;%@&#xa0;» est introuvable. Ce qui est compté jusqu’à son retour y sera ajouté.</translation>
+    </message>
+    <message>
+        <source>No backup could be made, so nothing was changed.</source>
+        <translation>Aucune sauvegarde n’a pu être faite, rien n’a donc été modifié.</translation>
+    </message>
+    <message>
+        <source>The timers could not be imported.</source>
+        <translation>Les chronomètres n’ont pas pu être importés.</translation>
+    </message>
 </context>
 </TS>

@@ -935,5 +935,49 @@
         <source>Freeze</source>
         <translation>凍結</translation>
     </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is missing.</source>
+        <translation>「%@」を保存できません。フォルダーがありません。</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is read-only.</source>
+        <translation>「%@」を保存できません。フォルダーが読み取り専用です。</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: the disk is full.</source>
+        <translation>「%@」を保存できません。ディスクがいっぱいです。</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved.</source>
+        <translation>「%@」を保存できません。</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <translation>「%@」を読み込めませんでした。ファイルは別名で残し、Ticklog はそれなしで開始しました。</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <translation>「%@」を読み込めませんでした。Ticklog は最後に保存しておいた設定を使います。</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
+        <translation>アーカイブ「%@」をフォルダーに移せませんでした。データベースの隣にあります。</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be written anywhere.</source>
+        <translation>アーカイブ「%@」はどこにも書き込めませんでした。</translation>
+    </message>
+    <message>
+        <source>The database “%@” is missing. What is counted until it is back will be added to it.</source>
+        <translation>データベース「%@」が見つかりません。戻るまでに計測した時間は、戻ったときに加えられます。</translation>
+    </message>
+    <message>
+        <source>No backup could be made, so nothing was changed.</source>
+        <translation>バックアップを作成できなかったため、何も変更していません。</translation>
+    </message>
+    <message>
+        <source>The timers could not be imported.</source>
+        <translation>タイマーをインポートできませんでした。</translation>
+    </message>
 </context>
 </TS>

@@ -935,5 +935,49 @@
         <source>Freeze</source>
         <translation>Zamroź</translation>
     </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is missing.</source>
+        <translation>Nie można zapisać „%@”: brak folderu.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: its folder is read-only.</source>
+        <translation>Nie można zapisać „%@”: folder jest tylko do odczytu.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved: the disk is full.</source>
+        <translation>Nie można zapisać „%@”: dysk jest pełny.</translation>
+    </message>
+    <message>
+        <source>“%@” cannot be saved.</source>
+        <translation>Nie można zapisać „%@”.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <translation>Nie udało się odczytać „%@”. Plik odłożono na bok, a Ticklog zaczął bez niego.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <translation>Nie udało się odczytać „%@”. Ticklog korzysta z ostatnich zachowanych ustawień.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
+        <translation>Archiwum „%@” nie udało się przenieść do jego folderu. Leży obok bazy danych.</translation>
+    </message>
+    <message>
+        <source>The archive “%@” could not be written anywhere.</source>
+        <translation>Archiwum „%@” nie udało się nigdzie zapisać.</translation>
+    </message>
+    <message>
+        <source>The database “%@” is missing. What is counted until it is back will be added to it.</source>
+        <translation>Brakuje bazy danych „%@”. Czas zliczony do jej powrotu zostanie do niej dodany.</translation>
+    </message>
+    <message>
+        <source>No backup could be made, so nothing was changed.</source>
+        <translation>Nie udało się utworzyć kopii zapasowej, więc niczego nie zmieniono.</translation>
+    </message>
+    <message>
+        <source>The timers could not be imported.</source>
+        <translation>Nie udało się zaimportować liczników.</translation>
+    </message>
 </context>
 </TS>

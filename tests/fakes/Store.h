@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/AccountTrouble.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeStoreApp.h"
 #include "tests/fakes/Announcements.h"
@@ -44,5 +45,6 @@ protected:
     FakePlatform fakes;
     TKUUIDManager registry{TKUUIDManager::savePath(fakes.folders.applicationSupport), fakes.runLoop,
                            fakes.log};
-    TimeStoreServices store{registry, fakes.notifications, fakes.runLoop, fakes.log};
+    AccountTrouble trouble;
+    TimeStoreServices store{registry, fakes.notifications, fakes.runLoop, fakes.log, trouble};
 };

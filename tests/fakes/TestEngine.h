@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/AccountTrouble.h"
 #include "Classes/SystemIdleTime.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimerControl.h"
@@ -38,7 +39,8 @@ struct TestEngine {
     FakePlatform fakes;
     TKUUIDManager registry{TKUUIDManager::savePath(fakes.folders.applicationSupport), fakes.runLoop,
                            fakes.log};
-    TimeStoreServices store{registry, fakes.notifications, fakes.runLoop, fakes.log};
+    AccountTrouble trouble;
+    TimeStoreServices store{registry, fakes.notifications, fakes.runLoop, fakes.log, trouble};
     ActivityServices activity{fakes.frontApplication, fakes.windowList, fakes.accessibility,
                               fakes.runLoop,          fakes.clock,      fakes.log};
     // The statuses with which the process would have ended.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/interface/Desk.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -24,9 +26,10 @@ struct TKDocumentControllerTest : testing::Test, Desk {
         settle();
     }
 
-    bool hasBackup() { return QFileInfo::exists(controller.database().importBackupURL()); }
+    bool hasBackup() { return QFileInfo::exists(backup); }
 
     QString file = fakes.home.filePath(QStringLiteral("other.tkd"));
+    QString backup = controller.database().importBackupURL();
     int completions = 0;
 };
 
@@ -55,6 +58,7 @@ TEST_F(TKDocumentControllerTest, replaced_backsUpAndShowsTheOtherTimers) {
     open(file);
     EXPECT_EQ(textOf(model()), QStringLiteral("Mail 00:00:30"));
     EXPECT_TRUE(hasBackup());
+    EXPECT_EQ(alerts.errors, QStringList());
     EXPECT_EQ(completions, 1);
     EXPECT_FALSE(actions().undo->isEnabled()) << "what could be undone is gone";
 }
@@ -65,6 +69,18 @@ TEST_F(TKDocumentControllerTest, anUnreadableFile_isBackedUpForAndLeavesTheTimer
     EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:01:00"));
     EXPECT_TRUE(hasBackup());
     EXPECT_EQ(completions, 1);
+    ASSERT_EQ(alerts.errors.size(), 1) << "and says so";
+    EXPECT_TRUE(alerts.errors.first().startsWith(QStringLiteral("The timers could not be imported.")));
+}
+
+TEST_F(TKDocumentControllerTest, withoutABackup_nothingIsReplacedAndThatIsSaid) {
+    alerts.answer = Alerts::Alternate;
+    ASSERT_TRUE(QDir(fakes.folders.applicationSupport).removeRecursively());
+    open(file);
+    EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:01:00"));
+    EXPECT_EQ(completions, 1);
+    ASSERT_EQ(alerts.errors.size(), 1);
+    EXPECT_TRUE(alerts.errors.first().contains(QStringLiteral("No backup could be made")));
 }
 
 TEST_F(TKDocumentControllerTest, theMenu_hasTheFileChosenFirst) {

@@ -81,17 +81,17 @@ protected:
     FakePlatform fakes;
     Engine engine{fakes.platform, {}};
     TimeDatabase database{engine.tracker(),
-                          engine.registry(),
+                          engine.services().store,
                           fakes.defaults,
                           fakes.folders,
-                          fakes.log,
                           {.projects =
                                [] {
                                    return PropertyListArray{PropertyListDictionary{
                                        {QStringLiteral("Label"), QStringLiteral("Home")}}};
                                },
                            .setProjects = {},
-                           .computeTime = [] {}}};
+                           .computeTime = [] {},
+                           .timersReplaced = {}}};
     int cleared = 0;
     // While the folder of the archives does not answer, what waits for it.
     bool isFolderSlow = false;
@@ -99,9 +99,9 @@ protected:
     BackgroundMove::Background background = [this](auto work) {
         isFolderSlow ? waiting.push_back(std::move(work)) : work();
     };
-    std::optional<PeriodicSave> running{std::in_place,  engine.tracker(),      database,
-                                        fakes.defaults, fakes.clock,           fakes.runLoop,
-                                        fakes.log,      [this] { ++cleared; }, background};
+    std::optional<PeriodicSave> running{std::in_place,           engine.tracker(), database,
+                                        engine.services().store, fakes.defaults,   fakes.clock,
+                                        [this] { ++cleared; },   background};
     PeriodicSave& save = *running;
 };
 
@@ -394,6 +394,31 @@ TEST_F(PeriodicSaveTest, aFolderOnASlowMount_getsTheArchiveWhenItAnswers) {
     EXPECT_TRUE(fakes.log.lines.isEmpty()) << str(fakes.log.lines.join(u'\n'));
 }
 
+TEST_F(PeriodicSaveTest, archivesThatAreKept_areToldUntilTheFolderAnswersAndTakesThemToo) {
+    const QString gone = archive() + QStringLiteral(" unplugged");
+    ASSERT_TRUE(QDir().rename(archive(), gone));
+    archiveNow();
+    EXPECT_TRUE(engine.trouble().text().contains(QStringLiteral("“2026-01-05.tkd” could not be moved")))
+        << str(engine.trouble().text());
+    ASSERT_TRUE(QDir().rename(gone, archive()));
+    addMail();
+    archiveNow();
+    EXPECT_EQ(engine.trouble().text(), QString());
+    EXPECT_EQ(files(archive()), "2026-01-05 2.csv 2026-01-05 2.tkd 2026-01-05.csv 2026-01-05.tkd");
+    EXPECT_EQ(files(fakes.folders.applicationSupport), "");
+}
+
+TEST_F(PeriodicSaveTest, anArchiveThatTheUserHasTakenAway_isNotSpokenOfAnyMore) {
+    turnOn();
+    QDir(archive()).removeRecursively();
+    archiveNow();
+    EXPECT_NE(engine.trouble().text(), QString());
+    for (const QString& name : QDir(fakes.folders.applicationSupport).entryList(QDir::Files))
+        QFile::remove(fakes.folders.applicationSupport + u'/' + name);
+    fakes.runLoop.advance(1min);
+    EXPECT_EQ(engine.trouble().text(), QString());
+}
+
 TEST_F(PeriodicSaveTest, aFolderThatNeverAnswers_leavesTheArchivesBesideTheMainStore) {
     isFolderSlow = true;
     archiveNow();
@@ -423,6 +448,7 @@ TEST_F(PeriodicSaveTest, nowhereToWrite_isToldAndTheTimersAreCleared) {
     archiveNow();
     EXPECT_TRUE(isCleared());
     EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("written nowhere")));
+    EXPECT_TRUE(engine.trouble().text().contains(QStringLiteral("“2026-01-05.tkd” could not be written")));
 }
 
 // Where the clocks are put forward on the 29th of March and back on the 25th of October 2026, at two and three.

@@ -33,13 +33,14 @@ protected:
     QStringList filesAside() const { return QDir(m_folder).entryList({u"*.damaged-*"_s}); }
 
     // What the file gives, read by somebody new.
-    std::size_t countRead() { return ProjectFile(m_folder, m_log).read().size(); }
+    std::size_t countRead() { return ProjectFile(m_folder, m_log, m_trouble).read().size(); }
 
     QTemporaryDir m_home;
     QString m_folder = m_home.filePath(u"Documents"_s);
     QString m_path = m_folder + u"/Ticklog Projects"_s;
     RecordingLog m_log;
-    ProjectFile m_file{m_folder, m_log};
+    AccountTrouble m_trouble;
+    ProjectFile m_file{m_folder, m_log, m_trouble};
     PropertyListArray m_projects{ProjectSamples::record("Work", {1, 2}).entries()};
 };
 
@@ -48,7 +49,7 @@ TEST_F(ProjectFileTest, itsPlace_isTheDocumentsFolder) {
 }
 
 TEST_F(ProjectFileTest, withoutADocumentsFolder_nothingIsReadOrWritten) {
-    ProjectFile nowhere(QString(), m_log);
+    ProjectFile nowhere(QString(), m_log, m_trouble);
     EXPECT_FALSE(nowhere.urlForTKProjects());
     EXPECT_TRUE(nowhere.read().empty());
     nowhere.write(m_projects);
@@ -100,7 +101,7 @@ TEST_F(ProjectFileTest, everyByteOverwritten_isReadOrRefusedAndNeverWorse) {
         QByteArray damaged = whole;
         damaged[at] = char(~damaged[at]);
         put(damaged);
-        for (const PropertyListValue& value : ProjectFile(m_folder, m_log).read())
+        for (const PropertyListValue& value : ProjectFile(m_folder, m_log, m_trouble).read())
             if (const PropertyListDictionary* entries = value.asDictionary())
                 static_cast<void>(ProjectRecord(*entries).flattenedMembers());
     }
@@ -182,6 +183,25 @@ TEST_F(ProjectFileTest, aDamagedFile_isSetAsideBeforeTheFirstWrite) {
     EXPECT_EQ(filesAside().size(), 1);
 }
 
+TEST_F(ProjectFileTest, aDamagedFile_isToldToTheUserByItsName) {
+    put("damaged");
+    EXPECT_TRUE(m_file.read().empty());
+    EXPECT_TRUE(m_trouble.text().contains(u"“Ticklog Projects” could not be read"_s))
+        << m_trouble.text().toStdString();
+    EXPECT_FALSE(m_trouble.text().contains(m_folder));
+}
+
+TEST_F(ProjectFileTest, aFolderThatCannotBeWrittenTo_isToldUntilItCan) {
+    QFile inTheWay(m_folder);
+    QDir().rmdir(m_folder);
+    ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
+    EXPECT_FALSE(m_file.write(m_projects));
+    EXPECT_TRUE(m_trouble.text().contains(u"“Ticklog Projects” cannot be saved"_s));
+    inTheWay.remove();
+    EXPECT_TRUE(m_file.write(m_projects));
+    EXPECT_EQ(m_trouble.text(), QString());
+}
+
 TEST_F(ProjectFileTest, aDamagedFileTakenAwayMeanwhile_isWrittenAnew) {
     put("damaged");
     EXPECT_TRUE(m_file.read().empty());
@@ -213,7 +233,7 @@ TEST_F(ProjectFileTest, aWriteThatFails_leavesALineAndTheOldFile) {
     m_file.write(m_projects);
     const QByteArray before = bytes();
     // Nothing can be written beneath a file.
-    ProjectFile blocked(m_path, m_log);
+    ProjectFile blocked(m_path, m_log, m_trouble);
     blocked.write(m_projects);
     EXPECT_TRUE(m_log.mentions(u"could not be written"_s));
     EXPECT_EQ(bytes(), before);

@@ -50,7 +50,8 @@ protected:
 
     // How the project is written in the file.
     ProjectRecord written(std::size_t position) {
-        const auto records = ProjectFile(m_day.fakes.folders.documents, m_day.fakes.log).read();
+        const auto records =
+            ProjectFile(m_day.fakes.folders.documents, m_day.fakes.log, m_day.trouble).read();
         return ProjectRecord(*records.at(position).asDictionary());
     }
 
@@ -309,18 +310,18 @@ TEST_F(ProjectListEditingTest, aRestoredList_isAnnouncedAsOneReplacement) {
 }
 
 TEST_F(ProjectListEditingTest, aDatabaseWrittenElsewhere_carriesTheProjectsToTheNextUser) {
-    TimeDatabase database(m_day.tracker, m_day.registry, m_day.fakes.defaults, m_day.fakes.folders,
-                          m_day.fakes.log,
+    TimeDatabase database(m_day.tracker, m_day.store, m_day.fakes.defaults, m_day.fakes.folders,
                           {.projects = [&] { return m_list.arrayRepresentation(); },
                            .setProjects = [&](const PropertyListValue& value) { m_list.setProjects(value); },
-                           .computeTime = {}});
+                           .computeTime = {},
+                           .timersReplaced = {}});
     const auto work = project({uuid("Mail"), uuid("Editor")});
     m_list.setLabel(*work, u"Job"_s);
     const QString elsewhere = m_day.fakes.home.filePath(u"export.tkd"_s);
     ASSERT_TRUE(database.saveSettingsToDiskAtURL(elsewhere));
     m_list.removeProject(0);
     m_day.stop();
-    database.importDatabase(elsewhere);
+    ASSERT_TRUE(database.importDatabase(elsewhere));
     ASSERT_EQ(m_list.count(), 1U);
     EXPECT_EQ(m_list.projects()[0]->label(), u"Job"_s);
     EXPECT_EQ(shown(*m_list.projects()[0]), "Mail Editor");

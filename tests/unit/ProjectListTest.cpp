@@ -44,7 +44,7 @@ protected:
     std::string text() const { return text(m_list.arrayRepresentation()); }
 
     // What the next launch would begin with.
-    std::string written() { return text(ProjectFile(fakes.folders.documents, fakes.log).read()); }
+    std::string written() { return text(ProjectFile(fakes.folders.documents, fakes.log, trouble).read()); }
 
     std::string told() {
         const QString told = m_told.join(u", "_s);
@@ -80,7 +80,7 @@ protected:
 
 TEST_F(ProjectListTest, theFirstLaunch_hasAllTimersAlone) {
     FakePlatform fresh;
-    TimeStoreServices services{registry, fresh.notifications, fresh.runLoop, fresh.log};
+    TimeStoreServices services{registry, fresh.notifications, fresh.runLoop, fresh.log, trouble};
     const ProjectList empty(services, fresh.defaults, fresh.folders.documents);
     EXPECT_EQ(empty.count(), 0U);
     EXPECT_EQ(empty.mainItem()->label(), u"All Timers"_s);
@@ -312,7 +312,7 @@ TEST_F(ProjectListTest, saving_forgetsExpandedRowsOfTimersThatAreNoMembers) {
 TEST_F(ProjectListTest, saving_writesTheRowsBeforeItForgetsThem) {
     m_list.expandUUID(project(0), identity(3), false);
     m_list.saveData();
-    const PropertyListArray file = ProjectFile(fakes.folders.documents, fakes.log).read();
+    const PropertyListArray file = ProjectFile(fakes.folders.documents, fakes.log, trouble).read();
     EXPECT_EQ(numbers(*ProjectRecord(*file[0].asDictionary()).expandedUUIDs()), "3");
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/TimeDatabase.h"
-#include "Classes/Engine.h"
 #include "platform/foundation/PropertyList.h"
-#include "tests/fakes/FakePlatform.h"
+#include "tests/fakes/Database.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,63 +11,7 @@
 
 namespace {
 
-class TimeDatabaseTest : public testing::Test {
-protected:
-    TimeDatabase::Hooks hooks() {
-        return {.projects =
-                    [] {
-                        return PropertyListArray{
-                            PropertyListDictionary{{QStringLiteral("Label"), QStringLiteral("Home")}}};
-                    },
-                .setProjects = [this](const PropertyListValue& projects) { importedProjects = projects; },
-                .computeTime = [this] { ++recomputations; }};
-    }
-
-    // The tree as text: "Mail 40 [Inbox 40], Editor 7".
-    QString tree() {
-        QStringList apps;
-        for (const auto& app : engine.tracker().fullTimeSet()) {
-            QStringList windows;
-            for (const auto& window : app->windows())
-                windows << QStringLiteral("%1 %2").arg(window->name()).arg(window->activeTime());
-            apps << QStringLiteral("%1 %2").arg(app->name()).arg(app->activeTime()) +
-                        (windows.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(windows.join(u',')));
-        }
-        return apps.join(QStringLiteral(", "));
-    }
-
-    void addMail() {
-        const PropertyListDictionary inbox{{kRecordName, QStringLiteral("Inbox")},
-                                           {kRecordActiveTime, 40.25}};
-        const PropertyListDictionary mail{{kRecordName, QStringLiteral("Mail")}, {kRecordActiveTime, 60.5}};
-        engine.tracker().setArrayRepresentation(
-            {PropertyListDictionary{{kEntryApp, mail}, {kEntryWindows, PropertyListArray{inbox}}}});
-    }
-
-    QString write(const QString& name, const QByteArray& bytes) {
-        const QString path = fakes.home.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QFile::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-
-    QString write(const QString& name, const PropertyListValue& content) {
-        return write(name, PropertyList::xml(content));
-    }
-
-    static PropertyListDictionary contentOf(const QString& path) {
-        const auto file = PropertyList::readFile(path);
-        return file && file->asDictionary() ? *file->asDictionary() : PropertyListDictionary();
-    }
-
-    FakePlatform fakes;
-    Engine engine{fakes.platform, {}};
-    PropertyListValue importedProjects;
-    int recomputations = 0;
-    TimeDatabase database{engine.tracker(), engine.registry(), fakes.defaults,
-                          fakes.folders,    fakes.log,         hooks()};
-};
+using TimeDatabaseTest = DatabaseTest;
 
 TEST_F(TimeDatabaseTest, theSupportFolder_isMadeForTheUserAlone) {
     const QFileInfo folder(fakes.folders.applicationSupport);
@@ -208,12 +151,69 @@ TEST_F(TimeDatabaseTest, wrongTypesAtEveryKey_areLeftOutOrCountAsNothing) {
             EXPECT_TRUE(tree().contains(QStringLiteral("Mail 5"))) << qPrintable(tree());
             ++loads;
         }
-        const QString path = write(QStringLiteral("wrong.tkd"),
-                                   PropertyListDictionary{{kDatabaseVersion, value}, {kDatabaseApps, value}});
-        ASSERT_TRUE(database.loadDictionaryFromURL(path));
-        EXPECT_TRUE(tree().isEmpty());
     }
     EXPECT_EQ(loads, 40);
+}
+
+// The entries of a file that says its version and has lost its applications.
+const std::pair<const char*, PropertyListDictionary> kWithoutApplications[] = {
+    {"missing", {{kDatabaseVersion, QStringLiteral("1.5")}}},
+    {"misspelt", {{kDatabaseVersion, QStringLiteral("1.5")}, {QStringLiteral("apps"), PropertyListArray()}}},
+    {"text", {{kDatabaseVersion, QStringLiteral("1.5")}, {kDatabaseApps, QStringLiteral("Mail")}}},
+    {"number", {{kDatabaseVersion, QStringLiteral("1.5")}, {kDatabaseApps, 7}}},
+    {"data", {{kDatabaseVersion, QStringLiteral("1.5")}, {kDatabaseApps, QByteArray("Mail")}}},
+    {"table", {{kDatabaseVersion, QStringLiteral("1.5")}, {kDatabaseApps, PropertyListDictionary()}}},
+};
+
+TEST_F(TimeDatabaseTest, aVersionWithoutAListOfApplications_isNoAccountAndLeavesTheTimers) {
+    addMail();
+    for (const auto& [how, entries] : kWithoutApplications) {
+        EXPECT_FALSE(database.loadDictionaryFromURL(write(QStringLiteral("lost.tkd"), entries))) << how;
+        EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]")) << how;
+        EXPECT_TRUE(fakes.log.mentions(QStringLiteral("lost.tkd: holds no account"))) << how;
+    }
+}
+
+TEST_F(TimeDatabaseTest, aMainStoreWithoutAListOfApplications_isSetAsideAndSaid) {
+    int kept = 0;
+    for (const auto& [how, entries] : kWithoutApplications) {
+        write(QStringLiteral("share/Ticklog/Primary Database.tkd"), entries);
+        database.loadMainStore();
+        EXPECT_TRUE(
+            engine.trouble().text().contains(QStringLiteral("“Primary Database.tkd” could not be read")));
+        ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+        const QDir folder(fakes.folders.applicationSupport);
+        EXPECT_EQ(folder.entryList({QStringLiteral("*.damaged-*")}, QDir::Files).size(), ++kept) << how;
+    }
+}
+
+TEST_F(TimeDatabaseTest, anEmptyListOfApplications_isAnAccount) {
+    const PropertyListDictionary empty{{kDatabaseVersion, QStringLiteral("1.5")},
+                                       {kDatabaseApps, PropertyListArray()}};
+    EXPECT_TRUE(database.loadDictionaryFromURL(write(QStringLiteral("empty.tkd"), empty)));
+    EXPECT_TRUE(fakes.log.lines.isEmpty());
+}
+
+TEST_F(TimeDatabaseTest, entriesThatAreDamaged_areLeftOutAndCountedInOneLine) {
+    const auto named = [](const char* name) {
+        return PropertyListDictionary{{kRecordName, QString::fromUtf8(name)}, {kRecordActiveTime, 5}};
+    };
+    const PropertyListArray apps{
+        QStringLiteral("no entry"),
+        PropertyListDictionary{{kEntryWindows, PropertyListArray{named("Orphan")}}},
+        PropertyListDictionary{{kEntryApp, 7}},
+        PropertyListDictionary{{kEntryApp, named("Editor")}, {kEntryWindows, QStringLiteral("no list")}},
+        PropertyListDictionary{
+            {kEntryApp, named("Mail")},
+            {kEntryWindows, PropertyListArray{named("Inbox"), 7, PropertyListDictionary(), named("")}}},
+        PropertyListDictionary{{kEntryApp, named("Notes")}},
+    };
+    ASSERT_TRUE(database.loadDictionaryFromURL(
+        write(QStringLiteral("damaged.tkd"),
+              PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")}, {kDatabaseApps, apps}})));
+    EXPECT_EQ(tree(), QStringLiteral("Editor 5, Mail 5 [Inbox 5], Notes 5"));
+    EXPECT_EQ(fakes.log.lines,
+              QStringList(QStringLiteral("7 entries of the database are damaged and were left out.")));
 }
 
 TEST_F(TimeDatabaseTest, aForeignBinaryDatabase_isRead) {
@@ -272,11 +272,11 @@ TEST_F(TimeDatabaseTest, aLaterLaunch_beginsAtTheRecordedLocationOnlyWhileAFileI
     const QString chosen = fakes.home.filePath(QStringLiteral("chosen.tkd"));
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());
     ASSERT_TRUE(database.chooseDatabaseLocation(chosen));
-    TimeDatabase later(engine.tracker(), engine.registry(), fakes.defaults, fakes.folders, fakes.log, {});
+    TimeDatabase later(engine.tracker(), engine.services().store, fakes.defaults, fakes.folders, {});
     later.loadMainStore();
     EXPECT_EQ(later.mainStoreURL(), chosen);
     QFile::remove(chosen);
-    TimeDatabase latest(engine.tracker(), engine.registry(), fakes.defaults, fakes.folders, fakes.log, {});
+    TimeDatabase latest(engine.tracker(), engine.services().store, fakes.defaults, fakes.folders, {});
     latest.loadMainStore();
     EXPECT_EQ(latest.mainStoreURL(), latest.defaultMainStoreURL());
 }
@@ -289,23 +289,67 @@ TEST_F(TimeDatabaseTest, anImport_replacesTimersAndProjectsAndKeepsTheFirstBacku
               PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")},
                                      {kDatabaseApps, PropertyListArray()},
                                      {kDatabaseProjects, PropertyListArray{QStringLiteral("p")}}});
-    database.importDatabase(other);
-    EXPECT_TRUE(tree().isEmpty());
-    EXPECT_EQ(importedProjects, PropertyListValue(PropertyListArray{QStringLiteral("p")}));
     const QString backup =
         fakes.folders.applicationSupport + QStringLiteral("/Primary Database - Import Backup.tkd");
     EXPECT_EQ(database.importBackupURL(), backup);
+    ASSERT_TRUE(database.importDatabase(other));
+    EXPECT_TRUE(tree().isEmpty());
+    EXPECT_EQ(importedProjects, PropertyListValue(PropertyListArray{QStringLiteral("p")}));
     const PropertyListDictionary first = contentOf(backup);
     EXPECT_EQ(first.value(kDatabaseApps).asArray()->size(), 1U);
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());
-    database.importDatabase(other);
+    ASSERT_TRUE(database.importDatabase(other));
     EXPECT_EQ(contentOf(backup), first);
+}
+
+TEST_F(TimeDatabaseTest, everyImport_hasABackupOfItsOwn) {
+    const QString other =
+        write(QStringLiteral("other.tkd"), PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")},
+                                                                  {kDatabaseApps, PropertyListArray()}});
+    for (const int seconds : {10, 20, 30}) {
+        engine.tracker().addWindowWithName(QStringLiteral("Mail"), seconds);
+        ASSERT_TRUE(database.importDatabase(other));
+    }
+    for (const auto& [name, seconds] :
+         {std::pair("Import Backup", 10.), {"Import Backup 2", 20.}, {"Import Backup 3", 30.}}) {
+        const QString path = fakes.folders.applicationSupport +
+                             QStringLiteral("/Primary Database - %1.tkd").arg(QLatin1String(name));
+        ASSERT_TRUE(database.loadDictionaryFromURL(path)) << name;
+        EXPECT_EQ(tree(), QStringLiteral("Mail %1").arg(seconds));
+    }
+}
+
+TEST_F(TimeDatabaseTest, aBackupThatCannotBeMade_stopsTheImportAndSaysSo) {
+    const QString other =
+        write(QStringLiteral("other.tkd"), PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")},
+                                                                  {kDatabaseApps, PropertyListArray()},
+                                                                  {kDatabaseProjects, PropertyListArray()}});
+    addMail();
+    ASSERT_TRUE(QDir(fakes.folders.applicationSupport).removeRecursively());
+    const Outcome imported = database.importDatabase(other);
+    ASSERT_FALSE(imported);
+    EXPECT_TRUE(imported.failure().text.startsWith(QStringLiteral("No backup could be made")));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
+    EXPECT_TRUE(importedProjects.isAbsent());
+}
+
+TEST_F(TimeDatabaseTest, theMainStoreItselfImported_isReadAndWhatWasShownIsInTheBackup) {
+    engine.tracker().addWindowWithName(QStringLiteral("Editor"), 7);
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    engine.tracker().reset();
+    addMail();
+    const QString backup = database.importBackupURL();
+    ASSERT_TRUE(database.importDatabase(database.mainStoreURL()));
+    EXPECT_EQ(tree(), QStringLiteral("Editor 7"));
+    ASSERT_TRUE(database.loadDictionaryFromURL(backup));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
 }
 
 TEST_F(TimeDatabaseTest, theBackupOfAnImport_holdsWhatWasNotSavedYet) {
     addMail();
-    database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd")));
-    EXPECT_EQ(contentOf(database.importBackupURL()).value(kDatabaseApps).asArray()->size(), 1U);
+    const QString backup = database.importBackupURL();
+    EXPECT_FALSE(database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd"))));
+    EXPECT_EQ(contentOf(backup).value(kDatabaseApps).asArray()->size(), 1U);
 }
 
 TEST_F(TimeDatabaseTest, anImportWhileTheTimerRuns_leavesOneTimerForWhatIsInFront) {
@@ -317,7 +361,7 @@ TEST_F(TimeDatabaseTest, anImportWhileTheTimerRuns_leavesOneTimerForWhatIsInFron
               PropertyListDictionary{
                   {kDatabaseVersion, QStringLiteral("1.5")},
                   {kDatabaseApps, PropertyListArray{PropertyListDictionary{{kEntryApp, mail}}}}});
-    database.importDatabase(other);
+    ASSERT_TRUE(database.importDatabase(other));
     EXPECT_EQ(tree(), QStringLiteral("Mail 60.5"));
 }
 
@@ -333,8 +377,11 @@ TEST_F(TimeDatabaseTest, anOlderAccountAtTheDefaultLocation_isSetAsideWhenThatIs
 TEST_F(TimeDatabaseTest, anImportThatCannotBeRead_makesTheBackupAndLeavesTheTimers) {
     addMail();
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());
-    database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd")));
-    EXPECT_TRUE(QFileInfo::exists(database.importBackupURL()));
+    const QString backup = database.importBackupURL();
+    const Outcome imported = database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd")));
+    ASSERT_FALSE(imported);
+    EXPECT_TRUE(imported.failure().text.contains(QStringLiteral("missing.tkd"))) << "it says so";
+    EXPECT_TRUE(QFileInfo::exists(backup));
     EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
     EXPECT_TRUE(importedProjects.isAbsent());
 }
@@ -345,6 +392,24 @@ TEST_F(TimeDatabaseTest, aFolderThatCannotBeWrittenTo_isToldInTheLogAndNothingEl
     EXPECT_FALSE(database.saveSettingsToDiskAtURL());
     EXPECT_TRUE(fakes.log.mentions(QStringLiteral("The database could not be written")));
     EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
+}
+
+TEST_F(TimeDatabaseTest, aMainStoreThatCannotBeWritten_isToldAndTriedAgainUntilItCan) {
+    addMail();
+    const QString folder = fakes.folders.applicationSupport;
+    ASSERT_TRUE(QDir().rename(folder, folder + QStringLiteral(" gone")));
+    EXPECT_FALSE(database.saveSettingsToDiskAtURL());
+    EXPECT_EQ(engine.trouble().text(),
+              QStringLiteral("“Primary Database.tkd” cannot be saved: its folder is missing."));
+    ASSERT_TRUE(QDir().rename(folder + QStringLiteral(" gone"), folder));
+    fakes.runLoop.advance(std::chrono::minutes(1));
+    ASSERT_EQ(engine.trouble().text(), QString());
+    EXPECT_EQ(contentOf(database.mainStoreURL()).value(kDatabaseApps).asArray()->size(), 1U);
+}
+
+TEST_F(TimeDatabaseTest, aCopyThatCannotBeWritten_isNoTroubleOfTheAccount) {
+    EXPECT_FALSE(database.saveSettingsToDiskAtURL(fakes.home.filePath(QStringLiteral("no/such/copy.tkd"))));
+    EXPECT_EQ(engine.trouble().text(), QString());
 }
 
 } // namespace

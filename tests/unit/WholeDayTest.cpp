@@ -18,7 +18,7 @@ protected:
     struct Launch {
         explicit Launch(Day& livedDay)
             : day(livedDay)
-            , database(day.tracker, day.registry, day.fakes.defaults, day.fakes.folders, day.fakes.log, {}) {
+            , database(day.tracker, day.store, day.fakes.defaults, day.fakes.folders, {}) {
             day.control.registerForSystemSleep(day.fakes.power);
         }
 
@@ -113,7 +113,7 @@ TEST_F(WholeDayTest, theNextLaunch_goesOnWhereTheLastOneEnded) {
     ASSERT_TRUE(launch.database.saveSettingsToDiskAtURL(copy));
     Day next;
     Launch again(next);
-    again.database.importDatabase(copy);
+    ASSERT_TRUE(again.database.importDatabase(copy));
     EXPECT_EQ(next.tree(), day.tree());
     for (const auto& app : day.tracker.fullTimeSet())
         EXPECT_EQ(next.node(app->name().toUtf8().constData()).uuid(), app->uuid()) << str(app->name());
