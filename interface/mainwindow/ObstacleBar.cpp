@@ -20,7 +20,9 @@ constexpr int kAir = 8;
 ObstacleBar::ObstacleBar(QWidget* parent)
     : QFrame(parent)
     , m_text(named(new QLabel, QStringLiteral("obstacleText")))
-    , m_remedyButton(named(new QPushButton(localized("Set Up...")), QStringLiteral("obstacleRemedy"))) {
+    , m_remedyButton(named(new QPushButton(localized("Set Up...")), QStringLiteral("obstacleRemedy")))
+    , m_acknowledgeButton(
+          named(new QPushButton(localized("Understood")), QStringLiteral("obstacleAcknowledge"))) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
@@ -36,18 +38,25 @@ ObstacleBar::ObstacleBar(QWidget* parent)
     cells->addWidget(icon, 0, Qt::AlignTop);
     cells->addWidget(m_text, 1);
     cells->addWidget(m_remedyButton, 0, Qt::AlignTop);
+    cells->addWidget(m_acknowledgeButton, 0, Qt::AlignTop);
     connect(m_remedyButton, &QPushButton::clicked, this, [this] {
         // It may be replaced while it asks its question.
         const auto remedy = m_remedy;
         remedy();
     });
+    connect(m_acknowledgeButton, &QPushButton::clicked, this, [this] { m_acknowledged(); });
     m_remedyButton->hide();
+    m_acknowledgeButton->hide();
     hide();
 }
 
 void ObstacleBar::offerRemedy(std::function<void()> remedy) {
     m_remedy = std::move(remedy);
     m_remedyButton->setVisible(bool(m_remedy));
+}
+
+void ObstacleBar::offerAcknowledgement(bool isOffered) {
+    m_acknowledgeButton->setVisible(isOffered);
 }
 
 void ObstacleBar::showObstacle(const QString& text) {

@@ -74,7 +74,11 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
                                                        [this](const Notification&) { reload(); });
     m_resets =
         m_engine.tracker().observe(kLastResetDateKey, [this](const ObservedChange&) { showLastReset(); });
+    m_troubles =
+        m_engine.trouble().observe(kAccountTroubleKey, [this](const ObservedChange&) { showObstacle(); });
+    m_window.obstacleBar().setAcknowledged([this] { m_engine.trouble().acknowledge(); });
     showLastReset();
+    showObstacle();
 }
 
 TKController::~TKController() {
@@ -228,10 +232,15 @@ void TKController::refreshTimeSum() {
 
 void TKController::showObstacle() {
     const QString obstacle = m_platform.frontApplication.obstacle();
+    const AccountTrouble& trouble = m_engine.trouble();
     m_appDelegate.presence().showObstacle(obstacle);
+    m_appDelegate.presence().showTrouble(trouble.text());
     if (!m_window.isSeen())
         return;
-    m_window.obstacleBar().showObstacle(obstacle);
+    QStringList lines{obstacle, trouble.text()};
+    lines.removeAll(QString());
+    m_window.obstacleBar().showObstacle(lines.join(u'\n'));
+    m_window.obstacleBar().offerAcknowledgement(trouble.canBeAcknowledged());
     // Paused there is no tick to do it, and what is in the way may go all the same.
     if (obstacle.isEmpty())
         m_nextLook = nullptr;

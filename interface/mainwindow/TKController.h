@@ -51,7 +51,7 @@ public:
     // Reads the settings afresh and shows the sum by them.
     void reload();
 
-    // With every tick; also shows why windows are not counted, while that is so.
+    // With every tick; also shows why windows are not counted, and what troubles the account, while that is so.
     void refreshTimeSum() override;
 
     // The sum below the outline; see ShownSum::text().
@@ -123,6 +123,8 @@ public:
 
     TimeDatabase& database() { return m_database; }
 
+    AccountTrouble& trouble() { return m_engine.trouble(); }
+
     TKDocumentController& documents() { return m_documents; }
 
     TKExportController& exporting() { return *m_exportController; }
@@ -190,6 +192,7 @@ private:
     bool m_isSearchExpanding = false;
     Subscription m_defaultsChanges;
     Subscription m_resets;
+    Subscription m_troubles;
     // Looks again whether something is still in the way; null while nothing is.
     std::unique_ptr<RunLoopTimer> m_nextLook;
     // Made when the timers have been read: the rows it opens must be there.

@@ -122,15 +122,24 @@ void AppPresence::updateMenuIconState() {
         return;
     m_statusBarItem->setImages(isRunning ? QStringLiteral("MenuBar-Active") : QStringLiteral("MenuBar-Idle"),
                                QStringLiteral("MenuBar-Pressed"));
-    m_statusBarItem->setToolTip(hasObstacle ? m_obstacle
-                                : isRunning ? localized("Ticklog is counting")
-                                            : localized("Ticklog is paused"));
+    m_statusBarItem->setToolTip(!m_trouble.isEmpty() ? m_trouble
+                                : hasObstacle        ? m_obstacle
+                                : isRunning          ? localized("Ticklog is counting")
+                                                     : localized("Ticklog is paused"));
 }
 
 void AppPresence::showObstacle(const QString& text) {
     if (m_obstacle == text)
         return;
     m_obstacle = text;
+    updateMenuIconState();
+}
+
+void AppPresence::showTrouble(const QString& text) {
+    if (m_trouble == text)
+        return;
+    m_trouble = text;
+    m_menu.showTrouble(text);
     updateMenuIconState();
 }
 

@@ -52,6 +52,8 @@ public:
     void updateMenuIconState();
     // Has the tray say why windows are not counted while the timer runs; nothing for an empty text.
     void showObstacle(const QString& text);
+    // Has the tray say what troubles the account, a line each, whether the timer runs or not; nothing for an empty text.
+    void showTrouble(const QString& text);
 
     // Whether the desktop is known to have no tray.
     bool isTrayMissing() const { return m_platform.systemTray.offer() == SystemTray::Offer::None; }
@@ -80,6 +82,7 @@ private:
     Alerts& m_alerts;
     Program m_program;
     QString m_obstacle;
+    QString m_trouble;
     std::int64_t m_appType = 1;
     bool m_showsMenuBarItem = false;
     bool m_hasFinishedLaunching = false;

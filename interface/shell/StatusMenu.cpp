@@ -108,7 +108,8 @@ void StatusMenu::updateMenus() {
 
 bool StatusMenu::isUpToDate() const {
     const ProjectList::Projects projects = m_controller.projects().projects();
-    return !m_mainMenu.isEmpty() && m_mainMenu.actions().contains(&m_obstacleItem) == m_hasObstacle &&
+    return !m_mainMenu.isEmpty() && m_shownTrouble == m_trouble &&
+           m_mainMenu.actions().contains(&m_obstacleItem) == m_hasObstacle &&
            std::ranges::equal(m_shownProjects, projects, [](const ProjectEntry& shown, const auto& project) {
                return shown.project == project && shown.label == project->label();
            });
@@ -119,6 +120,7 @@ void StatusMenu::updateMainMenu() {
     if (isUpToDate())
         return;
     empty(m_mainMenu);
+    addTrouble();
     if (m_hasObstacle)
         m_mainMenu.addActions({&m_obstacleItem, m_mainMenu.addSeparator()});
     m_mainMenu.addAction(&m_startPauseMenuItem);
@@ -140,6 +142,16 @@ QAction* StatusMenu::addCommand(const QString& title, void (StatusMenu::*command
         Qt::QueuedConnection);
     m_mainMenu.addAction(item);
     return item;
+}
+
+// The main window says it too.
+void StatusMenu::addTrouble() {
+    m_shownTrouble = m_trouble;
+    for (const QString& line : m_trouble.split(u'\n', Qt::SkipEmptyParts))
+        addCommand(menuName(m_form, line), &StatusMenu::showTimeWindow)
+            ->setObjectName(QStringLiteral("troubleItem"));
+    if (!m_trouble.isEmpty())
+        m_mainMenu.addSeparator();
 }
 
 void StatusMenu::addProjects() {

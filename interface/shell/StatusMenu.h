@@ -40,6 +40,8 @@ public:
     void showRunning(bool isRunning);
     // Whether the menu begins with a command that shows why windows are not counted; for the next opening.
     void showObstacle(bool isThere) { m_hasObstacle = isThere; }
+    // What troubles the account, a line each, with which the menu begins; for the next opening.
+    void showTrouble(const QString& text) { m_trouble = text; }
     // Rebuilds the menu if it is not up to date.
     void updateMainMenu();
     // At every tick: shows the times that are others, while the menu is open.
@@ -60,6 +62,7 @@ private:
     void menuDidClose(QMenu& menu);
 
     QAction* addCommand(const QString& title, void (StatusMenu::*command)());
+    void addTrouble();
     void addProjects();
     bool isUpToDate() const;
     void fillApplicationTimesMenu();
@@ -97,6 +100,8 @@ private:
     std::unordered_map<const QMenu*, ProjectList::Project> m_projectMenus;
     UpdateSet m_menuItemUpdateSet;
     bool m_hasObstacle = false;
+    QString m_trouble;
+    QString m_shownTrouble;
     bool m_displayingAppMenu = false;
     std::unique_ptr<RunLoopTimer> m_longestOpening;
 };

@@ -979,5 +979,9 @@
         <source>The timers could not be imported.</source>
         <translation>Die Timer konnten nicht importiert werden.</translation>
     </message>
+    <message>
+        <source>Understood</source>
+        <translation>Verstanden</translation>
+    </message>
 </context>
 </TS>

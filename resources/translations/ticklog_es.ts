@@ -979,5 +979,9 @@
         <source>The timers could not be imported.</source>
         <translation>No se pudieron importar los temporizadores.</translation>
     </message>
+    <message>
+        <source>Understood</source>
+        <translation>Entendido</translation>
+    </message>
 </context>
 </TS>

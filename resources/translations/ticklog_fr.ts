@@ -979,5 +979,9 @@
         <source>The timers could not be imported.</source>
         <translation>Les chronomètres n’ont pas pu être importés.</translation>
     </message>
+    <message>
+        <source>Understood</source>
+        <translation>Compris</translation>
+    </message>
 </context>
 </TS>

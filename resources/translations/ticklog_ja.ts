@@ -979,5 +979,9 @@
         <source>The timers could not be imported.</source>
         <translation>タイマーをインポートできませんでした。</translation>
     </message>
+    <message>
+        <source>Understood</source>
+        <translation>了解</translation>
+    </message>
 </context>
 </TS>

@@ -979,5 +979,9 @@
         <source>The timers could not be imported.</source>
         <translation>Nie udało się zaimportować liczników.</translation>
     </message>
+    <message>
+        <source>Understood</source>
+        <translation>Rozumiem</translation>
+    </message>
 </context>
 </TS>
