@@ -278,6 +278,15 @@ void drawStatusIcon(const QIcon& icon, const QDir& folder, const char* name) {
     grab(panels, folder, name);
 }
 
+void trouble(TKController& controller) {
+    const QString store = QStringLiteral("Primary Database.tkd");
+    controller.trouble().tell(
+        AccountTrouble::Kind::StoreUnwritten,
+        AccountTrouble::about(localized("“%@” cannot be saved: the disk is full."), store));
+    controller.trouble().tell(AccountTrouble::Kind::ProjectsSetAside,
+                              AccountTrouble::setAside(QStringLiteral("Ticklog Projects")));
+}
+
 void drawStatus(const QDir& folder) {
     Scene scene("status");
     scene.work();
@@ -299,6 +308,8 @@ void drawStatus(const QDir& folder) {
     scene.fakes.frontApplication.obstacleText = QStringLiteral("Nobody tells.");
     scene.seconds(1);
     popUp(status.mainMenu(), folder, "status-obstacle");
+    trouble(scene.controller);
+    popUp(status.mainMenu(), folder, "status-trouble");
 }
 
 void drawAll(const QDir& folder) {
@@ -331,6 +342,11 @@ void drawAll(const QDir& folder) {
                       "and all other time counts as “Desktop”.");
         scene.controller.window().obstacleBar().offerRemedy([] {});
         scene.show();
+        scene.save(folder);
+        scene.fakes.frontApplication.obstacleText.clear();
+        scene.controller.window().obstacleBar().offerRemedy({});
+        trouble(scene.controller);
+        scene.name = QStringLiteral("trouble");
         scene.save(folder);
     }
     {
