@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -16,12 +17,15 @@ bool isReadOnly(const QString& path) {
     return ::access(QFile::encodeName(path).constData(), W_OK) != 0 && errno != ENOENT;
 }
 
+// A disk with less room than this takes no account.
+constexpr qint64 kLeastRoom = 1024 * 1024;
+
 // Whether there is no room for another copy of the file. What is no disk has no room to tell of.
 bool isFull(const QString& folder, qint64 size) {
     struct statvfs disk {};
 
     return ::statvfs(QFile::encodeName(folder).constData(), &disk) == 0 && disk.f_blocks > 0 &&
-           qint64(disk.f_bavail) * qint64(disk.f_frsize) <= size;
+           qint64(disk.f_bavail) * qint64(disk.f_frsize) <= std::max(size, kLeastRoom);
 }
 
 } // namespace
