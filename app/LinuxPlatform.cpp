@@ -57,7 +57,8 @@ struct LinuxPlatform::BackEnds {
     SettingsWatch settingsWatch{defaults, runLoop};
     Bus systemBus{Bus::systemBus(), runLoop, log};
     Bus sessionBus{Bus::sessionBus(), runLoop, log};
-    ActivationService activation{sessionBus, runLoop, log};
+    Admission admission;
+    ActivationService activation{sessionBus, admission, runLoop, log};
     BusName ownName{sessionBus, kTicklogName, log};
     OwnSession session{systemBus, log, qEnvironmentVariable("XDG_SESSION_ID")};
     LogindPower logindPower{systemBus, log};
@@ -127,6 +128,10 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Platform& LinuxPlatform::platform() {
     return *m_backEnds->platform;
+}
+
+const Admission& LinuxPlatform::admission() const {
+    return m_backEnds->admission;
 }
 
 ActivationService& LinuxPlatform::activation() {

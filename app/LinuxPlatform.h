@@ -19,6 +19,8 @@ public:
     LinuxPlatform& operator=(const LinuxPlatform&) = delete;
 
     Platform& platform();
+    // For what other programs ask of us, over the session bus and otherwise.
+    const Admission& admission() const;
     // What launchers ask of us over the session bus.
     ActivationService& activation();
     // The desktop's extension without which it tells nothing; null where none is needed.

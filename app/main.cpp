@@ -65,11 +65,14 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     const auto openFile = [&](const QString& file) {
         controller.documents().openDocumentWithContentsOfURL(file);
     };
-    const auto beCalled = [&](const QStringList& given) {
+    const auto beCalled = [&](const QStringList& given, const Admission::Ticket&) {
         controller.displayMainWindow();
         std::ranges::for_each(given, openFile);
     };
-    instance.listen([&](const std::optional<QString>& file) { beCalled(listOf(file)); });
+    instance.listen(desktop.admission(),
+                    [&](const std::optional<QString>& file, const Admission::Ticket& ticket) {
+                        beCalled(listOf(file), ticket);
+                    });
     desktop.activation().listen(beCalled);
 
     controller.awakeFromNib();
@@ -109,8 +112,15 @@ int main(int argc, char** argv) {
     QCoreApplication::setQuitLockEnabled(false);
 
     SingleInstance instance(InstanceAddress::ofThisSession());
-    if (!instance.isFirst() && instance.handOver(commandLine.file))
+    const auto answer =
+        instance.isFirst() ? SingleInstance::Answer::None : instance.handOver(commandLine.file);
+    if (answer == SingleInstance::Answer::Heard)
         return EXIT_SUCCESS;
+    if (answer == SingleInstance::Answer::Busy) {
+        std::fputs("Ticklog is running already and waits for answers to what it was handed before.\n",
+                   stderr);
+        return EXIT_FAILURE;
+    }
     const AccountLock accountLock(Folders::forUser().applicationSupport);
     if (!accountLock.isHeld()) {
         std::fputs("Ticklog is running already and keeps this account.\n", stderr);

@@ -4,6 +4,7 @@
 #include "platform/foundation/CleanText.h"
 
 #include <QFile>
+#include <QTimer>
 
 #include <cerrno>
 #include <cstring>
@@ -18,10 +19,11 @@
 namespace {
 
 constexpr int kBacklog = 8;
-// How long either side waits for the other's bytes. The first is busy now and then, never for long.
+// How long either side waits for all that the other has to say. The first is busy now and then, never for long.
 constexpr int kPatienceMs = 3000;
 constexpr int kGuestPatienceMs = 500;
 constexpr char kHeard = '+';
+constexpr char kBusy = '-';
 
 struct Address {
     sockaddr_un name{};
@@ -54,21 +56,10 @@ bool isOurUser(int descriptor) {
     return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0 && peer.uid == ::getuid();
 }
 
-// All the other side sends before it is done; absent if it dawdles or sends more than any path has.
-std::optional<QByteArray> readAll(int descriptor) {
-    QByteArray bytes;
-    char chunk[1024];
-    while (bytes.size() <= kLongestText) {
-        if (!waitFor(descriptor, POLLIN, kGuestPatienceMs))
-            return std::nullopt;
-        const ssize_t count = ::recv(descriptor, chunk, sizeof chunk, 0);
-        if (count == 0)
-            return bytes;
-        if (count < 0)
-            return std::nullopt;
-        bytes.append(chunk, qsizetype(count));
-    }
-    return std::nullopt;
+// Of the system's own accord, so that neither connecting nor sending waits for whom nobody knows.
+void limitPatience(int descriptor, int milliseconds) {
+    const timeval limit{.tv_sec = milliseconds / 1000, .tv_usec = milliseconds % 1000 * 1000};
+    ::setsockopt(descriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
 }
 
 } // namespace
@@ -96,7 +87,8 @@ bool SingleInstance::isFirst() {
     if (!address)
         return true;
     if (!m_lockPath.isEmpty()) {
-        m_lock.reset(::open(m_lockPath.constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
+        m_lock.reset(
+            ::open(m_lockPath.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
         if (!m_lock.isOpen())
             return true;
         if (::flock(m_lock.number(), LOCK_EX | LOCK_NB) != 0)
@@ -115,7 +107,30 @@ bool SingleInstance::isFirst() {
     return isBound || error != EADDRINUSE;
 }
 
-void SingleInstance::listen(Reopen reopen) {
+// Somebody who is not done yet.
+struct SingleInstance::Guest {
+    explicit Guest(int number)
+        : socket(number)
+        , news(new QSocketNotifier(number, QSocketNotifier::Read)) {}
+
+    Guest(const Guest&) = delete;
+    Guest& operator=(const Guest&) = delete;
+
+    ~Guest() {
+        // Before the number is another file's.
+        news->setEnabled(false);
+        news->disconnect();
+    }
+
+    Descriptor socket;
+    // It may be what tells the guest to go.
+    std::unique_ptr<QSocketNotifier, QScopedPointerDeleteLater> news;
+    QTimer patience;
+    QByteArray said;
+};
+
+void SingleInstance::listen(const Admission& admission, Reopen reopen) {
+    m_admission = &admission;
     m_reopen = std::move(reopen);
     if (!m_server.isOpen())
         return;
@@ -124,29 +139,62 @@ void SingleInstance::listen(Reopen reopen) {
 }
 
 void SingleInstance::accept() {
-    const Descriptor guest(::accept4(m_server.number(), nullptr, nullptr, SOCK_CLOEXEC));
-    if (!guest.isOpen() || !isOurUser(guest.number()))
+    const int number = ::accept4(m_server.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (number < 0)
         return;
-    const auto path = readAll(guest.number());
-    if (!path)
+    auto coming = std::make_unique<Guest>(number);
+    if (!isOurUser(number))
         return;
-    (void)::send(guest.number(), &kHeard, 1, MSG_NOSIGNAL);
-    m_reopen(path->isEmpty() ? std::nullopt : std::optional(QFile::decodeName(*path)));
+    Guest& guest = *coming;
+    QObject::connect(guest.news.get(), &QSocketNotifier::activated, guest.news.get(),
+                     [this, &guest] { hear(guest); });
+    guest.patience.setSingleShot(true);
+    guest.patience.callOnTimeout(guest.news.get(), [this, &guest] { dismiss(guest); });
+    guest.patience.start(kGuestPatienceMs);
+    m_guests.push_back(std::move(coming));
+    m_notifier->setEnabled(m_guests.size() < kMostGuests);
 }
 
-bool SingleInstance::handOver(const std::optional<QString>& file) const {
+void SingleInstance::hear(Guest& guest) {
+    char chunk[1024];
+    ssize_t count = 0;
+    while ((count = ::recv(guest.socket.number(), chunk, sizeof chunk, 0)) > 0) {
+        guest.said.append(chunk, qsizetype(count));
+        if (guest.said.size() > kLongestText)
+            return dismiss(guest);
+    }
+    if (count < 0 && (errno == EAGAIN || errno == EINTR))
+        return;
+    if (count < 0)
+        return dismiss(guest);
+    const Admission::Ticket ticket = m_admission->admit();
+    (void)::send(guest.socket.number(), ticket ? &kHeard : &kBusy, 1, MSG_NOSIGNAL);
+    const QByteArray path = guest.said;
+    dismiss(guest);
+    if (ticket)
+        m_reopen(path.isEmpty() ? std::nullopt : std::optional(QFile::decodeName(path)), ticket);
+}
+
+void SingleInstance::dismiss(Guest& guest) {
+    std::erase_if(m_guests, [&](const auto& each) { return each.get() == &guest; });
+    m_notifier->setEnabled(true);
+}
+
+SingleInstance::Answer SingleInstance::handOver(const std::optional<QString>& file) const {
     const auto address = addressOf(m_address);
     if (!address)
-        return false;
+        return Answer::None;
     const Descriptor host(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    limitPatience(host.number(), kPatienceMs);
     if (::connect(host.number(), reinterpret_cast<const sockaddr*>(&address->name), address->length) != 0)
-        return false;
+        return Answer::None;
     const QByteArray path = file ? QFile::encodeName(*file) : QByteArray();
     if (!isOurUser(host.number()) ||
         ::send(host.number(), path.constData(), std::size_t(path.size()), MSG_NOSIGNAL) != path.size())
-        return false;
+        return Answer::None;
     ::shutdown(host.number(), SHUT_WR);
     char answer = 0;
-    return waitFor(host.number(), POLLIN, kPatienceMs) && ::recv(host.number(), &answer, 1, 0) == 1 &&
-           answer == kHeard;
+    if (!waitFor(host.number(), POLLIN, kPatienceMs) || ::recv(host.number(), &answer, 1, 0) != 1)
+        return Answer::None;
+    return answer == kHeard ? Answer::Heard : answer == kBusy ? Answer::Busy : Answer::None;
 }

@@ -33,8 +33,10 @@ QByteArray tokenIn(const QVariantMap& platformData) {
 
 } // namespace
 
-ActivationService::ActivationService(Bus& sessionBus, RunLoop& runLoop, SystemLog& log)
+ActivationService::ActivationService(Bus& sessionBus, const Admission& admission, RunLoop& runLoop,
+                                     SystemLog& log)
     : m_bus(sessionBus)
+    , m_admission(admission)
     , m_runLoop(runLoop)
     , m_log(log)
     , m_connection(sessionBus.observe([this] { offer(); })) {
@@ -85,24 +87,20 @@ void ActivationService::ActivateAction(const QString&, const QVariantList&, cons
 }
 
 void ActivationService::take(Request request) {
-    if (m_handler && m_underWay < kMostUnderWay)
-        carryOutSoon(std::move(request));
-    else if (m_handler)
+    request.ticket = m_admission.admit();
+    if (!request.ticket)
         sendErrorReply(QDBusError::LimitsExceeded,
                        QStringLiteral("Answer the questions that are open first."));
-    else if (m_kept.size() < kMostKept)
-        m_kept.push_back(std::move(request));
+    else if (m_handler)
+        carryOutSoon(std::move(request));
     else
-        sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("Ticklog is still starting."));
+        m_kept.push_back(std::move(request));
 }
 
 void ActivationService::carryOutSoon(Request request) {
-    ++m_underWay;
     m_runLoop.performSoon([self = QPointer(this), request = std::move(request)] {
-        if (!self)
-            return;
-        self->carryOut(request);
-        --self->m_underWay;
+        if (self)
+            self->carryOut(request);
     });
 }
 
@@ -111,9 +109,9 @@ void ActivationService::carryOut(const Request& request) {
         // The toolkit takes it from there when a window asks to come to the front. No program that is started while
         // the files are asked about is to inherit it.
         qputenv(kTokenVariable, request.token);
-        m_handler({});
+        m_handler({}, request.ticket);
         qunsetenv(kTokenVariable);
     }
     if (request.token.isEmpty() || !request.files.isEmpty())
-        m_handler(request.files);
+        m_handler(request.files, request.ticket);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/bus/Bus.h"
+#include "platform/foundation/Admission.h"
 
 #include <QDBusContext>
 #include <QStringList>
@@ -22,17 +23,14 @@ class ActivationService : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    // The full paths of files to open; none to only come to the front.
-    using Handler = std::function<void(const QStringList& files)>;
+    // The full paths of files to open; none to only come to the front. Whoever goes on with them later keeps the ticket
+    // until then.
+    using Handler = std::function<void(const QStringList& files, const Admission::Ticket& ticket)>;
 
     // In one request: each file is asked about.
     static constexpr qsizetype kMostFiles = 16;
-    // Begun and not ended: each may wait for an answer.
-    static constexpr int kMostUnderWay = 4;
-    // Before anybody listens.
-    static constexpr std::size_t kMostKept = kMostUnderWay;
 
-    ActivationService(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
+    ActivationService(Bus& sessionBus, const Admission& admission, RunLoop& runLoop, SystemLog& log);
     ~ActivationService() override;
 
     void listen(Handler handler);
@@ -52,6 +50,7 @@ private:
         QStringList files;
         // Empty when there is none.
         QByteArray token;
+        Admission::Ticket ticket = {};
     };
 
     void offer();
@@ -60,10 +59,10 @@ private:
     void carryOut(const Request& request);
 
     Bus& m_bus;
+    const Admission& m_admission;
     RunLoop& m_runLoop;
     SystemLog& m_log;
     Handler m_handler;
     std::vector<Request> m_kept;
-    int m_underWay = 0;
     Subscription m_connection;
 };

@@ -21,7 +21,7 @@ protected:
     }
 
     void listen() {
-        m_service.listen([this](const QStringList& files) {
+        m_service.listen([this](const QStringList& files, const Admission::Ticket&) {
             heard << u'[' + files.join(u' ') + u']' + qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
         });
     }
@@ -31,7 +31,8 @@ protected:
     RecordingLog m_log;
     QtRunLoop m_runLoop{m_log};
     Bus m_bus{Bus::atAddress(m_daemon.address()), m_runLoop, m_log};
-    ActivationService m_service{m_bus, m_runLoop, m_log};
+    Admission m_admission;
+    ActivationService m_service{m_bus, m_admission, m_runLoop, m_log};
     std::unique_ptr<BusName> m_name = std::make_unique<BusName>(m_bus, kTicklogName, m_log);
     ActivationCaller m_caller{m_daemon.address()};
     // "[/a /b]token" for each request.
@@ -54,7 +55,7 @@ TEST_F(ActivationServiceTest, requestsBeforeAnybodyListens_areKept) {
 }
 
 TEST_F(ActivationServiceTest, endlessRequestsBeforeAnybodyListens_areRefusedInTheEnd) {
-    for (std::size_t i = 0; i < ActivationService::kMostKept; ++i)
+    for (int i = 0; i < Admission::kMost; ++i)
         EXPECT_EQ(m_caller.activate(), u"done");
     EXPECT_EQ(m_caller.activate(), u"LimitsExceeded");
 }
@@ -63,17 +64,19 @@ TEST_F(ActivationServiceTest, moreRequestsThanCanWaitForTheUser_areRefusedUntilO
     HandClock clock;
     ManualRunLoop loop{clock};
     Bus bus{Bus::atAddress(m_daemon.address()), m_runLoop, m_log};
-    ActivationService service{bus, loop, m_log};
+    ActivationService service{bus, m_admission, loop, m_log};
     m_name.reset();
     const BusName name{bus, kTicklogName, m_log};
     ASSERT_TRUE(waitFor([&] { return name.isOwned(); }));
-    int ended = 0;
-    service.listen([&](const QStringList&) { ++ended; });
-    for (int i = 0; i < ActivationService::kMostUnderWay; ++i)
+    std::vector<Admission::Ticket> asking;
+    service.listen([&](const QStringList&, const Admission::Ticket& ticket) { asking.push_back(ticket); });
+    for (int i = 0; i < Admission::kMost; ++i)
         EXPECT_EQ(m_caller.activate(), u"done");
     EXPECT_EQ(m_caller.activate(), u"LimitsExceeded");
     loop.runPending();
-    EXPECT_EQ(ended, ActivationService::kMostUnderWay);
+    EXPECT_EQ(int(asking.size()), Admission::kMost);
+    EXPECT_EQ(m_caller.activate(), u"LimitsExceeded") << "the questions are still open";
+    asking.clear();
     EXPECT_EQ(m_caller.activate(), u"done");
 }
 

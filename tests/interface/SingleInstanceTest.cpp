@@ -8,31 +8,66 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 namespace {
 
+using Answer = SingleInstance::Answer;
+
 struct SingleInstanceTest : testing::Test {
     // What a second start answers; the first must turn its loop meanwhile.
-    bool handOver(const std::optional<QString>& file) {
-        std::optional<bool> answer;
-        std::thread second(
-            [&] { answer = SingleInstance(InstanceAddress(folder.path(), display)).handOver(file); });
-        const bool isHeard = QTest::qWaitFor([&] { return heard > 0; }, 20000);
+    bool handOver(const std::optional<QString>& file) { return answerTo(file) == Answer::Heard; }
+
+    Answer answerTo(const std::optional<QString>& file) {
+        std::atomic<bool> isAnswered = false;
+        Answer answer = Answer::None;
+        std::thread second([&] {
+            answer = SingleInstance(InstanceAddress(folder.path(), display)).handOver(file);
+            isAnswered = true;
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isAnswered.load(); }, 20000));
         second.join();
-        return isHeard && answer.value_or(false);
+        return answer;
+    }
+
+    // A connection of somebody who knows the way.
+    int connectTo(const QByteArray& path) const {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::memcpy(address.sun_path, path.constData(), std::size_t(path.size()));
+        const int guest = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        EXPECT_EQ(::connect(guest, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        return guest;
+    }
+
+    QByteArray path() const { return InstanceAddress(folder.path(), display).name(); }
+
+    // What it hears before the other side hangs up.
+    static bool hasHungUp(int guest) {
+        char byte = 0;
+        return ::recv(guest, &byte, 1, MSG_DONTWAIT) == 0;
     }
 
     void listen(SingleInstance& first) {
         ASSERT_TRUE(first.isFirst());
-        first.listen([this](const std::optional<QString>& file) {
+        first.listen(admission, [this](const std::optional<QString>& file, const Admission::Ticket& ticket) {
             ++heard;
             last = file;
+            if (isAsking)
+                asking.push_back(ticket);
         });
     }
 
+    Admission admission;
+    // Questions that nobody has answered.
+    bool isAsking = false;
+    std::vector<Admission::Ticket> asking;
     QTemporaryDir folder;
     QString display = QStringLiteral(":7");
     int heard = 0;
@@ -108,4 +143,62 @@ TEST_F(SingleInstanceTest, theSocket_isTheUsersAlone) {
     const QString socket = folder.filePath(QStringLiteral("org.ticklog.Ticklog-%1-:7").arg(::getuid()));
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
     EXPECT_EQ(QFile::permissions(socket) & others, QFile::Permissions());
+}
+
+TEST_F(SingleInstanceTest, moreHandOversThanCanWait_areRefusedUntilOneIsAnswered) {
+    SingleInstance first(InstanceAddress(folder.path(), display));
+    listen(first);
+    isAsking = true;
+    for (int i = 0; i < Admission::kMost; ++i)
+        EXPECT_EQ(answerTo(QStringLiteral("/a.tkd")), Answer::Heard);
+    EXPECT_EQ(answerTo(QStringLiteral("/a.tkd")), Answer::Busy);
+    EXPECT_EQ(heard, Admission::kMost);
+    EXPECT_EQ(admission.admit(), nullptr) << "nor by another way";
+    asking.pop_back();
+    EXPECT_EQ(answerTo(std::nullopt), Answer::Heard);
+}
+
+TEST_F(SingleInstanceTest, aGuestWhoSaysAByteNowAndThen_isSentAwayAndHoldsNobodyUp) {
+    SingleInstance first(InstanceAddress(folder.path(), display));
+    listen(first);
+    const int slow = connectTo(path());
+    int turns = 0;
+    EXPECT_TRUE(handOver(std::nullopt)) << "others are heard meanwhile";
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        ++turns;
+        (void)::send(slow, "a", 1, MSG_NOSIGNAL);
+        return hasHungUp(slow);
+    }));
+    EXPECT_GT(turns, 5) << "the loop turned all the while";
+    EXPECT_EQ(heard, 1);
+    ::close(slow);
+}
+
+TEST_F(SingleInstanceTest, aCrowdOfSilentGuests_onlyDelays) {
+    SingleInstance first(InstanceAddress(folder.path(), display));
+    listen(first);
+    std::vector<int> guests;
+    for (std::size_t i = 0; i < 2 * SingleInstance::kMostGuests - 1; ++i) {
+        QCoreApplication::processEvents();
+        guests.push_back(connectTo(path()));
+    }
+    EXPECT_TRUE(handOver(QStringLiteral("/a.tkd")));
+    EXPECT_EQ(last, QStringLiteral("/a.tkd"));
+    for (const int guest : guests)
+        ::close(guest);
+}
+
+TEST_F(SingleInstanceTest, aGuestWhoTalksOnAndOn_isSentAway) {
+    SingleInstance first(InstanceAddress(folder.path(), display));
+    listen(first);
+    const int guest = connectTo(path());
+    const QByteArray talk(8192, 'a');
+    EXPECT_EQ(::send(guest, talk.constData(), std::size_t(talk.size()), MSG_NOSIGNAL), talk.size());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        char byte = 0;
+        const ssize_t count = ::recv(guest, &byte, 1, MSG_DONTWAIT);
+        return count == 0 || (count < 0 && errno == ECONNRESET);
+    }));
+    EXPECT_EQ(heard, 0);
+    ::close(guest);
 }
