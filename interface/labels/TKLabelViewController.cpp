@@ -3,6 +3,7 @@
 
 #include "interface/labels/TKLabelButton.h"
 #include "interface/shell/Named.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QHBoxLayout>
@@ -35,7 +36,7 @@ constexpr std::array<Label, 7> kLabels = {{{"colorNone", QT_TRANSLATE_NOOP("Tick
 
 TKLabelViewController::TKLabelViewController(QMenu& menu)
     : m_menu(menu)
-    , m_mainLabel(named(new QLabel(localized("Label:")), QStringLiteral("mainLabel"))) {
+    , m_mainLabel(named(new PlainLabel(localized("Label:")), QStringLiteral("mainLabel"))) {
     named(this, QStringLiteral("tkLabelMenuItem"));
     setFocusPolicy(Qt::StrongFocus);
     auto* rows = new QVBoxLayout(this);

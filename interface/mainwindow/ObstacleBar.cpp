@@ -2,6 +2,7 @@
 #include "interface/mainwindow/ObstacleBar.h"
 
 #include "interface/shell/Named.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QAccessible>
@@ -19,14 +20,14 @@ constexpr int kAir = 8;
 
 ObstacleBar::ObstacleBar(QWidget* parent)
     : QFrame(parent)
-    , m_text(named(new QLabel, QStringLiteral("obstacleText")))
+    , m_text(named(new PlainLabel, QStringLiteral("obstacleText")))
     , m_remedyButton(named(new QPushButton(localized("Set Up...")), QStringLiteral("obstacleRemedy")))
     , m_acknowledgeButton(
           named(new QPushButton(localized("Understood")), QStringLiteral("obstacleAcknowledge"))) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    auto* icon = named(new QLabel, QStringLiteral("obstacleIcon"));
+    auto* icon = named(new PlainLabel, QStringLiteral("obstacleIcon"));
     icon->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(QSize(size, size), devicePixelRatioF()));
     m_text->setForegroundRole(QPalette::ToolTipText);

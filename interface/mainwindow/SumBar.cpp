@@ -6,6 +6,7 @@
 #include "interface/mainwindow/TKTimeSummaryTextField.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QHBoxLayout>
@@ -35,9 +36,9 @@ int digitsWide(const QFont& font, int digits) {
 SumBar::SumBar(QWidget* parent)
     : QWidget(parent)
     , m_cutoff(named(new CutoffSlider, QStringLiteral("cutOffSlider")))
-    , m_cutoffCaption(named(new QLabel(localized("At least")), QStringLiteral("cutOffCaption")))
-    , m_cutOffValueDisplay(named(new QLabel, QStringLiteral("cutOffValueDisplay")))
-    , m_timeSumIcon(named(new QLabel, QStringLiteral("timeSumIcon")))
+    , m_cutoffCaption(named(new PlainLabel(localized("At least")), QStringLiteral("cutOffCaption")))
+    , m_cutOffValueDisplay(named(new PlainLabel, QStringLiteral("cutOffValueDisplay")))
+    , m_timeSumIcon(named(new PlainLabel, QStringLiteral("timeSumIcon")))
     , m_timeSumCaption(named(new TKTimeSummaryTextField, QStringLiteral("timeSumCaption")))
     , m_timeSum(named(new SumOfTimesLabel, QStringLiteral("timeSum"))) {
     m_cutoff->setMinimumWidth(kSmallestSlider);
@@ -81,7 +82,7 @@ void SumBar::showSum(const QString& time) {
 void SumBar::showSumMode(const QString& image, const QString& caption) {
     const QIcon icon = Images::named(image);
     m_timeSumIcon->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    m_timeSumIcon->setToolTip(caption);
+    m_timeSumIcon->setToolTip(PlainText::toolTip(caption));
     m_timeSumIcon->setVisible(!icon.isNull());
     m_timeSumCaption->setText(caption);
     m_timeSum->setAccessibleDescription(caption);

@@ -9,6 +9,7 @@
 #include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QApplication>
@@ -252,7 +253,8 @@ void TKController::showObstacle() {
 }
 
 void TKController::showLastReset() {
-    m_window.actions().clearTimers->setToolTip(m_engine.tracker().lastResetDateDisplayString());
+    const QString lastReset = m_engine.tracker().lastResetDateDisplayString();
+    m_window.actions().clearTimers->setToolTip(PlainText::toolTip(lastReset));
 }
 
 void TKController::selectionChanged() {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLabel>
+#include "interface/shell/PlainText.h"
 
 // A text that acts as a button.
-class TKTimeSummaryTextField : public QLabel {
+class TKTimeSummaryTextField : public PlainLabel {
     Q_OBJECT
 public:
     explicit TKTimeSummaryTextField(QWidget* parent = nullptr)
-        : QLabel(parent) {
+        : PlainLabel(parent) {
         setCursor(Qt::PointingHandCursor);
     }
 
@@ -17,7 +17,7 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override {
-        QLabel::mousePressEvent(event);
+        PlainLabel::mousePressEvent(event);
         Q_EMIT pressed();
     }
 };

@@ -3,6 +3,7 @@
 
 #include "interface/outline/TKAppDisplayFormatter.h"
 #include "interface/outline/TimeTreeRow.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QPointer>
@@ -140,8 +141,9 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted());
+    case Qt::ToolTipRole:
+        return PlainText::toolTip(TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()));
     case Qt::EditRole:
         return TKAppDisplayFormatter::editingStringForObjectValue(item.renamedNameFormatted());
     case Qt::AccessibleTextRole:

@@ -3,6 +3,7 @@
 
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QCheckBox>
@@ -34,8 +35,8 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     , m_ruleRenameCheckbox(called(new QCheckBox(localized("&Rename")), "ruleRenameCheckbox"))
     , m_ruleRenameName(called(new QLineEdit, "ruleRenameName"))
     , m_ruleCategories(called(new TokenField, "ruleCategories"))
-    , m_ruleRenameLabel(called(new QLabel(localized("&New name:")), "ruleRenameLabel"))
-    , m_ruleCategoriesLabel(called(new QLabel(localized("&Categories:")), "ruleCategoriesLabel")) {
+    , m_ruleRenameLabel(called(new PlainLabel(localized("&New name:")), "ruleRenameLabel"))
+    , m_ruleCategoriesLabel(called(new PlainLabel(localized("&Categories:")), "ruleCategoriesLabel")) {
     setObjectName(QStringLiteral("ruleWindow"));
     setWindowTitle(localized("Rule"));
     setAccessibleName(windowTitle());

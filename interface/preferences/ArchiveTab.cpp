@@ -4,6 +4,7 @@
 #include "Classes/Settings.h"
 #include "interface/preferences/SettingsBinding.h"
 #include "interface/preferences/WeekdaySelector.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QCheckBox>
@@ -31,7 +32,7 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     , m_room(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding))
     , m_bottomView(new QWidget)
     , m_periodicDaysOfWeek(new WeekdaySelector)
-    , m_weekdays(new QLabel) {
+    , m_weekdays(new PlainLabel) {
     setObjectName(QStringLiteral("Archive"));
     auto* parts = new QVBoxLayout(this);
     parts->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -53,7 +54,7 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     isOn->setObjectName(QStringLiteral("saveTimerPeriodically"));
     settings.bind(*isOn, kSaveTimerPeriodically);
     rows->addWidget(isOn);
-    auto* explanation = new QLabel(localized(
+    auto* explanation = new PlainLabel(localized(
         "At the chosen time all timers are written to a file named after the day, and start anew."));
     explanation->setWordWrap(true);
     explanation->setForegroundRole(QPalette::PlaceholderText);
@@ -122,11 +123,11 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     cells->addWidget(
         makeButton("setPeriodicSaveDirectory", localized("C&hoose…"), m_actions.setPeriodicSaveDirectory));
     form->addRow(localized("&Time of day:"), time);
-    auto* weekdaysLabel = new QLabel(localized("&Weekdays:"));
+    auto* weekdaysLabel = new PlainLabel(localized("&Weekdays:"));
     weekdaysLabel->setBuddy(m_periodicDaysOfWeek);
     form->addRow(weekdaysLabel, weekdays);
     form->addRow(localized("&Format:"), format);
-    auto* folderLabel = new QLabel(localized("F&older:"));
+    auto* folderLabel = new PlainLabel(localized("F&older:"));
     folderLabel->setBuddy(folder);
     form->addRow(folderLabel, cells);
     folder->setMinimumWidth(kNarrowestFolder);
@@ -149,11 +150,13 @@ void ArchiveTab::showWeekdays(UserDefaults& defaults) {
             names << QLocale().standaloneDayName(day == 0 ? 7 : day, length);
     m_weekdays->setText(names.isEmpty() ? localized("No day: nothing is archived.")
                                         : localized("Archived on: ") + names.join(QStringLiteral(", ")));
-    m_weekdays->setToolTip(m_weekdays->text());
+    m_weekdays->setToolTip(PlainText::toolTip(m_weekdays->text()));
+    m_weekdays->setAccessibleDescription(m_weekdays->text());
 }
 
 void ArchiveTab::showDatabaseLocation(const QString& path, bool isDefault) {
     m_pathDirectory->setText(path);
-    m_pathDirectory->setToolTip(path);
+    m_pathDirectory->setToolTip(PlainText::toolTip(path));
+    m_pathDirectory->setAccessibleDescription(path);
     m_restore->setEnabled(!isDefault);
 }

@@ -4,6 +4,7 @@
 #include "Classes/Settings.h"
 #include "interface/preferences/SettingsBinding.h"
 #include "interface/shell/Images.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QCheckBox>
@@ -98,7 +99,7 @@ void GeneralTab::addIdleness(QFormLayout& form, SettingsBinding& settings) {
     // A number is meant when it has been typed to its end.
     minutes->setKeyboardTracking(false);
     form.addRow(localized("Idleness:"), detection);
-    auto* after = new QLabel(localized("&After:"));
+    auto* after = new PlainLabel(localized("&After:"));
     after->setBuddy(minutes);
     auto* cells = new QHBoxLayout;
     cells->addWidget(after);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/RulesTab.h"
 
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QHBoxLayout>
@@ -37,8 +38,8 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
         buttons->addWidget(button);
     buttons->addStretch(1);
     auto* explanation =
-        new QLabel(localized("Rules give applications categories. Nothing is blocked or renamed: all "
-                             "time counts under an application's own name."));
+        new PlainLabel(localized("Rules give applications categories. Nothing is blocked or renamed: all "
+                                 "time counts under an application's own name."));
     explanation->setObjectName(QStringLiteral("whatRulesDo"));
     explanation->setWordWrap(true);
     auto* rows = new QVBoxLayout(this);

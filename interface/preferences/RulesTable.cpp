@@ -2,6 +2,7 @@
 #include "interface/preferences/RulesTable.h"
 
 #include "Classes/RuleCategories.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <stdexcept>
@@ -52,8 +53,10 @@ QVariant RulesTable::data(const QModelIndex& index, int role) const {
         return {};
     const QString& rule = m_names[index.row()];
     const auto description = [&] { return Ruleset::description(rule, m_ruleset.record(rule)); };
+    if (index.column() == Description && role == Qt::ToolTipRole)
+        return PlainText::toolTip(description());
     if (index.column() == Description)
-        return role == Qt::DisplayRole || role == Qt::ToolTipRole ? QVariant(description()) : QVariant();
+        return role == Qt::DisplayRole ? QVariant(description()) : QVariant();
     switch (role) {
     case Qt::CheckStateRole:
         return isActive(rule) ? Qt::Checked : Qt::Unchecked;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/TokenField.h"
 
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QKeyEvent>
@@ -66,7 +67,7 @@ void TokenField::addToken(const QString& word) {
     auto* token = new QToolButton(this);
     token->setObjectName(QStringLiteral("token"));
     token->setProperty("word", word);
-    token->setToolTip(word);
+    token->setToolTip(PlainText::toolTip(word));
     token->setAccessibleName(word);
     token->setAccessibleDescription(localized("Category. Delete removes it."));
     token->setFocusPolicy(Qt::StrongFocus);

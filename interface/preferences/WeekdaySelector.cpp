@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/WeekdaySelector.h"
 
+#include "interface/shell/PlainText.h"
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLocale>
@@ -18,7 +20,7 @@ WeekdaySelector::WeekdaySelector(QWidget* parent)
         auto* button = new QToolButton;
         button->setObjectName(QStringLiteral("weekday%1").arg(i));
         button->setText(locale.standaloneDayName(day, QLocale::ShortFormat));
-        button->setToolTip(locale.standaloneDayName(day));
+        button->setToolTip(PlainText::toolTip(locale.standaloneDayName(day)));
         button->setAccessibleName(button->toolTip());
         button->setCheckable(true);
         button->setFocusPolicy(Qt::StrongFocus);

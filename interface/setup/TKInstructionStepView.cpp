@@ -5,6 +5,7 @@
 #include "interface/setup/InstructionPage.h"
 #include "interface/setup/TKInstructionView.h"
 #include "interface/shell/Images.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QAccessible>
@@ -32,7 +33,7 @@ TKInstructionStepView::TKInstructionStepView(const QRect& frame, TKInstructionVi
     : QAbstractButton(&controllingView)
     , m_stepNumber(stepNumber)
     , m_badgeView(new ImageView(this))
-    , m_textField(new QLabel(this))
+    , m_textField(new PlainLabel(this))
     , m_controllingView(controllingView) {
     setObjectName(QStringLiteral("step%1").arg(stepNumber));
     setText(InstructionPage::stepText(stepNumber));

@@ -122,10 +122,10 @@ void AppPresence::updateMenuIconState() {
         return;
     m_statusBarItem->setImages(isRunning ? QStringLiteral("MenuBar-Active") : QStringLiteral("MenuBar-Idle"),
                                QStringLiteral("MenuBar-Pressed"));
-    m_statusBarItem->setToolTip(!m_trouble.isEmpty() ? m_trouble
-                                : hasObstacle        ? m_obstacle
-                                : isRunning          ? localized("Ticklog is counting")
-                                                     : localized("Ticklog is paused"));
+    m_statusBarItem->setTip(!m_trouble.isEmpty() ? m_trouble
+                            : hasObstacle        ? m_obstacle
+                            : isRunning          ? localized("Ticklog is counting")
+                                                 : localized("Ticklog is paused"));
 }
 
 void AppPresence::showObstacle(const QString& text) {

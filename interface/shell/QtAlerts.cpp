@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/QtAlerts.h"
 
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QApplication>
@@ -18,9 +19,14 @@ QString databaseFilter() {
 
 constexpr int kIconSize = 64;
 
-// Qt makes boxes as narrow as their headline, however long the text beneath it is.
-void makeRoom(const QMessageBox& box) {
+void say(QMessageBox& box, const QString& message, const QString& informativeText) {
     constexpr int kCharactersPerLine = 52;
+    // Qt makes the label for the second text with it, and knows at once whether it is markup.
+    box.setInformativeText(QStringLiteral(" "));
+    PlainText::keepPlain(box);
+    box.setText(PlainText::cut(message, PlainText::kLongestParagraph));
+    box.setInformativeText(PlainText::cut(informativeText, PlainText::kLongestParagraph));
+    // Qt makes boxes as narrow as their headline, however long the text beneath it is.
     if (auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kCharactersPerLine);
 }
@@ -28,7 +34,8 @@ void makeRoom(const QMessageBox& box) {
 class QtProgressPanel : public ProgressPanel {
 public:
     QtProgressPanel(QWidget* window, const QString& message)
-        : m_dialog(message, QString(), 0, kSteps, window) {
+        : m_dialog(QString(), QString(), 0, kSteps, window) {
+        m_dialog.setLabel(new PlainLabel(PlainText::cut(message, PlainText::kLongestParagraph)));
         m_dialog.setObjectName(QStringLiteral("progressPanel"));
         m_dialog.setWindowModality(Qt::WindowModal);
         m_dialog.setWindowTitle(QStringLiteral("Ticklog"));
@@ -69,8 +76,7 @@ int QtAlerts::ask(const Question& question) {
     box.setWindowModality(Qt::WindowModal);
     box.setIcon(QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Ticklog"));
-    box.setText(question.message);
-    box.setInformativeText(question.informativeText);
+    say(box, question.message, question.informativeText);
     const bool keeps = question.whenClosed == Default;
     QPushButton* first =
         box.addButton(question.defaultButton, keeps ? QMessageBox::RejectRole : QMessageBox::AcceptRole);
@@ -81,7 +87,6 @@ int QtAlerts::ask(const Question& question) {
                                    : box.addButton(question.otherButton, QMessageBox::ActionRole);
     box.setDefaultButton(first);
     box.setEscapeButton(keeps ? first : alternate);
-    makeRoom(box);
     if (!run(box))
         return question.whenClosed;
     const QAbstractButton* clicked = box.clickedButton();
@@ -139,9 +144,7 @@ void QtAlerts::showError(const QString& message, const QString& informativeText)
     box.setWindowModality(Qt::WindowModal);
     box.setIcon(QMessageBox::Critical);
     box.setWindowTitle(QStringLiteral("Ticklog"));
-    box.setText(message);
-    box.setInformativeText(informativeText);
-    makeRoom(box);
+    say(box, message, informativeText);
     box.exec();
 }
 
@@ -165,10 +168,8 @@ void QtAlerts::open(const QString& name, const QString& title, const QString& me
     box->setWindowModality(Qt::NonModal);
     box->setIconPixmap(QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize)));
     box->setWindowTitle(title);
-    box->setText(message);
-    box->setInformativeText(informativeText);
+    say(*box, message, informativeText);
     box->setStandardButtons(QMessageBox::Ok);
-    makeRoom(*box);
     box->show();
     box->raise();
     box->activateWindow();

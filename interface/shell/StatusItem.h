@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/shell/PlainText.h"
+
 #include <QSystemTrayIcon>
 
 #include <functional>
@@ -17,7 +19,9 @@ public:
     void setImages(const QString& image, const QString& alternateImage);
     const QString& image() const { return m_image; }
     const QString& alternateImage() const { return m_alternateImage; }
-    void setToolTip(const QString& text) { m_icon.setToolTip(text); }
+    // Trays draw it as they like, some of them as markup.
+    void setTip(const QString& text) { m_icon.setToolTip(PlainText::withoutTags(text)); }
+    QString tip() const { return m_icon.toolTip(); }
 
     const QSystemTrayIcon& icon() const { return m_icon; }
 

@@ -2,6 +2,7 @@
 #include "interface/shell/TimerMenuItem.h"
 
 #include "interface/outline/TKAppDisplayFormatter.h"
+#include "interface/shell/PlainText.h"
 
 #include <cmath>
 
@@ -11,8 +12,7 @@ namespace {
 constexpr qsizetype kLongestExportedName = 60;
 
 QString exportedName(QString name) {
-    if (name.size() > kLongestExportedName)
-        name = name.left(kLongestExportedName - 1) + u'…';
+    name = PlainText::cut(name, kLongestExportedName);
     // Hosts take a single underscore for the mark of a key, and Qt makes one of the first ampersand and leaves the others:
     // given one that stands for nothing, it leaves those of the name.
     name.replace(u'_', QLatin1String("__"));
@@ -22,7 +22,9 @@ QString exportedName(QString name) {
 } // namespace
 
 QString menuName(MenuForm form, const QString& name) {
-    return form == MenuForm::Exported ? exportedName(name) : QString(name).replace(u'&', QLatin1String("&&"));
+    return form == MenuForm::Exported
+               ? exportedName(name)
+               : PlainText::cut(name, PlainText::kLongestEntry).replace(u'&', QLatin1String("&&"));
 }
 
 QString menuText(MenuForm form, const QString& name, const QString& time) {

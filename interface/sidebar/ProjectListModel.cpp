@@ -2,6 +2,7 @@
 #include "interface/sidebar/ProjectListModel.h"
 
 #include "Classes/PasteboardTypes.h"
+#include "interface/shell/PlainText.h"
 
 using Kind = ProjectListChange::Kind;
 
@@ -68,9 +69,10 @@ QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::ToolTipRole:
     case Qt::AccessibleTextRole:
         return project(index)->label();
+    case Qt::ToolTipRole:
+        return PlainText::toolTip(project(index)->label());
     default:
         return {};
     }

@@ -4,6 +4,7 @@
 #include "interface/labels/TKProjectFooterBox.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Named.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QAction>
@@ -19,7 +20,7 @@ constexpr int kBoxMargin = 6;
 QToolButton* boxButton(const char* name, const QString& text, const QString& description, QAction* action) {
     auto* button = named(new QToolButton, QLatin1String(name));
     button->setText(text);
-    button->setToolTip(description);
+    button->setToolTip(PlainText::toolTip(description));
     button->setAccessibleDescription(description);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);

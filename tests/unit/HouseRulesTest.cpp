@@ -165,6 +165,16 @@ TEST(HouseRules, theInterface_reachesTheDesktopThroughPorts) {
          QStringLiteral("the same window must work under X and Wayland: put the call into a back end")});
 }
 
+TEST(HouseRules, foreignText_isShownThroughPlainText) {
+    expectKept({QStringLiteral("^interface/"), QStringLiteral("^interface/shell/PlainText\\."),
+                QStringLiteral("new QLabel\\b|public QLabel\\b|\\bQLabel [a-z]\\w*[;({]|"
+                               "setToolTip\\((?!localized\\(|PlainText::|const )|setStatusTip|setWhatsThis|"
+                               "QMessageBox::(about|critical|information|question|warning)|QToolTip::"),
+                QStringLiteral("row->setToolTip(window.title());"),
+                QStringLiteral("Qt draws as markup whatever looks like it: take PlainLabel and "
+                               "PlainText::toolTip from interface/shell/PlainText.h")});
+}
+
 TEST(HouseRules, theTime_isReadFromTheClockAlone) {
     expectKept(
         {kProduct, QStringLiteral("^platform/foundation/Clock\\.cpp$"),
