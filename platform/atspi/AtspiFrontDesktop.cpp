@@ -105,9 +105,10 @@ ApplicationRecord AtspiFrontDesktop::recordOf(const AtspiApplication& applicatio
     record.path = executableOfProcess(record.processIdentifier);
     if (record.processIdentifier == QCoreApplication::applicationPid())
         record.name = kOwnName;
+    else if (const auto titled = m_desktopEntries.nameForWindow({application.title()}, {}))
+        record.name = *titled;
     else
-        record.name =
-            m_desktopEntries.nameForWindow({application.title()}, record.path).value_or(application.title());
+        record.name = m_desktopEntries.nameForExecutable(record.path).value_or(application.title());
     for (const QString& name : {QFileInfo(record.path).fileName(), kNamelessName}) {
         if (record.name.isEmpty())
             record.name = name;

@@ -30,6 +30,28 @@ QString fileName(const QString& path) {
     return QFileInfo(path).fileName();
 }
 
+QString lettersAndDigits(const QString& text) {
+    QString kept;
+    std::ranges::copy_if(text.toCaseFolded(), std::back_inserter(kept),
+                         [](QChar character) { return character.isLetterOrNumber(); });
+    return kept;
+}
+
+// "org.gnome.Nautilus" has to do with "nautilus", "Gimp" with "gimp-2.10".
+bool hasToDoWith(const QString& windowClass, const QString& program) {
+    constexpr qsizetype kTelling = 3;
+    QString shorter = lettersAndDigits(windowClass);
+    QString longer = lettersAndDigits(program);
+    if (shorter.size() > longer.size())
+        shorter.swap(longer);
+    return shorter == longer || (shorter.size() >= kTelling && longer.contains(shorter));
+}
+
+bool isGivenOnPurpose(const QString& windowClass, const QString& program) {
+    return !windowClass.isEmpty() && !program.isEmpty() && !runsOtherPrograms(program) &&
+           !runsOtherPrograms(windowClass.toLower()) && !hasToDoWith(windowClass, program);
+}
+
 // The program of a command line and what is handed to it; what comes before it to set its environment is skipped.
 QStringList programAndArguments(const QString& command) {
     QStringList words = DesktopEntryFile::commandWords(command);
@@ -120,16 +142,19 @@ std::optional<QString> DesktopEntries::nameForExecutable(const QString& executab
 }
 
 std::optional<QString> DesktopEntries::find(const QStringList& classes, const QString& executable) const {
+    const QString program = fileName(executable);
+    const bool isOnPurpose = !classes.isEmpty() && isGivenOnPurpose(classes.last(), program);
     for (const auto* index : {&m_byStartupClass, &m_byId}) {
         for (const QString& windowClass : classes) {
             const auto entry = index->constFind(windowClass.toCaseFolded());
-            if (!windowClass.isEmpty() && entry != index->constEnd())
+            // The rest of what it is called is what its program is always called.
+            const bool isUsual = isOnPurpose && hasToDoWith(windowClass, program);
+            if (!windowClass.isEmpty() && !isUsual && entry != index->constEnd())
                 return m_entries[*entry].name;
         }
     }
-    const QString program = fileName(executable);
     const auto entry = m_byExecutable.constFind(program);
-    if (program.isEmpty() || runsOtherPrograms(program) || entry == m_byExecutable.constEnd())
+    if (program.isEmpty() || isOnPurpose || runsOtherPrograms(program) || entry == m_byExecutable.constEnd())
         return std::nullopt;
     return m_entries[*entry].name;
 }

@@ -31,8 +31,9 @@ public:
     DesktopEntries(Places places, const Clock& clock);
 
     // The name of the program that a window belongs to. `classes` are what the window calls its program, the
-    // most telling first: the parts of WM_CLASS, or an app id. `executable` is the full path, or empty.
-    // Absent when no entry belongs to it.
+    // most telling first and the class itself last: the parts of WM_CLASS, or an app id. `executable` is the full
+    // path, or empty. Absent when no entry belongs to it, also where the class has nothing to do with the executable's
+    // name: somebody gave it on purpose, and then it is the program (`xterm -class Mailer`).
     std::optional<QString> nameForWindow(const QStringList& classes, const QString& executable);
     // The name of the program at a full path; absent when no entry starts it.
     std::optional<QString> nameForExecutable(const QString& executable);

@@ -15,15 +15,31 @@ TEST(X11DesktopEntries, anInstalledProgram_isNamedInTheUsersLanguage) {
     EXPECT_SEEN(scene, "Texteditor: Page");
 }
 
-TEST(X11DesktopEntries, aProgramWithAClassOfItsOwn_isFoundByItsExecutable) {
+TEST(X11DesktopEntries, aWindowWhoseClassHasToDoWithItsProgram_isFoundByItsExecutable) {
     X11Scene scene;
     scene.desk.home().write(QStringLiteral("data/applications/client.desktop"),
                             "[Desktop Entry]\nType=Application\nName=The Client\nExec=x-client\n");
     XClient client(scene.desk);
-    client.activate(client.open({.title = "Page", .instanceName = "editor", .className = "Editor"}));
+    client.activate(client.open({.title = "Page", .instanceName = "editor", .className = "X-Client"}));
     EXPECT_SEEN(scene, "The Client: Page");
     EXPECT_EQ(scene.desktop->bundleName(QStringLiteral("/opt/x-client")), QStringLiteral("The Client"));
     EXPECT_EQ(scene.desktop->bundleName(QStringLiteral("/opt/other")), QStringLiteral("other"));
+}
+
+TEST(X11DesktopEntries, aClassGivenOnPurpose_isTheApplicationAndNotTheEntryOfItsProgram) {
+    X11Scene scene;
+    for (const char* id : {"xterm", "vendor-xterm"})
+        scene.desk.home().write(QStringLiteral("data/applications/%1.desktop").arg(QLatin1String(id)),
+                                "[Desktop Entry]\nType=Application\nName=Terminal\nExec=xterm\n");
+    const auto start = [&](const QStringList& options) {
+        return scene.desk.start(QStringLiteral("xterm"),
+                                options + QStringList{QStringLiteral("-e"), QStringLiteral("cat")});
+    };
+    const QStringList title{QStringLiteral("-T"), QStringLiteral("page")};
+    const auto plain = start(title);
+    EXPECT_SEEN(scene, "Terminal: page");
+    const auto mailer = start(title + QStringList{QStringLiteral("-class"), QStringLiteral("Mailer")});
+    EXPECT_SEEN(scene, "Mailer: page");
 }
 
 } // namespace

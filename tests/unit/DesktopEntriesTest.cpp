@@ -59,8 +59,8 @@ TEST_F(DesktopEntriesTest, aStartupClass_comesBeforeTheIdAndTheExecutable) {
     EXPECT_EQ(name("Thing", "/usr/bin/c"), QStringLiteral("By class"));
     EXPECT_EQ(name("thing"), QStringLiteral("By class"));
     EXPECT_EQ(name("ONE", "/usr/bin/c"), QStringLiteral("By class"));
-    EXPECT_EQ(name("other", "/usr/bin/c"), QStringLiteral("By program"));
-    EXPECT_EQ(name("other", "/usr/bin/d"), QStringLiteral("none"));
+    EXPECT_EQ(name("c", "/usr/bin/c"), QStringLiteral("By program"));
+    EXPECT_EQ(name("d", "/usr/bin/d"), QStringLiteral("none"));
     EXPECT_EQ(name("", ""), QStringLiteral("none"));
 }
 
@@ -77,6 +77,27 @@ TEST_F(DesktopEntriesTest, theMoreTellingClass_isAskedFirst) {
     install(QStringLiteral("home/applications/chat.desktop"), "Name=Chat\nStartupWMClass=crx_chat\n");
     EXPECT_EQ(name({QStringLiteral("crx_chat"), QStringLiteral("Browser")}), QStringLiteral("Chat"));
     EXPECT_EQ(name({QStringLiteral("crx_else"), QStringLiteral("Browser")}), QStringLiteral("Browser"));
+}
+
+TEST_F(DesktopEntriesTest, aClassThatHasNothingToDoWithTheProgram_wasGivenOnPurpose) {
+    install(QStringLiteral("shared/applications/xterm.desktop"), "Name=Terminal\nExec=xterm\n");
+    install(QStringLiteral("shared/applications/news.desktop"), "Name=The News\nExec=news\n");
+    const QString program = QStringLiteral("/usr/bin/xterm");
+    EXPECT_EQ(name({QStringLiteral("xterm"), QStringLiteral("XTerm")}, program), QStringLiteral("Terminal"));
+    EXPECT_EQ(name({QStringLiteral("shell"), QStringLiteral("UXTerm")}, program), QStringLiteral("Terminal"));
+    EXPECT_EQ(name({QStringLiteral("xterm"), QStringLiteral("Mailer")}, program), QStringLiteral("none"));
+    EXPECT_EQ(name({QStringLiteral("xterm"), QStringLiteral("News")}, program), QStringLiteral("The News"));
+    EXPECT_EQ(name("Mailer", "/usr/bin/xterm"), QStringLiteral("none"));
+    EXPECT_EQ(name("", "/usr/bin/xterm"), QStringLiteral("Terminal"));
+}
+
+TEST_F(DesktopEntriesTest, aClassThatIsNamedLikeItsProgram_isNotOnPurpose) {
+    install(QStringLiteral("shared/applications/a.desktop"), "Name=Pictures\nExec=gimp-2.10 %U\n");
+    install(QStringLiteral("shared/applications/b.desktop"), "Name=Web\nExec=chrome %U\n");
+    install(QStringLiteral("shared/applications/c.desktop"), "Name=Chat\nExec=chat-app\n");
+    EXPECT_EQ(name("Gimp", "/usr/bin/gimp-2.10"), QStringLiteral("Pictures"));
+    EXPECT_EQ(name("Google-chrome", "/opt/chrome"), QStringLiteral("Web"));
+    EXPECT_EQ(name("electron", "/opt/chat-app"), QStringLiteral("Chat")) << "what runs it is no name";
 }
 
 TEST_F(DesktopEntriesTest, theUsersLanguage_isTakenWithItsFallbacks) {
