@@ -9,7 +9,7 @@
 
 // One on-screen window. Texts are clean: no control characters, no line breaks, at most 4,096 characters.
 struct WindowListEntry {
-    // Tells this window from all others while it exists.
+    // Tells this window from all others that there have been or will be while the program runs.
     std::int64_t number = 0;
     // As ApplicationRecord::processIdentifier.
     std::int64_t ownerProcessIdentifier = 0;

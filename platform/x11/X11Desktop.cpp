@@ -18,6 +18,7 @@ constexpr std::chrono::milliseconds kEmptyMoment{100};
 const QString kOwnClass = QStringLiteral("ticklog");
 // In units of 4 bytes.
 constexpr quint32 kMostWindows = 16384;
+constexpr quint32 kWindowEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
 int layerOf(X11Window::Kind kind) {
     switch (kind) {
@@ -124,6 +125,7 @@ void X11Desktop::begin() {
 void X11Desktop::end() {
     endEmptyMoment();
     m_clients.clear();
+    m_numbers.clear();
     m_frontToBack.clear();
     m_entries.clear();
     m_manager = m_activeWindow = m_frontWindow = 0;
@@ -143,12 +145,11 @@ void X11Desktop::takeIn(const xcb_generic_event_t& event) {
     const int type = event.response_type & 0x7F;
     if (type == XCB_PROPERTY_NOTIFY) {
         takeInPropertyChange(reinterpret_cast<const xcb_property_notify_event_t&>(event));
-    } else if (type == XCB_DESTROY_NOTIFY &&
-               reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == m_manager) {
-        m_isManagerUnasked = true;
-    } else if (!m_manager && X11FocusWindow::isAboutFocus(event)) {
-        m_isActiveUnasked = true;
+    } else if (type == XCB_DESTROY_NOTIFY) {
+        takeInEnd(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
     }
+    if (!m_manager && X11FocusWindow::isAboutFocus(event))
+        m_isActiveUnasked = true;
     // An error means that a window has gone in the meantime, of which the window manager tells as well.
 }
 
@@ -168,6 +169,15 @@ void X11Desktop::takeInPropertyChange(const xcb_property_notify_event_t& event) 
         return;
     if (const auto fact = X11Window::factOf(event.atom, *m_connection))
         found->second.window.mayHaveChanged(*fact);
+}
+
+void X11Desktop::takeInEnd(xcb_window_t window) {
+    if (window == m_manager)
+        m_isManagerUnasked = true;
+    // What is listed under the same id from now on is another window.
+    m_numbers.erase(window);
+    if (m_clients.erase(window) != 0)
+        m_areWindowsUnasked = m_areEntriesStale = true;
 }
 
 void X11Desktop::settle() {
@@ -241,9 +251,9 @@ void X11Desktop::askForWindows() {
 }
 
 void X11Desktop::takeInWindows(std::vector<xcb_window_t> frontToBack) {
-    const quint32 mask = m_manager ? quint32(XCB_EVENT_MASK_PROPERTY_CHANGE) : X11FocusWindow::kEventMask;
+    const quint32 mask = m_manager ? kWindowEvents : X11FocusWindow::kEventMask;
     for (const xcb_window_t window : frontToBack) {
-        if (m_clients.try_emplace(window, window).second)
+        if (m_clients.try_emplace(window, window, numberOf(window)).second)
             // Before anything is asked: what changes in between must not be missed.
             xcb_change_window_attributes(m_connection->xcb(), window, XCB_CW_EVENT_MASK, &mask);
     }
@@ -276,6 +286,11 @@ void X11Desktop::takeInFact(xcb_window_t window, X11Window::Fact fact, const voi
     const auto found = m_clients.find(window);
     if (found == m_clients.end())
         return;
+    // The window has gone before its events were asked for; nothing else will tell of it.
+    if (!reply && fact != X11Window::Fact::ConnectedProcess) {
+        takeInEnd(window);
+        return;
+    }
     Client& client = found->second;
     const bool wasKnown = client.window.isKnown();
     const bool isDifferent = client.window.takeIn(fact, reply, *m_connection);
@@ -284,6 +299,12 @@ void X11Desktop::takeInFact(xcb_window_t window, X11Window::Fact fact, const voi
     m_areEntriesStale = true;
     if (!wasKnown || X11Window::isAboutProgram(fact))
         client.application = applicationOf(client.window);
+}
+
+std::int64_t X11Desktop::numberOf(xcb_window_t window) {
+    const auto [entry, isNew] = m_numbers.try_emplace(window, m_lastNumber + 1);
+    m_lastNumber += isNew;
+    return entry->second;
 }
 
 const X11Desktop::Client* X11Desktop::client(xcb_window_t window) const {
@@ -377,12 +398,12 @@ void X11Desktop::tellOfSwitch() {
 void X11Desktop::updateEntries() {
     m_areEntriesStale = false;
     m_entries.clear();
-    const auto add = [this](xcb_window_t number) {
-        const Client* added = client(number);
+    const auto add = [this](xcb_window_t window) {
+        const Client* added = client(window);
         if (!added || !added->window.isKnown() || added->window.isHidden())
             return;
-        m_entries.push_back({number, added->application.processIdentifier, layerOf(added->window.kind()),
-                             added->window.title(), added->application.name});
+        m_entries.push_back({added->number, added->application.processIdentifier,
+                             layerOf(added->window.kind()), added->window.title(), added->application.name});
     };
     // What has the focus is in front even where it is not raised.
     add(m_frontWindow);

@@ -42,10 +42,13 @@ public:
 
 private:
     struct Client {
-        explicit Client(xcb_window_t number)
-            : window(number) {}
+        Client(xcb_window_t id, std::int64_t ownNumber)
+            : window(id)
+            , number(ownNumber) {}
 
         X11Window window;
+        // What the window list says.
+        std::int64_t number;
         // Made when the window is known, and anew when it says something else of its program.
         ApplicationRecord application;
     };
@@ -56,6 +59,7 @@ private:
     void selectOnRoot();
     void takeIn(const xcb_generic_event_t& event);
     void takeInPropertyChange(const xcb_property_notify_event_t& event);
+    void takeInEnd(xcb_window_t window);
     void settle();
 
     void askRoot(X11Atom property, quint32 length, X11Connection::ReplyHandler handler);
@@ -68,6 +72,7 @@ private:
     void askWindow(Client& client);
     void takeInFact(xcb_window_t window, X11Window::Fact fact, const void* reply);
 
+    std::int64_t numberOf(xcb_window_t window);
     const Client* client(xcb_window_t window) const;
     ApplicationRecord applicationOf(const X11Window& window) const;
     bool isInFront(const Client& client) const;
@@ -88,6 +93,10 @@ private:
     std::function<void()> m_heardHandler;
 
     std::unordered_map<xcb_window_t, Client> m_clients;
+    // Of every window that was seen, for as long as it exists: the server gives a window's id to the next client once
+    // it is free, and that is another window.
+    std::unordered_map<xcb_window_t, std::int64_t> m_numbers;
+    std::int64_t m_lastNumber = 0;
     std::vector<xcb_window_t> m_frontToBack;
     // The window that the window manager answers with; 0 where there is none.
     xcb_window_t m_manager = 0;

@@ -59,6 +59,31 @@ TEST(AccountTruth, twoHundredQuickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelo
             << names[i].constData();
 }
 
+// The server gives each terminal the window id of the last one.
+TEST(AccountTruth, eightTerminalsOpenedAndClosedInTurn_areEightRows) {
+    Desk desk;
+    X11LiveEngine engine(desk);
+    engine.timer().startTimer();
+    QStringList expected;
+    for (int i = 1; i <= 8; ++i) {
+        expected << QStringLiteral("report-%1").arg(i);
+        const auto terminal =
+            desk.start(QStringLiteral("xterm"),
+                       {QStringLiteral("-T"), expected.last(), QStringLiteral("-e"), QStringLiteral("cat")});
+        ASSERT_TRUE(waitFor([&] {
+            const auto* window = engine.tracker().activeStoreWindow();
+            return window && window->name() == expected.last() && window->activeTime() > 0.2;
+        })) << qPrintable(expected.last());
+        terminal->kill();
+        ASSERT_TRUE(waitFor([&] { return engine.tracker().activeStoreApp()->name() == kDesktopName; }));
+    }
+    QStringList rows;
+    for (const auto& app : engine.tracker().fullTimeSet())
+        for (const auto& window : app->windows())
+            rows << window->name();
+    EXPECT_EQ(rows, expected);
+}
+
 TEST(AccountTruth, nothingInFront_isCreditedToTheDesktop) {
     Desk desk;
     XClient program(desk);

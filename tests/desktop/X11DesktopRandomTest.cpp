@@ -72,8 +72,11 @@ QString told(const X11Scene& scene) {
 }
 
 bool isAsAsked(const X11Scene& scene) {
+    QStringList titles;
+    for (const xcb_window_t window : scene.desk.probe().windows())
+        titles << QString::fromUtf8(scene.desk.probe().text(window, "_NET_WM_NAME"));
     const auto exists = [&](const WindowListEntry& window) {
-        return scene.desk.probe().isInWindowList(xcb_window_t(window.number));
+        return titles.contains(window.name.value_or(QString()));
     };
     return scene.desktop->activeApplication() && told(scene) == askedFor(scene) &&
            std::ranges::all_of(scene.desktop->onScreenWindows(), exists);
