@@ -31,6 +31,11 @@ ProjectList::ProjectList(TimeStoreServices& services, UserDefaults& defaults, co
             if (const auto* joined = std::any_cast<FrozenIdentities>(&notification.object))
                 projectJoinNodes(*joined);
         });
+    m_succeeding = services.notifications.observe(
+        kTicklogSucceedNodeNotification, [this](const Notification& notification) {
+            if (const auto* succession = std::any_cast<Succession>(&notification.object))
+                succeedNode(*succession);
+        });
     // The last word of freezing an application: whoever shows projects anew now must find them settled.
     m_refreshing = services.notifications.observe(kTicklogRefreshProjectsNotification,
                                                   [this](const Notification&) { settleFreezing(); });
@@ -85,23 +90,26 @@ PropertyListArray ProjectList::arrayRepresentation() const {
 void ProjectList::saveData() {
     m_owesSave = false;
     m_hasUnwritten = true;
-    writeChanges();
-    std::unordered_set<Identity> all;
+    write();
     for (const Record& project : m_projects) {
-        const PropertyListValue& subtree = project->entries().value(kProjectSubtree);
-        ProjectRecord::addObjectsToSet(all, subtree);
         if (project->expandedEntry().isAbsent())
             continue;
         std::unordered_set<Identity> own;
-        ProjectRecord::addObjectsToSet(own, subtree);
+        ProjectRecord::addObjectsToSet(own, project->entries().value(kProjectSubtree));
         project->pruneExpanded(own);
     }
+    const std::unordered_set<Identity> all = keepNames();
     m_mainItem->pruneExpanded(all);
     storeTopLevelExpansion();
     m_services.registry.setUUIDSet(all);
 }
 
 void ProjectList::writeChanges() {
+    letFormerGo();
+    write();
+}
+
+void ProjectList::write() {
     if (m_hasUnwritten)
         m_hasUnwritten = !m_file.write(arrayRepresentation());
 }

@@ -58,10 +58,11 @@ public:
     PropertyListArray arrayRepresentation() const;
 
     // Writes the file. Then drops from the expanded rows what is no member, from the main item's what is in no project
-    // at all, and has the registry forget the names that no project refers to.
+    // at all, and has the registry know the names of all members and forget those that no project refers to.
     void saveData();
 
-    // Writes what was changed and not saved, if anything was, and tidies nothing up: for whenever the timers are written.
+    // For whenever the timers have been written: lets go of members that were taken in by others, and writes what was
+    // changed and not saved, if anything was.
     void writeChanges();
 
     // A new project, "New Project", at a position or at the end; saves. Never null. Colours stay as they are.
@@ -85,6 +86,9 @@ public:
     void projectDupeNode(const FrozenIdentities& frozen);
     // A frozen timer was joined with its successor: projects point at what has become of both. Saves.
     void projectJoinNodes(const FrozenIdentities& joined);
+    // A timer has taken in another: projects that have the former have the successor too. The former stays until the
+    // timers are written, because after a crash it would be back; and for as long as any other timer goes by it. Saves.
+    void succeedNode(const Succession& succession);
 
     // Inserts a copy of the project at `position` so that it comes to be at `destination`; saves. A move removes the
     // project first: what stands at the destination afterwards is a copy, another object. False, with nothing
@@ -96,8 +100,8 @@ public:
     std::shared_ptr<const ReverseProjectCache> reverseProjectCache() const { return m_reverseProjectCache; }
     void reloadReverseProjectCache();
 
-    // The whole list as it is now; cheap. For undoing: the same records come back with what they had. What was frozen
-    // in between stays frozen, and rows stay expanded as they are.
+    // The whole list as it is now; cheap. For undoing: the same records come back with what they had, and the registry
+    // knows the members' names again. What was frozen in between stays frozen, and rows stay expanded as they are.
     Snapshot snapshot() const;
     // Saves. A snapshot of before makes it redone.
     void restore(const Snapshot& snapshot);
@@ -112,8 +116,16 @@ private:
     void replace(std::vector<Record> records);
     void tell(ProjectListChange::Kind kind, ChangePhase phase, std::optional<std::size_t> position);
     void tellChanged(ProjectListChange::Kind kind, const ProjectRecord& project);
-    void replaceFrozen(const FrozenIdentities& frozen);
+    struct IdentityChange;
+    // Answers whether any project has the old one.
+    bool follow(const IdentityChange& change);
+    void identitiesChanged();
     void settleFreezing();
+    std::unordered_set<Identity> allMembers() const;
+    std::unordered_set<Identity> keepNames();
+    void bringNamesBack(const QHash<QString, Identity>& names);
+    void letFormerGo();
+    void write();
     void expansionChanged(const Record& project);
     void storeTopLevelExpansion();
 
@@ -124,13 +136,21 @@ private:
     Record m_mainItem;
     std::shared_ptr<const ReverseProjectCache> m_reverseProjectCache;
     QExplicitlySharedDataPointer<Listeners<Observer>> m_observers;
-    // Everything that was frozen since the launch and still is, in order.
-    std::vector<FrozenIdentities> m_frozen;
+    // What has become of identities since the launch and was not undone, in order.
+    struct IdentityChange {
+        Identity old;
+        Identity now;
+        bool doesOldStay;
+    };
+    std::vector<IdentityChange> m_identityChanges;
+    // Members whose timers were taken in by others.
+    std::unordered_set<Identity> m_former;
     std::unique_ptr<RunLoopTimer> m_joining;
     bool m_owesSave = false;
     bool m_hasUnwritten = false;
     Subscription m_freezing;
     Subscription m_joinings;
+    Subscription m_succeeding;
     Subscription m_refreshing;
 };
 
@@ -145,5 +165,7 @@ private:
     };
 
     std::vector<Saved> m_projects;
-    std::size_t m_frozen = 0;
+    std::size_t m_identityChanges = 0;
+    // What the registry knew of the members.
+    QHash<QString, Identity> m_names;
 };

@@ -2,14 +2,30 @@
 // How the list of projects changes as a whole: what all edits are made of, following frozen timers, undoing.
 #include "Classes/ProjectList.h"
 #include "Classes/Settings.h"
+#include "Classes/TKUUIDManager.h"
 
 #include <algorithm>
 
 using Kind = ProjectListChange::Kind;
 
 void ProjectList::projectDupeNode(const FrozenIdentities& frozen) {
-    m_frozen.push_back(frozen);
-    replaceFrozen(frozen);
+    for (const auto& [old, replacement] : frozen) {
+        m_identityChanges.push_back({old, replacement, false});
+        follow(m_identityChanges.back());
+    }
+    identitiesChanged();
+}
+
+void ProjectList::succeedNode(const Succession& succession) {
+    // Also where no project has it: undoing may bring back one that had.
+    m_identityChanges.push_back({succession.former, succession.successor, true});
+    if (!follow(m_identityChanges.back()))
+        return;
+    identitiesChanged();
+    m_services.notifications.post(kTicklogRefreshProjectsNotification);
+}
+
+void ProjectList::identitiesChanged() {
     // Freezing an application tells of each of its windows. The first is written at once, the others together.
     if (m_joining && m_joining->isValid()) {
         m_owesSave = true;
@@ -25,10 +41,12 @@ void ProjectList::projectJoinNodes(const FrozenIdentities& joined) {
         for (const Record& project : m_projects)
             project->joinMembers(gone, kept);
         // A state of the projects that comes back from now on is of a time when this was not frozen.
-        const auto frozen =
-            std::ranges::find(m_frozen.rbegin(), m_frozen.rend(), FrozenIdentities{{kept, gone}});
-        if (frozen != m_frozen.rend())
-            m_frozen.erase(std::prev(frozen.base()));
+        const auto frozen = std::ranges::find_if(
+            m_identityChanges.rbegin(), m_identityChanges.rend(), [&](const IdentityChange& change) {
+                return change.old == kept && change.now == gone && !change.doesOldStay;
+            });
+        if (frozen != m_identityChanges.rend())
+            m_identityChanges.erase(std::prev(frozen.base()));
     }
     saveData();
     reloadReverseProjectCache();
@@ -43,7 +61,8 @@ ProjectList::Snapshot ProjectList::snapshot() const {
     Snapshot snapshot;
     for (const Record& project : m_projects)
         snapshot.m_projects.push_back({project, project->entries()});
-    snapshot.m_frozen = m_frozen.size();
+    snapshot.m_identityChanges = m_identityChanges.size();
+    snapshot.m_names = m_services.registry.namesOf(allMembers());
     return snapshot;
 }
 
@@ -59,8 +78,9 @@ void ProjectList::restore(const Snapshot& snapshot) {
         records.push_back(record);
     }
     m_projects = std::move(records);
-    for (std::size_t i = snapshot.m_frozen; i < m_frozen.size(); ++i)
-        replaceFrozen(m_frozen[i]);
+    for (std::size_t i = snapshot.m_identityChanges; i < m_identityChanges.size(); ++i)
+        follow(m_identityChanges[i]);
+    bringNamesBack(snapshot.m_names);
     tell(Kind::Replace, ChangePhase::Did, std::nullopt);
     saveData();
     reloadReverseProjectCache();
@@ -123,10 +143,14 @@ void ProjectList::tellChanged(Kind kind, const ProjectRecord& project) {
     tell(kind, ChangePhase::Did, positionOf(project));
 }
 
-void ProjectList::replaceFrozen(const FrozenIdentities& frozen) {
+bool ProjectList::follow(const IdentityChange& change) {
+    bool isThere = false;
     for (const Record& project : m_projects)
-        for (const auto& [old, replacement] : frozen)
-            project->replaceMember(old, replacement);
+        isThere |= change.doesOldStay ? project->addSuccessor(change.old, change.now)
+                                      : project->replaceMember(change.old, change.now);
+    if (isThere && change.doesOldStay)
+        m_former.insert(change.old);
+    return isThere;
 }
 
 void ProjectList::settleFreezing() {
@@ -134,6 +158,50 @@ void ProjectList::settleFreezing() {
         return;
     saveData();
     reloadReverseProjectCache();
+}
+
+std::unordered_set<Identity> ProjectList::allMembers() const {
+    std::unordered_set<Identity> all;
+    for (const Record& project : m_projects)
+        ProjectRecord::addObjectsToSet(all, project->entries().value(kProjectSubtree));
+    return all;
+}
+
+// Members have been added, or the registry may have forgotten them while they were none.
+std::unordered_set<Identity> ProjectList::keepNames() {
+    std::unordered_set<Identity> all = allMembers();
+    m_services.notifications.post(kTicklogKeepNamesNotification, all);
+    return all;
+}
+
+// Those that no timer goes by at the moment. Where a name has come back meanwhile, as somebody else, it is still the
+// member that was meant.
+void ProjectList::bringNamesBack(const QHash<QString, Identity>& names) {
+    const auto present = m_services.registry.namesOf(keepNames());
+    const std::unordered_set<Identity> known(present.begin(), present.end());
+    for (auto name = names.begin(); name != names.end(); ++name) {
+        if (known.contains(name.value()))
+            continue;
+        if (const auto other = m_services.registry.knownUUID(name.key())) {
+            m_identityChanges.push_back({name.value(), *other, true});
+            follow(m_identityChanges.back());
+        } else {
+            m_services.registry.setUUID(name.value(), name.key());
+        }
+    }
+}
+
+// The registry knows every member that there is or that can come back.
+void ProjectList::letFormerGo() {
+    if (m_former.empty())
+        return;
+    keepNames();
+    std::unordered_set<Identity> gone = std::exchange(m_former, {});
+    const auto names = m_services.registry.namesOf(gone);
+    for (const Identity& identity : names)
+        gone.erase(identity);
+    for (const Record& project : m_projects)
+        m_hasUnwritten |= project->removeMembers(gone);
 }
 
 void ProjectList::expansionChanged(const Record& project) {

@@ -164,6 +164,24 @@ bool ProjectRecord::joinMembers(const Identity& gone, const Identity& kept) {
     return hasChanged;
 }
 
+bool ProjectRecord::addSuccessor(const Identity& former, const Identity& successor) {
+    bool hasChanged = false;
+    for (const QString& key : {kProjectSubtree, kProjectExpandedUUIDs}) {
+        const PropertyListArray& present = listOf(m_entries.value(key));
+        const auto isThere = [&](const Identity& identity) {
+            return std::ranges::any_of(
+                present, [&](const PropertyListValue& value) { return identityOf(value) == identity; });
+        };
+        if (!isThere(former) || isThere(successor))
+            continue;
+        PropertyListArray list = present;
+        list.push_back(entryOf(successor));
+        m_entries.insert(key, std::move(list));
+        hasChanged = true;
+    }
+    return hasChanged;
+}
+
 std::optional<std::vector<Identity>> ProjectRecord::expandedUUIDs() const {
     const PropertyListArray* list = expandedEntry().asArray();
     return list ? std::optional(identitiesIn(*list)) : std::nullopt;

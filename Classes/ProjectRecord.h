@@ -52,6 +52,8 @@ public:
     bool replaceMember(const Identity& old, const Identity& replacement);
     // In both lists `kept` stands from now on where `gone` stood, unless it stands there already.
     bool joinMembers(const Identity& gone, const Identity& kept);
+    // The lists that hold `former` hold `successor` as well from now on.
+    bool addSuccessor(const Identity& former, const Identity& successor);
 
     // The rows shown expanded. Absent until one was first expanded; an identity may be in it twice.
     std::optional<std::vector<Identity>> expandedUUIDs() const;

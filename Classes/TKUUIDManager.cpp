@@ -19,6 +19,11 @@ QString TKUUIDManager::savePath(const QString& applicationSupportFolder) {
     return applicationSupportFolder + QStringLiteral("UUID.plist");
 }
 
+std::optional<Identity> TKUUIDManager::knownUUID(const QString& key) const {
+    const auto known = m_namesToUUIDs.constFind(key);
+    return known == m_namesToUUIDs.constEnd() ? std::nullopt : std::optional(*known);
+}
+
 Identity TKUUIDManager::uuidForName(const QString& key) {
     const auto known = m_namesToUUIDs.constFind(key);
     if (known != m_namesToUUIDs.constEnd())
@@ -42,6 +47,19 @@ void TKUUIDManager::renameName(const QString& oldKey, const QString& newKey) {
         m_namesToUUIDs.insert(newKey, identity);
     }
     requestSave();
+}
+
+void TKUUIDManager::forget(const QString& key) {
+    if (m_namesToUUIDs.remove(key))
+        requestSave();
+}
+
+QHash<QString, Identity> TKUUIDManager::namesOf(const std::unordered_set<Identity>& identities) const {
+    QHash<QString, Identity> names;
+    for (auto entry = m_namesToUUIDs.constBegin(); entry != m_namesToUUIDs.constEnd(); ++entry)
+        if (identities.contains(entry.value()))
+            names.insert(entry.key(), entry.value());
+    return names;
 }
 
 void TKUUIDManager::setUUIDSet(const std::optional<std::unordered_set<Identity>>& used) {

@@ -35,6 +35,8 @@ public:
     // separator, so that it lies beside the folder. Existing registries are found by this name only.
     static QString savePath(const QString& applicationSupportFolder);
 
+    // The key's identity; absent if it has none.
+    std::optional<Identity> knownUUID(const QString& key) const;
     // The key's identity, made and entered now if it has none. This alone does not ask for the file to be written.
     Identity uuidForName(const QString& key);
     // Enters `identity` under `key`, in place of any other, asks for a write, and answers it.
@@ -42,6 +44,10 @@ public:
     // Moves the identity of `oldKey` to `newKey`, in place of any other, and asks for a write, also when there was
     // nothing to move. Nothing happens when both keys are the same.
     void renameName(const QString& oldKey, const QString& newKey);
+    // Drops the key's entry and asks for a write, if there is one.
+    void forget(const QString& key);
+    // The entries of these identities.
+    QHash<QString, Identity> namesOf(const std::unordered_set<Identity>& identities) const;
     // Drops every entry whose identity is not in `used`. Nothing happens when `used` is absent or has as many members
     // as the registry has entries, even if they are others.
     void setUUIDSet(const std::optional<std::unordered_set<Identity>>& used);

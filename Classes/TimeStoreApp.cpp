@@ -61,10 +61,15 @@ TimeStoreApp::windowStoreForName(const std::optional<QString>& name,
     }
     willChange(kChildrenKey);
     willChange(kIsLeafKey);
-    auto window = std::make_shared<TimeStoreWindow>(services(), *name, windowElement);
-    store(*name, window);
+    // Whoever was told may have asked for the same window.
+    const auto known = m_windows.find(*name);
+    auto window = known != m_windows.end()
+                      ? known->second.window
+                      : std::make_shared<TimeStoreWindow>(services(), *name, identityFor(*name));
+    if (known == m_windows.end())
+        store(*name, window);
     if (windowElement)
-        m_byElement.insert_or_assign(*windowElement, window);
+        giveElement(*window, *windowElement);
     didChange(kChildrenKey);
     didChange(kIsLeafKey);
     return window;
@@ -79,34 +84,19 @@ void TimeStoreApp::branchWindowForName(const QString& name) {
 }
 
 void TimeStoreApp::removeUUIDs(const std::unordered_set<Identity>& identities) {
-    const auto isWanted = [&](const Table::value_type& entry) {
-        const auto uuid = entry.second.window->uuid();
+    removeWindows([&](const TimeStoreWindow& window) {
+        const auto uuid = window.uuid();
         return uuid && identities.contains(*uuid);
-    };
-    if (std::ranges::none_of(m_windows, isWanted))
+    });
+}
+
+void TimeStoreApp::removeWindows(const std::function<bool(const TimeStoreWindow&)>& isUnwanted) {
+    const auto isGoing = [&](const Table::value_type& entry) { return isUnwanted(*entry.second.window); };
+    if (std::ranges::none_of(m_windows, isGoing))
         return;
     const ChangeAnnouncement announcement(*this, kChildrenKey);
     for (auto entry = m_windows.begin(); entry != m_windows.end();)
-        entry = isWanted(*entry) ? drop(entry) : std::next(entry);
-}
-
-void TimeStoreApp::addChildFromDictionary(const PropertyListDictionary& record) {
-    if (record.isEmpty() || record.value(kRecordName).toString().isEmpty())
-        return;
-    auto window = std::make_shared<TimeStoreWindow>(services(), record);
-    const QString key = window->name();
-    store(key, std::move(window));
-}
-
-void TimeStoreApp::putBack(const PropertyListDictionary& record) {
-    const auto known = m_windows.find(record.value(kRecordName).toString());
-    if (known != m_windows.end()) {
-        known->second.window->addTimeInterval(record.value(kRecordActiveTime).number().value_or(0));
-        return;
-    }
-    const ChangeAnnouncement children(*this, kChildrenKey);
-    const ChangeAnnouncement leaf(*this, kIsLeafKey);
-    addChildFromDictionary(record);
+        entry = isGoing(*entry) ? drop(entry) : std::next(entry);
 }
 
 std::shared_ptr<TimeStoreWindow> TimeStoreApp::windowOfIdentity(const Identity& identity) const {
@@ -166,12 +156,11 @@ QString TimeStoreApp::description() const {
 
 void TimeStoreApp::store(const QString& key, std::shared_ptr<TimeStoreWindow> window) {
     TimeStoreWindow& followed = *window;
-    Subscription naming =
-        followed.observe(kNameKey,
-                         [this, &followed](const ObservedChange& change) {
-                             followRename(followed, change.oldValue.toString(), change.newValue.toString());
-                         },
-                         {.values = true});
+    Subscription naming = followed.observe(kNameKey,
+                                           [this, &followed](const ObservedChange& change) {
+                                               followRename(followed, change.oldValue.toString());
+                                           },
+                                           {.values = true});
     auto place = m_windows.lower_bound(key);
     if (place != m_windows.end() && place->first == key)
         place = drop(place);
@@ -182,24 +171,6 @@ TimeStoreApp::Table::iterator TimeStoreApp::drop(Table::iterator entry) {
     if (const WindowElement* element = entry->second.window->windowElement())
         m_byElement.erase(*element);
     return m_windows.erase(entry);
-}
-
-void TimeStoreApp::followRename(TimeStoreWindow& window, const QString& oldName, const QString& newName) {
-    auto moved = m_windows.extract(oldName);
-    // A branched window is stored under an identity, and another may have taken its old name since.
-    if (moved.empty() || moved.mapped().window.get() != &window) {
-        if (!moved.empty())
-            m_windows.insert(std::move(moved));
-        const auto own = std::ranges::find_if(
-            m_windows, [&](const Table::value_type& entry) { return entry.second.window.get() == &window; });
-        if (own == m_windows.end())
-            return;
-        moved = m_windows.extract(own);
-    }
-    moved.key() = window.branched() && window.uuid() ? window.uuid()->text() : newName;
-    if (const auto displaced = m_windows.find(moved.key()); displaced != m_windows.end())
-        drop(displaced);
-    m_windows.insert(std::move(moved));
 }
 
 std::shared_ptr<TimeStoreWindow> TimeStoreApp::windowOfElement(const WindowElement& element) {

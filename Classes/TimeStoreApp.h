@@ -7,8 +7,17 @@
 #include <unordered_map>
 #include <unordered_set>
 
+// A timer has taken another one in, or what was one identity are two: projects that have the former have the successor
+// as well from now on. The object is a Succession.
+inline const QString kTicklogSucceedNodeNotification = QStringLiteral("kTicklogSucceedNodeNotification");
+struct Succession {
+    Identity former;
+    Identity successor;
+};
+
 // The timer of one application, with the timers of its windows. With fewer than two windows it is a leaf: a single
-// window is not shown beneath it.
+// window is not shown beneath it. No two of its windows have one identity, while windows of several applications share
+// that of their title.
 class TimeStoreApp : public TimeStoreNode {
 public:
     explicit TimeStoreApp(TimeStoreServices& services, const PropertyListValue& name,
@@ -33,13 +42,22 @@ public:
     // Stores the window called `name` under a brand-new identity's text instead, so that a fresh window can take the
     // name. Does not mark it as branched. REQUIRES: there is a window of that name.
     void branchWindowForName(const QString& name);
+    // One window takes in another: its time, and the user's name for it where it has none itself. Projects hear of it,
+    // and observers of children and isLeaf are told. So it is whenever a window gets another one's name, too.
+    void join(TimeStoreWindow& survivor, TimeStoreWindow& joined);
     // Drops the windows of these identities and tells observers of children if there were any.
     void removeUUIDs(const std::unordered_set<Identity>& identities);
-    // The last record of a name wins; one without a name is left out.
+    void removeWindows(const std::function<bool(const TimeStoreWindow&)>& isUnwanted);
+    // One without a name is left out. Of two records of a name the last is kept and takes the other one in; but a
+    // frozen window stays by itself.
     void addChildFromDictionary(const PropertyListDictionary& record) override;
+    // Gives windows identities of their own that share one, as files may say.
+    void tellWindowsApart();
     // A window that was removed comes back; where another of its name has come since, the time goes to that one.
     // Observers of children and isLeaf are told.
     void putBack(const PropertyListDictionary& record);
+    // Sees to it that the registry knows the windows of these identities by their names; all of them without any.
+    void enterInRegistry(const std::unordered_set<Identity>* identities) const;
 
     // Null when there is none.
     std::shared_ptr<TimeStoreWindow> windowOfIdentity(const Identity& identity) const;
@@ -67,10 +85,21 @@ private:
     using Table = std::map<QString, Entry>;
 
     void refreshProject();
+    QString keyOf(const QString& title) const;
+    QString ownKeyOf(const QString& title) const;
+    bool holds(const Identity& identity) const;
+    Identity identityFor(const QString& title);
     void store(const QString& key, std::shared_ptr<TimeStoreWindow> window);
     // Takes the entry out of the table and forgets its element. Answers the next one.
     Table::iterator drop(Table::iterator entry);
-    void followRename(TimeStoreWindow& window, const QString& oldName, const QString& newName);
+    Table::iterator placeOf(const TimeStoreWindow& window, const QString& key);
+    void move(Table::iterator place, const QString& key);
+    void followRename(TimeStoreWindow& window, const QString& oldName);
+    void followInRegistry(const TimeStoreWindow& window, const QString& oldName);
+    void leaveTitle(const TimeStoreWindow& joined, const TimeStoreWindow& survivor);
+    static void moveTime(TimeStoreWindow& from, TimeStoreWindow& to);
+    void succeed(const std::optional<Identity>& former, const std::optional<Identity>& successor);
+    void giveIdentityOfItsOwn(TimeStoreWindow& window);
     std::shared_ptr<TimeStoreWindow> windowOfElement(const WindowElement& element);
     void giveElement(TimeStoreWindow& window, const WindowElement& element);
 

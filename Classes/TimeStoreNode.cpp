@@ -17,13 +17,14 @@ PropertyListValue textOrEmpty(const PropertyListValue& name) {
     return name.asString() ? name : PropertyListValue(QString());
 }
 
-std::optional<Identity> identityOf(const PropertyListDictionary& record, SystemLog& log) {
+// A record's own, which the registry learns; else what the registry has for the key.
+Identity identityOf(const PropertyListDictionary& record, const QString& key, TimeStoreServices& services) {
     const QByteArray* bytes = record.value(kRecordUUID).asData();
     const auto identity = bytes ? Identity::fromBytes(*bytes) : std::nullopt;
     if (bytes && !identity)
-        log.log(
+        services.log.log(
             QStringLiteral("An identity of %1 bytes was left out of a timer's record.").arg(bytes->size()));
-    return identity;
+    return identity ? services.registry.setUUID(*identity, key) : services.registry.uuidForName(key);
 }
 
 } // namespace
@@ -37,29 +38,37 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, const PropertyListDict
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                              const PropertyListValue& timeSpent)
-    : TimeStoreNode(services, kind, name, timeSpent, std::nullopt) {}
+    : TimeStoreNode(services, kind, name, timeSpent,
+                    services.registry.uuidForName(classNameOf(kind) + name.toString())) {}
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record)
+    : TimeStoreNode(services, kind, record, classNameOf(kind) + record.value(kRecordName).toString()) {}
+
+TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record,
+                             const QString& key)
     : TimeStoreNode(services, kind, record.value(kRecordName), record.value(kRecordActiveTime),
-                    identityOf(record, services.log)) {
+                    identityOf(record, key, services)) {
     if (const QString* renamed = record.value(kRecordRenamedName).asString())
         m_renamedNameStorage = nonNull(*renamed);
     m_branched = record.value(kRecordBranched).toBool();
 }
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
-                             const PropertyListValue& timeSpent, const std::optional<Identity>& uuid)
+                             const PropertyListValue& timeSpent, const Identity& uuid)
     : m_services(services)
+    , m_activeTime(std::max(0.0, timeSpent.number().value_or(0)))
+    , m_uuid(uuid)
     , m_kind(kind) {
     // A node under construction is none of the kinds yet that hear of a new name.
     TimeStoreNode::setName(textOrEmpty(name));
-    const QString key = registryKey(this->name());
-    m_uuid = uuid ? m_services.registry.setUUID(*uuid, key) : m_services.registry.uuidForName(key);
-    m_activeTime = std::max(0.0, timeSpent.number().value_or(0));
 }
 
 QString TimeStoreNode::className() const {
-    switch (m_kind) {
+    return classNameOf(m_kind);
+}
+
+QString TimeStoreNode::classNameOf(Kind kind) {
+    switch (kind) {
     case Kind::App:
         return QStringLiteral("TimeStoreApp");
     case Kind::Window:

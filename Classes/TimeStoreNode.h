@@ -117,13 +117,17 @@ protected:
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                   const PropertyListValue& timeSpent);
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record);
+    // The same, but entered in the registry under a key of the caller's.
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record,
+                  const QString& key);
+    // With an identity of the caller's; the registry is asked and told nothing.
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
+                  const PropertyListValue& timeSpent, const Identity& uuid);
 
+    static QString classNameOf(Kind kind);
     TimeStoreServices& services() const { return m_services; }
 
 private:
-    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
-                  const PropertyListValue& timeSpent, const std::optional<Identity>& uuid);
-
     TimeStoreServices& m_services;
     // Null until first named: there is no registry entry to move then.
     QString m_name;

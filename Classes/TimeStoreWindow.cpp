@@ -6,14 +6,12 @@ TimeStoreWindow::TimeStoreWindow(TimeStoreServices& services, const PropertyList
     : TimeStoreNode(services, Kind::Window, name, timeSpent) {}
 
 TimeStoreWindow::TimeStoreWindow(TimeStoreServices& services, const PropertyListValue& name,
-                                 const std::optional<WindowElement>& element)
-    : TimeStoreWindow(services, name) {
-    if (element)
-        setWindowElement(*element);
-}
+                                 const Identity& uuid)
+    : TimeStoreNode(services, Kind::Window, name, 0.0, uuid) {}
 
-TimeStoreWindow::TimeStoreWindow(TimeStoreServices& services, const PropertyListDictionary& record)
-    : TimeStoreNode(services, Kind::Window, record) {}
+TimeStoreWindow::TimeStoreWindow(TimeStoreServices& services, const PropertyListDictionary& record,
+                                 const QString& key)
+    : TimeStoreNode(services, Kind::Window, record, key) {}
 
 void TimeStoreWindow::setWindowElement(const WindowElement& element) {
     m_windowElement = std::make_unique<const WindowElement>(element);

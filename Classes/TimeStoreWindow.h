@@ -9,10 +9,13 @@ class TimeStoreWindow : public TimeStoreNode {
 public:
     explicit TimeStoreWindow(TimeStoreServices& services, const PropertyListValue& name,
                              const PropertyListValue& timeSpent = 0.0);
-    // Keeps the element, if there is one.
-    TimeStoreWindow(TimeStoreServices& services, const PropertyListValue& name,
-                    const std::optional<WindowElement>& element);
-    TimeStoreWindow(TimeStoreServices& services, const PropertyListDictionary& record);
+    // With an identity of its application's; the registry is asked and told nothing.
+    TimeStoreWindow(TimeStoreServices& services, const PropertyListValue& name, const Identity& uuid);
+    // From a record, whose identity is entered in the registry under `key`.
+    TimeStoreWindow(TimeStoreServices& services, const PropertyListDictionary& record, const QString& key);
+
+    // The registry key of the windows of that title, whatever their application.
+    static QString keyOf(const QString& title) { return classNameOf(Kind::Window) + title; }
 
     // The window on the screen, null while none is known. Never persisted.
     const WindowElement* windowElement() const { return m_windowElement.get(); }

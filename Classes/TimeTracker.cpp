@@ -19,6 +19,11 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
                                     : TimeActivator::activatorForTracker(*this, services.activity);
     m_defaultsChanges = services.store.notifications.observe(
         kUserDefaultsDidChangeNotification, [this](const Notification&) { userDefaultsChanged(); });
+    m_namesToKeep = services.store.notifications.observe(
+        kTicklogKeepNamesNotification, [this](const Notification& notification) {
+            if (const auto* used = std::any_cast<std::unordered_set<Identity>>(&notification.object))
+                enterInRegistry(used);
+        });
     userDefaultsChanged();
 }
 
@@ -80,9 +85,13 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     const bool isCurrent = current->windowElement() && *current->windowElement() == window;
     if (!m_isRunning && !isCurrent)
         return;
-    const auto found = app->windowStoreForName(newName, window);
-    if (found && found != current)
-        current->addTimeInterval(found->activeTime());
+    // Another application's window has not been renamed.
+    if (!isCurrent && applicationHolding(*current) != app)
+        return;
+    if (const auto found = isCurrent ? nullptr : app->windowStoreForName(newName, window);
+        found && found != current)
+        app->join(*current, *found);
+    // The application joins whatever else bears the name.
     if (current->name() != *newName)
         current->setName(*newName);
 }

@@ -29,6 +29,20 @@ using FrozenIdentities = std::map<Identity, Identity>;
 // identities that are no more, the frozen ones among them, to those of the timers that there were before.
 inline const QString kTicklogUnbranchNodeNotification = QStringLiteral("kTicklogUnbranchNodeNotification");
 
+// Projects refer to these identities, a std::unordered_set<Identity>: whoever has their timers sees to it that the
+// registry knows them.
+inline const QString kTicklogKeepNamesNotification = QStringLiteral("kTicklogKeepNamesNotification");
+
+// One timer of the tree. Windows of several applications may share an identity, those of one never do.
+struct TimerReference {
+    Identity application;
+    // Absent for the application itself.
+    std::optional<Identity> window;
+
+    friend auto operator<=>(const TimerReference&, const TimerReference&) = default;
+};
+using TimerReferences = std::set<TimerReference>;
+
 // What idle time is credited to.
 inline const QString kIdleName = QStringLiteral("Idle");
 
@@ -124,9 +138,17 @@ public:
     // Clears all timers.
     void reset();
     void removeUUIDs(const std::unordered_set<Identity>& identities);
-    // All that removeUUIDs() would take away, for putBack(): entries as of arrayRepresentation(). An application that
+    // Which timers these are, of those that are in the tree.
+    TimerReferences referencesTo(const TimeStoreItem::Children& items) const;
+    // The application that a timer is or is in. Null for one that is not there.
+    std::shared_ptr<TimeStoreApp> applicationHolding(const TimeStoreNode& node) const;
+    // Null for one that is not there.
+    std::shared_ptr<TimeStoreNode> timerOf(const TimerReference& timer) const;
+    // As removeUUIDs(), but these and no others that share an identity with them.
+    void removeTimers(const TimerReferences& timers);
+    // All that removeTimers() would take away, for putBack(): entries as of arrayRepresentation(). An application that
     // would stay and only lose windows is told without its time.
-    PropertyListArray recordsOf(const std::unordered_set<Identity>& identities) const;
+    PropertyListArray recordsOf(const TimerReferences& timers) const;
     // Undoes a removal. Where another timer of the same name has come since, the time goes to that one.
     void putBack(const PropertyListArray& entries);
 
@@ -198,7 +220,14 @@ private:
     void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void forgetName(const TimeStoreApp& app);
     std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;
-    AppSet takeOut(const std::unordered_set<Identity>& identities);
+    // Gives an application an identity of its own where another one that was seen has the same.
+    void tellApart(TimeStoreApp& app, std::unordered_set<Identity>& seen);
+    using IsMeant = std::function<bool(const TimeStoreApp& app, const TimeStoreNode& node)>;
+    void remove(const IsMeant& isMeant);
+    AppSet takeOut(const IsMeant& isMeant);
+    std::unordered_set<Identity> identitiesOf(const IsMeant& isMeant) const;
+    // Of these identities; all without any.
+    void enterInRegistry(const std::unordered_set<Identity>* identities) const;
 
     TrackerServices& m_services;
     mutable std::recursive_mutex m_lock;
@@ -222,4 +251,5 @@ private:
     bool m_wasIdle = false;
     std::unique_ptr<TimeActivator> m_timeActivator;
     Subscription m_defaultsChanges;
+    Subscription m_namesToKeep;
 };

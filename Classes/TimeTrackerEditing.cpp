@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tracker's changes to the whole tree: clearing, removing, reading and writing it.
+// The tracker's changes to the whole tree: clearing, reading and writing it.
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
 
@@ -11,6 +11,7 @@ void TimeTracker::addWindowWithName(const PropertyListValue& name, const Propert
 }
 
 void TimeTracker::reset() {
+    enterInRegistry(nullptr);
     {
         const std::lock_guard guard(m_lock);
         AppSet cleared;
@@ -29,102 +30,6 @@ void TimeTracker::reset() {
         m_countingSince = instant();
     }
     appDidChange();
-}
-
-void TimeTracker::removeUUIDs(const std::unordered_set<Identity>& identities) {
-    const auto currentApp = m_activeStoreApp.lock();
-    const auto currentWindow = m_activeStoreWindow.lock();
-    const bool findsWindowAgain =
-        currentWindow && currentWindow->uuid() && identities.contains(*currentWindow->uuid());
-    willChange(kTimeSetKey);
-    const AppSet removed = takeOut(identities);
-    // The current application is looked for again in any case.
-    const bool findsAppAgain = m_activeStoreApp.lock() != nullptr;
-    m_activeStoreApp.reset();
-    const auto holdsCurrentWindow = [&](const std::shared_ptr<TimeStoreApp>& app) {
-        const auto windows = app->windows();
-        return std::ranges::find(windows, currentWindow) != windows.end();
-    };
-    if (findsWindowAgain || std::ranges::any_of(removed, holdsCurrentWindow))
-        m_activeStoreWindow.reset();
-    didChange(kTimeSetKey);
-    if (findsAppAgain)
-        appDidChange();
-    if (findsWindowAgain)
-        m_timeActivator->mainWindowDidChange();
-}
-
-// Applications whose identity is wanted leave the tree and are answered; windows leave their applications.
-TimeTracker::AppSet TimeTracker::takeOut(const std::unordered_set<Identity>& identities) {
-    AppSet removed;
-    // A copy, because observers of an application's windows may change the set.
-    for (const auto& app : AppSet(m_timeSet)) {
-        if (app->uuid() && identities.contains(*app->uuid())) {
-            forgetName(*app);
-            removed.push_back(app);
-        } else {
-            app->removeUUIDs(identities);
-        }
-    }
-    const auto isRemoved = [&](const TimeStoreItem& item) {
-        return std::ranges::any_of(removed, [&](const auto& app) { return app.get() == &item.node(); });
-    };
-    std::erase_if(m_timeSet, [&](const auto& app) { return isRemoved(*app); });
-    if (m_searchFiltered)
-        std::erase_if(*m_searchFiltered, [&](const auto& item) { return isRemoved(*item); });
-    return removed;
-}
-
-void TimeTracker::forgetName(const TimeStoreApp& app) {
-    m_timeDictionary.removeIf([&](auto entry) { return entry.value().get() == &app; });
-}
-
-PropertyListArray TimeTracker::recordsOf(const std::unordered_set<Identity>& identities) const {
-    PropertyListArray entries;
-    const auto isWanted = [&](const TimeStoreNode& node) {
-        return node.uuid() && identities.contains(*node.uuid());
-    };
-    for (const auto& app : m_timeSet) {
-        const bool isWhole = isWanted(*app);
-        PropertyListArray windows;
-        for (const auto& window : app->windows())
-            if (isWhole || isWanted(*window))
-                windows.emplace_back(window->dictionaryRepresentation());
-        if (!isWhole && windows.empty())
-            continue;
-        PropertyListDictionary record = app->dictionaryRepresentation();
-        if (!isWhole)
-            record.remove(kRecordActiveTime);
-        entries.emplace_back(
-            PropertyListDictionary{{kEntryApp, std::move(record)}, {kEntryWindows, std::move(windows)}});
-    }
-    return entries;
-}
-
-std::shared_ptr<TimeStoreApp> TimeTracker::applicationOf(const PropertyListDictionary& record) const {
-    const QByteArray* bytes = record.value(kRecordUUID).asData();
-    const auto uuid = bytes ? Identity::fromBytes(*bytes) : std::nullopt;
-    const auto same =
-        std::ranges::find_if(m_timeSet, [&](const auto& app) { return uuid && app->uuid() == uuid; });
-    return same != m_timeSet.end() ? *same : m_timeDictionary.value(record.value(kRecordName).toString());
-}
-
-void TimeTracker::putBack(const PropertyListArray& entries) {
-    PropertyListArray gone;
-    for (const PropertyListValue& entry : entries) {
-        const PropertyListDictionary& record = *entry.asDictionary()->value(kEntryApp).asDictionary();
-        const auto app = applicationOf(record);
-        if (!app) {
-            gone.push_back(entry);
-            continue;
-        }
-        if (const auto time = record.value(kRecordActiveTime).asReal())
-            app->addTimeInterval(*time);
-        for (const PropertyListValue& window : *entry.asDictionary()->value(kEntryWindows).asArray())
-            app->putBack(*window.asDictionary());
-    }
-    setArrayRepresentation(gone);
-    reloadSearchFiltering();
 }
 
 PropertyListArray TimeTracker::arrayRepresentation() const {
@@ -161,9 +66,18 @@ static int addWindows(TimeStoreApp& app, const PropertyListArray& windows) {
     return damaged;
 }
 
+void TimeTracker::tellApart(TimeStoreApp& app, std::unordered_set<Identity>& seen) {
+    const auto uuid = app.uuid();
+    if (!uuid || seen.insert(*uuid).second)
+        return;
+    app.setUuid(brandNewUUID());
+    m_services.store.notifications.post(kTicklogSucceedNodeNotification, Succession{*uuid, *app.uuid()});
+}
+
 void TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
     int damaged = 0;
+    std::unordered_set<Identity> seen;
     for (const PropertyListValue& value : entries) {
         const PropertyListDictionary* entry = value.asDictionary();
         const PropertyListDictionary* record = entry ? entry->value(kEntryApp).asDictionary() : nullptr;
@@ -177,6 +91,8 @@ void TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
             damaged += addWindows(*app, *list);
         else if (!windows.isAbsent())
             ++damaged;
+        app->tellWindowsApart();
+        tellApart(*app, seen);
         addApplication(std::move(app));
     }
     if (damaged > 0)

@@ -10,20 +10,20 @@
 class DeleteTimersCommand : public QUndoCommand {
 public:
     // The tracker outlives the command.
-    DeleteTimersCommand(TimeTracker& tracker, std::unordered_set<Identity> timers)
+    DeleteTimersCommand(TimeTracker& tracker, TimerReferences timers)
         : QUndoCommand(localized("Delete"))
         , m_tracker(tracker)
         , m_timers(std::move(timers)) {}
 
     void redo() override {
         m_records = m_tracker.recordsOf(m_timers);
-        m_tracker.removeUUIDs(m_timers);
+        m_tracker.removeTimers(m_timers);
     }
 
     void undo() override { m_tracker.putBack(m_records); }
 
 private:
     TimeTracker& m_tracker;
-    std::unordered_set<Identity> m_timers;
+    TimerReferences m_timers;
     PropertyListArray m_records;
 };

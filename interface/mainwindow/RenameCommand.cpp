@@ -9,6 +9,7 @@ RenameCommand::RenameCommand(const TimeTracker& tracker, std::shared_ptr<TimeSto
                              const QString& name)
     : m_tracker(tracker)
     , m_item(std::move(item))
+    , m_application(tracker.applicationHolding(m_item->node()))
     , m_oldName(m_item->renamedName())
     , m_newName(name.isEmpty() ? m_item->name() : cleanText(name)) {
     setText(localized("Rename"));
@@ -27,10 +28,11 @@ void RenameCommand::giveName(const QString& name) const {
 }
 
 std::shared_ptr<TimeStoreItem> RenameCommand::currentItem() const {
-    // A timer that was deleted and put back is another object of the same identity.
-    if (const auto uuid = m_item->uuid())
-        for (const auto& item : m_tracker.timeChildrenForChildUUIDs({*uuid}, false))
-            if (item->isApp() == m_item->node().isApp())
-                return item;
-    return m_item;
+    // A timer that was deleted and put back is another object of the same identity, and so may be its application.
+    const auto uuid = m_item->uuid();
+    if (!uuid || !m_application || !m_application->uuid())
+        return m_item;
+    const auto timer =
+        m_tracker.timerOf({*m_application->uuid(), m_item->node().isApp() ? std::nullopt : uuid});
+    return timer ? timer : m_item;
 }

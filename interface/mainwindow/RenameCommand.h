@@ -22,6 +22,8 @@ private:
 
     const TimeTracker& m_tracker;
     std::shared_ptr<TimeStoreItem> m_item;
+    // The timer itself or the one above it; null when it was in the tree no more.
+    std::shared_ptr<TimeStoreApp> m_application;
     QString m_oldName;
     QString m_newName;
 };

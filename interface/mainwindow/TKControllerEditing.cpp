@@ -22,11 +22,12 @@ void TKController::rename(const std::shared_ptr<TimeStoreItem>& item, const QStr
 }
 
 void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
-    std::unordered_set<Identity> identities;
-    for (const auto& item : m_window.mainTable().selectedItems())
-        if (const auto uuid = item->uuid())
-            identities.insert(*uuid);
+    const TimeStoreItem::Children items = m_window.mainTable().selectedItems();
     if (!forceDelete && !mainItemIsSelected()) {
+        std::unordered_set<Identity> identities;
+        for (const auto& item : items)
+            if (const auto uuid = item->uuid())
+                identities.insert(*uuid);
         m_projectController->removeFromSelectedProject(identities);
         return;
     }
@@ -41,8 +42,9 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
         if (answer == Alerts::Default)
             return;
     }
-    if (!identities.empty())
-        m_undoStack.push(new DeleteTimersCommand(m_engine.tracker(), std::move(identities)));
+    // By what was shown: a timer that shares an identity with one of these was not meant.
+    if (TimerReferences timers = m_engine.tracker().referencesTo(items); !timers.empty())
+        m_undoStack.push(new DeleteTimersCommand(m_engine.tracker(), std::move(timers)));
 }
 
 void TKController::branchNode(TimeStoreNode& node) {

@@ -119,6 +119,42 @@ TEST_F(UndoTest, aNameGivenToAFrozenTimer_isTakenBackFromThatOneAlone) {
     EXPECT_TRUE(row("Paint").isValid()) << "what goes on counting keeps its name";
 }
 
+TEST_F(UndoTest, aNameGivenBeforeAFreeze_isTakenBackFromTheFrozenTimer) {
+    controller.timer().startTimer();
+    front("Paint", "Sketch");
+    seconds(5.5);
+    const auto frozen = TKOutlineDisplayView::itemAt(row("Paint"));
+    rename(row("Paint"), "First draft");
+    controller.branchNode(frozen->node());
+    settle();
+    remove(row("Paint"));
+    seconds(1);
+    for (int step = 0; step < 3; ++step)
+        undo();
+    EXPECT_EQ(str(frozen->renamedName()), "Paint");
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+}
+
+TEST_F(UndoTest, windowsThatShareAnIdentity_areRenamedAndDeletedOneByOne) {
+    account("Web", 10, {{QStringLiteral("Page"), 5}, {QStringLiteral("Other"), 4}});
+    account("Xed", 10, {{QStringLiteral("Page"), 5}, {QStringLiteral("Other"), 4}});
+    table().expandAllRows();
+    const std::string before = outlineText();
+    rename(row("Page", row("Xed")), "Mine");
+    EXPECT_EQ(outlineText(),
+              "+Mail(Drafts, Inbox), +Notes(List, Todo), Paint, +Web(Other, Page), +Xed(Mine, Other)");
+    undo();
+    EXPECT_EQ(outlineText(), before);
+    remove(row("Page", row("Xed")));
+    remove(row("Other", row("Web")));
+    EXPECT_EQ(str(textOf(model())).find("Page"), std::string::npos) << "each has one window left";
+    undo();
+    undo();
+    table().expandAllRows();
+    settle();
+    EXPECT_EQ(outlineText(), before);
+}
+
 TEST_F(UndoTest, manyDeletions_comeBackInTurn) {
     const std::string before = str(textOf(model()));
     for (const char* name : {"Paint", "Mail", "Notes"})

@@ -209,6 +209,123 @@ TEST_F(ProjectListEditingTest, freezingAllOfAProject_leavesWhatIsFrozenAlready) 
     EXPECT_EQ(m_day.node("Editor").activeTime(), 0);
 }
 
+TEST_F(ProjectListEditingTest, aWindowThatIsTakenIn_leavesItsTimeToItsProject) {
+    const auto work = project({uuid("Mail", "Inbox")});
+    m_day.front("Mail", "Drafts");
+    m_day.seconds(10);
+    m_day.retitle("Inbox");
+    m_day.seconds(10);
+    EXPECT_EQ(m_day.tree(), "Editor 7 [main.cpp 7], Mail 70 [Inbox 70]");
+    EXPECT_EQ(shown(*work), "Inbox");
+    EXPECT_EQ(written(0).members(), work->members());
+    m_list.writeChanges();
+    EXPECT_EQ(work->members(), std::vector{uuid("Mail", "Inbox")});
+    EXPECT_EQ(written(0).members(), work->members());
+}
+
+TEST_F(ProjectListEditingTest, aKillBeforeTheTimersAreWritten_leavesTheProjectTheOneThatWasTakenIn) {
+    const Identity inbox = uuid("Mail", "Inbox");
+    const auto before = m_day.tracker.arrayRepresentation();
+    project({inbox});
+    m_day.front("Mail", "Drafts");
+    m_day.seconds(10);
+    m_day.retitle("Inbox");
+    m_day.seconds(10);
+    // The timers as they were written last, with the projects as they are.
+    Day next;
+    next.tracker.setArrayRepresentation(before);
+    const auto found = next.tracker.timeChildrenForChildUUIDs({inbox}, false);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(std::ranges::count(written(0).members(), inbox), 1);
+}
+
+TEST_F(ProjectListEditingTest, aWindowOfAnotherApplicationThatSharesTheIdentity_staysInTheProject) {
+    m_day.front("News", "Inbox");
+    m_day.seconds(3);
+    ASSERT_EQ(uuid("News", "Inbox"), uuid("Mail", "Inbox"));
+    const auto work = project({uuid("Mail", "Inbox")});
+    m_day.front("Mail", "Drafts");
+    m_day.seconds(1);
+    m_day.retitle("Inbox");
+    m_day.seconds(1);
+    m_list.writeChanges();
+    EXPECT_EQ(shown(*work), "Inbox Inbox");
+}
+
+TEST_F(ProjectListEditingTest, aTimerAddedAfterASave_comesBackToItsProjectAfterClearing) {
+    const auto work = project({uuid("Editor")});
+    m_list.addMembers(*work, {uuid("Mail", "Inbox"), uuid("Mail")});
+    m_day.stop();
+    m_day.tracker.reset();
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(1);
+    EXPECT_EQ(shown(*work), "Editor Mail");
+    m_list.removeMembers(*work, {uuid("Mail")});
+    EXPECT_EQ(shown(*work), "Editor Inbox");
+}
+
+TEST_F(ProjectListEditingTest, theRegistry_knowsEveryMemberAsSoonAsItIsAdded) {
+    const auto work = project({});
+    ASSERT_EQ(m_day.registry.count(), 0);
+    m_list.addMembers(*work, {uuid("Mail", "Inbox"), uuid("Editor")});
+    EXPECT_EQ(m_day.registry.knownUUID(u"TimeStoreWindowInbox"_s), uuid("Mail", "Inbox"));
+    EXPECT_EQ(m_day.registry.knownUUID(u"TimeStoreAppEditor"_s), uuid("Editor"));
+    EXPECT_EQ(m_day.registry.count(), 2);
+}
+
+TEST_F(ProjectListEditingTest, windowsOfOneTitleInTwoProjects_comeBackEachToItsOwn) {
+    m_day.front("Editor", "Inbox");
+    m_day.seconds(1);
+    m_day.node("Editor", "Inbox").setUuid(Identity::brandNew());
+    const auto letters = project({uuid("Mail", "Inbox")});
+    const auto code = project({uuid("Editor", "Inbox")});
+    m_day.tracker.reset();
+    m_day.seconds(1);
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(1);
+    EXPECT_EQ(letters->members(), std::vector{uuid("Mail", "Inbox")});
+    EXPECT_EQ(code->members(), std::vector{uuid("Editor", "Inbox")});
+}
+
+TEST_F(ProjectListEditingTest, undoingADeletionAfterClearing_bringsTheNamesOfItsTimersBack) {
+    const auto work = project({uuid("Mail", "Inbox"), uuid("Mail", "Drafts")});
+    m_day.stop();
+    m_day.tracker.reset();
+    const auto before = m_list.snapshot();
+    m_list.deleteProject(*work);
+    ASSERT_EQ(m_day.registry.count(), 0);
+    m_day.start();
+    // It is back before the project is, and somebody else by now.
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(1);
+    m_list.restore(before);
+    m_day.front("Mail", "Drafts");
+    m_day.seconds(1);
+    EXPECT_EQ(shown(*work), "Drafts Inbox");
+}
+
+TEST_F(ProjectListEditingTest, undoingARemoval_bringsTheNameOfTheTimerBack) {
+    const auto work = project({uuid("Mail"), uuid("Editor")});
+    const auto before = m_list.snapshot();
+    m_list.removeMembers(*work, {uuid("Mail")});
+    m_list.saveData();
+    m_list.restore(before);
+    EXPECT_EQ(m_day.registry.knownUUID(u"TimeStoreAppMail"_s), uuid("Mail"));
+}
+
+TEST_F(ProjectListEditingTest, undoingPastATakingIn_keepsTheTimerThatTookItIn) {
+    const auto work = project({uuid("Mail", "Inbox")});
+    const auto before = m_list.snapshot();
+    m_list.deleteProject(*work);
+    m_day.front("Mail", "Drafts");
+    m_day.seconds(1);
+    m_day.retitle("Inbox");
+    m_day.seconds(1);
+    m_list.restore(before);
+    EXPECT_EQ(shown(*work), "Inbox");
+}
+
 TEST_F(ProjectListEditingTest, theWrongObject_isNoFreezing) {
     const auto work = project({identity(1)});
     m_day.fakes.notifications.post(kTicklogBranchNodeNotification);

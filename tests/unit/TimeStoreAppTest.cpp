@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/Store.h"
 
+#include <set>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -124,12 +126,54 @@ TEST_F(TimeStoreAppTest, renamingAnApplication_leavesTheRegistryAlone) {
     EXPECT_EQ(m_mail->uuid(), identity);
 }
 
-TEST_F(TimeStoreAppTest, aWindowRenamedOntoAnother_displacesIt) {
+TEST_F(TimeStoreAppTest, aWindowRenamedOntoAnother_takesItIn) {
     const auto inbox = window(*m_mail, "Inbox", 4, element(1));
     const auto drafts = window(*m_mail, "Drafts", 5, element(2));
+    const Announcements told(*m_mail, {kChildrenKey, kIsLeafKey});
     drafts->setName(u"Inbox"_s);
-    EXPECT_EQ(children(*m_mail), "Inbox 5");
+    EXPECT_EQ(children(*m_mail), "Inbox 9");
+    EXPECT_EQ(m_mail->windows().front(), drafts);
+    EXPECT_EQ(told.told(), "will children, will isLeaf, did children, did isLeaf");
+    EXPECT_EQ(inbox->activeTime(), 0) << "who still shows it must not count the time twice";
     EXPECT_NE(m_mail->windowStoreForName(u"x"_s, element(1)), inbox);
+}
+
+TEST_F(TimeStoreAppTest, aWindowThatIsTakenIn_isToldToProjects) {
+    std::vector<Succession> successions;
+    const auto watching =
+        fakes.notifications.observe(kTicklogSucceedNodeNotification, [&](const Notification& news) {
+            successions.push_back(std::any_cast<Succession>(news.object));
+        });
+    const auto inbox = window(*m_mail, "Inbox", 4);
+    const auto drafts = window(*m_mail, "Drafts", 5);
+    drafts->setName(u"Archive"_s);
+    EXPECT_TRUE(successions.empty());
+    drafts->setName(u"Inbox"_s);
+    ASSERT_EQ(successions.size(), 1U);
+    EXPECT_EQ(successions[0].former, inbox->uuid());
+    EXPECT_EQ(successions[0].successor, drafts->uuid());
+}
+
+TEST_F(TimeStoreAppTest, aWindowThatGetsTheNameOfAFrozenOne_leavesItAlone) {
+    auto frozen = record("Inbox (Frozen)", 4);
+    frozen.insert(kRecordBranched, true);
+    m_mail->addChildFromDictionary(frozen);
+    window(*m_mail, "Drafts", 5)->setName(u"Inbox (Frozen)"_s);
+    std::multiset<double> times;
+    for (const auto& window : m_mail->windows())
+        times.insert(window->activeTime());
+    EXPECT_EQ(times, (std::multiset<double>{4, 5}));
+}
+
+TEST_F(TimeStoreAppTest, aWindowThatTakesAnotherIn_takesTheUsersNameForItUnlessItHasOne) {
+    const auto name = [](const QString& text) { return PropertyListDictionary{{kRecordName, text}}; };
+    window(*m_mail, "Inbox")->setRenamedNameFormatted(name(u"Letters"_s));
+    const auto drafts = window(*m_mail, "Drafts");
+    drafts->setName(u"Inbox"_s);
+    EXPECT_EQ(drafts->renamedName(), u"Letters"_s);
+    window(*m_mail, "Sent")->setRenamedNameFormatted(name(u"Gone"_s));
+    drafts->setName(u"Sent"_s);
+    EXPECT_EQ(drafts->renamedName(), u"Letters"_s);
 }
 
 TEST_F(TimeStoreAppTest, aDisplacedWindow_isFollowedNoLonger) {
@@ -137,7 +181,7 @@ TEST_F(TimeStoreAppTest, aDisplacedWindow_isFollowedNoLonger) {
     const auto drafts = window(*m_mail, "Drafts", 5);
     drafts->setName(u"Inbox"_s);
     inbox->setName(u"Elsewhere"_s);
-    EXPECT_EQ(children(*m_mail), "Inbox 5");
+    EXPECT_EQ(children(*m_mail), "Inbox 9");
 }
 
 TEST_F(TimeStoreAppTest, aBranchedWindowThatIsRenamed_isStoredUnderItsIdentity) {
@@ -209,10 +253,95 @@ TEST_F(TimeStoreAppTest, removingNothing_tellsNobody) {
     EXPECT_EQ(m_mail->windowCount(), 1U);
 }
 
-TEST_F(TimeStoreAppTest, twoRecordsOfOneName_keepTheLater) {
+TEST_F(TimeStoreAppTest, twoRecordsOfOneName_keepTheLaterWithTheTimeOfBoth) {
+    PropertyListDictionary later = record("Inbox", 5);
+    later.insert(kRecordUUID, QByteArray(8, 'v'));
     m_mail->addChildFromDictionary(record("Inbox", 4));
-    m_mail->addChildFromDictionary(record("Inbox", 5));
-    EXPECT_EQ(children(*m_mail), "Inbox 5");
+    m_mail->addChildFromDictionary(later);
+    EXPECT_EQ(children(*m_mail), "Inbox 9");
+    EXPECT_EQ(m_mail->windows().front()->uuid()->bytes(), QByteArray(8, 'v'));
+}
+
+TEST_F(TimeStoreAppTest, windowsFrozenUnderOneName_stayRowsOfTheirOwn) {
+    const auto frozen = [](double time, char identity) {
+        auto branched = record("Inbox (Frozen)", time);
+        branched.insert(kRecordUUID, QByteArray(8, identity));
+        branched.insert(kRecordBranched, true);
+        return branched;
+    };
+    m_mail->addChildFromDictionary(frozen(4, 'u'));
+    m_mail->addChildFromDictionary(frozen(5, 'v'));
+    m_mail->addChildFromDictionary(frozen(6, 'w'));
+    m_mail->addChildFromDictionary(record("Inbox (Frozen)", 7));
+    std::multiset<double> times;
+    for (const auto& window : m_mail->windows())
+        times.insert(window->activeTime());
+    EXPECT_EQ(times, (std::multiset<double>{4, 5, 6, 7}));
+}
+
+TEST_F(TimeStoreAppTest, aWindowWhoseTitlesIdentityIsTakenInItsApplication_getsOneOfItsOwn) {
+    const auto editor = makeApp(u"Editor"_s);
+    const auto a = window(*editor, "a");
+    // Shared on purpose; then it goes along to another title.
+    const auto retitled = window(*m_mail, "a");
+    ASSERT_EQ(retitled->uuid(), a->uuid());
+    retitled->setName(u"b"_s);
+    const auto b = window(*editor, "b");
+    EXPECT_NE(b->uuid(), a->uuid());
+    EXPECT_EQ(window(*makeApp(u"News"_s), "b")->uuid(), a->uuid()) << "elsewhere the title is shared on";
+    const Identity own = *b->uuid();
+    editor->removeUUIDs({*b->uuid()});
+    EXPECT_EQ(window(*editor, "b")->uuid(), own) << "it is known again";
+}
+
+TEST_F(TimeStoreAppTest, windowsThatShareAnIdentityInAFile_areToldApartAndStayInTheirProjects) {
+    std::vector<Succession> successions;
+    const auto watching =
+        fakes.notifications.observe(kTicklogSucceedNodeNotification, [&](const Notification& news) {
+            successions.push_back(std::any_cast<Succession>(news.object));
+        });
+    for (const char* name : {"a", "b"}) {
+        auto shared = record(name, 1);
+        shared.insert(kRecordUUID, QByteArray(8, 'u'));
+        m_mail->addChildFromDictionary(shared);
+    }
+    m_mail->tellWindowsApart();
+    const Identity kept = *window(*m_mail, "a")->uuid();
+    EXPECT_EQ(kept.bytes(), QByteArray(8, 'u'));
+    EXPECT_NE(window(*m_mail, "b")->uuid(), kept);
+    ASSERT_EQ(successions.size(), 1U);
+    EXPECT_EQ(successions[0].former, kept);
+    EXPECT_EQ(successions[0].successor, window(*m_mail, "b")->uuid());
+}
+
+TEST_F(TimeStoreAppTest, theWindowsOfAFrozenApplicationInAFile_leaveTheirTitlesToThoseThatGoOn) {
+    const auto frozen = std::make_shared<TimeStoreApp>(
+        store, PropertyListDictionary{{kRecordName, u"Mail (Frozen)"_s}, {kRecordBranched, true}});
+    auto inbox = record("Inbox", 4);
+    inbox.insert(kRecordUUID, QByteArray(8, 'u'));
+    frozen->addChildFromDictionary(inbox);
+    EXPECT_EQ(frozen->windows().front()->uuid()->bytes(), QByteArray(8, 'u'));
+    EXPECT_NE(window(*m_mail, "Inbox")->uuid(), frozen->windows().front()->uuid());
+}
+
+TEST_F(TimeStoreAppTest, windowsOfOneTitleAndOtherIdentities_areBothKnownToTheRegistry) {
+    const auto editor = makeApp(u"Editor"_s);
+    const auto ours = window(*m_mail, "Page");
+    const auto theirs = window(*editor, "Page");
+    theirs->setUuid(Identity::brandNew());
+    const auto identities = std::pair(*ours->uuid(), *theirs->uuid());
+    registry.setUUIDSet(std::unordered_set<Identity>());
+    m_mail->enterInRegistry(nullptr);
+    editor->enterInRegistry(nullptr);
+    m_mail->removeUUIDs({identities.first});
+    editor->removeUUIDs({identities.second});
+    EXPECT_EQ(window(*editor, "Page")->uuid(), identities.second);
+    EXPECT_EQ(window(*m_mail, "Page")->uuid(), identities.first);
+    window(*editor, "Page")->setName(u"Other"_s);
+    editor->enterInRegistry(nullptr);
+    editor->removeUUIDs({identities.second});
+    EXPECT_EQ(window(*editor, "Other")->uuid(), identities.second);
+    EXPECT_EQ(window(*m_mail, "Page")->uuid(), identities.first);
 }
 
 TEST_F(TimeStoreAppTest, recordsWithoutAName_areLeftOut) {

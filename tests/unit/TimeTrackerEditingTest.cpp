@@ -374,16 +374,16 @@ TEST_F(TimeTrackerEditingTest, anApplicationThatWasRead_isFoundByItsNameWhenItCo
     EXPECT_EQ(tree(), "Mail 101");
 }
 
-std::unordered_set<Identity> identitiesOf(TimeTracker& tracker, const QStringList& names) {
-    std::unordered_set<Identity> identities;
+TimerReferences timersCalled(const TimeTracker& tracker, const QString& name) {
+    TimeStoreItem::Children items;
     for (const auto& app : tracker.fullTimeSet()) {
-        if (names.contains(app->name()))
-            identities.insert(*app->uuid());
+        if (app->name() == name)
+            items.push_back(app);
         for (const auto& window : app->windows())
-            if (names.contains(window->name()))
-                identities.insert(*window->uuid());
+            if (window->name() == name)
+                items.push_back(window);
     }
-    return identities;
+    return tracker.referencesTo(items);
 }
 
 TEST_F(TimeTrackerEditingTest, whatWasRemoved_comesBackAsItWas) {
@@ -391,20 +391,20 @@ TEST_F(TimeTrackerEditingTest, whatWasRemoved_comesBackAsItWas) {
     m_day.front("Notes", "List");
     m_day.seconds(5);
     const std::string before = m_day.tree();
-    const auto all = identitiesOf(m_tracker, {u"Mail"_s});
+    const auto all = timersCalled(m_tracker, u"Mail"_s);
     const PropertyListArray records = m_tracker.recordsOf(all);
-    m_tracker.removeUUIDs(all);
+    m_tracker.removeTimers(all);
     EXPECT_EQ(m_day.tree(), "Notes 5 [List 5]");
     m_tracker.putBack(records);
     EXPECT_EQ(m_day.tree(), before);
-    EXPECT_EQ(identitiesOf(m_tracker, {u"Mail"_s}), all);
+    EXPECT_EQ(timersCalled(m_tracker, u"Mail"_s), all);
 }
 
 TEST_F(TimeTrackerEditingTest, aRemovedWindow_comesBackToItsApplicationWhoseTimeIsUntouched) {
     workInTwoWindows();
-    const auto drafts = identitiesOf(m_tracker, {u"Drafts"_s});
+    const auto drafts = timersCalled(m_tracker, u"Drafts"_s);
     const PropertyListArray records = m_tracker.recordsOf(drafts);
-    m_tracker.removeUUIDs(drafts);
+    m_tracker.removeTimers(drafts);
     EXPECT_EQ(m_day.tree(), "Mail 20 [Inbox 10]");
     m_day.seconds(3);
     Announcements announcements(*m_tracker.fullTimeSet().front(), {kChildrenKey});
@@ -415,9 +415,9 @@ TEST_F(TimeTrackerEditingTest, aRemovedWindow_comesBackToItsApplicationWhoseTime
 
 TEST_F(TimeTrackerEditingTest, whatHasComeAnewSinceTheRemoval_takesTheTimeBack) {
     workInTwoWindows();
-    const auto mail = identitiesOf(m_tracker, {u"Mail"_s});
+    const auto mail = timersCalled(m_tracker, u"Mail"_s);
     const PropertyListArray records = m_tracker.recordsOf(mail);
-    m_tracker.removeUUIDs(mail);
+    m_tracker.removeTimers(mail);
     m_day.seconds(4);
     ASSERT_EQ(m_day.tree(), "Mail 4 [Inbox 4]");
     m_tracker.putBack(records);
@@ -426,9 +426,86 @@ TEST_F(TimeTrackerEditingTest, whatHasComeAnewSinceTheRemoval_takesTheTimeBack) 
 
 TEST_F(TimeTrackerEditingTest, whatNobodyHas_leavesNoRecords) {
     workInTwoWindows();
-    EXPECT_TRUE(m_tracker.recordsOf({Identity::brandNew()}).empty());
+    EXPECT_TRUE(m_tracker.recordsOf({{Identity::brandNew(), std::nullopt}}).empty());
     m_tracker.putBack({});
     EXPECT_EQ(m_day.tree(), "Mail 20 [Drafts 10, Inbox 10]");
+}
+
+TEST_F(TimeTrackerEditingTest, deletingATimer_leavesThoseThatShareItsIdentity) {
+    m_day.start();
+    m_day.front("Mail", "Untitled");
+    m_day.seconds(1);
+    m_day.front("Editor", "Untitled");
+    m_day.seconds(2);
+    m_day.front("News");
+    ASSERT_EQ(m_day.node("Mail", "Untitled").uuid(), m_day.node("Editor", "Untitled").uuid());
+    const auto one = m_tracker.referencesTo({m_day.node("Editor", "Untitled").shared_from_this()});
+    const PropertyListArray records = m_tracker.recordsOf(one);
+    m_tracker.removeTimers(one);
+    EXPECT_EQ(tree(), "Editor 2, Mail 1 [Untitled 1], News 0");
+    m_tracker.putBack(records);
+    EXPECT_EQ(tree(), "Editor 2 [Untitled 2], Mail 1 [Untitled 1], News 0");
+    EXPECT_EQ(m_tracker.timerOf(*one.begin()).get(), &m_day.node("Editor", "Untitled"));
+}
+
+TEST_F(TimeTrackerEditingTest, deletingTheCurrentWindow_startsAFreshOne) {
+    workInTwoWindows();
+    m_tracker.removeTimers(timersCalled(m_tracker, u"Inbox"_s));
+    m_day.seconds(3);
+    EXPECT_EQ(tree(), "Mail 23 [Drafts 10, Inbox 3]");
+}
+
+TEST_F(TimeTrackerEditingTest, aFreshWindowAfterAFreezeAndARestart_canBeDeletedAlone) {
+    workInTwoWindows();
+    m_day.front("Editor");
+    m_day.freeze("Mail");
+    Day next;
+    next.tracker.setArrayRepresentation(m_day.tracker.arrayRepresentation());
+    next.start();
+    next.front("Mail", "Inbox");
+    next.seconds(4);
+    next.front("Editor");
+    next.tracker.removeUUIDs({*next.node("Mail", "Inbox").uuid()});
+    const QString frozen = u" (Frozen %1)"_s.arg(shortDate(m_day.fakes.clock.now()));
+    EXPECT_EQ(str(QString::fromStdString(next.tree()).replace(frozen, u"*"_s)),
+              "Editor 0, Mail 4, Mail*~Mail 20 [Drafts 10, Inbox 10]");
+}
+
+TEST_F(TimeTrackerEditingTest, twoWindowsFrozenUnderOneName_areStillTwoAfterARestart) {
+    workInTwoWindows();
+    m_day.freeze("Mail", "Inbox");
+    m_day.seconds(5);
+    m_day.freeze("Mail", "Inbox");
+    m_day.seconds(2);
+    Day next;
+    next.tracker.setArrayRepresentation(m_day.tracker.arrayRepresentation());
+    const auto sum = [](Day& day) {
+        double seconds = 0;
+        for (const auto& window : static_cast<TimeStoreApp&>(day.node("Mail")).windows())
+            seconds += window->activeTime();
+        return seconds;
+    };
+    EXPECT_DOUBLE_EQ(sum(next), sum(m_day));
+    EXPECT_EQ(next.tracker.fullTimeSet().front()->windowCount(), 4U);
+}
+
+TEST_F(TimeTrackerEditingTest, applicationsThatShareAnIdentityInAFile_areToldApart) {
+    const PropertyListDictionary mail{{kRecordName, u"Mail"_s}, {kRecordActiveTime, 5}};
+    const PropertyListDictionary entry{{kEntryApp, mail}};
+    m_tracker.setArrayRepresentation({entry, entry});
+    m_tracker.removeUUIDs({*m_tracker.fullTimeSet().front()->uuid()});
+    EXPECT_EQ(tree(), "Mail 5");
+}
+
+TEST_F(TimeTrackerEditingTest, whatTheRegistryHadForgotten_isItselfAgainAfterClearing) {
+    workInTwoWindows();
+    const auto mail = m_day.node("Mail").uuid();
+    const auto inbox = m_day.node("Mail", "Inbox").uuid();
+    m_day.registry.setUUIDSet(std::unordered_set<Identity>());
+    m_tracker.reset();
+    m_day.seconds(1);
+    EXPECT_EQ(m_day.node("Mail").uuid(), mail);
+    EXPECT_EQ(m_day.node("Mail", "Inbox").uuid(), inbox);
 }
 
 } // namespace

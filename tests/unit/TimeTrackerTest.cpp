@@ -291,7 +291,31 @@ TEST_F(TimeTrackerTest, renamingWithTheKeyOfAnotherWindow_addsThatWindowsTime) {
     m_tracker.mainWindowDidChangeToAppName(u"Mail"_s, WindowElement(2), u"Drafts"_s);
     m_tracker.activeStoreWindow()->addTimeInterval(5);
     m_tracker.renameWindowToName(u"Sent"_s, WindowElement(1));
-    EXPECT_EQ(m_day.tree(), "Mail 0 [Inbox 30, Sent 35]");
+    EXPECT_EQ(m_day.tree(), "Mail 0 [Sent 35]");
+}
+
+TEST_F(TimeTrackerTest, aTitleOfAnotherWindow_doesNotRenameTheOneOfTheApplicationBefore) {
+    m_tracker.addWindowWithName(u"Desktop"_s, 0);
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(3);
+    m_day.front("Desktop");
+    ASSERT_TRUE(m_tracker.activeStoreWindow());
+    m_tracker.renameWindowToName(u"Wallpaper"_s, WindowElement(999));
+    EXPECT_EQ(m_day.tree(), "Desktop 0, Mail 3 [Inbox 3]");
+}
+
+TEST_F(TimeTrackerTest, aTitleThatComesBackInAnotherWindow_takesTheTimeOfTheOneThatHadIt) {
+    m_day.start();
+    m_day.front("Browser", "Invoice 12");
+    m_day.seconds(100);
+    m_day.window("News");
+    m_day.seconds(5);
+    m_day.retitle("Weather");
+    m_day.seconds(5);
+    m_day.retitle("Invoice 12");
+    m_day.seconds(10);
+    EXPECT_EQ(m_day.tree(), "Browser 120 [Invoice 12 120]");
 }
 
 TEST_F(TimeTrackerTest, aTitleThatChangesWhileStopped_renamesTheWindowThatWasCreditedButNoOther) {
