@@ -7,6 +7,7 @@
 namespace {
 
 const QString kHtml = QStringLiteral("text/html");
+const QString kHtmlInUtf8 = QStringLiteral("text/html;charset=utf-8");
 const QString kRtf = QStringLiteral("text/rtf");
 // Word processors ask for it under this name.
 const QString kApplicationRtf = QStringLiteral("application/rtf");
@@ -28,12 +29,9 @@ TimeMimeData::TimeMimeData(Provider provider, int projectRow)
 }
 
 QStringList TimeMimeData::formats() const {
-    return {m_projectRow ? kProjectPasteboardType : kTimerPasteboardType,
-            kHtml,
-            kRtf,
-            kApplicationRtf,
-            kTabular,
-            kPlain};
+    // The first that they know is what most receivers take.
+    return {kHtml,           kTabular, kRtf,
+            kApplicationRtf, kPlain,   m_projectRow ? kProjectPasteboardType : kTimerPasteboardType};
 }
 
 bool TimeMimeData::hasFormat(const QString& type) const {
@@ -51,7 +49,7 @@ std::vector<Identity> TimeMimeData::identities() const {
 QMimeData* TimeMimeData::settled() const {
     auto* whole = new QMimeData;
     // One widespread clipboard manager loses the first form of what a program leaves it. This one is there twice.
-    whole->setData(kApplicationRtf, data(kApplicationRtf));
+    whole->setData(kHtmlInUtf8, data(kHtml));
     for (const QString& type : formats())
         whole->setData(type, data(type));
     return whole;

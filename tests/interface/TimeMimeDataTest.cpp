@@ -38,9 +38,9 @@ TEST_F(TimeMimeDataTest, nothingIsMade_beforeAReceiverAsks) {
     const std::vector<Identity> timers{Identity::brandNew(), Identity::brandNew()};
     const TimeMimeData written(counting(), timers);
     EXPECT_EQ(written.formats(),
-              QStringList({QStringLiteral("org.ticklog.standard.TKItem"), QStringLiteral("text/html"),
+              QStringList({QStringLiteral("text/html"), QStringLiteral("text/tab-separated-values"),
                            QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
-                           QStringLiteral("text/tab-separated-values"), QStringLiteral("text/plain")}));
+                           QStringLiteral("text/plain"), QStringLiteral("org.ticklog.standard.TKItem")}));
     EXPECT_EQ(timersFromPasteboard(written.data(kTimerPasteboardType)), timers);
     EXPECT_EQ(asked, 0);
     written.data(QStringLiteral("text/html"));
@@ -48,6 +48,15 @@ TEST_F(TimeMimeDataTest, nothingIsMade_beforeAReceiverAsks) {
     EXPECT_EQ(lastAsked, timers);
     EXPECT_TRUE(written.data(QStringLiteral("image/png")).isEmpty());
     EXPECT_EQ(asked, 1);
+}
+
+TEST_F(TimeMimeDataTest, whatIsLeftBehind_isOfferedInTheSameOrder) {
+    const TimeMimeData written(counting(), 2);
+    const std::unique_ptr<QMimeData> left(written.settled());
+    QStringList forms = left->formats();
+    EXPECT_EQ(str(forms.takeFirst()), "text/html;charset=utf-8") << "once more, for those who lose the first";
+    EXPECT_EQ(forms, written.formats());
+    EXPECT_EQ(left->html(), written.html());
 }
 
 TEST_F(TimeMimeDataTest, aProject_readsAsItsTimersAndWithoutAnyAsAll) {
