@@ -7,6 +7,7 @@
 #include "interface/shell/Images.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace {
@@ -73,8 +74,9 @@ void TKLabelButton::hideEvent(QHideEvent* event) {
     m_mouseOver = false;
 }
 
-void TKLabelButton::mouseReleaseEvent(QMouseEvent*) {
-    choose();
+void TKLabelButton::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        choose();
 }
 
 void TKLabelButton::keyPressEvent(QKeyEvent* event) {

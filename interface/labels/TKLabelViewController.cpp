@@ -80,12 +80,26 @@ void TKLabelViewController::setSelectedTag(int tag) {
         label->setEnabled(isEnabled);
         label->setSelectedColor(label->colorTag() == tag);
     }
+    // The frame of the focus would stand around the colour of before.
+    if (std::ranges::any_of(m_labels, &TKLabelButton::hasFocus))
+        focusSelected();
     // Strong while nothing can be chosen and pale beside the colours; in roles, so that it can be read in a dark menu too.
     m_mainLabel->setForegroundRole(isEnabled ? QPalette::PlaceholderText : QPalette::WindowText);
 }
 
 void TKLabelViewController::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
+    focusSelected();
+}
+
+void TKLabelViewController::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    // The menu would give it back to the colour that was last chosen, whichever is the project's by then.
+    for (TKLabelButton* label : m_labels)
+        label->clearFocus();
+}
+
+void TKLabelViewController::focusSelected() {
     const auto selected =
         std::ranges::find_if(m_labels, [](const auto* label) { return label->selectedColor(); });
     (selected == m_labels.end() ? m_labels.front() : *selected)->setFocus(Qt::TabFocusReason);

@@ -35,8 +35,11 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
+    void focusSelected();
+
     QMenu& m_menu;
     QLabel* m_mainLabel;
     std::array<TKLabelButton*, 7> m_labels{};

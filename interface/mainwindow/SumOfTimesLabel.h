@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QMouseEvent>
 
 // The sum below the timers: a field that cannot be edited, because unlike a label it can be read out and copied from.
 class SumOfTimesLabel : public QLineEdit {
@@ -21,6 +22,7 @@ Q_SIGNALS:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override {
         QLineEdit::mouseReleaseEvent(event);
-        Q_EMIT clicked();
+        if (event->button() == Qt::LeftButton)
+            Q_EMIT clicked();
     }
 };

@@ -3,6 +3,8 @@
 
 #include "interface/shell/PlainText.h"
 
+#include <QMouseEvent>
+
 // A text that acts as a button.
 class TKTimeSummaryTextField : public PlainLabel {
     Q_OBJECT
@@ -18,6 +20,7 @@ Q_SIGNALS:
 protected:
     void mousePressEvent(QMouseEvent* event) override {
         PlainLabel::mousePressEvent(event);
-        Q_EMIT pressed();
+        if (event->button() == Qt::LeftButton)
+            Q_EMIT pressed();
     }
 };

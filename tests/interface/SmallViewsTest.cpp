@@ -72,6 +72,17 @@ TEST_F(SmallViewsTest, aPressOnTheWordBesideTheSum_copiesTheSumInWords) {
     EXPECT_EQ(str(QApplication::clipboard()->text()), "1 minute");
 }
 
+TEST_F(SmallViewsTest, theOtherButtons_doNothingToTheSum) {
+    select({row("Paint")});
+    QApplication::clipboard()->setText(QStringLiteral("mine"));
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mousePress(controller.window().findChild<QLabel*>(QStringLiteral("timeSumCaption")), button);
+        QTest::mouseClick(controller.window().findChild<QLineEdit*>(QStringLiteral("timeSum")), button);
+    }
+    EXPECT_EQ(str(QApplication::clipboard()->text()), "mine");
+    EXPECT_EQ(str(sumShown()), "00:00:30");
+}
+
 TEST_F(SmallViewsTest, aDesktopThatDoesNotTell_isExplainedAboveTheTimersUntilItDoes) {
     const ObstacleBar& bar = controller.window().obstacleBar();
     EXPECT_FALSE(bar.isVisible());

@@ -194,3 +194,28 @@ TEST(TKProjectFooterBoxTest, theBox_followsTheOutlinesBackground) {
     outline->setPalette(palette);
     EXPECT_EQ(box->fillColor(), QColor(Qt::darkGreen));
 }
+
+TEST_F(TKLabelTest, theOtherButtons_chooseNothing) {
+    open();
+    QTest::mouseClick(&button(2), Qt::RightButton);
+    QTest::mouseClick(&button(2), Qt::MiddleButton);
+    EXPECT_TRUE(stored.isEmpty());
+    EXPECT_TRUE(menu.isVisible());
+}
+
+TEST_F(TKLabelTest, theFrame_followsTheColourAndNotTheFocusOfBefore) {
+    open();
+    menu.activateWindow();
+    button(2).setFocus();
+    ASSERT_TRUE(button(2).hasFocus());
+    QTest::keyClick(&button(2), Qt::Key_Return);
+    row.setSelectedTag(5);
+    open();
+    EXPECT_EQ(frameOf(button(2)), 0);
+    EXPECT_GT(frameOf(button(5)), 0);
+    row.setFocus();
+    ASSERT_TRUE(button(5).hasFocus());
+    row.setSelectedTag(1);
+    EXPECT_TRUE(button(1).hasFocus());
+    EXPECT_EQ(frameOf(button(5)), 0);
+}
