@@ -33,3 +33,13 @@ ProjectDrops::AcceptedRow ProjectDrops::acceptProjectRow(std::size_t draggedRow,
         return {};
     return {true, destination + 1};
 }
+
+std::optional<std::size_t> ProjectDrops::landingBefore(std::size_t draggedRow, std::size_t position,
+                                                       DropOperation operation) const {
+    if (draggedRow >= m_projects.count())
+        return std::nullopt;
+    const std::size_t target = std::min(position, m_projects.count());
+    // Dropped onto itself, a project goes one place up.
+    const bool isItself = operation == DropOperation::Move && draggedRow == target && target > 0;
+    return isItself ? target - 1 : target;
+}

@@ -33,6 +33,11 @@ public:
     // the same, so that it means the project below the row that was dragged. Not accepted when there is none.
     AcceptedRow acceptProjectRow(std::size_t draggedRow, std::ptrdiff_t position, DropOperation operation);
 
+    // Before which of the projects as they stand now one comes to stand that is dropped so; their number is behind all.
+    // Absent when acceptProjectRow() does not accept it.
+    std::optional<std::size_t> landingBefore(std::size_t draggedRow, std::size_t position,
+                                             DropOperation operation) const;
+
 private:
     ProjectList& m_projects;
 };

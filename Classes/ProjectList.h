@@ -156,6 +156,10 @@ private:
 
 // See ProjectList::snapshot.
 class ProjectList::Snapshot {
+public:
+    // Whether people see the same projects: the objects may be others, and so may the rows that are expanded.
+    bool isLike(const Snapshot& other) const;
+
 private:
     friend class ProjectList;
 

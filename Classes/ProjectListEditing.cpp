@@ -66,6 +66,18 @@ ProjectList::Snapshot ProjectList::snapshot() const {
     return snapshot;
 }
 
+bool ProjectList::Snapshot::isLike(const Snapshot& other) const {
+    const auto seen = [](const Saved& saved) {
+        PropertyListDictionary entries = saved.entries;
+        entries.remove(kProjectExpandedUUIDs);
+        // No label is as good as none that was ever set.
+        if (ProjectRecord(entries).colorTag() == 0)
+            entries.remove(kProjectColorTag);
+        return entries;
+    };
+    return std::ranges::equal(m_projects, other.m_projects, {}, seen, seen);
+}
+
 void ProjectList::restore(const Snapshot& snapshot) {
     tell(Kind::Replace, ChangePhase::Will, std::nullopt);
     std::vector<Record> records;

@@ -70,7 +70,8 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
     setCurrentApp(appName);
     const auto app = m_activeStoreApp.lock();
     const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
-    m_activeStoreWindow = window;
+    if (window != std::exchange(m_activeStoreWindow, window).lock())
+        ++m_filterChanges;
     // Freezing and removing timers come through here too, and nothing is credited while the timer is stopped.
     if (m_isRunning)
         updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
@@ -94,6 +95,7 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     // The application joins whatever else bears the name.
     if (current->name() != *newName)
         current->setName(*newName);
+    ++m_filterChanges;
 }
 
 void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
@@ -147,7 +149,7 @@ void TimeTracker::bookIdleOnset() {
     setCurrentApp(kIdleName);
     m_activeStoreWindow.reset();
     if (const auto app = m_activeStoreApp.lock())
-        app->addTimeInterval(unbooked);
+        addTime(*app, unbooked);
     m_idleBookings.settle(lastInput, instant());
     resetInternalTimes();
     // Told last: the account is right by now.
@@ -176,7 +178,15 @@ void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::option
         return;
     // An observer may remove the node while it is told.
     const auto alive = node->weak_from_this().lock();
-    node->addTimeInterval(secondsBetween(*start, instant()));
+    addTime(*node, secondsBetween(*start, instant()));
+}
+
+void TimeTracker::addTime(TimeStoreNode& node, Seconds seconds) {
+    const Seconds before = node.TimeStoreNode::activeTime();
+    const auto limit = Seconds(m_cutoffTime);
+    if (before < limit && before + seconds >= limit)
+        ++m_filterChanges;
+    node.addTimeInterval(seconds);
 }
 
 void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
@@ -201,6 +211,7 @@ void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
 std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeStoreApp> app) {
     m_timeDictionary.insert(app->name(), app);
     m_timeSet.push_back(app);
+    ++m_filterChanges;
     return app;
 }
 
@@ -296,6 +307,7 @@ void TimeTracker::reloadSearchFiltering() {
     const std::lock_guard guard(m_lock);
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
     m_searchFiltered.reset();
+    m_filteredAt = m_filterChanges;
     const bool isSearching = m_searchString && !m_searchString->isEmpty();
     if (!isSearching && !(m_cutoffTime > 0))
         return;

@@ -118,6 +118,11 @@ public:
     // Seconds.
     void setCutoffTime(float cutoffTime);
     void reloadSearchFiltering();
+    // Grows whenever other timers may survive a search or the cut-off: one has come, is called otherwise or has passed the
+    // limit. Nothing is searched for that.
+    std::uint64_t filterChanges() const { return m_filterChanges; }
+    // Whether it has grown since what survives was last found out.
+    bool isFilteringStale() const { return m_searchFiltered && m_filteredAt != m_filterChanges; }
 
     // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
     // fresh timer of the old name.
@@ -202,6 +207,7 @@ private:
     Instant instant() const { return m_services.activity.clock.instant(); }
 
     void creditCurrentApp();
+    void addTime(TimeStoreNode& node, Seconds seconds);
     void bookIdleOnset();
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
     void takeAbsenceFromGap(Seconds gap, Seconds idle);
@@ -247,6 +253,8 @@ private:
     Instant m_countingSince;
     IdleBookings m_idleBookings;
     float m_cutoffTime = 0;
+    std::uint64_t m_filterChanges = 0;
+    std::uint64_t m_filteredAt = 0;
     bool m_isRunning = false;
     bool m_wasIdle = false;
     std::unique_ptr<TimeActivator> m_timeActivator;

@@ -4,10 +4,9 @@
 #include "Classes/CsvExport.h"
 #include "Classes/Settings.h"
 #include "Classes/TimeTracker.h"
+#include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
 #include "platform/foundation/LocalizedStrings.h"
-
-#include <QFileInfo>
 
 TKExportController::TKExportController(TimeTracker& tracker, TimeDatabase& database,
                                        TimeStoreServices& services, const Platform& platform, Alerts& alerts,
@@ -35,38 +34,28 @@ void TKExportController::setPeriodicSaveDirectory() {
     m_defaults.setObject(kPeriodicSaveDirectory, *folder);
 }
 
-void TKExportController::exportShownToCSV() {
-    exportSet(m_tracker.timeSet());
+void TKExportController::exportShownToCSV(const QString& title) {
+    exportSet(m_tracker.timeSet(), title, localized("Ticklog Times"));
 }
 
 void TKExportController::exportAllToCSV() {
     const auto& timers = m_tracker.fullTimeSet();
-    exportSet({timers.begin(), timers.end()});
+    exportSet({timers.begin(), timers.end()}, localized("Export to CSV"), localized("Ticklog Times"));
 }
 
-void TKExportController::exportSet(const TimeStoreItem::Children& timers) {
+void TKExportController::exportSet(const TimeStoreItem::Children& timers, const QString& title,
+                                   const QString& name, const std::optional<Seconds>& total) {
     const QString suffix = QStringLiteral(".csv");
-    auto path = m_alerts.chooseExportFile(localized("Export to CSV"),
-                                          m_documents + u'/' + localized("Ticklog Times") + suffix);
-    if (!path)
-        return;
-    // The panel has asked about the name as it was entered.
-    if (!path->endsWith(suffix, Qt::CaseInsensitive)) {
-        *path += suffix;
-        if (QFileInfo::exists(*path) &&
-            m_alerts.ask({.message = localized("Replacing a file"),
-                          .informativeText = localized("A file of this name exists already.") + u'\n' + *path,
-                          .defaultButton = localized("Cancel"),
-                          .alternateButton = localized("Replace"),
-                          .otherButton = {}}) == Alerts::Default)
-            return;
-    }
-    exportCSVSetToFilename(timers, *path);
+    const auto chosen = m_alerts.chooseExportFile(title, m_documents + u'/' + name + suffix);
+    const auto path = chosen ? withExtension(m_alerts, *chosen, suffix) : std::nullopt;
+    if (path)
+        exportCSVSetToFilename(timers, *path, total);
 }
 
-void TKExportController::exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path) {
+void TKExportController::exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path,
+                                                const std::optional<Seconds>& total) {
     // The table is whole before the panel that shows the progress lets the timers run on.
-    const QString table = CsvExport::text(timers, m_tracker.totalTime());
+    const QString table = CsvExport::text(timers, total.value_or(m_tracker.totalTime()));
     const auto panel = m_alerts.showProgress(localized("Exporting…"));
     if (!CsvExport::writeText(table, path, [&](double done) { panel->setDone(done); }))
         CsvExport::tellFailure(m_log);

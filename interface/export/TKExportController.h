@@ -41,12 +41,16 @@ public:
     // Lets the user choose that folder.
     void setPeriodicSaveDirectory();
 
-    // Export the timers that are shown, and all of them, to a file the user chooses.
-    void exportShownToCSV();
+    // Export what the search and the cut-off leave of all timers, and all of them, to a file the user chooses. The panel
+    // says `title`.
+    void exportShownToCSV(const QString& title);
     void exportAllToCSV();
-    void exportSet(const TimeStoreItem::Children& timers);
+    // The panel proposes `name`. The sum in the table's head is of all timers, unless it is told.
+    void exportSet(const TimeStoreItem::Children& timers, const QString& title, const QString& name,
+                   const std::optional<Seconds>& total = std::nullopt);
     // A failure goes to the log alone.
-    void exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path);
+    void exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path,
+                                const std::optional<Seconds>& total = std::nullopt);
 
     const PeriodicSave& periodicSave() const { return m_periodicSave; }
 

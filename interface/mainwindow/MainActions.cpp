@@ -42,6 +42,7 @@ MainActions::MainActions(QObject* window)
           make(window, "exportShownToCSV", localized("E&xport Shown Timers to CSV…"), Qt::CTRL | Qt::Key_E))
     , exportAll(make(window, "exportAllToCSV", localized("Export &All Timers to CSV…"),
                      Qt::CTRL | Qt::SHIFT | Qt::Key_E))
+    , exportProject(make(window, "exportProjectToCSV", localized("Export &Project…")))
     , closeWindow(make(window, "closeWindow", localized("C&lose Window"), QKeySequence::Close))
     , quit(make(window, "quit", localized("&Quit"), Qt::CTRL | Qt::Key_Q))
     , undo(make(window, "undo", localized("&Undo"), QKeySequence::Undo))
@@ -82,7 +83,7 @@ MainActions::MainActions(QObject* window)
 QMenu* MainActions::fill(QMenuBar& menuBar) const {
     addMenu(menuBar, "fileMenu", localized("&File"),
             {importDatabase, saveCopy, nullptr, chooseDatabaseLocation, restoreDefaultDatabaseLocation,
-             revealDatabase, nullptr, exportShown, exportAll, nullptr, closeWindow, quit});
+             revealDatabase, nullptr, exportShown, exportAll, exportProject, nullptr, closeWindow, quit});
     addMenu(menuBar, "editMenu", localized("&Edit"),
             {undo, redo, nullptr, copy, copySummaryTime, nullptr, rename, deleteRows, forceDelete, nullptr,
              selectAll, deselectAll, nullptr, find, nullptr, editRules, showPrefWindow});
@@ -101,6 +102,6 @@ QList<QAction*> MainActions::forTimers() const {
 }
 
 QList<QAction*> MainActions::forProjects() const {
-    return {addProject,      renameProject, nullptr,       moveProjectUp,
-            moveProjectDown, nullptr,       branchProject, removeProject};
+    return {addProject, renameProject, nullptr,       moveProjectUp, moveProjectDown,
+            nullptr,    branchProject, exportProject, removeProject};
 }

@@ -25,6 +25,7 @@ struct MainActions {
     QAction* revealDatabase;
     QAction* exportShown;
     QAction* exportAll;
+    QAction* exportProject;
     QAction* closeWindow;
     QAction* quit;
 

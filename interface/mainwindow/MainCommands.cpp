@@ -44,8 +44,9 @@ void MainCommands::connectDatabase() {
     connectTo(actions.restoreDefaultDatabaseLocation, m_receiver,
               [this] { m_controller.restoreDefaultDatabaseLocation(); });
     connectTo(actions.revealDatabase, m_receiver, [this] { m_controller.revealDatabase(); });
-    connectTo(actions.exportShown, m_receiver, [this] { m_controller.exporting().exportShownToCSV(); });
+    connectTo(actions.exportShown, m_receiver, [this] { m_controller.exportShown(); });
     connectTo(actions.exportAll, m_receiver, [this] { m_controller.exporting().exportAllToCSV(); });
+    connectTo(actions.exportProject, m_receiver, [this] { m_controller.exportProject(); });
     connectTo(actions.closeWindow, m_receiver, [this] { m_controller.window().close(); });
     connectTo(actions.quit, m_receiver, [this] { m_controller.appDelegate().terminate(); });
     connectTo(actions.about, m_receiver, [this] { m_controller.appDelegate().showAboutBox(); });
@@ -125,10 +126,13 @@ void MainCommands::update() {
     const TKProjectController& projects = m_controller.projectController();
     const bool hasProject = !projects.isMainItemSelected();
     const bool isForTimers = m_focusedOutline == &table;
-    for (QAction* action : {actions.copy, actions.rename, actions.deleteRows})
+    // All timers can be copied from the sidebar, but neither renamed nor deleted there.
+    actions.copy->setEnabled(!isForTimers || hasSelection);
+    for (QAction* action : {actions.rename, actions.deleteRows})
         action->setEnabled(isForTimers ? hasSelection : hasProject);
     actions.forceDelete->setEnabled(isForTimers && hasSelection);
-    for (QAction* action : {actions.renameProject, actions.branchProject, actions.removeProject})
+    for (QAction* action :
+         {actions.renameProject, actions.exportProject, actions.branchProject, actions.removeProject})
         action->setEnabled(hasProject);
     actions.moveProjectUp->setEnabled(projects.canMoveProject(-1));
     actions.moveProjectDown->setEnabled(projects.canMoveProject(1));

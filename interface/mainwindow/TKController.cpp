@@ -111,6 +111,7 @@ void TKController::connectFields() {
                      [this](float seconds) { setCutoffValue(seconds); });
     setCutoffValue(0);
     QObject::connect(&m_undoStack, &QUndoStack::indexChanged, &*m_reactions, [this] {
+        m_isRenamed = true;
         m_sum.forgetRows();
         refreshTimeSum();
     });
@@ -150,6 +151,7 @@ void TKController::connectOutline() {
             m_window.popUp(QStringLiteral("timerContextMenu"), m_window.actions().forTimers(), place);
         });
     table.setHighlightOnMouseOver(true);
+    table.setInvitation([this] { return invitation(); });
     table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
     table.setBranchNode([this](const auto& item) { branchNode(item->node()); });
     table.setWriteItems([this](const QModelIndexList& rows) { return m_pasteboard.writeItems(rows); });
@@ -167,6 +169,7 @@ void TKController::connectOutline() {
     }
     QObject::connect(&m_window, &MainWindow::seenChanged, &*m_reactions, [this](bool isSeen) {
         m_shown->setLive(isSeen);
+        followCounting();
         refreshTimeSum();
         restoreExpansion();
     });
@@ -261,7 +264,6 @@ void TKController::selectionChanged() {
     m_sum.forgetRows();
     if (m_commands)
         m_commands->update();
-    showInvitation();
     refreshTimeSum();
 }
 

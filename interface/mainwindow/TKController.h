@@ -75,6 +75,10 @@ public:
     std::shared_ptr<TimeStoreCategory> timeStoreCategoryForProjectDict(const ProjectRecord& record);
     // Leaves out timers below so many seconds.
     void setCutoffValue(float seconds);
+    // All timers as narrowed by the search and the cut-off, also while a project is shown.
+    void exportShown();
+    // All of the project that is selected.
+    void exportProject();
 
     // Whether all timers are shown rather than a project.
     bool mainItemIsSelected() const { return m_shown == &m_appTreeController; }
@@ -151,7 +155,11 @@ private:
     void connectOutline();
     void connectSidebar();
     TKProjectController::MainController projectServices();
-    void showInvitation();
+    QString invitation() const;
+    bool isNarrowed() const;
+    // Looks from now on every few seconds for rows that have begun to match or passed the limit, while there is a reason.
+    void followCounting();
+    void filterAgain();
     void showObstacle();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
@@ -187,6 +195,18 @@ private:
     TKDocumentController m_documents;
     LoginItemControl m_loginItem;
     TKApplicationDelegate m_appDelegate;
+    // Seconds.
+    float m_cutoff = 0;
+    // Null while nothing is narrowed, or seen.
+    std::unique_ptr<RunLoopTimer> m_nextFiltering;
+    // Of the tracker, when what is shown was last found out.
+    std::uint64_t m_filteredChanges = 0;
+    // Somebody gave a timer another name.
+    bool m_isRenamed = false;
+    // Null before anything is shown.
+    ProjectList::Project m_shownRecord;
+    // Whose rows were expanded last.
+    ProjectList::Project m_expandedRecord;
     // Whose rows are to be expanded; null when they are.
     ProjectList::Project m_recordToExpand;
     bool m_isSearchExpanding = false;

@@ -106,9 +106,11 @@ void TKController::chooseDatabaseDirectory() {
                                                       m_database.mainStoreURL(), false);
     if (!location)
         return;
+    const QString suffix = QStringLiteral(".tkd");
+    const QString whole = location->endsWith(suffix, Qt::CaseInsensitive) ? *location : *location + suffix;
     // What is copied is the file, so the file must know of the last minutes, or be there at all.
     saveSettingsToDisk();
-    const Outcome chosen = m_database.chooseDatabaseLocation(*location);
+    const Outcome chosen = m_database.chooseDatabaseLocation(whole);
     if (!chosen)
         m_alerts.showError(localized("The database could not be copied."), chosen.failure().text);
 }

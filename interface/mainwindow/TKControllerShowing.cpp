@@ -7,11 +7,23 @@
 
 #include <QLineEdit>
 
+#include <algorithm>
+#include <unordered_set>
+
+namespace {
+
+constexpr std::chrono::seconds kBetweenFilterings{2};
+constexpr std::chrono::milliseconds kFilteringTolerance{500};
+
+} // namespace
+
 void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& category,
                                     const ProjectList::Project& record) {
     const QString search = m_window.searchAppField().text();
     m_searchedProject = category;
+    m_shownRecord = record;
     m_sum.forgetRows();
+    m_filteredChanges = m_engine.tracker().filterChanges();
     if (category) {
         category->setSearchString(search);
         const std::vector<Identity> members = record->flattenedMembers();
@@ -20,13 +32,16 @@ void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& ca
         showTree(m_categoryTreeController);
     } else {
         m_engine.tracker().setSearchString(search);
+        if (m_engine.tracker().isFilteringStale())
+            m_engine.tracker().reloadSearchFiltering();
         m_appTreeController.setSource(TimeTreeModel::sourceOf(m_engine.tracker()));
         showTree(m_appTreeController);
     }
     refreshTimeSum();
     m_recordToExpand = record;
     restoreExpansion();
-    showInvitation();
+    followCounting();
+    m_window.mainTable().readOutInvitation();
 }
 
 void TKController::showTree(TimeTreeModel& tree) {
@@ -69,8 +84,11 @@ void TKController::restoreExpansion() {
         isShown[found->second] = true;
         return true;
     };
-    if (!expanded.empty())
-        table.expandRows(isWanted);
+    // The same rows as before may have been folded or unfolded in what was shown before.
+    const bool isAnother = std::exchange(m_expandedRecord, record) != record;
+    if (isAnother || !expanded.empty())
+        table.expandRows(isWanted, isAnother ? TKOutlineDisplayView::OtherRows::Fold
+                                             : TKOutlineDisplayView::OtherRows::Stay);
     m_projects.keepExpanded(*record, isShown);
 }
 
@@ -94,22 +112,92 @@ void TKController::find() {
 }
 
 void TKController::setCutoffValue(float seconds) {
+    m_cutoff = seconds;
     m_engine.tracker().setCutoffTime(seconds);
-    showInvitation();
+    followCounting();
+    m_window.mainTable().readOutInvitation();
     m_window.sumBar().showCutoff(TimeTracker::timeStringForDouble(double(seconds)));
 }
 
-void TKController::showInvitation() {
-    const auto text = [&] {
-        if (!m_window.searchAppField().text().isEmpty())
-            return localized("No timer matches the search.");
-        if (m_searchedProject)
-            return localized("This project is empty. Drag timers from “All Timers” onto it.");
-        if (!m_engine.tracker().fullTimeSet().empty())
-            return localized("No timer has as much time as you ask for.");
+QString TKController::invitation() const {
+    const TimeTracker& tracker = m_engine.tracker();
+    const QString search = m_window.searchAppField().text();
+    if (m_searchedProject) {
+        const std::vector<Identity> members = m_shownRecord->flattenedMembers();
+        const bool isEmpty =
+            tracker.timeChildrenForChildUUIDs({members.begin(), members.end()}, false).empty();
+        return isEmpty ? localized("This project is empty. Drag timers from “All Timers” onto it.")
+                       : localized("No timer matches the search.");
+    }
+    if (tracker.fullTimeSet().empty())
         return localized("Press Start and work on; the programs you use will appear here.");
-    };
-    m_window.mainTable().setInvitation(text());
+    if (search.isEmpty())
+        return localized("No timer has as much time as you ask for.");
+    const bool isFound = std::ranges::any_of(tracker.fullTimeSet(), [&](const auto& app) {
+        return app->prunedObjectForSearchString(search, 0) != nullptr;
+    });
+    return isFound ? localized("No timer that matches the search has as much time as you ask for.")
+                   : localized("No timer matches the search.");
+}
+
+bool TKController::isNarrowed() const {
+    return !m_window.searchAppField().text().isEmpty() || m_cutoff > 0;
+}
+
+void TKController::followCounting() {
+    if (!isNarrowed() || !m_window.isSeen()) {
+        m_nextFiltering = nullptr;
+        return;
+    }
+    if (m_nextFiltering)
+        return;
+    filterAgain();
+    m_nextFiltering = m_platform.runLoop.scheduleRepeating(kBetweenFilterings, kFilteringTolerance,
+                                                           [this] { filterAgain(); });
+}
+
+void TKController::filterAgain() {
+    const std::uint64_t changes = m_engine.tracker().filterChanges();
+    const bool isCounted = std::exchange(m_filteredChanges, changes) != changes;
+    if (!std::exchange(m_isRenamed, false) && !isCounted)
+        return;
+    std::unordered_set<const TimeStoreNode*> shown;
+    for (int row = 0; row < m_shown->rowCount(); ++row)
+        shown.insert(&m_shown->item(m_shown->index(row, 0))->node());
+    if (m_searchedProject)
+        m_searchedProject->refreshSearch();
+    else
+        m_engine.tracker().reloadSearchFiltering();
+    m_shown->synchronize();
+    // A search opens what it finds; what somebody has folded since stays folded.
+    if (m_isSearchExpanding)
+        m_window.mainTable().expandRows([&](const QModelIndex& row) {
+            const auto item = m_shown->item(row);
+            return !shown.contains(&item->node());
+        });
+    m_sum.forgetRows();
+    refreshTimeSum();
+}
+
+void TKController::exportShown() {
+    // While a project is shown, it alone is narrowed by what is typed.
+    if (!mainItemIsSelected())
+        m_engine.tracker().setSearchString(m_window.searchAppField().text());
+    if (m_engine.tracker().isFilteringStale())
+        m_engine.tracker().reloadSearchFiltering();
+    const QString title = mainItemIsSelected() ? localized("Export to CSV")
+                          : isNarrowed()       ? localized("Export All Timers to CSV, Narrowed by the Search")
+                                               : localized("Export All Timers to CSV");
+    m_exportController->exportShownToCSV(title);
+}
+
+void TKController::exportProject() {
+    const ProjectList::Project project = m_projectController->currentProject();
+    const std::vector<Identity> members = project->flattenedMembers();
+    const auto timers = m_engine.tracker().timeChildrenForChildUUIDs({members.begin(), members.end()}, false);
+    QString name = project->label();
+    m_exportController->exportSet(timers, localized("Export Project to CSV"), name.replace(u'/', u'-'),
+                                  summedTime(timers));
 }
 
 TimeStoreItem::Children TKController::applicationObjects() {

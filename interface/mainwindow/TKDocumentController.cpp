@@ -2,6 +2,7 @@
 #include "interface/mainwindow/TKDocumentController.h"
 
 #include "Classes/TimeDatabase.h"
+#include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
 #include "platform/foundation/LocalizedStrings.h"
 
@@ -41,8 +42,9 @@ void TKDocumentController::openDocument() {
 }
 
 void TKDocumentController::saveCopy() {
-    const auto location =
+    const auto chosen =
         m_alerts.chooseSaveLocation(localized("Save a Copy As"), m_database.mainStoreURL(), true);
+    const auto location = chosen ? withExtension(m_alerts, *chosen, QStringLiteral(".tkd")) : std::nullopt;
     if (!location)
         return;
     const Outcome saved = m_database.saveSettingsToDiskAtURL(*location);

@@ -131,19 +131,21 @@ TKTableLabelCell TKOutlineDisplayView::dataCell(const QModelIndex& row) const {
     return m_dataCell ? m_dataCell(row) : TKTableLabelCell();
 }
 
-void TKOutlineDisplayView::setInvitation(const QString& text) {
-    m_invitation = text;
+void TKOutlineDisplayView::setInvitation(std::function<QString()> invitation) {
+    m_invitation = std::move(invitation);
     readOutInvitation();
-    viewport()->update();
 }
 
 QString TKOutlineDisplayView::shownInvitation() const {
-    return model() && model()->rowCount() > 0 ? QString() : m_invitation;
+    return !m_invitation || (model() && model()->rowCount() > 0) ? QString() : m_invitation();
 }
 
 void TKOutlineDisplayView::readOutInvitation() {
-    if (const QString shown = shownInvitation(); accessibleDescription() != shown)
-        setAccessibleDescription(shown);
+    const QString shown = shownInvitation();
+    if (accessibleDescription() == shown)
+        return;
+    setAccessibleDescription(shown);
+    viewport()->update();
 }
 
 void TKOutlineDisplayView::setWriteItems(WriteItems writeItems) {
@@ -219,16 +221,18 @@ void TKOutlineDisplayView::contextMenuEvent(QContextMenuEvent* event) {
 
 void TKOutlineDisplayView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (!shownInvitation().isEmpty())
-        drawInvitation();
+    if (const QString invitation = shownInvitation(); !invitation.isEmpty())
+        drawInvitation(invitation);
+    if (m_shownDropLine)
+        drawDropLine();
 }
 
-void TKOutlineDisplayView::drawInvitation() {
+void TKOutlineDisplayView::drawInvitation(const QString& text) {
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(kInvitationMargin, kInvitationMargin, -kInvitationMargin,
                                                  -kInvitationMargin),
-                     Qt::AlignCenter | Qt::TextWordWrap, m_invitation);
+                     Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
 void TKOutlineDisplayView::changeEvent(QEvent* event) {

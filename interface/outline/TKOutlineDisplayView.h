@@ -21,6 +21,10 @@ public:
     using DataCell = std::function<TKTableLabelCell(const QModelIndex& row)>;
     using BranchNode = std::function<void(const std::shared_ptr<TimeStoreItem>& item)>;
     using DeleteKey = std::function<void(bool forceDelete)>;
+    static constexpr int kNowhere = -1;
+    // Before which row what is dragged over `onto`, which is invalid beside the rows, comes to stand; kNowhere where it does
+    // not. Absent for what is not put between rows.
+    using DropLine = std::function<std::optional<int>(const QDropEvent& dragged, const QModelIndex& onto)>;
     using WriteItems = std::function<std::unique_ptr<QMimeData>(const QModelIndexList& rows)>;
 
     explicit TKOutlineDisplayView(QWidget* parent = nullptr);
@@ -37,10 +41,14 @@ public:
     // Makes what is copied or dragged of rows, which it gets from top to bottom; null for nothing. Without it
     // there is neither copying nor dragging.
     void setWriteItems(WriteItems writeItems);
+    // Shows a line where a drop would put a row, in place of a frame around the row beneath the pointer.
+    void setDropLine(DropLine dropLine) { m_dropLine = std::move(dropLine); }
     // On what clearing the selection and unfolding everything act instead. Null for this view itself.
     void setRedirectToOutlineView(TKOutlineDisplayView* view) { m_redirectToOutlineView = view; }
-    // What is shown in place of rows when there are none.
-    void setInvitation(const QString& text);
+    // What is shown in place of rows when there are none; asked for only then.
+    void setInvitation(std::function<QString()> invitation);
+    // It may say something else now.
+    void readOutInvitation();
 
     void copy();
     // `delete:` and `forceDelete:`.
@@ -61,9 +69,11 @@ public:
     void expandAllRows();
     // With all descendants.
     void collapseAllRows();
+    enum class OtherRows { Stay, Fold };
     // Unfolds, but not their children, all rows from top to bottom that `isWanted`, among them those that come
     // into view on the way. It is called for every row that is or comes into view. Costs one layout.
-    void expandRows(const std::function<bool(const QModelIndex& row)>& isWanted);
+    void expandRows(const std::function<bool(const QModelIndex& row)>& isWanted,
+                    OtherRows others = OtherRows::Stay);
 
     // From top to bottom.
     QModelIndexList selectedRows() const;
@@ -106,6 +116,9 @@ protected:
     void doItemsLayout() override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
     void startDrag(Qt::DropActions supportedActions) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -120,24 +133,28 @@ private:
     bool freeze(const QModelIndex& row);
     bool editRowOf(const TimeStoreNode& node);
     void toggleAllRows();
-    void expandBeneath(const QModelIndex& parent, const std::function<bool(const QModelIndex&)>& isWanted);
+    void expandBeneath(const QModelIndex& parent, const std::function<bool(const QModelIndex&)>& isWanted,
+                       OtherRows others);
     int heightOfRows() const;
     void fitTimeColumn();
     void rowFolded(const QModelIndex& index);
     void forgetFolded();
     // Empty while there are rows.
     QString shownInvitation() const;
-    // Whoever cannot see it hears it as the description of the view.
-    void readOutInvitation();
-    void drawInvitation();
+    void drawInvitation(const QString& text);
+    void showDropLine(std::optional<int> row);
+    void drawDropLine();
 
     TimeTreeModel* m_model = nullptr;
     DataCell m_dataCell;
     BranchNode m_branchNode;
     DeleteKey m_deleteKey;
     WriteItems m_writeItems;
+    DropLine m_dropLine;
+    // The row before which the line is drawn.
+    std::optional<int> m_shownDropLine;
     TKOutlineDisplayView* m_redirectToOutlineView = nullptr;
-    QString m_invitation;
+    std::function<QString()> m_invitation;
     SteadyScroll m_steadyScroll{*this};
     std::vector<QPersistentModelIndex> m_folded;
     int m_highlightedRow = -1;

@@ -7,17 +7,19 @@ void TKOutlineDisplayView::expandAllRows() {
     expandRows([](const QModelIndex&) { return true; });
 }
 
-void TKOutlineDisplayView::expandRows(const std::function<bool(const QModelIndex&)>& isWanted) {
+void TKOutlineDisplayView::expandRows(const std::function<bool(const QModelIndex&)>& isWanted,
+                                      OtherRows others) {
     if (!model())
         return;
     // With a layout outstanding every row is only noted, and all are laid out at once.
     scheduleDelayedItemsLayout();
-    expandBeneath({}, isWanted);
+    expandBeneath({}, isWanted, others);
     executeDelayedItemsLayout();
 }
 
 void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
-                                         const std::function<bool(const QModelIndex&)>& isWanted) {
+                                         const std::function<bool(const QModelIndex&)>& isWanted,
+                                         OtherRows others) {
     for (int row = 0; row < model()->rowCount(parent); ++row) {
         const QModelIndex index = model()->index(row, 0, parent);
         // Asked of every row, because who asks may keep account of those that are there.
@@ -29,8 +31,10 @@ void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
                 model()->fetchMore(index);
             expand(index);
         }
+        if (!isToUnfold && others == OtherRows::Fold)
+            collapse(index);
         if (isExpanded(index))
-            expandBeneath(index, isWanted);
+            expandBeneath(index, isWanted, others);
     }
 }
 

@@ -17,6 +17,7 @@ namespace {
 constexpr int kDraggedRowsShown = 6;
 constexpr int kDragWidth = 320;
 constexpr qreal kDragOpacity = 0.85;
+constexpr int kDropLine = 2;
 
 // The timer itself where a row only speaks for it.
 std::shared_ptr<TimeStoreItem> timerOf(std::shared_ptr<TimeStoreItem> item) {
@@ -188,6 +189,42 @@ void TKOutlineDisplayView::startDrag(Qt::DropActions supportedActions) {
     drag->setPixmap(dragPixmap(rows));
     drag->exec(supportedActions,
                defaultDropAction() == Qt::IgnoreAction ? Qt::CopyAction : defaultDropAction());
+}
+
+void TKOutlineDisplayView::dragMoveEvent(QDragMoveEvent* event) {
+    QTreeView::dragMoveEvent(event);
+    const QModelIndex onto =
+        dropIndicatorPosition() == OnItem ? indexAt(event->position().toPoint()) : QModelIndex();
+    const bool isShownHere = m_dropLine && event->isAccepted();
+    showDropLine(isShownHere ? m_dropLine(*event, onto) : std::nullopt);
+}
+
+void TKOutlineDisplayView::dragLeaveEvent(QDragLeaveEvent* event) {
+    QTreeView::dragLeaveEvent(event);
+    showDropLine(std::nullopt);
+}
+
+void TKOutlineDisplayView::dropEvent(QDropEvent* event) {
+    showDropLine(std::nullopt);
+    QTreeView::dropEvent(event);
+}
+
+void TKOutlineDisplayView::showDropLine(std::optional<int> row) {
+    // One of the two, so that nobody has to choose which one to believe.
+    setDropIndicatorShown(!row);
+    if (std::exchange(m_shownDropLine, row) != row)
+        viewport()->update();
+}
+
+void TKOutlineDisplayView::drawDropLine() {
+    if (m_shownDropLine == kNowhere)
+        return;
+    const QModelIndex before = model()->index(*m_shownDropLine, 0);
+    const QModelIndex last = model()->index(model()->rowCount() - 1, 0);
+    const int y = before.isValid() ? visualRect(before).top() : visualRect(last).bottom() + 1;
+    QPainter painter(viewport());
+    painter.fillRect(QRect(0, y - kDropLine / 2, viewport()->width(), kDropLine),
+                     palette().color(QPalette::Text));
 }
 
 QPixmap TKOutlineDisplayView::dragPixmap(const QModelIndexList& rows) const {

@@ -107,6 +107,20 @@ bool ProjectListModel::canDropMimeData(const QMimeData* data, Qt::DropAction act
     return data->hasFormat(kTimerPasteboardType) || data->hasFormat(kProjectPasteboardType);
 }
 
+std::optional<int> ProjectListModel::dropLine(const QMimeData& data, Qt::DropAction action,
+                                              const QModelIndex& onto) const {
+    if (data.hasFormat(kTimerPasteboardType))
+        return std::nullopt;
+    const auto dragged = projectRowFromPasteboard(data.data(kProjectPasteboardType));
+    const auto operation = action == Qt::CopyAction ? DropOperation::Copy : DropOperation::Move;
+    const auto target = onto.isValid() ? project(onto) : nullptr;
+    const ProjectDrops drops(m_projects);
+    const auto before =
+        dragged ? drops.landingBefore(std::size_t(*dragged), drops.targetPosition(target.get()), operation)
+                : std::nullopt;
+    return before ? int(*before) + 1 : -1;
+}
+
 bool ProjectListModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                                     const QModelIndex& parent) {
     if (!canDropMimeData(data, action, row, column, parent))

@@ -41,6 +41,9 @@ public:
     Qt::DropActions supportedDragActions() const override { return Qt::CopyAction | Qt::MoveAction; }
     bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                          const QModelIndex& parent) const override;
+    // Before which row a dragged project comes to stand when it is dropped onto a row, or beside all; -1 when none would be
+    // moved. Absent for what is no project.
+    std::optional<int> dropLine(const QMimeData& data, Qt::DropAction action, const QModelIndex& onto) const;
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
 

@@ -14,6 +14,8 @@ public:
         , m_before(std::move(before))
         , m_after(projects.snapshot()) {}
 
+    bool changesAnything() const { return !m_after.isLike(m_before); }
+
     void undo() override { m_projects.restore(m_before); }
 
     void redo() override {

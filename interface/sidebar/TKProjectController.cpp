@@ -8,6 +8,7 @@
 #include "platform/foundation/CleanText.h"
 #include "platform/foundation/LocalizedStrings.h"
 
+#include <QDropEvent>
 #include <QItemSelectionModel>
 #include <QMenu>
 
@@ -46,6 +47,9 @@ TKProjectController::TKProjectController(ProjectList& projects, ProjectNodes& no
                                         [this](const Notification&) { refreshProject(); })) {
     m_projectOutline.setModel(&m_model);
     m_projectOutline.setDataCell([this](const QModelIndex& row) { return cell(row); });
+    m_projectOutline.setDropLine([this](const QDropEvent& dragged, const QModelIndex& onto) {
+        return m_model.dropLine(*dragged.mimeData(), dragged.dropAction(), onto);
+    });
     m_projectOutline.setWriteItems(
         [this](const QModelIndexList& rows) { return m_mainController.writeProject(rows.last().row()); });
     selectRow(0);
@@ -79,7 +83,9 @@ template<class Change>
 void TKProjectController::change(const QString& text, Change&& change) {
     ProjectList::Snapshot before = m_projects.snapshot();
     change();
-    m_undoStack.push(new ProjectsCommand(text, m_projects, std::move(before)));
+    auto command = std::make_unique<ProjectsCommand>(text, m_projects, std::move(before));
+    if (command->changesAnything())
+        m_undoStack.push(command.release());
 }
 
 void TKProjectController::addProject() {

@@ -983,5 +983,25 @@
         <source>Understood</source>
         <translation>Verstanden</translation>
     </message>
+    <message>
+        <source>Export &amp;Project…</source>
+        <translation>&amp;Projekt exportieren…</translation>
+    </message>
+    <message>
+        <source>No timer that matches the search has as much time as you ask for.</source>
+        <translation>Kein Timer, der der Suche entspricht, hat so viel Zeit wie verlangt.</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV, Narrowed by the Search</source>
+        <translation>Alle Timer als CSV exportieren, eingeschränkt durch die Suche</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV</source>
+        <translation>Alle Timer als CSV exportieren</translation>
+    </message>
+    <message>
+        <source>Export Project to CSV</source>
+        <translation>Projekt als CSV exportieren</translation>
+    </message>
 </context>
 </TS>

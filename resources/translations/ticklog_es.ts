@@ -983,5 +983,25 @@
         <source>Understood</source>
         <translation>Entendido</translation>
     </message>
+    <message>
+        <source>Export &amp;Project…</source>
+        <translation>Exportar el &amp;proyecto…</translation>
+    </message>
+    <message>
+        <source>No timer that matches the search has as much time as you ask for.</source>
+        <translation>Ningún cronómetro que coincida con la búsqueda alcanza el tiempo indicado.</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV, Narrowed by the Search</source>
+        <translation>Exportar todos los cronómetros a CSV, limitados por la búsqueda</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV</source>
+        <translation>Exportar todos los cronómetros a CSV</translation>
+    </message>
+    <message>
+        <source>Export Project to CSV</source>
+        <translation>Exportar el proyecto a CSV</translation>
+    </message>
 </context>
 </TS>

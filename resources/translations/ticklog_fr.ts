@@ -983,5 +983,25 @@
         <source>Understood</source>
         <translation>Compris</translation>
     </message>
+    <message>
+        <source>Export &amp;Project…</source>
+        <translation>Exporter le &amp;projet…</translation>
+    </message>
+    <message>
+        <source>No timer that matches the search has as much time as you ask for.</source>
+        <translation>Aucun chronomètre correspondant à la recherche n’atteint le temps demandé.</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV, Narrowed by the Search</source>
+        <translation>Exporter tous les chronomètres en CSV, limités par la recherche</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV</source>
+        <translation>Exporter tous les chronomètres en CSV</translation>
+    </message>
+    <message>
+        <source>Export Project to CSV</source>
+        <translation>Exporter le projet en CSV</translation>
+    </message>
 </context>
 </TS>

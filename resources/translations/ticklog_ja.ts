@@ -983,5 +983,25 @@
         <source>Understood</source>
         <translation>了解</translation>
     </message>
+    <message>
+        <source>Export &amp;Project…</source>
+        <translation>プロジェクトをエクスポート(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>No timer that matches the search has as much time as you ask for.</source>
+        <translation>検索に一致するタイマーで、指定した時間に達しているものはありません。</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV, Narrowed by the Search</source>
+        <translation>すべてのタイマーを検索で絞り込んで CSV にエクスポート</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV</source>
+        <translation>すべてのタイマーを CSV にエクスポート</translation>
+    </message>
+    <message>
+        <source>Export Project to CSV</source>
+        <translation>プロジェクトを CSV にエクスポート</translation>
+    </message>
 </context>
 </TS>

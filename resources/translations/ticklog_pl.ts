@@ -983,5 +983,25 @@
         <source>Understood</source>
         <translation>Rozumiem</translation>
     </message>
+    <message>
+        <source>Export &amp;Project…</source>
+        <translation>Eksportuj pro&amp;jekt…</translation>
+    </message>
+    <message>
+        <source>No timer that matches the search has as much time as you ask for.</source>
+        <translation>Żaden licznik pasujący do wyszukiwania nie osiąga podanego czasu.</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV, Narrowed by the Search</source>
+        <translation>Eksport wszystkich liczników do CSV, zawężonych wyszukiwaniem</translation>
+    </message>
+    <message>
+        <source>Export All Timers to CSV</source>
+        <translation>Eksport wszystkich liczników do CSV</translation>
+    </message>
+    <message>
+        <source>Export Project to CSV</source>
+        <translation>Eksport projektu do CSV</translation>
+    </message>
 </context>
 </TS>

@@ -112,3 +112,40 @@ TEST_F(ExpansionTest, whatIsOpenedWhileTheWindowIsHidden_isOpenWhenItIsShown) {
     show();
     EXPECT_EQ(outlineText(), "Mail, +Notes(List, Todo), Paint");
 }
+
+TEST_F(ExpansionTest, rowsThatTwoProjectsShare_areOpenAsEachProjectHasThem) {
+    addProject("Letters", {QStringLiteral("Mail"), QStringLiteral("Notes")});
+    choose(1);
+    expand("Mail");
+    expand("Notes");
+    choose(2);
+    EXPECT_EQ(outlineText(), "Mail, Notes") << "nothing was opened here";
+    expand("Notes");
+    choose(1);
+    EXPECT_EQ(outlineText(), "+Mail(Drafts, Inbox), +Notes(List, Todo)");
+    table().collapse(row("Notes"));
+    settle();
+    choose(2);
+    EXPECT_EQ(outlineText(), "Mail, +Notes(List, Todo)");
+    choose(1);
+    EXPECT_EQ(outlineText(), "+Mail(Drafts, Inbox), Notes");
+}
+
+TEST_F(ExpansionTest, rowsThatTwoProjectsShare_areTheirOwnAlsoWhenSeenLater) {
+    addProject("Letters", {QStringLiteral("Mail"), QStringLiteral("Notes")});
+    choose(1);
+    expand("Mail");
+    controller.window().hide();
+    choose(2);
+    show();
+    EXPECT_EQ(outlineText(), "Mail, Notes");
+}
+
+TEST_F(ExpansionTest, aRowThatIsRememberedNoMore_staysOpenWhileItIsLookedAt) {
+    expand("Notes");
+    // Saving projects forgets what is open and in none of them.
+    projects().removeMembers(*projects().projects().front(), {timers({QStringLiteral("Notes")}).front()});
+    projects().saveData();
+    controller.projectController().refreshProject();
+    EXPECT_EQ(outlineText(), "Mail, +Notes(List, Todo), Paint");
+}

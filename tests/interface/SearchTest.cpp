@@ -113,15 +113,14 @@ TEST_F(SearchTest, setSearchString_narrowsAllTimersAlone) {
     EXPECT_FALSE(controller.blockExpansionSaveWhileSearching());
 }
 
-TEST_F(SearchTest, whatIsFound_isWhatWasThereWhenItWasTyped) {
+TEST_F(SearchTest, anApplicationThatBeginsToMatch_appears) {
     type("writ");
     front("Writer", "Letter");
     controller.timer().startTimer();
     seconds(5.5);
-    EXPECT_EQ(outlineText(), "");
-    type("write");
     EXPECT_EQ(outlineText(), "Writer");
     EXPECT_EQ(str(sumShown()), "00:00:05");
+    EXPECT_EQ(str(table().accessibleDescription()), "");
 }
 
 TEST_F(SearchTest, aCutOffOfNinetyAndAHalfSeconds_readsAsNinety) {
@@ -147,4 +146,133 @@ TEST_F(SearchTest, theSlider_cutsOffByTheKeyboard) {
     settle();
     EXPECT_EQ(cutoffShown(), "00:00:00");
     EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+}
+
+TEST_F(SearchTest, aTimerThatPassesTheLimit_appearsWithinAFewSeconds) {
+    controller.setCutoffValue(35);
+    controller.timer().startTimer();
+    front("Paint", "Sketch");
+    seconds(4.5);
+    EXPECT_EQ(outlineText(), "Mail, Notes");
+    seconds(4);
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+}
+
+TEST_F(SearchTest, whatPassedTheLimitWhileAnotherWasInFront_appearsToo) {
+    controller.setCutoffValue(35);
+    controller.timer().startTimer();
+    front("Paint", "Sketch");
+    seconds(5.5);
+    front("Mail", "Inbox");
+    seconds(4);
+    EXPECT_EQ(outlineText(), "Mail, Notes, Paint");
+}
+
+TEST_F(SearchTest, aWindowWhoseTitleBeginsToMatch_isFoundAndOpened) {
+    type("invoice");
+    ASSERT_EQ(outlineText(), "");
+    controller.timer().startTimer();
+    front("Mail", "Inbox");
+    seconds(3);
+    ASSERT_EQ(outlineText(), "");
+    fakes.windowList.windows.front().name = QStringLiteral("Invoice 12");
+    seconds(4);
+    EXPECT_EQ(outlineText(), "+Mail(Invoice 12)");
+}
+
+TEST_F(SearchTest, inAProject_aWindowThatBeginsToMatchAppearsToo) {
+    addProject("Letters", {QStringLiteral("Mail"), QStringLiteral("Notes")});
+    choose(1);
+    type("invoice");
+    controller.timer().startTimer();
+    front("Mail", "Invoice 12");
+    seconds(4);
+    EXPECT_EQ(outlineText(), "+Mail(Invoice 12)");
+    choose(0);
+    EXPECT_EQ(outlineText(), "+Mail(Invoice 12)");
+}
+
+TEST_F(SearchTest, whatAppears_leavesSelectionAndFoldedRowsAsTheyAre) {
+    type("in");
+    ASSERT_EQ(outlineText(), "+Mail(Inbox), Paint");
+    table().collapse(row("Mail"));
+    select({row("Paint")});
+    controller.timer().startTimer();
+    front("Notes", "Invoice");
+    seconds(4);
+    EXPECT_EQ(outlineText(), "Mail, +Notes(Invoice), Paint");
+    ASSERT_EQ(table().selectedItems().size(), 1U);
+    EXPECT_EQ(str(table().selectedItems().front()->name()), "Paint");
+}
+
+TEST_F(SearchTest, whatAppearsAbove_leavesTheRowsThatOneLooksAtWhereTheyAre) {
+    for (int i = 0; i < 60; ++i)
+        account(qPrintable(QStringLiteral("Tool %1").arg(i, 2, 10, QLatin1Char('0'))), 100);
+    account("Abacus", 30);
+    controller.setCutoffValue(35);
+    settle();
+    table().scrollTo(row("Tool 40"), QAbstractItemView::PositionAtTop);
+    settle();
+    const int before = table().visualRect(row("Tool 40")).top();
+    controller.timer().startTimer();
+    front("Abacus", "Sum");
+    seconds(9);
+    ASSERT_TRUE(row("Abacus").isValid());
+    EXPECT_EQ(table().visualRect(row("Tool 40")).top(), before);
+}
+
+TEST_F(SearchTest, theSumOfWhatIsFound_goesOnWhileItsRowIsFolded) {
+    type("in");
+    ASSERT_EQ(str(sumShown()), "00:00:50");
+    table().collapse(row("Mail"));
+    settle();
+    controller.timer().startTimer();
+    front("Mail", "Inbox");
+    seconds(5.05);
+    EXPECT_EQ(str(sumShown()), "00:00:55");
+    front("Mail", "Invoice");
+    seconds(5.05);
+    EXPECT_EQ(str(sumShown()), "00:01:00") << "a window that has come counts too";
+    EXPECT_EQ(outlineText(), "Mail, Paint");
+}
+
+TEST_F(SearchTest, nothingIsSearchedAnew_whileNothingHasChanged) {
+    type("in");
+    controller.timer().startTimer();
+    front("Mail", "Inbox");
+    seconds(5);
+    Announcements told(controller.tracker(), {kTimeSetKey});
+    seconds(60);
+    EXPECT_EQ(told.count(), 0);
+}
+
+TEST_F(SearchTest, anEmptyOutline_blamesWhatEmptiesIt) {
+    const auto said = [&] { return str(table().accessibleDescription()); };
+    type("in");
+    controller.setCutoffValue(3600);
+    settle();
+    EXPECT_EQ(outlineText(), "");
+    EXPECT_EQ(said(), "No timer that matches the search has as much time as you ask for.");
+    type("qqq");
+    EXPECT_EQ(said(), "No timer matches the search.");
+    type("");
+    EXPECT_EQ(said(), "No timer has as much time as you ask for.");
+    addProject("Nothing");
+    choose(1);
+    type("in");
+    EXPECT_EQ(said().substr(0, 22), "This project is empty.");
+    choose(0);
+    alerts.answer = Alerts::Alternate;
+    controller.clearTimers();
+    settle();
+    EXPECT_EQ(said().substr(0, 11), "Press Start");
+}
+
+TEST_F(SearchTest, aRowThatGoes_leavesTheSentenceThatFits) {
+    type("paint");
+    EXPECT_EQ(str(table().accessibleDescription()), "");
+    select({row("Paint")});
+    controller.tableViewDidReceiveDeleteKey(true);
+    settle();
+    EXPECT_EQ(str(table().accessibleDescription()), "No timer matches the search.");
 }

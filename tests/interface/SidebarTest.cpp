@@ -219,7 +219,11 @@ TEST_F(SidebarTest, aRow_isCopiedAsItsTimersRead) {
     addProject("Poster", {QStringLiteral("Paint")});
     show();
     sidebar().setFocus();
-    EXPECT_FALSE(actions().copy->isEnabled()) << "the main item is not copied";
+    choose(0);
+    command(actions().copy);
+    EXPECT_EQ(str(QGuiApplication::clipboard()->text()),
+              "Mail, 00:01:00\nNotes, 00:01:40\nPaint, 00:00:30\n");
+    EXPECT_FALSE(actions().deleteRows->isEnabled());
     choose(1);
     command(actions().copy);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Paint, 00:00:30\n"));
@@ -252,4 +256,58 @@ TEST_F(SidebarTest, aWindowOfAFrozenApplication_isReadOutAsFrozen) {
         if (app->name() == QLatin1String("Notes"))
             app->setBranched(true);
     EXPECT_EQ(heard(), "List, 00:00:40, frozen");
+}
+
+TEST_F(SidebarTest, whatChangesNothing_isNoStepToUndo) {
+    addProject("Poster", {QStringLiteral("Mail")});
+    addProject("Letters");
+    show();
+    choose(1);
+    dropTimers({QStringLiteral("Mail")}, -1, at(1));
+    controller.projectController().setSelectedColorTag(0);
+    command(actions().renameProject);
+    QTest::keyClick(editor(), Qt::Key_Return);
+    dropProject(2, Qt::MoveAction, -1, at(1));
+    dropProject(1, Qt::MoveAction, -1);
+    controller.projectController().removeFromSelectedProject({Identity::brandNew()});
+    select({});
+    controller.tableViewDidReceiveDeleteKey(true);
+    settle();
+    EXPECT_FALSE(actions().undo->isEnabled());
+    controller.projectController().setSelectedColorTag(3);
+    EXPECT_TRUE(actions().undo->isEnabled());
+}
+
+TEST_F(SidebarTest, aDraggedProject_showsTheLineWhereItsRowWillLand) {
+    for (const char* label : {"A", "B", "C"})
+        addProject(label);
+    show();
+    // The line's place: at the upper edge of the row there.
+    const auto lineWhileDragging = [&](int dragged, const QPoint& point) {
+        QMimeData data;
+        data.setData(kProjectPasteboardType, projectPasteboardData(dragged));
+        const QImage before = sidebar().viewport()->grab().toImage();
+        QDragEnterEvent enter(point, Qt::MoveAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(sidebar().viewport(), &enter);
+        QDragMoveEvent move(point, Qt::MoveAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(sidebar().viewport(), &move);
+        const QImage after = sidebar().viewport()->grab().toImage();
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(sidebar().viewport(), &leave);
+        EXPECT_EQ(sidebar().viewport()->grab().toImage(), before);
+        for (int y = 0; y < after.height(); ++y)
+            if (after.pixel(after.width() / 2, y) != before.pixel(before.width() / 2, y))
+                return y;
+        return -1;
+    };
+    const auto edgeOf = [&](int row) { return sidebar().visualRect(at(row)).top() - 1; };
+    ASSERT_EQ(sidebarText(), "[All Timers], A, B, C");
+    const auto middleOf = [&](int row) { return sidebar().visualRect(at(row)).center(); };
+    EXPECT_EQ(lineWhileDragging(1, middleOf(3)), edgeOf(3));
+    EXPECT_EQ(lineWhileDragging(2, middleOf(1)), edgeOf(1));
+    EXPECT_EQ(lineWhileDragging(1, sidebar().visualRect(at(2)).topLeft()),
+              sidebar().visualRect(at(3)).bottom())
+        << "between two rows is no project: at the end";
+    EXPECT_EQ(lineWhileDragging(1, middleOf(2)), edgeOf(1)) << "what stands there is what is moved";
+    EXPECT_EQ(lineWhileDragging(3, middleOf(1)), -1) << "below the last row there is none to move";
 }

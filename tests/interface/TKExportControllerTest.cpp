@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/export/TKExportController.h"
 #include "interface/shell/QtAlerts.h"
+#include "tests/fakes/Announcements.h"
 #include "tests/interface/Desk.h"
 
 #include <QApplication>
@@ -47,6 +48,64 @@ TEST_F(ExportTest, theShownTimers_areThoseThatTheSearchLeaves) {
     EXPECT_TRUE(csv(path(u"times.csv"_s)).contains(u",Terminal,00:00:30,,"_s));
     EXPECT_TRUE(desk.alerts.questions.isEmpty());
     EXPECT_EQ(desk.alerts.progress.back(), 1.0);
+}
+
+TEST_F(ExportTest, whileAProjectIsShown_thePanelSaysThatItIsAllTimers) {
+    desk.account("Mail", 60, {{u"Inbox"_s, 40}, {u"Notes"_s, 20}});
+    desk.account("Terminal", 30);
+    ProjectList& projects = desk.controller.projects();
+    projects.addNewProjectWithItems({*desk.controller.tracker().fullTimeSet().back()->uuid()});
+    desk.show();
+    TKOutlineDisplayView& sidebar = desk.controller.window().projectOutline();
+    desk.command(desk.actions().exportShown);
+    sidebar.setCurrentIndex(sidebar.model()->index(1, 0));
+    desk.settle();
+    desk.command(desk.actions().exportShown);
+    desk.controller.window().searchAppField().setText(u"inb"_s);
+    desk.settle();
+    desk.alerts.location = path(u"shown.csv"_s);
+    desk.command(desk.actions().exportShown);
+    EXPECT_EQ(desk.alerts.panels.mid(0, 3),
+              (QStringList{u"Export to CSV"_s, u"Export All Timers to CSV"_s,
+                           u"Export All Timers to CSV, Narrowed by the Search"_s}));
+    EXPECT_TRUE(csv(path(u"shown.csv"_s)).contains(u",Mail,00:01:00,Inbox,00:00:40\n"_s));
+    EXPECT_FALSE(csv(path(u"shown.csv"_s)).contains(u"Notes"_s));
+    EXPECT_FALSE(csv(path(u"shown.csv"_s)).contains(u"Terminal"_s));
+}
+
+TEST_F(ExportTest, aProject_isWrittenWithItsOwnSum) {
+    desk.account("Mail", 60);
+    desk.account("Terminal", 30);
+    ProjectList& projects = desk.controller.projects();
+    const auto project =
+        projects.addNewProjectWithItems({*desk.controller.tracker().fullTimeSet().back()->uuid()});
+    projects.setLabel(*project, u"Left/Right"_s);
+    desk.show();
+    EXPECT_FALSE(desk.actions().exportProject->isEnabled());
+    TKOutlineDisplayView& sidebar = desk.controller.window().projectOutline();
+    sidebar.setCurrentIndex(sidebar.model()->index(1, 0));
+    desk.controller.window().searchAppField().setText(u"nothing of this"_s);
+    desk.settle();
+    desk.alerts.location = path(u"project"_s);
+    desk.command(desk.actions().exportProject);
+    EXPECT_EQ(desk.alerts.panels.first(), u"Export Project to CSV"_s);
+    EXPECT_EQ(desk.alerts.begunAt, desk.fakes.folders.documents + u"/Left-Right.csv"_s);
+    EXPECT_EQ(
+        str(csv(path(u"project.csv"_s))),
+        "Total,Per Application,,Per Window\n00:00:30,Application,Time,Window,Time\n,Terminal,00:00:30,,\n");
+}
+
+TEST_F(ExportTest, aCopysNameWithADot_getsTheExtension) {
+    desk.account("Mail", 60);
+    desk.alerts.location = path(u"Week 3.1"_s);
+    desk.command(desk.actions().saveCopy);
+    EXPECT_TRUE(QFileInfo::exists(path(u"Week 3.1.tkd"_s)));
+    EXPECT_FALSE(QFileInfo::exists(path(u"Week 3.1"_s)));
+    desk.command(desk.actions().saveCopy);
+    EXPECT_EQ(desk.alerts.questions, QStringList{u"Replacing a file"_s});
+    desk.alerts.location = path(u"Store 3.1"_s);
+    desk.command(desk.actions().chooseDatabaseLocation);
+    EXPECT_TRUE(QFileInfo::exists(path(u"Store 3.1.tkd"_s)));
 }
 
 TEST_F(ExportTest, aClosedPanel_writesNothing) {

@@ -220,10 +220,11 @@ TEST_F(UndoTest, allOfAProjectFrozen_isTakenBackAtOnceAndWithItsMembers) {
 }
 
 TEST_F(UndoTest, whatWasDoneToAFrozenTimer_isTakenBackAndMadeAgainInTurn) {
+    addProject("Letters");
     select({row("Mail")});
     command(actions().branch);
     rename(row("Mail"), "January");
-    dropTimers({TKOutlineDisplayView::itemAt(row("January"))->name()}, -1, at(1));
+    dropTimers({TKOutlineDisplayView::itemAt(row("January"))->name()}, -1, at(2));
     remove(row("January"));
     const std::string after = outlineText();
     for (int step = 0; step < 4; ++step)
@@ -235,6 +236,9 @@ TEST_F(UndoTest, whatWasDoneToAFrozenTimer_isTakenBackAndMadeAgainInTurn) {
         redo();
     EXPECT_EQ(outlineText(), after);
     EXPECT_EQ(membersOf(0), "Todo");
+    undo();
+    EXPECT_EQ(membersOf(0), "Todo, Mail (Frozen 1/5/26)");
+    EXPECT_EQ(membersOf(1), "Mail (Frozen 1/5/26)");
 }
 
 TEST_F(UndoTest, aFreezingThatCannotBeTakenBack_makesWayForWhatWasDoneBefore) {

@@ -85,6 +85,26 @@ TEST_F(ProjectDropsTest, aPositionThatThereIsNot_isTheNearest) {
     EXPECT_EQ(drop(1, -1, DropOperation::Move), "BACD, row 1");
 }
 
+TEST_F(ProjectDropsTest, theLineWhereARowWillLand_isWhereItLands) {
+    for (const auto operation : {DropOperation::Move, DropOperation::Copy})
+        for (std::size_t row = 0; row < 5; ++row)
+            for (std::size_t position = 0; position < 6; ++position) {
+                reset();
+                const auto line = m_drops.landingBefore(row, position, operation);
+                ASSERT_EQ(line.has_value(), row < 4);
+                if (!line)
+                    continue;
+                std::string expected = order();
+                const char moved = expected[row];
+                if (operation == DropOperation::Move)
+                    expected[row] = ' ';
+                expected.insert(*line, 1, moved);
+                std::erase(expected, ' ');
+                m_drops.acceptProjectRow(row, std::ptrdiff_t(position), operation);
+                EXPECT_EQ(order(), expected) << "row " << row << ", position " << position;
+            }
+}
+
 TEST_F(ProjectDropsTest, everyMove_takesOneProjectAndLosesNone) {
     for (std::size_t row = 0; row < 4; ++row)
         for (std::ptrdiff_t position = -2; position < 7; ++position) {
