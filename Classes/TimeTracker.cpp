@@ -67,12 +67,14 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
                                                const std::optional<WindowElement>& mainWindowName,
                                                const std::optional<QString>& documentName) {
     const std::lock_guard guard(m_lock);
+    // Freezing and removing timers come through here too. What is in front of nobody gets none of the absence.
+    if (m_isRunning && m_wasIdle)
+        return;
     setCurrentApp(appName);
     const auto app = m_activeStoreApp.lock();
     const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
     if (window != std::exchange(m_activeStoreWindow, window).lock())
         ++m_filterChanges;
-    // Freezing and removing timers come through here too, and nothing is credited while the timer is stopped.
     if (m_isRunning)
         updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
 }
@@ -133,6 +135,14 @@ void TimeTracker::creditCurrentApp() {
         m_idleBookings.add(*start, instant());
 }
 
+// Null when the window is not the application's: one without windows of its own leaves the last one's current.
+static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
+                                                 const std::weak_ptr<TimeStoreWindow>& window) {
+    const auto current = window.lock();
+    const auto windows = app.windows();
+    return std::ranges::find(windows, current) != windows.end() ? current : nullptr;
+}
+
 void TimeTracker::bookIdleOnset() {
     const std::uint64_t idleCount = m_services.idleTime.seconds();
     const Seconds idle = float(idleCount);
@@ -140,7 +150,8 @@ void TimeTracker::bookIdleOnset() {
     const Seconds gap = secondsBetween(m_startingTime, instant());
     // What has passed since the last tick is nobody's yet.
     const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
-    const auto window = m_activeStoreWindow.lock();
+    const auto current = m_activeStoreApp.lock();
+    const auto window = current ? windowOf(*current, m_activeStoreWindow) : nullptr;
     const Seconds windowTime = window ? window->activeTime() : idle;
     // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
     const bool isGap = gap > idle;
@@ -167,9 +178,11 @@ Seconds TimeTracker::unbookedIdle(Seconds idle, Instant lastInput) const {
 // The ticks stood still for longer than the user has been away: of what has passed meanwhile, the absence is not the
 // application's.
 void TimeTracker::takeAbsenceFromGap(Seconds gap, Seconds idle) {
-    if (const auto app = m_activeStoreApp.lock())
-        app->addTimeInterval(gap - idle);
-    if (const auto window = m_activeStoreWindow.lock())
+    const auto app = m_activeStoreApp.lock();
+    if (!app)
+        return;
+    app->addTimeInterval(gap - idle);
+    if (const auto window = windowOf(*app, m_activeStoreWindow))
         window->addTimeInterval(gap - idle);
 }
 

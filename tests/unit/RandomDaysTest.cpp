@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+// Days in which anything may happen, held against a plain account of the same days. TICKLOG_RANDOM_DAYS says how many.
+#include "tests/fakes/Day.h"
+#include "tests/fakes/PlainDay.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+
+namespace {
+
+constexpr std::array kApplications{"Mail", "Editor", "Browser", "Terminal"};
+constexpr std::array kTitles{"a", "b (1)", "c@d", "Untitled", "(x)", "a long title of several words"};
+constexpr int kStepsADay = 300;
+
+// Of one account: a switch is seen at the next tick, at its beginning and at its end.
+constexpr double kPrecision = 0.31;
+// Of Idle: the display counts whole seconds of its own, and the next one may be reached within a tick.
+constexpr double kIdlePrecision = 1.39;
+// Of all together: what has passed since the last tick is lost when the timer stops.
+constexpr double kTotalPrecision = 0.11;
+
+std::string frozenAs(const QString& name) {
+    const qsizetype dated = name.indexOf(QLatin1String(" (Frozen "));
+    return (dated < 0 ? name : name.left(dated) + QLatin1String(" (Frozen)")).toStdString();
+}
+
+// "(x)" names no document.
+bool namesDocument(const char* title) {
+    return title && *title != '(';
+}
+
+class RandomDay {
+public:
+    explicit RandomDay(unsigned seed)
+        : m_random(seed) {
+        launch();
+    }
+
+    // Anything that may happen, and then some time. Answers what it was.
+    std::string live() {
+        const std::string what = happen();
+        const int more = pick(4);
+        if (more == 0)
+            away(pick(1500) / 10.0);
+        else if (more > 1)
+            work(pick(600) / 10.0);
+        return what;
+    }
+
+    PlainDay::Account applications() const {
+        PlainDay::Account account;
+        for (const auto& app : m_day->tracker.fullTimeSet())
+            account[frozenAs(app->name())] += app->activeTime();
+        return account;
+    }
+
+    PlainDay::Account windows() const {
+        PlainDay::Account account;
+        for (const auto& app : m_day->tracker.fullTimeSet())
+            for (const auto& window : app->windows())
+                account[frozenAs(app->name())] += window->activeTime();
+        return account;
+    }
+
+    double leastTime() const {
+        double least = 0;
+        for (const auto& app : m_day->tracker.fullTimeSet()) {
+            least = std::min(least, app->activeTime());
+            for (const auto& window : app->windows())
+                least = std::min(least, window->activeTime());
+        }
+        return least;
+    }
+
+    // Broken contracts, but for the one that is told of a gap with a young window.
+    QStringList failures() const {
+        QStringList failures = m_day->fakes.runLoop.failures();
+        failures.removeIf([](const QString& line) {
+            return line.startsWith(QLatin1String("*** Assertion failure in Classes/TimeTracker:432"));
+        });
+        return failures;
+    }
+
+    PlainDay plain;
+
+private:
+    void launch() {
+        m_day = std::make_unique<Day>();
+        m_day->fakes.defaults.setObject(kMinutesUntilIdle, 1);
+        m_day->control.registerForSystemSleep(m_day->fakes.power);
+        m_day->fakes.idleTime.touch();
+        front("Mail", "a");
+    }
+
+    int pick(int count) { return int(m_random() % unsigned(count)); }
+
+    template<class Choices>
+    auto any(const Choices& choices) {
+        return choices[m_random() % choices.size()];
+    }
+
+    void work(double time) {
+        m_day->seconds(time);
+        plain.work(time);
+    }
+
+    void away(double time) {
+        m_day->idle(time);
+        plain.away(time);
+    }
+
+    void stall() {
+        const double time = pick(3000) / 10.0;
+        m_day->stall(time);
+        m_day->advance(0);
+        plain.stalled(time);
+    }
+
+    void front(const char* name, const char* title) {
+        m_day->front(name, title);
+        plain.front(name, namesDocument(title));
+    }
+
+    void frontSilently(const char* name, const char* title) {
+        m_day->frontSilently(name, title);
+        plain.front(name, namesDocument(title));
+        // The next look finds it.
+        away(0.1);
+    }
+
+    void retitle() {
+        const auto& windows = m_day->fakes.windowList.windows;
+        const auto& inFront = m_day->fakes.frontApplication.record;
+        if (windows.empty() || !inFront ||
+            windows.front().ownerProcessIdentifier != inFront->processIdentifier)
+            return;
+        const char* title = any(kTitles);
+        m_day->retitle(title);
+        plain.retitle(namesDocument(title));
+        // The next look finds it.
+        away(0.1);
+    }
+
+    void sleep() {
+        const double time = pick(50'000);
+        if (pick(2) == 0) {
+            m_day->fakes.clock.sleepFor(Day::nanoseconds(time));
+            return;
+        }
+        const bool wasRunning = m_day->control.isRunning();
+        plain.stop();
+        if (wasRunning)
+            keep();
+        m_day->asleep(time);
+        plain.input();
+        if (wasRunning)
+            plain.start();
+    }
+
+    void leaveSession() {
+        m_day->control.sessionDidResignActive();
+        keep();
+        const double time = pick(100) / 10.0;
+        m_day->stall(time);
+        m_day->control.sessionDidBecomeActive();
+        m_day->advance(0);
+        plain.stalled(time);
+    }
+
+    void freeze() {
+        const auto apps = m_day->tracker.fullTimeSet();
+        if (apps.empty())
+            return;
+        const auto app = any(apps);
+        if (app->branched())
+            return;
+        plain.freeze(app->name().toStdString());
+        m_day->tracker.branchNode(*app);
+    }
+
+    void remove() {
+        const auto apps = m_day->tracker.fullTimeSet();
+        if (apps.empty())
+            return;
+        const auto app = any(apps);
+        if (app->branched())
+            return;
+        plain.forget(app->name().toStdString());
+        m_day->tracker.removeUUIDs({app->uuid().value()});
+    }
+
+    // What a launch after a kill finds.
+    void keep() {
+        m_saved = m_day->tracker.arrayRepresentation();
+        m_savedPlain = plain;
+        m_savedPlain.adopt(applications(), windows());
+    }
+
+    void kill() {
+        const bool wasRunning = m_day->control.isRunning();
+        launch();
+        m_day->tracker.setArrayRepresentation(m_saved);
+        plain = m_savedPlain;
+        plain.stop();
+        plain.input();
+        plain.front("Mail", true);
+        if (!wasRunning)
+            return;
+        m_day->start();
+        plain.start();
+    }
+
+    std::string happen() {
+        switch (pick(16)) {
+        case 0:
+            m_day->start();
+            plain.start();
+            return "start";
+        case 1:
+            m_day->stop();
+            plain.stop();
+            keep();
+            return "stop";
+        case 2:
+            retitle();
+            return "another title";
+        case 3:
+            stall();
+            return "stall";
+        case 4:
+            sleep();
+            return "sleep";
+        case 5:
+            freeze();
+            return "freeze";
+        case 6:
+            remove();
+            return "remove";
+        case 7:
+            front("ScreenSaverEngine", nullptr);
+            return "lock";
+        case 8:
+            if (pick(4) > 0)
+                return "nothing";
+            m_day->tracker.reset();
+            plain.clear();
+            return "clear";
+        case 9:
+            m_day->fakes.clock.setWall(m_day->fakes.clock.now() + std::chrono::minutes(pick(10'000) - 5000));
+            return "clock set";
+        case 10:
+            leaveSession();
+            return "session left and back";
+        case 11:
+            kill();
+            return "kill";
+        case 12:
+            front("Desktop", nullptr);
+            return "desktop";
+        case 13:
+            frontSilently(any(kApplications), any(kTitles));
+            return "switch that nobody tells";
+        default:
+            front(any(kApplications), any(kTitles));
+            return "switch";
+        }
+    }
+
+    std::mt19937 m_random;
+    std::unique_ptr<Day> m_day;
+    PlainDay m_savedPlain;
+    PropertyListArray m_saved;
+};
+
+void expectSame(const PlainDay::Account& account, const PlainDay::Account& expected,
+                const std::string& what) {
+    PlainDay::Account difference = account;
+    for (const auto& [name, time] : expected)
+        difference[name] -= time;
+    double total = 0;
+    for (const auto& [name, time] : difference) {
+        EXPECT_NEAR(time, 0, name == "Idle" ? kIdlePrecision : kPrecision) << what << ": " << name;
+        total += time;
+    }
+    EXPECT_NEAR(total, 0, kTotalPrecision + std::abs(difference["Idle"])) << what << ": all together";
+}
+
+class RandomDaysTest : public testing::TestWithParam<unsigned> {};
+
+TEST_P(RandomDaysTest, whateverHappens_nothingIsLostAndNothingIsBookedTwice) {
+    const unsigned days = unsigned(qEnvironmentVariableIntValue("TICKLOG_RANDOM_DAYS"));
+    for (unsigned seed = GetParam(); seed <= std::max(GetParam(), days); seed += 20) {
+        RandomDay day(seed);
+        for (int step = 0; step < kStepsADay && !HasFailure(); ++step) {
+            const std::string what =
+                day.live() + " at step " + std::to_string(step) + " of day " + std::to_string(seed);
+            expectSame(day.applications(), day.plain.applications(), what + ", applications");
+            expectSame(day.windows(), day.plain.windows(), what + ", windows");
+            EXPECT_GE(day.leastTime(), 0) << what;
+            EXPECT_TRUE(day.failures().isEmpty()) << what << qPrintable(day.failures().join(u'\n'));
+            day.plain.adopt(day.applications(), day.windows());
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Days, RandomDaysTest, testing::Range(1U, 21U));
+
+} // namespace
