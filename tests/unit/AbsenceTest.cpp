@@ -125,6 +125,26 @@ TEST_F(AbsenceTest, withAThresholdOfNone_isBookedOnceAsWell) {
     EXPECT_NEAR(sum(), 50, 0.1);
 }
 
+TEST_F(AbsenceTest, aTimerFrozenMeanwhile_leavesTheAbsenceToIdle) {
+    m_day.start();
+    m_day.idle(100);
+    m_day.freeze("Mail", "Inbox");
+    m_day.freeze("Idle");
+    m_day.idle(50);
+    EXPECT_NEAR(m_day.secondsOf("Idle"), 50, 0.2);
+    EXPECT_NEAR(m_day.secondsOf("Mail"), 64.4, 0.2);
+}
+
+TEST_F(AbsenceTest, aGapWithAnApplicationWithoutWindows_givesTheLastOnesWindowNothing) {
+    m_day.start();
+    m_day.seconds(200);
+    m_day.front("Desktop");
+    m_day.stall(100);
+    m_day.fakes.idleTime.setIdle(70s);
+    m_day.advance(0);
+    EXPECT_EQ(m_day.tree(), "Desktop 35, Idle 65, Mail 200 [Inbox 200]");
+}
+
 Instant at(int seconds) {
     return Instant(std::chrono::seconds(seconds));
 }

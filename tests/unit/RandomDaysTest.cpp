@@ -143,7 +143,7 @@ private:
         away(0.1);
     }
 
-    void sleep() {
+    void fallAsleep() {
         const double time = pick(50'000);
         if (pick(2) == 0) {
             m_day->fakes.clock.sleepFor(Day::nanoseconds(time));
@@ -230,7 +230,7 @@ private:
             stall();
             return "stall";
         case 4:
-            sleep();
+            fallAsleep();
             return "sleep";
         case 5:
             freeze();
