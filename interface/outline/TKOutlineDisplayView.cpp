@@ -33,8 +33,10 @@ protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
         QHeaderView::initStyleOptionForIndex(option, section);
         // Behind the sign that unfolds a row; before the digits' margin.
-        option->text = section == TimeTreeModel::ProgramColumn ? QStringLiteral("     ") + option->text
-                                                               : option->text + QStringLiteral("   ");
+        if (section == TimeTreeModel::ProgramColumn)
+            option->text.prepend(QStringLiteral("     "));
+        else
+            option->text.append(QStringLiteral("   "));
     }
 };
 

@@ -35,13 +35,10 @@ TimeTreeModel::Source TimeTreeModel::sourceOf(std::shared_ptr<TimeStoreNode> nod
 
 void TimeTreeModel::setSource(std::optional<Source> source) {
     m_sourceChanges = {};
-    // Not by assignment: what is observed is a reference.
-    m_source.reset();
-    if (source)
-        m_source.emplace(std::move(*source));
+    m_source = std::move(source);
     m_root->isDirty = true;
     if (m_source)
-        m_sourceChanges = m_source->observed.observe(m_source->key, [this](const ObservedChange&) {
+        m_sourceChanges = m_source->observed.get().observe(m_source->key, [this](const ObservedChange&) {
             m_root->isDirty = true;
             scheduleSynchronize();
         });

@@ -20,7 +20,7 @@ public:
     // Where the rows at the top come from: `items` answers them, and `observed` announces under `key` that
     // they are others. What `items` captures is kept until another source takes its place.
     struct Source {
-        Observable& observed;
+        std::reference_wrapper<Observable> observed;
         ObservedKey key;
         std::function<TimeStoreItem::Children()> items;
     };

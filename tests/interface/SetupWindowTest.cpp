@@ -38,8 +38,8 @@ struct SetupWindowTest : testing::Test {
         window->makeKeyAndOrderFront();
         // The screen of the tests is a small one.
         window->resize(wanted);
-        QApplication::setActiveWindow(window.get());
-        QCoreApplication::processEvents();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
     TKInstructionView& view() { return window->instructionView(); }
@@ -308,7 +308,8 @@ TEST_F(Untrusted, theClosedSetupWindow_comesBackWhenTicklogIsAskedFor) {
 TEST_F(Untrusted, quittingFromTheSetupWindow_asksNobodyAndSaves) {
     controller.awakeFromNib();
     settle();
-    QApplication::setActiveWindow(setup());
+    setup()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(setup()));
     QTest::keyClick(setup(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(alerts.questions, QStringList());
     EXPECT_TRUE(QFileInfo::exists(controller.database().mainStoreURL()));

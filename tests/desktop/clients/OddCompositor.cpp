@@ -17,6 +17,7 @@
 #include <wayland-server.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
