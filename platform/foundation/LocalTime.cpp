@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/LocalTime.h"
 
+#include <QTimeZone>
+
 using namespace std::chrono_literals;
 
 // Not left to QDateTime, whose answers for such times differ from version to version.
 Date localInstant(QDate day, QTime time) {
-    const QDateTime shown(day, time, Qt::UTC);
+    const QDateTime shown(day, time, QTimeZone::utc());
     const Date asIfUtc = dateOf(shown);
     const auto byOffsetAt = [&](Date date) {
         return asIfUtc - std::chrono::seconds(localTime(date).offsetFromUtc());
