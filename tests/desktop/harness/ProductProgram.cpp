@@ -16,10 +16,9 @@ PropertyListDictionary readDictionary(const QString& path) {
     return dictionary ? *dictionary : PropertyListDictionary();
 }
 
-const PropertyListArray& arrayAt(const PropertyListDictionary& dictionary, const QString& key) {
-    static const PropertyListArray kEmpty;
+PropertyListArray arrayAt(const PropertyListDictionary& dictionary, const QString& key) {
     const PropertyListArray* array = dictionary.value(key).asArray();
-    return array ? *array : kEmpty;
+    return array ? *array : PropertyListArray();
 }
 
 } // namespace
