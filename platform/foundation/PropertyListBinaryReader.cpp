@@ -16,12 +16,19 @@ using namespace PropertyListBinary;
 
 namespace {
 
-// A small file may stand for this much, a larger one for that many times its size: writers that store each
-// text once get to thirty times with long titles that return under many applications.
-constexpr std::uint64_t kBudgetBase = 64 * 1024 * 1024;
-constexpr std::uint64_t kBudgetPerByte = 64;
-// Each value takes up that much at the least.
+// A small file may stand for this much, a larger one for that many times its size, and none for more than the last. The
+// record of a timer takes up 70 bytes of a file that stores each text once, and stands for some 900 by the measure below.
+constexpr std::uint64_t kBudgetBase = 1024 * 1024;
+constexpr std::uint64_t kBudgetPerByte = 24;
+constexpr std::uint64_t kBudgetLimit = 256 * 1024 * 1024;
+// What each value takes up at the least, in memory or written out in the XML form, whichever is more.
 constexpr std::uint64_t kExpandedValue = sizeof(PropertyListValue);
+// A dictionary may be the record of a timer, which is made from it.
+constexpr std::uint64_t kExpandedDictionary = 512;
+// "&amp;" is the longest that a character becomes.
+constexpr std::uint64_t kExpandedCharacter = 5;
+// Base 64, and line breaks.
+constexpr std::uint64_t kExpandedByte = 2;
 
 // What a signed integer cannot hold becomes the nearest real.
 PropertyListValue integerFrom(std::uint64_t value) {
@@ -30,8 +37,7 @@ PropertyListValue integerFrom(std::uint64_t value) {
 }
 
 std::uint64_t budgetFor(const QByteArray& bytes) {
-    return std::min<std::uint64_t>(kBudgetBase + kBudgetPerByte * std::uint64_t(bytes.size()),
-                                   PropertyList::kSizeLimit);
+    return std::min(kBudgetBase + kBudgetPerByte * std::uint64_t(bytes.size()), kBudgetLimit);
 }
 
 } // namespace
@@ -103,17 +109,17 @@ PropertyListValue PropertyListBinaryReader::valueAt(std::uint64_t offset, int de
         return dateAt(offset + 1);
     case kData: {
         const Span span = contents(offset, 1);
-        object.expanded += span.count;
+        object.expanded += span.count * kExpandedByte;
         return QByteArray(at(span), qsizetype(span.count));
     }
     case kAscii: {
         const Span span = contents(offset, 1);
-        object.expanded += span.count;
+        object.expanded += span.count * kExpandedCharacter;
         return QString::fromLatin1(at(span), qsizetype(span.count));
     }
     case kUtf16: {
         const Span span = contents(offset, 2);
-        object.expanded += span.count * 2;
+        object.expanded += span.count * kExpandedCharacter;
         QString text(qsizetype(span.count), Qt::Uninitialized);
         qFromBigEndian<char16_t>(at(span), qsizetype(span.count), text.data());
         return text;
@@ -179,6 +185,7 @@ PropertyListValue PropertyListBinaryReader::array(Span references, int depth, Ob
 
 PropertyListValue PropertyListBinaryReader::dictionary(Span references, int depth, Object& object) {
     PropertyListDictionary dictionary;
+    object.expanded += kExpandedDictionary;
     dictionary.reserve(references.count);
     for (std::uint64_t i = 0; i < references.count; ++i) {
         const std::uint64_t key = references.at + i * m_referenceSize;

@@ -13,8 +13,8 @@
 // number in it is taken for a lie until it has been checked against the size of the file. Used once.
 //
 // Objects may be shared. What is shared stays shared in memory, but whoever walks the value sees it as often
-// as it is referred to, and so a few bytes could stand for gigabytes: what the value would be when written
-// out is added up, and refused beyond a budget that grows with the file.
+// as it is referred to, and so a few bytes could stand for gigabytes: what is made of the value, and what is
+// written of that, is added up, and refused beyond a budget that grows with the file.
 class PropertyListBinaryReader {
 public:
     static bool recognises(const QByteArray& bytes) { return bytes.startsWith("bplist0"); }

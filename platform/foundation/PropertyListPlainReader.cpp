@@ -93,7 +93,7 @@ bool PropertyListPlainReader::readElements() {
         if (!next)
             return false;
         if (next->name == "/plist")
-            return isAtEnd();
+            return !next->isEmpty && isAtEnd();
         if (!element(*next))
             return false;
     }

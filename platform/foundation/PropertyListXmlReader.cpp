@@ -4,110 +4,128 @@
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListXml.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 
 namespace {
 
-// In these an ASCII character is one byte, or one byte among zeros, which is what declaresEntities() counts
-// on.
-bool isKnownEncoding(QStringView name) {
-    constexpr std::array kNames = {u"",       u"UTF-8",      u"UTF8",   u"UTF-16",   u"UTF-16LE", u"UTF-16BE",
-                                   u"UTF-32", u"ISO-8859-1", u"LATIN1", u"US-ASCII", u"ASCII"};
+bool isOneOf(std::initializer_list<QStringView> names, QStringView name) {
     return std::ranges::any_of(
-        kNames, [&](QStringView known) { return name.compare(known, Qt::CaseInsensitive) == 0; });
+        names, [&](QStringView known) { return name.compare(known, Qt::CaseInsensitive) == 0; });
 }
 
-// Walks over what stands before the first element without understanding it, and tells whether a document type
-// with declarations of its own is there. Declared entities are the way to make a small file large, or to read
-// other files; a property list has no use for them, so none is ever parsed.
-class Prolog {
-public:
-    explicit Prolog(const QByteArray& bytes)
-        : m_bytes(bytes) {}
+// Another one might put a tag where the scan has seen none.
+bool isEncoding(QStringView name, bool isWide) {
+    return isWide ? isOneOf({u"", u"UTF-16", u"UTF-16LE", u"UTF-16BE", u"UTF-32", u"UTF-32LE", u"UTF-32BE"},
+                            name)
+                  : isOneOf({u"", u"UTF-8", u"UTF8", u"ISO-8859-1", u"LATIN1", u"US-ASCII", u"ASCII"}, name);
+}
 
-    bool hasDeclarations() {
-        while (skipTo('<')) {
-            const int next = take();
-            if (next == '?') {
+// Of a tag: `<plist version="1.0">` is the only one of a property list that has any.
+constexpr int kMostAttributes = 8;
+
+// Walks over the markup without understanding it, in one pass, and tells what must not be parsed at all. In all encodings
+// that come here an ASCII character is one byte.
+class MarkupScan {
+public:
+    explicit MarkupScan(QByteArrayView bytes)
+        : m_at(bytes.begin())
+        , m_end(bytes.end()) {}
+
+    // Why the file is refused; empty when it is not.
+    QString refusal() {
+        while (skipPast("<")) {
+            if (isNext("?"))
                 skipPast("?>");
-            } else if (next == '!') {
-                if (take() == '-') {
-                    take();
-                    skipPast("-->");
-                } else if (declarationsInDoctype()) {
-                    return true;
-                }
-            } else {
-                return false;
-            }
+            else if (isNext("!--"))
+                skipPast("-->");
+            else if (isNext("![CDATA["))
+                skipPast("]]>");
+            else if (isNext("!") && hasDeclarations())
+                return QStringLiteral("a document type with declarations of its own is refused");
+            else if (hasManyAttributes())
+                return QStringLiteral("a tag of more than %1 attributes is refused").arg(kMostAttributes);
         }
-        return false;
+        return {};
     }
 
 private:
-    // The next character, without the zeros that wide encodings put between; -1 at the end.
-    int take() {
-        while (m_at < m_bytes.size()) {
-            if (const char character = m_bytes[m_at++])
-                return static_cast<unsigned char>(character);
-        }
-        return -1;
+    bool isNext(QByteArrayView text) {
+        if (!QByteArrayView(m_at, m_end).startsWith(text))
+            return false;
+        m_at += text.size();
+        return true;
     }
 
-    bool skipTo(char wanted) {
-        for (int character = take(); character >= 0; character = take()) {
-            if (character == wanted)
-                return true;
-        }
-        return false;
+    bool skipPast(QByteArrayView text) {
+        m_at = std::search(m_at, m_end, text.begin(), text.end());
+        if (m_at == m_end)
+            return false;
+        m_at += text.size();
+        return true;
     }
 
-    // `end` has no repetition in it but its first character's.
-    void skipPast(QByteArrayView end) {
-        qsizetype matched = 0;
-        for (int character = take(); character >= 0 && matched < end.size(); character = take()) {
-            if (character == end[matched])
-                ++matched;
-            else if (!(character == end[0] && matched == end.size() - 1))
-                matched = character == end[0] ? 1 : 0;
-            if (matched == end.size())
-                return;
-        }
+    // Declared entities are the way to make a small file large, or to read other files; a property list has no use for
+    // them. Stops behind the document type.
+    bool hasDeclarations() {
+        return findInTag([](char character) { return character == '['; });
     }
 
-    bool declarationsInDoctype() {
-        int quote = 0;
-        for (int character = take(); character >= 0; character = take()) {
-            if (quote) {
+    // Each is held against all others of its tag by whoever parses them. Stops behind the tag.
+    bool hasManyAttributes() {
+        return findInTag(
+            [count = 0](char character) mutable { return character == '=' && ++count > kMostAttributes; });
+    }
+
+    // Whether one is found outside of quotes before the tag ends.
+    template<class Wanted>
+    bool findInTag(Wanted isWanted) {
+        char quote = 0;
+        for (; m_at != m_end; ++m_at) {
+            const char character = *m_at;
+            if (quote != 0) {
                 if (character == quote)
                     quote = 0;
             } else if (character == '\'' || character == '"') {
                 quote = character;
-            } else if (character == '[') {
-                return true;
             } else if (character == '>') {
                 return false;
+            } else if (isWanted(character)) {
+                return true;
             }
         }
         return false;
     }
 
-    const QByteArray& m_bytes;
-    qsizetype m_at = 0;
+    const char* m_at;
+    const char* m_end;
 };
+
+// The same text in UTF-8 where two or four bytes are a character; null where one is.
+QByteArray narrowed(const QByteArray& bytes) {
+    const auto encoding = QStringConverter::encodingForData(bytes, u'<');
+    if (!encoding || *encoding == QStringConverter::Utf8)
+        return {};
+    return QString(QStringDecoder(*encoding).decode(bytes)).toUtf8();
+}
 
 } // namespace
 
 PropertyListXmlReader::PropertyListXmlReader(const QByteArray& bytes)
-    : m_bytes(bytes)
-    , m_reader(bytes) {
+    : m_narrowed(narrowed(bytes))
+    , m_bytes(isWide() ? m_narrowed : bytes) {
+    // A text has its encoding behind it, whatever its declaration says.
+    if (isWide())
+        m_reader.addData(QString::fromUtf8(m_narrowed));
+    else
+        m_reader.addData(bytes);
     m_reader.setNamespaceProcessing(false);
 }
 
 Result<PropertyListValue> PropertyListXmlReader::read() {
-    if (Prolog(m_bytes).hasDeclarations())
-        return Failure{Failure::Kind::Damaged,
-                       QStringLiteral("line 1: a document type with declarations of its own is refused")};
+    if (const QString refusal = MarkupScan(m_bytes).refusal(); !refusal.isEmpty())
+        return Failure{Failure::Kind::Damaged, QStringLiteral("line 1: ") + refusal};
     while (!m_reader.atEnd() && m_damage.isEmpty())
         token(m_reader.readNext());
     if (!m_damage.isEmpty() || m_reader.hasError())
@@ -123,7 +141,7 @@ Result<PropertyListValue> PropertyListXmlReader::read() {
 void PropertyListXmlReader::token(QXmlStreamReader::TokenType type) {
     switch (type) {
     case QXmlStreamReader::StartDocument:
-        if (!isKnownEncoding(m_reader.documentEncoding()))
+        if (!isEncoding(m_reader.documentEncoding(), isWide()))
             damaged(QStringLiteral("the encoding %1 is not known").arg(m_reader.documentEncoding()));
         break;
     case QXmlStreamReader::DTD:

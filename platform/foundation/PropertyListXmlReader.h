@@ -41,6 +41,10 @@ private:
     void damaged(const QString& what);
     Failure failure() const;
 
+    bool isWide() const { return !m_narrowed.isNull(); }
+
+    // In UTF-8, where the file is in a wide encoding.
+    const QByteArray m_narrowed;
     const QByteArray& m_bytes;
     QXmlStreamReader m_reader;
     PropertyListBuilder m_builder;

@@ -37,7 +37,7 @@ TEST(PropertyListBinary, aFractionOfASecond_isKept) {
 
 TEST(PropertyListBinary, equalTexts_areStoredOnce) {
     const QString title(1000, u'x');
-    const PropertyListValue value = PropertyListArray(500, PropertyListValue(title));
+    const PropertyListValue value = PropertyListArray(100, PropertyListValue(title));
     const QByteArray bytes = PropertyList::binary(value);
     EXPECT_LT(bytes.size(), 4000);
     EXPECT_EQ(readBack(bytes), value);

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "platform/foundation/Identity.h"
+#include "platform/foundation/PropertyListXml.h"
 #include "tests/unit/PropertyListSamples.h"
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QStringConverter>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -178,6 +181,54 @@ TEST(PropertyListHostile, aLongTextThatIsReferredToVeryOften_isRefused) {
     file.object(QByteArray("\xAF\x12\x00\x01\x00\x00", 6) + QByteArray(65536, '\1'));
     file.object(QByteArray("\x5F\x12\x00\x01\x00\x00", 6) + QByteArray(65536, 'x'));
     EXPECT_NE(failureOf(file.bytes()).find("far larger than its file"), std::string::npos);
+}
+
+// One timer's record, held by one application as often as there is room.
+TEST(PropertyListHostile, aTimerThatIsReferredToThousandsOfTimes_isRefused) {
+    BinaryFile file;
+    file.object(QByteArray("\xAF\x11\x13\x88", 4) + QByteArray(5000, '\1'));
+    file.object(QByteArray("\xD1\x02\x03", 3));
+    file.object("\x54Name");
+    file.object("\x51z");
+    EXPECT_NE(failureOf(file.bytes()).find("far larger than its file"), std::string::npos);
+}
+
+TEST(PropertyListHostile, anHonestBinaryStore_isWithinItsBudget) {
+    PropertyListArray windows;
+    for (int window = 0; window < 20'000; ++window)
+        windows.emplace_back(PropertyListDictionary{
+            {QStringLiteral("Name"), QStringLiteral("%1").arg(window)},
+            {QStringLiteral("ActiveTime"), 60.0},
+            {QStringLiteral("UUID"), Identity::brandNew().bytes()},
+            {QStringLiteral("Branched"), false},
+        });
+    EXPECT_EQ(failureOf(PropertyList::binary(windows)), "read");
+}
+
+TEST(PropertyListHostile, aTagOfVeryManyAttributes_isRefusedAtOnce) {
+    QByteArray attributes;
+    for (int attribute = 0; attribute < 100'000; ++attribute)
+        attributes += " a" + QByteArray::number(attribute) + "='>'";
+    const QString text =
+        QString::fromLatin1("<?xml version=\"1.0\"?><plist><true" + attributes + "/></plist>");
+    QElapsedTimer timer;
+    timer.start();
+    for (const QByteArray& bytes :
+         {text.toUtf8(),
+          QByteArray(QStringEncoder(QStringEncoder::Utf16, QStringEncoder::Flag::WriteBom)(text)),
+          QByteArray(QStringEncoder(QStringEncoder::Utf16BE)(text)),
+          QByteArray("<!--<a b='-->" + text.toUtf8()), QByteArray("<![CDATA[<]]>" + text.toUtf8())})
+        EXPECT_EQ(failureOf(bytes), "line 1: a tag of more than 8 attributes is refused");
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST(PropertyListHostile, aWideEncodingThatIsOnlyDeclared_isRefused) {
+    EXPECT_EQ(failureOf("<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><true/></plist>"),
+              "line 1: the encoding UTF-16 is not known");
+}
+
+TEST(PropertyListHostile, anEndThatIsEmptyToo_isRefusedByEachReader) {
+    EXPECT_NE(failureOf(PropertyListXml::kHead.toByteArray() + "<true/></plist/>"), "read");
 }
 
 TEST(PropertyListHostile, objectsThatHoldThemselves_areRefused) {
