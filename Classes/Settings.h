@@ -31,6 +31,8 @@ inline const QString kStartTicklogOnNextLaunch = QStringLiteral("startTicklogOnN
 inline const QString kTKWasTimerRunning = QStringLiteral("kTKWasTimerRunning");
 // Whether durations in words include seconds; otherwise minutes are rounded.
 inline const QString kIncludeSecondsWhenCopyingTime = QStringLiteral("includeSecondsWhenCopyingTime");
+// The user has been told that closing the window minimises it where there is no icon in the tray.
+inline const QString kTKSaidThatClosingMinimizes = QStringLiteral("kTKSaidThatClosingMinimizes");
 // The rows shown expanded among all timers: a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

@@ -9,9 +9,12 @@
 
 #include <QApplication>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QWindow>
 
 namespace {
+
+using WayBack = ClosingWindow::WayBack;
 
 // Neither a menu nor a part of another window.
 bool isListable(const QWindow& window) {
@@ -64,6 +67,9 @@ AppPresence::~AppPresence() {
 }
 
 void AppPresence::begin() {
+    QWidget& window = m_program.shownWindow();
+    m_hasBegunWithoutWindow = !window.isVisible();
+    m_closing = std::make_unique<ClosingWindow>(window, [this] { sayThatClosingMinimizes(); });
     setShowMenuBarItem(showMenuBarItem());
     m_platform.systemTray.observe([this] { trayChanged(); });
     m_settings = m_platform.notifications.observe(kUserDefaultsDidChangeNotification,
@@ -83,9 +89,8 @@ void AppPresence::setShowDockIcon(bool isShown, bool fromStartup) {
     m_appType = isShown ? 1 : 0;
     transform();
     // Windows need not be taken off the screen to be listed again; all that is left of it is to come to the front.
-    if (isShown && !fromStartup && m_window.isVisible())
-        m_program.setWindowStateShown(true);
-    m_program.setWindowStateShown(m_hasFinishedLaunching);
+    const bool isToCome = isShown && !fromStartup && m_window.isVisible();
+    m_program.setWindowStateShown((isToCome || m_hasFinishedLaunching) && !m_isFollowingSettings);
     m_platform.defaults.setObject(kTKPrefAppType, m_appType);
     reloadAppType();
 }
@@ -171,6 +176,8 @@ void AppPresence::fillMainMenu() {
 }
 
 void AppPresence::settingsChanged() {
+    // Whoever changed them looks at something else, the preferences as a rule.
+    const QScopedValueRollback following(m_isFollowingSettings, true);
     if (showMenuBarItem() != m_showsMenuBarItem)
         setShowMenuBarItem(showMenuBarItem());
     if (showDockIcon() != (m_appType == 1))
@@ -202,6 +209,10 @@ void AppPresence::updateStatusItem() {
         m_statusBarItem = std::make_unique<StatusItem>(m_menu.mainMenu(), m_program.showTimeWindow);
         updateMenuIconState();
     }
+    if (m_closing)
+        m_closing->setWayBack(isOffered && m_statusBarItem                                ? WayBack::Icon
+                              : m_showsMenuBarItem && offer == SystemTray::Offer::Unknown ? WayBack::Unknown
+                                                                                          : WayBack::None);
     if (isMissing)
         sayThatTrayIsMissing();
 }
@@ -218,9 +229,18 @@ void AppPresence::sayThatTrayIsMissing() {
     if (std::exchange(m_hasSaidThatTrayIsMissing, true))
         return;
     m_platform.log.log(QStringLiteral("The desktop has no tray: Ticklog stays in the task bar."));
-    // Who sees Ticklog in the task bar anyway need not be told.
-    if (m_appType != 1)
+    // Who sees Ticklog in the task bar anyway need not be told, and at login the tray may only be late.
+    if (m_appType != 1 && !m_hasBegunWithoutWindow)
         m_alerts.showNotice(localized("There is no system tray."),
                             localized("Ticklog therefore stays in the task bar, and its menu is in the main "
                                       "window. It moves to the tray as soon as there is one."));
+}
+
+void AppPresence::sayThatClosingMinimizes() {
+    if (m_platform.defaults.boolForKey(kTKSaidThatClosingMinimizes))
+        return;
+    m_platform.defaults.setObject(kTKSaidThatClosingMinimizes, true);
+    m_alerts.showNotice(localized("Ticklog goes on in the task bar."),
+                        localized("No icon in the tray leads back to a closed window. Closing it therefore "
+                                  "minimizes it, and Ticklog goes on. “Quit” ends it."));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/shell/ClosingWindow.h"
 #include "interface/shell/StatusMenu.h"
 #include "platform/Platform.h"
 
@@ -12,7 +13,8 @@ class StatusItem;
 
 // Where the program is found on the desktop: in the task bar with the main menu, in the tray with the status menu, or in
 // both, as the settings say; never nowhere. Where the desktop has no tray, the task bar stays although the settings say
-// otherwise, and the status menu is found in the main menu. Main thread only.
+// otherwise, and the status menu is found in the main menu. A closed window can always be had back: where no icon in the tray
+// leads to it, it is minimised instead. Main thread only.
 class AppPresence {
 public:
     // What it asks of the program.
@@ -23,6 +25,8 @@ public:
         std::function<void()> reloadAppType;
         std::function<bool()> isRunning;
         std::function<void()> showTimeWindow;
+        // What people see of the program; asked for once, when it begins.
+        std::function<QWidget&()> shownWindow;
     };
 
     // Everything outlives it.
@@ -31,9 +35,11 @@ public:
     AppPresence& operator=(const AppPresence&) = delete;
     ~AppPresence();
 
-    // Takes the tray icon in as the settings have it, and follows the settings and the tray from now on.
+    // Takes the tray icon in as the settings have it, and follows the settings and the tray from now on. A window that is
+    // not shown by then counts as closed.
     void begin();
-    // From now on the window comes to the front when the task bar is entered or left.
+    // From now on the window comes to the front when the task bar is entered or left, unless the settings were changed
+    // elsewhere.
     void setFinishedLaunching() { m_hasFinishedLaunching = true; }
 
     void setShowDockIcon(bool isShown, bool fromStartup);
@@ -75,6 +81,7 @@ private:
     void updateStatusItem();
     void offerMenuInWindow(bool isOffered);
     void sayThatTrayIsMissing();
+    void sayThatClosingMinimizes();
 
     MainWindow& m_window;
     StatusMenu& m_menu;
@@ -88,8 +95,12 @@ private:
     bool m_hasFinishedLaunching = false;
     bool m_isInTaskBarForLackOfTray = false;
     bool m_hasSaidThatTrayIsMissing = false;
+    bool m_hasBegunWithoutWindow = false;
+    bool m_isFollowingSettings = false;
     QList<QAction*> m_rootItemArray;
     std::unique_ptr<StatusItem> m_statusBarItem;
+    // Null until it begins.
+    std::unique_ptr<ClosingWindow> m_closing;
     // Keeps windows out of the task bar; null while they are in it.
     std::unique_ptr<Listing> m_listing;
     Subscription m_settings;

@@ -51,6 +51,10 @@ private:
 
 } // namespace
 
+QtAlerts::~QtAlerts() {
+    delete m_open;
+}
+
 bool QtAlerts::run(QDialog& dialog) {
     if (QDialog* asking = *m_asking) {
         asking->setWindowState(asking->windowState() & ~Qt::WindowMinimized);
@@ -149,19 +153,20 @@ void QtAlerts::showError(const QString& message, const QString& informativeText)
 }
 
 void QtAlerts::showNotice(const QString& message, const QString& informativeText) {
-    open(QStringLiteral("notice"), message, message, informativeText);
+    // A minimised window would take it along.
+    open(nullptr, QStringLiteral("notice"), message, message, informativeText);
 }
 
 void QtAlerts::showAbout(const QString& title, const QString& text) {
-    open(QStringLiteral("aboutBox"), title, text.section(u'\n', 0, 0), text.section(u'\n', 1));
+    open(m_window, QStringLiteral("aboutBox"), title, text.section(u'\n', 0, 0), text.section(u'\n', 1));
 }
 
-void QtAlerts::open(const QString& name, const QString& title, const QString& message,
+void QtAlerts::open(QWidget* parent, const QString& name, const QString& title, const QString& message,
                     const QString& informativeText) {
     // One is enough.
     if (m_open)
         m_open->close();
-    auto* box = new QMessageBox(m_window);
+    auto* box = new QMessageBox(parent);
     m_open = box;
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(name);

@@ -18,6 +18,7 @@ public:
         : m_asking(other.m_asking) {}
 
     QtAlerts& operator=(const QtAlerts&) = delete;
+    ~QtAlerts() override;
 
     // Until a window is set, dialogues stand alone.
     void setWindow(QWidget* window) { m_window = window; }
@@ -38,7 +39,7 @@ private:
     bool run(QDialog& dialog);
     // What was chosen in it; absent after a cancel.
     std::optional<QString> chooseWith(QFileDialog& panel);
-    void open(const QString& name, const QString& title, const QString& message,
+    void open(QWidget* parent, const QString& name, const QString& title, const QString& message,
               const QString& informativeText);
 
     QPointer<QWidget> m_window;

@@ -31,7 +31,8 @@ TKApplicationDelegate::TKApplicationDelegate(TKController& controller, Platform&
                  {.setWindowStateShown = [this](bool isShown) { m_controller.setWindowStateShown(isShown); },
                   .reloadAppType = [this] { m_controller.reloadAppType(); },
                   .isRunning = [this] { return m_controller.timer().isRunning(); },
-                  .showTimeWindow = [this] { showTimeWindow(); }}) {
+                  .showTimeWindow = [this] { showTimeWindow(); },
+                  .shownWindow = [this]() -> QWidget& { return m_controller.shownWindow(); }}) {
     m_presence.setShowDockIcon(m_presence.showDockIcon(), true);
 }
 

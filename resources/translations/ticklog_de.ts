@@ -1003,5 +1003,13 @@
         <source>Export Project to CSV</source>
         <translation>Projekt als CSV exportieren</translation>
     </message>
+    <message>
+        <source>Ticklog goes on in the task bar.</source>
+        <translation>Ticklog läuft in der Taskleiste weiter.</translation>
+    </message>
+    <message>
+        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <translation>Kein Symbol im Infobereich führt zu einem geschlossenen Fenster zurück. Schließen minimiert es deshalb, und Ticklog läuft weiter. „Beenden“ beendet es.</translation>
+    </message>
 </context>
 </TS>

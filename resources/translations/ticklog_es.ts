@@ -1003,5 +1003,13 @@
         <source>Export Project to CSV</source>
         <translation>Exportar el proyecto a CSV</translation>
     </message>
+    <message>
+        <source>Ticklog goes on in the task bar.</source>
+        <translation>Ticklog sigue en la barra de tareas.</translation>
+    </message>
+    <message>
+        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <translation>Ningún icono de la bandeja lleva de vuelta a una ventana cerrada. Por eso, al cerrarla se minimiza y Ticklog sigue. «Salir» lo termina.</translation>
+    </message>
 </context>
 </TS>

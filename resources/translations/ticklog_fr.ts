@@ -1003,5 +1003,13 @@
         <source>Export Project to CSV</source>
         <translation>Exporter le projet en CSV</translation>
     </message>
+    <message>
+        <source>Ticklog goes on in the task bar.</source>
+        <translation>Ticklog continue dans la barre des tâches.</translation>
+    </message>
+    <message>
+        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <translation>Aucune icône de la zone de notification ne ramène à une fenêtre fermée. La fermer la réduit donc, et Ticklog continue. «&#xa0;Quitter&#xa0;» y met fin.</translation>
+    </message>
 </context>
 </TS>

@@ -1003,5 +1003,13 @@
         <source>Export Project to CSV</source>
         <translation>プロジェクトを CSV にエクスポート</translation>
     </message>
+    <message>
+        <source>Ticklog goes on in the task bar.</source>
+        <translation>Ticklog はタスクバーで動作を続けます。</translation>
+    </message>
+    <message>
+        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <translation>閉じたウィンドウに戻るためのトレイアイコンがありません。そのため閉じると最小化され、Ticklog は動作を続けます。終了するには「終了」を選びます。</translation>
+    </message>
 </context>
 </TS>

@@ -1003,5 +1003,13 @@
         <source>Export Project to CSV</source>
         <translation>Eksport projektu do CSV</translation>
     </message>
+    <message>
+        <source>Ticklog goes on in the task bar.</source>
+        <translation>Ticklog działa dalej na pasku zadań.</translation>
+    </message>
+    <message>
+        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <translation>Żadna ikona na tacce nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
+    </message>
 </context>
 </TS>

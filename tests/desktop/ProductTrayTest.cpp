@@ -89,6 +89,24 @@ protected:
         });
     }
 
+    // What says that closing minimises.
+    bool hasMinimizingNotice() {
+        return std::ranges::any_of(desk.probe().windows(), [this](xcb_window_t window) {
+            return desk.probe().text(window, "_NET_WM_NAME").startsWith("Ticklog goes on");
+        });
+    }
+
+    bool isMinimized() {
+        return product.hasWindow() && desk.probe().hasState(product.window(), "_NET_WM_STATE_HIDDEN");
+    }
+
+    // As the window manager closes it.
+    void closeByWindowManager() {
+        xdotool(
+            {QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
+        press("alt+F4");
+    }
+
     void closeWindow() {
         press("ctrl+w");
         ASSERT_TRUE(waitFor([this] { return !product.hasWindow(); }));
@@ -219,6 +237,58 @@ TEST_F(ProductTrayTest, quittingByKeyWhileTheTimerRuns_asksFirst) {
     EXPECT_TRUE(product.settings().value(QStringLiteral("startTicklogOnNextLaunch")).toBool());
 }
 
+TEST_F(ProductTrayTest, closedWithoutATray_theWindowIsMinimisedAndThatIsSaidOnce) {
+    product.writeSettings(Product::runningSettings());
+    ASSERT_TRUE(product.start());
+    closeByWindowManager();
+    ASSERT_TRUE(waitFor([this] { return isMinimized(); }));
+    EXPECT_TRUE(waitFor([this] { return hasMinimizingNotice(); }));
+    EXPECT_TRUE(isInTaskBar());
+    press("Return");
+    ASSERT_TRUE(waitFor([this] { return !hasMinimizingNotice(); }));
+    xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
+    ASSERT_TRUE(waitFor([this] { return !isMinimized(); }));
+    press("ctrl+w");
+    ASSERT_TRUE(waitFor([this] { return isMinimized(); }));
+    turnEventLoopFor(500ms);
+    EXPECT_FALSE(hasMinimizingNotice());
+    EXPECT_EQ(product.end(SIGTERM), 0);
+}
+
+TEST_F(ProductTrayTest, theTrayGoing_bringsTheClosedWindowsEntryBack) {
+    product.writeSettings({{kAppType, 0}});
+    startWithPanel();
+    closeWindow();
+    ask("unwatch");
+    ASSERT_TRUE(waitFor([this] { return isMinimized(); })) << "or nobody could reach it";
+    EXPECT_TRUE(isInTaskBar());
+    xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
+    EXPECT_TRUE(waitFor([this] { return !isMinimized(); }));
+    EXPECT_EQ(product.end(SIGTERM), 0);
+}
+
+TEST_F(ProductTrayTest, twoQuitsFromTheTray_askOnceAndTheSecondBringsTheQuestionToTheFront) {
+    product.writeSettings(Product::runningSettings());
+    XClient writer(desk);
+    const xcb_window_t letter = writer.open({.title = "Letter", .className = "Writer"});
+    startWithPanel();
+    const std::size_t windows = desk.probe().windows().size();
+    ask("open");
+    ask("click Quit");
+    ASSERT_TRUE(waitFor([&] { return desk.probe().windows().size() == windows + 1; }));
+    const xcb_window_t question = desk.probe().windows().back();
+    ASSERT_TRUE(waitFor([&] { return desk.probe().activeWindow() == question; }));
+    ASSERT_TRUE(product.bringToFront(writer, letter));
+    ask("click Quit");
+    EXPECT_TRUE(waitFor([&] { return desk.probe().activeWindow() == question; }));
+    turnEventLoopFor(300ms);
+    EXPECT_EQ(desk.probe().windows().size(), windows + 1);
+    press("Return");
+    EXPECT_TRUE(waitFor([&] { return desk.probe().windows().size() == windows; }));
+    EXPECT_TRUE(product.program().isRunning());
+    EXPECT_EQ(product.end(SIGTERM), 0);
+}
+
 // A tray of the older kind, which embeds windows.
 class ProductEmbeddingTrayTest : public ProductTrayTest {
 protected:
@@ -264,6 +334,19 @@ TEST_F(ProductEmbeddingTrayTest, theIcon_opensTheWindowAndTheMenu) {
         press("Return");
         return product.settings().value(kWasRunning).toBool();
     }));
+    EXPECT_EQ(product.end(SIGTERM), 0);
+}
+
+TEST_F(ProductEmbeddingTrayTest, thePanelKilled_theClosedWindowIsInTheTaskBarUntilItIsBack) {
+    ASSERT_TRUE(product.start());
+    ASSERT_TRUE(waitFor([this] { return icon().has_value(); }));
+    closeWindow();
+    m_trayer->kill();
+    ASSERT_TRUE(waitFor([this] { return isMinimized(); }));
+    EXPECT_TRUE(isInTaskBar());
+    m_tray = 0;
+    SetUp();
+    EXPECT_TRUE(waitFor([this] { return icon() && !product.hasWindow(); })) << "as it was before";
     EXPECT_EQ(product.end(SIGTERM), 0);
 }
 

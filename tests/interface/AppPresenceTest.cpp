@@ -6,6 +6,7 @@
 #include "tests/interface/SetupDesk.h"
 
 #include <QMenuBar>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -35,6 +36,8 @@ struct AppPresenceTest : testing::Test, Desk {
             titles << action->text().remove(u'&');
         return str(titles.join(QStringLiteral(", ")));
     }
+
+    bool isMinimized() { return controller.window().isVisible() && controller.window().isMinimized(); }
 
     bool hasIcon() { return presence().statusBarItem() != nullptr; }
 
@@ -266,6 +269,96 @@ TEST_F(AppPresenceTest, withoutATrayAndWithoutAWishForOne_nothingIsSaid) {
     EXPECT_FALSE(fakes.log.mentions(QStringLiteral("has no tray")));
 }
 
+TEST_F(AppPresenceTest, closedWithAnIconInTheTray_theWindowGoes) {
+    launch();
+    controller.window().close();
+    EXPECT_FALSE(controller.window().isVisible());
+    EXPECT_EQ(alerts.notices, QStringList());
+}
+
+TEST_F(AppPresenceTest, closedWithoutATray_theWindowIsMinimisedAndThatIsSaidOnce) {
+    fakes.systemTray.give(Offer::None);
+    launch();
+    for (int time = 0; time < 2; ++time) {
+        command(actions().closeWindow);
+        EXPECT_TRUE(isMinimized()) << "or nothing would lead back to it";
+        EXPECT_EQ(alerts.notices, QStringList{QStringLiteral("Ticklog goes on in the task bar.")});
+        controller.displayMainWindow();
+        EXPECT_FALSE(controller.window().isMinimized());
+    }
+}
+
+TEST_F(AppPresenceTest, closedWhileOnlyTheTaskBarHasIt_theWindowIsMinimised) {
+    launch();
+    choose(control().menuItemMenuItem());
+    controller.window().close();
+    EXPECT_TRUE(isMinimized());
+    choose(control().menuItemMenuItem());
+    EXPECT_FALSE(controller.window().isVisible()) << "it was closed, and now there is an icon";
+}
+
+TEST_F(AppPresenceTest, closedBeforeTheTrayIsKnown_theWindowIsMinimisedAndThatIsSaidWhenItIs) {
+    fakes.systemTray.give(Offer::Unknown);
+    launch();
+    controller.window().close();
+    EXPECT_TRUE(isMinimized());
+    EXPECT_EQ(alerts.notices, QStringList());
+    fakes.systemTray.give(Offer::None);
+    EXPECT_EQ(alerts.notices.size(), 1) << "nor will it have one";
+}
+
+TEST_F(AppPresenceTest, theTrayGoingWhileTheWindowIsClosed_bringsTheTaskBarsEntryBack) {
+    controller.appDelegate().presence().setShowDockIcon(false, true);
+    launch();
+    controller.window().close();
+    EXPECT_FALSE(controller.window().isVisible());
+    fakes.systemTray.give(Offer::None);
+    EXPECT_TRUE(isMinimized());
+    fakes.systemTray.give(Offer::Embedded);
+    EXPECT_FALSE(controller.window().isVisible()) << "as it was before";
+}
+
+TEST_F(AppPresenceTest, aWindowBroughtBackWithoutTheTray_staysWhenTheTrayReturns) {
+    launch();
+    controller.window().close();
+    fakes.systemTray.give(Offer::None);
+    controller.displayMainWindow();
+    fakes.systemTray.give(Offer::Embedded);
+    EXPECT_TRUE(controller.window().isVisible());
+    EXPECT_FALSE(controller.window().isMinimized());
+}
+
+TEST_F(AppPresenceTest, aQuitThatClosesAllWindows_isNotHeldUp) {
+    fakes.systemTray.give(Offer::None);
+    launch();
+    constexpr int kHeldUp = 1;
+    QTimer::singleShot(0, qApp, [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+        if (!quit.isAccepted())
+            QCoreApplication::exit(kHeldUp);
+    });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_FALSE(controller.window().isVisible());
+    EXPECT_EQ(alerts.notices, QStringList());
+}
+
+TEST_F(AppPresenceTest, begunWithoutItsWindow_aTrayThatComesLateGetsTheIconAndNothingIsSaid) {
+    fakes.defaults.setObject(kTKPrefAppType, 0);
+    fakes.systemTray.give(Offer::Unknown);
+    controller.awakeFromNib();
+    controller.appDelegate().applicationDidFinishLaunching();
+    settle();
+    EXPECT_FALSE(controller.window().isVisible());
+    fakes.systemTray.give(Offer::None);
+    EXPECT_TRUE(isMinimized()) << "something must lead to it meanwhile";
+    EXPECT_TRUE(fakes.taskBar.isListed);
+    fakes.systemTray.give(Offer::Exported);
+    EXPECT_TRUE(hasIcon());
+    EXPECT_FALSE(controller.window().isVisible());
+    EXPECT_EQ(alerts.notices, QStringList());
+}
+
 TEST_F(AppPresenceTest, theDisplayStateMenu_togglesTheDockIcon) {
     // Small enough that the menu has room beneath the control.
     controller.window().resize(controller.window().minimumSize());
@@ -316,4 +409,27 @@ TEST(AppPresencePreferences, aChoiceInThePreferences_holdsAtOnce) {
     EXPECT_NE(presence.statusBarItem(), nullptr);
     desk.controller.toggleDockIcon();
     EXPECT_EQ(choice.currentText(), QStringLiteral("System tray"));
+}
+
+TEST(AppPresencePreferences, aChoiceInThePreferences_neverBringsTheWindowOverThem) {
+    SetupDesk desk;
+    desk.show();
+    desk.controller.appDelegate().applicationDidFinishLaunching();
+    desk.setup.showPrefWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&desk.setup.prefWindow()));
+    auto& choice = desk.control<QComboBox>("presence");
+    for (const char* text : {"System tray", "Task bar", "System tray", "Task bar and system tray"}) {
+        choice.setCurrentText(QLatin1String(text));
+        Q_EMIT choice.activated(choice.currentIndex());
+        desk.settle();
+        EXPECT_TRUE(desk.setup.prefWindow().isActiveWindow()) << text;
+    }
+    desk.controller.window().close();
+    choice.setCurrentText(QStringLiteral("System tray"));
+    Q_EMIT choice.activated(choice.currentIndex());
+    EXPECT_FALSE(desk.controller.window().isVisible());
+    choice.setCurrentText(QStringLiteral("Task bar"));
+    Q_EMIT choice.activated(choice.currentIndex());
+    desk.settle();
+    EXPECT_TRUE(desk.controller.window().isMinimized()) << "the icon is gone, and something must lead to it";
 }
