@@ -10,6 +10,7 @@
 #include "interface/shell/ExtensionOffer.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
+#include "platform/foundation/LoginStart.h"
 #include "platform/foundation/Translations.h"
 #include "platform/linux/TerminationSignals.h"
 
@@ -76,8 +77,10 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     desktop.activation().listen(beCalled);
 
     controller.awakeFromNib();
-    // Whether a new window comes to the front is the window manager's business; it is not fought for.
-    controller.shownWindow().show();
+    // Whether a new window comes to the front is the window manager's business; it is not fought for. At login the icon in
+    // the tray is enough.
+    if (!LoginStart::take() || !delegate.presence().showMenuBarItem())
+        controller.shownWindow().show();
     delegate.applicationDidFinishLaunching();
     std::unique_ptr<ExtensionOffer> offer;
     if (ShellExtension* extension = desktop.shellExtension())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Started by the desktop at login: starts Ticklog, unless it runs, and ends.
 #include "platform/foundation/InstanceAddress.h"
+#include "platform/foundation/LoginStart.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -31,6 +32,7 @@ int main(int argc, char** argv) {
     // A second start would bring the window of the first to the front.
     if (InstanceAddress::ofThisSession().isServed())
         return EXIT_SUCCESS;
+    LoginStart::announce();
     if (QProcess::startDetached(ticklog(), {}))
         return EXIT_SUCCESS;
     std::fputs("Ticklog could not be started.\n", stderr);

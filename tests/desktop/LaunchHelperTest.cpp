@@ -2,9 +2,11 @@
 // The built launch helper, as the desktop starts it at login.
 #include "tests/Places.h"
 #include "tests/desktop/harness/Product.h"
+#include "tests/desktop/services/ServiceScript.h"
 
 #include <QFile>
 
+#include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -20,7 +22,22 @@ protected:
         return helper->exitStatus();
     }
 
-    Desk desk;
+    // Ends the Ticklog that the helper has started, which is not our child.
+    void endTicklog(std::int64_t process) {
+        ASSERT_GT(process, 0);
+        ::kill(pid_t(process), SIGTERM);
+        EXPECT_TRUE(waitFor([process] { return ::kill(pid_t(process), 0) != 0; }));
+    }
+
+    bool hasNotice() {
+        return std::ranges::any_of(desk.probe().windows(), [this](xcb_window_t window) {
+            return desk.probe().text(window, "_NET_WM_NAME").startsWith("There is no system tray");
+        });
+    }
+
+    bool isMinimized() { return desk.probe().hasState(product.window(), "_NET_WM_STATE_HIDDEN"); }
+
+    Desk desk{QStringLiteral("openbox"), Desk::Bus::Own};
     Product product{desk};
 };
 
@@ -31,6 +48,34 @@ TEST_F(LaunchHelperTest, atLogin_ticklogIsStartedAndTheHelperEnds) {
     ASSERT_NE(process, 0);
     ::kill(process, SIGTERM);
     EXPECT_TRUE(waitFor([this] { return !product.hasWindow(); }));
+}
+
+TEST_F(LaunchHelperTest, atLoginWithATray_ticklogComesWithItsIconAndWithoutItsWindow) {
+    ServiceScript panel(desk.home(), QStringLiteral("tray.py"), {desk.bus().address()});
+    panel.ask("watch");
+    EXPECT_EQ(runHelper(), 0);
+    ASSERT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
+    turnEventLoopFor(std::chrono::milliseconds(500));
+    EXPECT_FALSE(product.hasWindow());
+    panel.ask("activate");
+    ASSERT_TRUE(waitFor([this] { return product.hasWindow(); }));
+    EXPECT_FALSE(isMinimized());
+    endTicklog(desk.probe().number(product.window(), "_NET_WM_PID"));
+}
+
+TEST_F(LaunchHelperTest, atLoginWithASlowPanel_theIconComesLaterAndNothingIsSaidMeanwhile) {
+    product.writeSettings({{QStringLiteral("kTKPrefAppType"), 0}});
+    ServiceScript panel(desk.home(), QStringLiteral("tray.py"), {desk.bus().address()});
+    EXPECT_EQ(runHelper(), 0);
+    // It is given up that one comes soon.
+    ASSERT_TRUE(waitFor([this] { return product.hasWindow() && isMinimized(); }));
+    const std::int64_t process = desk.probe().number(product.window(), "_NET_WM_PID");
+    EXPECT_FALSE(hasNotice());
+    panel.ask("watch");
+    EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
+    EXPECT_TRUE(waitFor([this] { return !product.hasWindow(); }));
+    EXPECT_FALSE(hasNotice());
+    endTicklog(process);
 }
 
 TEST_F(LaunchHelperTest, whileTicklogRuns_nothingIsStartedAndItsWindowStaysWhereItIs) {
