@@ -18,7 +18,6 @@
 #include <QLocale>
 #include <QSessionManager>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -63,12 +62,15 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     desktop.setDisplayLostHandler(end);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
                      Qt::DirectConnection);
-    const auto openFile = [&](const QString& file) {
-        controller.documents().openDocumentWithContentsOfURL(file);
+    // None is forgotten while something else is asked, and each keeps its place until it is its turn.
+    const auto openFiles = [&](const QStringList& given, const Admission::Ticket& ticket) {
+        for (const QString& file : given)
+            alerts.whenFree(
+                [&controller, file, ticket] { controller.documents().openDocumentWithContentsOfURL(file); });
     };
-    const auto beCalled = [&](const QStringList& given, const Admission::Ticket&) {
+    const auto beCalled = [&](const QStringList& given, const Admission::Ticket& ticket) {
         controller.displayMainWindow();
-        std::ranges::for_each(given, openFile);
+        openFiles(given, ticket);
     };
     instance.listen(desktop.admission(),
                     [&](const std::optional<QString>& file, const Admission::Ticket& ticket) {
@@ -89,7 +91,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
             desktop.platform().log, [&](std::function<void()> remedy) {
                 controller.window().obstacleBar().offerRemedy(std::move(remedy));
             }});
-    desktop.platform().runLoop.performSoon([&] { std::ranges::for_each(files, openFile); });
+    desktop.platform().runLoop.performSoon([&] { openFiles(files, {}); });
     const int status = QApplication::exec();
     // Whoever ended the loop: what has been credited since the last save is written.
     controller.saveSettingsToDisk();

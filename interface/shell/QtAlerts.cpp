@@ -11,6 +11,8 @@
 #include <QProgressDialog>
 #include <QPushButton>
 
+#include <deque>
+
 namespace {
 
 QString databaseFilter() {
@@ -51,21 +53,62 @@ private:
 
 } // namespace
 
+// Who asks, and who asks next.
+struct QtAlerts::Turn {
+    void goOn() {
+        if (isGoingOn || dialog || waiting.empty())
+            return;
+        isGoingOn = true;
+        const auto next = std::move(waiting.front());
+        waiting.pop_front();
+        next();
+        isGoingOn = false;
+        goOn();
+    }
+
+    void bringToFront() const {
+        dialog->setWindowState(dialog->windowState() & ~Qt::WindowMinimized);
+        dialog->raise();
+        dialog->activateWindow();
+    }
+
+    // Waits for an answer.
+    QPointer<QDialog> dialog;
+    std::deque<std::function<void()>> waiting;
+    bool isGoingOn = false;
+};
+
+QtAlerts::QtAlerts()
+    : m_turn(std::make_shared<Turn>()) {}
+
 QtAlerts::~QtAlerts() {
     delete m_open;
 }
 
 bool QtAlerts::run(QDialog& dialog) {
-    if (QDialog* asking = *m_asking) {
-        asking->setWindowState(asking->windowState() & ~Qt::WindowMinimized);
-        asking->raise();
-        asking->activateWindow();
+    if (m_turn->dialog) {
+        m_turn->bringToFront();
         return false;
     }
-    *m_asking = &dialog;
+    m_turn->dialog = &dialog;
     dialog.exec();
-    m_asking->clear();
+    m_turn->dialog.clear();
+    // Not before what was answered is done.
+    QMetaObject::invokeMethod(
+        qApp,
+        [turn = std::weak_ptr(m_turn)] {
+            if (const auto current = turn.lock())
+                current->goOn();
+        },
+        Qt::QueuedConnection);
     return true;
+}
+
+void QtAlerts::whenFree(std::function<void()> ask) {
+    if (m_turn->dialog)
+        m_turn->bringToFront();
+    m_turn->waiting.push_back(std::move(ask));
+    m_turn->goOn();
 }
 
 std::optional<QString> QtAlerts::chooseWith(QFileDialog& panel) {

@@ -6,19 +6,25 @@
 #include <QDialog>
 #include <QPointer>
 
+#include <functional>
+
 class QFileDialog;
 
 // Asks in dialogues that belong to a window. One at a time: who asks while another question or panel is open has that one
 // brought to the front, and is answered as if his own had been closed. Errors and notices come all the same.
 class QtAlerts : public Alerts {
 public:
-    QtAlerts() = default;
+    QtAlerts();
     // For another window of the same program, in turn with `other`.
     explicit QtAlerts(const QtAlerts& other)
-        : m_asking(other.m_asking) {}
+        : m_turn(other.m_turn) {}
 
     QtAlerts& operator=(const QtAlerts&) = delete;
     ~QtAlerts() override;
+
+    // Calls `ask` as soon as no question or panel is open: now, or when those before it are done, in their order. One that
+    // is open comes to the front.
+    void whenFree(std::function<void()> ask);
 
     // Until a window is set, dialogues stand alone.
     void setWindow(QWidget* window) { m_window = window; }
@@ -35,6 +41,8 @@ public:
     void showAbout(const QString& title, const QString& text) override;
 
 private:
+    struct Turn;
+
     // Nothing is chosen in a dialogue that does not come because another one is open.
     bool run(QDialog& dialog);
     // What was chosen in it; absent after a cancel.
@@ -43,8 +51,8 @@ private:
               const QString& informativeText);
 
     QPointer<QWidget> m_window;
-    // The dialogue that waits for an answer, of all windows.
-    std::shared_ptr<QPointer<QDialog>> m_asking = std::make_shared<QPointer<QDialog>>();
+    // Of all windows.
+    std::shared_ptr<Turn> m_turn;
     // What is open and need not be answered.
     QPointer<QWidget> m_open;
 };

@@ -177,11 +177,17 @@ TEST_P(OpenQuestion, theDisplayGoing_endsItWithTheAccountSavedAndNothingAnswered
 TEST_F(ProductEndingTest, filesHandedOverWhileOneIsAskedAbout_areAskedAboutToo) {
     startRunning();
     write(500ms);
-    for (int file = 0; file < 2; ++file) {
-        const std::size_t windows = desk.probe().windows().size();
+    const std::size_t windows = desk.probe().windows().size();
+    for (int file = 0; file < 2; ++file)
         ASSERT_TRUE(startAgain({otherAccount()}));
-        ASSERT_TRUE(waitForMoreWindowsThan(windows));
-    }
+    ASSERT_TRUE(waitForMoreWindowsThan(windows));
+    const xcb_window_t first = desk.probe().windows().back();
+    // One after the other, each of which is cancelled by Return.
+    ASSERT_TRUE(waitFor([&] { return desk.probe().activeWindow() == first; }));
+    EXPECT_EQ(desk.probe().windows().size(), windows + 1);
+    ASSERT_TRUE(desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Return")}));
+    ASSERT_TRUE(waitFor(
+        [&] { return !desk.probe().isInWindowList(first) && desk.probe().windows().size() == windows + 1; }));
     EXPECT_EQ(product.end(SIGTERM), 0);
     EXPECT_NEAR(written(), worked, offBy());
 }

@@ -91,6 +91,22 @@ TEST_F(QtAlertsTest, aSecondQuestion_bringsTheFirstToTheFrontAndChangesNothing) 
     EXPECT_EQ(answerTo("Delete"), Alerts::Alternate) << "the next one is asked again";
 }
 
+TEST_F(QtAlertsTest, whatWaitsForItsTurn_comesInItsOrderWhenTheQuestionIsAnswered) {
+    QStringList came;
+    alerts.whenFree([&] { came << QStringLiteral("at once"); });
+    answerTo([&](QMessageBox& box) {
+        alerts.whenFree([&] {
+            came << QStringLiteral("first");
+            answerTo([](QMessageBox& next) { next.close(); });
+        });
+        QtAlerts(alerts).whenFree([&] { came << QStringLiteral("second"); });
+        EXPECT_EQ(came.size(), 1);
+        box.close();
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return came.size() == 3; }));
+    EXPECT_EQ(came.join(u' '), QStringLiteral("at once first second"));
+}
+
 TEST_F(QtAlertsTest, aQuestionWhileAFileIsChosen_bringsThePanelToTheFront) {
     QTimer::singleShot(0, qApp, [&] {
         auto* panel = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
