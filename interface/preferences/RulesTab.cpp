@@ -38,8 +38,7 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
         buttons->addWidget(button);
     buttons->addStretch(1);
     auto* explanation =
-        new PlainLabel(localized("Rules give applications categories. Nothing is blocked or renamed: all "
-                                 "time counts under an application's own name."));
+        new PlainLabel(localized("Rules give applications categories. They block and rename nothing."));
     explanation->setObjectName(QStringLiteral("whatRulesDo"));
     explanation->setWordWrap(true);
     auto* rows = new QVBoxLayout(this);

@@ -928,8 +928,8 @@
         <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
     <message>
-        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
-        <translation>Regeln ordnen Programmen Kategorien zu. Nichts wird gesperrt oder umbenannt: Alle Zeit zählt unter dem eigenen Namen des Programms.</translation>
+        <source>Rules give applications categories. They block and rename nothing.</source>
+        <translation>Regeln geben Programmen Kategorien. Sie sperren nichts und benennen nichts um.</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
     <message>
-        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
-        <translation>Las reglas asignan categorías a las aplicaciones. Nada se bloquea ni cambia de nombre: todo el tiempo cuenta con el nombre propio de la aplicación.</translation>
+        <source>Rules give applications categories. They block and rename nothing.</source>
+        <translation>Las reglas dan categorías a las aplicaciones. No bloquean ni renombran nada.</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
     </message>
     <message>
-        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
-        <translation>Les règles donnent des catégories aux applications. Rien n’est bloqué ni renommé&#xa0;: tout le temps est compté sous le nom propre de l’application.</translation>
+        <source>Rules give applications categories. They block and rename nothing.</source>
+        <translation>Les règles donnent des catégories aux applications, sans rien bloquer ni renommer.</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
     <message>
-        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
-        <translation>ルールはアプリケーションにカテゴリを付けます。ブロックや名前の変更は行われず、時間はすべてアプリケーション自身の名前で数えられます。</translation>
+        <source>Rules give applications categories. They block and rename nothing.</source>
+        <translation>ルールはアプリケーションにカテゴリを付けます。ブロックや名前の変更はしません。</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>Dopóki nie będzie działać, widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
     <message>
-        <source>Rules give applications categories. Nothing is blocked or renamed: all time counts under an application&apos;s own name.</source>
-        <translation>Reguły nadają programom kategorie. Nic nie jest blokowane ani przemianowywane: cały czas liczy się pod własną nazwą programu.</translation>
+        <source>Rules give applications categories. They block and rename nothing.</source>
+        <translation>Reguły nadają programom kategorie. Niczego nie blokują ani nie przemianowują.</translation>
     </message>
     <message>
         <source>Freeze</source>
