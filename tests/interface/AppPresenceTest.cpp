@@ -344,7 +344,7 @@ TEST_F(AppPresenceTest, aQuitThatClosesAllWindows_isNotHeldUp) {
 }
 
 TEST_F(AppPresenceTest, begunWithoutItsWindow_aTrayThatComesLateGetsTheIconAndNothingIsSaid) {
-    fakes.defaults.setObject(kTKPrefAppType, 0);
+    presence().setShowDockIcon(false, true);
     fakes.systemTray.give(Offer::Unknown);
     controller.awakeFromNib();
     controller.appDelegate().applicationDidFinishLaunching();
