@@ -16,6 +16,10 @@ int FileCalls::open(const char* path, int flags, mode_t mode) {
     return ::open(path, flags, mode);
 }
 
+int FileCalls::status(const char* path, struct stat& status) {
+    return ::lstat(path, &status);
+}
+
 ssize_t FileCalls::write(int file, const void* bytes, std::size_t count) {
     return ::write(file, bytes, count);
 }

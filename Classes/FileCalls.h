@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cstddef>
@@ -15,6 +16,8 @@ public:
     static FileCalls& system();
 
     virtual int open(const char* path, int flags, mode_t mode);
+    // Of a link, what the link itself is.
+    virtual int status(const char* path, struct stat& status);
     virtual ssize_t write(int file, const void* bytes, std::size_t count);
     virtual ssize_t pwrite(int file, const void* bytes, std::size_t count, off_t offset);
     // Copies from one file to the same offset of another.

@@ -129,10 +129,24 @@ Outcome StoreFile::write(const QString& path, const std::function<void(PropertyL
     return placed;
 }
 
+bool StoreFile::isOurs(const QString& path, const Paths& paths) const {
+    struct stat file {};
+    struct stat folder {};
+
+    if (m_calls.status(QFile::encodeName(path).constData(), file) != 0 ||
+        ::stat(QFile::encodeName(paths.folder).constData(), &folder) != 0)
+        return false;
+    // Whoever owns the folder can exchange all that lies in it, and on some disks owns it all.
+    const bool hasRight = file.st_uid == ::geteuid() || file.st_uid == folder.st_uid;
+    return S_ISREG(file.st_mode) && file.st_nlink == 1 && hasRight;
+}
+
 Outcome StoreFile::setAsideUnreadable(const Paths& paths) {
     if (!m_unreadable.contains(paths.store))
         return Done{};
     for (const QString& file : {paths.store, paths.sidecar}) {
+        if (file == paths.sidecar && !isOurs(file, paths))
+            continue;
         const auto aside = PrivateFiles::setAside(file);
         if (aside)
             m_log.log(QStringLiteral("What could not be read was set aside as %1").arg(*aside));
@@ -158,8 +172,11 @@ Outcome StoreFile::writeSidecar(const Paths& paths, const std::function<void(Pro
 }
 
 Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content) {
-    const OpenFile part(m_calls.open(QFile::encodeName(paths.part).constData(),
-                                     O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, kPrivate));
+    const QByteArray name = QFile::encodeName(paths.part);
+    // Of an earlier crash, worth nothing. Where it is somebody else's, nothing is to be written into it.
+    m_calls.remove(name.constData());
+    const OpenFile part(
+        m_calls.open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kPrivate));
     if (!part)
         return systemFailure(paths.part, errno);
     int error = 0;
@@ -180,7 +197,7 @@ Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(Propert
 Outcome StoreFile::putInPlace(const Paths& paths) {
     const QByteArray sidecarPath = QFile::encodeName(paths.sidecar);
     {
-        const OpenFile sidecar(m_calls.open(sidecarPath.constData(), O_RDONLY | O_CLOEXEC, 0));
+        const OpenFile sidecar(m_calls.open(sidecarPath.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW, 0));
         if (!sidecar)
             return systemFailure(paths.sidecar, errno);
         const OpenFile store(m_calls.open(QFile::encodeName(paths.store).constData(),
@@ -263,7 +280,10 @@ Result<PropertyListValue> StoreFile::read(const QString& path) {
     const Paths paths(path);
     m_calls.remove(QFile::encodeName(paths.part).constData());
     m_unreadable.remove(paths.store);
-    auto result = QFileInfo::exists(paths.sidecar) ? settle(paths) : readDictionary(paths.store);
+    const bool hasSidecar = isOurs(paths.sidecar, paths);
+    if (!hasSidecar && (QFileInfo::exists(paths.sidecar) || QFileInfo(paths.sidecar).isSymLink()))
+        m_log.log(QStringLiteral("%1 is none of ours and is left alone").arg(paths.sidecar));
+    auto result = hasSidecar ? settle(paths) : readDictionary(paths.store);
     if (!result && result.failure().kind != Failure::Kind::NotFound) {
         m_unreadable.insert(paths.store);
         m_log.log(QStringLiteral("The store cannot be read: %1").arg(result.failure().text));

@@ -14,7 +14,7 @@
 // The database file on the disk, whatever it holds: a dictionary as a property list. It is written in place:
 // it stays the same file, with its links and its permissions. So that a crash or a full disk in the middle
 // loses nothing, the content first goes, whole and synced, to a sidecar next to it ("<name>.new"), which is
-// removed once the store is synced too. Nobody reads half a save: while it is copied, the store's first byte
+// removed once the store is synced too. A sidecar that somebody else has put there is left alone. Nobody reads half a save: while it is copied, the store's first byte
 // is one that no reader accepts. docs/file-formats.md tells every state that a crash can leave behind, and
 // what comes of it. Main thread only.
 class StoreFile {
@@ -39,6 +39,8 @@ public:
 private:
     struct Paths;
 
+    // Whether a file of that name is there and none that others have put in our way.
+    bool isOurs(const QString& path, const Paths& paths) const;
     Outcome setAsideUnreadable(const Paths& paths);
     Outcome writeSidecar(const Paths& paths, const std::function<void(PropertyListSink&)>& content);
     Outcome fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content);

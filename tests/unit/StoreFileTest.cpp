@@ -422,4 +422,71 @@ TEST_F(StoreFileTest, everyStateOfStoreAndSidecar_endsAsTheRuleSays) {
     }
 }
 
+// A disk on which files of that ending are somebody else's.
+class StrangersDisk : public FileCalls {
+public:
+    explicit StrangersDisk(const char* ending)
+        : m_ending(ending) {}
+
+    int status(const char* path, struct stat& status) override {
+        const int result = FileCalls::status(path, status);
+        if (QByteArrayView(path).endsWith(m_ending))
+            status.st_uid += 1;
+        return result;
+    }
+
+private:
+    QByteArray m_ending;
+};
+
+TEST_F(StoreFileTest, aSidecarOfSomebodyElse_isNoInterruptedSave) {
+    StrangersDisk disk(".new");
+    for (const bool isThere : {true, false}) {
+        clear();
+        if (isThere)
+            put(m_path, bytesOf(1));
+        put(m_sidecar, bytesOf(2));
+        EXPECT_EQ(read(disk), isThere ? 1 : 0);
+        EXPECT_EQ(readPlainly(), isThere ? 1 : -1) << "the store stays as it is";
+        EXPECT_EQ(content(m_sidecar), bytesOf(2));
+        EXPECT_TRUE(m_log.mentions(QStringLiteral("none of ours")));
+    }
+}
+
+TEST_F(StoreFileTest, aSidecarThatIsALinkOrHasASecondName_isNoInterruptedSave) {
+    const QString other = m_folder.filePath(QStringLiteral("Other.tkd"));
+    for (const auto link : {::link, ::symlink}) {
+        clear();
+        put(m_path, bytesOf(1));
+        put(other, bytesOf(2));
+        ASSERT_EQ(link(QFile::encodeName(other).constData(), QFile::encodeName(m_sidecar).constData()), 0);
+        EXPECT_EQ(read(), 1);
+        ASSERT_TRUE(write(3));
+        EXPECT_EQ(read(), 3);
+        EXPECT_EQ(content(other), bytesOf(2));
+    }
+}
+
+TEST_F(StoreFileTest, whatSomebodyHasPutInTheWayOfASave_isNeverWrittenTo) {
+    const QString other = m_folder.filePath(QStringLiteral("Other.tkd"));
+    put(other, "mine");
+    const QString part = m_path + QStringLiteral(".part");
+    ASSERT_EQ(::link(QFile::encodeName(other).constData(), QFile::encodeName(part).constData()), 0);
+    EXPECT_TRUE(write(1));
+    EXPECT_EQ(content(other), "mine");
+    EXPECT_EQ(read(), 1);
+
+    // In a folder where nobody removes what is another's.
+    struct StickyDisk : FileCalls {
+        int remove(const char*) override {
+            errno = EPERM;
+            return -1;
+        }
+    } sticky;
+    put(part, "theirs");
+    EXPECT_FALSE(launch(sticky).write(m_path, save(2)));
+    EXPECT_EQ(content(part), "theirs");
+    EXPECT_EQ(readPlainly(), 1);
+}
+
 } // namespace
