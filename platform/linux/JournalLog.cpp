@@ -25,7 +25,24 @@ QByteArray journalEntry(const QByteArray& line) {
            '\n';
 }
 
-void writeLine(std::FILE* stream, const QByteArray& line) {
+// A terminal obeys control characters, and whoever names a file or a service may have put some into a line.
+QString forTerminal(const QString& line) {
+    QString shown;
+    shown.reserve(line.size());
+    for (const QChar character : line) {
+        const QChar::Category category = character.category();
+        if (character == u'\n')
+            shown += QLatin1String("\n  ");
+        else if (category == QChar::Other_Control || category == QChar::Other_Format)
+            shown += QChar::ReplacementCharacter;
+        else
+            shown += character;
+    }
+    return shown;
+}
+
+void writeLine(std::FILE* stream, const QString& text) {
+    const QByteArray line = forTerminal(text).toUtf8();
     std::fwrite(line.constData(), 1, line.size(), stream);
     std::fputc('\n', stream);
     std::fflush(stream);
@@ -56,11 +73,11 @@ void JournalLog::log(const QString& line) {
     if (!sendToJournal(bytes))
         syslog(LOG_INFO, "%s", bytes.constData());
     if (m_toStandardError)
-        writeLine(stderr, bytes);
+        writeLine(stderr, line);
 }
 
 void JournalLog::print(const QString& line) {
-    writeLine(stdout, line.toUtf8());
+    writeLine(stdout, line);
 }
 
 bool JournalLog::sendToJournal(const QByteArray& line) const {

@@ -21,6 +21,7 @@ public:
     JournalLog& operator=(const JournalLog&) = delete;
     ~JournalLog() override;
 
+    // To a terminal without what would command it, further lines with a margin.
     void log(const QString& line) override;
     void print(const QString& line) override;
 

@@ -75,6 +75,14 @@ TEST(JournalLog, standardError_getsTheLineOnlyWhenWanted) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "loud\n");
 }
 
+TEST(JournalLog, whatWouldCommandATerminal_isShownInstead) {
+    testing::internal::CaptureStderr();
+    JournalLog({QStringLiteral("/nowhere/journal"), true})
+        .log(QStringLiteral("\x1b]0;title\x07 \u009b2J\r\u202e ä\nforged: all is well"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "\uFFFD]0;title\uFFFD \uFFFD2J\uFFFD\uFFFD ä\n"
+                                                      "  forged: all is well\n");
+}
+
 TEST(JournalLog, withoutAJournal_standardErrorStillGetsTheLine) {
     testing::internal::CaptureStderr();
     JournalLog({QStringLiteral("/nowhere/journal"), true}).log(QStringLiteral("loud"));
