@@ -66,6 +66,11 @@ bool isUnseen(char32_t character) {
     }
 }
 
+// Dialogues that ask may take the path for markup, and then show another one.
+bool isMarkup(char32_t character) {
+    return character == U'<' || character == U'>' || character == U'&';
+}
+
 bool belongsTo(const struct stat& what, uid_t caller) {
     return what.st_uid == 0 || what.st_uid == caller;
 }
@@ -116,6 +121,9 @@ Outcome checkForm(const QString& path) {
     if (std::ranges::any_of(path.toUcs4(), isUnseen))
         return Failure{Failure::Kind::Refused,
                        QStringLiteral("the path holds characters that cannot be seen")};
+    if (std::ranges::any_of(path.toUcs4(), isMarkup))
+        return Failure{Failure::Kind::Refused,
+                       QStringLiteral("the path holds characters that a dialogue may take for markup")};
     for (const QString& part : path.mid(1).split(u'/'))
         if (part.isEmpty() || part == QLatin1String(".") || part == QLatin1String(".."))
             return refused(path, "not the shortest path");

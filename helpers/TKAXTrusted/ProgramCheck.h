@@ -13,5 +13,5 @@
 // and being gone through. The failure's text says what is wrong, for people.
 Outcome checkProgram(const QString& path, uid_t caller);
 
-// Whether a path is formed as above, whatever is there.
+// Whether a path is formed as above, and a dialogue shows it as it is, whatever is there.
 Outcome checkForm(const QString& path);

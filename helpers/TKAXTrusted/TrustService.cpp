@@ -88,8 +88,10 @@ void TrustService::identified(const QString& sender, const QDBusMessage& credent
         refuse(sender, kBusy, QStringLiteral("Answer the other requests first."));
         return;
     }
-    if (const Outcome checked = check(request); !checked) {
-        refuse(sender, kBadProgram, checked.failure().text);
+    // No more than the words themselves: what lies at the path, perhaps in a folder of root's, is nothing to be told to, or
+    // shown by the coming of a dialogue to, a caller whom nobody has allowed anything yet.
+    if (const Outcome formed = checkForm(request.program); !formed) {
+        refuse(sender, kBadProgram, formed.failure().text);
         return;
     }
     request.question =
@@ -111,7 +113,6 @@ void TrustService::judged(const QString& sender, PolkitAuthority::Verdict verdic
         refuse(sender, kNotAuthorized, QStringLiteral("This was not authorized."));
         return;
     }
-    // A person may have taken long enough for the file to be another one.
     if (const Outcome checked = check(request); !checked) {
         refuse(sender, kBadProgram, checked.failure().text);
         return;

@@ -4,6 +4,10 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace {
 
 // Many times what the most programs take.
@@ -14,32 +18,55 @@ constexpr qint64 kLongestFile = 1 << 20;
 TrustRecord::TrustRecord(const QString& folder)
     : m_path(folder + QStringLiteral("/trusted-programs")) {}
 
-QStringList TrustRecord::programs() const {
-    QFile file(m_path);
-    if (!file.open(QFile::ReadOnly) || file.size() > kLongestFile)
-        return {};
+Result<QStringList> TrustRecord::read() const {
+    const auto unreadable = [this](const QString& why) {
+        return Failure{Failure::Kind::Unreadable, m_path + QStringLiteral(": ") + why};
+    };
+    const int number =
+        ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (number < 0 && errno == ENOENT)
+        return QStringList();
+    QFile file;
+    if (number < 0 || !file.open(number, QFile::ReadOnly, QFile::AutoCloseHandle))
+        return unreadable(qt_error_string(errno));
+    struct stat status {};
+
+    if (::fstat(number, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kLongestFile)
+        return unreadable(QStringLiteral("not a record of programs"));
+    const QByteArray text = file.readAll();
+    if (file.error() != QFile::NoError)
+        return unreadable(file.errorString());
     QStringList found;
-    for (const QByteArray& line : file.readAll().split('\n'))
+    for (const QByteArray& line : text.split('\n'))
         if (line.startsWith('/'))
             found << QString::fromUtf8(line);
     return found;
 }
 
+QStringList TrustRecord::programs() const {
+    const auto all = read();
+    return all ? *all : QStringList();
+}
+
 Outcome TrustRecord::add(const QString& program) {
-    QStringList all = programs();
-    if (all.contains(program))
+    auto all = read();
+    if (!all)
+        return all.failure();
+    if (all->contains(program))
         return Done{};
-    if (all.size() >= kMostPrograms)
+    if (all->size() >= kMostPrograms)
         return Failure{Failure::Kind::Refused, QStringLiteral("too many programs are trusted already")};
-    return write(all << program);
+    return write(*all << program);
 }
 
 Outcome TrustRecord::remove(const QString& program) {
-    QStringList all = programs();
-    if (all.removeAll(program) == 0)
+    auto all = read();
+    if (!all)
+        return all.failure();
+    if ((*all).removeAll(program) == 0)
         return Done{};
-    if (!all.isEmpty())
-        return write(all);
+    if (!all->isEmpty())
+        return write(*all);
     QFile file(m_path);
     if (file.remove())
         return Done{};

@@ -22,12 +22,15 @@ public:
     QStringList programs() const;
     bool names(const QString& program) const { return programs().contains(program); }
 
-    // Each writes the file as a whole or not at all. To add what is named, and to remove what is not, succeeds.
+    // Each writes the file as a whole or not at all, and never over one that cannot be read. To add what is named, and to
+    // remove what is not, succeeds.
     Outcome add(const QString& program);
     // With the last program the file goes.
     Outcome remove(const QString& program);
 
 private:
+    // Empty when there is no file.
+    Result<QStringList> read() const;
     Outcome write(const QStringList& programs);
 
     QString m_path;

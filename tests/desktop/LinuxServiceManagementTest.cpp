@@ -175,4 +175,73 @@ TEST_F(LinuxServiceManagementTest, theInstallerOfTheProgram_installsAndRemovesWh
     EXPECT_EQ(files(), QStringList());
 }
 
+// The installer on a machine of its own.
+struct InstallHelperTest : testing::Test {
+    InstallHelperTest() {
+        for (const char* file :
+             {"libexec/ticklog/TKAXTrusted", "share/dbus-1/system.d/org.ticklog.TKAXTrusted.conf",
+              "share/polkit-1/actions/org.ticklog.TKAXTrusted.policy",
+              "lib/systemd/system/ticklog-trust.service",
+              "lib/systemd/user-environment-generators/60-ticklog",
+              "share/dbus-1/system-services/org.ticklog.TKAXTrusted.service"})
+            home.write(u"opt/"_s + QLatin1String(file), "new\n");
+        const QString installer = home.path() + u"/opt/libexec/ticklog/install-helper"_s;
+        EXPECT_TRUE(
+            QFile::copy(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/system/install-helper"), installer));
+        EXPECT_TRUE(QDir().mkpath(target));
+    }
+
+    int install(const QStringList& arguments = {}) {
+        QProcessEnvironment environment = home.environment();
+        environment.insert(u"DESTDIR"_s, root);
+        Program program(u"sh"_s,
+                        QStringList{home.path() + u"/opt/libexec/ticklog/install-helper"_s} + arguments,
+                        environment);
+        EXPECT_TRUE(program.waitUntilEnded());
+        return program.exitStatus().value_or(-1);
+    }
+
+    static void permit(const QString& path, mode_t mode) {
+        ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);
+    }
+
+    static QByteArray contentOf(const QString& path) {
+        QFile file(path);
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("none");
+    }
+
+    TemporaryHome home;
+    QString root = home.path() + u"/root"_s;
+    QString target = root + u"/usr/local/libexec/ticklog"_s;
+};
+
+TEST_F(InstallHelperTest, whatSomebodyHasPutInTheWay_isNeverWrittenThrough) {
+    home.write(u"victim"_s, "mine\n");
+    for (const char* name : {"TKAXTrusted.new", "TKAXTrusted"})
+        ASSERT_TRUE(QFile::link(home.path() + u"/victim"_s, target + u'/' + QLatin1String(name)));
+    EXPECT_EQ(install(), 0);
+    EXPECT_EQ(contentOf(home.path() + u"/victim"_s), "mine\n");
+    EXPECT_EQ(contentOf(target + u"/TKAXTrusted"_s), "new\n");
+    EXPECT_FALSE(QFileInfo(target + u"/TKAXTrusted"_s).isSymLink());
+    EXPECT_EQ(QDir(target).entryList(QDir::Files | QDir::Hidden),
+              (QStringList{u"TKAXTrusted"_s, u"TKAXTrusted.new"_s}))
+        << "nothing of ours stays behind";
+}
+
+TEST_F(InstallHelperTest, aFolderWhereOthersMayWrite_isNoPlaceForIt) {
+    for (const mode_t mode : {0777, 01777}) {
+        permit(target, mode);
+        EXPECT_NE(install(), 0);
+        EXPECT_NE(install({u"--remove"_s}), 0);
+    }
+    permit(target, 0755);
+    permit(root + u"/usr/local"_s, 0777);
+    EXPECT_NE(install(), 0) << "nor one below such a folder";
+    EXPECT_EQ(QDir(target).entryList(QDir::Files | QDir::Hidden), QStringList());
+    permit(root + u"/usr/local"_s, 01777);
+    EXPECT_EQ(install(), 0) << "where nobody exchanges what is another's";
+    EXPECT_EQ(install({u"--remove"_s}), 0);
+    EXPECT_FALSE(QFile::exists(target));
+}
+
 } // namespace

@@ -5,6 +5,7 @@
 #include "tests/desktop/harness/TemporaryHome.h"
 #include "tests/fakes/ManualRunLoop.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <climits>
@@ -54,6 +55,12 @@ TEST_F(ProgramCheckTest, aPathWithDetours_isNoProgram) {
                                            program() + u'/', folder() + u"/../bin/program"_s, u"/"_s})
         EXPECT_EQ(verdict(path), u"not the shortest path"_s) << qPrintable(path);
     EXPECT_EQ(verdict(u"/"_s + QString(PATH_MAX, u'x')), u"the path is too long"_s);
+}
+
+TEST_F(ProgramCheckTest, aPathThatADialogMightTakeForMarkup_isNoProgram) {
+    for (const QString& name : QStringList{u"<b>x</b>"_s, u"a>b"_s, u"a&lt;b"_s})
+        EXPECT_EQ(verdict(u"/usr/bin/"_s + name),
+                  u"the path holds characters that a dialogue may take for markup"_s);
 }
 
 TEST_F(ProgramCheckTest, aPathThatADialogWouldShowAsAnother_isNoProgram) {
@@ -162,6 +169,21 @@ TEST_F(TrustRecordTest, aFullRecord_takesNoMore) {
     EXPECT_TRUE(m_record.add(u"/bin/1"_s)) << "it is there";
     EXPECT_TRUE(m_record.remove(u"/bin/1"_s));
     EXPECT_TRUE(m_record.add(u"/bin/more"_s));
+}
+
+TEST_F(TrustRecordTest, aRecordThatCannotBeRead_isNotWrittenOver) {
+    const QString path = m_home.path() + u"/trusted-programs"_s;
+    m_home.write(u"elsewhere"_s, "/usr/bin/env\n");
+    ASSERT_TRUE(QFile::link(m_home.path() + u"/elsewhere"_s, path));
+    for (const bool isLink : {true, false}) {
+        if (!isLink) {
+            ASSERT_TRUE(QFile::remove(path) && QDir().mkdir(path));
+        }
+        EXPECT_EQ(m_record.programs(), QStringList());
+        EXPECT_FALSE(m_record.add(u"/usr/bin/true"_s));
+        EXPECT_FALSE(m_record.remove(u"/usr/bin/env"_s));
+        EXPECT_EQ(QFileInfo(path).isSymLink(), isLink);
+    }
 }
 
 TEST(TrustRecord, aFolderThatIsNotThere_isTold) {

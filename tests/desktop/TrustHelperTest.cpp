@@ -129,13 +129,39 @@ TEST_F(TrustHelperTest, withoutPolkit_nobodyIsAuthorized) {
     EXPECT_EQ(trusted(), QStringList());
 }
 
-TEST_F(TrustHelperTest, whatIsNoProgramToTrust_isRefusedBeforeAnybodyIsAsked) {
+TEST_F(TrustHelperTest, whatIsNoPathOfAProgram_isRefusedBeforeAnybodyIsAsked) {
     m_polkit.ask("allow");
     EXPECT_EQ(authorize(u"bin/program"_s), u"BadProgram: bin/program: not a full path"_s);
-    const QString missing = m_home.path() + u"/missing"_s;
-    EXPECT_EQ(authorize(missing), u"BadProgram: %1: No such file or directory"_s.arg(missing));
+    EXPECT_EQ(ask("Revoke", u"/bin/<b>true</b>"_s),
+              u"BadProgram: the path holds characters that a dialogue may take for markup"_s);
     EXPECT_EQ(m_polkit.ask("asked"), u"nothing"_s);
     EXPECT_EQ(trusted(), QStringList());
+}
+
+TEST_F(TrustHelperTest, whatIsNoProgramToTrust_isRefusedWhenSomebodyHasAgreed) {
+    m_polkit.ask("allow");
+    const QString missing = m_home.path() + u"/missing"_s;
+    EXPECT_EQ(authorize(missing), u"BadProgram: %1: No such file or directory"_s.arg(missing));
+    EXPECT_EQ(trusted(), QStringList());
+}
+
+TEST_F(TrustHelperTest, whoIsNotAuthorized_learnsNothingOfWhatLiesAtAPath) {
+    m_polkit.ask("deny");
+    m_home.write(u"bin/text"_s, "no program");
+    const QString folder = m_home.path() + u"/bin"_s;
+    for (const QString& path :
+         QStringList{program(), folder, folder + u"/text"_s, folder + u"/missing"_s, u"/missing/program"_s})
+        EXPECT_EQ(authorize(path), u"NotAuthorized: This was not authorized."_s) << qPrintable(path);
+}
+
+TEST_F(TrustHelperTest, aRecordThatCannotBeRead_isNotWrittenOver) {
+    m_polkit.ask("allow");
+    EXPECT_EQ(authorize(program()), u"done"_s);
+    QFile record(m_systemBus.recordFolder() + u"/trusted-programs"_s);
+    ASSERT_TRUE(record.resize(8 << 20));
+    EXPECT_TRUE(authorize(u"/usr/bin/env"_s).startsWith(u"Failed: "_s));
+    EXPECT_TRUE(ask("Revoke", program()).startsWith(u"Failed: "_s));
+    EXPECT_EQ(record.size(), 8 << 20);
 }
 
 TEST_F(TrustHelperTest, aProgramThatIsReplacedWhileAPersonIsAsked_isLookedAtAgain) {
