@@ -43,12 +43,12 @@ void AccountTrouble::end(Kind kind) {
 void AccountTrouble::acknowledge() {
     if (!canBeAcknowledged())
         return;
-    m_sentences.erase(m_sentences.lower_bound(Kind::StoreSetAside), m_sentences.end());
+    m_sentences.erase(m_sentences.lower_bound(Kind::StoreExposed), m_sentences.end());
     update();
 }
 
 bool AccountTrouble::canBeAcknowledged() const {
-    return m_sentences.lower_bound(Kind::StoreSetAside) != m_sentences.end();
+    return m_sentences.lower_bound(Kind::StoreExposed) != m_sentences.end();
 }
 
 void AccountTrouble::update() {

@@ -21,6 +21,7 @@ public:
         ProjectsUnwritten,
         SettingsUnwritten,
         // From here on it has happened, and goes when the user knows of it.
+        StoreExposed,
         StoreSetAside,
         ProjectsSetAside,
         SettingsSetAside,

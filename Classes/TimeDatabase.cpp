@@ -84,6 +84,18 @@ void TimeDatabase::setMainStoreURL(const QString& location) {
         return;
     m_mainStoreURL = location;
     m_defaults.setObject(kMainStorePath, location);
+    tellWhetherExposed(location);
+}
+
+void TimeDatabase::tellWhetherExposed(const QString& location) {
+    if (PrivateFiles::othersMayWrite(QFileInfo(location).absolutePath()))
+        m_services.trouble.tell(
+            Trouble::StoreExposed,
+            AccountTrouble::about(
+                localized("“%@” lies in a folder where others may write, and so may exchange it."),
+                location));
+    else
+        m_services.trouble.end(Trouble::StoreExposed);
 }
 
 Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& location) {
@@ -166,6 +178,7 @@ void TimeDatabase::loadMainStore() {
 
 // What holds no account that we understand must not be written over.
 bool TimeDatabase::loadOrSetAside(const QString& location) {
+    tellWhetherExposed(location);
     const auto loaded = load(location);
     if (loaded)
         return true;

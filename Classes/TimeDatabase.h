@@ -90,6 +90,7 @@ private:
     bool take(const PropertyListDictionary& entries);
     bool takeLegacy(const PropertyListDictionary& entries);
     bool loadOrSetAside(const QString& location);
+    void tellWhetherExposed(const QString& location);
     void mainStoreWritten(bool isWritten);
     Outcome backUpBeforeImport(const QString& location);
 

@@ -11,12 +11,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-AccountLock::AccountLock(const QString& folder) {
+AccountLock::AccountLock(const QString& folder, uid_t user) {
     // That it fails is noticed when the account is written.
     static_cast<void>(PrivateFiles::makeFolder(folder));
     const QByteArray path = QFile::encodeName(folder + QStringLiteral("/.lock"));
-    m_file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    m_isTaken = m_file >= 0 && ::flock(m_file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    m_file =
+        ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
+    struct stat status {};
+    const bool isOurs = m_file >= 0 && ::fstat(m_file, &status) == 0 && S_ISREG(status.st_mode) &&
+                        (status.st_uid == user || status.st_uid == 0);
+    m_isTaken = isOurs && ::flock(m_file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
 AccountLock::~AccountLock() {

@@ -3,12 +3,15 @@
 
 #include <QString>
 
+#include <sys/types.h>
+#include <unistd.h>
+
 // One writer for an account, whichever displays and sessions its user has: two would take turns at overwriting each
 // other's time. Held for as long as it lives, and no longer than the process.
 class AccountLock {
 public:
-    // `folder` is the application-support folder, which is made if it is missing.
-    explicit AccountLock(const QString& folder);
+    // `folder` is the application-support folder, which is made if it is missing. What others have put there is no lock.
+    explicit AccountLock(const QString& folder, uid_t user = ::geteuid());
     AccountLock(const AccountLock&) = delete;
     AccountLock& operator=(const AccountLock&) = delete;
     ~AccountLock();

@@ -11,6 +11,7 @@
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/foundation/LoginStart.h"
+#include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/Translations.h"
 #include "platform/linux/TerminationSignals.h"
 
@@ -106,6 +107,10 @@ int main(int argc, char** argv) {
     // What is written to a display that is gone fails, and is noticed there. The signal would end it without a save.
     std::signal(SIGPIPE, SIG_IGN);
     nameApplication();
+    if (!Folders::ensureHome()) {
+        std::fputs("Ticklog needs a home folder: neither HOME nor the password file names one.\n", stderr);
+        return EXIT_FAILURE;
+    }
     const CommandLine commandLine = CommandLine::parse(argc, argv);
     if (InstanceAddress::nameOfDisplay().isEmpty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         std::puts("Error accessing IOHIDSystem");
@@ -126,7 +131,12 @@ int main(int argc, char** argv) {
                    stderr);
         return EXIT_FAILURE;
     }
-    const AccountLock accountLock(Folders::forUser().applicationSupport);
+    const QString account = Folders::forUser().applicationSupport;
+    const AccountLock accountLock(account);
+    if (PrivateFiles::belongsToOthers(account)) {
+        std::fputs("Ticklog keeps no account in a folder that belongs to somebody else.\n", stderr);
+        return EXIT_FAILURE;
+    }
     if (!accountLock.isHeld()) {
         std::fputs("Ticklog is running already and keeps this account.\n", stderr);
         return EXIT_FAILURE;

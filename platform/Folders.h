@@ -12,6 +12,10 @@ struct Folders {
     // The user's documents.
     QString documents;
 
-    // From the environment and the XDG user directories.
+    // From the environment and the XDG user directories; below the home that the password file names where the environment
+    // has none. Empty where neither names one.
     static Folders forUser();
+    // Has this program and what it starts find that home in the environment. False if there is none: then there is no place
+    // for an account, and none is made where others could be before us.
+    static bool ensureHome();
 };

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <grp.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -27,6 +29,23 @@ int renameToNew(const char* from, const char* to) {
     if (result != 0 && errno == EINVAL)
         return ::link(from, to) == 0 ? ::unlink(from) : -1;
     return result;
+}
+
+bool isOfOthers(const struct stat& file, uid_t user) {
+    return file.st_uid != user && file.st_uid != 0;
+}
+
+// Many users have a group to themselves, named after them.
+bool isUsersOwnGroup(gid_t group, uid_t user) {
+    const passwd* person = ::getpwuid(user);
+    const QByteArray name = person && person->pw_gid == group ? person->pw_name : "";
+    const struct group* found = ::getgrgid(group);
+    return group == 0 || (found && !name.isEmpty() && name == found->gr_name);
+}
+
+bool mayBeWrittenByOthers(const struct stat& folder, uid_t user) {
+    return isOfOthers(folder, user) || (folder.st_mode & S_IWOTH) ||
+           ((folder.st_mode & S_IWGRP) && !isUsersOwnGroup(folder.st_gid, user));
 }
 
 } // namespace
@@ -65,6 +84,34 @@ Result<QString> setAside(const QString& path) {
             return systemFailure(path, errno);
     }
     return systemFailure(path, EEXIST);
+}
+
+bool belongsToOthers(const QString& folder, uid_t user) {
+    const QByteArray name = QFile::encodeName(folder);
+    struct stat link {};
+    struct stat file {};
+
+    return ::lstat(name.constData(), &link) == 0 &&
+           (isOfOthers(link, user) || (::stat(name.constData(), &file) == 0 && isOfOthers(file, user)));
+}
+
+bool othersMayWrite(const QString& folder, uid_t user) {
+    QString path = QFileInfo(folder).canonicalFilePath();
+    struct stat status {};
+
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return false;
+    if (mayBeWrittenByOthers(status, user))
+        return true;
+    while (path != QLatin1String("/")) {
+        path = QFileInfo(path).absolutePath();
+        if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+            return false;
+        // In a sticky folder nobody exchanges what is another's.
+        if (isOfOthers(status, user) || (mayBeWrittenByOthers(status, user) && !(status.st_mode & S_ISVTX)))
+            return true;
+    }
+    return false;
 }
 
 } // namespace PrivateFiles

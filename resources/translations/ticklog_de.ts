@@ -936,6 +936,10 @@
         <translation>Einfrieren</translation>
     </message>
     <message>
+        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <translation>„%@“ liegt in einem Ordner, in den andere schreiben dürfen. Sie könnten die Datei austauschen.</translation>
+    </message>
+    <message>
         <source>“%@” cannot be saved: its folder is missing.</source>
         <translation>„%@“ kann nicht gesichert werden: Der Ordner fehlt.</translation>
     </message>

@@ -936,6 +936,10 @@
         <translation>Congelar</translation>
     </message>
     <message>
+        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <translation>«%@» está en una carpeta en la que otros pueden escribir y, por tanto, cambiarlo.</translation>
+    </message>
+    <message>
         <source>“%@” cannot be saved: its folder is missing.</source>
         <translation>No se puede guardar «%@»: falta su carpeta.</translation>
     </message>

@@ -936,6 +936,10 @@
         <translation>Figer</translation>
     </message>
     <message>
+        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <translation>«&#xa0;%@&#xa0;» se trouve dans un dossier où d’autres peuvent écrire, et donc le remplacer.</translation>
+    </message>
+    <message>
         <source>“%@” cannot be saved: its folder is missing.</source>
         <translation>«&#xa0;%@&#xa0;» ne peut pas être enregistré&#xa0;: son dossier est introuvable.</translation>
     </message>

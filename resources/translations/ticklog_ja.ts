@@ -936,6 +936,10 @@
         <translation>凍結</translation>
     </message>
     <message>
+        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <translation>「%@」は他の人も書き込めるフォルダーにあるため、差し替えられる可能性があります。</translation>
+    </message>
+    <message>
         <source>“%@” cannot be saved: its folder is missing.</source>
         <translation>「%@」を保存できません。フォルダーがありません。</translation>
     </message>

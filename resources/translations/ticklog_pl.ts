@@ -936,6 +936,10 @@
         <translation>Zamroź</translation>
     </message>
     <message>
+        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <translation>„%@” leży w folderze, w którym inni mogą zapisywać, a więc mogą podmienić ten plik.</translation>
+    </message>
+    <message>
         <source>“%@” cannot be saved: its folder is missing.</source>
         <translation>Nie można zapisać „%@”: brak folderu.</translation>
     </message>

@@ -6,9 +6,12 @@
 #include "platform/linux/SandboxedProgram.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 
-#include <QDir>
+#include <QFile>
 
 #include <gtest/gtest.h>
+
+#include <pwd.h>
+#include <unistd.h>
 
 namespace {
 
@@ -46,11 +49,21 @@ TEST_F(UserFoldersTest, relativeBaseDirectories_countAsUnset) {
     EXPECT_EQ(Folders::forUser().applicationSupport, m_home.path() + QStringLiteral("/.local/share/Ticklog"));
 }
 
-TEST_F(UserFoldersTest, withoutAHome_theTemporaryFolderServes) {
-    qunsetenv("HOME");
-    const QString temporary = QDir::cleanPath(QDir::tempPath());
-    EXPECT_EQ(Folders::forUser().applicationSupport, temporary + QStringLiteral("/Ticklog"));
-    EXPECT_EQ(Folders::forUser().settingsFile, temporary + QStringLiteral("/org.ticklog.Ticklog.plist"));
+TEST_F(UserFoldersTest, withoutAHome_thePasswordFilesServes) {
+    const QString home = QFile::decodeName(::getpwuid(::getuid())->pw_dir);
+    for (const char* none : {"", "home", "./"}) {
+        qputenv("HOME", none);
+        EXPECT_EQ(Folders::forUser().applicationSupport, home + QStringLiteral("/.local/share/Ticklog"));
+        EXPECT_EQ(Folders::forUser().settingsFile,
+                  home + QStringLiteral("/.config/org.ticklog.Ticklog.plist"));
+        EXPECT_TRUE(Folders::ensureHome());
+        EXPECT_EQ(qEnvironmentVariable("HOME"), home);
+    }
+}
+
+TEST_F(UserFoldersTest, withAHome_itStaysAsItIs) {
+    EXPECT_TRUE(Folders::ensureHome());
+    EXPECT_EQ(qEnvironmentVariable("HOME"), m_home.path());
 }
 
 TEST(LinuxSandbox, flatpaksNote_tellsOfTheSandbox) {

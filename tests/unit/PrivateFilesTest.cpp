@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 class PrivateFilesTest : public testing::Test {
@@ -64,6 +67,53 @@ TEST_F(PrivateFilesTest, aFolder_isMadeForTheUserAloneWithAllAboveIt) {
 TEST_F(PrivateFilesTest, aFolderBelowAFile_cannotBeMade) {
     write("file", "x");
     EXPECT_EQ(PrivateFiles::makeFolder(path("file/b")).failure().kind, Failure::Kind::CannotWrite);
+}
+
+constexpr uid_t kNobody = 65534;
+
+// Of the folder, by somebody whose it is: the tester, or somebody else where the tester is root.
+uid_t ownerOf(const QString& folder) {
+    const QByteArray name = QFile::encodeName(folder);
+    if (::geteuid() == 0) {
+        EXPECT_EQ(::lchown(name.constData(), kNobody, kNobody), 0);
+    }
+    return ::geteuid() == 0 ? kNobody : ::geteuid();
+}
+
+TEST_F(PrivateFilesTest, aFolderOfSomebodyElse_isNoPlaceForAnAccount) {
+    const QString folder = path("theirs");
+    ASSERT_TRUE(PrivateFiles::makeFolder(folder));
+    const uid_t owner = ownerOf(folder);
+    EXPECT_FALSE(PrivateFiles::belongsToOthers(folder, owner));
+    EXPECT_TRUE(PrivateFiles::belongsToOthers(folder, owner + 1));
+    EXPECT_TRUE(PrivateFiles::othersMayWrite(folder, owner + 1));
+    EXPECT_FALSE(PrivateFiles::belongsToOthers(path("missing"), owner + 1));
+}
+
+TEST_F(PrivateFilesTest, aLinkOfSomebodyElse_isNoWayToAnAccount) {
+    ASSERT_TRUE(PrivateFiles::makeFolder(path("mine")));
+    ASSERT_EQ(::symlink("mine", QFile::encodeName(path("link")).constData()), 0);
+    const uid_t owner = ownerOf(path("link"));
+    EXPECT_TRUE(PrivateFiles::belongsToOthers(path("link"), owner + 1));
+}
+
+TEST_F(PrivateFilesTest, aFolderWhereOthersMayWrite_isFound) {
+    const QString folder = path("shared/account");
+    ASSERT_TRUE(PrivateFiles::makeFolder(folder));
+    const QByteArray inner = QFile::encodeName(folder);
+    const QByteArray outer = QFile::encodeName(path("shared"));
+    struct Row {
+        mode_t above;
+        mode_t folder;
+        bool isExposed;
+    };
+    for (const Row& row : {Row{0755, 0700, false}, Row{0755, 0755, false}, Row{0755, 0757, true},
+                           Row{0755, 01777, true}, Row{0777, 0700, true}, Row{01777, 0700, false}}) {
+        ASSERT_EQ(::chmod(outer.constData(), row.above), 0);
+        ASSERT_EQ(::chmod(inner.constData(), row.folder), 0);
+        EXPECT_EQ(PrivateFiles::othersMayWrite(folder), row.isExposed)
+            << std::oct << row.above << ' ' << row.folder;
+    }
 }
 
 } // namespace

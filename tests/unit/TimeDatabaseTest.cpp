@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace {
 
 using TimeDatabaseTest = DatabaseTest;
@@ -409,6 +411,26 @@ TEST_F(TimeDatabaseTest, aMainStoreThatCannotBeWritten_isToldAndTriedAgainUntilI
 
 TEST_F(TimeDatabaseTest, aCopyThatCannotBeWritten_isNoTroubleOfTheAccount) {
     EXPECT_FALSE(database.saveSettingsToDiskAtURL(fakes.home.filePath(QStringLiteral("no/such/copy.tkd"))));
+    EXPECT_EQ(engine.trouble().text(), QString());
+}
+
+TEST_F(TimeDatabaseTest, aStoreWhereOthersMayWrite_isToldToTheUser) {
+    const QString shared = fakes.home.filePath(QStringLiteral("shared"));
+    ASSERT_TRUE(QDir().mkdir(shared));
+    ASSERT_EQ(::chmod(QFile::encodeName(shared).constData(), 01777), 0);
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    EXPECT_EQ(engine.trouble().text(), QString());
+    ASSERT_TRUE(database.chooseDatabaseLocation(shared + QStringLiteral("/Times.tkd")));
+    const QString told =
+        QStringLiteral("“Times.tkd” lies in a folder where others may write, and so may exchange it.");
+    EXPECT_EQ(engine.trouble().text(), told);
+    EXPECT_TRUE(engine.trouble().canBeAcknowledged());
+    engine.trouble().acknowledge();
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    EXPECT_EQ(engine.trouble().text(), QString()) << "who knows it is not told again";
+    database.loadMainStore();
+    EXPECT_EQ(engine.trouble().text(), told);
+    database.restoreDefaultDatabaseLocation();
     EXPECT_EQ(engine.trouble().text(), QString());
 }
 
