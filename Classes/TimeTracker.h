@@ -221,8 +221,9 @@ private:
     FrozenIdentities unbranchWindow(TimeStoreWindow& window, TimeStoreApp& app, FrozenTimer& frozen);
     FrozenIdentities unbranchApplication(const std::shared_ptr<TimeStoreApp>& app, FrozenTimer& frozen);
     static void nameAgain(TimeStoreNode& node, const FrozenTimer& frozen);
-    void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities,
-                          FrozenIdentities& joined) const;
+    static void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities,
+                                 FrozenIdentities& joined);
+    void enterNamesAgain(const FrozenIdentities& joined) const;
     void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void forgetName(const TimeStoreApp& app);
     std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;

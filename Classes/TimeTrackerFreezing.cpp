@@ -135,6 +135,7 @@ bool TimeTracker::unbranchNode(FrozenTimer& frozen) {
     }
     if (!joined)
         return false;
+    enterNamesAgain(*joined);
     m_services.store.notifications.post(kTicklogUnbranchNodeNotification, *std::move(joined));
     // What was found may be timers that are no more.
     reloadSearchFiltering();
@@ -187,13 +188,33 @@ void TimeTracker::nameAgain(TimeStoreNode& node, const FrozenTimer& frozen) {
 }
 
 void TimeTracker::takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities,
-                                   FrozenIdentities& joined) const {
+                                   FrozenIdentities& joined) {
     if (!identities.before)
         return;
     node.setUuid(identities.before);
     joined.emplace(identities.after, *identities.before);
-    if (!node.branched())
-        m_services.store.registry.setUUID(*identities.before, node.registryKey(node.name()));
+}
+
+// A title may stand for another application's window, whose it stays.
+void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
+    TKUUIDManager& registry = m_services.store.registry;
+    std::unordered_set<Identity> kept;
+    for (const auto& [gone, identity] : joined)
+        kept.insert(identity);
+    const auto enter = [&](const TimeStoreNode& node) {
+        if (node.branched() || !node.uuid() || !kept.contains(*node.uuid()))
+            return;
+        const QString key = node.registryKey(node.name());
+        const auto known = registry.knownUUID(key);
+        if (node.isApp() || (known && joined.contains(*known)))
+            registry.setUUID(*node.uuid(), key);
+    };
+    for (const auto& app : m_timeSet) {
+        enter(*app);
+        for (const auto& window : app->windows())
+            enter(*window);
+        app->enterInRegistry(&kept);
+    }
 }
 
 // `other` is in the tree no more.

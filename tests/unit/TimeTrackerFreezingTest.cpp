@@ -99,6 +99,19 @@ TEST_F(TimeTrackerFreezingTest, theRegistry_knowsTheNamesByTheirFirstIdentitiesA
     EXPECT_EQ(m_day.registry.uuidForName(u"TimeStoreWindowInbox"_s), inbox);
 }
 
+TEST_F(TimeTrackerFreezingTest, aTitleOfAnotherApplicationToo_staysTheOthersInTheRegistry) {
+    m_day.front("Web", "Inbox");
+    m_day.seconds(1);
+    const Identity shared = m_day.registry.uuidForName(u"TimeStoreWindowInbox"_s);
+    m_day.registry.setUUID(Identity::brandNew(), u"TimeStoreWindowInbox"_s);
+    const Identity others = m_day.registry.uuidForName(u"TimeStoreWindowInbox"_s);
+    m_list.addNewProjectWithItems({others});
+    FrozenTimer frozen = freeze("Mail");
+    m_tracker.unbranchNode(frozen);
+    EXPECT_EQ(m_day.registry.uuidForName(u"TimeStoreWindowInbox"_s), others);
+    EXPECT_EQ(uuid("Mail", "Inbox"), shared);
+}
+
 TEST_F(TimeTrackerFreezingTest, projects_pointAtTheFirstTimersAgain) {
     const auto work = m_list.addNewProjectWithItems({uuid("Mail"), uuid("Mail", "Inbox")});
     m_list.expandUUID(*work, uuid("Mail"), false);
