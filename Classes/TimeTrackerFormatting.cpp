@@ -9,6 +9,11 @@
 
 namespace {
 
+// Cut off. A file may hold any time, also one that no integer can tell.
+qint64 wholeNumber(double number) {
+    return PropertyListValue(number).toInteger();
+}
+
 QString counted(const char* key, qint64 count) {
     return localized(key).replace(QLatin1String("%ld"), QString::number(count));
 }
@@ -45,11 +50,11 @@ QString TimeTracker::timeStringForDouble(Seconds seconds) {
 QString TimeTracker::humanTimeStringForDouble(Seconds seconds) const {
     const bool includesSeconds = m_services.defaults.boolForKey(kIncludeSecondsWhenCopyingTime);
     const double whole = std::floor(seconds);
-    const auto hours = qint64(std::floor(whole / 3600));
+    const auto hours = wholeNumber(std::floor(whole / 3600));
     // Rounded before the hours are taken off, so that 59.5 minutes become 60 and then none: nothing carries.
     const float allMinutes = includesSeconds ? float(std::floor(whole / 60)) : std::round(float(whole / 60));
-    const auto minutes = qint64(std::fmod(allMinutes, 60.0F));
-    const auto rest = qint64(std::fmod(whole, 60));
+    const auto minutes = wholeNumber(std::fmod(allMinutes, 60.0F));
+    const auto rest = wholeNumber(std::fmod(whole, 60));
     QStringList parts;
     if (hours != 0)
         parts << counted(hourKey(hours), hours);

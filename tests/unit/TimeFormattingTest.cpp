@@ -56,6 +56,17 @@ TEST_F(HumanTimeTest, withoutSeconds_roundsTheMinutes) {
     EXPECT_EQ(human(360000), "100 hours");
 }
 
+TEST_F(HumanTimeTest, aTimeThatNoIntegerHolds_isTheLargestOne) {
+    EXPECT_EQ(human(9e22).substr(0, 25), "9223372036854775807 hours");
+    EXPECT_EQ(human(-9e22).substr(0, 26), "-9223372036854775808 hours");
+}
+
+TEST_F(HumanTimeTest, aTimeThatIsNoNumber_isNone) {
+    EXPECT_EQ(human(std::numeric_limits<double>::infinity()), human(0));
+    includeSeconds();
+    EXPECT_EQ(human(std::numeric_limits<double>::quiet_NaN()), human(0));
+}
+
 TEST_F(HumanTimeTest, aMinuteCountThatRoundsToSixty_isNoneAndCarriesNothing) {
     EXPECT_EQ(human(3569), "59 minutes");
     EXPECT_EQ(human(3570), "30 seconds");
