@@ -13,8 +13,22 @@ QByteArray timerPasteboardData(const std::vector<Identity>& timers) {
     return PropertyList::binary(std::move(list));
 }
 
+namespace {
+
+// The most timers that an account has take a third of it.
+constexpr qsizetype kMostBytes = 16 * 1024 * 1024;
+
+// What another program has put there.
+Result<PropertyListValue> readPasteboard(const QByteArray& bytes) {
+    if (bytes.size() > kMostBytes)
+        return Failure{Failure::Kind::Refused, QStringLiteral("too much on the pasteboard")};
+    return PropertyList::read(bytes);
+}
+
+} // namespace
+
 std::optional<std::vector<Identity>> timersFromPasteboard(const QByteArray& bytes) {
-    const auto value = PropertyList::read(bytes);
+    const auto value = readPasteboard(bytes);
     const PropertyListArray* list = value ? value->asArray() : nullptr;
     if (!list)
         return std::nullopt;
@@ -31,7 +45,7 @@ QByteArray projectPasteboardData(int row) {
 }
 
 std::optional<int> projectRowFromPasteboard(const QByteArray& bytes) {
-    const auto value = PropertyList::read(bytes);
+    const auto value = readPasteboard(bytes);
     const auto row = value ? value->asInteger() : std::nullopt;
     if (!row || *row < 0 || *row > std::numeric_limits<int>::max())
         return std::nullopt;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/ProjectRecord.h"
 
+#include "platform/foundation/CleanText.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -69,6 +71,13 @@ bool prune(PropertyListArray& list, IsUnwanted&& isUnwanted) {
 }
 
 } // namespace
+
+ProjectRecord::ProjectRecord(PropertyListDictionary entries)
+    : m_entries(std::move(entries)) {
+    if (const QString* label = m_entries.value(kProjectLabel).asString())
+        if (const QString clean = cleanText(*label); clean != *label)
+            m_entries.insert(kProjectLabel, clean);
+}
 
 void ProjectRecord::setLabel(const QString& label) {
     m_entries.insert(kProjectLabel, label);

@@ -21,8 +21,8 @@ inline const QString kProjectUUID = QStringLiteral("UUID");
 class ProjectRecord {
 public:
     ProjectRecord() = default;
-    explicit ProjectRecord(PropertyListDictionary entries)
-        : m_entries(std::move(entries)) {}
+    // From a file, say: the label becomes what cleanText() leaves of it.
+    explicit ProjectRecord(PropertyListDictionary entries);
 
     const PropertyListDictionary& entries() const { return m_entries; }
 

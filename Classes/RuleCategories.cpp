@@ -1,8 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/RuleCategories.h"
 
+namespace {
+
+// A settings file has room for millions of commas, and each category costs 200 bytes. Nobody types as many.
+constexpr int kMostTokens = 100'000;
+
+} // namespace
+
 void RuleCategories::read(const PropertyListValue& ruleset) {
     m_categories.clear();
+    int tokens = 0;
     const PropertyListDictionary* rules = ruleset.asDictionary();
     if (!rules)
         return;
@@ -10,9 +18,13 @@ void RuleCategories::read(const PropertyListValue& ruleset) {
         const PropertyListDictionary* record = value.asDictionary();
         if (!record)
             continue;
-        for (const QString& token : record->value(kRuleCategories).toString().split(u',', Qt::SkipEmptyParts))
-            if (const QString category = token.trimmed(); !category.isEmpty())
+        const QString text = record->value(kRuleCategories).toString();
+        for (const QStringView token : QStringView(text).split(u',', Qt::SkipEmptyParts)) {
+            if (++tokens > kMostTokens)
+                return;
+            if (const QString category = token.trimmed().toString(); !category.isEmpty())
                 m_categories[category].insert(ruleName);
+        }
     }
 }
 

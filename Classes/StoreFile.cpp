@@ -180,7 +180,11 @@ Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(Propert
     if (!part)
         return systemFailure(paths.part, errno);
     int error = 0;
+    qint64 size = 0;
     PropertyListXmlWriter writer([&](const char* bytes, std::size_t count) {
+        size += qint64(count);
+        if (error == 0 && size > m_sizeLimit)
+            error = EFBIG;
         const auto step = [&](std::size_t done) {
             return m_calls.write(part.descriptor(), bytes + done, count - done);
         };

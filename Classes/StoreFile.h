@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/FileCalls.h"
+#include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListWriter.h"
 #include "platform/foundation/Result.h"
 #include "platform/foundation/SystemLog.h"
@@ -19,10 +20,12 @@
 // what comes of it. Main thread only.
 class StoreFile {
 public:
-    // Both must outlive the store.
-    explicit StoreFile(SystemLog& log, FileCalls& calls = FileCalls::system())
+    // Both must outlive the store. What would be larger than `sizeLimit` is not written: nobody could read it again.
+    explicit StoreFile(SystemLog& log, FileCalls& calls = FileCalls::system(),
+                       qint64 sizeLimit = PropertyList::kSizeLimit)
         : m_log(log)
-        , m_calls(calls) {}
+        , m_calls(calls)
+        , m_sizeLimit(sizeLimit) {}
 
     // Replaces the content by what `content` sends to the sink. After a failure the next read() finds the
     // last content that was written whole, or this one. A store that read() could not read is set aside
@@ -55,6 +58,7 @@ private:
 
     SystemLog& m_log;
     FileCalls& m_calls;
+    const qint64 m_sizeLimit;
     // Stores that are there and could not be read.
     QSet<QString> m_unreadable;
 };

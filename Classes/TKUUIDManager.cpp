@@ -1,8 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/TKUUIDManager.h"
 
+#include "platform/foundation/CleanText.h"
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
+
+namespace {
+
+// The name of a class, and of a window and its application: no timer has a longer one.
+constexpr qsizetype kLongestKey = 32 + 2 * kLongestText;
+
+} // namespace
 
 TKUUIDManager::TKUUIDManager(QString path, RunLoop& runLoop, SystemLog& log)
     : m_path(std::move(path))
@@ -89,7 +97,8 @@ void TKUUIDManager::load() {
     m_namesToUUIDs.reserve(qsizetype(entries->size()));
     for (const auto& [key, value] : *entries) {
         const QByteArray* bytes = value.asData();
-        if (const auto identity = bytes ? Identity::fromBytes(*bytes) : std::nullopt)
+        if (const auto identity = bytes ? Identity::fromBytes(*bytes) : std::nullopt;
+            identity && key.size() <= kLongestKey)
             m_namesToUUIDs.insert(key, *identity);
         else
             ++damaged;

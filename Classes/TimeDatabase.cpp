@@ -7,6 +7,7 @@
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
 #include "Classes/WholeFile.h"
+#include "platform/foundation/CleanText.h"
 #include "platform/foundation/LocalizedStrings.h"
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
@@ -46,6 +47,31 @@ QString besideStore(const QString& store, const QString& what) {
     return store.chopped(ending.size()) + QStringLiteral(" - ") + what + ending;
 }
 
+std::size_t timersIn(const PropertyListDictionary& entries) {
+    const PropertyListArray* apps = entries.value(kDatabaseApps).asArray();
+    if (!apps)
+        return entries.size();
+    std::size_t count = 0;
+    for (const PropertyListValue& value : *apps) {
+        const PropertyListDictionary* entry = value.asDictionary();
+        const PropertyListArray* windows = entry ? entry->value(kEntryWindows).asArray() : nullptr;
+        count += 1 + (windows ? windows->size() : 0);
+    }
+    return count;
+}
+
+std::size_t timersIn(const TimeTracker& tracker) {
+    std::size_t count = 0;
+    for (const auto& app : tracker.fullTimeSet())
+        count += 1 + app->windowCount();
+    return count;
+}
+
+QString tooManyTimers(std::size_t most) {
+    return localized("There are more timers than one database can hold: %@ at the most.")
+        .replace(QLatin1String("%@"), QString::number(most));
+}
+
 // Tells one content of a file from a later one.
 QString stateOf(const QString& path) {
     struct stat status {};
@@ -61,11 +87,12 @@ QString stateOf(const QString& path) {
 } // namespace
 
 TimeDatabase::TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
-                           const Folders& folders, Hooks hooks)
+                           const Folders& folders, Hooks hooks, std::size_t mostTimers)
     : m_tracker(tracker)
     , m_services(services)
     , m_defaults(defaults)
     , m_hooks(std::move(hooks))
+    , m_mostTimers(mostTimers)
     , m_store(std::make_unique<StoreFile>(services.log))
     , m_applicationSupportFolder(folders.applicationSupport)
     , m_mainStoreURL(defaultMainStoreURL()) {
@@ -113,7 +140,10 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
         sink.date(m_tracker.lastResetDate());
         sink.endDictionary();
     };
-    const Outcome outcome = m_store->write(location.value_or(m_mainStoreURL), writeContent);
+    // Nobody could read it again: what was written before them stays.
+    const Outcome outcome = timersIn(m_tracker) > m_mostTimers
+                                ? Failure{Failure::Kind::Refused, tooManyTimers(m_mostTimers)}
+                                : m_store->write(location.value_or(m_mainStoreURL), writeContent);
     if (!outcome)
         m_services.log.log(QStringLiteral("The database could not be written: ") + outcome.failure().text);
     if (!location)
@@ -142,18 +172,24 @@ void TimeDatabase::mainStoreWritten(bool isWritten) {
 }
 
 std::optional<PropertyListDictionary> TimeDatabase::loadDictionaryFromURL(const QString& location) {
-    const auto loaded = load(location);
+    const auto loaded = load(location, read(location));
     return loaded ? std::optional(*loaded) : std::nullopt;
 }
 
-Result<PropertyListDictionary> TimeDatabase::load(const QString& location) {
-    const auto file = location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location);
+Result<PropertyListValue> TimeDatabase::read(const QString& location) {
+    return location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location);
+}
+
+Result<PropertyListDictionary> TimeDatabase::load(const QString& location,
+                                                  const Result<PropertyListValue>& file) {
     const PropertyListDictionary* entries = file ? file->asDictionary() : nullptr;
-    if (entries && take(*entries))
+    const bool isTooLarge = entries && timersIn(*entries) > m_mostTimers;
+    if (entries && !isTooLarge && take(*entries))
         return *entries;
     const Failure failure =
-        file ? Failure{Failure::Kind::Damaged, QStringLiteral("%1: holds no account").arg(location)}
-             : file.failure();
+        isTooLarge ? Failure{Failure::Kind::Refused, tooManyTimers(m_mostTimers)}
+        : file     ? Failure{Failure::Kind::Damaged, QStringLiteral("%1: holds no account").arg(location)}
+                   : file.failure();
     if (failure.kind != Failure::Kind::NotFound)
         m_services.log.log(QStringLiteral("A database could not be read: ") + failure.text);
     return failure;
@@ -179,7 +215,7 @@ void TimeDatabase::loadMainStore() {
 // What holds no account that we understand must not be written over.
 bool TimeDatabase::loadOrSetAside(const QString& location) {
     tellWhetherExposed(location);
-    const auto loaded = load(location);
+    const auto loaded = load(location, read(location));
     if (loaded)
         return true;
     m_store->refuse(location);
@@ -286,7 +322,7 @@ bool TimeDatabase::takeLegacy(const PropertyListDictionary& entries) {
     for (const auto& [name, seconds] : entries) {
         if (name == kDatabaseApps && seconds.asArray())
             return false;
-        m_tracker.addWindowWithName(name, seconds);
+        m_tracker.addWindowWithName(cleanText(name), seconds);
     }
     return true;
 }
@@ -319,13 +355,17 @@ void TimeDatabase::restoreDefaultDatabaseLocation() {
 }
 
 Outcome TimeDatabase::importDatabase(const QString& location) {
+    return importDatabase(location, PropertyList::readFile(location));
+}
+
+Outcome TimeDatabase::importDatabase(const QString& location, const Result<PropertyListValue>& file) {
     if (const Outcome backup = backUpBeforeImport(location); !backup) {
         m_services.log.log(QStringLiteral("Nothing was imported, for want of a backup: ") +
                            backup.failure().text);
         return Failure{backup.failure().kind, localized("No backup could be made, so nothing was changed.") +
                                                   u'\n' + backup.failure().text};
     }
-    const Result<PropertyListDictionary> imported = load(location);
+    const auto imported = load(location, location == m_mainStoreURL ? m_store->read(location) : file);
     if (!imported)
         return imported.failure();
     if (imported->contains(kDatabaseProjects) && m_hooks.setProjects)

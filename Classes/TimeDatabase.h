@@ -25,6 +25,10 @@ inline const QString kDatabaseApps = QStringLiteral("Apps");
 inline const QString kDatabaseProjects = QStringLiteral("Projects");
 inline const QString kDatabaseLastResetDate = QStringLiteral("LastResetDate");
 
+// The most timers that are taken from a file, or written into one: half a million windows, seen over years, need 600 MB of
+// memory while they are read.
+inline constexpr std::size_t kMostTimers = 500'000;
+
 // Database files carry this extension.
 inline const QString kDatabaseExtension = QStringLiteral("tkd");
 
@@ -49,7 +53,7 @@ public:
 
     // Makes the application-support folder if it is missing. Everything must outlive the database.
     TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
-                 const Folders& folders, Hooks hooks);
+                 const Folders& folders, Hooks hooks, std::size_t mostTimers = kMostTimers);
     ~TimeDatabase() override;
 
     const QString& applicationSupportFolder() const { return m_applicationSupportFolder; }
@@ -79,6 +83,8 @@ public:
     // Replaces all timers, and the projects if there are any, by those of a file, after a backup of what there is. A backup
     // that cannot be made stops it.
     Outcome importDatabase(const QString& location);
+    // The same, of what has been read from there already.
+    Outcome importDatabase(const QString& location, const Result<PropertyListValue>& file);
     // Where the backup of the next import goes: "Primary Database - Import Backup.tkd" beside the main store, or with a number
     // where that is taken.
     QString importBackupURL() const;
@@ -86,7 +92,8 @@ public:
     QVariant valueForKey(ObservedKey key) const override;
 
 private:
-    Result<PropertyListDictionary> load(const QString& location);
+    Result<PropertyListValue> read(const QString& location);
+    Result<PropertyListDictionary> load(const QString& location, const Result<PropertyListValue>& file);
     bool take(const PropertyListDictionary& entries);
     bool takeLegacy(const PropertyListDictionary& entries);
     bool loadOrSetAside(const QString& location);
@@ -106,6 +113,7 @@ private:
     TimeStoreServices& m_services;
     UserDefaults& m_defaults;
     Hooks m_hooks;
+    const std::size_t m_mostTimers;
     std::unique_ptr<StoreFile> m_store;
     QString m_applicationSupportFolder;
     QString m_mainStoreURL;

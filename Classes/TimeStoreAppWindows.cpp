@@ -2,6 +2,7 @@
 // What becomes of an application's windows that meet under one name or one identity.
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeStoreApp.h"
+#include "platform/foundation/CleanText.h"
 
 #include <algorithm>
 
@@ -48,7 +49,7 @@ void TimeStoreApp::enterInRegistry(const std::unordered_set<Identity>* identitie
 }
 
 void TimeStoreApp::addChildFromDictionary(const PropertyListDictionary& record) {
-    const QString name = record.value(kRecordName).toString();
+    const QString name = cleanText(record.value(kRecordName).toString());
     if (record.isEmpty() || name.isEmpty())
         return;
     auto window = std::make_shared<TimeStoreWindow>(services(), record, keyOf(name));

@@ -5,6 +5,7 @@
 #include "Classes/TimeStorePruneProxy.h"
 #include "Classes/TimeTracker.h"
 #include "platform/foundation/Assertions.h"
+#include "platform/foundation/CleanText.h"
 
 namespace {
 
@@ -42,14 +43,16 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const Prope
                     services.registry.uuidForName(classNameOf(kind) + name.toString())) {}
 
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record)
-    : TimeStoreNode(services, kind, record, classNameOf(kind) + record.value(kRecordName).toString()) {}
+    : TimeStoreNode(services, kind, record,
+                    classNameOf(kind) + cleanText(record.value(kRecordName).toString())) {}
 
+// Files come from anywhere: a name in them is no better than a window's title.
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record,
                              const QString& key)
-    : TimeStoreNode(services, kind, record.value(kRecordName), record.value(kRecordActiveTime),
-                    identityOf(record, key, services)) {
+    : TimeStoreNode(services, kind, cleanText(record.value(kRecordName).toString()),
+                    record.value(kRecordActiveTime), identityOf(record, key, services)) {
     if (const QString* renamed = record.value(kRecordRenamedName).asString())
-        m_renamedNameStorage = nonNull(*renamed);
+        m_renamedNameStorage = nonNull(cleanText(*renamed));
     m_branched = record.value(kRecordBranched).toBool();
 }
 

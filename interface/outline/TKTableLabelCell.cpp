@@ -3,6 +3,7 @@
 
 #include "interface/labels/ColorDot.h"
 #include "interface/labels/TKLabelColorList.h"
+#include "interface/outline/CutToWidth.h"
 #include "interface/shell/Images.h"
 
 #include <QFontMetricsF>
@@ -89,7 +90,8 @@ void drawText(QPainter& painter, const QRectF& rect, const TKTableLabelCell::Tex
     const QRectF inner = rect.adjusted(kTextInset, 0, -kTextInset, 0);
     if (inner.width() <= 0)
         return;
-    const QString shown = metrics.elidedText(text.text, Qt::ElideMiddle, inner.width());
+    const QString shown =
+        metrics.elidedText(cutToWidth(text.text, inner.width()), Qt::ElideMiddle, inner.width());
     const int dimmedLength =
         text.dimmedLength > 0 ? dimmedLengthOfElided(shown, text.text, text.dimmedLength) : 0;
     painter.setFont(text.font);

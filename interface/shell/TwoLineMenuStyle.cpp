@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/TwoLineMenuStyle.h"
 
+#include "interface/outline/CutToWidth.h"
 #include "interface/shell/TimerMenuItem.h"
 
 #include <QApplication>
@@ -45,7 +46,7 @@ QFont smaller(QFont font) {
 
 void drawName(QPainter& painter, const QRect& rect, const QString& name, qsizetype dimmedLength) {
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString shown = metrics.elidedText(name, Qt::ElideRight, rect.width());
+    const QString shown = metrics.elidedText(cutToWidth(name, rect.width()), Qt::ElideRight, rect.width());
     const QString own = shown.left(name.size() - dimmedLength);
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, own);
     painter.setOpacity(kDimmed);
@@ -66,8 +67,9 @@ QSize TwoLineMenuStyle::sizeFromContents(ContentsType type, const QStyleOption* 
         return QProxyStyle::sizeFromContents(type, option, size, widget);
     const QFontMetrics name(bold(item->font));
     const QFontMetrics time(smaller(item->font));
-    const int width = std::max(std::min(kWidestName, name.horizontalAdvance(line(*item, 0)) + 1),
-                               time.horizontalAdvance(line(*item, 1)) + 1);
+    const int width =
+        std::max(std::min(kWidestName, name.horizontalAdvance(cutToWidth(line(*item, 0), kWidestName)) + 1),
+                 time.horizontalAdvance(line(*item, 1)) + 1);
     return {kLeftMargin + width + kRightMargin, name.height() + time.height() + 2 * kAir};
 }
 

@@ -71,7 +71,8 @@ void PropertyListBinaryReader::readTrailer() {
             u"the table of objects lies outside of the file");
     require(count >= 1 && count <= (trailer - m_tableOffset) / m_offsetSize, trailer,
             u"more objects than the file can hold");
-    require(count <= m_budget / sizeof(Object), trailer, u"too many objects");
+    require(count <= m_budget / sizeof(Object) && count <= PropertyList::kValueLimit, trailer,
+            u"too many objects");
     m_objects.resize(count);
 }
 

@@ -97,6 +97,7 @@ PropertyListValue PropertyListBuilder::take() {
 }
 
 void PropertyListBuilder::put(PropertyListValue value) {
+    ++m_count;
     if (m_levels.empty())
         m_result = std::move(value);
     else if (m_levels.back().isDictionary)

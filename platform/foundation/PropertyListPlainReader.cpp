@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/PropertyListPlainReader.h"
 
-#include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListXml.h"
 
 #include <QStringDecoder>
@@ -73,9 +72,10 @@ bool unescape(QByteArrayView bytes, QByteArray& out) {
 
 } // namespace
 
-PropertyListPlainReader::PropertyListPlainReader(QByteArrayView bytes)
+PropertyListPlainReader::PropertyListPlainReader(QByteArrayView bytes, std::size_t mostValues)
     : m_at(bytes.data())
-    , m_end(bytes.data() + bytes.size()) {}
+    , m_end(bytes.data() + bytes.size())
+    , m_mostValues(mostValues) {}
 
 std::optional<PropertyListValue> PropertyListPlainReader::read() {
     if (!QByteArrayView(m_at, m_end).startsWith(PropertyListXml::kHead))
@@ -94,7 +94,7 @@ bool PropertyListPlainReader::readElements() {
             return false;
         if (next->name == "/plist")
             return !next->isEmpty && isAtEnd();
-        if (!element(*next))
+        if (!element(*next) || m_builder.count() > m_mostValues)
             return false;
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListWriter.h"
 
 #include <QByteArrayView>
@@ -15,7 +16,8 @@
 class PropertyListPlainReader {
 public:
     // `bytes` must outlive the reader.
-    explicit PropertyListPlainReader(QByteArrayView bytes);
+    explicit PropertyListPlainReader(QByteArrayView bytes,
+                                     std::size_t mostValues = PropertyList::kValueLimit);
 
     // What PropertyListXmlReader makes of the same bytes; absent when only that one can tell.
     std::optional<PropertyListValue> read();
@@ -55,6 +57,7 @@ private:
 
     const char* m_at;
     const char* const m_end;
+    const std::size_t m_mostValues;
     PropertyListBuilder m_builder;
     std::vector<Level> m_levels;
     bool m_hasValue = false;

@@ -49,6 +49,8 @@ public:
 
     // What was built; absent until the outermost piece has ended.
     PropertyListValue take();
+    // How many values that is so far, those within others included.
+    std::size_t count() const { return m_count; }
 
 private:
     struct Level {
@@ -62,6 +64,7 @@ private:
 
     std::vector<Level> m_levels;
     PropertyListValue m_result;
+    std::size_t m_count = 0;
 };
 
 // Writes the XML form as UTF-8, handing on full chunks as it goes, so that a large list needs little memory.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/PropertyListXmlReader.h"
 
-#include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListXml.h"
 
 #include <QStringDecoder>
@@ -112,9 +111,10 @@ QByteArray narrowed(const QByteArray& bytes) {
 
 } // namespace
 
-PropertyListXmlReader::PropertyListXmlReader(const QByteArray& bytes)
+PropertyListXmlReader::PropertyListXmlReader(const QByteArray& bytes, std::size_t mostValues)
     : m_narrowed(narrowed(bytes))
-    , m_bytes(isWide() ? m_narrowed : bytes) {
+    , m_bytes(isWide() ? m_narrowed : bytes)
+    , m_mostValues(mostValues) {
     // A text has its encoding behind it, whatever its declaration says.
     if (isWide())
         m_reader.addData(QString::fromUtf8(m_narrowed));
@@ -126,8 +126,11 @@ PropertyListXmlReader::PropertyListXmlReader(const QByteArray& bytes)
 Result<PropertyListValue> PropertyListXmlReader::read() {
     if (const QString refusal = MarkupScan(m_bytes).refusal(); !refusal.isEmpty())
         return Failure{Failure::Kind::Damaged, QStringLiteral("line 1: ") + refusal};
-    while (!m_reader.atEnd() && m_damage.isEmpty())
+    while (!m_reader.atEnd() && m_damage.isEmpty()) {
         token(m_reader.readNext());
+        if (m_builder.count() > m_mostValues)
+            damaged(QStringLiteral("more than %1 values").arg(m_mostValues));
+    }
     if (!m_damage.isEmpty() || m_reader.hasError())
         return failure();
     PropertyListValue value = m_builder.take();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListWriter.h"
-#include "platform/foundation/Result.h"
 
 #include <QByteArray>
 #include <QXmlStreamReader>
@@ -15,7 +15,8 @@
 class PropertyListXmlReader {
 public:
     // `bytes` must outlive the reader.
-    explicit PropertyListXmlReader(const QByteArray& bytes);
+    explicit PropertyListXmlReader(const QByteArray& bytes,
+                                   std::size_t mostValues = PropertyList::kValueLimit);
 
     // As PropertyList::read.
     Result<PropertyListValue> read();
@@ -46,6 +47,7 @@ private:
     // In UTF-8, where the file is in a wide encoding.
     const QByteArray m_narrowed;
     const QByteArray& m_bytes;
+    const std::size_t m_mostValues;
     QXmlStreamReader m_reader;
     PropertyListBuilder m_builder;
     std::vector<Level> m_levels;

@@ -2,6 +2,7 @@
 #include "platform/foundation/UserDefaults.h"
 
 #include "platform/foundation/Assertions.h"
+#include "platform/foundation/CleanText.h"
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
 
@@ -9,6 +10,50 @@
 #include <QFileInfo>
 
 #include <sys/stat.h>
+
+namespace {
+
+// All rows of the most timers shown expanded take half of it.
+constexpr qint64 kMostBytes = 32 * 1024 * 1024;
+
+// What stands within lists and tables are names.
+PropertyListValue withCleanNames(const PropertyListValue& value) {
+    if (const QString* text = value.asString())
+        return cleanText(*text);
+    if (const PropertyListArray* array = value.asArray()) {
+        PropertyListArray clean;
+        clean.reserve(array->size());
+        for (const PropertyListValue& element : *array)
+            clean.push_back(withCleanNames(element));
+        return clean;
+    }
+    if (const PropertyListDictionary* dictionary = value.asDictionary()) {
+        PropertyListDictionary clean;
+        for (const auto& [key, entry] : *dictionary)
+            clean.insert(cleanText(key), withCleanNames(entry));
+        return clean;
+    }
+    return value;
+}
+
+// The settings in a file, whoever wrote it. No path is longer than the longest text, and nobody could show another.
+Result<PropertyListDictionary> readSettings(const QString& path) {
+    const auto read = PropertyList::readFile(path, kMostBytes);
+    if (!read)
+        return read.failure();
+    const PropertyListDictionary* entries = read->asDictionary();
+    if (!entries)
+        return Failure{Failure::Kind::Damaged, QStringLiteral("%1: not a dictionary").arg(path)};
+    PropertyListDictionary settings;
+    for (const auto& [key, value] : *entries) {
+        const QString* text = value.asString();
+        if (std::max(key.size(), text ? text->size() : 0) <= kLongestText)
+            settings.insert(key, text ? value : withCleanNames(value));
+    }
+    return settings;
+}
+
+} // namespace
 
 UserDefaults::UserDefaults(QString path, NotificationCenter& notifications, RunLoop& runLoop, SystemLog& log)
     : m_path(std::move(path))
@@ -97,30 +142,30 @@ UserDefaults::FileState UserDefaults::fileState() const {
 void UserDefaults::load() {
     // Before it is read: what is written in between is read the next time.
     m_state = fileState();
-    const auto read = PropertyList::readFile(m_path);
-    if (read && read->asDictionary()) {
-        m_values = *read->asDictionary();
+    const auto read = readSettings(m_path);
+    if (read) {
+        m_values = *read;
         m_isDamaged = false;
         keepAsLastGood();
         return;
     }
-    if (!read && read.failure().kind == Failure::Kind::NotFound)
+    if (read.failure().kind == Failure::Kind::NotFound)
         return;
     m_isDamaged = true;
     m_log.log(QStringLiteral("The settings file cannot be read; what was read before holds: %1")
-                  .arg(read ? QStringLiteral("%1: not a dictionary").arg(m_path) : read.failure().text));
+                  .arg(read.failure().text));
 }
 
 // There is no file, or none that can be read, at launch.
 void UserDefaults::takeLastGood() {
-    const auto kept = PropertyList::readFile(keptPath());
-    if (!kept || !kept->asDictionary()) {
+    const auto kept = readSettings(keptPath());
+    if (!kept) {
         m_reading = m_isDamaged ? Reading::Nothing : Reading::Whole;
         return;
     }
     m_log.log(QStringLiteral("The settings that were last whole are taken from %1").arg(keptPath()));
     m_reading = Reading::LastGood;
-    m_values = m_kept = *kept->asDictionary();
+    m_values = m_kept = *kept;
     m_owesWrite = true;
     m_joining = m_runLoop.scheduleOnce(kJoiningDelay, [this] { synchronize(); });
 }
@@ -128,8 +173,8 @@ void UserDefaults::takeLastGood() {
 // It is of use where the file itself fails, so that a failure of its own is none.
 void UserDefaults::keepAsLastGood() {
     if (m_kept.isEmpty())
-        if (const auto kept = PropertyList::readFile(keptPath()); kept && kept->asDictionary())
-            m_kept = *kept->asDictionary();
+        if (const auto kept = readSettings(keptPath()))
+            m_kept = *kept;
     if (m_kept != m_values && PropertyList::writeXmlFile(m_values, keptPath()))
         m_kept = m_values;
 }

@@ -1015,5 +1015,9 @@
         <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
         <translation>Kein Symbol im Infobereich führt zu einem geschlossenen Fenster zurück. Schließen minimiert es deshalb, und Ticklog läuft weiter. „Beenden“ beendet es.</translation>
     </message>
+    <message>
+        <source>There are more timers than one database can hold: %@ at the most.</source>
+        <translation>Es sind mehr Timer, als eine Datenbank fasst: höchstens %@.</translation>
+    </message>
 </context>
 </TS>

@@ -981,7 +981,7 @@
     </message>
     <message>
         <source>The timers could not be imported.</source>
-        <translation>No se pudieron importar los temporizadores.</translation>
+        <translation>No se pudieron importar los cronómetros.</translation>
     </message>
     <message>
         <source>Understood</source>
@@ -1014,6 +1014,10 @@
     <message>
         <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
         <translation>Ningún icono de la bandeja lleva de vuelta a una ventana cerrada. Por eso, al cerrarla se minimiza y Ticklog sigue. «Salir» lo termina.</translation>
+    </message>
+    <message>
+        <source>There are more timers than one database can hold: %@ at the most.</source>
+        <translation>Hay más cronómetros de los que caben en una base de datos: %@ como máximo.</translation>
     </message>
 </context>
 </TS>

@@ -1015,5 +1015,9 @@
         <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
         <translation>Aucune icône de la zone de notification ne ramène à une fenêtre fermée. La fermer la réduit donc, et Ticklog continue. «&#xa0;Quitter&#xa0;» y met fin.</translation>
     </message>
+    <message>
+        <source>There are more timers than one database can hold: %@ at the most.</source>
+        <translation>Il y a plus de chronomètres qu’une base de données ne peut en contenir : %@ au maximum.</translation>
+    </message>
 </context>
 </TS>

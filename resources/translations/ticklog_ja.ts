@@ -1015,5 +1015,9 @@
         <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
         <translation>閉じたウィンドウに戻るためのトレイアイコンがありません。そのため閉じると最小化され、Ticklog は動作を続けます。終了するには「終了」を選びます。</translation>
     </message>
+    <message>
+        <source>There are more timers than one database can hold: %@ at the most.</source>
+        <translation>1つのデータベースに保存できる数（最大 %@）を超えるタイマーがあります。</translation>
+    </message>
 </context>
 </TS>

@@ -1015,5 +1015,9 @@
         <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
         <translation>Żadna ikona na tacce nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
     </message>
+    <message>
+        <source>There are more timers than one database can hold: %@ at the most.</source>
+        <translation>Liczników jest więcej, niż mieści baza danych: najwyżej %@.</translation>
+    </message>
 </context>
 </TS>

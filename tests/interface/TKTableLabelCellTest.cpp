@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TKTableLabelCell.h"
+#include "interface/outline/CutToWidth.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QPainter>
 
@@ -181,4 +183,24 @@ TEST(TKTableLabelCell, aReplacedName_isLighterThanTheName) {
     const int behind = 12 + QFontMetrics(QFont()).horizontalAdvance(QStringLiteral("IIII "));
     EXPECT_GT(darkest(dimmed, behind), darkest(plain, behind) + 40);
     EXPECT_LT(darkest(dimmed, 0), 60) << "the name itself is not dimmed";
+}
+
+TEST(CutToWidth, aTextThatMayBeSeenWhole_staysAsItIs) {
+    const QString text(41, u'x');
+    EXPECT_TRUE(cutToWidth(text, 10).isSharedWith(text));
+}
+
+TEST(CutToWidth, aLongerText_keepsBothEndsAndNoHalfACharacter) {
+    EXPECT_EQ(cutToWidth(QString(21, u'a') + QString(21, u'b'), 10),
+              QString(20, u'a') + u'\u2026' + QString(20, u'b'));
+    const QString smiles = QStringLiteral("😀").repeated(8);
+    EXPECT_EQ(cutToWidth(smiles, 1.5), QStringLiteral("😀…😀"));
+    EXPECT_EQ(cutToWidth(smiles, -1), QStringLiteral("…"));
+}
+
+TEST(TKTableLabelCell, aNameOfManyMillions_isDrawnAtOnce) {
+    QElapsedTimer watch;
+    watch.start();
+    drawn({}, false, QString(12'000'000, u'W'), 1000);
+    EXPECT_LT(watch.elapsed(), 2000);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/UserDefaults.h"
+#include "platform/foundation/CleanText.h"
 #include "platform/foundation/PropertyList.h"
 #include "tests/fakes/ManualRunLoop.h"
 #include "tests/fakes/RecordingLog.h"
@@ -382,6 +383,43 @@ TEST_F(SharedSettings, aFileThatHasGone_changesNothingAndComesBackWhole) {
     defaults->setObject(kRestart, true);
     defaults->synchronize();
     EXPECT_EQ(onDisk(), (PropertyListDictionary{{kMinutes, 7}, {kRestart, true}}));
+}
+
+TEST_F(UserDefaultsTest, aTextLongerThanAnyPath_isNoSetting) {
+    const QString longest(kLongestText, u'x');
+    write(
+        PropertyList::xml(PropertyListDictionary{{kRestart, longest}, {kSaveTime, QString(longest + u'x')}}));
+    const auto defaults = launch();
+    EXPECT_EQ(defaults->object(kRestart).toString(), longest);
+    EXPECT_TRUE(defaults->object(kSaveTime).isAbsent());
+}
+
+TEST_F(UserDefaultsTest, namesWithinListsAndTables_areCutAndCleaned) {
+    const QString longest(kLongestText, u'x');
+    write(PropertyList::binary(PropertyListDictionary{
+        {kRestart, PropertyListArray{PropertyListDictionary{{QStringLiteral("a\nb"), QString(longest + u'x')}}, 3}}}));
+    EXPECT_EQ(launch()->object(kRestart), PropertyListValue(PropertyListArray{
+                                              PropertyListDictionary{{QStringLiteral("a b"), longest}}, 3}));
+}
+
+TEST_F(UserDefaultsTest, aPath_keepsWhatMakesItUp) {
+    write(PropertyList::binary(PropertyListDictionary{{kRestart, QStringLiteral("/a\tb")}}));
+    EXPECT_EQ(launch()->object(kRestart).toString(), QStringLiteral("/a\tb"));
+}
+
+TEST_F(UserDefaultsTest, aFileLargerThanSettingsGet_isSetAsideLikeADamagedOne) {
+    constexpr qsizetype kMost = 32 * 1024 * 1024;
+    QByteArray content = PropertyList::xml(PropertyListDictionary{{kRestart, true}});
+    content += QByteArray(kMost - content.size(), '\n');
+    write(content);
+    EXPECT_TRUE(launch()->boolForKey(kRestart));
+    QFile::remove(m_path + QStringLiteral(".last"));
+    write(content + '\n');
+    const auto defaults = launch();
+    EXPECT_FALSE(defaults->boolForKey(kRestart));
+    defaults->setObject(kMinutes, 7);
+    defaults->synchronize();
+    EXPECT_EQ(filesSetAside().size(), 1);
 }
 
 } // namespace

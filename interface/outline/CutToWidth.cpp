@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/CutToWidth.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Marks that take no room of their own stand beside the characters they belong to.
+constexpr double kCharactersPerPixel = 2;
+
+} // namespace
+
+QString cutToWidth(const QString& text, double width) {
+    const auto seen = qsizetype(std::ceil(std::clamp(width, 0.0, 1e5) * kCharactersPerPixel));
+    if (text.size() <= 2 * seen + 1)
+        return text;
+    QString start = text.first(seen);
+    QString end = text.last(seen);
+    if (!start.isEmpty() && start.back().isHighSurrogate())
+        start.chop(1);
+    if (!end.isEmpty() && end.front().isLowSurrogate())
+        end.remove(0, 1);
+    return start + u'\u2026' + end;
+}
