@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/TKDocumentController.h"
 
+#include "Classes/FileReading.h"
 #include "Classes/TimeDatabase.h"
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
@@ -24,14 +25,20 @@ void TKDocumentController::openDocumentWithContentsOfURL(const QString& location
                       .defaultButton = localized("Cancel"),
                       .alternateButton = localized("Replace"),
                       .otherButton = {}});
-    if (answer != Alerts::Default) {
-        const Outcome imported = m_database.importDatabase(location);
-        m_imported();
-        if (!imported)
-            m_alerts.showError(localized("The timers could not be imported."), imported.failure().text);
-    }
+    if (answer != Alerts::Default)
+        importFrom(location);
     if (completion)
         completion(false);
+}
+
+void TKDocumentController::importFrom(const QString& location) {
+    FileReading reading(location);
+    if (!m_alerts.waitFor(localized("Importing…"), [&] { return reading.done(); }))
+        return;
+    const Outcome imported = m_database.importDatabase(location, reading.take());
+    m_imported();
+    if (!imported)
+        m_alerts.showError(localized("The timers could not be imported."), imported.failure().text);
 }
 
 void TKDocumentController::openDocument() {

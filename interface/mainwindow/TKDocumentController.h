@@ -26,6 +26,9 @@ public:
     void saveCopy();
 
 private:
+    // The file is read beside the window, which goes on answering; the user may give it up until it is read.
+    void importFrom(const QString& location);
+
     TimeDatabase& m_database;
     Alerts& m_alerts;
     std::function<void()> m_imported;

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -49,6 +50,9 @@ public:
     virtual std::optional<QString> chooseExportFile(const QString& message, const QString& path) = 0;
     // A folder, which the user may make on the way; absent when the user thinks better of it. Begins at `folder`.
     virtual std::optional<QString> chooseFolder(const QString& message, const QString& folder) = 0;
+    // Shows how far work has come that is done elsewhere, until `done` answers 1, and lets the user give it up; nothing is shown
+    // of short pieces. Answers whether it was done.
+    virtual bool waitFor(const QString& message, const std::function<double()>& done) = 0;
     // Never null.
     virtual std::unique_ptr<ProgressPanel> showProgress(const QString& message) = 0;
     virtual void showError(const QString& message, const QString& informativeText) = 0;

@@ -5,11 +5,14 @@
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTimer>
 
 #include <deque>
 
@@ -33,21 +36,33 @@ void say(QMessageBox& box, const QString& message, const QString& informativeTex
         text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kCharactersPerLine);
 }
 
+constexpr int kSteps = 1000;
+// In milliseconds.
+constexpr int kShortPiece = 500;
+constexpr int kBetweenLooks = 20;
+// What the waiting ends with; everything else that ends a loop says 0.
+constexpr int kIsDone = 1;
+
+void prepare(QProgressDialog& dialog, const QString& message) {
+    dialog.setLabel(new PlainLabel(PlainText::cut(message, PlainText::kLongestParagraph)));
+    dialog.setObjectName(QStringLiteral("progressPanel"));
+    dialog.setAccessibleName(message);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setWindowTitle(QStringLiteral("Ticklog"));
+    if (auto* bar = dialog.findChild<QProgressBar*>())
+        bar->setAccessibleName(message);
+}
+
 class QtProgressPanel : public ProgressPanel {
 public:
     QtProgressPanel(QWidget* window, const QString& message)
         : m_dialog(QString(), QString(), 0, kSteps, window) {
-        m_dialog.setLabel(new PlainLabel(PlainText::cut(message, PlainText::kLongestParagraph)));
-        m_dialog.setObjectName(QStringLiteral("progressPanel"));
-        m_dialog.setWindowModality(Qt::WindowModal);
-        m_dialog.setWindowTitle(QStringLiteral("Ticklog"));
+        prepare(m_dialog, message);
     }
 
     void setDone(double done) override { m_dialog.setValue(int(done * kSteps)); }
 
 private:
-    static constexpr int kSteps = 1000;
-
     QProgressDialog m_dialog;
 };
 
@@ -92,6 +107,11 @@ bool QtAlerts::run(QDialog& dialog) {
     }
     m_turn->dialog = &dialog;
     dialog.exec();
+    free();
+    return true;
+}
+
+void QtAlerts::free() {
     m_turn->dialog.clear();
     // Not before what was answered is done.
     QMetaObject::invokeMethod(
@@ -101,7 +121,6 @@ bool QtAlerts::run(QDialog& dialog) {
                 current->goOn();
         },
         Qt::QueuedConnection);
-    return true;
 }
 
 void QtAlerts::whenFree(std::function<void()> ask) {
@@ -179,6 +198,33 @@ std::optional<QString> QtAlerts::chooseFolder(const QString& message, const QStr
     panel.setOption(QFileDialog::ShowDirsOnly);
     // The folder that is shown, unless another was picked in it.
     return chooseWith(panel);
+}
+
+bool QtAlerts::waitFor(const QString& message, const std::function<double()>& done) {
+    if (m_turn->dialog) {
+        m_turn->bringToFront();
+        return false;
+    }
+    QProgressDialog dialog(QString(), localized("Cancel"), 0, kSteps, m_window);
+    prepare(dialog, message);
+    // Full, it would hide or begin anew.
+    dialog.setAutoReset(false);
+    dialog.setMinimumDuration(kShortPiece);
+    m_turn->dialog = &dialog;
+    // Ends with the program too.
+    QEventLoop loop;
+    QObject::connect(&dialog, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, &dialog, [&] {
+        const double part = done();
+        dialog.setValue(int(part * kSteps));
+        if (part >= 1)
+            loop.exit(kIsDone);
+    });
+    looks.start(kBetweenLooks);
+    const bool isDone = loop.exec() == kIsDone;
+    free();
+    return isDone;
 }
 
 std::unique_ptr<ProgressPanel> QtAlerts::showProgress(const QString& message) {

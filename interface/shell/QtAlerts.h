@@ -35,6 +35,7 @@ public:
     std::optional<QString> chooseOpenFile(const QString& message, const QString& folder) override;
     std::optional<QString> chooseExportFile(const QString& message, const QString& path) override;
     std::optional<QString> chooseFolder(const QString& message, const QString& folder) override;
+    bool waitFor(const QString& message, const std::function<double()>& done) override;
     std::unique_ptr<ProgressPanel> showProgress(const QString& message) override;
     void showError(const QString& message, const QString& informativeText) override;
     void showNotice(const QString& message, const QString& informativeText) override;
@@ -45,6 +46,8 @@ private:
 
     // Nothing is chosen in a dialogue that does not come because another one is open.
     bool run(QDialog& dialog);
+    // It is the next one's turn.
+    void free();
     // What was chosen in it; absent after a cancel.
     std::optional<QString> chooseWith(QFileDialog& panel);
     void open(QWidget* parent, const QString& name, const QString& title, const QString& message,

@@ -1019,5 +1019,9 @@
         <source>There are more timers than one database can hold: %@ at the most.</source>
         <translation>Es sind mehr Timer, als eine Datenbank fasst: höchstens %@.</translation>
     </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Wird importiert…</translation>
+    </message>
 </context>
 </TS>

@@ -1019,5 +1019,9 @@
         <source>There are more timers than one database can hold: %@ at the most.</source>
         <translation>Hay más cronómetros de los que caben en una base de datos: %@ como máximo.</translation>
     </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importando…</translation>
+    </message>
 </context>
 </TS>

@@ -1019,5 +1019,9 @@
         <source>There are more timers than one database can hold: %@ at the most.</source>
         <translation>Il y a plus de chronomètres qu’une base de données ne peut en contenir : %@ au maximum.</translation>
     </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importation…</translation>
+    </message>
 </context>
 </TS>

@@ -1019,5 +1019,9 @@
         <source>There are more timers than one database can hold: %@ at the most.</source>
         <translation>1つのデータベースに保存できる数（最大 %@）を超えるタイマーがあります。</translation>
     </message>
+    <message>
+        <source>Importing…</source>
+        <translation>インポート中…</translation>
+    </message>
 </context>
 </TS>

@@ -1019,5 +1019,9 @@
         <source>There are more timers than one database can hold: %@ at the most.</source>
         <translation>Liczników jest więcej, niż mieści baza danych: najwyżej %@.</translation>
     </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importowanie…</translation>
+    </message>
 </context>
 </TS>

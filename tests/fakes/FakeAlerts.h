@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <thread>
 #include <vector>
 
 // Answers every question as it was told beforehand, and remembers what was asked.
@@ -41,6 +42,13 @@ public:
         panels << message;
         begunAt = folder;
         return location;
+    }
+
+    bool waitFor(const QString& message, const std::function<double()>& done) override {
+        panels << message;
+        while (!givesUp && done() < 1)
+            std::this_thread::yield();
+        return !givesUp;
     }
 
     std::unique_ptr<ProgressPanel> showProgress(const QString& message) override {
@@ -82,6 +90,8 @@ public:
     bool lastReplaces = false;
     // Where the last panel began.
     QString begunAt;
+    // Whether work is given up as soon as its progress is shown.
+    bool givesUp = false;
     // What panels of progress were told, and what happens while they are painted.
     std::vector<double> progress;
     std::function<void()> whileProgressing;

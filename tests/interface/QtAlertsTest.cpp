@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProgressBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -123,4 +125,38 @@ TEST_F(QtAlertsTest, aQuestionWhileAFileIsChosen_bringsThePanelToTheFront) {
         panel->reject();
     });
     EXPECT_EQ(alerts.chooseOpenFile(QStringLiteral("Import"), QDir::tempPath()), std::nullopt);
+}
+
+TEST_F(QtAlertsTest, workThatIsDone_endsTheWaitingUnseen) {
+    double done = 0;
+    EXPECT_TRUE(alerts.waitFor(QStringLiteral("Importing…"), [&] {
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        return done += 0.25;
+    }));
+}
+
+TEST_F(QtAlertsTest, workThatTakesLong_isShownAndGivenUpByEscape) {
+    const QString message = QStringLiteral("Importing…");
+    bool isSeen = false;
+    EXPECT_FALSE(alerts.waitFor(message, [&] {
+        auto* panel = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+        if (panel && !isSeen) {
+            isSeen = true;
+            EXPECT_EQ(panel->accessibleName(), message);
+            EXPECT_EQ(panel->findChild<QProgressBar*>()->accessibleName(), message);
+            const auto* cancel = panel->findChild<QPushButton*>();
+            EXPECT_EQ(cancel->text(), QStringLiteral("Cancel"));
+            EXPECT_NE(cancel->focusPolicy() & Qt::TabFocus, 0);
+            EXPECT_EQ(alerts.ask({{}, {}, {}, {}, {}, Alerts::Alternate}), Alerts::Alternate)
+                << "one at a time";
+            QTest::keyClick(panel, Qt::Key_Escape);
+        }
+        return 0.3;
+    }));
+    EXPECT_TRUE(isSeen);
+}
+
+TEST_F(QtAlertsTest, theProgramEnding_endsTheWaiting) {
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+    EXPECT_FALSE(alerts.waitFor(QStringLiteral("Importing…"), [] { return 0.3; }));
 }

@@ -83,6 +83,16 @@ TEST_F(TKDocumentControllerTest, withoutABackup_nothingIsReplacedAndThatIsSaid) 
     EXPECT_TRUE(alerts.errors.first().contains(QStringLiteral("No backup could be made")));
 }
 
+TEST_F(TKDocumentControllerTest, givenUpWhileItIsRead_leavesEverything) {
+    alerts.answer = Alerts::Alternate;
+    alerts.givesUp = true;
+    open(file);
+    EXPECT_EQ(alerts.panels, QStringList(QStringLiteral("Importing…")));
+    EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:01:00"));
+    EXPECT_FALSE(hasBackup());
+    EXPECT_EQ(completions, 1);
+}
+
 TEST_F(TKDocumentControllerTest, theMenu_hasTheFileChosenFirst) {
     alerts.answer = Alerts::Alternate;
     command(actions().importDatabase);
