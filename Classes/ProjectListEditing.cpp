@@ -37,7 +37,10 @@ void ProjectList::identitiesChanged() {
 }
 
 void ProjectList::projectJoinNodes(const FrozenIdentities& joined) {
-    for (const auto& [gone, kept] : joined) {
+    for (const auto& pair : joined) {
+        // Two names that clang 14 lets the lambda below see.
+        const Identity& gone = pair.first;
+        const Identity& kept = pair.second;
         for (const Record& project : m_projects)
             project->joinMembers(gone, kept);
         // A state of the projects that comes back from now on is of a time when this was not frozen.
