@@ -75,8 +75,14 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
     const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
     if (window != std::exchange(m_activeStoreWindow, window).lock())
         ++m_filterChanges;
-    if (m_isRunning)
-        updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
+    if (!m_isRunning || !window)
+        return;
+    // Its title has changed while it was behind others, or while nobody was there to follow it.
+    if (!window->isNamed(*documentName)) {
+        window->setName(*documentName);
+        ++m_filterChanges;
+    }
+    updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {

@@ -215,6 +215,7 @@ private:
     void branch(TimeStoreNode& node, FrozenTimer& frozen);
     void branchWindow(TimeStoreWindow& window, FrozenTimer& frozen);
     void branchApplication(TimeStoreApp& app, FrozenTimer& frozen);
+    std::optional<Identity> tellApart(const TimeStoreWindow& window);
     void postBranching(const FrozenTimer::Pair& identities);
     void bringSuccessorsBack(const FrozenTimer& frozen) const;
     // What has become one, as kTicklogUnbranchNodeNotification tells it.

@@ -59,13 +59,14 @@ void TimeTracker::branchWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
     // The table may hold the last share but ours while the window changes its key.
     const auto alive = window.shared_from_this();
     const QString oldName = window.name();
+    const std::optional<Identity> known = tellApart(window);
     window.setBranched(true);
     window.setName(frozenName(oldName, now()));
     window.setRenamedNameFormatted({{kRecordName, oldName}});
     window.setUuid(frozen.replace(window.uuid()));
     // Whatever is on the screen under that number is the fresh timer's from now on.
     window.setWindowElement(WindowElement());
-    postBranching(frozen.own());
+    postBranching({known, *window.uuid()});
     bringSuccessorsBack(frozen);
     m_activeStoreWindow.reset();
     m_timeActivator->mainWindowDidChange();
@@ -86,8 +87,9 @@ void TimeTracker::branchApplication(TimeStoreApp& app, FrozenTimer& frozen) {
         std::erase(m_timeSet, alive);
         app.setUuid(newIdentity);
         for (const auto& window : app.windows()) {
+            const std::optional<Identity> known = tellApart(*window);
             window->setUuid(frozen.replace(window->uuid()));
-            postBranching(frozen.windows().back());
+            postBranching({known, *window->uuid()});
         }
         m_timeSet.push_back(alive);
     }
@@ -95,6 +97,23 @@ void TimeTracker::branchApplication(TimeStoreApp& app, FrozenTimer& frozen) {
     postBranching(frozen.own());
     bringSuccessorsBack(frozen);
     refreshProjects({{kInfoCurrentApp, wasCurrent ? 1 : 0}, {kInfoOldName, oldName}});
+}
+
+// By which identity a window that is to be frozen is known to projects. Another application's window may go by the same:
+// then by one of its own, so that projects go on having the other.
+std::optional<Identity> TimeTracker::tellApart(const TimeStoreWindow& window) {
+    const std::optional<Identity> shared = window.uuid();
+    const auto goesByIt = [&](const std::shared_ptr<TimeStoreWindow>& other) {
+        return other.get() != &window && other->uuid() == shared;
+    };
+    const auto holdsSuch = [&](const std::shared_ptr<TimeStoreApp>& app) {
+        return std::ranges::any_of(app->windows(), goesByIt);
+    };
+    if (!shared || std::ranges::none_of(m_timeSet, holdsSuch))
+        return shared;
+    const Identity own = brandNewUUID();
+    m_services.store.notifications.post(kTicklogSucceedNodeNotification, Succession{*shared, own});
+    return own;
 }
 
 void TimeTracker::postBranching(const FrozenTimer::Pair& identities) {

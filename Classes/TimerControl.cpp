@@ -57,11 +57,15 @@ void TimerControl::forceStartTimer() {
 }
 
 void TimerControl::stopTimer() {
-    destroyComputeTimer();
-    m_tracker.setIsRunning(false);
     // At once: a crash after this must not start the timer again.
     m_services.defaults.setObject(kTKWasTimerRunning, false);
     m_services.defaults.synchronize();
+    halt();
+}
+
+void TimerControl::halt() {
+    destroyComputeTimer();
+    m_tracker.setIsRunning(false);
     m_display.showToggle(kImageStart, localized("Start"));
     m_display.showRecordingBadge(false);
     m_save();
@@ -126,7 +130,7 @@ void TimerControl::stopTimerWithCondition() {
     if (!isRunning())
         return;
     m_wasRunning = true;
-    stopTimer();
+    halt();
 }
 
 void TimerControl::conditionallyStartTimer() {
@@ -145,7 +149,9 @@ void TimerControl::sessionDidResignActive() {
 }
 
 void TimerControl::sessionDidBecomeActive() {
-    recreateComputeTimer();
+    // A timer that is paused would look as if it ran.
+    if (isRunning())
+        recreateComputeTimer();
 }
 
 void TimerControl::willPowerOff() {

@@ -50,7 +50,7 @@ public:
 
     // Hears of sleep and wake from now on.
     void registerForSystemSleep(PowerEvents& power);
-    // Before sleep: stops a running timer and remembers that it ran.
+    // Before sleep: stops a running timer and remembers that it ran, also for a launch after a battery that went empty.
     void stopTimerWithCondition();
     // After sleep: starts it again if it ran.
     void conditionallyStartTimer();
@@ -65,6 +65,7 @@ public:
     void ticklogHeartbeat();
 
 private:
+    void halt();
     void handlePowerMessage(PowerMessage message, std::int64_t notification);
 
     TimeTracker& m_tracker;

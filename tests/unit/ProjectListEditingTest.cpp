@@ -252,6 +252,27 @@ TEST_F(ProjectListEditingTest, aWindowOfAnotherApplicationThatSharesTheIdentity_
     EXPECT_EQ(shown(*work), "Inbox Inbox");
 }
 
+TEST_F(ProjectListEditingTest, aFrozenWindowThatSharesItsIdentity_leavesTheOtherInTheProject) {
+    m_day.front("News", "Inbox");
+    m_day.seconds(3);
+    const auto work = project({uuid("Mail", "Inbox")});
+    ASSERT_EQ(shown(*work), "Inbox Inbox");
+    m_day.freeze("Mail", "Inbox");
+    m_list.writeChanges();
+    EXPECT_EQ(shown(*work), "Inbox Inbox");
+    EXPECT_NE(uuid("News", "Inbox"), *work->flattenedMembers().rbegin());
+}
+
+TEST_F(ProjectListEditingTest, allOfAProjectFrozen_keepsTheTimersThatSharedAnIdentity) {
+    m_day.front("News", "Inbox");
+    m_day.seconds(3);
+    const auto work = project({uuid("Mail", "Inbox")});
+    m_day.tracker.branchUUIDs(work->flattenedMembers());
+    m_list.writeChanges();
+    EXPECT_EQ(shown(*work), "Inbox Inbox");
+    EXPECT_EQ(work->flattenedMembers().size(), 2U);
+}
+
 TEST_F(ProjectListEditingTest, aTimerAddedAfterASave_comesBackToItsProjectAfterClearing) {
     const auto work = project({uuid("Editor")});
     m_list.addMembers(*work, {uuid("Mail", "Inbox"), uuid("Mail")});

@@ -266,6 +266,30 @@ TEST_F(TimeTrackerTest, theScreenSaverAndTheLoginWindow_areIdleTime) {
     EXPECT_EQ(m_refreshes, 1);
 }
 
+TEST_F(TimeTrackerTest, aWindowRetitledBehindOthers_takesItsNewTitleWhenItComesToTheFront) {
+    m_day.start();
+    m_day.front("Editor", "anna.txt");
+    m_day.seconds(5);
+    m_day.front("Shell", "me");
+    m_day.seconds(3);
+    m_day.fakes.windowList.windows.back().name = u"berta.txt"_s;
+    std::swap(m_day.fakes.windowList.windows.front(), m_day.fakes.windowList.windows.back());
+    m_day.fakes.frontApplication.switchTo(m_day.recordOf("Editor"));
+    m_day.seconds(8);
+    EXPECT_EQ(m_day.tree(), "Editor 13 [berta.txt 13], Shell 3 [me 3]");
+}
+
+TEST_F(TimeTrackerTest, aWindowRetitledWhileNobodyWasThere_takesItsNewTitleAfterwards) {
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.idle(1000);
+    m_day.retitle("Drafts");
+    m_day.idle(10);
+    EXPECT_NEAR(m_day.secondsOf("Mail", "Inbox"), 966.3, 0.2);
+    m_day.seconds(5);
+    EXPECT_NEAR(m_day.secondsOf("Mail", "Drafts"), 971.3, 0.2);
+}
+
 TEST_F(TimeTrackerTest, aWindowThatChangesItsTitle_staysOneTimer) {
     m_day.start();
     m_day.front("Editor", "a.txt");

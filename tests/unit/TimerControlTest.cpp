@@ -140,6 +140,25 @@ TEST_F(TimerControlTest, sleep_isNotCreditedAndTheTimerRunsAfterIt) {
     EXPECT_EQ(m_day.tree(), "Mail 20 [Inbox 20]");
 }
 
+TEST_F(TimerControlTest, aBatteryThatGoesEmptyAsleep_leavesATimerThatRunsAtTheNextLaunch) {
+    m_day.start();
+    m_day.seconds(10);
+    send(PowerMessage::CanSystemSleep, 41);
+    send(PowerMessage::SystemWillSleep, 42);
+    EXPECT_FALSE(m_control.isRunning());
+    EXPECT_TRUE(isWrittenAsRunning());
+}
+
+TEST_F(TimerControlTest, aPausedTimer_doesNotLookAsIfItRanWhenTheSessionComesBack) {
+    m_day.start();
+    m_day.stop();
+    m_control.sessionDidResignActive();
+    m_control.sessionDidBecomeActive();
+    EXPECT_FALSE(m_control.computeTimerIsValid());
+    m_control.willPowerOff();
+    EXPECT_FALSE(m_day.fakes.defaults.boolForKey(kStartTicklogOnNextLaunch));
+}
+
 TEST_F(TimerControlTest, sleepWhileStopped_startsNothingAfterwards) {
     m_day.asleep(3600);
     m_day.advance(60);
