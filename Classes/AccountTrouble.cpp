@@ -79,6 +79,11 @@ QString AccountTrouble::unwritten(const QString& path) {
     return about(localized("“%@” cannot be saved."), path);
 }
 
+QString AccountTrouble::leftOut(const QString& path) {
+    return about(localized("Some entries of “%@” are damaged and were left out. The file is kept beside."),
+                 path);
+}
+
 QString AccountTrouble::setAside(const QString& path) {
     return about(localized("“%@” could not be read. It is set aside, and Ticklog began without it."), path);
 }

@@ -46,6 +46,8 @@ public:
     // it could not be read.
     static QString unwritten(const QString& path);
     static QString setAside(const QString& path);
+    // Only some of it could be read.
+    static QString leftOut(const QString& path);
     // A sentence about a file of ours, by its name, in the user's language.
     static QString about(const QString& sentence, const QString& path);
 

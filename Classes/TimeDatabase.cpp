@@ -216,12 +216,14 @@ void TimeDatabase::loadMainStore() {
 bool TimeDatabase::loadOrSetAside(const QString& location) {
     tellWhetherExposed(location);
     const auto loaded = load(location, read(location));
-    if (loaded)
+    if (loaded && !m_hasLeftOut)
         return true;
     m_store->refuse(location);
-    if (loaded.failure().kind != Failure::Kind::NotFound)
+    if (loaded)
+        m_services.trouble.tell(Trouble::StoreSetAside, AccountTrouble::leftOut(location));
+    else if (loaded.failure().kind != Failure::Kind::NotFound)
         m_services.trouble.tell(Trouble::StoreSetAside, AccountTrouble::setAside(location));
-    return false;
+    return bool(loaded);
 }
 
 void TimeDatabase::beginMeanwhile(const QString& recorded) {
@@ -300,11 +302,13 @@ bool TimeDatabase::take(const PropertyListDictionary& entries) {
     // Whoever wrote a version wrote a list of applications: without one nobody knows what else is lost.
     if (entries.isEmpty() || (hasVersion && !apps))
         return false;
+    m_hasLeftOut = false;
+    m_hasReset = true;
     m_tracker.reset();
     // While the timer runs, what is in front has a fresh timer already.
     const TimeTracker::AppSet fresh = m_tracker.fullTimeSet();
     if (hasVersion) {
-        m_tracker.setArrayRepresentation(*apps);
+        m_hasLeftOut = m_tracker.setArrayRepresentation(*apps) > 0;
         if (const auto date = entries.value(kDatabaseLastResetDate).asDate())
             m_tracker.setLastResetDate(*date);
     } else if (!takeLegacy(entries)) {
@@ -365,12 +369,28 @@ Outcome TimeDatabase::importDatabase(const QString& location, const Result<Prope
         return Failure{backup.failure().kind, localized("No backup could be made, so nothing was changed.") +
                                                   u'\n' + backup.failure().text};
     }
+    const PropertyListArray before = m_tracker.arrayRepresentation();
+    const Date lastReset = m_tracker.lastResetDate();
+    m_hasReset = false;
     const auto imported = load(location, location == m_mainStoreURL ? m_store->read(location) : file);
-    if (!imported)
+    if (!imported) {
+        takeBack(before, lastReset);
         return imported.failure();
+    }
     if (imported->contains(kDatabaseProjects) && m_hooks.setProjects)
         m_hooks.setProjects(imported->value(kDatabaseProjects));
     return Done{};
+}
+
+// A file may turn out to be no account when the timers are gone already.
+void TimeDatabase::takeBack(const PropertyListArray& timers, Date lastReset) {
+    if (!m_hasReset)
+        return;
+    m_tracker.reset();
+    m_tracker.putBack(timers);
+    m_tracker.setLastResetDate(lastReset);
+    if (m_hooks.computeTime)
+        m_hooks.computeTime();
 }
 
 Outcome TimeDatabase::backUpBeforeImport(const QString& location) {

@@ -99,6 +99,7 @@ private:
     bool loadOrSetAside(const QString& location);
     void tellWhetherExposed(const QString& location);
     void mainStoreWritten(bool isWritten);
+    void takeBack(const PropertyListArray& timers, Date lastReset);
     Outcome backUpBeforeImport(const QString& location);
 
     // See the class. `recorded` is the location that is waited for.
@@ -118,6 +119,10 @@ private:
     QString m_applicationSupportFolder;
     QString m_mainStoreURL;
     std::optional<QString> m_awaited;
+    // Something of what was read last was damaged.
+    bool m_hasLeftOut = false;
+    // It has taken the place of the timers there were.
+    bool m_hasReset = false;
     // What was counted meanwhile is in the tree and not yet in the main store.
     bool m_owesMeanwhile = false;
     std::unique_ptr<RunLoopTimer> m_nextLook;

@@ -160,8 +160,9 @@ public:
     PropertyListArray arrayRepresentation() const;
     // The same, piece by piece.
     void writeArrayRepresentation(PropertyListSink& sink) const;
-    // Adds the applications of `entries` to what is there. Entries of other types are left out, and counted in the log.
-    void setArrayRepresentation(const PropertyListArray& entries);
+    // Adds the applications of `entries` to what is there. Entries of other types are left out, and counted in the log;
+    // answers how many.
+    int setArrayRepresentation(const PropertyListArray& entries);
 
     // Takes applications out of the tree that have been made since it was cleared, where another of the same name has
     // come in from a file; their time goes to that one.

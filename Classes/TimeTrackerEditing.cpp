@@ -74,7 +74,7 @@ void TimeTracker::tellApart(TimeStoreApp& app, std::unordered_set<Identity>& see
     m_services.store.notifications.post(kTicklogSucceedNodeNotification, Succession{*uuid, *app.uuid()});
 }
 
-void TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
+int TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
     int damaged = 0;
     std::unordered_set<Identity> seen;
@@ -98,6 +98,7 @@ void TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
     if (damaged > 0)
         m_services.store.log.log(
             QStringLiteral("%1 entries of the database are damaged and were left out.").arg(damaged));
+    return damaged;
 }
 
 void TimeTracker::dissolve(const AppSet& applications) {

@@ -960,6 +960,10 @@
         <translation>„%@“ konnte nicht gelesen werden. Die Datei ist beiseitegelegt, und Ticklog hat ohne sie begonnen.</translation>
     </message>
     <message>
+        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <translation>Einige Einträge von „%@“ sind beschädigt und wurden ausgelassen. Die Datei bleibt daneben erhalten.</translation>
+    </message>
+    <message>
         <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
         <translation>„%@“ konnte nicht gelesen werden. Ticklog verwendet die zuletzt aufbewahrten Einstellungen.</translation>
     </message>

@@ -960,6 +960,10 @@
         <translation>No se pudo leer «%@». El archivo se ha apartado y Ticklog ha empezado sin él.</translation>
     </message>
     <message>
+        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <translation>Algunas entradas de «%@» están dañadas y se han omitido. El archivo se conserva al lado.</translation>
+    </message>
+    <message>
         <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
         <translation>No se pudo leer «%@». Ticklog sigue con los últimos ajustes que conservaba.</translation>
     </message>

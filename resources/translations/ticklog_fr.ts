@@ -960,6 +960,10 @@
         <translation>«&#xa0;%@&#xa0;» n’a pas pu être lu. Le fichier est mis de côté et Ticklog a commencé sans lui.</translation>
     </message>
     <message>
+        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <translation>Certaines entrées de « %@ » sont endommagées et ont été laissées de côté. Le fichier est conservé à côté.</translation>
+    </message>
+    <message>
         <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
         <translation>«&#xa0;%@&#xa0;» n’a pas pu être lu. Ticklog continue avec les derniers réglages conservés.</translation>
     </message>

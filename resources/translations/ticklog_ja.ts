@@ -960,6 +960,10 @@
         <translation>「%@」を読み込めませんでした。ファイルは別名で残し、Ticklog はそれなしで開始しました。</translation>
     </message>
     <message>
+        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <translation>“%@”の一部の項目は破損していたため除外されました。元のファイルは隣に保存されます。</translation>
+    </message>
+    <message>
         <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
         <translation>「%@」を読み込めませんでした。Ticklog は最後に保存しておいた設定を使います。</translation>
     </message>

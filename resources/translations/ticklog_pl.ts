@@ -960,6 +960,10 @@
         <translation>Nie udało się odczytać „%@”. Plik odłożono na bok, a Ticklog zaczął bez niego.</translation>
     </message>
     <message>
+        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <translation>Niektóre wpisy w „%@” są uszkodzone i zostały pominięte. Plik zachowano obok.</translation>
+    </message>
+    <message>
         <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
         <translation>Nie udało się odczytać „%@”. Ticklog korzysta z ostatnich zachowanych ustawień.</translation>
     </message>

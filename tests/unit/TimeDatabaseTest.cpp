@@ -218,6 +218,27 @@ TEST_F(TimeDatabaseTest, entriesThatAreDamaged_areLeftOutAndCountedInOneLine) {
               QStringList(QStringLiteral("7 entries of the database are damaged and were left out.")));
 }
 
+TEST_F(TimeDatabaseTest, aMainStoreOfWhichSomethingWasLeftOut_isKeptBesideAndSaid) {
+    write(QStringLiteral("share/Ticklog/Primary Database.tkd"),
+          PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")},
+                                 {kDatabaseApps, PropertyListArray{PropertyListDictionary{
+                                                     {QStringLiteral("Apq"), PropertyListDictionary()}}}}});
+    database.loadMainStore();
+    EXPECT_TRUE(engine.trouble().text().contains(QStringLiteral("are damaged and were left out")));
+    ASSERT_TRUE(database.saveSettingsToDiskAtURL());
+    const QDir folder(fakes.folders.applicationSupport);
+    EXPECT_EQ(folder.entryList({QStringLiteral("*.damaged-*")}, QDir::Files).size(), 1);
+}
+
+TEST_F(TimeDatabaseTest, anImportThatTurnsOutToBeNoAccount_leavesTheTimers) {
+    addMail();
+    const QString lost =
+        write(QStringLiteral("lost.tkd"),
+              PropertyListDictionary{{QStringLiteral("Versien"), 7}, {kDatabaseApps, PropertyListArray()}});
+    EXPECT_FALSE(database.importDatabase(lost));
+    EXPECT_EQ(tree(), QStringLiteral("Mail 60.5 [Inbox 40.25]"));
+}
+
 TEST_F(TimeDatabaseTest, aForeignBinaryDatabase_isRead) {
     const PropertyListDictionary content{
         {kDatabaseVersion, QStringLiteral("1.5")},
