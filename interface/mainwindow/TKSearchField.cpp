@@ -15,6 +15,16 @@ TKSearchField::TKSearchField(QWidget* parent)
         named(button, QStringLiteral("searchClearButton"));
 }
 
+bool TKSearchField::event(QEvent* event) {
+    // End is there as well, and exporting what was found is wanted from here most of all.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->keyCombination() == (Qt::CTRL | Qt::Key_E)) {
+        event->ignore();
+        return false;
+    }
+    return QLineEdit::event(event);
+}
+
 void TKSearchField::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && m_outlineView)
         m_outlineView->setFocus(Qt::OtherFocusReason);

@@ -82,6 +82,16 @@ TEST_F(FieldKeysTest, undoInAnEditor_takesBackTypingAlone) {
     EXPECT_TRUE(row("Sketches").isValid()) << "the name given before is not what was typed";
 }
 
+TEST_F(FieldKeysTest, controlEInTheSearch_exportsWhatIsShown) {
+    int exports = 0;
+    QAction& command = *actions().exportShown;
+    QObject::disconnect(&command, &QAction::triggered, nullptr, nullptr);
+    QObject::connect(&command, &QAction::triggered, &command, [&] { ++exports; });
+    search().setFocus();
+    press(search(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(exports, 1);
+}
+
 TEST_F(FieldKeysTest, selectingAllInTheSearch_selectsItsTextAlone) {
     type("i");
     search().setFocus();
