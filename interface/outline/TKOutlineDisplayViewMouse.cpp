@@ -192,6 +192,8 @@ void TKOutlineDisplayView::startDrag(Qt::DropActions supportedActions) {
 }
 
 void TKOutlineDisplayView::dragMoveEvent(QDragMoveEvent* event) {
+    // Without it the view does not find out where the pointer is.
+    setDropIndicatorShown(true);
     QTreeView::dragMoveEvent(event);
     const QModelIndex onto =
         dropIndicatorPosition() == OnItem ? indexAt(event->position().toPoint()) : QModelIndex();

@@ -290,7 +290,9 @@ TEST_F(SidebarTest, aDraggedProject_showsTheLineWhereItsRowWillLand) {
         QDragEnterEvent enter(point, Qt::MoveAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(sidebar().viewport(), &enter);
         QDragMoveEvent move(point, Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(sidebar().viewport(), &move);
+        // The pointer is never still.
+        for (int step = 0; step < 3; ++step)
+            QCoreApplication::sendEvent(sidebar().viewport(), &move);
         const QImage after = sidebar().viewport()->grab().toImage();
         QDragLeaveEvent leave;
         QCoreApplication::sendEvent(sidebar().viewport(), &leave);
