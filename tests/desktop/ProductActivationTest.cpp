@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QDBusMetaType>
+#include <QFileInfo>
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -84,6 +85,11 @@ TEST_F(ProductActivationTest, open_asksAndReplacesTheTimers) {
     ASSERT_TRUE(waitFor([this] { return desk.probe().activeWindow() != product.window(); }));
     EXPECT_TRUE(desk.run(u"xdotool"_s, {u"key"_s, u"Tab"_s, u"space"_s}));
     ASSERT_TRUE(waitFor([this] { return windows() == 1; }));
+    // The file is read beside the window; the backup is what is made before it is taken.
+    ASSERT_TRUE(waitFor([this] {
+        return QFileInfo::exists(QFileInfo(product.databasePath()).path() +
+                                 u"/Primary Database - Import Backup.tkd"_s);
+    }));
     EXPECT_EQ(product.end(SIGTERM), 0);
     EXPECT_EQ(product.applicationTimes().value(u"Mail"_s), 60.0);
 }
