@@ -45,7 +45,8 @@ public:
         if (more == 0)
             away(pick(1500) / 10.0);
         else if (more > 1)
-            work(pick(600) / 10.0);
+            // At least until the next look, or nobody sees that somebody was there.
+            work((1 + pick(600)) / 10.0);
         return what;
     }
 
