@@ -57,13 +57,8 @@ void AtspiDesktop::follow() {
         m_applications.clear();
     }
     // Starts another registry where this one has died.
-    lookAgainLater();
-    m_changed(0, {});
-}
-
-void AtspiDesktop::lookAgainLater() {
     m_secondLook = m_runLoop.scheduleOnce(kSecondLook, [this] { lookAgain(); });
-    m_thirdLook = m_runLoop.scheduleOnce(kThirdLook, [this] { lookAgain(); });
+    m_changed(0, {});
 }
 
 void AtspiDesktop::registerEvents() {
@@ -153,7 +148,7 @@ void AtspiDesktop::nameChanged(const QDBusMessage& signal) {
         return;
     if (!signal.arguments().value(2).toString().isEmpty()) {
         m_firstLook = m_runLoop.scheduleOnce(kFirstLook, [this] { look(); });
-        lookAgainLater();
+        m_secondLook = m_runLoop.scheduleOnce(kSecondLook, [this] { lookAgain(); });
         return;
     }
     const auto gone = m_applications.extract(name);

@@ -13,8 +13,6 @@ public:
     // these.
     static constexpr std::chrono::milliseconds kFirstLook{300};
     static constexpr std::chrono::seconds kSecondLook{2};
-    // For who starts on a busy machine.
-    static constexpr std::chrono::seconds kThirdLook{8};
 
     // `changed` is called after the main window of a program, its title, or whether it is active has changed, and with
     // process 0 after the registry has come or gone.
@@ -38,7 +36,6 @@ private:
     void look();
     // What happened before a program knew that somebody listens was not told.
     void lookAgain();
-    void lookAgainLater();
     void learn(const QDBusMessage& children);
     void nameChanged(const QDBusMessage& signal);
     // The program that sent a signal; null, and looked for, when it is not known yet.
@@ -51,7 +48,6 @@ private:
     std::unordered_map<QString, std::unique_ptr<AtspiApplication>> m_applications;
     std::unique_ptr<RunLoopTimer> m_firstLook;
     std::unique_ptr<RunLoopTimer> m_secondLook;
-    std::unique_ptr<RunLoopTimer> m_thirdLook;
     std::vector<std::unique_ptr<BusSignal>> m_signals;
     Subscription m_presence;
 };

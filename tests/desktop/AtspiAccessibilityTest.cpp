@@ -168,6 +168,10 @@ TEST_F(AtspiAccessibilityTest, aGtkProgram_tellsOfItsTitleItself) {
     const auto editor = start(QStringLiteral("mousepad"));
     const auto observer = observe(*editor, {kAXTitleChanged});
     ASSERT_TRUE(waitForMainTitle(*editor, "Untitled 1 - Mousepad"));
+    // A window has a title before it has the keyboard.
+    ASSERT_TRUE(
+        m_desk.run(QStringLiteral("xdotool"), {QStringLiteral("windowactivate"), QStringLiteral("--sync"),
+                                               QString::number(m_desk.waitForWindow(*editor))}));
     ASSERT_TRUE(m_desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("x")}));
     EXPECT_TRUE(waitForMainTitle(*editor, "*Untitled 1 - Mousepad"));
 }

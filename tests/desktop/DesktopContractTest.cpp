@@ -103,10 +103,9 @@ TEST_P(DesktopUnder, theOnlyWindowPutAway_leavesTheDesktopAndComesBack) {
 }
 
 TEST_P(DesktopUnder, theFrontWindowPutAway_givesWayToTheNext) {
-    const int page = open(start("Editor"), "A page");
-    const int letter = open(start("Mail"), "A letter");
-    scene->activate(page);
+    scene->activate(open(start("Editor"), "A page"));
     EXPECT_SEEN(sight, "Editor: A page");
+    const int letter = open(start("Mail"), "A letter");
     scene->activate(letter);
     EXPECT_SEEN(sight, "Mail: A letter");
     scene->putAway(letter);

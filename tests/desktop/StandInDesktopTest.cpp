@@ -32,8 +32,11 @@ TEST_F(StandInDesktopTest, programsThatTell_areSeenUntilTheExtensionRuns) {
     qt.open(QStringLiteral("Page"));
     WaylandClient gtk(m_scene.desk, QStringLiteral("Mailer"), WaylandClient::Kind::Gtk);
     gtk.open(QStringLiteral("Inbox"));
+    // Until a window has been in front, it may still come there by itself.
+    ASSERT_TRUE(bringToFront("Inbox"));
     for (int round = 0; round < 2; ++round) {
         ASSERT_TRUE(bringToFront("Page"));
+        EXPECT_SEEN(m_scene, "Editor: Page");
         ASSERT_TRUE(bringToFront("Inbox"));
         EXPECT_SEEN(m_scene, "Mailer: Inbox");
     }
