@@ -2,14 +2,14 @@
 # shellcheck disable=SC2034  # The lists are read by name, put together from the family and the set.
 # What each kind of work needs, by the names that each family of distributions uses, and how it gets here.
 
-# apt: Debian 12 and 13, Ubuntu 24.04
-apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-tools-dev
+# apt: Debian 12, 13 and testing, Ubuntu 24.04. What a release does not have is left out: see need.
+apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-svg-plugins qt6-tools-dev
   qt6-tools-dev-tools qt6-l10n-tools libgl-dev libxcb1-dev libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev
   libxcb-randr0-dev libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
-apt_test="xvfb openbox icewm metacity trayer xterm xdotool fonts-dejavu-core dbus-daemon at-spi2-core
-  python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui
-  sway foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
+apt_test="xvfb openbox icewm metacity xfwm4 kwin-x11 muffin cinnamon-settings-daemon mutter trayer xterm xdotool
+  fonts-dejavu-core dbus-daemon at-spi2-core python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui
+  sway labwc phoc foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
   desktop-file-utils"
 apt_bench="$apt_demo python3 sway kwin-wayland gnome-shell qt6-wayland dbus-bin"
 # For the pictures in Japanese.
@@ -19,10 +19,6 @@ apt_package="dpkg-dev lintian appstream desktop-file-utils gzip flatpak-builder"
 apt_format="clang-format"
 apt_fuzz="clang libclang-rt-dev"
 apt_coverage="gcovr"
-# Qt's reader of SVG pictures is a package of its own in later releases.
-if [ -r /etc/os-release ] && [ "$(. /etc/os-release && echo "${ID:-}${VERSION_ID:-}")" = debian13 ]; then
-  apt_build="$apt_build qt6-svg-plugins"
-fi
 
 # dnf: Fedora
 dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel qt6-qttools-devel qt6-linguist
@@ -75,6 +71,15 @@ missing_packages() {
   esac
 }
 
+# packaged FAMILY PACKAGE...: those that this release has, as far as the lists that are here tell.
+packaged() {
+  local family=$1; shift
+  case $family in
+    apt) apt-cache madison "$@" 2>/dev/null | awk -F ' *[|] *' '{ sub(/^ */, "", $1); print $1 }' | sort -u ;;
+    *) printf '%s\n' "$@" | sort -u ;;
+  esac
+}
+
 # As root directly, else through sudo, and only here.
 as_root() {
   if [ "$(id -u)" = 0 ]; then "$@"
@@ -85,9 +90,9 @@ as_root() {
   fi
 }
 
-# need SET...: installs what the sets name and the machine lacks.
+# need SET...: installs what the sets name, the machine lacks and its release has, and names what it has not.
 need() {
-  local family set list wanted missing
+  local family set list wanted missing offered
   family=$(package_family)
   wanted=()
   for set in "$@"; do
@@ -102,14 +107,22 @@ need() {
   fi
   mapfile -t missing < <(missing_packages "$family" "${wanted[@]}")
   [ ${#missing[@]} -gt 0 ] || return 0
-  echo "dev: installing ${missing[*]}" >&2
+  mapfile -t offered < <(packaged "$family" "${missing[@]}")
+  # Lists that have nothing of all that is wanted have not come yet: who has them need not be asked again.
+  if [ "$family" = apt ] && { [ ${#offered[@]} -gt 0 ] || [ -z "$(packaged apt "${wanted[@]}")" ]; }; then
+    # A machine that is not online may still have what it takes in its own archive.
+    as_root apt-get -qq -o DPkg::Lock::Timeout=600 update || echo "dev: the package lists could not be renewed" >&2
+    mapfile -t offered < <(packaged apt "${missing[@]}")
+  fi
+  mapfile -t missing < <(printf '%s\n' "${missing[@]}" "${offered[@]}" | sort | uniq -u)
+  [ ${#missing[@]} -eq 0 ] || echo "dev: this release has no package ${missing[*]}" >&2
+  [ ${#offered[@]} -gt 0 ] || return 0
+  echo "dev: installing ${offered[*]}" >&2
   case $family in
     apt)
-      # A machine that is not online may still have what it takes in its own archive.
-      as_root apt-get -qq -o DPkg::Lock::Timeout=600 update || echo "dev: the package lists could not be renewed" >&2
       as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 \
-        install -y --no-install-recommends "${missing[@]}" >/dev/null ;;
-    dnf) as_root dnf install -q -y --setopt=install_weak_deps=False "${missing[@]}" ;;
-    pacman) as_root pacman -S --needed --noconfirm "${missing[@]}" ;;
+        install -y --no-install-recommends "${offered[@]}" >/dev/null ;;
+    dnf) as_root dnf install -q -y --setopt=install_weak_deps=False "${offered[@]}" ;;
+    pacman) as_root pacman -S --needed --noconfirm "${offered[@]}" ;;
   esac
 }

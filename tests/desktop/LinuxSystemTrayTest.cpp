@@ -3,6 +3,7 @@
 #include "platform/foundation/QtRunLoop.h"
 #include "platform/x11/X11TrayManager.h"
 #include "tests/desktop/harness/Desk.h"
+#include "tests/desktop/harness/Packaged.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/RecordingLog.h"
 
@@ -64,6 +65,7 @@ TEST_F(LinuxSystemTrayTest, nothingAtAll_isKnownAfterAWhileAndNotForEver) {
 }
 
 TEST(X11TrayManagerTest, aTrayThatComesAndGoes_isNoticed) {
+    SKIP_WHERE_NOT_PACKAGED(QStringLiteral("trayer"));
     Desk desk;
     RecordingLog log;
     QtRunLoop runLoop(log);

@@ -3,6 +3,7 @@
 #include "platform/foundation/Identity.h"
 #include "platform/foundation/PropertyList.h"
 #include "tests/Places.h"
+#include "tests/desktop/harness/Packaged.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/desktop/services/ServiceScript.h"
 
@@ -293,6 +294,7 @@ TEST_F(ProductTrayTest, twoQuitsFromTheTray_askOnceAndTheSecondBringsTheQuestion
 class ProductEmbeddingTrayTest : public ProductTrayTest {
 protected:
     void SetUp() override {
+        SKIP_WHERE_NOT_PACKAGED(QStringLiteral("trayer"));
         m_trayer = desk.start(
             QStringLiteral("trayer"),
             QStringLiteral("--edge top --align right --widthtype request --height 28").split(u' '));

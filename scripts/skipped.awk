@@ -1,0 +1,13 @@
+# From ctest's report: the tests that were skipped and what they say, one a line, with their number before them.
+/<testcase / { name = $0; sub(/.*<testcase name="/, "", name); sub(/".*/, "", name); skipped = 0 }
+/<skipped/ { skipped = 1 }
+skipped && sub(/^.*SKIPPED: /, "") {
+  sub(/<.*/, "")
+  gsub(/&quot;/, "\""); gsub(/&apos;/, "'"); gsub(/&lt;/, "<"); gsub(/&gt;/, ">"); gsub(/&amp;/, "\\&")
+  lines[++count] = "  " name ": " $0
+  skipped = 0
+}
+END {
+  if (count) printf "%d skipped:\n", count
+  for (i = 1; i <= count; ++i) print lines[i]
+}
