@@ -2,6 +2,7 @@
 // The engine on a real X desktop against a stopwatch: how far the account may be from what happened.
 #include "tests/desktop/Account.h"
 #include "tests/desktop/harness/LiveEngine.h"
+#include "tests/desktop/harness/Packaged.h"
 #include "tests/desktop/harness/XClient.h"
 
 #include <QElapsedTimer>
@@ -13,9 +14,19 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(AccountTruth, twoHundredQuickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong) {
-    constexpr int kSwitches = 200;
-    Desk desk;
+class AccountTruthUnder : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override { SKIP_WHERE_NOT_PACKAGED(QString::fromLatin1(GetParam())); }
+};
+
+INSTANTIATE_TEST_SUITE_P(X11, AccountTruthUnder,
+                         testing::Values("openbox", "icewm", "metacity", "xfwm4", "kwin_x11", "muffin",
+                                         "mutter"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong) {
+    constexpr int kSwitches = 100;
+    Desk desk(QString::fromLatin1(GetParam()), Desk::Bus::Own);
     std::vector<std::unique_ptr<XClient>> programs;
     std::vector<xcb_window_t> windows;
     const std::vector<QByteArray> names = {"Writer", "Mailer", "Painter"};

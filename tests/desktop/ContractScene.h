@@ -123,6 +123,10 @@ private:
 inline std::unique_ptr<ContractScene> makeContractScene(const QString& desktop) {
     if (desktop == QLatin1String("sway"))
         return std::make_unique<WaylandContractScene<SwayScene, false>>();
+    if (desktop == QLatin1String("labwc"))
+        return std::make_unique<WaylandContractScene<LabwcScene, false>>();
+    if (desktop == QLatin1String("phoc"))
+        return std::make_unique<WaylandContractScene<PhocScene, false>>();
     if (desktop == QLatin1String("kwin"))
         return std::make_unique<WaylandContractScene<KWinScene, true>>();
     if (desktop == QLatin1String("gnome"))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What every back end promises of the application in front and of the windows, on every desktop that serves it.
 #include "tests/desktop/ContractScene.h"
+#include "tests/desktop/Desktops.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +12,33 @@ protected:
     int start(const char* name) { return scene->start(QString::fromLatin1(name)); }
     int open(int program, const char* title) { return scene->open(program, QString::fromUtf8(title)); }
     std::int64_t numberInFront() const {
-        const WindowListEntry* window = sight.frontWindow();
+        const WindowListEntry* window = sight().frontWindow();
         return window ? window->number : 0;
     }
 
-    const std::unique_ptr<ContractScene> scene = makeContractScene(QString::fromLatin1(GetParam()));
-    Sight& sight = scene->sight();
+    void SetUp() override {
+        SKIP_WHERE_NOT_PACKAGED(executableOf(QString::fromLatin1(GetParam())));
+        scene = makeContractScene(QString::fromLatin1(GetParam()));
+    }
+
+    Sight& sight() const { return scene->sight(); }
+
+    std::unique_ptr<ContractScene> scene;
 };
 
-INSTANTIATE_TEST_SUITE_P(Contract, DesktopUnder,
-                         testing::Values("openbox", "icewm", "metacity", "sway", "kwin", "gnome"),
-                         [](const auto& instance) { return std::string(instance.param); });
+// A phone's compositor has no way to take a window from the screen without closing it.
+class DesktopThatPutsAway : public DesktopUnder {};
+
+constexpr auto kPuttingAway = {"openbox", "icewm", "metacity", "xfwm4", "kwin_x11", "muffin",
+                               "mutter",  "sway",  "labwc",    "kwin",  "gnome"};
+
+std::string nameOf(const testing::TestParamInfo<const char*>& instance) {
+    return instance.param;
+}
+
+INSTANTIATE_TEST_SUITE_P(Contract, DesktopUnder, testing::ValuesIn(kPuttingAway), nameOf);
+INSTANTIATE_TEST_SUITE_P(Contract, DesktopThatPutsAway, testing::ValuesIn(kPuttingAway), nameOf);
+INSTANTIATE_TEST_SUITE_P(PhoneContract, DesktopUnder, testing::Values("phoc"), nameOf);
 
 TEST_P(DesktopUnder, twoPrograms_takeTurnsInFront) {
     const int editor = start("Editor");
@@ -30,22 +47,22 @@ TEST_P(DesktopUnder, twoPrograms_takeTurnsInFront) {
     const int letter = open(mail, "A letter");
     // A new window may come to the front by itself a while after it is there.
     scene->activate(letter);
-    EXPECT_SEEN(sight, "Mail: A letter");
+    EXPECT_SEEN(sight(), "Mail: A letter");
     scene->activate(page);
-    EXPECT_SEEN(sight, "Editor: A page");
-    const std::int64_t process = sight.frontProcess();
+    EXPECT_SEEN(sight(), "Editor: A page");
+    const std::int64_t process = sight().frontProcess();
     const std::int64_t number = numberInFront();
     EXPECT_EQ(process, scene->process(editor).value_or(process));
-    sight.switches.clear();
+    sight().switches.clear();
     scene->activate(letter);
-    EXPECT_SEEN(sight, "Mail: A letter");
-    EXPECT_NE(sight.frontProcess(), process);
+    EXPECT_SEEN(sight(), "Mail: A letter");
+    EXPECT_NE(sight().frontProcess(), process);
     EXPECT_NE(numberInFront(), number);
     scene->activate(page);
-    EXPECT_SEEN(sight, "Editor: A page");
-    EXPECT_EQ(sight.frontProcess(), process);
+    EXPECT_SEEN(sight(), "Editor: A page");
+    EXPECT_EQ(sight().frontProcess(), process);
     EXPECT_EQ(numberInFront(), number);
-    EXPECT_EQ(sight.switches, QStringList({QStringLiteral("Mail"), QStringLiteral("Editor")}));
+    EXPECT_EQ(sight().switches, QStringList({QStringLiteral("Mail"), QStringLiteral("Editor")}));
 }
 
 TEST_P(DesktopUnder, twoWindowsOfOneProgram_areToldApart) {
@@ -53,63 +70,63 @@ TEST_P(DesktopUnder, twoWindowsOfOneProgram_areToldApart) {
     const int first = open(editor, "First");
     const int second = open(editor, "Second");
     scene->activate(second);
-    EXPECT_SEEN(sight, "Editor: Second");
+    EXPECT_SEEN(sight(), "Editor: Second");
     scene->activate(first);
-    EXPECT_SEEN(sight, "Editor: First");
+    EXPECT_SEEN(sight(), "Editor: First");
     const std::int64_t number = numberInFront();
-    sight.switches.clear();
+    sight().switches.clear();
     scene->activate(second);
-    EXPECT_SEEN(sight, "Editor: Second");
+    EXPECT_SEEN(sight(), "Editor: Second");
     EXPECT_NE(numberInFront(), number);
-    EXPECT_EQ(sight.switches, QStringList());
-    EXPECT_EQ(sight.titles(), QStringList({QStringLiteral("Second"), QStringLiteral("First")}));
+    EXPECT_EQ(sight().switches, QStringList());
+    EXPECT_EQ(sight().titles(), QStringList({QStringLiteral("Second"), QStringLiteral("First")}));
 }
 
 TEST_P(DesktopUnder, aNewTitle_isSeenOnTheSameWindow) {
     const int window = open(start("Editor"), "Old");
     scene->activate(window);
-    EXPECT_SEEN(sight, "Editor: Old");
+    EXPECT_SEEN(sight(), "Editor: Old");
     const std::int64_t number = numberInFront();
     scene->setTitle(window, QStringLiteral("Neu: ünï € 漢"));
-    EXPECT_SEEN(sight, "Editor: Neu: ünï € 漢");
+    EXPECT_SEEN(sight(), "Editor: Neu: ünï € 漢");
     EXPECT_EQ(numberInFront(), number);
 }
 
 TEST_P(DesktopUnder, theLastWindowClosed_leavesTheDesktop) {
     const int window = open(start("Editor"), "Page");
     scene->activate(window);
-    EXPECT_SEEN(sight, "Editor: Page");
+    EXPECT_SEEN(sight(), "Editor: Page");
     scene->close(window);
-    EXPECT_SEEN(sight, "Desktop: none");
+    EXPECT_SEEN(sight(), "Desktop: none");
 }
 
 TEST_P(DesktopUnder, aProgramThatDiesInFront_leavesTheDesktop) {
     const int editor = start("Editor");
     scene->activate(open(editor, "Page"));
-    EXPECT_SEEN(sight, "Editor: Page");
+    EXPECT_SEEN(sight(), "Editor: Page");
     scene->die(editor);
-    EXPECT_SEEN(sight, "Desktop: none");
-    EXPECT_EQ(sight.titles(), QStringList());
+    EXPECT_SEEN(sight(), "Desktop: none");
+    EXPECT_EQ(sight().titles(), QStringList());
 }
 
-TEST_P(DesktopUnder, theOnlyWindowPutAway_leavesTheDesktopAndComesBack) {
+TEST_P(DesktopThatPutsAway, theOnlyWindowPutAway_leavesTheDesktopAndComesBack) {
     const int window = open(start("Editor"), "Page");
     scene->activate(window);
-    EXPECT_SEEN(sight, "Editor: Page");
+    EXPECT_SEEN(sight(), "Editor: Page");
     scene->putAway(window);
-    EXPECT_SEEN(sight, "Desktop: none");
+    EXPECT_SEEN(sight(), "Desktop: none");
     scene->activate(window);
-    EXPECT_SEEN(sight, "Editor: Page");
+    EXPECT_SEEN(sight(), "Editor: Page");
 }
 
-TEST_P(DesktopUnder, theFrontWindowPutAway_givesWayToTheNext) {
+TEST_P(DesktopThatPutsAway, theFrontWindowPutAway_givesWayToTheNext) {
     scene->activate(open(start("Editor"), "A page"));
-    EXPECT_SEEN(sight, "Editor: A page");
+    EXPECT_SEEN(sight(), "Editor: A page");
     const int letter = open(start("Mail"), "A letter");
     scene->activate(letter);
-    EXPECT_SEEN(sight, "Mail: A letter");
+    EXPECT_SEEN(sight(), "Mail: A letter");
     scene->putAway(letter);
-    EXPECT_SEEN(sight, "Editor: A page");
+    EXPECT_SEEN(sight(), "Editor: A page");
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "platform/wayland/WaylandIdleTime.h"
 #include "platform/wayland/WlrootsDesktop.h"
 #include "tests/desktop/Account.h"
+#include "tests/desktop/Desktops.h"
 #include "tests/desktop/harness/GnomeDesk.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/LiveEngine.h"
@@ -74,31 +75,54 @@ struct GnomeSource : WaylandSource {
 std::unique_ptr<WaylandSource> makeSource(const std::string& compositor, LiveGround& ground) {
     if (compositor == "sway")
         return std::make_unique<ProtocolSource<SwayDesk, WlrootsDesktop>>(new SwayDesk(XServer::Own), ground);
+    if (compositor == "labwc")
+        return std::make_unique<ProtocolSource<LabwcDesk, WlrootsDesktop>>(new LabwcDesk(XServer::Own),
+                                                                           ground);
+    if (compositor == "phoc")
+        return std::make_unique<ProtocolSource<PhocDesk, WlrootsDesktop>>(new PhocDesk, ground);
     if (compositor == "kwin")
         return std::make_unique<ProtocolSource<KWinDesk, PlasmaDesktop>>(
             new KWinDesk(KWinDesk::Windows::ForAll, XServer::Own), ground);
     return std::make_unique<GnomeSource>(ground);
 }
 
-class WaylandAccountTruth : public testing::TestWithParam<const char*> {
-protected:
-    bool isInFront(const QString& name) const {
-        // KWin tells the classes of an X server's windows in small letters.
-        return watch.activeApplication() &&
-               watch.activeApplication()->name.compare(name, Qt::CaseInsensitive) == 0;
-    }
-
-    // Where there is no X server, its client knows Wayland.
-    Kind kindOnX11() const { return desk.xDisplay().isEmpty() ? Kind::Qt : Kind::QtOnX11; }
+// Ticklog at work on a compositor.
+struct AtWork {
+    explicit AtWork(const std::string& compositor)
+        : source(makeSource(compositor, ground)) {}
 
     LiveGround ground;
-    const std::unique_ptr<WaylandSource> source = makeSource(GetParam(), ground);
-    WaylandDesk& desk = source->desk();
+    const std::unique_ptr<WaylandSource> source;
     SilenceWatch watch{source->desktop(), ground.runLoop, ground.log, [] { return true; }, {500ms, 3s}};
     LiveEngine engine{ground, watch, watch, source->desktop().idleTime};
 };
 
-INSTANTIATE_TEST_SUITE_P(Wayland, WaylandAccountTruth, testing::Values("sway", "kwin", "gnome"),
+class WaylandAccountTruth : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override {
+        const std::string compositor = GetParam();
+        SKIP_WHERE_NOT_PACKAGED(executableOf(QString::fromStdString(compositor)));
+        work = std::make_unique<AtWork>(compositor);
+    }
+
+    WaylandDesk& desk() const { return work->source->desk(); }
+    SilenceWatch& watch() const { return work->watch; }
+    LiveEngine& engine() const { return work->engine; }
+
+    bool isInFront(const QString& name) const {
+        // KWin tells the classes of an X server's windows in small letters.
+        return watch().activeApplication() &&
+               watch().activeApplication()->name.compare(name, Qt::CaseInsensitive) == 0;
+    }
+
+    // Where there is no X server, its client knows Wayland.
+    Kind kindOnX11() const { return desk().xDisplay().isEmpty() ? Kind::Qt : Kind::QtOnX11; }
+
+    std::unique_ptr<AtWork> work;
+};
+
+INSTANTIATE_TEST_SUITE_P(Wayland, WaylandAccountTruth,
+                         testing::Values("sway", "labwc", "phoc", "kwin", "gnome"),
                          [](const auto& instance) { return std::string(instance.param); });
 
 TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong) {
@@ -108,11 +132,11 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
     std::vector<std::unique_ptr<WaylandClient>> programs;
     QStringList credited;
     for (const QString& name : names) {
-        programs.push_back(std::make_unique<WaylandClient>(desk, name, kinds[programs.size()]));
+        programs.push_back(std::make_unique<WaylandClient>(desk(), name, kinds[programs.size()]));
         programs.back()->open(name);
-        ASSERT_TRUE(desk.activate(name));
+        ASSERT_TRUE(desk().activate(name));
         ASSERT_TRUE(waitFor([&] { return isInFront(name); })) << qPrintable(name);
-        credited << watch.activeApplication()->name;
+        credited << watch().activeApplication()->name;
     }
     const unsigned seed = std::random_device()();
     SCOPED_TRACE(seed);
@@ -120,9 +144,9 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
     std::vector<double> truth(names.size());
     std::vector<int> switches(names.size());
 
-    const Date beforeStart = engine.clock().now();
-    engine.timer().startTimer();
-    const Date afterStart = engine.clock().now();
+    const Date beforeStart = engine().clock().now();
+    engine().timer().startTimer();
+    const Date afterStart = engine().clock().now();
     const Lateness lateness;
     // The last program opened is in front.
     std::size_t inFront = programs.size() - 1;
@@ -130,7 +154,7 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
     stopwatch.start();
     for (int i = 0; i < kSwitches; ++i) {
         const std::size_t next = (inFront + 1 + random() % (programs.size() - 1)) % programs.size();
-        ASSERT_TRUE(desk.activate(names[qsizetype(next)]));
+        ASSERT_TRUE(desk().activate(names[qsizetype(next)]));
         ASSERT_TRUE(programs[next]->awaitFocus(0));
         truth[inFront] += double(stopwatch.nsecsElapsed()) / 1e9;
         stopwatch.start();
@@ -138,80 +162,80 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
         ++switches[next];
         turnEventLoopFor(std::chrono::milliseconds(20 + random() % 100));
     }
-    const Date beforeEnd = engine.clock().now();
-    engine.timer().computeTime();
-    const Date afterEnd = engine.clock().now();
+    const Date beforeEnd = engine().clock().now();
+    engine().timer().computeTime();
+    const Date afterEnd = engine().clock().now();
     truth[inFront] += double(stopwatch.nsecsElapsed()) / 1e9;
 
-    EXPECT_GE(sumOf(engine.tracker()), secondsBetween(afterStart, beforeEnd) * 0.999);
-    EXPECT_LE(sumOf(engine.tracker()), secondsBetween(beforeStart, afterEnd) * 1.001);
+    EXPECT_GE(sumOf(engine().tracker()), secondsBetween(afterStart, beforeEnd) * 0.999);
+    EXPECT_LE(sumOf(engine().tracker()), secondsBetween(beforeStart, afterEnd) * 1.001);
     for (std::size_t i = 0; i < programs.size(); ++i)
-        EXPECT_NEAR(timeOf(engine.tracker(), credited[qsizetype(i)]), truth[i],
+        EXPECT_NEAR(timeOf(engine().tracker(), credited[qsizetype(i)]), truth[i],
                     (switches[i] + 1) * 0.15 + lateness.seconds())
             << qPrintable(names[qsizetype(i)]);
 }
 
 TEST_P(WaylandAccountTruth, aProgramThatIsGone_getsNoMoreTime) {
     const QString name = QStringLiteral("Writer");
-    WaylandClient writer(desk, name);
+    WaylandClient writer(desk(), name);
     writer.open(name);
-    ASSERT_TRUE(desk.activate(name));
-    engine.timer().startTimer();
-    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), name) > 0.2; }));
-    const Seconds before = timeOf(engine.tracker(), kDesktopName);
+    ASSERT_TRUE(desk().activate(name));
+    engine().timer().startTimer();
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), name) > 0.2; }));
+    const Seconds before = timeOf(engine().tracker(), kDesktopName);
     writer.die();
-    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), kDesktopName) > before; }));
-    const Seconds writing = timeOf(engine.tracker(), name);
-    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), kDesktopName) > before + 0.3; }));
-    EXPECT_EQ(timeOf(engine.tracker(), name), writing);
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), kDesktopName) > before; }));
+    const Seconds writing = timeOf(engine().tracker(), name);
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), kDesktopName) > before + 0.3; }));
+    EXPECT_EQ(timeOf(engine().tracker(), name), writing);
 }
 
 TEST_P(WaylandAccountTruth, aCompositorThatHangs_leavesNoWindowToCreditUntilItGoesOn) {
     const QString name = QStringLiteral("Writer");
-    WaylandClient writer(desk, name);
+    WaylandClient writer(desk(), name);
     writer.open(name);
-    ASSERT_TRUE(desk.activate(name));
-    engine.timer().startTimer();
+    ASSERT_TRUE(desk().activate(name));
+    engine().timer().startTimer();
     // It is asked meanwhile, having nothing to tell.
-    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), name) > 1.5; }));
-    EXPECT_EQ(watch.obstacle(), QString());
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), name) > 1.5; }));
+    EXPECT_EQ(watch().obstacle(), QString());
     // On behalf of nobody the compositor is not asked, and starting all this may have taken long.
-    ASSERT_TRUE(desk.touch());
+    ASSERT_TRUE(desk().touch());
     ASSERT_TRUE(waitFor([&] {
-        const auto idle = source->desktop().idleTime.read().idleNanoseconds.asInteger();
+        const auto idle = work->source->desktop().idleTime.read().idleNanoseconds.asInteger();
         return idle && std::chrono::nanoseconds(*idle) < 500ms;
     }));
-    desk.pause();
-    ASSERT_TRUE(waitFor([&] { return !watch.obstacle().isEmpty(); }));
-    const Seconds writing = timeOf(engine.tracker(), name);
+    desk().pause();
+    ASSERT_TRUE(waitFor([&] { return !watch().obstacle().isEmpty(); }));
+    const Seconds writing = timeOf(engine().tracker(), name);
     turnEventLoopFor(400ms);
-    EXPECT_EQ(timeOf(engine.tracker(), name), writing);
-    EXPECT_TRUE(watch.onScreenWindows().empty());
-    desk.resume();
-    EXPECT_TRUE(waitFor([&] { return timeOf(engine.tracker(), name) > writing + 0.2; }));
-    EXPECT_EQ(watch.obstacle(), QString());
-    EXPECT_EQ(ground.log.lines.filter(QStringLiteral("does not answer")).size(), 1);
+    EXPECT_EQ(timeOf(engine().tracker(), name), writing);
+    EXPECT_TRUE(watch().onScreenWindows().empty());
+    desk().resume();
+    EXPECT_TRUE(waitFor([&] { return timeOf(engine().tracker(), name) > writing + 0.2; }));
+    EXPECT_EQ(watch().obstacle(), QString());
+    EXPECT_EQ(work->ground.log.lines.filter(QStringLiteral("does not answer")).size(), 1);
 }
 
 TEST_P(WaylandAccountTruth, aCompositorThatIsGone_leavesNoWindowToCredit) {
     const QString name = QStringLiteral("Writer");
-    WaylandClient writer(desk, name);
+    WaylandClient writer(desk(), name);
     writer.open(name);
-    ASSERT_TRUE(desk.activate(name));
-    engine.timer().startTimer();
-    ASSERT_TRUE(waitFor([&] { return timeOf(engine.tracker(), name) > 0.2; }));
-    desk.kill();
-    ASSERT_TRUE(waitFor([&] { return !watch.obstacle().isEmpty(); }));
-    const Seconds writing = timeOf(engine.tracker(), name);
+    ASSERT_TRUE(desk().activate(name));
+    engine().timer().startTimer();
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), name) > 0.2; }));
+    desk().kill();
+    ASSERT_TRUE(waitFor([&] { return !watch().obstacle().isEmpty(); }));
+    const Seconds writing = timeOf(engine().tracker(), name);
     turnEventLoopFor(400ms);
-    EXPECT_EQ(timeOf(engine.tracker(), name), writing);
-    EXPECT_TRUE(watch.onScreenWindows().empty());
-    desk.restart();
-    WaylandClient painter(desk, QStringLiteral("Painter"));
+    EXPECT_EQ(timeOf(engine().tracker(), name), writing);
+    EXPECT_TRUE(watch().onScreenWindows().empty());
+    desk().restart();
+    WaylandClient painter(desk(), QStringLiteral("Painter"));
     painter.open(QStringLiteral("Picture"));
-    ASSERT_TRUE(desk.activate(QStringLiteral("Picture")));
-    EXPECT_TRUE(waitFor([&] { return timeOf(engine.tracker(), QStringLiteral("Painter")) > 0.2; }));
-    EXPECT_EQ(watch.obstacle(), QString());
+    ASSERT_TRUE(desk().activate(QStringLiteral("Picture")));
+    EXPECT_TRUE(waitFor([&] { return timeOf(engine().tracker(), QStringLiteral("Painter")) > 0.2; }));
+    EXPECT_EQ(watch().obstacle(), QString());
 }
 
 } // namespace

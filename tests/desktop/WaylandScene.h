@@ -43,11 +43,17 @@ public:
 };
 
 using SwayScene = WaylandScene<SwayDesk, WlrootsDesktop>;
+using LabwcScene = WaylandScene<LabwcDesk, WlrootsDesktop>;
+using PhocScene = WaylandScene<PhocDesk, WlrootsDesktop>;
 using KWinScene = WaylandScene<KWinDesk, PlasmaDesktop>;
 
-// `compositor` is "sway" or "kwin".
+// `compositor` is "sway", "labwc", "phoc" or "kwin".
 inline std::unique_ptr<AnyWaylandScene> makeWaylandScene(const QString& compositor) {
     if (compositor == QLatin1String("sway"))
         return std::make_unique<SwayScene>();
+    if (compositor == QLatin1String("labwc"))
+        return std::make_unique<LabwcScene>();
+    if (compositor == QLatin1String("phoc"))
+        return std::make_unique<PhocScene>();
     return std::make_unique<KWinScene>();
 }

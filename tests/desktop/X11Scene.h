@@ -15,7 +15,7 @@ class X11Scene : public X11SceneDesk, public Sight {
 public:
     explicit X11Scene(const QString& windowManager = QStringLiteral("openbox"),
                       VirtualDisplay::Number number = VirtualDisplay::Number::Any)
-        : X11SceneDesk{Desk(windowManager, Desk::Bus::None, number)}
+        : X11SceneDesk{Desk(windowManager, busFor(windowManager), number)}
         , Sight(desk.home().dataFolder()) {
         open();
     }
@@ -29,4 +29,12 @@ public:
     }
 
     std::unique_ptr<X11Desktop> desktop;
+
+private:
+    // Those that belong to a whole desktop keep their settings on a bus.
+    static Desk::Bus busFor(const QString& windowManager) {
+        static const QStringList kDesktops{QStringLiteral("xfwm4"), QStringLiteral("kwin_x11"),
+                                           QStringLiteral("muffin"), QStringLiteral("mutter")};
+        return kDesktops.contains(windowManager) ? Desk::Bus::Own : Desk::Bus::None;
+    }
 };

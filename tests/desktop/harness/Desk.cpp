@@ -43,7 +43,13 @@ xcb_window_t Desk::waitForWindow(const Program& program) const {
 
 void Desk::startWindowManager(const QString& executable) {
     m_windowManager.reset();
-    m_windowManager = start(executable);
+    QProcessEnvironment own = environment();
+    // It would look for a graphics card.
+    own.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("N"));
+    // These two are compositors as well, and choose by the session.
+    const bool isTold = executable == QLatin1String("mutter") || executable == QLatin1String("muffin");
+    m_windowManager = std::make_unique<Program>(
+        executable, isTold ? QStringList(QStringLiteral("--x11")) : QStringList(), own);
     const auto isReady = [this] {
         if (!m_probe->hasWindowManager())
             return false;

@@ -14,8 +14,8 @@ class Desk {
 public:
     enum class Bus { None, Own };
 
-    // `windowManager` is its executable, such as "openbox", "icewm" or "metacity"; empty for none. Ready to
-    // use when made; aborts the test program when something cannot be started.
+    // `windowManager` is its executable, such as "openbox" or "icewm"; empty for none. Ready to use when made; aborts
+    // the test program when something cannot be started.
     explicit Desk(const QString& windowManager = QStringLiteral("openbox"), Bus bus = Bus::None,
                   VirtualDisplay::Number number = VirtualDisplay::Number::Any);
 

@@ -11,6 +11,14 @@ struct Free {
     void operator()(void* reply) const { std::free(reply); }
 };
 
+// Whether an atom is in a property that is a list of them.
+bool namesAtom(const QByteArray& bytes, xcb_atom_t wanted) {
+    for (qsizetype at = 0; at + qsizetype(sizeof wanted) <= bytes.size(); at += sizeof wanted)
+        if (std::memcmp(bytes.constData() + at, &wanted, sizeof wanted) == 0)
+            return true;
+    return false;
+}
+
 } // namespace
 
 DisplayProbe::DisplayProbe(const QString& display)
@@ -74,7 +82,8 @@ void DisplayProbe::askWindowManager() {
 }
 
 bool DisplayProbe::windowManagerHasAnswered() const {
-    return property(m_asking, "_NET_FRAME_EXTENTS").size() > 0;
+    return property(m_asking, "_NET_FRAME_EXTENTS").size() > 0 ||
+           !namesAtom(property(m_root, "_NET_SUPPORTED"), atom("_NET_REQUEST_FRAME_EXTENTS"));
 }
 
 xcb_window_t DisplayProbe::activeWindow() const {
@@ -102,12 +111,7 @@ bool DisplayProbe::isInWindowList(xcb_window_t window) const {
 }
 
 bool DisplayProbe::hasState(xcb_window_t window, const char* state) const {
-    const QByteArray bytes = property(window, "_NET_WM_STATE");
-    const xcb_atom_t wanted = atom(state);
-    for (qsizetype at = 0; at + qsizetype(sizeof wanted) <= bytes.size(); at += sizeof wanted)
-        if (std::memcmp(bytes.constData() + at, &wanted, sizeof wanted) == 0)
-            return true;
-    return false;
+    return namesAtom(property(window, "_NET_WM_STATE"), atom(state));
 }
 
 std::vector<xcb_window_t> DisplayProbe::children(xcb_window_t window) const {

@@ -29,6 +29,7 @@ public:
     // Asks the window manager something that it answers under windowManagerHasAnswered(): it says that it is
     // in charge a little before it is.
     void askWindowManager();
+    // Also where it does not claim to answer that, as KWin does not.
     bool windowManagerHasAnswered() const;
     // The root's _NET_ACTIVE_WINDOW; 0 when there is none.
     xcb_window_t activeWindow() const;

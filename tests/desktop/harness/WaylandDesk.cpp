@@ -14,6 +14,7 @@
 namespace {
 
 const QString kTouch = QStringLiteral(TICKLOG_BINARY_DIR "/wayland-touch");
+const QString kTaskBar = QStringLiteral(TICKLOG_BINARY_DIR "/task-bar");
 // Nobody by name and by number.
 constexpr uid_t kNobody = 65534;
 
@@ -32,6 +33,27 @@ void waitForSocket(const QString& path, const Program& compositor) {
     waitFor([&] { return isListening(path) || !compositor.isRunning(); });
     if (!isListening(path))
         qFatal("no compositor listens at %s: are sway and kwin_wayland installed?", qPrintable(path));
+}
+
+void giveAway(const QString& path) {
+    if (::chown(QFile::encodeName(path).constData(), kNobody, kNobody) != 0)
+        qFatal("%s cannot be given away", qPrintable(path));
+}
+
+// What it takes to run a command as nobody.
+QStringList asNobody() {
+    // Becoming somebody else clears the signal that ends it with the test program.
+    return {QStringLiteral("setpriv"), QStringLiteral("--reuid=%1").arg(kNobody),
+            QStringLiteral("--regid=%1").arg(kNobody), QStringLiteral("--clear-groups"),
+            QStringLiteral("--pdeathsig=KILL")};
+}
+
+// Of those that stand on wlroots: nothing of a machine's is used, not its screens, its keyboards, its graphics.
+void keepToMemory(QProcessEnvironment& environment) {
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.insert(QStringLiteral("WLR_BACKENDS"), QStringLiteral("headless"));
+    environment.insert(QStringLiteral("WLR_LIBINPUT_NO_DEVICES"), QStringLiteral("1"));
+    environment.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
 }
 
 } // namespace
@@ -114,24 +136,15 @@ QString SwayDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     configuration.close();
 
     QProcessEnvironment own = environment();
-    own.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    keepToMemory(own);
     own.insert(QStringLiteral("HOME"), m_place.path());
     own.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_place.path());
     own.insert(QStringLiteral("SWAYSOCK"), socketPath());
-    own.insert(QStringLiteral("WLR_BACKENDS"), QStringLiteral("headless"));
-    own.insert(QStringLiteral("WLR_LIBINPUT_NO_DEVICES"), QStringLiteral("1"));
-    own.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
     QStringList command{QStringLiteral("sway"), QStringLiteral("-c"), configuration.fileName()};
     if (::geteuid() == 0) {
-        for (const QString& path : {m_place.path(), configuration.fileName()}) {
-            if (::chown(QFile::encodeName(path).constData(), kNobody, kNobody) != 0)
-                qFatal("%s cannot be given away", qPrintable(path));
-        }
-        // Becoming somebody else clears the signal that ends it with the test program.
-        command = QStringList{QStringLiteral("setpriv"), QStringLiteral("--reuid=%1").arg(kNobody),
-                              QStringLiteral("--regid=%1").arg(kNobody), QStringLiteral("--clear-groups"),
-                              QStringLiteral("--pdeathsig=KILL")} +
-                  command;
+        giveAway(m_place.path());
+        giveAway(configuration.fileName());
+        command = asNobody() + command;
     }
     compositor = std::make_unique<Program>(command.takeFirst(), command, own);
     waitForSocket(m_place.filePath(QStringLiteral("wayland-1")), *compositor);
@@ -156,6 +169,49 @@ bool SwayDesk::putAway(const QString& title) {
 
 bool SwayDesk::touch() {
     return tell(QStringLiteral("seat seat0 cursor move 3 3"));
+}
+
+TaskBarDesk::TaskBarDesk(const QString& compositor, XServer xServer)
+    : m_name(compositor)
+    , m_xServer(xServer) {
+    restart();
+}
+
+TaskBarDesk::~TaskBarDesk() = default;
+
+QString TaskBarDesk::startCompositor(std::unique_ptr<Program>& compositor) {
+    const QString display = home().runtimeFolder() + QStringLiteral("/wayland-0");
+    // What an earlier one has left behind.
+    QFile::remove(display);
+    QFile::remove(display + QStringLiteral(".lock"));
+    QProcessEnvironment own = environment();
+    keepToMemory(own);
+    own.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    QStringList arguments;
+    const QString xDisplayFile = home().path() + QStringLiteral("/x-display");
+    if (m_xServer == XServer::Own) {
+        QFile::remove(xDisplayFile);
+        home().write(QStringLiteral("tell-x-display"), "echo $DISPLAY > " + xDisplayFile.toUtf8());
+        arguments << QStringLiteral("-s") << QStringLiteral("sh %1/tell-x-display").arg(home().path());
+    }
+    compositor = std::make_unique<Program>(m_name, arguments, own);
+    waitForSocket(display, *compositor);
+    if (m_xServer == XServer::Own)
+        awaitXDisplay(xDisplayFile);
+    return display;
+}
+
+bool TaskBarDesk::activate(const QString& title) {
+    // A program has opened its window a little before it is shown.
+    return waitFor([&] { return run(kTaskBar, {QStringLiteral("activate"), title}); });
+}
+
+bool TaskBarDesk::putAway(const QString& title) {
+    return run(kTaskBar, {QStringLiteral("minimise"), title});
+}
+
+bool TaskBarDesk::touch() {
+    return run(QStringLiteral("wtype"), {QStringLiteral("-M"), QStringLiteral("shift")});
 }
 
 KWinDesk::KWinDesk(Windows windows, XServer xServer)

@@ -90,6 +90,37 @@ private:
     QTemporaryDir m_place;
 };
 
+// Others that stand on wlroots, by their executable's name, such as "labwc": they are driven as a task bar would.
+class TaskBarDesk : public WaylandDesk {
+public:
+    explicit TaskBarDesk(const QString& compositor, XServer xServer = XServer::None);
+    ~TaskBarDesk() override;
+
+    bool activate(const QString& title) override;
+    bool putAway(const QString& title) override;
+    bool touch() override;
+
+private:
+    QString startCompositor(std::unique_ptr<Program>& compositor) override;
+
+    QString m_name;
+    XServer m_xServer;
+};
+
+// labwc, whose windows lie over each other.
+class LabwcDesk : public TaskBarDesk {
+public:
+    explicit LabwcDesk(XServer xServer = XServer::None)
+        : TaskBarDesk(QStringLiteral("labwc"), xServer) {}
+};
+
+// phoc, which telephones have.
+class PhocDesk : public TaskBarDesk {
+public:
+    PhocDesk()
+        : TaskBarDesk(QStringLiteral("phoc")) {}
+};
+
 // KWin, for Plasma.
 class KWinDesk : public WaylandDesk {
 public:
