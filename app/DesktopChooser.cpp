@@ -109,12 +109,10 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
                       "outside of one, Ticklog can be told.")};
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
+    // Made, and renewed, before it is asked whether it tells us.
     const auto extension = std::make_shared<GnomeExtension>(
-        m_ground.sessionBus, m_ground.runLoop,
+        m_ground.sessionBus, m_ground.runLoop, m_ground.log,
         GnomeExtension::Places::forUser(QStringLiteral(":/gnome-extension")));
-    // Before it is asked whether it tells us.
-    if (const Outcome renewed = extension->renew(); !renewed)
-        m_ground.log.log(renewed.failure().text);
     const auto parts = std::make_shared<Gnome>(m_ground);
     const std::shared_ptr<StandInDesktop> desktop(parts, &parts->desktop);
     // The shell is the compositor as well: when it goes, the toolkit ends the process.

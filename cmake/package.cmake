@@ -29,9 +29,16 @@ install(FILES resources/system/org.ticklog.TKAXTrusted.policy DESTINATION ${CMAK
 install(FILES resources/system/ticklog-trust.service DESTINATION lib/systemd/system)
 install(PROGRAMS resources/system/60-ticklog DESTINATION lib/systemd/user-environment-generators)
 
-# GNOME Shell's extension, and whom it tells: the program that is installed with it.
+# GNOME Shell's extension in the form that the shell of this release reads, and whom it tells: the program that is
+# installed with it. Of the releases that Ticklog can be built on only Debian 12 has a shell from before 45.
+cmake_host_system_information(RESULT release QUERY DISTRIB_INFO)
+set(extension_form modules)
+if(release_ID STREQUAL debian AND release_VERSION_ID STREQUAL 12)
+  set(extension_form legacy)
+endif()
 set(extension_folder ${CMAKE_INSTALL_DATADIR}/gnome-shell/extensions/ticklog@ticklog.org)
-install(DIRECTORY resources/gnome-extension/ DESTINATION ${extension_folder})
+install(DIRECTORY resources/gnome-extension/${extension_form}/ DESTINATION ${extension_folder})
+install(FILES resources/gnome-extension/service.js resources/gnome-extension/windows.js DESTINATION ${extension_folder})
 install(CODE "file(WRITE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${extension_folder}/executable\"
   \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog\\n\")")
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)

@@ -8,10 +8,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSaveFile>
 #include <QStandardPaths>
-
-#include <algorithm>
 
 namespace {
 
@@ -27,18 +28,17 @@ QString folderBelow(const QString& dataFolder) {
     return dataFolder + QStringLiteral("/gnome-shell/extensions/") + kTicklogExtension;
 }
 
-// The numbers are those of the shell's own ExtensionState.
-ShellExtension::State stateOf(int number) {
-    switch (number) {
-    case 1:
-        return ShellExtension::State::On;
-    case 3:
-    case 4:
-        return ShellExtension::State::Refused;
-    default:
-        return ShellExtension::State::Off;
-    }
+// The versions of the shell that an extension's metadata.json names.
+QStringList versionsOf(const QByteArray& metadata) {
+    QStringList versions;
+    for (const auto& version :
+         QJsonDocument::fromJson(metadata).object().value(QLatin1String("shell-version")).toArray())
+        versions << version.toString();
+    return versions;
 }
+
+// Of the shell's own ExtensionState.
+enum ShellsState { kActive = 1, kError = 3, kOutOfDate = 4 };
 
 } // namespace
 
@@ -47,15 +47,18 @@ GnomeExtension::Places GnomeExtension::Places::forUser(const QString& source) {
             QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()};
 }
 
-GnomeExtension::GnomeExtension(Bus& sessionBus, RunLoop& runLoop, Places places)
+GnomeExtension::GnomeExtension(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, Places places)
     : m_runLoop(runLoop)
+    , m_log(log)
     , m_places(std::move(places))
     , m_shell(sessionBus, kGnomeShell)
-    , m_version(m_shell, [this] { ask(); })
+    , m_version(m_shell, [this] { learnVersion(); })
     , m_changed(m_shell.listen({kGnomeShellPath, kGnomeShellExtensions,
                                 QStringLiteral("ExtensionStateChanged"), kTicklogExtension},
                                [this](const QDBusMessage&) { ask(); }))
-    , m_presence(m_shell.observe([this] { follow(); })) {}
+    , m_presence(m_shell.observe([this] { follow(); })) {
+    renew();
+}
 
 void GnomeExtension::follow() {
     if (m_shell.isServed()) {
@@ -66,10 +69,15 @@ void GnomeExtension::follow() {
     }
 }
 
+void GnomeExtension::learnVersion() {
+    renew();
+    ask();
+}
+
 void GnomeExtension::ask() {
     m_shell.call(kGnomeShellPath, kGnomeShellExtensions, QStringLiteral("GetExtensionInfo"),
                  {kTicklogExtension}, [this](const QDBusMessage& answer) {
-                     if (answer.type() == QDBusMessage::ReplyMessage)
+                     if (answer.type() == QDBusMessage::ReplyMessage && !m_version.text().isEmpty())
                          takeIn(mapIn(answer, "a{sv}", 0));
                      else if (m_shell.isServed())
                          m_askingAgain = m_runLoop.scheduleOnce(kAskingAgain, [this] { follow(); });
@@ -77,15 +85,20 @@ void GnomeExtension::ask() {
 }
 
 void GnomeExtension::takeIn(const QVariantMap& description) {
-    const State described = stateOf(description.value(QStringLiteral("state")).toInt());
+    const State state = stateOf(description);
     // One that was not tested with it is not offered to a shell, which would refuse it after the next login.
-    if (m_version.isUntested() && described != State::On)
-        setState(State::Refused);
-    // The shell describes what it does not know with nothing.
-    else if (!description.isEmpty())
-        setState(described);
-    else
-        setState(isInstalled() ? State::AwaitsLogin : State::Missing);
+    setState(m_version.isUntested() && state != State::On ? State::Refused : state);
+}
+
+ShellExtension::State GnomeExtension::stateOf(const QVariantMap& description) const {
+    const int told = description.value(QStringLiteral("state")).toInt();
+    // The shell describes what it does not know with nothing. What was made for another version when the shell looked
+    // may have been replaced since, and it does not look again.
+    if (description.isEmpty() || told == kOutOfDate)
+        return isInstalled() ? State::AwaitsLogin : State::Missing;
+    if (told == kActive)
+        return State::On;
+    return told == kError ? State::Refused : State::Off;
 }
 
 void GnomeExtension::setState(State state) {
@@ -97,9 +110,13 @@ void GnomeExtension::setState(State state) {
 }
 
 bool GnomeExtension::isInstalled() const {
-    return std::ranges::any_of(m_places.dataFolders, [](const QString& folder) {
-        return QFile::exists(folderBelow(folder) + QStringLiteral("/metadata.json"));
-    });
+    for (const QString& folder : m_places.dataFolders) {
+        const QString metadata = folderBelow(folder) + QStringLiteral("/metadata.json");
+        // The shell looks at no second one.
+        if (QFile::exists(metadata))
+            return m_version.isAmong(versionsOf(contentOf(metadata)));
+    }
+    return false;
 }
 
 QString GnomeExtension::usersFolder() const {
@@ -107,39 +124,49 @@ QString GnomeExtension::usersFolder() const {
 }
 
 QMap<QString, QByteArray> GnomeExtension::files() const {
-    QMap<QString, QByteArray> files;
-    for (const QString& name : QDir(m_places.source).entryList(QDir::Files))
-        files.insert(name, contentOf(m_places.source + u'/' + name));
-    files.insert(kExecutableFile, QFile::encodeName(m_places.executable) + '\n');
+    QMap<QString, QByteArray> files{{kExecutableFile, QFile::encodeName(m_places.executable) + '\n'}};
+    if (m_version.text().isEmpty())
+        return files;
+    const QString form = m_version.readsModules() ? QStringLiteral("/modules") : QStringLiteral("/legacy");
+    for (const QString& folder : QStringList{m_places.source, m_places.source + form}) {
+        for (const QString& name : QDir(folder).entryList(QDir::Files))
+            files.insert(name, contentOf(folder + u'/' + name));
+    }
     return files;
 }
 
-Outcome GnomeExtension::install() {
+Outcome GnomeExtension::write(const QMap<QString, QByteArray>& files) const {
     const QString folder = usersFolder();
     const Failure failure{Failure::Kind::CannotWrite,
                           QStringLiteral("GNOME Shell's extension cannot be written to ") + folder};
     if (!QDir().mkpath(folder))
         return failure;
-    const auto written = files();
-    for (auto content = written.cbegin(); content != written.cend(); ++content) {
+    for (auto content = files.cbegin(); content != files.cend(); ++content) {
         QSaveFile file(folder + u'/' + content.key());
         if (!file.open(QFile::WriteOnly) || file.write(*content) != content->size() || !file.commit())
             return failure;
     }
-    if (m_shell.isServed())
-        ask();
     return Done();
 }
 
-Outcome GnomeExtension::renew() {
-    const QString folder = usersFolder();
-    const auto wanted = files();
-    bool isCurrent = true;
-    for (auto content = wanted.cbegin(); content != wanted.cend(); ++content)
-        isCurrent &= contentOf(folder + u'/' + content.key()) == *content;
-    if (isCurrent || !QFileInfo::exists(folder))
-        return Done();
-    return install();
+Outcome GnomeExtension::install() {
+    if (m_version.text().isEmpty())
+        return Failure{Failure::Kind::NotFound,
+                       QStringLiteral("GNOME Shell has not said which version it is.")};
+    const Outcome written = write(files());
+    if (written && m_shell.isServed())
+        ask();
+    return written;
+}
+
+void GnomeExtension::renew() {
+    if (!QFileInfo::exists(usersFolder()))
+        return;
+    QMap<QString, QByteArray> wanted = files();
+    wanted.removeIf(
+        [this](const auto& file) { return contentOf(usersFolder() + u'/' + file.key()) == file.value(); });
+    if (const Outcome written = write(wanted); !written)
+        m_log.log(written.failure().text);
 }
 
 void GnomeExtension::switchOn() {

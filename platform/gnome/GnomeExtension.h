@@ -3,6 +3,7 @@
 
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusService.h"
+#include "platform/foundation/SystemLog.h"
 #include "platform/gnome/GnomeShellVersion.h"
 
 #include <QMap>
@@ -12,26 +13,25 @@
 class GnomeExtension : public ShellExtension {
 public:
     struct Places {
-        // A folder with the files to install.
+        // A folder with the files to install: what all shells read, and below it what only those before 45 ("legacy") or
+        // since then ("modules") do.
         QString source;
         // The folders with data of the user and of the system, the user's first, as the shell looks through them.
         QStringList dataFolders;
         // The program that the extension shall tell, as a full path.
         QString executable;
 
-        // Those of this process; `source` is a folder with the files to install.
+        // Those of this process.
         static Places forUser(const QString& source);
     };
 
     // A shell that starts has its name before it answers; it is asked again this much later.
     static constexpr std::chrono::seconds kAskingAgain{1};
 
-    // Bus and loop outlive this.
-    GnomeExtension(Bus& sessionBus, RunLoop& runLoop, Places places);
-
-    // Brings this user's copy up to what this program would install: it may be an earlier version's, or know this
-    // program by another path. Does nothing where there is none.
-    Outcome renew();
+    // Brings this user's copy, where there is one, up to what this program would install: it may be an earlier version's,
+    // be made for another version of the shell, or know this program by another path. The path is there when this
+    // returns, the rest when the shell has said which version it is. Bus, loop and log outlive this.
+    GnomeExtension(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, Places places);
 
     State state() const override { return m_state; }
     void observe(std::function<void()> changed) override { m_observer = std::move(changed); }
@@ -41,15 +41,21 @@ public:
 
 private:
     void follow();
+    void learnVersion();
+    void renew();
     void ask();
     void takeIn(const QVariantMap& description);
     void setState(State state);
+    State stateOf(const QVariantMap& description) const;
+    // Whether the shell finds one that was made for it.
     bool isInstalled() const;
     QString usersFolder() const;
-    // By file name; what install() would write.
+    // By file name; what belongs into the user's folder, as far as that is known.
     QMap<QString, QByteArray> files() const;
+    Outcome write(const QMap<QString, QByteArray>& files) const;
 
     RunLoop& m_runLoop;
+    SystemLog& m_log;
     Places m_places;
     State m_state = State::Unknown;
     std::function<void()> m_observer;

@@ -6,8 +6,14 @@
 
 #include <QDBusVariant>
 
+namespace {
+
+constexpr int kFirstWithModules = 45;
+
+} // namespace
+
 const QStringList& GnomeShellVersion::tested() {
-    static const QStringList kTested{QStringLiteral("43")};
+    static const QStringList kTested{QStringLiteral("43"), QStringLiteral("48"), QStringLiteral("50")};
     return kTested;
 }
 
@@ -28,5 +34,13 @@ void GnomeShellVersion::ask() {
 }
 
 bool GnomeShellVersion::isUntested() const {
-    return !m_text.isEmpty() && !tested().contains(m_text.section(u'.', 0, 0));
+    return !m_text.isEmpty() && !isAmong(tested());
+}
+
+bool GnomeShellVersion::readsModules() const {
+    return main().toInt() >= kFirstWithModules;
+}
+
+bool GnomeShellVersion::isAmong(const QStringList& versions) const {
+    return versions.contains(main());
 }

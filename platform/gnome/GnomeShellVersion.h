@@ -18,8 +18,14 @@ public:
     const QString& text() const { return m_text; }
     // Whether it is known to be one that the extension was not tested with.
     bool isUntested() const;
+    // Whether it reads extensions as modules, as shells do since 45; those before read scripts.
+    bool readsModules() const;
+    // Whether a list of versions, as in an extension's metadata.json, names it.
+    bool isAmong(const QStringList& versions) const;
 
 private:
+    QString main() const { return m_text.section(u'.', 0, 0); }
+
     BusService& m_shell;
     std::function<void()> m_told;
     QString m_text;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-'use strict';
 
-const {GLib, Meta, Shell} = imports.gi;
+import GLib from 'gi://GLib';
+import Meta from 'gi://Meta';
+import Shell from 'gi://Shell';
 
 // The layers that Ticklog knows: 0 holds the ordinary windows.
 function layerOf(window) {
@@ -29,7 +30,7 @@ function applicationIdOf(window) {
 }
 
 // The windows on the screen, and when they change. Looks at them from its making until destroy() is called.
-var WindowWatch = class {
+export class WindowWatch {
     // `changed` is called once after whatever changes within a turn of the loop.
     constructor(changed) {
         this._changed = changed;
@@ -112,4 +113,4 @@ var WindowWatch = class {
             return GLib.SOURCE_REMOVE;
         });
     }
-};
+}

@@ -7,6 +7,7 @@
 #include "tests/desktop/services/ServiceScript.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -18,85 +19,130 @@ namespace {
 
 using State = ShellExtension::State;
 
+const QString kSource = QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension");
+const QString kLegacy = QStringLiteral("legacy");
+const QString kModules = QStringLiteral("modules");
+constexpr int kFirstWithModules = 45;
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void putInto(const QString& folder, const QString& name, const QByteArray& content) {
+    QDir().mkpath(folder);
+    QFile file(folder + u'/' + name);
+    if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+}
+
+testing::AssertionResult becomes(GnomeExtension& extension, State state) {
+    if (waitFor([&] { return extension.state() == state; }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "it is " << int(extension.state()) << ", not " << int(state);
+}
+
 class GnomeExtensionTest : public testing::Test {
 protected:
-    testing::AssertionResult becomes(State state) {
-        if (waitFor([&] { return extension.state() == state; }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "it is " << int(extension.state()) << ", not " << int(state);
+    std::unique_ptr<GnomeExtension> open() {
+        return std::make_unique<GnomeExtension>(
+            scene.bus, scene.runLoop, scene.log,
+            GnomeExtension::Places{
+                kSource, {scene.desk.home().dataFolder()}, QCoreApplication::applicationFilePath()});
     }
 
-    bool isThere(const char* file) {
-        return QFile::exists(scene.desk.extensionFolder() + u'/' + QLatin1String(file));
+    QByteArray installed(const char* file) {
+        return contentOf(scene.desk.extensionFolder() + u'/' + QLatin1String(file));
     }
 
     GnomeScene scene{{.isInstalled = false, .isEnabled = false}};
-    GnomeExtension extension{scene.bus,
-                             scene.runLoop,
-                             {QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension"),
-                              {scene.desk.home().dataFolder()},
-                              QCoreApplication::applicationFilePath()}};
+    std::unique_ptr<GnomeExtension> extension = open();
 };
 
 TEST_F(GnomeExtensionTest, installed_runsAfterTheNextLoginUntilItIsRemoved) {
-    ASSERT_TRUE(becomes(State::Missing));
-    EXPECT_TRUE(extension.renew());
-    EXPECT_FALSE(isThere("extension.js")) << "nobody has asked for it";
+    ASSERT_TRUE(becomes(*extension, State::Missing));
+    EXPECT_TRUE(installed("extension.js").isEmpty()) << "nobody has asked for it";
     int changes = 0;
-    extension.observe([&] { ++changes; });
-    ASSERT_TRUE(extension.install());
-    ASSERT_TRUE(becomes(State::AwaitsLogin));
+    extension->observe([&] { ++changes; });
+    ASSERT_TRUE(extension->install());
+    ASSERT_TRUE(becomes(*extension, State::AwaitsLogin));
     EXPECT_EQ(changes, 1);
 
     scene.desk.kill();
-    ASSERT_TRUE(becomes(State::Unknown));
+    ASSERT_TRUE(becomes(*extension, State::Unknown));
     scene.desk.restart();
-    ASSERT_TRUE(becomes(State::Off));
+    ASSERT_TRUE(becomes(*extension, State::Off));
     EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
-    extension.switchOn();
-    ASSERT_TRUE(becomes(State::On));
+    extension->switchOn();
+    ASSERT_TRUE(becomes(*extension, State::On));
     EXPECT_SEEN(scene, "Desktop: none");
     EXPECT_EQ(scene.desktop->obstacle(), QString());
 
-    ASSERT_TRUE(extension.remove());
-    ASSERT_TRUE(becomes(State::Off));
+    ASSERT_TRUE(extension->remove());
+    ASSERT_TRUE(becomes(*extension, State::Off));
     EXPECT_TRUE(waitFor([&] { return !scene.desktop->obstacle().isEmpty(); }));
-    EXPECT_FALSE(isThere("metadata.json"));
+    EXPECT_TRUE(installed("metadata.json").isEmpty());
 }
 
 TEST_F(GnomeExtensionTest, aCopyOfAnEarlierVersion_isRenewed) {
-    ASSERT_TRUE(extension.install());
-    const QString path = scene.desk.extensionFolder() + QStringLiteral("/executable");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write("/somewhere/else\n");
-    file.close();
-    ASSERT_TRUE(extension.renew());
-    ASSERT_TRUE(file.open(QFile::ReadOnly));
-    EXPECT_EQ(QFile::decodeName(file.readAll().trimmed()), QCoreApplication::applicationFilePath());
+    ASSERT_TRUE(becomes(*extension, State::Missing));
+    ASSERT_TRUE(extension->install());
+    const QByteArray service = installed("service.js");
+    putInto(scene.desk.extensionFolder(), QStringLiteral("executable"), "/somewhere/else\n");
+    putInto(scene.desk.extensionFolder(), QStringLiteral("service.js"), "// Of long ago.\n");
+    extension = open();
+    EXPECT_EQ(QFile::decodeName(installed("executable").trimmed()), QCoreApplication::applicationFilePath())
+        << "it decides whether we are told";
+    EXPECT_TRUE(waitFor([&] { return installed("service.js") == service; }));
+}
+
+TEST_F(GnomeExtensionTest, aCopyForShellsOfAnotherAge_isReplacedAndRunsAfterTheNextLogin) {
+    const QString folder = scene.desk.extensionFolder();
+    const bool isLegacy = GnomeDesk::shellVersion() < kFirstWithModules;
+    const QString other = kSource + u'/' + (isLegacy ? kModules : kLegacy);
+    for (const char* name : {"extension.js", "metadata.json"})
+        putInto(folder, QLatin1String(name), contentOf(other + u'/' + QLatin1String(name)));
+    scene.desk.kill();
+    ASSERT_TRUE(becomes(*extension, State::Unknown));
+    extension.reset();
+    scene.desk.restart();
+    ASSERT_TRUE(scene.desk.enableExtension()) << "the shell knows it, and that it is not for it";
+
+    extension = open();
+    ASSERT_TRUE(becomes(*extension, State::AwaitsLogin));
+    scene.desk.kill();
+    ASSERT_TRUE(becomes(*extension, State::Unknown));
+    scene.desk.restart();
+    ASSERT_TRUE(becomes(*extension, State::On));
+    EXPECT_SEEN(scene, "Desktop: none");
 }
 
 // A shell of any version on a bus of its own, and what is made of it.
 struct ShellOfVersion {
-    explicit ShellOfVersion(const QString& version)
-        : shell(home, QStringLiteral("gnome_shell.py"), {daemon.address(), version}) {}
+    // `state` is the number of that in which it says that the extension is; empty when it knows none.
+    explicit ShellOfVersion(const QString& version, const QString& state = {})
+        : shell(home, QStringLiteral("gnome_shell.py"),
+                QStringList{daemon.address(), version} +
+                    (state.isEmpty() ? QStringList() : QStringList{state})) {}
+
+    QString folderBelow(const QString& dataFolder) const {
+        return dataFolder + QStringLiteral("/gnome-shell/extensions/ticklog@ticklog.org");
+    }
 
     TemporaryHome home;
+    QString systemFolder = home.path() + QStringLiteral("/system");
     SessionBus daemon{home.environment(), home.runtimeFolder()};
     ServiceScript shell;
     Sight sight{home.dataFolder()};
     Bus bus{Bus::atAddress(daemon.address()), sight.runLoop, sight.log};
-    GnomeExtension extension{
-        bus,
-        sight.runLoop,
-        {QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension"), {home.dataFolder()}, {}}};
+    GnomeExtension extension{bus, sight.runLoop, sight.log, {kSource, {home.dataFolder(), systemFolder}, {}}};
     BusName name{bus, kTicklogName, sight.log};
     GnomeShellDesktop desktop{bus, name, sight.log, sight.entries};
 };
 
 TEST(GnomeVersions, aVersionThatWasNotTested_isToldInsteadOfAnOffer) {
     ShellOfVersion newer(QStringLiteral("45.2"));
-    EXPECT_TRUE(waitFor([&] { return newer.extension.state() == State::Refused; }));
+    EXPECT_TRUE(becomes(newer.extension, State::Refused));
     EXPECT_TRUE(
         waitFor([&] { return newer.desktop.obstacle().contains(QStringLiteral("GNOME Shell 45.2")); }));
     EXPECT_FALSE(newer.desktop.activeApplication());
@@ -104,17 +150,60 @@ TEST(GnomeVersions, aVersionThatWasNotTested_isToldInsteadOfAnOffer) {
 
 TEST(GnomeVersions, aVersionThatWasTested_isOfferedTheExtension) {
     ShellOfVersion tested(QStringLiteral("43.9"));
-    EXPECT_TRUE(waitFor([&] { return tested.extension.state() == State::Missing; }));
+    EXPECT_TRUE(becomes(tested.extension, State::Missing));
     EXPECT_TRUE(tested.desktop.obstacle().contains(QStringLiteral("is not running")));
 }
 
+TEST(GnomeVersions, eachVersion_getsTheFormThatItReads) {
+    const QList<QPair<QString, QString>> forms{{QStringLiteral("43.9"), kLegacy},
+                                               {QStringLiteral("48.7"), kModules},
+                                               {QStringLiteral("50.alpha"), kModules}};
+    for (const auto& [version, form] : forms) {
+        ShellOfVersion tested(version);
+        ASSERT_TRUE(becomes(tested.extension, State::Missing)) << qPrintable(version);
+        ASSERT_TRUE(tested.extension.install());
+        EXPECT_TRUE(becomes(tested.extension, State::AwaitsLogin)) << qPrintable(version);
+        const QString folder = tested.folderBelow(tested.home.dataFolder());
+        for (const char* name : {"extension.js", "metadata.json"})
+            EXPECT_EQ(contentOf(folder + u'/' + QLatin1String(name)),
+                      contentOf(kSource + u'/' + form + u'/' + QLatin1String(name)));
+        EXPECT_EQ(QDir(folder).entryList(QDir::Files),
+                  QStringList({QStringLiteral("executable"), QStringLiteral("extension.js"),
+                               QStringLiteral("metadata.json"), QStringLiteral("service.js"),
+                               QStringLiteral("windows.js")}));
+    }
+}
+
+TEST(GnomeVersions, oneThatThePackageBringsForAnotherVersion_isNoHindrance) {
+    ShellOfVersion newer(QStringLiteral("48.7"), QStringLiteral("4"));
+    putInto(newer.folderBelow(newer.systemFolder), QStringLiteral("metadata.json"),
+            contentOf(kSource + QStringLiteral("/legacy/metadata.json")));
+    EXPECT_TRUE(becomes(newer.extension, State::Missing)) << "the user can have one that fits";
+    ASSERT_TRUE(newer.extension.install());
+    EXPECT_TRUE(becomes(newer.extension, State::AwaitsLogin));
+}
+
+TEST(GnomeVersions, aShellThatHasNotSaidWhichItIs_getsNothing) {
+    TemporaryHome home;
+    const SessionBus daemon(home.environment(), home.runtimeFolder());
+    Sight sight(home.dataFolder());
+    Bus bus(Bus::atAddress(daemon.address()), sight.runLoop, sight.log);
+    GnomeExtension extension(bus, sight.runLoop, sight.log, {kSource, {home.dataFolder()}, {}});
+    EXPECT_FALSE(extension.install());
+    EXPECT_FALSE(QFile::exists(home.dataFolder() + QStringLiteral("/gnome-shell")));
+}
+
 TEST(GnomeVersions, theMetadata_nameTheTestedVersions) {
-    QFile file(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension/metadata.json"));
-    ASSERT_TRUE(file.open(QFile::ReadOnly));
-    const QJsonObject metadata = QJsonDocument::fromJson(file.readAll()).object();
     QStringList named;
-    for (const auto& version : metadata.value(QStringLiteral("shell-version")).toArray())
-        named << version.toString();
+    for (const QString& form : {kLegacy, kModules}) {
+        const QJsonObject metadata =
+            QJsonDocument::fromJson(contentOf(kSource + u'/' + form + QStringLiteral("/metadata.json")))
+                .object();
+        for (const auto& version : metadata.value(QStringLiteral("shell-version")).toArray()) {
+            named << version.toString();
+            EXPECT_EQ(version.toString().toInt() < kFirstWithModules, form == kLegacy);
+        }
+    }
     EXPECT_EQ(named, GnomeShellVersion::tested());
 }
 

@@ -16,15 +16,27 @@ const QString kExtension = QStringLiteral("ticklog@ticklog.org");
 const QString kDriver = QStringLiteral("driver@ticklog.org");
 const QString kDriverService = QStringLiteral("org.ticklog.TestDriver");
 const QString kShellService = QStringLiteral("org.gnome.Shell");
-// Starting a whole shell takes seconds even on an idle machine.
-constexpr std::chrono::minutes kStartLimit{2};
+// Starting a whole shell takes a second or two on an idle machine.
+constexpr std::chrono::seconds kStartLimit{20};
+constexpr int kFirstWithModules = 45;
 
-void copyFolder(const QString& from, const QString& to) {
+void copyFiles(const QString& from, const QString& to) {
     QDir().mkpath(to);
     for (const QString& name : QDir(from).entryList(QDir::Files)) {
         if (!QFile::copy(from + u'/' + name, to + u'/' + name))
             qFatal("cannot copy %s", qPrintable(name));
     }
+}
+
+// What the shell that is installed would read of an extension's folder.
+void copyExtension(const QString& from, const QString& to) {
+    copyFiles(from, to);
+    copyFiles(from + (GnomeDesk::shellVersion() < kFirstWithModules ? u"/legacy" : u"/modules"), to);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void replaceIn(const QString& path, const QString& before, const QString& after) {
@@ -54,14 +66,25 @@ GnomeDesk::GnomeDesk(const Extension& extension) {
     m_systemBus = std::make_unique<SessionBus>(home().environment(), systemFolder);
     if (extension.isInstalled)
         installExtension(extension);
-    copyFolder(QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/services/gnome-driver"),
-               home().dataFolder() + QStringLiteral("/gnome-shell/extensions/") + kDriver);
+    copyExtension(QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/services/gnome-driver"),
+                  home().dataFolder() + QStringLiteral("/gnome-shell/extensions/") + kDriver);
     writeSettings(extension.isEnabled);
     restart();
 }
 
 GnomeDesk::~GnomeDesk() {
     QDBusConnection::disconnectFromBus(connectTo(bus()).name());
+}
+
+int GnomeDesk::shellVersion() {
+    static const int kVersion = [] {
+        Program shell(QStringLiteral("gnome-shell"), {QStringLiteral("--version")},
+                      QProcessEnvironment::systemEnvironment(), Program::Output::Read);
+        // "GNOME Shell 43.9"
+        const QString line = QString::fromLatin1(shell.readLine().value_or(QByteArray()));
+        return line.section(u' ', -1).section(u'.', 0, 0).toInt();
+    }();
+    return kVersion;
 }
 
 QProcessEnvironment GnomeDesk::environment() const {
@@ -77,12 +100,12 @@ QString GnomeDesk::extensionFolder() {
 }
 
 void GnomeDesk::installExtension(const Extension& extension) {
-    copyFolder(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension"), extensionFolder());
+    copyExtension(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-extension"), extensionFolder());
     const QString executable =
         extension.executable.isEmpty() ? QCoreApplication::applicationFilePath() : extension.executable;
     home().write(QDir(home().path()).relativeFilePath(extensionFolder() + QStringLiteral("/executable")),
                  executable.toUtf8());
-    const QString script = extensionFolder() + QStringLiteral("/extension.js");
+    const QString script = extensionFolder() + QStringLiteral("/service.js");
     replaceIn(script, QStringLiteral("kVersion = 1"), QStringLiteral("kVersion = %1").arg(extension.version));
     replaceIn(script, QStringLiteral("kOldestVersion = 1"),
               QStringLiteral("kOldestVersion = %1").arg(extension.oldestVersion));
@@ -109,20 +132,20 @@ QString GnomeDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     own.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), m_systemBus->address());
     own.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("keyfile"));
     own.insert(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
+    const QString complaints = home().path() + QStringLiteral("/gnome-shell.log");
     compositor =
         std::make_unique<Program>(QStringLiteral("gnome-shell"),
                                   QStringList{QStringLiteral("--headless"), QStringLiteral("--no-x11"),
                                               QStringLiteral("--virtual-monitor"), QStringLiteral("800x600"),
                                               QStringLiteral("--wayland-display"), name},
-                                  own);
+                                  own, Program::Output::Discarded, complaints);
     const QDBusConnection connection = connectTo(bus());
-    waitFor(
-        [&] {
-            return connection.interface()->isServiceRegistered(kDriverService) || !compositor->isRunning();
-        },
-        kStartLimit);
-    if (!compositor->isRunning() || !connection.interface()->isServiceRegistered(kDriverService))
-        qFatal("GNOME Shell does not start: is gnome-shell installed?");
+    const auto isReady = [&] { return connection.interface()->isServiceRegistered(kDriverService).value(); };
+    waitFor([&] { return isReady() || !compositor->isRunning(); }, kStartLimit);
+    if (!compositor->isRunning() || !isReady())
+        qFatal("GNOME Shell %s; is gnome-shell installed? It wrote:\n%s",
+               compositor->isRunning() ? "does not get ready" : "has ended",
+               contentOf(complaints).constData());
     return home().runtimeFolder() + u'/' + name;
 }
 

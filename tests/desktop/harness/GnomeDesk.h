@@ -19,6 +19,9 @@ public:
         QString executable = {};
     };
 
+    // The main version of the shell that is installed; 0 without one.
+    static int shellVersion();
+
     // Has the extension for this test program.
     GnomeDesk();
     explicit GnomeDesk(const Extension& extension);

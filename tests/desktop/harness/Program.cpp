@@ -5,7 +5,7 @@
 #include <sys/prctl.h>
 
 Program::Program(const QString& executable, const QStringList& arguments,
-                 const QProcessEnvironment& environment, Output output) {
+                 const QProcessEnvironment& environment, Output output, const QString& complaints) {
     m_process.setProcessEnvironment(environment);
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     if (output != Output::Read)
@@ -16,7 +16,7 @@ Program::Program(const QString& executable, const QStringList& arguments,
     else if (qEnvironmentVariableIsSet("TICKLOG_TEST_VERBOSE"))
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     else
-        m_process.setStandardErrorFile(QProcess::nullDevice());
+        m_process.setStandardErrorFile(complaints.isEmpty() ? QProcess::nullDevice() : complaints);
     m_process.start(executable, arguments);
     m_process.waitForStarted(int(kGenerousLimit.count()));
 }

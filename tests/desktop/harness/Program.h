@@ -21,9 +21,10 @@ public:
         ErrorsRead,
     };
 
-    // Starts `executable`, which is looked up in PATH. isRunning() tells whether that worked.
+    // Starts `executable`, which is looked up in PATH. isRunning() tells whether that worked. `complaints` is the path of
+    // a file for its standard error, where that is not to be read here.
     Program(const QString& executable, const QStringList& arguments, const QProcessEnvironment& environment,
-            Output output = Output::Discarded);
+            Output output = Output::Discarded, const QString& complaints = {});
     ~Program();
 
     bool isRunning() const { return m_process.state() == QProcess::Running; }

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""A GNOME Shell that only says which version it is, and knows no extension.
+"""A GNOME Shell that only says which version it is, and of every extension that it is in the same state.
 
-Arguments: the address of the bus and the version. Says "ready", and ends with its input.
+Arguments: the address of the bus, the version and, unless it knows no extension, the number of the state. Says "ready", and ends with its input.
 """
 import sys
 
@@ -10,7 +10,7 @@ import dbus
 import dbus.service
 from service_loop import serve
 
-ADDRESS, VERSION = sys.argv[1:]
+ADDRESS, VERSION, *STATE = sys.argv[1:]
 NAME = "org.gnome.Shell"
 
 
@@ -21,7 +21,7 @@ class Shell(dbus.service.Object):
 
     @dbus.service.method(NAME + ".Extensions", in_signature="s", out_signature="a{sv}")
     def GetExtensionInfo(self, _extension):
-        return dbus.Dictionary({}, signature="sv")
+        return dbus.Dictionary({"state": dbus.Double(float(each)) for each in STATE}, signature="sv")
 
 
 if __name__ == "__main__":

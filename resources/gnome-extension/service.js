@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Tells Ticklog which windows are on the screen, over D-Bus, and tells nobody else. While Ticklog does not run,
 // nothing is looked at.
-'use strict';
 
-const {Gio, GLib} = imports.gi;
-const Me = imports.misc.extensionUtils.getCurrentExtension();
-const {WindowWatch} = Me.imports.windows;
+import Gio from 'gi://Gio';
+import GLib from 'gi://GLib';
+import {WindowWatch} from './windows.js';
 
 // What the messages below are, and the oldest of their versions that a reader of this one understands.
 const kVersion = 1;
@@ -41,14 +40,17 @@ function askBus(method, signature, argument) {
     });
 }
 
-// The program that this extension was installed by, as a full path.
-function readExecutable() {
-    const [, content] = Me.dir.get_child('executable').load_contents(null);
+// The program that the extension in this folder was installed by, as a full path.
+function readExecutable(folder) {
+    const [, content] = folder.get_child('executable').load_contents(null);
     return new TextDecoder().decode(content).trim();
 }
 
-class Service {
-    constructor() {
+// The whole extension, from its making until destroy() is called. How it is begun differs from shell to shell.
+export class Service {
+    // `folder` is where the extension lies.
+    constructor(folder) {
+        this._folder = folder;
         // The connection that is told, what it was told last, and what looks at the windows for it.
         this._follower = null;
         this._sight = null;
@@ -98,7 +100,7 @@ class Service {
             const process = await askBus('GetConnectionUnixProcessID', '(u)', connection);
             // A program that was replaced by a newer one while it ran is still the one that was installed.
             const executable = GLib.file_read_link(`/proc/${process}/exe`).replace(/ \(deleted\)$/, '');
-            return !this._isDestroyed && executable === readExecutable();
+            return !this._isDestroyed && executable === readExecutable(this._folder);
         } catch (failure) {
             // It is gone, or hides what it is.
             return false;
@@ -132,17 +134,4 @@ class Service {
     _send(signal, sight) {
         Gio.DBus.session.emit_signal(this._follower, kPath, kName, signal, sight);
     }
-}
-
-let service = null;
-
-function init() {}
-
-function enable() {
-    service = new Service();
-}
-
-function disable() {
-    service.destroy();
-    service = null;
 }

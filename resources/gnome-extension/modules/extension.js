@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// GNOME Shell from 45 on begins extensions as modules.
+import {Extension} from 'resource:///org/gnome/shell/extensions/extension.js';
+import {Service} from './service.js';
+
+export default class TicklogExtension extends Extension {
+    enable() {
+        this._service = new Service(this.dir);
+    }
+
+    disable() {
+        this._service.destroy();
+        this._service = null;
+    }
+}
