@@ -9,8 +9,9 @@
 // GNOME Shell, and what Ticklog sees of it by its extension.
 class GnomeScene : public WaylandSceneDesk<GnomeDesk>, public Sight {
 public:
-    explicit GnomeScene(const GnomeDesk::Extension& extension = {})
-        : WaylandSceneDesk{GnomeDesk(extension)}
+    explicit GnomeScene(const GnomeDesk::Extension& extension = {},
+                        WaylandDesk::XServer xServer = WaylandDesk::XServer::None)
+        : WaylandSceneDesk{GnomeDesk(extension, xServer)}
         , Sight(desk.home().dataFolder())
         , bus(Bus::atAddress(desk.bus().address()), runLoop, log)
         , name(bus, kTicklogName, log) {

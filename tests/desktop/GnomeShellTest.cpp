@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Ticklog and its extension of GNOME Shell: who is told, and what happens when either comes, goes or is another version.
 #include "platform/gnome/GnomeShell.h"
+#include "tests/Places.h"
 #include "tests/desktop/GnomeScene.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -109,6 +111,37 @@ TEST(GnomeShell, aNewerExtensionThatIsNotUnderstood_isNotBelieved) {
     const Editor editor(scene);
     EXPECT_TRUE(waitFor([&] { return scene.log.mentions(QStringLiteral("does not understand")); }));
     EXPECT_EQ(scene.seen(), QStringLiteral("none: none"));
+}
+
+TEST(GnomeShell, programsOfEveryKit_areSeenWithTheirTitlesAndProcesses) {
+    GnomeScene scene({}, WaylandDesk::XServer::Own);
+    using Kind = WaylandClient::Kind;
+    WaylandClient qt(scene.desk, QStringLiteral("Editor"));
+    WaylandClient gtk(scene.desk, QStringLiteral("Mailer"), Kind::Gtk);
+    WaylandClient x(scene.desk, QStringLiteral("Oldtimer"), Kind::QtOnX11);
+    qt.open(QStringLiteral("Page"));
+    gtk.open(QStringLiteral("Inbox"));
+    x.open(QStringLiteral("Log"));
+    const auto gtk4 = scene.desk.start(
+        QStringLiteral("/usr/bin/python3"),
+        {QStringLiteral("-B"), QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/clients/gtk4_client.py"),
+         QStringLiteral("Painter"), QStringLiteral("Canvas")});
+    const std::vector<std::tuple<QString, QString, std::int64_t>> programs{
+        {QStringLiteral("Editor"), QStringLiteral("Page"), qt.processIdentifier()},
+        {QStringLiteral("Mailer"), QStringLiteral("Inbox"), gtk.processIdentifier()},
+        {QStringLiteral("Oldtimer"), QStringLiteral("Log"), x.processIdentifier()},
+        {QStringLiteral("Painter"), QStringLiteral("Canvas"), gtk4->processIdentifier()}};
+    for (int round = 0; round < 2; ++round) {
+        for (const auto& [program, title, process] : programs) {
+            ASSERT_TRUE(scene.desk.bringToFront(title));
+            const QString wanted = program + QStringLiteral(": ") + title;
+            EXPECT_EQ(scene.seenAfterWaitingFor(wanted), wanted);
+            EXPECT_EQ(scene.frontProcess(), process) << qPrintable(program);
+        }
+    }
+    x.setTitle(0, QStringLiteral("Neu: ünï € 漢"));
+    ASSERT_TRUE(scene.desk.bringToFront(QStringLiteral("Neu: ünï € 漢")));
+    EXPECT_SEEN(scene, "Oldtimer: Neu: ünï € 漢");
 }
 
 TEST(GnomeShell, aShellThatIsKilled_tellsNothingUntilItIsBack) {

@@ -50,6 +50,11 @@ void replaceIn(const QString& path, const QString& before, const QString& after)
     file.write(QString(content).replace(before, after).toUtf8());
 }
 
+// Whether what was called was there, and did not answer "false".
+bool isDone(const QDBusMessage& answer) {
+    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0, true).toBool();
+}
+
 QDBusConnection connectTo(const SessionBus& bus) {
     return QDBusConnection::connectToBus(bus.address(), QStringLiteral("gnome-desk-") + bus.address());
 }
@@ -59,7 +64,8 @@ QDBusConnection connectTo(const SessionBus& bus) {
 GnomeDesk::GnomeDesk()
     : GnomeDesk(Extension()) {}
 
-GnomeDesk::GnomeDesk(const Extension& extension) {
+GnomeDesk::GnomeDesk(const Extension& extension, XServer xServer)
+    : m_xServer(xServer) {
     const QString systemFolder = home().path() + QStringLiteral("/system");
     QDir().mkpath(systemFolder);
     // Without a system bus the shell does not start.
@@ -90,6 +96,8 @@ int GnomeDesk::shellVersion() {
 QProcessEnvironment GnomeDesk::environment() const {
     QProcessEnvironment environment = WaylandDesk::environment();
     environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("GNOME"));
+    for (auto variable = m_xVariables.cbegin(); variable != m_xVariables.cend(); ++variable)
+        environment.insert(variable.key(), variable.value());
     if (m_letsProgramsTell)
         environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("0"));
     return environment;
@@ -132,13 +140,13 @@ QString GnomeDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     own.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), m_systemBus->address());
     own.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("keyfile"));
     own.insert(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
+    QStringList arguments{QStringLiteral("--headless"), QStringLiteral("--virtual-monitor"),
+                          QStringLiteral("800x600"), QStringLiteral("--wayland-display"), name};
+    if (m_xServer == XServer::None)
+        arguments << QStringLiteral("--no-x11");
     const QString complaints = home().path() + QStringLiteral("/gnome-shell.log");
-    compositor =
-        std::make_unique<Program>(QStringLiteral("gnome-shell"),
-                                  QStringList{QStringLiteral("--headless"), QStringLiteral("--no-x11"),
-                                              QStringLiteral("--virtual-monitor"), QStringLiteral("800x600"),
-                                              QStringLiteral("--wayland-display"), name},
-                                  own, Program::Output::Discarded, complaints);
+    compositor = std::make_unique<Program>(QStringLiteral("gnome-shell"), arguments, own,
+                                           Program::Output::Discarded, complaints);
     const QDBusConnection connection = connectTo(bus());
     const auto isReady = [&] { return connection.interface()->isServiceRegistered(kDriverService).value(); };
     waitFor([&] { return isReady() || !compositor->isRunning(); }, kStartLimit);
@@ -146,20 +154,35 @@ QString GnomeDesk::startCompositor(std::unique_ptr<Program>& compositor) {
         qFatal("GNOME Shell %s; is gnome-shell installed? It wrote:\n%s",
                compositor->isRunning() ? "does not get ready" : "has ended",
                contentOf(complaints).constData());
+    if (m_xServer == XServer::Own)
+        learnXDisplay();
     return home().runtimeFolder() + u'/' + name;
 }
 
-bool GnomeDesk::call(const QString& service, const QString& path, const QString& interface,
-                     const QString& method, const QVariantList& arguments) {
+QDBusMessage GnomeDesk::call(const QString& service, const QString& path, const QString& interface,
+                             const QString& method, const QVariantList& arguments) {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments(arguments);
-    const QDBusMessage answer = connectTo(bus()).call(message);
-    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0, true).toBool();
+    return connectTo(bus()).call(message);
+}
+
+QDBusMessage GnomeDesk::askDriver(const QString& method, const QString& argument) {
+    return call(kDriverService, QStringLiteral("/org/ticklog/TestDriver"), kDriverService, method,
+                {argument});
 }
 
 bool GnomeDesk::drive(const QString& method, const QString& argument) {
-    return call(kDriverService, QStringLiteral("/org/ticklog/TestDriver"), kDriverService, method,
-                {argument});
+    return isDone(askDriver(method, argument));
+}
+
+void GnomeDesk::learnXDisplay() {
+    for (const char* name : {"DISPLAY", "XAUTHORITY"}) {
+        const QString variable = QLatin1String(name);
+        m_xVariables.insert(variable,
+                            askDriver(QStringLiteral("Variable"), variable).arguments().value(0).toString());
+    }
+    if (m_xVariables.first().isEmpty())
+        qFatal("GNOME Shell has no X server: is Xwayland installed?");
 }
 
 bool GnomeDesk::activate(const QString& title) {
@@ -185,20 +208,20 @@ bool GnomeDesk::plugInKeyboard() {
 
 bool GnomeDesk::letProgramsTell() {
     m_letsProgramsTell = true;
-    return call(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-                QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"),
-                {QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"),
-                 QVariant::fromValue(QDBusVariant(true))});
+    return isDone(call(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+                       QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"),
+                       {QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"),
+                        QVariant::fromValue(QDBusVariant(true))}));
 }
 
 bool GnomeDesk::enableExtension() {
-    return call(kShellService, QStringLiteral("/org/gnome/Shell"),
-                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("EnableExtension"),
-                {kExtension});
+    return isDone(call(kShellService, QStringLiteral("/org/gnome/Shell"),
+                       QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("EnableExtension"),
+                       {kExtension}));
 }
 
 bool GnomeDesk::disableExtension() {
-    return call(kShellService, QStringLiteral("/org/gnome/Shell"),
-                QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("DisableExtension"),
-                {kExtension});
+    return isDone(call(kShellService, QStringLiteral("/org/gnome/Shell"),
+                       QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("DisableExtension"),
+                       {kExtension}));
 }

@@ -3,6 +3,9 @@
 
 #include "tests/desktop/harness/WaylandDesk.h"
 
+#include <QDBusMessage>
+#include <QMap>
+
 // GNOME Shell on a bus of its own, with or without Ticklog's extension.
 class GnomeDesk : public WaylandDesk {
 public:
@@ -24,7 +27,7 @@ public:
 
     // Has the extension for this test program.
     GnomeDesk();
-    explicit GnomeDesk(const Extension& extension);
+    explicit GnomeDesk(const Extension& extension, XServer xServer = XServer::None);
     ~GnomeDesk() override;
 
     QProcessEnvironment environment() const override;
@@ -50,12 +53,17 @@ private:
     QString startCompositor(std::unique_ptr<Program>& compositor) override;
     void installExtension(const Extension& extension);
     void writeSettings(bool isEnabled);
+    // Learns how programs get at the shell's X server, which starts with the first of them.
+    void learnXDisplay();
     // Has the test's own extension of the shell do something.
     bool drive(const QString& method, const QString& argument);
-    // Answers whether the method was there, and did not answer "false".
-    bool call(const QString& service, const QString& path, const QString& interface, const QString& method,
-              const QVariantList& arguments);
+    QDBusMessage askDriver(const QString& method, const QString& argument);
+    QDBusMessage call(const QString& service, const QString& path, const QString& interface,
+                      const QString& method, const QVariantList& arguments);
 
+    const XServer m_xServer;
+    // Variables for programs of X.
+    QMap<QString, QString> m_xVariables;
     std::unique_ptr<SessionBus> m_systemBus;
     bool m_letsProgramsTell = false;
 };
