@@ -59,12 +59,14 @@ public:
     // The document a title names: the title up to the first "(" or "@", trimmed; absent when nothing is left.
     static std::optional<QString> getDocStringNameForName(const std::optional<QString>& title);
 
-    // Restarts the period to credit.
+    // Restarts the period to credit, in sources that credit.
     virtual void resetObservations() {}
     // Gives up what the source is subscribed to.
     virtual void resetNotifications() {}
-    // Absent until the first reset: then nothing can be credited yet.
-    virtual std::optional<Instant> startDate() const { return std::nullopt; }
+    // When the period to credit began. Absent until the first reset: then nothing can be credited yet.
+    std::optional<Instant> startDate() const { return m_startDate; }
+    // The whole title of the front window, cleaned; absent while the application in front has none.
+    virtual std::optional<QString> windowTitle() const { return std::nullopt; }
 
     // While there is a compute timer, the controller's computeTime() is called ten times a second.
     virtual void createComputeTimerForController(ComputeTarget& controller);
@@ -86,6 +88,7 @@ protected:
     TimeTracker* timeTracker() const { return m_timeTracker; }
     ActivityServices& services() const { return m_services; }
     std::recursive_mutex& lock() { return m_lock; }
+    void restartPeriod() { m_startDate = m_services.clock.instant(); }
 
     bool m_isAXEnabled;
     bool m_trackDocumentTiming;
@@ -98,6 +101,7 @@ private:
     TimeTracker* m_timeTracker;
     ActivityServices& m_services;
     std::optional<QString> m_currentAppName;
+    std::optional<Instant> m_startDate;
     std::unique_ptr<RunLoopTimer> m_updateTimer;
     // Against re-entry from observers and timers, not against other threads.
     std::recursive_mutex m_lock;

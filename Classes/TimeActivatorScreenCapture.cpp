@@ -74,10 +74,6 @@ void TimeActivatorScreenCapture::mainWindowDidChange() {
     timeTracker()->mainWindowDidChangeToAppName(name, window, m_documentName);
 }
 
-void TimeActivatorScreenCapture::resetObservations() {
-    m_startDate = services().clock.instant();
-}
-
 void TimeActivatorScreenCapture::setWindowUpdatingName(const std::optional<QString>& title) {
     m_windowUpdatingName = title;
     m_documentName = getDocStringNameForName(title);

@@ -16,8 +16,8 @@ public:
 
     void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) override;
     void mainWindowDidChange() override;
-    void resetObservations() override;
-    std::optional<Instant> startDate() const override { return m_startDate; }
+    void resetObservations() override { restartPeriod(); }
+    std::optional<QString> windowTitle() const override { return m_windowUpdatingName; }
     void createComputeTimerForController(ComputeTarget& controller) override {
         m_updateController = &controller;
     }
@@ -34,7 +34,6 @@ public:
 private:
     void setWindowUpdatingName(const std::optional<QString>& title);
 
-    std::optional<Instant> m_startDate;
     std::optional<QString> m_windowUpdatingName;
     // The document in that title: the tick asks for it every time, the title changes seldom.
     std::optional<QString> m_documentName;

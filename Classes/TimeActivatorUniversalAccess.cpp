@@ -32,6 +32,7 @@ std::optional<ApplicationRecord> TimeActivatorUniversalAccess::appDidChange() {
     const std::optional<ApplicationRecord> record = TimeActivator::appDidChange();
     if (!record) {
         m_currentObservation.element.reset();
+        m_currentObservation.title.reset();
         return record;
     }
     m_currentObservation.element = services().accessibility.applicationElement(record->processIdentifier);
@@ -72,10 +73,7 @@ void TimeActivatorUniversalAccess::mainWindowDidChange() {
         timeTracker()->renameWindowToName(document, *window);
     timeTracker()->mainWindowDidChangeToAppName(currentAppName(), window, document);
     m_currentObservation.windowElement = window;
-}
-
-void TimeActivatorUniversalAccess::resetObservations() {
-    m_currentObservation.startDate = services().clock.instant();
+    m_currentObservation.title = title;
 }
 
 void TimeActivatorUniversalAccess::resetNotifications() {

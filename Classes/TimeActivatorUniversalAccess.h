@@ -13,9 +13,9 @@ public:
     std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) override;
     std::optional<ApplicationRecord> appDidChange() override;
     void mainWindowDidChange() override;
-    void resetObservations() override;
+    void resetObservations() override { restartPeriod(); }
     void resetNotifications() override;
-    std::optional<Instant> startDate() const override { return m_currentObservation.startDate; }
+    std::optional<QString> windowTitle() const override { return m_currentObservation.title; }
 
 private:
     void subscribe(std::int64_t processIdentifier);
@@ -28,7 +28,8 @@ private:
         std::optional<WindowElement> windowElement;
         // Absent when the subscription failed, and until the first one.
         std::optional<QString> notification;
-        std::optional<Instant> startDate;
+        // Of the main window, as it was last told to the tracker.
+        std::optional<QString> title;
     };
 
     Observation m_currentObservation;

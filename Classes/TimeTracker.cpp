@@ -13,8 +13,7 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
     : m_services(services)
     , m_categories(std::make_unique<RuleCategories>())
     , m_lastResetDate(now())
-    , m_startingTime(instant())
-    , m_countingSince(m_startingTime) {
+    , m_countingSince(instant()) {
     m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
                                     : TimeActivator::activatorForTracker(*this, services.activity);
     m_defaultsChanges = services.store.notifications.observe(
@@ -40,7 +39,7 @@ bool TimeTracker::setIsRunning(bool run) {
     const std::lock_guard guard(m_lock);
     if (!m_isRunning) {
         resetInternalTimes();
-        m_countingSince = m_startingTime;
+        m_countingSince = instant();
     }
     m_isRunning = run;
     if (run)
@@ -53,14 +52,11 @@ bool TimeTracker::setIsRunning(bool run) {
 void TimeTracker::appDidChange() {
     if (!m_isRunning)
         return;
-    {
-        const std::lock_guard guard(m_lock);
-        updateDisplayTime(false);
-        setCurrentApp(m_timeActivator->currentAppName());
-        resetInternalTimes();
-        m_timeActivator->mainWindowDidChange();
-    }
-    m_startingTime = instant();
+    const std::lock_guard guard(m_lock);
+    updateDisplayTime(false);
+    setCurrentApp(m_timeActivator->currentAppName());
+    resetInternalTimes();
+    m_timeActivator->mainWindowDidChange();
 }
 
 void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& appName,
@@ -137,8 +133,11 @@ void TimeTracker::creditCurrentApp() {
     const auto app = m_activeStoreApp.lock();
     const std::optional<Instant> start = m_timeActivator->startDate();
     updateActiveTimeInStore(app.get(), start);
-    if (app && start && app->isNamed(kIdleName))
+    if (!app || !start)
+        return;
+    if (app->isNamed(kIdleName))
         m_idleBookings.add(*start, instant());
+    tellOfStretch(app, *start, instant());
 }
 
 // Null when the window is not the application's: one without windows of its own leaves the last one's current.
@@ -149,11 +148,27 @@ static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
     return std::ranges::find(windows, current) != windows.end() ? current : nullptr;
 }
 
+void TimeTracker::tellOfStretch(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to) {
+    if (m_listeners->isEmpty() || from >= to)
+        return;
+    const bool isIdle = app->isNamed(kIdleName);
+    const std::optional<QString> title = isIdle ? std::nullopt : m_timeActivator->windowTitle();
+    const auto window = title ? windowOf(*app, m_activeStoreWindow) : nullptr;
+    const Stretch stretch{from,
+                          to,
+                          app.get(),
+                          window.get(),
+                          title.value_or(QString()),
+                          isIdle ? Presence::Idle : Presence::Work};
+    m_listeners->forEach([&](StretchListener* listener) { listener->credited(stretch); });
+}
+
 void TimeTracker::bookIdleOnset() {
     const std::uint64_t idleCount = m_services.idleTime.seconds();
     const Seconds idle = float(idleCount);
     const Instant lastInput = m_services.idleTime.lastInput(idleCount);
-    const Seconds gap = secondsBetween(m_startingTime, instant());
+    const Instant start = m_timeActivator->startDate().value_or(instant());
+    const Seconds gap = secondsBetween(start, instant());
     // What has passed since the last tick is nobody's yet.
     const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
     const auto current = m_activeStoreApp.lock();
@@ -161,8 +176,13 @@ void TimeTracker::bookIdleOnset() {
     const Seconds windowTime = window ? window->activeTime() : idle;
     // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
     const bool isGap = gap > idle;
-    if (isGap)
+    if (isGap) {
         takeAbsenceFromGap(gap, idle);
+        if (current)
+            tellOfStretch(current, start, lastInput);
+    }
+    const Instant since = std::max(lastInput, m_countingSince);
+    m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, instant()); });
     setCurrentApp(kIdleName);
     m_activeStoreWindow.reset();
     if (const auto app = m_activeStoreApp.lock())
@@ -236,7 +256,6 @@ std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeSt
 
 void TimeTracker::resetInternalTimes() {
     m_timeActivator->resetObservations();
-    m_startingTime = instant();
 }
 
 void TimeTracker::awakeFromSleep() {

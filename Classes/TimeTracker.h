@@ -3,9 +3,11 @@
 
 #include "Classes/FrozenTimer.h"
 #include "Classes/IdleBookings.h"
+#include "Classes/Stretch.h"
 #include "Classes/TimeActivator.h"
 #include "Classes/TimeStoreApp.h"
 #include "platform/Sandbox.h"
+#include "platform/foundation/Listeners.h"
 #include "platform/foundation/UserDefaults.h"
 
 #include <map>
@@ -89,6 +91,9 @@ public:
     // The source, before it restarts its clock for another application: what has passed since the last tick
     // still belongs to the application that was in front, and to its window if it had one.
     void creditTimeBeforeSwitch(bool hadWindow);
+
+    // Tells where the time goes for as long as the subscription lives. The listener outlives it.
+    Subscription listen(StretchListener& listener) { return m_listeners->add(&listener); }
 
     // The tick.
     void updateDisplayTime(bool idle);
@@ -208,6 +213,7 @@ private:
     Instant instant() const { return m_services.activity.clock.instant(); }
 
     void creditCurrentApp();
+    void tellOfStretch(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to);
     void addTime(TimeStoreNode& node, Seconds seconds);
     void bookIdleOnset();
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
@@ -250,11 +256,11 @@ private:
     std::weak_ptr<TimeStoreWindow> m_activeStoreWindow;
     // Null until a search was asked for, which always counts as a change.
     std::optional<QString> m_searchString;
-    // The last restart of the clock; only the idle booking looks at it.
-    Instant m_startingTime;
     // The last start of the timer or clearing of the timers, whichever is later: no absence is booked from before.
     Instant m_countingSince;
     IdleBookings m_idleBookings;
+    const QExplicitlySharedDataPointer<Listeners<StretchListener*>> m_listeners{
+        new Listeners<StretchListener*>};
     float m_cutoffTime = 0;
     std::uint64_t m_filterChanges = 0;
     std::uint64_t m_filteredAt = 0;
