@@ -7,6 +7,8 @@
 #include "platform/foundation/Assertions.h"
 #include "platform/foundation/CleanText.h"
 
+#include <algorithm>
+
 namespace {
 
 // "" is a name; null is none.
@@ -59,7 +61,7 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const Prope
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                              const PropertyListValue& timeSpent, const Identity& uuid)
     : m_services(services)
-    , m_activeTime(std::max(0.0, timeSpent.number().value_or(0)))
+    , m_activeTime(std::clamp(timeSpent.number().value_or(0), 0.0, kLongestTime))
     , m_uuid(uuid)
     , m_kind(kind) {
     // A node under construction is none of the kinds yet that hear of a new name.
@@ -131,7 +133,7 @@ void TimeStoreNode::setRenamedNameStorage(const std::optional<QString>& name) {
 
 void TimeStoreNode::addTimeInterval(Seconds seconds) {
     const ChangeAnnouncement announcement(*this, kActiveTimeStringKey);
-    m_activeTime += seconds;
+    m_activeTime = std::min(m_activeTime + seconds, kLongestTime);
 }
 
 void TimeStoreNode::addChildFromDictionary(const PropertyListDictionary&) {}

@@ -33,6 +33,9 @@ inline const QString kFormattedOriginal = QStringLiteral("Original");
 inline const QString kTicklogRefreshProjectsNotification =
     QStringLiteral("kTicklogRefreshProjectsNotification");
 
+// The years that a date in a file may have, 1 to 9999, are all that anybody can have counted: 10,000 of them, to the second.
+inline constexpr Seconds kLongestTime = 10'000 * 365.2425 * 86'400;
+
 // What nodes need of the rest of the program. Outlives all nodes.
 struct TimeStoreServices {
     TKUUIDManager& registry;
@@ -46,8 +49,8 @@ struct TimeStoreServices {
 // is frozen.
 class TimeStoreNode : public TimeStoreItem, public Observable {
 public:
-    // Absent or other than text, the name is ""; absent, negative or no number, the time is 0. The identity is the
-    // registry's for the node's class and name.
+    // Absent or other than text, the name is ""; absent, negative or no number, the time is 0, and never more than
+    // kLongestTime. The identity is the registry's for the node's class and name.
     explicit TimeStoreNode(TimeStoreServices& services, const PropertyListValue& name,
                            const PropertyListValue& timeSpent = 0.0);
     // From a record as dictionaryRepresentation() makes it. An identity in the record wins over the registry's.
@@ -95,7 +98,7 @@ public:
     void setUuid(const std::optional<Identity>& uuid) { m_uuid = uuid; }
     void setBranched(bool branched) { m_branched = branched; }
 
-    // Adds seconds (also negative ones) and tells observers of activeTimeString.
+    // Adds seconds (also negative ones), up to kLongestTime, and tells observers of activeTimeString.
     void addTimeInterval(Seconds seconds);
 
     // Takes a window from its record, where there can be one. Nodes without children ignore it.

@@ -15,6 +15,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -197,6 +199,29 @@ TEST_F(TimersInFilesTest, namesInTheOldestFiles_areCutAndCleanedToo) {
         PropertyList::writeBinaryFile(PropertyListDictionary{{kForeign, 1.0}, {longText(1), 2.0}}, path));
     ASSERT_TRUE(narrow.importDatabase(path));
     EXPECT_EQ(tree(), kClean + u" 1, "_s + longText(0) + u" 2"_s);
+}
+
+TEST_F(TimersInFilesTest, aTimeLongerThanAnybodyCanHaveCounted_isTheLongestThereIs) {
+    const double before = std::nextafter(kLongestTime, 0);
+    const double after = std::nextafter(kLongestTime, HUGE_VAL);
+    for (const bool isLegacy : {false, true}) {
+        for (const double time : {before, kLongestTime, after, 1e308}) {
+            const PropertyListDictionary mail{{kRecordName, u"Mail"_s}, {kRecordActiveTime, time}};
+            const PropertyListArray apps{
+                PropertyListDictionary{{kEntryApp, mail}, {kEntryWindows, PropertyListArray{mail, mail}}}};
+            const QString path =
+                write(u"long.tkd"_s,
+                      isLegacy ? PropertyListDictionary{{u"Mail"_s, time}}
+                               : PropertyListDictionary{{kDatabaseVersion, u"1.5"_s}, {kDatabaseApps, apps}});
+            ASSERT_TRUE(narrow.importDatabase(path));
+            const auto app = engine.tracker().fullTimeSet().front();
+            EXPECT_EQ(app->activeTime(), std::min(time, kLongestTime));
+            EXPECT_EQ(app->activeTimeString(),
+                      time < kLongestTime ? u"87658199:59:59"_s : u"87658200:00:00"_s);
+            for (const auto& window : app->windows())
+                EXPECT_EQ(window->activeTime(), kLongestTime) << "two of them came together";
+        }
+    }
 }
 
 } // namespace
