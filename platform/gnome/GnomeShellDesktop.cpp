@@ -164,6 +164,9 @@ void GnomeShellDesktop::adopt(const GnomeSight& sight) {
     }
     m_entries = std::move(entries);
     m_programs = std::move(programs);
+    m_madeUpProcesses.settle(m_programs, [](const auto& entry) -> QString {
+        return entry.second.applicationId + u'\n' + entry.second.windowClass;
+    });
     m_isTold = true;
     setFront(front);
 }
@@ -200,10 +203,7 @@ ApplicationRecord GnomeShellDesktop::applicationOf(const GnomeSight::Window& win
 std::int64_t GnomeShellDesktop::processOf(const GnomeSight::Window& window) {
     if (window.process > 0)
         return window.process;
-    std::int64_t& process = m_madeUpProcesses[window.applicationId + u'\n' + window.windowClass];
-    if (process == 0)
-        process = -m_madeUpProcesses.size();
-    return process;
+    return m_madeUpProcesses.of(window.applicationId + u'\n' + window.windowClass);
 }
 
 void GnomeShellDesktop::setFront(const std::optional<ApplicationRecord>& front) {

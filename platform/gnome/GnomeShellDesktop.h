@@ -6,10 +6,9 @@
 #include "platform/WindowList.h"
 #include "platform/bus/BusName.h"
 #include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/MadeUpProcesses.h"
 #include "platform/gnome/GnomeShellVersion.h"
 #include "platform/gnome/GnomeSight.h"
-
-#include <QHash>
 
 #include <unordered_map>
 
@@ -65,7 +64,7 @@ private:
     std::function<void()> m_handler;
     std::function<void()> m_heardHandler;
     // By application, where the shell does not know the process.
-    QHash<QString, std::int64_t> m_madeUpProcesses;
+    MadeUpProcesses m_madeUpProcesses;
     QString m_lastLogged;
     // Absent until the extension has told for the first time.
     std::optional<ApplicationRecord> m_front;

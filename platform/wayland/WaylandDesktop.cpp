@@ -88,6 +88,7 @@ void WaylandDesktop::setWindow(std::int64_t number, const Window& window) {
     else if (isNew)
         m_frontToBack.push_back(number);
     known.window = window;
+    m_processes.settle(m_windows, [](const auto& entry) -> QString { return entry.second.window.appId; });
 }
 
 void WaylandDesktop::removeWindow(std::int64_t number) {
@@ -192,10 +193,7 @@ ApplicationRecord WaylandDesktop::applicationOf(const Window& window) {
 }
 
 std::int64_t WaylandDesktop::madeUpProcessOf(const QString& appId) {
-    std::int64_t& process = m_processes[appId];
-    if (process == 0)
-        process = -m_processes.size();
-    return process;
+    return m_processes.of(appId);
 }
 
 void WaylandDesktop::waitThroughEmptyMoment() {

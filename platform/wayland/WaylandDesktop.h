@@ -5,9 +5,8 @@
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
 #include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/MadeUpProcesses.h"
 #include "platform/wayland/WaylandConnection.h"
-
-#include <QHash>
 
 #include <unordered_map>
 
@@ -102,7 +101,7 @@ private:
     std::vector<std::int64_t> m_frontToBack;
     std::int64_t m_lastNumber = 0;
     // By app id, where the protocol tells no process.
-    QHash<QString, std::int64_t> m_processes;
+    MadeUpProcesses m_processes;
     // 0 while no window is in front.
     std::int64_t m_frontWindow = 0;
     // Nothing is in front and nobody has been told: first the time runs, then the compositor is asked whether it has
