@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/PropertyListValue.h"
 
+#include <QHashFunctions>
+
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -103,12 +106,11 @@ void PropertyListDictionary::insert(QString key, PropertyListValue value) {
         m_entries[*index].second = std::move(value);
         return;
     }
-    if (m_entries.size() >= kIndexedFrom) {
-        if (m_index.isEmpty())
-            rebuildIndex();
-        m_index.insert(key, m_entries.size());
-    }
     m_entries.emplace_back(std::move(key), std::move(value));
+    if (2 * m_entries.size() <= m_slots.size())
+        m_slots[slotOf(m_entries.back().first)] = std::uint32_t(m_entries.size() - 1);
+    else
+        rebuildIndex();
 }
 
 const PropertyListValue& PropertyListDictionary::value(const QString& key) const {
@@ -122,24 +124,32 @@ void PropertyListDictionary::remove(const QString& key) {
     if (!index)
         return;
     m_entries.erase(m_entries.begin() + std::ptrdiff_t(*index));
-    m_index.clear();
-    if (m_entries.size() > kIndexedFrom)
-        rebuildIndex();
+    rebuildIndex();
 }
 
 std::optional<std::size_t> PropertyListDictionary::indexOf(const QString& key) const {
-    if (!m_index.isEmpty()) {
-        const auto found = m_index.constFind(key);
-        return found == m_index.constEnd() ? std::nullopt : std::optional(*found);
+    if (!m_slots.empty()) {
+        const std::uint32_t entry = m_slots[slotOf(key)];
+        return entry == kNoEntry ? std::nullopt : std::optional<std::size_t>(entry);
     }
     const auto found = std::ranges::find(m_entries, key, &Entry::first);
     return found == m_entries.end() ? std::nullopt : std::optional(std::size_t(found - m_entries.begin()));
 }
 
+std::size_t PropertyListDictionary::slotOf(const QString& key) const {
+    std::size_t slot = qHash(key, QHashSeed::globalSeed()) & (m_slots.size() - 1);
+    while (m_slots[slot] != kNoEntry && m_entries[m_slots[slot]].first != key)
+        slot = (slot + 1) & (m_slots.size() - 1);
+    return slot;
+}
+
 void PropertyListDictionary::rebuildIndex() {
-    m_index.reserve(qsizetype(m_entries.size()));
+    m_slots.clear();
+    if (m_entries.size() <= kIndexedFrom)
+        return;
+    m_slots.resize(std::bit_ceil(3 * m_entries.size()), kNoEntry);
     for (std::size_t i = 0; i < m_entries.size(); ++i)
-        m_index.insert(m_entries[i].first, i);
+        m_slots[slotOf(m_entries[i].first)] = std::uint32_t(i);
 }
 
 bool operator==(const PropertyListDictionary& a, const PropertyListDictionary& b) {

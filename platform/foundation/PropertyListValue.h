@@ -4,7 +4,6 @@
 #include "platform/foundation/Date.h"
 
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 
 #include <cstdint>
@@ -121,9 +120,13 @@ public:
 
 private:
     std::optional<std::size_t> indexOf(const QString& key) const;
+    // The slot where a key stands, or would.
+    std::size_t slotOf(const QString& key) const;
     void rebuildIndex();
 
     std::vector<Entry> m_entries;
-    // Filled only for dictionaries that are too large to walk.
-    QHash<QString, std::size_t> m_index;
+    // Only of dictionaries that are too large to walk: by the key's hash, where an entry stands, or kNoEntry; never more than
+    // half full. A file may be one dictionary of millions, so the keys are not held once more.
+    static constexpr std::uint32_t kNoEntry = UINT32_MAX;
+    std::vector<std::uint32_t> m_slots;
 };
