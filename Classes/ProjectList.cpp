@@ -33,8 +33,8 @@ ProjectList::ProjectList(TimeStoreServices& services, UserDefaults& defaults, co
         });
     m_succeeding = services.notifications.observe(
         kTicklogSucceedNodeNotification, [this](const Notification& notification) {
-            if (const auto* succession = std::any_cast<Succession>(&notification.object))
-                succeedNode(*succession);
+            if (const auto* successions = std::any_cast<Successions>(&notification.object))
+                succeedNodes(*successions);
         });
     // The last word of freezing an application: whoever shows projects anew now must find them settled.
     m_refreshing = services.notifications.observe(kTicklogRefreshProjectsNotification,

@@ -86,9 +86,9 @@ public:
     void projectDupeNode(const FrozenIdentities& frozen);
     // A frozen timer was joined with its successor: projects point at what has become of both. Saves.
     void projectJoinNodes(const FrozenIdentities& joined);
-    // A timer has taken in another: projects that have the former have the successor too. The former stays until the
+    // Timers have taken in others: projects that have a former have its successor too. The former stays until the
     // timers are written, because after a crash it would be back; and for as long as any other timer goes by it. Saves.
-    void succeedNode(const Succession& succession);
+    void succeedNodes(const Successions& successions);
 
     // Inserts a copy of the project at `position` so that it comes to be at `destination`; saves. A move removes the
     // project first: what stands at the destination afterwards is a copy, another object. False, with nothing
@@ -119,6 +119,7 @@ private:
     struct IdentityChange;
     // Answers whether any project has the old one.
     bool follow(const IdentityChange& change);
+    bool addSuccessors(const Successions& successions);
     void identitiesChanged();
     void settleFreezing();
     std::unordered_set<Identity> allMembers() const;

@@ -16,10 +16,11 @@ void ProjectList::projectDupeNode(const FrozenIdentities& frozen) {
     identitiesChanged();
 }
 
-void ProjectList::succeedNode(const Succession& succession) {
+void ProjectList::succeedNodes(const Successions& successions) {
     // Also where no project has it: undoing may bring back one that had.
-    m_identityChanges.push_back({succession.former, succession.successor, true});
-    if (!follow(m_identityChanges.back()))
+    for (const auto& [former, successor] : successions)
+        m_identityChanges.push_back({former, successor, true});
+    if (!addSuccessors(successions))
         return;
     identitiesChanged();
     m_services.notifications.post(kTicklogRefreshProjectsNotification);
@@ -159,13 +160,20 @@ void ProjectList::tellChanged(Kind kind, const ProjectRecord& project) {
 }
 
 bool ProjectList::follow(const IdentityChange& change) {
+    if (change.doesOldStay)
+        return addSuccessors({{change.old, change.now}});
     bool isThere = false;
     for (const Record& project : m_projects)
-        isThere |= change.doesOldStay ? project->addSuccessor(change.old, change.now)
-                                      : project->replaceMember(change.old, change.now);
-    if (isThere && change.doesOldStay)
-        m_former.insert(change.old);
+        isThere |= project->replaceMember(change.old, change.now);
     return isThere;
+}
+
+bool ProjectList::addSuccessors(const Successions& successions) {
+    std::unordered_set<Identity> followed;
+    for (const Record& project : m_projects)
+        project->addSuccessors(successions, followed);
+    m_former.insert(followed.begin(), followed.end());
+    return !followed.empty();
 }
 
 void ProjectList::settleFreezing() {

@@ -173,22 +173,26 @@ bool ProjectRecord::joinMembers(const Identity& gone, const Identity& kept) {
     return hasChanged;
 }
 
-bool ProjectRecord::addSuccessor(const Identity& former, const Identity& successor) {
-    bool hasChanged = false;
+void ProjectRecord::addSuccessors(const Successions& successions, std::unordered_set<Identity>& followed) {
     for (const QString& key : {kProjectSubtree, kProjectExpandedUUIDs}) {
-        const PropertyListArray& present = listOf(m_entries.value(key));
-        const auto isThere = [&](const Identity& identity) {
-            return std::ranges::any_of(
-                present, [&](const PropertyListValue& value) { return identityOf(value) == identity; });
-        };
-        if (!isThere(former) || isThere(successor))
+        const PropertyListArray& before = listOf(m_entries.value(key));
+        std::unordered_set<Identity> present;
+        for (const PropertyListValue& value : before)
+            if (const auto identity = identityOf(value))
+                present.insert(*identity);
+        PropertyListArray added;
+        for (const auto& [former, successor] : successions) {
+            if (!present.contains(former) || !present.insert(successor).second)
+                continue;
+            added.emplace_back(entryOf(successor));
+            followed.insert(former);
+        }
+        if (added.empty())
             continue;
-        PropertyListArray list = present;
-        list.push_back(entryOf(successor));
+        PropertyListArray list = before;
+        list.insert(list.end(), added.begin(), added.end());
         m_entries.insert(key, std::move(list));
-        hasChanged = true;
     }
-    return hasChanged;
 }
 
 std::optional<std::vector<Identity>> ProjectRecord::expandedUUIDs() const {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Identity.h"
+#include "Classes/Succession.h"
 #include "platform/foundation/PropertyListValue.h"
 
 #include <unordered_set>
@@ -52,8 +52,9 @@ public:
     bool replaceMember(const Identity& old, const Identity& replacement);
     // In both lists `kept` stands from now on where `gone` stood, unless it stands there already.
     bool joinMembers(const Identity& gone, const Identity& kept);
-    // The lists that hold `former` hold `successor` as well from now on.
-    bool addSuccessor(const Identity& former, const Identity& successor);
+    // The lists that hold a former hold its successor as well from now on, one after the other. Adds to `followed` the formers
+    // that brought one with them.
+    void addSuccessors(const Successions& successions, std::unordered_set<Identity>& followed);
 
     // The rows shown expanded. Absent until one was first expanded; an identity may be in it twice.
     std::optional<std::vector<Identity>> expandedUUIDs() const;

@@ -2,12 +2,12 @@
 #include "Classes/TimeDatabase.h"
 
 #include "Classes/AccountTrouble.h"
+#include "Classes/IncomingTimers.h"
 #include "Classes/Settings.h"
 #include "Classes/StoreFile.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
 #include "Classes/WholeFile.h"
-#include "platform/foundation/CleanText.h"
 #include "platform/foundation/LocalizedStrings.h"
 #include "platform/foundation/PrivateFiles.h"
 #include "platform/foundation/PropertyList.h"
@@ -45,19 +45,6 @@ QString besideStore(const QString& store, const QString& what) {
     const QString suffix = QFileInfo(store).suffix();
     const QString ending = suffix.isEmpty() ? QString() : u'.' + suffix;
     return store.chopped(ending.size()) + QStringLiteral(" - ") + what + ending;
-}
-
-std::size_t timersIn(const PropertyListDictionary& entries) {
-    const PropertyListArray* apps = entries.value(kDatabaseApps).asArray();
-    if (!apps)
-        return entries.size();
-    std::size_t count = 0;
-    for (const PropertyListValue& value : *apps) {
-        const PropertyListDictionary* entry = value.asDictionary();
-        const PropertyListArray* windows = entry ? entry->value(kEntryWindows).asArray() : nullptr;
-        count += 1 + (windows ? windows->size() : 0);
-    }
-    return count;
 }
 
 std::size_t timersIn(const TimeTracker& tracker) {
@@ -172,24 +159,36 @@ void TimeDatabase::mainStoreWritten(bool isWritten) {
 }
 
 std::optional<PropertyListDictionary> TimeDatabase::loadDictionaryFromURL(const QString& location) {
-    const auto loaded = load(location, read(location));
-    return loaded ? std::optional(*loaded) : std::nullopt;
+    const auto loaded = load(location);
+    return loaded ? std::optional(*loaded->asDictionary()) : std::nullopt;
 }
 
-Result<PropertyListValue> TimeDatabase::read(const QString& location) {
-    return location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location);
+Result<PropertyListValue> TimeDatabase::load(const QString& location) {
+    const auto incoming = incomingFrom(
+        location, location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location));
+    if (!incoming)
+        return incoming.failure();
+    IncomingTimers& timers = **incoming;
+    return replaceBy(timers) ? Result(timers.entries()) : noAccount(location);
 }
 
-Result<PropertyListDictionary> TimeDatabase::load(const QString& location,
-                                                  const Result<PropertyListValue>& file) {
-    const PropertyListDictionary* entries = file ? file->asDictionary() : nullptr;
-    const bool isTooLarge = entries && timersIn(*entries) > m_mostTimers;
-    if (entries && !isTooLarge && take(*entries))
-        return *entries;
-    const Failure failure =
-        isTooLarge ? Failure{Failure::Kind::Refused, tooManyTimers(m_mostTimers)}
-        : file     ? Failure{Failure::Kind::Damaged, QStringLiteral("%1: holds no account").arg(location)}
-                   : file.failure();
+Result<TimeDatabase::Incoming> TimeDatabase::incomingFrom(const QString& location,
+                                                          const Result<PropertyListValue>& file) {
+    if (!file)
+        return noted(file.failure());
+    auto incoming = std::make_shared<IncomingTimers>(m_tracker, m_services, *file);
+    if (!incoming->isAccount())
+        return noAccount(location);
+    if (incoming->count() > m_mostTimers)
+        return noted({Failure::Kind::Refused, tooManyTimers(m_mostTimers)});
+    return incoming;
+}
+
+Failure TimeDatabase::noAccount(const QString& location) {
+    return noted({Failure::Kind::Damaged, QStringLiteral("%1: holds no account").arg(location)});
+}
+
+Failure TimeDatabase::noted(const Failure& failure) {
     if (failure.kind != Failure::Kind::NotFound)
         m_services.log.log(QStringLiteral("A database could not be read: ") + failure.text);
     return failure;
@@ -215,7 +214,7 @@ void TimeDatabase::loadMainStore() {
 // What holds no account that we understand must not be written over.
 bool TimeDatabase::loadOrSetAside(const QString& location) {
     tellWhetherExposed(location);
-    const auto loaded = load(location, read(location));
+    const auto loaded = load(location);
     if (loaded && !m_hasLeftOut)
         return true;
     m_store->refuse(location);
@@ -296,38 +295,19 @@ void TimeDatabase::stopWaiting() {
     m_services.trouble.end(Trouble::StoreMissing);
 }
 
-bool TimeDatabase::take(const PropertyListDictionary& entries) {
-    const bool hasVersion = entries.contains(kDatabaseVersion);
-    const PropertyListArray* apps = entries.value(kDatabaseApps).asArray();
-    // Whoever wrote a version wrote a list of applications: without one nobody knows what else is lost.
-    if (entries.isEmpty() || (hasVersion && !apps))
-        return false;
-    m_hasLeftOut = false;
-    m_hasReset = true;
+bool TimeDatabase::replaceBy(IncomingTimers& timers) {
     m_tracker.reset();
     // While the timer runs, what is in front has a fresh timer already.
     const TimeTracker::AppSet fresh = m_tracker.fullTimeSet();
-    if (hasVersion) {
-        m_hasLeftOut = m_tracker.setArrayRepresentation(*apps) > 0;
-        if (const auto date = entries.value(kDatabaseLastResetDate).asDate())
-            m_tracker.setLastResetDate(*date);
-    } else if (!takeLegacy(entries)) {
+    timers.makeAll();
+    m_hasLeftOut = m_tracker.take(timers) > 0;
+    if (!timers.isAccount())
         return false;
-    }
+    if (const auto date = timers.lastResetDate())
+        m_tracker.setLastResetDate(*date);
     m_tracker.dissolve(fresh);
     if (m_hooks.computeTime)
         m_hooks.computeTime();
-    return true;
-}
-
-// The oldest files: names and seconds. One that holds "Apps" after all is a newer one that lost its version: nobody
-// knows what else it lost, so it is left where it stands.
-bool TimeDatabase::takeLegacy(const PropertyListDictionary& entries) {
-    for (const auto& [name, seconds] : entries) {
-        if (name == kDatabaseApps && seconds.asArray())
-            return false;
-        m_tracker.addWindowWithName(cleanText(name), seconds);
-    }
     return true;
 }
 
@@ -359,38 +339,29 @@ void TimeDatabase::restoreDefaultDatabaseLocation() {
 }
 
 Outcome TimeDatabase::importDatabase(const QString& location) {
-    return importDatabase(location, PropertyList::readFile(location));
+    auto incoming = incomingFrom(location, PropertyList::readFile(location));
+    if (incoming)
+        (*incoming)->makeAll();
+    return importDatabase(location, incoming);
 }
 
-Outcome TimeDatabase::importDatabase(const QString& location, const Result<PropertyListValue>& file) {
+Outcome TimeDatabase::importDatabase(const QString& location, const Result<Incoming>& incoming) {
     if (const Outcome backup = backUpBeforeImport(location); !backup) {
         m_services.log.log(QStringLiteral("Nothing was imported, for want of a backup: ") +
                            backup.failure().text);
         return Failure{backup.failure().kind, localized("No backup could be made, so nothing was changed.") +
                                                   u'\n' + backup.failure().text};
     }
-    const PropertyListArray before = m_tracker.arrayRepresentation();
-    const Date lastReset = m_tracker.lastResetDate();
-    m_hasReset = false;
-    const auto imported = load(location, location == m_mainStoreURL ? m_store->read(location) : file);
-    if (!imported) {
-        takeBack(before, lastReset);
-        return imported.failure();
-    }
-    if (imported->contains(kDatabaseProjects) && m_hooks.setProjects)
-        m_hooks.setProjects(imported->value(kDatabaseProjects));
+    if (!incoming)
+        return incoming.failure();
+    IncomingTimers& timers = **incoming;
+    if (!timers.isAccount())
+        return noAccount(location);
+    replaceBy(timers);
+    const PropertyListDictionary& entries = *timers.entries().asDictionary();
+    if (entries.contains(kDatabaseProjects) && m_hooks.setProjects)
+        m_hooks.setProjects(entries.value(kDatabaseProjects));
     return Done{};
-}
-
-// A file may turn out to be no account when the timers are gone already.
-void TimeDatabase::takeBack(const PropertyListArray& timers, Date lastReset) {
-    if (!m_hasReset)
-        return;
-    m_tracker.reset();
-    m_tracker.putBack(timers);
-    m_tracker.setLastResetDate(lastReset);
-    if (m_hooks.computeTime)
-        m_hooks.computeTime();
 }
 
 Outcome TimeDatabase::backUpBeforeImport(const QString& location) {

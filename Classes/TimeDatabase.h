@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+class IncomingTimers;
 class StoreFile;
 class TimeTracker;
 struct TimeStoreServices;
@@ -83,8 +84,11 @@ public:
     // Replaces all timers, and the projects if there are any, by those of a file, after a backup of what there is. A backup
     // that cannot be made stops it.
     Outcome importDatabase(const QString& location);
-    // The same, of what has been read from there already.
-    Outcome importDatabase(const QString& location, const Result<PropertyListValue>& file);
+    // The same in two steps, for large files: the timers of what has been read from there, which are still to be made, and
+    // then what there is replaced by those.
+    using Incoming = std::shared_ptr<IncomingTimers>;
+    Result<Incoming> incomingFrom(const QString& location, const Result<PropertyListValue>& file);
+    Outcome importDatabase(const QString& location, const Result<Incoming>& incoming);
     // Where the backup of the next import goes: "Primary Database - Import Backup.tkd" beside the main store, or with a number
     // where that is taken.
     QString importBackupURL() const;
@@ -92,14 +96,15 @@ public:
     QVariant valueForKey(ObservedKey key) const override;
 
 private:
-    Result<PropertyListValue> read(const QString& location);
-    Result<PropertyListDictionary> load(const QString& location, const Result<PropertyListValue>& file);
-    bool take(const PropertyListDictionary& entries);
-    bool takeLegacy(const PropertyListDictionary& entries);
+    Result<PropertyListValue> load(const QString& location);
+    // The tree becomes that of a file. False, with what could be made of it in the tree, if that is no account after all.
+    bool replaceBy(IncomingTimers& timers);
+    Failure noAccount(const QString& location);
+    // Tells the log of it.
+    Failure noted(const Failure& failure);
     bool loadOrSetAside(const QString& location);
     void tellWhetherExposed(const QString& location);
     void mainStoreWritten(bool isWritten);
-    void takeBack(const PropertyListArray& timers, Date lastReset);
     Outcome backUpBeforeImport(const QString& location);
 
     // See the class. `recorded` is the location that is waited for.
@@ -121,8 +126,6 @@ private:
     std::optional<QString> m_awaited;
     // Something of what was read last was damaged.
     bool m_hasLeftOut = false;
-    // It has taken the place of the timers there were.
-    bool m_hasReset = false;
     // What was counted meanwhile is in the tree and not yet in the main store.
     bool m_owesMeanwhile = false;
     std::unique_ptr<RunLoopTimer> m_nextLook;

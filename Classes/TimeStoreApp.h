@@ -1,19 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/Succession.h"
 #include "Classes/TimeStoreWindow.h"
 
 #include <map>
 #include <unordered_map>
 #include <unordered_set>
-
-// A timer has taken another one in, or what was one identity are two: projects that have the former have the successor
-// as well from now on. The object is a Succession.
-inline const QString kTicklogSucceedNodeNotification = QStringLiteral("kTicklogSucceedNodeNotification");
-struct Succession {
-    Identity former;
-    Identity successor;
-};
 
 // The timer of one application, with the timers of its windows. With fewer than two windows it is a leaf: a single
 // window is not shown beneath it. No two of its windows have one identity, while windows of several applications share
@@ -51,8 +44,10 @@ public:
     // One without a name is left out. Of two records of a name the last is kept and takes the other one in; but a
     // frozen window stays by itself.
     void addChildFromDictionary(const PropertyListDictionary& record) override;
-    // Gives windows identities of their own that share one, as files may say.
-    void tellWindowsApart();
+    // The same, for many records: the caller tells the projects of all together.
+    void takeChild(const PropertyListDictionary& record, Successions& successions);
+    // Gives windows identities of their own that share one, as files may say. The caller tells the projects.
+    void tellWindowsApart(Successions& successions);
     // A window that was removed comes back; where another of its name has come since, the time goes to that one.
     // Observers of children and isLeaf are told.
     void putBack(const PropertyListDictionary& record);
@@ -99,7 +94,8 @@ private:
     void leaveTitle(const TimeStoreWindow& joined, const TimeStoreWindow& survivor);
     static void moveTime(TimeStoreWindow& from, TimeStoreWindow& to);
     void succeed(const std::optional<Identity>& former, const std::optional<Identity>& successor);
-    void giveIdentityOfItsOwn(TimeStoreWindow& window);
+    void tell(const Successions& successions);
+    void giveIdentityOfItsOwn(TimeStoreWindow& window, Successions& successions);
     std::shared_ptr<TimeStoreWindow> windowOfElement(const WindowElement& element);
     void giveElement(TimeStoreWindow& window, const WindowElement& element);
 

@@ -6,6 +6,15 @@
 
 #include <algorithm>
 
+namespace {
+
+void add(const std::pair<std::optional<Identity>, std::optional<Identity>>& pair, Successions& successions) {
+    if (pair.first && pair.second && pair.first != pair.second)
+        successions.push_back({*pair.first, *pair.second});
+}
+
+} // namespace
+
 // A frozen application's windows are found by nobody any more, and leave their titles to those that go on.
 QString TimeStoreApp::keyOf(const QString& title) const {
     return branched() ? ownKeyOf(title) : TimeStoreWindow::keyOf(title);
@@ -49,6 +58,12 @@ void TimeStoreApp::enterInRegistry(const std::unordered_set<Identity>* identitie
 }
 
 void TimeStoreApp::addChildFromDictionary(const PropertyListDictionary& record) {
+    Successions successions;
+    takeChild(record, successions);
+    tell(successions);
+}
+
+void TimeStoreApp::takeChild(const PropertyListDictionary& record, Successions& successions) {
     const QString name = cleanText(record.value(kRecordName).toString());
     if (record.isEmpty() || name.isEmpty())
         return;
@@ -69,10 +84,10 @@ void TimeStoreApp::addChildFromDictionary(const PropertyListDictionary& record) 
     const auto joined = known->second.window;
     moveTime(*joined, *window);
     store(name, window);
-    succeed(joined->uuid(), window->uuid());
+    add({joined->uuid(), window->uuid()}, successions);
 }
 
-void TimeStoreApp::tellWindowsApart() {
+void TimeStoreApp::tellWindowsApart(Successions& successions) {
     std::unordered_set<Identity> seen;
     seen.reserve(m_windows.size());
     std::vector<std::shared_ptr<TimeStoreWindow>> alike;
@@ -80,7 +95,7 @@ void TimeStoreApp::tellWindowsApart() {
         if (const auto uuid = entry.window->uuid(); uuid && !seen.insert(*uuid).second)
             alike.push_back(entry.window);
     for (const auto& window : alike)
-        giveIdentityOfItsOwn(*window);
+        giveIdentityOfItsOwn(*window, successions);
 }
 
 void TimeStoreApp::putBack(const PropertyListDictionary& record) {
@@ -102,14 +117,16 @@ void TimeStoreApp::putBack(const PropertyListDictionary& record) {
         const ChangeAnnouncement leaf(*this, kIsLeafKey);
         addChildFromDictionary(record);
     }
-    tellWindowsApart();
+    Successions successions;
+    tellWindowsApart(successions);
+    tell(successions);
 }
 
 // The projects of the one whose identity it had have it all the same.
-void TimeStoreApp::giveIdentityOfItsOwn(TimeStoreWindow& window) {
+void TimeStoreApp::giveIdentityOfItsOwn(TimeStoreWindow& window, Successions& successions) {
     const auto shared = window.uuid();
     window.setUuid(services().registry.setUUID(Identity::brandNew(), ownKeyOf(window.name())));
-    succeed(shared, window.uuid());
+    add({shared, window.uuid()}, successions);
 }
 
 TimeStoreApp::Table::iterator TimeStoreApp::placeOf(const TimeStoreWindow& window, const QString& key) {
@@ -198,6 +215,12 @@ void TimeStoreApp::moveTime(TimeStoreWindow& from, TimeStoreWindow& to) {
 }
 
 void TimeStoreApp::succeed(const std::optional<Identity>& former, const std::optional<Identity>& successor) {
-    if (former && successor && former != successor)
-        services().notifications.post(kTicklogSucceedNodeNotification, Succession{*former, *successor});
+    Successions successions;
+    add({former, successor}, successions);
+    tell(successions);
+}
+
+void TimeStoreApp::tell(const Successions& successions) {
+    if (!successions.empty())
+        services().notifications.post(kTicklogSucceedNodeNotification, successions);
 }

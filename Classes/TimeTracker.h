@@ -14,6 +14,7 @@
 #include <mutex>
 #include <set>
 
+class IncomingTimers;
 class RuleCategories;
 class SystemIdleTime;
 class TimeStoreCategory;
@@ -147,6 +148,8 @@ public:
     void addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent);
     // Clears all timers.
     void reset();
+    // The registry knows all timers by their names, whatever it has heard of others meanwhile.
+    void enterNames() const;
     void removeUUIDs(const std::unordered_set<Identity>& identities);
     // Which timers these are, of those that are in the tree.
     TimerReferences referencesTo(const TimeStoreItem::Children& items) const;
@@ -168,6 +171,8 @@ public:
     // Adds the applications of `entries` to what is there. Entries of other types are left out, and counted in the log;
     // answers how many.
     int setArrayRepresentation(const PropertyListArray& entries);
+    // The same, of what has been made of them already.
+    int take(IncomingTimers& timers);
 
     // Takes applications out of the tree that have been made since it was cleared, where another of the same name has
     // come in from a file; their time goes to that one.
@@ -235,8 +240,6 @@ private:
     void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void forgetName(const TimeStoreApp& app);
     std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;
-    // Gives an application an identity of its own where another one that was seen has the same.
-    void tellApart(TimeStoreApp& app, std::unordered_set<Identity>& seen);
     using IsMeant = std::function<bool(const TimeStoreApp& app, const TimeStoreNode& node)>;
     void remove(const IsMeant& isMeant);
     AppSet takeOut(const IsMeant& isMeant);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The tracker's changes to the whole tree: clearing, reading and writing it.
+#include "Classes/IncomingTimers.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
 
@@ -10,8 +11,12 @@ void TimeTracker::addWindowWithName(const PropertyListValue& name, const Propert
     addApplication(std::make_shared<TimeStoreApp>(m_services.store, name, timeSpent));
 }
 
-void TimeTracker::reset() {
+void TimeTracker::enterNames() const {
     enterInRegistry(nullptr);
+}
+
+void TimeTracker::reset() {
+    enterNames();
     {
         const std::lock_guard guard(m_lock);
         AppSet cleared;
@@ -54,51 +59,30 @@ void TimeTracker::writeArrayRepresentation(PropertyListSink& sink) const {
     sink.endArray();
 }
 
-// Answers how many were left out.
-static int addWindows(TimeStoreApp& app, const PropertyListArray& windows) {
-    int damaged = 0;
-    for (const PropertyListValue& window : windows)
-        if (const PropertyListDictionary* record = window.asDictionary();
-            record && !record->value(kRecordName).toString().isEmpty())
-            app.addChildFromDictionary(*record);
-        else
-            ++damaged;
-    return damaged;
-}
-
-void TimeTracker::tellApart(TimeStoreApp& app, std::unordered_set<Identity>& seen) {
-    const auto uuid = app.uuid();
-    if (!uuid || seen.insert(*uuid).second)
-        return;
-    app.setUuid(brandNewUUID());
-    m_services.store.notifications.post(kTicklogSucceedNodeNotification, Succession{*uuid, *app.uuid()});
-}
-
 int TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
-    const ChangeAnnouncement announcement(*this, kTimeSetKey);
-    int damaged = 0;
-    std::unordered_set<Identity> seen;
-    for (const PropertyListValue& value : entries) {
-        const PropertyListDictionary* entry = value.asDictionary();
-        const PropertyListDictionary* record = entry ? entry->value(kEntryApp).asDictionary() : nullptr;
-        if (!record) {
-            ++damaged;
-            continue;
+    IncomingTimers timers(*this, m_services.store, entries);
+    timers.makeAll();
+    return take(timers);
+}
+
+int TimeTracker::take(IncomingTimers& timers) {
+    TKUUIDManager& registry = m_services.store.registry;
+    {
+        const ChangeAnnouncement announcement(*this, kTimeSetKey);
+        for (auto& app : timers.take()) {
+            // The tree may have been cleared since it was made, and have entered its own.
+            if (const auto uuid = app->uuid();
+                uuid && registry.knownUUID(app->registryKey(app->name())) != uuid)
+                registry.setUUID(*uuid, app->registryKey(app->name()));
+            addApplication(std::move(app));
         }
-        auto app = std::make_shared<TimeStoreApp>(m_services.store, *record);
-        const PropertyListValue& windows = entry->value(kEntryWindows);
-        if (const PropertyListArray* list = windows.asArray())
-            damaged += addWindows(*app, *list);
-        else if (!windows.isAbsent())
-            ++damaged;
-        app->tellWindowsApart();
-        tellApart(*app, seen);
-        addApplication(std::move(app));
     }
-    if (damaged > 0)
+    if (!timers.successions().empty())
+        m_services.store.notifications.post(kTicklogSucceedNodeNotification, timers.successions());
+    if (const int damaged = timers.damaged(); damaged > 0)
         m_services.store.log.log(
             QStringLiteral("%1 entries of the database are damaged and were left out.").arg(damaged));
-    return damaged;
+    return timers.damaged();
 }
 
 void TimeTracker::dissolve(const AppSet& applications) {

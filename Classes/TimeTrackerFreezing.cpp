@@ -112,7 +112,7 @@ std::optional<Identity> TimeTracker::tellApart(const TimeStoreWindow& window) {
     if (!shared || std::ranges::none_of(m_timeSet, holdsSuch))
         return shared;
     const Identity own = brandNewUUID();
-    m_services.store.notifications.post(kTicklogSucceedNodeNotification, Succession{*shared, own});
+    m_services.store.notifications.post(kTicklogSucceedNodeNotification, Successions{{*shared, own}});
     return own;
 }
 

@@ -2,12 +2,21 @@
 #include "interface/mainwindow/TKDocumentController.h"
 
 #include "Classes/FileReading.h"
+#include "Classes/IncomingTimers.h"
 #include "Classes/TimeDatabase.h"
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
 #include "platform/foundation/LocalizedStrings.h"
 
 #include <QFileInfo>
+
+namespace {
+
+// Timers are made here, a few hundredths of a second at a time, because they belong to this thread.
+constexpr std::size_t kTimersAtATime = 10'000;
+constexpr double kIsRead = 0.5;
+
+} // namespace
 
 TKDocumentController::TKDocumentController(TimeDatabase& database, Alerts& alerts,
                                            std::function<void()> imported)
@@ -33,9 +42,17 @@ void TKDocumentController::openDocumentWithContentsOfURL(const QString& location
 
 void TKDocumentController::importFrom(const QString& location) {
     FileReading reading(location);
-    if (!m_alerts.waitFor(localized("Importing…"), [&] { return reading.done(); }))
+    std::optional<Result<TimeDatabase::Incoming>> timers;
+    const auto done = [&] {
+        if (reading.done() < 1)
+            return reading.done() * kIsRead;
+        if (!timers)
+            timers = m_database.incomingFrom(location, reading.take());
+        return *timers ? kIsRead + (1 - kIsRead) * (**timers)->makeMore(kTimersAtATime) : 1;
+    };
+    if (!m_alerts.waitFor(localized("Importing…"), done))
         return;
-    const Outcome imported = m_database.importDatabase(location, reading.take());
+    const Outcome imported = m_database.importDatabase(location, *timers);
     m_imported();
     if (!imported)
         m_alerts.showError(localized("The timers could not be imported."), imported.failure().text);

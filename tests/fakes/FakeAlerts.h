@@ -46,9 +46,15 @@ public:
 
     bool waitFor(const QString& message, const std::function<double()>& done) override {
         panels << message;
-        while (!givesUp && done() < 1)
+        parts.clear();
+        while (parts.empty() || parts.back() < 1) {
+            if (givesUp || (!parts.empty() && parts.back() > givesUpAfter))
+                return false;
+            if (const double part = done(); parts.empty() || part != parts.back())
+                parts.push_back(part);
             std::this_thread::yield();
-        return !givesUp;
+        }
+        return true;
     }
 
     std::unique_ptr<ProgressPanel> showProgress(const QString& message) override {
@@ -92,6 +98,10 @@ public:
     QString begunAt;
     // Whether work is given up as soon as its progress is shown.
     bool givesUp = false;
+    // The user gives up once more than this is done.
+    double givesUpAfter = 1;
+    // What was told to be done of what was waited for last.
+    std::vector<double> parts;
     // What panels of progress were told, and what happens while they are painted.
     std::vector<double> progress;
     std::function<void()> whileProgressing;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/foundation/PropertyList.h"
 #include "tests/interface/Desk.h"
 
 #include <QDir>
@@ -26,6 +27,28 @@ struct TKDocumentControllerTest : testing::Test, Desk {
         settle();
     }
 
+    // "Notes" under an identity of another account, with so many windows.
+    QString fileOfMany(int windows) {
+        PropertyListArray list;
+        for (int i = 0; i < windows; ++i)
+            list.emplace_back(PropertyListDictionary{{kRecordName, QString::number(i)}});
+        const PropertyListDictionary notes{
+            {kRecordName, QStringLiteral("Notes")}, {kRecordActiveTime, 1}, {kRecordUUID, kOther.bytes()}};
+        const PropertyListArray apps{PropertyListDictionary{{kEntryApp, notes}, {kEntryWindows, list}}};
+        const QString path = fakes.home.filePath(QStringLiteral("many.tkd"));
+        EXPECT_TRUE(PropertyList::writeXmlFile(
+            PropertyListDictionary{{kDatabaseVersion, QStringLiteral("1.5")}, {kDatabaseApps, apps}}, path));
+        return path;
+    }
+
+    std::optional<Identity> idOf(const char* name) {
+        for (const auto& app : controller.tracker().fullTimeSet())
+            if (app->name() == QLatin1String(name))
+                return app->uuid();
+        return std::nullopt;
+    }
+
+    const Identity kOther = *Identity::fromBytes("othernot");
     bool hasBackup() { return QFileInfo::exists(backup); }
 
     QString file = fakes.home.filePath(QStringLiteral("other.tkd"));
@@ -91,6 +114,28 @@ TEST_F(TKDocumentControllerTest, givenUpWhileItIsRead_leavesEverything) {
     EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:01:00"));
     EXPECT_FALSE(hasBackup());
     EXPECT_EQ(completions, 1);
+}
+
+TEST_F(TKDocumentControllerTest, manyTimers_areMadeSomeAtATimeBesideThoseThereAre) {
+    alerts.answer = Alerts::Alternate;
+    open(fileOfMany(25'000));
+    const auto made = std::ranges::count_if(alerts.parts, [](double part) { return part > 0.5 && part < 1; });
+    EXPECT_EQ(made, 2) << "ten thousand at a time, and the rest is the end";
+    EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:00:01"));
+    EXPECT_EQ(controller.tracker().fullTimeSet().front()->windowCount(), 25'000U);
+    EXPECT_EQ(idOf("Notes"), kOther);
+}
+
+TEST_F(TKDocumentControllerTest, givenUpWhileTimersAreMade_leavesEverythingAndEveryName) {
+    const auto before = idOf("Notes");
+    alerts.answer = Alerts::Alternate;
+    alerts.givesUpAfter = 0.6;
+    open(fileOfMany(25'000));
+    EXPECT_EQ(textOf(model()), QStringLiteral("Notes 00:01:00"));
+    EXPECT_FALSE(hasBackup());
+    controller.tracker().reset();
+    account("Notes", 1);
+    EXPECT_EQ(idOf("Notes"), before);
 }
 
 TEST_F(TKDocumentControllerTest, theMenu_hasTheFileChosenFirst) {

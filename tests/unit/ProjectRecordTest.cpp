@@ -217,6 +217,19 @@ std::shared_ptr<ProjectRecord> coloured(int tag, const std::vector<unsigned>& nu
     return project;
 }
 
+TEST(ProjectRecord, timersThatSucceedEachOther_areAllAddedOnceBehindTheOthers) {
+    ProjectRecord project(record("Work", {1, 5}));
+    std::unordered_set<Identity> followed;
+    project.addSuccessors({{identity(1), identity(2)},
+                           {identity(2), identity(3)},
+                           {identity(7), identity(8)},
+                           {identity(3), identity(5)}},
+                          followed);
+    EXPECT_EQ(project.entries().value(kProjectSubtree),
+              PropertyListValue(PropertyListArray{data(1), data(5), data(2), data(3)}));
+    EXPECT_EQ(followed, (std::unordered_set{identity(1), identity(2)}));
+}
+
 TEST(ReverseProjectCache, aTimerInThreeProjects_hasTheirColoursOnceEach) {
     const ReverseProjectCache cache({coloured(5, {1, 2}), coloured(2, {1}), coloured(5, {1, 1, 3})});
     EXPECT_EQ(cache.tags(identity(1)), (ColorTags{2, 5}));

@@ -142,7 +142,8 @@ TEST_F(TimeStoreAppTest, aWindowThatIsTakenIn_isToldToProjects) {
     std::vector<Succession> successions;
     const auto watching =
         fakes.notifications.observe(kTicklogSucceedNodeNotification, [&](const Notification& news) {
-            successions.push_back(std::any_cast<Succession>(news.object));
+            const auto told = std::any_cast<Successions>(news.object);
+            successions.insert(successions.end(), told.begin(), told.end());
         });
     const auto inbox = window(*m_mail, "Inbox", 4);
     const auto drafts = window(*m_mail, "Drafts", 5);
@@ -295,17 +296,13 @@ TEST_F(TimeStoreAppTest, aWindowWhoseTitlesIdentityIsTakenInItsApplication_getsO
 }
 
 TEST_F(TimeStoreAppTest, windowsThatShareAnIdentityInAFile_areToldApartAndStayInTheirProjects) {
-    std::vector<Succession> successions;
-    const auto watching =
-        fakes.notifications.observe(kTicklogSucceedNodeNotification, [&](const Notification& news) {
-            successions.push_back(std::any_cast<Succession>(news.object));
-        });
+    Successions successions;
     for (const char* name : {"a", "b"}) {
         auto shared = record(name, 1);
         shared.insert(kRecordUUID, QByteArray(8, 'u'));
         m_mail->addChildFromDictionary(shared);
     }
-    m_mail->tellWindowsApart();
+    m_mail->tellWindowsApart(successions);
     const Identity kept = *window(*m_mail, "a")->uuid();
     EXPECT_EQ(kept.bytes(), QByteArray(8, 'u'));
     EXPECT_NE(window(*m_mail, "b")->uuid(), kept);

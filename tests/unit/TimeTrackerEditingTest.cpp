@@ -497,6 +497,25 @@ TEST_F(TimeTrackerEditingTest, applicationsThatShareAnIdentityInAFile_areToldApa
     EXPECT_EQ(tree(), "Mail 5");
 }
 
+TEST_F(TimeTrackerEditingTest, manyWindowsOfOneNameInAFile_areToldToProjectsTogether) {
+    std::vector<Successions> told;
+    const auto watching =
+        m_day.fakes.notifications.observe(kTicklogSucceedNodeNotification, [&](const Notification& news) {
+            told.push_back(std::any_cast<Successions>(news.object));
+        });
+    PropertyListArray windows;
+    for (int i = 0; i < 1000; ++i)
+        windows.emplace_back(PropertyListDictionary{
+            {kRecordName, u"Inbox"_s}, {kRecordActiveTime, 1}, {kRecordUUID, Identity::brandNew().bytes()}});
+    m_tracker.setArrayRepresentation({PropertyListDictionary{
+        {kEntryApp, PropertyListDictionary{{kRecordName, u"Mail"_s}}}, {kEntryWindows, windows}}});
+    EXPECT_EQ(tree(), "Mail 0 [Inbox 1000]");
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].size(), 999U);
+    EXPECT_EQ(told[0].front().former.bytes(), *windows.front().asDictionary()->value(kRecordUUID).asData());
+    EXPECT_EQ(told[0].back().successor, m_day.node("Mail", "Inbox").uuid());
+}
+
 TEST_F(TimeTrackerEditingTest, whatTheRegistryHadForgotten_isItselfAgainAfterClearing) {
     workInTwoWindows();
     const auto mail = m_day.node("Mail").uuid();
