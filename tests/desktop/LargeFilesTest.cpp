@@ -2,14 +2,13 @@
 // What the largest files that anybody may put there cost the built program. Time is the processor's, so that a busy machine
 // says the same.
 #include "platform/foundation/PropertyListXml.h"
+#include "tests/desktop/harness/ProcessorTime.h"
 #include "tests/desktop/harness/Product.h"
 
 #include <QFile>
 
 #include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <time.h>
 
 namespace {
 
@@ -129,22 +128,6 @@ const std::vector<Large> kFiles = {
 
 class LargeFiles : public testing::TestWithParam<Large> {
 protected:
-    double usedByProduct() {
-        clockid_t clock = 0;
-        timespec used{};
-        EXPECT_EQ(::clock_getcpuclockid(pid_t(product.program().processIdentifier()), &clock), 0);
-        EXPECT_EQ(::clock_gettime(clock, &used), 0);
-        return double(used.tv_sec) + double(used.tv_nsec) / 1e9;
-    }
-
-    // By all child processes that have ended.
-    static double usedByEnded() {
-        rusage usage{};
-        ::getrusage(RUSAGE_CHILDREN, &usage);
-        return double(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
-               double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
-    }
-
     int mostMegabytes() {
         QFile status(QStringLiteral("/proc/%1/status").arg(product.program().processIdentifier()));
         EXPECT_TRUE(status.open(QFile::ReadOnly));
@@ -162,12 +145,12 @@ TEST_P(LargeFiles, inAnyPlace_costNoMoreThanAStartAndAnEndMay) {
     desk.home().write(GetParam().path, GetParam().content());
     product.launch(desk.environment());
     ASSERT_TRUE(waitFor([this] { return product.hasWindow(); }, kLongestWait));
-    const double start = usedByProduct();
+    const double start = ProcessorTime::ofProcess(product.program().processIdentifier());
     EXPECT_LT(start, kLongestStart);
     EXPECT_LT(mostMegabytes(), kMostMegabytes);
-    const double before = usedByEnded();
+    const double before = ProcessorTime::ofEnded();
     EXPECT_EQ(product.end(SIGTERM), 0);
-    const double end = usedByEnded() - before - start;
+    const double end = ProcessorTime::ofEnded() - before - start;
     EXPECT_LT(end, kLongestEnd);
     RecordProperty("start", std::to_string(start));
     RecordProperty("end", std::to_string(end));

@@ -124,6 +124,18 @@ std::vector<xcb_window_t> DisplayProbe::children(xcb_window_t window) const {
     return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
+std::size_t DisplayProbe::popups() const {
+    xcb_connection_t* connection = m_connection.get();
+    std::size_t count = 0;
+    for (const xcb_window_t child : children(m_root)) {
+        const std::unique_ptr<xcb_get_window_attributes_reply_t, Free> look(xcb_get_window_attributes_reply(
+            connection, xcb_get_window_attributes(connection, child), nullptr));
+        if (look && look->override_redirect && look->map_state == XCB_MAP_STATE_VIEWABLE)
+            ++count;
+    }
+    return count;
+}
+
 std::optional<DisplayArea> DisplayProbe::areaOf(const char* instanceName, xcb_window_t within) const {
     for (const xcb_window_t child : children(within)) {
         if (text(child, "WM_CLASS").startsWith(instanceName))

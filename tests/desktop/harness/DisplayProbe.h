@@ -38,6 +38,8 @@ public:
     // The root's _NET_CLIENT_LIST.
     std::vector<xcb_window_t> windows() const;
     bool isInWindowList(xcb_window_t window) const;
+    // How many windows are seen that the window manager leaves alone, as menus are.
+    std::size_t popups() const;
     // The first 4 bytes of a property as a number; 0 when there are none.
     quint32 number(xcb_window_t window, const char* property) const;
     QByteArray text(xcb_window_t window, const char* property) const;
