@@ -6,11 +6,21 @@
 
 namespace {
 
+// A service whose interface has its name, as most have.
+ScreenSaverService::Name named(const QString& service, const QString& path) {
+    return {service, path, service};
+}
+
 std::vector<ScreenSaverService::Name> screenSaverNames() {
-    return {{QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("/org/freedesktop/ScreenSaver")},
-            {QStringLiteral("org.gnome.ScreenSaver"), QStringLiteral("/org/gnome/ScreenSaver")},
-            {QStringLiteral("org.cinnamon.ScreenSaver"), QStringLiteral("/org/cinnamon/ScreenSaver")},
-            {QStringLiteral("org.mate.ScreenSaver"), QStringLiteral("/org/mate/ScreenSaver")}};
+    const QString gnomes = QStringLiteral("org.gnome.ScreenSaver");
+    const QString gnomesPath = QStringLiteral("/org/gnome/ScreenSaver");
+    return {
+        named(QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("/org/freedesktop/ScreenSaver")),
+        named(gnomes, gnomesPath),
+        // GNOME Shell itself: the service of that name only runs while somebody has use for it.
+        {QStringLiteral("org.gnome.Shell.ScreenShield"), gnomesPath, gnomes},
+        named(QStringLiteral("org.cinnamon.ScreenSaver"), QStringLiteral("/org/cinnamon/ScreenSaver")),
+        named(QStringLiteral("org.mate.ScreenSaver"), QStringLiteral("/org/mate/ScreenSaver"))};
 }
 
 } // namespace

@@ -2,13 +2,13 @@
 #include "platform/linux/ScreenSaverService.h"
 
 ScreenSaverService::ScreenSaverService(Bus& sessionBus, const Name& name, std::function<void()> changed)
-    : m_path(name.path)
+    : m_name(name)
     , m_service(sessionBus, name.service)
     , m_changed(std::move(changed))
     , m_presence(m_service.observe([this] { follow(); })) {
     // From any path: some have the object twice and send the signal from the other one.
     m_activeChanged = m_service.listen(
-        {QString(), name.service, QStringLiteral("ActiveChanged"), QString()},
+        {QString(), name.interface, QStringLiteral("ActiveChanged"), QString()},
         [this](const QDBusMessage& signal) { setActive(signal.arguments().value(0).toBool()); });
 }
 
@@ -19,7 +19,7 @@ void ScreenSaverService::follow() {
         return;
     }
     m_service.call(
-        m_path, m_service.name(), QStringLiteral("GetActive"), {}, [this](const QDBusMessage& reply) {
+        m_name.path, m_name.interface, QStringLiteral("GetActive"), {}, [this](const QDBusMessage& reply) {
             // Some only let others inhibit them, and answer with an error.
             setActive(reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool());
         });

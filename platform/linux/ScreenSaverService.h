@@ -6,13 +6,13 @@
 #include <functional>
 
 // One of the services by which screen savers and lockers tell that they cover the screen. They differ in
-// nothing but their names. Never starts the service. `sessionBus` must outlive it.
+// nothing but names. Never starts the service. `sessionBus` must outlive it.
 class ScreenSaverService {
 public:
     struct Name {
         QString service;
         QString path;
-        // The interface has the service's name.
+        QString interface;
     };
 
     // Calls `changed` after isActive() has changed.
@@ -24,7 +24,7 @@ private:
     void follow();
     void setActive(bool isActive);
 
-    QString m_path;
+    Name m_name;
     BusService m_service;
     std::function<void()> m_changed;
     bool m_isActive = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/XClient.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -51,6 +52,28 @@ TEST(Harness, aProgram_endsWithItsObject) {
     EXPECT_TRUE(QFile::exists(folder));
     program.reset();
     EXPECT_FALSE(QFile::exists(folder));
+}
+
+TEST(Harness, aShellThatEndsAtItsStart_failsTheTestAtOnceWithWhatItWrote) {
+    const TemporaryHome home;
+    home.write(QStringLiteral("bin/gnome-shell"), "#!/bin/sh\necho out of order >&2\nexit 1\n");
+    ASSERT_TRUE(QFile::setPermissions(home.path() + QStringLiteral("/bin/gnome-shell"),
+                                      QFile::ReadOwner | QFile::ExeOwner));
+    QProcessEnvironment environment = home.environment();
+    environment.insert(QStringLiteral("PATH"),
+                       home.path() + QStringLiteral("/bin:") + environment.value(QStringLiteral("PATH")));
+    environment.remove(QStringLiteral("TICKLOG_TEST_VERBOSE"));
+    Program tests(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--gtest_filter=GnomeShell.aShellWithoutTheExtension_tellsNothing")},
+                  environment, Program::Output::ErrorsRead);
+    std::optional<QByteArray> line;
+    do
+        line = tests.readLine();
+    while (line && !line->contains("GNOME Shell has ended"));
+    EXPECT_TRUE(line);
+    EXPECT_EQ(tests.readLine(), QByteArray("out of order"));
+    EXPECT_TRUE(tests.waitUntilEnded());
+    EXPECT_NE(tests.exitStatus(), 0);
 }
 
 } // namespace

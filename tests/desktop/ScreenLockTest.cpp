@@ -20,10 +20,12 @@ protected:
         return waitFor([this] { return m_session.isKnown(); });
     }
 
-    std::unique_ptr<ServiceScript> startScreenSaver(const QString& name, const QString& path, bool isActive) {
-        return std::make_unique<ServiceScript>(
-            m_machine.home(), QStringLiteral("screensaver.py"),
-            QStringList{m_machine.address(), name, path, QVariant(isActive).toString()});
+    std::unique_ptr<ServiceScript> startScreenSaver(const QString& name, const QString& path, bool isActive,
+                                                    const QString& interface = {}) {
+        return std::make_unique<ServiceScript>(m_machine.home(), QStringLiteral("screensaver.py"),
+                                               QStringList{m_machine.address(), name, path,
+                                                           interface.isEmpty() ? name : interface,
+                                                           QVariant(isActive).toString()});
     }
 
     LogindMachine m_machine;
@@ -95,6 +97,17 @@ TEST_F(DesktopScreenLockTest, aScreenSaver_isFollowedAndItsDeathUncoversTheScree
 TEST_F(DesktopScreenLockTest, aScreenSaverThatIsActiveAlready_isSeen) {
     const auto saver = startScreenSaver(QStringLiteral("org.gnome.ScreenSaver"),
                                         QStringLiteral("/org/gnome/ScreenSaver"), true);
+    EXPECT_TRUE(waitForLocked(true));
+}
+
+TEST_F(DesktopScreenLockTest, gnomesShell_isAskedItselfBecauseTheServiceBesideItSeldomRuns) {
+    const auto shell = startScreenSaver(QStringLiteral("org.gnome.Shell.ScreenShield"),
+                                        QStringLiteral("/org/gnome/ScreenSaver"), true,
+                                        QStringLiteral("org.gnome.ScreenSaver"));
+    ASSERT_TRUE(waitForLocked(true));
+    shell->ask("active false");
+    EXPECT_TRUE(waitForLocked(false));
+    shell->ask("active true");
     EXPECT_TRUE(waitForLocked(true));
 }
 

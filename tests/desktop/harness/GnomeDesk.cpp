@@ -225,3 +225,7 @@ bool GnomeDesk::disableExtension() {
                        QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("DisableExtension"),
                        {kExtension}));
 }
+
+bool GnomeDesk::coverScreen(bool isCovered) {
+    return drive(isCovered ? QStringLiteral("Cover") : QStringLiteral("Uncover"), QStringLiteral("screen"));
+}

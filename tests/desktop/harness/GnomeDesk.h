@@ -46,6 +46,8 @@ public:
     // Switches the extension as the user does. Answers whether the shell knows it.
     bool enableExtension();
     bool disableExtension();
+    // Covers the screen as after a while without input, and uncovers it.
+    bool coverScreen(bool isCovered);
     // Where the extension lies, or would.
     QString extensionFolder();
 

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """A screen saver that does as it is told.
 
-Arguments: the address of the bus, the name to serve, the path, and whether it is active at first. Says "ready", then
+Arguments: the address of the bus, the name to serve, the path, the interface, and whether it is active at first. Says "ready", then
 obeys "active true" and "active false" line by line on standard input, and ends with it.
 """
 import sys
@@ -11,17 +11,17 @@ import dbus
 import dbus.service
 from service_loop import serve
 
-ADDRESS, NAME, PATH, AT_FIRST = sys.argv[1:]
+ADDRESS, NAME, PATH, INTERFACE, AT_FIRST = sys.argv[1:]
 
 
 class ScreenSaver(dbus.service.Object):
     is_active = AT_FIRST == "true"
 
-    @dbus.service.method(NAME, out_signature="b")
+    @dbus.service.method(INTERFACE, out_signature="b")
     def GetActive(self):
         return self.is_active
 
-    @dbus.service.signal(NAME, signature="b")
+    @dbus.service.signal(INTERFACE, signature="b")
     def ActiveChanged(self, is_active):
         self.is_active = is_active
 

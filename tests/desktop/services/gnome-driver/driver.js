@@ -11,6 +11,8 @@ const kInterface = `<node><interface name="org.ticklog.TestDriver">
   <method name="IsInFront"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="Touch"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="PlugIn"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+  <method name="Cover"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
+  <method name="Uncover"><arg type="s" direction="in"/><arg type="b" direction="out"/></method>
   <method name="Variable"><arg type="s" direction="in"/><arg type="s" direction="out"/></method>
 </interface></node>`;
 
@@ -30,9 +32,10 @@ function plugIn(kind) {
 }
 
 export class Driver {
-    // `main` is what the shell calls so: how one gets at it differs from shell to shell.
-    constructor(main) {
+    // `main` and `ScreenShield` are what the shell calls so: how one gets at them differs from shell to shell.
+    constructor(main, ScreenShield) {
         this._main = main;
+        this._ScreenShield = ScreenShield;
         // Kept, or it would be taken from the bus with the next collection of garbage.
         this._object = Gio.DBusExportedObject.wrapJSObject(kInterface, this);
         this._object.export(Gio.DBus.session, '/org/ticklog/TestDriver');
@@ -64,6 +67,18 @@ export class Driver {
         this._keyboard ??= plugIn(Clutter.InputDeviceType.KEYBOARD_DEVICE);
         for (const state of [Clutter.KeyState.PRESSED, Clutter.KeyState.RELEASED])
             this._keyboard.notify_keyval(GLib.get_monotonic_time(), Clutter.KEY_Shift_L, state);
+        return true;
+    }
+
+    // The shell has a shield of its own only where a display manager could open it again.
+    Cover() {
+        this._shield ??= new this._ScreenShield();
+        this._shield.activate(false);
+        return true;
+    }
+
+    Uncover() {
+        this._shield.deactivate(false);
         return true;
     }
 

@@ -9,7 +9,7 @@ function init() {}
 
 function enable() {
     import(Me.dir.get_child('driver.js').get_uri()).then(({Driver}) => {
-        driver ??= new Driver(imports.ui.main);
+        driver ??= new Driver(imports.ui.main, imports.ui.screenShield.ScreenShield);
     }).catch(logError);
 }
 
