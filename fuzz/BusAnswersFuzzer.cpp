@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
-// LINKS fakes gnome atspi trusted
-// What programs and services answer, read by those who ask. A connection from program to program takes the place of a bus, so
+// LINKS fakes gnome atspi linux trusted
+// What programs and services answer, read by those who ask, and what launchers ask. A connection from program to program takes the place of a bus, so
 // that each answer is written and read by the real toolkit, which ends the process over what is read as something else.
 #include "helpers/TKAXTrusted/PolkitAuthority.h"
 #include "platform/atspi/AtspiApplication.h"
 #include "platform/bus/BusMap.h"
 #include "platform/foundation/CleanText.h"
 #include "platform/gnome/GnomeSight.h"
+#include "platform/linux/ActivationService.h"
+#include "platform/linux/LogindIdleTime.h"
 #include "tests/fakes/ManualRunLoop.h"
 #include "tests/fakes/RecordingLog.h"
 
 #include <QCoreApplication>
 #include <QDBusMetaType>
+#include <QDBusPendingCall>
 #include <QDBusServer>
 #include <QDBusVirtualObject>
 #include <QEvent>
@@ -93,6 +96,8 @@ public:
 
     uint number() { return next() << 24 | next() << 16 | next() << 8 | next(); }
 
+    quint64 longNumber() { return quint64(number()) << 32 | number(); }
+
     bool isYes() { return next() & 1U; }
 
     // Whatever a program may say: what is no text does not come through the toolkit.
@@ -117,7 +122,7 @@ private:
 
 // One argument of an answer, of any kind that those who read know, or do not.
 QVariant argument(Choices& choices) {
-    switch (choices.next() % 12) {
+    switch (choices.next() % 16) {
     case 0:
         return choices.number();
     case 1:
@@ -148,6 +153,19 @@ QVariant argument(Choices& choices) {
         return QVariant::fromValue(choices.list<uint>([&] { return choices.number(); }));
     case 10:
         return QVariant::fromValue(QDBusVariant(QVariantMap{{choices.text(), choices.text()}}));
+    case 11:
+        return QVariantMap{{QStringLiteral("IdleHint"), choices.isYes()},
+                           {QStringLiteral("LockedHint"), choices.text()},
+                           {QStringLiteral("Class"), choices.text()},
+                           {QStringLiteral("IdleSinceHintMonotonic"), choices.longNumber()}};
+    case 12:
+        return QVariant::fromValue(QDBusObjectPath(QStringLiteral("/o%1").arg(choices.next())));
+    case 13:
+        return QVariant::fromValue(QDBusVariant(
+            QVariant::fromValue(ObjectOfProgram{choices.text(), QDBusObjectPath(QStringLiteral("/o"))})));
+    case 14:
+        return choices.list<QString>(
+            [&]() -> QString { return QStringLiteral("file:///") + choices.text(); });
     default:
         return QVariant::fromValue(QDBusVariant(QVariant::fromValue(ToldVerdict())));
     }
@@ -173,6 +191,10 @@ public:
         isLastVerdictYes = false;
         if (isPing) {
             connection.send(message.createReply());
+            return true;
+        }
+        if (message.member() == QLatin1String("GetNameOwner")) {
+            connection.send(message.createReply(kProgram));
             return true;
         }
         if (choices.next() % 16 == 15) {
@@ -269,6 +291,38 @@ void readAsPrograms(Talk& talk) {
         std::abort();
 }
 
+// A session that is found by its name, or else by our process, or else by the user.
+void readAsLogind(Talk& talk) {
+    OwnSession session(talk.bus, talk.log, QStringLiteral("1"));
+    LogindIdleTime idleTime(session, talk.clock);
+    for (int step = 0; step < 8; ++step) {
+        (void)talk.ask("Ping");
+        if (idleTime.read().idleNanoseconds.toInteger() < 0)
+            std::abort();
+    }
+}
+
+void askAsLauncher(Talk& talk) {
+    const Admission admission;
+    ActivationService service(talk.bus, admission, talk.loop, talk.log);
+    service.listen([](const QStringList& files, const Admission::Ticket& ticket) {
+        for (const QString& file : files)
+            if (!file.startsWith(u'/'))
+                std::abort();
+        if (!ticket || files.size() > ActivationService::kMostFiles)
+            std::abort();
+    });
+    Choices& choices = talk.answerer.choices;
+    auto request = QDBusMessage::createMethodCall(
+        QString(), kTicklogPath, choices.isYes() ? QStringLiteral("org.freedesktop.Application") : QString(),
+        choices.isYes() ? QStringLiteral("Open") : QStringLiteral("Activate"));
+    request.setArguments({argument(choices), argument(choices)});
+    const QDBusPendingCall answer = talk.other->asyncCall(request);
+    while (!answer.isFinished())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    talk.loop.runPending();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
@@ -277,6 +331,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     readAsPolkits(talk);
     readAsGnomes(talk.ask("Any"));
     readAsPrograms(talk);
+    readAsLogind(talk);
+    askAsLauncher(talk);
     talk.log.lines.clear();
     // No loop runs that would do it.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

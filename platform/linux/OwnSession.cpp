@@ -8,10 +8,19 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include <unistd.h>
+
+namespace {
+
+// What is counted in nanoseconds here ends before what logind can say in microseconds.
+constexpr qulonglong kLastMicrosecond =
+    std::chrono::floor<std::chrono::microseconds>(std::chrono::nanoseconds::max()).count();
+
+} // namespace
 
 OwnSession::OwnSession(Bus& systemBus, SystemLog& log, QString sessionId)
     : m_logind(systemBus, kLogindService)
@@ -147,7 +156,7 @@ void OwnSession::adopt(const QVariantMap& properties) {
         m_isGreeter = kind == QLatin1String("greeter");
     m_isIdle = properties.value(QStringLiteral("IdleHint"), m_isIdle).toBool();
     if (const QVariant since = properties.value(QStringLiteral("IdleSinceHintMonotonic")); since.isValid())
-        m_idleSince = std::chrono::microseconds(since.toULongLong());
+        m_idleSince = std::chrono::microseconds(std::min(since.toULongLong(), kLastMicrosecond));
     if (before != std::tuple(m_isActive, m_isLocked, m_isGreeter))
         m_observers->forEach([](const std::function<void()>& observer) { observer(); });
 }
