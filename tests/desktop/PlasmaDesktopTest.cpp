@@ -17,6 +17,11 @@ QByteArray installedEntry(const QString& executable) {
     return shipped.readAll().replace("Exec=ticklog", QString(u"Exec=" + executable).toUtf8());
 }
 
+constexpr char kMenu[] = "<!DOCTYPE Menu PUBLIC \"-//freedesktop//DTD Menu 1.0//EN\"\n"
+                         "  \"http://www.freedesktop.org/standards/menu-spec/1.0/menu.dtd\">\n"
+                         "<Menu><Name>Applications</Name><DefaultAppDirs/><DefaultDirectoryDirs/>"
+                         "<Include><All/></Include></Menu>\n";
+
 Result<std::unique_ptr<PlasmaDesktop>> openOn(const WaylandDesk& desk, Sight& sight) {
     return PlasmaDesktop::open(desk.display().toLocal8Bit(), sight.runLoop, sight.log, sight.entries);
 }
@@ -35,6 +40,8 @@ TEST(PlasmaDesktopPermission, theInstalledDesktopEntry_opensTheWindows) {
     desk.kill();
     desk.home().write(QStringLiteral("data/applications/org.ticklog.Ticklog.desktop"),
                       installedEntry(QCoreApplication::applicationFilePath()));
+    // KWin looks for entries in the menu of the desktop, which comes with Plasma and not with KWin.
+    desk.home().write(QStringLiteral("config/menus/applications.menu"), kMenu);
     desk.restart();
     Sight sight(QStringLiteral("/nowhere"));
     const auto opened = openOn(desk, sight);

@@ -3,6 +3,7 @@
 // takes over each form of what it had copied, and hands them out from then on.
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>

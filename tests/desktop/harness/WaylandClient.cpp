@@ -14,8 +14,10 @@ std::unique_ptr<Program> startClient(const WaylandDesk& desk, const QString& app
                            QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/clients/gtk_client.py"), appId},
                           Program::Output::Read);
     case WaylandClient::Kind::QtOnX11:
-        return desk.start(qt, {QStringLiteral("-platform"), QStringLiteral("xcb"), appId},
-                          Program::Output::Read);
+        // Compositors tell one or the other of an X server's two names for a window.
+        return desk.start(
+            qt, {QStringLiteral("-platform"), QStringLiteral("xcb"), QStringLiteral("-name"), appId, appId},
+            Program::Output::Read);
     case WaylandClient::Kind::Qt:
         break;
     }
