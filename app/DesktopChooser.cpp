@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/DesktopChooser.h"
 
+#include "app/AssistedDesktop.h"
 #include "app/StandInDesktop.h"
 #include "platform/foundation/LocalizedStrings.h"
 #include "platform/gnome/GnomeExtension.h"
@@ -139,14 +140,29 @@ Result<DesktopChooser::Desktop> DesktopChooser::withIdleTime(Result<std::unique_
     return desktop;
 }
 
-DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<Failure>& refusals) {
+Result<DesktopChooser::Desktop> DesktopChooser::assisted() const {
+    if (!m_ground.sessionBus.isConnected())
+        return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
+    auto compositor = WaylandConnection::tryConnect({}, m_ground.runLoop, m_ground.log);
+    if (!compositor)
+        return compositor.failure();
+    return desktopOf(Result(std::make_unique<AssistedDesktop>(
+        std::move(*compositor), m_ground.sessionBus, m_ground.runLoop, m_ground.log, m_ground.entries)));
+}
+
+DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<Failure>& refusals) const {
+    // Who could tell but will not has said what can be done about it.
+    const auto refusal = std::ranges::find(refusals, Failure::Kind::Refused, &Failure::kind);
+    const bool isRefused = refusal != refusals.end();
+    if (isWayland && !isRefused) {
+        if (auto desktop = assisted())
+            return std::move(*desktop);
+    }
     QString obstacle = isWayland
                            ? localized("This Wayland desktop does not tell other programs which window is in "
                                        "front, so that there is no time to credit.")
                            : localized("There is no window system that tells which window is in front.");
-    // Who could tell but will not has said what can be done about it.
-    const auto refusal = std::ranges::find(refusals, Failure::Kind::Refused, &Failure::kind);
-    if (refusal != refusals.end())
+    if (isRefused)
         obstacle = refusal->text;
     const auto nothing = std::make_shared<NoDesktop>(obstacle);
     return {nothing, nothing, nothing, [](const std::function<void()>&) {}, nullptr, nullptr};

@@ -60,7 +60,9 @@ private:
     Result<Desktop> gnome() const;
     std::vector<Candidate<Desktop>> desktops(bool isWayland) const;
     std::vector<Candidate<std::shared_ptr<IdleTime>>> idleTimes() const;
-    static Desktop none(bool isWayland, const std::vector<Failure>& refusals);
+    // What is left where the desktop tells nobody: programs may.
+    Result<Desktop> assisted() const;
+    Desktop none(bool isWayland, const std::vector<Failure>& refusals) const;
 
     Ground m_ground;
     Desktop m_desktop;

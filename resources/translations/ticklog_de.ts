@@ -1027,5 +1027,9 @@
         <source>Importing…</source>
         <translation>Wird importiert…</translation>
     </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Ticklog sieht nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
+    </message>
 </context>
 </TS>

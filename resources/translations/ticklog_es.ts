@@ -1027,5 +1027,9 @@
         <source>Importing…</source>
         <translation>Importando…</translation>
     </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano. Solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
+    </message>
 </context>
 </TS>

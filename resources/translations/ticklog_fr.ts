@@ -1027,5 +1027,9 @@
         <source>Importing…</source>
         <translation>Importation…</translation>
     </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan. Seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
+    </message>
 </context>
 </TS>

@@ -1027,5 +1027,9 @@
         <source>Importing…</source>
         <translation>インポート中…</translation>
     </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせません。支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
+    </message>
 </context>
 </TS>

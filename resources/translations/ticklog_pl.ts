@@ -1027,5 +1027,9 @@
         <source>Importing…</source>
         <translation>Importowanie…</translation>
     </message>
+    <message>
+        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu. Widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
+    </message>
 </context>
 </TS>

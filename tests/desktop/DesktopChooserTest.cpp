@@ -3,6 +3,7 @@
 
 #include "platform/linux/ActivationService.h"
 #include "platform/linux/LinuxSandbox.h"
+#include "tests/Places.h"
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/GnomeDesk.h"
@@ -129,6 +130,36 @@ TEST(DesktopChooserTest, gnomeFromWithinASandbox_isRefusedWithItsReason) {
     EXPECT_TRUE(choice.refused().contains(kGnome));
     EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("sandbox"))) << qPrintable(choice.obstacle());
     EXPECT_EQ(choice.chooser.shellExtension(), nullptr);
+}
+
+TEST(DesktopChooserTest, aCompositorThatTellsNothing_isSeenAsFarAsProgramsTell) {
+    Desk desk(QStringLiteral("openbox"), Desk::Bus::Own);
+    Program compositor(QStringLiteral(TICKLOG_BINARY_DIR "/odd-compositor"),
+                       {QStringLiteral("wayland-mute"), QStringLiteral("mute")}, desk.environment(),
+                       Program::Output::Read);
+    ASSERT_EQ(compositor.readLine(), QByteArray("ok"));
+    QProcessEnvironment environment = desk.environment();
+    environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-mute"));
+    Choice choice(environment);
+    EXPECT_EQ(choice.refused(), QStringList({kPlasma, kWlroots, kGnome}));
+    EXPECT_TRUE(choice.idleTime().startsWith(QStringLiteral("Wayland: ")));
+    EXPECT_TRUE(waitFor([&] { return choice.desktop().contains(QStringLiteral("AT-SPI")); }));
+    EXPECT_TRUE(
+        waitFor([&] { return choice.obstacle().contains(QStringLiteral("Only programs that tell")); }));
+}
+
+TEST(DesktopChooserTest, aCompositorThatTellsNothingWithoutABus_creditsNobody) {
+    const Desk desk;
+    Program compositor(QStringLiteral(TICKLOG_BINARY_DIR "/odd-compositor"),
+                       {QStringLiteral("wayland-mute"), QStringLiteral("mute")}, desk.environment(),
+                       Program::Output::Read);
+    ASSERT_EQ(compositor.readLine(), QByteArray("ok"));
+    QProcessEnvironment environment = desk.environment();
+    environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-mute"));
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
+    Choice choice(environment);
+    EXPECT_EQ(choice.desktop(), NoDesktop({}).describe());
+    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("no time to credit")));
 }
 
 TEST(DesktopChooserTest, x11_isAskedWithItsOwnIdleTime) {

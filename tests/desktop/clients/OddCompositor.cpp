@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A compositor without screen, input or windows that tells of windows nevertheless, exactly as it is told line by line on
 // standard input: what real ones do not do when they are asked to. Listens at the socket in $XDG_RUNTIME_DIR that its
-// argument names, and says "ok" when it has obeyed.
+// first argument names, and says "ok" when it has obeyed. A second argument, "mute": it offers nothing of the kind.
 //   open                    a window; windows are numbered from 0
 //   title N TEXT, app N TEXT   TEXT in percent signs, "=" before it
 //   state N NUMBER...       the numbers of the states
@@ -196,10 +196,11 @@ int readLine(int, std::uint32_t, void*) {
 
 int main(int argc, char** argv) {
     display = wl_display_create();
-    if (argc != 2 || wl_display_add_socket(display, argv[1]) != 0)
+    if (argc < 2 || wl_display_add_socket(display, argv[1]) != 0)
         return EXIT_FAILURE;
-    wl_global_create(display, &zwlr_foreign_toplevel_manager_v1_interface, kToplevelVersion, nullptr,
-                     bindManager);
+    if (argc == 2)
+        wl_global_create(display, &zwlr_foreign_toplevel_manager_v1_interface, kToplevelVersion, nullptr,
+                         bindManager);
     wl_global_create(display, &ext_idle_notifier_v1_interface, kIdleVersion, nullptr, bindNotifier);
     wl_global_create(display, &wl_seat_interface, 1, nullptr, bindSeat);
     wl_event_loop_add_fd(wl_display_get_event_loop(display), fileno(stdin), WL_EVENT_READABLE, readLine,
