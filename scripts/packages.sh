@@ -8,8 +8,9 @@ apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-
   libxcb-randr0-dev libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity xfwm4 kwin-x11 muffin cinnamon-settings-daemon mutter trayer xterm xdotool
-  fonts-dejavu-core dbus-daemon at-spi2-core python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0 gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui
-  sway labwc phoc foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
+  fonts-dejavu-core dbus-daemon at-spi2-core python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0
+  gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui sway labwc phoc miriway mir-platform-graphics-virtual
+  mir-platform-rendering-egl-generic foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
   desktop-file-utils"
 apt_bench="$apt_demo python3 sway kwin-wayland gnome-shell qt6-wayland dbus-bin"
 # For the pictures in Japanese.

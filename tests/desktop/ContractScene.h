@@ -127,6 +127,8 @@ inline std::unique_ptr<ContractScene> makeContractScene(const QString& desktop) 
         return std::make_unique<WaylandContractScene<LabwcScene, false>>();
     if (desktop == QLatin1String("phoc"))
         return std::make_unique<WaylandContractScene<PhocScene, false>>();
+    if (desktop == QLatin1String("miriway"))
+        return std::make_unique<WaylandContractScene<MiriwayScene, false>>();
     if (desktop == QLatin1String("kwin"))
         return std::make_unique<WaylandContractScene<KWinScene, true>>();
     if (desktop == QLatin1String("gnome"))

@@ -45,6 +45,7 @@ public:
 using SwayScene = WaylandScene<SwayDesk, WlrootsDesktop>;
 using LabwcScene = WaylandScene<LabwcDesk, WlrootsDesktop>;
 using PhocScene = WaylandScene<PhocDesk, WlrootsDesktop>;
+using MiriwayScene = WaylandScene<MiriwayDesk, WlrootsDesktop>;
 using KWinScene = WaylandScene<KWinDesk, PlasmaDesktop>;
 
 // `compositor` is "sway", "labwc", "phoc" or "kwin".

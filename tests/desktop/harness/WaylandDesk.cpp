@@ -48,12 +48,19 @@ QStringList asNobody() {
             QStringLiteral("--pdeathsig=KILL")};
 }
 
-// Of those that stand on wlroots: nothing of a machine's is used, not its screens, its keyboards, its graphics.
+// Nothing of a machine's is used, not its screens, its keyboards, its graphics: for those that stand on wlroots, and for
+// Mir, which has to be asked for the list of windows as well.
 void keepToMemory(QProcessEnvironment& environment) {
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
     environment.insert(QStringLiteral("WLR_BACKENDS"), QStringLiteral("headless"));
     environment.insert(QStringLiteral("WLR_LIBINPUT_NO_DEVICES"), QStringLiteral("1"));
     environment.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
+    environment.insert(QStringLiteral("MIR_SERVER_PLATFORM_DISPLAY_LIBS"), QStringLiteral("mir:virtual"));
+    environment.insert(QStringLiteral("MIR_SERVER_PLATFORM_RENDERING_LIBS"),
+                       QStringLiteral("mir:egl-generic"));
+    environment.insert(QStringLiteral("MIR_SERVER_VIRTUAL_OUTPUT"), QStringLiteral("640x480"));
+    environment.insert(QStringLiteral("MIR_SERVER_ADD_WAYLAND_EXTENSIONS"),
+                       QStringLiteral("zwlr_foreign_toplevel_manager_v1"));
 }
 
 } // namespace

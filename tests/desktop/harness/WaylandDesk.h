@@ -90,7 +90,7 @@ private:
     QTemporaryDir m_place;
 };
 
-// Others that stand on wlroots, by their executable's name, such as "labwc": they are driven as a task bar would.
+// Others that let task bars work, by their executable's name, such as "labwc": they are driven as one would.
 class TaskBarDesk : public WaylandDesk {
 public:
     explicit TaskBarDesk(const QString& compositor, XServer xServer = XServer::None);
@@ -119,6 +119,16 @@ class PhocDesk : public TaskBarDesk {
 public:
     PhocDesk()
         : TaskBarDesk(QStringLiteral("phoc")) {}
+};
+
+// Miriway, which offers the protocol where its configuration says so.
+class MiriwayDesk : public TaskBarDesk {
+public:
+    MiriwayDesk()
+        : TaskBarDesk(QStringLiteral("miriway")) {}
+
+    // It takes no input from programs, and tells of none.
+    bool touch() override { return true; }
 };
 
 // KWin, for Plasma.
