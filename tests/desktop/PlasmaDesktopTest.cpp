@@ -17,10 +17,8 @@ QByteArray installedEntry(const QString& executable) {
     return shipped.readAll().replace("Exec=ticklog", QString(u"Exec=" + executable).toUtf8());
 }
 
-constexpr char kMenu[] = "<!DOCTYPE Menu PUBLIC \"-//freedesktop//DTD Menu 1.0//EN\"\n"
-                         "  \"http://www.freedesktop.org/standards/menu-spec/1.0/menu.dtd\">\n"
-                         "<Menu><Name>Applications</Name><DefaultAppDirs/><DefaultDirectoryDirs/>"
-                         "<Include><All/></Include></Menu>\n";
+constexpr char kMenu[] = "<Menu><Name>Applications</Name><DefaultAppDirs/><DefaultDirectoryDirs/"
+                         "><Include><All/></Include></Menu>\n";
 
 Result<std::unique_ptr<PlasmaDesktop>> openOn(const WaylandDesk& desk, Sight& sight) {
     return PlasmaDesktop::open(desk.display().toLocal8Bit(), sight.runLoop, sight.log, sight.entries);
