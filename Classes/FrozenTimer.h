@@ -3,12 +3,23 @@
 
 #include "platform/foundation/Identity.h"
 
+#include <QString>
+
 #include <map>
 #include <optional>
 #include <span>
 #include <vector>
 
 class TimeStoreNode;
+
+// A timer was frozen. The object is a FrozenIdentities.
+inline const QString kTicklogBranchNodeNotification = QStringLiteral("kTicklogBranchNodeNotification");
+// The old identity and the new one: one entry.
+using FrozenIdentities = std::map<Identity, Identity>;
+
+// A frozen timer has become one again with what went on in its place. The object is a FrozenIdentities: from the
+// identities that are no more, the frozen ones among them, to those of the timers that there were before.
+inline const QString kTicklogUnbranchNodeNotification = QStringLiteral("kTicklogUnbranchNodeNotification");
 
 // A timer that was frozen: what it was before, and which identities it and its windows have got. Enough to undo that, and
 // to do it again so that whatever was said of the timers meanwhile is still said of the same ones.

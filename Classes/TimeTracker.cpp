@@ -70,13 +70,13 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
     const auto app = m_activeStoreApp.lock();
     const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
     if (window != std::exchange(m_activeStoreWindow, window).lock())
-        ++m_filterChanges;
+        m_narrowing.noteChange();
     if (!m_isRunning || !window)
         return;
     // Its title has changed while it was behind others, or while nobody was there to follow it.
     if (!window->isNamed(*documentName)) {
         window->setName(*documentName);
-        ++m_filterChanges;
+        m_narrowing.noteChange();
     }
     updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
 }
@@ -99,7 +99,7 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     // The application joins whatever else bears the name.
     if (current->name() != *newName)
         current->setName(*newName);
-    ++m_filterChanges;
+    m_narrowing.noteChange();
 }
 
 void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
@@ -222,9 +222,7 @@ void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::option
 
 void TimeTracker::addTime(TimeStoreNode& node, Seconds seconds) {
     const Seconds before = node.TimeStoreNode::activeTime();
-    const auto limit = Seconds(m_cutoffTime);
-    if (before < limit && before + seconds >= limit)
-        ++m_filterChanges;
+    m_narrowing.noteTime(before, before + seconds);
     node.addTimeInterval(seconds);
 }
 
@@ -250,7 +248,7 @@ void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
 std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeStoreApp> app) {
     m_timeDictionary.insert(app->name(), app);
     m_timeSet.push_back(app);
-    ++m_filterChanges;
+    m_narrowing.noteChange();
     return app;
 }
 
@@ -284,8 +282,8 @@ Seconds TimeTracker::totalTime() const {
 
 TimeStoreItem::Children TimeTracker::timeSet() const {
     const std::lock_guard guard(m_lock);
-    if (m_searchFiltered)
-        return *m_searchFiltered;
+    if (m_narrowing.survivors())
+        return *m_narrowing.survivors();
     return {m_timeSet.begin(), m_timeSet.end()};
 }
 
@@ -330,30 +328,20 @@ void TimeTracker::updateTimeStoreCategory(TimeStoreCategory& category,
 }
 
 void TimeTracker::setSearchString(const QString& searchString) {
-    if (m_searchString == searchString)
-        return;
-    m_searchString = searchString;
-    reloadSearchFiltering();
+    if (m_narrowing.setText(searchString))
+        reloadSearchFiltering();
 }
 
 void TimeTracker::setCutoffTime(float cutoffTime) {
-    m_cutoffTime = cutoffTime;
+    m_narrowing.setLimit(cutoffTime);
     reloadSearchFiltering();
 }
 
 void TimeTracker::reloadSearchFiltering() {
     const std::lock_guard guard(m_lock);
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
-    m_searchFiltered.reset();
-    m_filteredAt = m_filterChanges;
-    const bool isSearching = m_searchString && !m_searchString->isEmpty();
-    if (!isSearching && !(m_cutoffTime > 0))
-        return;
-    m_searchFiltered.emplace();
-    const std::optional<QString> text = isSearching ? m_searchString : std::nullopt;
-    for (const auto& app : m_timeSet)
-        if (auto pruned = app->prunedObjectForSearchString(text, m_cutoffTime))
-            m_searchFiltered->push_back(std::move(pruned));
+    m_narrowing.giveUp();
+    m_narrowing.find(m_timeSet);
 }
 
 void TimeTracker::userDefaultsChanged() {

@@ -3,16 +3,17 @@
 
 #include "Classes/FrozenTimer.h"
 #include "Classes/IdleBookings.h"
+#include "Classes/Narrowing.h"
 #include "Classes/Stretch.h"
 #include "Classes/TimeActivator.h"
 #include "Classes/TimeStoreApp.h"
+#include "Classes/TimerReference.h"
+#include "Classes/TrackerServices.h"
 #include "platform/Sandbox.h"
 #include "platform/foundation/Listeners.h"
 #include "platform/foundation/UserDefaults.h"
 
-#include <map>
 #include <mutex>
-#include <set>
 
 class IncomingTimers;
 class RuleCategories;
@@ -23,28 +24,9 @@ inline constexpr ObservedKey kTimeSetKey{"timeSet"};
 inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
 inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDisplayString"};
 
-// A timer was frozen. The object is a FrozenIdentities.
-inline const QString kTicklogBranchNodeNotification = QStringLiteral("kTicklogBranchNodeNotification");
-// The old identity and the new one: one entry.
-using FrozenIdentities = std::map<Identity, Identity>;
-
-// A frozen timer has become one again with what went on in its place. The object is a FrozenIdentities: from the
-// identities that are no more, the frozen ones among them, to those of the timers that there were before.
-inline const QString kTicklogUnbranchNodeNotification = QStringLiteral("kTicklogUnbranchNodeNotification");
-
 // Projects refer to these identities, a std::unordered_set<Identity>: whoever has their timers sees to it that the
 // registry knows them.
 inline const QString kTicklogKeepNamesNotification = QStringLiteral("kTicklogKeepNamesNotification");
-
-// One timer of the tree. Windows of several applications may share an identity, those of one never do.
-struct TimerReference {
-    Identity application;
-    // Absent for the application itself.
-    std::optional<Identity> window;
-
-    friend auto operator<=>(const TimerReference&, const TimerReference&) = default;
-};
-using TimerReferences = std::set<TimerReference>;
 
 // What idle time is credited to.
 inline const QString kIdleName = QStringLiteral("Idle");
@@ -52,17 +34,6 @@ inline const QString kIdleName = QStringLiteral("Idle");
 // The entries of an application in the database.
 inline const QString kEntryApp = QStringLiteral("App");
 inline const QString kEntryWindows = QStringLiteral("Windows");
-
-// What the tracker asks of the rest. Outlives it.
-struct TrackerServices {
-    TimeStoreServices& store;
-    ActivityServices& activity;
-    UserDefaults& defaults;
-    SystemIdleTime& idleTime;
-    Sandbox& sandbox;
-    // Asks for accessibility trust when a start is refused for want of it.
-    std::function<void()> checkAccessibilityTrust;
-};
 
 // Owns the tree of timers and the activity source, and credits time: at every tick what has passed since the
 // last one goes to the current application's node and, separately, to the current window's. There is one in
@@ -124,11 +95,8 @@ public:
     // Seconds.
     void setCutoffTime(float cutoffTime);
     void reloadSearchFiltering();
-    // Grows whenever other timers may survive a search or the cut-off: one has come, is called otherwise or has passed the
-    // limit. Nothing is searched for that.
-    std::uint64_t filterChanges() const { return m_filterChanges; }
-    // Whether it has grown since what survives was last found out.
-    bool isFilteringStale() const { return m_searchFiltered && m_filteredAt != m_filterChanges; }
+    // What survives the search and the cut-off, and whether others may by now.
+    const Narrowing& narrowing() const { return m_narrowing; }
 
     // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
     // fresh timer of the old name.
@@ -250,23 +218,18 @@ private:
     TrackerServices& m_services;
     mutable std::recursive_mutex m_lock;
     AppSet m_timeSet;
-    std::optional<TimeStoreItem::Children> m_searchFiltered;
     QHash<QString, std::shared_ptr<TimeStoreApp>> m_timeDictionary;
     std::unique_ptr<RuleCategories> m_categories;
     Date m_lastResetDate;
     // Not owned: observers may take any node out of the tree, also the one being credited.
     std::weak_ptr<TimeStoreApp> m_activeStoreApp;
     std::weak_ptr<TimeStoreWindow> m_activeStoreWindow;
-    // Null until a search was asked for, which always counts as a change.
-    std::optional<QString> m_searchString;
     // The last start of the timer or clearing of the timers, whichever is later: no absence is booked from before.
     Instant m_countingSince;
     IdleBookings m_idleBookings;
+    Narrowing m_narrowing;
     const QExplicitlySharedDataPointer<Listeners<StretchListener*>> m_listeners{
         new Listeners<StretchListener*>};
-    float m_cutoffTime = 0;
-    std::uint64_t m_filterChanges = 0;
-    std::uint64_t m_filteredAt = 0;
     bool m_isRunning = false;
     bool m_wasIdle = false;
     std::unique_ptr<TimeActivator> m_timeActivator;

@@ -25,8 +25,7 @@ void TimeTracker::reset() {
         m_activeStoreApp.reset();
         // Nothing may point into what is cleared when the observers are told.
         m_activeStoreWindow.reset();
-        if (m_searchFiltered)
-            m_searchFiltered->clear();
+        m_narrowing.drop([](const TimeStoreItem&) { return true; });
         didChange(kTimeSetKey);
         m_timeDictionary.clear();
         m_timeActivator->resetNotifications();

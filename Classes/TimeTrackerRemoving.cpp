@@ -122,8 +122,7 @@ TimeTracker::AppSet TimeTracker::takeOut(const IsMeant& isMeant) {
         return std::ranges::any_of(removed, [&](const auto& app) { return app.get() == &item.node(); });
     };
     std::erase_if(m_timeSet, [&](const auto& app) { return isRemoved(*app); });
-    if (m_searchFiltered)
-        std::erase_if(*m_searchFiltered, [&](const auto& item) { return isRemoved(*item); });
+    m_narrowing.drop(isRemoved);
     return removed;
 }
 

@@ -23,7 +23,7 @@ void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& ca
     m_searchedProject = category;
     m_shownRecord = record;
     m_sum.forgetRows();
-    m_filteredChanges = m_engine.tracker().filterChanges();
+    m_filteredChanges = m_engine.tracker().narrowing().changes();
     if (category) {
         category->setSearchString(search);
         const std::vector<Identity> members = record->flattenedMembers();
@@ -32,7 +32,7 @@ void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& ca
         showTree(m_categoryTreeController);
     } else {
         m_engine.tracker().setSearchString(search);
-        if (m_engine.tracker().isFilteringStale())
+        if (m_engine.tracker().narrowing().isStale())
             m_engine.tracker().reloadSearchFiltering();
         m_appTreeController.setSource(TimeTreeModel::sourceOf(m_engine.tracker()));
         showTree(m_appTreeController);
@@ -157,7 +157,7 @@ void TKController::followCounting() {
 }
 
 void TKController::filterAgain() {
-    const std::uint64_t changes = m_engine.tracker().filterChanges();
+    const std::uint64_t changes = m_engine.tracker().narrowing().changes();
     const bool isCounted = std::exchange(m_filteredChanges, changes) != changes;
     if (!std::exchange(m_isRenamed, false) && !isCounted)
         return;
@@ -183,7 +183,7 @@ void TKController::exportShown() {
     // While a project is shown, it alone is narrowed by what is typed.
     if (!mainItemIsSelected())
         m_engine.tracker().setSearchString(m_window.searchAppField().text());
-    if (m_engine.tracker().isFilteringStale())
+    if (m_engine.tracker().narrowing().isStale())
         m_engine.tracker().reloadSearchFiltering();
     const QString title = mainItemIsSelected() ? localized("Export to CSV")
                           : isNarrowed()       ? localized("Export All Timers to CSV, Narrowed by the Search")

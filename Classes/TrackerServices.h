@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+class Sandbox;
+class SystemIdleTime;
+class UserDefaults;
+struct ActivityServices;
+struct TimeStoreServices;
+
+// What the tracker asks of the rest. Outlives it.
+struct TrackerServices {
+    TimeStoreServices& store;
+    ActivityServices& activity;
+    UserDefaults& defaults;
+    SystemIdleTime& idleTime;
+    Sandbox& sandbox;
+    // Asks for accessibility trust when a start is refused for want of it.
+    std::function<void()> checkAccessibilityTrust;
+};
