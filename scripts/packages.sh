@@ -5,7 +5,7 @@
 # apt: Debian 12, 13 and testing, Ubuntu 24.04. What a release does not have is left out: see need.
 apt_build="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-svg-plugins qt6-tools-dev
   qt6-tools-dev-tools qt6-l10n-tools libgl-dev libxcb1-dev libxcb-screensaver0-dev libxcb-res0-dev libxcb-sync-dev
-  libxcb-randr0-dev libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
+  libxcb-randr0-dev libsqlite3-dev libwayland-dev libwayland-bin plasma-wayland-protocols libsm-dev libgtest-dev libbenchmark-dev"
 apt_demo="xvfb openbox xterm x11-apps x11-utils xdotool imagemagick fonts-dejavu-core dbus-daemon"
 apt_test="xvfb openbox icewm metacity xfwm4 kwin-x11 muffin cinnamon-settings-daemon mutter trayer xterm xdotool
   fonts-dejavu-core dbus-daemon at-spi2-core python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0
@@ -23,7 +23,7 @@ apt_coverage="gcovr"
 
 # dnf: Fedora
 dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel qt6-qtsvg-devel qt6-qttools-devel qt6-linguist
-  libxcb-devel wayland-devel plasma-wayland-protocols-devel libSM-devel gtest-devel google-benchmark-devel"
+  libxcb-devel sqlite-devel wayland-devel plasma-wayland-protocols-devel libSM-devel gtest-devel google-benchmark-devel"
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
   python3-dbus python3-gobject python3-dbusmock gtk3 gtk4 mousepad featherpad libreoffice-calc
@@ -37,7 +37,7 @@ dnf_fuzz="clang compiler-rt"
 dnf_coverage="gcovr"
 
 # pacman: Arch
-pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg qt6-tools libxcb wayland plasma-wayland-protocols
+pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg qt6-tools libxcb sqlite wayland plasma-wayland-protocols
   libsm gtest benchmark"
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-dejavu dbus at-spi2-core

@@ -104,10 +104,12 @@ std::vector<Floor> floors() {
          QStringLiteral("the foundation knows nothing above it: hand the news up through an observer")},
         {QStringLiteral("^platform/[^/]+$"), ports,
          QStringLiteral("a port is a promise: it names no back end and no class")},
-        {QStringLiteral("^Classes/"), QStringLiteral("Classes/[^/]+|") + ports,
+        {QStringLiteral("^Classes/[^/]+$"), QStringLiteral("Classes/[^/]+|") + ports,
          QStringLiteral(
              "the account knows no screen: put the port it needs into platform/ and have it given")},
-        {QStringLiteral("^interface/"), QStringLiteral("interface/.+|Classes/[^/]+|") + ports,
+        {QStringLiteral("^Classes/history/"), QStringLiteral("Classes/.+|") + ports,
+         QStringLiteral("the history listens to the account and knows no screen")},
+        {QStringLiteral("^interface/"), QStringLiteral("interface/.+|Classes/.+|") + ports,
          QStringLiteral(
              "the interface reaches the desktop through platform/*.h alone; app/ chooses the back end")},
     };

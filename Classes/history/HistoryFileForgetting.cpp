@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// How what is in the history leaves it, so that nothing of it is left in the file.
+#include "Classes/history/HistoryFile.h"
+
+#include <limits>
+
+namespace {
+
+constexpr std::int64_t kLongestRow = 3'600'000;
+
+// Every condition that a statement has, in the order of its question marks; what is not asked for, matches all.
+constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ? AND start < ? "
+                                         "AND (? = 0 OR program = ?) AND (? = 0 OR title = ?)";
+
+} // namespace
+
+void HistoryFile::apply(const HistoryChange::Forgotten& change) {
+    if (change.from)
+        cutAt(*change.from);
+    if (change.to)
+        cutAt(*change.to);
+    forgetRows(change);
+    // What was to be made up for is a trace as well.
+    if (change.program && !change.title)
+        sqliteRun(m_database, "DELETE FROM owed WHERE program = ?", *change.program);
+    else
+        sqliteRun(m_database, "DELETE FROM owed");
+    dropUnused();
+    m_hasToEmpty = true;
+}
+
+// No row lies on both sides of `time` afterwards.
+void HistoryFile::cutAt(std::int64_t time) {
+    struct Cut {
+        Key key;
+        std::int64_t length;
+    };
+    std::vector<Cut> cuts;
+    for (SqliteQuery row(
+             m_database,
+             "SELECT start, n, length FROM stretches WHERE start > ? AND start < ? AND start + length > ?",
+             time - kLongestRow, time, time);
+         row.next();)
+        cuts.push_back({{row.integer(0), row.integer(1)}, row.integer(2)});
+    for (const auto& [key, length] : cuts) {
+        const std::int64_t before = time - key.start;
+        sqliteRun(m_database,
+                  "INSERT INTO stretches SELECT ?, (SELECT ifnull(max(n) + 1, 0) FROM stretches WHERE start "
+                  "= ?), ?, "
+                  "offset, program, title, timer, presence FROM stretches WHERE start = ? AND n = ?",
+                  time, time, length - before, key.start, key.n);
+        sqliteRun(m_database, "UPDATE stretches SET length = ? WHERE start = ? AND n = ?", before, key.start,
+                  key.n);
+    }
+}
+
+void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
+    const auto idOf = [&](const char* sql, const std::optional<QString>& text) -> std::int64_t {
+        if (!text)
+            return 0;
+        SqliteQuery row(m_database, sql, *text);
+        // What is not there matches nothing.
+        return row.next() ? row.integer(0) : -1;
+    };
+    const std::int64_t program = idOf("SELECT id FROM programs WHERE name = ?", what.program);
+    const std::int64_t title = idOf("SELECT id FROM titles WHERE text = ?", what.title);
+    const std::int64_t from = what.from.value_or(std::numeric_limits<std::int64_t>::min());
+    const std::int64_t to = what.to.value_or(std::numeric_limits<std::int64_t>::max());
+    SqliteQuery bounds(m_database,
+                       "SELECT min(start), max(start), min(offset), max(offset) FROM stretches "
+                       "WHERE start >= ? AND start < ?",
+                       from, to);
+    bounds.next();
+    const std::int64_t first = dayOf(bounds.integer(0), bounds.integer(2));
+    const std::int64_t last = dayOf(bounds.integer(1), bounds.integer(3));
+    sqliteRun(m_database, kDeleteStretches, from, to, program, program, title, title);
+    if (m_database.changes() > 0)
+        sumDaysAgain(first, last);
+}
+
+void HistoryFile::sumDaysAgain(std::int64_t first, std::int64_t last) {
+    sqliteRun(m_database, "DELETE FROM days WHERE day BETWEEN ? AND ?", first, last);
+    const auto startOf = [](std::int64_t day) {
+        const QDate date(int(day / 10'000), int(day / 100 % 100), int(day % 100));
+        return (date.toJulianDay() - QDate(1970, 1, 1).toJulianDay()) * 24 * kLongestRow;
+    };
+    // Local days begin within two days of those of UTC.
+    sqliteRun(
+        m_database,
+        "INSERT INTO days SELECT CAST(strftime('%Y%m%d', (start + offset * 60000 - ? * 3600000) / 1000, "
+        "'unixepoch') AS INTEGER) AS day, program, title, timer, presence, sum(length) FROM stretches "
+        "WHERE start >= ? AND start < ? GROUP BY 1, 2, 3, 4, 5 HAVING day BETWEEN ? AND ?",
+        m_dayBegin, startOf(first) - 48 * kLongestRow, startOf(last) + 72 * kLongestRow, first, last);
+    sumMonthsAgain();
+}
+
+void HistoryFile::sumMonthsAgain() {
+    sqliteRun(m_database, "DELETE FROM months");
+    sqliteRun(m_database,
+              "INSERT INTO months SELECT day / 100, program, timer, presence, sum(length) FROM days "
+              "GROUP BY 1, 2, 3, 4");
+}
+
+void HistoryFile::dropUnused() {
+    sqliteRun(m_database, "DELETE FROM titles WHERE id <> 0 AND id NOT IN (SELECT title FROM days)");
+    sqliteRun(m_database, "DELETE FROM programs WHERE id NOT IN (SELECT program FROM days)");
+    sqliteRun(m_database, "DELETE FROM timers WHERE id <> 0 AND id NOT IN (SELECT timer FROM days)");
+}
+
+void HistoryFile::sweep(std::optional<std::int64_t> before) {
+    SqliteTransaction transaction(m_database);
+    const bool hasDeleted = m_database.number("SELECT count(*) FROM timers WHERE deleted") > 0;
+    if (hasDeleted) {
+        sqliteRun(m_database, "DELETE FROM stretches WHERE timer IN (SELECT id FROM timers WHERE deleted)");
+        sqliteRun(m_database, "DELETE FROM days WHERE timer IN (SELECT id FROM timers WHERE deleted)");
+        sqliteRun(m_database, "DELETE FROM months WHERE timer IN (SELECT id FROM timers WHERE deleted)");
+        dropUnused();
+        m_hasToEmpty = true;
+    }
+    if (before) {
+        SqliteQuery first(m_database, "SELECT min(start) FROM stretches WHERE start < ?", *before);
+        if (first.next() && first.integer(0) != 0)
+            apply(HistoryChange::Forgotten{.program = {}, .title = {}, .from = {}, .to = before});
+    }
+    transaction.commit();
+    empty();
+}
+
+void HistoryFile::setDayBegin(int hour) {
+    if (m_dayBegin == hour)
+        return;
+    SqliteTransaction transaction(m_database);
+    sqliteRun(m_database, "UPDATE settings SET value = ? WHERE name = 'day begins at'", std::int64_t(hour));
+    m_dayBegin = hour;
+    sumDaysAgain(0, historyDay(QDate(9999, 1, 1)));
+    transaction.commit();
+}
+
+// What was in the journal goes into the file, and is written over there and here. While somebody reads it stays for later.
+void HistoryFile::empty() {
+    if (!m_hasToEmpty)
+        return;
+    SqliteQuery checkpoint(m_database, "PRAGMA wal_checkpoint(TRUNCATE)");
+    m_hasToEmpty = checkpoint.next() && checkpoint.integer(0) != 0;
+}

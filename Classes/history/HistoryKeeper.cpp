@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistoryKeeper.h"
+
+#include "Classes/history/HistorySalvage.h"
+#include "platform/foundation/PrivateFiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+// What SQLite keeps beside a file.
+const QString kJournal = QStringLiteral("-wal");
+const QString kIndex = QStringLiteral("-shm");
+
+} // namespace
+
+HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optional<std::int64_t> oldest) {
+    Report report;
+    try {
+        try {
+            attempt(batch, oldest);
+        } catch (const SqliteError& error) {
+            if (!error.isDamage() || !QFileInfo(m_path).isFile())
+                throw;
+            setAside(report);
+            attempt(batch, oldest);
+        }
+    } catch (const HistoryFile::Newer&) {
+        report.state = State::Newer;
+    } catch (const SqliteError& error) {
+        report.state = State::Unwritten;
+        report.why = error.text();
+    }
+    // Whatever it was may be otherwise by the next time.
+    if (report.state != State::Written)
+        m_file.reset();
+    return report;
+}
+
+void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest) {
+    // Somebody has removed it, or put another in its place.
+    if (m_file && m_file->hasMoved())
+        m_file.reset();
+    const bool isFirst = !m_file;
+    if (isFirst)
+        m_file.emplace(m_path);
+    if (isFirst || oldest)
+        m_file->sweep(oldest);
+    if (!batch.isEmpty())
+        m_file->write(batch, m_written);
+}
+
+void HistoryKeeper::setAside(Report& report) {
+    m_file.reset();
+    const auto aside = PrivateFiles::setAside(m_path);
+    if (!aside)
+        throw SqliteError(0, aside.failure().text);
+    QFile::remove(m_path + kIndex);
+    QFile::rename(m_path + kJournal, *aside + kJournal);
+    report.setAside = *aside;
+    m_file.emplace(m_path);
+    report.takenOver = HistorySalvage::takeOver(*aside, *m_file);
+}
+
+HistoryKeeper::Report HistoryKeeper::remove() {
+    m_file.reset();
+    Report report;
+    for (const QString& path : {m_path, QString(m_path + kJournal), QString(m_path + kIndex)})
+        if (QFileInfo(path).isFile() && !QFile::remove(path)) {
+            report.state = State::Unwritten;
+            report.why = QStringLiteral("%1: cannot be removed").arg(path);
+        }
+    return report;
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/history/HistoryFile.h"
+
+// Keeps the history's file in order, whatever befalls it: what knows the file and nothing else. It waits for the disk, and
+// so works on a thread of its own; never two calls at a time.
+class HistoryKeeper {
+public:
+    enum class State { Written, Unwritten, Newer };
+    struct Report {
+        State state = State::Written;
+        // For the log: why it is not written.
+        QString why;
+        // The name under which a damaged file was set aside, and how many stretches were taken over from it.
+        std::optional<QString> setAside;
+        int takenOver = 0;
+    };
+
+    explicit HistoryKeeper(QString path)
+        : m_path(std::move(path)) {}
+
+    const QString& path() const { return m_path; }
+    // All of it or nothing. With `oldest` (milliseconds since 1970), what is older goes.
+    Report write(const HistoryBatch& batch, std::optional<std::int64_t> oldest = std::nullopt);
+    // Removes the file and what belongs to it, so that there is none.
+    Report remove();
+
+private:
+    void attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest);
+    void setAside(Report& report);
+
+    QString m_path;
+    std::optional<HistoryFile> m_file;
+    HistoryFile::Written m_written;
+};

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistorySalvage.h"
+
+#include <limits>
+#include <unordered_map>
+
+namespace {
+
+// Damage is not looked into any closer: that much fits on a page or less.
+constexpr std::int64_t kShortest = 600'000;
+// Where so many places cannot be read, more lead nowhere either.
+constexpr int kMostTries = 2000;
+
+class Salvage {
+public:
+    Salvage(const QString& path, HistoryFile& into)
+        : m_damaged(path, SqliteDatabase::Mode::ReadWrite, 0)
+        , m_into(into) {
+        m_damaged.closeWithoutCheckpoint();
+    }
+
+    int takeRows() {
+        // From 1970 to 2106.
+        takeBetween(0, 1LL << 42);
+        return m_count;
+    }
+
+    // What a store lacks is made up for once, whatever else is lost.
+    void takeDebts() {
+        attempt([this] {
+            for (SqliteQuery row(m_damaged, "SELECT content, since FROM stores"); row.next();)
+                sqliteRun(m_into.database(), "INSERT OR REPLACE INTO stores VALUES (?, ?)", row.bytes(0),
+                          row.integer(1));
+        });
+        attempt([this] {
+            for (SqliteQuery row(
+                     m_damaged,
+                     "SELECT generation, application, program, window, document, length FROM owed");
+                 row.next();)
+                sqliteRun(m_into.database(), "INSERT OR REPLACE INTO owed VALUES (?, ?, ?, ?, ?, ?)",
+                          row.integer(0), row.bytes(1), row.text(2), row.bytes(3), row.text(4),
+                          row.integer(5));
+        });
+    }
+
+private:
+    // False if it came upon damage.
+    template<class Work>
+    bool attempt(Work&& work) {
+        try {
+            work();
+            return true;
+        } catch (const SqliteError& error) {
+            if (!error.isDamage())
+                throw;
+            return false;
+        }
+    }
+
+    void takeBetween(std::int64_t from, std::int64_t to) {
+        std::int64_t first = from;
+        std::int64_t last = to;
+        if (attempt([&] { takeForward(first, to); }) || attempt([&] { takeBackward(first, last); }) ||
+            last - first < kShortest || ++m_tries > kMostTries)
+            return;
+        const std::int64_t middle = first + (last - first) / 2;
+        takeBetween(first, middle);
+        takeBetween(middle, last);
+    }
+
+    // `from` follows behind what has been taken, `to` ahead of it. Those of one moment after the clock was set are taken
+    // together or not at all.
+    void takeForward(std::int64_t& from, std::int64_t to) {
+        SqliteQuery row(m_damaged,
+                        "SELECT start, length, offset, program, title, timer, presence FROM stretches "
+                        "WHERE start >= ? AND start < ? ORDER BY start, n",
+                        from, to);
+        while (row.next()) {
+            take(row);
+            from = row.integer(0) + 1;
+        }
+    }
+
+    void takeBackward(std::int64_t from, std::int64_t& to) {
+        SqliteQuery row(m_damaged,
+                        "SELECT start, length, offset, program, title, timer, presence FROM stretches "
+                        "WHERE start >= ? AND start < ? ORDER BY start DESC, n DESC",
+                        from, to);
+        while (row.next()) {
+            take(row);
+            to = row.integer(0);
+        }
+    }
+
+    void take(const SqliteQuery& row) {
+        const auto timer = timerOf(row.integer(5));
+        const HistoryRow taken{
+            .start = row.integer(0),
+            .length = row.integer(1),
+            .offset = row.integer(2),
+            .program = textOf("SELECT name FROM programs WHERE id = ?", row.integer(3), m_programs),
+            .title = textOf("SELECT text FROM titles WHERE id = ?", row.integer(4), m_titles),
+            .timer = timer.value_or(RowTimer()),
+            .presence = RowPresence(row.integer(6))};
+        const bool isPossible = taken.length > 0 && taken.length <= 3'600'000 && taken.offset > -1440 &&
+                                taken.offset < 1440 && row.integer(6) >= 0 && row.integer(6) <= 2;
+        if (!timer || !isPossible)
+            return;
+        m_into.add(taken);
+        ++m_count;
+    }
+
+    const QString& textOf(const char* sql, std::int64_t id,
+                          std::unordered_map<std::int64_t, QString>& known) {
+        const auto [text, isNew] = known.try_emplace(id);
+        if (isNew)
+            attempt([&] {
+                if (SqliteQuery row(m_damaged, sql, id); row.next())
+                    text->second = row.text(0);
+            });
+        return text->second;
+    }
+
+    // Absent for one that was deleted.
+    std::optional<RowTimer> timerOf(std::int64_t id) {
+        const auto [timer, isNew] = m_timers.try_emplace(id, RowTimer());
+        if (isNew)
+            attempt([&] {
+                SqliteQuery row(m_damaged, "SELECT application, window, deleted FROM timers WHERE id = ?",
+                                id);
+                if (!row.next())
+                    return;
+                if (row.integer(2))
+                    timer->second.reset();
+                else
+                    timer->second =
+                        RowTimer{Identity::fromBytes(row.bytes(0)), Identity::fromBytes(row.bytes(1))};
+            });
+        return timer->second;
+    }
+
+    SqliteDatabase m_damaged;
+    HistoryFile& m_into;
+    std::unordered_map<std::int64_t, QString> m_programs;
+    std::unordered_map<std::int64_t, QString> m_titles;
+    std::unordered_map<std::int64_t, std::optional<RowTimer>> m_timers;
+    int m_count = 0;
+    int m_tries = 0;
+};
+
+} // namespace
+
+namespace HistorySalvage {
+
+int takeOver(const QString& path, HistoryFile& into) {
+    SqliteTransaction transaction(into.database());
+    int count = 0;
+    try {
+        Salvage salvage(path, into);
+        salvage.takeDebts();
+        count = salvage.takeRows();
+    } catch (const SqliteError&) {
+        // Not even its first page: there is nothing to be had.
+    }
+    transaction.commit();
+    return count;
+}
+
+} // namespace HistorySalvage

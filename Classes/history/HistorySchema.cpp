@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistorySchema.h"
+
+#include "Classes/history/Sqlite.h"
+
+#include <array>
+
+namespace {
+
+// The nth entry brings a file of number n to n + 1. None of them is ever changed once it was released.
+constexpr std::array kSteps{R"(
+CREATE TABLE programs (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE);
+CREATE TABLE titles (id INTEGER PRIMARY KEY, text TEXT NOT NULL UNIQUE);
+INSERT INTO titles VALUES (0, '');
+CREATE TABLE timers (id INTEGER PRIMARY KEY, application BLOB NOT NULL, window BLOB NOT NULL,
+  deleted INTEGER NOT NULL DEFAULT 0);
+CREATE INDEX timers_by_identity ON timers (application, window);
+INSERT INTO timers VALUES (0, x'', x'', 0);
+CREATE TABLE stretches (start INTEGER NOT NULL, n INTEGER NOT NULL, length INTEGER NOT NULL, offset INTEGER NOT NULL,
+  program INTEGER NOT NULL, title INTEGER NOT NULL, timer INTEGER NOT NULL, presence INTEGER NOT NULL,
+  PRIMARY KEY (start, n)) WITHOUT ROWID;
+CREATE TABLE days (day INTEGER NOT NULL, program INTEGER NOT NULL, title INTEGER NOT NULL, timer INTEGER NOT NULL,
+  presence INTEGER NOT NULL, length INTEGER NOT NULL,
+  PRIMARY KEY (day, program, title, timer, presence)) WITHOUT ROWID;
+CREATE TABLE months (month INTEGER NOT NULL, program INTEGER NOT NULL, timer INTEGER NOT NULL,
+  presence INTEGER NOT NULL, length INTEGER NOT NULL,
+  PRIMARY KEY (month, program, timer, presence)) WITHOUT ROWID;
+CREATE TABLE settings (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
+INSERT INTO settings VALUES ('day begins at', 0);
+CREATE TABLE stores (content BLOB PRIMARY KEY, since INTEGER NOT NULL) WITHOUT ROWID;
+CREATE TABLE owed (generation INTEGER NOT NULL, application BLOB NOT NULL, program TEXT NOT NULL,
+  window BLOB NOT NULL, document TEXT NOT NULL, length INTEGER NOT NULL,
+  PRIMARY KEY (generation, application, program, window, document)) WITHOUT ROWID;
+CREATE VIEW diary AS SELECT
+  datetime((start + offset * 60000) / 1000, 'unixepoch') AS begin, length / 1000.0 AS seconds,
+  programs.name AS program, titles.text AS title,
+  CASE presence WHEN 0 THEN 'work' WHEN 1 THEN 'idle' ELSE 'byhand' END AS presence
+  FROM stretches JOIN programs ON programs.id = program JOIN titles ON titles.id = title
+  JOIN timers ON timers.id = timer WHERE NOT timers.deleted ORDER BY start, n;
+PRAGMA user_version = 1;
+)"};
+static_assert(kSteps.size() == HistorySchema::kNumber);
+
+} // namespace
+
+namespace HistorySchema {
+
+Form formOf(SqliteDatabase& database) {
+    const auto number = database.number("PRAGMA user_version");
+    const auto application = database.number("PRAGMA application_id");
+    if (application == 0 && number == 0 && database.number("SELECT count(*) FROM sqlite_schema") == 0)
+        return Form::Ours;
+    if (application != kApplicationId || number < 1)
+        return Form::Foreign;
+    return number > kNumber ? Form::Newer : Form::Ours;
+}
+
+void bringUp(SqliteDatabase& database) {
+    auto number = std::size_t(database.number("PRAGMA user_version"));
+    if (number == 0)
+        // Ahead of the first table. A page holds what fifteen seconds bring.
+        database.execute("PRAGMA page_size = 4096; PRAGMA application_id = 0x746b6c68");
+    for (; number < kSteps.size(); ++number) {
+        SqliteTransaction transaction(database);
+        database.execute(kSteps[number]);
+        transaction.commit();
+    }
+}
+
+} // namespace HistorySchema
