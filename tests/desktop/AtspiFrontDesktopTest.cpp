@@ -35,6 +35,13 @@ protected:
         return client;
     }
 
+    testing::AssertionResult seesMousepad() {
+        // By its bare name or, in newer releases, by its whole id.
+        if (waitFor([this] { return seen().endsWith(QStringLiteral("mousepad: Untitled 1 - Mousepad")); }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << qPrintable(seen());
+    }
+
     static void tell(Program& client, const QString& command) {
         client.write(command.toUtf8() + '\n');
         EXPECT_EQ(client.readLine(), QByteArray("ok"));
@@ -76,7 +83,7 @@ TEST_F(AtspiFrontDesktopTest, programsThatTell_areInFrontWithTheirWindows) {
     EXPECT_EQ(frontProcess(), writer->processIdentifier());
     EXPECT_EQ(m_front.activeApplication()->path, QStringLiteral(TICKLOG_BINARY_DIR "/qt-client"));
     const auto editor = start(QStringLiteral("mousepad"));
-    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    EXPECT_TRUE(seesMousepad());
     tell(*writer, QStringLiteral("activate 0"));
     EXPECT_SEEN(*this, "qt-client: Letter");
 }
@@ -85,7 +92,7 @@ TEST_F(AtspiFrontDesktopTest, betweenTwoPrograms_theDesktopIsNotToldOf) {
     const auto writer = startWith(QStringLiteral("Letter"));
     EXPECT_SEEN(*this, "qt-client: Letter");
     const auto editor = start(QStringLiteral("mousepad"));
-    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    EXPECT_TRUE(seesMousepad());
     switches.clear();
     tell(*writer, QStringLiteral("activate 0"));
     EXPECT_SEEN(*this, "qt-client: Letter");
@@ -137,11 +144,11 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotInFrontForLong)
     // It goes on saying that its window is active.
     writer->pause();
     const auto editor = start(QStringLiteral("mousepad"));
-    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    EXPECT_TRUE(seesMousepad());
     const auto terminal = start(QStringLiteral("xterm"));
     EXPECT_SEEN(*this, "Desktop: none");
     terminal->kill();
-    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    EXPECT_TRUE(seesMousepad());
     writer->resume();
 }
 
@@ -154,7 +161,7 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotBelievedForAMom
     EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > before; }));
     odd.ask("hang");
     const auto editor = start(QStringLiteral("mousepad"));
-    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    EXPECT_TRUE(seesMousepad());
     // Until it has been found out that it does not answer.
     turnEventLoopFor(std::chrono::milliseconds(5500));
     switches.clear();
@@ -208,7 +215,7 @@ TEST_P(OddProgram, anAnswerOfAnotherKind_isNotReadAsOne) {
 
 TEST_F(AtspiFrontDesktopTest, aRegistryThatDies_isStartedAgainAndNobodyIsCreditedMeanwhile) {
     const auto editor = start(QStringLiteral("mousepad"));
-    EXPECT_SEEN(*this, "mousepad: Untitled 1 - Mousepad");
+    EXPECT_TRUE(seesMousepad());
     ASSERT_EQ(::kill(registrysProcess(), SIGKILL), 0);
     EXPECT_SEEN(*this, "none: none");
     EXPECT_FALSE(m_front.isTelling());

@@ -74,6 +74,17 @@ TEST_F(GnomeProduct, windowsInFront_areCreditedWithTheirTimes) {
     }
 }
 
+TEST_F(GnomeProduct, withoutATray_itStaysInTheTaskBar) {
+    product.setVariable(QStringLiteral("TICKLOG_LOG_STDERR"), QStringLiteral("1"));
+    product.writeSettings(ProductProgram::runningSettings());
+    product.launch(desk.environment(), {}, Program::Output::ErrorsRead);
+    for (std::optional<QByteArray> line; !line || !line->contains("stays in the task bar");) {
+        line = product.program().readLine();
+        ASSERT_TRUE(line);
+    }
+    EXPECT_TRUE(desk.bringToFront(kOwnTitle));
+}
+
 TEST(GnomeProductWithoutItsExtension, windowsOfProgramsThatTell_areCredited) {
     GnomeDesk desk({.isEnabled = false, .executable = QStringLiteral(TICKLOG_BINARY_DIR "/ticklog")});
     ASSERT_TRUE(desk.letProgramsTell());
