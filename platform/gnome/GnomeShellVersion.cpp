@@ -13,8 +13,8 @@ constexpr int kFirstWithModules = 45;
 } // namespace
 
 const QStringList& GnomeShellVersion::tested() {
-    static const QStringList kTested{QStringLiteral("43"), QStringLiteral("48"), QStringLiteral("50"),
-                                     QStringLiteral("51")};
+    static const QStringList kTested{QStringLiteral("43"), QStringLiteral("46"), QStringLiteral("48"),
+                                     QStringLiteral("49"), QStringLiteral("50"), QStringLiteral("51")};
     return kTested;
 }
 
