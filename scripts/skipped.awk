@@ -1,5 +1,5 @@
 # From ctest's report: the tests that were skipped and what they say, one a line, with their number before them.
-/<testcase / { name = $0; sub(/.*<testcase name="/, "", name); sub(/".*/, "", name); skipped = 0 }
+/<testcase / { name = $0; sub(/.*<testcase name="/, "", name); sub(/( +# GetParam.*)?".*/, "", name); skipped = 0 }
 /<skipped/ { skipped = 1 }
 skipped && sub(/^.*SKIPPED: /, "") {
   sub(/<.*/, "")
