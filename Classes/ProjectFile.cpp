@@ -17,7 +17,11 @@ ProjectFile::ProjectFile(const QString& documentsFolder, SystemLog& log, Account
     : m_log(log)
     , m_trouble(trouble) {
     if (!documentsFolder.isEmpty())
-        m_path = documentsFolder + u'/' + kFileName;
+        m_path = pathIn(documentsFolder);
+}
+
+QString ProjectFile::pathIn(const QString& documentsFolder) {
+    return documentsFolder + u'/' + kFileName;
 }
 
 PropertyListArray ProjectFile::read() {

@@ -13,6 +13,8 @@ public:
     // `documentsFolder` is empty when the user has none. The others outlive the file.
     ProjectFile(const QString& documentsFolder, SystemLog& log, AccountTrouble& trouble);
 
+    // Where the projects of somebody with this documents folder are.
+    static QString pathIn(const QString& documentsFolder);
     // "Ticklog Projects" in the documents folder. Absent without one: then nothing is read or written.
     const std::optional<QString>& urlForTKProjects() const { return m_path; }
 

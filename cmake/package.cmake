@@ -3,7 +3,9 @@ include(GNUInstallDirs)
 set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/ticklog)
 
 set(id org.ticklog.Ticklog)
-install(TARGETS ticklog)
+install(TARGETS ticklog ticklog-report)
+install(FILES resources/completions/ticklog-report DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES resources/completions/_ticklog-report DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 # Plasma grants what an entry asks for only to the very program that it names, by its full path; and the session bus
 # starts what it finds there.
 foreach(kind desktop service)
@@ -52,6 +54,7 @@ function(install_compressed source name folder)
   set(compressed_files ${compressed_files} ${compressed} PARENT_SCOPE)
 endfunction()
 install_compressed(resources/ticklog.1 ticklog.1 ${CMAKE_INSTALL_MANDIR}/man1)
+install_compressed(resources/ticklog-report.1 ticklog-report.1 ${CMAKE_INSTALL_MANDIR}/man1)
 # The changes as Debian writes them, of the day that the description for software centres tells.
 set(maintainer "The Ticklog developers <maintainers@ticklog.org>")
 file(STRINGS resources/${id}.metainfo.xml day REGEX "<release version=\"${PROJECT_VERSION}\"")
@@ -79,7 +82,7 @@ add_custom_command(OUTPUT ${icon_folder}/done
   COMMAND ${CMAKE_COMMAND} -E touch ${icon_folder}/done
   DEPENDS icons resources/${id}.svg resources/application-x-ticklog.svg VERBATIM)
 # What a package has and a build for trying it out does not need.
-add_custom_target(packaged DEPENDS ticklog ${icon_folder}/done ${compressed_files})
+add_custom_target(packaged DEPENDS ticklog ticklog-report ${icon_folder}/done ${compressed_files})
 install(DIRECTORY ${icon_folder}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor OPTIONAL FILES_MATCHING PATTERN *.png)
 
 set(CPACK_GENERATOR DEB)

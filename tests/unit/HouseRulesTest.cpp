@@ -127,6 +127,9 @@ std::vector<Floor> floors() {
              QStringLiteral(
                  "a helper is small enough to be read whole: it knows neither the account nor a screen")});
     }
+    const QString report = QStringLiteral("helpers/ticklog-report/");
+    result.push_back({u'^' + report, report + QStringLiteral(".+|Classes/.+|") + ports,
+                      QStringLiteral("it reads what was recorded, and knows no desktop and no screen")});
     return result;
 }
 

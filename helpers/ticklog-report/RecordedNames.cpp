@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "helpers/ticklog-report/RecordedNames.h"
+
+#include "Classes/ProjectFile.h"
+#include "Classes/ProjectRecord.h"
+#include "Classes/RuleCategories.h"
+#include "Classes/Ruleset.h"
+#include "platform/foundation/CleanText.h"
+#include "platform/foundation/PropertyList.h"
+
+#include <algorithm>
+
+namespace {
+
+PropertyListValue contentOf(const QString& path) {
+    const auto file = PropertyList::readFile(path);
+    return file ? *file : PropertyListValue();
+}
+
+} // namespace
+
+RecordedNames::RecordedNames(SqliteDatabase& history, const Folders& folders)
+    : m_history(history) {
+    const PropertyListValue settings = contentOf(folders.settingsFile);
+    if (const auto* entries = settings.asDictionary())
+        if (const auto* rules = entries->value(kRulesetKey).asDictionary())
+            m_rules = *rules;
+    if (!folders.documents.isEmpty())
+        readProjects(ProjectFile::pathIn(folders.documents));
+}
+
+void RecordedNames::readProjects(const QString& path) {
+    const PropertyListValue projects = contentOf(path);
+    const auto* records = projects.asArray();
+    if (!records)
+        return;
+    for (const PropertyListValue& entry : *records) {
+        const auto* record = entry.asDictionary();
+        if (!record)
+            continue;
+        const ProjectRecord project(*record);
+        m_projectNames << project.label();
+        for (const Identity& member : project.flattenedMembers())
+            m_memberships[member.bytes()] << m_projectNames.size() - 1;
+    }
+}
+
+QString RecordedNames::recordedProgram(qint64 number) const {
+    SqliteQuery row(m_history, "SELECT name FROM programs WHERE id = ?", std::int64_t(number));
+    return row.next() ? cleanText(row.text(0)) : QString();
+}
+
+std::optional<QString> RecordedNames::program(qint64 number) const {
+    const QString name = recordedProgram(number);
+    const PropertyListValue& record = m_rules.value(name);
+    const auto* entries = record.asDictionary();
+    if (!entries || !entries->value(kRuleActive).toBool())
+        return name;
+    const Rule rule = Rule::fromRecord(record);
+    if (rule.block)
+        return std::nullopt;
+    return rule.enableRename && !rule.rename.isEmpty() ? rule.rename : name;
+}
+
+QString RecordedNames::title(qint64 number) const {
+    SqliteQuery row(m_history, "SELECT text FROM titles WHERE id = ?", std::int64_t(number));
+    return row.next() ? cleanText(row.text(0)) : QString();
+}
+
+QStringList RecordedNames::projectsOf(qint64 timer) const {
+    QList<qsizetype> places;
+    SqliteQuery row(m_history, "SELECT application, window FROM timers WHERE id = ?", std::int64_t(timer));
+    if (row.next()) {
+        places = m_memberships.value(row.bytes(0));
+        // An application has no window, which no project has for a member.
+        places += m_memberships.value(row.bytes(1));
+    }
+    std::ranges::sort(places);
+    QStringList names;
+    for (const qsizetype place : places)
+        if (!names.contains(m_projectNames[place]))
+            names << m_projectNames[place];
+    return names;
+}
+
+QStringList RecordedNames::categoriesOf(qint64 program) const {
+    QStringList categories;
+    const PropertyListValue& record = m_rules.value(recordedProgram(program));
+    const auto* entries = record.asDictionary();
+    if (!entries || !entries->value(kRuleActive).toBool())
+        return categories;
+    for (const QString& category : Rule::fromRecord(record).categories.split(u',', Qt::SkipEmptyParts))
+        if (!category.trimmed().isEmpty() && !categories.contains(category.trimmed()))
+            categories << category.trimmed();
+    return categories;
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/history/Sqlite.h"
+#include "helpers/ticklog-report/ReportNames.h"
+#include "platform/Folders.h"
+#include "platform/foundation/PropertyListValue.h"
+
+#include <QHash>
+
+// The names in a history, as this user's rules and projects have them.
+class RecordedNames : public ReportNames {
+public:
+    // The database outlives it. Rules or projects that cannot be read are none.
+    RecordedNames(SqliteDatabase& history, const Folders& folders);
+
+    std::optional<QString> program(qint64 number) const override;
+    QString title(qint64 number) const override;
+    QStringList projectsOf(qint64 timer) const override;
+    QStringList categoriesOf(qint64 program) const override;
+
+    bool hasProject(const QString& name) const { return m_projectNames.contains(name); }
+
+private:
+    void readProjects(const QString& path);
+    QString recordedProgram(qint64 number) const;
+
+    SqliteDatabase& m_history;
+    // By the program's name.
+    PropertyListDictionary m_rules;
+    QStringList m_projectNames;
+    // By the identity of a member, as the history has it: places in the list of names, in its order.
+    QHash<QByteArray, QList<qsizetype>> m_memberships;
+};

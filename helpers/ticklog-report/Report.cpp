@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "helpers/ticklog-report/Report.h"
+
+#include <QJsonArray>
+#include <QTimeZone>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kMinute = 60'000;
+constexpr qint64 kHour = 60 * kMinute;
+constexpr qint64 kDay = 24 * kHour;
+// 1 January 1970 was a Thursday, and weeks begin on Monday.
+constexpr qint64 kFirstMonday = 3;
+
+qint64 floorOf(qint64 number, qint64 unit) {
+    return number >= 0 ? number / unit : -((-number + unit - 1) / unit);
+}
+
+QDate dateOf(qint64 day) {
+    return QDate(1970, 1, 1).addDays(day);
+}
+
+qint64 localStart(const RecordedStretch& stretch) {
+    return stretch.start + stretch.offset * kMinute;
+}
+
+QString isoTime(qint64 moment, int offset) {
+    return QDateTime::fromMSecsSinceEpoch(moment, QTimeZone(offset * 60)).toString(Qt::ISODateWithMs);
+}
+
+QString wordFor(RecordedStretch::Presence presence) {
+    switch (presence) {
+    case RecordedStretch::Presence::Idle:
+        return QStringLiteral("idle");
+    case RecordedStretch::Presence::ByHand:
+        return QStringLiteral("byhand");
+    default:
+        return QStringLiteral("work");
+    }
+}
+
+qint64 stepOf(const std::vector<ReportKey>& keys) {
+    if (std::ranges::count(keys, ReportKey::Hour) > 0)
+        return kHour;
+    const bool isByDays =
+        std::ranges::any_of(keys, [](ReportKey key) { return isOfTime(key) && key != ReportKey::Stretch; });
+    return isByDays ? kDay : 0;
+}
+
+} // namespace
+
+qint64 Report::Texts::numberOf(const QString& text) {
+    const auto known = m_numbers.constFind(text);
+    if (known != m_numbers.constEnd())
+        return *known;
+    m_texts << text;
+    return *m_numbers.insert(text, m_texts.size() - 1);
+}
+
+Report::Report(const ReportRequest& request, const ReportNames& names, int dayBegins)
+    : m_request(request)
+    , m_names(names)
+    , m_dayBegins(dayBegins * kHour)
+    , m_from(request.from.toMSecsSinceEpoch())
+    , m_to(request.to.toMSecsSinceEpoch())
+    , m_step(stepOf(request.keys)) {}
+
+void Report::add(const RecordedStretch& stretch) {
+    RecordedStretch piece = stretch;
+    piece.start = std::max(stretch.start, m_from);
+    piece.length = std::min(stretch.end(), m_to) - piece.start;
+    if (piece.length <= 0 || !isWanted(piece))
+        return;
+    if (m_request.keys.front() == ReportKey::Stretch)
+        addAlone(piece);
+    else
+        addPieces(piece);
+}
+
+void Report::addDay(QDate day, const RecordedStretch& sum) {
+    if (!isWanted(sum))
+        return;
+    RecordedStretch piece = sum;
+    // Any moment of that day will do.
+    piece.offset = 0;
+    piece.start = QDate(1970, 1, 1).daysTo(day) * kDay + m_dayBegins;
+    addSums(piece);
+}
+
+QDate Report::dayOf(const RecordedStretch& stretch, int dayBegins) {
+    return dateOf(floorOf(localStart(stretch) - dayBegins * kHour, kDay));
+}
+
+bool Report::isWanted(const RecordedStretch& stretch) {
+    return isWanted(stretch.presence) && program(stretch.program).isShown && timer(stretch.timer).isWanted &&
+           (program(stretch.program).isFound || title(stretch.title).isFound);
+}
+
+bool Report::isWanted(RecordedStretch::Presence presence) const {
+    const bool isIdle = presence == RecordedStretch::Presence::Idle;
+    return m_request.presence == ReportPresence::All ||
+           isIdle == (m_request.presence == ReportPresence::Idle);
+}
+
+bool Report::isFound(const QString& text) const {
+    return m_request.search.isEmpty() || text.contains(m_request.search, Qt::CaseInsensitive);
+}
+
+const Report::Program& Report::program(qint64 number) {
+    const auto known = m_programs.constFind(number);
+    if (known != m_programs.constEnd())
+        return *known;
+    const auto name = m_names.program(number);
+    Program program{
+        name.has_value(), isFound(name.value_or(QString())), m_texts.numberOf(name.value_or(QString())), {}};
+    for (const QString& category : m_names.categoriesOf(number))
+        program.categories.push_back(m_texts.numberOf(category));
+    if (program.categories.empty())
+        program.categories.push_back(m_texts.numberOf(kNoCategory));
+    return *m_programs.insert(number, program);
+}
+
+const Report::Title& Report::title(qint64 number) {
+    const auto known = m_titles.constFind(number);
+    if (known != m_titles.constEnd())
+        return *known;
+    const QString text = m_names.title(number);
+    return *m_titles.insert(number, {isFound(text), m_texts.numberOf(text)});
+}
+
+const Report::Timer& Report::timer(qint64 number) {
+    const auto known = m_timers.constFind(number);
+    if (known != m_timers.constEnd())
+        return *known;
+    const QStringList projects = m_names.projectsOf(number);
+    Timer timer{true, projects, {}};
+    if (m_request.project)
+        timer.isWanted =
+            projects.contains(*m_request.project) || (projects.isEmpty() && *m_request.project == kNoProject);
+    for (const QString& project : projects.isEmpty() ? QStringList(kNoProject) : projects)
+        // Somebody who asks for one project does not ask for the others of the same timer.
+        if (!m_request.project || project == *m_request.project)
+            timer.projects.push_back(m_texts.numberOf(project));
+    return *m_timers.insert(number, timer);
+}
+
+void Report::addAlone(const RecordedStretch& stretch) {
+    m_alone.push_back({{isoTime(stretch.start, stretch.offset), isoTime(stretch.end(), stretch.offset),
+                        m_texts[program(stretch.program).name], m_texts[title(stretch.title).text],
+                        QJsonArray::fromStringList(timer(stretch.timer).names), wordFor(stretch.presence)},
+                       stretch.length,
+                       stretch.start});
+}
+
+void Report::addPieces(const RecordedStretch& stretch) {
+    if (m_step == 0)
+        return addSums(stretch);
+    RecordedStretch piece = stretch;
+    while (piece.start < stretch.end()) {
+        const qint64 local = localStart(piece) - m_dayBegins;
+        const qint64 left = (floorOf(local, m_step) + 1) * m_step - local;
+        piece.length = std::min(left, stretch.end() - piece.start);
+        addSums(piece);
+        piece.start += piece.length;
+    }
+}
+
+void Report::addSums(const RecordedStretch& piece) {
+    Codes codes;
+    addSum(piece, 0, codes);
+}
+
+// Once for each of the projects and each of the categories, where these are asked for.
+void Report::addSum(const RecordedStretch& piece, std::size_t key, Codes& codes) {
+    if (key == m_request.keys.size()) {
+        m_sums[codes] += piece.length;
+        return;
+    }
+    const auto addEach = [&](const std::vector<qint64>& numbers) {
+        for (const qint64 number : numbers) {
+            codes.numbers[key] = number;
+            addSum(piece, key + 1, codes);
+        }
+    };
+    switch (m_request.keys[key]) {
+    case ReportKey::App:
+        return addEach({program(piece.program).name});
+    case ReportKey::Title:
+        return addEach({title(piece.title).text});
+    case ReportKey::Project:
+        return addEach(timer(piece.timer).projects);
+    case ReportKey::Category:
+        return addEach(program(piece.program).categories);
+    default:
+        return addEach({timeCode(m_request.keys[key], piece)});
+    }
+}
+
+qint64 Report::timeCode(ReportKey key, const RecordedStretch& piece) const {
+    const qint64 local = localStart(piece);
+    if (key == ReportKey::Hour)
+        return floorOf(local, kHour);
+    const qint64 day = floorOf(local - m_dayBegins, kDay);
+    if (key == ReportKey::Day)
+        return day;
+    if (key == ReportKey::Week)
+        return floorOf(day + kFirstMonday, 7);
+    const QDate date = dateOf(day);
+    return qint64(date.year()) * 12 + date.month() - 1;
+}
+
+QString Report::textOf(ReportKey key, qint64 code) const {
+    switch (key) {
+    case ReportKey::Day:
+        return dateOf(code).toString(Qt::ISODate);
+    case ReportKey::Week: {
+        int year = 0;
+        const int week = dateOf(code * 7 - kFirstMonday).weekNumber(&year);
+        return QStringLiteral("%1-W%2").arg(year).arg(week, 2, 10, QLatin1Char('0'));
+    }
+    case ReportKey::Month:
+        return QStringLiteral("%1-%2").arg(code / 12).arg(code % 12 + 1, 2, 10, QLatin1Char('0'));
+    case ReportKey::Hour:
+        return dateOf(floorOf(code, 24)).toString(Qt::ISODate) +
+               QStringLiteral("T%1").arg(code - floorOf(code, 24) * 24, 2, 10, QLatin1Char('0'));
+    default:
+        return m_texts[code];
+    }
+}
+
+QStringList Report::heads() const {
+    if (m_request.keys.front() == ReportKey::Stretch)
+        return {QStringLiteral("start"), QStringLiteral("end"),     QStringLiteral("app"),
+                QStringLiteral("title"), QStringLiteral("project"), QStringLiteral("presence")};
+    QStringList heads;
+    for (const ReportKey key : m_request.keys)
+        heads << ::wordFor(key);
+    return heads;
+}
+
+std::vector<ReportLine> Report::lines() const {
+    if (m_request.keys.front() == ReportKey::Stretch)
+        return m_alone;
+    struct Sum {
+        Codes codes;
+        std::vector<qint64> times;
+        ReportLine line;
+    };
+    std::vector<Sum> sums;
+    sums.reserve(m_sums.size());
+    for (auto each = m_sums.begin(); each != m_sums.end(); ++each) {
+        Sum sum{each.key(), {}, {{}, *each}};
+        for (std::size_t i = 0; i < m_request.keys.size(); ++i) {
+            sum.line.cells.emplace_back(textOf(m_request.keys[i], sum.codes.numbers[i]));
+            if (isOfTime(m_request.keys[i]))
+                sum.times.push_back(sum.codes.numbers[i]);
+        }
+        sums.push_back(std::move(sum));
+    }
+    std::ranges::sort(sums, [](const Sum& a, const Sum& b) {
+        if (a.times != b.times)
+            return a.times < b.times;
+        if (a.line.milliseconds != b.line.milliseconds)
+            return a.line.milliseconds > b.line.milliseconds;
+        return std::ranges::lexicographical_compare(
+            a.line.cells, b.line.cells,
+            [](const QJsonValue& x, const QJsonValue& y) { return x.toString() < y.toString(); });
+    });
+    std::vector<ReportLine> lines;
+    lines.reserve(sums.size());
+    for (Sum& sum : sums)
+        lines.push_back(std::move(sum.line));
+    return lines;
+}

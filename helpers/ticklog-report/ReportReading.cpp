@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "helpers/ticklog-report/ReportReading.h"
+
+#include "Classes/history/HistoryFile.h"
+#include "helpers/ticklog-report/Moment.h"
+
+#include <algorithm>
+
+namespace {
+
+// Nobody's clock is further from Greenwich.
+constexpr qint64 kFarthestZone = 26 * 3'600'000;
+// What a stretch is at the longest: none crosses a full hour.
+constexpr qint64 kLongest = 3'600'000;
+
+RecordedStretch::Presence presenceOf(std::int64_t number) {
+    return RecordedStretch::Presence(std::clamp<std::int64_t>(number, 0, 2));
+}
+
+// Days from the first until just before the second.
+struct Days {
+    QDate first;
+    QDate end;
+
+    bool areNone() const { return first >= end; }
+    bool have(QDate day) const { return first <= day && day < end; }
+};
+
+Days wholeDaysOf(const ReportRequest& request, int dayBegins) {
+    const bool isFine = std::ranges::any_of(
+        request.keys, [](ReportKey key) { return key == ReportKey::Hour || key == ReportKey::Stretch; });
+    if (isFine)
+        return {};
+    Days days{dayOf(request.from, dayBegins), dayOf(request.to, dayBegins)};
+    if (request.from != QDateTime(days.first, QTime(dayBegins, 0)))
+        days.first = days.first.addDays(1);
+    return days;
+}
+
+void readStretches(Report& report, SqliteDatabase& history, qint64 from, qint64 to, const Days& left,
+                   int dayBegins) {
+    SqliteQuery row(history,
+                    "SELECT start, length, offset, program, title, timer, presence FROM stretches "
+                    "JOIN timers ON timers.id = timer WHERE start >= ? AND start < ? AND NOT deleted "
+                    "ORDER BY start, n",
+                    std::int64_t(from), std::int64_t(to));
+    while (row.next()) {
+        const RecordedStretch stretch{
+            row.integer(0), row.integer(1), int(row.integer(2)),       row.integer(3),
+            row.integer(4), row.integer(5), presenceOf(row.integer(6))};
+        if (left.areNone() || !left.have(Report::dayOf(stretch, dayBegins)))
+            report.add(stretch);
+    }
+}
+
+void readDays(Report& report, SqliteDatabase& history, const Days& days) {
+    SqliteQuery row(history,
+                    "SELECT day, program, title, timer, presence, length FROM days "
+                    "JOIN timers ON timers.id = timer WHERE day >= ? AND day < ? AND NOT deleted",
+                    historyDay(days.first), historyDay(days.end));
+    while (row.next()) {
+        const auto day = int(row.integer(0));
+        report.addDay(QDate(day / 10000, day / 100 % 100, day % 100),
+                      {0, row.integer(5), 0, row.integer(1), row.integer(2), row.integer(3),
+                       presenceOf(row.integer(4))});
+    }
+}
+
+// Titles are not in the sums of months.
+bool isByMonths(const ReportRequest& request) {
+    return request.search.isEmpty() && std::ranges::none_of(request.keys, [](ReportKey key) {
+               return key == ReportKey::Title || key == ReportKey::Day || key == ReportKey::Week;
+           });
+}
+
+Days wholeMonthsOf(const Days& days) {
+    const QDate first(days.first.year(), days.first.month(), 1);
+    return {first == days.first ? first : first.addMonths(1), QDate(days.end.year(), days.end.month(), 1)};
+}
+
+void readMonths(Report& report, SqliteDatabase& history, const Days& months) {
+    SqliteQuery row(history,
+                    "SELECT month, program, timer, presence, length FROM months "
+                    "JOIN timers ON timers.id = timer WHERE month >= ? AND month < ? AND NOT deleted",
+                    historyDay(months.first) / 100, historyDay(months.end) / 100);
+    while (row.next()) {
+        const auto month = int(row.integer(0));
+        report.addDay(QDate(month / 100, month % 100, 1),
+                      {0, row.integer(4), 0, row.integer(1), 0, row.integer(2), presenceOf(row.integer(3))});
+    }
+}
+
+void readWholeDays(Report& report, SqliteDatabase& history, const ReportRequest& request, const Days& days) {
+    const Days months = isByMonths(request) ? wholeMonthsOf(days) : Days();
+    if (months.areNone())
+        return readDays(report, history, days);
+    readDays(report, history, {days.first, months.first});
+    readMonths(report, history, months);
+    readDays(report, history, {months.end, days.end});
+}
+
+} // namespace
+
+void readInto(Report& report, SqliteDatabase& history, const ReportRequest& request, int dayBegins) {
+    const qint64 from = request.from.toMSecsSinceEpoch();
+    const qint64 to = request.to.toMSecsSinceEpoch();
+    const Days days = wholeDaysOf(request, dayBegins);
+    if (days.areNone())
+        return readStretches(report, history, from - kLongest, to, days, dayBegins);
+    // What belongs to no whole day; of a traveller's days it is not known when they began here.
+    const qint64 firstDay = QDateTime(days.first, QTime(dayBegins, 0)).toMSecsSinceEpoch();
+    const qint64 lastDay = QDateTime(days.end, QTime(dayBegins, 0)).toMSecsSinceEpoch();
+    readStretches(report, history, from - kLongest, std::min(firstDay + kFarthestZone, to), days, dayBegins);
+    if (lastDay - kFarthestZone > firstDay + kFarthestZone)
+        readStretches(report, history, lastDay - kFarthestZone, to, days, dayBegins);
+    else
+        readStretches(report, history, firstDay + kFarthestZone, to, days, dayBegins);
+    readWholeDays(report, history, request, days);
+}

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// Says where the time went, from what Ticklog has recorded.
+#include "Classes/history/HistorySchema.h"
+#include "helpers/ticklog-report/RecordedNames.h"
+#include "helpers/ticklog-report/ReportFormats.h"
+#include "helpers/ticklog-report/ReportReading.h"
+#include "platform/foundation/Clock.h"
+#include "platform/foundation/LocalTime.h"
+
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kUnreadable = 1;
+constexpr int kNotUnderstood = 2;
+// For a program that writes just now.
+constexpr int kPatienceMs = 5000;
+
+int fail(int status, const QString& text) {
+    std::fprintf(stderr, "ticklog-report: %s\n", text.toUtf8().constData());
+    return status;
+}
+
+int print(const QByteArray& text) {
+    const bool isPrinted =
+        std::fwrite(text.constData(), 1, std::size_t(text.size()), stdout) == std::size_t(text.size()) &&
+        std::fflush(stdout) == 0;
+    return isPrinted ? 0 : fail(kUnreadable, QStringLiteral("what was found could not be written"));
+}
+
+int reportFrom(const QString& path, const Folders& folders, const QStringList& arguments,
+               const QDateTime& now) {
+    if (!QFileInfo(path).isFile())
+        return fail(kUnreadable, QStringLiteral("there is no history at %1").arg(path));
+    SqliteDatabase history(path, SqliteDatabase::Mode::Read, kPatienceMs);
+    const HistorySchema::Form form = HistorySchema::formOf(history);
+    if (form != HistorySchema::Form::Ours)
+        return fail(kUnreadable, form == HistorySchema::Form::Newer
+                                     ? QStringLiteral("%1 is of a newer Ticklog").arg(path)
+                                     : QStringLiteral("%1 is no history of Ticklog").arg(path));
+    const int dayBegins = int(history.number("SELECT value FROM settings WHERE name = 'day begins at'"));
+    const auto request = ReportRequest::parse(arguments, now, dayBegins);
+    if (!request)
+        return fail(kNotUnderstood, request.failure().text);
+    // One state of the file, whatever is written meanwhile.
+    const SqliteTransaction reading(history);
+    const RecordedNames names(history, folders);
+    if (request->project && *request->project != kNoProject && !names.hasProject(*request->project))
+        return fail(kNotUnderstood, QStringLiteral("there is no project “%1”").arg(*request->project));
+    Report report(*request, names, dayBegins);
+    readInto(report, history, *request, dayBegins);
+    return print(ReportFormats::text(report, request->format, now));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromUtf8(argv[i]);
+    if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h")))
+        return print(ReportRequest::help().toUtf8());
+    if (arguments.contains(QStringLiteral("--version")) || arguments.contains(QStringLiteral("-v")))
+        return print("ticklog-report " TICKLOG_VERSION "\n");
+    const QDateTime now = localTime(SystemClock().now());
+    // A wrong command line is told even where there is no history.
+    const auto request = ReportRequest::parse(arguments, now, 0);
+    if (!request)
+        return fail(kNotUnderstood, request.failure().text);
+    const Folders folders = Folders::forUser();
+    const QString path =
+        request->file.value_or(folders.applicationSupport + QStringLiteral("/History.sqlite"));
+    try {
+        return reportFrom(path, folders, arguments, now);
+    } catch (const SqliteError& error) {
+        return fail(kUnreadable, QStringLiteral("%1 cannot be read: %2").arg(path, error.text()));
+    }
+}
