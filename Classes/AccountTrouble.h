@@ -20,11 +20,13 @@ public:
         StoreUnwritten,
         ProjectsUnwritten,
         SettingsUnwritten,
+        HistoryUnwritten,
         // From here on it has happened, and goes when the user knows of it.
         StoreExposed,
         StoreSetAside,
         ProjectsSetAside,
         SettingsSetAside,
+        HistorySetAside,
         ArchiveKept,
         ArchiveLost,
     };

@@ -33,6 +33,8 @@ inline const QString kTKWasTimerRunning = QStringLiteral("kTKWasTimerRunning");
 inline const QString kIncludeSecondsWhenCopyingTime = QStringLiteral("includeSecondsWhenCopyingTime");
 // The user has been told that closing the window minimises it where there is no icon in the tray.
 inline const QString kTKSaidThatClosingMinimizes = QStringLiteral("kTKSaidThatClosingMinimizes");
+// For how many days the history is kept: 0 for ever, below 0 not at all, and then there is no file.
+inline const QString kHistoryDays = QStringLiteral("kTKHistoryDays");
 // The rows shown expanded among all timers: a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

@@ -20,6 +20,8 @@ constexpr mode_t kPrivate = S_IRUSR | S_IWUSR;
 // Stands at the head of a store that is being copied: neither form of a property list begins with it.
 constexpr char kUnfinished = '#';
 constexpr int kMostLinks = 40;
+// Fast, and nobody makes another content that fits.
+constexpr auto kDigest = QCryptographicHash::Blake2b_160;
 
 Failure systemFailure(const QString& path, int error) {
     const auto kind = error == ENOENT ? Failure::Kind::NotFound : Failure::Kind::CannotWrite;
@@ -111,7 +113,8 @@ struct StoreFile::Paths {
     QString folder;
 };
 
-Outcome StoreFile::write(const QString& path, const std::function<void(PropertyListSink&)>& content) {
+Outcome StoreFile::write(const QString& path, const std::function<void(PropertyListSink&)>& content,
+                         const Whole& whole) {
     const Paths paths(path);
     if (auto aside = setAsideUnreadable(paths); !aside)
         return aside;
@@ -119,8 +122,11 @@ Outcome StoreFile::write(const QString& path, const std::function<void(PropertyL
     if (const QFileInfo info(paths.store); info.exists() && (!info.isFile() || !info.isWritable()))
         return Failure{Failure::Kind::CannotWrite,
                        QStringLiteral("%1: cannot be written to").arg(paths.store)};
-    if (auto written = writeSidecar(paths, content); !written)
+    QCryptographicHash hash(kDigest);
+    if (auto written = writeSidecar(paths, content, whole ? &hash : nullptr); !written)
         return written;
+    if (whole)
+        whole(hash.result());
     auto placed = putInPlace(paths);
     if (!placed)
         return Failure{
@@ -157,9 +163,10 @@ Outcome StoreFile::setAsideUnreadable(const Paths& paths) {
     return Done{};
 }
 
-Outcome StoreFile::writeSidecar(const Paths& paths, const std::function<void(PropertyListSink&)>& content) {
+Outcome StoreFile::writeSidecar(const Paths& paths, const std::function<void(PropertyListSink&)>& content,
+                                QCryptographicHash* hash) {
     const QByteArray part = QFile::encodeName(paths.part);
-    if (auto filled = fillPart(paths, content); !filled) {
+    if (auto filled = fillPart(paths, content, hash); !filled) {
         m_calls.remove(part.constData());
         return filled;
     }
@@ -171,7 +178,8 @@ Outcome StoreFile::writeSidecar(const Paths& paths, const std::function<void(Pro
     return syncFolder(paths);
 }
 
-Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content) {
+Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content,
+                            QCryptographicHash* hash) {
     const QByteArray name = QFile::encodeName(paths.part);
     // Of an earlier crash, worth nothing. Where it is somebody else's, nothing is to be written into it.
     m_calls.remove(name.constData());
@@ -183,6 +191,8 @@ Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(Propert
     qint64 size = 0;
     PropertyListXmlWriter writer([&](const char* bytes, std::size_t count) {
         size += qint64(count);
+        if (hash)
+            hash->addData(QByteArrayView(bytes, qsizetype(count)));
         if (error == 0 && size > m_sizeLimit)
             error = EFBIG;
         const auto step = [&](std::size_t done) {
@@ -293,6 +303,13 @@ Result<PropertyListValue> StoreFile::read(const QString& path) {
         m_log.log(QStringLiteral("The store cannot be read: %1").arg(result.failure().text));
     }
     return result;
+}
+
+QByteArray StoreFile::digest(const QString& path) const {
+    const Paths paths(path);
+    QFile file(isOurs(paths.sidecar, paths) ? paths.sidecar : paths.store);
+    QCryptographicHash hash(kDigest);
+    return file.open(QFile::ReadOnly) && hash.addData(&file) ? hash.result() : QByteArray("");
 }
 
 void StoreFile::refuse(const QString& path) {

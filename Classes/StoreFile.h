@@ -7,6 +7,7 @@
 #include "platform/foundation/Result.h"
 #include "platform/foundation/SystemLog.h"
 
+#include <QCryptographicHash>
 #include <QSet>
 #include <QString>
 
@@ -27,14 +28,20 @@ public:
         , m_calls(calls)
         , m_sizeLimit(sizeLimit) {}
 
+    // Told a digest of the new content as soon as that is whole on the disk, ahead of the store.
+    using Whole = std::function<void(const QByteArray& digest)>;
+
     // Replaces the content by what `content` sends to the sink. After a failure the next read() finds the
     // last content that was written whole, or this one. A store that read() could not read is set aside
     // first. The folder must exist. A link is followed.
-    Outcome write(const QString& path, const std::function<void(PropertyListSink&)>& content);
+    Outcome write(const QString& path, const std::function<void(PropertyListSink&)>& content,
+                  const Whole& whole = {});
     // Reads the last content that was written whole, and finishes or clears away what a crash left behind.
     // NotFound when there is none. A store that cannot be read stays where it is until something is to be
     // written in its place. For files that are not ours to mend there is PropertyList::readFile.
     Result<PropertyListValue> read(const QString& path);
+    // The digest of what read() finds; empty when there is nothing. BLAKE2b, 20 bytes.
+    QByteArray digest(const QString& path) const;
     // What was read there is not what it should be: like a store that cannot be read, it is set aside before
     // something is written in its place. Nothing happens to a store that is not there.
     void refuse(const QString& path);
@@ -45,8 +52,10 @@ private:
     // Whether a file of that name is there and none that others have put in our way.
     bool isOurs(const QString& path, const Paths& paths) const;
     Outcome setAsideUnreadable(const Paths& paths);
-    Outcome writeSidecar(const Paths& paths, const std::function<void(PropertyListSink&)>& content);
-    Outcome fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content);
+    Outcome writeSidecar(const Paths& paths, const std::function<void(PropertyListSink&)>& content,
+                         QCryptographicHash* hash);
+    Outcome fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content,
+                     QCryptographicHash* hash);
     // The second half of a save: the store becomes what the sidecar is, and the sidecar goes.
     Outcome putInPlace(const Paths& paths);
     Outcome replaceContent(int sidecar, int store, const QString& storePath);

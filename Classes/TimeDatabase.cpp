@@ -5,6 +5,7 @@
 #include "Classes/IncomingTimers.h"
 #include "Classes/Settings.h"
 #include "Classes/StoreFile.h"
+#include "Classes/StoreWitness.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
 #include "Classes/WholeFile.h"
@@ -130,7 +131,8 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
     // Nobody could read it again: what was written before them stays.
     const Outcome outcome = timersIn(m_tracker) > m_mostTimers
                                 ? Failure{Failure::Kind::Refused, tooManyTimers(m_mostTimers)}
-                                : m_store->write(location.value_or(m_mainStoreURL), writeContent);
+                            : location ? m_store->write(*location, writeContent)
+                                       : writeMainStore(writeContent);
     if (!outcome)
         m_services.log.log(QStringLiteral("The database could not be written: ") + outcome.failure().text);
     if (!location)
@@ -138,6 +140,23 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
     // The identities belong to the timers just written.
     m_services.registry.saveData();
     return outcome;
+}
+
+Outcome TimeDatabase::writeMainStore(const std::function<void(PropertyListSink&)>& content) {
+    if (!m_witness)
+        return m_store->write(m_mainStoreURL, content);
+    QByteArray written;
+    const Outcome outcome = m_store->write(m_mainStoreURL, content, [&](const QByteArray& digest) {
+        written = digest;
+        m_witness->storeIsWhole(digest);
+    });
+    if (outcome)
+        m_witness->storeIsPlaced(written);
+    return outcome;
+}
+
+QByteArray TimeDatabase::mainStoreContent() const {
+    return m_store->digest(m_mainStoreURL);
 }
 
 void TimeDatabase::mainStoreWritten(bool isWritten) {

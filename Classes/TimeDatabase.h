@@ -4,6 +4,7 @@
 #include "platform/Folders.h"
 #include "platform/foundation/KeyValueObserving.h"
 #include "platform/foundation/PropertyListValue.h"
+#include "platform/foundation/PropertyListWriter.h"
 #include "platform/foundation/Result.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
@@ -14,6 +15,7 @@
 
 class IncomingTimers;
 class StoreFile;
+class StoreWitness;
 class TimeTracker;
 struct TimeStoreServices;
 
@@ -93,9 +95,16 @@ public:
     // where that is taken.
     QString importBackupURL() const;
 
+    // A digest of the main store as it is on the disk; empty when there is none.
+    QByteArray mainStoreContent() const;
+    // Tells of each save of the main store from now on. Null for nobody.
+    void setWitness(StoreWitness* witness) { m_witness = witness; }
+
     QVariant valueForKey(ObservedKey key) const override;
 
 private:
+    Outcome writeMainStore(const std::function<void(PropertyListSink&)>& content);
+
     Result<PropertyListValue> load(const QString& location);
     // The tree becomes that of a file. False, with what could be made of it in the tree, if that is no account after all.
     bool replaceBy(IncomingTimers& timers);
@@ -121,6 +130,7 @@ private:
     Hooks m_hooks;
     const std::size_t m_mostTimers;
     std::unique_ptr<StoreFile> m_store;
+    StoreWitness* m_witness = nullptr;
     QString m_applicationSupportFolder;
     QString m_mainStoreURL;
     std::optional<QString> m_awaited;

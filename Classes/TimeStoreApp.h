@@ -24,6 +24,8 @@ public:
     // Appends those of the windows that have one of these identities.
     void appendWindows(const std::unordered_set<Identity>& identities, Children& found) const;
     std::size_t windowCount() const { return m_windows.size(); }
+    // Costs the same with any number of windows, but for those that are not found under their names.
+    bool holds(const TimeStoreWindow& window) const;
 
     // A renamed frozen application is shown elsewhere too: projects are asked to refresh in the next turn.
     void setRenamedNameFormatted(const PropertyListDictionary& record) override;

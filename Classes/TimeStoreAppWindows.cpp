@@ -25,6 +25,12 @@ QString TimeStoreApp::ownKeyOf(const QString& title) const {
     return TimeStoreWindow::keyOf(title) + u'\n' + name();
 }
 
+bool TimeStoreApp::holds(const TimeStoreWindow& window) const {
+    const auto isIt = [&](const Table::value_type& entry) { return entry.second.window.get() == &window; };
+    const auto named = m_windows.find(window.name());
+    return (named != m_windows.end() && isIt(*named)) || std::ranges::any_of(m_windows, isIt);
+}
+
 bool TimeStoreApp::holds(const Identity& identity) const {
     return std::ranges::any_of(m_windows,
                                [&](const auto& entry) { return entry.second.window->uuid() == identity; });

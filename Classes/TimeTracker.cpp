@@ -143,9 +143,8 @@ void TimeTracker::creditCurrentApp() {
 // Null when the window is not the application's: one without windows of its own leaves the last one's current.
 static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
                                                  const std::weak_ptr<TimeStoreWindow>& window) {
-    const auto current = window.lock();
-    const auto windows = app.windows();
-    return std::ranges::find(windows, current) != windows.end() ? current : nullptr;
+    auto current = window.lock();
+    return current && app.holds(*current) ? current : nullptr;
 }
 
 void TimeTracker::tellOfStretch(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to) {

@@ -28,6 +28,11 @@ inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDispla
 // registry knows them.
 inline const QString kTicklogKeepNamesNotification = QStringLiteral("kTicklogKeepNamesNotification");
 
+// Timers are deleted, with all that is known of them; or they have come back, by undoing it. The object is a
+// TimerReferences; an application stands for its windows as well.
+inline const QString kTicklogRemoveTimersNotification = QStringLiteral("kTicklogRemoveTimersNotification");
+inline const QString kTicklogPutBackTimersNotification = QStringLiteral("kTicklogPutBackTimersNotification");
+
 // What idle time is credited to.
 inline const QString kIdleName = QStringLiteral("Idle");
 
@@ -211,6 +216,7 @@ private:
     using IsMeant = std::function<bool(const TimeStoreApp& app, const TimeStoreNode& node)>;
     void remove(const IsMeant& isMeant);
     AppSet takeOut(const IsMeant& isMeant);
+    TimerReferences meant(const IsMeant& isMeant) const;
     std::unordered_set<Identity> identitiesOf(const IsMeant& isMeant) const;
     // Of these identities; all without any.
     void enterInRegistry(const std::unordered_set<Identity>* identities) const;

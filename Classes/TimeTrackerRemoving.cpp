@@ -17,6 +17,31 @@ bool isIn(const TimerReferences& timers, const TimeStoreApp& app, const TimeStor
     return timers.contains({*app.uuid(), &app == &node ? std::nullopt : node.uuid()});
 }
 
+std::optional<Identity> identityOf(const PropertyListValue& record) {
+    const PropertyListDictionary* entries = record.asDictionary();
+    const QByteArray* bytes = entries ? entries->value(kRecordUUID).asData() : nullptr;
+    return bytes ? Identity::fromBytes(*bytes) : std::nullopt;
+}
+
+// Which timers entries are of that recordsOf() has made.
+TimerReferences referencesOf(const PropertyListArray& entries) {
+    TimerReferences timers;
+    for (const PropertyListValue& entry : entries) {
+        const PropertyListValue record = entry.asDictionary()->value(kEntryApp);
+        const auto application = identityOf(record);
+        if (!application)
+            continue;
+        if (record.asDictionary()->contains(kRecordActiveTime)) {
+            timers.insert({*application, std::nullopt});
+            continue;
+        }
+        for (const PropertyListValue& window : *entry.asDictionary()->value(kEntryWindows).asArray())
+            if (const auto identity = identityOf(window))
+                timers.insert({*application, identity});
+    }
+    return timers;
+}
+
 } // namespace
 
 TimerReferences TimeTracker::referencesTo(const TimeStoreItem::Children& items) const {
@@ -64,6 +89,7 @@ void TimeTracker::remove(const IsMeant& isMeant) {
     const bool findsWindowAgain = holder && isMeant(*holder, *currentWindow);
     const std::unordered_set<Identity> going = identitiesOf(isMeant);
     enterInRegistry(&going);
+    m_services.store.notifications.post(kTicklogRemoveTimersNotification, meant(isMeant));
     willChange(kTimeSetKey);
     const AppSet removed = takeOut(isMeant);
     // The current application is looked for again in any case.
@@ -93,6 +119,22 @@ std::unordered_set<Identity> TimeTracker::identitiesOf(const IsMeant& isMeant) c
                 add(*window);
     }
     return identities;
+}
+
+TimerReferences TimeTracker::meant(const IsMeant& isMeant) const {
+    TimerReferences timers;
+    for (const auto& app : m_timeSet) {
+        if (!app->uuid())
+            continue;
+        if (isMeant(*app, *app)) {
+            timers.insert({*app->uuid(), std::nullopt});
+            continue;
+        }
+        for (const auto& window : app->windows())
+            if (window->uuid() && isMeant(*app, *window))
+                timers.insert({*app->uuid(), window->uuid()});
+    }
+    return timers;
 }
 
 std::shared_ptr<TimeStoreApp> TimeTracker::applicationHolding(const TimeStoreNode& node) const {
@@ -188,5 +230,6 @@ void TimeTracker::putBack(const PropertyListArray& entries) {
             app->putBack(*window.asDictionary());
     }
     setArrayRepresentation(gone);
+    m_services.store.notifications.post(kTicklogPutBackTimersNotification, referencesOf(entries));
     reloadSearchFiltering();
 }

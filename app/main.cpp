@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Wires the way of a second of time: the desktop's back ends, the engine that credits, the window that shows.
+#include "Classes/history/History.h"
 #include "app/AccountLock.h"
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
@@ -45,6 +46,15 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
     alerts.setWindow(&controller.window());
     TKApplicationDelegate& delegate = controller.appDelegate();
+    // What a crash has cost the timers, they get before anything runs.
+    History history({.tracker = controller.tracker(),
+                     .database = controller.database(),
+                     .trouble = controller.trouble(),
+                     .notifications = desktop.platform().notifications,
+                     .defaults = desktop.platform().defaults,
+                     .runLoop = desktop.platform().runLoop,
+                     .clock = desktop.platform().clock,
+                     .log = desktop.platform().log});
     // What the preferences ask stands in front of them, not of the main window.
     QtAlerts setupAlerts(alerts);
     Preferences preferences(controller, desktop.platform(), setupAlerts,
@@ -52,6 +62,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();
+        history.finish();
         desktop.platform().defaults.synchronize();
     };
     const ExitGuard exitGuard(powerOff);
@@ -96,6 +107,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     const int status = QApplication::exec();
     // Whoever ended the loop: what has been credited since the last save is written.
     controller.saveSettingsToDisk();
+    history.finish();
     return status;
 }
 

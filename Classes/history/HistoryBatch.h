@@ -85,7 +85,12 @@ struct StorePlaced {
     std::int64_t generation;
 };
 
-using Any = std::variant<Renamed, Deleted, Forgotten, StoreWhole, StorePlaced>;
+// A store of this content has been read, and nothing is known of it: whatever is owed, is owed to another.
+struct StoreUnknown {
+    QByteArray content;
+};
+
+using Any = std::variant<Renamed, Deleted, Forgotten, StoreWhole, StorePlaced, StoreUnknown>;
 
 } // namespace HistoryChange
 

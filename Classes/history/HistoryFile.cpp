@@ -181,16 +181,19 @@ void HistoryFile::apply(const HistoryChange::Renamed& change) {
     sqliteRun(m_database, "UPDATE timers SET window = ? WHERE window = ?", to, from);
 }
 
+// An application goes with its windows, and comes back without those that went before it.
 void HistoryFile::apply(const HistoryChange::Deleted& change) {
-    const std::int64_t deleted = change.isDeleted;
     for (const auto& [application, window] : change.timers) {
-        // An application goes with its windows.
+        const std::int64_t deleted = window ? 1 : 2;
+        const std::int64_t from = change.isDeleted ? 0 : deleted;
+        const std::int64_t to = change.isDeleted ? deleted : 0;
         if (window)
-            sqliteRun(m_database, "UPDATE timers SET deleted = ? WHERE application = ? AND window = ?",
-                      deleted, application.bytes(), window->bytes());
+            sqliteRun(m_database,
+                      "UPDATE timers SET deleted = ? WHERE deleted = ? AND application = ? AND window = ?",
+                      to, from, application.bytes(), window->bytes());
         else
-            sqliteRun(m_database, "UPDATE timers SET deleted = ? WHERE application = ?", deleted,
-                      application.bytes());
+            sqliteRun(m_database, "UPDATE timers SET deleted = ? WHERE deleted = ? AND application = ?", to,
+                      from, application.bytes());
     }
 }
 
@@ -202,6 +205,12 @@ void HistoryFile::apply(const HistoryChange::StorePlaced& change) {
     sqliteRun(m_database, "DELETE FROM stores WHERE content <> ?", change.content);
     sqliteRun(m_database, "INSERT OR REPLACE INTO stores VALUES (?, ?)", change.content, change.generation);
     sqliteRun(m_database, "DELETE FROM owed WHERE generation < ?", change.generation);
+}
+
+void HistoryFile::apply(const HistoryChange::StoreUnknown& change) {
+    sqliteRun(m_database, "DELETE FROM stores");
+    sqliteRun(m_database, "DELETE FROM owed");
+    sqliteRun(m_database, "INSERT INTO stores VALUES (?, 0)", change.content);
 }
 
 void HistoryFile::owe(const OwedTime& to, std::int64_t length) {

@@ -59,6 +59,7 @@ private:
     void apply(const HistoryChange::Forgotten& change);
     void apply(const HistoryChange::StoreWhole& change);
     void apply(const HistoryChange::StorePlaced& change);
+    void apply(const HistoryChange::StoreUnknown& change);
     void owe(const OwedTime& to, std::int64_t length);
 
     void cutAt(std::int64_t time);

@@ -25,24 +25,6 @@ public:
         return m_count;
     }
 
-    // What a store lacks is made up for once, whatever else is lost.
-    void takeDebts() {
-        attempt([this] {
-            for (SqliteQuery row(m_damaged, "SELECT content, since FROM stores"); row.next();)
-                sqliteRun(m_into.database(), "INSERT OR REPLACE INTO stores VALUES (?, ?)", row.bytes(0),
-                          row.integer(1));
-        });
-        attempt([this] {
-            for (SqliteQuery row(
-                     m_damaged,
-                     "SELECT generation, application, program, window, document, length FROM owed");
-                 row.next();)
-                sqliteRun(m_into.database(), "INSERT OR REPLACE INTO owed VALUES (?, ?, ?, ?, ?, ?)",
-                          row.integer(0), row.bytes(1), row.text(2), row.bytes(3), row.text(4),
-                          row.integer(5));
-        });
-    }
-
 private:
     // False if it came upon damage.
     template<class Work>
@@ -157,7 +139,6 @@ int takeOver(const QString& path, HistoryFile& into) {
     int count = 0;
     try {
         Salvage salvage(path, into);
-        salvage.takeDebts();
         count = salvage.takeRows();
     } catch (const SqliteError&) {
         // Not even its first page: there is nothing to be had.

@@ -1031,5 +1031,9 @@
         <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Ticklog sieht nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
+    <message>
+        <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
+        <translation>„%@“ wurde von einer neueren Version geschrieben. Die Datei bleibt unverändert, und nichts kommt hinzu.</translation>
+    </message>
 </context>
 </TS>

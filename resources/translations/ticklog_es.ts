@@ -1031,5 +1031,9 @@
         <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano. Solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
+    <message>
+        <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
+        <translation>«%@» fue escrito por una versión más reciente. Se deja como está y no se le añade nada.</translation>
+    </message>
 </context>
 </TS>

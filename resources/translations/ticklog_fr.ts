@@ -1031,5 +1031,9 @@
         <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan. Seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
     </message>
+    <message>
+        <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
+        <translation>« %@ » a été écrit par une version plus récente. Il reste tel quel et rien n’y est ajouté.</translation>
+    </message>
 </context>
 </TS>

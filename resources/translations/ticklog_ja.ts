@@ -1031,5 +1031,9 @@
         <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせません。支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
+    <message>
+        <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
+        <translation>“%@”は新しいバージョンで書き込まれています。そのまま残し、何も追加しません。</translation>
+    </message>
 </context>
 </TS>

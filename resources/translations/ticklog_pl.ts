@@ -1031,5 +1031,9 @@
         <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
         <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu. Widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
+    <message>
+        <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
+        <translation>Plik „%@” zapisała nowsza wersja. Pozostaje bez zmian i nic nie jest do niego dodawane.</translation>
+    </message>
 </context>
 </TS>

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/History.h"
+
+#include "Classes/AccountTrouble.h"
+#include "Classes/Settings.h"
+#include "Classes/history/HistoryDebts.h"
+#include "platform/foundation/LocalizedStrings.h"
+
+#include <QFileInfo>
+
+using namespace std::chrono_literals;
+using Trouble = AccountTrouble::Kind;
+
+namespace {
+
+// With what a write takes, no more than fifteen seconds are ever missing.
+constexpr auto kBetweenWrites = 14'500ms;
+constexpr auto kBetweenTries = 60s;
+constexpr auto kLongestEnd = 2000ms;
+constexpr std::int64_t kDay = 86'400'000;
+constexpr std::size_t kManyWaiting = 5000;
+
+const QString kFileName = QStringLiteral("History.sqlite");
+
+} // namespace
+
+// Between the tracker and the recorder: sees that something new has come.
+class History::Prompter : public StretchListener {
+public:
+    explicit Prompter(History& history)
+        : m_history(history) {}
+
+    void credited(const Stretch& stretch) override {
+        m_history.m_recorder.credited(stretch);
+        m_history.newsHasCome();
+    }
+
+    void absent(Instant since, Instant noticed) override {
+        m_history.m_recorder.absent(since, noticed);
+        m_history.newsHasCome();
+    }
+
+private:
+    History& m_history;
+};
+
+History::History(const Services& services, BackgroundMove::Background background)
+    : m_services(services)
+    , m_path(pathIn(services.database.applicationSupportFolder()))
+    , m_recorder(services.clock)
+    , m_prompter(std::make_unique<Prompter>(*this))
+    , m_writer(
+          services.runLoop, m_path, [this](const auto& report) { told(report); }, std::move(background))
+    , m_days(services.defaults.integerForKey(kHistoryDays)) {
+    m_settings = services.notifications.observe(kUserDefaultsDidChangeNotification,
+                                                [this](const Notification&) { settingsChanged(); });
+    if (m_days >= 0) {
+        catchUp();
+        begin();
+    } else if (QFileInfo::exists(m_path)) {
+        m_writer.removeFile();
+    }
+}
+
+History::~History() {
+    m_services.database.setWitness(nullptr);
+}
+
+QString History::pathIn(const QString& applicationSupport) {
+    return applicationSupport + u'/' + kFileName;
+}
+
+void History::catchUp() {
+    const QByteArray content = m_services.database.mainStoreContent();
+    const HistoryDebts debts = HistoryDebts::of(m_path, content);
+    m_recorder.setGeneration(debts.generation());
+    if (!debts.isKnown()) {
+        m_writer.noteStore(HistoryChange::StoreUnknown{content});
+        return;
+    }
+    if (const Seconds paid = debts.pay(m_services.tracker); paid > 0)
+        m_services.log.log(
+            QStringLiteral("%1 seconds that the database lacked were added from the history").arg(paid));
+}
+
+void History::begin() {
+    listen();
+    m_services.database.setWitness(this);
+    write();
+}
+
+void History::listen() {
+    NotificationCenter& news = m_services.notifications;
+    m_listening.emplace();
+    m_listening->stretches = m_services.tracker.listen(*m_prompter);
+    for (const auto& [name, subscription] :
+         {std::pair(kTicklogBranchNodeNotification, &m_listening->freezing),
+          std::pair(kTicklogUnbranchNodeNotification, &m_listening->thawing)})
+        *subscription = news.observe(name, [this](const Notification& notification) {
+            if (const auto* identities = std::any_cast<FrozenIdentities>(&notification.object))
+                renamed(*identities);
+        });
+    for (const auto& [name, subscription, isDeleted] :
+         {std::tuple(kTicklogRemoveTimersNotification, &m_listening->removing, true),
+          std::tuple(kTicklogPutBackTimersNotification, &m_listening->comingBack, false)})
+        *subscription = news.observe(name, [this, isDeleted = isDeleted](const Notification& notification) {
+            if (const auto* timers = std::any_cast<TimerReferences>(&notification.object))
+                deleted(*timers, isDeleted);
+        });
+}
+
+void History::settingsChanged() {
+    const std::int64_t days = m_services.defaults.integerForKey(kHistoryDays);
+    if (days == std::exchange(m_days, days))
+        return;
+    if (days < 0 && m_listening) {
+        m_listening.reset();
+        m_services.database.setWitness(nullptr);
+        m_nextWrite.reset();
+        HistoryBatch unwanted;
+        m_recorder.settle();
+        m_recorder.takeInto(unwanted);
+        m_writer.removeFile();
+    } else if (days >= 0 && !m_listening) {
+        // What the store lacks by now is not known here.
+        m_writer.noteStore(HistoryChange::StoreUnknown{QByteArray("none")});
+        begin();
+    } else {
+        m_sweptOn = 0;
+        write();
+    }
+}
+
+void History::renamed(const FrozenIdentities& identities) {
+    m_recorder.takeInto(m_writer.next());
+    for (const auto& [from, to] : identities) {
+        m_writer.change(HistoryChange::Renamed{from, to});
+        m_recorder.rename(from, to);
+    }
+    write();
+}
+
+void History::deleted(const TimerReferences& timers, bool isDeleted) {
+    if (timers.empty())
+        return;
+    m_recorder.takeInto(m_writer.next());
+    m_recorder.settle();
+    m_writer.change(HistoryChange::Deleted{timers, isDeleted});
+    write();
+}
+
+void History::forget(const HistoryChange::Forgotten& what) {
+    if (!m_listening)
+        return;
+    m_recorder.takeInto(m_writer.next());
+    m_recorder.settle();
+    m_writer.change(what);
+    write();
+}
+
+void History::finish() {
+    if (m_listening)
+        m_recorder.takeInto(m_writer.next());
+    m_writer.finish(kLongestEnd);
+}
+
+void History::storeIsWhole(const QByteArray& content) {
+    m_recorder.takeInto(m_writer.next());
+    m_writer.noteStore(HistoryChange::StoreWhole{content, m_recorder.beginGeneration()});
+}
+
+void History::storeIsPlaced(const QByteArray& content) {
+    m_writer.noteStore(HistoryChange::StorePlaced{content, m_recorder.generation()});
+    write();
+}
+
+void History::newsHasCome() {
+    if (!m_nextWrite && m_recorder.hasNews())
+        m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenWrites, [this] { write(); });
+}
+
+void History::write() {
+    m_nextWrite.reset();
+    // What waits will be joined: it is not to be written once more in its own name.
+    if (m_writer.waiting() > kManyWaiting)
+        m_recorder.settle();
+    m_recorder.takeInto(m_writer.next());
+    const std::int64_t now =
+        std::chrono::floor<std::chrono::milliseconds>(m_services.clock.now()).time_since_epoch().count();
+    if (m_days > 0 && std::exchange(m_sweptOn, now / kDay) != now / kDay)
+        m_writer.setOldest(now - m_days * kDay);
+    m_writer.write();
+}
+
+void History::told(const HistoryKeeper::Report& report) {
+    AccountTrouble& trouble = m_services.trouble;
+    if (report.setAside) {
+        m_services.log.log(
+            QStringLiteral("The history was damaged and is set aside as %1; %2 stretches were taken over")
+                .arg(*report.setAside)
+                .arg(report.takenOver));
+        trouble.tell(Trouble::HistorySetAside, report.takenOver > 0 ? AccountTrouble::leftOut(m_path)
+                                                                    : AccountTrouble::setAside(m_path));
+    }
+    if (report.state == HistoryKeeper::State::Newer) {
+        m_services.log.log(QStringLiteral("The history was written by a newer version and is left alone"));
+        trouble.tell(
+            Trouble::HistoryUnwritten,
+            AccountTrouble::about(
+                localized(
+                    "“%@” was written by a newer version. It is left alone, and nothing is added to it."),
+                m_path));
+        m_listening.reset();
+        m_services.database.setWitness(nullptr);
+        m_nextWrite.reset();
+        return;
+    }
+    if (report.state == HistoryKeeper::State::Written)
+        return trouble.end(Trouble::HistoryUnwritten);
+    m_services.log.log(QStringLiteral("The history could not be written: ") + report.why);
+    trouble.tell(Trouble::HistoryUnwritten, AccountTrouble::unwritten(m_path));
+    // Nobody may be there to bring anything new.
+    m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenTries, [this] { write(); });
+}

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistoryDebts.h"
+
+#include "Classes/history/HistorySchema.h"
+#include "Classes/history/Sqlite.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+// A launch waits for nobody.
+constexpr int kWaitMs = 20;
+
+PropertyListDictionary record(const QString& name, const std::optional<Identity>& identity, Seconds time) {
+    PropertyListDictionary record{{kRecordName, name}, {kRecordActiveTime, time}};
+    if (identity)
+        record.insert(kRecordUUID, identity->bytes());
+    return record;
+}
+
+std::shared_ptr<TimeStoreApp> applicationOf(const TimeTracker& tracker, const OwedTime& to) {
+    const auto& all = tracker.fullTimeSet();
+    const auto same = std::ranges::find_if(
+        all, [&](const auto& app) { return to.timer.application && app->uuid() == to.timer.application; });
+    if (same != all.end())
+        return *same;
+    const auto named = std::ranges::find_if(
+        all, [&](const auto& app) { return !app->branched() && app->isNamed(to.program); });
+    return named != all.end() ? *named : nullptr;
+}
+
+} // namespace
+
+HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
+    HistoryDebts debts;
+    if (!QFileInfo(path).isFile())
+        return debts;
+    try {
+        SqliteDatabase file(path, SqliteDatabase::Mode::ReadWrite, kWaitMs);
+        // What the crash has left in the journal is the thread's to bring into the file.
+        file.closeWithoutCheckpoint();
+        if (HistorySchema::formOf(file) != HistorySchema::Form::Ours ||
+            file.number("PRAGMA user_version") == 0)
+            return debts;
+        SqliteQuery store(file, "SELECT since FROM stores WHERE content = ?", content);
+        if (!store.next())
+            return debts;
+        debts.m_generation = store.integer(0);
+        for (SqliteQuery row(file,
+                             "SELECT generation, application, program, window, document, length FROM owed "
+                             "WHERE generation >= ?",
+                             store.integer(0));
+             row.next();) {
+            const auto window = Identity::fromBytes(row.bytes(3));
+            debts.m_debts.push_back(
+                {{.generation = row.integer(0),
+                  .program = row.text(2),
+                  .window = window || !row.text(4).isEmpty() ? std::optional(row.text(4)) : std::nullopt,
+                  .timer = {Identity::fromBytes(row.bytes(1)), window}},
+                 double(row.integer(5)) / 1000});
+            debts.m_generation = std::max(debts.m_generation, row.integer(0));
+        }
+        debts.m_isKnown = true;
+    } catch (const SqliteError&) {
+        // Whoever writes it finds out what is the matter.
+        return {};
+    }
+    return debts;
+}
+
+Seconds HistoryDebts::pay(TimeTracker& tracker) const {
+    Seconds paid = 0;
+    for (const Debt& debt : m_debts)
+        if (!debt.to.window) {
+            payApplication(tracker, debt);
+            paid += debt.time;
+        }
+    for (const Debt& debt : m_debts)
+        if (debt.to.window)
+            payWindow(tracker, debt);
+    return paid;
+}
+
+void HistoryDebts::payApplication(TimeTracker& tracker, const Debt& debt) const {
+    if (const auto app = applicationOf(tracker, debt.to))
+        return app->addTimeInterval(debt.time);
+    tracker.putBack(
+        {PropertyListDictionary{{kEntryApp, record(debt.to.program, debt.to.timer.application, debt.time)},
+                                {kEntryWindows, PropertyListArray()}}});
+}
+
+// Its application has been paid, and so is there.
+void HistoryDebts::payWindow(TimeTracker& tracker, const Debt& debt) const {
+    const auto app = applicationOf(tracker, debt.to);
+    if (!app)
+        return;
+    const auto window = debt.to.timer.window ? app->windowOfIdentity(*debt.to.timer.window) : nullptr;
+    if (window)
+        return window->addTimeInterval(debt.time);
+    app->putBack(record(*debt.to.window, debt.to.timer.window, debt.time));
+}

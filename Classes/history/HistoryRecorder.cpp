@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistoryRecorder.h"
+
+#include "Classes/TimeStoreWindow.h"
+#include "Classes/history/SteadyTitle.h"
+#include "platform/foundation/LocalTime.h"
+
+#include <cmath>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::int64_t kHour = 3'600'000;
+// The wall clock was set, or the machine slept, if it is off by more.
+constexpr auto kMostOff = 1s;
+// Between one tick and the next the clock is read twice: what lies in between is nobody's gap.
+constexpr auto kBetweenReadings = 20ms;
+// No absence is noticed later, or cuts more.
+constexpr auto kLongestAbsence = 24h;
+constexpr std::size_t kMostSpans = 8192;
+// In nanoseconds.
+constexpr double kCountedSecond = 1 << 30;
+
+std::int64_t milliseconds(Date date) {
+    return std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count();
+}
+
+// The tree is given as many seconds as the display counts, which are longer.
+std::chrono::nanoseconds asBooked(std::chrono::nanoseconds absence) {
+    return std::chrono::nanoseconds(std::llround(double(absence.count()) / kCountedSecond * 1e9));
+}
+
+std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
+    return a / b - (a % b < 0);
+}
+
+} // namespace
+
+std::int64_t HistoryRecorder::Anchor::wallOf(Instant instant) const {
+    return wall + std::chrono::floor<std::chrono::milliseconds>(instant - at).count();
+}
+
+Instant HistoryRecorder::Anchor::instantOf(std::int64_t time) const {
+    return at + std::chrono::milliseconds(time - wall);
+}
+
+void HistoryRecorder::holdAnchor(Instant since) {
+    const Instant instant = m_clock.instant();
+    const Date now = m_clock.now();
+    if (m_anchor && std::chrono::abs(
+                        std::chrono::milliseconds(milliseconds(now) - m_anchor->wallOf(instant))) <= kMostOff)
+        return;
+    m_anchor = Anchor{since, milliseconds(now - std::chrono::floor<Date::duration>(instant - since))};
+}
+
+void HistoryRecorder::credited(const Stretch& stretch) {
+    const bool isIdle = stretch.presence == Presence::Idle;
+    Who who{.program = stretch.program->name(),
+            .title = steady(stretch.title),
+            .timer = {stretch.program->uuid(), stretch.window ? stretch.window->uuid() : std::nullopt},
+            .presence = isIdle ? RowPresence::Idle : RowPresence::Work};
+    if (isIdle)
+        m_idleTimer = who.timer;
+    owe(stretch);
+    holdAnchor(stretch.from);
+    append(stretch.from, stretch.to, *m_anchor, who);
+}
+
+const QString& HistoryRecorder::steady(const QString& title) {
+    if (title != m_title) {
+        m_title = title;
+        m_steadyTitle = steadyTitle(title);
+    }
+    return m_steadyTitle;
+}
+
+void HistoryRecorder::append(Instant from, Instant to, const Anchor& anchor, const Who& who) {
+    if (!m_spans.empty() && m_spans.back().anchor == anchor && from - m_spans.back().to < kBetweenReadings)
+        from = m_spans.back().to;
+    while (from < to) {
+        const bool isSameAgain = m_isOpen && m_spans.back().who == who && m_spans.back().to == from;
+        if (!goesOn(from, anchor, who))
+            begin(from, anchor, who);
+        Span& span = m_spans.back();
+        span.to = std::min(to, span.end);
+        span.hasChanged = true;
+        m_hasNews = m_hasNews || !isSameAgain || who.presence == RowPresence::Work;
+        from = span.to;
+    }
+}
+
+bool HistoryRecorder::goesOn(Instant at, const Anchor& anchor, const Who& who) const {
+    if (!m_isOpen)
+        return false;
+    const Span& span = m_spans.back();
+    return span.to == at && at < span.end && span.anchor == anchor && span.who == who;
+}
+
+void HistoryRecorder::begin(Instant at, const Anchor& anchor, const Who& who) {
+    forgetOldSpans();
+    const std::int64_t start = anchor.wallOf(at);
+    const std::int64_t offset = QDateTime::fromMSecsSinceEpoch(start).offsetFromUtc() / 60;
+    const std::int64_t local = start + offset * 60'000;
+    const std::int64_t hour = (floorDivided(local, kHour) + 1) * kHour - offset * 60'000;
+    m_spans.push_back({.serial = ++m_lastSerial,
+                       .from = at,
+                       .to = at,
+                       .end = anchor.instantOf(hour),
+                       .anchor = anchor,
+                       .offset = offset,
+                       .who = who,
+                       .isHandedOver = false,
+                       .hasChanged = true});
+    m_isOpen = true;
+}
+
+void HistoryRecorder::absent(Instant since, Instant noticed) {
+    struct Piece {
+        Instant to;
+        Anchor anchor;
+    };
+    std::vector<Piece> pieces;
+    std::chrono::nanoseconds knownIdle{};
+    holdAnchor(m_spans.empty() ? since : std::max(since, std::min(noticed, m_spans.back().to)));
+    while (!m_spans.empty() && m_spans.back().to > since) {
+        Span& span = m_spans.back();
+        pieces.insert(pieces.begin(), {span.to, span.anchor});
+        if (span.who.presence == RowPresence::Idle)
+            knownIdle += span.to - std::max(since, span.from);
+        if (span.from < since) {
+            span.to = since;
+            span.hasChanged = true;
+            break;
+        }
+        span.to = span.from;
+        if (span.isHandedOver)
+            m_settled.insert_or_assign(span.serial, rowOf(span));
+        m_spans.pop_back();
+    }
+    pieces.push_back({noticed, *m_anchor});
+    m_isOpen = false;
+    const Who nobody{.program = kIdleName, .title = {}, .timer = m_idleTimer, .presence = RowPresence::Idle};
+    Instant from = since;
+    for (const auto& [to, anchor] : pieces) {
+        append(from, std::max(from, to), anchor, nobody);
+        from = std::max(from, to);
+    }
+    settleDebt();
+    m_owed[{.generation = m_generation, .program = kIdleName, .window = {}, .timer = m_idleTimer}] +=
+        std::max(asBooked(noticed - since) - knownIdle, std::chrono::nanoseconds::zero());
+}
+
+void HistoryRecorder::forgetOldSpans() {
+    while (!m_spans.empty() &&
+           (m_spans.size() >= kMostSpans || m_spans.back().to - m_spans.front().to > kLongestAbsence)) {
+        if (m_spans.front().hasChanged)
+            m_settled.insert_or_assign(m_spans.front().serial, rowOf(m_spans.front()));
+        m_spans.pop_front();
+    }
+}
+
+HistoryRow HistoryRecorder::rowOf(const Span& span) {
+    const std::int64_t start = span.anchor.wallOf(span.from);
+    return {.start = start,
+            .length = span.anchor.wallOf(span.to) - start,
+            .offset = span.offset,
+            .program = span.who.program,
+            .title = span.who.title,
+            .timer = span.who.timer,
+            .presence = span.who.presence};
+}
+
+void HistoryRecorder::takeInto(HistoryBatch& batch) {
+    for (auto& [serial, row] : m_settled)
+        batch.rows.insert_or_assign(serial, std::move(row));
+    m_settled.clear();
+    for (Span& span : m_spans)
+        if (std::exchange(span.hasChanged, false)) {
+            span.isHandedOver = true;
+            batch.rows.insert_or_assign(span.serial, rowOf(span));
+        }
+    settleDebt();
+    for (const auto& [to, time] : m_owed)
+        batch.owed[to] += std::chrono::round<std::chrono::milliseconds>(time).count();
+    m_owed.clear();
+    batch.settledBefore = m_spans.empty() ? m_lastSerial + 1 : m_spans.front().serial;
+    m_hasNews = false;
+}
+
+void HistoryRecorder::settle() {
+    for (const Span& span : m_spans)
+        if (span.hasChanged)
+            m_settled.insert_or_assign(span.serial, rowOf(span));
+    m_spans.clear();
+    m_isOpen = false;
+}
+
+void HistoryRecorder::rename(const Identity& from, const Identity& to) {
+    const auto follow = [&](std::optional<Identity>& identity) {
+        if (identity == from)
+            identity = to;
+    };
+    for (Span& span : m_spans) {
+        follow(span.who.timer.application);
+        follow(span.who.timer.window);
+    }
+}
+
+std::int64_t HistoryRecorder::beginGeneration() {
+    settleDebt();
+    m_application = {};
+    return ++m_generation;
+}
+
+void HistoryRecorder::owe(const Stretch& stretch) {
+    const RowTimer application{stretch.program->uuid(), std::nullopt};
+    const bool isSameWindow = stretch.window ? m_window && m_window->timer.window == stretch.window->uuid() &&
+                                                   *m_window->window == stretch.window->name()
+                                             : !m_window;
+    if (!isSameWindow || m_application.timer != application ||
+        !stretch.program->isNamed(m_application.program)) {
+        settleDebt();
+        m_application = {.generation = m_generation,
+                         .program = stretch.program->name(),
+                         .window = {},
+                         .timer = application};
+        m_window.reset();
+        if (stretch.window) {
+            m_window = m_application;
+            m_window->window = stretch.window->name();
+            m_window->timer.window = stretch.window->uuid();
+        }
+    }
+    m_running += stretch.to - stretch.from;
+}
+
+void HistoryRecorder::settleDebt() {
+    const auto time = std::exchange(m_running, {});
+    if (time <= time.zero())
+        return;
+    m_application.generation = m_generation;
+    m_owed[m_application] += time;
+    if (!m_window)
+        return;
+    m_window->generation = m_generation;
+    m_owed[*m_window] += time;
+}

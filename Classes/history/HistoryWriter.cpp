@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistoryWriter.h"
+
+#include <condition_variable>
+#include <mutex>
+
+namespace {
+
+// Six hours of a focus change each second, or a million characters of titles.
+constexpr std::size_t kMostWaiting = 20'000;
+constexpr qsizetype kMostText = 1'000'000;
+constexpr std::int64_t kHour = 3'600'000;
+
+bool areOfOneHour(const HistoryRow& a, const HistoryRow& b) {
+    return a.offset == b.offset &&
+           (a.start + a.offset * 60'000) / kHour == (b.start + b.offset * 60'000) / kHour;
+}
+
+} // namespace
+
+// What is written while somebody waits for it.
+struct HistoryWriter::Flight {
+    std::shared_ptr<HistoryBatch> batch;
+    std::optional<std::int64_t> oldest;
+    bool isRemoval = false;
+    bool isDone = false;
+    HistoryKeeper::Report report;
+};
+
+// The thread's as well, which may come back when there is nobody any more.
+struct HistoryWriter::Shared {
+    Shared(RunLoop& loop, const QString& path, HistoryWriter* writer)
+        : runLoop(loop)
+        , keeper(path)
+        , owner(writer) {}
+
+    void fly(const std::shared_ptr<Shared>& self, const std::shared_ptr<Flight>& flight) {
+        HistoryKeeper::Report report =
+            flight->isRemoval ? keeper.remove() : keeper.write(*flight->batch, flight->oldest);
+        const std::scoped_lock lock(mutex);
+        flight->report = std::move(report);
+        flight->isDone = true;
+        landed.notify_all();
+        if (owner)
+            runLoop.performSoon([self, flight] {
+                // On the main thread, where it also goes.
+                if (self->owner)
+                    self->owner->landed(flight);
+            });
+    }
+
+    RunLoop& runLoop;
+    // Of the one flight there is.
+    HistoryKeeper keeper;
+    std::mutex mutex;
+    std::condition_variable landed;
+    HistoryWriter* owner;
+};
+
+HistoryWriter::HistoryWriter(RunLoop& runLoop, const QString& path, Told told,
+                             BackgroundMove::Background background)
+    : m_runLoop(runLoop)
+    , m_told(std::move(told))
+    , m_background(std::move(background))
+    , m_shared(std::make_shared<Shared>(runLoop, path, this)) {}
+
+HistoryWriter::~HistoryWriter() {
+    const std::scoped_lock lock(m_shared->mutex);
+    m_shared->owner = nullptr;
+}
+
+HistoryBatch& HistoryWriter::next() {
+    const bool isOnItsWay = m_flight && !m_waiting.empty() && m_flight->batch == m_waiting.back();
+    if (m_waiting.empty() || isOnItsWay)
+        m_waiting.push_back(std::make_shared<HistoryBatch>());
+    return *m_waiting.back();
+}
+
+void HistoryWriter::change(HistoryChange::Any what) {
+    // Rows of before it go into the file before it.
+    if (!next().rows.empty())
+        m_waiting.push_back(std::make_shared<HistoryBatch>());
+    m_waiting.back()->changes.push_back(std::move(what));
+}
+
+void HistoryWriter::noteStore(HistoryChange::Any what) {
+    auto& changes = next().changes;
+    if (std::holds_alternative<HistoryChange::StorePlaced>(what))
+        std::erase_if(changes, [](const HistoryChange::Any& change) {
+            return std::holds_alternative<HistoryChange::StoreWhole>(change) ||
+                   std::holds_alternative<HistoryChange::StorePlaced>(change);
+        });
+    changes.push_back(std::move(what));
+}
+
+void HistoryWriter::write() {
+    for (const auto& batch : m_waiting)
+        if (!m_flight || batch != m_flight->batch)
+            shrink(*batch);
+    if (!m_flight)
+        start();
+}
+
+void HistoryWriter::start() {
+    if (m_waiting.empty() && !m_isToBeRemoved && !m_oldest)
+        return;
+    m_flight = std::make_shared<Flight>();
+    m_flight->isRemoval = std::exchange(m_isToBeRemoved, false);
+    if (!m_flight->isRemoval) {
+        next();
+        m_flight->batch = m_waiting.front();
+        m_flight->oldest = m_oldest;
+    }
+    m_background([shared = m_shared, flight = m_flight] { shared->fly(shared, flight); });
+}
+
+void HistoryWriter::landed(const std::shared_ptr<Flight>& flight) {
+    // At the end it was waited for.
+    if (flight != m_flight)
+        return;
+    settle(*flight);
+    m_told(flight->report);
+    if (flight->report.state == HistoryKeeper::State::Written && !m_flight)
+        start();
+}
+
+void HistoryWriter::settle(const Flight& flight) {
+    m_flight.reset();
+    if (flight.report.state != HistoryKeeper::State::Written)
+        return;
+    if (!m_waiting.empty() && m_waiting.front() == flight.batch)
+        m_waiting.pop_front();
+    if (!flight.isRemoval && m_oldest == flight.oldest)
+        m_oldest.reset();
+}
+
+void HistoryWriter::removeFile() {
+    m_waiting.clear();
+    m_isToBeRemoved = true;
+    write();
+}
+
+void HistoryWriter::finish(std::chrono::milliseconds limit) {
+    // Each is waited for in turn; a disk that hangs is given up at the first.
+    for (write(); m_flight; start()) {
+        std::unique_lock lock(m_shared->mutex);
+        const auto flight = m_flight;
+        if (!m_shared->landed.wait_for(lock, limit, [&] { return flight->isDone; }))
+            return;
+        lock.unlock();
+        settle(*flight);
+        if (flight->report.state != HistoryKeeper::State::Written)
+            return;
+    }
+}
+
+std::size_t HistoryWriter::waiting() const {
+    std::size_t count = 0;
+    for (const auto& batch : m_waiting)
+        count += batch->rows.size();
+    return count;
+}
+
+// Of two neighbours the longer one stands for both; the time stays what it was.
+void HistoryWriter::shrink(HistoryBatch& batch) {
+    qsizetype text = 0;
+    for (const auto& [serial, row] : batch.rows)
+        text += row.title.size();
+    if (text > kMostText)
+        for (auto& [serial, row] : batch.rows)
+            row.title.clear();
+    if (batch.rows.size() <= kMostWaiting)
+        return;
+    for (auto row = batch.rows.begin(); row != batch.rows.end();) {
+        auto& [serial, first] = *row;
+        const auto second = ++row;
+        if (second == batch.rows.end() || !areOfOneHour(first, second->second) ||
+            first.start + first.length != second->second.start)
+            continue;
+        const std::int64_t length = first.length + second->second.length;
+        if (second->second.length > first.length)
+            std::swap(first.program, second->second.program), std::swap(first.title, second->second.title),
+                std::swap(first.timer, second->second.timer),
+                std::swap(first.presence, second->second.presence);
+        first.length = length;
+        row = batch.rows.erase(second);
+    }
+    // Stretches that nothing joins are not measured by any clock there is.
+    while (batch.rows.size() > kMostWaiting)
+        batch.rows.erase(batch.rows.begin());
+}

@@ -1,0 +1,405 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/History.h"
+#include "Classes/TimeDatabase.h"
+#include "tests/fakes/Day.h"
+#include "tests/fakes/HistoryDiary.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+// A day with its account and its history on the disk. The thread that writes is this one.
+class Scene {
+public:
+    // Begins with the files of another, as they lay there when that one was killed.
+    explicit Scene(const Scene* killed = nullptr, std::int64_t days = 0) {
+        const QString folder = day.fakes.folders.applicationSupport;
+        EXPECT_TRUE(QDir().mkpath(folder));
+        if (killed) {
+            for (const QFileInfo& file :
+                 QDir(killed->day.fakes.folders.applicationSupport).entryInfoList(QDir::Files))
+                EXPECT_TRUE(QFile::copy(file.filePath(), folder + u'/' + file.fileName()));
+        }
+        day.fakes.defaults.setObject(kMinutesUntilIdle, 1);
+        if (days != 0)
+            day.fakes.defaults.setObject(kHistoryDays, days);
+    }
+
+    void launch() {
+        database.emplace(day.tracker, day.store, day.fakes.defaults, day.fakes.folders,
+                         TimeDatabase::Hooks());
+        database->loadMainStore();
+        history.emplace(History::Services{.tracker = day.tracker,
+                                          .database = *database,
+                                          .trouble = day.trouble,
+                                          .notifications = day.fakes.notifications,
+                                          .defaults = day.fakes.defaults,
+                                          .runLoop = day.fakes.runLoop,
+                                          .clock = day.fakes.clock,
+                                          .log = day.fakes.log},
+                        [this](const std::function<void()>& work) {
+                            ++writes;
+                            work();
+                        });
+        day.fakes.runLoop.runPending();
+    }
+
+    void save() {
+        ASSERT_TRUE(database->saveSettingsToDiskAtURL());
+        day.fakes.runLoop.runPending();
+    }
+
+    QString path() const { return History::pathIn(day.fakes.folders.applicationSupport); }
+
+    std::string diary() {
+        history->finish();
+        return HistoryDiary::of(path());
+    }
+
+    Day day;
+    std::optional<TimeDatabase> database;
+    std::optional<History> history;
+    int writes = 0;
+};
+
+class HistoryTest : public testing::Test {
+protected:
+    HistoryTest() { scene.launch(); }
+
+    // Killed and started again.
+    std::unique_ptr<Scene> relaunched(const Scene& killed) {
+        auto next = std::make_unique<Scene>(&killed);
+        next->launch();
+        return next;
+    }
+
+    Scene scene;
+    Day& day = scene.day;
+};
+
+TEST_F(HistoryTest, whatWasInFront_isInTheFile) {
+    day.start();
+    day.front("Mail", "(3) Inbox");
+    day.seconds(40);
+    day.retitle("(4) Inbox");
+    day.seconds(20);
+    day.front("Editor", "a.txt");
+    day.seconds(10);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 60, Editor [a.txt] 10");
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
+TEST_F(HistoryTest, anAbsence_beginsWithTheLastInput_andTheTreeHasTheMinutesBeforeTwice) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    day.idle(600);
+    day.seconds(10);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 100.075, Idle 599.925, Mail [Inbox] 10");
+    EXPECT_NEAR(day.secondsOf("Mail"), 100 + 64.5 + 10, 0.3);
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
+TEST_F(HistoryTest, whatIsStoppedOrSlept_isAGap) {
+    day.control.registerForSystemSleep(day.fakes.power);
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(10);
+    day.stop();
+    day.seconds(10);
+    day.start();
+    day.seconds(10);
+    day.asleep(3600);
+    day.seconds(10);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 10, Mail [Inbox] 10, Mail [Inbox] 10");
+}
+
+TEST_F(HistoryTest, aStretchThatRuns_isNeverMoreThanFifteenSecondsBehind) {
+    day.start();
+    day.front("Mail", "Inbox");
+    for (int i = 0; i < 40; ++i) {
+        day.seconds(5);
+        SqliteDatabase file(scene.path(), SqliteDatabase::Mode::Read, 0);
+        EXPECT_GE(file.number("SELECT ifnull(sum(length), 0) FROM stretches"), (i * 5 - 10) * 1000);
+    }
+}
+
+TEST_F(HistoryTest, aFocusChangeEachSecond_isWrittenFourTimesAMinute) {
+    day.start();
+    const auto live = [&](int seconds) {
+        for (int i = 0; i < seconds; ++i) {
+            day.front(i % 2 ? "Mail" : "Editor", "a");
+            day.seconds(1);
+        }
+    };
+    live(60);
+    const int before = scene.writes;
+    live(600);
+    EXPECT_LE(scene.writes - before, 42);
+}
+
+TEST_F(HistoryTest, whileNobodyIsThere_nothingIsWrittenAndNobodyWoken) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    day.idle(200);
+    const int before = scene.writes;
+    day.idle(36'000);
+    EXPECT_EQ(scene.writes, before);
+    day.stop();
+    day.advance(60);
+    const int stopped = scene.writes;
+    day.advance(36'000);
+    EXPECT_EQ(scene.writes, stopped);
+}
+
+TEST_F(HistoryTest, afterAKill_atMostFifteenSecondsAreMissing) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    day.seconds(100);
+    day.front("Editor", "a.txt");
+    day.seconds(300);
+    const auto second = relaunched(scene);
+    EXPECT_NEAR(second->day.secondsOf("Mail", "Inbox"), 200, 0.1);
+    EXPECT_GE(second->day.secondsOf("Editor", "a.txt"), 285);
+    EXPECT_LE(second->day.secondsOf("Editor", "a.txt"), 300.1);
+    EXPECT_EQ(second->day.node("Mail").uuid(), day.node("Mail").uuid());
+}
+
+TEST_F(HistoryTest, afterManyKills_nothingIsAddedTwice) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    day.seconds(60);
+    auto last = relaunched(scene);
+    last = relaunched(*last);
+    const double got = last->day.secondsOf("Mail", "Inbox");
+    EXPECT_LE(got, 160.1);
+    EXPECT_GE(got, 145);
+    last->day.start();
+    last->day.front("Mail", "Inbox");
+    last->day.seconds(30);
+    last = relaunched(*last);
+    EXPECT_LE(last->day.secondsOf("Mail", "Inbox"), got + 30.1);
+    EXPECT_GE(last->day.secondsOf("Mail", "Inbox"), got + 15);
+    const double before = last->day.secondsOf("Mail", "Inbox");
+    last->save();
+    last = relaunched(*last);
+    EXPECT_NEAR(last->day.secondsOf("Mail", "Inbox"), before, 0.001);
+}
+
+TEST_F(HistoryTest, beforeTheFirstSave_aKillCostsNoMore) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    const auto second = relaunched(scene);
+    EXPECT_GE(second->day.secondsOf("Mail", "Inbox"), 85);
+}
+
+TEST_F(HistoryTest, theIdleTimeOfBefore_isMadeUpForAsWell) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    day.idle(600);
+    day.seconds(40);
+    const auto second = relaunched(scene);
+    EXPECT_NEAR(second->day.secondsOf("Idle"), day.secondsOf("Idle"), 1.2);
+    EXPECT_NEAR(second->day.secondsOf("Mail"), day.secondsOf("Mail"), 15);
+    EXPECT_LE(second->day.secondsOf("Mail"), day.secondsOf("Mail") + 0.1);
+}
+
+TEST_F(HistoryTest, anOlderStoreThatIsPutBack_getsNothing) {
+    const QString store = scene.database->mainStoreURL();
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    ASSERT_TRUE(QFile::copy(store, store + QStringLiteral(".old")));
+    day.seconds(100);
+    scene.save();
+    day.seconds(100);
+    ASSERT_TRUE(QFile::remove(store));
+    ASSERT_TRUE(QFile::rename(store + QStringLiteral(".old"), store));
+    auto last = relaunched(scene);
+    EXPECT_NEAR(last->day.secondsOf("Mail", "Inbox"), 100, 0.1);
+    // From now on it is the store.
+    last->day.start();
+    last->day.front("Mail", "Inbox");
+    last->day.seconds(60);
+    last = relaunched(*last);
+    EXPECT_GE(last->day.secondsOf("Mail", "Inbox"), 145);
+    EXPECT_LE(last->day.secondsOf("Mail", "Inbox"), 160.1);
+}
+
+TEST_F(HistoryTest, withoutItsHistory_aStoreIsWhatItIs) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    day.seconds(100);
+    for (const QFileInfo& file :
+         QFileInfo(scene.path()).dir().entryInfoList({QStringLiteral("History*")}, QDir::Files))
+        ASSERT_TRUE(QFile::remove(file.filePath()));
+    const auto second = relaunched(scene);
+    EXPECT_NEAR(second->day.secondsOf("Mail", "Inbox"), 100, 0.1);
+    EXPECT_TRUE(QFileInfo(second->path()).isFile());
+}
+
+TEST_F(HistoryTest, clearingTheTimers_leavesTheHistory) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    day.tracker.reset();
+    day.seconds(20);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 60");
+}
+
+TEST_F(HistoryTest, aDeletedTimersPast_isForgotten_andComesBackWithIt) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    day.front("Editor", "a.txt");
+    day.seconds(20);
+    const TimerReferences mail = day.tracker.referencesTo({day.node("Mail").shared_from_this()});
+    const PropertyListArray records = day.tracker.recordsOf(mail);
+    day.tracker.removeTimers(mail);
+    EXPECT_EQ(scene.diary(), "Editor [a.txt] 20");
+    day.tracker.putBack(records);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 40, Editor [a.txt] 20");
+    day.tracker.removeTimers(mail);
+    scene.save();
+    const auto second = relaunched(scene);
+    second->history->finish();
+    EXPECT_EQ(HistoryDiary::of(second->path()), "Editor [a.txt] 20");
+    EXPECT_EQ(HistoryDiary::flaws(second->path()), QStringList());
+    EXPECT_FALSE(HistoryDiary::holdsText(second->path(), QStringLiteral("Inbox")));
+}
+
+TEST_F(HistoryTest, aFrozenTimer_takesItsPastAlong) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    const auto before = day.node("Mail", "Inbox").uuid().value();
+    FrozenTimer frozen = day.tracker.branchNode(day.node("Mail", "Inbox"));
+    const Identity after = frozen.own().after;
+    day.seconds(20);
+    const auto fresh = day.node("Mail", "Inbox").uuid().value();
+    const auto timeOf = [&](const Identity& window) {
+        scene.history->finish();
+        SqliteDatabase file(scene.path(), SqliteDatabase::Mode::Read, 0);
+        SqliteQuery row(file,
+                        "SELECT sum(length) FROM days JOIN timers ON timers.id = timer WHERE window = ?",
+                        window.bytes());
+        return row.next() ? row.integer(0) : 0;
+    };
+    EXPECT_EQ(timeOf(after), 40'000);
+    EXPECT_EQ(timeOf(fresh), 20'000);
+    day.tracker.unbranchNode(frozen);
+    EXPECT_EQ(timeOf(before), 60'000);
+}
+
+TEST_F(HistoryTest, whatIsForgotten_isInNoFile_andWhatFollowsIsKept) {
+    day.start();
+    day.front("Browser", "Very private");
+    day.seconds(40);
+    scene.history->forget({.program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}});
+    day.front("Mail", "Inbox");
+    day.seconds(20);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 20");
+    EXPECT_FALSE(HistoryDiary::holdsText(scene.path(), QStringLiteral("Very private")));
+}
+
+TEST_F(HistoryTest, onADiskThatTakesNothing_itWaitsAndIsTold) {
+    Scene another;
+    ASSERT_TRUE(QDir().mkdir(another.path()));
+    another.launch();
+    another.day.start();
+    another.day.front("Mail", "Inbox");
+    another.day.seconds(100);
+    EXPECT_TRUE(another.day.trouble.text().contains(QLatin1String("History.sqlite")));
+    ASSERT_TRUE(QDir().rmdir(another.path()));
+    another.day.seconds(100);
+    EXPECT_TRUE(another.day.trouble.text().isEmpty()) << qPrintable(another.day.trouble.text());
+    EXPECT_EQ(another.diary(), "Mail [Inbox] 200");
+}
+
+TEST_F(HistoryTest, whatWaits_isBounded) {
+    Scene another;
+    ASSERT_TRUE(QDir().mkdir(another.path()));
+    another.launch();
+    another.day.start();
+    another.day.fakes.idleTime.isBusy = true;
+    for (int i = 0; i < 25'000; ++i) {
+        another.day.front(i % 2 ? "Mail" : "Editor", i % 3 ? "a" : "b");
+        another.day.advance(0.3);
+    }
+    ASSERT_TRUE(QDir().rmdir(another.path()));
+    another.history->finish();
+    SqliteDatabase file(another.path(), SqliteDatabase::Mode::Read, 0);
+    EXPECT_LE(file.number("SELECT count(*) FROM stretches"), 21'000);
+    EXPECT_NEAR(double(file.number("SELECT sum(length) FROM stretches")), 25'000 * 300.0, 1000);
+}
+
+TEST_F(HistoryTest, aNewerVersionsFile_isToldAndLeftAlone) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    scene.history->finish();
+    Scene another(&scene);
+    {
+        SqliteDatabase file(another.path(), SqliteDatabase::Mode::ReadWrite, 0);
+        file.execute("PRAGMA user_version = 99");
+    }
+    another.launch();
+    EXPECT_TRUE(another.day.trouble.text().contains(QLatin1String("newer version")));
+    another.day.start();
+    another.day.front("Mail", "Inbox");
+    another.day.seconds(40);
+    another.history->finish();
+    EXPECT_EQ(HistoryDiary::of(another.path()), "Mail [Inbox] 40");
+}
+
+TEST_F(HistoryTest, keptNotAtAll_thereIsNoFile) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    ASSERT_TRUE(QFileInfo::exists(scene.path()));
+    day.fakes.defaults.setObject(kHistoryDays, -1);
+    day.seconds(40);
+    EXPECT_FALSE(QFileInfo::exists(scene.path()));
+    day.fakes.defaults.setObject(kHistoryDays, 0);
+    day.seconds(40);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 40");
+    Scene another(nullptr, -1);
+    another.launch();
+    another.day.start();
+    another.day.front("Mail", "Inbox");
+    another.day.seconds(40);
+    EXPECT_FALSE(QFileInfo::exists(another.path()));
+}
+
+TEST_F(HistoryTest, keptForAYear_whatIsOlderGoes) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    day.stop();
+    day.fakes.clock.sleepFor(std::chrono::hours(24) * 400);
+    day.start();
+    day.seconds(20);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 40, Mail [Inbox] 20");
+    day.fakes.defaults.setObject(kHistoryDays, 365);
+    day.seconds(20);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 40");
+}
+
+} // namespace
