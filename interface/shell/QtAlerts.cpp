@@ -214,6 +214,8 @@ bool QtAlerts::waitFor(const QString& message, const std::function<double()>& do
     // Ends with the program too.
     QEventLoop loop;
     QObject::connect(&dialog, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
+    // Escape before the panel is the active window: it is put away, and says no more.
+    QObject::connect(&dialog, &QDialog::rejected, &loop, &QEventLoop::quit);
     QTimer looks;
     QObject::connect(&looks, &QTimer::timeout, &dialog, [&] {
         const double part = done();

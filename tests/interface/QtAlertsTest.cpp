@@ -157,6 +157,14 @@ TEST_F(QtAlertsTest, workThatTakesLong_isShownAndGivenUpByEscape) {
     EXPECT_TRUE(isSeen);
 }
 
+TEST_F(QtAlertsTest, aPanelThatIsPutAwayInAnotherWay_givesUpAsWell) {
+    EXPECT_FALSE(alerts.waitFor(QStringLiteral("Importing…"), [&] {
+        if (auto* panel = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()))
+            panel->reject();
+        return 0.3;
+    }));
+}
+
 TEST_F(QtAlertsTest, theProgramEnding_endsTheWaiting) {
     QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
     EXPECT_FALSE(alerts.waitFor(QStringLiteral("Importing…"), [] { return 0.3; }));
