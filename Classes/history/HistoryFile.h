@@ -23,8 +23,8 @@ public:
 
     // All of it or nothing, with the sums.
     void write(const HistoryBatch& batch, Written& written);
-    // Takes what is deleted out, and what is older than `before` (milliseconds since 1970), and makes room.
-    void sweep(std::optional<std::int64_t> before);
+    // Takes out what is older than `before` (milliseconds since 1970), and what is deleted if that is not to come back.
+    void sweep(std::optional<std::int64_t> before, bool isDeletedToGo);
     // Days begin at this hour of the clock, from 0 to 23, from now on and in the past.
     void setDayBegin(int hour);
 

@@ -107,9 +107,10 @@ void HistoryFile::dropUnused() {
     sqliteRun(m_database, "DELETE FROM timers WHERE id <> 0 AND id NOT IN (SELECT timer FROM days)");
 }
 
-void HistoryFile::sweep(std::optional<std::int64_t> before) {
+void HistoryFile::sweep(std::optional<std::int64_t> before, bool isDeletedToGo) {
     SqliteTransaction transaction(m_database);
-    const bool hasDeleted = m_database.number("SELECT count(*) FROM timers WHERE deleted") > 0;
+    const bool hasDeleted =
+        isDeletedToGo && m_database.number("SELECT count(*) FROM timers WHERE deleted") > 0;
     if (hasDeleted) {
         sqliteRun(m_database, "DELETE FROM stretches WHERE timer IN (SELECT id FROM timers WHERE deleted)");
         sqliteRun(m_database, "DELETE FROM days WHERE timer IN (SELECT id FROM timers WHERE deleted)");

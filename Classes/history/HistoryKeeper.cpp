@@ -42,11 +42,12 @@ void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_
     // Somebody has removed it, or put another in its place.
     if (m_file && m_file->hasMoved())
         m_file.reset();
-    const bool isFirst = !m_file;
-    if (isFirst)
+    if (!m_file)
         m_file.emplace(m_path);
-    if (isFirst || oldest)
-        m_file->sweep(oldest);
+    // What is deleted can be brought back as long as this program runs.
+    if (!m_isSwept || oldest)
+        m_file->sweep(oldest, !m_isSwept);
+    m_isSwept = true;
     if (!batch.isEmpty())
         m_file->write(batch, m_written);
 }
@@ -72,4 +73,9 @@ HistoryKeeper::Report HistoryKeeper::remove() {
             report.why = QStringLiteral("%1: cannot be removed").arg(path);
         }
     return report;
+}
+
+HistoryKeeper::Report HistoryKeeper::close() {
+    m_file.reset();
+    return {};
 }

@@ -25,6 +25,8 @@ public:
     Report write(const HistoryBatch& batch, std::optional<std::int64_t> oldest = std::nullopt);
     // Removes the file and what belongs to it, so that there is none.
     Report remove();
+    // Has all of it in the one file, with nothing beside it, until it is written to again. Other programs may hinder that.
+    Report close();
 
 private:
     void attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest);
@@ -33,4 +35,5 @@ private:
     QString m_path;
     std::optional<HistoryFile> m_file;
     HistoryFile::Written m_written;
+    bool m_isSwept = false;
 };

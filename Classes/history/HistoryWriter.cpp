@@ -20,9 +20,21 @@ bool areOfOneHour(const HistoryRow& a, const HistoryRow& b) {
 
 // What is written while somebody waits for it.
 struct HistoryWriter::Flight {
+    HistoryKeeper::Report doneBy(HistoryKeeper& keeper) const {
+        switch (work) {
+        case Work::Write:
+            return keeper.write(*batch, oldest);
+        case Work::Remove:
+            return keeper.remove();
+        case Work::Close:
+            break;
+        }
+        return keeper.close();
+    }
+
+    Work work;
     std::shared_ptr<HistoryBatch> batch;
     std::optional<std::int64_t> oldest;
-    bool isRemoval = false;
     bool isDone = false;
     HistoryKeeper::Report report;
 };
@@ -35,8 +47,7 @@ struct HistoryWriter::Shared {
         , owner(writer) {}
 
     void fly(const std::shared_ptr<Shared>& self, const std::shared_ptr<Flight>& flight) {
-        HistoryKeeper::Report report =
-            flight->isRemoval ? keeper.remove() : keeper.write(*flight->batch, flight->oldest);
+        HistoryKeeper::Report report = flight->doneBy(keeper);
         const std::scoped_lock lock(mutex);
         flight->report = std::move(report);
         flight->isDone = true;
@@ -104,10 +115,15 @@ void HistoryWriter::write() {
 void HistoryWriter::start() {
     if (m_waiting.empty() && !m_isToBeRemoved && !m_oldest)
         return;
-    m_flight = std::make_shared<Flight>();
-    m_flight->isRemoval = std::exchange(m_isToBeRemoved, false);
-    if (!m_flight->isRemoval) {
+    fly(std::exchange(m_isToBeRemoved, false) ? Work::Remove : Work::Write);
+}
+
+void HistoryWriter::fly(Work work) {
+    if (work == Work::Write)
         next();
+    m_flight = std::make_shared<Flight>();
+    m_flight->work = work;
+    if (work == Work::Write) {
         m_flight->batch = m_waiting.front();
         m_flight->oldest = m_oldest;
     }
@@ -130,7 +146,7 @@ void HistoryWriter::settle(const Flight& flight) {
         return;
     if (!m_waiting.empty() && m_waiting.front() == flight.batch)
         m_waiting.pop_front();
-    if (!flight.isRemoval && m_oldest == flight.oldest)
+    if (flight.work == Work::Write && m_oldest == flight.oldest)
         m_oldest.reset();
 }
 
@@ -141,17 +157,22 @@ void HistoryWriter::removeFile() {
 }
 
 void HistoryWriter::finish(std::chrono::milliseconds limit) {
-    // Each is waited for in turn; a disk that hangs is given up at the first.
-    for (write(); m_flight; start()) {
-        std::unique_lock lock(m_shared->mutex);
-        const auto flight = m_flight;
-        if (!m_shared->landed.wait_for(lock, limit, [&] { return flight->isDone; }))
+    for (write(); m_flight; start())
+        if (!await(limit))
             return;
-        lock.unlock();
-        settle(*flight);
-        if (flight->report.state != HistoryKeeper::State::Written)
-            return;
-    }
+    fly(Work::Close);
+    await(limit);
+}
+
+// Whether what is on its way has been written. A disk that hangs is given up.
+bool HistoryWriter::await(std::chrono::milliseconds limit) {
+    const auto flight = m_flight;
+    std::unique_lock lock(m_shared->mutex);
+    if (!m_shared->landed.wait_for(lock, limit, [&] { return flight->isDone; }))
+        return false;
+    lock.unlock();
+    settle(*flight);
+    return flight->report.state == HistoryKeeper::State::Written;
 }
 
 std::size_t HistoryWriter::waiting() const {

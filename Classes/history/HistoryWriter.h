@@ -31,17 +31,20 @@ public:
     void write();
     // Forgets what waits, and removes the file when what is on its way has been written.
     void removeFile();
-    // Writes what waits, at the end of the program, as far as that takes no longer than `limit`.
+    // Writes what waits and closes the file, at the end of the program, as far as the disk answers within `limit` each time.
     void finish(std::chrono::milliseconds limit);
 
     // Rows that wait.
     std::size_t waiting() const;
 
 private:
+    enum class Work { Write, Remove, Close };
     struct Flight;
     struct Shared;
 
     void start();
+    void fly(Work work);
+    bool await(std::chrono::milliseconds limit);
     void landed(const std::shared_ptr<Flight>& flight);
     void settle(const Flight& flight);
     static void shrink(HistoryBatch& batch);

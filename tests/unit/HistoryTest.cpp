@@ -255,6 +255,19 @@ TEST_F(HistoryTest, withoutItsHistory_aStoreIsWhatItIs) {
     EXPECT_TRUE(QFileInfo(second->path()).isFile());
 }
 
+TEST_F(HistoryTest, endedInGoodOrder_allOfItIsInOneFile) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(40);
+    scene.history->finish();
+    const QDir folder = QFileInfo(scene.path()).dir();
+    EXPECT_EQ(folder.entryList({QStringLiteral("History*")}, QDir::Files),
+              QStringList(QStringLiteral("History.sqlite")));
+    // The session's end was called off.
+    day.seconds(20);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 60");
+}
+
 TEST_F(HistoryTest, clearingTheTimers_leavesTheHistory) {
     day.start();
     day.front("Mail", "Inbox");
