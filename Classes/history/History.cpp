@@ -19,6 +19,8 @@ constexpr auto kBetweenTries = 60s;
 constexpr auto kLongestEnd = 2000ms;
 constexpr std::int64_t kDay = 86'400'000;
 constexpr std::size_t kManyWaiting = 5000;
+// A disk that has not answered for so many writes hangs.
+constexpr int kHangs = 4;
 
 const QString kFileName = QStringLiteral("History.sqlite");
 
@@ -189,7 +191,16 @@ void History::write() {
         std::chrono::floor<std::chrono::milliseconds>(m_services.clock.now()).time_since_epoch().count();
     if (m_days > 0 && std::exchange(m_sweptOn, now / kDay) != now / kDay)
         m_writer.setOldest(now - m_days * kDay);
+    noteWhetherHeldUp();
     m_writer.write();
+}
+
+// The disk is asked nothing about it here: that would hang as well.
+void History::noteWhetherHeldUp() {
+    m_heldUp = m_writer.isWriting() ? m_heldUp + 1 : 0;
+    if (m_heldUp >= kHangs)
+        m_services.trouble.tell(Trouble::HistoryUnwritten,
+                                AccountTrouble::about(localized("“%@” cannot be saved."), m_path));
 }
 
 void History::told(const HistoryKeeper::Report& report) {
@@ -215,9 +226,11 @@ void History::told(const HistoryKeeper::Report& report) {
         m_nextWrite.reset();
         return;
     }
+    const bool isSaid = std::exchange(m_why, report.why) == report.why;
     if (report.state == HistoryKeeper::State::Written)
         return trouble.end(Trouble::HistoryUnwritten);
-    m_services.log.log(QStringLiteral("The history could not be written: ") + report.why);
+    if (!isSaid)
+        m_services.log.log(QStringLiteral("The history could not be written: ") + report.why);
     trouble.tell(Trouble::HistoryUnwritten, AccountTrouble::unwritten(m_path));
     // Nobody may be there to bring anything new.
     m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenTries, [this] { write(); });

@@ -64,6 +64,7 @@ private:
     void renamed(const FrozenIdentities& identities);
     void deleted(const TimerReferences& timers, bool isDeleted);
     void write();
+    void noteWhetherHeldUp();
     void newsHasCome();
     void told(const HistoryKeeper::Report& report);
 
@@ -76,6 +77,10 @@ private:
     std::int64_t m_days = 0;
     // The day for which what is too old was last taken out.
     std::int64_t m_sweptOn = 0;
+    // How often in a row there was something to be written while the last was still on its way.
+    int m_heldUp = 0;
+    // Why it could not be written last; empty while it can.
+    QString m_why;
     std::unique_ptr<RunLoopTimer> m_nextWrite;
     Subscription m_settings;
 };

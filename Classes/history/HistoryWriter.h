@@ -34,6 +34,8 @@ public:
     // Writes what waits and closes the file, at the end of the program, as far as the disk answers within `limit` each time.
     void finish(std::chrono::milliseconds limit);
 
+    // Whether something is being written at the moment.
+    bool isWriting() const { return m_flight != nullptr; }
     // Rows that wait.
     std::size_t waiting() const;
 

@@ -45,7 +45,10 @@ public:
                                           .log = day.fakes.log},
                         [this](const std::function<void()>& work) {
                             ++writes;
-                            work();
+                            if (isHanging)
+                                held.push_back(work);
+                            else
+                                work();
                         });
         day.fakes.runLoop.runPending();
     }
@@ -66,6 +69,9 @@ public:
     std::optional<TimeDatabase> database;
     std::optional<History> history;
     int writes = 0;
+    // A disk that does not answer, and what waits for it.
+    bool isHanging = false;
+    std::vector<std::function<void()>> held;
 };
 
 class HistoryTest : public testing::Test {
@@ -344,6 +350,20 @@ TEST_F(HistoryTest, onADiskThatTakesNothing_itWaitsAndIsTold) {
     another.day.seconds(100);
     EXPECT_TRUE(another.day.trouble.text().isEmpty()) << qPrintable(another.day.trouble.text());
     EXPECT_EQ(another.diary(), "Mail [Inbox] 200");
+}
+
+TEST_F(HistoryTest, onADiskThatHangs_itWaitsAndIsTold) {
+    day.start();
+    day.front("Mail", "Inbox");
+    scene.isHanging = true;
+    day.seconds(300);
+    EXPECT_EQ(scene.held.size(), 1U);
+    EXPECT_TRUE(day.trouble.text().contains(QLatin1String("History.sqlite")));
+    scene.isHanging = false;
+    scene.held.front()();
+    day.seconds(10);
+    EXPECT_TRUE(day.trouble.text().isEmpty()) << qPrintable(day.trouble.text());
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 310");
 }
 
 TEST_F(HistoryTest, whatWaits_isBounded) {
