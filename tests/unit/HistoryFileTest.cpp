@@ -8,7 +8,9 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -135,6 +137,16 @@ TEST_F(HistoryFileTest, aDeletedTimersPast_comesBackUntilTheNextLaunch) {
     EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Private")));
 }
 
+TEST_F(HistoryFileTest, aNameThatComesBack_hasAPastOfItsOwn) {
+    write({{1, row(kNine, 1000, "Mail", "Inbox", {kMail, kInbox})}});
+    change(HistoryChange::Deleted{{{kMail, std::nullopt}}, true});
+    write({{2, row(kNine + 1000, 2000, "Mail", "Inbox", {kMail, kInbox})}});
+    EXPECT_EQ(diary(), "Mail [Inbox] 2");
+    reopen();
+    write({});
+    EXPECT_EQ(diary(), "Mail [Inbox] 2");
+}
+
 TEST_F(HistoryFileTest, whatIsForgotten_isInNoFile) {
     for (std::uint64_t i = 0; i < 300; ++i)
         write({{i, row(kNine + std::int64_t(i) * 1000, 1000, i % 2 ? "Mail" : "Browser",
@@ -210,6 +222,54 @@ TEST_F(HistoryFileTest, aFolderInItsPlace_isTold) {
     ASSERT_TRUE(QDir().rmdir(path));
     EXPECT_EQ(write({{1, row(kNine, 1000, "Mail", "Inbox")}}).state, State::Written);
     EXPECT_EQ(diary(), "Mail [Inbox] 1");
+}
+
+// No file may become larger, as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(qint64 size) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = rlim_t(size);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(HistoryFileTest, whatAFullDiskRefuses_isWrittenWholeLater) {
+    write({{1, row(kNine, 1000, "Mail", "Inbox")}});
+    std::map<std::uint64_t, HistoryRow> rows;
+    for (std::uint64_t i = 1; i < 2000; ++i)
+        rows[i] = row(kNine + std::int64_t(i) * 1000 - 1000, 1000, "Mail",
+                      qPrintable(QStringLiteral("A title of some length %1").arg(i)));
+    int refusals = 0;
+    for (qint64 size = 60'000; size < 1'000'000; size += 40'000) {
+        const FullDisk disk(size);
+        refusals += write(rows).state == State::Unwritten;
+    }
+    EXPECT_GT(refusals, 2);
+    EXPECT_EQ(write(rows).state, State::Written);
+    EXPECT_EQ(byHand().number("SELECT sum(length) FROM stretches"), 1'999'000);
+    EXPECT_EQ(byHand().number("SELECT count(*) FROM stretches"), 1999);
+}
+
+TEST_F(HistoryFileTest, twoPrograms_writeInTurn) {
+    HistoryKeeper other(path);
+    for (std::int64_t i = 0; i < 20; ++i) {
+        write({{std::uint64_t(i), row(kNine + i * 2000, 1000, "Mail", "Inbox")}});
+        EXPECT_EQ(other
+                      .write({.changes = {},
+                              .rows = {{std::uint64_t(i), row(kNine + i * 2000 + 1000, 1000, "Editor")}},
+                              .owed = {},
+                              .settledBefore = 0})
+                      .state,
+                  State::Written);
+    }
+    EXPECT_EQ(HistoryDiary::sums(path), "Editor 20, Mail [Inbox] 20");
 }
 
 TEST_F(HistoryFileTest, aFileThatIsTakenAway_isMadeAnew) {
