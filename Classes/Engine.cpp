@@ -19,11 +19,21 @@ Engine::Engine(Platform& platform, Hooks hooks)
                  platform.runLoop, platform.log)
     , m_idleTime(platform.idleTime, platform.clock, platform.log, std::move(hooks.exit))
     , m_storeServices{m_registry, platform.notifications, platform.runLoop, platform.log, m_trouble}
-    , m_activityServices{platform.frontApplication, platform.windowList, platform.accessibility,
-                         platform.runLoop,          platform.clock,      platform.log}
+    , m_activityServices{platform.frontApplication,
+                         platform.windowList,
+                         platform.accessibility,
+                         platform.runLoop,
+                         platform.clock,
+                         platform.log,
+                         &m_titleRules}
     , m_trackerServices{m_storeServices, m_activityServices, platform.defaults,
                         m_idleTime,      platform.sandbox,   std::move(hooks.checkAccessibilityTrust)}
     , m_tracker(m_trackerServices, hooks.makeActivator) {
+    m_titleRules.read(platform.defaults.object(kTitleRules));
+    m_settings = platform.notifications.observe(kUserDefaultsDidChangeNotification,
+                                                [this, &defaults = platform.defaults](const Notification&) {
+                                                    m_titleRules.read(defaults.object(kTitleRules));
+                                                });
     m_settingsFile = platform.notifications.observe(
         kUserDefaultsFileNotification,
         [this, &defaults = platform.defaults](const Notification&) { tellSettings(defaults); });

@@ -5,6 +5,7 @@
 #include "Classes/SystemIdleTime.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimeTracker.h"
+#include "Classes/TitleRules.h"
 #include "platform/Platform.h"
 
 // The store and the tracker, put together from what the desktop offers. Everything in it lives as long as the process;
@@ -37,8 +38,10 @@ private:
     TKUUIDManager m_registry;
     SystemIdleTime m_idleTime;
     TimeStoreServices m_storeServices;
+    TitleRules m_titleRules;
     ActivityServices m_activityServices;
     TrackerServices m_trackerServices;
     TimeTracker m_tracker;
     Subscription m_settingsFile;
+    Subscription m_settings;
 };

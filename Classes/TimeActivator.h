@@ -14,6 +14,7 @@
 #include <optional>
 
 class TimeTracker;
+class TitleRules;
 
 inline constexpr ObservedKey kIsAXEnabledKey{"isAXEnabled"};
 
@@ -25,6 +26,8 @@ struct ActivityServices {
     RunLoop& runLoop;
     Clock& clock;
     SystemLog& log;
+    // What may be known of titles. Null: everything.
+    const TitleRules* titleRules = nullptr;
 };
 
 // Who is called at every tick while it is attached to a source.

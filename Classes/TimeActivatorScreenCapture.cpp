@@ -2,6 +2,7 @@
 #include "Classes/TimeActivatorScreenCapture.h"
 
 #include "Classes/TimeTracker.h"
+#include "Classes/TitleRules.h"
 
 #include <algorithm>
 
@@ -41,7 +42,7 @@ void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::i
         m_lastUpdateWindowDict.reset();
         return;
     }
-    const QString& title = front->name ? *front->name : front->ownerName;
+    const QString& title = allowedTitleOf(*front);
     if (title != m_windowUpdatingName) {
         const bool isSameWindow = m_lastUpdateWindowDict && m_lastUpdateWindowDict->number == front->number &&
                                   m_lastUpdateWindowDict->ownerProcessIdentifier == processIdentifier;
@@ -51,6 +52,16 @@ void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::i
     }
     if (m_lastUpdateWindowDict != *front)
         m_lastUpdateWindowDict = *front;
+}
+
+const QString& TimeActivatorScreenCapture::allowedTitleOf(const WindowListEntry& window) {
+    const QString& told = window.name ? *window.name : window.ownerName;
+    const TitleRules* rules = services().titleRules;
+    if (!rules)
+        return told;
+    if (told != m_gate.told || window.ownerName != m_gate.program || rules->reading() != m_gate.reading)
+        m_gate = {told, window.ownerName, rules->reading(), rules->allowed(window.ownerName, told)};
+    return m_gate.allowed;
 }
 
 void TimeActivatorScreenCapture::computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) {

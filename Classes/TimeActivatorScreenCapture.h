@@ -33,11 +33,20 @@ public:
 
 private:
     void setWindowUpdatingName(const std::optional<QString>& title);
+    const QString& allowedTitleOf(const WindowListEntry& window);
 
     std::optional<QString> m_windowUpdatingName;
     // The document in that title: the tick asks for it every time, the title changes seldom.
     std::optional<QString> m_documentName;
     std::optional<WindowListEntry> m_lastUpdateWindowDict;
+    // A title as the desktop tells it, whose it is, and what may be known of it: the rules are asked when one is new.
+    struct Gate {
+        QString told;
+        QString program;
+        int reading = 0;
+        QString allowed;
+    };
+    Gate m_gate;
     // Not owned. Its presence is what a valid compute timer means here.
     ComputeTarget* m_updateController = nullptr;
     std::unique_ptr<RunLoopTimer> m_pollTimer;

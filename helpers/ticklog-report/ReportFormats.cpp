@@ -167,7 +167,9 @@ QByteArray json(const Report& report) {
 QByteArray ics(const Report& report, const QDateTime& now) {
     QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Ticklog//ticklog-report//EN\r\n";
     for (const ReportLine& line : report.lines())
-        text += event(line, now.toMSecsSinceEpoch());
+        // To the second, as calendars count: an event must end after it has begun.
+        if (line.milliseconds >= 1000)
+            text += event(line, now.toMSecsSinceEpoch());
     return text + "END:VCALENDAR\r\n";
 }
 

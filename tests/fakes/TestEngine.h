@@ -5,6 +5,7 @@
 #include "Classes/SystemIdleTime.h"
 #include "Classes/TKUUIDManager.h"
 #include "Classes/TimerControl.h"
+#include "Classes/TitleRules.h"
 #include "tests/fakes/FakePlatform.h"
 
 // Shows nothing and remembers what it was told.
@@ -41,8 +42,14 @@ struct TestEngine {
                            fakes.log};
     AccountTrouble trouble;
     TimeStoreServices store{registry, fakes.notifications, fakes.runLoop, fakes.log, trouble};
-    ActivityServices activity{fakes.frontApplication, fakes.windowList, fakes.accessibility,
-                              fakes.runLoop,          fakes.clock,      fakes.log};
+    TitleRules titleRules;
+    ActivityServices activity{fakes.frontApplication,
+                              fakes.windowList,
+                              fakes.accessibility,
+                              fakes.runLoop,
+                              fakes.clock,
+                              fakes.log,
+                              &titleRules};
     // The statuses with which the process would have ended.
     std::vector<int> exits;
     SystemIdleTime idleTime{fakes.idleTime, fakes.clock, fakes.log,

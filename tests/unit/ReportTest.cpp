@@ -31,11 +31,11 @@ public:
 class ReportTest : public testing::Test {
 protected:
     // Begins at this time of 20 November in UTC.
-    void add(const char* time, qint64 seconds, const char* program, const char* title,
+    void add(const char* time, double seconds, const char* program, const char* title,
              RecordedStretch::Presence presence = RecordedStretch::Presence::Work) {
         const QDateTime start(QDate(2026, 11, 20), QTime::fromString(QString::fromLatin1(time)),
                               QTimeZone::utc());
-        m_stretches.push_back({start.toMSecsSinceEpoch(), seconds * 1000, m_offset,
+        m_stretches.push_back({start.toMSecsSinceEpoch(), qint64(seconds * 1000), m_offset,
                                numberIn(m_names.programs, program), numberIn(m_names.titles, title),
                                numberIn(m_timers, QByteArray(program) + '/' + title), presence});
     }
@@ -187,8 +187,10 @@ TEST_F(ReportTest, aCalendar_hasAnEventAStretchInShortLines) {
     const QByteArray title = QStringLiteral("ünï; ").repeated(30).toUtf8();
     add("09:00:00", 60, "Mail", title.constData());
     addToProject("Mail", title.constData(), "Meier, Ltd.");
+    add("09:01:00", 0.5, "Editor", "a.txt");
     const QByteArray text = QByteArray::fromStdString(report({QStringLiteral("--format=ics")}));
     EXPECT_TRUE(text.startsWith("BEGIN:VCALENDAR\r\n"));
+    EXPECT_EQ(text.count("BEGIN:VEVENT"), 1) << "half a second is no event";
     EXPECT_TRUE(text.contains("DTSTART:20261120T090000Z\r\nDTEND:20261120T090100Z\r\n"));
     EXPECT_TRUE(text.contains("CATEGORIES:Meier\\, Ltd.\r\n"));
     for (const QByteArray& line : text.split('\n')) {

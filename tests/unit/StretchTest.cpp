@@ -85,9 +85,9 @@ TEST_F(StretchTest, theTitle_isToldWholeAndAsItWasAtItsTime) {
 
 TEST_F(StretchTest, aTitleThatNamesNoDocument_isToldWithoutAWindow) {
     m_day.start();
-    m_day.front("Browser", "(private)");
+    m_day.front("Browser", "(untitled)");
     m_day.seconds(4);
-    EXPECT_EQ(m_diary.text(), "Browser [(private)] - 4");
+    EXPECT_EQ(m_diary.text(), "Browser [(untitled)] - 4");
 }
 
 TEST_F(StretchTest, anAbsence_isToldFromTheLastInputAndThenAsIdle) {
