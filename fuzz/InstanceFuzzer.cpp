@@ -78,7 +78,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     for (int turn = 0; turn < 100 && host.heard == before && isShort; ++turn)
         QCoreApplication::processEvents();
     // Whoever says little enough is heard, unless the machine was too busy for that, and all places are free again.
-    const bool isInTime = watch.elapsed() < kGuestPatienceMs;
+    // Timers of this length may come a twentieth early.
+    const bool isInTime = watch.elapsed() < kGuestPatienceMs * 9 / 10;
     if ((isShort && isInTime && host.heard == before) || !host.admission.admit())
         std::abort();
     QCoreApplication::processEvents();
