@@ -38,7 +38,7 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
         buttons->addWidget(button);
     buttons->addStretch(1);
     auto* explanation =
-        new PlainLabel(localized("Rules give applications categories. They block and rename nothing."));
+        new PlainLabel(localized("Rules leave out, rename and categorize applications in reports only."));
     explanation->setObjectName(QStringLiteral("whatRulesDo"));
     explanation->setWordWrap(true);
     auto* rows = new QVBoxLayout(this);

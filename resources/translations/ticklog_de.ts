@@ -928,8 +928,8 @@
         <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
     <message>
-        <source>Rules give applications categories. They block and rename nothing.</source>
-        <translation>Regeln geben Programmen Kategorien. Sie sperren nichts und benennen nichts um.</translation>
+        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <translation>Regeln gelten nur in Berichten: auslassen, umbenennen, Kategorien geben.</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
     <message>
-        <source>Rules give applications categories. They block and rename nothing.</source>
-        <translation>Las reglas dan categorías a las aplicaciones. No bloquean ni renombran nada.</translation>
+        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <translation>Las reglas solo valen en los informes: omitir, renombrar, clasificar.</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
     </message>
     <message>
-        <source>Rules give applications categories. They block and rename nothing.</source>
-        <translation>Les règles donnent des catégories aux applications, sans rien bloquer ni renommer.</translation>
+        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <translation>Les règles ne valent que dans les rapports : omettre, renommer, classer.</translation>
     </message>
     <message>
         <source>Freeze</source>

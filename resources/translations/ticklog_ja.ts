@@ -928,8 +928,8 @@
         <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
     <message>
-        <source>Rules give applications categories. They block and rename nothing.</source>
-        <translation>ルールはアプリケーションにカテゴリを付けます。ブロックや名前の変更はしません。</translation>
+        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <translation>ルールはレポートだけに効きます（除外、名前の変更、カテゴリ）。</translation>
     </message>
     <message>
         <source>Freeze</source>

@@ -928,8 +928,8 @@
         <translation>Dopóki nie będzie działać, widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
     <message>
-        <source>Rules give applications categories. They block and rename nothing.</source>
-        <translation>Reguły nadają programom kategorie. Niczego nie blokują ani nie przemianowują.</translation>
+        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <translation>Reguły działają tylko w raportach: pomijają, przemianowują, kategoryzują.</translation>
     </message>
     <message>
         <source>Freeze</source>

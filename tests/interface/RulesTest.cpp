@@ -34,7 +34,7 @@ TEST_F(RulesTest, aRuleThatIsAdded_isStoredAndSelected) {
 TEST_F(RulesTest, onePlainLine_saysWhatRulesDoAndWhatTheyDoNot) {
     const auto& line = control<QLabel>("whatRulesDo");
     EXPECT_TRUE(line.isVisible());
-    for (const char* said : {"categories", "block", "rename"})
+    for (const char* said : {"leave out", "rename", "categorize", "reports"})
         EXPECT_TRUE(line.text().contains(QLatin1String(said))) << said;
     EXPECT_EQ(line.foregroundRole(), QPalette::WindowText);
     // One line, or two where letters are wide.
