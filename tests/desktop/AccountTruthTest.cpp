@@ -42,9 +42,9 @@ TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong)
     std::vector<int> switches(names.size());
 
     // A busy machine may stop for a while between two of these lines.
-    const Date beforeStart = engine.clock().now();
+    const Instant beforeStart = engine.clock().instant();
     engine.timer().startTimer();
-    const Date afterStart = engine.clock().now();
+    const Instant afterStart = engine.clock().instant();
     std::optional<std::size_t> inFront;
     QElapsedTimer watch;
     for (int i = 0; i < kSwitches; ++i) {
@@ -58,9 +58,9 @@ TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong)
         ++switches[next];
         turnEventLoopFor(std::chrono::milliseconds(20 + random() % 100));
     }
-    const Date beforeEnd = engine.clock().now();
+    const Instant beforeEnd = engine.clock().instant();
     engine.timer().computeTime();
-    const Date afterEnd = engine.clock().now();
+    const Instant afterEnd = engine.clock().instant();
     truth[*inFront] += double(watch.nsecsElapsed()) / 1e9;
 
     EXPECT_GE(sumOf(engine.tracker()), secondsBetween(afterStart, beforeEnd) * 0.999);

@@ -150,9 +150,9 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
     std::vector<double> truth(names.size());
     std::vector<int> switches(names.size());
 
-    const Date beforeStart = engine().clock().now();
+    const Instant beforeStart = engine().clock().instant();
     engine().timer().startTimer();
-    const Date afterStart = engine().clock().now();
+    const Instant afterStart = engine().clock().instant();
     const Lateness lateness;
     // The last program opened is in front.
     std::size_t inFront = programs.size() - 1;
@@ -168,9 +168,9 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
         ++switches[next];
         turnEventLoopFor(std::chrono::milliseconds(20 + random() % 100));
     }
-    const Date beforeEnd = engine().clock().now();
+    const Instant beforeEnd = engine().clock().instant();
     engine().timer().computeTime();
-    const Date afterEnd = engine().clock().now();
+    const Instant afterEnd = engine().clock().instant();
     truth[inFront] += double(stopwatch.nsecsElapsed()) / 1e9;
 
     EXPECT_GE(sumOf(engine().tracker()), secondsBetween(afterStart, beforeEnd) * 0.999);

@@ -17,9 +17,10 @@ const kInterface = `<node><interface name="org.ticklog.TestDriver">
 </interface></node>`;
 
 function withWindow(title, act) {
-    // Before a window is shown it can be activated, but takes the focus once more when it is.
+    // Before a window is shown it can be activated, but takes the focus once more when it is. One that is put away is
+    // hidden a while later.
     const actor = global.get_window_actors().find(each =>
-        each.visible && each.get_meta_window().get_title() === title);
+        (each.visible || each.get_meta_window().minimized) && each.get_meta_window().get_title() === title);
     if (actor)
         act(actor.get_meta_window());
     return Boolean(actor);
