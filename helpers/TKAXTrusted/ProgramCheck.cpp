@@ -114,10 +114,11 @@ Outcome look(int parent, const QString& part, const QString& path, Descriptor& o
 } // namespace
 
 Outcome checkForm(const QString& path) {
+    // First of all: the others send the path back.
+    if (path.size() >= PATH_MAX || path.toUtf8().size() >= PATH_MAX)
+        return Failure{Failure::Kind::Refused, QStringLiteral("the path is too long")};
     if (!path.startsWith(u'/'))
         return refused(path, "not a full path");
-    if (path.toUtf8().size() >= PATH_MAX)
-        return Failure{Failure::Kind::Refused, QStringLiteral("the path is too long")};
     if (std::ranges::any_of(path.toUcs4(), isUnseen))
         return Failure{Failure::Kind::Refused,
                        QStringLiteral("the path holds characters that cannot be seen")};

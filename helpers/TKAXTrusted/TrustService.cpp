@@ -6,6 +6,7 @@
 #include "platform/bus/BusService.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace {
 
@@ -54,6 +55,12 @@ void TrustService::Revoke(const QString& program, const QDBusMessage& message) {
 void TrustService::take(Request request) {
     const QString sender = request.message.service();
     request.message.setDelayedReply(true);
+    // Not kept while the bus is asked who that is: it may be millions.
+    if (request.program.size() >= PATH_MAX) {
+        m_bus.connection().send(request.message.createErrorReply(kErrors + QLatin1String(kBadProgram),
+                                                                 checkForm(request.program).failure().text));
+        return;
+    }
     if (m_requests.size() >= kMostPending || m_requests.contains(sender)) {
         m_bus.connection().send(request.message.createErrorReply(kErrors + QLatin1String(kBusy),
                                                                  QStringLiteral("One request at a time.")));

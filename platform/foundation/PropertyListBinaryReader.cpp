@@ -20,13 +20,16 @@ namespace {
 // record of a timer takes up 70 bytes of a file that stores each text once, and stands for some 900 by the measure below.
 constexpr std::uint64_t kBudgetBase = 1024 * 1024;
 constexpr std::uint64_t kBudgetPerByte = 24;
-constexpr std::uint64_t kBudgetLimit = 256 * 1024 * 1024;
+// That is 430 MB for the most timers that a database may have.
+constexpr std::uint64_t kBudgetLimit = 460 * 1024 * 1024;
+// What comes of it in the XML form, in which it would be written: what is larger than 256 MB could not be read again. The
+// measure leaves out digits and indentation.
+constexpr std::uint64_t kWrittenLimit = 200 * 1024 * 1024;
+constexpr std::uint64_t kWrittenValue = 24;
 // What each value takes up at the least, in memory or written out in the XML form, whichever is more.
 constexpr std::uint64_t kExpandedValue = sizeof(PropertyListValue);
 // A dictionary may be the record of a timer, which is made from it.
 constexpr std::uint64_t kExpandedDictionary = 512;
-// "&amp;" is the longest that a character becomes.
-constexpr std::uint64_t kExpandedCharacter = 5;
 // Base 64, and line breaks.
 constexpr std::uint64_t kExpandedByte = 2;
 
@@ -34,6 +37,19 @@ constexpr std::uint64_t kExpandedByte = 2;
 PropertyListValue integerFrom(std::uint64_t value) {
     constexpr std::uint64_t kLargest = std::numeric_limits<std::int64_t>::max();
     return value <= kLargest ? PropertyListValue(std::int64_t(value)) : PropertyListValue(double(value));
+}
+
+// In UTF-8, with "&amp;" and its like.
+std::uint64_t expandedSize(const QString& text) {
+    std::uint64_t size = 0;
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        if (unit == u'&' || unit == u'<' || unit == u'>')
+            size += 5;
+        else
+            size += unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
+    }
+    return size;
 }
 
 std::uint64_t budgetFor(const QByteArray& bytes) {
@@ -88,8 +104,9 @@ const PropertyListBinaryReader::Object& PropertyListBinaryReader::object(std::ui
     require(offset >= std::uint64_t(kHeader.size()) && offset < m_tableOffset, entry,
             u"an object outside of the file");
     object.expanded = kExpandedValue;
+    object.written = kWrittenValue;
     object.value = valueAt(offset, depth, object);
-    require(object.expanded <= m_budget, offset, u"far larger than its file when it is written out");
+    requireRoom(object, offset);
     require(object.height <= PropertyList::kDepthLimit, offset, u"nested too deep");
     object.progress = Progress::Read;
     return object;
@@ -110,19 +127,20 @@ PropertyListValue PropertyListBinaryReader::valueAt(std::uint64_t offset, int de
         return dateAt(offset + 1);
     case kData: {
         const Span span = contents(offset, 1);
-        object.expanded += span.count * kExpandedByte;
+        grow(object, span.count * kExpandedByte);
         return QByteArray(at(span), qsizetype(span.count));
     }
     case kAscii: {
         const Span span = contents(offset, 1);
-        object.expanded += span.count * kExpandedCharacter;
-        return QString::fromLatin1(at(span), qsizetype(span.count));
+        QString text = QString::fromLatin1(at(span), qsizetype(span.count));
+        grow(object, expandedSize(text));
+        return text;
     }
     case kUtf16: {
         const Span span = contents(offset, 2);
-        object.expanded += span.count * kExpandedCharacter;
         QString text(qsizetype(span.count), Qt::Uninitialized);
         qFromBigEndian<char16_t>(at(span), qsizetype(span.count), text.data());
+        grow(object, expandedSize(text));
         return text;
     }
     // An identifier of an archive's object means nothing here but its number.
@@ -221,8 +239,21 @@ const PropertyListBinaryReader::Object& PropertyListBinaryReader::referred(std::
     const Object& found = object(number(offset, m_referenceSize), depth);
     holder.height = std::max(holder.height, found.height + 1);
     holder.expanded += found.expanded;
-    require(holder.expanded <= m_budget, offset, u"far larger than its file when it is written out");
+    holder.written += found.written;
+    requireRoom(holder, offset);
     return found;
+}
+
+void PropertyListBinaryReader::requireRoom(const Object& object, std::uint64_t offset) const {
+    require(object.expanded <= m_budget, offset,
+            m_budget < kBudgetLimit ? u"far larger than its file when it is written out"
+                                    : u"more than 500,000 timers need");
+    require(object.written <= kWrittenLimit, offset, u"larger than 200 MB when it is written out");
+}
+
+void PropertyListBinaryReader::grow(Object& object, std::uint64_t size) {
+    object.expanded += size;
+    object.written += size;
 }
 
 void PropertyListBinaryReader::require(bool condition, std::uint64_t offset, const char16_t* what) const {

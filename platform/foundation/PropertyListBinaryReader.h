@@ -32,6 +32,8 @@ private:
         PropertyListValue value;
         // What it takes up when everything in it is written out.
         std::uint64_t expanded = 0;
+        // How long it is in the XML form, but for digits and indentation.
+        std::uint64_t written = 0;
         // Levels of containers in it, itself included.
         int height = 0;
         Progress progress = Progress::Untouched;
@@ -63,6 +65,8 @@ private:
     // What the reference at `offset` leads to; enters its measure into that of its holder.
     const Object& referred(std::uint64_t offset, int depth, Object& holder);
 
+    static void grow(Object& object, std::uint64_t size);
+    void requireRoom(const Object& object, std::uint64_t offset) const;
     void require(bool condition, std::uint64_t offset, const char16_t* what) const;
     // A big-endian number of `size` bytes (the last 8 of them, when there are more). Checks its bounds.
     std::uint64_t number(std::uint64_t offset, unsigned size) const;

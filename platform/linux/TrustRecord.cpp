@@ -18,14 +18,14 @@ constexpr qint64 kLongestFile = 1 << 20;
 TrustRecord::TrustRecord(const QString& folder)
     : m_path(folder + QStringLiteral("/trusted-programs")) {}
 
-Result<QStringList> TrustRecord::read() const {
+Result<QByteArrayList> TrustRecord::read() const {
     const auto unreadable = [this](const QString& why) {
         return Failure{Failure::Kind::Unreadable, m_path + QStringLiteral(": ") + why};
     };
     const int number =
         ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (number < 0 && errno == ENOENT)
-        return QStringList();
+        return QByteArrayList();
     QFile file;
     if (number < 0 || !file.open(number, QFile::ReadOnly, QFile::AutoCloseHandle))
         return unreadable(qt_error_string(errno));
@@ -36,46 +36,54 @@ Result<QStringList> TrustRecord::read() const {
     const QByteArray text = file.readAll();
     if (file.error() != QFile::NoError)
         return unreadable(file.errorString());
-    QStringList found;
-    for (const QByteArray& line : text.split('\n'))
-        if (line.startsWith('/'))
-            found << QString::fromUtf8(line);
-    return found;
+    QByteArrayList lines = text.split('\n');
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    return lines;
+}
+
+QStringList TrustRecord::programsIn(const QByteArrayList& lines) {
+    QStringList programs;
+    for (const QByteArray& line : lines)
+        if (const QString program = QString::fromUtf8(line); line.startsWith('/') && program.toUtf8() == line)
+            programs << program;
+    return programs;
 }
 
 QStringList TrustRecord::programs() const {
-    const auto all = read();
-    return all ? *all : QStringList();
+    const auto lines = read();
+    return lines ? programsIn(*lines) : QStringList();
 }
 
 Outcome TrustRecord::add(const QString& program) {
-    auto all = read();
-    if (!all)
-        return all.failure();
-    if (all->contains(program))
+    auto lines = read();
+    if (!lines)
+        return lines.failure();
+    const QStringList programs = programsIn(*lines);
+    if (programs.contains(program))
         return Done{};
-    if (all->size() >= kMostPrograms)
+    if (programs.size() >= kMostPrograms)
         return Failure{Failure::Kind::Refused, QStringLiteral("too many programs are trusted already")};
-    return write(*all << program);
+    return write(*lines << program.toUtf8());
 }
 
 Outcome TrustRecord::remove(const QString& program) {
-    auto all = read();
-    if (!all)
-        return all.failure();
-    if ((*all).removeAll(program) == 0)
+    auto lines = read();
+    if (!lines)
+        return lines.failure();
+    if ((*lines).removeAll(program.toUtf8()) == 0)
         return Done{};
-    if (!all->isEmpty())
-        return write(*all);
+    if (!lines->isEmpty())
+        return write(*lines);
     QFile file(m_path);
     if (file.remove())
         return Done{};
     return Failure{Failure::Kind::CannotWrite, m_path + QStringLiteral(": ") + file.errorString()};
 }
 
-Outcome TrustRecord::write(const QStringList& programs) {
+Outcome TrustRecord::write(const QByteArrayList& lines) {
     QSaveFile file(m_path);
-    const QByteArray text = programs.join(u'\n').toUtf8() + '\n';
+    const QByteArray text = lines.join('\n') + '\n';
     if (file.open(QFile::WriteOnly) && file.write(text) == text.size() &&
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther) &&
         file.commit())

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Result.h"
 
+#include <QByteArrayList>
 #include <QStringList>
 
 // The programs that an administrator trusts to look at other programs' windows: a file of full paths, a line each, that
@@ -22,16 +23,17 @@ public:
     QStringList programs() const;
     bool names(const QString& program) const { return programs().contains(program); }
 
-    // Each writes the file as a whole or not at all, and never over one that cannot be read. To add what is named, and to
-    // remove what is not, succeeds.
+    // Each writes the file as a whole or not at all, and never over one that cannot be read. Lines that name no program, or
+    // one in bytes that are no text, stay as they are. To add what is named, and to remove what is not, succeeds.
     Outcome add(const QString& program);
     // With the last program the file goes.
     Outcome remove(const QString& program);
 
 private:
-    // Empty when there is no file.
-    Result<QStringList> read() const;
-    Outcome write(const QStringList& programs);
+    // The lines of the file; empty when there is none.
+    Result<QByteArrayList> read() const;
+    static QStringList programsIn(const QByteArrayList& lines);
+    Outcome write(const QByteArrayList& lines);
 
     QString m_path;
 };

@@ -228,6 +228,25 @@ TEST_F(InstallHelperTest, whatSomebodyHasPutInTheWay_isNeverWrittenThrough) {
         << "nothing of ours stays behind";
 }
 
+TEST_F(InstallHelperTest, aLinkThatOthersMayTurn_isNoWayToIt) {
+    const QString elsewhere = home.path() + u"/elsewhere"_s;
+    ASSERT_TRUE(QDir().mkpath(elsewhere));
+    ASSERT_TRUE(QDir().rmdir(target));
+    permit(root + u"/usr/local/libexec"_s, 01777);
+    ASSERT_TRUE(QFile::link(elsewhere, target));
+    // Another user's; only root can make it one.
+    const bool isOthers = ::lchown(QFile::encodeName(target).constData(), 65534, 65534) == 0;
+    EXPECT_EQ(install() != 0, isOthers);
+    permit(root + u"/usr/local/libexec"_s, 0777);
+    EXPECT_NE(install(), 0) << "whoever it belongs to, others may put another in its place";
+}
+
+TEST_F(InstallHelperTest, aFileThatIsMissing_isNoEmptyOne) {
+    ASSERT_TRUE(QFile::remove(home.path() + u"/opt/share/dbus-1/system.d/org.ticklog.TKAXTrusted.conf"_s));
+    EXPECT_NE(install(), 0);
+    EXPECT_FALSE(QFile::exists(root + u"/etc/dbus-1/system.d/org.ticklog.TKAXTrusted.conf"_s));
+}
+
 TEST_F(InstallHelperTest, aFolderWhereOthersMayWrite_isNoPlaceForIt) {
     for (const mode_t mode : {0777, 01777}) {
         permit(target, mode);

@@ -164,6 +164,26 @@ TEST_F(TrustHelperTest, aRecordThatCannotBeRead_isNotWrittenOver) {
     EXPECT_EQ(record.size(), 8 << 20);
 }
 
+TEST_F(TrustHelperTest, whatAnAdministratorHasWritten_staysAsItIs) {
+    m_polkit.ask("allow");
+    EXPECT_EQ(authorize(program()), u"done"_s);
+    QFile record(m_systemBus.recordFolder() + u"/trusted-programs"_s);
+    ASSERT_TRUE(record.open(QFile::ReadWrite));
+    const QByteArray kept = "# by the administrator\n/opt/caf\xe9/x\n" + program().toUtf8() + '\n';
+    record.resize(0);
+    record.write(kept);
+    record.close();
+    EXPECT_EQ(authorize(u"/usr/bin/env"_s), u"done"_s);
+    EXPECT_EQ(ask("Revoke", u"/usr/bin/env"_s), u"done"_s);
+    ASSERT_TRUE(record.open(QFile::ReadOnly));
+    EXPECT_EQ(record.readAll(), kept);
+}
+
+TEST_F(TrustHelperTest, aTextOfMillions_isRefusedWithoutBeingSentBack) {
+    m_polkit.ask("deny");
+    EXPECT_EQ(authorize(QString(8 << 20, u'x')), u"BadProgram: the path is too long"_s);
+}
+
 TEST_F(TrustHelperTest, aProgramThatIsReplacedWhileAPersonIsAsked_isLookedAtAgain) {
     m_polkit.ask("hold");
     const auto bus = connect();

@@ -205,6 +205,28 @@ TEST(PropertyListHostile, anHonestBinaryStore_isWithinItsBudget) {
     EXPECT_EQ(failureOf(PropertyList::binary(windows)), "read");
 }
 
+// Half a million timers, as many as a database may have.
+TEST(PropertyListHostile, theLargestHonestBinaryStore_isWithinItsBudget) {
+    const PropertyListValue identity = Identity::brandNew().bytes();
+    PropertyListArray applications;
+    for (int application = 0; application < 5000; ++application) {
+        PropertyListArray windows;
+        for (int window = 0; window < 99; ++window)
+            windows.emplace_back(PropertyListDictionary{
+                {QStringLiteral("Name"),
+                 QStringLiteral("Title %1 of application %2").arg(window).arg(application)},
+                {QStringLiteral("ActiveTime"), application + window / 100.0},
+                {QStringLiteral("UUID"), identity},
+                {QStringLiteral("Branched"), false},
+            });
+        applications.emplace_back(PropertyListDictionary{
+            {QStringLiteral("App"),
+             PropertyListDictionary{{QStringLiteral("Name"), QStringLiteral("Program %1").arg(application)}}},
+            {QStringLiteral("Windows"), windows}});
+    }
+    EXPECT_EQ(failureOf(PropertyList::binary(applications)), "read");
+}
+
 TEST(PropertyListHostile, aTagOfVeryManyAttributes_isRefusedAtOnce) {
     QByteArray attributes;
     for (int attribute = 0; attribute < 100'000; ++attribute)
