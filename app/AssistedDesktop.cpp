@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AssistedDesktop.h"
 
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, Bus& sessionBus,
                                  RunLoop& runLoop, SystemLog& log, DesktopEntries& entries)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Result.h"
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/values/Result.h"
+#include "platform/foundation/values/SystemLog.h"
 
 #include <functional>
 #include <optional>

@@ -3,7 +3,7 @@
 
 #include "app/AssistedDesktop.h"
 #include "app/StandInDesktop.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/gnome/GnomeExtension.h"
 #include "platform/linux/LogindIdleTime.h"
 #include "platform/linux/MutterIdleTime.h"

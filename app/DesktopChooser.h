@@ -6,8 +6,8 @@
 #include "platform/Sandbox.h"
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusName.h"
-#include "platform/foundation/DesktopEntries.h"
-#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/foundation/time/RunLoop.h"
 #include "platform/linux/OwnSession.h"
 
 #include <memory>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "app/DesktopChooser.h"
 #include "platform/NoDesktop.h"
 #include "platform/SilenceWatch.h"
 #include "platform/atspi/AtspiAccessibility.h"
-#include "platform/foundation/DesktopEntries.h"
-#include "platform/foundation/ProcessExecutable.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/foundation/programs/ProcessExecutable.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/AutostartEntries.h"
 #include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/FreedesktopFileViewer.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/StandInDesktop.h"
 
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 StandInDesktop::StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop)
     : m_shell(shell)

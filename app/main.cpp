@@ -11,9 +11,9 @@
 #include "interface/shell/ExtensionOffer.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
-#include "platform/foundation/LoginStart.h"
-#include "platform/foundation/PrivateFiles.h"
-#include "platform/foundation/Translations.h"
+#include "platform/foundation/files/PrivateFiles.h"
+#include "platform/foundation/programs/LoginStart.h"
+#include "platform/foundation/text/Translations.h"
 #include "platform/linux/TerminationSignals.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reading and writing the database, synced, beside a plain synced write of the same bytes and Python's
 // plistlib.
-#include "Classes/Engine.h"
-#include "Classes/TimeDatabase.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/record/TimeDatabase.h"
 #include "bench/SampleAccount.h"
 #include "bench/Stopwatch.h"
 #include "tests/fakes/FakePlatform.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Exporting a large account, beside a plain write of the same bytes.
-#include "Classes/CsvExport.h"
-#include "Classes/Engine.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/record/CsvExport.h"
 #include "bench/SampleAccount.h"
 #include "tests/fakes/FakePlatform.h"
 

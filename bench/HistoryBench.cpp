@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What it costs to keep a history: a tick, a write, a launch, and the bytes of a year. A busy person: 1,500 stretches a day
 // on 250 days, of 40 programs and 30,000 titles, of which 200 on a day, the first ones more often than the last.
-#include "Classes/TimeStoreWindow.h"
 #include "Classes/history/HistoryDebts.h"
 #include "Classes/history/HistoryKeeper.h"
 #include "Classes/history/HistoryRecorder.h"
+#include "Classes/store/TimeStoreWindow.h"
 #include "tests/fakes/TestEngine.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the outline of a long account costs: 500 applications with 20,000 windows, on a screen of no size.
-#include "Classes/TimeStoreCategory.h"
+#include "Classes/store/TimeStoreCategory.h"
 #include "bench/SampleAccount.h"
 #include "bench/Stopwatch.h"
 #include "interface/outline/ProgramCell.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Projects in a large account: filling one, building the colours, freezing, saving, and what a member's tick costs.
-#include "Classes/Engine.h"
-#include "Classes/ProjectList.h"
-#include "Classes/ProjectNodes.h"
-#include "Classes/TimeStoreCategory.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/projects/ProjectList.h"
+#include "Classes/projects/ProjectNodes.h"
+#include "Classes/store/TimeStoreCategory.h"
 #include "bench/SampleAccount.h"
 #include "tests/fakes/FakePlatform.h"
 

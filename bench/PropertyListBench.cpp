@@ -3,8 +3,8 @@
 // same bytes.
 #include "bench/Stopwatch.h"
 #include "bench/WindowRecords.h"
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/PropertyListWriter.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyListWriter.h"
 
 #include <QFile>
 #include <QProcess>

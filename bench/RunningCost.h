@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Engine.h"
-#include "Classes/TimeDatabase.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/record/TimeDatabase.h"
 #include "bench/ProcessFigures.h"
 #include "bench/SampleAccount.h"
 #include "bench/Stopwatch.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/TimeTracker.h"
+#include "Classes/engine/TimeTracker.h"
 
 #include <QRandomGenerator>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A tick inside the process: flat in the number of windows, and growing with the applications by the sum of
 // the totals alone.
-#include "Classes/Engine.h"
-#include "Classes/TimerControl.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/engine/TimerControl.h"
 #include "bench/SampleAccount.h"
 #include "tests/fakes/FakePlatform.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/PropertyListValue.h"
+#include "platform/foundation/propertylists/PropertyListValue.h"
 
 #include <QStringList>
 

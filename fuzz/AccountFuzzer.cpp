@@ -2,14 +2,14 @@
 // LINKS fakes
 // From a file through the account to all that leaves it: whatever is imported can be saved, read again, and saved the same;
 // and every form in which timers and projects are handed out can be made of it.
-#include "Classes/CsvExport.h"
-#include "Classes/Engine.h"
-#include "Classes/PasteboardTypes.h"
-#include "Classes/ProjectList.h"
-#include "Classes/ReadableForms.h"
-#include "Classes/TimeDatabase.h"
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/exchange/PasteboardTypes.h"
+#include "Classes/exchange/ReadableForms.h"
+#include "Classes/projects/ProjectList.h"
+#include "Classes/record/CsvExport.h"
+#include "Classes/record/TimeDatabase.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/text/CleanText.h"
 #include "tests/fakes/FakePlatform.h"
 
 #include <QFile>

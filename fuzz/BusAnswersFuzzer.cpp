@@ -5,7 +5,7 @@
 #include "helpers/TKAXTrusted/PolkitAuthority.h"
 #include "platform/atspi/AtspiApplication.h"
 #include "platform/bus/BusMap.h"
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 #include "platform/gnome/GnomeSight.h"
 #include "platform/linux/ActivationService.h"
 #include "platform/linux/LogindIdleTime.h"

@@ -2,13 +2,13 @@
 // LINKS fakes
 // The program's own smaller files, as somebody else may have left them: projects, registry, settings with their rules, and
 // what lies on the pasteboard. Whatever is read can be written, and says the same when it is read again.
-#include "Classes/Engine.h"
-#include "Classes/PasteboardTypes.h"
-#include "Classes/ProjectList.h"
-#include "Classes/RuleCategories.h"
-#include "Classes/Ruleset.h"
-#include "Classes/TKUUIDManager.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/exchange/PasteboardTypes.h"
+#include "Classes/projects/ProjectList.h"
+#include "Classes/rules/RuleCategories.h"
+#include "Classes/rules/Ruleset.h"
+#include "Classes/store/TKUUIDManager.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/FakePlatform.h"
 
 #include <QDir>

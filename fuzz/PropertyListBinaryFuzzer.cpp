@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/PropertyListBinaryReader.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyListBinaryReader.h"
 
 #include <cstdlib>
 

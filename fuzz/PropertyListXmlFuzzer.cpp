@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/PropertyListPlainReader.h"
-#include "platform/foundation/PropertyListXml.h"
-#include "platform/foundation/PropertyListXmlReader.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyListPlainReader.h"
+#include "platform/foundation/propertylists/PropertyListXml.h"
+#include "platform/foundation/propertylists/PropertyListXmlReader.h"
 
 #include <cstdlib>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // LINKS x11 linux
 // Texts that come from windows, desktop entries and the list of trusted programs.
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/DesktopEntryFile.h"
+#include "platform/foundation/programs/DesktopEntryFile.h"
+#include "platform/foundation/text/CleanText.h"
 #include "platform/linux/TrustRecord.h"
 #include "platform/x11/X11Text.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Result.h"
+#include "platform/foundation/values/Result.h"
 
 // This program, as it was started.
 class OwnProgram {

@@ -15,11 +15,11 @@
 #include "platform/SystemTray.h"
 #include "platform/TaskBar.h"
 #include "platform/WindowList.h"
-#include "platform/foundation/Clock.h"
-#include "platform/foundation/NotificationCenter.h"
-#include "platform/foundation/RunLoop.h"
-#include "platform/foundation/SystemLog.h"
-#include "platform/foundation/UserDefaults.h"
+#include "platform/foundation/files/UserDefaults.h"
+#include "platform/foundation/observing/NotificationCenter.h"
+#include "platform/foundation/time/Clock.h"
+#include "platform/foundation/time/RunLoop.h"
+#include "platform/foundation/values/SystemLog.h"
 
 // What the program stands on, as chosen once at launch. Everything is owned by whoever made it and outlives the rest.
 struct Platform {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/SilenceWatch.h"
 
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "platform/IdleTime.h"
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
-#include "platform/foundation/RunLoop.h"
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/time/RunLoop.h"
+#include "platform/foundation/values/SystemLog.h"
 
 #include <memory>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/History.h"
 
-#include "Classes/AccountTrouble.h"
-#include "Classes/Settings.h"
+#include "Classes/common/AccountTrouble.h"
+#include "Classes/common/Settings.h"
 #include "Classes/history/HistoryDebts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFileInfo>
 

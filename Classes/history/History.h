@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/StoreWitness.h"
-#include "Classes/TimeDatabase.h"
 #include "Classes/history/HistoryRecorder.h"
 #include "Classes/history/HistoryWriter.h"
+#include "Classes/record/StoreWitness.h"
+#include "Classes/record/TimeDatabase.h"
 
 // When it was: keeps beside the totals a journal of where the time goes, in a file of its own, and at launch adds to the
 // totals what a crash has cost them. It listens to the tracker and is told of each save; nothing it does ever holds them up.

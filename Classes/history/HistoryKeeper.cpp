@@ -2,7 +2,7 @@
 #include "Classes/history/HistoryKeeper.h"
 
 #include "Classes/history/HistorySalvage.h"
-#include "platform/foundation/PrivateFiles.h"
+#include "platform/foundation/files/PrivateFiles.h"
 
 #include <QFile>
 #include <QFileInfo>

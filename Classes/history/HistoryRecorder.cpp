@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/HistoryRecorder.h"
 
-#include "Classes/TimeStoreWindow.h"
 #include "Classes/history/SteadyTitle.h"
-#include "platform/foundation/LocalTime.h"
+#include "Classes/store/TimeStoreWindow.h"
+#include "platform/foundation/time/LocalTime.h"
 
 #include <cmath>
 

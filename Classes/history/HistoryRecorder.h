@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Classes/history/HistoryBatch.h"
-#include "platform/foundation/Clock.h"
+#include "platform/foundation/time/Clock.h"
 
 #include <deque>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/BackgroundMove.h"
 #include "Classes/history/HistoryKeeper.h"
+#include "Classes/record/BackgroundMove.h"
 
 #include <deque>
 

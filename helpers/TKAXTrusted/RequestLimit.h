@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Clock.h"
+#include "platform/foundation/time/Clock.h"
 
 #include <QHash>
 

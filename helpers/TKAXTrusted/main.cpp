@@ -2,7 +2,7 @@
 // The privileged helper: started by the system bus as root when it is called, and gone when nobody calls it any more. Who
 // may ask for what is in docs/security.md.
 #include "helpers/TKAXTrusted/TrustService.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/JournalLog.h"
 
 #include <QCommandLineParser>

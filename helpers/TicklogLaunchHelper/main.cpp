@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Started by the desktop at login: starts Ticklog, unless it runs, and ends.
-#include "platform/foundation/InstanceAddress.h"
-#include "platform/foundation/LoginStart.h"
+#include "platform/foundation/programs/InstanceAddress.h"
+#include "platform/foundation/programs/LoginStart.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

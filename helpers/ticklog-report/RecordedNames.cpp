@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "helpers/ticklog-report/RecordedNames.h"
 
-#include "Classes/ProjectFile.h"
-#include "Classes/ProjectRecord.h"
-#include "Classes/RuleCategories.h"
-#include "Classes/Ruleset.h"
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/projects/ProjectFile.h"
+#include "Classes/projects/ProjectRecord.h"
+#include "Classes/rules/RuleCategories.h"
+#include "Classes/rules/Ruleset.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/text/CleanText.h"
 
 #include <algorithm>
 

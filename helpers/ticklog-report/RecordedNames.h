@@ -4,7 +4,7 @@
 #include "Classes/history/Sqlite.h"
 #include "helpers/ticklog-report/ReportNames.h"
 #include "platform/Folders.h"
-#include "platform/foundation/PropertyListValue.h"
+#include "platform/foundation/propertylists/PropertyListValue.h"
 
 #include <QHash>
 

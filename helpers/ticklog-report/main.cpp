@@ -4,8 +4,8 @@
 #include "helpers/ticklog-report/RecordedNames.h"
 #include "helpers/ticklog-report/ReportFormats.h"
 #include "helpers/ticklog-report/ReportReading.h"
-#include "platform/foundation/Clock.h"
-#include "platform/foundation/LocalTime.h"
+#include "platform/foundation/time/Clock.h"
+#include "platform/foundation/time/LocalTime.h"
 
 #include <QFileInfo>
 

@@ -2,7 +2,7 @@
 #include "interface/export/FileExtension.h"
 
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFileInfo>
 

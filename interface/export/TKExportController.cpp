@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "interface/export/TKExportController.h"
 
-#include "Classes/CsvExport.h"
-#include "Classes/Settings.h"
-#include "Classes/TimeTracker.h"
+#include "Classes/common/Settings.h"
+#include "Classes/engine/TimeTracker.h"
+#include "Classes/record/CsvExport.h"
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 TKExportController::TKExportController(TimeTracker& tracker, TimeDatabase& database,
                                        TimeStoreServices& services, const Platform& platform, Alerts& alerts,

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/PeriodicSave.h"
-#include "Classes/TimeStoreItem.h"
+#include "Classes/record/PeriodicSave.h"
+#include "Classes/store/TimeStoreItem.h"
 #include "platform/Platform.h"
-#include "platform/foundation/KeyValueObserving.h"
+#include "platform/foundation/observing/KeyValueObserving.h"
 
 class Alerts;
 

@@ -4,7 +4,7 @@
 #include "interface/labels/TKLabelButton.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

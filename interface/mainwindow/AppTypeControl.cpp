@@ -2,7 +2,7 @@
 #include "interface/mainwindow/AppTypeControl.h"
 
 #include "interface/shell/Images.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/TimeTracker.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "Classes/engine/TimeTracker.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QUndoCommand>
 

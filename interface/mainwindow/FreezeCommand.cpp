@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/FreezeCommand.h"
 
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <algorithm>
 

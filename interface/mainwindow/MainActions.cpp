@@ -2,7 +2,7 @@
 #include "interface/mainwindow/MainActions.h"
 
 #include "interface/shell/Images.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QMenuBar>
 

@@ -10,7 +10,7 @@
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
 #include "interface/sidebar/SidebarPane.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QEvent>
 #include <QHeaderView>

@@ -3,7 +3,7 @@
 
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>

@@ -2,8 +2,8 @@
 #include "interface/mainwindow/RenameCommand.h"
 
 #include "interface/outline/TKAppDisplayFormatter.h"
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/CleanText.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 RenameCommand::RenameCommand(const TimeTracker& tracker, std::shared_ptr<TimeStoreItem> item,
                              const QString& name)

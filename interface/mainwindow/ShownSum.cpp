@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/ShownSum.h"
 
-#include "Classes/TimeStoreCategory.h"
-#include "Classes/TimeTracker.h"
+#include "Classes/engine/TimeTracker.h"
+#include "Classes/store/TimeStoreCategory.h"
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"

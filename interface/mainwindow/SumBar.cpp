@@ -7,7 +7,7 @@
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/TKController.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/CutoffSlider.h"
@@ -10,7 +10,7 @@
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Engine.h"
-#include "Classes/TimeDatabase.h"
-#include "Classes/TimerControl.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/engine/TimerControl.h"
+#include "Classes/record/TimeDatabase.h"
 #include "interface/export/TKExportController.h"
 #include "interface/mainwindow/MainCommands.h"
 #include "interface/mainwindow/MainWindow.h"

@@ -6,7 +6,7 @@
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QClipboard>

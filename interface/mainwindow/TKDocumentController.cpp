@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/TKDocumentController.h"
 
-#include "Classes/FileReading.h"
-#include "Classes/IncomingTimers.h"
-#include "Classes/TimeDatabase.h"
+#include "Classes/record/FileReading.h"
+#include "Classes/record/TimeDatabase.h"
+#include "Classes/store/IncomingTimers.h"
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFileInfo>
 

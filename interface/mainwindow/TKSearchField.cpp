@@ -2,7 +2,7 @@
 #include "interface/mainwindow/TKSearchField.h"
 
 #include "interface/shell/Named.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QKeyEvent>
 #include <QToolButton>

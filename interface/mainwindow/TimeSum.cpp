@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/TimeSum.h"
 
-#include "Classes/TimeStoreNode.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "Classes/store/TimeStoreNode.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <algorithm>
 #include <iterator>

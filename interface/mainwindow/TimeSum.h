@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/TimeStoreItem.h"
+#include "Classes/store/TimeStoreItem.h"
 
 // What a sum of times is the sum of.
 enum class SumMode : std::uint32_t { None = 0, Total, Project, Selected, Found, FoundInSelection };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/ProgramCell.h"
 
-#include "Classes/TimeStoreApp.h"
-#include "Classes/TimeStoreAppProxy.h"
-#include "Classes/TimeStoreWindow.h"
+#include "Classes/store/TimeStoreApp.h"
+#include "Classes/store/TimeStoreAppProxy.h"
+#include "Classes/store/TimeStoreWindow.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TKAppDisplayFormatter.h"
 
-#include "Classes/TimeStoreNode.h"
+#include "Classes/store/TimeStoreNode.h"
 
 QString TKAppDisplayFormatter::stringForObjectValue(const PropertyListDictionary& record) {
     const QString name = record.value(kRecordName).toString();

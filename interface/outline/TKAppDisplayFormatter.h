@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/PropertyListValue.h"
+#include "platform/foundation/propertylists/PropertyListValue.h"
 
 // Turns a timer's name record into the text that is shown and edited, and a text back into a record.
 class TKAppDisplayFormatter {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the pointer does to an outline.
-#include "Classes/TimeStoreAppProxy.h"
+#include "Classes/store/TimeStoreAppProxy.h"
 #include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/ReverseProjectCache.h"
+#include "Classes/projects/ReverseProjectCache.h"
 
 #include <QColor>
 #include <QFont>

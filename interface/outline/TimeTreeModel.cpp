@@ -4,7 +4,7 @@
 #include "interface/outline/TKAppDisplayFormatter.h"
 #include "interface/outline/TimeTreeRow.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QPointer>
 

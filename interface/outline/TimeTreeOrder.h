@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/TimeStoreItem.h"
+#include "Classes/store/TimeStoreItem.h"
 
 #include <QCollator>
 

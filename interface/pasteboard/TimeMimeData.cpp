@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/pasteboard/TimeMimeData.h"
 
-#include "Classes/PasteboardTypes.h"
-#include "Classes/ReadableForms.h"
+#include "Classes/exchange/PasteboardTypes.h"
+#include "Classes/exchange/ReadableForms.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/pasteboard/TimePasteboard.h"
 
-#include "Classes/ProjectList.h"
-#include "Classes/TimeTracker.h"
+#include "Classes/engine/TimeTracker.h"
+#include "Classes/projects/ProjectList.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 
 #include <QClipboard>

@@ -4,7 +4,7 @@
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

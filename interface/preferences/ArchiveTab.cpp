@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/ArchiveTab.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "interface/preferences/SettingsBinding.h"
 #include "interface/preferences/WeekdaySelector.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/PrefWindow.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "interface/shell/Images.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QLayout>
 #include <QShortcut>

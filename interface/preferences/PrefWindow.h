@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/UserDefaults.h"
+#include "platform/foundation/files/UserDefaults.h"
 
 #include <QTabWidget>
 

@@ -3,7 +3,7 @@
 
 #include "interface/mainwindow/TKController.h"
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 Preferences::Preferences(TKController& tkController, Platform& platform, Alerts& alerts,
                          std::function<void(PrefWindow&)> didMake)

@@ -2,7 +2,7 @@
 #include "interface/preferences/RulesTab.h"
 
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

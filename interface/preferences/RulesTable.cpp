@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/RulesTable.h"
 
-#include "Classes/RuleCategories.h"
+#include "Classes/rules/RuleCategories.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Ruleset.h"
+#include "Classes/rules/Ruleset.h"
 
 #include <QAbstractTableModel>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/SettingsBinding.h"
 
-#include "platform/foundation/LocalTime.h"
+#include "platform/foundation/time/LocalTime.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/TKSetupController.h"
 
-#include "Classes/RuleCategories.h"
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
+#include "Classes/rules/RuleCategories.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/preferences/WeekdaySelector.h"
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCheckBox>
 #include <QLabel>

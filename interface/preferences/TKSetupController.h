@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Ruleset.h"
+#include "Classes/rules/Ruleset.h"
 #include "interface/preferences/AppPropertiesWindow.h"
 #include "interface/preferences/ArchiveTab.h"
 #include "interface/preferences/GeneralTab.h"

@@ -2,7 +2,7 @@
 #include "interface/preferences/TokenField.h"
 
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

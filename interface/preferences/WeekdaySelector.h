@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/PeriodicSave.h"
+#include "Classes/record/PeriodicSave.h"
 
 #include <QWidget>
 

@@ -3,7 +3,7 @@
 
 #include "interface/setup/WelcomeText.h"
 #include "interface/shell/Images.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QFontInfo>

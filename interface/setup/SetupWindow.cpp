@@ -3,7 +3,7 @@
 
 #include "interface/setup/TKInstructionStepView.h"
 #include "interface/shell/Images.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

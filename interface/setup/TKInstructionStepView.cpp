@@ -6,7 +6,7 @@
 #include "interface/setup/TKInstructionView.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/AppAuthorization.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "interface/shell/Alerts.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QPointer>
 

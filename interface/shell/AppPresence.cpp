@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/AppPresence.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/shell/Alerts.h"
 #include "interface/shell/StatusItem.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QMenuBar>

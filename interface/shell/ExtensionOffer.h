@@ -3,9 +3,9 @@
 
 #include "interface/shell/Alerts.h"
 #include "platform/ShellExtension.h"
-#include "platform/foundation/RunLoop.h"
-#include "platform/foundation/SystemLog.h"
-#include "platform/foundation/UserDefaults.h"
+#include "platform/foundation/files/UserDefaults.h"
+#include "platform/foundation/time/RunLoop.h"
+#include "platform/foundation/values/SystemLog.h"
 
 // What the user has decided about the extension: "wanted" or "declined". Nothing until they have.
 inline const QString kTKShellExtension = QStringLiteral("kTKShellExtension");

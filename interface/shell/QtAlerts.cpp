@@ -2,7 +2,7 @@
 #include "interface/shell/QtAlerts.h"
 
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/SingleInstance.h"
 
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 
 #include <QFile>
 #include <QTimer>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Admission.h"
-#include "platform/foundation/InstanceAddress.h"
+#include "platform/foundation/programs/Admission.h"
+#include "platform/foundation/programs/InstanceAddress.h"
 
 #include <QSocketNotifier>
 #include <QString>

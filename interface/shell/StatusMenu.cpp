@@ -3,7 +3,7 @@
 
 #include "interface/mainwindow/TKController.h"
 #include "interface/shell/TwoLineMenuStyle.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 namespace {
 

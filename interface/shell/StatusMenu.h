@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/ProjectList.h"
+#include "Classes/projects/ProjectList.h"
 #include "interface/outline/TimeTreeOrder.h"
 #include "interface/shell/TimerMenuItem.h"
-#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/time/RunLoop.h"
 
 #include <QMenu>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/TKApplicationDelegate.h"
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/shell/Alerts.h"
 #include "interface/shell/Images.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QGuiApplication>
 #include <QPointer>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/sidebar/ProjectListModel.h"
 
-#include "Classes/PasteboardTypes.h"
+#include "Classes/exchange/PasteboardTypes.h"
 #include "interface/shell/PlainText.h"
 
 using Kind = ProjectListChange::Kind;

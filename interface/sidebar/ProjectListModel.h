@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/ProjectDrops.h"
+#include "Classes/projects/ProjectDrops.h"
 
 #include <QAbstractItemModel>
 #include <QMimeData>

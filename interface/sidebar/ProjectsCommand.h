@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/ProjectList.h"
+#include "Classes/projects/ProjectList.h"
 
 #include <QUndoCommand>
 

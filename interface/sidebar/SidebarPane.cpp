@@ -5,7 +5,7 @@
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QAction>
 #include <QHeaderView>

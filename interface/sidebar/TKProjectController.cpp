@@ -5,8 +5,8 @@
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
 #include "interface/sidebar/ProjectsCommand.h"
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/CleanText.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QDropEvent>
 #include <QItemSelectionModel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/ProjectNodes.h"
+#include "Classes/projects/ProjectNodes.h"
 #include "interface/outline/TKTableLabelCell.h"
 #include "interface/sidebar/ProjectListModel.h"
 

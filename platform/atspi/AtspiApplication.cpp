@@ -3,7 +3,7 @@
 
 #include "platform/atspi/Atspi.h"
 #include "platform/bus/BusService.h"
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 
 #include <QDBusArgument>
 #include <QDBusError>

@@ -4,7 +4,7 @@
 #include "platform/FrontApplication.h"
 #include "platform/WindowList.h"
 #include "platform/atspi/AtspiLink.h"
-#include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/programs/DesktopEntries.h"
 
 #include <unordered_map>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/TrustNotice.h"
 
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/bus/Bus.h"
 
-#include "platform/foundation/Assertions.h"
+#include "platform/foundation/values/Assertions.h"
 
 #include <QDBusError>
 #include <QDBusPendingCall>

@@ -3,7 +3,7 @@
 
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusService.h"
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/values/SystemLog.h"
 #include "platform/gnome/GnomeShellVersion.h"
 
 #include <QMap>

@@ -5,8 +5,8 @@
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
 #include "platform/bus/BusName.h"
-#include "platform/foundation/DesktopEntries.h"
-#include "platform/foundation/MadeUpProcesses.h"
+#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/foundation/programs/MadeUpProcesses.h"
 #include "platform/gnome/GnomeShellVersion.h"
 #include "platform/gnome/GnomeSight.h"
 

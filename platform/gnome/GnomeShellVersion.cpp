@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/GnomeShellVersion.h"
 
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 #include "platform/gnome/GnomeShell.h"
 
 #include <QDBusVariant>

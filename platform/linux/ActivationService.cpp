@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ActivationService.h"
 
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 
 #include <QDBusError>
 #include <QPointer>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/bus/Bus.h"
-#include "platform/foundation/Admission.h"
+#include "platform/foundation/programs/Admission.h"
 
 #include <QDBusContext>
 #include <QStringList>

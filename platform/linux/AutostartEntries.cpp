@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/AutostartEntries.h"
 
-#include "platform/foundation/PrivateFiles.h"
+#include "platform/foundation/files/PrivateFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>

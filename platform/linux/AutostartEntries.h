@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/LoginItems.h"
-#include "platform/foundation/DesktopEntryFile.h"
+#include "platform/foundation/programs/DesktopEntryFile.h"
 
 #include <QStringList>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/PowerEvents.h"
-#include "platform/foundation/Clock.h"
+#include "platform/foundation/time/Clock.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/values/SystemLog.h"
 
 // The log of the machine: the journal by its native protocol, else syslog; and standard error when somebody
 // reads it. Never waits for the journal.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxSandbox.h"
 
-#include "platform/foundation/ProcessExecutable.h"
+#include "platform/foundation/programs/ProcessExecutable.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/IdleTime.h"
-#include "platform/foundation/Clock.h"
+#include "platform/foundation/time/Clock.h"
 #include "platform/linux/OwnSession.h"
 
 // The last resort: since when the desktop has been telling logind that nobody is there. It tells that only after a while

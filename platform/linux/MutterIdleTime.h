@@ -3,8 +3,8 @@
 
 #include "platform/IdleTime.h"
 #include "platform/bus/BusService.h"
-#include "platform/foundation/IdleMeter.h"
-#include "platform/foundation/Result.h"
+#include "platform/foundation/time/IdleMeter.h"
+#include "platform/foundation/values/Result.h"
 
 // The time since the last input as GNOME's compositor tells it. It would count for whoever asks, but nobody waits for
 // a bus here: it is asked once at the start, and tells from then on when there is no input and when there is some.

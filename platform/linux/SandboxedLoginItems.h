@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/LoginItems.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 // Inside a sandbox nothing that the session reads at login can be written.
 class SandboxedLoginItems : public LoginItems {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Listeners.h"
+#include "platform/foundation/observing/Listeners.h"
 
 #include <functional>
 

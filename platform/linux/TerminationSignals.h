@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/time/RunLoop.h"
 
 #include <QSocketNotifier>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/PlasmaDesktop.h"
 
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/CleanText.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <plasma-window-management-client-protocol.h>
 

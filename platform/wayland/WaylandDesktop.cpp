@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/WaylandDesktop.h"
 
-#include "platform/foundation/LocalizedStrings.h"
-#include "platform/foundation/ProcessExecutable.h"
+#include "platform/foundation/programs/ProcessExecutable.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -4,8 +4,8 @@
 #include "platform/FrontApplication.h"
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
-#include "platform/foundation/DesktopEntries.h"
-#include "platform/foundation/MadeUpProcesses.h"
+#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/foundation/programs/MadeUpProcesses.h"
 #include "platform/wayland/WaylandConnection.h"
 
 #include <unordered_map>

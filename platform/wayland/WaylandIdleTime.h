@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/IdleTime.h"
-#include "platform/foundation/IdleMeter.h"
+#include "platform/foundation/time/IdleMeter.h"
 #include "platform/wayland/WaylandConnection.h"
 
 struct ext_idle_notification_v1;

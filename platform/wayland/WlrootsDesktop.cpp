@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/WlrootsDesktop.h"
 
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 
 #include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Result.h"
-#include "platform/foundation/RunLoop.h"
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/time/RunLoop.h"
+#include "platform/foundation/values/Result.h"
+#include "platform/foundation/values/SystemLog.h"
 #include "platform/x11/X11Atoms.h"
 
 #include <QByteArray>

@@ -4,7 +4,7 @@
 #include "platform/FrontApplication.h"
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
-#include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/programs/DesktopEntries.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11FocusWindow.h"
 #include "platform/x11/X11Window.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Window.h"
 
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 #include "platform/x11/X11Text.h"
 
 #include <xcb/res.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/TimeTracker.h"
+#include "Classes/engine/TimeTracker.h"
 
 // What the account says, for tests that hold it against a stopwatch.
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/bus/BusService.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/ActivationService.h"
 #include "tests/desktop/harness/WaitFor.h"
 #include "tests/fakes/RecordingLog.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/AtspiAccessibility.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/fakes/RecordingLog.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What is told by a bus may end the one who is told.
 #include "platform/bus/BusService.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/harness/SessionBus.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 #include "tests/fakes/RecordingLog.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/FreedesktopFileViewer.h"
 #include "tests/desktop/harness/SessionBus.h"
 #include "tests/desktop/services/ServiceScript.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the largest files that anybody may put there cost the built program. Time is the processor's, so that a busy machine
 // says the same.
-#include "platform/foundation/PropertyListXml.h"
+#include "platform/foundation/propertylists/PropertyListXml.h"
 #include "tests/desktop/harness/ProcessorTime.h"
 #include "tests/desktop/harness/Product.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxServiceManagement.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/TrustRecord.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/SystemBus.h"

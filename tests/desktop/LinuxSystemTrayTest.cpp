@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxSystemTray.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/x11/X11TrayManager.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/Packaged.h"

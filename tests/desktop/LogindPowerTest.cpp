@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/LinuxPower.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/ManualRunLoop.h"

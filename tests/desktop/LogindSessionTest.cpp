@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LogindSession.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/RecordingLog.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a compositor may tell, though none of the real ones does when it is asked to.
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 #include "platform/wayland/WaylandIdleTime.h"
 #include "platform/wayland/WlrootsDesktop.h"
 #include "tests/Places.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The built program and a session bus: launchers call it to the front, have it open files, and have the bus start it.
 #include "platform/bus/BusName.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/ActivationCaller.h"
 #include "tests/desktop/harness/Product.h"

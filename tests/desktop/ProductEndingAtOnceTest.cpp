@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The built program, told to end while it shows something that waits or works: a menu, a question about a large file, the
 // panel of an import that is under way.
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/ProcessorTime.h"
 #include "tests/desktop/harness/Product.h"

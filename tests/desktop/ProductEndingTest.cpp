@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The built program however it ends, and what the next one finds: with a question open, by the session manager, by a crash.
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/Product.h"

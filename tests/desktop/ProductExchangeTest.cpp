@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The built program and another one, on a real desktop: what they copy, paste and drag to and fro.
-#include "Classes/PasteboardTypes.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/exchange/PasteboardTypes.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/fakes/RichTextReader.h"

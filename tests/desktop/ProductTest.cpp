@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The built program on a real desktop: what it records, and how it ends.
 #include "tests/desktop/harness/Product.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/XClient.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The built program in the tray: its icon, its menu, and where else it is found.
-#include "platform/foundation/Identity.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/values/Identity.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/Packaged.h"
 #include "tests/desktop/harness/Product.h"

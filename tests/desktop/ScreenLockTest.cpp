@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "tests/desktop/services/ServiceScript.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/SettingsWatch.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 #include "tests/desktop/harness/WaitFor.h"
 #include "tests/fakes/RecordingLog.h"

@@ -4,8 +4,8 @@
 #include "platform/FrontApplication.h"
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
-#include "platform/foundation/DesktopEntries.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/harness/WaitFor.h"
 #include "tests/fakes/RecordingLog.h"
 

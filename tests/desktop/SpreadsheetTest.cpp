@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The exported table as a real spreadsheet reads it.
-#include "Classes/CsvExport.h"
+#include "Classes/record/CsvExport.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 #include "tests/fakes/Store.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The store under a real kernel: killed in the middle, and at the end of the disk.
-#include "Classes/StoreFile.h"
+#include "Classes/record/StoreFile.h"
 #include "tests/Places.h"
 #include "tests/fakes/NumberedSave.h"
 #include "tests/fakes/RecordingLog.h"

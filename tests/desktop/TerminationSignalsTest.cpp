@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/TerminationSignals.h"
-#include "platform/foundation/Assertions.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/desktop/harness/WaitFor.h"
 #include "tests/fakes/RecordingLog.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The privileged helper on a system bus of its own, with a polkit that decides as told.
 #include "platform/bus/BusService.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/TrustRecord.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/SystemBus.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/TrustNotice.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/harness/SessionBus.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/RecordingLog.h"

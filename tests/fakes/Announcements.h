@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/KeyValueObserving.h"
+#include "platform/foundation/observing/KeyValueObserving.h"
 
 #include <QStringList>
 

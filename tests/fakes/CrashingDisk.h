@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/FileCalls.h"
+#include "Classes/record/FileCalls.h"
 
 #include <QByteArray>
 #include <QDir>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Engine.h"
-#include "Classes/TimeDatabase.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/record/TimeDatabase.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/FakePlatform.h"
 
 #include <QFile>

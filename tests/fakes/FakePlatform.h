@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "platform/Platform.h"
 #include "tests/fakes/FakeAccessibility.h"
 #include "tests/fakes/FakeDesktop.h"

@@ -3,7 +3,7 @@
 
 #include "platform/OwnProgram.h"
 #include "platform/ServiceManagement.h"
-#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/time/RunLoop.h"
 
 #include <QFile>
 #include <QStringList>

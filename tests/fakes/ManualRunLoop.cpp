@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/ManualRunLoop.h"
 
-#include "platform/foundation/Assertions.h"
+#include "platform/foundation/values/Assertions.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Clock.h"
-#include "platform/foundation/RunLoop.h"
+#include "platform/foundation/time/Clock.h"
+#include "platform/foundation/time/RunLoop.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/PropertyListWriter.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyListWriter.h"
 
 #include <functional>
 

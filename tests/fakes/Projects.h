@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/ProjectRecord.h"
+#include "Classes/projects/ProjectRecord.h"
 
 #include <QStringList>
 #include <QtEndian>

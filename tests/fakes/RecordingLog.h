@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/SystemLog.h"
+#include "platform/foundation/values/SystemLog.h"
 
 #include <QStringList>
 

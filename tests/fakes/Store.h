@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/AccountTrouble.h"
-#include "Classes/TKUUIDManager.h"
-#include "Classes/TimeStoreApp.h"
+#include "Classes/common/AccountTrouble.h"
+#include "Classes/store/TKUUIDManager.h"
+#include "Classes/store/TimeStoreApp.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakePlatform.h"
 

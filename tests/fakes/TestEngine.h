@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/AccountTrouble.h"
-#include "Classes/SystemIdleTime.h"
-#include "Classes/TKUUIDManager.h"
-#include "Classes/TimerControl.h"
-#include "Classes/TitleRules.h"
+#include "Classes/common/AccountTrouble.h"
+#include "Classes/engine/SystemIdleTime.h"
+#include "Classes/engine/TimerControl.h"
+#include "Classes/rules/TitleRules.h"
+#include "Classes/store/TKUUIDManager.h"
 #include "tests/fakes/FakePlatform.h"
 
 // Shows nothing and remembers what it was told.

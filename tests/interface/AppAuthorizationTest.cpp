@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/AppAuthorization.h"
-#include "Classes/TimeActivatorUniversalAccess.h"
+#include "Classes/engine/TimeActivatorUniversalAccess.h"
 #include "tests/interface/Desk.h"
 
 #include <gtest/gtest.h>

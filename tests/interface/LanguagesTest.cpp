@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The windows in every language: nothing is cut off, and each entry of a menu has a key of its own.
 #include "interface/setup/SetupWindow.h"
-#include "platform/foundation/Translations.h"
+#include "platform/foundation/text/Translations.h"
 #include "tests/interface/SetupDesk.h"
 
 #include <QMenuBar>

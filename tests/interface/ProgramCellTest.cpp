@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/ProgramCell.h"
 
-#include "Classes/TimeStoreAppProxy.h"
+#include "Classes/store/TimeStoreAppProxy.h"
 #include "tests/fakes/TestEngine.h"
 
 #include <gtest/gtest.h>

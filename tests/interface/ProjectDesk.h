@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/PasteboardTypes.h"
+#include "Classes/exchange/PasteboardTypes.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/interface/Desk.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The rows of a project, among which there may be windows.
-#include "Classes/TimeStoreCategory.h"
+#include "Classes/store/TimeStoreCategory.h"
 #include "interface/outline/TimeTreeModel.h"
 #include "tests/fakes/TestEngine.h"
 #include "tests/interface/Desk.h"

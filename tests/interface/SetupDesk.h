@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/RuleCategories.h"
+#include "Classes/rules/RuleCategories.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/preferences/WeekdaySelector.h"

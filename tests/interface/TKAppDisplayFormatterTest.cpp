@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TKAppDisplayFormatter.h"
 
-#include "Classes/TimeStoreNode.h"
+#include "Classes/store/TimeStoreNode.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/interface/Desk.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the clipboard and drags carry, in and out of the window.
-#include "Classes/PasteboardTypes.h"
+#include "Classes/exchange/PasteboardTypes.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/RichTextReader.h"
 #include "tests/interface/Desk.h"

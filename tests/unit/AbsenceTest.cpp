@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What becomes of the time in which nobody is there.
-#include "Classes/IdleBookings.h"
+#include "Classes/engine/IdleBookings.h"
 #include "tests/fakes/Day.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/AccountTrouble.h"
-#include "Classes/Engine.h"
+#include "Classes/common/AccountTrouble.h"
+#include "Classes/engine/Engine.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakePlatform.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/BackgroundMove.h"
+#include "Classes/record/BackgroundMove.h"
 #include "tests/fakes/CrashingDisk.h"
 #include "tests/fakes/ManualRunLoop.h"
 

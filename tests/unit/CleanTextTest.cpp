@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/CleanText.h"
+#include "platform/foundation/text/CleanText.h"
 
 #include "tests/fakes/Announcements.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/CsvExport.h"
+#include "Classes/record/CsvExport.h"
 
 #include "tests/fakes/Store.h"
 

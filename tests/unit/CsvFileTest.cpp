@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How a table gets onto the disk, and what stays when it does not.
-#include "Classes/CsvExport.h"
+#include "Classes/record/CsvExport.h"
 #include "tests/fakes/CrashingDisk.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/DateStyles.h"
+#include "platform/foundation/time/DateStyles.h"
 
 #include "tests/fakes/Announcements.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/DesktopEntries.h"
+#include "platform/foundation/programs/DesktopEntries.h"
 
 #include "tests/fakes/ManualRunLoop.h"
 

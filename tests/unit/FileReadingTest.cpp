@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/FileReading.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/record/FileReading.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 
 #include <QDeadlineTimer>
 #include <QTemporaryDir>

@@ -2,7 +2,7 @@
 // What is told of where the time goes, as it lies in the file, held against a plain account of the same days.
 // TICKLOG_RANDOM_DAYS says how many.
 #include "Classes/history/HistoryRecorder.h"
-#include "Classes/TimeStoreWindow.h"
+#include "Classes/store/TimeStoreWindow.h"
 #include "tests/fakes/HistoryDiary.h"
 #include "tests/fakes/TestEngine.h"
 

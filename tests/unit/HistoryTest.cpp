@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/History.h"
-#include "Classes/TimeDatabase.h"
+#include "Classes/record/TimeDatabase.h"
 #include "tests/fakes/Day.h"
 #include "tests/fakes/HistoryDiary.h"
 

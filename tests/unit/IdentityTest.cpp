@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/Identity.h"
+#include "platform/foundation/values/Identity.h"
 
 #include "tests/fakes/Announcements.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/KeyValueObserving.h"
+#include "platform/foundation/observing/KeyValueObserving.h"
 
 #include "tests/fakes/Announcements.h"
 

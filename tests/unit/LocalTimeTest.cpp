@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/LocalTime.h"
+#include "platform/foundation/time/LocalTime.h"
 #include "tests/fakes/Announcements.h"
 
 #include <ctime>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/MadeUpProcesses.h"
+#include "platform/foundation/programs/MadeUpProcesses.h"
 
 #include <QStringList>
 

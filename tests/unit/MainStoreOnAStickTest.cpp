@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "tests/fakes/Database.h"
 
 #include <QDateTime>

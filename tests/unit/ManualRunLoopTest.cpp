@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/ManualRunLoop.h"
-#include "platform/foundation/Assertions.h"
+#include "platform/foundation/values/Assertions.h"
 
 #include <gtest/gtest.h>
 

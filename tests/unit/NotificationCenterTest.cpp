@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/observing/NotificationCenter.h"
 
 #include "tests/fakes/Announcements.h"
 

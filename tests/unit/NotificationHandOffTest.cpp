@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/NotificationHandOff.h"
+#include "Classes/engine/NotificationHandOff.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/ManualRunLoop.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/PeriodicSave.h"
+#include "Classes/record/PeriodicSave.h"
 
-#include "Classes/Engine.h"
-#include "Classes/TimeDatabase.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/record/TimeDatabase.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakePlatform.h"
 

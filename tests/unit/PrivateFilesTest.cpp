@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/PrivateFiles.h"
+#include "platform/foundation/files/PrivateFiles.h"
 
 #include <QDateTime>
 #include <QFile>

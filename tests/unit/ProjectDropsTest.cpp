@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/ProjectDrops.h"
+#include "Classes/projects/ProjectDrops.h"
 #include "tests/fakes/Projects.h"
 #include "tests/fakes/Store.h"
 

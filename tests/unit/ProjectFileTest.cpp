@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/ProjectFile.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/projects/ProjectFile.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Projects.h"
 #include "tests/fakes/RecordingLog.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/ProjectDrops.h"
-#include "Classes/ProjectNodes.h"
-#include "Classes/TimeDatabase.h"
+#include "Classes/projects/ProjectDrops.h"
+#include "Classes/projects/ProjectNodes.h"
+#include "Classes/record/TimeDatabase.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 #include "tests/fakes/Projects.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Random edits, beside a plain list that is edited alike and beside a view that knows only what it is told.
-#include "Classes/ProjectDrops.h"
+#include "Classes/projects/ProjectDrops.h"
 #include "tests/fakes/Projects.h"
 #include "tests/fakes/Store.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/ProjectList.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/projects/ProjectList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Projects.h"
 #include "tests/fakes/Store.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/ProjectRecord.h"
-#include "Classes/ReverseProjectCache.h"
+#include "Classes/projects/ProjectRecord.h"
+#include "Classes/projects/ReverseProjectCache.h"
 #include "tests/fakes/Projects.h"
 
 using namespace Qt::StringLiterals;

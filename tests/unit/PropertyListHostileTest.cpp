@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/Identity.h"
-#include "platform/foundation/PropertyListXml.h"
+#include "platform/foundation/propertylists/PropertyListXml.h"
+#include "platform/foundation/values/Identity.h"
 #include "tests/unit/PropertyListSamples.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/PropertyListPlainReader.h"
-#include "platform/foundation/PropertyListXml.h"
-#include "platform/foundation/PropertyListXmlReader.h"
+#include "platform/foundation/propertylists/PropertyListPlainReader.h"
+#include "platform/foundation/propertylists/PropertyListXml.h"
+#include "platform/foundation/propertylists/PropertyListXmlReader.h"
 #include "tests/unit/PropertyListSamples.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/Assertions.h"
-#include "platform/foundation/PropertyListWriter.h"
+#include "platform/foundation/propertylists/PropertyListWriter.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/unit/PropertyListSamples.h"
 
 #include <QLocale>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/QtRunLoop.h"
+#include "platform/foundation/time/QtRunLoop.h"
 
-#include "platform/foundation/Assertions.h"
-#include "platform/foundation/Clock.h"
+#include "platform/foundation/time/Clock.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/RecordingLog.h"
 

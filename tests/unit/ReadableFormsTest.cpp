@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/ReadableForms.h"
+#include "Classes/exchange/ReadableForms.h"
 
-#include "Classes/PasteboardTypes.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/exchange/PasteboardTypes.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/RichTextReader.h"
 #include "tests/fakes/Store.h"
 

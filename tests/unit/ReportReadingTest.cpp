@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // ticklog-report on a real history, against adding up every stretch by itself.
 #include "helpers/ticklog-report/ReportReading.h"
-#include "Classes/ProjectFile.h"
-#include "Classes/ProjectRecord.h"
-#include "Classes/RuleCategories.h"
-#include "Classes/Ruleset.h"
 #include "Classes/history/HistoryFile.h"
+#include "Classes/projects/ProjectFile.h"
+#include "Classes/projects/ProjectRecord.h"
+#include "Classes/rules/RuleCategories.h"
+#include "Classes/rules/Ruleset.h"
 #include "helpers/ticklog-report/RecordedNames.h"
 #include "helpers/ticklog-report/ReportFormats.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/RuleCategories.h"
+#include "Classes/rules/RuleCategories.h"
 #include "tests/fakes/Announcements.h"
 
 #include <QStringList>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/Ruleset.h"
+#include "Classes/rules/Ruleset.h"
 
-#include "Classes/RuleCategories.h"
+#include "Classes/rules/RuleCategories.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakePlatform.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/Settings.h"
+#include "Classes/common/Settings.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakePlatform.h"
 

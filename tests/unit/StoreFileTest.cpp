@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/StoreFile.h"
-#include "platform/foundation/Assertions.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/record/StoreFile.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/fakes/CrashingDisk.h"
 #include "tests/fakes/NumberedSave.h"
 #include "tests/fakes/RecordingLog.h"

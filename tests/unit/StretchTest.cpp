@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Where the time goes, as it is told beside the tree.
-#include "Classes/Settings.h"
-#include "Classes/TimeStoreWindow.h"
+#include "Classes/common/Settings.h"
+#include "Classes/store/TimeStoreWindow.h"
 #include "tests/fakes/Day.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/SystemIdleTime.h"
+#include "Classes/engine/SystemIdleTime.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/RecordingLog.h"

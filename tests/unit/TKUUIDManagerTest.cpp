@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TKUUIDManager.h"
+#include "Classes/store/TKUUIDManager.h"
 
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/ManualRunLoop.h"
 #include "tests/fakes/RecordingLog.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TimeActivatorScreenCapture.h"
+#include "Classes/engine/TimeActivatorScreenCapture.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TimeActivatorUniversalAccess.h"
+#include "Classes/engine/TimeActivatorUniversalAccess.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 

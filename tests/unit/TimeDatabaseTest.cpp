@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TimeDatabase.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/record/TimeDatabase.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Database.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TimeStoreAppProxy.h"
-#include "platform/foundation/Assertions.h"
+#include "Classes/store/TimeStoreAppProxy.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/fakes/Store.h"
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TimeStoreCategory.h"
-#include "Classes/TimeStorePruneProxy.h"
-#include "platform/foundation/Assertions.h"
+#include "Classes/store/TimeStoreCategory.h"
+#include "Classes/store/TimeStorePruneProxy.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/fakes/Store.h"
 
 using namespace Qt::StringLiterals;

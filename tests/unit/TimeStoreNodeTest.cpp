@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/Assertions.h"
+#include "platform/foundation/values/Assertions.h"
 #include "tests/fakes/Store.h"
 
 #include <cmath>

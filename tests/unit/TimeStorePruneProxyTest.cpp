@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TimeStorePruneProxy.h"
+#include "Classes/store/TimeStorePruneProxy.h"
 #include "tests/fakes/Store.h"
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Taking a freezing back, and doing it again, whatever has happened to the timers meanwhile.
-#include "Classes/ProjectList.h"
-#include "platform/foundation/DateStyles.h"
+#include "Classes/projects/ProjectList.h"
+#include "platform/foundation/time/DateStyles.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 

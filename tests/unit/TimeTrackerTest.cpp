@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/RuleCategories.h"
-#include "Classes/TimeActivatorUniversalAccess.h"
-#include "Classes/TimeStorePruneProxy.h"
+#include "Classes/engine/TimeActivatorUniversalAccess.h"
+#include "Classes/rules/RuleCategories.h"
+#include "Classes/store/TimeStorePruneProxy.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 

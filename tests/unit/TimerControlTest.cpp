@@ -2,7 +2,7 @@
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/TitleRules.h"
+#include "Classes/rules/TitleRules.h"
 #include "tests/fakes/Day.h"
 
 #include <gtest/gtest.h>

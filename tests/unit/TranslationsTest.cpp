@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The languages: that each says everything, says it rightly, and is found.
-#include "platform/foundation/Translations.h"
-#include "platform/foundation/LocalizedStrings.h"
+#include "platform/foundation/text/Translations.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 #include "tests/Places.h"
 #include "tests/fakes/TestEngine.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/UserDefaults.h"
-#include "platform/foundation/CleanText.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/files/UserDefaults.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/text/CleanText.h"
 #include "tests/fakes/ManualRunLoop.h"
 #include "tests/fakes/RecordingLog.h"
 
@@ -397,7 +397,8 @@ TEST_F(UserDefaultsTest, aTextLongerThanAnyPath_isNoSetting) {
 TEST_F(UserDefaultsTest, namesWithinListsAndTables_areCutAndCleaned) {
     const QString longest(kLongestText, u'x');
     write(PropertyList::binary(PropertyListDictionary{
-        {kRestart, PropertyListArray{PropertyListDictionary{{QStringLiteral("a\nb"), QString(longest + u'x')}}, 3}}}));
+        {kRestart,
+         PropertyListArray{PropertyListDictionary{{QStringLiteral("a\nb"), QString(longest + u'x')}}, 3}}}));
     EXPECT_EQ(launch()->object(kRestart), PropertyListValue(PropertyListArray{
                                               PropertyListDictionary{{QStringLiteral("a b"), longest}}, 3}));
 }

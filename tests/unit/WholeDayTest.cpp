@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // One day through every hop, from the window list to the files, compared as text.
-#include "Classes/TimeDatabase.h"
-#include "platform/foundation/DateStyles.h"
-#include "platform/foundation/PropertyList.h"
+#include "Classes/record/TimeDatabase.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/time/DateStyles.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"
 

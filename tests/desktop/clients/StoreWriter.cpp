@@ -3,7 +3,7 @@
 //   store-writer save PATH FIRST COUNT LENGTH [LIMIT]   prints the number of each save that is finished; LIMIT is the
 //                                                       largest size that a file may have
 //   store-writer read PATH                              prints the number of the save that a launch finds
-#include "Classes/StoreFile.h"
+#include "Classes/record/StoreFile.h"
 #include "tests/fakes/NumberedSave.h"
 #include "tests/fakes/RecordingLog.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/Engine.h"
-#include "Classes/TimerControl.h"
-#include "platform/foundation/DesktopEntries.h"
-#include "platform/foundation/QtRunLoop.h"
+#include "Classes/engine/Engine.h"
+#include "Classes/engine/TimerControl.h"
+#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/foundation/time/QtRunLoop.h"
 #include "platform/x11/X11Desktop.h"
 #include "platform/x11/X11IdleTime.h"
 #include "tests/desktop/harness/Desk.h"

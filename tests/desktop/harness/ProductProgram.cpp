@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/harness/ProductProgram.h"
 
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 
 #include <QDir>

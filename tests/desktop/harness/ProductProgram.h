@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/PropertyListValue.h"
+#include "platform/foundation/propertylists/PropertyListValue.h"
 #include "tests/desktop/harness/Program.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 

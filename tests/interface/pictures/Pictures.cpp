@@ -2,15 +2,15 @@
 // pictures FOLDER: the main window as people see it, a PNG for each scene, in the palette, the language and at
 // the scale that the environment asks for (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED,
 // QT_SCALE_FACTOR). To be looked at.
-#include "Classes/RuleCategories.h"
+#include "Classes/rules/RuleCategories.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/StatusItem.h"
-#include "platform/foundation/LocalizedStrings.h"
-#include "platform/foundation/Translations.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
 
 #include <QApplication>

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/engine/TimeActivator.h"
+
+#include "Classes/engine/TimeActivatorScreenCapture.h"
+#include "Classes/engine/TimeTracker.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kComputeInterval = 100ms;
+constexpr auto kComputeTolerance = 100ms;
+
+} // namespace
+
+std::unique_ptr<TimeActivator> TimeActivator::activatorForTracker(TimeTracker& tracker,
+                                                                  ActivityServices& services) {
+    return std::make_unique<TimeActivatorScreenCapture>(tracker, services);
+}
+
+TimeActivator::TimeActivator(TimeTracker& tracker, ActivityServices& services)
+    : m_isAXEnabled(services.accessibility.isProcessTrusted())
+    , m_trackDocumentTiming(m_isAXEnabled)
+    , m_timeTracker(&tracker)
+    , m_services(services) {
+    setupAppChangeNotification();
+}
+
+TimeActivator::~TimeActivator() {
+    m_services.frontApplication.installSwitchHandler({});
+}
+
+void TimeActivator::setupAppChangeNotification() {
+    if (!m_services.frontApplication.installSwitchHandler([this] { appDidChange(); }))
+        m_services.log.log(QStringLiteral("Could not install app change handler."));
+}
+
+std::optional<QString>
+TimeActivator::buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) {
+    if (!record)
+        return std::nullopt;
+    if (!record->name.isEmpty())
+        return record->name;
+    const QString bundleName = m_services.frontApplication.bundleName(record->path);
+    return bundleName.isEmpty() ? std::nullopt : std::optional(bundleName);
+}
+
+void TimeActivator::computeInfoWithAppDict(const std::optional<ApplicationRecord>&) {}
+
+std::optional<ApplicationRecord> TimeActivator::appDidChange() {
+    const std::optional<ApplicationRecord> record = m_services.frontApplication.activeApplication();
+    setCurrentAppName(buildAppNameForDictionary(record));
+    computeInfoWithAppDict(record);
+    if (m_timeTracker)
+        m_timeTracker->appDidChange();
+    return record;
+}
+
+std::optional<QString> TimeActivator::getDocStringNameForName(const std::optional<QString>& title) {
+    if (!title)
+        return std::nullopt;
+    qsizetype end = 0;
+    while (end < title->size() && title->at(end) != u'(' && title->at(end) != u'@')
+        ++end;
+    const QString document = title->first(end).trimmed();
+    return document.isEmpty() ? std::nullopt : std::optional(document);
+}
+
+void TimeActivator::createComputeTimerForController(ComputeTarget& controller) {
+    if (TimeActivator::computeTimerIsValid())
+        return;
+    m_updateTimer = m_services.runLoop.scheduleRepeating(kComputeInterval, kComputeTolerance,
+                                                         [&controller] { controller.computeTime(); });
+}
+
+void TimeActivator::destroyComputeTimer() {
+    m_updateTimer.reset();
+}
+
+bool TimeActivator::computeTimerIsValid() const {
+    return m_updateTimer && m_updateTimer->isValid();
+}
+
+void TimeActivator::openUniversalAccessPreferences() {
+    m_services.accessibility.openPreferences();
+    if (!isAXEnabled())
+        m_waitForUniversalAccessChange = true;
+}
+
+bool TimeActivator::isAXEnabled() {
+    m_isAXEnabled = m_services.accessibility.isProcessTrusted();
+    return m_isAXEnabled;
+}

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/FrontApplication.h"
+#include "platform/WindowList.h"
+#include "platform/foundation/observing/KeyValueObserving.h"
+#include "platform/foundation/time/Clock.h"
+#include "platform/foundation/time/RunLoop.h"
+#include "platform/foundation/values/SystemLog.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
+
+class TimeTracker;
+class TitleRules;
+
+inline constexpr ObservedKey kIsAXEnabledKey{"isAXEnabled"};
+
+// What activity sources ask. Outlives them.
+struct ActivityServices {
+    FrontApplication& frontApplication;
+    WindowList& windowList;
+    Accessibility& accessibility;
+    RunLoop& runLoop;
+    Clock& clock;
+    SystemLog& log;
+    // What may be known of titles. Null: everything.
+    const TitleRules* titleRules = nullptr;
+};
+
+// Who is called at every tick while it is attached to a source.
+class ComputeTarget {
+public:
+    virtual ~ComputeTarget() = default;
+    virtual void computeTime() = 0;
+};
+
+// Tells the tracker which application is in front and which of its windows, and keeps the instant from which the time to
+// credit is measured. This base knows applications only. Belongs to one tracker, which outlives it or tears it down.
+class TimeActivator : public Observable {
+public:
+    // The source every tracker gets, whatever the accessibility trust is.
+    static std::unique_ptr<TimeActivator> activatorForTracker(TimeTracker& tracker,
+                                                              ActivityServices& services);
+
+    TimeActivator(TimeTracker& tracker, ActivityServices& services);
+    ~TimeActivator() override;
+
+    // Forgets the tracker: nothing is told to it from now on.
+    void teardown() { m_timeTracker = nullptr; }
+
+    // The name to credit for an application record; absent when neither the record nor the program has one.
+    virtual std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record);
+    // Takes from the record what the source needs to know of the application.
+    virtual void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record);
+    // Another application is in front. Answers its record.
+    virtual std::optional<ApplicationRecord> appDidChange();
+    // Reads the front window again and tells the tracker.
+    virtual void mainWindowDidChange() {}
+    // The document a title names: the title up to the first "(" or "@", trimmed; absent when nothing is left.
+    static std::optional<QString> getDocStringNameForName(const std::optional<QString>& title);
+
+    // Restarts the period to credit, in sources that credit.
+    virtual void resetObservations() {}
+    // Gives up what the source is subscribed to.
+    virtual void resetNotifications() {}
+    // When the period to credit began. Absent until the first reset: then nothing can be credited yet.
+    std::optional<Instant> startDate() const { return m_startDate; }
+    // The whole title of the front window, cleaned; absent while the application in front has none.
+    virtual std::optional<QString> windowTitle() const { return std::nullopt; }
+
+    // While there is a compute timer, the controller's computeTime() is called ten times a second.
+    virtual void createComputeTimerForController(ComputeTarget& controller);
+    virtual void destroyComputeTimer();
+    virtual bool computeTimerIsValid() const;
+
+    // Opens the place where the user grants accessibility.
+    void openUniversalAccessPreferences();
+    // Whether the program is trusted for accessibility, as far as this source needs it.
+    virtual bool isAXEnabled();
+    // Whether windows are credited as well as applications.
+    virtual bool trackDocumentTiming() const { return m_trackDocumentTiming; }
+
+    // The application last told to the tracker.
+    const std::optional<QString>& currentAppName() const { return m_currentAppName; }
+    void setCurrentAppName(const std::optional<QString>& name) { m_currentAppName = name; }
+
+protected:
+    TimeTracker* timeTracker() const { return m_timeTracker; }
+    ActivityServices& services() const { return m_services; }
+    std::recursive_mutex& lock() { return m_lock; }
+    void restartPeriod() { m_startDate = m_services.clock.instant(); }
+
+    bool m_isAXEnabled;
+    bool m_trackDocumentTiming;
+    // The user was sent to grant accessibility: look again at the next switch.
+    bool m_waitForUniversalAccessChange = false;
+
+private:
+    void setupAppChangeNotification();
+
+    TimeTracker* m_timeTracker;
+    ActivityServices& m_services;
+    std::optional<QString> m_currentAppName;
+    std::optional<Instant> m_startDate;
+    std::unique_ptr<RunLoopTimer> m_updateTimer;
+    // Against re-entry from observers and timers, not against other threads.
+    std::recursive_mutex m_lock;
+};

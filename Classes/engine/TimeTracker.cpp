@@ -1,0 +1,348 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/engine/TimeTracker.h"
+
+#include "Classes/common/Settings.h"
+#include "Classes/engine/SystemIdleTime.h"
+#include "Classes/rules/RuleCategories.h"
+#include "Classes/store/TimeStoreCategory.h"
+#include "platform/foundation/values/Assertions.h"
+
+#include <algorithm>
+
+TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeActivator)
+    : m_services(services)
+    , m_categories(std::make_unique<RuleCategories>())
+    , m_lastResetDate(now())
+    , m_countingSince(instant()) {
+    m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
+                                    : TimeActivator::activatorForTracker(*this, services.activity);
+    m_defaultsChanges = services.store.notifications.observe(
+        kUserDefaultsDidChangeNotification, [this](const Notification&) { userDefaultsChanged(); });
+    m_namesToKeep = services.store.notifications.observe(
+        kTicklogKeepNamesNotification, [this](const Notification& notification) {
+            if (const auto* used = std::any_cast<std::unordered_set<Identity>>(&notification.object))
+                enterInRegistry(used);
+        });
+    userDefaultsChanged();
+}
+
+TimeTracker::~TimeTracker() {
+    m_timeActivator->teardown();
+}
+
+bool TimeTracker::setIsRunning(bool run) {
+    if (run && !m_timeActivator->isAXEnabled()) {
+        if (m_services.checkAccessibilityTrust)
+            m_services.checkAccessibilityTrust();
+        return false;
+    }
+    const std::lock_guard guard(m_lock);
+    if (!m_isRunning) {
+        resetInternalTimes();
+        m_countingSince = instant();
+    }
+    m_isRunning = run;
+    if (run)
+        appDidChange();
+    else
+        resetInternalTimes();
+    return true;
+}
+
+void TimeTracker::appDidChange() {
+    if (!m_isRunning)
+        return;
+    const std::lock_guard guard(m_lock);
+    updateDisplayTime(false);
+    setCurrentApp(m_timeActivator->currentAppName());
+    resetInternalTimes();
+    m_timeActivator->mainWindowDidChange();
+}
+
+void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& appName,
+                                               const std::optional<WindowElement>& mainWindowName,
+                                               const std::optional<QString>& documentName) {
+    const std::lock_guard guard(m_lock);
+    // Freezing and removing timers come through here too. What is in front of nobody gets none of the absence.
+    if (m_isRunning && m_wasIdle)
+        return;
+    setCurrentApp(appName);
+    const auto app = m_activeStoreApp.lock();
+    const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
+    if (window != std::exchange(m_activeStoreWindow, window).lock())
+        m_narrowing.noteChange();
+    if (!m_isRunning || !window)
+        return;
+    // Its title has changed while it was behind others, or while nobody was there to follow it.
+    if (!window->isNamed(*documentName)) {
+        window->setName(*documentName);
+        m_narrowing.noteChange();
+    }
+    updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
+}
+
+void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
+    // A title that names no document names no window either.
+    const auto app = m_activeStoreApp.lock();
+    const auto current = m_activeStoreWindow.lock();
+    if (!newName || !app || !current)
+        return;
+    const bool isCurrent = current->windowElement() && *current->windowElement() == window;
+    if (!m_isRunning && !isCurrent)
+        return;
+    // Another application's window has not been renamed.
+    if (!isCurrent && applicationHolding(*current) != app)
+        return;
+    if (const auto found = isCurrent ? nullptr : app->windowStoreForName(newName, window);
+        found && found != current)
+        app->join(*current, *found);
+    // The application joins whatever else bears the name.
+    if (current->name() != *newName)
+        current->setName(*newName);
+    m_narrowing.noteChange();
+}
+
+void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
+    if (!m_isRunning)
+        return;
+    const std::lock_guard guard(m_lock);
+    if (hadWindow && !m_wasIdle)
+        updateActiveTimeInStore(activeStoreWindow(), m_timeActivator->startDate());
+    creditCurrentApp();
+}
+
+void TimeTracker::updateDisplayTime(bool idle) {
+    const std::lock_guard guard(m_lock);
+    // While the timer is stopped nobody's absence begins either.
+    if (!m_wasIdle && idle && m_isRunning) {
+        m_wasIdle = true;
+        bookIdleOnset();
+    } else if (m_wasIdle && !idle) {
+        m_wasIdle = false;
+        appDidChange();
+    }
+    if (!m_isRunning)
+        return;
+    if (m_timeActivator->trackDocumentTiming() && !idle)
+        m_timeActivator->mainWindowDidChange();
+    creditCurrentApp();
+    resetInternalTimes();
+}
+
+void TimeTracker::creditCurrentApp() {
+    const auto app = m_activeStoreApp.lock();
+    const std::optional<Instant> start = m_timeActivator->startDate();
+    updateActiveTimeInStore(app.get(), start);
+    if (!app || !start)
+        return;
+    if (app->isNamed(kIdleName))
+        m_idleBookings.add(*start, instant());
+    tellOfStretch(app, *start, instant());
+}
+
+// Null when the window is not the application's: one without windows of its own leaves the last one's current.
+static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
+                                                 const std::weak_ptr<TimeStoreWindow>& window) {
+    auto current = window.lock();
+    return current && app.holds(*current) ? current : nullptr;
+}
+
+void TimeTracker::tellOfStretch(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to) {
+    if (m_listeners->isEmpty() || from >= to)
+        return;
+    const bool isIdle = app->isNamed(kIdleName);
+    const std::optional<QString> title = isIdle ? std::nullopt : m_timeActivator->windowTitle();
+    const auto window = title ? windowOf(*app, m_activeStoreWindow) : nullptr;
+    const Stretch stretch{from,
+                          to,
+                          app.get(),
+                          window.get(),
+                          title.value_or(QString()),
+                          isIdle ? Presence::Idle : Presence::Work};
+    m_listeners->forEach([&](StretchListener* listener) { listener->credited(stretch); });
+}
+
+void TimeTracker::bookIdleOnset() {
+    const std::uint64_t idleCount = m_services.idleTime.seconds();
+    const Seconds idle = float(idleCount);
+    const Instant lastInput = m_services.idleTime.lastInput(idleCount);
+    const Instant start = m_timeActivator->startDate().value_or(instant());
+    const Seconds gap = secondsBetween(start, instant());
+    // What has passed since the last tick is nobody's yet.
+    const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
+    const auto current = m_activeStoreApp.lock();
+    const auto window = current ? windowOf(*current, m_activeStoreWindow) : nullptr;
+    const Seconds windowTime = window ? window->activeTime() : idle;
+    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
+    const bool isGap = gap > idle;
+    if (isGap) {
+        takeAbsenceFromGap(gap, idle);
+        if (current)
+            tellOfStretch(current, start, lastInput);
+    }
+    const Instant since = std::max(lastInput, m_countingSince);
+    m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, instant()); });
+    setCurrentApp(kIdleName);
+    m_activeStoreWindow.reset();
+    if (const auto app = m_activeStoreApp.lock())
+        addTime(*app, unbooked);
+    m_idleBookings.settle(lastInput, instant());
+    resetInternalTimes();
+    // Told last: the account is right by now.
+    if (isGap && windowTime - idle < 0)
+        throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
+                                    QString::asprintf("%f, %f", windowTime, idle));
+}
+
+// An absence goes to Idle once, and only as far as the timer ran through it.
+Seconds TimeTracker::unbookedIdle(Seconds idle, Instant lastInput) const {
+    const Seconds counted = std::min(idle, secondsBetween(m_countingSince, instant()));
+    return std::max(0.0, counted - m_idleBookings.bookedSince(lastInput));
+}
+
+// The ticks stood still for longer than the user has been away: of what has passed meanwhile, the absence is not the
+// application's.
+void TimeTracker::takeAbsenceFromGap(Seconds gap, Seconds idle) {
+    const auto app = m_activeStoreApp.lock();
+    if (!app)
+        return;
+    app->addTimeInterval(gap - idle);
+    if (const auto window = windowOf(*app, m_activeStoreWindow))
+        window->addTimeInterval(gap - idle);
+}
+
+void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start) {
+    if (!node || !start)
+        return;
+    // An observer may remove the node while it is told.
+    const auto alive = node->weak_from_this().lock();
+    addTime(*node, secondsBetween(*start, instant()));
+}
+
+void TimeTracker::addTime(TimeStoreNode& node, Seconds seconds) {
+    const Seconds before = node.TimeStoreNode::activeTime();
+    m_narrowing.noteTime(before, before + seconds);
+    node.addTimeInterval(seconds);
+}
+
+void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
+    if (!name)
+        return;
+    const bool isAway = *name == kScreenSaverName || *name == kLoginWindowName;
+    const QString& credited = isAway ? kIdleName : *name;
+    if (const auto known = m_timeDictionary.constFind(credited); known != m_timeDictionary.constEnd()) {
+        m_activeStoreApp = *known;
+        return;
+    }
+    willChange(kTimeSetKey);
+    {
+        const std::lock_guard guard(m_lock);
+        m_activeStoreApp = addApplication(std::make_shared<TimeStoreApp>(m_services.store, credited));
+    }
+    m_activeStoreWindow.reset();
+    didChange(kTimeSetKey);
+    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
+}
+
+std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeStoreApp> app) {
+    m_timeDictionary.insert(app->name(), app);
+    m_timeSet.push_back(app);
+    m_narrowing.noteChange();
+    return app;
+}
+
+void TimeTracker::resetInternalTimes() {
+    m_timeActivator->resetObservations();
+}
+
+void TimeTracker::awakeFromSleep() {
+    m_wasIdle = true;
+    if (m_isRunning)
+        updateDisplayTime(true);
+    resetInternalTimes();
+}
+
+Seconds TimeTracker::totalTime() const {
+    const std::lock_guard guard(m_lock);
+    const bool countsSelf = m_services.defaults.boolForKey(kIncludeSelfInSumofTimes);
+    const bool countsIdle = m_services.defaults.boolForKey(kIncludeIdleInSumofTimes);
+    Seconds total = 0;
+    for (const auto& app : m_timeSet) {
+        // Ourselves by the name shown, the idle time by the name it was made under: a timer that the user calls
+        // "Ticklog" is meant to be left out with us.
+        if (!countsSelf && app->isShownAs(kOwnName))
+            continue;
+        if (!countsIdle && app->isNamed(kIdleName))
+            continue;
+        total += app->TimeStoreNode::activeTime();
+    }
+    return total;
+}
+
+TimeStoreItem::Children TimeTracker::timeSet() const {
+    const std::lock_guard guard(m_lock);
+    if (m_narrowing.survivors())
+        return *m_narrowing.survivors();
+    return {m_timeSet.begin(), m_timeSet.end()};
+}
+
+std::vector<Identity> TimeTracker::primaryUUIDs() const {
+    std::vector<Identity> identities;
+    identities.reserve(m_timeSet.size());
+    for (const auto& app : m_timeSet)
+        if (const auto uuid = app->uuid())
+            identities.push_back(*uuid);
+    return identities;
+}
+
+TimeStoreItem::Children TimeTracker::timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
+                                                               bool excludingIncludedChildren) const {
+    std::unordered_set<Identity> remaining;
+    const std::unordered_set<Identity>& wanted = excludingIncludedChildren ? remaining : childUUIDs;
+    const auto isIn = [](const std::unordered_set<Identity>& set, const TimeStoreNode& node) {
+        return node.uuid() && set.contains(*node.uuid());
+    };
+    if (excludingIncludedChildren) {
+        remaining = childUUIDs;
+        for (const auto& app : m_timeSet)
+            if (isIn(childUUIDs, *app))
+                for (const auto& window : app->windows())
+                    if (window->uuid() && window->uuid() != app->uuid())
+                        remaining.erase(*window->uuid());
+    }
+    TimeStoreItem::Children found;
+    for (const auto& app : m_timeSet) {
+        if (isIn(wanted, *app))
+            found.push_back(app);
+        else
+            app->appendWindows(wanted, found);
+    }
+    return found;
+}
+
+void TimeTracker::updateTimeStoreCategory(TimeStoreCategory& category,
+                                          const std::vector<Identity>& childUUIDs) const {
+    category.setChildren(std::make_shared<const TimeStoreItem::Children>(
+        timeChildrenForChildUUIDs({childUUIDs.begin(), childUUIDs.end()}, false)));
+}
+
+void TimeTracker::setSearchString(const QString& searchString) {
+    if (m_narrowing.setText(searchString))
+        reloadSearchFiltering();
+}
+
+void TimeTracker::setCutoffTime(float cutoffTime) {
+    m_narrowing.setLimit(cutoffTime);
+    reloadSearchFiltering();
+}
+
+void TimeTracker::reloadSearchFiltering() {
+    const std::lock_guard guard(m_lock);
+    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    m_narrowing.giveUp();
+    m_narrowing.find(m_timeSet);
+}
+
+void TimeTracker::userDefaultsChanged() {
+    m_categories->read(m_services.defaults.object(kRulesetKey));
+}

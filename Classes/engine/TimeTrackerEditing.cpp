@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The tracker's changes to the whole tree: clearing, reading and writing it.
+#include "Classes/engine/TimeTracker.h"
+#include "Classes/store/IncomingTimers.h"
+#include "Classes/store/TKUUIDManager.h"
+
+#include <algorithm>
+
+void TimeTracker::addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent) {
+    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    addApplication(std::make_shared<TimeStoreApp>(m_services.store, name, timeSpent));
+}
+
+void TimeTracker::enterNames() const {
+    enterInRegistry(nullptr);
+}
+
+void TimeTracker::reset() {
+    enterNames();
+    {
+        const std::lock_guard guard(m_lock);
+        AppSet cleared;
+        willChange(kTimeSetKey);
+        cleared.swap(m_timeSet);
+        m_activeStoreApp.reset();
+        // Nothing may point into what is cleared when the observers are told.
+        m_activeStoreWindow.reset();
+        m_narrowing.drop([](const TimeStoreItem&) { return true; });
+        didChange(kTimeSetKey);
+        m_timeDictionary.clear();
+        m_timeActivator->resetNotifications();
+        setLastResetDate(now());
+        // An absence that is going on begins anew in the empty tree.
+        m_countingSince = instant();
+    }
+    appDidChange();
+}
+
+PropertyListArray TimeTracker::arrayRepresentation() const {
+    PropertyListBuilder builder;
+    writeArrayRepresentation(builder);
+    const PropertyListValue entries = builder.take();
+    return *entries.asArray();
+}
+
+void TimeTracker::writeArrayRepresentation(PropertyListSink& sink) const {
+    sink.beginArray();
+    for (const auto& app : m_timeSet) {
+        sink.beginDictionary();
+        sink.key(kEntryApp);
+        app->writeRecord(sink);
+        sink.key(kEntryWindows);
+        sink.beginArray();
+        app->writeWindowRecords(sink);
+        sink.endArray();
+        sink.endDictionary();
+    }
+    sink.endArray();
+}
+
+int TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
+    IncomingTimers timers(m_services.store, entries, [this] { enterNames(); });
+    timers.makeAll();
+    return take(timers);
+}
+
+int TimeTracker::take(IncomingTimers& timers) {
+    TKUUIDManager& registry = m_services.store.registry;
+    {
+        const ChangeAnnouncement announcement(*this, kTimeSetKey);
+        for (auto& app : timers.take()) {
+            // The tree may have been cleared since it was made, and have entered its own.
+            if (const auto uuid = app->uuid();
+                uuid && registry.knownUUID(app->registryKey(app->name())) != uuid)
+                registry.setUUID(*uuid, app->registryKey(app->name()));
+            addApplication(std::move(app));
+        }
+    }
+    if (!timers.successions().empty())
+        m_services.store.notifications.post(kTicklogSucceedNodeNotification, timers.successions());
+    if (const int damaged = timers.damaged(); damaged > 0)
+        m_services.store.log.log(
+            QStringLiteral("%1 entries of the database are damaged and were left out.").arg(damaged));
+    return timers.damaged();
+}
+
+void TimeTracker::dissolve(const AppSet& applications) {
+    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    for (const auto& app : applications) {
+        const auto other = m_timeDictionary.value(app->name());
+        if (!other || other == app)
+            continue;
+        other->addTimeInterval(app->activeTime());
+        std::erase(m_timeSet, app);
+    }
+}
+
+void TimeTracker::setLastResetDate(Date date) {
+    willChange(kLastResetDateKey);
+    willChange(kLastResetDateDisplayStringKey);
+    m_lastResetDate = date;
+    didChange(kLastResetDateDisplayStringKey);
+    didChange(kLastResetDateKey);
+}

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// How the tracker's durations and dates read.
+#include "Classes/common/Settings.h"
+#include "Classes/engine/TimeTracker.h"
+#include "platform/foundation/text/DurationText.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/time/DateStyles.h"
+
+#include <cmath>
+
+namespace {
+
+// Cut off. A file may hold any time, also one that no integer can tell.
+qint64 wholeNumber(double number) {
+    return PropertyListValue(number).toInteger();
+}
+
+QString counted(const char* key, qint64 count) {
+    return localized(key).replace(QLatin1String("%ld"), QString::number(count));
+}
+
+// Languages differ in how they count two and none, so these have keys of their own.
+const char* hourKey(qint64 hours) {
+    return hours == 1   ? QT_TRANSLATE_NOOP("Ticklog", "%ld hour")
+           : hours == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld hour-2")
+                        : QT_TRANSLATE_NOOP("Ticklog", "%ld hours");
+}
+
+const char* minuteKey(qint64 minutes) {
+    return minutes == 1   ? QT_TRANSLATE_NOOP("Ticklog", "%ld minute")
+           : minutes == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld minute-2")
+                          : QT_TRANSLATE_NOOP("Ticklog", "%ld minutes");
+}
+
+const char* secondKey(qint64 seconds) {
+    return seconds == 0   ? QT_TRANSLATE_NOOP("Ticklog", "%ld second-0")
+           : seconds == 1 ? QT_TRANSLATE_NOOP("Ticklog", "%ld second")
+           : seconds == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld second-2")
+                          : QT_TRANSLATE_NOOP("Ticklog", "%ld seconds");
+}
+
+} // namespace
+
+QString TimeTracker::timeStringForDouble(Seconds seconds) {
+    return durationText(seconds);
+}
+
+QString TimeTracker::humanTimeStringForDouble(Seconds seconds) const {
+    const bool includesSeconds = m_services.defaults.boolForKey(kIncludeSecondsWhenCopyingTime);
+    const double whole = std::floor(seconds);
+    const auto hours = wholeNumber(std::floor(whole / 3600));
+    // Rounded before the hours are taken off, so that 59.5 minutes become 60 and then none: nothing carries.
+    const float allMinutes = includesSeconds ? float(std::floor(whole / 60)) : std::round(float(whole / 60));
+    const auto minutes = wholeNumber(std::fmod(allMinutes, 60.0F));
+    const auto rest = wholeNumber(std::fmod(whole, 60));
+    QStringList parts;
+    if (hours != 0)
+        parts << counted(hourKey(hours), hours);
+    if (minutes != 0)
+        parts << counted(minuteKey(minutes), minutes);
+    if (includesSeconds || parts.isEmpty())
+        parts << counted(secondKey(rest), rest);
+    return parts.join(QStringLiteral(", "));
+}
+
+QString TimeTracker::lastResetDateDisplayString() const {
+    return localized("Database file (reset %@):")
+        .replace(QLatin1String("%@"), mediumDateShortTime(m_lastResetDate));
+}

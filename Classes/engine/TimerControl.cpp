@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/engine/TimerControl.h"
+
+#include "Classes/common/Settings.h"
+#include "Classes/engine/SystemIdleTime.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kHeartbeatInterval = 15s;
+constexpr auto kHeartbeatTolerance = 1s;
+
+const QString kImageStart = QStringLiteral("ToolbarStart");
+const QString kImagePause = QStringLiteral("ToolbarPause");
+
+} // namespace
+
+TimerControl::TimerControl(TimeTracker& tracker, TrackerServices& services, TimerDisplay& display, Save save)
+    : m_tracker(tracker)
+    , m_services(services)
+    , m_display(display)
+    , m_save(std::move(save)) {
+    RunLoop& runLoop = services.activity.runLoop;
+    m_heartbeat =
+        runLoop.scheduleRepeating(kHeartbeatInterval, kHeartbeatTolerance, [this] { ticklogHeartbeat(); });
+    m_firstHeartbeat = runLoop.scheduleOnce(0s, [this] { ticklogHeartbeat(); });
+}
+
+TimerControl::~TimerControl() {
+    destroyComputeTimer();
+    if (m_power)
+        m_power->registerForSystemPower({});
+}
+
+void TimerControl::toggleCounting() {
+    if (isRunning())
+        stopTimer();
+    else
+        startTimer();
+}
+
+void TimerControl::startTimer() {
+    if (m_tracker.setIsRunning(true))
+        forceStartTimer();
+}
+
+void TimerControl::forceStartTimer() {
+    recreateComputeTimer();
+    computeTime();
+    m_display.showToggle(kImagePause, localized("Pause"));
+    m_display.showRecordingBadge(true);
+    m_display.updateMenuIconState();
+    m_services.defaults.setObject(kTKWasTimerRunning, true);
+    m_services.defaults.synchronize();
+}
+
+void TimerControl::stopTimer() {
+    // At once: a crash after this must not start the timer again.
+    m_services.defaults.setObject(kTKWasTimerRunning, false);
+    m_services.defaults.synchronize();
+    halt();
+}
+
+void TimerControl::halt() {
+    destroyComputeTimer();
+    m_tracker.setIsRunning(false);
+    m_display.showToggle(kImageStart, localized("Start"));
+    m_display.showRecordingBadge(false);
+    m_save();
+    m_display.updateMenuIconState();
+}
+
+void TimerControl::computeTime() {
+    m_tracker.updateDisplayTime(isIdle());
+    refreshDisplay();
+}
+
+void TimerControl::refreshDisplay() {
+    m_display.refreshTimeSum();
+    m_display.updateMenus();
+}
+
+bool TimerControl::isIdle() {
+    if (!m_services.defaults.boolForKey(kEnableIdleDetection))
+        return false;
+    return m_services.idleTime.hasReachedMinutes(m_services.defaults.integerForKey(kMinutesUntilIdle));
+}
+
+void TimerControl::destroyComputeTimer() {
+    m_tracker.timeActivator().destroyComputeTimer();
+}
+
+void TimerControl::recreateComputeTimer() {
+    m_tracker.timeActivator().createComputeTimerForController(*this);
+}
+
+bool TimerControl::computeTimerIsValid() const {
+    return m_tracker.timeActivator().computeTimerIsValid();
+}
+
+void TimerControl::registerForSystemSleep(PowerEvents& power) {
+    if (m_rootPort != 0)
+        return;
+    m_rootPort = power.registerForSystemPower([this](PowerMessage message, std::int64_t notification) {
+        handlePowerMessage(message, notification);
+    });
+    if (m_rootPort == 0)
+        m_services.store.log.print(QStringLiteral("IORegisterForSystemPower failed"));
+    else
+        m_power = &power;
+}
+
+void TimerControl::handlePowerMessage(PowerMessage message, std::int64_t notification) {
+    switch (message) {
+    case PowerMessage::CanSystemSleep:
+    case PowerMessage::SystemWillSleep:
+        stopTimerWithCondition();
+        m_power->allowPowerChange(m_rootPort, notification);
+        break;
+    case PowerMessage::SystemWillNotSleep:
+    case PowerMessage::SystemHasPoweredOn:
+        conditionallyStartTimer();
+        break;
+    }
+}
+
+void TimerControl::stopTimerWithCondition() {
+    if (!isRunning())
+        return;
+    m_wasRunning = true;
+    halt();
+}
+
+void TimerControl::conditionallyStartTimer() {
+    if (!m_wasRunning)
+        return;
+    m_wasRunning = false;
+    m_services.idleTime.noteWakeUp();
+    m_tracker.awakeFromSleep();
+    recreateComputeTimer();
+    startTimer();
+}
+
+void TimerControl::sessionDidResignActive() {
+    destroyComputeTimer();
+    m_save();
+}
+
+void TimerControl::sessionDidBecomeActive() {
+    // A timer that is paused would look as if it ran.
+    if (isRunning())
+        recreateComputeTimer();
+}
+
+void TimerControl::willPowerOff() {
+    if (computeTimerIsValid()) {
+        m_services.defaults.setObject(kStartTicklogOnNextLaunch, true);
+        m_services.defaults.synchronize();
+    }
+    m_save();
+    destroyComputeTimer();
+}
+
+void TimerControl::ticklogHeartbeat() {
+    if (m_wasRunning) {
+        // The wake-up notification went missing.
+        conditionallyStartTimer();
+        return;
+    }
+    if (!isRunning() && !m_services.defaults.boolForKey(kTKWasTimerRunning))
+        return;
+    if (computeTimerIsValid())
+        return;
+    if (!isRunning())
+        setToRun();
+    forceStartTimer();
+}

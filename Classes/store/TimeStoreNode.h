@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/store/TimeStoreItem.h"
+#include "platform/foundation/observing/KeyValueObserving.h"
+#include "platform/foundation/observing/NotificationCenter.h"
+#include "platform/foundation/propertylists/PropertyListWriter.h"
+#include "platform/foundation/time/RunLoop.h"
+#include "platform/foundation/values/SystemLog.h"
+
+class AccountTrouble;
+class TKUUIDManager;
+
+// The observable properties of a node.
+inline constexpr ObservedKey kNameKey{"name"};
+inline constexpr ObservedKey kRenamedNameKey{"renamedName"};
+inline constexpr ObservedKey kRenamedNameFormattedKey{"renamedNameFormatted"};
+inline constexpr ObservedKey kSortNameKey{"sortName"};
+inline constexpr ObservedKey kActiveTimeStringKey{"activeTimeString"};
+inline constexpr ObservedKey kChildrenKey{"children"};
+inline constexpr ObservedKey kIsLeafKey{"isLeaf"};
+
+// The entries of a node's record.
+inline const QString kRecordName = QStringLiteral("Name");
+inline const QString kRecordActiveTime = QStringLiteral("ActiveTime");
+inline const QString kRecordUUID = QStringLiteral("UUID");
+inline const QString kRecordBranched = QStringLiteral("Branched");
+inline const QString kRecordRenamedName = QStringLiteral("Renamed Name");
+// The second entry of `renamedNameFormatted`.
+inline const QString kFormattedOriginal = QStringLiteral("Original");
+
+// Asks those who show projects to build them anew. No object.
+inline const QString kTicklogRefreshProjectsNotification =
+    QStringLiteral("kTicklogRefreshProjectsNotification");
+
+// The years that a date in a file may have, 1 to 9999, are all that anybody can have counted: 10,000 of them, to the second.
+inline constexpr Seconds kLongestTime = 10'000 * 365.2425 * 86'400;
+
+// What nodes need of the rest of the program. Outlives all nodes.
+struct TimeStoreServices {
+    TKUUIDManager& registry;
+    NotificationCenter& notifications;
+    RunLoop& runLoop;
+    SystemLog& log;
+    AccountTrouble& trouble;
+};
+
+// What every timer has. A node's time only grows by addTimeInterval(); its identity is fixed at construction unless it
+// is frozen.
+class TimeStoreNode : public TimeStoreItem, public Observable {
+public:
+    // Absent or other than text, the name is ""; absent, negative or no number, the time is 0, and never more than
+    // kLongestTime. The identity is the registry's for the node's class and name.
+    explicit TimeStoreNode(TimeStoreServices& services, const PropertyListValue& name,
+                           const PropertyListValue& timeSpent = 0.0);
+    // From a record as dictionaryRepresentation() makes it. An identity in the record wins over the registry's.
+    TimeStoreNode(TimeStoreServices& services, const PropertyListDictionary& record);
+
+    // What nodes of a class are called in registry keys.
+    QString className() const;
+    // The registry key of a node of this class called `name`.
+    QString registryKey(const QString& name) const { return className() + name; }
+
+    TimeStoreNode& node() override { return *this; }
+    QString name() const override { return m_name.isNull() ? QLatin1String("") : m_name; }
+    QString displayName() const { return name(); }
+    // Comparisons for whoever asks many nodes ten times a second: no text is shared for them.
+    bool isNamed(const QString& text) const { return m_name == text; }
+    bool isShownAs(const QString& text) const {
+        return (m_renamedNameStorage.isNull() ? m_name : m_renamedNameStorage) == text;
+    }
+    // Whether the name shown contains a text, whatever its case.
+    bool matches(const QString& searchString) const;
+    QString renamedName() const override {
+        return m_renamedNameStorage.isNull() ? name() : m_renamedNameStorage;
+    }
+    PropertyListDictionary renamedNameFormatted() const override;
+    void setRenamedNameFormatted(const PropertyListDictionary& record) override;
+    bool renamedNameEditable() const override { return true; }
+    QString sortName() const override { return renamedName(); }
+    Seconds activeTime() const override { return m_activeTime; }
+    QString activeTimeString() const override;
+    std::optional<Identity> uuid() const override { return m_uuid; }
+    bool branched() const override { return m_branched; }
+    std::optional<Children> children() const override { return std::nullopt; }
+    bool isLeaf() const override { return true; }
+    bool isApp() const override { return m_kind == Kind::App; }
+    std::shared_ptr<TimeStoreItem> prunedObjectForSearchString(const std::optional<QString>& searchString,
+                                                               float cutoffTime) override;
+    Seconds activeTimeForSearchString(const QString& searchString) const override;
+
+    // Renames the timer itself. Absent counts as ""; anything but text is a broken contract. Observers are told of
+    // name, renamedNameFormatted and renamedName, and in reverse order afterwards.
+    virtual void setName(const PropertyListValue& name);
+    // The user's own name; absent when the timer is not renamed.
+    std::optional<QString> renamedNameStorage() const;
+    void setRenamedNameStorage(const std::optional<QString>& name);
+    void setUuid(const std::optional<Identity>& uuid) { m_uuid = uuid; }
+    void setBranched(bool branched) { m_branched = branched; }
+
+    // Adds seconds (also negative ones), up to kLongestTime, and tells observers of activeTimeString.
+    void addTimeInterval(Seconds seconds);
+
+    // Takes a window from its record, where there can be one. Nodes without children ignore it.
+    virtual void addChildFromDictionary(const PropertyListDictionary& record);
+
+    // The node's record, without its children.
+    PropertyListDictionary dictionaryRepresentation() const;
+    // The same, piece by piece.
+    void writeRecord(PropertyListSink& sink) const;
+
+    // "(name -> seconds)" and the like, for debugging.
+    virtual QString description() const;
+
+    QVariant valueForKey(ObservedKey key) const override;
+
+protected:
+    enum class Kind : unsigned char { Node, App, Window, Category, AppProxy };
+
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
+                  const PropertyListValue& timeSpent);
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record);
+    // The same, but entered in the registry under a key of the caller's.
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record,
+                  const QString& key);
+    // With an identity of the caller's; the registry is asked and told nothing.
+    TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
+                  const PropertyListValue& timeSpent, const Identity& uuid);
+
+    static QString classNameOf(Kind kind);
+    TimeStoreServices& services() const { return m_services; }
+
+private:
+    TimeStoreServices& m_services;
+    // Null until first named: there is no registry entry to move then.
+    QString m_name;
+    // Null when not renamed.
+    QString m_renamedNameStorage;
+    Seconds m_activeTime = 0;
+    std::optional<Identity> m_uuid;
+    Kind m_kind;
+    bool m_branched = false;
+};

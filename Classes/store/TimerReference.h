@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/values/Identity.h"
+
+#include <optional>
+#include <set>
+
+// One timer of the tree. Windows of several applications may share an identity, those of one never do.
+struct TimerReference {
+    Identity application;
+    // Absent for the application itself.
+    std::optional<Identity> window;
+
+    friend auto operator<=>(const TimerReference&, const TimerReference&) = default;
+};
+using TimerReferences = std::set<TimerReference>;

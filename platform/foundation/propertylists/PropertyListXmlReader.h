@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyListWriter.h"
+
+#include <QByteArray>
+#include <QXmlStreamReader>
+
+#include <array>
+#include <vector>
+
+// Reads the XML form of a property list. Nothing in it calls itself, so that no nesting can use up the stack.
+// Used once.
+class PropertyListXmlReader {
+public:
+    // `bytes` must outlive the reader.
+    explicit PropertyListXmlReader(const QByteArray& bytes,
+                                   std::size_t mostValues = PropertyList::kValueLimit);
+
+    // As PropertyList::read.
+    Result<PropertyListValue> read();
+
+private:
+    struct Level {
+        bool isDictionary;
+        bool hasKey;
+    };
+
+    void token(QXmlStreamReader::TokenType type);
+    void startElement();
+    void endElement();
+    // Whether a value may stand here; damage is noted when not.
+    bool admitValue(QStringView name);
+    void container(bool isDictionary);
+    void key();
+    void scalar(QStringView name);
+    // What stands between the tags of a value that holds no other.
+    QString elementText();
+    // The one copy of a key that was seen before, so that a hundred thousand records share it.
+    const QString& shared(QString key);
+    void damaged(const QString& what);
+    Failure failure() const;
+
+    bool isWide() const { return !m_narrowed.isNull(); }
+
+    // In UTF-8, where the file is in a wide encoding.
+    const QByteArray m_narrowed;
+    const QByteArray& m_bytes;
+    const std::size_t m_mostValues;
+    QXmlStreamReader m_reader;
+    PropertyListBuilder m_builder;
+    std::vector<Level> m_levels;
+    bool m_insidePlist = false;
+    bool m_hasValue = false;
+    QString m_damage;
+    qint64 m_damagedLine = 0;
+    std::array<QString, 64> m_keys;
+};

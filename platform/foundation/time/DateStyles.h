@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/time/Date.h"
+
+#include <QString>
+
+// Dates as the user's locale writes them, in local time.
+
+// "11/20/26"
+QString shortDate(Date date);
+// "Nov 20, 2026 7:05 PM"
+QString mediumDateShortTime(Date date);

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+// Which room stands on which.
+#include "tests/Places.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Paths = std::vector<std::string>;
+
+constexpr const char* kFoundation =
+    "the foundation knows nothing above it: hand the news up through an observer";
+constexpr const char* kBackEnd =
+    "a back end stands on platform/*.h, platform/foundation and platform/bus alone, "
+    "so that each can be replaced by itself";
+constexpr const char* kAccount =
+    "the account knows no screen, and a room of it only those it stands on: put the port "
+    "it needs into platform/ and have it given";
+constexpr const char* kHelper =
+    "a helper is small enough to be read whole: it knows neither the account nor a screen";
+
+// A folder, the rooms right below it, and why it knows no others: it may include its own files, theirs, and what they
+// may. ARCHITECTURE.md draws it.
+struct Room {
+    std::string folder;
+    Paths below;
+    std::string why;
+};
+
+// From the ground up.
+const std::vector<Room>& rooms() {
+    static const std::vector<Room> all{
+        {"platform/foundation/values", {}, kFoundation},
+        {"platform/foundation/observing", {}, kFoundation},
+        {"platform/foundation/text", {}, kFoundation},
+        {"platform/foundation/time", {"platform/foundation/values"}, kFoundation},
+        {"platform/foundation/propertylists", {"platform/foundation/time"}, kFoundation},
+        {"platform/foundation/files",
+         {"platform/foundation/propertylists", "platform/foundation/observing", "platform/foundation/text"},
+         kFoundation},
+        {"platform/foundation/programs",
+         {"platform/foundation/time", "platform/foundation/text"},
+         kFoundation},
+        {"platform",
+         {"platform/foundation/files", "platform/foundation/programs"},
+         "a port is a promise: it names no back end and no class"},
+        {"platform/bus",
+         {"platform/foundation/files", "platform/foundation/programs"},
+         "the bus carries messages for any service and knows none of them"},
+        {"platform/x11", {"platform", "platform/bus"}, kBackEnd},
+        {"platform/wayland", {"platform", "platform/bus"}, kBackEnd},
+        {"platform/gnome", {"platform", "platform/bus"}, kBackEnd},
+        {"platform/linux", {"platform", "platform/bus"}, kBackEnd},
+        {"platform/atspi", {"platform", "platform/bus"}, kBackEnd},
+        {"Classes/common", {"platform"}, kAccount},
+        {"Classes/rules", {"Classes/common"}, kAccount},
+        {"Classes/store", {"Classes/common"}, kAccount},
+        {"Classes/engine", {"Classes/rules", "Classes/store"}, kAccount},
+        {"Classes/projects", {"Classes/engine"}, kAccount},
+        {"Classes/record", {"Classes/engine"}, kAccount},
+        {"Classes/exchange", {"Classes/store"}, kAccount},
+        {"Classes/history", {"Classes/record"}, kAccount},
+        {"interface",
+         {"Classes/projects", "Classes/exchange", "Classes/history"},
+         "the interface reaches the desktop through platform/*.h alone; app/ chooses the back end"},
+        {"helpers/TKAXTrusted", {"platform/linux"}, kHelper},
+        {"helpers/TicklogLaunchHelper", {"platform/linux"}, kHelper},
+        {"helpers/ticklog-report",
+         {"Classes/history", "Classes/projects", "platform/linux"},
+         "it reads what was recorded, and knows no screen"},
+    };
+    return all;
+}
+
+// A source file and what it includes of ours, by line.
+struct Source {
+    std::string path;
+    std::map<int, std::string> includes;
+
+    // The folder of rooms(); another where it is in none, as app/ is, which includes all.
+    std::string room() const {
+        const std::string folder = std::filesystem::path(path).parent_path().string();
+        return folder.starts_with("interface/") ? "interface" : folder;
+    }
+};
+
+Source sourceAt(const std::filesystem::path& root, const std::filesystem::path& path) {
+    static const std::regex include("^\\s*#\\s*include \"([^\"]+)\".*");
+    Source source{path.lexically_relative(root).string(), {}};
+    std::ifstream file(path);
+    std::string line;
+    for (int number = 1; std::getline(file, line); ++number) {
+        std::smatch match;
+        if (std::regex_match(line, match, include) && match[1].str().find('/') != std::string::npos)
+            source.includes[number] = match[1];
+    }
+    return source;
+}
+
+std::vector<Source> sources() {
+    const std::filesystem::path root(TICKLOG_SOURCE_DIR);
+    std::vector<Source> result;
+    for (const char* floor : {"platform", "Classes", "interface", "app", "helpers"})
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root / floor))
+            if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
+                result.push_back(sourceAt(root, entry.path()));
+    return result;
+}
+
+// Of each room all that it may include.
+std::map<std::string, std::set<std::string>> reach() {
+    std::map<std::string, std::set<std::string>> result;
+    for (const Room& room : rooms()) {
+        std::set<std::string>& own = result[room.folder];
+        own.insert(room.folder);
+        for (const std::string& below : room.below) {
+            EXPECT_TRUE(result.contains(below))
+                << room.folder << " stands on " << below << ", which stands on it or is none";
+            own.insert(result[below].begin(), result[below].end());
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+TEST(Rooms, includes_goDownOnly) {
+    const auto allowed = reach();
+    int checked = 0;
+    for (const Source& source : sources()) {
+        const auto room = std::find_if(rooms().begin(), rooms().end(),
+                                       [&](const Room& each) { return each.folder == source.room(); });
+        if (room == rooms().end()) {
+            EXPECT_EQ(source.room(), "app")
+                << source.path << " is in no room: give it one in the table above";
+            continue;
+        }
+        for (const auto& [line, included] : source.includes) {
+            ++checked;
+            const Source other{included, {}};
+            if (!allowed.at(room->folder).contains(other.room()))
+                ADD_FAILURE_AT((std::string(TICKLOG_SOURCE_DIR) + '/' + source.path).c_str(), line)
+                    << included << "\n  " << room->why;
+        }
+    }
+    EXPECT_GT(checked, 500);
+}
