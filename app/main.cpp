@@ -57,8 +57,9 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
                      .log = desktop.platform().log});
     // What the preferences ask stands in front of them, not of the main window.
     QtAlerts setupAlerts(alerts);
-    Preferences preferences(controller, desktop.platform(), setupAlerts,
-                            [&](PrefWindow& window) { setupAlerts.setWindow(&window); });
+    Preferences preferences(
+        controller, desktop.platform(), setupAlerts,
+        [&](PrefWindow& window) { setupAlerts.setWindow(&window); }, &history);
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();

@@ -35,6 +35,8 @@ inline const QString kIncludeSecondsWhenCopyingTime = QStringLiteral("includeSec
 inline const QString kTKSaidThatClosingMinimizes = QStringLiteral("kTKSaidThatClosingMinimizes");
 // For how many days the history is kept: 0 for ever, below 0 not at all, and then there is no file.
 inline const QString kHistoryDays = QStringLiteral("kTKHistoryDays");
+// The hour of the clock at which a day of the history begins, from 0 to 23.
+inline const QString kHistoryDayBegins = QStringLiteral("kTKHistoryDayBegins");
 // The rows shown expanded among all timers: a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

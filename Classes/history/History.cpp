@@ -24,6 +24,10 @@ constexpr int kHangs = 4;
 
 const QString kFileName = QStringLiteral("History.sqlite");
 
+int dayBeginOf(const UserDefaults& defaults) {
+    return int(std::clamp<std::int64_t>(defaults.integerForKey(kHistoryDayBegins), 0, 23));
+}
+
 } // namespace
 
 // Between the tracker and the recorder: sees that something new has come.
@@ -48,12 +52,15 @@ private:
 
 History::History(const Services& services, BackgroundMove::Background background)
     : m_services(services)
+    , m_background(std::move(background))
     , m_path(pathIn(services.database.applicationSupportFolder()))
     , m_recorder(services.clock)
     , m_prompter(std::make_unique<Prompter>(*this))
     , m_writer(
-          services.runLoop, m_path, [this](const auto& report) { told(report); }, std::move(background))
-    , m_days(services.defaults.integerForKey(kHistoryDays)) {
+          services.runLoop, m_path, [this](const auto& report) { told(report); }, m_background)
+    , m_days(services.defaults.integerForKey(kHistoryDays))
+    , m_dayBegins(dayBeginOf(services.defaults)) {
+    m_writer.setDayBegins(m_dayBegins);
     m_settings = services.notifications.observe(kUserDefaultsDidChangeNotification,
                                                 [this](const Notification&) { settingsChanged(); });
     if (m_days >= 0) {
@@ -70,6 +77,20 @@ History::~History() {
 
 QString History::pathIn(const QString& applicationSupport) {
     return applicationSupport + u'/' + kFileName;
+}
+
+QString History::obstacle() const {
+    if (m_days < 0)
+        return localized("No history is kept.");
+    if (!m_listening)
+        return AccountTrouble::about(
+            localized("“%@” was written by a newer version. It is left alone, and nothing is added to it."),
+            m_path);
+    return m_why.isEmpty() ? QString() : AccountTrouble::unwritten(m_path);
+}
+
+std::unique_ptr<HistoryReader> History::reader() const {
+    return std::make_unique<HistoryReader>(m_services.runLoop, m_path, m_background);
 }
 
 void History::catchUp() {
@@ -112,9 +133,15 @@ void History::listen() {
 }
 
 void History::settingsChanged() {
+    const int dayBegins = dayBeginOf(m_services.defaults);
+    m_writer.setDayBegins(dayBegins);
+    const bool isDayOther = std::exchange(m_dayBegins, dayBegins) != dayBegins;
     const std::int64_t days = m_services.defaults.integerForKey(kHistoryDays);
-    if (days == std::exchange(m_days, days))
+    if (days == std::exchange(m_days, days)) {
+        if (isDayOther && m_listening)
+            write();
         return;
+    }
     if (days < 0 && m_listening) {
         m_listening.reset();
         m_services.database.setWitness(nullptr);

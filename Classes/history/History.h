@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/history/HistoryReader.h"
 #include "Classes/history/HistoryRecorder.h"
 #include "Classes/history/HistoryWriter.h"
 #include "Classes/record/StoreWitness.h"
@@ -36,7 +37,14 @@ public:
     // Whether one is kept at all.
     bool isKept() const { return m_listening.has_value(); }
 
-    // Gone for good, with all that waits of it.
+    // The hour of the clock at which a day begins.
+    int dayBegins() const { return m_dayBegins; }
+    // Why there is nothing to read and nothing to forget, for the user; empty while there is.
+    QString obstacle() const;
+    // Asks the file about what is written by now.
+    std::unique_ptr<HistoryReader> reader() const;
+
+    // Gone for good, with all that waits of it. What was owed to the store goes too: it is to be saved then.
     void forget(const HistoryChange::Forgotten& what);
     // Writes what there is, as far as the disk answers in time: the program ends.
     void finish();
@@ -60,7 +68,6 @@ private:
     void listen();
     void begin();
     void settingsChanged();
-    void keepFor(std::int64_t days);
     void renamed(const FrozenIdentities& identities);
     void deleted(const TimerReferences& timers, bool isDeleted);
     void write();
@@ -69,12 +76,14 @@ private:
     void told(const HistoryKeeper::Report& report);
 
     Services m_services;
+    BackgroundMove::Background m_background;
     QString m_path;
     HistoryRecorder m_recorder;
     std::unique_ptr<Prompter> m_prompter;
     HistoryWriter m_writer;
     std::optional<Listening> m_listening;
     std::int64_t m_days = 0;
+    int m_dayBegins = 0;
     // The day for which what is too old was last taken out.
     std::int64_t m_sweptOn = 0;
     // How often in a row there was something to be written while the last was still on its way.

@@ -71,6 +71,8 @@ struct Forgotten {
     // Milliseconds since 1970, UTC; the second is not in it.
     std::optional<std::int64_t> from;
     std::optional<std::int64_t> to;
+    // Whether all titles are meant that contain it, whatever their case.
+    bool isTitlePart = false;
 };
 
 // A store of this content is about to be on the disk: it lacks what is owed from this generation on.

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How what is in the history leaves it, so that nothing of it is left in the file.
 #include "Classes/history/HistoryFile.h"
-
-#include <limits>
+#include "Classes/history/HistoryFinding.h"
 
 namespace {
 
@@ -10,7 +9,8 @@ constexpr std::int64_t kLongestRow = 3'600'000;
 
 // Every condition that a statement has, in the order of its question marks; what is not asked for, matches all.
 constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ? AND start < ? "
-                                         "AND (? = 0 OR program = ?) AND (? = 0 OR title = ?)";
+                                         "AND (? = 0 OR program = ?) "
+                                         "AND (? = 0 OR title IN (SELECT id FROM chosen))";
 
 } // namespace
 
@@ -55,17 +55,7 @@ void HistoryFile::cutAt(std::int64_t time) {
 }
 
 void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
-    const auto idOf = [&](const char* sql, const std::optional<QString>& text) -> std::int64_t {
-        if (!text)
-            return 0;
-        SqliteQuery row(m_database, sql, *text);
-        // What is not there matches nothing.
-        return row.next() ? row.integer(0) : -1;
-    };
-    const std::int64_t program = idOf("SELECT id FROM programs WHERE name = ?", what.program);
-    const std::int64_t title = idOf("SELECT id FROM titles WHERE text = ?", what.title);
-    const std::int64_t from = what.from.value_or(std::numeric_limits<std::int64_t>::min());
-    const std::int64_t to = what.to.value_or(std::numeric_limits<std::int64_t>::max());
+    const auto [program, isByTitle, from, to] = HistoryChoice::of(m_database, what);
     SqliteQuery bounds(m_database,
                        "SELECT min(start), max(start), min(offset), max(offset) FROM stretches "
                        "WHERE start >= ? AND start < ?",
@@ -73,7 +63,7 @@ void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
     bounds.next();
     const std::int64_t first = dayOf(bounds.integer(0), bounds.integer(2));
     const std::int64_t last = dayOf(bounds.integer(1), bounds.integer(3));
-    sqliteRun(m_database, kDeleteStretches, from, to, program, program, title, title);
+    sqliteRun(m_database, kDeleteStretches, from, to, program, program, isByTitle);
     if (m_database.changes() > 0)
         sumDaysAgain(first, last);
 }

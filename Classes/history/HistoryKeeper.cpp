@@ -15,16 +15,17 @@ const QString kIndex = QStringLiteral("-shm");
 
 } // namespace
 
-HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optional<std::int64_t> oldest) {
+HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
+                                           std::optional<int> dayBegins) {
     Report report;
     try {
         try {
-            attempt(batch, oldest);
+            attempt(batch, oldest, dayBegins);
         } catch (const SqliteError& error) {
             if (!error.isDamage() || !QFileInfo(m_path).isFile())
                 throw;
             setAside(report);
-            attempt(batch, oldest);
+            attempt(batch, oldest, dayBegins);
         }
     } catch (const HistoryFile::Newer&) {
         report.state = State::Newer;
@@ -38,7 +39,8 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
     return report;
 }
 
-void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest) {
+void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
+                            std::optional<int> dayBegins) {
     // Somebody has removed it, or put another in its place.
     if (m_file && m_file->hasMoved())
         m_file.reset();
@@ -48,6 +50,9 @@ void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_
     if (!m_isSwept || oldest)
         m_file->sweep(oldest, !m_isSwept);
     m_isSwept = true;
+    // Also where another file has come into its place, or a new one.
+    if (dayBegins)
+        m_file->setDayBegin(*dayBegins);
     if (!batch.isEmpty())
         m_file->write(batch, m_written);
 }

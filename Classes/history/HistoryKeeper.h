@@ -21,15 +21,17 @@ public:
         : m_path(std::move(path)) {}
 
     const QString& path() const { return m_path; }
-    // All of it or nothing. With `oldest` (milliseconds since 1970), what is older goes.
-    Report write(const HistoryBatch& batch, std::optional<std::int64_t> oldest = std::nullopt);
+    // All of it or nothing. With `oldest` (milliseconds since 1970), what is older goes; with `dayBegins`, days begin at
+    // that hour of the clock, those of the past as well.
+    Report write(const HistoryBatch& batch, std::optional<std::int64_t> oldest = std::nullopt,
+                 std::optional<int> dayBegins = std::nullopt);
     // Removes the file and what belongs to it, so that there is none.
     Report remove();
     // Has all of it in the one file, with nothing beside it, until it is written to again. Other programs may hinder that.
     Report close();
 
 private:
-    void attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest);
+    void attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest, std::optional<int> dayBegins);
     void setAside(Report& report);
 
     QString m_path;

@@ -23,7 +23,7 @@ struct HistoryWriter::Flight {
     HistoryKeeper::Report doneBy(HistoryKeeper& keeper) const {
         switch (work) {
         case Work::Write:
-            return keeper.write(*batch, oldest);
+            return keeper.write(*batch, oldest, dayBegins);
         case Work::Remove:
             return keeper.remove();
         case Work::Close:
@@ -35,6 +35,7 @@ struct HistoryWriter::Flight {
     Work work;
     std::shared_ptr<HistoryBatch> batch;
     std::optional<std::int64_t> oldest;
+    int dayBegins = 0;
     bool isDone = false;
     HistoryKeeper::Report report;
 };
@@ -126,6 +127,7 @@ void HistoryWriter::fly(Work work) {
     if (work == Work::Write) {
         m_flight->batch = m_waiting.front();
         m_flight->oldest = m_oldest;
+        m_flight->dayBegins = m_dayBegins;
     }
     m_background([shared = m_shared, flight = m_flight] { shared->fly(shared, flight); });
 }

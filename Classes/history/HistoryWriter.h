@@ -27,6 +27,8 @@ public:
     void noteStore(HistoryChange::Any what);
     // With the next write, what is older than this (milliseconds since 1970) goes.
     void setOldest(std::optional<std::int64_t> oldest) { m_oldest = oldest; }
+    // Days begin at this hour of the clock, with the next write.
+    void setDayBegins(int hour) { m_dayBegins = hour; }
     // Begins to write, unless it does already.
     void write();
     // Forgets what waits, and removes the file when what is on its way has been written.
@@ -56,6 +58,7 @@ private:
     BackgroundMove::Background m_background;
     std::deque<std::shared_ptr<HistoryBatch>> m_waiting;
     std::optional<std::int64_t> m_oldest;
+    int m_dayBegins = 0;
     bool m_isToBeRemoved = false;
     // The first that waits is on its way.
     std::shared_ptr<Flight> m_flight;

@@ -6,11 +6,12 @@
 #include "platform/foundation/text/LocalizedStrings.h"
 
 Preferences::Preferences(TKController& tkController, Platform& platform, Alerts& alerts,
-                         std::function<void(PrefWindow&)> didMake)
+                         std::function<void(PrefWindow&)> didMake, History* history)
     : m_tkController(tkController)
     , m_platform(platform)
     , m_alerts(alerts)
-    , m_didMake(std::move(didMake)) {
+    , m_didMake(std::move(didMake))
+    , m_history(history) {
     const MainActions& actions = tkController.window().actions();
     QObject::connect(actions.showPrefWindow, &QAction::triggered, &m_receiver,
                      [this] { made().showPrefWindow(); });
@@ -19,7 +20,7 @@ Preferences::Preferences(TKController& tkController, Platform& platform, Alerts&
 
 TKSetupController& Preferences::made() {
     if (!m_setup) {
-        m_setup.emplace(m_tkController, m_platform, m_alerts, loginItem());
+        m_setup.emplace(m_tkController, m_platform, m_alerts, loginItem(), m_history);
         m_didMake(m_setup->prefWindow());
     }
     return *m_setup;

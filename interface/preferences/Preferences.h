@@ -8,7 +8,7 @@ class Preferences {
 public:
     // As for TKSetupController. `didMake` is called once, with the window.
     Preferences(TKController& tkController, Platform& platform, Alerts& alerts,
-                std::function<void(PrefWindow&)> didMake);
+                std::function<void(PrefWindow&)> didMake, History* history = nullptr);
 
     // Null until the window has been asked for.
     TKSetupController* setup() { return m_setup ? &*m_setup : nullptr; }
@@ -21,6 +21,7 @@ private:
     Platform& m_platform;
     Alerts& m_alerts;
     std::function<void(PrefWindow&)> m_didMake;
+    History* m_history;
     std::optional<TKSetupController> m_setup;
     // Ends the connections.
     QObject m_receiver;

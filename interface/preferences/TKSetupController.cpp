@@ -24,9 +24,11 @@ constexpr int kBelowTabs = 36;
 } // namespace
 
 TKSetupController::TKSetupController(TKController& tkController, Platform& platform, Alerts& alerts,
-                                     const std::optional<LoginItem>& loginItem)
+                                     const std::optional<LoginItem>& loginItem, History* history)
     : m_tkController(tkController)
+    , m_platform(platform)
     , m_defaults(platform.defaults)
+    , m_history(history)
     , m_alerts(alerts)
     , m_ruleset(platform.defaults)
     , m_rules(platform.defaults)
@@ -54,11 +56,13 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     QTabWidget& tabs = m_prefWindow.prefTabView();
     m_generalTab = new GeneralTab(m_settings, loginItem);
     m_rulesTab = new RulesTab(m_rules);
+    m_historyTab = new HistoryTab(m_settings, historyActions());
     m_archiveTab = new ArchiveTab(m_settings, archiveActions());
     // The general settings must be seen whole in the folded window too.
     m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs);
     tabs.addTab(m_generalTab, localized("General"));
     tabs.addTab(m_rulesTab, localized("Rules"));
+    tabs.addTab(m_historyTab, localized("History"));
     tabs.addTab(m_archiveTab, localized("Archive"));
 }
 
@@ -117,6 +121,7 @@ void TKSetupController::editRules() {
 void TKSetupController::prefWindowReload() {
     showWeekdays();
     m_generalTab->reload();
+    m_historyTab->reload();
     reloadTable();
 }
 

@@ -4,13 +4,16 @@
 #include "Classes/rules/Ruleset.h"
 #include "interface/preferences/AppPropertiesWindow.h"
 #include "interface/preferences/ArchiveTab.h"
+#include "interface/preferences/ForgetWindow.h"
 #include "interface/preferences/GeneralTab.h"
+#include "interface/preferences/HistoryTab.h"
 #include "interface/preferences/PrefWindow.h"
 #include "interface/preferences/RulesTab.h"
 #include "interface/preferences/RulesTable.h"
 #include "interface/preferences/SettingsBinding.h"
 
 class Alerts;
+class History;
 class TKController;
 struct Platform;
 
@@ -18,9 +21,9 @@ struct Platform;
 // Made when the window is wanted for the first time.
 class TKSetupController {
 public:
-    // No control for the login without a `loginItem`. The rest must outlive this.
+    // No control for the login without a `loginItem`, and nothing to forget without a `history`. The rest must outlive this.
     TKSetupController(TKController& tkController, Platform& platform, Alerts& alerts,
-                      const std::optional<LoginItem>& loginItem = {});
+                      const std::optional<LoginItem>& loginItem = {}, History* history = nullptr);
     TKSetupController(const TKSetupController&) = delete;
     TKSetupController& operator=(const TKSetupController&) = delete;
 
@@ -44,6 +47,9 @@ public:
 
     void saveRule();
     void cancelEditingRule();
+    // Opens the window in which is chosen what the history is to forget. Nothing where there is none.
+    void forgetHistory();
+
     // Shows a record in the sheet. Whether the rule blocks decides whether the box for it is enabled, not whether it is
     // checked.
     void loadRuleWithDict(const PropertyListDictionary& record);
@@ -62,11 +68,17 @@ public:
 
     ArchiveTab& archiveTab() { return *m_archiveTab; }
 
+    // Null until it has been opened.
+    ForgetWindow* forgetWindow() { return m_forgetWindow.get(); }
+
 private:
     void placeOverMainWindow();
     void addTabs(const std::optional<LoginItem>& loginItem);
     void connectRules();
     ArchiveTab::Actions archiveActions();
+    HistoryTab::Actions historyActions();
+    bool mayKeepFor(std::int64_t days);
+    void forget(const HistoryChange::Forgotten& what);
     void openSheet();
     void reloadTable();
     void showWeekdays();
@@ -74,7 +86,9 @@ private:
     void settingsChanged();
 
     TKController& m_tkController;
+    Platform& m_platform;
     UserDefaults& m_defaults;
+    History* m_history;
     Alerts& m_alerts;
     Ruleset m_ruleset;
     RulesTable m_rules;
@@ -83,7 +97,9 @@ private:
     AppPropertiesWindow m_ruleWindow;
     GeneralTab* m_generalTab = nullptr;
     RulesTab* m_rulesTab = nullptr;
+    HistoryTab* m_historyTab = nullptr;
     ArchiveTab* m_archiveTab = nullptr;
+    std::unique_ptr<ForgetWindow> m_forgetWindow;
     // The rule that is being edited; absent for a new one.
     std::optional<QString> m_originalEditName;
     // As they were last shown.

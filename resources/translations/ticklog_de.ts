@@ -1035,5 +1035,153 @@
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
         <translation>„%@“ wurde von einer neueren Version geschrieben. Die Datei bleibt unverändert, und nichts kommt hinzu.</translation>
     </message>
+    <message>
+        <source>No history is kept.</source>
+        <translation>Es wird kein Verlauf geführt.</translation>
+    </message>
+    <message>
+        <source>until</source>
+        <translation>bis</translation>
+    </message>
+    <message>
+        <source>&amp;Forget…</source>
+        <translation>&amp;Vergessen…</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Vergessen</translation>
+    </message>
+    <message>
+        <source>Any title</source>
+        <translation>Jeder Titel</translation>
+    </message>
+    <message>
+        <source>At any time</source>
+        <translation>Jederzeit</translation>
+    </message>
+    <message>
+        <source>On the day</source>
+        <translation>Am Tag</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>&amp;Program:</source>
+        <translation>&amp;Programm:</translation>
+    </message>
+    <message>
+        <source>&amp;Title contains:</source>
+        <translation>&amp;Titel enthält:</translation>
+    </message>
+    <message>
+        <source>&amp;When:</source>
+        <translation>&amp;Wann:</translation>
+    </message>
+    <message>
+        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
+        <translation>Der Verlauf vergisst es für immer. Timer behalten Namen und Zeit: dafür ihre Zeilen löschen.</translation>
+    </message>
+    <message>
+        <source>What would be forgotten</source>
+        <translation>Was vergessen würde</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>Alle Programme</translation>
+    </message>
+    <message>
+        <source>The history cannot be read.</source>
+        <translation>Der Verlauf kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Forget this for good?</source>
+        <translation>Dies für immer vergessen?</translation>
+    </message>
+    <message>
+        <source>It is removed from the file at once. This cannot be undone.</source>
+        <translation>Es wird sofort aus der Datei entfernt. Das lässt sich nicht widerrufen.</translation>
+    </message>
+    <message>
+        <source>It is forgotten.</source>
+        <translation>Es ist vergessen.</translation>
+    </message>
+    <message>
+        <source>For ever</source>
+        <translation>Für immer</translation>
+    </message>
+    <message>
+        <source>For five years</source>
+        <translation>Fünf Jahre</translation>
+    </message>
+    <message>
+        <source>For a year</source>
+        <translation>Ein Jahr</translation>
+    </message>
+    <message>
+        <source>For 90 days</source>
+        <translation>90 Tage</translation>
+    </message>
+    <message>
+        <source>Not at all</source>
+        <translation>Gar nicht</translation>
+    </message>
+    <message>
+        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <translation>Der Verlauf sagt, wann welcher Titel vorn war. Er bleibt auf diesem Rechner, in einer Datei, die nur Sie lesen können, und lässt die Timer bei einem Absturz höchstens 15 Sekunden verlieren.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the history:</source>
+        <translation>Verlauf &amp;behalten:</translation>
+    </message>
+    <message>
+        <source>A &amp;day begins at:</source>
+        <translation>Ein &amp;Tag beginnt um:</translation>
+    </message>
+    <message>
+        <source>For %@ days</source>
+        <translation>%@ Tage</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Nothing is found.</source>
+        <translation>Nichts gefunden.</translation>
+    </message>
+    <message>
+        <source>Titles: %@</source>
+        <translation>Titel: %@</translation>
+    </message>
+    <message>
+        <source>Time spent: %@</source>
+        <translation>Zeit: %@</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Keep no history?</source>
+        <translation>Keinen Verlauf führen?</translation>
+    </message>
+    <message>
+        <source>Forget what is older?</source>
+        <translation>Vergessen, was älter ist?</translation>
+    </message>
+    <message>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
+        <translation>Seine Datei wird sofort entfernt. Das lässt sich nicht widerrufen. Timer behalten ihre Zeit, und ein Absturz kann sie die letzten 15 Minuten kosten.</translation>
+    </message>
 </context>
 </TS>

@@ -1035,5 +1035,153 @@
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
         <translation>«%@» fue escrito por una versión más reciente. Se deja como está y no se le añade nada.</translation>
     </message>
+    <message>
+        <source>No history is kept.</source>
+        <translation>No se guarda ningún historial.</translation>
+    </message>
+    <message>
+        <source>until</source>
+        <translation>hasta</translation>
+    </message>
+    <message>
+        <source>&amp;Forget…</source>
+        <translation>&amp;Olvidar…</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Olvidar</translation>
+    </message>
+    <message>
+        <source>Any title</source>
+        <translation>Cualquier título</translation>
+    </message>
+    <message>
+        <source>At any time</source>
+        <translation>En cualquier momento</translation>
+    </message>
+    <message>
+        <source>On the day</source>
+        <translation>El día</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Desde</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>&amp;Program:</source>
+        <translation>&amp;Programa:</translation>
+    </message>
+    <message>
+        <source>&amp;Title contains:</source>
+        <translation>El &amp;título contiene:</translation>
+    </message>
+    <message>
+        <source>&amp;When:</source>
+        <translation>&amp;Cuándo:</translation>
+    </message>
+    <message>
+        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
+        <translation>El historial lo olvida para siempre. Los cronómetros conservan nombre y tiempo: para eso, elimine sus filas.</translation>
+    </message>
+    <message>
+        <source>What would be forgotten</source>
+        <translation>Lo que se olvidaría</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>Todos los programas</translation>
+    </message>
+    <message>
+        <source>The history cannot be read.</source>
+        <translation>No se puede leer el historial.</translation>
+    </message>
+    <message>
+        <source>Forget this for good?</source>
+        <translation>¿Olvidar esto para siempre?</translation>
+    </message>
+    <message>
+        <source>It is removed from the file at once. This cannot be undone.</source>
+        <translation>Se quita del archivo en el acto. Esto no se puede deshacer.</translation>
+    </message>
+    <message>
+        <source>It is forgotten.</source>
+        <translation>Está olvidado.</translation>
+    </message>
+    <message>
+        <source>For ever</source>
+        <translation>Para siempre</translation>
+    </message>
+    <message>
+        <source>For five years</source>
+        <translation>Cinco años</translation>
+    </message>
+    <message>
+        <source>For a year</source>
+        <translation>Un año</translation>
+    </message>
+    <message>
+        <source>For 90 days</source>
+        <translation>90 días</translation>
+    </message>
+    <message>
+        <source>Not at all</source>
+        <translation>Nada</translation>
+    </message>
+    <message>
+        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <translation>El historial dice cuándo estuvo delante cada título. Se queda en este equipo, en un archivo que solo usted puede leer, y hace que los cronómetros no pierdan más de 15 segundos en un fallo.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the history:</source>
+        <translation>&amp;Conservar el historial:</translation>
+    </message>
+    <message>
+        <source>A &amp;day begins at:</source>
+        <translation>Un &amp;día empieza a las:</translation>
+    </message>
+    <message>
+        <source>For %@ days</source>
+        <translation>%@ días</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Título</translation>
+    </message>
+    <message>
+        <source>Nothing is found.</source>
+        <translation>No se encuentra nada.</translation>
+    </message>
+    <message>
+        <source>Titles: %@</source>
+        <translation>Títulos: %@</translation>
+    </message>
+    <message>
+        <source>Time spent: %@</source>
+        <translation>Tiempo: %@</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message>
+        <source>Keep no history?</source>
+        <translation>¿No guardar ningún historial?</translation>
+    </message>
+    <message>
+        <source>Forget what is older?</source>
+        <translation>¿Olvidar lo que es más antiguo?</translation>
+    </message>
+    <message>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
+        <translation>Su archivo se elimina en el acto. Esto no se puede deshacer. Los cronómetros conservan su tiempo, y un fallo puede costarles los últimos 15 minutos.</translation>
+    </message>
 </context>
 </TS>

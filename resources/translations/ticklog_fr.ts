@@ -929,7 +929,7 @@
     </message>
     <message>
         <source>Rules leave out, rename and categorize applications in reports only.</source>
-        <translation>Les règles ne valent que dans les rapports : omettre, renommer, classer.</translation>
+        <translation>Les règles ne valent que dans les rapports&#xa0;: omettre, renommer, classer.</translation>
     </message>
     <message>
         <source>Freeze</source>
@@ -961,7 +961,7 @@
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
-        <translation>Certaines entrées de « %@ » sont endommagées et ont été laissées de côté. Le fichier est conservé à côté.</translation>
+        <translation>Certaines entrées de «&#xa0;%@&#xa0;» sont endommagées et ont été laissées de côté. Le fichier est conservé à côté.</translation>
     </message>
     <message>
         <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
@@ -1021,7 +1021,7 @@
     </message>
     <message>
         <source>There are more timers than one database can hold: %@ at the most.</source>
-        <translation>Il y a plus de chronomètres qu’une base de données ne peut en contenir : %@ au maximum.</translation>
+        <translation>Il y a plus de chronomètres qu’une base de données ne peut en contenir&#xa0;: %@ au maximum.</translation>
     </message>
     <message>
         <source>Importing…</source>
@@ -1033,7 +1033,155 @@
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
-        <translation>« %@ » a été écrit par une version plus récente. Il reste tel quel et rien n’y est ajouté.</translation>
+        <translation>«&#xa0;%@&#xa0;» a été écrit par une version plus récente. Il reste tel quel et rien n’y est ajouté.</translation>
+    </message>
+    <message>
+        <source>No history is kept.</source>
+        <translation>Aucun historique n’est conservé.</translation>
+    </message>
+    <message>
+        <source>until</source>
+        <translation>jusqu’à</translation>
+    </message>
+    <message>
+        <source>&amp;Forget…</source>
+        <translation>&amp;Oublier…</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Oublier</translation>
+    </message>
+    <message>
+        <source>Any title</source>
+        <translation>N’importe quel titre</translation>
+    </message>
+    <message>
+        <source>At any time</source>
+        <translation>À tout moment</translation>
+    </message>
+    <message>
+        <source>On the day</source>
+        <translation>Le jour</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Du</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>&amp;Program:</source>
+        <translation>&amp;Programme&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Title contains:</source>
+        <translation>Le &amp;titre contient&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;When:</source>
+        <translation>&amp;Quand&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
+        <translation>L’historique l’oublie pour de bon. Les chronomètres gardent leurs noms et leurs temps&#xa0;: pour cela, supprimez leurs lignes.</translation>
+    </message>
+    <message>
+        <source>What would be forgotten</source>
+        <translation>Ce qui serait oublié</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>Tous les programmes</translation>
+    </message>
+    <message>
+        <source>The history cannot be read.</source>
+        <translation>L’historique ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>Forget this for good?</source>
+        <translation>Oublier ceci pour de bon&#xa0;?</translation>
+    </message>
+    <message>
+        <source>It is removed from the file at once. This cannot be undone.</source>
+        <translation>C’est retiré du fichier aussitôt. Cela ne peut pas être annulé.</translation>
+    </message>
+    <message>
+        <source>It is forgotten.</source>
+        <translation>C’est oublié.</translation>
+    </message>
+    <message>
+        <source>For ever</source>
+        <translation>Pour toujours</translation>
+    </message>
+    <message>
+        <source>For five years</source>
+        <translation>Pendant cinq ans</translation>
+    </message>
+    <message>
+        <source>For a year</source>
+        <translation>Pendant un an</translation>
+    </message>
+    <message>
+        <source>For 90 days</source>
+        <translation>Pendant 90 jours</translation>
+    </message>
+    <message>
+        <source>Not at all</source>
+        <translation>Pas du tout</translation>
+    </message>
+    <message>
+        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <translation>L’historique dit quand quel titre était au premier plan. Il reste sur cette machine, dans un fichier que vous seul pouvez lire ; grâce à lui, un plantage coûte au plus 15 secondes aux chronomètres.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the history:</source>
+        <translation>&amp;Conserver l’historique&#xa0;:</translation>
+    </message>
+    <message>
+        <source>A &amp;day begins at:</source>
+        <translation>Un &amp;jour commence à&#xa0;:</translation>
+    </message>
+    <message>
+        <source>For %@ days</source>
+        <translation>Pendant %@ jours</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>Nothing is found.</source>
+        <translation>Rien n’est trouvé.</translation>
+    </message>
+    <message>
+        <source>Titles: %@</source>
+        <translation>Titres&#xa0;: %@</translation>
+    </message>
+    <message>
+        <source>Time spent: %@</source>
+        <translation>Temps passé&#xa0;: %@</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Historique</translation>
+    </message>
+    <message>
+        <source>Keep no history?</source>
+        <translation>Ne conserver aucun historique&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Forget what is older?</source>
+        <translation>Oublier ce qui est plus ancien&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
+        <translation>Son fichier est supprimé aussitôt. Cela ne peut pas être annulé. Les chronomètres gardent leurs temps, et un plantage peut leur coûter les 15 dernières minutes.</translation>
     </message>
 </context>
 </TS>

@@ -1035,5 +1035,153 @@
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
         <translation>“%@”は新しいバージョンで書き込まれています。そのまま残し、何も追加しません。</translation>
     </message>
+    <message>
+        <source>No history is kept.</source>
+        <translation>履歴は残されていません。</translation>
+    </message>
+    <message>
+        <source>until</source>
+        <translation>から次まで</translation>
+    </message>
+    <message>
+        <source>&amp;Forget…</source>
+        <translation>忘れる(&amp;F)…</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>忘れる</translation>
+    </message>
+    <message>
+        <source>Any title</source>
+        <translation>すべてのタイトル</translation>
+    </message>
+    <message>
+        <source>At any time</source>
+        <translation>いつでも</translation>
+    </message>
+    <message>
+        <source>On the day</source>
+        <translation>次の日</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>次の時刻</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>開始</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>&amp;Program:</source>
+        <translation>プログラム(&amp;P):</translation>
+    </message>
+    <message>
+        <source>&amp;Title contains:</source>
+        <translation>タイトルに含む(&amp;T):</translation>
+    </message>
+    <message>
+        <source>&amp;When:</source>
+        <translation>いつ(&amp;W):</translation>
+    </message>
+    <message>
+        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
+        <translation>履歴からは永久に消えます。タイマーの名前と時間は残ります。消すには行を削除してください。</translation>
+    </message>
+    <message>
+        <source>What would be forgotten</source>
+        <translation>忘れられるもの</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>すべてのプログラム</translation>
+    </message>
+    <message>
+        <source>The history cannot be read.</source>
+        <translation>履歴を読み込めません。</translation>
+    </message>
+    <message>
+        <source>Forget this for good?</source>
+        <translation>永久に忘れますか?</translation>
+    </message>
+    <message>
+        <source>It is removed from the file at once. This cannot be undone.</source>
+        <translation>ファイルからすぐに取り除かれます。取り消すことはできません。</translation>
+    </message>
+    <message>
+        <source>It is forgotten.</source>
+        <translation>忘れました。</translation>
+    </message>
+    <message>
+        <source>For ever</source>
+        <translation>ずっと</translation>
+    </message>
+    <message>
+        <source>For five years</source>
+        <translation>5年間</translation>
+    </message>
+    <message>
+        <source>For a year</source>
+        <translation>1年間</translation>
+    </message>
+    <message>
+        <source>For 90 days</source>
+        <translation>90日間</translation>
+    </message>
+    <message>
+        <source>Not at all</source>
+        <translation>残さない</translation>
+    </message>
+    <message>
+        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <translation>履歴は、どのタイトルがいつ前面にあったかを記録します。このコンピューターの、自分だけが読めるファイルに残り、クラッシュしてもタイマーが失うのは15秒までになります。</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the history:</source>
+        <translation>履歴を残す期間(&amp;K):</translation>
+    </message>
+    <message>
+        <source>A &amp;day begins at:</source>
+        <translation>一日の始まり(&amp;D):</translation>
+    </message>
+    <message>
+        <source>For %@ days</source>
+        <translation>%@日間</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>Nothing is found.</source>
+        <translation>何も見つかりません。</translation>
+    </message>
+    <message>
+        <source>Titles: %@</source>
+        <translation>タイトル: %@</translation>
+    </message>
+    <message>
+        <source>Time spent: %@</source>
+        <translation>経過時間: %@</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>履歴</translation>
+    </message>
+    <message>
+        <source>Keep no history?</source>
+        <translation>履歴を残さないようにしますか?</translation>
+    </message>
+    <message>
+        <source>Forget what is older?</source>
+        <translation>それより古いものを忘れますか?</translation>
+    </message>
+    <message>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
+        <translation>ファイルはすぐに削除され、取り消すことはできません。タイマーの時間は残りますが、クラッシュすると最後の15分を失うことがあります。</translation>
+    </message>
 </context>
 </TS>

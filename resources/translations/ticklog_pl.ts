@@ -1035,5 +1035,153 @@
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
         <translation>Plik „%@” zapisała nowsza wersja. Pozostaje bez zmian i nic nie jest do niego dodawane.</translation>
     </message>
+    <message>
+        <source>No history is kept.</source>
+        <translation>Historia nie jest prowadzona.</translation>
+    </message>
+    <message>
+        <source>until</source>
+        <translation>do</translation>
+    </message>
+    <message>
+        <source>&amp;Forget…</source>
+        <translation>&amp;Zapomnij…</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Zapomnij</translation>
+    </message>
+    <message>
+        <source>Any title</source>
+        <translation>Dowolny tytuł</translation>
+    </message>
+    <message>
+        <source>At any time</source>
+        <translation>W dowolnym czasie</translation>
+    </message>
+    <message>
+        <source>On the day</source>
+        <translation>W dniu</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Od</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Początek</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Koniec</translation>
+    </message>
+    <message>
+        <source>&amp;Program:</source>
+        <translation>&amp;Program:</translation>
+    </message>
+    <message>
+        <source>&amp;Title contains:</source>
+        <translation>&amp;Tytuł zawiera:</translation>
+    </message>
+    <message>
+        <source>&amp;When:</source>
+        <translation>&amp;Kiedy:</translation>
+    </message>
+    <message>
+        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
+        <translation>Historia zapomni to na zawsze. Liczniki zachowują nazwy i czasy: aby je usunąć, usuń ich wiersze.</translation>
+    </message>
+    <message>
+        <source>What would be forgotten</source>
+        <translation>Co zostałoby zapomniane</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>Wszystkie programy</translation>
+    </message>
+    <message>
+        <source>The history cannot be read.</source>
+        <translation>Nie można odczytać historii.</translation>
+    </message>
+    <message>
+        <source>Forget this for good?</source>
+        <translation>Zapomnieć to na zawsze?</translation>
+    </message>
+    <message>
+        <source>It is removed from the file at once. This cannot be undone.</source>
+        <translation>Zostanie to od razu usunięte z pliku. Tego nie można cofnąć.</translation>
+    </message>
+    <message>
+        <source>It is forgotten.</source>
+        <translation>Zapomniano.</translation>
+    </message>
+    <message>
+        <source>For ever</source>
+        <translation>Na zawsze</translation>
+    </message>
+    <message>
+        <source>For five years</source>
+        <translation>Przez pięć lat</translation>
+    </message>
+    <message>
+        <source>For a year</source>
+        <translation>Przez rok</translation>
+    </message>
+    <message>
+        <source>For 90 days</source>
+        <translation>Przez 90 dni</translation>
+    </message>
+    <message>
+        <source>Not at all</source>
+        <translation>Wcale</translation>
+    </message>
+    <message>
+        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <translation>Historia mówi, kiedy który tytuł był na wierzchu. Pozostaje na tym komputerze, w pliku, który tylko Ty możesz czytać; dzięki niej w razie awarii liczniki tracą najwyżej 15 sekund.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the history:</source>
+        <translation>Zac&amp;howuj historię:</translation>
+    </message>
+    <message>
+        <source>A &amp;day begins at:</source>
+        <translation>&amp;Dzień zaczyna się o:</translation>
+    </message>
+    <message>
+        <source>For %@ days</source>
+        <translation>Dni: %@</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Tytuł</translation>
+    </message>
+    <message>
+        <source>Nothing is found.</source>
+        <translation>Nic nie znaleziono.</translation>
+    </message>
+    <message>
+        <source>Titles: %@</source>
+        <translation>Tytuły: %@</translation>
+    </message>
+    <message>
+        <source>Time spent: %@</source>
+        <translation>Czas: %@</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Historia</translation>
+    </message>
+    <message>
+        <source>Keep no history?</source>
+        <translation>Nie prowadzić historii?</translation>
+    </message>
+    <message>
+        <source>Forget what is older?</source>
+        <translation>Zapomnieć to, co starsze?</translation>
+    </message>
+    <message>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
+        <translation>Jej plik zostanie od razu usunięty. Tego nie można cofnąć. Liczniki zachowują czasy, a awaria może kosztować je ostatnie 15 minut.</translation>
+    </message>
 </context>
 </TS>

@@ -34,6 +34,9 @@ struct LanguagesTest : testing::TestWithParam<int>, Spoken, SetupDesk {
         : Spoken(kLanguages[GetParam()]) {
         EXPECT_EQ(translations.language(), kLanguages[GetParam()]);
     }
+
+    ForgetWindow forgetWindow{std::make_unique<HistoryReader>(fakes.runLoop, QString(), [](const auto&) {}),
+                              fakes.runLoop, alerts, [](const HistoryChange::Forgotten&) {}, nullptr};
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, LanguagesTest, testing::Range(0, int(kLanguages.size())),
@@ -89,8 +92,9 @@ QStringList textsIn(const QWidget& page) {
 TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
     const QTabWidget& tabs = setup.prefWindow().prefTabView();
     for (int page = 0; page < tabs.count(); ++page)
-        expectDistinct(textsIn(*tabs.widget(page)), 4);
+        expectDistinct(textsIn(*tabs.widget(page)), 3);
     expectDistinct(textsIn(sheet()), 5);
+    expectDistinct(textsIn(forgetWindow), 4);
 }
 
 // What a control needs for its text: less than its size hint, which has margins for looks.
@@ -144,7 +148,7 @@ TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {
     const std::int64_t longestNames = 0b0011100;
     for (const auto& [isUnfolded, days] :
          {std::pair(true, everyDay), std::pair(true, longestNames), std::pair(false, everyDay)})
-        for (const char* page : {"General", "Match", "Archive"}) {
+        for (const char* page : {"General", "Match", "History", "Archive"}) {
             defaults().setObject(kSaveTimerPeriodically, isUnfolded);
             defaults().setObject(kPeriodicDaysOfWeek, days);
             window.selectTab(QLatin1String(page));
@@ -152,6 +156,13 @@ TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {
             EXPECT_EQ(window.prefTabView().currentWidget()->objectName(), QLatin1String(page));
             EXPECT_GT(expectRoomForTexts(window), 3) << page;
         }
+}
+
+TEST_P(LanguagesTest, theWindowToForget_hasRoomForItsTexts) {
+    forgetWindow.openFor(QDate(2026, 11, 22), 0);
+    forgetWindow.findChild<QComboBox*>(u"forgottenWhen"_s)->setCurrentIndex(2);
+    settle();
+    EXPECT_GT(expectRoomForTexts(forgetWindow), 6);
 }
 
 TEST_P(LanguagesTest, theRuleSheet_hasRoomForItsTexts) {

@@ -12,6 +12,7 @@
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
+#include "tests/interface/HistoryDesk.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -157,6 +158,25 @@ void drawPreferences(const QDir& folder) {
     grab(window, folder, "preferences-archive");
     window.selectTab(QStringLiteral("General"));
     grab(window, folder, "preferences-general-unfolded");
+}
+
+// What the history keeps, and what is forgotten of it.
+void drawHistorySettings(const QDir& folder) {
+    HistoryDesk desk;
+    for (const auto& [program, title, time] :
+         {std::tuple("Firefox", "Timetable of the western railway", 1200), std::tuple("Firefox", "Cats", 340),
+          std::tuple("Thunderbird", "Letter to Anna", 95)})
+        desk.work(program, title, time);
+    PrefWindow& window = desk.setup.prefWindow();
+    desk.setup.showPrefWindow();
+    window.selectTab(QStringLiteral("History"));
+    grab(window, folder, "preferences-history");
+    desk.setup.forgetHistory();
+    desk.seconds(1);
+    grab(*desk.setup.forgetWindow(), folder, "forget");
+    desk.setup.forgetWindow()->close();
+    desk.defaults().setObject(kHistoryDays, -1);
+    grab(window, folder, "preferences-history-none");
 }
 
 // The questions that granting trust may take.
@@ -395,6 +415,7 @@ void drawAll(const QDir& folder) {
         scene.save(folder);
     }
     drawPreferences(folder);
+    drawHistorySettings(folder);
     drawAuthorization(folder);
     drawSetup(folder);
     drawStatus(folder);

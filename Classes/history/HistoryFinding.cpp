@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/HistoryFinding.h"
+
+#include "Classes/history/Sqlite.h"
+
+#include <limits>
+
+namespace {
+
+constexpr std::int64_t kLongestRow = 3'600'000;
+
+// By which all that is meant is found, whatever the case.
+void chooseTitles(SqliteDatabase& history, const QString& text, bool isPart) {
+    history.execute("CREATE TEMP TABLE IF NOT EXISTS chosen (id INTEGER PRIMARY KEY); DELETE FROM chosen");
+    if (!isPart)
+        return sqliteRun(history, "INSERT INTO chosen SELECT id FROM titles WHERE text = ?", text);
+    for (SqliteQuery title(history, "SELECT id, text FROM titles"); title.next();)
+        if (title.text(1).contains(text, Qt::CaseInsensitive))
+            sqliteRun(history, "INSERT INTO chosen VALUES (?)", title.integer(0));
+}
+
+} // namespace
+
+HistoryChoice HistoryChoice::of(SqliteDatabase& history, const HistoryChange::Forgotten& what) {
+    HistoryChoice choice{0, what.title ? 1 : 0, what.from.value_or(std::numeric_limits<std::int64_t>::min()),
+                         what.to.value_or(std::numeric_limits<std::int64_t>::max())};
+    if (what.program) {
+        SqliteQuery row(history, "SELECT id FROM programs WHERE name = ?", *what.program);
+        choice.program = row.next() ? row.integer(0) : -1;
+    }
+    history.execute("CREATE TEMP TABLE IF NOT EXISTS chosen (id INTEGER PRIMARY KEY)");
+    if (what.title)
+        chooseTitles(history, *what.title, what.isTitlePart);
+    return choice;
+}
+
+HistoryFinding HistoryFinding::of(SqliteDatabase& history, const HistoryChange::Forgotten& what) {
+    const auto [program, isByTitle, from, to] = HistoryChoice::of(history, what);
+    const std::int64_t first = what.from ? from - kLongestRow : from;
+    HistoryFinding finding;
+    SqliteQuery row(
+        history,
+        "SELECT programs.name, titles.text, count(*), "
+        "sum(min(start + length, ?) - max(start, ?)) AS time FROM stretches "
+        "JOIN programs ON programs.id = program JOIN titles ON titles.id = title "
+        "WHERE start >= ? AND start < ? AND start + length > ? AND (? = 0 OR program = ?) "
+        "AND (? = 0 OR title IN (SELECT id FROM chosen)) GROUP BY program, title ORDER BY time DESC",
+        to, from, first, to, from, program, program, isByTitle);
+    while (row.next()) {
+        ++finding.sums;
+        finding.stretches += row.integer(2);
+        finding.length += row.integer(3);
+        if (finding.sums <= kMostListed)
+            finding.longest.push_back({row.text(0), row.text(1), row.integer(3)});
+    }
+    return finding;
+}
+
+QStringList programsIn(SqliteDatabase& history) {
+    QStringList names;
+    for (SqliteQuery row(history, "SELECT name FROM programs ORDER BY name COLLATE NOCASE"); row.next();)
+        names << row.text(0);
+    return names;
+}

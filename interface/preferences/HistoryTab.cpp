@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "interface/preferences/HistoryTab.h"
+
+#include "Classes/common/Settings.h"
+#include "interface/preferences/SettingsBinding.h"
+#include "interface/shell/PlainText.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLocale>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTime>
+
+namespace {
+
+constexpr int kMargin = 18;
+constexpr int kHours = 24;
+
+struct Keeping {
+    int days;
+    const char* text;
+};
+
+constexpr Keeping kKeepings[] = {{0, QT_TRANSLATE_NOOP("Ticklog", "For ever")},
+                                 {1826, QT_TRANSLATE_NOOP("Ticklog", "For five years")},
+                                 {365, QT_TRANSLATE_NOOP("Ticklog", "For a year")},
+                                 {90, QT_TRANSLATE_NOOP("Ticklog", "For 90 days")},
+                                 {-1, QT_TRANSLATE_NOOP("Ticklog", "Not at all")}};
+
+QLabel* paragraph(const QString& text) {
+    auto* label = new PlainLabel(text);
+    label->setWordWrap(true);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+} // namespace
+
+HistoryTab::HistoryTab(SettingsBinding& settings, Actions actions)
+    : m_actions(std::move(actions))
+    , m_days(new QComboBox)
+    , m_obstacle(new PlainLabel)
+    , m_forget(new QPushButton(localized("&Forget…"))) {
+    setObjectName(QStringLiteral("History"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    m_obstacle->setObjectName(QStringLiteral("historyObstacle"));
+    m_obstacle->setWordWrap(true);
+    rows->addWidget(m_obstacle);
+    auto* form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    addKeeping(*form, settings);
+    rows->addLayout(form);
+    rows->addWidget(
+        paragraph(localized("The history says when which title was in front. It stays on this machine, in a "
+                            "file that only you can "
+                            "read, and lets the timers lose no more than 15 seconds in a crash.")));
+    m_forget->setObjectName(QStringLiteral("forgetHistory"));
+    connect(m_forget, &QPushButton::clicked, this, [this] { m_actions.forget(); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(m_forget);
+    buttons->addStretch(1);
+    rows->addLayout(buttons);
+    rows->addStretch(1);
+    settings.observe([this] { reload(); });
+}
+
+void HistoryTab::addKeeping(QFormLayout& form, SettingsBinding& settings) {
+    m_days->setObjectName(QStringLiteral("historyDays"));
+    form.addRow(localized("&Keep the history:"), m_days);
+    settings.observe([this, &settings] { showDays(settings.defaults().integerForKey(kHistoryDays)); });
+    connect(m_days, &QComboBox::activated, this, [this, &settings](int choice) {
+        const std::int64_t days = m_days->itemData(choice).toLongLong();
+        if (days != settings.defaults().integerForKey(kHistoryDays) && m_actions.mayKeepFor(days))
+            settings.defaults().setObject(kHistoryDays, days);
+        showDays(settings.defaults().integerForKey(kHistoryDays));
+    });
+    auto* begins = new QComboBox;
+    begins->setObjectName(QStringLiteral("historyDayBegins"));
+    for (int hour = 0; hour < kHours; ++hour)
+        begins->addItem(QLocale().toString(QTime(hour, 0), QLocale::ShortFormat), hour);
+    form.addRow(localized("A &day begins at:"), begins);
+    settings.bind(*begins, kHistoryDayBegins);
+}
+
+// Somebody may have written another number of days into the settings.
+void HistoryTab::showDays(std::int64_t days) {
+    const QSignalBlocker quiet(m_days);
+    m_days->clear();
+    for (const Keeping& keeping : kKeepings)
+        m_days->addItem(localized(keeping.text), qlonglong(keeping.days));
+    if (days < 0)
+        days = -1;
+    if (m_days->findData(qlonglong(days)) < 0)
+        m_days->addItem(localized("For %@ days").replace(QLatin1String("%@"), QLocale().toString(days)),
+                        qlonglong(days));
+    m_days->setCurrentIndex(m_days->findData(qlonglong(days)));
+}
+
+void HistoryTab::reload() {
+    const QString obstacle = m_actions.obstacle();
+    m_obstacle->setText(obstacle);
+    m_obstacle->setVisible(!obstacle.isEmpty());
+    m_forget->setEnabled(obstacle.isEmpty());
+}

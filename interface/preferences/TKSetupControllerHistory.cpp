@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// What the preferences have to do with the history.
+#include "Classes/common/Settings.h"
+#include "Classes/history/History.h"
+#include "interface/mainwindow/TKController.h"
+#include "interface/preferences/TKSetupController.h"
+#include "interface/shell/Alerts.h"
+#include "platform/Platform.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/time/LocalTime.h"
+
+HistoryTab::Actions TKSetupController::historyActions() {
+    return {
+        .mayKeepFor = [this](std::int64_t days) { return mayKeepFor(days); },
+        .forget = [this] { forgetHistory(); },
+        .obstacle = [this] { return m_history ? m_history->obstacle() : localized("No history is kept."); }};
+}
+
+// Less than what is there by now is gone for good.
+bool TKSetupController::mayKeepFor(std::int64_t days) {
+    const std::int64_t now = m_defaults.integerForKey(kHistoryDays);
+    const bool isLess = now >= 0 && (days < 0 || (days > 0 && (now == 0 || days < now)));
+    if (!isLess)
+        return true;
+    return m_alerts.ask(
+               {.message = days < 0 ? localized("Keep no history?") : localized("Forget what is older?"),
+                .informativeText =
+                    days < 0
+                        ? localized("Its file is removed at once. This cannot be undone. Timers keep their "
+                                    "times, and a crash may cost them the last 15 minutes.")
+                        : localized("It is removed from the file at once. This cannot be undone."),
+                .defaultButton = localized("Cancel"),
+                .alternateButton = localized("Forget"),
+                .otherButton = {}}) == Alerts::Alternate;
+}
+
+void TKSetupController::forgetHistory() {
+    if (!m_history || !m_history->obstacle().isEmpty())
+        return;
+    if (!m_forgetWindow)
+        m_forgetWindow = std::make_unique<ForgetWindow>(
+            m_history->reader(), m_platform.runLoop, m_alerts,
+            [this](const HistoryChange::Forgotten& what) { forget(what); }, &m_prefWindow);
+    const int dayBegins = m_history->dayBegins();
+    const QDate today = localTime(m_platform.clock.now()).addSecs(-3600 * dayBegins).date();
+    m_forgetWindow->openFor(today, dayBegins);
+}
+
+void TKSetupController::forget(const HistoryChange::Forgotten& what) {
+    m_history->forget(what);
+    // What a crash would have cost the timers is in their own file from now on.
+    m_tkController.saveSettingsToDisk();
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/common/Settings.h"
+#include "Classes/history/History.h"
+#include "interface/preferences/TKSetupController.h"
+#include "tests/interface/Desk.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+// A person whose history is kept, and who sets up what of it. What is written and read beside the main thread elsewhere is
+// here done at once.
+struct HistoryDesk : Desk {
+    template<class Control>
+    Control& control(const char* name) {
+        auto* found = setup.prefWindow().findChild<Control*>(QLatin1String(name));
+        return found ? *found : throw std::invalid_argument(name);
+    }
+
+    void press(const char* name) {
+        auto& button = control<QAbstractButton>(name);
+        if (!button.isEnabled())
+            throw std::logic_error(std::string("cannot be pressed: ") + name);
+        button.click();
+        settle();
+    }
+
+    UserDefaults& defaults() { return fakes.defaults; }
+
+    // Somebody works with a window, and it is in the history.
+    void work(const char* application, const char* title, double time) {
+        front(application, title);
+        controller.timer().startTimer();
+        seconds(time);
+        controller.timer().stopTimer();
+        history.finish();
+    }
+
+    History history{{.tracker = controller.tracker(),
+                     .database = controller.database(),
+                     .trouble = controller.trouble(),
+                     .notifications = fakes.notifications,
+                     .defaults = fakes.defaults,
+                     .runLoop = fakes.runLoop,
+                     .clock = fakes.clock,
+                     .log = fakes.log},
+                    [](const std::function<void()>& work) { work(); }};
+    TKSetupController setup{controller, fakes.platform, alerts, {}, &history};
+};
