@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/engine/TimeActivator.h"
 
+#include "Classes/engine/ActivityListener.h"
 #include "Classes/engine/TimeActivatorScreenCapture.h"
-#include "Classes/engine/TimeTracker.h"
 
 using namespace std::chrono_literals;
 
@@ -13,12 +13,12 @@ constexpr auto kComputeTolerance = 100ms;
 
 } // namespace
 
-std::unique_ptr<TimeActivator> TimeActivator::activatorForTracker(TimeTracker& tracker,
+std::unique_ptr<TimeActivator> TimeActivator::activatorForTracker(ActivityListener& tracker,
                                                                   ActivityServices& services) {
     return std::make_unique<TimeActivatorScreenCapture>(tracker, services);
 }
 
-TimeActivator::TimeActivator(TimeTracker& tracker, ActivityServices& services)
+TimeActivator::TimeActivator(ActivityListener& tracker, ActivityServices& services)
     : m_isAXEnabled(services.accessibility.isProcessTrusted())
     , m_trackDocumentTiming(m_isAXEnabled)
     , m_timeTracker(&tracker)

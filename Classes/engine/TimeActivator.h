@@ -13,7 +13,7 @@
 #include <mutex>
 #include <optional>
 
-class TimeTracker;
+class ActivityListener;
 class TitleRules;
 
 inline constexpr ObservedKey kIsAXEnabledKey{"isAXEnabled"};
@@ -42,10 +42,10 @@ public:
 class TimeActivator : public Observable {
 public:
     // The source every tracker gets, whatever the accessibility trust is.
-    static std::unique_ptr<TimeActivator> activatorForTracker(TimeTracker& tracker,
+    static std::unique_ptr<TimeActivator> activatorForTracker(ActivityListener& tracker,
                                                               ActivityServices& services);
 
-    TimeActivator(TimeTracker& tracker, ActivityServices& services);
+    TimeActivator(ActivityListener& tracker, ActivityServices& services);
     ~TimeActivator() override;
 
     // Forgets the tracker: nothing is told to it from now on.
@@ -88,7 +88,7 @@ public:
     void setCurrentAppName(const std::optional<QString>& name) { m_currentAppName = name; }
 
 protected:
-    TimeTracker* timeTracker() const { return m_timeTracker; }
+    ActivityListener* timeTracker() const { return m_timeTracker; }
     ActivityServices& services() const { return m_services; }
     std::recursive_mutex& lock() { return m_lock; }
     void restartPeriod() { m_startDate = m_services.clock.instant(); }
@@ -101,7 +101,7 @@ protected:
 private:
     void setupAppChangeNotification();
 
-    TimeTracker* m_timeTracker;
+    ActivityListener* m_timeTracker;
     ActivityServices& m_services;
     std::optional<QString> m_currentAppName;
     std::optional<Instant> m_startDate;

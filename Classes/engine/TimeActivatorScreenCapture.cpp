@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/engine/TimeActivatorScreenCapture.h"
 
-#include "Classes/engine/TimeTracker.h"
+#include "Classes/engine/ActivityListener.h"
 #include "Classes/rules/TitleRules.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ std::optional<std::int64_t> processOf(const std::optional<ApplicationRecord>& re
 
 } // namespace
 
-TimeActivatorScreenCapture::TimeActivatorScreenCapture(TimeTracker& tracker, ActivityServices& services)
+TimeActivatorScreenCapture::TimeActivatorScreenCapture(ActivityListener& tracker, ActivityServices& services)
     : TimeActivator(tracker, services) {
     m_pollTimer =
         services.runLoop.scheduleRepeating(kPollInterval, kPollTolerance, [this] { fastUpdateWindowName(); });

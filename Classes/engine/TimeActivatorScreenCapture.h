@@ -7,7 +7,7 @@
 // a controller is attached, each poll ends with the controller's computeTime().
 class TimeActivatorScreenCapture : public TimeActivator {
 public:
-    TimeActivatorScreenCapture(TimeTracker& tracker, ActivityServices& services);
+    TimeActivatorScreenCapture(ActivityListener& tracker, ActivityServices& services);
 
     // Polls for the application in front and ticks.
     void fastUpdateWindowName();

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/engine/TimeActivatorUniversalAccess.h"
 
-#include "Classes/engine/TimeTracker.h"
+#include "Classes/engine/ActivityListener.h"
 
-TimeActivatorUniversalAccess::TimeActivatorUniversalAccess(TimeTracker& tracker, ActivityServices& services)
+TimeActivatorUniversalAccess::TimeActivatorUniversalAccess(ActivityListener& tracker,
+                                                           ActivityServices& services)
     : TimeActivator(tracker, services) {}
 
 TimeActivatorUniversalAccess::~TimeActivatorUniversalAccess() = default;

@@ -7,7 +7,7 @@
 // trackers are not given it by themselves. Without a controller's compute timer of its own nothing ticks.
 class TimeActivatorUniversalAccess : public TimeActivator {
 public:
-    TimeActivatorUniversalAccess(TimeTracker& tracker, ActivityServices& services);
+    TimeActivatorUniversalAccess(ActivityListener& tracker, ActivityServices& services);
     ~TimeActivatorUniversalAccess() override;
 
     std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) override;

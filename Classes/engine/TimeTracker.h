@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/engine/ActivityListener.h"
 #include "Classes/engine/IdleBookings.h"
 #include "Classes/engine/Narrowing.h"
 #include "Classes/engine/Stretch.h"
@@ -40,7 +41,7 @@ inline const QString kIdleName = QStringLiteral("Idle");
 // Owns the tree of timers and the activity source, and credits time: at every tick what has passed since the
 // last one goes to the current application's node and, separately, to the current window's. There is one in
 // the process. Main thread only; the lock is against re-entry.
-class TimeTracker : public Observable {
+class TimeTracker : public Observable, public ActivityListener {
 public:
     using AppSet = std::vector<std::shared_ptr<TimeStoreApp>>;
     using MakeActivator = std::function<std::unique_ptr<TimeActivator>(TimeTracker&, ActivityServices&)>;
@@ -53,18 +54,13 @@ public:
     // False when the source lacks its accessibility trust: then the user is asked for it, and nothing starts.
     bool setIsRunning(bool run);
 
-    // The source: another application is in front.
-    void appDidChange();
-    // The source: this is the application in front, its front window, and the document its title names.
+    // What the source tells.
+    void appDidChange() override;
     void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                       const std::optional<WindowElement>& mainWindowName,
-                                      const std::optional<QString>& documentName);
-    // The source: the window being credited has another title. Nothing happens without a name, and for
-    // another window while the timer is stopped: then the source goes on to look, but nobody follows it.
-    void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window);
-    // The source, before it restarts its clock for another application: what has passed since the last tick
-    // still belongs to the application that was in front, and to its window if it had one.
-    void creditTimeBeforeSwitch(bool hadWindow);
+                                      const std::optional<QString>& documentName) override;
+    void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) override;
+    void creditTimeBeforeSwitch(bool hadWindow) override;
 
     // Tells where the time goes for as long as the subscription lives. The listener outlives it.
     Subscription listen(StretchListener& listener) { return m_listeners->add(&listener); }

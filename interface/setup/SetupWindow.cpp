@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/setup/SetupWindow.h"
 
+#include "interface/setup/SetupAccessibility.h"
 #include "interface/setup/TKInstructionStepView.h"
 #include "interface/shell/Images.h"
 #include "platform/foundation/text/LocalizedStrings.h"
@@ -28,6 +29,7 @@ SetupWindow::SetupWindow(Commands commands)
     : m_commands(std::move(commands))
     , m_instructionView(new TKInstructionView({0, 0, kSize.width(), TKInstructionView::kPageHeight}, this))
     , m_restartButton(new QPushButton(localized("Restart"), this)) {
+    installSetupAccessibility();
     setObjectName(QStringLiteral("setupWindow"));
     setWindowTitle(QStringLiteral("Ticklog"));
     setAccessibleName(windowTitle());

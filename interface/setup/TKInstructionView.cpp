@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interface/setup/TKInstructionView.h"
 
-#include "interface/setup/SetupAccessibility.h"
 #include "interface/setup/TKInstructionStepView.h"
 #include "interface/shell/Images.h"
 
@@ -34,7 +33,6 @@ TKInstructionView::TKInstructionView(const QRect& frame, QWidget* parent)
     : QWidget(parent)
     , m_bgImageSize(Images::size(kBackground)) {
     // Who asks for a description keeps it, and naming is asking.
-    installSetupAccessibility();
     setObjectName(QStringLiteral("instructions"));
     setFocusPolicy(Qt::StrongFocus);
     setGeometry(frame);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/StatusMenu.h"
 
-#include "interface/mainwindow/TKController.h"
+#include "Classes/store/TimeStoreCategory.h"
 #include "interface/shell/TwoLineMenuStyle.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -14,8 +14,8 @@ bool hasSubmenu(const TimeStoreItem& item) {
 
 } // namespace
 
-StatusMenu::StatusMenu(TKController& controller, RunLoop& runLoop)
-    : m_controller(controller)
+StatusMenu::StatusMenu(Program program, RunLoop& runLoop)
+    : m_program(std::move(program))
     , m_runLoop(runLoop)
     , m_mainMenu(QStringLiteral("Ticklog"))
     , m_applicationTimesMenu(localized("Application Times"))
@@ -28,11 +28,11 @@ StatusMenu::StatusMenu(TKController& controller, RunLoop& runLoop)
     m_obstacleItem.setObjectName(QStringLiteral("obstacleItem"));
     m_mainTitleItem.setObjectName(QStringLiteral("mainTitleItem"));
     QObject::connect(
-        &m_startPauseMenuItem, &QAction::triggered, &m_mainMenu, [this] { toggleStartStop(); },
+        &m_startPauseMenuItem, &QAction::triggered, &m_mainMenu, [this] { m_program.toggleStartStop(); },
         Qt::QueuedConnection);
     // The main window says why.
     QObject::connect(
-        &m_obstacleItem, &QAction::triggered, &m_mainMenu, [this] { showTimeWindow(); },
+        &m_obstacleItem, &QAction::triggered, &m_mainMenu, [this] { m_program.showTimeWindow(); },
         Qt::QueuedConnection);
     follow(m_mainMenu);
     follow(m_applicationTimesMenu);
@@ -71,7 +71,7 @@ void StatusMenu::menuNeedsUpdate(QMenu& menu) {
     } else if (&menu == &m_applicationTimesMenu) {
         fillApplicationTimesMenu();
     } else if (const auto project = m_projectMenus.find(&menu); project != m_projectMenus.end()) {
-        const auto node = m_controller.timeStoreCategoryForProjectDict(*project->second);
+        const auto node = m_program.nodeOfProject(*project->second);
         fill(menu, sorted(node->children().value_or(TimeStoreItem::Children())));
     } else if (const auto* timer = dynamic_cast<const TimerMenuItem*>(menu.menuAction())) {
         // Not before: there may be thousands of windows, and a desktop that is handed the menu is told of each.
@@ -107,7 +107,7 @@ void StatusMenu::updateMenus() {
 }
 
 bool StatusMenu::isUpToDate() const {
-    const ProjectList::Projects projects = m_controller.projects().projects();
+    const ProjectList::Projects projects = m_program.projects.projects();
     return !m_mainMenu.isEmpty() && m_shownTrouble == m_trouble &&
            m_mainMenu.actions().contains(&m_obstacleItem) == m_hasObstacle &&
            std::ranges::equal(m_shownProjects, projects, [](const ProjectEntry& shown, const auto& project) {
@@ -124,22 +124,20 @@ void StatusMenu::updateMainMenu() {
     if (m_hasObstacle)
         m_mainMenu.addActions({&m_obstacleItem, m_mainMenu.addSeparator()});
     m_mainMenu.addAction(&m_startPauseMenuItem);
-    addCommand(localized("Show Time Window"), &StatusMenu::showTimeWindow);
+    addCommand(localized("Show Time Window"), m_program.showTimeWindow);
     m_mainMenu.addSeparator();
     m_mainMenu.addAction(m_applicationTimesMenu.menuAction());
     addProjects();
     m_mainMenu.addSeparator();
-    addCommand(localized("Preferences..."), &StatusMenu::showPrefWindow);
-    addCommand(localized("About..."), &StatusMenu::showAboutBox);
-    addCommand(localized("Quit"), &StatusMenu::terminate);
+    addCommand(localized("Preferences..."), m_program.showPrefWindow);
+    addCommand(localized("About..."), m_program.showAboutBox);
+    addCommand(localized("Quit"), m_program.terminate);
 }
 
-QAction* StatusMenu::addCommand(const QString& title, void (StatusMenu::*command)()) {
+QAction* StatusMenu::addCommand(const QString& title, const std::function<void()>& command) {
     auto* item = new QAction(title, &m_mainMenu);
     // Not within the call of a desktop that waits for its answer: what is chosen may ask a question.
-    QObject::connect(
-        item, &QAction::triggered, &m_mainMenu, [this, command] { (this->*command)(); },
-        Qt::QueuedConnection);
+    QObject::connect(item, &QAction::triggered, &m_mainMenu, command, Qt::QueuedConnection);
     m_mainMenu.addAction(item);
     return item;
 }
@@ -148,14 +146,14 @@ QAction* StatusMenu::addCommand(const QString& title, void (StatusMenu::*command
 void StatusMenu::addTrouble() {
     m_shownTrouble = m_trouble;
     for (const QString& line : m_trouble.split(u'\n', Qt::SkipEmptyParts))
-        addCommand(menuName(m_form, line), &StatusMenu::showTimeWindow)
+        addCommand(menuName(m_form, line), m_program.showTimeWindow)
             ->setObjectName(QStringLiteral("troubleItem"));
     if (!m_trouble.isEmpty())
         m_mainMenu.addSeparator();
 }
 
 void StatusMenu::addProjects() {
-    for (const ProjectList::Project& project : m_controller.projects().projects()) {
+    for (const ProjectList::Project& project : m_program.projects.projects()) {
         m_shownProjects.push_back({project, project->label()});
         auto* menu = new QMenu(QStringLiteral("  ") + menuName(m_form, project->label()), &m_mainMenu);
         m_projectMenus.emplace(menu, project);
@@ -165,7 +163,7 @@ void StatusMenu::addProjects() {
 }
 
 void StatusMenu::fillApplicationTimesMenu() {
-    if (!fill(m_applicationTimesMenu, m_controller.applicationObjects()))
+    if (!fill(m_applicationTimesMenu, m_program.applicationObjects()))
         return;
     m_applicationTimesMenu.addSeparator();
     m_applicationTimesMenu.addAction(&m_mainTitleItem);
@@ -244,26 +242,6 @@ void StatusMenu::empty(QMenu& menu) {
 }
 
 void StatusMenu::showTitle(int kind) {
-    const QString title = m_controller.totalTimeStringForAllObjects(kind, nullptr);
+    const QString title = m_program.totalTime(kind);
     m_mainTitleItem.setText(menuText(m_form, title.section(u'\n', 0, 0), title.section(u'\n', 1)));
-}
-
-void StatusMenu::toggleStartStop() {
-    m_controller.appDelegate().toggleStartStop();
-}
-
-void StatusMenu::showTimeWindow() {
-    m_controller.appDelegate().showTimeWindow();
-}
-
-void StatusMenu::showPrefWindow() {
-    m_controller.window().actions().showPrefWindow->trigger();
-}
-
-void StatusMenu::showAboutBox() {
-    m_controller.appDelegate().showAboutBox();
-}
-
-void StatusMenu::terminate() {
-    m_controller.appDelegate().terminate();
 }

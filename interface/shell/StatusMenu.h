@@ -9,10 +9,11 @@
 #include <QMenu>
 
 #include <chrono>
+#include <functional>
 #include <unordered_map>
 #include <unordered_set>
 
-class TKController;
+class TimeStoreCategory;
 class TwoLineMenuStyle;
 
 // The menu of the tray icon: the timer, all times and those of the projects, and the program's commands. Brought up to
@@ -24,8 +25,23 @@ public:
 
     using UpdateSet = std::unordered_set<TimerMenuItem*>;
 
-    // The controller, which owns the times and does what is chosen, and the run loop outlive it.
-    StatusMenu(TKController& controller, RunLoop& runLoop);
+    // The times that it shows, and what can be chosen in it.
+    struct Program {
+        ProjectList& projects;
+        // All timers, as they are narrowed in the main window.
+        std::function<TimeStoreItem::Children()> applicationObjects;
+        std::function<std::shared_ptr<TimeStoreCategory>(const ProjectRecord&)> nodeOfProject;
+        // What the main window sums up, of that kind.
+        std::function<QString(int kind)> totalTime;
+        std::function<void()> toggleStartStop;
+        std::function<void()> showTimeWindow;
+        std::function<void()> showPrefWindow;
+        std::function<void()> showAboutBox;
+        std::function<void()> terminate;
+    };
+
+    // All that is handed to it outlives it.
+    StatusMenu(Program program, RunLoop& runLoop);
     StatusMenu(const StatusMenu&) = delete;
     StatusMenu& operator=(const StatusMenu&) = delete;
     ~StatusMenu();
@@ -61,7 +77,7 @@ private:
     void menuWillOpen(QMenu& menu);
     void menuDidClose(QMenu& menu);
 
-    QAction* addCommand(const QString& title, void (StatusMenu::*command)());
+    QAction* addCommand(const QString& title, const std::function<void()>& command);
     void addTrouble();
     void addProjects();
     bool isUpToDate() const;
@@ -73,19 +89,13 @@ private:
     void empty(QMenu& menu);
     void showTitle(int kind);
 
-    void toggleStartStop();
-    void showTimeWindow();
-    void showPrefWindow();
-    void showAboutBox();
-    void terminate();
-
     // What is shown of a project.
     struct ProjectEntry {
         ProjectList::Project project;
         QString label;
     };
 
-    TKController& m_controller;
+    const Program m_program;
     RunLoop& m_runLoop;
     // By name.
     TimeTreeOrder m_order;

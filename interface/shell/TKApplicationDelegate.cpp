@@ -26,7 +26,20 @@ TKApplicationDelegate::TKApplicationDelegate(TKController& controller, Platform&
                       {.activate = [this] { activateIgnoringOtherApps(true); },
                        .openUniversalAccessPreferences =
                            [this] { m_controller.tracker().openUniversalAccessPreferences(); }})
-    , m_statusMenu(controller, platform.runLoop)
+    , m_statusMenu(
+          {.projects = controller.projects(),
+           .applicationObjects = [this] { return m_controller.applicationObjects(); },
+           .nodeOfProject =
+               [this](const ProjectRecord& record) {
+                   return m_controller.timeStoreCategoryForProjectDict(record);
+               },
+           .totalTime = [this](int kind) { return m_controller.totalTimeStringForAllObjects(kind, nullptr); },
+           .toggleStartStop = [this] { toggleStartStop(); },
+           .showTimeWindow = [this] { showTimeWindow(); },
+           .showPrefWindow = [this] { m_controller.window().actions().showPrefWindow->trigger(); },
+           .showAboutBox = [this] { showAboutBox(); },
+           .terminate = [this] { terminate(); }},
+          platform.runLoop)
     , m_presence(controller.window(), m_statusMenu, platform, alerts,
                  {.setWindowStateShown = [this](bool isShown) { m_controller.setWindowStateShown(isShown); },
                   .reloadAppType = [this] { m_controller.reloadAppType(); },

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which room stands on which.
+// Which room stands on which, and that includes never go round in circles.
 #include "tests/Places.h"
 
 #include <gtest/gtest.h>
@@ -91,6 +91,8 @@ struct Source {
         const std::string folder = std::filesystem::path(path).parent_path().string();
         return folder.starts_with("interface/") ? "interface" : folder;
     }
+    // A header and its sources are one.
+    static std::string unit(const std::string& path) { return path.substr(0, path.rfind('.')); }
 };
 
 Source sourceAt(const std::filesystem::path& root, const std::filesystem::path& path) {
@@ -131,6 +133,50 @@ std::map<std::string, std::set<std::string>> reach() {
     return result;
 }
 
+using Graph = std::map<std::string, std::set<std::string>>;
+
+Graph unitsThatAreIncluded() {
+    Graph graph;
+    for (const Source& source : sources())
+        for (const auto& [line, included] : source.includes)
+            if (Source::unit(included) != Source::unit(source.path))
+                graph[Source::unit(source.path)].insert(Source::unit(included));
+    return graph;
+}
+
+// The shortest way of includes from one to the other, both included, that does not go there directly. Empty without one.
+std::vector<std::string> detour(const Graph& graph, const std::string& from, const std::string& to) {
+    std::map<std::string, std::string> cameFrom{{from, {}}};
+    std::vector<std::string> open{from};
+    for (std::size_t next = 0; next < open.size() && !cameFrom.contains(to); ++next) {
+        const std::string unit = open[next];
+        const auto included = graph.find(unit);
+        if (included == graph.end())
+            continue;
+        for (const std::string& other : included->second)
+            if (!(unit == from && other == to) && cameFrom.try_emplace(other, unit).second)
+                open.push_back(other);
+    }
+    std::vector<std::string> way;
+    if (cameFrom.contains(to))
+        for (std::string unit = to; !unit.empty(); unit = cameFrom[unit])
+            way.insert(way.begin(), unit);
+    return way;
+}
+
+// Those of more than two, each once, beginning with the first by name.
+std::set<std::vector<std::string>> circles(const Graph& graph) {
+    std::set<std::vector<std::string>> result;
+    for (const auto& [unit, included] : graph)
+        for (const std::string& other : included) {
+            std::vector<std::string> circle = detour(graph, other, unit);
+            std::rotate(circle.begin(), std::min_element(circle.begin(), circle.end()), circle.end());
+            if (!circle.empty())
+                result.insert(circle);
+        }
+    return result;
+}
+
 } // namespace
 
 TEST(Rooms, includes_goDownOnly) {
@@ -153,4 +199,21 @@ TEST(Rooms, includes_goDownOnly) {
         }
     }
     EXPECT_GT(checked, 500);
+}
+
+// Two that know each other are one thing in two files; three are a knot.
+TEST(Rooms, circles_areOfTwoFilesAtMost) {
+    for (const std::vector<std::string>& circle : circles(unitsThatAreIncluded())) {
+        std::string text;
+        for (const std::string& unit : circle)
+            text += "\n  " + unit;
+        ADD_FAILURE() << "these include each other in a circle:" << text;
+    }
+}
+
+TEST(Rooms, aKnotOfThree_isSeen) {
+    EXPECT_EQ(circles({{"b", {"c"}}, {"c", {"a", "d"}}, {"a", {"b"}}, {"d", {"e"}}}),
+              (std::set<std::vector<std::string>>{{"a", "b", "c"}}));
+    // One that knows two, and is known by both, is none.
+    EXPECT_EQ(circles({{"a", {"b", "c"}}, {"b", {"a"}}, {"c", {"a"}}}), std::set<std::vector<std::string>>());
 }

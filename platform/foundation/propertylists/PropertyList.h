@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/propertylists/PropertyListLimits.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 #include "platform/foundation/values/Result.h"
 
@@ -13,14 +14,6 @@
 // damaged, nested deeper than kDepthLimit, larger than kSizeLimit or of more than kValueLimit values, in bounded time and
 // memory. Nothing outside the bytes is ever read: entities and references to other files are refused or ignored.
 namespace PropertyList {
-
-// Far above anything Ticklog writes (which is 6 deep), far below what a call stack holds.
-inline constexpr int kDepthLimit = 128;
-// The most timers that are ever read make about 140 MB. What is larger is not written either.
-inline constexpr qint64 kSizeLimit = 256LL * 1024 * 1024;
-// The most timers take eight values each at the most. The dearest value, an empty dictionary, costs 100 bytes of memory:
-// half a gigabyte is never reached.
-inline constexpr std::size_t kValueLimit = 4'100'000;
 
 // REQUIRES: nothing of the bytes. The text of a failure names the line or offset of the damage.
 Result<PropertyListValue> read(const QByteArray& bytes);

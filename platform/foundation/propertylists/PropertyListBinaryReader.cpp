@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/propertylists/PropertyListBinaryReader.h"
 
-#include "platform/foundation/propertylists/PropertyList.h"
 #include "platform/foundation/propertylists/PropertyListBinary.h"
+#include "platform/foundation/propertylists/PropertyListLimits.h"
 #include "platform/foundation/propertylists/PropertyListText.h"
 
 #include <QtEndian>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/propertylists/PropertyList.h"
+#include "platform/foundation/propertylists/PropertyListLimits.h"
 #include "platform/foundation/propertylists/PropertyListWriter.h"
+#include "platform/foundation/values/Result.h"
 
 #include <QByteArray>
 #include <QXmlStreamReader>
