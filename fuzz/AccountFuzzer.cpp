@@ -67,8 +67,8 @@ void handOut(Account& account) {
     }
     tracker.setSearchString(QStringLiteral("a"));
     tracker.setCutoffTime(60);
-    const TimerReferences removed = tracker.referencesTo(all);
-    const PropertyListArray records = tracker.recordsOf(removed);
+    const TimerReferences removed = tracker.tree().referencesTo(all);
+    const PropertyListArray records = tracker.tree().recordsOf(removed);
     tracker.removeTimers(removed);
     tracker.putBack(records);
 }

@@ -11,7 +11,8 @@
 #include <thread>
 
 // Moves notifications that arrive on other threads onto the main thread, where they are processed in the order in
-// which they came. Make and destroy it on the main thread.
+// which they came. Make and destroy it on the main thread. None of ours does today, and the program makes none: this is the
+// way for whoever hands news over from another thread to observers that know but one.
 class NotificationHandOff {
 public:
     // `process` is called on the thread that makes this. The run loop must outlive it.

@@ -3,8 +3,10 @@
 
 #include "Classes/engine/TimeActivator.h"
 
-// Follows the front window through what applications tell assistive programs. A second source beside the window list;
-// trackers are not given it by themselves. Without a controller's compute timer of its own nothing ticks.
+// Follows the front window through what applications tell assistive programs. A second source beside the window list, which
+// nothing in the program makes: where a desktop tells nothing, AtspiFrontDesktop offers its windows as a list, so that the
+// tick is the same everywhere. Kept whole, with its tests, for an engine that is to run without any window list. Without a
+// controller's compute timer of its own nothing ticks.
 class TimeActivatorUniversalAccess : public TimeActivator {
 public:
     TimeActivatorUniversalAccess(ActivityListener& tracker, ActivityServices& services);

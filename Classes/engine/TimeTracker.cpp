@@ -4,6 +4,7 @@
 #include "Classes/common/Settings.h"
 #include "Classes/engine/SystemIdleTime.h"
 #include "Classes/rules/RuleCategories.h"
+#include "Classes/store/TKUUIDManager.h"
 #include "Classes/store/TimeStoreCategory.h"
 #include "platform/foundation/values/Assertions.h"
 
@@ -21,7 +22,7 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
     m_namesToKeep = services.store.notifications.observe(
         kTicklogKeepNamesNotification, [this](const Notification& notification) {
             if (const auto* used = std::any_cast<std::unordered_set<Identity>>(&notification.object))
-                enterInRegistry(used);
+                m_tree.enterInRegistry(m_services.store.registry, used);
         });
     userDefaultsChanged();
 }
@@ -91,7 +92,7 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     if (!m_isRunning && !isCurrent)
         return;
     // Another application's window has not been renamed.
-    if (!isCurrent && applicationHolding(*current) != app)
+    if (!isCurrent && m_tree.applicationHolding(*current) != app)
         return;
     if (const auto found = isCurrent ? nullptr : app->windowStoreForName(newName, window);
         found && found != current)
@@ -230,8 +231,8 @@ void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
         return;
     const bool isAway = *name == kScreenSaverName || *name == kLoginWindowName;
     const QString& credited = isAway ? kIdleName : *name;
-    if (const auto known = m_timeDictionary.constFind(credited); known != m_timeDictionary.constEnd()) {
-        m_activeStoreApp = *known;
+    if (const auto known = m_tree.named(credited)) {
+        m_activeStoreApp = known;
         return;
     }
     willChange(kTimeSetKey);
@@ -245,8 +246,7 @@ void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
 }
 
 std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeStoreApp> app) {
-    m_timeDictionary.insert(app->name(), app);
-    m_timeSet.push_back(app);
+    m_tree.add(app);
     m_narrowing.noteChange();
     return app;
 }
@@ -267,7 +267,7 @@ Seconds TimeTracker::totalTime() const {
     const bool countsSelf = m_services.defaults.boolForKey(kIncludeSelfInSumofTimes);
     const bool countsIdle = m_services.defaults.boolForKey(kIncludeIdleInSumofTimes);
     Seconds total = 0;
-    for (const auto& app : m_timeSet) {
+    for (const auto& app : m_tree.applications()) {
         // Ourselves by the name shown, the idle time by the name it was made under: a timer that the user calls
         // "Ticklog" is meant to be left out with us.
         if (!countsSelf && app->isShownAs(kOwnName))
@@ -283,41 +283,7 @@ TimeStoreItem::Children TimeTracker::timeSet() const {
     const std::lock_guard guard(m_lock);
     if (m_narrowing.survivors())
         return *m_narrowing.survivors();
-    return {m_timeSet.begin(), m_timeSet.end()};
-}
-
-std::vector<Identity> TimeTracker::primaryUUIDs() const {
-    std::vector<Identity> identities;
-    identities.reserve(m_timeSet.size());
-    for (const auto& app : m_timeSet)
-        if (const auto uuid = app->uuid())
-            identities.push_back(*uuid);
-    return identities;
-}
-
-TimeStoreItem::Children TimeTracker::timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
-                                                               bool excludingIncludedChildren) const {
-    std::unordered_set<Identity> remaining;
-    const std::unordered_set<Identity>& wanted = excludingIncludedChildren ? remaining : childUUIDs;
-    const auto isIn = [](const std::unordered_set<Identity>& set, const TimeStoreNode& node) {
-        return node.uuid() && set.contains(*node.uuid());
-    };
-    if (excludingIncludedChildren) {
-        remaining = childUUIDs;
-        for (const auto& app : m_timeSet)
-            if (isIn(childUUIDs, *app))
-                for (const auto& window : app->windows())
-                    if (window->uuid() && window->uuid() != app->uuid())
-                        remaining.erase(*window->uuid());
-    }
-    TimeStoreItem::Children found;
-    for (const auto& app : m_timeSet) {
-        if (isIn(wanted, *app))
-            found.push_back(app);
-        else
-            app->appendWindows(wanted, found);
-    }
-    return found;
+    return {m_tree.applications().begin(), m_tree.applications().end()};
 }
 
 void TimeTracker::updateTimeStoreCategory(TimeStoreCategory& category,
@@ -340,7 +306,7 @@ void TimeTracker::reloadSearchFiltering() {
     const std::lock_guard guard(m_lock);
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
     m_narrowing.giveUp();
-    m_narrowing.find(m_timeSet);
+    m_narrowing.find(m_tree.applications());
 }
 
 void TimeTracker::userDefaultsChanged() {

@@ -9,8 +9,7 @@
 #include "Classes/engine/TrackerServices.h"
 #include "Classes/store/AccountEntries.h"
 #include "Classes/store/FrozenTimer.h"
-#include "Classes/store/TimeStoreApp.h"
-#include "Classes/store/TimerReference.h"
+#include "Classes/store/TimerTree.h"
 #include "platform/Sandbox.h"
 #include "platform/foundation/files/UserDefaults.h"
 #include "platform/foundation/observing/Listeners.h"
@@ -19,21 +18,11 @@
 
 class IncomingTimers;
 class RuleCategories;
-class SystemIdleTime;
 class TimeStoreCategory;
 
 inline constexpr ObservedKey kTimeSetKey{"timeSet"};
 inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
 inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDisplayString"};
-
-// Projects refer to these identities, a std::unordered_set<Identity>: whoever has their timers sees to it that the
-// registry knows them.
-inline const QString kTicklogKeepNamesNotification = QStringLiteral("kTicklogKeepNamesNotification");
-
-// Timers are deleted, with all that is known of them; or they have come back, by undoing it. The object is a
-// TimerReferences; an application stands for its windows as well.
-inline const QString kTicklogRemoveTimersNotification = QStringLiteral("kTicklogRemoveTimersNotification");
-inline const QString kTicklogPutBackTimersNotification = QStringLiteral("kTicklogPutBackTimersNotification");
 
 // What idle time is credited to.
 inline const QString kIdleName = QStringLiteral("Idle");
@@ -43,7 +32,7 @@ inline const QString kIdleName = QStringLiteral("Idle");
 // the process. Main thread only; the lock is against re-entry.
 class TimeTracker : public Observable, public ActivityListener {
 public:
-    using AppSet = std::vector<std::shared_ptr<TimeStoreApp>>;
+    using AppSet = TimerTree::AppSet;
     using MakeActivator = std::function<std::unique_ptr<TimeActivator>(TimeTracker&, ActivityServices&)>;
 
     explicit TimeTracker(TrackerServices& services, const MakeActivator& makeActivator = {});
@@ -79,13 +68,15 @@ public:
     // What survives the search and the cut-off; everything while there are none.
     TimeStoreItem::Children timeSet() const;
 
-    const AppSet& fullTimeSet() const { return m_timeSet; }
-
-    std::vector<Identity> primaryUUIDs() const;
-    // The nodes of these identities: an application itself, or else those of its windows that are wanted.
-    // With `excluding`, the windows of an application that is wanted are not wanted on their own.
+    // All of it.
+    const TimerTree& tree() const { return m_tree; }
+    const AppSet& fullTimeSet() const { return m_tree.applications(); }
+    std::vector<Identity> primaryUUIDs() const { return m_tree.identities(); }
+    // As TimerTree::timersOf().
     TimeStoreItem::Children timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
-                                                      bool excludingIncludedChildren) const;
+                                                      bool excludingIncludedChildren) const {
+        return m_tree.timersOf(childUUIDs, excludingIncludedChildren);
+    }
     // Gives a project's node the nodes of its members for children.
     void updateTimeStoreCategory(TimeStoreCategory& category, const std::vector<Identity>& childUUIDs) const;
 
@@ -117,23 +108,14 @@ public:
     // The registry knows all timers by their names, whatever it has heard of others meanwhile.
     void enterNames() const;
     void removeUUIDs(const std::unordered_set<Identity>& identities);
-    // Which timers these are, of those that are in the tree.
-    TimerReferences referencesTo(const TimeStoreItem::Children& items) const;
-    // The application that a timer is or is in. Null for one that is not there.
-    std::shared_ptr<TimeStoreApp> applicationHolding(const TimeStoreNode& node) const;
-    // Null for one that is not there.
-    std::shared_ptr<TimeStoreNode> timerOf(const TimerReference& timer) const;
     // As removeUUIDs(), but these and no others that share an identity with them.
     void removeTimers(const TimerReferences& timers);
-    // All that removeTimers() would take away, for putBack(): entries as of arrayRepresentation(). An application that
-    // would stay and only lose windows is told without its time.
-    PropertyListArray recordsOf(const TimerReferences& timers) const;
-    // Undoes a removal. Where another timer of the same name has come since, the time goes to that one.
+    // Undoes a removal, of which these are the records that TimerTree::recordsOf() had made before. Where another timer of the same name has come since, the time goes to that one.
     void putBack(const PropertyListArray& entries);
 
     PropertyListArray arrayRepresentation() const;
     // The same, piece by piece.
-    void writeArrayRepresentation(PropertyListSink& sink) const;
+    void writeArrayRepresentation(PropertyListSink& sink) const { m_tree.write(sink); }
     // Adds the applications of `entries` to what is there. Entries of other types are left out, and counted in the log;
     // answers how many.
     int setArrayRepresentation(const PropertyListArray& entries);
@@ -153,22 +135,15 @@ public:
 
     // Reads the rules again.
     void userDefaultsChanged();
-
     const RuleCategories& categories() const { return *m_categories; }
-
     bool isAXEnabled() { return m_timeActivator->isAXEnabled(); }
-
     void openUniversalAccessPreferences() { m_timeActivator->openUniversalAccessPreferences(); }
-
     bool isSandboxed() const { return m_services.sandbox.isSandboxed(); }
-
     TimeActivator& timeActivator() { return *m_timeActivator; }
-
     const TimeActivator& timeActivator() const { return *m_timeActivator; }
 
     // The nodes being credited; null when there is none. Valid until the tree changes.
     TimeStoreApp* activeStoreApp() const { return m_activeStoreApp.lock().get(); }
-
     TimeStoreWindow* activeStoreWindow() const { return m_activeStoreWindow.lock().get(); }
 
     static Identity brandNewUUID() { return Identity::brandNew(); }
@@ -180,7 +155,6 @@ public:
 
 private:
     Date now() const { return m_services.activity.clock.now(); }
-
     Instant instant() const { return m_services.activity.clock.instant(); }
 
     void creditCurrentApp();
@@ -199,25 +173,13 @@ private:
     // What has become one, as kTicklogUnbranchNodeNotification tells it.
     FrozenIdentities unbranchWindow(TimeStoreWindow& window, TimeStoreApp& app, FrozenTimer& frozen);
     FrozenIdentities unbranchApplication(const std::shared_ptr<TimeStoreApp>& app, FrozenTimer& frozen);
-    static void nameAgain(TimeStoreNode& node, const FrozenTimer& frozen);
-    static void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities,
-                                 FrozenIdentities& joined);
     void enterNamesAgain(const FrozenIdentities& joined) const;
     void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
-    void forgetName(const TimeStoreApp& app);
-    std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;
-    using IsMeant = std::function<bool(const TimeStoreApp& app, const TimeStoreNode& node)>;
-    void remove(const IsMeant& isMeant);
-    AppSet takeOut(const IsMeant& isMeant);
-    TimerReferences meant(const IsMeant& isMeant) const;
-    std::unordered_set<Identity> identitiesOf(const IsMeant& isMeant) const;
-    // Of these identities; all without any.
-    void enterInRegistry(const std::unordered_set<Identity>* identities) const;
+    void remove(const TimerTree::IsMeant& isMeant);
 
     TrackerServices& m_services;
     mutable std::recursive_mutex m_lock;
-    AppSet m_timeSet;
-    QHash<QString, std::shared_ptr<TimeStoreApp>> m_timeDictionary;
+    TimerTree m_tree;
     std::unique_ptr<RuleCategories> m_categories;
     Date m_lastResetDate;
     // Not owned: observers may take any node out of the tree, also the one being credited.

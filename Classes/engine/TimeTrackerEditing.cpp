@@ -12,22 +12,21 @@ void TimeTracker::addWindowWithName(const PropertyListValue& name, const Propert
 }
 
 void TimeTracker::enterNames() const {
-    enterInRegistry(nullptr);
+    m_tree.enterInRegistry(m_services.store.registry, nullptr);
 }
 
 void TimeTracker::reset() {
     enterNames();
     {
         const std::lock_guard guard(m_lock);
-        AppSet cleared;
         willChange(kTimeSetKey);
-        cleared.swap(m_timeSet);
+        const AppSet cleared = m_tree.takeAll();
         m_activeStoreApp.reset();
         // Nothing may point into what is cleared when the observers are told.
         m_activeStoreWindow.reset();
         m_narrowing.drop([](const TimeStoreItem&) { return true; });
         didChange(kTimeSetKey);
-        m_timeDictionary.clear();
+        m_tree.forgetAllNames();
         m_timeActivator->resetNotifications();
         setLastResetDate(now());
         // An absence that is going on begins anew in the empty tree.
@@ -41,21 +40,6 @@ PropertyListArray TimeTracker::arrayRepresentation() const {
     writeArrayRepresentation(builder);
     const PropertyListValue entries = builder.take();
     return *entries.asArray();
-}
-
-void TimeTracker::writeArrayRepresentation(PropertyListSink& sink) const {
-    sink.beginArray();
-    for (const auto& app : m_timeSet) {
-        sink.beginDictionary();
-        sink.key(kEntryApp);
-        app->writeRecord(sink);
-        sink.key(kEntryWindows);
-        sink.beginArray();
-        app->writeWindowRecords(sink);
-        sink.endArray();
-        sink.endDictionary();
-    }
-    sink.endArray();
 }
 
 int TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
@@ -87,11 +71,11 @@ int TimeTracker::take(IncomingTimers& timers) {
 void TimeTracker::dissolve(const AppSet& applications) {
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
     for (const auto& app : applications) {
-        const auto other = m_timeDictionary.value(app->name());
+        const auto other = m_tree.named(app->name());
         if (!other || other == app)
             continue;
         other->addTimeInterval(app->activeTime());
-        std::erase(m_timeSet, app);
+        m_tree.remove(app);
     }
 }
 

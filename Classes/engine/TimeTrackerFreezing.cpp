@@ -17,6 +17,19 @@ QString frozenName(const QString& name, Date today) {
     return name + localized(" (Frozen %@)").replace(QLatin1String("%@"), shortDate(today));
 }
 
+void nameAgain(TimeStoreNode& node, const FrozenTimer& frozen) {
+    node.setBranched(false);
+    node.setName(frozen.name());
+    node.setRenamedNameFormatted({{kRecordName, frozen.renamedName().value_or(frozen.name())}});
+}
+
+void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities, FrozenIdentities& joined) {
+    if (!identities.before)
+        return;
+    node.setUuid(identities.before);
+    joined.emplace(identities.after, *identities.before);
+}
+
 } // namespace
 
 FrozenTimer TimeTracker::branchNode(TimeStoreNode& node) {
@@ -76,7 +89,7 @@ void TimeTracker::branchApplication(TimeStoreApp& app, FrozenTimer& frozen) {
     const auto alive = std::static_pointer_cast<TimeStoreApp>(app.shared_from_this());
     const QString oldName = app.name();
     const bool wasCurrent = alive == m_activeStoreApp.lock();
-    m_timeDictionary.remove(oldName);
+    m_tree.forgetName(oldName);
     app.setName(frozenName(oldName, now()));
     app.setRenamedNameFormatted({{kRecordName, oldName}});
     app.setBranched(true);
@@ -84,14 +97,14 @@ void TimeTracker::branchApplication(TimeStoreApp& app, FrozenTimer& frozen) {
     willChange(kTimeSetKey);
     {
         const std::lock_guard guard(m_lock);
-        std::erase(m_timeSet, alive);
+        m_tree.remove(alive);
         app.setUuid(newIdentity);
         for (const auto& window : app.windows()) {
             const std::optional<Identity> known = tellApart(*window);
             window->setUuid(frozen.replace(window->uuid()));
             postBranching({known, *window->uuid()});
         }
-        m_timeSet.push_back(alive);
+        m_tree.putLast(alive);
     }
     didChange(kTimeSetKey);
     postBranching(frozen.own());
@@ -109,7 +122,7 @@ std::optional<Identity> TimeTracker::tellApart(const TimeStoreWindow& window) {
     const auto holdsSuch = [&](const std::shared_ptr<TimeStoreApp>& app) {
         return std::ranges::any_of(app->windows(), goesByIt);
     };
-    if (!shared || std::ranges::none_of(m_timeSet, holdsSuch))
+    if (!shared || std::ranges::none_of(m_tree.applications(), holdsSuch))
         return shared;
     const Identity own = brandNewUUID();
     m_services.store.notifications.post(kTicklogSucceedNodeNotification, Successions{{*shared, own}});
@@ -143,7 +156,7 @@ void TimeTracker::refreshProjects(const PropertyListDictionary& info) {
 
 bool TimeTracker::unbranchNode(FrozenTimer& frozen) {
     std::optional<FrozenIdentities> joined;
-    for (const auto& app : AppSet(m_timeSet)) {
+    for (const auto& app : AppSet(m_tree.applications())) {
         if (frozen.isApp() && app->uuid() == frozen.own().after)
             joined = unbranchApplication(app, frozen);
         else if (!frozen.isApp())
@@ -183,35 +196,21 @@ FrozenIdentities TimeTracker::unbranchApplication(const std::shared_ptr<TimeStor
     const std::lock_guard guard(m_lock);
     const ChangeAnnouncement announcement(*this, kTimeSetKey);
     FrozenIdentities joined;
-    forgetName(*app);
-    const auto successor = m_timeDictionary.value(frozen.name());
+    m_tree.forgetNames(*app);
+    const auto successor = m_tree.named(frozen.name());
     nameAgain(*app, frozen);
     takeIdentityBack(*app, frozen.own(), joined);
     for (const FrozenTimer::Pair& pair : frozen.windows())
         if (const auto window = app->windowOfIdentity(pair.after))
             takeIdentityBack(*window, pair, joined);
-    m_timeDictionary.insert(frozen.name(), app);
+    m_tree.giveName(frozen.name(), app);
     if (!successor)
         return joined;
-    std::erase(m_timeSet, successor);
+    m_tree.remove(successor);
     joinInto(*app, *successor, frozen, joined);
     for (const auto& [own, other] : app->takeOver(*successor))
         joinInto(*own, *other, frozen, joined);
     return joined;
-}
-
-void TimeTracker::nameAgain(TimeStoreNode& node, const FrozenTimer& frozen) {
-    node.setBranched(false);
-    node.setName(frozen.name());
-    node.setRenamedNameFormatted({{kRecordName, frozen.renamedName().value_or(frozen.name())}});
-}
-
-void TimeTracker::takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities,
-                                   FrozenIdentities& joined) {
-    if (!identities.before)
-        return;
-    node.setUuid(identities.before);
-    joined.emplace(identities.after, *identities.before);
 }
 
 // A title may stand for another application's window, whose it stays.
@@ -228,7 +227,7 @@ void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
         if (node.isApp() || (known && joined.contains(*known)))
             registry.setUUID(*node.uuid(), key);
     };
-    for (const auto& app : m_timeSet) {
+    for (const auto& app : m_tree.applications()) {
         enter(*app);
         for (const auto& window : app->windows())
             enter(*window);

@@ -13,6 +13,10 @@
 #include <optional>
 #include <unordered_set>
 
+// Projects refer to these identities, a std::unordered_set<Identity>: whoever has their timers sees to it that the
+// registry knows them.
+inline const QString kTicklogKeepNamesNotification = QStringLiteral("kTicklogKeepNamesNotification");
+
 // The registry from a node's class and name to its identity, so that a timer that is found again by name is still the
 // one that projects refer to. Made once, handed to all nodes, and outlives them. Main thread only.
 //

@@ -6,7 +6,8 @@
 inline constexpr ObservedKey kAppKey{"app"};
 
 // Stands for one application inside the display of a project. The last of its children is `app`, which answers most
-// questions.
+// questions. A project shows its members themselves, so nothing in the program makes one; rows, cells and drags know what to do
+// with it all the same.
 class TimeStoreAppProxy : public TimeStoreCategory {
 public:
     TimeStoreAppProxy(TimeStoreServices& services, const PropertyListValue& name, const Children& children);

@@ -3,6 +3,8 @@
 
 #include "platform/foundation/values/Identity.h"
 
+#include <QString>
+
 #include <optional>
 #include <set>
 
@@ -15,3 +17,8 @@ struct TimerReference {
     friend auto operator<=>(const TimerReference&, const TimerReference&) = default;
 };
 using TimerReferences = std::set<TimerReference>;
+
+// Timers are deleted, with all that is known of them; or they have come back, by undoing it. The object is a
+// TimerReferences; an application stands for its windows as well.
+inline const QString kTicklogRemoveTimersNotification = QStringLiteral("kTicklogRemoveTimersNotification");
+inline const QString kTicklogPutBackTimersNotification = QStringLiteral("kTicklogPutBackTimersNotification");

@@ -16,7 +16,7 @@ public:
         , m_timers(std::move(timers)) {}
 
     void redo() override {
-        m_records = m_tracker.recordsOf(m_timers);
+        m_records = m_tracker.tree().recordsOf(m_timers);
         m_tracker.removeTimers(m_timers);
     }
 

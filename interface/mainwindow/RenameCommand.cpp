@@ -9,7 +9,7 @@ RenameCommand::RenameCommand(const TimeTracker& tracker, std::shared_ptr<TimeSto
                              const QString& name)
     : m_tracker(tracker)
     , m_item(std::move(item))
-    , m_application(tracker.applicationHolding(m_item->node()))
+    , m_application(tracker.tree().applicationHolding(m_item->node()))
     , m_oldName(m_item->renamedName())
     , m_newName(name.isEmpty() ? m_item->name() : cleanText(name)) {
     setText(localized("Rename"));
@@ -33,6 +33,6 @@ std::shared_ptr<TimeStoreItem> RenameCommand::currentItem() const {
     if (!uuid || !m_application || !m_application->uuid())
         return m_item;
     const auto timer =
-        m_tracker.timerOf({*m_application->uuid(), m_item->node().isApp() ? std::nullopt : uuid});
+        m_tracker.tree().timerOf({*m_application->uuid(), m_item->node().isApp() ? std::nullopt : uuid});
     return timer ? timer : m_item;
 }

@@ -43,7 +43,7 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
             return;
     }
     // By what was shown: a timer that shares an identity with one of these was not meant.
-    if (TimerReferences timers = m_engine.tracker().referencesTo(items); !timers.empty())
+    if (TimerReferences timers = m_engine.tracker().tree().referencesTo(items); !timers.empty())
         m_undoStack.push(new DeleteTimersCommand(m_engine.tracker(), std::move(timers)));
 }
 

@@ -23,13 +23,18 @@ constexpr int kBarHeight = 44;
 constexpr int kSmallestWidth = 440;
 constexpr int kSmallestPageHeight = 180;
 
+// Assistive programs may ask for it as soon as it is there.
+TKInstructionView* describedInstructions(QWidget* parent) {
+    installSetupAccessibility();
+    return new TKInstructionView({0, 0, SetupWindow::kSize.width(), TKInstructionView::kPageHeight}, parent);
+}
+
 } // namespace
 
 SetupWindow::SetupWindow(Commands commands)
     : m_commands(std::move(commands))
-    , m_instructionView(new TKInstructionView({0, 0, kSize.width(), TKInstructionView::kPageHeight}, this))
+    , m_instructionView(describedInstructions(this))
     , m_restartButton(new QPushButton(localized("Restart"), this)) {
-    installSetupAccessibility();
     setObjectName(QStringLiteral("setupWindow"));
     setWindowTitle(QStringLiteral("Ticklog"));
     setAccessibleName(windowTitle());

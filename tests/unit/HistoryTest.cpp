@@ -289,8 +289,8 @@ TEST_F(HistoryTest, aDeletedTimersPast_isForgotten_andComesBackWithIt) {
     day.seconds(40);
     day.front("Editor", "a.txt");
     day.seconds(20);
-    const TimerReferences mail = day.tracker.referencesTo({day.node("Mail").shared_from_this()});
-    const PropertyListArray records = day.tracker.recordsOf(mail);
+    const TimerReferences mail = day.tracker.tree().referencesTo({day.node("Mail").shared_from_this()});
+    const PropertyListArray records = day.tracker.tree().recordsOf(mail);
     day.tracker.removeTimers(mail);
     EXPECT_EQ(scene.diary(), "Editor [a.txt] 20");
     day.tracker.putBack(records);

@@ -383,7 +383,7 @@ TimerReferences timersCalled(const TimeTracker& tracker, const QString& name) {
             if (window->name() == name)
                 items.push_back(window);
     }
-    return tracker.referencesTo(items);
+    return tracker.tree().referencesTo(items);
 }
 
 TEST_F(TimeTrackerEditingTest, whatWasRemoved_comesBackAsItWas) {
@@ -392,7 +392,7 @@ TEST_F(TimeTrackerEditingTest, whatWasRemoved_comesBackAsItWas) {
     m_day.seconds(5);
     const std::string before = m_day.tree();
     const auto all = timersCalled(m_tracker, u"Mail"_s);
-    const PropertyListArray records = m_tracker.recordsOf(all);
+    const PropertyListArray records = m_tracker.tree().recordsOf(all);
     m_tracker.removeTimers(all);
     EXPECT_EQ(m_day.tree(), "Notes 5 [List 5]");
     m_tracker.putBack(records);
@@ -403,7 +403,7 @@ TEST_F(TimeTrackerEditingTest, whatWasRemoved_comesBackAsItWas) {
 TEST_F(TimeTrackerEditingTest, aRemovedWindow_comesBackToItsApplicationWhoseTimeIsUntouched) {
     workInTwoWindows();
     const auto drafts = timersCalled(m_tracker, u"Drafts"_s);
-    const PropertyListArray records = m_tracker.recordsOf(drafts);
+    const PropertyListArray records = m_tracker.tree().recordsOf(drafts);
     m_tracker.removeTimers(drafts);
     EXPECT_EQ(m_day.tree(), "Mail 20 [Inbox 10]");
     m_day.seconds(3);
@@ -416,7 +416,7 @@ TEST_F(TimeTrackerEditingTest, aRemovedWindow_comesBackToItsApplicationWhoseTime
 TEST_F(TimeTrackerEditingTest, whatHasComeAnewSinceTheRemoval_takesTheTimeBack) {
     workInTwoWindows();
     const auto mail = timersCalled(m_tracker, u"Mail"_s);
-    const PropertyListArray records = m_tracker.recordsOf(mail);
+    const PropertyListArray records = m_tracker.tree().recordsOf(mail);
     m_tracker.removeTimers(mail);
     m_day.seconds(4);
     ASSERT_EQ(m_day.tree(), "Mail 4 [Inbox 4]");
@@ -426,7 +426,7 @@ TEST_F(TimeTrackerEditingTest, whatHasComeAnewSinceTheRemoval_takesTheTimeBack) 
 
 TEST_F(TimeTrackerEditingTest, whatNobodyHas_leavesNoRecords) {
     workInTwoWindows();
-    EXPECT_TRUE(m_tracker.recordsOf({{Identity::brandNew(), std::nullopt}}).empty());
+    EXPECT_TRUE(m_tracker.tree().recordsOf({{Identity::brandNew(), std::nullopt}}).empty());
     m_tracker.putBack({});
     EXPECT_EQ(m_day.tree(), "Mail 20 [Drafts 10, Inbox 10]");
 }
@@ -439,13 +439,13 @@ TEST_F(TimeTrackerEditingTest, deletingATimer_leavesThoseThatShareItsIdentity) {
     m_day.seconds(2);
     m_day.front("News");
     ASSERT_EQ(m_day.node("Mail", "Untitled").uuid(), m_day.node("Editor", "Untitled").uuid());
-    const auto one = m_tracker.referencesTo({m_day.node("Editor", "Untitled").shared_from_this()});
-    const PropertyListArray records = m_tracker.recordsOf(one);
+    const auto one = m_tracker.tree().referencesTo({m_day.node("Editor", "Untitled").shared_from_this()});
+    const PropertyListArray records = m_tracker.tree().recordsOf(one);
     m_tracker.removeTimers(one);
     EXPECT_EQ(tree(), "Editor 2, Mail 1 [Untitled 1], News 0");
     m_tracker.putBack(records);
     EXPECT_EQ(tree(), "Editor 2 [Untitled 2], Mail 1 [Untitled 1], News 0");
-    EXPECT_EQ(m_tracker.timerOf(*one.begin()).get(), &m_day.node("Editor", "Untitled"));
+    EXPECT_EQ(m_tracker.tree().timerOf(*one.begin()).get(), &m_day.node("Editor", "Untitled"));
 }
 
 TEST_F(TimeTrackerEditingTest, deletingTheCurrentWindow_startsAFreshOne) {
