@@ -5,7 +5,8 @@
 
 AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, Bus& sessionBus,
                                  RunLoop& runLoop, SystemLog& log, DesktopEntries& entries)
-    : m_compositor(std::move(compositor))
+    : TellingDesktop(entries)
+    , m_compositor(std::move(compositor))
     , m_programs(sessionBus, runLoop, log, entries) {
     m_compositor->setHandlers({{}, {}, {}, {}, [this] { settle(); }});
     m_programs.installSwitchHandler([this] { tell(); });
@@ -14,11 +15,6 @@ AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, 
 
 std::span<const WindowListEntry> AssistedDesktop::onScreenWindows() const {
     return m_compositor->isAlive() ? m_programs.onScreenWindows() : std::span<const WindowListEntry>();
-}
-
-bool AssistedDesktop::installSwitchHandler(std::function<void()> handler) {
-    m_handler = std::move(handler);
-    return true;
 }
 
 QString AssistedDesktop::describe() const {
@@ -34,34 +30,16 @@ QString AssistedDesktop::obstacle() const {
                      "counts as “Desktop”.");
 }
 
-void AssistedDesktop::askForSign() {
-    // Without a connection there is nobody to fall silent, which is known.
-    if (!m_compositor->isAlive())
-        return;
-    m_compositor->afterAnswers([] {});
-    m_compositor->flush();
-}
-
 void AssistedDesktop::settle() {
-    if (const bool wasAlive = std::exchange(m_wasAlive, m_compositor->isAlive()); wasAlive != m_wasAlive) {
-        if (wasAlive && m_lostHandler)
-            m_lostHandler();
+    const bool wasAlive = std::exchange(m_wasAlive, m_compositor->isAlive());
+    if (wasAlive && !m_wasAlive)
+        lose(frontAfterwards());
+    else if (!wasAlive && m_wasAlive)
         tell();
-    }
-    if (m_heardHandler)
-        m_heardHandler();
+    hear();
 }
 
 void AssistedDesktop::tell() {
-    std::optional<ApplicationRecord> front;
-    if (m_compositor->isAlive())
-        front = m_programs.activeApplication();
-    // The account goes on crediting whoever was told last, when nobody is told any more.
-    if (!front && m_front)
-        front = nothingInFront();
-    if (std::exchange(m_front, front) == front)
-        return;
-    // A copy, because the handler may install another one.
-    if (const std::function<void()> handler = m_handler)
-        handler();
+    const auto& front = m_programs.activeApplication();
+    show({}, front && m_compositor->isAlive() ? front : frontAfterwards());
 }

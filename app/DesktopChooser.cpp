@@ -29,7 +29,7 @@ struct Gnome {
     explicit Gnome(const DesktopChooser::Ground& ground)
         : shell(ground.sessionBus, ground.ownName, ground.log, ground.entries)
         , programs(ground.sessionBus, ground.runLoop, ground.log, ground.entries)
-        , desktop(shell, programs, ground.runLoop) {}
+        , desktop(shell, programs, ground.runLoop, ground.entries) {}
 
     GnomeShellDesktop shell;
     AtspiFrontDesktop programs;
@@ -48,10 +48,6 @@ DesktopChooser::DesktopChooser(const Ground& ground)
     if (!m_idleTime)
         m_idleTime =
             firstThatWorks(idleTimes(), m_ground.log, refusals).value_or(std::make_shared<NoIdleTime>());
-}
-
-void DesktopChooser::setLostHandler(std::function<void()> handler) {
-    m_desktop.setLostHandler(std::move(handler));
 }
 
 bool DesktopChooser::isUnderWayland() const {
@@ -115,20 +111,15 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
         m_ground.sessionBus, m_ground.runLoop, m_ground.log,
         GnomeExtension::Places::forUser(QStringLiteral(":/gnome-extension")));
     const auto parts = std::make_shared<Gnome>(m_ground);
-    const std::shared_ptr<StandInDesktop> desktop(parts, &parts->desktop);
     // The shell is the compositor as well: when it goes, the toolkit ends the process.
-    return Desktop{desktop, desktop, desktop, [](const std::function<void()>&) {}, nullptr, extension};
+    return Desktop{std::shared_ptr<TellingDesktop>(parts, &parts->desktop), nullptr, extension};
 }
 
 template<class BackEnd>
 Result<DesktopChooser::Desktop> DesktopChooser::desktopOf(Result<std::unique_ptr<BackEnd>> opened) {
     if (!opened)
         return opened.failure();
-    const std::shared_ptr<BackEnd> backEnd = std::move(*opened);
-    return Desktop{
-        backEnd, backEnd,
-        backEnd, [backEnd](std::function<void()> handler) { backEnd->setLostHandler(std::move(handler)); },
-        nullptr, nullptr};
+    return Desktop{std::move(*opened), nullptr, nullptr};
 }
 
 Result<DesktopChooser::Desktop> DesktopChooser::withIdleTime(Result<std::unique_ptr<X11Desktop>> opened) {
@@ -164,6 +155,5 @@ DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<F
                            : localized("There is no window system that tells which window is in front.");
     if (isRefused)
         obstacle = refusal->text;
-    const auto nothing = std::make_shared<NoDesktop>(obstacle);
-    return {nothing, nothing, nothing, [](const std::function<void()>&) {}, nullptr, nullptr};
+    return {std::make_shared<NoDesktop>(m_ground.entries, obstacle), nullptr, nullptr};
 }

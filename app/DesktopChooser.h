@@ -2,10 +2,10 @@
 #pragma once
 
 #include "app/Candidates.h"
-#include "platform/NoDesktop.h"
 #include "platform/Sandbox.h"
 #include "platform/ShellExtension.h"
 #include "platform/bus/BusName.h"
+#include "platform/desktop/NoDesktop.h"
 #include "platform/foundation/programs/DesktopEntries.h"
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/linux/OwnSession.h"
@@ -32,22 +32,14 @@ public:
 
     explicit DesktopChooser(const Ground& ground);
 
-    FrontApplication& frontApplication() { return *m_desktop.frontApplication; }
-    WindowList& windowList() { return *m_desktop.windowList; }
-    SignsOfLife& signsOfLife() { return *m_desktop.signsOfLife; }
+    TellingDesktop& desktop() { return *m_desktop.desktop; }
     IdleTime& idleTime() { return *m_idleTime; }
     // Null where the desktop tells without one.
     ShellExtension* shellExtension() { return m_desktop.shellExtension.get(); }
 
-    // Calls `handler` when the display is gone for good, as far as this process is concerned.
-    void setLostHandler(std::function<void()> handler);
-
 private:
     struct Desktop {
-        std::shared_ptr<FrontApplication> frontApplication;
-        std::shared_ptr<WindowList> windowList;
-        std::shared_ptr<SignsOfLife> signsOfLife;
-        std::function<void(std::function<void()>)> setLostHandler;
+        std::shared_ptr<TellingDesktop> desktop;
         // Absent where the idle time is somebody else's business.
         std::shared_ptr<IdleTime> idleTime;
         std::shared_ptr<ShellExtension> shellExtension;

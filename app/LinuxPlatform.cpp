@@ -3,9 +3,9 @@
 
 #include "Classes/common/Settings.h"
 #include "app/DesktopChooser.h"
-#include "platform/NoDesktop.h"
-#include "platform/SilenceWatch.h"
 #include "platform/atspi/AtspiAccessibility.h"
+#include "platform/desktop/NoDesktop.h"
+#include "platform/desktop/SilenceWatch.h"
 #include "platform/foundation/programs/DesktopEntries.h"
 #include "platform/foundation/programs/ProcessExecutable.h"
 #include "platform/foundation/time/QtRunLoop.h"
@@ -69,12 +69,11 @@ struct LinuxPlatform::BackEnds {
     DesktopEntries desktopEntries{DesktopEntries::Places::forUser(), clock};
     DesktopChooser desktop{
         {runLoop, log, desktopEntries, clock, sessionBus, ownName, systemBus, session, sandbox}};
-    SilenceWatch silenceWatch{
-        {desktop.frontApplication(), desktop.windowList(), desktop.signsOfLife(), desktop.idleTime()},
-        runLoop,
-        log,
-        [this] { return defaults.boolForKey(kTKWasTimerRunning); },
-        {}};
+    SilenceWatch silenceWatch{{desktop.desktop(), desktop.desktop(), desktop.desktop(), desktop.idleTime()},
+                              runLoop,
+                              log,
+                              [this] { return defaults.boolForKey(kTKWasTimerRunning); },
+                              {}};
     LockAwareFrontApplication frontApplication{silenceWatch, screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
@@ -143,5 +142,5 @@ ShellExtension* LinuxPlatform::shellExtension() {
 }
 
 void LinuxPlatform::setDisplayLostHandler(std::function<void()> handler) {
-    m_backEnds->desktop.setLostHandler(std::move(handler));
+    m_backEnds->desktop.desktop().setLostHandler(std::move(handler));
 }

@@ -3,16 +3,17 @@
 
 #include "platform/foundation/text/LocalizedStrings.h"
 
-StandInDesktop::StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop)
-    : m_shell(shell)
+StandInDesktop::StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop,
+                               DesktopEntries& entries)
+    : TellingDesktop(entries)
+    , m_shell(shell)
     , m_programs(programs)
     , m_runLoop(runLoop) {
     m_shell.installSwitchHandler([this] { changeOver(); });
     // The extension may come or go while the same is in front.
     m_shell.setHeardHandler([this] {
         changeOver();
-        if (m_heardHandler)
-            m_heardHandler();
+        hear();
     });
     m_programs.installSwitchHandler([this] { tell(); });
     changeOver();
@@ -26,11 +27,6 @@ StandInDesktop::~StandInDesktop() {
 
 std::span<const WindowListEntry> StandInDesktop::onScreenWindows() const {
     return isStandingIn() ? m_programs.onScreenWindows() : m_shell.onScreenWindows();
-}
-
-bool StandInDesktop::installSwitchHandler(std::function<void()> handler) {
-    m_handler = std::move(handler);
-    return true;
 }
 
 QString StandInDesktop::describe() const {
@@ -58,14 +54,6 @@ void StandInDesktop::changeOver() {
 }
 
 void StandInDesktop::tell() {
-    std::optional<ApplicationRecord> front =
-        isStandingIn() ? m_programs.activeApplication() : m_shell.activeApplication();
-    // The account goes on crediting whoever was told last, when nobody is told any more.
-    if (!front && m_front)
-        front = nothingInFront();
-    if (std::exchange(m_front, front) == front)
-        return;
-    // A copy, because the handler may install another one.
-    if (const std::function<void()> handler = m_handler)
-        handler();
+    const auto& front = isStandingIn() ? m_programs.activeApplication() : m_shell.activeApplication();
+    show({}, front ? front : frontAfterwards());
 }

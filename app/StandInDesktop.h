@@ -2,26 +2,24 @@
 #pragma once
 
 #include "platform/atspi/AtspiFrontDesktop.h"
+#include "platform/desktop/TellingDesktop.h"
 #include "platform/gnome/GnomeShellDesktop.h"
 
 // GNOME's windows as our extension of the shell tells them, and while it does not, as far as programs tell assistive
 // programs of theirs. Main thread only.
-class StandInDesktop : public WindowList, public FrontApplication, public SignsOfLife {
+class StandInDesktop : public TellingDesktop {
 public:
     // The extension has this long to tell before the others are asked.
     static constexpr std::chrono::seconds kPatience{1};
 
     // All outlive this, and tell nobody else.
-    StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop);
+    StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop,
+                   DesktopEntries& entries);
     ~StandInDesktop() override;
 
     std::span<const WindowListEntry> onScreenWindows() const override;
-    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
-    bool installSwitchHandler(std::function<void()> handler) override;
-    QString bundleName(const QString& path) const override { return m_shell.bundleName(path); }
     QString describe() const override;
     QString obstacle() const override;
-    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
     void askForSign() override { m_shell.askForSign(); }
 
 private:
@@ -33,9 +31,6 @@ private:
     GnomeShellDesktop& m_shell;
     AtspiFrontDesktop& m_programs;
     RunLoop& m_runLoop;
-    std::function<void()> m_handler;
-    std::function<void()> m_heardHandler;
-    std::optional<ApplicationRecord> m_front;
     // Absent while the extension tells.
     std::unique_ptr<RunLoopTimer> m_patience;
 };

@@ -23,10 +23,10 @@ bool isInFront(const AtspiApplication& application) {
 
 AtspiFrontDesktop::AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLog& log,
                                      DesktopEntries& entries)
-    : m_sessionBus(sessionBus)
+    : KnownWindows(entries)
+    , m_sessionBus(sessionBus)
     , m_runLoop(runLoop)
-    , m_log(log)
-    , m_desktopEntries(entries) {}
+    , m_log(log) {}
 
 void AtspiFrontDesktop::begin() {
     if (m_link)
@@ -44,15 +44,6 @@ void AtspiFrontDesktop::end() {
     m_link.reset();
     m_latest.clear();
     look();
-}
-
-bool AtspiFrontDesktop::installSwitchHandler(std::function<void()> handler) {
-    m_handler = std::move(handler);
-    return true;
-}
-
-QString AtspiFrontDesktop::bundleName(const QString& path) const {
-    return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
 }
 
 QString AtspiFrontDesktop::describe() const {
@@ -74,11 +65,11 @@ void AtspiFrontDesktop::take(std::int64_t processIdentifier, AtspiApplication::C
 
 void AtspiFrontDesktop::look() {
     if (const auto* application = findActive())
-        show(*application);
+        showProgram(*application);
     else if (!isTelling())
-        show({}, std::nullopt);
+        showNothing(std::nullopt);
     else if (!m_emptyMoment)
-        m_emptyMoment = m_runLoop.scheduleOnce(kEmptyMoment, [this] { show({}, nothingInFront()); });
+        m_emptyMoment = m_runLoop.scheduleOnce(kEmptyMoment, [this] { showNothing(nothingInFront()); });
 }
 
 const AtspiApplication* AtspiFrontDesktop::findActive() {
@@ -99,27 +90,18 @@ void AtspiFrontDesktop::setLatest(const QString& connectionName) {
         former->reread();
 }
 
-ApplicationRecord AtspiFrontDesktop::recordOf(const AtspiApplication& application) const {
-    ApplicationRecord record;
-    record.processIdentifier = application.processIdentifier();
-    record.path = executableOfProcess(record.processIdentifier);
-    if (record.processIdentifier == QCoreApplication::applicationPid())
-        record.name = kOwnName;
-    else if (const auto titled = m_desktopEntries.nameForWindow({application.title()}, {}))
-        record.name = *titled;
-    else
-        record.name = m_desktopEntries.nameForExecutable(record.path).value_or(application.title());
-    for (const QString& name : {QFileInfo(record.path).fileName(), kNamelessName}) {
-        if (record.name.isEmpty())
-            record.name = name;
-    }
-    return record;
+ApplicationRecord AtspiFrontDesktop::applicationOf(const AtspiApplication& program) const {
+    const std::int64_t process = program.processIdentifier();
+    auto installed = desktopEntries().nameForWindow({program.title()}, {});
+    if (!installed)
+        installed = desktopEntries().nameForExecutable(executableOfProcess(process));
+    return recordOf(process, {program.title()}, process == QCoreApplication::applicationPid(), installed);
 }
 
-void AtspiFrontDesktop::show(const AtspiApplication& application) {
-    const ApplicationRecord record = recordOf(application);
-    const QString title = application.windowTitle(application.activeWindow()).value_or(QString());
-    const QString window = application.connectionName() + application.activeWindow();
+void AtspiFrontDesktop::showProgram(const AtspiApplication& program) {
+    const ApplicationRecord application = applicationOf(program);
+    const QString title = program.windowTitle(program.activeWindow()).value_or(QString());
+    const QString window = program.connectionName() + program.activeWindow();
     if (m_numbers.size() >= kMostNumbers)
         m_numbers.clear();
     const auto [entry, isNew] = m_numbers.try_emplace(window, m_lastNumber + 1);
@@ -130,21 +112,14 @@ void AtspiFrontDesktop::show(const AtspiApplication& application) {
             if (auto* latest = programs() ? programs()->named(m_latest) : nullptr)
                 latest->reread();
         });
-    show({WindowListEntry{entry->second, record.processIdentifier, 0,
-                          title.isEmpty() ? std::nullopt : std::optional(title), record.name}},
-         record);
+    m_emptyMoment.reset();
+    show({WindowListEntry{entry->second, application.processIdentifier, 0,
+                          title.isEmpty() ? std::nullopt : std::optional(title), application.name}},
+         application);
 }
 
-void AtspiFrontDesktop::show(std::vector<WindowListEntry> entries,
-                             const std::optional<ApplicationRecord>& front) {
+void AtspiFrontDesktop::showNothing(const std::optional<ApplicationRecord>& front) {
     m_emptyMoment.reset();
-    if (entries.empty())
-        m_rereading.reset();
-    m_entries = std::move(entries);
-    if (m_front == front)
-        return;
-    m_front = front;
-    // A copy, because the handler may install another one.
-    if (const std::function<void()> handler = m_handler)
-        handler();
+    m_rereading.reset();
+    show({}, front);
 }

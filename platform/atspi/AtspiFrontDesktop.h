@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FrontApplication.h"
-#include "platform/WindowList.h"
 #include "platform/atspi/AtspiLink.h"
-#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/desktop/KnownWindows.h"
 
 #include <unordered_map>
 
 // The window in front as far as programs tell assistive programs of theirs: the one that says it is active. Where none
 // does, the desktop is in front: somebody may be there who tells nothing, and that time is not the last one's. Looks at
-// nothing until it is begun. Answers from memory. Main thread only.
-class AtspiFrontDesktop : public WindowList, public FrontApplication {
+// nothing until it is begun, and lists the window in front alone. Main thread only.
+class AtspiFrontDesktop : public KnownWindows {
 public:
     // Between two windows of different programs, each of which tells when it comes to it, none is active for a moment,
     // which is not told.
@@ -31,10 +29,6 @@ public:
     // Whether programs can tell. Changes are told as those of the front.
     bool isTelling() const { return programs(); }
 
-    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
-    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
-    bool installSwitchHandler(std::function<void()> handler) override;
-    QString bundleName(const QString& path) const override;
     QString describe() const override;
 
 private:
@@ -45,19 +39,13 @@ private:
     // Null when none has an active window.
     const AtspiApplication* findActive();
     void setLatest(const QString& connectionName);
-    ApplicationRecord recordOf(const AtspiApplication& application) const;
-    void show(const AtspiApplication& application);
-    void show(std::vector<WindowListEntry> entries, const std::optional<ApplicationRecord>& front);
+    ApplicationRecord applicationOf(const AtspiApplication& program) const;
+    void showProgram(const AtspiApplication& program);
+    void showNothing(const std::optional<ApplicationRecord>& front);
 
     Bus& m_sessionBus;
     RunLoop& m_runLoop;
     SystemLog& m_log;
-    DesktopEntries& m_desktopEntries;
-    std::function<void()> m_handler;
-    // Absent while nobody tells.
-    std::optional<ApplicationRecord> m_front;
-    // The window in front, alone.
-    std::vector<WindowListEntry> m_entries;
     // Of windows, by connection and path.
     std::unordered_map<QString, std::int64_t> m_numbers;
     // Above all that a shell counts: when it begins to tell, its windows are not to be taken for others.

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/GnomeShellDesktop.h"
 
-#include "platform/foundation/programs/ProcessExecutable.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/gnome/GnomeShell.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
-
-#include <algorithm>
 
 GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log,
                                      DesktopEntries& entries)
-    : m_log(log)
-    , m_desktopEntries(entries)
+    : TellingDesktop(entries)
+    , m_log(log)
     , m_shell(sessionBus, kGnomeShell)
     , m_version(m_shell, [] {})
     , m_changed(m_shell.listen({kTicklogShellPath, kTicklogShell, QStringLiteral("Changed"), QString()},
@@ -29,15 +25,6 @@ GnomeShellDesktop::GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLo
     , m_name(ownName)
     , m_naming(m_name.observe([this] { follow(); }))
     , m_presence(m_shell.observe([this] { follow(); })) {}
-
-bool GnomeShellDesktop::installSwitchHandler(std::function<void()> handler) {
-    m_handler = std::move(handler);
-    return true;
-}
-
-QString GnomeShellDesktop::bundleName(const QString& path) const {
-    return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
-}
 
 QString GnomeShellDesktop::describe() const {
     return m_isTold ? QStringLiteral("GNOME Shell: Ticklog's extension tells of the windows")
@@ -87,11 +74,6 @@ void GnomeShellDesktop::askForSign() {
         Bus::kHoweverLate);
 }
 
-void GnomeShellDesktop::hear() {
-    if (m_heardHandler)
-        m_heardHandler();
-}
-
 void GnomeShellDesktop::takeInAnswer(const QDBusMessage& answer) {
     if (answer.type() == QDBusMessage::ReplyMessage) {
         takeIn(answer);
@@ -137,13 +119,10 @@ bool GnomeShellDesktop::isUnderstood(const QDBusMessage& message) {
 }
 
 void GnomeShellDesktop::end() {
-    m_entries.clear();
     // A shell that is started anew counts its windows anew.
     m_programs.clear();
     m_isTold = false;
-    // The account goes on crediting whoever was told last, and that must not be a window that nobody sees any more.
-    if (m_front)
-        setFront(nothingInFront());
+    show({}, frontAfterwards());
 }
 
 void GnomeShellDesktop::adopt(const GnomeSight& sight) {
@@ -153,22 +132,18 @@ void GnomeShellDesktop::adopt(const GnomeSight& sight) {
     for (const GnomeSight::Window& window : sight.windows) {
         const ApplicationRecord& application =
             programs.emplace(window.number, programOf(window)).first->second.application;
-        WindowListEntry entry{window.number, application.processIdentifier, window.layer,
-                              window.title.isEmpty() ? std::nullopt : std::optional(window.title),
-                              application.name};
-        const bool isFocused = window.number == sight.focused;
-        if (isFocused && window.layer >= 0)
+        entries.push_back({window.number, application.processIdentifier, window.layer,
+                           window.title.isEmpty() ? std::nullopt : std::optional(window.title),
+                           application.name});
+        if (window.number == sight.focused && window.layer >= 0)
             front = application;
-        // What has the focus is in front even where it is not raised.
-        entries.insert(isFocused ? entries.begin() : entries.end(), std::move(entry));
     }
-    m_entries = std::move(entries);
     m_programs = std::move(programs);
     m_madeUpProcesses.settle(m_programs, [](const auto& entry) -> QString {
         return entry.second.applicationId + u'\n' + entry.second.windowClass;
     });
     m_isTold = true;
-    setFront(front);
+    show(std::move(entries), sight.focused, front);
 }
 
 GnomeShellDesktop::Program GnomeShellDesktop::programOf(const GnomeSight::Window& window) {
@@ -181,38 +156,10 @@ GnomeShellDesktop::Program GnomeShellDesktop::programOf(const GnomeSight::Window
 }
 
 ApplicationRecord GnomeShellDesktop::applicationOf(const GnomeSight::Window& window) {
-    ApplicationRecord application;
-    application.processIdentifier = processOf(window);
-    if (window.process > 0)
-        application.path = executableOfProcess(window.process);
-    const QStringList names{window.applicationId, window.windowClass};
-    if (application.processIdentifier == QCoreApplication::applicationPid())
-        application.name = kOwnName;
-    else if (const auto name = m_desktopEntries.nameForWindow(names, application.path))
-        application.name = *name;
-    else
-        application.name = window.windowClass;
-    for (const QString& name :
-         {window.applicationId, QFileInfo(application.path).fileName(), kNamelessName}) {
-        if (application.name.isEmpty())
-            application.name = name;
-    }
-    return application;
-}
-
-std::int64_t GnomeShellDesktop::processOf(const GnomeSight::Window& window) {
-    if (window.process > 0)
-        return window.process;
-    return m_madeUpProcesses.of(window.applicationId + u'\n' + window.windowClass);
-}
-
-void GnomeShellDesktop::setFront(const std::optional<ApplicationRecord>& front) {
-    if (m_front == front)
-        return;
-    m_front = front;
-    // A copy, because the handler may install another one.
-    if (const std::function<void()> handler = m_handler)
-        handler();
+    const QStringList classes{window.applicationId, window.windowClass};
+    const std::int64_t process =
+        window.process > 0 ? window.process : m_madeUpProcesses.of(classes.join(u'\n'));
+    return recordOf(process, classes, process == QCoreApplication::applicationPid());
 }
 
 void GnomeShellDesktop::logOnce(const QString& line) {

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FrontApplication.h"
-#include "platform/SignsOfLife.h"
-#include "platform/WindowList.h"
 #include "platform/bus/BusName.h"
-#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/desktop/TellingDesktop.h"
 #include "platform/foundation/programs/MadeUpProcesses.h"
 #include "platform/gnome/GnomeShellVersion.h"
 #include "platform/gnome/GnomeSight.h"
@@ -14,8 +11,8 @@
 
 // The windows of GNOME Shell and the application in front, as our extension of the shell tells them: one message for
 // each change, and none while nothing changes. Without the extension it is not known what is in front; it may come
-// and go at any time. Questions are answered from memory. Main thread only.
-class GnomeShellDesktop : public WindowList, public FrontApplication, public SignsOfLife {
+// and go at any time. Main thread only.
+class GnomeShellDesktop : public TellingDesktop {
 public:
     // The others outlive the desktop. The extension tells only who bears `ownName`, and that may come later. Nothing
     // is known yet when it returns.
@@ -26,13 +23,8 @@ public:
     // Why it does not, as a sentence to the user.
     QString reasonForSilence() const;
 
-    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
-    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
-    bool installSwitchHandler(std::function<void()> handler) override;
-    QString bundleName(const QString& path) const override;
     QString describe() const override;
     QString obstacle() const override;
-    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
     void askForSign() override;
 
 private:
@@ -50,26 +42,17 @@ private:
     // Whether the extension speaks a language that is known here. Tells the log when that changes.
     bool isUnderstood(const QDBusMessage& message);
     void end();
-    void hear();
     void adopt(const GnomeSight& sight);
     // A message comes with every title: the disk is asked about a window once.
     Program programOf(const GnomeSight::Window& window);
     ApplicationRecord applicationOf(const GnomeSight::Window& window);
-    std::int64_t processOf(const GnomeSight::Window& window);
-    void setFront(const std::optional<ApplicationRecord>& front);
     void logOnce(const QString& line);
 
     SystemLog& m_log;
-    DesktopEntries& m_desktopEntries;
-    std::function<void()> m_handler;
-    std::function<void()> m_heardHandler;
     // By application, where the shell does not know the process.
     MadeUpProcesses m_madeUpProcesses;
     QString m_lastLogged;
-    // Absent until the extension has told for the first time.
-    std::optional<ApplicationRecord> m_front;
     bool m_isTold = false;
-    std::vector<WindowListEntry> m_entries;
     // By the window's number.
     std::unordered_map<std::uint32_t, Program> m_programs;
 

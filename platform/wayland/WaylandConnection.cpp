@@ -80,6 +80,13 @@ void WaylandConnection::afterAnswers(std::function<void()> answered) {
     m_awaited.push_back({std::move(callback), std::move(answered)});
 }
 
+void WaylandConnection::askForSign() {
+    if (!isAlive())
+        return;
+    afterAnswers([] {});
+    flush();
+}
+
 void WaylandConnection::flush() {
     m_room.reset();
     if (!isAlive() || wl_display_flush(m_display.get()) >= 0 || errno != EAGAIN)

@@ -68,6 +68,10 @@ public:
     // Calls `answered` when everything asked until now has been answered and handed out; never when the connection is
     // lost before.
     void afterAnswers(std::function<void()> answered);
+    // Whether some of that has not been answered yet.
+    bool isAwaitingAnswers() const { return !m_awaited.empty(); }
+    // Has the compositor answer something, by which it is seen that it does. Does nothing without one: it is known then.
+    void askForSign();
     // Sends what was asked. Called by itself after every handler.
     void flush();
     // Waits until everything asked has been answered and handed out, so that a start is complete. Answers false for

@@ -1,33 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FrontApplication.h"
-#include "platform/SignsOfLife.h"
-#include "platform/WindowList.h"
-#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/desktop/EmptyMoment.h"
+#include "platform/desktop/TellingDesktop.h"
 #include "platform/foundation/programs/MadeUpProcesses.h"
 #include "platform/wayland/WaylandConnection.h"
 
 #include <unordered_map>
 
 // The windows of a Wayland desktop and the application in front, whichever protocol tells of them: a back end for each
-// protocol says what its events mean. A question is answered from memory. Main thread only.
-class WaylandDesktop : public WindowList, public FrontApplication, public SignsOfLife {
+// protocol says what its events mean. When the compositor goes no window is listed and the desktop is in front, until it is
+// back. Main thread only.
+class WaylandDesktop : public TellingDesktop {
 public:
     ~WaylandDesktop() override;
 
-    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
-
-    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
-
-    bool installSwitchHandler(std::function<void()> handler) override;
-    QString bundleName(const QString& path) const override;
     QString obstacle() const override;
-    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
-    void askForSign() override;
-
-    // Called when the compositor has gone; no window is listed and the desktop is in front then, until it is back.
-    void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }
+    void askForSign() override { m_connection->askForSign(); }
 
 protected:
     // What a window is known to be by now.
@@ -77,25 +66,15 @@ private:
     };
 
     void beginTelling();
-    void lose();
     void settle();
     void tellOfEnd();
     ApplicationRecord applicationOf(const Window& window);
-    std::int64_t madeUpProcessOf(const QString& appId);
     std::optional<std::int64_t> activeWindow() const;
-    void waitThroughEmptyMoment();
-    void endEmptyMoment();
     void bringToFront(std::int64_t window, const ApplicationRecord& application);
-    void tellOfSwitch();
-    void updateEntries();
+    void showAnew(const std::optional<ApplicationRecord>& front);
 
     std::unique_ptr<WaylandConnection> m_connection;
-    RunLoop& m_runLoop;
     SystemLog& m_log;
-    DesktopEntries& m_desktopEntries;
-    std::function<void()> m_handler;
-    std::function<void()> m_lostHandler;
-    std::function<void()> m_heardHandler;
 
     std::unordered_map<std::int64_t, Known> m_windows;
     std::vector<std::int64_t> m_frontToBack;
@@ -104,15 +83,9 @@ private:
     MadeUpProcesses m_processes;
     // 0 while no window is in front.
     std::int64_t m_frontWindow = 0;
-    // Nothing is in front and nobody has been told: first the time runs, then the compositor is asked whether it has
-    // said everything.
-    enum class EmptyMoment { None, Running, Asked, Over };
-    EmptyMoment m_emptyMoment = EmptyMoment::None;
-    std::unique_ptr<RunLoopTimer> m_emptyTimer;
+    // Nothing is in front and nobody has been told.
+    EmptyMoment m_emptyMoment;
     bool m_areEntriesStale = false;
     bool m_isTelling = false;
     bool m_isLossUntold = false;
-
-    std::optional<ApplicationRecord> m_front;
-    std::vector<WindowListEntry> m_entries;
 };

@@ -5,15 +5,11 @@
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/x11/Xwayland.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <unistd.h>
 
 namespace {
 
-// Window managers say "nothing" for a moment between two windows.
-constexpr std::chrono::milliseconds kEmptyMoment{100};
 // The class of our own windows.
 const QString kOwnClass = QStringLiteral("ticklog");
 // In units of 4 bytes.
@@ -67,10 +63,14 @@ Result<std::unique_ptr<X11Desktop>> X11Desktop::open(const QByteArray& display, 
 }
 
 X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, DesktopEntries& entries)
-    : m_connection(std::move(connection))
-    , m_runLoop(runLoop)
-    , m_desktopEntries(entries)
-    , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); }) {
+    : TellingDesktop(entries)
+    , m_connection(std::move(connection))
+    , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); })
+    , m_emptyMoment(runLoop, [this] {
+        m_isActiveUnasked = m_areWindowsUnasked = true;
+        settle();
+        m_connection->flush();
+    }) {
     m_connection->setHandlers({[this] { begin(); },
                                [this] {
                                    end();
@@ -81,15 +81,6 @@ X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLo
                                    settle();
                                    hear();
                                }});
-}
-
-bool X11Desktop::installSwitchHandler(std::function<void()> handler) {
-    m_handler = std::move(handler);
-    return true;
-}
-
-QString X11Desktop::bundleName(const QString& path) const {
-    return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
 }
 
 QString X11Desktop::describe() const {
@@ -110,11 +101,6 @@ void X11Desktop::askForSign() {
     m_connection->flush();
 }
 
-void X11Desktop::hear() {
-    if (m_heardHandler)
-        m_heardHandler();
-}
-
 void X11Desktop::begin() {
     selectOnRoot();
     m_isManagerUnasked = true;
@@ -123,17 +109,12 @@ void X11Desktop::begin() {
 }
 
 void X11Desktop::end() {
-    endEmptyMoment();
+    m_emptyMoment.end();
     m_clients.clear();
     m_numbers.clear();
     m_frontToBack.clear();
-    m_entries.clear();
     m_manager = m_activeWindow = m_frontWindow = 0;
-    const bool wasTold = std::exchange(m_front, std::nullopt).has_value();
-    if (m_lostHandler)
-        m_lostHandler();
-    if (wasTold)
-        tellOfSwitch();
+    lose(std::nullopt);
 }
 
 void X11Desktop::selectOnRoot() {
@@ -313,21 +294,10 @@ const X11Desktop::Client* X11Desktop::client(xcb_window_t window) const {
 }
 
 ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
-    ApplicationRecord application;
-    application.processIdentifier = window.process().identifier();
-    application.path = executableOfProcess(application.processIdentifier);
+    const std::int64_t process = window.process().identifier();
     // The number is also that of the first program in every other sandbox.
-    const bool isOwn = application.processIdentifier == ::getpid() &&
-                       (!isInFlatpak() || window.classes().contains(kOwnClass));
-    if (isOwn)
-        application.name = kOwnName;
-    else if (const auto name = m_desktopEntries.nameForWindow(window.classes(), application.path))
-        application.name = *name;
-    else if (!window.classes().isEmpty())
-        application.name = window.classes().last();
-    else
-        application.name = QFileInfo(application.path).fileName();
-    return application;
+    const bool isOwn = process == ::getpid() && (!isInFlatpak() || window.classes().contains(kOwnClass));
+    return recordOf(process, window.classes(), isOwn);
 }
 
 bool X11Desktop::isInFront(const Client& client) const {
@@ -338,77 +308,38 @@ void X11Desktop::updateFront() {
     const Client* active = client(m_activeWindow);
     // It is told when it can be told whole, its title included.
     if (active && !active->window.isKnown()) {
-        endEmptyMoment();
+        m_emptyMoment.end();
         return;
     }
-    if (active && isInFront(*active)) {
-        endEmptyMoment();
+    // EWMH: the active window may be gone already. Nothing has the focus then: the desktop itself is in front, or the last
+    // application would be credited for it.
+    if (active && isInFront(*active))
         bringToFront(m_activeWindow, active->application);
-    } else if (active && active->window.kind() == X11Window::Kind::Desktop) {
-        endEmptyMoment();
+    else if ((active && active->window.kind() == X11Window::Kind::Desktop) ||
+             (activeApplication() != nothingInFront() &&
+              m_emptyMoment.isOver(m_connection->isAwaitingReplies())))
         bringToFront(XCB_WINDOW_NONE, nothingInFront());
-    } else if (m_front != nothingInFront()) {
-        waitThroughEmptyMoment();
-    }
     if (m_areEntriesStale)
-        updateEntries();
-}
-
-void X11Desktop::waitThroughEmptyMoment() {
-    if (m_emptyMoment == EmptyMoment::None) {
-        m_emptyMoment = EmptyMoment::Running;
-        m_emptyTimer = m_runLoop.scheduleOnce(kEmptyMoment, [this] {
-            // This program may have been kept waiting, and not have heard yet what is in front by now.
-            m_emptyMoment = EmptyMoment::Over;
-            m_isActiveUnasked = m_areWindowsUnasked = true;
-            settle();
-            m_connection->flush();
-        });
-    } else if (m_emptyMoment == EmptyMoment::Over && !m_connection->isAwaitingReplies()) {
-        // EWMH: the active window may be gone already. Nothing has the focus then: the desktop itself is in
-        // front, or the last application would be credited for it.
-        endEmptyMoment();
-        bringToFront(XCB_WINDOW_NONE, nothingInFront());
-    }
-}
-
-void X11Desktop::endEmptyMoment() {
-    m_emptyMoment = EmptyMoment::None;
-    m_emptyTimer.reset();
+        showAnew(activeApplication());
 }
 
 void X11Desktop::bringToFront(xcb_window_t window, const ApplicationRecord& application) {
-    m_areEntriesStale |= m_frontWindow != window;
-    m_frontWindow = window;
-    const bool isSwitch = m_front != application;
-    if (isSwitch)
-        m_front = application;
+    m_emptyMoment.end();
+    m_areEntriesStale |= std::exchange(m_frontWindow, window) != window || activeApplication() != application;
     if (m_areEntriesStale)
-        updateEntries();
-    if (isSwitch)
-        tellOfSwitch();
+        showAnew(application);
 }
 
-void X11Desktop::tellOfSwitch() {
-    // A copy, because the handler may install another one.
-    if (const std::function<void()> handler = m_handler)
-        handler();
-}
-
-void X11Desktop::updateEntries() {
+void X11Desktop::showAnew(const std::optional<ApplicationRecord>& front) {
     m_areEntriesStale = false;
-    m_entries.clear();
-    const auto add = [this](xcb_window_t window) {
-        const Client* added = client(window);
-        if (!added || !added->window.isKnown() || added->window.isHidden())
-            return;
-        m_entries.push_back({added->number, added->application.processIdentifier,
-                             layerOf(added->window.kind()), added->window.title(), added->application.name});
-    };
-    // What has the focus is in front even where it is not raised.
-    add(m_frontWindow);
+    std::vector<WindowListEntry> entries;
     for (const xcb_window_t window : m_frontToBack) {
-        if (window != m_frontWindow)
-            add(window);
+        const Client* listed = client(window);
+        if (listed && listed->window.isKnown() && !listed->window.isHidden())
+            entries.push_back({listed->number, listed->application.processIdentifier,
+                               layerOf(listed->window.kind()), listed->window.title(),
+                               listed->application.name});
     }
+    const Client* focused = client(m_frontWindow);
+    show(std::move(entries), focused ? focused->number : 0, front);
 }

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FrontApplication.h"
-#include "platform/SignsOfLife.h"
-#include "platform/WindowList.h"
-#include "platform/foundation/programs/DesktopEntries.h"
+#include "platform/desktop/EmptyMoment.h"
+#include "platform/desktop/TellingDesktop.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11FocusWindow.h"
 #include "platform/x11/X11Window.h"
@@ -12,28 +10,17 @@
 #include <unordered_map>
 
 // The windows of an X desktop and the application in front, as the window manager tells them (EWMH), or where
-// there is none, as the input focus tells. Everything is kept current by the server's events: a question is
-// answered from memory. Main thread only.
-class X11Desktop : public WindowList, public FrontApplication, public SignsOfLife {
+// there is none, as the input focus tells. Everything is kept current by the server's events. Main thread only.
+class X11Desktop : public TellingDesktop {
 public:
     // `display` is a display name; empty for that of the environment. Its answers are there when it returns. Refused
     // where the X server belongs to a Wayland compositor: the windows of others would be credited to its programs.
-    // The others outlive the desktop.
+    // When the server goes the answers are empty, and come back when it does. The others outlive the desktop.
     static Result<std::unique_ptr<X11Desktop>> open(const QByteArray& display, RunLoop& runLoop,
                                                     SystemLog& log, DesktopEntries& entries);
 
-    std::span<const WindowListEntry> onScreenWindows() const override { return m_entries; }
-
-    const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
-
-    bool installSwitchHandler(std::function<void()> handler) override;
-    QString bundleName(const QString& path) const override;
     QString describe() const override;
-    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
     void askForSign() override;
-
-    // Called when the server has gone; the answers are empty then, and come back when it does.
-    void setLostHandler(std::function<void()> handler) { m_lostHandler = std::move(handler); }
 
     // For others that ask the same server. Lives as long as this.
     X11Connection& connection() { return *m_connection; }
@@ -77,20 +64,11 @@ private:
     ApplicationRecord applicationOf(const X11Window& window) const;
     bool isInFront(const Client& client) const;
     void updateFront();
-    void waitThroughEmptyMoment();
-    void endEmptyMoment();
     void bringToFront(xcb_window_t window, const ApplicationRecord& application);
-    void tellOfSwitch();
-    void hear();
-    void updateEntries();
+    void showAnew(const std::optional<ApplicationRecord>& front);
 
     std::unique_ptr<X11Connection> m_connection;
-    RunLoop& m_runLoop;
-    DesktopEntries& m_desktopEntries;
     X11FocusWindow m_focus;
-    std::function<void()> m_handler;
-    std::function<void()> m_lostHandler;
-    std::function<void()> m_heardHandler;
 
     std::unordered_map<xcb_window_t, Client> m_clients;
     // Of every window that was seen, for as long as it exists: the server gives a window's id to the next client once
@@ -103,15 +81,10 @@ private:
     xcb_window_t m_activeWindow = 0;
     // The active window when the front application was last told.
     xcb_window_t m_frontWindow = 0;
-    // Nothing is in front and nobody has been told: first the time runs, then the desktop is asked once more.
-    enum class EmptyMoment { None, Running, Over };
-    EmptyMoment m_emptyMoment = EmptyMoment::None;
-    std::unique_ptr<RunLoopTimer> m_emptyTimer;
+    // Nothing is in front and nobody has been told.
+    EmptyMoment m_emptyMoment;
     bool m_isManagerUnasked = false;
     bool m_isActiveUnasked = false;
     bool m_areWindowsUnasked = false;
     bool m_areEntriesStale = false;
-
-    std::optional<ApplicationRecord> m_front;
-    std::vector<WindowListEntry> m_entries;
 };

@@ -40,9 +40,9 @@ public:
             .section(QStringLiteral(" is not used: "), 1);
     }
 
-    QString desktop() { return chooser.frontApplication().describe(); }
+    QString desktop() { return chooser.desktop().describe(); }
     QString idleTime() { return chooser.idleTime().describe(); }
-    QString obstacle() { return chooser.frontApplication().obstacle(); }
+    QString obstacle() { return chooser.desktop().obstacle(); }
 
 private:
     // The environment of this process, from here on.
@@ -109,7 +109,7 @@ TEST(DesktopChooserTest, aKWinThatTellsNobody_isRefusedWithWhatCanBeDone) {
     EXPECT_EQ(choice.refused(), QStringList({kPlasma, kWlroots, kGnome}));
     EXPECT_EQ(choice.reason(kGnome), QStringLiteral("this is not GNOME"));
     EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("Install Ticklog")));
-    EXPECT_FALSE(choice.chooser.frontApplication().activeApplication());
+    EXPECT_FALSE(choice.chooser.desktop().activeApplication());
     EXPECT_TRUE(choice.idleTime().startsWith(QStringLiteral("Wayland: "))) << "that it tells all the same";
 }
 
@@ -158,7 +158,7 @@ TEST(DesktopChooserTest, aCompositorThatTellsNothingWithoutABus_creditsNobody) {
     environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-mute"));
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
     Choice choice(environment);
-    EXPECT_EQ(choice.desktop(), NoDesktop({}).describe());
+    EXPECT_EQ(choice.desktop(), NoDesktop(choice.ground.entries, {}).describe());
     EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("no time to credit")));
 }
 
@@ -198,13 +198,13 @@ TEST(DesktopChooserTest, anXServerBesideACompositorThatIsNotKnown_isRefusedWithW
     EXPECT_TRUE(choice.refused().contains(kX11));
     EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("desktop's menu")))
         << qPrintable(choice.obstacle());
-    EXPECT_FALSE(choice.chooser.frontApplication().activeApplication());
+    EXPECT_FALSE(choice.chooser.desktop().activeApplication());
 }
 
 TEST(DesktopChooserTest, nothingAtAll_endsWithTheOnesThatKnowNothing) {
     Choice choice(QProcessEnvironment{});
     EXPECT_EQ(choice.refused(), QStringList({kX11, kIdleByWayland, kIdleByGnome, kIdleByLogind}));
-    EXPECT_EQ(choice.desktop(), NoDesktop({}).describe());
+    EXPECT_EQ(choice.desktop(), NoDesktop(choice.ground.entries, {}).describe());
     EXPECT_EQ(choice.idleTime(), NoIdleTime().describe());
     EXPECT_EQ(choice.obstacle(),
               QStringLiteral("There is no window system that tells which window is in front."));

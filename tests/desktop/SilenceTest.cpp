@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Desktops that fall silent, and how that is told apart from having nothing to tell.
-#include "platform/SilenceWatch.h"
+#include "platform/desktop/SilenceWatch.h"
 
-#include "platform/NoDesktop.h"
+#include "platform/desktop/NoDesktop.h"
 #include "platform/x11/X11IdleTime.h"
 #include "tests/desktop/GnomeScene.h"
 #include "tests/desktop/X11Scene.h"

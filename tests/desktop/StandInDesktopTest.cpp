@@ -2,8 +2,8 @@
 // GNOME Shell while Ticklog's extension does not run, and when it begins to.
 #include "app/StandInDesktop.h"
 
-#include "platform/NoDesktop.h"
-#include "platform/SilenceWatch.h"
+#include "platform/desktop/NoDesktop.h"
+#include "platform/desktop/SilenceWatch.h"
 #include "tests/Places.h"
 #include "tests/desktop/GnomeScene.h"
 #include "tests/desktop/services/ServiceScript.h"
@@ -24,7 +24,7 @@ protected:
 
     GnomeScene m_scene{{.isEnabled = false}};
     AtspiFrontDesktop m_programs{m_scene.bus, m_scene.runLoop, m_scene.log, m_scene.entries};
-    StandInDesktop m_desktop{*m_scene.desktop, m_programs, m_scene.runLoop};
+    StandInDesktop m_desktop{*m_scene.desktop, m_programs, m_scene.runLoop, m_scene.entries};
 };
 
 TEST_F(StandInDesktopTest, programsThatTell_areSeenUntilTheExtensionRuns) {
@@ -125,7 +125,7 @@ struct ScriptedShell {
     BusName name{bus, kTicklogName, sight.log};
     GnomeShellDesktop extension{bus, name, sight.log, sight.entries};
     AtspiFrontDesktop programs{otherBus, sight.runLoop, sight.log, sight.entries};
-    StandInDesktop desktop{extension, programs, sight.runLoop};
+    StandInDesktop desktop{extension, programs, sight.runLoop, sight.entries};
 };
 
 TEST(StandIn, whereNeitherTells_nobodyIsCreditedAndItIsSaidWhy) {

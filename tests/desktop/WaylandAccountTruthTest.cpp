@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The engine on real Wayland desktops against a stopwatch: how far the account may be from what happened.
-#include "platform/NoDesktop.h"
-#include "platform/SilenceWatch.h"
+#include "platform/desktop/NoDesktop.h"
+#include "platform/desktop/SilenceWatch.h"
 #include "platform/gnome/GnomeShellDesktop.h"
 #include "platform/linux/ActivationService.h"
 #include "platform/linux/MutterIdleTime.h"

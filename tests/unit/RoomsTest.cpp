@@ -20,7 +20,7 @@ using Paths = std::vector<std::string>;
 constexpr const char* kFoundation =
     "the foundation knows nothing above it: hand the news up through an observer";
 constexpr const char* kBackEnd =
-    "a back end stands on platform/*.h, platform/foundation and platform/bus alone, "
+    "a back end stands on platform/*.h, on platform/desktop and platform/bus, and on none of its kind, "
     "so that each can be replaced by itself";
 constexpr const char* kAccount =
     "the account knows no screen, and a room of it only those it stands on: put the port "
@@ -56,11 +56,12 @@ const std::vector<Room>& rooms() {
         {"platform/bus",
          {"platform/foundation/files", "platform/foundation/programs"},
          "the bus carries messages for any service and knows none of them"},
-        {"platform/x11", {"platform", "platform/bus"}, kBackEnd},
-        {"platform/wayland", {"platform", "platform/bus"}, kBackEnd},
-        {"platform/gnome", {"platform", "platform/bus"}, kBackEnd},
-        {"platform/linux", {"platform", "platform/bus"}, kBackEnd},
-        {"platform/atspi", {"platform", "platform/bus"}, kBackEnd},
+        {"platform/desktop", {"platform"}, "what all desktops share knows none of them"},
+        {"platform/x11", {"platform/desktop"}, kBackEnd},
+        {"platform/wayland", {"platform/desktop"}, kBackEnd},
+        {"platform/gnome", {"platform/desktop", "platform/bus"}, kBackEnd},
+        {"platform/linux", {"platform/desktop", "platform/bus"}, kBackEnd},
+        {"platform/atspi", {"platform/desktop", "platform/bus"}, kBackEnd},
         {"Classes/common", {"platform"}, kAccount},
         {"Classes/rules", {"Classes/common"}, kAccount},
         {"Classes/store", {"Classes/common"}, kAccount},

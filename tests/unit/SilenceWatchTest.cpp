@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/SilenceWatch.h"
+#include "platform/desktop/SilenceWatch.h"
 
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/RecordingLog.h"

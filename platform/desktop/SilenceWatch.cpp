@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/SilenceWatch.h"
+#include "platform/desktop/SilenceWatch.h"
 
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -13,7 +13,8 @@ constexpr int kTurns = 10;
 
 SilenceWatch::SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& log,
                            std::function<bool()> isCounting, const Limits& limits)
-    : m_desktop(desktop)
+    : FrontCover(desktop.front, std::nullopt)
+    , m_desktop(desktop)
     , m_runLoop(runLoop)
     , m_log(log)
     , m_isCounting(std::move(isCounting))
@@ -28,27 +29,16 @@ SilenceWatch::~SilenceWatch() {
 
 const std::optional<ApplicationRecord>& SilenceWatch::activeApplication() const {
     const auto& application = m_desktop.front.activeApplication();
-    return m_isSilent && application ? m_nothing : application;
+    return application ? FrontCover::activeApplication() : application;
 }
 
 std::span<const WindowListEntry> SilenceWatch::onScreenWindows() const {
-    return m_isSilent ? std::span<const WindowListEntry>() : m_desktop.windows.onScreenWindows();
-}
-
-bool SilenceWatch::installSwitchHandler(std::function<void()> handler) {
-    m_handler = std::move(handler);
-    if (!m_handler)
-        return m_desktop.front.installSwitchHandler({});
-    return m_desktop.front.installSwitchHandler([this] {
-        // The last words before a silence is over are told when it is.
-        if (!m_isSilent)
-            tellOfSwitch();
-    });
+    return isSilent() ? std::span<const WindowListEntry>() : m_desktop.windows.onScreenWindows();
 }
 
 QString SilenceWatch::obstacle() const {
     const QString known = m_desktop.front.obstacle();
-    if (!known.isEmpty() || !m_isSilent)
+    if (!known.isEmpty() || !isSilent())
         return known;
     return localized(
         "The desktop does not answer any more. Until it does, it is not known which window is in "
@@ -56,7 +46,7 @@ QString SilenceWatch::obstacle() const {
 }
 
 void SilenceWatch::look() {
-    if (std::exchange(m_isHeard, false) || m_isSilent || m_waiting || !isWorthAsking())
+    if (std::exchange(m_isHeard, false) || isSilent() || m_waiting || !isWorthAsking())
         return;
     m_desktop.signs.askForSign();
     if (m_isHeard)
@@ -69,7 +59,7 @@ void SilenceWatch::look() {
 bool SilenceWatch::isWorthAsking() const {
     // Where it is known that nothing is told, nothing is credited either.
     const auto& front = m_desktop.front.activeApplication();
-    const bool isTold = m_desktop.front.obstacle().isEmpty() || (front && *front != m_nothing);
+    const bool isTold = m_desktop.front.obstacle().isEmpty() || (front && *front != nothingInFront());
     return isTold && m_isCounting() && isSomebodyThere();
 }
 
@@ -87,22 +77,15 @@ void SilenceWatch::wait() {
 
 void SilenceWatch::fallSilent() {
     m_waiting.reset();
-    m_isSilent = true;
     m_log.log(QStringLiteral("The desktop does not answer: nothing is known to be in front until it does."));
-    tellOfSwitch();
+    cover(nothingInFront());
 }
 
 void SilenceWatch::hear() {
     m_isHeard = true;
     m_waiting.reset();
-    if (!std::exchange(m_isSilent, false))
+    if (!isSilent())
         return;
     m_log.log(QStringLiteral("The desktop is heard of again."));
-    tellOfSwitch();
-}
-
-void SilenceWatch::tellOfSwitch() {
-    // A copy, because the handler may install another one.
-    if (const std::function<void()> handler = m_handler)
-        handler();
+    cover(std::nullopt);
 }

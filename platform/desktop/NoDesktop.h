@@ -1,32 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
-#include "platform/SignsOfLife.h"
 #include "platform/TaskBar.h"
-#include "platform/WindowList.h"
+#include "platform/desktop/TellingDesktop.h"
 
 // Where no window system can be asked: nothing is in front, and nothing is credited.
-class NoDesktop : public FrontApplication, public WindowList, public SignsOfLife {
+class NoDesktop : public TellingDesktop {
 public:
-    // `obstacle` says why, to the user.
-    explicit NoDesktop(QString obstacle)
-        : m_obstacle(std::move(obstacle)) {}
+    // `obstacle` says why, to the user. The entries outlive this.
+    NoDesktop(DesktopEntries& entries, QString obstacle)
+        : TellingDesktop(entries)
+        , m_obstacle(std::move(obstacle)) {}
 
-    const std::optional<ApplicationRecord>& activeApplication() const override { return m_none; }
     bool installSwitchHandler(std::function<void()>) override { return false; }
-    QString bundleName(const QString&) const override { return {}; }
     QString describe() const override {
         return QStringLiteral("none: no window system that can be asked was found");
     }
     QString obstacle() const override { return m_obstacle; }
-    std::span<const WindowListEntry> onScreenWindows() const override { return {}; }
-    void setHeardHandler(std::function<void()>) override {}
     void askForSign() override {}
 
 private:
-    const std::optional<ApplicationRecord> m_none;
     QString m_obstacle;
 };
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
 #include "platform/SignsOfLife.h"
 #include "platform/WindowList.h"
+#include "platform/desktop/FrontCover.h"
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/SystemLog.h"
 
@@ -14,7 +14,7 @@
 // whose extension has stopped. When nothing has been heard for a while though somebody is at work, it is asked for a sign
 // of life. As long as none comes there is no window, and the desktop itself is in front, or whoever was there last would
 // be credited for it. Otherwise everything is passed on as it is. Main thread only.
-class SilenceWatch : public FrontApplication, public WindowList {
+class SilenceWatch : public FrontCover, public WindowList {
 public:
     struct Desktop {
         FrontApplication& front;
@@ -37,9 +37,6 @@ public:
     ~SilenceWatch() override;
 
     const std::optional<ApplicationRecord>& activeApplication() const override;
-    bool installSwitchHandler(std::function<void()> handler) override;
-    QString bundleName(const QString& path) const override { return m_desktop.front.bundleName(path); }
-    QString describe() const override { return m_desktop.front.describe(); }
     QString obstacle() const override;
     std::span<const WindowListEntry> onScreenWindows() const override;
 
@@ -50,18 +47,15 @@ private:
     void wait();
     void fallSilent();
     void hear();
-    void tellOfSwitch();
+    bool isSilent() const { return isCovered(); }
 
     Desktop m_desktop;
     RunLoop& m_runLoop;
     SystemLog& m_log;
     std::function<bool()> m_isCounting;
     Limits m_limits;
-    std::function<void()> m_handler;
-    const std::optional<ApplicationRecord> m_nothing = nothingInFront();
     // Since the last look.
     bool m_isHeard = false;
-    bool m_isSilent = false;
     std::unique_ptr<RunLoopTimer> m_looks;
     // Runs while an answer is waited for.
     std::unique_ptr<RunLoopTimer> m_waiting;

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/desktop/SwitchTeller.h"
+
+// Hands on what another says is in front, except while something else is: that is in front then, and what goes on behind it
+// is no switch.
+class FrontCover : public SwitchTeller {
+public:
+    const std::optional<ApplicationRecord>& activeApplication() const override {
+        return m_cover ? m_cover : m_covered.activeApplication();
+    }
+
+    bool installSwitchHandler(std::function<void()> handler) override {
+        const bool isWanted = bool(handler);
+        SwitchTeller::installSwitchHandler(std::move(handler));
+        if (!isWanted)
+            return m_covered.installSwitchHandler({});
+        return m_covered.installSwitchHandler([this] {
+            if (!m_cover)
+                tellOfSwitch();
+        });
+    }
+
+    QString bundleName(const QString& path) const override { return m_covered.bundleName(path); }
+    QString describe() const override { return m_covered.describe(); }
+    QString obstacle() const override { return m_covered.obstacle(); }
+
+protected:
+    // The covered one outlives this.
+    FrontCover(FrontApplication& covered, std::optional<ApplicationRecord> cover)
+        : m_covered(covered)
+        , m_cover(std::move(cover)) {}
+
+    // Absent: nothing covers from now on. Tells of a switch if that is different.
+    void cover(const std::optional<ApplicationRecord>& cover) {
+        if (m_cover == cover)
+            return;
+        m_cover = cover;
+        tellOfSwitch();
+    }
+
+    bool isCovered() const { return m_cover.has_value(); }
+
+private:
+    FrontApplication& m_covered;
+    std::optional<ApplicationRecord> m_cover;
+};
