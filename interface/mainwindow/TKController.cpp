@@ -5,7 +5,6 @@
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/CutoffSlider.h"
-#include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
@@ -14,12 +13,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-
-namespace {
-
-constexpr std::chrono::seconds kBetweenLooks{1};
-
-} // namespace
 
 TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
                            const TimeTracker::MakeActivator& makeActivator)
@@ -42,6 +35,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     , m_appSelection(&m_appTreeController)
     , m_categorySelection(&m_categoryTreeController)
     , m_pasteboard(m_engine.tracker(), m_projects)
+    , m_expansion(m_window.mainTable(), m_projects)
     , m_sum(m_engine.tracker(), m_window, [this] { return m_searchedProject.get(); })
     , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
     , m_database(
@@ -52,7 +46,8 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
            .timersReplaced = [this] { m_undoStack.clear(); }})
     , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
     , m_loginItem(platform.loginItems)
-    , m_appDelegate(*this, platform, alerts) {
+    , m_appDelegate(*this, platform, alerts)
+    , m_obstacle(m_window, m_appDelegate.presence(), m_engine.trouble(), platform) {
     m_appTreeController.setLive(false);
     m_categoryTreeController.setLive(false);
     for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController})
@@ -75,11 +70,8 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
                                                        [this](const Notification&) { reload(); });
     m_resets =
         m_engine.tracker().observe(kLastResetDateKey, [this](const ObservedChange&) { showLastReset(); });
-    m_troubles =
-        m_engine.trouble().observe(kAccountTroubleKey, [this](const ObservedChange&) { showObstacle(); });
-    m_window.obstacleBar().setAcknowledged([this] { m_engine.trouble().acknowledge(); });
     showLastReset();
-    showObstacle();
+    m_obstacle.show();
 }
 
 TKController::~TKController() {
@@ -231,28 +223,7 @@ void TKController::showRecordingBadge(bool isRecording) {
 
 void TKController::refreshTimeSum() {
     m_sum.refresh();
-    showObstacle();
-}
-
-void TKController::showObstacle() {
-    const QString obstacle = m_platform.frontApplication.obstacle();
-    const AccountTrouble& trouble = m_engine.trouble();
-    m_appDelegate.presence().showObstacle(obstacle);
-    m_appDelegate.presence().showTrouble(trouble.text());
-    if (!m_window.isSeen())
-        return;
-    QStringList lines{obstacle, trouble.text()};
-    lines.removeAll(QString());
-    m_window.obstacleBar().showObstacle(lines.join(u'\n'));
-    m_window.obstacleBar().offerAcknowledgement(trouble.canBeAcknowledged());
-    // Paused there is no tick to do it, and what is in the way may go all the same.
-    if (obstacle.isEmpty())
-        m_nextLook = nullptr;
-    else if (!m_nextLook)
-        m_nextLook = m_platform.runLoop.scheduleOnce(kBetweenLooks, [this] {
-            m_nextLook = nullptr;
-            showObstacle();
-        });
+    m_obstacle.show();
 }
 
 void TKController::showLastReset() {

@@ -7,6 +7,8 @@
 #include "interface/export/TKExportController.h"
 #include "interface/mainwindow/MainCommands.h"
 #include "interface/mainwindow/MainWindow.h"
+#include "interface/mainwindow/RowExpansion.h"
+#include "interface/mainwindow/ShownObstacle.h"
 #include "interface/mainwindow/ShownSum.h"
 #include "interface/mainwindow/TKDocumentController.h"
 #include "interface/outline/ProgramCell.h"
@@ -20,8 +22,6 @@
 #include <QItemSelectionModel>
 #include <QUndoStack>
 
-class Alerts;
-
 // The program's one document and the controller of its main window, put together from the tracker, the timer
 // control, the database and the window. It connects what the user asks for with what does it, and shows the
 // timer's state. Nothing is formatted or painted while the window is not seen.
@@ -31,8 +31,6 @@ public:
     // this, and so must the QApplication. `makeActivator` makes another activity source than every tracker gets.
     TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
                  const TimeTracker::MakeActivator& makeActivator = {});
-    TKController(const TKController&) = delete;
-    TKController& operator=(const TKController&) = delete;
     ~TKController() override;
 
     // Once, before the window is shown: starts the timer if the last run asked for it. If the activity source is not
@@ -82,8 +80,7 @@ public:
 
     // Whether all timers are shown rather than a project.
     bool mainItemIsSelected() const { return m_shown == &m_appTreeController; }
-
-    bool blockExpansionSaveWhileSearching() const { return m_isSearchExpanding; }
+    bool blockExpansionSaveWhileSearching() const { return m_expansion.isSearching(); }
 
     void deselectAll();
     // Deletes the selected rows: unless `forceDelete`, out of the project that is shown, or after a question.
@@ -98,16 +95,12 @@ public:
     void copySummaryTime();
 
     void chooseDatabaseDirectory();
-
     void restoreDefaultDatabaseLocation() { m_database.restoreDefaultDatabaseLocation(); }
-
     void revealDatabase();
 
     // What the control of the toolbar does, and what it shows.
     void toggleDockIcon() { m_appDelegate.presence().toggleDockIcon(); }
-
     void toggleMenuItem() { m_appDelegate.presence().toggleMenuItem(); }
-
     void reloadAppType();
     // Pops up a menu of one command at `sender`, or at the window without one.
     void showDisplayStateMenu(QWidget* sender);
@@ -122,32 +115,20 @@ public:
     static QString versionString();
 
     TimerControl& timer() { return m_timer; }
-
     TimeTracker& tracker() { return m_engine.tracker(); }
-
     TimeDatabase& database() { return m_database; }
-
     AccountTrouble& trouble() { return m_engine.trouble(); }
-
     TKDocumentController& documents() { return m_documents; }
-
     TKExportController& exporting() { return *m_exportController; }
-
     TKApplicationDelegate& appDelegate() { return m_appDelegate; }
-
     LoginItemControl& loginItem() { return m_loginItem; }
-
     MainWindow& window() { return m_window; }
-
     ProjectList& projects() { return m_projects; }
-
     TKProjectController& projectController() { return *m_projectController; }
 
     void showToggle(const QString& image, const QString& label) override;
     void showRecordingBadge(bool isRecording) override;
-
     void updateMenuIconState() override { m_appDelegate.updateMenuIconState(); }
-
     void updateMenus() override { m_appDelegate.updateMenus(); }
 
 private:
@@ -160,7 +141,6 @@ private:
     // Looks from now on every few seconds for rows that have begun to match or passed the limit, while there is a reason.
     void followCounting();
     void filterAgain();
-    void showObstacle();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
@@ -187,6 +167,7 @@ private:
     TimePasteboard m_pasteboard;
     // The project that is shown and searched; null while all timers are.
     std::shared_ptr<TimeStoreCategory> m_searchedProject;
+    RowExpansion m_expansion;
     ShownSum m_sum;
     // Stands for this in the connections to what it owns, and ends them before any of it goes.
     std::optional<QObject> m_reactions{std::in_place};
@@ -195,6 +176,7 @@ private:
     TKDocumentController m_documents;
     LoginItemControl m_loginItem;
     TKApplicationDelegate m_appDelegate;
+    ShownObstacle m_obstacle;
     // Seconds.
     float m_cutoff = 0;
     // Null while nothing is narrowed, or seen.
@@ -205,16 +187,8 @@ private:
     bool m_isRenamed = false;
     // Null before anything is shown.
     ProjectList::Project m_shownRecord;
-    // Whose rows were expanded last.
-    ProjectList::Project m_expandedRecord;
-    // Whose rows are to be expanded; null when they are.
-    ProjectList::Project m_recordToExpand;
-    bool m_isSearchExpanding = false;
     Subscription m_defaultsChanges;
     Subscription m_resets;
-    Subscription m_troubles;
-    // Looks again whether something is still in the way; null while nothing is.
-    std::unique_ptr<RunLoopTimer> m_nextLook;
     // Made when the timers have been read: the rows it opens must be there.
     std::optional<TKProjectController> m_projectController;
     // The same: an archive is of the timers that have been read.

@@ -38,7 +38,7 @@ void TKController::showWithCategory(const std::shared_ptr<TimeStoreCategory>& ca
         showTree(m_appTreeController);
     }
     refreshTimeSum();
-    m_recordToExpand = record;
+    m_expansion.want(record);
     restoreExpansion();
     followCounting();
     m_window.mainTable().readOutInvitation();
@@ -60,44 +60,12 @@ void TKController::showTree(TimeTreeModel& tree) {
 }
 
 void TKController::restoreExpansion() {
-    // Rows that nobody sees are not kept up: it waits until they are.
-    if (!m_window.isSeen() || !m_recordToExpand)
-        return;
-    const ProjectList::Project record = std::exchange(m_recordToExpand, nullptr);
-    TKOutlineDisplayView& table = m_window.mainTable();
-    if (m_isSearchExpanding) {
-        table.expandAllRows();
-        return;
-    }
-    const std::vector<Identity> expanded = record->expandedUUIDs().value_or(std::vector<Identity>());
-    std::unordered_map<Identity, std::size_t> positions;
-    for (std::size_t position = 0; position < expanded.size(); ++position)
-        positions.try_emplace(expanded[position], position);
-    std::vector<bool> isShown(expanded.size());
-    const auto isWanted = [&](const QModelIndex& index) {
-        const auto uuid = m_shown->item(index)->uuid();
-        if (!uuid)
-            return false;
-        const auto found = positions.find(*uuid);
-        if (found == positions.end())
-            return false;
-        isShown[found->second] = true;
-        return true;
-    };
-    // The same rows as before may have been folded or unfolded in what was shown before.
-    const bool isAnother = std::exchange(m_expandedRecord, record) != record;
-    if (isAnother || !expanded.empty())
-        table.expandRows(isWanted, isAnother ? TKOutlineDisplayView::OtherRows::Fold
-                                             : TKOutlineDisplayView::OtherRows::Stay);
-    m_projects.keepExpanded(*record, isShown);
+    if (m_window.isSeen())
+        m_expansion.restore(*m_shown);
 }
 
 void TKController::searchText(const QString& text) {
-    // While this still counts as the search's doing, so that what was open before it is not forgotten.
-    if (text.isEmpty() && m_isSearchExpanding)
-        m_window.mainTable().collapseAllRows();
-    // From before the rows become fewer: those that were open and are not found are opened again afterwards.
-    m_isSearchExpanding = !text.isEmpty();
+    m_expansion.searchText(text);
     m_projectController->refreshProject();
 }
 
@@ -170,7 +138,7 @@ void TKController::filterAgain() {
         m_engine.tracker().reloadSearchFiltering();
     m_shown->synchronize();
     // A search opens what it finds; what somebody has folded since stays folded.
-    if (m_isSearchExpanding)
+    if (m_expansion.isSearching())
         m_window.mainTable().expandRows([&](const QModelIndex& row) {
             const auto item = m_shown->item(row);
             return !shown.contains(&item->node());
