@@ -31,7 +31,8 @@ public:
     virtual ~StretchListener() = default;
 
     virtual void credited(const Stretch& stretch) = 0;
-    // It has turned out at `noticed` that nobody was there since `since`: whatever was told of the time between was in truth
-    // an absence, and so is the time that has not been told of, since the end of the last stretch.
-    virtual void absent(Instant since, Instant noticed) = 0;
+    // It has turned out at `noticed` that nobody was there since `since`, the last input: whatever was told of the time
+    // between was in truth an absence, and so is the time that has not been told of, since the end of the last stretch.
+    // `booked` is what the tree has given to Idle for it, by seconds of its own.
+    virtual void absent(Instant since, Instant noticed, Seconds booked) = 0;
 };

@@ -29,6 +29,15 @@ Instant SystemIdleTime::lastInput(std::uint64_t seconds) const {
     return m_clock.instant() - std::chrono::nanoseconds(seconds << kSecondShift);
 }
 
+Instant SystemIdleTime::lastInput() const {
+    if (!m_last)
+        return m_clock.instant();
+    // Any number may be told.
+    const auto idle =
+        std::min(m_last->nanoseconds, std::uint64_t(std::chrono::nanoseconds::max().count() / 4));
+    return m_clock.instant() - std::chrono::nanoseconds(idle) - (m_clock.monotonic() - m_last->at);
+}
+
 bool SystemIdleTime::hasReachedMinutes(std::int64_t minutes) {
     const auto isReachedBy = [minutes](std::uint64_t seconds) {
         return double(minutes) <= double(seconds) / 60.0;

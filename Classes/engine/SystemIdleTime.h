@@ -21,6 +21,8 @@ public:
     std::uint64_t seconds();
     // When the user touched something last, if there have been so many of these seconds since.
     Instant lastInput(std::uint64_t seconds) const;
+    // The same to the nanosecond, as the display has told it last.
+    Instant lastInput() const;
     // Whether the user has been idle for at least so many minutes. Asks the display only if that is possible at all:
     // since the last answer the idle time cannot have grown by more than the time that has passed.
     bool hasReachedMinutes(std::int64_t minutes);

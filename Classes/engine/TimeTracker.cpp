@@ -179,10 +179,10 @@ void TimeTracker::bookIdleOnset() {
     if (isGap) {
         takeAbsenceFromGap(gap, idle);
         if (current)
-            tellOfStretch(current, start, lastInput);
+            tellOfStretch(current, start, m_services.idleTime.lastInput());
     }
-    const Instant since = std::max(lastInput, m_countingSince);
-    m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, instant()); });
+    const Instant since = std::max(m_services.idleTime.lastInput(), m_countingSince);
+    m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, instant(), unbooked); });
     setCurrentApp(kIdleName);
     m_activeStoreWindow.reset();
     if (const auto app = m_activeStoreApp.lock())

@@ -41,8 +41,8 @@ public:
         m_history.newsHasCome();
     }
 
-    void absent(Instant since, Instant noticed) override {
-        m_history.m_recorder.absent(since, noticed);
+    void absent(Instant since, Instant noticed, Seconds booked) override {
+        m_history.m_recorder.absent(since, noticed, booked);
         m_history.newsHasCome();
     }
 

@@ -19,16 +19,9 @@ constexpr auto kBetweenReadings = 20ms;
 // No absence is noticed later, or cuts more.
 constexpr auto kLongestAbsence = 24h;
 constexpr std::size_t kMostSpans = 8192;
-// In nanoseconds.
-constexpr double kCountedSecond = 1 << 30;
 
 std::int64_t milliseconds(Date date) {
     return std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count();
-}
-
-// The tree is given as many seconds as the display counts, which are longer.
-std::chrono::nanoseconds asBooked(std::chrono::nanoseconds absence) {
-    return std::chrono::nanoseconds(std::llround(double(absence.count()) / kCountedSecond * 1e9));
 }
 
 std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
@@ -115,19 +108,16 @@ void HistoryRecorder::begin(Instant at, const Anchor& anchor, const Who& who) {
     m_isOpen = true;
 }
 
-void HistoryRecorder::absent(Instant since, Instant noticed) {
+void HistoryRecorder::absent(Instant since, Instant noticed, Seconds booked) {
     struct Piece {
         Instant to;
         Anchor anchor;
     };
     std::vector<Piece> pieces;
-    std::chrono::nanoseconds knownIdle{};
     holdAnchor(m_spans.empty() ? since : std::max(since, std::min(noticed, m_spans.back().to)));
     while (!m_spans.empty() && m_spans.back().to > since) {
         Span& span = m_spans.back();
         pieces.insert(pieces.begin(), {span.to, span.anchor});
-        if (span.who.presence == RowPresence::Idle)
-            knownIdle += span.to - std::max(since, span.from);
         if (span.from < since) {
             span.to = since;
             span.hasChanged = true;
@@ -148,7 +138,7 @@ void HistoryRecorder::absent(Instant since, Instant noticed) {
     }
     settleDebt();
     m_owed[{.generation = m_generation, .program = kIdleName, .window = {}, .timer = m_idleTimer}] +=
-        std::max(asBooked(noticed - since) - knownIdle, std::chrono::nanoseconds::zero());
+        std::chrono::nanoseconds(std::llround(booked * 1e9));
 }
 
 void HistoryRecorder::forgetOldSpans() {

@@ -16,7 +16,7 @@ public:
         : m_clock(clock) {}
 
     void credited(const Stretch& stretch) override;
-    void absent(Instant since, Instant noticed) override;
+    void absent(Instant since, Instant noticed, Seconds booked) override;
 
     // Whether anything is to be written within a quarter of a minute. That an absence goes on can wait.
     bool hasNews() const { return m_hasNews; }

@@ -209,7 +209,7 @@ private:
             return;
         const Instant since = std::max(m_mayCutFrom, now() - Time(pick(5'000'000)));
         pass(pick(1000));
-        m_recorder.absent(since, now());
+        m_recorder.absent(since, now(), 0);
         plain.absent(since, now(), m_walls);
     }
 

@@ -30,8 +30,9 @@ public:
             m_lines.push_back({who, stretch.from, stretch.to});
     }
 
-    void absent(Instant since, Instant noticed) override {
+    void absent(Instant since, Instant noticed, Seconds booked) override {
         EXPECT_LE(since, noticed);
+        EXPECT_GE(booked, 0);
         m_lines.push_back({QStringLiteral("absent"), since, noticed});
     }
 
