@@ -59,9 +59,12 @@ void bringUp(SqliteDatabase& database) {
     auto number = std::size_t(database.number("PRAGMA user_version"));
     if (number == 0)
         // Ahead of the first table. A page holds what fifteen seconds bring.
-        database.execute("PRAGMA page_size = 4096; PRAGMA application_id = 0x746b6c68");
+        database.execute("PRAGMA page_size = 4096");
     for (; number < kSteps.size(); ++number) {
         SqliteTransaction transaction(database);
+        // With the first tables or not at all: a file of nobody's is new, one that is ours has tables.
+        if (number == 0)
+            database.execute("PRAGMA application_id = 0x746b6c68");
         database.execute(kSteps[number]);
         transaction.commit();
     }

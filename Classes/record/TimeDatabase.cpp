@@ -75,13 +75,13 @@ QString stateOf(const QString& path) {
 } // namespace
 
 TimeDatabase::TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
-                           const Folders& folders, Hooks hooks, std::size_t mostTimers)
+                           const Folders& folders, Hooks hooks, std::size_t mostTimers, FileCalls& calls)
     : m_tracker(tracker)
     , m_services(services)
     , m_defaults(defaults)
     , m_hooks(std::move(hooks))
     , m_mostTimers(mostTimers)
-    , m_store(std::make_unique<StoreFile>(services.log))
+    , m_store(std::make_unique<StoreFile>(services.log, calls))
     , m_applicationSupportFolder(folders.applicationSupport)
     , m_mainStoreURL(defaultMainStoreURL()) {
     // That it fails is noticed when it is written to.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/record/FileCalls.h"
 #include "Classes/store/AccountEntries.h"
 #include "platform/Folders.h"
 #include "platform/foundation/files/UserDefaults.h"
@@ -49,9 +50,11 @@ public:
         std::function<void()> timersReplaced;
     };
 
-    // Makes the application-support folder if it is missing. Everything must outlive the database.
+    // Makes the application-support folder if it is missing. Everything must outlive the database. The main store is written by
+    // `calls`.
     TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
-                 const Folders& folders, Hooks hooks, std::size_t mostTimers = kMostTimers);
+                 const Folders& folders, Hooks hooks, std::size_t mostTimers = kMostTimers,
+                 FileCalls& calls = FileCalls::system());
     ~TimeDatabase() override;
 
     const QString& applicationSupportFolder() const { return m_applicationSupportFolder; }

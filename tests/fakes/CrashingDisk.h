@@ -70,6 +70,20 @@ public:
             m_durable[file.inode] = file;
     }
 
+    // For who writes by other calls. Whether `path` lies in the folder, and what has become of a file there.
+    bool has(const QString& path) const { return path.startsWith(m_folder + u'/'); }
+    void noteCreated(const QString& path) { m_durable.erase(contentOf(path).inode); }
+    void noteSynced(const QString& path) {
+        const File file = contentOf(path);
+        m_durable[file.inode] = file;
+    }
+    void noteFolderSynced() { m_durableNames = currentNames(); }
+    // Counts a call that may be done. Throws Crash, with a part of it done.
+    template<class Part>
+    bool step(Part&& part) {
+        return !begins(false, std::forward<Part>(part));
+    }
+
     int open(const char* path, int flags, mode_t mode) override {
         return begins() ? -1 : FileCalls::open(path, flags, mode);
     }
