@@ -107,4 +107,6 @@ struct HistoryBatch {
     std::map<OwedTime, std::int64_t> owed;
     // Rows with lower numbers will not be written again.
     std::uint64_t settledBefore = 0;
+    // What is tried again goes by the same number as before, and is as it was; 0 for what is tried once.
+    std::int64_t number = 0;
 };

@@ -54,26 +54,37 @@ HistoryFile::HistoryFile(const QString& path, int waitMs)
 }
 
 void HistoryFile::write(const HistoryBatch& batch, Written& written) {
-    Written added;
-    {
+    if (batch.number == 0 || !hasWritten(batch.number)) {
         SqliteTransaction transaction(m_database);
-        for (const auto& change : batch.changes)
-            std::visit([this](const auto& what) { apply(what); }, change);
-        for (const auto& [serial, row] : batch.rows) {
-            const auto known = written.find(serial);
-            if (const auto before = known == written.end() ? std::nullopt : numbersAt(known->second))
-                change(known->second, *before, row.length);
-            else if (row.length > 0)
-                added.emplace(serial, add(row));
-        }
-        for (const auto& [to, length] : batch.owed)
-            owe(to, length);
+        put(batch, written);
         transaction.commit();
     }
-    for (const auto& [serial, key] : added)
-        written.insert_or_assign(serial, key);
-    written.erase(written.begin(), written.lower_bound(batch.settledBefore));
+    for (const auto& [serial, key] : std::exchange(written.tried, {}))
+        written.rows.insert_or_assign(serial, key);
+    written.rows.erase(written.rows.begin(), written.rows.lower_bound(batch.settledBefore));
     empty();
+}
+
+bool HistoryFile::hasWritten(std::int64_t batch) {
+    SqliteQuery last(m_database, "SELECT value FROM settings WHERE name = 'written last'");
+    return last.next() && last.integer(0) == batch;
+}
+
+void HistoryFile::put(const HistoryBatch& batch, Written& written) {
+    written.tried.clear();
+    for (const auto& change : batch.changes)
+        std::visit([this](const auto& what) { apply(what); }, change);
+    for (const auto& [serial, row] : batch.rows) {
+        const auto known = written.rows.find(serial);
+        if (const auto before = known == written.rows.end() ? std::nullopt : numbersAt(known->second))
+            change(known->second, *before, row.length);
+        else if (row.length > 0)
+            written.tried.emplace(serial, add(row));
+    }
+    for (const auto& [to, length] : batch.owed)
+        owe(to, length);
+    if (batch.number != 0)
+        sqliteRun(m_database, "INSERT OR REPLACE INTO settings VALUES ('written last', ?)", batch.number);
 }
 
 // A row that is written already grows, shrinks or goes: what else it says stays as the file has it.

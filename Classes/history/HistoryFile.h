@@ -15,13 +15,17 @@ public:
         std::int64_t start;
         std::int64_t n;
     };
-    // Where rows lie that may be written again.
-    using Written = std::map<std::uint64_t, Key>;
+    // Where rows lie that may be written again, and those of the last try, of which nobody knows whether it failed: a disk
+    // may refuse what it finds it has, later.
+    struct Written {
+        std::map<std::uint64_t, Key> rows;
+        std::map<std::uint64_t, Key> tried;
+    };
 
     // `waitMs`: how long other programs that write are waited for.
     explicit HistoryFile(const QString& path, int waitMs = 2000);
 
-    // All of it or nothing, with the sums.
+    // All of it or nothing, with the sums. Once, however often it is tried.
     void write(const HistoryBatch& batch, Written& written);
     // Takes out what is older than `before` (milliseconds since 1970), and what is deleted if that is not to come back.
     void sweep(std::optional<std::int64_t> before, bool isDeletedToGo);
@@ -44,6 +48,8 @@ private:
         std::int64_t presence;
     };
 
+    bool hasWritten(std::int64_t batch);
+    void put(const HistoryBatch& batch, Written& written);
     void change(const Key& key, const Numbers& before, std::int64_t length);
     std::optional<Numbers> numbersAt(const Key& key);
     Numbers numbersOf(const HistoryRow& row);

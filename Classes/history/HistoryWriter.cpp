@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/HistoryWriter.h"
 
+#include <QRandomGenerator>
+
 #include <condition_variable>
 #include <mutex>
 
@@ -74,6 +76,7 @@ HistoryWriter::HistoryWriter(RunLoop& runLoop, const QString& path, Told told,
     : m_runLoop(runLoop)
     , m_told(std::move(told))
     , m_background(std::move(background))
+    , m_lastNumber(std::int64_t(QRandomGenerator::global()->generate64() >> 2))
     , m_shared(std::make_shared<Shared>(runLoop, path, this)) {}
 
 HistoryWriter::~HistoryWriter() {
@@ -82,8 +85,8 @@ HistoryWriter::~HistoryWriter() {
 }
 
 HistoryBatch& HistoryWriter::next() {
-    const bool isOnItsWay = m_flight && !m_waiting.empty() && m_flight->batch == m_waiting.back();
-    if (m_waiting.empty() || isOnItsWay)
+    // What has been tried once may have been written.
+    if (m_waiting.empty() || m_waiting.back()->number != 0)
         m_waiting.push_back(std::make_shared<HistoryBatch>());
     return *m_waiting.back();
 }
@@ -107,7 +110,7 @@ void HistoryWriter::noteStore(HistoryChange::Any what) {
 
 void HistoryWriter::write() {
     for (const auto& batch : m_waiting)
-        if (!m_flight || batch != m_flight->batch)
+        if (batch->number == 0)
             shrink(*batch);
     if (!m_flight)
         start();
@@ -120,12 +123,14 @@ void HistoryWriter::start() {
 }
 
 void HistoryWriter::fly(Work work) {
-    if (work == Work::Write)
+    if (work == Work::Write && m_waiting.empty())
         next();
     m_flight = std::make_shared<Flight>();
     m_flight->work = work;
     if (work == Work::Write) {
         m_flight->batch = m_waiting.front();
+        if (m_flight->batch->number == 0)
+            m_flight->batch->number = ++m_lastNumber;
         m_flight->oldest = m_oldest;
         m_flight->dayBegins = m_dayBegins;
     }

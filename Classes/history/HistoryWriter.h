@@ -62,5 +62,7 @@ private:
     bool m_isToBeRemoved = false;
     // The first that waits is on its way.
     std::shared_ptr<Flight> m_flight;
+    // Begins anywhere, so that no two programs mean the same by it.
+    std::int64_t m_lastNumber;
     std::shared_ptr<Shared> m_shared;
 };

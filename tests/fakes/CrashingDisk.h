@@ -38,11 +38,14 @@ public:
     }
 
     // These answer with the error until told otherwise; 0 ends it.
+    // How many calls in a row fail.
+    int failing = 1;
     int allocateError = 0;
     int copyRangeError = 0;
     // Since the last arm().
     int calls = 0;
     bool happened = false;
+    bool hasCrashed() const { return happened && m_fault == Fault::Crashes; }
 
     // The state of the disk that a power cut leaves: what was synced, and by chance more, block by block.
     void losePower(std::mt19937& chance) {
@@ -78,7 +81,7 @@ public:
         m_durable[file.inode] = file;
     }
     void noteFolderSynced() { m_durableNames = currentNames(); }
-    // Counts a call that may be done. Throws Crash, with a part of it done.
+    // Counts a call, and answers whether it may be done. Throws Crash, with a part of it done.
     template<class Part>
     bool step(Part&& part) {
         return !begins(false, std::forward<Part>(part));
@@ -163,7 +166,7 @@ private:
                 part();
             throw Crash();
         }
-        if (calls != m_faultAt)
+        if (calls < m_faultAt || calls >= m_faultAt + failing)
             return false;
         happened = isShort || m_fault == Fault::Fails;
         errno = m_error;

@@ -44,7 +44,7 @@ int write(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 offset
     File& self = File::of(file);
     const auto some = [&] { self.calls().xWrite(self.real(), bytes, count / 2, offset); };
     if (!counts(*self.path, some))
-        return SQLITE_IOERR_WRITE;
+        return errno == ENOSPC ? SQLITE_FULL : SQLITE_IOERR_WRITE;
     return self.calls().xWrite(self.real(), bytes, count, offset);
 }
 

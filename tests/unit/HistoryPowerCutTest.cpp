@@ -40,6 +40,7 @@ public:
     HistoryBatch next() {
         HistoryBatch batch;
         batch.settledBefore = m_serial;
+        batch.number = ++m_number;
         for (int i = 0; i < 1 + pick(8); ++i)
             batch.rows[m_serial + std::uint64_t(i)] = row(m_serial + std::uint64_t(i), 1000 + pick(9000));
         m_serial += 1 + std::uint64_t(pick(8));
@@ -67,6 +68,7 @@ private:
 
     std::mt19937 m_random;
     std::uint64_t m_serial = 0;
+    std::int64_t m_number = 0;
 };
 
 class HistoryPowerCutTest : public testing::Test {
@@ -129,6 +131,51 @@ TEST_F(HistoryPowerCutTest, whateverWasNotSynced_whatIsSaidToBeWrittenIsThere) {
     EXPECT_GT(inTheMiddle, cuts(20) / 3);
 }
 
+// A disk that is full, or a cable that is loose, at any call once: what was refused is written by the next try, as a thread
+// that writes for the history tries.
+TEST_F(HistoryPowerCutTest, whateverFailsOnce_theNextTryWritesItOnce) {
+    const auto live = [](const QString& path, CrashingDisk& disk, int failing, int error) {
+        disk.arm(failing > 0 ? Fault::Fails : Fault::None, failing, error);
+        disk.failing = 1 + failing % 14;
+        const CrashingVfs vfs(disk);
+        Telling telling(3);
+        std::optional<HistoryKeeper> keeper(std::in_place, path);
+        int tries = 0;
+        for (int batch = 0; batch < Telling::kBatches; ++batch) {
+            const HistoryBatch next = telling.next();
+            HistoryKeeper::Report report;
+            do {
+                report = keeper->write(next);
+                EXPECT_EQ(report.setAside, std::nullopt);
+                ++tries;
+            } while (report.state != State::Written && tries < 2 * Telling::kBatches);
+        }
+        keeper->close();
+        return tries - Telling::kBatches;
+    };
+    const auto owed = [](const QString& path) {
+        SqliteDatabase file(path, SqliteDatabase::Mode::Read, 0);
+        return file.number("SELECT sum(length) FROM owed");
+    };
+    const QTemporaryDir folder;
+    CrashingDisk sound(folder.path());
+    live(folder.filePath(kFile), sound, 0, 0);
+    const std::string expected = HistoryDiary::of(folder.filePath(kFile));
+    int refused = 0;
+    for (int call = 1; call <= sound.calls && !HasFailure(); ++call) {
+        const int error = call % 2 ? ENOSPC : EIO;
+        SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(sound.calls));
+        const QTemporaryDir again;
+        const QString path = again.filePath(kFile);
+        CrashingDisk disk(again.path());
+        refused += live(path, disk, call, error);
+        EXPECT_EQ(HistoryDiary::of(path), expected);
+        EXPECT_EQ(owed(path), owed(folder.filePath(kFile)));
+        EXPECT_EQ(HistoryDiary::flaws(path), QStringList());
+    }
+    EXPECT_GT(refused, sound.calls / 3);
+}
+
 // Tracker, store and history on a disk that crashes.
 class Launched {
 public:
@@ -147,14 +194,16 @@ public:
         day.fakes.runLoop.runPending();
     }
 
+    void finish() { m_history->finish(); }
+
     // Until the power goes, if it does.
     void live(std::mt19937& chance, const CrashingDisk& disk) {
         day.start();
-        for (int step = 0; step < 60 && !disk.happened; ++step) {
+        for (int step = 0; step < 60 && !disk.hasCrashed(); ++step) {
             day.front(chance() % 2 ? "Mail" : "Editor", chance() % 3 ? "a" : "b");
-            for (auto seconds = chance() % 20; seconds > 0 && !disk.happened; --seconds)
+            for (auto seconds = chance() % 20; seconds > 0 && !disk.hasCrashed(); --seconds)
                 day.seconds(1);
-            for (int seconds = chance() % 8 == 0 ? 40 : 0; seconds > 0 && !disk.happened; --seconds)
+            for (int seconds = chance() % 8 == 0 ? 40 : 0; seconds > 0 && !disk.hasCrashed(); --seconds)
                 day.idle(1);
             if (chance() % 4 == 0)
                 save();
@@ -189,6 +238,33 @@ private:
     TimeDatabase m_database;
     std::optional<History> m_history;
 };
+
+TEST_F(HistoryPowerCutTest, whateverFailsForAWhile_theHistoryIsTheSame) {
+    const auto live = [](const QString& folder, CrashingDisk& disk) {
+        const CrashingVfs vfs(disk);
+        Launched launched(folder, disk, Date(std::chrono::milliseconds(kNine)));
+        std::mt19937 chance(1);
+        launched.live(chance, disk);
+        // After each refusal it waits for a minute.
+        launched.day.seconds(1000);
+        launched.finish();
+        return HistoryDiary::of(launched.history());
+    };
+    const QTemporaryDir folder;
+    CrashingDisk sound(folder.path());
+    const std::string expected = live(folder.path(), sound);
+    // Those of the end come too late to be tried again.
+    const int most = sound.calls / 2;
+    for (int call = 1; call <= most && !HasFailure(); call += 1 + most / cuts(60)) {
+        SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(sound.calls));
+        const QTemporaryDir again;
+        CrashingDisk disk(again.path());
+        disk.arm(Fault::Fails, call, call % 2 ? ENOSPC : EIO);
+        disk.failing = 1 + call % 14;
+        EXPECT_EQ(live(again.path(), disk), expected);
+        EXPECT_EQ(HistoryDiary::flaws(again.filePath(kFile)), QStringList());
+    }
+}
 
 // What the one before had, and no more.
 void expectMadeUpFor(const std::map<std::string, double>& found, const std::map<std::string, double>& before,

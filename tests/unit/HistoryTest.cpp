@@ -107,7 +107,7 @@ TEST_F(HistoryTest, anAbsence_beginsWithTheLastInput_andTheTreeHasTheMinutesBefo
     day.seconds(100);
     day.idle(600);
     day.seconds(10);
-    EXPECT_EQ(scene.diary(), "Mail [Inbox] 100.075, Idle 599.925, Mail [Inbox] 10");
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 100, Idle 600, Mail [Inbox] 10");
     EXPECT_NEAR(day.secondsOf("Mail"), 100 + 64.5 + 10, 0.3);
     EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
 }
