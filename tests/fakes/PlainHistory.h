@@ -28,7 +28,7 @@ public:
     // Time passes, but the program does not come to look.
     void stand(Time time);
     // Nothing passes but on the wall.
-    void sleep(Time time) { m_wall += time; }
+    void slumber(Time time) { m_wall += time; }
     void setWall(Time wall) { m_wall = wall; }
     Time wall() const { return m_wall; }
     // Somebody touches something.

@@ -11,6 +11,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -220,6 +221,22 @@ TEST_F(HistoryFileTest, aFolderInItsPlace_isTold) {
     ASSERT_TRUE(QDir().mkdir(path));
     EXPECT_EQ(write({{1, row(kNine, 1000, "Mail", "Inbox")}}).state, State::Unwritten);
     ASSERT_TRUE(QDir().rmdir(path));
+    EXPECT_EQ(write({{1, row(kNine, 1000, "Mail", "Inbox")}}).state, State::Written);
+    EXPECT_EQ(diary(), "Mail [Inbox] 1");
+}
+
+TEST_F(HistoryFileTest, aFolderThatMayNotBeWritten_isTold_andWrittenWhenItMay) {
+    // Root may write everywhere, but for where a file system says no.
+    if (::geteuid() == 0) {
+        const QString nowhere = QStringLiteral("/proc/self/History.sqlite");
+        EXPECT_EQ(HistoryKeeper(nowhere).write({}).state, State::Unwritten);
+        return;
+    }
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+    const auto report = write({{1, row(kNine, 1000, "Mail", "Inbox")}});
+    EXPECT_EQ(report.state, State::Unwritten);
+    EXPECT_FALSE(report.why.isEmpty());
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     EXPECT_EQ(write({{1, row(kNine, 1000, "Mail", "Inbox")}}).state, State::Written);
     EXPECT_EQ(diary(), "Mail [Inbox] 1");
 }

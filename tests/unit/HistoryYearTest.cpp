@@ -195,17 +195,17 @@ private:
         plain.stand(time);
     }
 
-    void sleep(Time time, bool isTold) {
+    void slumber(Time time, bool isTold) {
         if (!isTold) {
             m_now->day.fakes.clock.sleepFor(std::chrono::milliseconds(time));
-            plain.sleep(time);
+            plain.slumber(time);
             return;
         }
         away(100);
         const bool wasRunning = m_now->day.control.isRunning();
         plain.stop();
         m_now->day.asleep(double(time) / 1000);
-        plain.sleep(time);
+        plain.slumber(time);
         plain.input();
         if (wasRunning)
             plain.start();
@@ -245,7 +245,7 @@ private:
             stand();
             break;
         case 4:
-            sleep(2 * kSecond + pick(int(20 * kMinute)), pick(2) == 0);
+            slumber(2 * kSecond + pick(int(20 * kMinute)), pick(2) == 0);
             break;
         case 5:
             if (pick(8) == 0)
@@ -289,7 +289,7 @@ private:
         }
         if (pick(3) == 0)
             m_zone.travelTo(any(kZones));
-        sleep(night, isTold);
+        slumber(night, isTold);
         if (pick(4) == 0)
             launch();
     }
