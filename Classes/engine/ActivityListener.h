@@ -24,4 +24,6 @@ public:
     // Before the source restarts its clock for another application: what has passed since the last tick still belongs to the
     // application that was in front, and to its window if it had one.
     virtual void creditTimeBeforeSwitch(bool hadWindow) = 0;
+    // Whether nobody is there: then no switch is told.
+    virtual bool isIdle() const = 0;
 };

@@ -26,23 +26,31 @@ TimeActivatorScreenCapture::TimeActivatorScreenCapture(ActivityListener& tracker
 }
 
 void TimeActivatorScreenCapture::fastUpdateWindowName() {
-    fastUpdateWindowNameForPID(processOf(services().frontApplication.activeApplication()));
+    const auto& record = services().frontApplication.activeApplication();
+    const std::optional<QString> name = buildAppNameForDictionary(record);
+    // Another title, and nobody's name may be known any more, or somebody's again.
+    const bool isAnother = (name == kPrivateName) != (currentAppName() == kPrivateName);
+    if (isAnother && timeTracker() && !timeTracker()->isIdle()) {
+        appDidChange();
+    } else {
+        if (isAnother)
+            setCurrentAppName(name);
+        fastUpdateWindowNameForPID(processOf(record));
+    }
     if (m_updateController)
         m_updateController->computeTime();
 }
 
 void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier) {
     const std::lock_guard guard(lock());
-    const std::span<const WindowListEntry> windows = services().windowList.onScreenWindows();
-    const auto front = std::ranges::find_if(windows, [&](const WindowListEntry& entry) {
-        return entry.layer == 0 && entry.ownerProcessIdentifier == processIdentifier;
-    });
-    if (front == windows.end()) {
+    const WindowListEntry* front = frontWindowOf(processIdentifier);
+    const std::optional<QString> title = front ? allowedTitleOf(*front) : std::nullopt;
+    // Where nobody's name may be known, there is no window either.
+    if (!title) {
         setWindowUpdatingName(std::nullopt);
         m_lastUpdateWindowDict.reset();
         return;
     }
-    const QString& title = allowedTitleOf(*front);
     if (title != m_windowUpdatingName) {
         const bool isSameWindow = m_lastUpdateWindowDict && m_lastUpdateWindowDict->number == front->number &&
                                   m_lastUpdateWindowDict->ownerProcessIdentifier == processIdentifier;
@@ -54,14 +62,37 @@ void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::i
         m_lastUpdateWindowDict = *front;
 }
 
-const QString& TimeActivatorScreenCapture::allowedTitleOf(const WindowListEntry& window) {
-    const QString& told = window.name ? *window.name : window.ownerName;
+const WindowListEntry*
+TimeActivatorScreenCapture::frontWindowOf(std::optional<std::int64_t> processIdentifier) const {
+    const std::span<const WindowListEntry> windows = services().windowList.onScreenWindows();
+    const auto front = std::ranges::find_if(windows, [&](const WindowListEntry& entry) {
+        return entry.layer == 0 && entry.ownerProcessIdentifier == processIdentifier;
+    });
+    return front == windows.end() ? nullptr : &*front;
+}
+
+const std::optional<QString>& TimeActivatorScreenCapture::allowedTitleOf(const WindowListEntry& window) {
+    return allowedTitle(window.ownerName, window.name ? *window.name : window.ownerName);
+}
+
+const std::optional<QString>& TimeActivatorScreenCapture::allowedTitle(const QString& program,
+                                                                       const QString& told) {
     const TitleRules* rules = services().titleRules;
-    if (!rules)
-        return told;
-    if (told != m_gate.told || window.ownerName != m_gate.program || rules->reading() != m_gate.reading)
-        m_gate = {told, window.ownerName, rules->reading(), rules->allowed(window.ownerName, told)};
+    const int reading = rules ? rules->reading() : 0;
+    if (told != m_gate.told || program != m_gate.program || reading != m_gate.reading)
+        m_gate = {told, program, reading, rules ? rules->allowed(program, told) : told};
     return m_gate.allowed;
+}
+
+std::optional<QString>
+TimeActivatorScreenCapture::buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) {
+    const std::optional<QString> name = TimeActivator::buildAppNameForDictionary(record);
+    // Where nobody is, nothing is to be hidden.
+    if (!name || *name == kScreenSaverName || *name == kLoginWindowName)
+        return name;
+    const WindowListEntry* front = frontWindowOf(processOf(record));
+    const bool isKnown = (front ? allowedTitleOf(*front) : allowedTitle(*name, QString())).has_value();
+    return isKnown ? name : kPrivateName;
 }
 
 void TimeActivatorScreenCapture::computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) {

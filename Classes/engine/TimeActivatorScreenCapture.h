@@ -14,6 +14,8 @@ public:
     // Finds the front window of a process and notices when it changed its title. No process has no window.
     void fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier);
 
+    // kPrivateName where nobody's name may be known.
+    std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) override;
     void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) override;
     void mainWindowDidChange() override;
     void resetObservations() override { restartPeriod(); }
@@ -33,7 +35,11 @@ public:
 
 private:
     void setWindowUpdatingName(const std::optional<QString>& title);
-    const QString& allowedTitleOf(const WindowListEntry& window);
+    // Null when the application has none.
+    const WindowListEntry* frontWindowOf(std::optional<std::int64_t> processIdentifier) const;
+    // Absent where nobody's name may be known.
+    const std::optional<QString>& allowedTitleOf(const WindowListEntry& window);
+    const std::optional<QString>& allowedTitle(const QString& program, const QString& told);
 
     std::optional<QString> m_windowUpdatingName;
     // The document in that title: the tick asks for it every time, the title changes seldom.
@@ -43,8 +49,8 @@ private:
     struct Gate {
         QString told;
         QString program;
-        int reading = 0;
-        QString allowed;
+        int reading = -1;
+        std::optional<QString> allowed;
     };
     Gate m_gate;
     // Not owned. Its presence is what a valid compute timer means here.

@@ -17,6 +17,7 @@
 #include <mutex>
 
 class IncomingTimers;
+class PastTitles;
 class RuleCategories;
 class TimeStoreCategory;
 
@@ -50,6 +51,7 @@ public:
                                       const std::optional<QString>& documentName) override;
     void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) override;
     void creditTimeBeforeSwitch(bool hadWindow) override;
+    bool isIdle() const override { return m_wasIdle; }
 
     // Tells where the time goes for as long as the subscription lives. The listener outlives it.
     Subscription listen(StretchListener& listener) { return m_listeners->add(&listener); }
@@ -112,6 +114,13 @@ public:
     void removeTimers(const TimerReferences& timers);
     // Undoes a removal, of which these are the records that TimerTree::recordsOf() had made before. Where another timer of the same name has come since, the time goes to that one.
     void putBack(const PropertyListArray& entries);
+
+    // How many timers say more than may be known.
+    int countSayingMoreThan(const PastTitles& past) const;
+    // Takes from the past what may not be known of it. A window that is left out loses its row, while its application keeps
+    // the time; one that is called otherwise is renamed; the time of what has nobody's name goes to kPrivateName. No
+    // name is left anywhere, nor told as a removal: it cannot come back. Answers whose identity is no timer's any more.
+    std::unordered_set<Identity> sayNoMoreThan(const PastTitles& past);
 
     PropertyListArray arrayRepresentation() const;
     // The same, piece by piece.
@@ -176,6 +185,15 @@ private:
     void enterNamesAgain(const FrozenIdentities& joined) const;
     void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void remove(const TimerTree::IsMeant& isMeant);
+    // What sayNoMoreThan() takes away.
+    struct Gone {
+        std::unordered_set<Identity> identities;
+        std::unordered_set<QString> names;
+        AppSet applications;
+        Seconds time = 0;
+    };
+    void hide(TimeStoreApp& app, const PastTitles& past, Gone& gone);
+    void forgetNames(const PastTitles& past, Gone& gone);
 
     TrackerServices& m_services;
     mutable std::recursive_mutex m_lock;

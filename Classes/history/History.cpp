@@ -170,20 +170,24 @@ void History::renamed(const FrozenIdentities& identities) {
 }
 
 void History::deleted(const TimerReferences& timers, bool isDeleted) {
-    if (timers.empty())
-        return;
-    m_recorder.takeInto(m_writer.next());
-    m_recorder.settle();
-    m_writer.change(HistoryChange::Deleted{timers, isDeleted});
-    write();
+    if (!timers.empty())
+        change(HistoryChange::Deleted{timers, isDeleted});
 }
 
 void History::forget(const HistoryChange::Forgotten& what) {
-    if (!m_listening)
-        return;
+    if (m_listening)
+        change(what);
+}
+
+void History::holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden) {
+    if (m_listening)
+        change(HistoryChange::Ruled{rules, hidden});
+}
+
+void History::change(HistoryChange::Any what) {
     m_recorder.takeInto(m_writer.next());
     m_recorder.settle();
-    m_writer.change(what);
+    m_writer.change(std::move(what));
     write();
 }
 

@@ -46,6 +46,9 @@ public:
 
     // Gone for good, with all that waits of it. What was owed to the store goes too: it is to be saved then.
     void forget(const HistoryChange::Forgotten& what);
+    // No more is left of what is in it than rules allow; the rest as with what is forgotten. `hidden` is the timer of what
+    // has nobody's name.
+    void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
     // Writes what there is, as far as the disk answers in time: the program ends.
     void finish();
 
@@ -70,6 +73,7 @@ private:
     void settingsChanged();
     void renamed(const FrozenIdentities& identities);
     void deleted(const TimerReferences& timers, bool isDeleted);
+    void change(HistoryChange::Any what);
     void write();
     void noteWhetherHeldUp();
     void newsHasCome();

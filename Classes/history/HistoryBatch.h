@@ -75,6 +75,13 @@ struct Forgotten {
     bool isTitlePart = false;
 };
 
+// Of what is there no more is left than rules allow; what stood in its place goes as what is forgotten. `hidden` is whose
+// timer it is where nobody's name may be known.
+struct Ruled {
+    PropertyListValue rules;
+    std::optional<Identity> hidden;
+};
+
 // A store of this content is about to be on the disk: it lacks what is owed from this generation on.
 struct StoreWhole {
     QByteArray content;
@@ -92,7 +99,7 @@ struct StoreUnknown {
     QByteArray content;
 };
 
-using Any = std::variant<Renamed, Deleted, Forgotten, StoreWhole, StorePlaced, StoreUnknown>;
+using Any = std::variant<Renamed, Deleted, Forgotten, Ruled, StoreWhole, StorePlaced, StoreUnknown>;
 
 } // namespace HistoryChange
 

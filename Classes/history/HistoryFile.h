@@ -4,6 +4,8 @@
 #include "Classes/history/HistoryBatch.h"
 #include "Classes/history/Sqlite.h"
 
+class TitleRules;
+
 // The history on the disk, open for writing. Makes the file, for the user alone, if there is none, and brings it up to
 // today's form. Throws SqliteError; after that it is to be closed, and holds what the last whole call has left. Any thread,
 // one at a time; it waits for the disk.
@@ -63,12 +65,15 @@ private:
     void apply(const HistoryChange::Renamed& change);
     void apply(const HistoryChange::Deleted& change);
     void apply(const HistoryChange::Forgotten& change);
+    void apply(const HistoryChange::Ruled& change);
     void apply(const HistoryChange::StoreWhole& change);
     void apply(const HistoryChange::StorePlaced& change);
     void apply(const HistoryChange::StoreUnknown& change);
     void owe(const OwedTime& to, std::int64_t length);
 
     void cutAt(std::int64_t time);
+    void rulePairs(const TitleRules& rules);
+    void moveTimers(const std::optional<Identity>& hidden);
     void forgetRows(const HistoryChange::Forgotten& what);
     void sumDaysAgain(std::int64_t first, std::int64_t last);
     void sumMonthsAgain();

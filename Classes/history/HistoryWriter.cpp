@@ -92,8 +92,8 @@ HistoryBatch& HistoryWriter::next() {
 }
 
 void HistoryWriter::change(HistoryChange::Any what) {
-    // Rows of before it go into the file before it.
-    if (!next().rows.empty())
+    // What was before it goes into the file before it.
+    if (!next().rows.empty() || !next().owed.empty())
         m_waiting.push_back(std::make_shared<HistoryBatch>());
     m_waiting.back()->changes.push_back(std::move(what));
 }

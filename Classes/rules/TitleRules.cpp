@@ -11,12 +11,13 @@ const QString kPrivateWindows =
                    "プライベートブラウジング)\\)?$|\\((Incognito|Inkognito|InPrivate|Private|Privat)\\)$|"
                    "\\[InPrivate\\]|^New (Incognito|Private) Tab");
 
-std::optional<QRegularExpression> expressionOf(const QString& text, bool isExpression) {
+std::optional<QRegularExpression> expressionOf(const PropertyListDictionary& record) {
+    const QString text = record.value(kTitleRuleTitle).toString();
     if (text.isEmpty())
         return std::nullopt;
-    return QRegularExpression(isExpression ? text : QRegularExpression::escape(text),
-                              QRegularExpression::CaseInsensitiveOption |
-                                  QRegularExpression::UseUnicodePropertiesOption);
+    return QRegularExpression(
+        record.value(kTitleRuleIsExpression).toBool() ? text : QRegularExpression::escape(text),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
 }
 
 } // namespace
@@ -25,33 +26,43 @@ TitleRules::TitleRules() {
     read({});
 }
 
+PropertyListArray TitleRules::fromTheStart() {
+    return {PropertyListDictionary{{kTitleRuleTitle, kPrivateWindows},
+                                   {kTitleRuleIsExpression, true},
+                                   {kTitleRuleEffect, QStringLiteral("leave out")}}};
+}
+
+TitleRules::Effect TitleRules::effectOf(const PropertyListDictionary& record) {
+    const QString effect = record.value(kTitleRuleEffect).toString();
+    if (effect == QLatin1String("keep"))
+        return Effect::Keep;
+    if (effect == QLatin1String("replace"))
+        return Effect::Replace;
+    return effect == QLatin1String("private") ? Effect::Private : Effect::LeaveOut;
+}
+
+bool TitleRules::isActive(const PropertyListDictionary& record) {
+    return record.value(kTitleRuleActive).isAbsent() || record.value(kTitleRuleActive).toBool();
+}
+
+QString TitleRules::faultOf(const PropertyListDictionary& record) {
+    const auto expression = expressionOf(record);
+    return expression && !expression->isValid() ? expression->errorString() : QString();
+}
+
 void TitleRules::read(const PropertyListValue& rules) {
     ++m_reading;
     m_rules.clear();
-    const auto* records = rules.asArray();
-    if (!records) {
-        m_rules.push_back({{}, expressionOf(kPrivateWindows, true), Effect::LeaveOut, {}});
-        return;
-    }
-    for (const PropertyListValue& entry : *records) {
-        const auto* record = entry.asDictionary();
-        const bool isAsleep = record && !record->value(kTitleRuleActive).isAbsent() &&
-                              !record->value(kTitleRuleActive).toBool();
-        if (record && !isAsleep)
-            m_rules.push_back(ruleOf(*record));
-    }
+    const PropertyListArray start = rules.asArray() ? PropertyListArray() : fromTheStart();
+    const PropertyListArray& records = rules.asArray() ? *rules.asArray() : start;
+    for (std::size_t place = 0; place < records.size(); ++place)
+        if (const auto* record = records[place].asDictionary(); record && isActive(*record))
+            m_rules.push_back(ruleOf(*record, place));
 }
 
-TitleRules::Rule TitleRules::ruleOf(const PropertyListDictionary& record) {
-    const QString effect = record.value(kTitleRuleEffect).toString();
-    Rule rule{
-        record.value(kTitleRuleProgram).toString(),
-        expressionOf(record.value(kTitleRuleTitle).toString(), record.value(kTitleRuleIsExpression).toBool()),
-        Effect::LeaveOut, record.value(kTitleRuleReplacement).toString()};
-    if (effect == QLatin1String("keep"))
-        rule.effect = Effect::Keep;
-    else if (effect == QLatin1String("replace"))
-        rule.effect = Effect::Replace;
+TitleRules::Rule TitleRules::ruleOf(const PropertyListDictionary& record, std::size_t place) {
+    Rule rule{place, record.value(kTitleRuleProgram).toString(), expressionOf(record), effectOf(record),
+              record.value(kTitleRuleReplacement).toString()};
     if (rule.title && !rule.title->isValid()) {
         rule.title.reset();
         rule.effect = Effect::LeaveOut;
@@ -59,20 +70,36 @@ TitleRules::Rule TitleRules::ruleOf(const PropertyListDictionary& record) {
     return rule;
 }
 
-QString TitleRules::allowed(const QString& program, const QString& title) const {
-    for (const Rule& rule : m_rules) {
-        if (!rule.program.isEmpty() && !program.contains(rule.program, Qt::CaseInsensitive))
-            continue;
-        if (rule.title && !rule.title->match(title).hasMatch())
-            continue;
-        switch (rule.effect) {
-        case Effect::Keep:
-            return title;
-        case Effect::LeaveOut:
-            return {};
-        case Effect::Replace:
-            return rule.replacement;
-        }
+const TitleRules::Rule* TitleRules::ruleFor(const QString& program, const QString& title) const {
+    const auto rule = std::ranges::find_if(m_rules, [&](const Rule& each) {
+        return (each.program.isEmpty() || program.contains(each.program, Qt::CaseInsensitive)) &&
+               (!each.title || each.title->match(title).hasMatch());
+    });
+    return rule == m_rules.end() ? nullptr : &*rule;
+}
+
+std::optional<QString> TitleRules::allowed(const QString& program, const QString& title) const {
+    const Rule* rule = ruleFor(program, title);
+    switch (rule ? rule->effect : Effect::Keep) {
+    case Effect::LeaveOut:
+        return QString();
+    case Effect::Replace:
+        return rule->replacement;
+    case Effect::Private:
+        return std::nullopt;
+    case Effect::Keep:
+        break;
     }
     return title;
+}
+
+std::optional<std::size_t> TitleRules::deciding(const QString& program, const QString& title) const {
+    const Rule* rule = ruleFor(program, title);
+    return rule ? std::optional(rule->place) : std::nullopt;
+}
+
+bool TitleRules::hidesSomewhere(const QString& title) const {
+    return std::ranges::any_of(m_rules, [&](const Rule& rule) {
+        return rule.effect != Effect::Keep && rule.title && rule.title->match(title).hasMatch();
+    });
 }

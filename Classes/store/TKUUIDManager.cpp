@@ -62,6 +62,11 @@ void TKUUIDManager::forget(const QString& key) {
         requestSave();
 }
 
+void TKUUIDManager::forgetNames(const std::function<bool(const QString& key)>& isUnwanted) {
+    if (m_namesToUUIDs.removeIf([&](auto entry) { return isUnwanted(entry.key()); }) > 0)
+        requestSave();
+}
+
 QHash<QString, Identity> TKUUIDManager::namesOf(const std::unordered_set<Identity>& identities) const {
     QHash<QString, Identity> names;
     for (auto entry = m_namesToUUIDs.constBegin(); entry != m_namesToUUIDs.constEnd(); ++entry)

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -50,6 +51,8 @@ public:
     void renameName(const QString& oldKey, const QString& newKey);
     // Drops the key's entry and asks for a write, if there is one.
     void forget(const QString& key);
+    // The same, for every key of which that is true.
+    void forgetNames(const std::function<bool(const QString& key)>& isUnwanted);
     // The entries of these identities.
     QHash<QString, Identity> namesOf(const std::unordered_set<Identity>& identities) const;
     // Drops every entry whose identity is not in `used`. Nothing happens when `used` is absent or has as many members

@@ -13,7 +13,9 @@ PropertyListDictionary rule(const char* program, const char* title, const char* 
 }
 
 std::string allowed(const TitleRules& rules, const char* program, const char* title) {
-    return rules.allowed(QString::fromUtf8(program), QString::fromUtf8(title)).toStdString();
+    return rules.allowed(QString::fromUtf8(program), QString::fromUtf8(title))
+        .value_or(QStringLiteral("nobody's"))
+        .toStdString();
 }
 
 TEST(TitleRules, fromTheStart_privateWindowsOfBrowsersHaveNoTitle) {
@@ -83,6 +85,68 @@ TEST(TitleRules, aPrivateWindow_isCreditedToItsProgramAlone) {
     day.titleRules.read(PropertyListArray{rule("Browser", "News", "leave out")});
     day.seconds(5);
     EXPECT_EQ(day.tree(), "Browser 30 [News - Browser 5]");
+}
+
+TEST(TitleRules, whatHasNobodysName_isCreditedToPrivate_withoutWindowAndTitle) {
+    Day day;
+    day.titleRules.read(PropertyListArray{rule("Browser", "bank", "private")});
+    day.start();
+    day.front("Browser", "News");
+    day.seconds(10);
+    day.retitle("My bank");
+    day.seconds(20);
+    day.retitle("Weather");
+    day.seconds(5);
+    day.front("Bank", "My bank");
+    day.seconds(3);
+    EXPECT_EQ(day.tree(), "Bank 3 [My bank 3], Browser 15 [Weather 15], Private 20");
+}
+
+TEST(TitleRules, aProgramThatHasNobodysName_isPrivateAlsoWithoutAWindow) {
+    Day day;
+    day.titleRules.read(PropertyListArray{rule("Diary", "", "private")});
+    day.start();
+    day.front("Diary", "Dear diary");
+    day.seconds(10);
+    day.closeAllWindows();
+    day.seconds(10);
+    EXPECT_EQ(day.tree(), "Private 20");
+    day.titleRules.read(PropertyListArray{});
+    day.seconds(5);
+    EXPECT_EQ(day.tree(), "Diary 4.9, Private 20.1");
+}
+
+TEST(TitleRules, nobodysName_isNoReasonToEndAnAbsence) {
+    Day day;
+    day.fakes.defaults.setObject(kMinutesUntilIdle, 1);
+    day.titleRules.read(PropertyListArray{rule("Browser", "bank", "private")});
+    day.start();
+    day.front("Browser", "News");
+    day.seconds(10);
+    day.idle(100);
+    const double idle = day.secondsOf("Idle");
+    day.retitle("My bank");
+    day.idle(100);
+    EXPECT_NEAR(day.secondsOf("Idle"), idle + 100, 0.2);
+    day.seconds(10);
+    EXPECT_NEAR(day.secondsOf("Private"), 10, 0.3);
+}
+
+TEST(TitleRules, whatIsWrongWithAnExpression_isTold) {
+    PropertyListDictionary wrong = rule("", "(", "keep");
+    EXPECT_EQ(TitleRules::faultOf(wrong), QString());
+    wrong.insert(kTitleRuleIsExpression, true);
+    EXPECT_NE(TitleRules::faultOf(wrong), QString());
+}
+
+TEST(TitleRules, theFirstThatFits_isToldByItsPlaceInTheList) {
+    TitleRules rules;
+    PropertyListDictionary asleep = rule("", "", "leave out");
+    asleep.insert(kTitleRuleActive, false);
+    rules.read(PropertyListArray{asleep, rule("Mail", "", "keep"), rule("", "x", "leave out")});
+    EXPECT_EQ(rules.deciding(QStringLiteral("Mail"), QStringLiteral("x")), 1U);
+    EXPECT_EQ(rules.deciding(QStringLiteral("Editor"), QStringLiteral("x")), 2U);
+    EXPECT_EQ(rules.deciding(QStringLiteral("Editor"), QStringLiteral("y")), std::nullopt);
 }
 
 } // namespace

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// How what is in the history already comes to say no more than rules allow.
+#include "Classes/history/HistoryFile.h"
+#include "Classes/history/RuledTitles.h"
+
+namespace {
+
+// How a stretch's timer follows what has become of its title.
+enum Kind : std::int64_t { TimerStays = 0, ToApplication = 1, ToNobody = 2 };
+
+// By pairs of a program and a title, what stands in their place; by timer and kind, which other it is.
+constexpr const char* kMakeTables =
+    "CREATE TEMP TABLE IF NOT EXISTS ruled (program INTEGER, title INTEGER, newProgram INTEGER, "
+    "newTitle INTEGER, kind INTEGER, PRIMARY KEY (program, title)) WITHOUT ROWID;"
+    "CREATE TEMP TABLE IF NOT EXISTS moved (timer INTEGER, kind INTEGER, other INTEGER, "
+    "PRIMARY KEY (timer, kind)) WITHOUT ROWID;"
+    "CREATE TEMP TABLE IF NOT EXISTS sums (day INTEGER, program INTEGER, title INTEGER, timer INTEGER, "
+    "presence INTEGER, length INTEGER); DELETE FROM ruled; DELETE FROM moved; DELETE FROM sums";
+
+constexpr const char* kMoveStretches =
+    "UPDATE stretches SET (program, title, timer) = (SELECT newProgram, newTitle, "
+    "ifnull((SELECT other FROM moved WHERE moved.timer = stretches.timer AND moved.kind = ruled.kind), "
+    "stretches.timer) FROM ruled WHERE ruled.program = stretches.program AND ruled.title = stretches.title) "
+    "WHERE presence <> 1 AND EXISTS (SELECT 1 FROM ruled "
+    "WHERE ruled.program = stretches.program AND ruled.title = stretches.title)";
+
+constexpr const char* kGatherSums =
+    "INSERT INTO sums SELECT day, newProgram, newTitle, ifnull(other, days.timer), presence, sum(length) "
+    "FROM days CROSS JOIN ruled ON ruled.program = days.program AND ruled.title = days.title "
+    "LEFT JOIN moved ON moved.timer = days.timer AND moved.kind = ruled.kind "
+    "WHERE presence <> 1 GROUP BY 1, 2, 3, 4, 5";
+
+constexpr const char* kDropSums = "DELETE FROM days WHERE presence <> 1 AND EXISTS (SELECT 1 FROM ruled "
+                                  "WHERE ruled.program = days.program AND ruled.title = days.title)";
+
+constexpr const char* kPutSums = "INSERT INTO days SELECT * FROM sums WHERE true "
+                                 "ON CONFLICT DO UPDATE SET length = length + excluded.length";
+
+} // namespace
+
+void HistoryFile::apply(const HistoryChange::Ruled& change) {
+    m_database.execute(kMakeTables);
+    rulePairs(TitleRules(change.rules));
+    moveTimers(change.hidden);
+    sqliteRun(m_database, kMoveStretches);
+    sqliteRun(m_database, kGatherSums);
+    sqliteRun(m_database, kDropSums);
+    sqliteRun(m_database, kPutSums);
+    sumMonthsAgain();
+    // Names that were to be made up for are what they were.
+    sqliteRun(m_database, "DELETE FROM owed");
+    dropUnused();
+    m_hasToEmpty = true;
+}
+
+void HistoryFile::rulePairs(const TitleRules& rules) {
+    struct Pair {
+        std::int64_t program;
+        std::int64_t title;
+        QString name;
+        std::optional<QString> allowed;
+    };
+    std::vector<Pair> changed;
+    for (SqliteQuery row(m_database, "SELECT DISTINCT program, title, programs.name, titles.text FROM days "
+                                     "JOIN programs ON programs.id = program "
+                                     "JOIN titles ON titles.id = title WHERE presence <> 1");
+         row.next();) {
+        const QString title = row.text(3);
+        auto allowed = recordedTitleUnder(rules, row.text(2), title);
+        if (allowed != title)
+            changed.push_back({row.integer(0), row.integer(1), row.text(2), std::move(allowed)});
+    }
+    for (const auto& [program, title, name, allowed] : changed)
+        sqliteRun(m_database, "INSERT INTO ruled VALUES (?, ?, ?, ?, ?)", program, title,
+                  allowed ? program : programId(kPrivateName), allowed ? titleId(*allowed) : 0,
+                  std::int64_t(!allowed             ? ToNobody
+                               : allowed->isEmpty() ? ToApplication
+                                                    : TimerStays));
+}
+
+// What is deleted stays so: it can come back as long as this program runs.
+void HistoryFile::moveTimers(const std::optional<Identity>& hidden) {
+    struct Move {
+        std::int64_t timer;
+        std::int64_t kind;
+        std::optional<Identity> application;
+    };
+    std::vector<Move> moves;
+    for (SqliteQuery row(m_database,
+                         "SELECT DISTINCT timer, kind, application FROM days CROSS JOIN ruled "
+                         "ON ruled.program = days.program AND ruled.title = days.title "
+                         "JOIN timers ON timers.id = timer WHERE presence <> 1 AND kind > 0 AND NOT deleted");
+         row.next();)
+        moves.push_back({row.integer(0), row.integer(1),
+                         row.integer(1) == ToNobody ? hidden : Identity::fromBytes(row.bytes(2))});
+    for (const auto& [timer, kind, application] : moves)
+        sqliteRun(m_database, "INSERT INTO moved VALUES (?, ?, ?)", timer, kind,
+                  application ? timerId({application, std::nullopt}) : 0);
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/history/RuledTitles.h"
+
+#include "Classes/engine/TimeActivator.h"
+#include "Classes/history/HistoryFile.h"
+#include "Classes/history/SteadyTitle.h"
+
+namespace {
+
+// Idle time has no title, and no rule meets it.
+constexpr const char* kTitlesSince =
+    "SELECT programs.name, titles.text, sum(length) AS time FROM days JOIN programs ON programs.id = program "
+    "JOIN titles ON titles.id = title WHERE day >= ? AND presence <> 1 GROUP BY program, title ORDER BY time "
+    "DESC";
+
+void add(RuledTitles& to, const HistorySum& sum) {
+    ++to.titles;
+    to.length += sum.length;
+    if (to.longest.size() < RuledTitles::kMostListed)
+        to.longest.push_back(sum);
+}
+
+} // namespace
+
+std::optional<QString> recordedTitleUnder(const TitleRules& rules, const QString& program,
+                                          const QString& title) {
+    const auto allowed = rules.allowed(program, title);
+    // Nothing comes in the place of nothing.
+    if (!allowed || title.isEmpty())
+        return allowed ? title : allowed;
+    return *allowed == title ? title : steadyTitle(*allowed);
+}
+
+std::vector<RuledTitles> RuledTitles::metBy(SqliteDatabase& history, const PropertyListArray& list,
+                                            QDate first) {
+    const TitleRules rules{PropertyListValue(list)};
+    std::vector<RuledTitles> met(list.size());
+    for (SqliteQuery row(history, kTitlesSince, historyDay(first)); row.next();) {
+        const HistorySum sum{row.text(0), row.text(1), row.integer(2)};
+        if (const auto place = rules.deciding(sum.program, sum.title))
+            add(met[*place], sum);
+    }
+    return met;
+}
+
+RuledPast RuledPast::of(SqliteDatabase& history, const PropertyListArray& list) {
+    RuledPast ruled{{}, PastTitles(PropertyListValue(list))};
+    const TitleRules& rules = ruled.past.rules();
+    std::vector<std::pair<QString, QString>> kept;
+    for (SqliteQuery row(history, kTitlesSince, std::int64_t(0)); row.next();) {
+        const HistorySum sum{row.text(0), row.text(1), row.integer(2)};
+        const auto allowed = recordedTitleUnder(rules, sum.program, sum.title);
+        const auto document = TimeActivator::getDocStringNameForName(sum.title);
+        if (allowed == sum.title) {
+            if (document)
+                kept.emplace_back(sum.program, *document);
+            continue;
+        }
+        add(ruled.changed, sum);
+        if (document)
+            ruled.past.note(sum.program, *document, allowed);
+    }
+    for (const auto& [program, document] : kept)
+        ruled.past.keep(program, document);
+    return ruled;
+}
