@@ -107,6 +107,9 @@ public:
 
     // Writes the timers, and of the projects what is not yet written.
     void saveSettingsToDisk();
+    // Has timers and projects say no more of the past than may be known; nothing can be undone any more. Answers the timer
+    // of what has nobody's name, if there is one. Not saved yet.
+    std::optional<Identity> sayNoMoreThan(const PastTitles& past);
 
     // The program is no longer the active one: the timers are written whenever that happens.
     void applicationWillTerminate() { saveSettingsToDisk(); }

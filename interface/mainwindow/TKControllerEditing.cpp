@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the user does to the timers and to the place where they are kept.
+#include "Classes/rules/PastTitles.h"
 #include "interface/mainwindow/DeleteTimersCommand.h"
 #include "interface/mainwindow/FreezeCommand.h"
 #include "interface/mainwindow/RenameCommand.h"
@@ -94,6 +95,20 @@ void TKController::timersCleared() {
     m_timer.refreshDisplay();
     saveSettingsToDisk();
     m_projectController->refreshProject();
+}
+
+std::optional<Identity> TKController::sayNoMoreThan(const PastTitles& past) {
+    const auto gone = m_engine.tracker().sayNoMoreThan(past);
+    for (const auto& project : m_projects.projects())
+        m_projects.removeMembers(*project, gone);
+    // What could be undone knows the names.
+    m_undoStack.clear();
+    m_timer.refreshDisplay();
+    m_projectController->refreshProject();
+    for (const auto& app : m_engine.tracker().fullTimeSet())
+        if (app->isNamed(kPrivateName))
+            return app->uuid();
+    return std::nullopt;
 }
 
 void TKController::saveSettingsToDisk() {

@@ -56,12 +56,14 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     QTabWidget& tabs = m_prefWindow.prefTabView();
     m_generalTab = new GeneralTab(m_settings, loginItem);
     m_rulesTab = new RulesTab(m_rules);
+    m_titlesTab = new TitlesTab(titleServices());
     m_historyTab = new HistoryTab(m_settings, historyActions());
     m_archiveTab = new ArchiveTab(m_settings, archiveActions());
     // The general settings must be seen whole in the folded window too.
     m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs);
     tabs.addTab(m_generalTab, localized("General"));
     tabs.addTab(m_rulesTab, localized("Rules"));
+    tabs.addTab(m_titlesTab, localized("Titles"));
     tabs.addTab(m_historyTab, localized("History"));
     tabs.addTab(m_archiveTab, localized("Archive"));
 }

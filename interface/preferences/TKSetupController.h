@@ -11,6 +11,7 @@
 #include "interface/preferences/RulesTab.h"
 #include "interface/preferences/RulesTable.h"
 #include "interface/preferences/SettingsBinding.h"
+#include "interface/preferences/TitlesTab.h"
 
 class Alerts;
 class History;
@@ -66,6 +67,8 @@ public:
 
     RulesTab& rulesTab() { return *m_rulesTab; }
 
+    TitlesTab& titlesTab() { return *m_titlesTab; }
+
     ArchiveTab& archiveTab() { return *m_archiveTab; }
 
     // Null until it has been opened.
@@ -76,6 +79,8 @@ private:
     void addTabs(const std::optional<LoginItem>& loginItem);
     void connectRules();
     ArchiveTab::Actions archiveActions();
+    TitlesTab::Services titleServices();
+    void holdOverPast(const PastTitles& past, const PropertyListArray& rules);
     HistoryTab::Actions historyActions();
     bool mayKeepFor(std::int64_t days);
     void forget(const HistoryChange::Forgotten& what);
@@ -97,6 +102,7 @@ private:
     AppPropertiesWindow m_ruleWindow;
     GeneralTab* m_generalTab = nullptr;
     RulesTab* m_rulesTab = nullptr;
+    TitlesTab* m_titlesTab = nullptr;
     HistoryTab* m_historyTab = nullptr;
     ArchiveTab* m_archiveTab = nullptr;
     std::unique_ptr<ForgetWindow> m_forgetWindow;

@@ -51,3 +51,22 @@ void TKSetupController::forget(const HistoryChange::Forgotten& what) {
     // What a crash would have cost the timers is in their own file from now on.
     m_tkController.saveSettingsToDisk();
 }
+
+TitlesTab::Services TKSetupController::titleServices() {
+    return {.settings = m_settings,
+            .alerts = m_alerts,
+            .clock = m_platform.clock,
+            .history = m_history,
+            .countTimers =
+                [this](const PastTitles& past) { return m_tkController.tracker().countSayingMoreThan(past); },
+            .holdOverPast = [this](const PastTitles& past,
+                                   const PropertyListArray& rules) { holdOverPast(past, rules); }};
+}
+
+void TKSetupController::holdOverPast(const PastTitles& past, const PropertyListArray& rules) {
+    const auto hidden = m_tkController.sayNoMoreThan(past);
+    if (m_history)
+        m_history->holdRules(PropertyListValue(rules), hidden);
+    // What a crash would have cost the timers is in their own file from now on, under no other names.
+    m_tkController.saveSettingsToDisk();
+}

@@ -1183,5 +1183,129 @@
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
         <translation>Seine Datei wird sofort entfernt. Das lässt sich nicht widerrufen. Timer behalten ihre Zeit, und ein Absturz kann sie die letzten 15 Minuten kosten.</translation>
     </message>
+    <message>
+        <source>Titles</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Rule for Titles</source>
+        <translation>Regel für Titel</translation>
+    </message>
+    <message>
+        <source>How the title is found</source>
+        <translation>Wie der Titel gefunden wird</translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation>enthält</translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation>entspricht dem Ausdruck</translation>
+    </message>
+    <message>
+        <source>Any</source>
+        <translation>Jeder</translation>
+    </message>
+    <message>
+        <source>&amp;Program contains:</source>
+        <translation>&amp;Programm enthält:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>&amp;Effect:</source>
+        <translation>&amp;Wirkung:</translation>
+    </message>
+    <message>
+        <source>&amp;New text:</source>
+        <translation>&amp;Neuer Text:</translation>
+    </message>
+    <message>
+        <source>This expression cannot be read: %@</source>
+        <translation>Dieser Ausdruck ist nicht lesbar: %@</translation>
+    </message>
+    <message>
+        <source>Wrong expression: %@</source>
+        <translation>Falscher Ausdruck: %@</translation>
+    </message>
+    <message>
+        <source>Private windows of browsers</source>
+        <translation>Private Fenster von Browsern</translation>
+    </message>
+    <message>
+        <source>Keep the title</source>
+        <translation>Titel behalten</translation>
+    </message>
+    <message>
+        <source>Replace the title</source>
+        <translation>Titel ersetzen</translation>
+    </message>
+    <message>
+        <source>Credit nobody’s name</source>
+        <translation>Unter keinem Namen zählen</translation>
+    </message>
+    <message>
+        <source>Leave the title out</source>
+        <translation>Titel auslassen</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>Wirkung</translation>
+    </message>
+    <message>
+        <source>Last 7 Days</source>
+        <translation>Letzte 7 Tage</translation>
+    </message>
+    <message>
+        <source>Rules for titles</source>
+        <translation>Regeln für Titel</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Do&amp;wn</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>&amp;Titles Met…</source>
+        <translation>&amp;Treffer…</translation>
+    </message>
+    <message>
+        <source>Apply to the &amp;Past…</source>
+        <translation>Auf &amp;Vergangenes anwenden…</translation>
+    </message>
+    <message>
+        <source>What these rules hide is never written. The first that fits decides.</source>
+        <translation>Was diese Regeln verbergen, wird nie geschrieben. Die erste passende entscheidet.</translation>
+    </message>
+    <message>
+        <source>Titles of the Last 7 Days</source>
+        <translation>Titel der letzten 7 Tage</translation>
+    </message>
+    <message>
+        <source>Nothing of the past is met by the rules.</source>
+        <translation>Die Regeln treffen auf nichts Vergangenes zu.</translation>
+    </message>
+    <message>
+        <source>Timers: %@</source>
+        <translation>Timer: %@</translation>
+    </message>
+    <message>
+        <source>Hold the rules over the past?</source>
+        <translation>Die Regeln auf Vergangenes anwenden?</translation>
+    </message>
+    <message>
+        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <translation>Was sie verbergen, wird für immer aus Verlauf, Timern und Projekten entfernt. Das lässt sich nicht widerrufen, ebenso wenig, was davor getan wurde. Archive und Sicherungen bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
 </context>
 </TS>

@@ -1183,5 +1183,129 @@
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
         <translation>Su archivo se elimina en el acto. Esto no se puede deshacer. Los cronómetros conservan su tiempo, y un fallo puede costarles los últimos 15 minutos.</translation>
     </message>
+    <message>
+        <source>Titles</source>
+        <translation>Títulos</translation>
+    </message>
+    <message>
+        <source>Rule for Titles</source>
+        <translation>Regla para títulos</translation>
+    </message>
+    <message>
+        <source>How the title is found</source>
+        <translation>Cómo se encuentra el título</translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation>contiene</translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation>coincide con la expresión</translation>
+    </message>
+    <message>
+        <source>Any</source>
+        <translation>Cualquiera</translation>
+    </message>
+    <message>
+        <source>&amp;Program contains:</source>
+        <translation>El &amp;programa contiene:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Título:</translation>
+    </message>
+    <message>
+        <source>&amp;Effect:</source>
+        <translation>&amp;Efecto:</translation>
+    </message>
+    <message>
+        <source>&amp;New text:</source>
+        <translation>&amp;Nuevo texto:</translation>
+    </message>
+    <message>
+        <source>This expression cannot be read: %@</source>
+        <translation>No se puede leer esta expresión: %@</translation>
+    </message>
+    <message>
+        <source>Wrong expression: %@</source>
+        <translation>Expresión errónea: %@</translation>
+    </message>
+    <message>
+        <source>Private windows of browsers</source>
+        <translation>Ventanas privadas de navegadores</translation>
+    </message>
+    <message>
+        <source>Keep the title</source>
+        <translation>Conservar el título</translation>
+    </message>
+    <message>
+        <source>Replace the title</source>
+        <translation>Sustituir el título</translation>
+    </message>
+    <message>
+        <source>Credit nobody’s name</source>
+        <translation>Contar sin ningún nombre</translation>
+    </message>
+    <message>
+        <source>Leave the title out</source>
+        <translation>Omitir el título</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>Efecto</translation>
+    </message>
+    <message>
+        <source>Last 7 Days</source>
+        <translation>Últimos 7 días</translation>
+    </message>
+    <message>
+        <source>Rules for titles</source>
+        <translation>Reglas para títulos</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>&amp;Subir</translation>
+    </message>
+    <message>
+        <source>Do&amp;wn</source>
+        <translation>&amp;Bajar</translation>
+    </message>
+    <message>
+        <source>&amp;Titles Met…</source>
+        <translation>&amp;Títulos hallados…</translation>
+    </message>
+    <message>
+        <source>Apply to the &amp;Past…</source>
+        <translation>Aplicar al &amp;pasado…</translation>
+    </message>
+    <message>
+        <source>What these rules hide is never written. The first that fits decides.</source>
+        <translation>Lo que estas reglas ocultan nunca se escribe. Decide la primera que encaja.</translation>
+    </message>
+    <message>
+        <source>Titles of the Last 7 Days</source>
+        <translation>Títulos de los últimos 7 días</translation>
+    </message>
+    <message>
+        <source>Nothing of the past is met by the rules.</source>
+        <translation>Las reglas no afectan a nada del pasado.</translation>
+    </message>
+    <message>
+        <source>Timers: %@</source>
+        <translation>Cronómetros: %@</translation>
+    </message>
+    <message>
+        <source>Hold the rules over the past?</source>
+        <translation>¿Aplicar las reglas al pasado?</translation>
+    </message>
+    <message>
+        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <translation>Lo que ocultan se quita para siempre del historial, de los cronómetros y de los proyectos. Esto no se puede deshacer, ni tampoco lo hecho antes. Los archivos y las copias de seguridad quedan como están.</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Aplicar</translation>
+    </message>
 </context>
 </TS>

@@ -1183,5 +1183,129 @@
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
         <translation>Son fichier est supprimé aussitôt. Cela ne peut pas être annulé. Les chronomètres gardent leurs temps, et un plantage peut leur coûter les 15 dernières minutes.</translation>
     </message>
+    <message>
+        <source>Titles</source>
+        <translation>Titres</translation>
+    </message>
+    <message>
+        <source>Rule for Titles</source>
+        <translation>Règle pour les titres</translation>
+    </message>
+    <message>
+        <source>How the title is found</source>
+        <translation>Comment le titre est trouvé</translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation>contient</translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation>correspond à l’expression</translation>
+    </message>
+    <message>
+        <source>Any</source>
+        <translation>Tous</translation>
+    </message>
+    <message>
+        <source>&amp;Program contains:</source>
+        <translation>Le &amp;programme contient&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titre&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;Effect:</source>
+        <translation>&amp;Effet&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;New text:</source>
+        <translation>&amp;Nouveau texte&#xa0;:</translation>
+    </message>
+    <message>
+        <source>This expression cannot be read: %@</source>
+        <translation>Cette expression est illisible&#xa0;: %@</translation>
+    </message>
+    <message>
+        <source>Wrong expression: %@</source>
+        <translation>Expression fausse&#xa0;: %@</translation>
+    </message>
+    <message>
+        <source>Private windows of browsers</source>
+        <translation>Fenêtres privées des navigateurs</translation>
+    </message>
+    <message>
+        <source>Keep the title</source>
+        <translation>Conserver le titre</translation>
+    </message>
+    <message>
+        <source>Replace the title</source>
+        <translation>Remplacer le titre</translation>
+    </message>
+    <message>
+        <source>Credit nobody’s name</source>
+        <translation>Compter sans aucun nom</translation>
+    </message>
+    <message>
+        <source>Leave the title out</source>
+        <translation>Omettre le titre</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>Effet</translation>
+    </message>
+    <message>
+        <source>Last 7 Days</source>
+        <translation>7 derniers jours</translation>
+    </message>
+    <message>
+        <source>Rules for titles</source>
+        <translation>Règles pour les titres</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>M&amp;onter</translation>
+    </message>
+    <message>
+        <source>Do&amp;wn</source>
+        <translation>Desce&amp;ndre</translation>
+    </message>
+    <message>
+        <source>&amp;Titles Met…</source>
+        <translation>&amp;Titres trouvés…</translation>
+    </message>
+    <message>
+        <source>Apply to the &amp;Past…</source>
+        <translation>Appliquer au &amp;passé…</translation>
+    </message>
+    <message>
+        <source>What these rules hide is never written. The first that fits decides.</source>
+        <translation>Ce que ces règles cachent n’est jamais écrit. La première qui convient décide.</translation>
+    </message>
+    <message>
+        <source>Titles of the Last 7 Days</source>
+        <translation>Titres des 7 derniers jours</translation>
+    </message>
+    <message>
+        <source>Nothing of the past is met by the rules.</source>
+        <translation>Les règles ne touchent rien du passé.</translation>
+    </message>
+    <message>
+        <source>Timers: %@</source>
+        <translation>Chronomètres&#xa0;: %@</translation>
+    </message>
+    <message>
+        <source>Hold the rules over the past?</source>
+        <translation>Appliquer les règles au passé&#xa0;?</translation>
+    </message>
+    <message>
+        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <translation>Ce qu’elles cachent est retiré pour de bon de l’historique, des chronomètres et des projets. Cela ne peut pas être annulé, ni ce qui a été fait avant. Les archives et les sauvegardes restent telles quelles.</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Appliquer</translation>
+    </message>
 </context>
 </TS>

@@ -1183,5 +1183,129 @@
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
         <translation>ファイルはすぐに削除され、取り消すことはできません。タイマーの時間は残りますが、クラッシュすると最後の15分を失うことがあります。</translation>
     </message>
+    <message>
+        <source>Titles</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>Rule for Titles</source>
+        <translation>タイトルのルール</translation>
+    </message>
+    <message>
+        <source>How the title is found</source>
+        <translation>タイトルの照合方法</translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation>次を含む</translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation>次の式に一致</translation>
+    </message>
+    <message>
+        <source>Any</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>&amp;Program contains:</source>
+        <translation>プログラムに含む(&amp;P):</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>タイトル(&amp;T):</translation>
+    </message>
+    <message>
+        <source>&amp;Effect:</source>
+        <translation>効果(&amp;E):</translation>
+    </message>
+    <message>
+        <source>&amp;New text:</source>
+        <translation>新しい文字列(&amp;N):</translation>
+    </message>
+    <message>
+        <source>This expression cannot be read: %@</source>
+        <translation>この式は解釈できません: %@</translation>
+    </message>
+    <message>
+        <source>Wrong expression: %@</source>
+        <translation>誤った式: %@</translation>
+    </message>
+    <message>
+        <source>Private windows of browsers</source>
+        <translation>ブラウザーのプライベートウインドウ</translation>
+    </message>
+    <message>
+        <source>Keep the title</source>
+        <translation>タイトルを残す</translation>
+    </message>
+    <message>
+        <source>Replace the title</source>
+        <translation>タイトルを置き換える</translation>
+    </message>
+    <message>
+        <source>Credit nobody’s name</source>
+        <translation>名前なしで数える</translation>
+    </message>
+    <message>
+        <source>Leave the title out</source>
+        <translation>タイトルを除く</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>効果</translation>
+    </message>
+    <message>
+        <source>Last 7 Days</source>
+        <translation>過去7日間</translation>
+    </message>
+    <message>
+        <source>Rules for titles</source>
+        <translation>タイトルのルール</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>上へ(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Do&amp;wn</source>
+        <translation>下へ(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Titles Met…</source>
+        <translation>該当タイトル(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>Apply to the &amp;Past…</source>
+        <translation>過去に適用(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>What these rules hide is never written. The first that fits decides.</source>
+        <translation>これらのルールが隠すものは書き込まれません。最初に一致したルールが決めます。</translation>
+    </message>
+    <message>
+        <source>Titles of the Last 7 Days</source>
+        <translation>過去7日間のタイトル</translation>
+    </message>
+    <message>
+        <source>Nothing of the past is met by the rules.</source>
+        <translation>過去にルールに一致するものはありません。</translation>
+    </message>
+    <message>
+        <source>Timers: %@</source>
+        <translation>タイマー: %@</translation>
+    </message>
+    <message>
+        <source>Hold the rules over the past?</source>
+        <translation>ルールを過去にも適用しますか?</translation>
+    </message>
+    <message>
+        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <translation>隠されるものは履歴、タイマー、プロジェクトから永久に取り除かれます。これもそれ以前の操作も取り消せません。アーカイブとバックアップはそのまま残ります。</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
 </context>
 </TS>

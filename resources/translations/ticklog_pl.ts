@@ -1183,5 +1183,129 @@
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
         <translation>Jej plik zostanie od razu usunięty. Tego nie można cofnąć. Liczniki zachowują czasy, a awaria może kosztować je ostatnie 15 minut.</translation>
     </message>
+    <message>
+        <source>Titles</source>
+        <translation>Tytuły</translation>
+    </message>
+    <message>
+        <source>Rule for Titles</source>
+        <translation>Reguła dla tytułów</translation>
+    </message>
+    <message>
+        <source>How the title is found</source>
+        <translation>Jak znajdowany jest tytuł</translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation>zawiera</translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation>pasuje do wyrażenia</translation>
+    </message>
+    <message>
+        <source>Any</source>
+        <translation>Dowolny</translation>
+    </message>
+    <message>
+        <source>&amp;Program contains:</source>
+        <translation>&amp;Program zawiera:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Tytuł:</translation>
+    </message>
+    <message>
+        <source>&amp;Effect:</source>
+        <translation>&amp;Działanie:</translation>
+    </message>
+    <message>
+        <source>&amp;New text:</source>
+        <translation>&amp;Nowy tekst:</translation>
+    </message>
+    <message>
+        <source>This expression cannot be read: %@</source>
+        <translation>Nie można odczytać tego wyrażenia: %@</translation>
+    </message>
+    <message>
+        <source>Wrong expression: %@</source>
+        <translation>Błędne wyrażenie: %@</translation>
+    </message>
+    <message>
+        <source>Private windows of browsers</source>
+        <translation>Prywatne okna przeglądarek</translation>
+    </message>
+    <message>
+        <source>Keep the title</source>
+        <translation>Zachowaj tytuł</translation>
+    </message>
+    <message>
+        <source>Replace the title</source>
+        <translation>Zastąp tytuł</translation>
+    </message>
+    <message>
+        <source>Credit nobody’s name</source>
+        <translation>Licz bez żadnej nazwy</translation>
+    </message>
+    <message>
+        <source>Leave the title out</source>
+        <translation>Pomiń tytuł</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>Działanie</translation>
+    </message>
+    <message>
+        <source>Last 7 Days</source>
+        <translation>Ostatnie 7 dni</translation>
+    </message>
+    <message>
+        <source>Rules for titles</source>
+        <translation>Reguły dla tytułów</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>W &amp;górę</translation>
+    </message>
+    <message>
+        <source>Do&amp;wn</source>
+        <translation>&amp;W dół</translation>
+    </message>
+    <message>
+        <source>&amp;Titles Met…</source>
+        <translation>&amp;Trafione tytuły…</translation>
+    </message>
+    <message>
+        <source>Apply to the &amp;Past…</source>
+        <translation>Zastosuj do &amp;przeszłości…</translation>
+    </message>
+    <message>
+        <source>What these rules hide is never written. The first that fits decides.</source>
+        <translation>To, co ukrywają te reguły, nigdy nie jest zapisywane. Decyduje pierwsza pasująca.</translation>
+    </message>
+    <message>
+        <source>Titles of the Last 7 Days</source>
+        <translation>Tytuły z ostatnich 7 dni</translation>
+    </message>
+    <message>
+        <source>Nothing of the past is met by the rules.</source>
+        <translation>Reguły nie obejmują niczego z przeszłości.</translation>
+    </message>
+    <message>
+        <source>Timers: %@</source>
+        <translation>Liczniki: %@</translation>
+    </message>
+    <message>
+        <source>Hold the rules over the past?</source>
+        <translation>Zastosować reguły do przeszłości?</translation>
+    </message>
+    <message>
+        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <translation>To, co ukrywają, zostanie na zawsze usunięte z historii, liczników i projektów. Nie można cofnąć ani tego, ani wcześniejszych zmian. Archiwa i kopie zapasowe pozostają bez zmian.</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Zastosuj</translation>
+    </message>
 </context>
 </TS>

@@ -81,10 +81,12 @@ TEST_P(LanguagesTest, entriesOfAMenu_haveKeysOfTheirOwn) {
 
 QStringList textsIn(const QWidget& page) {
     QStringList texts;
+    // A sheet over the page is another window.
     for (const auto* button : page.findChildren<QAbstractButton*>())
-        texts << button->text();
+        if (button->window() == page.window())
+            texts << button->text();
     for (const auto* label : page.findChildren<QLabel*>())
-        if (label->buddy())
+        if (label->buddy() && label->window() == page.window())
             texts << label->text();
     return texts;
 }
@@ -95,6 +97,7 @@ TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
         expectDistinct(textsIn(*tabs.widget(page)), 3);
     expectDistinct(textsIn(sheet()), 5);
     expectDistinct(textsIn(forgetWindow), 4);
+    expectDistinct(textsIn(setup.titlesTab().sheet()), 4);
 }
 
 // What a control needs for its text: less than its size hint, which has margins for looks.
@@ -148,7 +151,7 @@ TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {
     const std::int64_t longestNames = 0b0011100;
     for (const auto& [isUnfolded, days] :
          {std::pair(true, everyDay), std::pair(true, longestNames), std::pair(false, everyDay)})
-        for (const char* page : {"General", "Match", "History", "Archive"}) {
+        for (const char* page : {"General", "Match", "Titles", "History", "Archive"}) {
             defaults().setObject(kSaveTimerPeriodically, isUnfolded);
             defaults().setObject(kPeriodicDaysOfWeek, days);
             window.selectTab(QLatin1String(page));
@@ -163,6 +166,15 @@ TEST_P(LanguagesTest, theWindowToForget_hasRoomForItsTexts) {
     forgetWindow.findChild<QComboBox*>(u"forgottenWhen"_s)->setCurrentIndex(2);
     settle();
     EXPECT_GT(expectRoomForTexts(forgetWindow), 6);
+}
+
+TEST_P(LanguagesTest, theSheetOfARuleForTitles_hasRoomForItsTexts) {
+    setup.showPrefWindow();
+    setup.prefWindow().selectTab(u"Titles"_s);
+    setup.titlesTab().select(0);
+    setup.titlesTab().edit();
+    settle();
+    EXPECT_GT(expectRoomForTexts(setup.titlesTab().sheet()), 6);
 }
 
 TEST_P(LanguagesTest, theRuleSheet_hasRoomForItsTexts) {

@@ -169,6 +169,24 @@ void drawHistorySettings(const QDir& folder) {
         desk.work(program, title, time);
     PrefWindow& window = desk.setup.prefWindow();
     desk.setup.showPrefWindow();
+    window.selectTab(QStringLiteral("Titles"));
+    const auto rule = [](const char* program, const char* title, const char* effect, const char* by) {
+        return PropertyListDictionary{{kTitleRuleProgram, QString::fromUtf8(program)},
+                                      {kTitleRuleTitle, QString::fromUtf8(title)},
+                                      {kTitleRuleEffect, QString::fromUtf8(effect)},
+                                      {kTitleRuleReplacement, QString::fromUtf8(by)}};
+    };
+    PropertyListArray rules = TitleRules::fromTheStart();
+    for (const auto& each : {rule("Thunderbird", "Anna", "replace", "A letter"),
+                             rule("Diary", "", "private", ""), rule("", "railway", "leave out", "")})
+        rules.emplace_back(each);
+    desk.defaults().setObject(kTitleRules, std::move(rules));
+    desk.settle();
+    desk.setup.titlesTab().select(1);
+    grab(window, folder, "preferences-titles");
+    desk.setup.titlesTab().edit();
+    grab(desk.setup.titlesTab().sheet(), folder, "preferences-title-rule");
+    desk.setup.titlesTab().sheet().reject();
     window.selectTab(QStringLiteral("History"));
     grab(window, folder, "preferences-history");
     desk.setup.forgetHistory();

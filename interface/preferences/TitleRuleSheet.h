@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/rules/TitleRules.h"
+
+#include <QDialog>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+// The sheet in which one rule for titles is edited. A regular expression that cannot be read is said, and cannot be saved.
+class TitleRuleSheet : public QDialog {
+    Q_OBJECT
+public:
+    // `saved` gets the record when the user has it saved.
+    TitleRuleSheet(std::function<void(const PropertyListDictionary&)> saved, QWidget* parent);
+
+    void openFor(const PropertyListDictionary& rule);
+    // What the controls say; what they do not show stays as it was.
+    PropertyListDictionary rule() const;
+
+private:
+    void addControls();
+    void choiceChanged();
+
+    std::function<void(const PropertyListDictionary&)> m_saved;
+    PropertyListDictionary m_rule;
+    QLineEdit* m_program;
+    QComboBox* m_match;
+    QLineEdit* m_title;
+    QComboBox* m_effect;
+    QLineEdit* m_replacement;
+    QLabel* m_fault;
+    QPushButton* m_save;
+};
