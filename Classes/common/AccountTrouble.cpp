@@ -17,10 +17,10 @@ bool isReadOnly(const QString& path) {
     return ::access(QFile::encodeName(path).constData(), W_OK) != 0 && errno != ENOENT;
 }
 
-// A disk with less room than this takes no account.
+// Bytes. With less room than this, nothing can be written.
 constexpr qint64 kLeastRoom = 1024 * 1024;
 
-// Whether there is no room for another copy of the file. What is no disk has no room to tell of.
+// Whether the disk has no room for another copy of the file. False if the disk cannot be asked.
 bool isFull(const QString& folder, qint64 size) {
     struct statvfs disk {};
 

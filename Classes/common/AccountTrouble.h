@@ -7,21 +7,23 @@
 
 #include <map>
 
-// What troubles the account, for observers.
+// The sentences about the account's troubles have changed.
 inline constexpr ObservedKey kAccountTroubleKey{"accountTrouble"};
 
-// What troubles the account now, as sentences to the user. Who finds a trouble tells it here, and when it is over; who shows
-// them observes it. The sentences name files of ours, and nothing that is in them. Main thread only.
+// What threatens the record of time right now, as sentences for the user. Whoever finds a trouble reports it
+// here with tell(), and with end() once it is over; the window and the tray observe it. The sentences name
+// Ticklog's files but quote nothing of their content. Main thread only.
 class AccountTrouble : public Observable {
 public:
-    // In the order in which they are shown.
+    // They are shown in this order.
     enum class Kind {
         StoreMissing,
         StoreUnwritten,
         ProjectsUnwritten,
         SettingsUnwritten,
         HistoryUnwritten,
-        // From here on it has happened, and goes when the user knows of it.
+        // From here on: events. They stay until the user acknowledges them. Those above are states and stay
+        // until end().
         StoreExposed,
         StoreSetAside,
         ProjectsSetAside,
@@ -31,26 +33,26 @@ public:
         ArchiveLost,
     };
 
-    // In the place of what was told of the same kind.
+    // Replaces the sentence of the same kind.
     void tell(Kind kind, const QString& sentence);
     void end(Kind kind);
-    // The user knows: what has happened is shown no more. What is still so stays.
+    // The user has read it: the events go, the states stay.
     void acknowledge();
-    // Whether that would take anything away.
+    // Whether acknowledge() would remove anything.
     bool canBeAcknowledged() const;
 
-    // All of it, a line each; empty while all is well.
+    // All sentences, one a line; empty while all is well.
     const QString& text() const { return m_text; }
 
     QVariant valueForKey(ObservedKey key) const override;
 
-    // Sentences for what befalls every kind of file: it could not be written, with the reason as the disk has it now, and
-    // it could not be read.
+    // Ready-made sentences for any file. "Could not be written", with the reason that the disk gives now; and
+    // "could not be read and was set aside".
     static QString unwritten(const QString& path);
     static QString setAside(const QString& path);
-    // Only some of it could be read.
+    // "Only some of it could be read."
     static QString leftOut(const QString& path);
-    // A sentence about a file of ours, by its name, in the user's language.
+    // Fills the file's name into a sentence, in the user's language.
     static QString about(const QString& sentence, const QString& path);
 
 private:

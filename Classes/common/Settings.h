@@ -18,26 +18,26 @@ inline const QString kPeriodicSaveDirectory = QStringLiteral("periodicSaveDirect
 inline const QString kTKPrefAppType = QStringLiteral("kTKPrefAppType");
 inline const QString kTKPrefShowMenuItem = QStringLiteral("kTKPrefShowMenuItem");
 
-// The path of the main store; a later launch begins there when a file is there.
+// The path of the main store. A later launch reads that file if it exists.
 inline const QString kMainStorePath = QStringLiteral("MainStorePath");
-// The main store, at its recorded place, that could not be found at a launch: what lies at the default place was counted
-// meanwhile and belongs to it.
+// The recorded path of a main store that a launch did not find. What lies at the default place was counted
+// meanwhile and belongs to that store.
 inline const QString kMeanwhileOf = QStringLiteral("kTKMeanwhileOf");
-// What that main store's file was like when the time counted meanwhile was about to be added to it.
+// The state (size and time) of that main store's file just before the time counted meanwhile was added to it.
 inline const QString kMeanwhileNotYetIn = QStringLiteral("kTKMeanwhileNotYetIn");
 // The next launch starts the timer.
 inline const QString kStartTicklogOnNextLaunch = QStringLiteral("startTicklogOnNextLaunch");
-// The timer ran when it was last started or stopped.
+// Whether the timer ran after it was last started or stopped.
 inline const QString kTKWasTimerRunning = QStringLiteral("kTKWasTimerRunning");
 // Whether durations in words include seconds; otherwise minutes are rounded.
 inline const QString kIncludeSecondsWhenCopyingTime = QStringLiteral("includeSecondsWhenCopyingTime");
-// The user has been told that closing the window minimises it where there is no icon in the tray.
+// The user has been told that closing the window only minimises it where the tray has no icon.
 inline const QString kTKSaidThatClosingMinimizes = QStringLiteral("kTKSaidThatClosingMinimizes");
-// For how many days the history is kept: 0 for ever, below 0 not at all, and then there is no file.
+// For how many days the history is kept. 0 means for ever; below 0 no history is kept and there is no file.
 inline const QString kHistoryDays = QStringLiteral("kTKHistoryDays");
 // The hour of the clock at which a day of the history begins, from 0 to 23.
 inline const QString kHistoryDayBegins = QStringLiteral("kTKHistoryDayBegins");
-// The rows shown expanded among all timers: a list of identities.
+// Which rows are expanded under "All Timers": a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 
 // The table of registered defaults. `applicationSupportFolder` is where archives go until the user chooses.

@@ -7,22 +7,23 @@
 
 #include <optional>
 
-// Whom an activity source tells what is in front: the tracker. It outlives the source, or tears it down.
+// An activity source tells this listener what is in front; the tracker is one. It outlives the source, or
+// calls its teardown().
 class ActivityListener {
 public:
     virtual ~ActivityListener() = default;
 
     // Another application is in front.
     virtual void appDidChange() = 0;
-    // This is the application in front, its front window, and the document its title names.
+    // Tells the application in front, its front window, and the document that the window's title names.
     virtual void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                               const std::optional<WindowElement>& mainWindowName,
                                               const std::optional<QString>& documentName) = 0;
-    // The window being credited has another title. Nothing happens without a name, and for another window while the timer is
-    // stopped: then the source goes on to look, but nobody follows it.
+    // The window being credited has another title. Does nothing without a name. While the timer is stopped,
+    // does nothing for any other window either: the source goes on looking then, but nothing is credited.
     virtual void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) = 0;
-    // Before the source restarts its clock for another application: what has passed since the last tick still belongs to the
-    // application that was in front, and to its window if it had one.
+    // Called before the source restarts its clock for another application. The time since the last tick is
+    // credited to the application that was in front, and to its window if `hadWindow`.
     virtual void creditTimeBeforeSwitch(bool hadWindow) = 0;
     // Whether nobody is there: then no switch is told.
     virtual bool isIdle() const = 0;

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Before anything reads a setting.
+// The defaults must be there before anything reads a setting.
 Platform& withRegisteredDefaults(Platform& platform) {
     platform.defaults.registerDefaults(registeredDefaults(platform.folders.applicationSupport));
     return platform;

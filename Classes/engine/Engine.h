@@ -8,7 +8,7 @@
 #include "Classes/store/TKUUIDManager.h"
 #include "platform/Platform.h"
 
-// The store and the tracker, put together from what the desktop offers. Everything in it lives as long as the process;
+// Builds the tracker and what it needs from what the desktop offers. All of it lives as long as the process;
 // the platform outlives it.
 class Engine {
 public:
@@ -17,7 +17,7 @@ public:
         SystemIdleTime::Exit exit;
         // Asks for accessibility trust when a start is refused for want of it.
         std::function<void()> checkAccessibilityTrust;
-        // Makes another activity source than every tracker gets.
+        // Makes another activity source than the usual one.
         TimeTracker::MakeActivator makeActivator;
     };
 

@@ -3,7 +3,8 @@
 
 #include <algorithm>
 
-// Where absences are never noticed, locks of the screen would pile up: a thousand in one absence is more than any.
+// Where absences are never noticed, locks of the screen would pile up here without end. No absence has as
+// many as this.
 static constexpr std::size_t kMost = 1000;
 
 void IdleBookings::add(Instant from, Instant to) {

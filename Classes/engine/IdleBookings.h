@@ -5,17 +5,18 @@
 
 #include <vector>
 
-// Which stretches of time have been booked to Idle, so that an absence is booked once: it may be noticed again and again,
-// because each window that comes up meanwhile looks like somebody at work.
+// Remembers which stretches of time have been booked to Idle, so that each absence is booked once. The same
+// absence may be noticed many times, because every window that comes up by itself looks like somebody at
+// work.
 class IdleBookings {
 public:
-    // The time between is booked. Stretches come in the order of time; one that begins where the last ended goes on
-    // from it.
+    // The time from `from` to `to` is booked. Calls come in order of time; a stretch that begins where the
+    // last one ended extends it.
     void add(Instant from, Instant to);
-    // An absence that began at `from` was noticed at `to`: all of it is booked now, and what was before it can never
-    // be asked for again.
+    // An absence that began at `from` was noticed at `to`, and all of it is booked now. Forgets what was
+    // booked before `from`: nobody asks for that again.
     void settle(Instant from, Instant to);
-    // How much of the time since then is booked.
+    // How much of the time since `since` is booked.
     Seconds bookedSince(Instant since) const;
 
 private:

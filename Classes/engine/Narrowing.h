@@ -5,34 +5,35 @@
 
 #include <algorithm>
 
-// What is left of the tree while a text is searched for or rows with little time are hidden, and whether it may be another by
-// now.
+// The rows that are left while a text is searched for, or while rows with little time are hidden; and whether
+// they may be out of date.
 class Narrowing {
 public:
     using Apps = std::vector<std::shared_ptr<TimeStoreApp>>;
 
-    // False when the same text was asked for last. The first one is always another.
+    // False when the same text was set last. The first call always answers true.
     bool setText(const QString& text);
-    // Seconds; 0 hides nothing.
+    // Rows with less time than this are hidden. Seconds; 0 hides nothing.
     void setLimit(float seconds) { m_limit = seconds; }
 
-    // Others may survive from now on: one has come, is called otherwise or has passed the limit. Nothing is searched for that.
+    // The rows that are left may have changed: a timer has come, has another name, or has passed the limit.
+    // Only counts this; does not search.
     void noteChange() { ++m_changes; }
     void noteTime(Seconds before, Seconds after) {
         if (before < m_limit && after >= m_limit)
             noteChange();
     }
-    // How often that was.
+    // How often noteChange() was called.
     std::uint64_t changes() const { return m_changes; }
-    // Whether it was since the survivors were found.
+    // Whether something has changed since find() looked for the survivors.
     bool isStale() const { return m_survivors && m_foundAt != m_changes; }
 
     // Everything survives until find() is called.
     void giveUp();
     void find(const Apps& apps);
-    // Absent while everything survives.
+    // The rows that are left; absent while nothing is narrowed.
     const std::optional<TimeStoreItem::Children>& survivors() const { return m_survivors; }
-    // Those that are no more.
+    // Takes out survivors that are no longer in the tree.
     template<class IsGone>
     void drop(const IsGone& isGone) {
         if (m_survivors)
@@ -40,7 +41,7 @@ public:
     }
 
 private:
-    // Absent until a search was asked for.
+    // Absent until a text was searched for.
     std::optional<QString> m_text;
     float m_limit = 0;
     std::optional<TimeStoreItem::Children> m_survivors;

@@ -28,7 +28,7 @@ void NotificationHandOff::handleMessage(Queue& queue) {
     while (!queue.waiting.empty()) {
         const Notification next = std::move(queue.waiting.front());
         queue.waiting.pop_front();
-        // Never while the lock is held: processing may bring another notification.
+        // Without the lock: processing may bring another notification.
         guard.unlock();
         queue.process(next);
         guard.lock();

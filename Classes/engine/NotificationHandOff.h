@@ -10,9 +10,9 @@
 #include <mutex>
 #include <thread>
 
-// Moves notifications that arrive on other threads onto the main thread, where they are processed in the order in
-// which they came. Make and destroy it on the main thread. None of ours does today, and the program makes none: this is the
-// way for whoever hands news over from another thread to observers that know but one.
+// Moves notifications that arrive on other threads to the main thread and processes them there in the order
+// in which they came. Make and destroy it on the main thread. The program makes none today, because no
+// notification of its own comes from another thread; it is kept for code that will send some.
 class NotificationHandOff {
 public:
     // `process` is called on the thread that makes this. The run loop must outlive it.
@@ -20,11 +20,11 @@ public:
     NotificationHandOff(const NotificationHandOff&) = delete;
     NotificationHandOff& operator=(const NotificationHandOff&) = delete;
 
-    // From any thread. On the main thread it is processed at once.
+    // May be called on any thread. On the main thread the notification is processed at once.
     void processNotification(const Notification& notification);
 
 private:
-    // Shared with the messages that are under way when this is destroyed.
+    // Shared with messages that are still on their way when this is destroyed.
     struct Queue {
         std::mutex lock;
         std::deque<Notification> waiting;

@@ -8,31 +8,33 @@
 class TimeStoreApp;
 class TimeStoreWindow;
 
-// What is known of the user during a stretch.
+// Whether the user was at work or away during a stretch.
 enum class Presence : unsigned char { Work, Idle };
 
-// A span of time that belongs to one program, one title and one kind of presence. Stretches are told in the order of time
-// and never overlap; what lies between two of them was slept, stopped or spent elsewhere, and is nobody's.
+// A span of time that belongs to one program, one title and one kind of presence. Stretches are told in order
+// of time and never overlap. Time between two of them belongs to nobody: the machine slept or the timer was
+// stopped.
 struct Stretch {
     Instant from;
     Instant to;
-    // Both live as long as the call in which they are told. No window: null.
+    // Valid only during the call that tells the stretch. `window` is null when there was none.
     const TimeStoreApp* program;
     const TimeStoreWindow* window;
-    // Of the window in front, whole and cleaned, as it was during the stretch; empty where there was none.
+    // The whole, cleaned title of the front window during the stretch; empty when there was none.
     QString title;
     Presence presence;
 };
 
-// Who wants to know where the time goes, and not what is put right in the tree afterwards: joining, renaming and taking
-// back are no work. Called in the midst of a tick, after the tree has its time; it changes neither tree nor timer.
+// Hears where the time goes. It does not hear of later corrections of the tree: joining, renaming and undoing
+// are no work. Called in the middle of a tick, after the tree has got its time; must change neither the tree
+// nor the timer.
 class StretchListener {
 public:
     virtual ~StretchListener() = default;
 
     virtual void credited(const Stretch& stretch) = 0;
-    // It has turned out at `noticed` that nobody was there since `since`, the last input: whatever was told of the time
-    // between was in truth an absence, and so is the time that has not been told of, since the end of the last stretch.
-    // `booked` is what the tree has given to Idle for it, by seconds of its own.
+    // At `noticed` it turned out that nobody had been there since `since`, the last input. All time between the
+    // two was an absence: what has already been told of it as work, and what has not been told yet since the
+    // last stretch ended. `booked` is what the tree has given to Idle for it, in its own longer seconds.
     virtual void absent(Instant since, Instant noticed, Seconds booked) = 0;
 };

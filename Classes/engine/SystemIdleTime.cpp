@@ -6,7 +6,8 @@
 
 namespace {
 
-// A division by 2^30 instead of 10^9: 7 % off, and what every recorded account was made with.
+// A division by 2^30 instead of 10^9: these "seconds" are 7 % too long, but every account so far was recorded
+// with them.
 constexpr int kSecondShift = 30;
 
 } // namespace

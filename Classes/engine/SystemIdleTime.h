@@ -8,27 +8,28 @@
 #include <functional>
 #include <optional>
 
-// How long the user has not touched anything, in whole "seconds" of 2^30 nanoseconds, as idle time has always been
-// counted here. Without any display the process cannot do its work and ends with status 1.
+// For how long the user has not touched anything, in whole "seconds" of 2^30 nanoseconds: idle time has
+// always been counted in these here. Without a display the process cannot do its work and ends with status 1.
 class SystemIdleTime {
 public:
     using Exit = std::function<void(int status)>;
 
-    // `exit` ends the process; should it return, the idle time is 0. The rest must outlive this.
+    // `exit` ends the process; if it returns, the idle time is 0. The other arguments must outlive this
+    // object.
     SystemIdleTime(IdleTime& source, Clock& clock, SystemLog& log, Exit exit);
 
     // Asks the display.
     std::uint64_t seconds();
-    // When the user touched something last, if there have been so many of these seconds since.
+    // When the user last touched something, if the idle time is `seconds` of these seconds.
     Instant lastInput(std::uint64_t seconds) const;
-    // The same to the nanosecond, as the display has told it last.
+    // The same to the nanosecond, by the display's last answer.
     Instant lastInput() const;
-    // Whether the user has been idle for at least so many minutes. Asks the display only if that is possible at all:
-    // since the last answer the idle time cannot have grown by more than the time that has passed.
+    // Whether the user has been idle for at least this many minutes. Asks the display only if that is
+    // possible: the idle time cannot have grown by more than the time that has passed since the last answer.
     bool hasReachedMinutes(std::int64_t minutes);
 
-    // The machine has just been woken up, which somebody did: nobody has been idle for longer than since now. Displays
-    // do not count that, and go on from the last input before the sleep.
+    // The machine has just woken up, and somebody woke it: idle time counts from now at the earliest.
+    // Displays do not know this and still count from the last input before the sleep.
     void noteWakeUp() { m_wokenUpAt = m_clock.monotonic(); }
 
 private:

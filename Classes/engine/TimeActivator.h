@@ -18,7 +18,7 @@ class TitleRules;
 
 inline constexpr ObservedKey kIsAXEnabledKey{"isAXEnabled"};
 
-// What activity sources ask. Outlives them.
+// What activity sources ask. It outlives them.
 struct ActivityServices {
     FrontApplication& frontApplication;
     WindowList& windowList;
@@ -26,64 +26,66 @@ struct ActivityServices {
     RunLoop& runLoop;
     Clock& clock;
     SystemLog& log;
-    // What may be known of titles. Null: everything.
+    // Which titles may be recorded. Null: all.
     const TitleRules* titleRules = nullptr;
 };
 
-// Who is called at every tick while it is attached to a source.
+// While attached to a source, this is called at every tick.
 class ComputeTarget {
 public:
     virtual ~ComputeTarget() = default;
     virtual void computeTime() = 0;
 };
 
-// Tells the tracker which application is in front and which of its windows, and keeps the instant from which the time to
-// credit is measured. This base knows applications only. Belongs to one tracker, which outlives it or tears it down.
+// Tells the tracker which application and which of its windows is in front, and keeps the instant from which
+// the next credit is measured. This base class knows applications only. Belongs to one tracker, which
+// outlives it or calls teardown().
 class TimeActivator : public Observable {
 public:
-    // The source every tracker gets, whatever the accessibility trust is.
+    // The source that every tracker gets, with accessibility trust or without.
     static std::unique_ptr<TimeActivator> activatorForTracker(ActivityListener& tracker,
                                                               ActivityServices& services);
 
     TimeActivator(ActivityListener& tracker, ActivityServices& services);
     ~TimeActivator() override;
 
-    // Forgets the tracker: nothing is told to it from now on.
+    // Forgets the tracker and tells it nothing from now on.
     void teardown() { m_timeTracker = nullptr; }
 
     // The name to credit for an application record; absent when neither the record nor the program has one.
     virtual std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record);
-    // Takes from the record what the source needs to know of the application.
+    // Takes from the record what the source needs to know about the application.
     virtual void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record);
     // Another application is in front. Answers its record.
     virtual std::optional<ApplicationRecord> appDidChange();
     // Reads the front window again and tells the tracker.
     virtual void mainWindowDidChange() {}
-    // The document a title names: the title up to the first "(" or "@", trimmed; absent when nothing is left.
+    // The document that a title names: the title up to the first "(" or "@", trimmed. Absent when nothing is
+    // left.
     static std::optional<QString> getDocStringNameForName(const std::optional<QString>& title);
 
-    // Restarts the period to credit, in sources that credit.
+    // Begins a new period to credit, in sources that credit.
     virtual void resetObservations() {}
-    // Gives up what the source is subscribed to.
+    // Ends what the source has subscribed to.
     virtual void resetNotifications() {}
-    // When the period to credit began. Absent until the first reset: then nothing can be credited yet.
+    // When the period to credit began. Absent until the first reset; nothing can be credited until then.
     std::optional<Instant> startDate() const { return m_startDate; }
     // The whole title of the front window, cleaned; absent while the application in front has none.
     virtual std::optional<QString> windowTitle() const { return std::nullopt; }
 
-    // While there is a compute timer, the controller's computeTime() is called ten times a second.
+    // With a compute timer, the controller's computeTime() is called ten times a second.
     virtual void createComputeTimerForController(ComputeTarget& controller);
     virtual void destroyComputeTimer();
     virtual bool computeTimerIsValid() const;
 
-    // Opens the place where the user grants accessibility.
+    // Opens the desktop's settings where the user grants accessibility.
     void openUniversalAccessPreferences();
-    // Whether the program is trusted for accessibility, as far as this source needs it.
+    // Whether the program has the accessibility trust that this source needs.
     virtual bool isAXEnabled();
     // Whether windows are credited as well as applications.
     virtual bool trackDocumentTiming() const { return m_trackDocumentTiming; }
 
-    // The application last told to the tracker.
+    // The application that the tracker was last told of.
     const std::optional<QString>& currentAppName() const { return m_currentAppName; }
     void setCurrentAppName(const std::optional<QString>& name) { m_currentAppName = name; }
 
@@ -95,7 +97,7 @@ protected:
 
     bool m_isAXEnabled;
     bool m_trackDocumentTiming;
-    // The user was sent to grant accessibility: look again at the next switch.
+    // The user was sent to the settings to grant accessibility: check again at the next switch.
     bool m_waitForUniversalAccessChange = false;
 
 private:
@@ -106,6 +108,6 @@ private:
     std::optional<QString> m_currentAppName;
     std::optional<Instant> m_startDate;
     std::unique_ptr<RunLoopTimer> m_updateTimer;
-    // Against re-entry from observers and timers, not against other threads.
+    // Guards against re-entry from observers and timers, not against other threads.
     std::recursive_mutex m_lock;
 };

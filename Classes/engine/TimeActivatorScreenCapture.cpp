@@ -96,7 +96,7 @@ TimeActivatorScreenCapture::buildAppNameForDictionary(const std::optional<Applic
 }
 
 void TimeActivatorScreenCapture::computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) {
-    // The clock restarts with the new application; what it has measured so far is the last one's.
+    // The clock restarts for the new application; the time measured so far belongs to the previous one.
     if (timeTracker())
         timeTracker()->creditTimeBeforeSwitch(m_windowUpdatingName.has_value());
     resetObservations();

@@ -3,15 +3,16 @@
 
 #include "Classes/engine/TimeActivator.h"
 
-// Follows the front window through the window list, ten times a second for its whole life, and drives the tick: while
-// a controller is attached, each poll ends with the controller's computeTime().
+// Follows the front window through the window list, and drives the tick. It polls ten times a second for as
+// long as it exists; while a controller is attached, each poll ends with the controller's computeTime().
 class TimeActivatorScreenCapture : public TimeActivator {
 public:
     TimeActivatorScreenCapture(ActivityListener& tracker, ActivityServices& services);
 
-    // Polls for the application in front and ticks.
+    // One poll: looks which application is in front, and ticks.
     void fastUpdateWindowName();
-    // Finds the front window of a process and notices when it changed its title. No process has no window.
+    // Finds the front window of a process and notices a change of its title. Without a process there is no
+    // window.
     void fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier);
 
     // kPrivateName where nobody's name may be known.
@@ -28,9 +29,9 @@ public:
     bool isAXEnabled() override { return true; }
     bool trackDocumentTiming() const override { return true; }
 
-    // The title last seen of the front window; absent while the application in front has none.
+    // The last title seen of the front window; absent while the application in front has none.
     const std::optional<QString>& windowUpdatingName() const { return m_windowUpdatingName; }
-    // The entry last seen of the front window.
+    // The last entry seen of the front window.
     const std::optional<WindowListEntry>& lastUpdateWindowDict() const { return m_lastUpdateWindowDict; }
 
 private:
@@ -42,10 +43,11 @@ private:
     const std::optional<QString>& allowedTitle(const QString& program, const QString& told);
 
     std::optional<QString> m_windowUpdatingName;
-    // The document in that title: the tick asks for it every time, the title changes seldom.
+    // The document in that title. Kept, because every tick asks for it and the title seldom changes.
     std::optional<QString> m_documentName;
     std::optional<WindowListEntry> m_lastUpdateWindowDict;
-    // A title as the desktop tells it, whose it is, and what may be known of it: the rules are asked when one is new.
+    // A title as the desktop told it, its program, and what the rules leave of it. Kept, so that the rules
+    // are asked only when one of them changes.
     struct Gate {
         QString told;
         QString program;
@@ -53,7 +55,7 @@ private:
         std::optional<QString> allowed;
     };
     Gate m_gate;
-    // Not owned. Its presence is what a valid compute timer means here.
+    // Not owned. Set while there is a compute timer.
     ComputeTarget* m_updateController = nullptr;
     std::unique_ptr<RunLoopTimer> m_pollTimer;
 };

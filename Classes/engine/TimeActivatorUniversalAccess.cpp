@@ -81,7 +81,7 @@ void TimeActivatorUniversalAccess::resetNotifications() {
     const std::lock_guard guard(lock());
     if (!m_currentObservation.notification)
         return;
-    // Each removal only if the one before succeeded; the observer goes in any case.
+    // Each removal is tried only if the one before succeeded; the observer is released in any case.
     const auto observer = std::move(m_currentObservation.observer);
     if (!observer || !m_currentObservation.element)
         return;

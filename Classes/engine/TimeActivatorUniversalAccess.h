@@ -3,10 +3,10 @@
 
 #include "Classes/engine/TimeActivator.h"
 
-// Follows the front window through what applications tell assistive programs. A second source beside the window list, which
-// nothing in the program makes: where a desktop tells nothing, AtspiFrontDesktop offers its windows as a list, so that the
-// tick is the same everywhere. Kept whole, with its tests, for an engine that is to run without any window list. Without a
-// controller's compute timer of its own nothing ticks.
+// Follows the front window through what applications tell assistive programs. The program does not make this
+// source: on desktops that tell nothing, AtspiFrontDesktop offers the same facts as a window list, so the
+// tick is the same everywhere. It is kept, with its tests, for an engine that runs without any window list.
+// It has no tick of its own: only a controller's compute timer makes it tick.
 class TimeActivatorUniversalAccess : public TimeActivator {
 public:
     TimeActivatorUniversalAccess(ActivityListener& tracker, ActivityServices& services);
@@ -28,9 +28,9 @@ private:
         std::optional<WindowElement> element;
         // Its main window.
         std::optional<WindowElement> windowElement;
-        // Absent when the subscription failed, and until the first one.
+        // Absent when the subscription failed, and before the first one.
         std::optional<QString> notification;
-        // Of the main window, as it was last told to the tracker.
+        // The main window's title, as last told to the tracker.
         std::optional<QString> title;
     };
 

@@ -64,7 +64,8 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
                                                const std::optional<WindowElement>& mainWindowName,
                                                const std::optional<QString>& documentName) {
     const std::lock_guard guard(m_lock);
-    // Freezing and removing timers come through here too. What is in front of nobody gets none of the absence.
+    // Freezing and removing timers come through here too. During an absence, the window in front gets no
+    // time.
     if (m_isRunning && m_wasIdle)
         return;
     setCurrentApp(appName);
@@ -74,7 +75,7 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
         m_narrowing.noteChange();
     if (!m_isRunning || !window)
         return;
-    // Its title has changed while it was behind others, or while nobody was there to follow it.
+    // The title has changed while the window was behind others, or while the timer was stopped.
     if (!window->isNamed(*documentName)) {
         window->setName(*documentName);
         m_narrowing.noteChange();
@@ -83,7 +84,7 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
-    // A title that names no document names no window either.
+    // A title without a document in it does not rename the window.
     const auto app = m_activeStoreApp.lock();
     const auto current = m_activeStoreWindow.lock();
     if (!newName || !app || !current)
@@ -91,13 +92,13 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     const bool isCurrent = current->windowElement() && *current->windowElement() == window;
     if (!m_isRunning && !isCurrent)
         return;
-    // Another application's window has not been renamed.
+    // The window being credited belongs to another application, so this title is not its new one.
     if (!isCurrent && m_tree.applicationHolding(*current) != app)
         return;
     if (const auto found = isCurrent ? nullptr : app->windowStoreForName(newName, window);
         found && found != current)
         app->join(*current, *found);
-    // The application joins whatever else bears the name.
+    // If another window of the application has this name, setName() joins the two.
     if (current->name() != *newName)
         current->setName(*newName);
     m_narrowing.noteChange();
@@ -114,7 +115,7 @@ void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
 
 void TimeTracker::updateDisplayTime(bool idle) {
     const std::lock_guard guard(m_lock);
-    // While the timer is stopped nobody's absence begins either.
+    // While the timer is stopped, no absence begins.
     if (!m_wasIdle && idle && m_isRunning) {
         m_wasIdle = true;
         bookIdleOnset();
@@ -141,7 +142,8 @@ void TimeTracker::creditCurrentApp() {
     tellOfStretch(app, *start, instant());
 }
 
-// Null when the window is not the application's: one without windows of its own leaves the last one's current.
+// Null when the window belongs to another application: one without windows leaves the previous one's window
+// current.
 static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
                                                  const std::weak_ptr<TimeStoreWindow>& window) {
     auto current = window.lock();
@@ -169,12 +171,13 @@ void TimeTracker::bookIdleOnset() {
     const Instant lastInput = m_services.idleTime.lastInput(idleCount);
     const Instant start = m_timeActivator->startDate().value_or(instant());
     const Seconds gap = secondsBetween(start, instant());
-    // What has passed since the last tick is nobody's yet.
+    // The time since the last tick has not been credited to anybody yet.
     const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
     const auto current = m_activeStoreApp.lock();
     const auto window = current ? windowOf(*current, m_activeStoreWindow) : nullptr;
     const Seconds windowTime = window ? window->activeTime() : idle;
-    // Normally one tick has passed, which is less than any idle time: only a gap in the ticks makes this true.
+    // Normally only one tick has passed, less than any idle time. More means that the ticks stood still for a
+    // while.
     const bool isGap = gap > idle;
     if (isGap) {
         takeAbsenceFromGap(gap, idle);
@@ -189,20 +192,20 @@ void TimeTracker::bookIdleOnset() {
         addTime(*app, unbooked);
     m_idleBookings.settle(lastInput, instant());
     resetInternalTimes();
-    // Told last: the account is right by now.
+    // Thrown last, when all bookings are done.
     if (isGap && windowTime - idle < 0)
         throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
                                     QString::asprintf("%f, %f", windowTime, idle));
 }
 
-// An absence goes to Idle once, and only as far as the timer ran through it.
+// Books an absence to Idle only once, and only as far as the timer ran during it.
 Seconds TimeTracker::unbookedIdle(Seconds idle, Instant lastInput) const {
     const Seconds counted = std::min(idle, secondsBetween(m_countingSince, instant()));
     return std::max(0.0, counted - m_idleBookings.bookedSince(lastInput));
 }
 
-// The ticks stood still for longer than the user has been away: of what has passed meanwhile, the absence is not the
-// application's.
+// The ticks stood still for longer than the user has been away: the application gets the time until the user
+// left.
 void TimeTracker::takeAbsenceFromGap(Seconds gap, Seconds idle) {
     const auto app = m_activeStoreApp.lock();
     if (!app)
@@ -215,7 +218,7 @@ void TimeTracker::takeAbsenceFromGap(Seconds gap, Seconds idle) {
 void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start) {
     if (!node || !start)
         return;
-    // An observer may remove the node while it is told.
+    // An observer may remove the node while being told.
     const auto alive = node->weak_from_this().lock();
     addTime(*node, secondsBetween(*start, instant()));
 }
@@ -268,8 +271,8 @@ Seconds TimeTracker::totalTime() const {
     const bool countsIdle = m_services.defaults.boolForKey(kIncludeIdleInSumofTimes);
     Seconds total = 0;
     for (const auto& app : m_tree.applications()) {
-        // Ourselves by the name shown, the idle time by the name it was made under: a timer that the user calls
-        // "Ticklog" is meant to be left out with us.
+        // Ticklog itself is recognised by the name shown, Idle by its original name: a timer that the user
+        // has renamed to "Ticklog" is meant to be left out as well.
         if (!countsSelf && app->isShownAs(kOwnName))
             continue;
         if (!countsIdle && app->isNamed(kIdleName))

@@ -25,12 +25,12 @@ inline constexpr ObservedKey kTimeSetKey{"timeSet"};
 inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
 inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDisplayString"};
 
-// What idle time is credited to.
+// The name of the pseudo-application that idle time is credited to.
 inline const QString kIdleName = QStringLiteral("Idle");
 
-// Owns the tree of timers and the activity source, and credits time: at every tick what has passed since the
-// last one goes to the current application's node and, separately, to the current window's. There is one in
-// the process. Main thread only; the lock is against re-entry.
+// Owns the tree of timers and the activity source, and credits time: at every tick, what has passed since the
+// last one goes to the node of the current application and, separately, to the node of the current window.
+// There is one tracker in the process. Main thread only; the lock guards against re-entry.
 class TimeTracker : public Observable, public ActivityListener {
 public:
     using AppSet = TimerTree::AppSet;
@@ -41,10 +41,10 @@ public:
 
     bool isRunning() const { return m_isRunning; }
 
-    // False when the source lacks its accessibility trust: then the user is asked for it, and nothing starts.
+    // False when the source lacks its accessibility trust: then the user is asked for it and nothing starts.
     bool setIsRunning(bool run);
 
-    // What the source tells.
+    // The activity source calls these.
     void appDidChange() override;
     void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                       const std::optional<WindowElement>& mainWindowName,
@@ -53,24 +53,25 @@ public:
     void creditTimeBeforeSwitch(bool hadWindow) override;
     bool isIdle() const override { return m_wasIdle; }
 
-    // Tells where the time goes for as long as the subscription lives. The listener outlives it.
+    // The listener is told every stretch for as long as the subscription lives, and must outlive it.
     Subscription listen(StretchListener& listener) { return m_listeners->add(&listener); }
 
     // The tick.
     void updateDisplayTime(bool idle);
-    // Adds what has passed since `start`. Nothing happens without a node or a start.
+    // Adds the time since `start` to the node. Does nothing without a node or a start.
     void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start);
-    // Finds or makes the node to credit. Without a name the last one stays.
+    // Finds or makes the application to credit. Without a name the current one stays.
     void setCurrentApp(const std::optional<QString>& name);
     void resetInternalTimes();
     void awakeFromSleep();
 
-    // The sum over all applications, in seconds, without our own and the idle time where the settings say so.
+    // The sum over all applications, in seconds. Leaves out Ticklog itself and Idle where the settings say
+    // so.
     Seconds totalTime() const;
-    // What survives the search and the cut-off; everything while there are none.
+    // The applications that the search and the cut-off leave; all of them while neither is set.
     TimeStoreItem::Children timeSet() const;
 
-    // All of it.
+    // All timers.
     const TimerTree& tree() const { return m_tree; }
     const AppSet& fullTimeSet() const { return m_tree.applications(); }
     std::vector<Identity> primaryUUIDs() const { return m_tree.identities(); }
@@ -79,40 +80,43 @@ public:
                                                       bool excludingIncludedChildren) const {
         return m_tree.timersOf(childUUIDs, excludingIncludedChildren);
     }
-    // Gives a project's node the nodes of its members for children.
+    // Gives a project's node the nodes of its members as children.
     void updateTimeStoreCategory(TimeStoreCategory& category, const std::vector<Identity>& childUUIDs) const;
 
     void setSearchString(const QString& searchString);
-    // Seconds.
+    // In seconds: rows with less time are hidden.
     void setCutoffTime(float cutoffTime);
     void reloadSearchFiltering();
-    // What survives the search and the cut-off, and whether others may by now.
+    // What the search and the cut-off leave, and whether that is out of date.
     const Narrowing& narrowing() const { return m_narrowing; }
 
     // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
-    // fresh timer of the old name.
+    // fresh timer with the old name.
     FrozenTimer branchNode(TimeStoreNode& node);
-    // Freezes the timers of these identities, as timeChildrenForChildUUIDs() finds them, but for those already frozen.
+    // Freezes the timers of these identities, found as timeChildrenForChildUUIDs() finds them. Leaves out
+    // those already frozen.
     std::vector<FrozenTimer> branchUUIDs(const std::vector<Identity>& childUUIDs);
-    // Undoes a freezing: the frozen timer takes its name and its identity back, and whatever bears the name by now goes on
-    // in it, with its time, its windows and the name that the user gave it meanwhile. False, and nothing happens, when
-    // the frozen timer is no more.
+    // Undoes a freezing. The frozen timer gets its name and identity back, and takes in the timer that has
+    // that name by now: its time, its windows, and the name that the user gave it meanwhile. Answers false
+    // and does nothing when the frozen timer no longer exists.
     bool unbranchNode(FrozenTimer& frozen);
-    // Freezes a timer anew, under the identities of the first time. False, and nothing happens, when it is no more.
+    // Freezes a timer again, under the identities of the first time. Answers false and does nothing when it
+    // no longer exists.
     bool branchNodeAgain(FrozenTimer& frozen);
     // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was
     // called.
     void refreshProjects(const PropertyListDictionary& info);
-    // Adds an application timer, whatever its name says: old database files hold only those.
+    // Adds an application with this name and time. The oldest database files hold nothing but such pairs.
     void addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent);
     // Clears all timers.
     void reset();
-    // The registry knows all timers by their names, whatever it has heard of others meanwhile.
+    // Enters all timers in the registry under their names, in place of whatever it holds for them.
     void enterNames() const;
     void removeUUIDs(const std::unordered_set<Identity>& identities);
-    // As removeUUIDs(), but these and no others that share an identity with them.
+    // Like removeUUIDs(), but removes exactly these timers and no others that share an identity with them.
     void removeTimers(const TimerReferences& timers);
-    // Undoes a removal, of which these are the records that TimerTree::recordsOf() had made before. Where another timer of the same name has come since, the time goes to that one.
+    // Undoes a removal. `entries` are what TimerTree::recordsOf() answered before it. Where a timer of the
+    // same name has come since, it takes the time.
     void putBack(const PropertyListArray& entries);
 
     // How many timers say more than may be known.
@@ -123,16 +127,16 @@ public:
     std::unordered_set<Identity> sayNoMoreThan(const PastTitles& past);
 
     PropertyListArray arrayRepresentation() const;
-    // The same, piece by piece.
+    // Writes the records of all timers, piece by piece.
     void writeArrayRepresentation(PropertyListSink& sink) const { m_tree.write(sink); }
-    // Adds the applications of `entries` to what is there. Entries of other types are left out, and counted in the log;
-    // answers how many.
+    // Adds the applications in `entries` to the tree. Leaves out entries of other types and logs how many;
+    // answers that number.
     int setArrayRepresentation(const PropertyListArray& entries);
-    // The same, of what has been made of them already.
+    // The same for timers that are already made.
     int take(IncomingTimers& timers);
 
-    // Takes applications out of the tree that have been made since it was cleared, where another of the same name has
-    // come in from a file; their time goes to that one.
+    // After an import: takes out applications that were made since the tree was cleared, where the file
+    // brought one of the same name. That one gets their time.
     void dissolve(const AppSet& applications);
 
     // When the timers were last cleared.
@@ -179,7 +183,7 @@ private:
     std::optional<Identity> tellApart(const TimeStoreWindow& window);
     void postBranching(const FrozenTimer::Pair& identities);
     void bringSuccessorsBack(const FrozenTimer& frozen) const;
-    // What has become one, as kTicklogUnbranchNodeNotification tells it.
+    // Answers which identities were joined into which, as kTicklogUnbranchNodeNotification tells it.
     FrozenIdentities unbranchWindow(TimeStoreWindow& window, TimeStoreApp& app, FrozenTimer& frozen);
     FrozenIdentities unbranchApplication(const std::shared_ptr<TimeStoreApp>& app, FrozenTimer& frozen);
     void enterNamesAgain(const FrozenIdentities& joined) const;
@@ -200,10 +204,11 @@ private:
     TimerTree m_tree;
     std::unique_ptr<RuleCategories> m_categories;
     Date m_lastResetDate;
-    // Not owned: observers may take any node out of the tree, also the one being credited.
+    // Not owned: observers may take any node out of the tree, even the one being credited.
     std::weak_ptr<TimeStoreApp> m_activeStoreApp;
     std::weak_ptr<TimeStoreWindow> m_activeStoreWindow;
-    // The last start of the timer or clearing of the timers, whichever is later: no absence is booked from before.
+    // When the timer was last started or the timers were last cleared, whichever is later. No absence from
+    // before is booked.
     Instant m_countingSince;
     IdleBookings m_idleBookings;
     Narrowing m_narrowing;

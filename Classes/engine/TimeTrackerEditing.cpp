@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tracker's changes to the whole tree: clearing, reading and writing it.
+// Changes of the whole tree: clearing, reading and writing it.
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/store/IncomingTimers.h"
 #include "Classes/store/TKUUIDManager.h"
@@ -22,14 +22,14 @@ void TimeTracker::reset() {
         willChange(kTimeSetKey);
         const AppSet cleared = m_tree.takeAll();
         m_activeStoreApp.reset();
-        // Nothing may point into what is cleared when the observers are told.
+        // Observers are told next: nothing may point to the cleared timers by then.
         m_activeStoreWindow.reset();
         m_narrowing.drop([](const TimeStoreItem&) { return true; });
         didChange(kTimeSetKey);
         m_tree.forgetAllNames();
         m_timeActivator->resetNotifications();
         setLastResetDate(now());
-        // An absence that is going on begins anew in the empty tree.
+        // An absence that is under way counts from now on in the empty tree.
         m_countingSince = instant();
     }
     appDidChange();
@@ -53,7 +53,7 @@ int TimeTracker::take(IncomingTimers& timers) {
     {
         const ChangeAnnouncement announcement(*this, kTimeSetKey);
         for (auto& app : timers.take()) {
-            // The tree may have been cleared since it was made, and have entered its own.
+            // The tree may have been cleared since this was made, and have entered identities of its own.
             if (const auto uuid = app->uuid();
                 uuid && registry.knownUUID(app->registryKey(app->name())) != uuid)
                 registry.setUUID(*uuid, app->registryKey(app->name()));

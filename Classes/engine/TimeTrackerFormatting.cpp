@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the tracker's durations and dates read.
+// How durations and dates are written.
 #include "Classes/common/Settings.h"
 #include "Classes/engine/TimeTracker.h"
 #include "platform/foundation/text/DurationText.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Cut off. A file may hold any time, also one that no integer can tell.
+// Rounds towards zero. A file may hold any number, even one too large for an integer.
 qint64 wholeNumber(double number) {
     return PropertyListValue(number).toInteger();
 }
@@ -19,7 +19,7 @@ QString counted(const char* key, qint64 count) {
     return localized(key).replace(QLatin1String("%ld"), QString::number(count));
 }
 
-// Languages differ in how they count two and none, so these have keys of their own.
+// Languages form the plural of two and of none in different ways, so both have texts of their own.
 const char* hourKey(qint64 hours) {
     return hours == 1   ? QT_TRANSLATE_NOOP("Ticklog", "%ld hour")
            : hours == 2 ? QT_TRANSLATE_NOOP("Ticklog", "%ld hour-2")
@@ -49,7 +49,7 @@ QString TimeTracker::humanTimeStringForDouble(Seconds seconds) const {
     const bool includesSeconds = m_services.defaults.boolForKey(kIncludeSecondsWhenCopyingTime);
     const double whole = std::floor(seconds);
     const auto hours = wholeNumber(std::floor(whole / 3600));
-    // Rounded before the hours are taken off, so that 59.5 minutes become 60 and then none: nothing carries.
+    // Rounded before the hours are taken off: 59.5 minutes become 60, which is an hour and no minutes.
     const float allMinutes = includesSeconds ? float(std::floor(whole / 60)) : std::round(float(whole / 60));
     const auto minutes = wholeNumber(std::fmod(allMinutes, 60.0F));
     const auto rest = wholeNumber(std::fmod(whole, 60));

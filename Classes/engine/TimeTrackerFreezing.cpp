@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the tracker freezes timers, and how a frozen one becomes one again with what went on in its place.
+// Freezing timers, and undoing it.
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/store/TKUUIDManager.h"
 #include "platform/foundation/text/LocalizedStrings.h"
@@ -12,7 +12,7 @@ namespace {
 const QString kInfoCurrentApp = QStringLiteral("Current App");
 const QString kInfoOldName = QStringLiteral("Old Name");
 
-// " (Frozen 11/20/26)" behind the name.
+// Appends " (Frozen 11/20/26)".
 QString frozenName(const QString& name, Date today) {
     return name + localized(" (Frozen %@)").replace(QLatin1String("%@"), shortDate(today));
 }
@@ -69,7 +69,7 @@ void TimeTracker::branch(TimeStoreNode& node, FrozenTimer& frozen) {
 }
 
 void TimeTracker::branchWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
-    // The table may hold the last share but ours while the window changes its key.
+    // The table may hold the last reference but this one, and drops it while the window changes its key.
     const auto alive = window.shared_from_this();
     const QString oldName = window.name();
     const std::optional<Identity> known = tellApart(window);
@@ -77,7 +77,7 @@ void TimeTracker::branchWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
     window.setName(frozenName(oldName, now()));
     window.setRenamedNameFormatted({{kRecordName, oldName}});
     window.setUuid(frozen.replace(window.uuid()));
-    // Whatever is on the screen under that number is the fresh timer's from now on.
+    // From now on the window on the screen belongs to the fresh timer.
     window.setWindowElement(WindowElement());
     postBranching({known, *window.uuid()});
     bringSuccessorsBack(frozen);
@@ -112,8 +112,8 @@ void TimeTracker::branchApplication(TimeStoreApp& app, FrozenTimer& frozen) {
     refreshProjects({{kInfoCurrentApp, wasCurrent ? 1 : 0}, {kInfoOldName, oldName}});
 }
 
-// By which identity a window that is to be frozen is known to projects. Another application's window may go by the same:
-// then by one of its own, so that projects go on having the other.
+// Answers the identity by which projects know this window. If another application's window shares it, this
+// window gets one of its own first, so that projects keep the other window.
 std::optional<Identity> TimeTracker::tellApart(const TimeStoreWindow& window) {
     const std::optional<Identity> shared = window.uuid();
     const auto goesByIt = [&](const std::shared_ptr<TimeStoreWindow>& other) {
@@ -139,7 +139,8 @@ void TimeTracker::postBranching(const FrozenTimer::Pair& identities) {
 void TimeTracker::bringSuccessorsBack(const FrozenTimer& frozen) const {
     if (frozen.successors().empty())
         return;
-    // Whoever still has projects to save has the registry forget names by that.
+    // This may save the projects, and saving removes unused names from the registry. So the names are entered
+    // after it.
     m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
     for (const auto& [key, identity] : frozen.successors())
         m_services.store.registry.setUUID(identity, key);
@@ -169,7 +170,7 @@ bool TimeTracker::unbranchNode(FrozenTimer& frozen) {
         return false;
     enterNamesAgain(*joined);
     m_services.store.notifications.post(kTicklogUnbranchNodeNotification, *std::move(joined));
-    // What was found may be timers that are no more.
+    // The search result may still hold timers that no longer exist.
     reloadSearchFiltering();
     m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
     return true;
@@ -213,7 +214,7 @@ FrozenIdentities TimeTracker::unbranchApplication(const std::shared_ptr<TimeStor
     return joined;
 }
 
-// A title may stand for another application's window, whose it stays.
+// Enters names again, except where a title now belongs to another application's window.
 void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
     TKUUIDManager& registry = m_services.store.registry;
     std::unordered_set<Identity> kept;
@@ -235,7 +236,7 @@ void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
     }
 }
 
-// `other` is in the tree no more.
+// `other` has already left the tree.
 void TimeTracker::joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen,
                            FrozenIdentities& joined) {
     node.addTimeInterval(other.activeTime());

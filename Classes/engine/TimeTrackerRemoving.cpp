@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How timers leave the tree and come back, and what is kept of their names.
+// Timers leave the tree and come back; what the registry keeps of their names.
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/store/TKUUIDManager.h"
 
@@ -17,7 +17,7 @@ std::optional<Identity> identityOf(const PropertyListValue& record) {
     return bytes ? Identity::fromBytes(*bytes) : std::nullopt;
 }
 
-// Which timers entries are of that recordsOf() has made.
+// Which timers the entries describe. They come from recordsOf().
 TimerReferences referencesOf(const PropertyListArray& entries) {
     TimerReferences timers;
     for (const PropertyListValue& entry : entries) {
@@ -61,7 +61,7 @@ void TimeTracker::remove(const TimerTree::IsMeant& isMeant) {
     m_narrowing.drop([&](const TimeStoreItem& item) {
         return std::ranges::any_of(removed, [&](const auto& app) { return app.get() == &item.node(); });
     });
-    // The current application is looked for again in any case.
+    // The current application is looked up again, whether it was removed or not.
     const bool findsAppAgain = m_activeStoreApp.lock() != nullptr;
     m_activeStoreApp.reset();
     if (findsWindowAgain || std::ranges::find(removed, holder) != removed.end())

@@ -57,7 +57,7 @@ void TimerControl::forceStartTimer() {
 }
 
 void TimerControl::stopTimer() {
-    // At once: a crash after this must not start the timer again.
+    // Written at once: after a crash the next launch must not start the timer.
     m_services.defaults.setObject(kTKWasTimerRunning, false);
     m_services.defaults.synchronize();
     halt();
@@ -149,7 +149,7 @@ void TimerControl::sessionDidResignActive() {
 }
 
 void TimerControl::sessionDidBecomeActive() {
-    // A timer that is paused would look as if it ran.
+    // Only if it runs: a paused timer would be shown as running.
     if (isRunning())
         recreateComputeTimer();
 }
@@ -165,7 +165,7 @@ void TimerControl::willPowerOff() {
 
 void TimerControl::ticklogHeartbeat() {
     if (m_wasRunning) {
-        // The wake-up notification went missing.
+        // The message that the machine woke up was lost.
         conditionallyStartTimer();
         return;
     }

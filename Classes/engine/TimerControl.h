@@ -4,26 +4,27 @@
 #include "Classes/engine/TimeTracker.h"
 #include "platform/PowerEvents.h"
 
-// What shows the timer's state. Called by TimerControl alone; it decides nothing.
+// Shows the timer's state. Only TimerControl calls it; it decides nothing.
 class TimerDisplay {
 public:
     virtual ~TimerDisplay() = default;
 
-    // The start button: which picture and which label (already in the user's language).
+    // The start button: its picture, and its label in the user's language.
     virtual void showToggle(const QString& image, const QString& label) = 0;
-    // The picture of the program in the task bar, with or without the badge of a running timer.
+    // The program's picture in the task bar, with or without the badge of a running timer.
     virtual void showRecordingBadge(bool isRecording) = 0;
     virtual void updateMenuIconState() = 0;
-    // At every tick.
+    // Called at every tick.
     virtual void refreshTimeSum() = 0;
     virtual void updateMenus() = 0;
 };
 
-// Starts and stops the timer, and brings every tick to the tracker with the verdict whether the user is idle. It is
+// Starts and stops the timer. At every tick it tells the tracker whether the user is idle. The timer is
 // stopped, running, or stopped for sleep. Main thread only.
 class TimerControl : public ComputeTarget {
 public:
-    // Writes the main store; called when the timer stops, the session is left and the power goes.
+    // Writes the main store. Called when the timer stops, when the session is left and when the machine
+    // powers off.
     using Save = std::function<void()>;
 
     TimerControl(TimeTracker& tracker, TrackerServices& services, TimerDisplay& display, Save save);
@@ -33,14 +34,14 @@ public:
     void toggleCounting();
     void startTimer();
     void stopTimer();
-    // Attaches the ticks and shows the timer as running, whatever the tracker says.
+    // Attaches the tick and shows the timer as running, whether the tracker runs or not.
     void forceStartTimer();
     void setToRun() { m_tracker.setIsRunning(true); }
 
-    // The tick.
+    // One tick.
     void computeTime() override;
-    // Shows the sum and the menus anew, for whoever has changed the tree. Nothing is credited: a tick might find an absence
-    // that was not spent in this tree.
+    // Shows the sum and the menus anew after the tree has changed. Credits nothing: a tick here could book an
+    // absence to timers that have only just been loaded.
     void refreshDisplay();
     bool isIdle();
 
@@ -48,20 +49,21 @@ public:
     void recreateComputeTimer();
     bool computeTimerIsValid() const;
 
-    // Hears of sleep and wake from now on.
+    // From now on hears of sleep and waking.
     void registerForSystemSleep(PowerEvents& power);
-    // Before sleep: stops a running timer and remembers that it ran, also for a launch after a battery that went empty.
+    // Before sleep: stops a running timer and remembers that it ran. A later launch knows it too, should the
+    // battery go empty.
     void stopTimerWithCondition();
-    // After sleep: starts it again if it ran.
+    // After sleep: starts the timer again if it ran before.
     void conditionallyStartTimer();
 
-    // The user's session went to the background, or came back.
+    // The user's session went to the background, or came back from it.
     void sessionDidResignActive();
     void sessionDidBecomeActive();
-    // Nobody is asked: a running timer is started again at the next launch.
+    // The machine powers off. Asks the user nothing; the next launch starts a running timer again.
     void willPowerOff();
 
-    // Brings back a timer that should run, every 15 seconds and right after creation.
+    // Restarts a timer that should run and does not. Called every 15 seconds and right after construction.
     void ticklogHeartbeat();
 
 private:
@@ -72,7 +74,7 @@ private:
     TrackerServices& m_services;
     TimerDisplay& m_display;
     Save m_save;
-    // The timer ran when sleep stopped it.
+    // The timer ran when the machine went to sleep.
     bool m_wasRunning = false;
     PowerEvents* m_power = nullptr;
     // Zero until registered.

@@ -9,7 +9,7 @@ class UserDefaults;
 struct ActivityServices;
 struct TimeStoreServices;
 
-// What the tracker asks of the rest. Outlives it.
+// What the tracker uses of the rest of the program. It outlives the tracker.
 struct TrackerServices {
     TimeStoreServices& store;
     ActivityServices& activity;

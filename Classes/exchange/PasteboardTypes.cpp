@@ -15,10 +15,10 @@ QByteArray timerPasteboardData(const std::vector<Identity>& timers) {
 
 namespace {
 
-// The most timers that an account has take a third of it.
+// An account with the most timers takes a third of this.
 constexpr qsizetype kMostBytes = 16 * 1024 * 1024;
 
-// What another program has put there.
+// Reads bytes that another program may have put there.
 Result<PropertyListValue> readPasteboard(const QByteArray& bytes) {
     if (bytes.size() > kMostBytes)
         return Failure{Failure::Kind::Refused, QStringLiteral("too much on the pasteboard")};

@@ -16,9 +16,9 @@ using Row = std::array<QString, 4>;
 const Row kHeading{QStringLiteral("Application"), QStringLiteral("Window"), QStringLiteral("Original Name"),
                    QStringLiteral("Time")};
 
-// A timer's row in the table of the two forms that have one, and below it its children's.
+// The timer's row, and below it the rows of its children. For the two forms that have a table.
 std::vector<Row> rowsOf(const TimeStoreItem& timer) {
-    // Under "Original Name" stands the name after renaming, deliberately.
+    // The column "Original Name" shows the name after renaming, deliberately.
     std::vector<Row> rows{{timer.name(), QString(), timer.renamedName(), timer.activeTimeString()}};
     for (const auto& child : childrenOf(timer))
         rows.push_back({timer.name(), child->name(), child->renamedName(), child->activeTimeString()});

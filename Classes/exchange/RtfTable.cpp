@@ -18,7 +18,7 @@ void spell(QByteArray& out, const QString& text) {
         else if (unit >= 0x20 && unit < 0x7F)
             out += char(unit);
         else if (unit >= 0x80)
-            // Signed, and with a stand-in for readers that know no Unicode.
+            // A signed number, and a question mark for readers that do not know Unicode.
             ((out += "\\u") += QByteArray::number(qint16(unit))) += '?';
     }
 }

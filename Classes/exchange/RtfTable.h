@@ -6,7 +6,7 @@
 
 #include <span>
 
-// A table as a document of Rich Text Format, written row by row. Characters beyond ASCII are spelled as numbers, so that
+// A table in Rich Text Format, written row by row. Characters beyond ASCII are written as numbers, so that
 // every reader understands them.
 class RtfTable {
 public:
@@ -19,7 +19,7 @@ public:
 private:
     void add(std::span<const QString> cells, bool isBold);
 
-    // What every row starts with: how wide its cells are.
+    // Every row begins with this: the widths of its cells.
     QByteArray m_rowStart;
     QByteArray m_text;
 };

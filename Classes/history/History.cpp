@@ -13,13 +13,13 @@ using Trouble = AccountTrouble::Kind;
 
 namespace {
 
-// With what a write takes, no more than fifteen seconds are ever missing.
+// Together with the time that a write takes, a crash never costs more than fifteen seconds.
 constexpr auto kBetweenWrites = 14'500ms;
 constexpr auto kBetweenTries = 60s;
 constexpr auto kLongestEnd = 2000ms;
 constexpr std::int64_t kDay = 86'400'000;
 constexpr std::size_t kManyWaiting = 5000;
-// A disk that has not answered for so many writes hangs.
+// If so many writes come due while one is still under way, the disk hangs.
 constexpr int kHangs = 4;
 
 const QString kFileName = QStringLiteral("History.sqlite");
@@ -30,7 +30,7 @@ int dayBeginOf(const UserDefaults& defaults) {
 
 } // namespace
 
-// Between the tracker and the recorder: sees that something new has come.
+// Listens to the tracker beside the recorder, and plans a write as soon as there is something new.
 class History::Prompter : public StretchListener {
 public:
     explicit Prompter(History& history)
@@ -151,7 +151,7 @@ void History::settingsChanged() {
         m_recorder.takeInto(unwanted);
         m_writer.removeFile();
     } else if (days >= 0 && !m_listening) {
-        // What the store lacks by now is not known here.
+        // What the store lacks is not known any more.
         m_writer.noteStore(HistoryChange::StoreUnknown{QByteArray("none")});
         begin();
     } else {
@@ -214,7 +214,7 @@ void History::newsHasCome() {
 
 void History::write() {
     m_nextWrite.reset();
-    // What waits will be joined: it is not to be written once more in its own name.
+    // Waiting rows will be joined, so the recorder must not change them any more.
     if (m_writer.waiting() > kManyWaiting)
         m_recorder.settle();
     m_recorder.takeInto(m_writer.next());
@@ -226,7 +226,7 @@ void History::write() {
     m_writer.write();
 }
 
-// The disk is asked nothing about it here: that would hang as well.
+// The message does not ask the disk for a reason: asking would hang, too.
 void History::noteWhetherHeldUp() {
     m_heldUp = m_writer.isWriting() ? m_heldUp + 1 : 0;
     if (m_heldUp >= kHangs)
@@ -263,6 +263,6 @@ void History::told(const HistoryKeeper::Report& report) {
     if (!isSaid)
         m_services.log.log(QStringLiteral("The history could not be written: ") + report.why);
     trouble.tell(Trouble::HistoryUnwritten, AccountTrouble::unwritten(m_path));
-    // Nobody may be there to bring anything new.
+    // Tries again even if nothing new comes.
     m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenTries, [this] { write(); });
 }

@@ -7,9 +7,9 @@
 #include "Classes/record/StoreWitness.h"
 #include "Classes/record/TimeDatabase.h"
 
-// When it was: keeps beside the totals a journal of where the time goes, in a file of its own, and at launch adds to the
-// totals what a crash has cost them. It listens to the tracker and is told of each save; nothing it does ever holds them up.
-// Main thread only.
+// Records when time was spent: a journal of stretches beside the totals, in a file of its own. At launch it
+// adds to the totals what a crash took from them. It listens to the tracker and is told of each save, and
+// never holds either of them up. Main thread only.
 class History : public StoreWitness {
 public:
     // Everything outlives the history.
@@ -24,7 +24,8 @@ public:
         SystemLog& log;
     };
 
-    // To be made when the main store has been read and before the timer runs: then the timers get what it lacks.
+    // Make it after the main store has been read and before the timer runs: the constructor adds to the
+    // timers what the store lacks.
     explicit History(const Services& services,
                      BackgroundMove::Background background = BackgroundMove::onThread);
     History(const History&) = delete;
@@ -34,29 +35,31 @@ public:
     // "History.sqlite" in the folder of the user's account.
     static QString pathIn(const QString& applicationSupport);
     const QString& path() const { return m_path; }
-    // Whether one is kept at all.
+    // Whether a history is kept.
     bool isKept() const { return m_listening.has_value(); }
 
     // The hour of the clock at which a day begins.
     int dayBegins() const { return m_dayBegins; }
-    // Why there is nothing to read and nothing to forget, for the user; empty while there is.
+    // Why there is nothing to read and nothing to forget, as a sentence for the user; empty when there is
+    // something.
     QString obstacle() const;
-    // Asks the file about what is written by now.
+    // For questions about what is already in the file.
     std::unique_ptr<HistoryReader> reader() const;
 
-    // Gone for good, with all that waits of it. What was owed to the store goes too: it is to be saved then.
+    // Deletes all that matches, for good, in the file and in what waits to be written. Time that was owed to
+    // the store is deleted too, so the caller must save the store.
     void forget(const HistoryChange::Forgotten& what);
-    // No more is left of what is in it than rules allow; the rest as with what is forgotten. `hidden` is the timer of what
-    // has nobody's name.
+    // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they replace is
+    // replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
-    // Writes what there is, as far as the disk answers in time: the program ends.
+    // The program ends: writes all that waits, as far as the disk answers in time.
     void finish();
 
     void storeIsWhole(const QByteArray& content) override;
     void storeIsPlaced(const QByteArray& content) override;
 
 private:
-    // What is told to it while it is kept.
+    // Its subscriptions, while the history is kept.
     struct Listening {
         Subscription stretches;
         Subscription freezing;
@@ -64,7 +67,7 @@ private:
         Subscription removing;
         Subscription comingBack;
     };
-    // Has the file written in time while there is something new.
+    // Writes the file a little later, whenever there is something new.
     class Prompter;
 
     void catchUp();
@@ -88,11 +91,11 @@ private:
     std::optional<Listening> m_listening;
     std::int64_t m_days = 0;
     int m_dayBegins = 0;
-    // The day for which what is too old was last taken out.
+    // The day on which old rows were last deleted.
     std::int64_t m_sweptOn = 0;
-    // How often in a row there was something to be written while the last was still on its way.
+    // How many writes in a row came due while the one before was still under way.
     int m_heldUp = 0;
-    // Why it could not be written last; empty while it can.
+    // Why the last write failed; empty if it did not.
     QString m_why;
     std::unique_ptr<RunLoopTimer> m_nextWrite;
     Subscription m_settings;

@@ -9,10 +9,10 @@
 #include <variant>
 #include <vector>
 
-// How a stretch is kept: work and idle time were measured, the third was entered by the user.
+// What kind of time a row holds. Work and idle time were measured; the user entered the third kind by hand.
 enum class RowPresence : std::int64_t { Work = 0, Idle = 1, ByHand = 2 };
 
-// Whose stretch it is, by identity; none for what has no timer.
+// The timer of a stretch, by identity. Absent where there is none.
 struct RowTimer {
     std::optional<Identity> application;
     std::optional<Identity> window;
@@ -20,14 +20,14 @@ struct RowTimer {
     friend bool operator==(const RowTimer&, const RowTimer&) = default;
 };
 
-// A stretch as the history keeps it. None crosses a full hour of local time, so hours, days, and changes of the offset,
-// never divide one.
+// A stretch as the history keeps it. No row crosses a full hour of local time, so the borders of hours and
+// days, and changes of the offset from UTC, never fall inside one.
 struct HistoryRow {
     // Milliseconds since 1970, UTC.
     std::int64_t start = 0;
-    // Milliseconds; 0 for one that is to go.
+    // Milliseconds; 0 for a row that is to be deleted.
     std::int64_t length = 0;
-    // What local time was ahead of UTC, in minutes.
+    // How many minutes local time was ahead of UTC.
     std::int64_t offset = 0;
     QString program;
     QString title;
@@ -35,7 +35,8 @@ struct HistoryRow {
     RowPresence presence = RowPresence::Work;
 };
 
-// What a timer of the tree got, and not yet the store on the disk. `generation` counts the saves.
+// Time that a timer in the tree has and the store on the disk does not have yet. `generation` counts the
+// saves.
 struct OwedTime {
     std::int64_t generation = 0;
     QString program;
@@ -49,52 +50,53 @@ struct OwedTime {
     }
 };
 
-// What happens to what is in the history already, in order.
+// Changes to what is already in the history, in order.
 namespace HistoryChange {
 
-// A timer and its past go by another identity.
+// A timer, with its past, gets another identity.
 struct Renamed {
     Identity from;
     Identity to;
 };
 
-// Timers are deleted, or come back. What is deleted is gone for good when the file is opened next.
+// Timers are deleted or come back. Rows of deleted timers are removed for good when the file is next opened.
 struct Deleted {
     TimerReferences timers;
     bool isDeleted;
 };
 
-// All that meets every condition given is gone at once, from the journal and the free pages as well.
+// Everything that meets all given conditions is deleted at once, also from SQLite's journal and free pages.
 struct Forgotten {
     std::optional<QString> program;
     std::optional<QString> title;
-    // Milliseconds since 1970, UTC; the second is not in it.
+    // Milliseconds since 1970, UTC; `to` itself is excluded.
     std::optional<std::int64_t> from;
     std::optional<std::int64_t> to;
-    // Whether all titles are meant that contain it, whatever their case.
+    // Whether `title` means all titles that contain it, upper or lower case.
     bool isTitlePart = false;
 };
 
-// Of what is there no more is left than rules allow; what stood in its place goes as what is forgotten. `hidden` is whose
-// timer it is where nobody's name may be known.
+// Applies the rules for titles to all rows; the texts that they hide are deleted as by Forgotten. `hidden` is the
+// timer of the rows whose program must not be known.
 struct Ruled {
     PropertyListValue rules;
     std::optional<Identity> hidden;
 };
 
-// A store of this content is about to be on the disk: it lacks what is owed from this generation on.
+// A store with this content is about to be written. It lacks what is owed from this generation on.
 struct StoreWhole {
     QByteArray content;
     std::int64_t generation;
 };
 
-// It is there, and no other.
+// That store is on the disk now and has replaced the one before.
 struct StorePlaced {
     QByteArray content;
     std::int64_t generation;
 };
 
-// A store of this content has been read, and nothing is known of it: whatever is owed, is owed to another.
+// A store with this content was read, and the history does not know it. What is owed belongs to another
+// store.
 struct StoreUnknown {
     QByteArray content;
 };
@@ -103,8 +105,8 @@ using Any = std::variant<Renamed, Deleted, Forgotten, Ruled, StoreWhole, StorePl
 
 } // namespace HistoryChange
 
-// What is to be written in one go. Of a row that is written again, by its serial number, the latest state holds: what waits
-// is never more than what there is.
+// What is written in one transaction. When a row is written twice, by its serial number, only the latest
+// state is kept, so a waiting batch stays small.
 struct HistoryBatch {
     bool isEmpty() const { return changes.empty() && rows.empty() && owed.empty(); }
 
@@ -112,7 +114,7 @@ struct HistoryBatch {
     std::map<std::uint64_t, HistoryRow> rows;
     // Milliseconds.
     std::map<OwedTime, std::int64_t> owed;
-    // Rows with lower numbers will not be written again.
+    // Rows with lower serial numbers will not change any more.
     std::uint64_t settledBefore = 0;
     // What is tried again goes by the same number as before, and is as it was; 0 for what is tried once.
     std::int64_t number = 0;

@@ -10,7 +10,7 @@
 
 namespace {
 
-// A launch waits for nobody.
+// The launch must not wait for other programs.
 constexpr int kWaitMs = 20;
 
 PropertyListDictionary record(const QString& name, const std::optional<Identity>& identity, Seconds time) {
@@ -39,7 +39,7 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
         return debts;
     try {
         SqliteDatabase file(path, SqliteDatabase::Mode::ReadWrite, kWaitMs);
-        // What the crash has left in the journal is the thread's to bring into the file.
+        // Leaves SQLite's journal as the crash left it: the history's own thread will bring it into the file.
         file.closeWithoutCheckpoint();
         if (HistorySchema::formOf(file) != HistorySchema::Form::Ours ||
             file.number("PRAGMA user_version") == 0)
@@ -64,7 +64,7 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
         }
         debts.m_isKnown = true;
     } catch (const SqliteError&) {
-        // Whoever writes it finds out what is the matter.
+        // The thread that writes the file will notice and report what is wrong.
         return {};
     }
     return debts;
@@ -91,7 +91,7 @@ void HistoryDebts::payApplication(TimeTracker& tracker, const Debt& debt) const 
                                 {kEntryWindows, PropertyListArray()}}});
 }
 
-// Its application has been paid, and so is there.
+// Applications are paid first, so this one exists.
 void HistoryDebts::payWindow(TimeTracker& tracker, const Debt& debt) const {
     const auto app = applicationOf(tracker, debt.to);
     if (!app)

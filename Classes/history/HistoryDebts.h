@@ -5,19 +5,19 @@
 
 #include <vector>
 
-// What the history knows of the timers and a store does not, after a crash.
+// After a crash: the time that the history knows of and the store lacks.
 class HistoryDebts {
 public:
-    // By the digest of the store's content, which is empty where there is no store. Reads and changes nothing; a file that
-    // cannot be read knows nothing.
+    // Finds it by the digest of the store's content, which is empty where there is no store. Only reads; a
+    // file that cannot be read owes nothing.
     static HistoryDebts of(const QString& path, const QByteArray& content);
 
-    // Whether the history knows this content. What it does not know, lacks nothing.
+    // Whether the history knows this content. If not, nothing is owed.
     bool isKnown() const { return m_isKnown; }
-    // The last that anything is owed from.
+    // The last generation from which something is owed.
     std::int64_t generation() const { return m_generation; }
-    // Adds what is owed to the timers: by identity, else by name, else as timers of their own. Answers the seconds that
-    // applications got.
+    // Adds what is owed to the timers: found by identity, else by name, else made anew. Answers how many
+    // seconds applications got.
     Seconds pay(TimeTracker& tracker) const;
 
 private:

@@ -16,7 +16,7 @@ constexpr std::int64_t kMinute = 60'000;
 constexpr std::int64_t kHour = 60 * kMinute;
 constexpr std::int64_t kDay = 24 * kHour;
 
-// SQLite gives its journal the permissions of the file.
+// The file must be private before SQLite opens it: its journal gets the same permissions.
 const QString& madePrivate(const QString& path) {
     const int file =
         ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
@@ -46,7 +46,7 @@ HistoryFile::HistoryFile(const QString& path, int waitMs)
         throw SqliteError(SQLITE_NOTADB, QStringLiteral("no history"));
     }
     HistorySchema::bringUp(m_database);
-    // Each commit is on the disk when it is done. What is deleted is written over.
+    // Each commit is on the disk when it returns. Deleted content is overwritten.
     m_database.execute(
         "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; PRAGMA secure_delete = ON;"
         "PRAGMA temp_store = MEMORY; PRAGMA journal_size_limit = 1048576; PRAGMA cache_size = -512");
@@ -87,7 +87,8 @@ void HistoryFile::put(const HistoryBatch& batch, Written& written) {
         sqliteRun(m_database, "INSERT OR REPLACE INTO settings VALUES ('written last', ?)", batch.number);
 }
 
-// A row that is written already grows, shrinks or goes: what else it says stays as the file has it.
+// Changes the length of a row that is already written, or deletes it. Its other values stay as they are in
+// the file.
 void HistoryFile::change(const Key& key, const Numbers& before, std::int64_t length) {
     if (length > 0)
         sqliteRun(m_database, "UPDATE stretches SET length = ? WHERE start = ? AND n = ?", length, key.start,
@@ -121,7 +122,7 @@ HistoryFile::Numbers HistoryFile::numbersOf(const HistoryRow& row) {
 }
 
 HistoryFile::Key HistoryFile::insert(const HistoryRow& row, const Numbers& numbers) {
-    // After the clock was set back a time comes again.
+    // After the clock was set back, the same time comes again.
     SqliteQuery last(m_database, "SELECT max(n) + 1 FROM stretches WHERE start = ?", row.start);
     const Key key{row.start, last.next() ? last.integer(0) : 0};
     sqliteRun(m_database, "INSERT INTO stretches VALUES (?, ?, ?, ?, ?, ?, ?, ?)", key.start, key.n,
@@ -169,7 +170,7 @@ std::int64_t HistoryFile::titleId(const QString& text) {
 std::int64_t HistoryFile::timerId(const RowTimer& timer) {
     const QByteArray application = bytesOf(timer.application);
     const QByteArray window = bytesOf(timer.window);
-    // A name that was deleted and comes back has the identity of before, and not its past.
+    // A name that was deleted and comes back has the same identity as before, but not its past.
     if (SqliteQuery known(m_database,
                           "SELECT id FROM timers WHERE application = ? AND window = ? AND NOT deleted",
                           application, window);
@@ -192,7 +193,8 @@ void HistoryFile::apply(const HistoryChange::Renamed& change) {
     sqliteRun(m_database, "UPDATE timers SET window = ? WHERE window = ?", to, from);
 }
 
-// An application goes with its windows, and comes back without those that went before it.
+// Deleting an application deletes its windows. When it comes back, so do they, except those that were deleted
+// before it.
 void HistoryFile::apply(const HistoryChange::Deleted& change) {
     for (const auto& [application, window] : change.timers) {
         const std::int64_t deleted = window ? 1 : 2;

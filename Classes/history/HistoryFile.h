@@ -6,41 +6,43 @@
 
 class TitleRules;
 
-// The history on the disk, open for writing. Makes the file, for the user alone, if there is none, and brings it up to
-// today's form. Throws SqliteError; after that it is to be closed, and holds what the last whole call has left. Any thread,
-// one at a time; it waits for the disk.
+// The history on the disk, open for writing. Makes the file if there is none, for the user alone, and brings
+// an older form up to date. Throws SqliteError; after that it must be closed, and the file holds what the
+// last complete call has left. Any thread, one at a time; waits for the disk.
 class HistoryFile {
 public:
-    // Thrown where a newer program has written: its file is not to be touched.
+    // Thrown when a newer program has written the file: it is left untouched.
     struct Newer {};
     struct Key {
         std::int64_t start;
         std::int64_t n;
     };
-    // Where rows lie that may be written again, and those of the last try, of which nobody knows whether it failed: a disk
-    // may refuse what it finds it has, later.
+    // Where rows lie, by serial number: those that may be written again, and those of the last try, which may
+    // be in the file although it failed: a disk may refuse a write and have it all the same.
     struct Written {
         std::map<std::uint64_t, Key> rows;
         std::map<std::uint64_t, Key> tried;
     };
 
-    // `waitMs`: how long other programs that write are waited for.
+    // `waitMs`: how long to wait for other programs that write to the file.
     explicit HistoryFile(const QString& path, int waitMs = 2000);
 
-    // All of it or nothing, with the sums. Once, however often it is tried.
+    // Writes the whole batch or nothing, and keeps the sums up to date. A batch that is tried again is written
+    // only once.
     void write(const HistoryBatch& batch, Written& written);
-    // Takes out what is older than `before` (milliseconds since 1970), and what is deleted if that is not to come back.
+    // Deletes what is older than `before` (milliseconds since 1970). With `isDeletedToGo`, deletes the rows
+    // of deleted timers as well.
     void sweep(std::optional<std::int64_t> before, bool isDeletedToGo);
-    // Days begin at this hour of the clock, from 0 to 23, from now on and in the past.
+    // Sets the hour at which a day begins, 0 to 23, for future rows and for those in the file.
     void setDayBegin(int hour);
 
     SqliteDatabase& database() { return m_database; }
     bool hasMoved() const { return m_database.hasMoved(); }
-    // A row by itself, as part of a transaction of the caller's.
+    // Adds one row, within a transaction of the caller's.
     Key add(const HistoryRow& row);
 
 private:
-    // A row by the numbers of its texts.
+    // A row with numbers in place of its texts.
     struct Numbers {
         std::int64_t length;
         std::int64_t day;
@@ -82,9 +84,9 @@ private:
 
     SqliteDatabase m_database;
     std::int64_t m_dayBegin = 0;
-    // The journal may hold what was forgotten.
+    // SQLite's journal may still hold what was forgotten.
     bool m_hasToEmpty = false;
 };
 
-// Finds a number that days are known by in the file: 20261120.
+// The number by which the file knows a day: 20261120.
 std::int64_t historyDay(QDate day);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How what is in the history leaves it, so that nothing of it is left in the file.
+// Forgetting and deleting, so that no trace is left in the file.
 #include "Classes/history/HistoryFile.h"
 #include "Classes/history/HistoryFinding.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int64_t kLongestRow = 3'600'000;
 
-// Every condition that a statement has, in the order of its question marks; what is not asked for, matches all.
+// The conditions, in the order of the question marks. One that is not asked for matches everything.
 constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ? AND start < ? "
                                          "AND (? = 0 OR program = ?) "
                                          "AND (? = 0 OR title IN (SELECT id FROM chosen))";
@@ -20,7 +20,7 @@ void HistoryFile::apply(const HistoryChange::Forgotten& change) {
     if (change.to)
         cutAt(*change.to);
     forgetRows(change);
-    // What was to be made up for is a trace as well.
+    // Time that was owed to the store is a trace as well.
     if (change.program && !change.title)
         sqliteRun(m_database, "DELETE FROM owed WHERE program = ?", *change.program);
     else
@@ -29,7 +29,7 @@ void HistoryFile::apply(const HistoryChange::Forgotten& change) {
     m_hasToEmpty = true;
 }
 
-// No row lies on both sides of `time` afterwards.
+// Divides every row that crosses `time`.
 void HistoryFile::cutAt(std::int64_t time) {
     struct Cut {
         Key key;
@@ -74,7 +74,7 @@ void HistoryFile::sumDaysAgain(std::int64_t first, std::int64_t last) {
         const QDate date(int(day / 10'000), int(day / 100 % 100), int(day % 100));
         return (date.toJulianDay() - QDate(1970, 1, 1).toJulianDay()) * 24 * kLongestRow;
     };
-    // Local days begin within two days of those of UTC.
+    // The days of local time differ from those of UTC by less than two days.
     sqliteRun(
         m_database,
         "INSERT INTO days SELECT CAST(strftime('%Y%m%d', (start + offset * 60000 - ? * 3600000) / 1000, "
@@ -127,7 +127,7 @@ void HistoryFile::setDayBegin(int hour) {
     transaction.commit();
 }
 
-// What was in the journal goes into the file, and is written over there and here. While somebody reads it stays for later.
+// Moves SQLite's journal into the file and overwrites it. If another program is reading, this is done later.
 void HistoryFile::empty() {
     if (!m_hasToEmpty)
         return;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int64_t kLongestRow = 3'600'000;
 
-// By which all that is meant is found, whatever the case.
+// Finds all matching titles, upper or lower case.
 void chooseTitles(SqliteDatabase& history, const QString& text, bool isPart) {
     history.execute("CREATE TEMP TABLE IF NOT EXISTS chosen (id INTEGER PRIMARY KEY); DELETE FROM chosen");
     if (!isPart)

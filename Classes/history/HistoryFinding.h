@@ -7,7 +7,7 @@
 
 class SqliteDatabase;
 
-// What there is of a program and a title.
+// How much time a program and a title have together.
 struct HistorySum {
     QString program;
     QString title;
@@ -15,9 +15,9 @@ struct HistorySum {
     std::int64_t length = 0;
 };
 
-// What in a history meets conditions, before it is forgotten.
+// What the conditions match, shown before it is forgotten.
 struct HistoryFinding {
-    // What is listed at the most; the rest is only counted.
+    // At most this many are listed; the rest are only counted.
     static constexpr int kMostListed = 500;
 
     static HistoryFinding of(SqliteDatabase& history, const HistoryChange::Forgotten& what);
@@ -25,22 +25,22 @@ struct HistoryFinding {
     std::int64_t stretches = 0;
     // Milliseconds.
     std::int64_t length = 0;
-    // Programs with their titles.
+    // How many pairs of program and title there are.
     std::int64_t sums = 0;
-    // The longest first.
+    // The pairs with the most time, in descending order.
     std::vector<HistorySum> longest;
 };
 
-// The names of all programs, in their order.
+// The names of all programs, sorted.
 QStringList programsIn(SqliteDatabase& history);
 
-// Conditions in the numbers of a file. Titles are those in the table "chosen" of this connection.
+// The conditions as the file's own numbers. The titles are in this connection's table "chosen".
 struct HistoryChoice {
     static HistoryChoice of(SqliteDatabase& history, const HistoryChange::Forgotten& what);
 
-    // 0 for all, -1 for one that is not there.
+    // 0 for all programs, -1 for one that is not in the file.
     std::int64_t program;
-    // 0 for all.
+    // 0 for all titles.
     std::int64_t isByTitle;
     std::int64_t from;
     std::int64_t to;

@@ -9,7 +9,7 @@
 
 namespace {
 
-// What SQLite keeps beside a file.
+// The files that SQLite keeps beside the database.
 const QString kJournal = QStringLiteral("-wal");
 const QString kIndex = QStringLiteral("-shm");
 
@@ -33,7 +33,7 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
         report.state = State::Unwritten;
         report.why = error.text();
     }
-    // Whatever it was may be otherwise by the next time.
+    // Open it anew next time: whatever was wrong may be over by then.
     if (report.state != State::Written)
         m_file.reset();
     return report;
@@ -41,16 +41,17 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
 
 void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
                             std::optional<int> dayBegins) {
-    // Somebody has removed it, or put another in its place.
+    // Somebody has removed the file, or put another in its place.
     if (m_file && m_file->hasMoved())
         m_file.reset();
     if (!m_file)
         m_file.emplace(m_path);
-    // What is deleted can be brought back as long as this program runs.
+    // Deleted timers can be brought back as long as the program runs, so their rows are removed only at its
+    // first write.
     if (!m_isSwept || oldest)
         m_file->sweep(oldest, !m_isSwept);
     m_isSwept = true;
-    // Also where another file has come into its place, or a new one.
+    // Also for a file that is new or has replaced the old one.
     if (dayBegins)
         m_file->setDayBegin(*dayBegins);
     if (!batch.isEmpty())

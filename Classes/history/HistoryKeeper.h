@@ -3,16 +3,16 @@
 
 #include "Classes/history/HistoryFile.h"
 
-// Keeps the history's file in order, whatever befalls it: what knows the file and nothing else. It waits for the disk, and
-// so works on a thread of its own; never two calls at a time.
+// Keeps the history's file in order: makes it, mends it, sets it aside. Knows nothing but the file. It waits
+// for the disk, so it works on a thread of its own; never two calls at a time.
 class HistoryKeeper {
 public:
     enum class State { Written, Unwritten, Newer };
     struct Report {
         State state = State::Written;
-        // For the log: why it is not written.
+        // Why nothing could be written, for the log.
         QString why;
-        // The name under which a damaged file was set aside, and how many stretches were taken over from it.
+        // Where a damaged file was set aside, and how many stretches were rescued from it.
         std::optional<QString> setAside;
         int takenOver = 0;
     };
@@ -21,13 +21,14 @@ public:
         : m_path(std::move(path)) {}
 
     const QString& path() const { return m_path; }
-    // All of it or nothing. With `oldest` (milliseconds since 1970), what is older goes; with `dayBegins`, days begin at
-    // that hour of the clock, those of the past as well.
+    // Writes the whole batch or nothing. `oldest` (milliseconds since 1970) deletes what is older;
+    // `dayBegins` sets the hour at which days begin, for the past as well.
     Report write(const HistoryBatch& batch, std::optional<std::int64_t> oldest = std::nullopt,
                  std::optional<int> dayBegins = std::nullopt);
-    // Removes the file and what belongs to it, so that there is none.
+    // Removes the file and all that lies beside it.
     Report remove();
-    // Has all of it in the one file, with nothing beside it, until it is written to again. Other programs may hinder that.
+    // Moves everything into the one file, so that nothing lies beside it until the next write. Other programs
+    // that have it open may prevent that.
     Report close();
 
 private:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// For whoever writes just now.
+// Time for another program that is writing.
 constexpr int kPatienceMs = 2000;
 
 Outcome read(const QString& path, const std::function<void(SqliteDatabase&)>& question) {
@@ -21,7 +21,7 @@ Outcome read(const QString& path, const std::function<void(SqliteDatabase&)>& qu
         if (HistorySchema::formOf(file) != HistorySchema::Form::Ours ||
             file.number("PRAGMA user_version") == 0)
             return Failure{Failure::Kind::Unreadable, path};
-        // What is chosen for a question is in nobody's file.
+        // Temporary tables with titles stay in memory and are never written to a file.
         file.execute("PRAGMA temp_store = MEMORY");
         question(file);
         return Done{};
@@ -32,13 +32,13 @@ Outcome read(const QString& path, const std::function<void(SqliteDatabase&)>& qu
 
 } // namespace
 
-// The thread's as well, which may come back when there is nobody any more.
+// Shared with the thread, which may finish after the reader is gone.
 struct HistoryReader::Shared {
     void finish(const std::shared_ptr<Shared>& self, const Outcome& outcome) {
         const std::scoped_lock lock(mutex);
         if (owner)
             runLoop.performSoon([self, outcome] {
-                // On the main thread, where it also goes.
+                // The owner lives and dies on the main thread, so this is safe.
                 if (self->owner)
                     self->owner->answered(outcome);
             });

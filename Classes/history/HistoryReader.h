@@ -7,9 +7,9 @@
 
 class SqliteDatabase;
 
-// Asks the history beside the main thread, however long it takes: one question after the other, each with a connection of
-// its own that reads only. Of the questions that wait only the last one counts: who asks anew no longer wants to know what
-// was asked before, and is not told it. Main thread only.
+// Asks the history questions on another thread, however long they take. One question is asked at a time, each
+// over a read-only connection of its own. Of the questions that wait only the last is asked: the answers to
+// earlier ones are no longer wanted, and never told. Main thread only.
 class HistoryReader {
 public:
     // The file at `path` need not be there. `runLoop` outlives this.
@@ -18,8 +18,8 @@ public:
     HistoryReader& operator=(const HistoryReader&) = delete;
     ~HistoryReader();
 
-    // `question` is asked elsewhere, and knows nothing that others may change meanwhile; `told` is called here. It fails
-    // where there is no history that can be read.
+    // `question` runs on another thread and must not share anything with it that may change meanwhile; `told`
+    // is called on this thread. Fails when there is no history that can be read.
     template<class Answer>
     void ask(std::function<Answer(SqliteDatabase&)> question,
              std::function<void(const Result<Answer>&)> told) {
@@ -42,7 +42,7 @@ private:
     void answered(const Outcome& outcome);
 
     BackgroundMove::Background m_background;
-    // Being asked, and wanted after it.
+    // The question being asked, and the one to ask next.
     std::optional<Question> m_asked;
     std::optional<Question> m_next;
     std::shared_ptr<Shared> m_shared;

@@ -12,11 +12,11 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::int64_t kHour = 3'600'000;
-// The wall clock was set, or the machine slept, if it is off by more.
+// If the wall clock differs by more than this, it was set or the machine slept.
 constexpr auto kMostOff = 1s;
-// Between one tick and the next the clock is read twice: what lies in between is nobody's gap.
+// Two stretches in a row read the clock one after the other; a gap as short as this is no gap.
 constexpr auto kBetweenReadings = 20ms;
-// No absence is noticed later, or cuts more.
+// The longest absence that is cut out afterwards.
 constexpr auto kLongestAbsence = 24h;
 constexpr std::size_t kMostSpans = 8192;
 

@@ -6,10 +6,10 @@
 
 #include <deque>
 
-// Makes rows of the history from the stretches that the tracker tells: joined where they differ in nothing, put on the wall
-// clock, divided at the full hours, and an absence cut out of what was told before it was noticed. Boundaries are rounded to
-// milliseconds once, so neighbours share them and lengths add up. It also keeps account of what timers got, for the store.
-// Main thread only; the clock outlives it.
+// Turns the tracker's stretches into rows of the history. Joins stretches that differ in nothing, puts them
+// on the wall clock, divides them at full hours, and cuts out an absence that was told as work before it was
+// noticed. Rounds each border to milliseconds once, so neighbours share it and lengths add up. It also adds
+// up what the store owes the timers. Main thread only; the clock outlives it.
 class HistoryRecorder : public StretchListener {
 public:
     explicit HistoryRecorder(const Clock& clock)
@@ -18,21 +18,23 @@ public:
     void credited(const Stretch& stretch) override;
     void absent(Instant since, Instant noticed, Seconds booked) override;
 
-    // Whether anything is to be written within a quarter of a minute. That an absence goes on can wait.
+    // Whether something must be written within a quarter of a minute. An absence that only goes on does not
+    // count.
     bool hasNews() const { return m_hasNews; }
     // Hands over what has changed.
     void takeInto(HistoryBatch& batch);
-    // What was told is told: it is neither gone on with nor cut.
+    // No row so far will be extended or cut any more.
     void settle();
-    // Timers of this identity go by another from now on, as do their rows that may still change.
+    // Timers of this identity get another one; so do their rows that may still change.
     void rename(const Identity& from, const Identity& to);
-    // What timers get from here on, the store lacks that is saved now.
+    // A save begins: what timers get from now on is not in it. Answers the new generation.
     std::int64_t beginGeneration();
     std::int64_t generation() const { return m_generation; }
     void setGeneration(std::int64_t generation) { m_generation = generation; }
 
 private:
-    // Where the clock that only moves on lies on the wall clock. Holds until that one is set, or the machine sleeps.
+    // Ties the clock that only moves on to the wall clock. Valid until the wall clock is set or the machine
+    // sleeps.
     struct Anchor {
         std::int64_t wallOf(Instant instant) const;
         Instant instantOf(std::int64_t wall) const;
@@ -53,7 +55,7 @@ private:
         std::uint64_t serial;
         Instant from;
         Instant to;
-        // The full hour.
+        // The full hour at which this row must end.
         Instant end;
         Anchor anchor;
         std::int64_t offset;
@@ -74,19 +76,19 @@ private:
 
     const Clock& m_clock;
     std::optional<Anchor> m_anchor;
-    // In the order of time: what may still be gone on with or cut.
+    // In order of time: rows that may still be extended or cut.
     std::deque<Span> m_spans;
-    // Rows of before that are not written yet, or are to go.
+    // Older rows that are not written yet, or are to be deleted.
     std::map<std::uint64_t, HistoryRow> m_settled;
     std::uint64_t m_lastSerial = 0;
     bool m_isOpen = false;
     bool m_hasNews = false;
-    // A title is asked for ten times a second.
+    // The last title and what is left of it, because titles are asked for ten times a second.
     QString m_title;
     QString m_steadyTitle;
     RowTimer m_idleTimer;
     std::int64_t m_generation = 0;
-    // Who is being credited, and what has not been added to the debts yet.
+    // Who gets the time in m_running, which is not yet part of m_owed.
     OwedTime m_application;
     std::optional<OwedTime> m_window;
     std::chrono::nanoseconds m_running{};

@@ -6,9 +6,9 @@
 
 namespace {
 
-// Damage is not looked into any closer: that much fits on a page or less.
+// Milliseconds. A damaged place is not narrowed down further: a span as short as this fits on a page or less.
 constexpr std::int64_t kShortest = 600'000;
-// Where so many places cannot be read, more lead nowhere either.
+// After so many places that cannot be read, the rest is given up.
 constexpr int kMostTries = 2000;
 
 class Salvage {
@@ -26,7 +26,7 @@ public:
     }
 
 private:
-    // False if it came upon damage.
+    // False if it met damage.
     template<class Work>
     bool attempt(Work&& work) {
         try {
@@ -50,8 +50,8 @@ private:
         takeBetween(middle, last);
     }
 
-    // `from` follows behind what has been taken, `to` ahead of it. Those of one moment after the clock was set are taken
-    // together or not at all.
+    // Moves `from` behind each row that was taken. Rows with the same start, after the clock was set back,
+    // are taken together or not at all.
     void takeForward(std::int64_t& from, std::int64_t to) {
         SqliteQuery row(m_damaged,
                         "SELECT start, length, offset, program, title, timer, presence FROM stretches "
@@ -103,7 +103,7 @@ private:
         return text->second;
     }
 
-    // Absent for one that was deleted.
+    // Absent for a timer that was deleted.
     std::optional<RowTimer> timerOf(std::int64_t id) {
         const auto [timer, isNew] = m_timers.try_emplace(id, RowTimer());
         if (isNew)
@@ -141,7 +141,7 @@ int takeOver(const QString& path, HistoryFile& into) {
         Salvage salvage(path, into);
         count = salvage.takeRows();
     } catch (const SqliteError&) {
-        // Not even its first page: there is nothing to be had.
+        // Not even the first page can be read: nothing can be rescued.
     }
     transaction.commit();
     return count;

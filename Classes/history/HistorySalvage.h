@@ -3,11 +3,11 @@
 
 #include "Classes/history/HistoryFile.h"
 
-// What can still be read of a damaged history.
+// Rescues what can still be read of a damaged history.
 namespace HistorySalvage {
 
-// Takes over into `into`, in one transaction, whatever of the file at `path` can be read, from both sides of each damaged
-// place. Answers how many stretches. Nothing that is wrong with the damaged file is thrown.
+// Copies into `into`, in one transaction, whatever can be read of the file at `path`, reading around each
+// damaged place from both sides. Answers how many stretches. Errors of the damaged file are not thrown.
 int takeOver(const QString& path, HistoryFile& into);
 
 } // namespace HistorySalvage

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The nth entry brings a file of number n to n + 1. None of them is ever changed once it was released.
+// The entry n brings a file from number n to n + 1. An entry is never changed after its release.
 constexpr std::array kSteps{R"(
 CREATE TABLE programs (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE);
 CREATE TABLE titles (id INTEGER PRIMARY KEY, text TEXT NOT NULL UNIQUE);
@@ -58,7 +58,7 @@ Form formOf(SqliteDatabase& database) {
 void bringUp(SqliteDatabase& database) {
     auto number = std::size_t(database.number("PRAGMA user_version"));
     if (number == 0)
-        // Ahead of the first table. A page holds what fifteen seconds bring.
+        // Before the first table. One page holds what fifteen seconds bring.
         database.execute("PRAGMA page_size = 4096");
     for (; number < kSteps.size(); ++number) {
         SqliteTransaction transaction(database);

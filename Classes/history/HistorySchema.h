@@ -3,19 +3,20 @@
 
 class SqliteDatabase;
 
-// The tables of the history, which docs/file-formats.md describes, and how a file of an earlier form becomes one of today's.
+// The tables of the history, which docs/file-formats.md describes, and how an older file is brought up to
+// date.
 namespace HistorySchema {
 
-// "tklh": by this other programs know whose file it is.
+// "tklh": tells other programs whose file this is.
 inline constexpr int kApplicationId = 0x746b6c68;
-// Of the form that this program writes. A higher one is left alone.
+// The number of the form that this program writes. A file with a higher one is left alone.
 inline constexpr int kNumber = 1;
 
 enum class Form { Ours, Newer, Foreign };
-// Foreign is also what is damaged where that is said. A new file is ours.
+// "Foreign" includes a file whose header is damaged. A new file is ours.
 Form formOf(SqliteDatabase& database);
 
-// Makes the tables in a new file, and brings those of an earlier number up to this one, each number in a transaction.
+// Makes the tables in a new file, or raises an older one to this number, one number in each transaction.
 void bringUp(SqliteDatabase& database);
 
 } // namespace HistorySchema

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Six hours of a focus change each second, or a million characters of titles.
+// Six hours with a new window in front every second, or a million characters of titles.
 constexpr std::size_t kMostWaiting = 20'000;
 constexpr qsizetype kMostText = 1'000'000;
 constexpr std::int64_t kHour = 3'600'000;
@@ -20,7 +20,7 @@ bool areOfOneHour(const HistoryRow& a, const HistoryRow& b) {
 
 } // namespace
 
-// What is written while somebody waits for it.
+// One batch on its way to the file.
 struct HistoryWriter::Flight {
     HistoryKeeper::Report doneBy(HistoryKeeper& keeper) const {
         switch (work) {
@@ -42,7 +42,7 @@ struct HistoryWriter::Flight {
     HistoryKeeper::Report report;
 };
 
-// The thread's as well, which may come back when there is nobody any more.
+// Shared with the thread, which may finish after the writer is gone.
 struct HistoryWriter::Shared {
     Shared(RunLoop& loop, const QString& path, HistoryWriter* writer)
         : runLoop(loop)
@@ -57,14 +57,14 @@ struct HistoryWriter::Shared {
         landed.notify_all();
         if (owner)
             runLoop.performSoon([self, flight] {
-                // On the main thread, where it also goes.
+                // The owner lives and dies on the main thread, so this is safe.
                 if (self->owner)
                     self->owner->landed(flight);
             });
     }
 
     RunLoop& runLoop;
-    // Of the one flight there is.
+    // Used by the one flight under way.
     HistoryKeeper keeper;
     std::mutex mutex;
     std::condition_variable landed;
@@ -92,7 +92,7 @@ HistoryBatch& HistoryWriter::next() {
 }
 
 void HistoryWriter::change(HistoryChange::Any what) {
-    // What was before it goes into the file before it.
+    // What came before the store must be written before it.
     if (!next().rows.empty() || !next().owed.empty())
         m_waiting.push_back(std::make_shared<HistoryBatch>());
     m_waiting.back()->changes.push_back(std::move(what));
@@ -138,7 +138,7 @@ void HistoryWriter::fly(Work work) {
 }
 
 void HistoryWriter::landed(const std::shared_ptr<Flight>& flight) {
-    // At the end it was waited for.
+    // finish() has already waited for it and handled it.
     if (flight != m_flight)
         return;
     settle(*flight);
@@ -171,7 +171,7 @@ void HistoryWriter::finish(std::chrono::milliseconds limit) {
     await(limit);
 }
 
-// Whether what is on its way has been written. A disk that hangs is given up.
+// Whether the write under way ended in time. A disk that hangs is given up.
 bool HistoryWriter::await(std::chrono::milliseconds limit) {
     const auto flight = m_flight;
     std::unique_lock lock(m_shared->mutex);
@@ -189,7 +189,7 @@ std::size_t HistoryWriter::waiting() const {
     return count;
 }
 
-// Of two neighbours the longer one stands for both; the time stays what it was.
+// Joins neighbours within an hour; the longer one stands for both. The time stays the same.
 void HistoryWriter::shrink(HistoryBatch& batch) {
     qsizetype text = 0;
     for (const auto& [serial, row] : batch.rows)
@@ -213,7 +213,7 @@ void HistoryWriter::shrink(HistoryBatch& batch) {
         first.length = length;
         row = batch.rows.erase(second);
     }
-    // Stretches that nothing joins are not measured by any clock there is.
+    // Rows that could not be joined must come from a broken clock: drops the oldest.
     while (batch.rows.size() > kMostWaiting)
         batch.rows.erase(batch.rows.begin());
 }

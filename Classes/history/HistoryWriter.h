@@ -6,11 +6,12 @@
 
 #include <deque>
 
-// What is to be written, on its way to the file: one batch after the other, each by a thread of its own that nobody waits
-// for. What cannot be written waits, and is joined before it takes more memory than it may. Main thread only.
+// Brings batches to the history's file, one after the other, each on a thread of its own that nobody waits
+// for. A batch that cannot be written waits; waiting batches are joined before they take too much memory.
+// Main thread only.
 class HistoryWriter {
 public:
-    // Told after each try.
+    // Called after each try.
     using Told = std::function<void(const HistoryKeeper::Report&)>;
 
     // `runLoop` outlives this.
@@ -19,26 +20,28 @@ public:
     HistoryWriter& operator=(const HistoryWriter&) = delete;
     ~HistoryWriter();
 
-    // Where what comes next goes in.
+    // The batch to which news is added.
     HistoryBatch& next();
-    // After all that is there already.
+    // Adds a change after all that is already there.
     void change(HistoryChange::Any what);
-    // Beside it: the order matters only among the stores themselves.
+    // Adds news about a store. Its place among other changes does not matter, only among other news about
+    // stores.
     void noteStore(HistoryChange::Any what);
-    // With the next write, what is older than this (milliseconds since 1970) goes.
+    // The next write deletes what is older than this (milliseconds since 1970).
     void setOldest(std::optional<std::int64_t> oldest) { m_oldest = oldest; }
-    // Days begin at this hour of the clock, with the next write.
+    // The next write sets the hour at which days begin.
     void setDayBegins(int hour) { m_dayBegins = hour; }
-    // Begins to write, unless it does already.
+    // Starts a write unless one is under way.
     void write();
-    // Forgets what waits, and removes the file when what is on its way has been written.
+    // Forgets what waits, and removes the file once the write under way has ended.
     void removeFile();
-    // Writes what waits and closes the file, at the end of the program, as far as the disk answers within `limit` each time.
+    // The program ends: writes what waits and closes the file. Waits for the disk for at most `limit` each
+    // time.
     void finish(std::chrono::milliseconds limit);
 
-    // Whether something is being written at the moment.
+    // Whether a write is under way.
     bool isWriting() const { return m_flight != nullptr; }
-    // Rows that wait.
+    // How many rows wait.
     std::size_t waiting() const;
 
 private:
@@ -60,7 +63,7 @@ private:
     std::optional<std::int64_t> m_oldest;
     int m_dayBegins = 0;
     bool m_isToBeRemoved = false;
-    // The first that waits is on its way.
+    // While this is set, the first waiting batch is being written.
     std::shared_ptr<Flight> m_flight;
     // Begins anywhere, so that no two programs mean the same by it.
     std::int64_t m_lastNumber;

@@ -33,13 +33,13 @@ void SqliteDatabase::Finishing::operator()(sqlite3_stmt* statement) const {
 
 SqliteDatabase::SqliteDatabase(const QString& path, Mode mode, int waitMs) {
     sqlite3* database = nullptr;
-    // A file that is a link may lead anywhere: the user has put it there.
+    // The file may be a link to anywhere: the user has put it there.
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &database,
                                      flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     m_database.reset(database);
     check(code);
     sqlite3_busy_timeout(database, waitMs);
-    // The file's own definitions may come from anybody.
+    // Views and triggers in the file may have been written by anybody.
     sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
 }
@@ -92,9 +92,9 @@ sqlite3_stmt* SqliteDatabase::prepared(std::string_view sql) {
 }
 
 SqliteQuery::~SqliteQuery() {
-    // What it has refused was thrown when it did.
+    // If it failed, that was thrown when it happened.
     sqlite3_reset(m_statement);
-    // No copy of a text stays behind.
+    // Leaves no copy of a text in memory.
     sqlite3_clear_bindings(m_statement);
 }
 
@@ -128,7 +128,7 @@ void SqliteQuery::bind(int position, const QString& value) {
                                        int(bytes.size()), SQLITE_TRANSIENT));
 }
 
-// Null bytes are none, not nothing.
+// An empty value is stored as empty, not as NULL.
 void SqliteQuery::bind(int position, const QByteArray& value) {
     m_database.check(
         sqlite3_bind_blob(m_statement, position, value.constData(), int(value.size()), SQLITE_TRANSIENT));
@@ -136,7 +136,8 @@ void SqliteQuery::bind(int position, const QByteArray& value) {
 
 SqliteTransaction::SqliteTransaction(SqliteDatabase& database)
     : m_database(database) {
-    // At once: a reader that turns writer half-way is refused when another has written.
+    // "IMMEDIATE" takes the right to write at once. A reader that starts to write later is refused if another
+    // program has written meanwhile.
     database.execute("BEGIN IMMEDIATE");
 }
 
@@ -146,7 +147,7 @@ SqliteTransaction::~SqliteTransaction() {
     try {
         m_database.execute("ROLLBACK");
     } catch (const SqliteError&) {
-        // A disk that is full has rolled it back already.
+        // With a full disk, SQLite has rolled it back already.
     }
 }
 

@@ -13,7 +13,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-// What SQLite has refused. Thrown within this room, and caught by whoever answers for a file in it.
+// An error that SQLite has reported. Thrown within this room, and caught by whoever is responsible for the
+// file.
 class SqliteError : public std::exception {
 public:
     SqliteError(int code, QString text)
@@ -35,22 +36,22 @@ class SqliteDatabase {
 public:
     enum class Mode { Read, ReadWrite, Create };
 
-    // `waitMs`: how long another program is waited for that is writing.
+    // `waitMs`: how long to wait while another program writes.
     SqliteDatabase(const QString& path, Mode mode, int waitMs);
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
     ~SqliteDatabase();
 
-    // One statement or several, without answers.
+    // Runs one statement or several that give no rows.
     void execute(const char* sql);
-    // The first value of the first row; 0 without one.
+    // The first value of the first row; 0 without a row.
     std::int64_t number(const char* sql);
     std::int64_t lastInsertId() const;
-    // Rows that the last statement has changed.
+    // How many rows the last statement has changed.
     std::int64_t changes() const;
-    // Whether its file is no longer where it was opened.
+    // Whether the file has been moved or removed since it was opened.
     bool hasMoved() const;
-    // Leaves what is in the journal there when it is closed: whoever opens it next goes on with it.
+    // On closing, leaves SQLite's journal as it is: whoever opens the file next continues it.
     void closeWithoutCheckpoint();
 
 private:
@@ -66,7 +67,7 @@ private:
     void check(int code) const;
 
     std::unique_ptr<sqlite3, Closing> m_database;
-    // By text, which are literals all: each is compiled once.
+    // By their text, always a literal: each statement is compiled once.
     std::unordered_map<std::string_view, std::unique_ptr<sqlite3_stmt, Finishing>> m_statements;
 };
 
@@ -76,7 +77,7 @@ private:
 //       total += row.integer(0);
 class SqliteQuery {
 public:
-    // `sql` is a literal, and used by one query at a time.
+    // `sql` must be a literal, and only one query may use it at a time.
     template<class... Values>
     SqliteQuery(SqliteDatabase& database, const char* sql, const Values&... values)
         : m_database(database)
@@ -109,7 +110,7 @@ void sqliteRun(SqliteDatabase& database, const char* sql, const Values&... value
     SqliteQuery(database, sql, values...).next();
 }
 
-// Everything until commit(), or nothing.
+// All statements until commit() take effect, or none.
 class SqliteTransaction {
 public:
     explicit SqliteTransaction(SqliteDatabase& database);

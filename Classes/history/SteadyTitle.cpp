@@ -10,13 +10,13 @@ namespace {
 
 bool isSpinner(QChar sign) {
     const char16_t c = sign.unicode();
-    // Patterns of Braille, quarters of circles, hourglasses, stars.
+    // Braille patterns, quarter circles, hourglasses, stars.
     return (c >= 0x2800 && c <= 0x28ff) || (c >= 0x25d0 && c <= 0x25d3) || (c >= 0x25f4 && c <= 0x25f7) ||
            c == 0x231b || c == 0x23f3 || c == 0x2733 || c == 0x2736 || c == 0x273b || c == 0x273d ||
            c == 0x2722;
 }
 
-// Most titles have nothing that could tick, and are not looked at any closer.
+// Quick check: most titles have nothing that could count or spin.
 bool mayTick(const QString& title) {
     return std::ranges::any_of(title, [](QChar c) { return c.isDigit() || isSpinner(c); });
 }
@@ -32,13 +32,13 @@ const std::array<Rule, 7>& rules() {
                                   QRegularExpression::UseUnicodePropertiesOption);
     };
     static const std::array<Rule, 7> kRules{{
-        // A spinner, wherever it is by itself.
+        // A spinner that stands alone.
         {of(u"(?<!\\S)[\\x{2800}-\\x{28ff}\\x{25d0}-\\x{25d3}\\x{25f4}-\\x{25f7}\\x{231b}\\x{23f3}\\x{2733}"
             u"\\x{2736}\\x{273b}\\x{273d}\\x{2722}]+(?!\\S)"),
          QString()},
         // "(3) Chat", "[12] Chat"
         {of(u"^\\s*(?:\\(\\d{1,6}\\+?\\)|\\[\\d{1,6}\\+?\\])(?=\\s)"), QString()},
-        // "Inbox (1,234) - Mail", as the mailboxes of the web are called in our languages.
+        // "Inbox (1,234) - Mail". Web mail calls it so in our languages.
         {of(u"\\b(Inbox|Posteingang|Bo\u00eete de r\u00e9ception|Recibidos|Bandeja de entrada|Odebrane|"
             u"Skrzynka odbiorcza|\u53d7\u4fe1\u30c8\u30ec\u30a4) ?\\([\\d., \u00a0]+\\)"),
          QStringLiteral("\\1")},
@@ -57,7 +57,7 @@ const std::array<Rule, 7>& rules() {
     return kRules;
 }
 
-// What held the parts together that are gone.
+// Removes separators and brackets that are left with nothing between them.
 QString tidied(QString title) {
     static const QRegularExpression kEmpty(QStringLiteral("\\(\\s*\\)|\\[\\s*\\]"));
     static const QRegularExpression kDoubled(

@@ -27,7 +27,7 @@ ProjectDrops::AcceptedRow ProjectDrops::acceptProjectRow(std::size_t draggedRow,
         std::min(std::size_t(std::max<std::ptrdiff_t>(position, 0)), m_projects.count());
     if (operation == DropOperation::Copy)
         return {m_projects.copyProject(draggedRow, target), std::nullopt};
-    // Once the project has left its old place, everything below it is one higher.
+    // Once the project has left its old place, all below it move up by one.
     const std::size_t destination = draggedRow <= target && target > 0 ? target - 1 : target;
     if (!m_projects.moveProject(draggedRow, destination))
         return {};

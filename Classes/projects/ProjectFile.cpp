@@ -32,7 +32,7 @@ PropertyListArray ProjectFile::read() {
     if (!file && file.failure().kind == Failure::Kind::NotFound)
         return {};
     const PropertyListArray* records = file ? file->asArray() : nullptr;
-    // The last one tells whether these are projects at all.
+    // Whether these are projects at all is seen by the last record.
     if (records && (records->empty() || records->back().asDictionary()))
         return *records;
     m_isDamaged = true;
@@ -54,7 +54,7 @@ bool ProjectFile::write(const PropertyListArray& projects) {
 }
 
 bool ProjectFile::replace(const PropertyListArray& projects) {
-    // Many a home has no documents folder until somebody needs one.
+    // Many users have no documents folder until something needs one.
     static_cast<void>(PrivateFiles::makeFolder(QFileInfo(*m_path).path()));
     try {
         const Outcome outcome = PropertyList::writeBinaryFile(projects, *m_path);
@@ -62,13 +62,13 @@ bool ProjectFile::replace(const PropertyListArray& projects) {
             m_log.log(QStringLiteral("The projects could not be written: ") + outcome.failure().text);
         return bool(outcome);
     } catch (const InternalInconsistency& failure) {
-        // Something that no property list can hold; what stood there stays.
+        // A value that no property list can hold. The old file stays.
         m_log.log(failure.description());
         return false;
     }
 }
 
-// False while it still stands there.
+// False if the damaged file is still in its place.
 bool ProjectFile::setAsideDamaged() {
     if (!m_isDamaged)
         return true;

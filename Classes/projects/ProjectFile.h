@@ -10,17 +10,20 @@
 // The file that keeps the projects: a binary property list, an array of records. Main thread only.
 class ProjectFile {
 public:
-    // `documentsFolder` is empty when the user has none. The others outlive the file.
+    // `documentsFolder` is empty when the user has none. The other arguments outlive this object.
     ProjectFile(const QString& documentsFolder, SystemLog& log, AccountTrouble& trouble);
 
-    // Where the projects of somebody with this documents folder are.
+    // The path of the projects file for this documents folder.
     static QString pathIn(const QString& documentsFolder);
-    // "Ticklog Projects" in the documents folder. Absent without one: then nothing is read or written.
+    // "Ticklog Projects" in the documents folder. Absent without such a folder: then nothing is read or
+    // written.
     const std::optional<QString>& urlForTKProjects() const { return m_path; }
 
-    // Empty when there is no file, or none that can be read. Such a file is set aside before the first write.
+    // Empty when there is no file or it cannot be read. A file that cannot be read is set aside before the
+    // first write.
     PropertyListArray read();
-    // Replaces the file, for the user alone (0600). False on failure: what stood there stays, and the user is told.
+    // Replaces the file, for the user alone (0600). On failure the old file stays, the user is told, and the
+    // answer is false.
     bool write(const PropertyListArray& projects);
 
 private:

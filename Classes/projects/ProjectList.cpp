@@ -36,7 +36,8 @@ ProjectList::ProjectList(TimeStoreServices& services, UserDefaults& defaults, co
             if (const auto* successions = std::any_cast<Successions>(&notification.object))
                 succeedNodes(*successions);
         });
-    // The last word of freezing an application: whoever shows projects anew now must find them settled.
+    // This is the last notification when an application is frozen: whoever now builds projects anew must find
+    // them up to date.
     m_refreshing = services.notifications.observe(kTicklogRefreshProjectsNotification,
                                                   [this](const Notification&) { settleFreezing(); });
 }

@@ -5,11 +5,11 @@
 #include "Classes/projects/ProjectFile.h"
 #include "Classes/projects/ReverseProjectCache.h"
 
-// The colours of all timers are others; see ProjectList::reverseProjectCache.
+// The map from timers to the colours of their projects was replaced; see ProjectList::reverseProjectCache.
 inline constexpr ObservedKey kReverseProjectCacheKey{"reverseProjectCache"};
 
-// What happens to the list of projects. Insert, Remove and Replace are told before and after, the others after. That
-// members were frozen is not told: they are the same timers as before.
+// A change of the list of projects. Insert, Remove and Replace are told before and after; the others only
+// after. Freezing members is not told: they remain the same timers.
 struct ProjectListChange {
     enum class Kind { Insert, Remove, Replace, Label, ColorTag, Members };
 
@@ -20,9 +20,9 @@ struct ProjectListChange {
     std::optional<std::size_t> position;
 };
 
-// The user's projects in the order of the sidebar, the main item that stands for all timers, and their file. Every
-// change goes through here; records are handed out to be read. A record that is in the list no more is changed no
-// more: operations on it do nothing. Main thread only.
+// The user's projects in the order of the sidebar, the main item that stands for all timers, and their file.
+// Every change is made through this class; the records it hands out are for reading. Operations on a record
+// that is no longer in the list do nothing. Main thread only.
 class ProjectList : public Observable {
 public:
     using Project = std::shared_ptr<const ProjectRecord>;
@@ -30,10 +30,10 @@ public:
     using Observer = std::function<void(const ProjectListChange&)>;
     class Snapshot;
 
-    // Where a new project is to go if not to a certain position.
+    // As a position: put a new project at the end.
     static constexpr std::size_t kAtEnd = 0x7FFFFFFFFFFFFFFF;
 
-    // Reads the file. Follows freezing from now on. Everything outlives the list.
+    // Reads the file, and follows freezing from now on. All arguments outlive the list.
     ProjectList(TimeStoreServices& services, UserDefaults& defaults, const QString& documentsFolder);
     ~ProjectList() override;
 
@@ -41,69 +41,79 @@ public:
 
     const ProjectFile& file() const { return m_file; }
 
-    // "All Timers": not in the list, without members, never written. Its expanded rows are a user default.
+    // "All Timers". It is not in the list, has no members and is never written. Its expanded rows are a
+    // setting.
     Project mainItem() const { return m_mainItem; }
     Projects projects() const { return {m_projects.begin(), m_projects.end()}; }
     std::size_t count() const { return m_projects.size(); }
     std::optional<std::size_t> positionOf(const ProjectRecord& project) const;
-    // The record of a sidebar row: the main item for row 0 and for every row that there is not.
+    // The record of a sidebar row: the main item for row 0, and for a row that does not exist.
     Project projectForRow(std::ptrdiff_t row) const;
-    // What a dragged sidebar row stands for; absent for row 0, empty for a row that there is not.
+    // The members of a dragged sidebar row. Absent for row 0, empty for a row that does not exist.
     std::optional<std::vector<Identity>> uuidsForProjectIndex(std::size_t row) const;
 
-    // Replaces all projects and saves. Records of this list stay the same objects.
+    // Replaces all projects and saves. Those that are already in the list stay the same objects.
     void setProjects(const Projects& projects);
-    // For the database: values that are no records are left out, and what is no list changes nothing.
+    // The same from a database file. Values that are no records are left out; a value that is no list changes
+    // nothing.
     void setProjects(const PropertyListValue& records);
     PropertyListArray arrayRepresentation() const;
 
-    // Writes the file. Then drops from the expanded rows what is no member, from the main item's what is in no project
-    // at all, and has the registry know the names of all members and forget those that no project refers to.
+    // Writes the file. Then tidies up: forgets expanded rows that are not members (for the main item, rows
+    // that are in no project), enters the names of all members in the registry, and removes from the registry
+    // what no project refers to.
     void saveData();
 
-    // For whenever the timers have been written: lets go of members that were taken in by others, and writes what was
-    // changed and not saved, if anything was.
+    // Called after each writing of the timers. Drops members that other timers have taken in, and writes any
+    // change that was not saved yet.
     void writeChanges();
 
-    // A new project, "New Project", at a position or at the end; saves. Never null. Colours stay as they are.
+    // Adds a project called "New Project" at a position or at the end, and saves. Never null. Does not build
+    // the colours anew.
     Project addNewProjectWithItems(const std::vector<Identity>& items, std::size_t position = kAtEnd);
-    // Removes at once; saves. Nothing happens for a position that there is not.
+    // Removes at once and saves. Does nothing for a position that does not exist.
     void removeProject(std::size_t position);
-    // After confirmation: the same, but the colours stay on its timers until they are next built.
+    // After the user has confirmed it: the same, except that its timers keep their colours until the colours
+    // are next built.
     void deleteProject(const ProjectRecord& project);
     void setLabel(const ProjectRecord& project, const QString& label);
-    // On the main item it holds until the program ends.
+    // On the main item the colour holds only until the program ends.
     void setSelectedColorTag(const ProjectRecord& project, int tag);
     void addMembers(const ProjectRecord& project, const std::vector<Identity>& identities);
-    // Does not save: the change is written with the next one.
+    // Does not save: the change is written with the next save.
     void removeMembers(const ProjectRecord& project, const std::unordered_set<Identity>& identities);
-    // Nothing happens while `isBlocked`: a search opens and closes rows on its own. Not written at once.
+    // Do nothing while `isBlocked`: a search opens and closes rows by itself. Not written at once.
     void expandUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked);
     void collapseUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked);
-    // Of the expanded rows, position by position, forgets those that are not shown; the rest stay. Not written at once.
+    // `isShown` says for each expanded row, in order, whether it is shown; those that are not are forgotten.
+    // Not written at once.
     void keepExpanded(const ProjectRecord& project, const std::vector<bool>& isShown);
-    // A timer was frozen: projects go on pointing at the frozen one. Saves.
+    // A timer was frozen: projects keep the frozen one as their member. Saves.
     void projectDupeNode(const FrozenIdentities& frozen);
-    // A frozen timer was joined with its successor: projects point at what has become of both. Saves.
+    // A frozen timer was joined with its successor: projects get the timer that is left. Saves.
     void projectJoinNodes(const FrozenIdentities& joined);
-    // Timers have taken in others: projects that have a former have its successor too. The former stays until the
-    // timers are written, because after a crash it would be back; and for as long as any other timer goes by it. Saves.
+    // Timers were taken in by others: projects that have the former get the successor too. They keep the
+    // former until the timers are written, because a crash before would bring it back, and for as long as any
+    // timer still has its identity. Saves.
     void succeedNodes(const Successions& successions);
 
-    // Inserts a copy of the project at `position` so that it comes to be at `destination`; saves. A move removes the
-    // project first: what stands at the destination afterwards is a copy, another object. False, with nothing
-    // changed, for a position that there is not; a destination beyond the end is the end.
+    // Inserts a copy of the project at `position`, so that it stands at `destination`, and saves. A move
+    // first removes the project: what then stands at the destination is a copy, that is another object.
+    // Answers false and changes nothing for a position that does not exist; a destination beyond the end
+    // means the end.
     bool copyProject(std::size_t position, std::size_t destination);
     bool moveProject(std::size_t position, std::size_t destination);
 
-    // Never null. Replaced, and announced under kReverseProjectCacheKey, whenever colours or members change.
+    // The colours of all timers. Never null. A new map replaces it, announced under kReverseProjectCacheKey,
+    // whenever colours or members change.
     std::shared_ptr<const ReverseProjectCache> reverseProjectCache() const { return m_reverseProjectCache; }
     void reloadReverseProjectCache();
 
-    // The whole list as it is now; cheap. For undoing: the same records come back with what they had, and the registry
-    // knows the members' names again. What was frozen in between stays frozen, and rows stay expanded as they are.
+    // The whole list as it is now; cheap. Used to undo: restore() brings the same records back with their
+    // content, and the registry knows the names of their members again. What was frozen since stays frozen,
+    // and expanded rows stay as they are.
     Snapshot snapshot() const;
-    // Saves. A snapshot of before makes it redone.
+    // Brings back a snapshot and saves. Take another snapshot first to be able to redo.
     void restore(const Snapshot& snapshot);
 
 private:
@@ -117,7 +127,7 @@ private:
     void tell(ProjectListChange::Kind kind, ChangePhase phase, std::optional<std::size_t> position);
     void tellChanged(ProjectListChange::Kind kind, const ProjectRecord& project);
     struct IdentityChange;
-    // Answers whether any project has the old one.
+    // Whether any project has the old identity.
     bool follow(const IdentityChange& change);
     bool addSuccessors(const Successions& successions);
     void identitiesChanged();
@@ -137,7 +147,7 @@ private:
     Record m_mainItem;
     std::shared_ptr<const ReverseProjectCache> m_reverseProjectCache;
     QExplicitlySharedDataPointer<Listeners<Observer>> m_observers;
-    // What has become of identities since the launch and was not undone, in order.
+    // Identities that were replaced since the launch and not undone, in order.
     struct IdentityChange {
         Identity old;
         Identity now;
@@ -158,7 +168,7 @@ private:
 // See ProjectList::snapshot.
 class ProjectList::Snapshot {
 public:
-    // Whether people see the same projects: the objects may be others, and so may the rows that are expanded.
+    // Whether both show people the same projects. Objects and expanded rows may differ.
     bool isLike(const Snapshot& other) const;
 
 private:
@@ -171,6 +181,6 @@ private:
 
     std::vector<Saved> m_projects;
     std::size_t m_identityChanges = 0;
-    // What the registry knew of the members.
+    // The members' names in the registry.
     QHash<QString, Identity> m_names;
 };

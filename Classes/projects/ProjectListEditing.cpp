@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the list of projects changes as a whole: what all edits are made of, following frozen timers, undoing.
+// Changes of the whole list: the steps of every edit, following identities, undoing.
 #include "Classes/common/Settings.h"
 #include "Classes/projects/ProjectList.h"
 #include "Classes/store/TKUUIDManager.h"
@@ -17,7 +17,7 @@ void ProjectList::projectDupeNode(const FrozenIdentities& frozen) {
 }
 
 void ProjectList::succeedNodes(const Successions& successions) {
-    // Also where no project has it: undoing may bring back one that had.
+    // Also for members of no project: undoing may bring back a project that had one.
     for (const auto& [former, successor] : successions)
         m_identityChanges.push_back({former, successor, true});
     if (!addSuccessors(successions))
@@ -27,7 +27,8 @@ void ProjectList::succeedNodes(const Successions& successions) {
 }
 
 void ProjectList::identitiesChanged() {
-    // Freezing an application tells of each of its windows. The first is written at once, the others together.
+    // Freezing an application tells of each of its windows. The first change is written at once, the others
+    // together.
     if (m_joining && m_joining->isValid()) {
         m_owesSave = true;
         return;
@@ -39,12 +40,12 @@ void ProjectList::identitiesChanged() {
 
 void ProjectList::projectJoinNodes(const FrozenIdentities& joined) {
     for (const auto& pair : joined) {
-        // Two names that clang 14 lets the lambda below see.
+        // clang 14 does not let the lambda below capture parts of a structured binding.
         const Identity& gone = pair.first;
         const Identity& kept = pair.second;
         for (const Record& project : m_projects)
             project->joinMembers(gone, kept);
-        // A state of the projects that comes back from now on is of a time when this was not frozen.
+        // The freezing is undone, so restoring a snapshot from before it must not repeat it.
         const auto frozen = std::ranges::find_if(
             m_identityChanges.rbegin(), m_identityChanges.rend(), [&](const IdentityChange& change) {
                 return change.old == kept && change.now == gone && !change.doesOldStay;
@@ -74,7 +75,7 @@ bool ProjectList::Snapshot::isLike(const Snapshot& other) const {
     const auto seen = [](const Saved& saved) {
         PropertyListDictionary entries = saved.entries;
         entries.remove(kProjectExpandedUUIDs);
-        // No label is as good as none that was ever set.
+        // Colour 0 shows the same as no colour at all.
         if (ProjectRecord(entries).colorTag() == 0)
             entries.remove(kProjectColorTag);
         return entries;
@@ -118,7 +119,7 @@ std::vector<ProjectList::Record> ProjectList::recordsFrom(const PropertyListArra
     return records;
 }
 
-// Null for a record that is not, or no longer, in the list.
+// Null for a record that is not in the list.
 ProjectList::Record ProjectList::editable(const ProjectRecord& project) const {
     if (&project == m_mainItem.get())
         return m_mainItem;
@@ -129,14 +130,14 @@ ProjectList::Record ProjectList::editable(const ProjectRecord& project) const {
 void ProjectList::insert(Record record, std::size_t position) {
     position = std::min(position, m_projects.size());
     tell(Kind::Insert, ChangePhase::Will, position);
-    // Whoever was told may have removed others.
+    // An observer may have removed others.
     position = std::min(position, m_projects.size());
     m_projects.insert(m_projects.begin() + std::ptrdiff_t(position), std::move(record));
     tell(Kind::Insert, ChangePhase::Did, position);
 }
 
 void ProjectList::remove(std::size_t position) {
-    // The caller may know the record by reference only.
+    // Keeps the record alive, because the caller may have only a reference.
     const Record removed = m_projects[position];
     tell(Kind::Remove, ChangePhase::Will, position);
     std::erase(m_projects, removed);
@@ -190,15 +191,15 @@ std::unordered_set<Identity> ProjectList::allMembers() const {
     return all;
 }
 
-// Members have been added, or the registry may have forgotten them while they were none.
+// Enters the members' names in the registry again: it may have forgotten them while they were in no project.
 std::unordered_set<Identity> ProjectList::keepNames() {
     std::unordered_set<Identity> all = allMembers();
     m_services.notifications.post(kTicklogKeepNamesNotification, all);
     return all;
 }
 
-// Those that no timer goes by at the moment. Where a name has come back meanwhile, as somebody else, it is still the
-// member that was meant.
+// Enters again the names of members that have no timer now. If another timer has come under such a name, the
+// project gets that one too.
 void ProjectList::bringNamesBack(const QHash<QString, Identity>& names) {
     const auto present = m_services.registry.namesOf(keepNames());
     const std::unordered_set<Identity> known(present.begin(), present.end());
@@ -214,7 +215,8 @@ void ProjectList::bringNamesBack(const QHash<QString, Identity>& names) {
     }
 }
 
-// The registry knows every member that there is or that can come back.
+// The registry knows the name of every member that exists or can come back; the other former members are
+// dropped.
 void ProjectList::letFormerGo() {
     if (m_former.empty())
         return;

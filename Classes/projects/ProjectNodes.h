@@ -6,15 +6,17 @@
 
 #include <unordered_map>
 
-// The nodes that show projects. Those of records with an identity are kept and found again; the kept only grow.
+// The nodes that show projects. A record with an identity always gets the same node; these nodes are kept for
+// good.
 class ProjectNodes {
 public:
-    // Outlives the nodes.
+    // `services` outlives the nodes.
     explicit ProjectNodes(TimeStoreServices& services)
         : m_services(services) {}
 
-    // Named with the record's label and not filled: that is TimeTracker::updateTimeStoreCategory with the record's
-    // flattenedMembers(). A fresh one at every call for a record without an identity. Never null.
+    // The node has the record's label and no children yet: TimeTracker::updateTimeStoreCategory() fills it
+    // with the record's flattenedMembers(). A record without an identity gets a new node at every call. Never
+    // null.
     std::shared_ptr<TimeStoreCategory> timeStoreCategoryForProjectDict(const ProjectRecord& record);
 
 private:

@@ -32,8 +32,9 @@ std::vector<Identity> identitiesIn(const PropertyListArray& list) {
     return identities;
 }
 
-// Calls `visit` for each identity, those of nested records included, in order. A list that stands in several places
-// is walked once, or a few of them within each other would take for ever; and nesting takes no stack.
+// Calls `visit` for each identity, in order, also those in nested records. Each list is walked once, even if
+// it occurs in several places: a few lists nested within each other would otherwise take for ever. Does not
+// recurse.
 template<class Visit>
 void forEachFlattened(const PropertyListValue& subtree, Visit&& visit) {
     struct Level {
@@ -61,7 +62,7 @@ void forEachFlattened(const PropertyListValue& subtree, Visit&& visit) {
     }
 }
 
-// Takes out the elements that are identities and unwanted. Answers whether there were any.
+// Removes the elements that are unwanted identities. Answers whether there were any.
 template<class IsUnwanted>
 bool prune(PropertyListArray& list, IsUnwanted&& isUnwanted) {
     return std::erase_if(list, [&](const PropertyListValue& value) {
@@ -141,7 +142,7 @@ bool ProjectRecord::replaceMember(const Identity& old, const Identity& replaceme
     bool hasChanged = false;
     for (const QString& key : {kProjectSubtree, kProjectExpandedUUIDs}) {
         const PropertyListArray& present = listOf(m_entries.value(key));
-        // Nearly always it is not there, and nothing is copied.
+        // Usually there is none, and nothing is copied.
         if (std::ranges::none_of(present, isOld))
             continue;
         PropertyListArray list = present;

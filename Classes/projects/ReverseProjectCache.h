@@ -11,12 +11,12 @@
 // Colour tags in ascending order, each once.
 using ColorTags = QVarLengthArray<int, 6>;
 
-// Which colours the projects of a timer have. Replaced whole and never changed, so whoever draws holds on to the one
-// it began with.
+// The colours of each timer's projects. It is replaced as a whole and never changed, so painting can go on
+// with the one it started with.
 class ReverseProjectCache {
 public:
     ReverseProjectCache() = default;
-    // Projects without a colour give nothing, nor do the members of nested records.
+    // Projects without a colour add nothing; neither do the members of nested records.
     explicit ReverseProjectCache(const std::vector<std::shared_ptr<ProjectRecord>>& projects);
 
     // Empty for a timer that is in no coloured project.
@@ -34,6 +34,6 @@ private:
         }
     };
 
-    // Sorted, each once: built in one piece, because every change of a colour builds it anew.
+    // Sorted, each once. Built in one piece, because every change of a colour builds it anew.
     std::vector<Entry> m_entries;
 };

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Whether one of the names under which a file at `to` can lie is that of `from`, in the same folder by another name.
+// Whether `from` is already in the target folder, under one of the names that a file at `to` can have.
 bool isThere(const QString& from, const QString& to) {
     for (int n = 1;; ++n) {
         const QString name = WholeFile::nthName(to, n);
@@ -42,7 +42,7 @@ struct BackgroundMove::WayBack {
         if (!owner)
             return;
         runLoop.performSoon([self, outcome] {
-            // On the main thread, where it also goes.
+            // The owner lives and dies on the main thread, so this is safe.
             if (self->owner)
                 self->owner->finish(outcome);
         });

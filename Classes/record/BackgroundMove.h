@@ -9,21 +9,22 @@
 
 #include <deque>
 
-// Moves files to places that may answer slowly or never: a mount over the network, a disk that spins up. A thread of its
-// own waits for them, one move after the other, while the main thread goes on counting. A file that could not be moved
-// stays where it is.
+// Moves files to places that may answer slowly or never, such as a network mount or a disk that spins up. A
+// thread of its own does this, one move after the other, while the main thread goes on counting. A file that
+// could not be moved stays where it is.
 class BackgroundMove {
 public:
-    // Runs `work` somewhere, now or later.
+    // Runs `work` on some thread, now or later.
     using Background = std::function<void(std::function<void()> work)>;
-    // A thread for each, that nobody waits for: one that hangs must not keep the program from ending.
+    // A new thread for each call. Nobody waits for it: one that hangs must not keep the program from ending.
     static void onThread(std::function<void()> work);
 
     struct Move {
         QString from;
-        // Where something stands already, the file comes to lie beside it, as WholeFile::writeBeside() does it.
+        // If a file is already there, the moved one gets a free name beside it, as WholeFile::writeBeside()
+        // finds it.
         QString to;
-        // Called on the main thread, unless this is gone by then.
+        // Called on the main thread, unless this object is gone by then.
         std::function<void(const Outcome&)> done;
     };
 
@@ -36,7 +37,7 @@ public:
 
     void add(Move move);
 
-    // What is not done yet, in order.
+    // The moves that are not done yet, in order.
     const std::deque<Move>& waiting() const { return m_waiting; }
 
 private:
@@ -48,6 +49,6 @@ private:
     Background m_background;
     FileCalls& m_calls;
     std::deque<Move> m_waiting;
-    // Shared with the thread, which may come back when there is nobody any more.
+    // Shared with the thread, which may finish after this object is gone.
     std::shared_ptr<WayBack> m_wayBack;
 };

@@ -41,7 +41,7 @@ int FileCalls::allocate(int file, off_t size) {
         return -1;
     const int result = ::fallocate(file, FALLOC_FL_KEEP_SIZE, 0, size);
     const int error = errno;
-    // Kernels count it as a change of the file, even when they refuse.
+    // Kernels change the file's time even if they refuse, so it is set back.
     const timespec times[2] = {{0, UTIME_OMIT}, before.st_mtim};
     ::futimens(file, times);
     errno = error;

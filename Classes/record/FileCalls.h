@@ -6,8 +6,8 @@
 
 #include <cstddef>
 
-// The calls to the system by which a store is written, so that tests make each of them fail, fall short or be
-// the last one before a crash. All answer as the system does: -1 with the reason in errno.
+// The system calls that write a store. Tests replace them, to make each one fail, fall short, or be the last
+// before a crash. All answer as the system does: -1, with the reason in errno.
 class FileCalls {
 public:
     virtual ~FileCalls() = default;
@@ -16,7 +16,7 @@ public:
     static FileCalls& system();
 
     virtual int open(const char* path, int flags, mode_t mode);
-    // Of a link, what the link itself is.
+    // Of a link: the status of the link itself, not of its target.
     virtual int status(const char* path, struct stat& status);
     virtual ssize_t write(int file, const void* bytes, std::size_t count);
     virtual ssize_t pwrite(int file, const void* bytes, std::size_t count, off_t offset);

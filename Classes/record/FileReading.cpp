@@ -7,7 +7,7 @@
 
 namespace {
 
-// The file is in memory by then, and its value is still to be made.
+// Half of the work is done: the file is in memory and its value has yet to be made.
 constexpr double kIsInMemory = 0.5;
 
 } // namespace
@@ -15,7 +15,7 @@ constexpr double kIsInMemory = 0.5;
 struct FileReading::State {
     std::atomic<double> done{0};
     std::atomic<bool> isWanted{true};
-    // Written before `done` becomes 1, and read afterwards.
+    // Written before `done` becomes 1, and read only after that.
     std::optional<Result<PropertyListValue>> result;
 };
 

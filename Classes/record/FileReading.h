@@ -6,9 +6,9 @@
 
 #include <memory>
 
-// Reads a property list beside the main thread, which goes on counting and painting: the file may be large, and its disk may
-// answer slowly or never. The thread knows a path and what stands there, and nothing else. Nobody waits for it: when this is
-// gone it gives up. Main thread only.
+// Reads a property list on another thread, while the main thread goes on counting and painting: the file may
+// be large, and its disk may answer slowly or never. The thread knows nothing but a path and what it reads
+// there. Nobody waits for it, and it gives up when this object is gone. Main thread only.
 class FileReading {
 public:
     explicit FileReading(const QString& path,
@@ -17,9 +17,9 @@ public:
     FileReading& operator=(const FileReading&) = delete;
     ~FileReading();
 
-    // How much of it is done, from 0 to 1. It is 1 when it has ended, and not before.
+    // How much has been read, from 0 to 1. It is 1 only when reading has ended.
     double done() const;
-    // What was read, as of PropertyList::readFile(). REQUIRES: done() is 1. Once.
+    // The result, as of PropertyList::readFile(). Call it once. REQUIRES: done() is 1.
     Result<PropertyListValue> take();
 
 private:

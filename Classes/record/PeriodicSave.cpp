@@ -17,9 +17,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Timers stand still while the machine sleeps, and the clock may be set: so often the wall clock is looked at.
+// The wall clock is checked this often, because timers stand still while the machine sleeps, and because the
+// clock may be set.
 constexpr std::chrono::nanoseconds kLongestWait = 1min;
-// A clock that is set by less leaves the plan as it is: an hour across the time of day must not cost the day.
+// If the clock is set by less than this, the plan stays: setting it an hour past the time of day must not
+// cost that day's archive.
 constexpr auto kMostSet = 48h;
 
 const QString kTableExtension = QStringLiteral("csv");
@@ -84,7 +86,8 @@ PeriodicSave::Plan PeriodicSave::planFrom(Date now) const {
     constexpr std::chrono::milliseconds kHour = 1h;
     const std::chrono::milliseconds since(plan.timeOfDay.msecsTo(today.time()));
     plan.minutes = (since % kHour + kHour) % kHour;
-    // With its minutes, the archive of a late evening comes after midnight and is still that evening's.
+    // With its minutes, the check of a late evening comes after midnight and still belongs to that evening's
+    // day.
     plan.next = today.date().addDays(-1);
     while (plan.firing(plan.next) <= now)
         plan.next = plan.next.addDays(1);
@@ -106,12 +109,12 @@ void PeriodicSave::arm() {
 
 void PeriodicSave::fire() {
     forgetWhatIsGone();
-    // The days in between never were.
+    // The clock was set by days: the days between did not pass.
     if (wasClockSetByDays())
         return updatedSaveTimerPeriodically();
     if (const auto due = takeDue(m_clock.now()))
         doPeriodicSave(*due);
-    // What was told meanwhile may have planned otherwise.
+    // Observers may have changed the plan meanwhile.
     if (m_plan)
         arm();
 }
@@ -119,7 +122,7 @@ void PeriodicSave::fire() {
 std::optional<QDate> PeriodicSave::takeDue(Date now) {
     std::optional<QDate> due;
     for (; m_plan->firing(m_plan->next) <= now; m_plan->next = m_plan->next.addDays(1))
-        // What was counted is of the first; of the later ones there is nothing.
+        // All that was counted belongs to the first of these days; nothing is left for the later ones.
         if (!due && isChosen(m_plan->next))
             due = m_plan->next;
     return due;
@@ -165,8 +168,8 @@ void PeriodicSave::archiveAs(const QString& name, const QString& extension) {
     const QString file = name + u'.' + extension;
     const QDir chosen(folder());
     const QDir storeFolder = QFileInfo(m_database.mainStoreURL()).absoluteDir();
-    // A folder of the user's choice may be on a mount that does not answer. Until it has, the archive lies where the account
-    // does.
+    // The chosen folder may be on a mount that does not answer. Until it does, the archive lies beside the
+    // main store.
     const QString kept = WholeFile::freeName(storeFolder.filePath(file));
     const bool isElsewhere = chosen.absolutePath() != storeFolder.absolutePath();
     Outcome written = write(kept);
@@ -229,7 +232,7 @@ void PeriodicSave::tellLost(const QString& name, const QString& why) {
 }
 
 Outcome PeriodicSave::write(const QString& path) {
-    // A main store that is not there at the moment: its name is its own.
+    // Even if the main store is missing at the moment, its name is refused.
     if (path == m_database.mainStoreURL())
         return Failure{Failure::Kind::Refused, QStringLiteral("%1: this is the main store").arg(path)};
     if (!path.endsWith(kTableExtension))

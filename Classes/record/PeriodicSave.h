@@ -15,12 +15,12 @@ class TimeDatabase;
 class TimeTracker;
 struct TimeStoreServices;
 
-// Archives all timers at a time of day on chosen weekdays, under the date of the day that is due, and clears them. The
-// settings say when, where and in which form. A chosen day that was slept through is made up for, whatever day it is by
-// then. Nothing that has been archived is replaced. Main thread only.
+// On chosen weekdays at a time of day, writes an archive of all timers, named after the day that was due, and
+// clears them. The settings say when, where to and in which form. A chosen day on which the machine slept is
+// made up for later, whatever weekday it is by then. Archives are never replaced. Main thread only.
 class PeriodicSave {
 public:
-    // The buttons by which weekdays are chosen, from the left.
+    // The buttons that choose weekdays, from the left.
     using Segments = std::array<bool, 7>;
 
     // `didClear` is called after the timers were cleared. Everything must outlive this.
@@ -29,39 +29,41 @@ public:
                  BackgroundMove::Background background = BackgroundMove::onThread);
     ~PeriodicSave();
 
-    // Plans anew, or nothing if the settings want none. A day whose time has come before that is not passed over.
+    // Plans anew, or stops planning if the settings want no archives. A day that is already due is still
+    // archived.
     void updatedSaveTimerPeriodically();
-    // For whenever any setting may have changed: plans anew if that is one that the plan stands on.
+    // To be called when any setting may have changed: plans anew if the change concerns the plan.
     void settingsChanged();
-    // When the next day is looked at; absent while nothing is planned.
+    // When it is next checked whether a day is due; absent while nothing is planned.
     std::optional<Date> nextFiring() const;
 
     // Where archives go, with "~" expanded.
     QString folder() const;
 
-    // Archives and clears if today is one of the weekdays.
+    // Archives and clears if today is one of the chosen weekdays.
     void performPeriodicSave();
-    // Archives and clears. A folder of the user's choice may take its time: until the archive has been moved there, and
-    // as long as it cannot be, it is kept beside the main store, which the user is told. The timers are cleared even if nothing
-    // could be written.
+    // Archives and clears. The chosen folder may answer slowly: until the archive has been moved there, it is
+    // kept beside the main store, and the user is told if the move fails. The timers are cleared even if
+    // nothing could be written.
     void doPeriodicSave();
-    // The same, named after the day that was due.
+    // The same for the day that was due: it gives the archive its name.
     void doPeriodicSave(QDate due);
 
-    // Bit d of the setting is the weekday d, from 0 for Sunday. Showing the setting selects button i for bit i.
+    // Weekday d, from 0 for Sunday, is bit d of the setting. To show the setting, bit i selects button i.
     Segments selectProperPeriodicDaysOfWeek() const;
-    // Storing reads them the other way round: button i is bit 6 - i. Plans anew.
+    // To store it, the order is reversed: button i becomes bit 6 - i. Plans anew.
     void setPeriodicDaysOfWeek(const Segments& selected);
 
 private:
-    // Each day at a time of day, and some minutes later: a first firing is whole hours from when it was planned.
+    // A day begins at the set time of day; its check fires some minutes later. The minutes come from the
+    // moment of planning, because the first check is whole hours away from it.
     struct Plan {
         Date begins(QDate day) const;
         Date firing(QDate day) const { return begins(day) + minutes; }
 
         QTime timeOfDay;
         std::chrono::milliseconds minutes;
-        // Days before this one are settled.
+        // Days before this one are done.
         QDate next;
     };
 
@@ -69,19 +71,19 @@ private:
     bool isChosen(QDate day) const;
     void arm();
     void fire();
-    // Settles all days that are due; answers the first of them that is chosen.
+    // Marks all days that are due as done; answers the first chosen one among them.
     std::optional<QDate> takeDue(Date now);
-    // Whether the wall clock has been set, by days, since it was last looked at.
+    // Whether somebody has set the wall clock by days since it was last looked at.
     bool wasClockSetByDays() const;
     void archive(const QString& name);
     void archiveAs(const QString& name, const QString& extension);
     void moveLater(const QString& kept, const QString& path);
-    // As the extension says. The main store's name is refused.
+    // Writes the form that the file extension names. Refuses the name of the main store.
     Outcome write(const QString& path);
     void wasMoved(const QString& kept, const QString& path, const Outcome& moved);
-    // The folder answers again: what is kept goes there too.
+    // The folder answers again: archives that are kept beside the main store are moved there.
     void moveKept();
-    // What the user has taken away himself is kept no more.
+    // Forgets kept archives that the user has taken away.
     void forgetWhatIsGone();
     void tellKept();
     void logKept(const QString& kept, const QString& why);
@@ -94,12 +96,12 @@ private:
     TimeStoreServices& m_services;
     std::function<void()> m_didClear;
     BackgroundMove m_moves;
-    // Archives that lie beside the main store, and where they belong.
+    // Archives that lie beside the main store, and where they are to go.
     std::vector<std::pair<QString, QString>> m_kept;
-    // The settings by which was planned.
+    // The settings that the plan was made from.
     std::pair<bool, PropertyListValue> m_plannedBy;
     std::optional<Plan> m_plan;
-    // When the clocks were last looked at, by both.
+    // When this was last checked, on both clocks.
     Date m_lookedAt;
     std::chrono::nanoseconds m_lookedAtSinceBoot{};
     std::unique_ptr<RunLoopTimer> m_timer;

@@ -17,10 +17,10 @@
 namespace {
 
 constexpr mode_t kPrivate = S_IRUSR | S_IWUSR;
-// Stands at the head of a store that is being copied: neither form of a property list begins with it.
+// The first byte of a store that is being copied. No form of a property list begins with it.
 constexpr char kUnfinished = '#';
 constexpr int kMostLinks = 40;
-// Fast, and nobody makes another content that fits.
+// Fast, and nobody can construct other content with the same digest.
 constexpr auto kDigest = QCryptographicHash::Blake2b_160;
 
 Failure systemFailure(const QString& path, int error) {
@@ -28,7 +28,7 @@ Failure systemFailure(const QString& path, int error) {
     return {kind, QStringLiteral("%1: %2").arg(path, qt_error_string(error))};
 }
 
-// A file that is open, until the end of the scope.
+// Closes the file at the end of the scope.
 class OpenFile {
 public:
     explicit OpenFile(int descriptor)
@@ -50,8 +50,8 @@ private:
     int m_descriptor;
 };
 
-// Calls `step(done)` until `count` bytes are done; each answers how many more it did. False with the reason
-// in errno.
+// Calls `step(done)`, which answers how many more bytes it has done, until `count` bytes are done. On failure
+// answers false with the reason in errno.
 template<class Step>
 bool complete(std::size_t count, Step&& step) {
     for (std::size_t done = 0; done < count;) {
@@ -68,14 +68,14 @@ bool complete(std::size_t count, Step&& step) {
     return true;
 }
 
-// The file that a link leads to in the end, whether it is there or not: there the sidecar has to lie.
+// The file that a link finally leads to, whether it exists or not: the sidecar must lie there.
 QString followed(QString path) {
     for (int i = 0; i < kMostLinks && QFileInfo(path).isSymLink(); ++i)
         path = QFileInfo(path).symLinkTarget();
     return path;
 }
 
-// Only a dictionary is a database.
+// A database must be a dictionary.
 Result<PropertyListValue> readDictionary(const QString& path) {
     auto read = PropertyList::readFile(path);
     if (read && !read->asDictionary())
@@ -106,9 +106,9 @@ struct StoreFile::Paths {
         , folder(QFileInfo(store).absolutePath()) {}
 
     QString store;
-    // A whole and synced content; never anything less, because it gets its name only then.
+    // Whole and synced content. A file gets this name only when it is complete.
     QString sidecar;
-    // A content that is still being written: worth nothing.
+    // Content that is still being written; useless after a crash.
     QString part;
     QString folder;
 };
@@ -118,7 +118,8 @@ Outcome StoreFile::write(const QString& path, const std::function<void(PropertyL
     const Paths paths(path);
     if (auto aside = setAsideUnreadable(paths); !aside)
         return aside;
-    // What cannot be written to must be known before there is a sidecar that would win over it for ever.
+    // Check now whether the store can be written to: otherwise there would be a sidecar that is used in its
+    // place for ever.
     if (const QFileInfo info(paths.store); info.exists() && (!info.isFile() || !info.isWritable()))
         return Failure{Failure::Kind::CannotWrite,
                        QStringLiteral("%1: cannot be written to").arg(paths.store)};
@@ -142,7 +143,8 @@ bool StoreFile::isOurs(const QString& path, const Paths& paths) const {
     if (m_calls.status(QFile::encodeName(path).constData(), file) != 0 ||
         ::stat(QFile::encodeName(paths.folder).constData(), &folder) != 0)
         return false;
-    // Whoever owns the folder can exchange all that lies in it, and on some disks owns it all.
+    // Who owns the folder can exchange any file in it; and on some disks all files belong to the folder's
+    // owner.
     const bool hasRight = file.st_uid == ::geteuid() || file.st_uid == folder.st_uid;
     return S_ISREG(file.st_mode) && file.st_nlink == 1 && hasRight;
 }
@@ -181,7 +183,8 @@ Outcome StoreFile::writeSidecar(const Paths& paths, const std::function<void(Pro
 Outcome StoreFile::fillPart(const Paths& paths, const std::function<void(PropertyListSink&)>& content,
                             QCryptographicHash* hash) {
     const QByteArray name = QFile::encodeName(paths.part);
-    // Of an earlier crash, worth nothing. Where it is somebody else's, nothing is to be written into it.
+    // Left by an earlier crash and useless. If somebody else has put it there, nothing may be written into
+    // it.
     m_calls.remove(name.constData());
     const OpenFile part(
         m_calls.open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kPrivate));
@@ -221,10 +224,10 @@ Outcome StoreFile::putInPlace(const Paths& paths) {
         if (auto replaced = replaceContent(sidecar.descriptor(), store.descriptor(), paths.store); !replaced)
             return replaced;
     }
-    // A store that is new must be found in its folder before the sidecar is gone from it.
+    // The folder must know a new store before its sidecar is removed.
     if (auto synced = syncFolder(paths); !synced)
         return synced;
-    // A sidecar that cannot be removed says what the store says, and is removed by the next launch.
+    // If the sidecar cannot be removed, it has the same content as the store, and the next launch removes it.
     if (m_calls.remove(sidecarPath.constData()) == 0)
         static_cast<void>(syncFolder(paths));
     return Done{};
@@ -263,7 +266,8 @@ Outcome StoreFile::copyBehindFirstByte(int sidecar, int store, off_t size, const
         else if (copied == 0 || errno != EINTR)
             break;
     }
-    // Not every file system copies by itself; whatever it was that failed, writing finds out for certain.
+    // Some file systems cannot copy by themselves. Whatever went wrong, writing in pieces shows whether it
+    // works.
     std::array<char, 64 * 1024> buffer;
     while (offset < size) {
         const ssize_t count =
@@ -284,7 +288,7 @@ Outcome StoreFile::copyBehindFirstByte(int sidecar, int store, off_t size, const
 Outcome StoreFile::syncFolder(const Paths& paths) {
     const OpenFile folder(
         m_calls.open(QFile::encodeName(paths.folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
-    // Some file systems know no syncing of folders.
+    // Some file systems cannot sync folders.
     if (!folder || (m_calls.sync(folder.descriptor()) != 0 && errno != EINVAL))
         return systemFailure(paths.folder, errno);
     return Done{};
@@ -316,7 +320,7 @@ void StoreFile::refuse(const QString& path) {
     m_unreadable.insert(Paths(path).store);
 }
 
-// There is a sidecar: a save did not come to its end.
+// There is a sidecar, so a save was interrupted.
 Result<PropertyListValue> StoreFile::settle(const Paths& paths) {
     auto sidecar = readDictionary(paths.sidecar);
     auto store = readDictionary(paths.store);
@@ -327,8 +331,8 @@ Result<PropertyListValue> StoreFile::settle(const Paths& paths) {
         setAsideSidecar(paths, QStringLiteral("it cannot be read"));
         return store;
     }
-    // A store that is whole is either older than the sidecar, or was finished and says the same, or was put
-    // there by somebody else since then, who is to be obeyed.
+    // A whole store is either older than the sidecar; or was completed and has the same content; or somebody
+    // has put it there since, and then it is used.
     if (store && isLater(writtenAt(paths.store), writtenAt(paths.sidecar)) &&
         PropertyList::xml(*store) != PropertyList::xml(*sidecar)) {
         setAsideSidecar(paths, QStringLiteral("the store was changed after it"));

@@ -31,7 +31,7 @@ const QString kAdded = QStringLiteral("Added");
 constexpr std::chrono::seconds kBetweenTries{60};
 constexpr std::chrono::seconds kBetweenLooks{10};
 
-// Never replaces what stands at `to`.
+// Never replaces a file at `to`.
 Outcome copyFile(const QString& from, const QString& to) {
     if (QFileInfo::exists(to) || QFileInfo(to).isSymLink())
         return Failure{Failure::Kind::AlreadyExists, QStringLiteral("%1 exists already.").arg(to)};
@@ -41,7 +41,7 @@ Outcome copyFile(const QString& from, const QString& to) {
     return WholeFile::write(file.readAll(), to);
 }
 
-// "Primary Database - Import Backup.tkd", whether it is there or not.
+// "Primary Database - Import Backup.tkd", whether it exists or not.
 QString besideStore(const QString& store, const QString& what) {
     const QString suffix = QFileInfo(store).suffix();
     const QString ending = suffix.isEmpty() ? QString() : u'.' + suffix;
@@ -60,7 +60,7 @@ QString tooManyTimers(std::size_t most) {
         .replace(QLatin1String("%@"), QString::number(most));
 }
 
-// Tells one content of a file from a later one.
+// Changes whenever the file's content does: its size and the time of its last change.
 QString stateOf(const QString& path) {
     struct stat status {};
 
@@ -84,7 +84,7 @@ TimeDatabase::TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, Us
     , m_store(std::make_unique<StoreFile>(services.log, calls))
     , m_applicationSupportFolder(folders.applicationSupport)
     , m_mainStoreURL(defaultMainStoreURL()) {
-    // That it fails is noticed when it is written to.
+    // If this fails, writing into the folder will report it.
     static_cast<void>(PrivateFiles::makeFolder(m_applicationSupportFolder));
 }
 
@@ -128,7 +128,7 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
         sink.date(m_tracker.lastResetDate());
         sink.endDictionary();
     };
-    // Nobody could read it again: what was written before them stays.
+    // Nobody could read so many again: the file that was written before stays.
     const Outcome outcome = timersIn(m_tracker) > m_mostTimers
                                 ? Failure{Failure::Kind::Refused, tooManyTimers(m_mostTimers)}
                             : location ? m_store->write(*location, writeContent)
@@ -137,7 +137,7 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
         m_services.log.log(QStringLiteral("The database could not be written: ") + outcome.failure().text);
     if (!location)
         mainStoreWritten(bool(outcome));
-    // The identities belong to the timers just written.
+    // The identities belong to the timers that were just written.
     m_services.registry.saveData();
     return outcome;
 }
@@ -170,7 +170,7 @@ void TimeDatabase::mainStoreWritten(bool isWritten) {
     m_services.trouble.end(Trouble::StoreUnwritten);
     if (m_owesMeanwhile)
         endMeanwhile();
-    // Not before what lay there has made room.
+    // Only when the file that lay there has been set aside.
     if (m_awaited && m_defaults.object(kMeanwhileOf).toString() != *m_awaited) {
         m_defaults.setObject(kMeanwhileOf, *m_awaited);
         m_defaults.synchronize();
@@ -230,7 +230,7 @@ void TimeDatabase::loadMainStore() {
     beginMeanwhile(recorded);
 }
 
-// What holds no account that we understand must not be written over.
+// A file that is no account, as far as we understand, must not be overwritten.
 bool TimeDatabase::loadOrSetAside(const QString& location) {
     tellWhetherExposed(location);
     const auto loaded = load(location);
@@ -258,7 +258,7 @@ void TimeDatabase::beginMeanwhile(const QString& recorded) {
             recorded));
     if (m_defaults.object(kMeanwhileOf).toString() == recorded)
         return;
-    // The account from before it was moved stands there: it is no part of this one.
+    // The account from before the main store was moved may still lie there; it does not belong to this one.
     m_store->refuse(m_mainStoreURL);
     static_cast<void>(saveSettingsToDiskAtURL());
 }
@@ -281,7 +281,8 @@ void TimeDatabase::bringTogether() {
     }
     const bool isLoaded = loadOrSetAside(location);
     const QString notYetIn = m_defaults.object(kMeanwhileNotYetIn).toString();
-    // A save that an earlier run did not live to see the end of.
+    // An earlier run added it and was interrupted while it saved. If the store has changed since, that save
+    // is in it.
     const bool isIn = isLoaded && !notYetIn.isEmpty() && notYetIn != stateOf(location);
     if (!isLoaded) {
         m_tracker.reset();
@@ -316,7 +317,7 @@ void TimeDatabase::stopWaiting() {
 
 bool TimeDatabase::replaceBy(IncomingTimers& timers) {
     m_tracker.reset();
-    // While the timer runs, what is in front has a fresh timer already.
+    // If the timer runs, the application in front already has a fresh timer.
     const TimeTracker::AppSet fresh = m_tracker.fullTimeSet();
     timers.makeAll();
     m_hasLeftOut = m_tracker.take(timers) > 0;
@@ -331,7 +332,7 @@ bool TimeDatabase::replaceBy(IncomingTimers& timers) {
 }
 
 Outcome TimeDatabase::chooseDatabaseLocation(const QString& location) {
-    // Before the first save there would be nothing to copy.
+    // Before the first save there is no file that could be copied.
     if (!QFileInfo::exists(m_mainStoreURL))
         if (Outcome saved = saveSettingsToDiskAtURL(); !saved)
             return saved;
@@ -347,11 +348,11 @@ Outcome TimeDatabase::chooseDatabaseLocation(const QString& location) {
 
 void TimeDatabase::restoreDefaultDatabaseLocation() {
     const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
-    // An older account that still stands there is set aside by the next save, not written over.
+    // If an older account still lies there, the next save sets it aside and does not overwrite it.
     if (m_mainStoreURL != defaultMainStoreURL())
         m_store->refuse(defaultMainStoreURL());
     setMainStoreURL(defaultMainStoreURL());
-    // Also after a launch that did not find the recorded one: what was counted meanwhile is the account.
+    // Also if the recorded store was missing at launch: what was counted meanwhile is the account now.
     m_defaults.setObject(kMainStorePath, m_mainStoreURL);
     stopWaiting();
     m_defaults.removeObject(kMeanwhileOf);
@@ -384,10 +385,10 @@ Outcome TimeDatabase::importDatabase(const QString& location, const Result<Incom
 }
 
 Outcome TimeDatabase::backUpBeforeImport(const QString& location) {
-    // A save would replace what is to be imported.
+    // Saving first would replace the file that is to be imported.
     if (location == m_mainStoreURL || WholeFile::isSame(location, m_mainStoreURL))
         return saveSettingsToDiskAtURL(importBackupURL());
-    // The backup is to hold what the user sees, not what was saved a while ago.
+    // The backup must hold what the user sees now, not what was saved some time ago.
     if (Outcome saved = saveSettingsToDiskAtURL(); !saved)
         return saved;
     return copyFile(m_mainStoreURL, importBackupURL());

@@ -21,37 +21,38 @@ class StoreWitness;
 class TimeTracker;
 struct TimeStoreServices;
 
-// The path of the main store, for observers of the database.
+// The path of the main store has changed. For observers of the database.
 inline constexpr ObservedKey kPathDirectoryKey{"pathDirectory"};
 
-// The most timers that are taken from a file, or written into one: half a million windows, seen over years, need 600 MB of
-// memory while they are read.
+// The most timers that a file may hold, read or written. Half a million windows, seen over years, take 600 MB
+// of memory while they are read.
 inline constexpr std::size_t kMostTimers = 500'000;
 
-// Database files carry this extension.
+// The extension of database files.
 inline const QString kDatabaseExtension = QStringLiteral("tkd");
 
-// All timers in one file, the main store: read at launch, written whenever they must be kept. Locations are full
-// paths. What goes wrong is in the log, and what troubles the account is told to the user. Main thread only.
+// All timers in one file, the main store: read at launch, and written whenever they must be kept. Locations
+// are full paths. Errors go to the log, and troubles of the account to the user. Main thread only.
 //
-// Where the file is not found at its recorded place at launch, on a disk that is not connected say, an empty account begins
-// at the default place. As soon as the file is back, now or at a later launch, what was counted meanwhile is added to it.
+// If a launch does not find the file at its recorded place, because its disk is not connected for example, an
+// empty account begins at the default place. As soon as the file is back, now or at a later launch, what was
+// counted meanwhile is added to it.
 class TimeDatabase : public Observable {
 public:
-    // What the database asks of those who are above it or come later.
+    // What the database asks of code that is above it or is made later.
     struct Hooks {
-        // The project records, for files written to an explicit location.
+        // The project records. They are written to files at an explicit location.
         std::function<PropertyListArray()> projects;
         // An imported file's project records.
         std::function<void(const PropertyListValue&)> setProjects;
-        // The tree is another one: the displays are out of date.
+        // The tree was replaced: displays must be updated.
         std::function<void()> computeTime;
-        // What could be undone was done to timers that are no more.
+        // The timers were replaced: what could be undone concerned the old ones.
         std::function<void()> timersReplaced;
     };
 
-    // Makes the application-support folder if it is missing. Everything must outlive the database. The main store is written by
-    // `calls`.
+    // Makes the application-support folder if it is missing. All arguments must outlive the database. `calls`
+    // write the main store.
     TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, UserDefaults& defaults,
                  const Folders& folders, Hooks hooks, std::size_t mostTimers = kMostTimers,
                  FileCalls& calls = FileCalls::system());
@@ -59,43 +60,44 @@ public:
 
     const QString& applicationSupportFolder() const { return m_applicationSupportFolder; }
     QString defaultMainStoreURL() const;
-    // The default location until another is set.
+    // The default location until another one is set.
     const QString& mainStoreURL() const { return m_mainStoreURL; }
-    // Records the location in the settings. The file is neither moved nor written.
+    // Records the location in the settings. Neither moves nor writes the file.
     void setMainStoreURL(const QString& location);
     // The main store's full path, as the preferences show it.
     const QString& pathDirectory() const { return m_mainStoreURL; }
 
-    // Writes the main store, or with a location a copy there that holds the projects as well. What stood there stays
-    // whole if it fails; the main store is then tried again every minute.
+    // Writes the main store; with a location, writes a copy there that holds the projects as well. On failure
+    // the old file stays whole, and the main store is tried again every minute.
     Outcome saveSettingsToDiskAtURL(const std::optional<QString>& location = std::nullopt);
-    // Replaces all timers by those of a file and answers what was read. Absent, with the timers untouched, when the
-    // file cannot be read or holds no account.
+    // Replaces all timers by those of a file and answers what was read. Absent, and the timers are unchanged,
+    // when the file cannot be read or is no account.
     std::optional<PropertyListDictionary> loadDictionaryFromURL(const QString& location);
-    // Reads the main store: from the recorded location if a file is there, else from the default one.
+    // Reads the main store: from the recorded location if a file is there, else from the default location.
     void loadMainStore();
-    // Whether the recorded location is waited for.
+    // Whether the database waits for the file at the recorded location to come back.
     bool isAwaitingMainStore() const { return m_awaited.has_value(); }
 
-    // Copies the main store to `location`, which must not exist, and makes that the main store.
+    // Copies the main store to `location`, where no file may be yet, and uses it as the main store from then
+    // on.
     Outcome chooseDatabaseLocation(const QString& location);
-    // The next save goes to the default place; the file stays where it is.
+    // The next save goes to the default place; the present file stays where it is.
     void restoreDefaultDatabaseLocation();
-    // Replaces all timers, and the projects if there are any, by those of a file, after a backup of what there is. A backup
-    // that cannot be made stops it.
+    // Replaces all timers by those of a file, and the projects if it has any. Makes a backup first; if that
+    // fails, nothing is replaced.
     Outcome importDatabase(const QString& location);
-    // The same in two steps, for large files: the timers of what has been read from there, which are still to be made, and
-    // then what there is replaced by those.
+    // The same in two steps, for large files. First make the timers of what was read from there, some at a
+    // time; then replace the present ones by them.
     using Incoming = std::shared_ptr<IncomingTimers>;
     Result<Incoming> incomingFrom(const QString& location, const Result<PropertyListValue>& file);
     Outcome importDatabase(const QString& location, const Result<Incoming>& incoming);
-    // Where the backup of the next import goes: "Primary Database - Import Backup.tkd" beside the main store, or with a number
-    // where that is taken.
+    // Where the next import puts its backup: "Primary Database - Import Backup.tkd" beside the main store,
+    // with a number if that name is taken.
     QString importBackupURL() const;
 
-    // A digest of the main store as it is on the disk; empty when there is none.
+    // A digest of the main store on the disk; empty when there is none.
     QByteArray mainStoreContent() const;
-    // Tells of each save of the main store from now on. Null for nobody.
+    // The witness is told of each save of the main store from now on. Null for none.
     void setWitness(StoreWitness* witness) { m_witness = witness; }
 
     QVariant valueForKey(ObservedKey key) const override;
@@ -104,21 +106,22 @@ private:
     Outcome writeMainStore(const std::function<void(PropertyListSink&)>& content);
 
     Result<PropertyListValue> load(const QString& location);
-    // The tree becomes that of a file. False, with what could be made of it in the tree, if that is no account after all.
+    // Replaces the tree by that of a file. False if that is no account after all; then the tree holds what
+    // could be read of it.
     bool replaceBy(IncomingTimers& timers);
     Failure noAccount(const QString& location);
-    // Tells the log of it.
+    // Logs the failure and answers it.
     Failure noted(const Failure& failure);
     bool loadOrSetAside(const QString& location);
     void tellWhetherExposed(const QString& location);
     void mainStoreWritten(bool isWritten);
     Outcome backUpBeforeImport(const QString& location);
 
-    // See the class. `recorded` is the location that is waited for.
+    // See the class comment. `recorded` is the location where the missing file should be.
     void beginMeanwhile(const QString& recorded);
     void lookForMainStore();
     void bringTogether();
-    // What was counted meanwhile is in the main store: its file goes out of the way.
+    // What was counted meanwhile is in the main store: moves its own file out of the way.
     void endMeanwhile();
     void stopWaiting();
 
@@ -132,9 +135,9 @@ private:
     QString m_applicationSupportFolder;
     QString m_mainStoreURL;
     std::optional<QString> m_awaited;
-    // Something of what was read last was damaged.
+    // Some of what was last read was damaged.
     bool m_hasLeftOut = false;
-    // What was counted meanwhile is in the tree and not yet in the main store.
+    // The tree holds what was counted meanwhile, and the main store does not yet.
     bool m_owesMeanwhile = false;
     std::unique_ptr<RunLoopTimer> m_nextLook;
     std::unique_ptr<RunLoopTimer> m_nextTry;

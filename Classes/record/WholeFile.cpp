@@ -13,7 +13,7 @@
 
 namespace {
 
-// What is written between two tellings of the progress.
+// How much is written between two reports of the progress.
 constexpr qsizetype kPiece = 1024 * 1024;
 
 enum class Existing { IsReplaced, IsLeftAlone };
@@ -23,11 +23,12 @@ public:
     OpenFile(FileCalls& calls, const QByteArray& path, Existing existing)
         : m_calls(calls)
         , m_path(path) {
-        // Without waiting, so that nobody hangs on a pipe that no one reads.
+        // Non-blocking, because opening a pipe would hang until somebody reads from it.
         constexpr int kFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
         m_file = m_calls.open(path.constData(), kFlags | O_CREAT | O_EXCL, 0600);
         m_isNew = m_file >= 0;
-        // Exclusively, a link that leads nowhere exists, though its file does not.
+        // With O_EXCL, a link that leads nowhere counts as existing although its file is missing: open it
+        // without.
         if (m_file < 0 && errno == EEXIST && existing == Existing::IsReplaced)
             m_file = m_calls.open(path.constData(), kFlags | O_CREAT, 0600);
     }
@@ -38,12 +39,12 @@ public:
     ~OpenFile() {
         if (m_file >= 0)
             ::close(m_file);
-        // Half a file is worth nothing to anybody.
+        // Half a file is useless.
         if (m_isNew && !m_isWhole)
             m_calls.remove(m_path.constData());
     }
 
-    // 0, or the error.
+    // Answers 0 or the error number.
     int fill(QByteArrayView bytes, const WholeFile::Progress& progress) {
         if (m_file < 0)
             return errno;
@@ -68,7 +69,7 @@ public:
         }
         if (m_calls.truncate(m_file, bytes.size()) != 0)
             return errno;
-        // Some file systems have nothing to sync.
+        // Some file systems cannot sync.
         if (m_calls.sync(m_file) != 0 && errno != EINVAL && errno != ENOTSUP)
             return errno;
         m_isWhole = true;

@@ -3,7 +3,7 @@
 
 namespace {
 
-// A settings file has room for millions of commas, and each category costs 200 bytes. Nobody types as many.
+// A settings file has room for millions of commas, and each category takes 200 bytes. Nobody types this many.
 constexpr int kMostTokens = 100'000;
 
 } // namespace

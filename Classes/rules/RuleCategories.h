@@ -13,7 +13,7 @@ inline const QString kRulesetKey = QStringLiteral("Ruleset");
 // A rule's categories, as one text with commas between them.
 inline const QString kRuleCategories = QStringLiteral("Categories");
 
-// Which rules name a category. Inactive rules count too.
+// Which applications' rules name a category. Inactive rules count too.
 class RuleCategories {
 public:
     // Reads the rules anew. Records of other types are left out.

@@ -31,7 +31,7 @@ QStringList Ruleset::names() const {
     QStringList names;
     for (const auto& [name, record] : rules())
         names << name;
-    // Names that differ in case alone stay in one order.
+    // Names that differ only in case must always be in the same order.
     std::ranges::sort(names, [](const QString& a, const QString& b) {
         const int order = a.compare(b, Qt::CaseInsensitive);
         return order != 0 ? order < 0 : a < b;

@@ -11,7 +11,8 @@ inline const QString kRuleRename = QStringLiteral("Rename");
 inline const QString kRuleEnableRename = QStringLiteral("EnableRename");
 inline const QString kRuleActive = QStringLiteral("Active");
 
-// What a user wants of one application. What is missing in a record, or of another kind, is false or empty.
+// What the user wants for one application. An entry that is missing or of the wrong type counts as false or
+// empty.
 struct Rule {
     static Rule fromRecord(const PropertyListValue& record);
     // Without "Active": a rule that is saved is active.
@@ -20,12 +21,12 @@ struct Rule {
     bool block = false;
     bool enableRename = false;
     QString rename = {};
-    // As typed, with commas between them.
+    // As the user typed them, separated by commas.
     QString categories = {};
 };
 
-// The rules by application name. They are in the settings and nowhere else, and read afresh each time. Names are told
-// apart exactly, and sorted whatever their case.
+// The rules, by application name. They live only in the settings and are read from there each time. Names
+// that differ in case are different names, but sorting ignores case.
 class Ruleset {
 public:
     // The defaults outlive the ruleset.
@@ -33,18 +34,18 @@ public:
         : m_defaults(defaults) {}
 
     QStringList names() const;
-    // Empty for a rule that there is not.
+    // Empty for a rule that does not exist.
     PropertyListDictionary record(const QString& name) const;
     // "Mail ⇒ Work (office, letters)".
     static QString description(const QString& name, const PropertyListDictionary& record);
 
-    // Stores the rule under `name`, which may be empty, in place of the one it was made from, if any. `reload` is called
-    // before anything is written, deliberately: who rereads the rules then still finds the old ones, and learns of the
-    // new ones by the change of the settings.
+    // Stores the rule under `name`, which may be empty, in place of the rule `originalName` if that is given.
+    // Deliberately calls `reload` before anything is written: whoever reads the rules in it still finds the
+    // old ones, and learns of the new ones when the settings announce their change.
     void save(const std::optional<QString>& originalName, const QString& name, const Rule& rule,
               const std::function<void()>& reload);
     void remove(const QString& name);
-    // Puts a record back, or in place of another.
+    // Stores a record under `name`, replacing any other.
     void setRecord(const QString& name, const PropertyListDictionary& record);
 
 private:

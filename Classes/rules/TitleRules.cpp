@@ -5,7 +5,8 @@
 
 namespace {
 
-// How browsers end the titles of private windows, in the languages that Ticklog speaks, and what they call an empty one.
+// How browsers end the titles of private windows, in Ticklog's languages, and how they call an empty private
+// window.
 const QString kPrivateWindows =
     QStringLiteral("(Private Browsing|Privater Modus|Navigation privée|Navegación privada|Tryb prywatny|"
                    "プライベートブラウジング)\\)?$|\\((Incognito|Inkognito|InPrivate|Private|Privat)\\)$|"

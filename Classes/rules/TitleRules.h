@@ -7,28 +7,30 @@
 
 #include <vector>
 
-// The setting that holds the rules: a list of records. Absent, those that are there from the start hold.
+// The setting that holds the rules: a list of records. While it is absent, the built-in rules hold.
 inline const QString kTitleRules = QStringLiteral("kTKTitleRules");
-// The entries of a record. Program and title are found as a part, whatever their case; what is absent or empty fits all.
+// The entries of a record. Program and title match if they are contained, upper or lower case; absent or
+// empty matches everything.
 inline const QString kTitleRuleProgram = QStringLiteral("Program");
 inline const QString kTitleRuleTitle = QStringLiteral("Title");
-// Whether the title is a regular expression.
+// Whether "Title" is a regular expression.
 inline const QString kTitleRuleIsExpression = QStringLiteral("Expression");
-// "keep", "leave out", "replace" or "private"; anything else leaves out.
+// "keep", "leave out", "replace" or "private"; any other value means "leave out".
 inline const QString kTitleRuleEffect = QStringLiteral("Effect");
 inline const QString kTitleRuleReplacement = QStringLiteral("Replacement");
-// A rule that says false is asleep.
+// If this is false, the rule is not used.
 inline const QString kTitleRuleActive = QStringLiteral("Active");
 
-// What is credited where nobody's name may be known.
+// The program that gets the time when the real one must not be known.
 inline const QString kPrivateName = QStringLiteral("Private");
 
-// What may be known of the titles of windows. The one place where titles come in: what is left out here is in no file.
+// Decides what may be recorded of window titles. All titles come in here and nowhere else, so what is left
+// out here is in no file.
 class TitleRules {
 public:
     enum class Effect : unsigned char { Keep, LeaveOut, Replace, Private };
 
-    // Those for private windows of browsers.
+    // The built-in rules, for private windows of browsers.
     TitleRules();
     explicit TitleRules(const PropertyListValue& rules) { read(rules); }
 
@@ -40,18 +42,19 @@ public:
     // What is wrong with its expression, in the words of who reads expressions; empty for none that is wrong.
     static QString faultOf(const PropertyListDictionary& record);
 
-    // Reads the rules anew. Records of another type, and expressions that cannot be read, leave out what they fit in the
-    // rest: a rule that is half understood hides too much, not too little.
+    // Reads the rules anew. If a record has the wrong type or an expression is invalid, that part is ignored
+    // and the rule leaves out whatever the rest matches: a rule that is half understood must hide too much
+    // rather than too little.
     void read(const PropertyListValue& rules);
-    // Grows with each reading.
+    // Grows with each call of read().
     int reading() const { return m_reading; }
 
-    // The title, another text in its place, or an empty one, as the first rule says that fits; without one, the title.
-    // Absent where not even the program may be known.
+    // The title, another text in its place, or an empty text, as the first rule that matches says. Without a
+    // match, the title. Absent where not even the program may be known.
     std::optional<QString> allowed(const QString& program, const QString& title) const;
-    // Where in the list the rule stands that decides; absent for none.
+    // The position in the list of the rule that matches first; absent if none does.
     std::optional<std::size_t> deciding(const QString& program, const QString& title) const;
-    // Whether a title is hidden by what it says, in one program or another.
+    // Whether some rule would hide this title, whatever the program.
     bool hidesSomewhere(const QString& title) const;
 
 private:
@@ -59,7 +62,7 @@ private:
         // In the list, with those that are asleep.
         std::size_t place;
         QString program;
-        // Absent: any title.
+        // Absent: any title matches.
         std::optional<QRegularExpression> title;
         Effect effect;
         QString replacement;

@@ -9,6 +9,6 @@ inline const QString kDatabaseApps = QStringLiteral("Apps");
 inline const QString kDatabaseProjects = QStringLiteral("Projects");
 inline const QString kDatabaseLastResetDate = QStringLiteral("LastResetDate");
 
-// The entries of an application in it.
+// The entries of an application in a database file.
 inline const QString kEntryApp = QStringLiteral("App");
 inline const QString kEntryWindows = QStringLiteral("Windows");

@@ -19,7 +19,7 @@ Identity FrozenTimer::replace(const std::optional<Identity>& identity) {
     const auto known = std::ranges::find(m_known, identity, &Pair::before);
     const bool isKnown = identity && known != m_known.end();
     m_pairs.push_back({identity, isKnown ? known->after : Identity::brandNew()});
-    // Two windows of an old account may have one identity, and must not have one any more.
+    // In an old account two windows may share an identity; from now on each has its own.
     if (isKnown)
         m_known.erase(known);
     return m_pairs.back().after;

@@ -14,32 +14,34 @@ class TimeStoreNode;
 
 // A timer was frozen. The object is a FrozenIdentities.
 inline const QString kTicklogBranchNodeNotification = QStringLiteral("kTicklogBranchNodeNotification");
-// The old identity and the new one: one entry.
+// Old identity to new identity, one entry.
 using FrozenIdentities = std::map<Identity, Identity>;
 
-// A frozen timer has become one again with what went on in its place. The object is a FrozenIdentities: from the
-// identities that are no more, the frozen ones among them, to those of the timers that there were before.
+// A freezing was undone: the frozen timer was joined with the one that went on in its place. The object is a
+// FrozenIdentities: it maps identities that no longer exist, including the frozen ones, to those of the
+// original timers.
 inline const QString kTicklogUnbranchNodeNotification = QStringLiteral("kTicklogUnbranchNodeNotification");
 
-// A timer that was frozen: what it was before, and which identities it and its windows have got. Enough to undo that, and
-// to do it again so that whatever was said of the timers meanwhile is still said of the same ones.
+// A timer that was frozen: its original identities and the new ones, for it and for its windows. Enough to
+// undo the freezing, and to redo it under the same identities, so that projects and later undo steps still
+// mean the same timers.
 class FrozenTimer {
 public:
-    // A timer and the one it became. Absent for a timer that had no identity.
+    // An original identity and the one that replaced it. Absent for a timer without an identity.
     struct Pair {
         std::optional<Identity> before;
         Identity after;
     };
 
-    // Of a timer that is not frozen and about to be. With `again`, it is the one that was frozen then.
+    // For a timer that is about to be frozen. `again` is its first freezing, when that is being redone.
     explicit FrozenTimer(const TimeStoreNode& timer, const FrozenTimer* again = nullptr);
 
-    // The identity of a frozen timer in place of the one it has had. To be asked for the timer itself first, then for each
-    // of its windows.
+    // Answers the identity that replaces `identity`. Call it first for the timer itself, then for each of its
+    // windows.
     Identity replace(const std::optional<Identity>& identity);
 
-    // What stood in the timer's place, by its key in the registry, when the two were joined. It comes back under the
-    // same identity when the timer is frozen again.
+    // Records which identity went on in the timer's place, by its registry key, when the two were joined. If
+    // the freezing is redone, the successor gets that identity back.
     void remember(const QString& key, const Identity& successor) {
         m_successors.insert_or_assign(key, successor);
     }
@@ -56,7 +58,7 @@ private:
     std::optional<QString> m_renamedName;
     bool m_isApp;
     std::vector<Pair> m_pairs;
-    // Those of the first time that were not yet asked for.
+    // Identities of the first freezing that were not asked for yet.
     std::vector<Pair> m_known;
     std::map<QString, Identity> m_successors;
 };

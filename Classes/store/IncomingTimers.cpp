@@ -28,7 +28,8 @@ IncomingTimers::IncomingTimers(TimeStoreServices& services, PropertyListValue en
     const PropertyListDictionary* table = m_entries.asDictionary();
     const bool hasVersion = table && table->contains(kDatabaseVersion);
     const PropertyListArray* apps = table ? table->value(kDatabaseApps).asArray() : nullptr;
-    // Whoever wrote a version wrote a list of applications: without one nobody knows what else is lost.
+    // A file with a version must have a list of applications. Without the list, nobody knows what else is
+    // missing.
     m_isAccount = table && !table->isEmpty() && (!hasVersion || apps);
     m_count = hasVersion ? (apps ? timersIn(*apps) : 0) : table ? table->size() : 0;
     if (hasVersion)
@@ -85,8 +86,8 @@ void IncomingTimers::makeOne() {
         endApplication();
 }
 
-// A table that holds "Apps" after all is a newer one that lost its version: nobody knows what else it lost, so it is left
-// where it stands.
+// The oldest form is a table of names and seconds. A table with a list under "Apps" is a newer file that has
+// lost its version and perhaps more, so it is not taken as an account.
 void IncomingTimers::makeOldest() {
     const auto& [name, seconds] = *(m_table->begin() + std::ptrdiff_t(m_next++));
     if (name == kDatabaseApps && seconds.asArray())

@@ -5,40 +5,42 @@
 
 #include <functional>
 
-// Timers on their way from a file to the tree. They are made beside it, some at a time, so that whoever brings half a
-// million of them can do other things in between; the tree and the projects hear of them when it takes them. The registry
-// learns their identities as they are made; who made them is told if they are given up, so that it can learn the tree's anew.
-// Main thread only.
+// Timers on their way from a file to the tree. They are made beside the tree, some at a time, so that other
+// things can be done while half a million of them are made; the tree and the projects hear of them only when
+// it takes them. The registry learns their identities as they are made. If they are given up, GivenUp is
+// called, so that its owner can enter the tree's own identities again. Main thread only.
 class IncomingTimers {
 public:
     using AppSet = std::vector<std::shared_ptr<TimeStoreApp>>;
 
     using GivenUp = std::function<void()>;
 
-    // Of what a database file holds.
+    // From the content of a database file.
     IncomingTimers(TimeStoreServices& services, PropertyListValue entries, GivenUp givenUp);
-    // Of a list of entries alone, as in TimeTracker::arrayRepresentation(). The list must outlive this.
+    // From a list of entries alone, as TimeTracker::writeArrayRepresentation() writes it. The list must
+    // outlive this object.
     IncomingTimers(TimeStoreServices& services, const PropertyListArray& apps, GivenUp givenUp);
     IncomingTimers(const IncomingTimers&) = delete;
     IncomingTimers& operator=(const IncomingTimers&) = delete;
     ~IncomingTimers();
 
-    // All that the file says has its place in an account, as far as it was looked at.
+    // Whether the content is an account, as far as it has been read.
     bool isAccount() const { return m_isAccount; }
-    // So many timers there are to be made, counting those that are left out.
+    // How many timers are to be made, including those that will be left out.
     std::size_t count() const { return m_count; }
     const PropertyListValue& entries() const { return m_entries; }
-    // When they were last cleared; absent where the file does not say, as the oldest do not.
+    // When the timers were last cleared; absent where the file does not say so, as in the oldest form.
     std::optional<Date> lastResetDate() const;
 
-    // Makes up to `most` more of them; answers which part is done, from 0 to 1.
+    // Makes up to `most` more timers; answers how much is done, from 0 to 1.
     double makeMore(std::size_t most);
     void makeAll() { makeMore(SIZE_MAX); }
-    // The applications, with their windows, that are made: all, once makeMore() has answered 1. Once.
+    // The applications made so far, with their windows; all of them once makeMore() has answered 1. Call it
+    // once.
     AppSet take();
-    // How many entries were left out so far for being no timers.
+    // How many entries were left out so far because they are no timers.
     int damaged() const { return m_damaged; }
-    // What came together, or was told apart, on the way.
+    // Which timers were joined or given separate identities on the way.
     const Successions& successions() const { return m_successions; }
 
 private:
@@ -51,12 +53,12 @@ private:
     TimeStoreServices& m_services;
     const PropertyListValue m_entries;
     const PropertyListArray* m_list = nullptr;
-    // The oldest files have no list: they are one table of names and seconds.
+    // For the oldest form, which has no list but one table of names and seconds.
     const PropertyListDictionary* m_table = nullptr;
     bool m_isAccount = true;
     std::size_t m_count = 0;
     std::size_t m_made = 0;
-    // The next entry, and the next window of the application that is being made.
+    // The next entry to make, and the next window of the application that is being made.
     std::size_t m_next = 0;
     std::size_t m_nextWindow = 0;
     const PropertyListArray* m_windows = nullptr;

@@ -7,8 +7,8 @@
 
 #include <vector>
 
-// A timer has taken another one in, or what was one identity are two: projects that have the former have the successor
-// as well from now on. The object is Successions, in the order in which they came about.
+// A timer has taken another one in, or one identity was split into two: from now on, projects that have the
+// former have the successor too. The object is Successions, in the order in which they happened.
 inline const QString kTicklogSucceedNodeNotification = QStringLiteral("kTicklogSucceedNodeNotification");
 struct Succession {
     Identity former;

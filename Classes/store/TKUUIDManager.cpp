@@ -7,7 +7,7 @@
 
 namespace {
 
-// The name of a class, and of a window and its application: no timer has a longer one.
+// The longest key: the name of a class, a window's title and its application's name.
 constexpr qsizetype kLongestKey = 32 + 2 * kLongestText;
 
 } // namespace
@@ -76,7 +76,8 @@ QHash<QString, Identity> TKUUIDManager::namesOf(const std::unordered_set<Identit
 }
 
 void TKUUIDManager::setUUIDSet(const std::optional<std::unordered_set<Identity>>& used) {
-    // Deliberately by size alone: comparing members would cost more than the entries it could drop.
+    // Compares only the sizes, deliberately: comparing the members would cost more than the few entries it
+    // could remove.
     if (!used || qsizetype(used->size()) == m_namesToUUIDs.size())
         return;
     m_namesToUUIDs.removeIf([&](auto entry) { return !used->contains(entry.value()); });

@@ -61,7 +61,7 @@ TimeStoreApp::windowStoreForName(const std::optional<QString>& name,
     }
     willChange(kChildrenKey);
     willChange(kIsLeafKey);
-    // Whoever was told may have asked for the same window.
+    // An observer may have asked for the same window meanwhile.
     const auto known = m_windows.find(*name);
     auto window = known != m_windows.end()
                       ? known->second.window

@@ -5,24 +5,24 @@
 
 inline constexpr ObservedKey kAppKey{"app"};
 
-// Stands for one application inside the display of a project. The last of its children is `app`, which answers most
-// questions. A project shows its members themselves, so nothing in the program makes one; rows, cells and drags know what to do
-// with it all the same.
+// Stands for one application in the display of a project. The last of its children is `app`, which answers
+// most questions. The program makes none, because a project shows its members directly; but rows, cells and
+// drags can handle it.
 class TimeStoreAppProxy : public TimeStoreCategory {
 public:
     TimeStoreAppProxy(TimeStoreServices& services, const PropertyListValue& name, const Children& children);
 
-    // The keys whose changes are changes of `key` too: "app.children" for "children", "app.isLeaf" for "isLeaf".
+    // The keys that depend on others: "children" changes with "app.children", "isLeaf" with "app.isLeaf".
     static QStringList keyPathsForValuesAffectingValueForKey(ObservedKey key);
 
     // Null when there are no children.
     std::shared_ptr<TimeStoreItem> app() const;
 
-    // Proxies among the children are left out. Announces a change of `app`, and so of what depends on it.
+    // Leaves out proxies among the children. Announces a change of `app`, and so of all that depends on it.
     void setChildren(List children) override;
-    // Its own when there is more than one, otherwise those of `app`; a search narrows neither.
+    // Its own children if there are several, otherwise those of `app`. A search narrows neither.
     std::optional<Children> children() const override;
-    // With more than one child false, otherwise what `app` answers; true without one.
+    // False with several children, otherwise what `app` answers; true without any.
     bool isLeaf() const override;
     bool isApp() const override { return true; }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What becomes of an application's windows that meet under one name or one identity.
+// Windows of one application that meet under the same name or identity.
 #include "Classes/store/TKUUIDManager.h"
 #include "Classes/store/TimeStoreApp.h"
 #include "platform/foundation/text/CleanText.h"
@@ -15,12 +15,12 @@ void add(const std::pair<std::optional<Identity>, std::optional<Identity>>& pair
 
 } // namespace
 
-// A frozen application's windows are found by nobody any more, and leave their titles to those that go on.
+// Nobody looks for the windows of a frozen application, so they leave their titles' keys to those that go on.
 QString TimeStoreApp::keyOf(const QString& title) const {
     return branched() ? ownKeyOf(title) : TimeStoreWindow::keyOf(title);
 }
 
-// Where a title stands for another identity already.
+// The key when the title already stands for another identity.
 QString TimeStoreApp::ownKeyOf(const QString& title) const {
     return TimeStoreWindow::keyOf(title) + u'\n' + name();
 }
@@ -36,8 +36,8 @@ bool TimeStoreApp::holds(const Identity& identity) const {
                                [&](const auto& entry) { return entry.second.window->uuid() == identity; });
 }
 
-// That of the title, unless a window has taken it along to another title: what is done to the one by its identity would
-// be done to the other.
+// The identity of the title; but a new one if a window has taken that identity along to another title. Two
+// windows with one identity could not be told apart.
 Identity TimeStoreApp::identityFor(const QString& title) {
     TKUUIDManager& registry = services().registry;
     if (const auto own = registry.knownUUID(ownKeyOf(title)); own && !holds(*own))
@@ -79,8 +79,8 @@ void TimeStoreApp::takeChild(const PropertyListDictionary& record, Successions& 
         store(name, std::move(window));
         return;
     }
-    // What was frozen under one name, twice on a day say, were rows of their own and stay so: each may be in another
-    // project.
+    // Two timers that were frozen under the same name, for instance on the same day, stay separate rows: each
+    // may be in another project.
     if (known->second.window->branched() || window->branched()) {
         if (known->second.window->branched())
             move(known, Identity::brandNew().text());
@@ -128,7 +128,7 @@ void TimeStoreApp::putBack(const PropertyListDictionary& record) {
     tell(successions);
 }
 
-// The projects of the one whose identity it had have it all the same.
+// Projects that had the shared identity get the new one too.
 void TimeStoreApp::giveIdentityOfItsOwn(TimeStoreWindow& window, Successions& successions) {
     const auto shared = window.uuid();
     window.setUuid(services().registry.setUUID(Identity::brandNew(), ownKeyOf(window.name())));
@@ -137,7 +137,7 @@ void TimeStoreApp::giveIdentityOfItsOwn(TimeStoreWindow& window, Successions& su
 
 TimeStoreApp::Table::iterator TimeStoreApp::placeOf(const TimeStoreWindow& window, const QString& key) {
     const auto isIt = [&](const Table::value_type& entry) { return entry.second.window.get() == &window; };
-    // A branched window is stored under another key, and another may have taken its old name since.
+    // A branched window is stored under another key, and a new window may have taken its old name.
     const auto place = m_windows.find(key);
     return place != m_windows.end() && isIt(*place) ? place : std::ranges::find_if(m_windows, isIt);
 }
@@ -162,13 +162,14 @@ void TimeStoreApp::followRename(TimeStoreWindow& window, const QString& oldName)
         join(window, *other->second.window);
         return;
     }
-    // What is frozen grows no more and stays by itself.
+    // A frozen window gets no more time and stays separate.
     if (other != m_windows.end())
         move(other, Identity::brandNew().text());
     move(place, key);
 }
 
-// The registry has moved whatever identity the old title stood for, which may be another application's.
+// The registry has moved the old title's identity to the new title, and it may be another application's. Then
+// this window's own identity is kept under its own key.
 void TimeStoreApp::followInRegistry(const TimeStoreWindow& window, const QString& oldName) {
     TKUUIDManager& registry = services().registry;
     const QString oldKey = ownKeyOf(oldName);
@@ -189,7 +190,7 @@ void TimeStoreApp::join(TimeStoreWindow& survivor, TimeStoreWindow& joined) {
     moveTime(joined, survivor);
     willChange(kChildrenKey);
     willChange(kIsLeafKey);
-    // Whoever was told may have changed the table.
+    // An observer may have changed the table.
     if (const auto place = placeOf(joined, joined.name()); place != m_windows.end())
         drop(place);
     const auto place = placeOf(survivor, survivor.name());
@@ -201,7 +202,8 @@ void TimeStoreApp::join(TimeStoreWindow& survivor, TimeStoreWindow& joined) {
     succeed(joined.uuid(), survivor.uuid());
 }
 
-// The title stands for the one that goes on by it, also where the registry had forgotten what that one was called.
+// From now on the title stands for the window that goes on with it, even if the registry had forgotten that
+// window.
 void TimeStoreApp::leaveTitle(const TimeStoreWindow& joined, const TimeStoreWindow& survivor) {
     TKUUIDManager& registry = services().registry;
     const QString shared = TimeStoreWindow::keyOf(survivor.name());
@@ -211,7 +213,7 @@ void TimeStoreApp::leaveTitle(const TimeStoreWindow& joined, const TimeStoreWind
     registry.forget(ownKeyOf(survivor.name()));
 }
 
-// Nothing is left with whoever still holds the one that gives it.
+// Takes the time from `from`, because somebody may still hold that window.
 void TimeStoreApp::moveTime(TimeStoreWindow& from, TimeStoreWindow& to) {
     const Seconds time = from.activeTime();
     to.addTimeInterval(time);

@@ -25,7 +25,7 @@ void TimeStoreCategory::setName(const PropertyListValue& name) {
         throw InternalInconsistency(
             kSource, 54,
             QStringLiteral("Invalid parameter not satisfying: [aString isKindOfClass:[NSString class]]"));
-    // Its constructor has named it.
+    // Only the constructor may name it.
     throw InternalInconsistency(kSource, 58,
                                 QStringLiteral("Setting name not supported on %1.").arg(className()));
 }
@@ -36,7 +36,7 @@ void TimeStoreCategory::setChildren(List children) {
     m_memberTimes.clear();
     m_children = std::move(children);
     m_memberTimes.reserve(allChildren().size());
-    // Without the values: they would be formatted at every tick, for nobody.
+    // Observes without the values: nobody needs them, and they would be formatted at every tick.
     for (const auto& child : allChildren())
         m_memberTimes.push_back(child->node().observe(
             kActiveTimeStringKey, [this](const ObservedChange&) { memberTimeChanged(); }));
@@ -55,7 +55,7 @@ void TimeStoreCategory::setSearchString(const std::optional<QString>& searchStri
 }
 
 void TimeStoreCategory::refreshSearch() {
-    // Whoever is told may let go of the node, whose lock is still held then.
+    // An observer may let go of this node while its lock is still held.
     const auto alive = weak_from_this().lock();
     const std::lock_guard guard(m_lock);
     const ChangeAnnouncement announcement(*this, kChildrenKey);

@@ -5,46 +5,47 @@
 
 #include <mutex>
 
-// The face of one project: a node whose children are the tracker's own nodes of the project's members, narrowed to
-// those that match a search text. Its time is the sum of theirs, computed at each request. It keeps its children
-// alive; whoever shows the project shares the node. Main thread only.
+// Shows one project: its children are the tracker's own nodes for the project's members, narrowed to those
+// that match a search text. Its time is the sum of theirs, computed at each request. It keeps its children
+// alive; all views of the project share this node. Main thread only.
 class TimeStoreCategory : public TimeStoreNode {
 public:
-    // The same object handed in twice is the same list, so it is shared and never changed in place. Null is empty.
+    // Shared and never changed in place, so the same pointer means the same children. Null means empty.
     using List = std::shared_ptr<const Children>;
 
-    // A given identity is entered in the registry for the name, and the node takes what the registry answers.
+    // A given identity is entered in the registry for the name; the node then has the identity that the
+    // registry answers.
     TimeStoreCategory(TimeStoreServices& services, const PropertyListValue& name,
                       const std::optional<Identity>& uuid = std::nullopt);
 
-    // A project is renamed in its record, which makes a new node: here it is a broken contract.
+    // Breaks the contract: to rename a project, change its record, which makes a new node.
     void setName(const PropertyListValue& name) override;
 
-    // Replaces the children. Nothing happens, and nothing is announced, when it is the list it already has. The
-    // children's activeTimeString is observed from now on, and each of their changes announced as its own.
+    // Replaces the children. Does nothing, and announces nothing, if it is the list it already has. From now
+    // on every change of a child's activeTimeString is announced as its own.
     virtual void setChildren(List children);
-    // What matches the search, or all children without one. Never absent.
+    // The children that match the search; all of them without a search. Never absent.
     std::optional<Children> children() const override;
     bool isLeaf() const override { return shown().empty(); }
 
-    // Narrows the children; absent or empty, all are shown. Setting an equal text is no change, but absent is never
-    // equal to anything.
+    // Narrows the children; absent or empty shows all. Setting an equal text changes nothing, but absent is
+    // never equal to anything.
     void setSearchString(const std::optional<QString>& searchString);
-    // Searches the children anew. Announces a change of `children`, all of it under the lock.
+    // Searches the children anew. Announces a change of `children`, and holds the lock while it does.
     void refreshSearch();
 
-    // Seconds, of the children shown. Summed in single precision: 16,777,216 s and 1 s are 16,777,216 s.
+    // Seconds, of the children shown. Summed in single precision: 16,777,216 s and 1 s make 16,777,216 s.
     Seconds activeTime() const override;
 
-    // By name; `hash` by identity. Nodes that are equal may therefore have different hashes.
+    // Compares by name, while `hash` uses the identity. So nodes that are equal may have different hashes.
     virtual bool isEqual(const TimeStoreItem& other) const;
     std::size_t hash() const;
 
 protected:
-    // For nodes of a kind of their own. The registry is asked for the identity of the name and told nothing.
+    // For nodes of a special kind. Asks the registry for the identity of the name and enters nothing.
     TimeStoreCategory(TimeStoreServices& services, Kind kind, const PropertyListValue& name);
 
-    // All children, whatever is searched for.
+    // All children, with or without a search.
     const Children& allChildren() const;
 
 private:
@@ -54,7 +55,7 @@ private:
 
     List m_children;
     std::optional<QString> m_searchString;
-    // What is left of the children; absent while nothing is searched for.
+    // The children that match; absent without a search.
     List m_searchResult;
     std::recursive_mutex m_lock;
     std::vector<Subscription> m_memberTimes;

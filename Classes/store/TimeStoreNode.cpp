@@ -11,7 +11,7 @@
 
 namespace {
 
-// "" is a name; null is none.
+// A null text becomes "", which is a name; null would mean that there is none.
 QString nonNull(const QString& text) {
     return text.isNull() ? QLatin1String("") : text;
 }
@@ -20,7 +20,8 @@ PropertyListValue textOrEmpty(const PropertyListValue& name) {
     return name.asString() ? name : PropertyListValue(QString());
 }
 
-// A record's own, which the registry learns; else what the registry has for the key.
+// The record's own identity, which is entered in the registry; else the one that the registry has for the
+// key.
 Identity identityOf(const PropertyListDictionary& record, const QString& key, TimeStoreServices& services) {
     const QByteArray* bytes = record.value(kRecordUUID).asData();
     const auto identity = bytes ? Identity::fromBytes(*bytes) : std::nullopt;
@@ -48,7 +49,7 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const Prope
     : TimeStoreNode(services, kind, record,
                     classNameOf(kind) + cleanText(record.value(kRecordName).toString())) {}
 
-// Files come from anywhere: a name in them is no better than a window's title.
+// Files come from anywhere, so their names are cleaned like window titles.
 TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record,
                              const QString& key)
     : TimeStoreNode(services, kind, cleanText(record.value(kRecordName).toString()),
@@ -64,7 +65,7 @@ TimeStoreNode::TimeStoreNode(TimeStoreServices& services, Kind kind, const Prope
     , m_activeTime(std::clamp(timeSpent.number().value_or(0), 0.0, kLongestTime))
     , m_uuid(uuid)
     , m_kind(kind) {
-    // A node under construction is none of the kinds yet that hear of a new name.
+    // During construction, the subclasses that react to a new name do not exist yet.
     TimeStoreNode::setName(textOrEmpty(name));
 }
 
@@ -151,7 +152,7 @@ void TimeStoreNode::writeRecord(PropertyListSink& sink) const {
     sink.string(name());
     sink.key(kRecordActiveTime);
     sink.real(m_activeTime);
-    // The record ends at the first value that is absent.
+    // A record ends before the first value that is absent.
     if (m_uuid) {
         sink.key(kRecordUUID);
         sink.data(m_uuid->bytes());

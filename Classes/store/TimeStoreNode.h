@@ -29,14 +29,15 @@ inline const QString kRecordRenamedName = QStringLiteral("Renamed Name");
 // The second entry of `renamedNameFormatted`.
 inline const QString kFormattedOriginal = QStringLiteral("Original");
 
-// Asks those who show projects to build them anew. No object.
+// Asks the views of projects to build them anew. No object.
 inline const QString kTicklogRefreshProjectsNotification =
     QStringLiteral("kTicklogRefreshProjectsNotification");
 
-// The years that a date in a file may have, 1 to 9999, are all that anybody can have counted: 10,000 of them, to the second.
+// The longest time that a timer can have: 10,000 years, to the second, because dates in files span the years
+// 1 to 9999.
 inline constexpr Seconds kLongestTime = 10'000 * 365.2425 * 86'400;
 
-// What nodes need of the rest of the program. Outlives all nodes.
+// What nodes use of the rest of the program. It outlives all nodes.
 struct TimeStoreServices {
     TKUUIDManager& registry;
     NotificationCenter& notifications;
@@ -45,18 +46,19 @@ struct TimeStoreServices {
     AccountTrouble& trouble;
 };
 
-// What every timer has. A node's time only grows by addTimeInterval(); its identity is fixed at construction unless it
-// is frozen.
+// What all timers have in common. Time is added only by addTimeInterval(); the identity is fixed at
+// construction and changes only by freezing.
 class TimeStoreNode : public TimeStoreItem, public Observable {
 public:
-    // Absent or other than text, the name is ""; absent, negative or no number, the time is 0, and never more than
-    // kLongestTime. The identity is the registry's for the node's class and name.
+    // If `name` is absent or no text, the name is "". If the time is absent, negative or no number, it is 0;
+    // it is never more than kLongestTime. The identity is the one that the registry has for the node's class
+    // and name.
     explicit TimeStoreNode(TimeStoreServices& services, const PropertyListValue& name,
                            const PropertyListValue& timeSpent = 0.0);
     // From a record as dictionaryRepresentation() makes it. An identity in the record wins over the registry's.
     TimeStoreNode(TimeStoreServices& services, const PropertyListDictionary& record);
 
-    // What nodes of a class are called in registry keys.
+    // The name of a node's class in registry keys.
     QString className() const;
     // The registry key of a node of this class called `name`.
     QString registryKey(const QString& name) const { return className() + name; }
@@ -64,12 +66,12 @@ public:
     TimeStoreNode& node() override { return *this; }
     QString name() const override { return m_name.isNull() ? QLatin1String("") : m_name; }
     QString displayName() const { return name(); }
-    // Comparisons for whoever asks many nodes ten times a second: no text is shared for them.
+    // Compare without copying a text, because many nodes are asked ten times a second.
     bool isNamed(const QString& text) const { return m_name == text; }
     bool isShownAs(const QString& text) const {
         return (m_renamedNameStorage.isNull() ? m_name : m_renamedNameStorage) == text;
     }
-    // Whether the name shown contains a text, whatever its case.
+    // Whether the name shown contains a text, upper or lower case.
     bool matches(const QString& searchString) const;
     QString renamedName() const override {
         return m_renamedNameStorage.isNull() ? name() : m_renamedNameStorage;
@@ -89,8 +91,9 @@ public:
                                                                float cutoffTime) override;
     Seconds activeTimeForSearchString(const QString& searchString) const override;
 
-    // Renames the timer itself. Absent counts as ""; anything but text is a broken contract. Observers are told of
-    // name, renamedNameFormatted and renamedName, and in reverse order afterwards.
+    // Renames the timer itself. Absent counts as ""; any other value that is no text breaks the contract.
+    // Before the change observers are told of name, renamedNameFormatted and renamedName; after it, in
+    // reverse order.
     virtual void setName(const PropertyListValue& name);
     // The user's own name; absent when the timer is not renamed.
     std::optional<QString> renamedNameStorage() const;
@@ -98,15 +101,16 @@ public:
     void setUuid(const std::optional<Identity>& uuid) { m_uuid = uuid; }
     void setBranched(bool branched) { m_branched = branched; }
 
-    // Adds seconds (also negative ones), up to kLongestTime, and tells observers of activeTimeString.
+    // Adds seconds, which may be negative, up to a total of kLongestTime, and tells observers of
+    // activeTimeString.
     void addTimeInterval(Seconds seconds);
 
-    // Takes a window from its record, where there can be one. Nodes without children ignore it.
+    // Adds a window from its record. Nodes that cannot have children ignore it.
     virtual void addChildFromDictionary(const PropertyListDictionary& record);
 
     // The node's record, without its children.
     PropertyListDictionary dictionaryRepresentation() const;
-    // The same, piece by piece.
+    // Writes that record piece by piece.
     void writeRecord(PropertyListSink& sink) const;
 
     // "(name -> seconds)" and the like, for debugging.
@@ -120,10 +124,10 @@ protected:
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                   const PropertyListValue& timeSpent);
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record);
-    // The same, but entered in the registry under a key of the caller's.
+    // From a record, but entered in the registry under the caller's key.
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListDictionary& record,
                   const QString& key);
-    // With an identity of the caller's; the registry is asked and told nothing.
+    // With the caller's identity; the registry is neither asked nor changed.
     TimeStoreNode(TimeStoreServices& services, Kind kind, const PropertyListValue& name,
                   const PropertyListValue& timeSpent, const Identity& uuid);
 
@@ -132,7 +136,7 @@ protected:
 
 private:
     TimeStoreServices& m_services;
-    // Null until first named: there is no registry entry to move then.
+    // Null until it is first set: until then there is no registry entry to move.
     QString m_name;
     // Null when not renamed.
     QString m_renamedNameStorage;

@@ -17,7 +17,7 @@ std::optional<TimeStoreItem::Children> TimeStorePruneProxy::children() const {
     auto all = m_object->children();
     if (!all)
         return std::nullopt;
-    // The child itself stays, not what was left of it: a child that survives is shown whole.
+    // The child itself is kept, not its pruned form: a child that matches is shown whole.
     std::erase_if(*all, [&](const std::shared_ptr<TimeStoreItem>& child) {
         return !child->prunedObjectForSearchString(m_searchString, m_cutoffTime);
     });

@@ -3,7 +3,7 @@
 
 #include "Classes/store/TimeStoreItem.h"
 
-// Stands for a row of which only some children are wanted. Everything but the children is the row's own.
+// Stands for a row of which only some children are shown. Everything else is answered by the row itself.
 class TimeStorePruneProxy : public TimeStoreItem {
 public:
     static std::shared_ptr<TimeStorePruneProxy> prunedProxyForObject(std::shared_ptr<TimeStoreItem> object,
@@ -12,7 +12,7 @@ public:
     TimeStorePruneProxy(std::shared_ptr<TimeStoreItem> object, std::optional<QString> searchString,
                         float cutoffTime);
 
-    // The children that survive on their own, unpruned themselves; found anew at every call.
+    // The children that match by themselves, each shown whole. Found anew at every call.
     std::optional<Children> children() const override;
 
     TimeStoreNode& node() override { return m_object->node(); }

@@ -9,21 +9,21 @@ class TimeStoreWindow : public TimeStoreNode {
 public:
     explicit TimeStoreWindow(TimeStoreServices& services, const PropertyListValue& name,
                              const PropertyListValue& timeSpent = 0.0);
-    // With an identity of its application's; the registry is asked and told nothing.
+    // With an identity from its application; the registry is neither asked nor changed.
     TimeStoreWindow(TimeStoreServices& services, const PropertyListValue& name, const Identity& uuid);
     // From a record, whose identity is entered in the registry under `key`.
     TimeStoreWindow(TimeStoreServices& services, const PropertyListDictionary& record, const QString& key);
 
-    // The registry key of the windows of that title, whatever their application.
+    // The registry key of all windows with that title, whatever their application.
     static QString keyOf(const QString& title) { return classNameOf(Kind::Window) + title; }
 
-    // The window on the screen, null while none is known. Never persisted.
+    // The window on the screen; null when it is not known. Never written.
     const WindowElement* windowElement() const { return m_windowElement.get(); }
     void setWindowElement(const WindowElement& element);
 
     QString description() const override;
 
 private:
-    // By pointer, because most windows of a long account are not on the screen.
+    // A pointer, because most windows of an old account are not on the screen.
     std::unique_ptr<const WindowElement> m_windowElement;
 };

@@ -8,7 +8,8 @@
 #include <optional>
 #include <set>
 
-// One timer of the tree. Windows of several applications may share an identity, those of one never do.
+// Names one timer of the tree. Windows of several applications may share an identity; windows of one
+// application never do.
 struct TimerReference {
     Identity application;
     // Absent for the application itself.
@@ -18,7 +19,7 @@ struct TimerReference {
 };
 using TimerReferences = std::set<TimerReference>;
 
-// Timers are deleted, with all that is known of them; or they have come back, by undoing it. The object is a
-// TimerReferences; an application stands for its windows as well.
+// Timers were deleted, with all that is known of them, or came back by undoing that. The object is a
+// TimerReferences; an application includes its windows.
 inline const QString kTicklogRemoveTimersNotification = QStringLiteral("kTicklogRemoveTimersNotification");
 inline const QString kTicklogPutBackTimersNotification = QStringLiteral("kTicklogPutBackTimersNotification");

@@ -111,7 +111,7 @@ std::shared_ptr<TimeStoreApp> TimerTree::applicationHolding(const TimeStoreNode&
 
 TimerTree::AppSet TimerTree::takeOut(const IsMeant& isMeant) {
     AppSet removed;
-    // A copy, because observers of an application's windows may change the set.
+    // Works on a copy, because observers of an application's windows may change the list.
     for (const auto& app : AppSet(m_applications)) {
         if (isMeant(*app, *app)) {
             forgetNames(*app);
@@ -129,8 +129,8 @@ void TimerTree::forgetNames(const TimeStoreApp& app) {
     m_named.removeIf([&](auto entry) { return entry.value().get() == &app; });
 }
 
-// Whatever is discarded may come back by its name, and is to be who it was: the registry may have forgotten it in the
-// meantime, because no project had it.
+// A discarded timer may come back by its name and must get the same identity. The registry may have forgotten
+// it, because it was in no project.
 void TimerTree::enterInRegistry(TKUUIDManager& registry,
                                 const std::unordered_set<Identity>* identities) const {
     for (const auto& app : m_applications) {

@@ -11,60 +11,62 @@
 
 class TKUUIDManager;
 
-// All timers: the applications in the order in which they came, each with its windows, and which of them is counted on under
-// a name. It announces nothing and credits nothing. A plain value of its owner; main thread only.
+// All timers: the applications in the order in which they came, each with its windows. For each name it knows
+// which application is being counted on. It announces and credits nothing. Owned by value; main thread only.
 class TimerTree {
 public:
     using AppSet = std::vector<std::shared_ptr<TimeStoreApp>>;
-    // Whether a timer is meant: an application, and itself or one of its windows.
+    // Selects timers: `node` is `app` itself or one of its windows.
     using IsMeant = std::function<bool(const TimeStoreApp& app, const TimeStoreNode& node)>;
 
     const AppSet& applications() const { return m_applications; }
-    // The one that is counted on under a name; null without one.
+    // The application that is counted on under this name; null if there is none.
     std::shared_ptr<TimeStoreApp> named(const QString& name) const;
 
-    // Adds it as the last, and from now on it is the one of its name.
+    // Adds it at the end; from now on its name means this application.
     void add(const std::shared_ptr<TimeStoreApp>& app);
     void putLast(const std::shared_ptr<TimeStoreApp>& app);
-    // From now on it is the one of that name.
+    // From now on the name means this application.
     void giveName(const QString& name, const std::shared_ptr<TimeStoreApp>& app) {
         m_named.insert(name, app);
     }
-    // Nobody is counted on under that name any more.
+    // From now on the name means no application.
     void forgetName(const QString& name) { m_named.remove(name); }
-    // Under no name any more.
+    // From now on no name means this application.
     void forgetNames(const TimeStoreApp& app);
     void forgetAllNames() { m_named.clear(); }
-    // Its name stays.
+    // Removes it from the list; its name keeps its meaning.
     void remove(const std::shared_ptr<TimeStoreApp>& app);
-    // The same for all.
+    // Removes and answers all, likewise.
     AppSet takeAll();
-    // Applications that are meant leave the tree with their names, and are answered; windows leave their applications.
+    // Removes what is selected: windows leave their applications; applications leave the tree, with their
+    // names, and are answered.
     AppSet takeOut(const IsMeant& isMeant);
 
-    // Of the applications, in their order.
+    // The identities of the applications, in order.
     std::vector<Identity> identities() const;
-    // The timers of these identities: an application itself, or else those of its windows that are wanted. With
-    // `excluding`, the windows of an application that is wanted are not wanted on their own.
+    // The timers of these identities: an application itself, or those of its windows that are in the set.
+    // With `excluding`, windows of an application that is in the set are left out.
     TimeStoreItem::Children timersOf(const std::unordered_set<Identity>& childUUIDs,
                                      bool excludingIncludedChildren) const;
     std::unordered_set<Identity> identitiesOf(const IsMeant& isMeant) const;
     TimerReferences meant(const IsMeant& isMeant) const;
-    // Which timers these are, of those that are in the tree.
+    // References to these timers, as far as they are in the tree.
     TimerReferences referencesTo(const TimeStoreItem::Children& items) const;
     static bool contains(const TimerReferences& timers, const TimeStoreApp& app, const TimeStoreNode& node);
-    // The application that a timer is or is in. Null for one that is not there.
+    // The application that this timer is or belongs to. Null if it is not in the tree.
     std::shared_ptr<TimeStoreApp> applicationHolding(const TimeStoreNode& node) const;
-    // The application that a record is of, by identity or else by name. Null for one that is not there.
+    // The application that a record describes, by identity or else by name. Null if it is not in the tree.
     std::shared_ptr<TimeStoreApp> applicationOf(const PropertyListDictionary& record) const;
-    // Null for one that is not there.
+    // Null if it is not in the tree.
     std::shared_ptr<TimeStoreNode> timerOf(const TimerReference& timer) const;
 
-    // The entries of a database file, piece by piece.
+    // Writes the list of applications of a database file, piece by piece.
     void write(PropertyListSink& sink) const;
-    // Those of some timers. An application that is not meant itself is told without its time.
+    // The records of some timers. An application that is only there for its windows has no time in its
+    // record.
     PropertyListArray recordsOf(const TimerReferences& timers) const;
-    // Enters the names of these identities, of all without any.
+    // Enters the timers of these identities in the registry under their names; with null, all timers.
     void enterInRegistry(TKUUIDManager& registry, const std::unordered_set<Identity>* identities) const;
 
 private:
