@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 AccountLock::AccountLock(const QString& folder, uid_t user) {
-    // That it fails is noticed when the account is written.
+    // If this fails, writing the account will report it.
     static_cast<void>(PrivateFiles::makeFolder(folder));
     const QByteArray path = QFile::encodeName(folder + QStringLiteral("/.lock"));
     m_file =

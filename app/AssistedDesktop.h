@@ -5,11 +5,11 @@
 #include "platform/desktop/TellingDesktop.h"
 #include "platform/wayland/WaylandConnection.h"
 
-// A Wayland desktop that tells nobody of its windows, as far as programs tell assistive programs of theirs. What is in
-// front is not known while the accessibility bus cannot be reached. Main thread only.
+// A Wayland desktop that tells nobody about its windows: uses what programs tell assistive programs about
+// theirs. While the accessibility bus cannot be reached, nothing is in front. Main thread only.
 class AssistedDesktop : public TellingDesktop {
 public:
-    // `compositor` is asked for signs of life. The others outlive this.
+    // `compositor` is asked for signs of life. The other arguments outlive this object.
     AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, Bus& sessionBus, RunLoop& runLoop,
                     SystemLog& log, DesktopEntries& entries);
 

@@ -8,16 +8,16 @@
 #include <optional>
 #include <vector>
 
-// One way to get something, and what it is called in the log.
+// One way to get something, and its name in the log.
 template<class Source>
 struct Candidate {
     QString name;
-    // Uses it once: what is answered works.
+    // Tries it once: a success means that it works.
     std::function<Result<Source>()> open;
 };
 
-// The first candidate that works; absent when none does. Each one before it is logged with the reason why it does not,
-// and its failure added to `refusals`.
+// The first candidate that works; absent when none does. For each one that fails, logs the reason and adds
+// its failure to `refusals`.
 template<class Source>
 std::optional<Source> firstThatWorks(const std::vector<Candidate<Source>>& candidates, SystemLog& log,
                                      std::vector<Failure>& refusals) {

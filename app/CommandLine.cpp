@@ -7,7 +7,7 @@
 
 namespace {
 
-// The toolkit's own, each with a value. Session managers restart programs with the first.
+// Options of the toolkit, each with a value. Session managers restart programs with "-session".
 const QStringList kToolkitOptions{QStringLiteral("-session"), QStringLiteral("-platform"),
                                   QStringLiteral("-style"), QStringLiteral("-display"),
                                   QStringLiteral("-name")};
@@ -15,7 +15,7 @@ const QStringList kToolkitOptions{QStringLiteral("-session"), QStringLiteral("-p
 } // namespace
 
 CommandLine CommandLine::parse(int argc, char** argv) {
-    // The parser asks an application for its name. The real one needs a display, which help does not.
+    // The parser needs an application for its name. The real one needs a display, which --help must not need.
     int count = 1;
     const QCoreApplication forThisCall(count, argv);
     QCommandLineParser parser;

@@ -5,9 +5,9 @@
 
 #include <optional>
 
-// What Ticklog was started with.
+// The arguments Ticklog was started with.
 struct CommandLine {
-    // Prints the answer to --help, --version or something unknown, and then ends the process.
+    // Ends the process after printing the answer, for --help, --version and unknown options.
     static CommandLine parse(int argc, char** argv);
 
     // The full path of a database file to import; absent when none was given.

@@ -24,7 +24,7 @@ Result<std::shared_ptr<IdleTime>> idleTimeOf(Result<std::unique_ptr<BackEnd>> op
     return std::shared_ptr<IdleTime>(std::move(*opened));
 }
 
-// GNOME's two ways to tell, and what is made of them.
+// GNOME's two sources, and the desktop that is made of them.
 struct Gnome {
     explicit Gnome(const DesktopChooser::Ground& ground)
         : shell(ground.sessionBus, ground.ownName, ground.log, ground.entries)
@@ -61,8 +61,8 @@ bool DesktopChooser::isUnderWayland() const {
 }
 
 std::vector<Candidate<DesktopChooser::Desktop>> DesktopChooser::desktops(bool isWayland) const {
-    // An X server beside a compositor knows only the programs that run through it, and would credit them for the time
-    // in which others are in front.
+    // Under a compositor, an X server knows only the programs that run through it, and would credit them
+    // while others are in front.
     if (!isWayland)
         return {{QStringLiteral("The X11 desktop"), [this] {
                      return withIdleTime(
@@ -98,7 +98,7 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
     const QStringList names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
     if (!names.contains(QLatin1String("GNOME")))
         return Failure{Failure::Kind::NotFound, QStringLiteral("this is not GNOME")};
-    // The extension sees the sandbox's own process in our place, and does not tell it.
+    // The extension sees the sandbox's process instead of this one, and refuses it.
     if (m_ground.sandbox.isSandboxed())
         return Failure{
             Failure::Kind::Refused,
@@ -106,12 +106,12 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
                       "outside of one, Ticklog can be told.")};
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
-    // Made, and renewed, before it is asked whether it tells us.
+    // The extension is installed or updated before it is asked whether it serves this process.
     const auto extension = std::make_shared<GnomeExtension>(
         m_ground.sessionBus, m_ground.runLoop, m_ground.log,
         GnomeExtension::Places::forUser(QStringLiteral(":/gnome-extension")));
     const auto parts = std::make_shared<Gnome>(m_ground);
-    // The shell is the compositor as well: when it goes, the toolkit ends the process.
+    // The shell is also the compositor: when it goes, the toolkit ends the process.
     return Desktop{std::shared_ptr<TellingDesktop>(parts, &parts->desktop), nullptr, extension};
 }
 
@@ -142,7 +142,7 @@ Result<DesktopChooser::Desktop> DesktopChooser::assisted() const {
 }
 
 DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<Failure>& refusals) const {
-    // Who could tell but will not has said what can be done about it.
+    // A desktop that could tell but refuses has given a text that says what to do.
     const auto refusal = std::ranges::find(refusals, Failure::Kind::Refused, &Failure::kind);
     const bool isRefused = refusal != refusals.end();
     if (isWayland && !isRefused) {

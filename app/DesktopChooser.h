@@ -12,18 +12,18 @@
 
 #include <memory>
 
-// Finds who tells which window is in front, and who counts the time since the last input, once at launch: candidates
-// are tried in an order, the last of them knows nothing and always works. Refusals and their reasons go to the log.
+// At launch chooses the back ends for what is in front and for the idle time. Candidates are tried in order;
+// the last one knows nothing and always works. Refusals are logged with their reasons.
 class DesktopChooser {
 public:
-    // What the back ends stand on; outlives the chooser.
+    // What the back ends use; it outlives the chooser.
     struct Ground {
         RunLoop& runLoop;
         SystemLog& log;
         DesktopEntries& entries;
         const Clock& clock;
         Bus& sessionBus;
-        // What we are known by on the session bus.
+        // Our name on the session bus.
         BusName& ownName;
         Bus& systemBus;
         const OwnSession& session;
@@ -34,13 +34,13 @@ public:
 
     TellingDesktop& desktop() { return *m_desktop.desktop; }
     IdleTime& idleTime() { return *m_idleTime; }
-    // Null where the desktop tells without one.
+    // Null on desktops that need no extension.
     ShellExtension* shellExtension() { return m_desktop.shellExtension.get(); }
 
 private:
     struct Desktop {
         std::shared_ptr<TellingDesktop> desktop;
-        // Absent where the idle time is somebody else's business.
+        // Absent where something else gives the idle time.
         std::shared_ptr<IdleTime> idleTime;
         std::shared_ptr<ShellExtension> shellExtension;
     };
@@ -52,7 +52,7 @@ private:
     Result<Desktop> gnome() const;
     std::vector<Candidate<Desktop>> desktops(bool isWayland) const;
     std::vector<Candidate<std::shared_ptr<IdleTime>>> idleTimes() const;
-    // What is left where the desktop tells nobody: programs may.
+    // For desktops that tell nobody: asks the programs.
     Result<Desktop> assisted() const;
     Desktop none(bool isWayland, const std::vector<Failure>& refusals) const;
 

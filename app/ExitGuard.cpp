@@ -17,7 +17,7 @@ struct Ending {
     int status = EXIT_SUCCESS;
 };
 
-// exit() hands its handlers nothing, so there is no other place for it.
+// Global, because exit() passes nothing to its handlers.
 Ending& ending() {
     static Ending ending;
     return ending;
@@ -28,12 +28,12 @@ void runRescue() {
     if (!rescue)
         return;
     rescue();
-    // Nothing else of this process may run: the toolkit is in the middle of something.
+    // No other code of this process may run: the toolkit may be in the middle of anything.
     _exit(ending().status);
 }
 
-// Qt's Wayland plug-in does not call exit() when the compositor goes: it warns, and ends the process at once. The
-// warning is the last that is heard.
+// When the compositor goes, Qt's Wayland plug-in does not call exit(): it prints a warning and ends the
+// process at once. This warning is the last chance to save.
 void watchMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     ending().usualMessages(type, context, message);
     if (type != QtWarningMsg || !message.startsWith(QLatin1String("The Wayland connection")))
@@ -45,7 +45,7 @@ void watchMessages(QtMsgType type, const QMessageLogContext& context, const QStr
         return;
     }
     QMetaObject::invokeMethod(QCoreApplication::instance(), runRescue, Qt::QueuedConnection);
-    // The process ends when the rescue has run; this thread, not before.
+    // The rescue will end the process; this thread must not end it before.
     for (;;)
         ::pause();
 }
@@ -53,7 +53,7 @@ void watchMessages(QtMsgType type, const QMessageLogContext& context, const QStr
 } // namespace
 
 ExitGuard::ExitGuard(std::function<void()> rescue) {
-    // Before the handler is registered, so that it is destroyed after.
+    // Made before the handler is registered, so that it is destroyed after the handler has run.
     ending().rescue = std::move(rescue);
     std::atexit(runRescue);
     ending().usualMessages = qInstallMessageHandler(watchMessages);

@@ -3,9 +3,10 @@
 
 #include <functional>
 
-// Saves when something ends the process over our heads: the toolkit ends it by itself, with status 1, when the display
-// goes. There can be one in a process. While it lives, such an end and exit() run the rescue and end with status 0. After
-// it there is nothing to rescue, and when the toolkit, on its own way out, finds the display gone, that is no failure.
+// Saves when something else ends the process: when the display goes, the toolkit ends it with status 1. While
+// the guard lives, such an end, and exit(), run `rescue` and end with status 0. Without the guard there is
+// nothing to save; if the toolkit then finds the display gone while quitting, that is no failure. There is at
+// most one guard in a process.
 class ExitGuard {
 public:
     explicit ExitGuard(std::function<void()> rescue);
@@ -13,6 +14,6 @@ public:
     ExitGuard& operator=(const ExitGuard&) = delete;
     ~ExitGuard();
 
-    // Ends the process with `status` as meant, after the rescue if there is a guard.
+    // Ends the process with this `status`, after the rescue if there is a guard.
     [[noreturn]] static void exit(int status);
 };

@@ -34,7 +34,8 @@ namespace {
 
 Folders usualFolders() {
     Folders folders = Folders::forUser();
-    // The home in Flatpak's sandbox is gone when it ends, and the documents in it; its data stay.
+    // In Flatpak, the sandbox's home and its documents are lost when it ends; the application's data folder
+    // is kept.
     if (isInFlatpak())
         folders.documents = folders.applicationSupport;
     return folders;
@@ -42,7 +43,7 @@ Folders usualFolders() {
 
 } // namespace
 
-// In the order of dependence: each stands on those above it.
+// In order of dependence: each uses those above it.
 struct LinuxPlatform::BackEnds {
     BackEnds();
     void openX11Presence();
@@ -82,18 +83,19 @@ struct LinuxPlatform::BackEnds {
     SandboxedProgram sandboxedProgram{ownProgram};
     LinuxSystemTray systemTray{sessionBus, runLoop, log};
     NoTaskBar noTaskBar;
-    // Absent where our windows are none of an X server's. The task bar uses the tray manager's connection.
+    // Absent if our windows do not belong to an X server. The task bar uses the tray manager's connection.
     std::unique_ptr<X11TrayManager> x11TrayManager;
     std::unique_ptr<X11TaskBar> x11TaskBar;
     AutostartEntries loginItems{AutostartEntries::Places::forUser()};
     SandboxedLoginItems sandboxedLoginItems;
     std::unique_ptr<Platform> platform;
-    // Ends the calls at every wake-up.
+    // Its end stops the calls at each wake-up.
     QObject awakeContext;
 };
 
 LinuxPlatform::BackEnds::BackEnds() {
-    // Wherever else windows are told of, ours must be the X server's to be embedded and listed there.
+    // Wherever the windows of others are learnt from: only windows on an X server can be embedded in its tray
+    // and listed in its task bar.
     if (QGuiApplication::platformName() == QLatin1String("xcb"))
         openX11Presence();
     OwnProgram* program = isInFlatpak() ? static_cast<OwnProgram*>(&sandboxedProgram) : &ownProgram;
@@ -105,7 +107,7 @@ LinuxPlatform::BackEnds::BackEnds() {
                  serviceManagement, *program, *taskBar, systemTray, *items});
     if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
         accessibility.grantTrust();
-    // Right after every wait and before anything else is told: a sleep that nobody announced must be noticed before
+    // Directly after each wait, before anything else: a sleep that nobody announced must be noticed before
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,
                      [this] { clockJumps.check(); });

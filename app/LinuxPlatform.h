@@ -8,8 +8,8 @@
 #include <functional>
 #include <memory>
 
-// The real desktop: opens the connections, chooses a back end for each service and keeps them for the life of the
-// process. The choices and their reasons go to the log.
+// The real desktop. Opens the connections, chooses a back end for each service, and keeps them for the life
+// of the process. The choices and their reasons are logged.
 class LinuxPlatform {
 public:
     // REQUIRES: a QCoreApplication.
@@ -19,13 +19,13 @@ public:
     LinuxPlatform& operator=(const LinuxPlatform&) = delete;
 
     Platform& platform();
-    // For what other programs ask of us, over the session bus and otherwise.
+    // Decides who may ask us for something, over the session bus or otherwise.
     const Admission& admission() const;
-    // What launchers ask of us over the session bus.
+    // Requests of launchers over the session bus.
     ActivationService& activation();
-    // The desktop's extension without which it tells nothing; null where none is needed.
+    // The desktop's extension that tells what is in front; null where none is needed.
     ShellExtension* shellExtension();
-    // Calls `handler` when the display is gone for good, as far as this process is concerned.
+    // `handler` is called when the display is lost for good.
     void setDisplayLostHandler(std::function<void()> handler);
 
 private:

@@ -10,7 +10,7 @@ StandInDesktop::StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& prog
     , m_programs(programs)
     , m_runLoop(runLoop) {
     m_shell.installSwitchHandler([this] { changeOver(); });
-    // The extension may come or go while the same is in front.
+    // The extension may come or go while the same window is in front.
     m_shell.setHeardHandler([this] {
         changeOver();
         hear();

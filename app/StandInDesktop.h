@@ -5,14 +5,14 @@
 #include "platform/desktop/TellingDesktop.h"
 #include "platform/gnome/GnomeShellDesktop.h"
 
-// GNOME's windows as our extension of the shell tells them, and while it does not, as far as programs tell assistive
-// programs of theirs. Main thread only.
+// GNOME: tells its windows as our shell extension reports them. While the extension is silent, uses what
+// programs tell assistive programs about theirs. Main thread only.
 class StandInDesktop : public TellingDesktop {
 public:
-    // The extension has this long to tell before the others are asked.
+    // How long the extension has to report before the programs are asked.
     static constexpr std::chrono::seconds kPatience{1};
 
-    // All outlive this, and tell nobody else.
+    // All arguments outlive this object, and the first two tell nobody else.
     StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop,
                    DesktopEntries& entries);
     ~StandInDesktop() override;
@@ -24,13 +24,13 @@ public:
 
 private:
     bool isStandingIn() const { return !m_shell.isTelling() && m_programs.isTelling(); }
-    // The extension has come or gone, or is as it was.
+    // Called when the extension may have come or gone.
     void changeOver();
     void tell();
 
     GnomeShellDesktop& m_shell;
     AtspiFrontDesktop& m_programs;
     RunLoop& m_runLoop;
-    // Absent while the extension tells.
+    // Absent while the extension reports.
     std::unique_ptr<RunLoopTimer> m_patience;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Wires the way of a second of time: the desktop's back ends, the engine that credits, the window that shows.
+// Puts the program together, along the way of a second of time: the desktop's back ends, the engine that
+// credits, the window that shows.
 #include "Classes/history/History.h"
 #include "app/AccountLock.h"
 #include "app/CommandLine.h"
@@ -38,7 +39,7 @@ QStringList listOf(const std::optional<QString>& file) {
     return file ? QStringList(*file) : QStringList();
 }
 
-// From the first window to the last save; answers the exit status. `files` are opened once it runs.
+// Runs from the first window to the last save; answers the exit status. Opens `files` once it runs.
 int run(QApplication& application, SingleInstance& instance, const QStringList& files) {
     const Translations translations(QLocale().uiLanguages());
     LinuxPlatform desktop;
@@ -46,7 +47,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
     alerts.setWindow(&controller.window());
     TKApplicationDelegate& delegate = controller.appDelegate();
-    // What a crash has cost the timers, they get before anything runs.
+    // Before anything runs, adds to the timers what a crash has cost them.
     History history({.tracker = controller.tracker(),
                      .database = controller.database(),
                      .trouble = controller.trouble(),
@@ -55,7 +56,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
                      .runLoop = desktop.platform().runLoop,
                      .clock = desktop.platform().clock,
                      .log = desktop.platform().log});
-    // What the preferences ask stands in front of them, not of the main window.
+    // Questions of the preferences belong to their window, not to the main window.
     QtAlerts setupAlerts(alerts);
     Preferences preferences(
         controller, desktop.platform(), setupAlerts,
@@ -75,7 +76,8 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     desktop.setDisplayLostHandler(end);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
                      Qt::DirectConnection);
-    // None is forgotten while something else is asked, and each keeps its place until it is its turn.
+    // No file is forgotten while a question is open; files are asked about in order. Each keeps its ticket
+    // until then.
     const auto openFiles = [&](const QStringList& given, const Admission::Ticket& ticket) {
         for (const QString& file : given)
             alerts.whenFree(
@@ -92,8 +94,8 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     desktop.activation().listen(beCalled);
 
     controller.awakeFromNib();
-    // Whether a new window comes to the front is the window manager's business; it is not fought for. At login the icon in
-    // the tray is enough.
+    // Whether a new window comes to the front is left to the window manager. At login the tray icon is
+    // enough.
     if (!LoginStart::take() || !delegate.presence().showMenuBarItem())
         controller.shownWindow().show();
     delegate.applicationDidFinishLaunching();
@@ -106,19 +108,20 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
             }});
     desktop.platform().runLoop.performSoon([&] { openFiles(files, {}); });
     QApplication::exec();
-    // Whoever ended the loop: what has been credited since the last save is written.
+    // However the loop ended, saves what was credited since the last save.
     controller.saveSettingsToDisk();
     history.finish();
-    // Newer toolkits end the loop with 1 when the display goes. Everything is saved: that is no failure.
+    // Newer toolkits end the loop with 1 when the display goes. Everything is saved, so that is no failure.
     return EXIT_SUCCESS;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    // Window titles are nobody else's business, whatever is written.
+    // Files are readable by the user alone, because window titles are private.
     ::umask(S_IRWXG | S_IRWXO);
-    // What is written to a display that is gone fails, and is noticed there. The signal would end it without a save.
+    // Writing to a display that is gone must fail and be noticed there; the signal would end the process
+    // without a save.
     std::signal(SIGPIPE, SIG_IGN);
     nameApplication();
     if (!Folders::ensureHome()) {
@@ -132,7 +135,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     QApplication application(argc, argv);
-    // Ticklog ends when it is told to, not with somebody's file dialog.
+    // Otherwise Qt would quit Ticklog when somebody's file dialogue ends.
     QCoreApplication::setQuitLockEnabled(false);
 
     SingleInstance instance(InstanceAddress::ofThisSession());

@@ -7,6 +7,7 @@
 
 class Alerts;
 
-// What was chosen in a panel, with `suffix` (".csv") at its end. The panel has asked about the name as it was entered; where
-// the extension leads to another file that is there, the user is asked here, and the answer is absent if it is to stay.
+// The path chosen in a panel, with `suffix` (".csv") at its end. The panel has asked only about the name as
+// it was entered. If the name with the suffix is another existing file, asks the user here; absent if that
+// file is to stay.
 std::optional<QString> withExtension(Alerts& alerts, const QString& path, const QString& suffix);

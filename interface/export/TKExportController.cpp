@@ -54,7 +54,7 @@ void TKExportController::exportSet(const TimeStoreItem::Children& timers, const 
 
 void TKExportController::exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path,
                                                 const std::optional<Seconds>& total) {
-    // The table is whole before the panel that shows the progress lets the timers run on.
+    // The table is made before the progress panel lets the timers run on, so all its times are of one moment.
     const QString table = CsvExport::text(timers, total.value_or(m_tracker.totalTime()));
     const auto panel = m_alerts.showProgress(localized("Exporting…"));
     if (!CsvExport::writeText(table, path, [&](double done) { panel->setDone(done); }))

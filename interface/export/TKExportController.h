@@ -8,47 +8,48 @@
 
 class Alerts;
 
-// Where the scheduled archive goes, as the setting has it.
+// The folder of the scheduled archive, as in the settings, has changed.
 inline constexpr ObservedKey kPeriodicSaveDirectoryKey{"periodicSaveDirectory"};
 
-// Writes timers into files for other programs, when the user asks for it and by itself at the chosen times. The
-// settings of the scheduled archive are stored through it. Main thread only.
+// Exports timers to files for other programs, and owns the scheduled archive, whose settings are stored
+// through it. Main thread only.
 class TKExportController : public Observable {
 public:
-    // Sets the scheduled archive up. `didClear` is called after it has cleared the timers. All must outlive this.
+    // Plans the scheduled archive. `didClear` is called after an archive has cleared the timers. All
+    // arguments must outlive this object.
     TKExportController(TimeTracker& tracker, TimeDatabase& database, TimeStoreServices& services,
                        const Platform& platform, Alerts& alerts, std::function<void()> didClear);
 
-    // The settings of the scheduled archive are other ones.
+    // The settings of the scheduled archive have changed.
     void updatedSaveTimerPeriodically() { m_periodicSave.updatedSaveTimerPeriodically(); }
 
     void performPeriodicSave() { m_periodicSave.performPeriodicSave(); }
 
     void doPeriodicSave() { m_periodicSave.doPeriodicSave(); }
 
-    // Stores what is selected in the weekday control, and applies it.
+    // Stores the buttons that are selected in the weekday control, and plans by them.
     void setPeriodicDaysOfWeek(const PeriodicSave::Segments& selected) {
         m_periodicSave.setPeriodicDaysOfWeek(selected);
     }
 
-    // What is to be selected in the weekday control.
+    // Which buttons to select in the weekday control.
     PeriodicSave::Segments selectProperPeriodicDaysOfWeek() const {
         return m_periodicSave.selectProperPeriodicDaysOfWeek();
     }
 
-    // The folder of the archives, as the setting has it: "~" is not expanded.
+    // The folder of the archives as it is in the settings: "~" is not expanded.
     QString periodicSaveDirectory() const;
     // Lets the user choose that folder.
     void setPeriodicSaveDirectory();
 
-    // Export what the search and the cut-off leave of all timers, and all of them, to a file the user chooses. The panel
-    // says `title`.
+    // Export what the search and the cut-off leave, or all timers, to a file that the user chooses. `title`
+    // is the panel's title.
     void exportShownToCSV(const QString& title);
     void exportAllToCSV();
-    // The panel proposes `name`. The sum in the table's head is of all timers, unless it is told.
+    // The panel proposes `name`. The sum in the table's head is that of all timers unless one is given.
     void exportSet(const TimeStoreItem::Children& timers, const QString& title, const QString& name,
                    const std::optional<Seconds>& total = std::nullopt);
-    // A failure goes to the log alone.
+    // A failure is only logged.
     void exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path,
                                 const std::optional<Seconds>& total = std::nullopt);
 

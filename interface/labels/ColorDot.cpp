@@ -8,7 +8,7 @@
 
 namespace {
 
-// Of every component, from the top to the bottom.
+// How much of each component is left at the bottom.
 constexpr float kDarkening = 0.5F;
 
 QColor darkened(const QColor& color) {

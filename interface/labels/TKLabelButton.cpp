@@ -93,7 +93,7 @@ void TKLabelButton::keyPressEvent(QKeyEvent* event) {
         m_labelViewController.moveFocus(*this, 1);
         break;
     default:
-        // The menu goes on with it.
+        // Not accepted, so that the menu handles it as well.
         event->ignore();
     }
 }
@@ -114,7 +114,7 @@ void TKLabelButton::paintEvent(QPaintEvent*) {
     QColor ink = palette().color(QPalette::WindowText);
     ink.setAlphaF(float(frame * strength));
     painter.setPen(QPen(ink, kFrameWidth, Qt::SolidLine, Qt::FlatCap));
-    // The corners stay open.
+    // Leaves the corners open.
     painter.drawLines(QList<QLineF>{
         {0.5, 0, w - 0.5, 0}, {w, 0.5, w, h - 0.5}, {w - 0.5, h, 0.5, h}, {0, h - 0.5, 0, 0.5}});
     const QRectF inner = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);

@@ -5,22 +5,22 @@
 
 class TKLabelViewController;
 
-// One round colour to choose a label by. Disabled it ignores the pointer and is never selected; it belongs to the row of
-// buttons, which it tells when it is chosen.
+// A round button with one colour of a label. While disabled it ignores the pointer and is never selected. It
+// belongs to the row of buttons, and tells the row when it is pressed.
 class TKLabelButton : public QAbstractButton {
     Q_OBJECT
 public:
     explicit TKLabelButton(TKLabelViewController& row);
 
-    // 0 shows the picture for no label, and so does every tag without a colour.
+    // 0, or a tag that has no colour, shows the picture for "no label".
     void setColorTag(int tag);
     int colorTag() const { return m_colorTag; }
 
-    // Whether this is the current project's label. Ignored while disabled.
+    // Whether this is the label of the current project. Ignored while disabled.
     void setSelectedColor(bool isSelected);
     bool selectedColor() const { return m_selectedColor; }
 
-    // Goes back to neither selected nor under the pointer.
+    // Also ends being selected and being under the pointer.
     void setEnabled(bool isEnabled);
 
     bool isMouseOver() const { return m_mouseOver; }

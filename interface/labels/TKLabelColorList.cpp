@@ -13,7 +13,7 @@ TKLabelColorList::TKLabelColorList()
                   QColor::fromRgbF(0.85F, 0.5F, 0.85F)} {}
 
 QColor TKLabelColorList::colorForTag(int tag) const {
-    // As unsigned, negative tags lie beyond the end.
+    // As unsigned numbers, negative tags are beyond the end.
     const auto place = unsigned(tag);
     return m_colorList[place < m_colorList.size() ? place : 0];
 }

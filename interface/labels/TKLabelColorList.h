@@ -10,10 +10,10 @@ class TKLabelColorList {
 public:
     static constexpr int kColors = 7;
 
-    // The one list there is; it lives as long as the process.
+    // The only list; it lives as long as the process.
     static const TKLabelColorList& sharedColorList();
 
-    // Clear, with every component 0, for tag 0 and for every tag beyond the colours.
+    // Transparent (every component 0) for tag 0 and for tags without a colour.
     QColor colorForTag(int tag) const;
 
 private:

@@ -80,10 +80,10 @@ void TKLabelViewController::setSelectedTag(int tag) {
         label->setEnabled(isEnabled);
         label->setSelectedColor(label->colorTag() == tag);
     }
-    // The frame of the focus would stand around the colour of before.
+    // Otherwise the focus frame would stay around the previous colour.
     if (std::ranges::any_of(m_labels, &TKLabelButton::hasFocus))
         focusSelected();
-    // Strong while nothing can be chosen and pale beside the colours; in roles, so that it can be read in a dark menu too.
+    // Colours by role, so that the text can be read in a dark menu too.
     m_mainLabel->setForegroundRole(isEnabled ? QPalette::PlaceholderText : QPalette::WindowText);
 }
 
@@ -94,7 +94,7 @@ void TKLabelViewController::focusInEvent(QFocusEvent* event) {
 
 void TKLabelViewController::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    // The menu would give it back to the colour that was last chosen, whichever is the project's by then.
+    // Otherwise the menu would give the focus back to the colour that was last chosen, not to the project's.
     for (TKLabelButton* label : m_labels)
         label->clearFocus();
 }

@@ -10,24 +10,24 @@ class QLabel;
 class QMenu;
 class TKLabelButton;
 
-// The row of seven colours in a menu, by which the current project's label is chosen.
+// A row of seven colours in a menu, from which the user chooses the current project's label.
 class TKLabelViewController : public QWidget {
     Q_OBJECT
 public:
-    // The tag that stands for "no project": nothing can be chosen.
+    // The tag for "no project is selected": no label can be chosen then.
     static constexpr int kNoProject = -1;
 
-    // Puts itself at the end of `menu`, which owns it from then on.
+    // Appends itself to `menu`, which owns it from then on.
     explicit TKLabelViewController(QMenu& menu);
 
-    // Is given the tag that the user chose.
+    // The function gets the tag that the user chose.
     void setProjectController(std::function<void(int tag)> setSelectedColorTag);
-    // What the current project has.
+    // The tag of the current project.
     void setSelectedTag(int tag);
-    // Shows that a button was chosen, closes the menu, and only then has the tag stored.
+    // Shows that a button was pressed, closes the menu, and only then passes the tag on.
     void setColoring(TKLabelButton& button);
 
-    // Gives the focus to the button so many places on, if there is one: menus keep the Tab key for themselves.
+    // Moves the focus by so many buttons, if there is one: menus do not pass on the Tab key.
     void moveFocus(const TKLabelButton& from, int places);
 
     // From no label to the last colour.

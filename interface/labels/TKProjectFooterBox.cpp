@@ -22,7 +22,7 @@ bool TKProjectFooterBox::eventFilter(QObject* object, QEvent* event) {
 
 void TKProjectFooterBox::changeEvent(QEvent* event) {
     QFrame::changeEvent(event);
-    // Outlines of a window in the background may look different.
+    // Outlines may look different in an inactive window.
     if (event->type() == QEvent::ActivationChange)
         windowRefreshColor();
 }

@@ -3,7 +3,7 @@
 
 #include <QFrame>
 
-// The box below an outline, always of the outline's background.
+// The box below an outline. It always has the outline's background.
 class TKProjectFooterBox : public QFrame {
     Q_OBJECT
 public:

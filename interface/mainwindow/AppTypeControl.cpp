@@ -6,7 +6,7 @@
 
 namespace {
 
-// The picture's name goes with the item, for whoever asks which one it is.
+// Stores the picture's name as the item's data.
 void describe(QAction& item, const QString& image, const QString& title, bool isEnabled) {
     item.setIcon(Images::named(image));
     item.setData(image);

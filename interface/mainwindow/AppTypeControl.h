@@ -4,15 +4,15 @@
 #include <QMenu>
 #include <QToolButton>
 
-// The toolbar's pull-down that shows where Ticklog is found, and lets it be found elsewhere: with a task bar icon (the
-// Dock icon), a tray icon (the menu bar item), or both. What its items do is connected from outside.
+// The toolbar's pull-down that shows and changes where Ticklog appears: with a task bar icon (the Dock icon),
+// a tray icon (the menu bar item), or both. Its items are connected from outside.
 class AppTypeControl : public QToolButton {
     Q_OBJECT
 public:
     struct State {
         bool showsDockIcon;
         bool showsMenuBarItem;
-        // Without one the task bar cannot be left.
+        // Without a tray the task bar icon cannot be hidden.
         bool hasTray;
     };
 
@@ -22,10 +22,10 @@ public:
 
     QAction& dockIconMenuItem() { return m_dockIconMenuItem; }
     QAction& menuItemMenuItem() { return m_menuItemMenuItem; }
-    // The name of the picture that is shown: of what Ticklog is now.
+    // The name of the picture that shows where Ticklog appears now.
     const QString& image() const { return m_image; }
 
-    // Pops up a menu of one command where `sender` begins, or this without one.
+    // Opens a menu with one command at the start edge of `sender`, or of this control if that is null.
     void showDisplayStateMenu(QWidget* sender, QAction& command);
 
 private:

@@ -3,14 +3,14 @@
 
 #include <QSlider>
 
-// Chooses below how many seconds rows are left out. Its places are times that people think in, close together where
-// they are short.
+// A slider that sets the cut-off: rows with less time are hidden. Its steps are round times, closer together
+// where they are short.
 class CutoffSlider : public QSlider {
     Q_OBJECT
 public:
     explicit CutoffSlider(QWidget* parent = nullptr);
 
-    // Seconds; 0 leaves nothing out.
+    // Seconds; 0 hides nothing.
     float seconds() const;
 
 Q_SIGNALS:

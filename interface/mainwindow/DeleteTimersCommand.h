@@ -6,7 +6,7 @@
 
 #include <QUndoCommand>
 
-// Deletes timers. Undone, they come back with the time they had.
+// Deletes timers. Undoing brings them back with their time.
 class DeleteTimersCommand : public QUndoCommand {
 public:
     // The tracker outlives the command.

@@ -21,14 +21,14 @@ void FreezeCommand::step(Step&& isPossible) {
 }
 
 void FreezeCommand::redo() {
-    // It has been made when it is entered.
+    // The first redo() comes when the command is pushed: the timers are frozen already.
     if (std::exchange(m_isMade, false))
         return;
     step([&](FrozenTimer& timer) { return m_tracker.branchNodeAgain(timer); });
 }
 
 void FreezeCommand::undo() {
-    // From the last one, because a window may have been frozen after its application.
+    // In reverse order, because a window may have been frozen after its application.
     std::ranges::reverse(m_timers);
     step([&](FrozenTimer& timer) { return m_tracker.unbranchNode(timer); });
     std::ranges::reverse(m_timers);

@@ -5,8 +5,8 @@
 
 #include <QUndoCommand>
 
-// Timers that have been frozen together. Undone, each becomes one again with what went on in its place. Those that are
-// no more stay out of it, and when all are, the command is obsolete.
+// Freezes timers together. Undoing joins each with the timer that went on in its place. Timers that no longer
+// exist are skipped; when none is left, the command is obsolete.
 class FreezeCommand : public QUndoCommand {
 public:
     // The tracker outlives the command.
@@ -16,12 +16,12 @@ public:
     void undo() override;
 
 private:
-    // Takes a step with each timer; those with which it is not possible are forgotten.
+    // Calls `isPossible` for each timer, and forgets those for which it answers false.
     template<class Step>
     void step(Step&& isPossible);
 
     TimeTracker& m_tracker;
-    // In the order in which they were frozen.
+    // In the order of freezing.
     std::vector<FrozenTimer> m_timers;
     bool m_isMade = true;
 };

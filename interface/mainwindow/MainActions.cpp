@@ -8,7 +8,7 @@
 
 namespace {
 
-// Tests and assistive programs find every command by its own name.
+// The object name lets tests and assistive programs find the command.
 QAction* make(QObject* window, const char* name, const QString& text, const QKeySequence& shortcut = {}) {
     auto* action = new QAction(text, window);
     action->setObjectName(QLatin1String(name));

@@ -6,15 +6,15 @@
 class QMenu;
 class QMenuBar;
 
-// Every command of the main window, once, for menus, toolbar and keyboard. All belong to the window they were made
-// for; what they do is connected from outside.
+// All commands of the main window, made once for menus, toolbar and keyboard. They belong to `window`; what
+// they do is connected from outside.
 struct MainActions {
     explicit MainActions(QObject* window);
 
-    // Fills the menu bar. Answers the menu that is to take the row of colour labels.
+    // Fills the menu bar. Answers the menu that shows the row of colour labels.
     QMenu* fill(QMenuBar& menuBar) const;
 
-    // What can be done to timers, and to projects, where they stand.
+    // The commands of the context menus of timers and of projects.
     QList<QAction*> forTimers() const;
     QList<QAction*> forProjects() const;
 

@@ -14,7 +14,8 @@ void connectTo(QAction* action, QObject& receiver, Reaction react) {
     QObject::connect(action, &QAction::triggered, &receiver, react);
 }
 
-// A step that proves to be impossible by now leaves the stack: the one behind it was meant, and something happens.
+// A step that turns out to be impossible is removed from the stack, and the next one is tried, so that the
+// command always does something.
 void untilOneHolds(QUndoStack& stack, void (QUndoStack::*step)(), bool (QUndoStack::*isThere)() const) {
     for (int count = -1; count != stack.count() && (stack.*isThere)();) {
         count = stack.count();
@@ -79,7 +80,8 @@ void MainCommands::connectUndo(QUndoStack& undoStack) {
     };
     for (const auto change : {&QUndoStack::canUndoChanged, &QUndoStack::canRedoChanged})
         QObject::connect(&undoStack, change, &m_receiver, offer);
-    // The last step that can be done again, and proves to be impossible, goes without a change of those.
+    // When the last step that could be redone turns out to be impossible, canUndo and canRedo are not
+    // signalled: this signal is.
     QObject::connect(&undoStack, &QUndoStack::indexChanged, &m_receiver, offer);
     offer();
 }
@@ -106,7 +108,7 @@ void MainCommands::connectProjects() {
 }
 
 void MainCommands::followFocus() {
-    // A menu opened by the keyboard takes the focus, so the last one counts.
+    // A menu opened by keyboard takes the focus, so the outline that had it last is remembered.
     QObject::connect(qApp, &QApplication::focusChanged, &m_receiver, [this](QWidget*, QWidget* focused) {
         auto* outline = qobject_cast<TKOutlineDisplayView*>(focused);
         const MainWindow& window = m_controller.window();
@@ -126,7 +128,7 @@ void MainCommands::update() {
     const TKProjectController& projects = m_controller.projectController();
     const bool hasProject = !projects.isMainItemSelected();
     const bool isForTimers = m_focusedOutline == &table;
-    // All timers can be copied from the sidebar, but neither renamed nor deleted there.
+    // In the sidebar, "All Timers" can be copied but not renamed or deleted.
     actions.copy->setEnabled(!isForTimers || hasSelection);
     for (QAction* action : {actions.rename, actions.deleteRows})
         action->setEnabled(isForTimers ? hasSelection : hasProject);

@@ -7,13 +7,13 @@ class QUndoStack;
 class TKController;
 class TKOutlineDisplayView;
 
-// What each command of the main window does, and when it can be chosen.
+// Connects the commands of the main window with what they do, and enables those that can be used.
 class MainCommands {
 public:
-    // Connects the commands. The controller is whole; both outlive this.
+    // Connects the commands. The controller must be complete; both arguments outlive this object.
     MainCommands(TKController& controller, QUndoStack& undoStack);
 
-    // Another selection, another project, another focus: other commands can be chosen.
+    // Call it when the selection, the project or the focus has changed: enables and disables commands.
     void update();
 
 private:
@@ -25,8 +25,8 @@ private:
     void followFocus();
 
     TKController& m_controller;
-    // The one that commands for rows are meant for: which of the two had the focus last.
+    // The outline that had the focus last; commands for rows apply to it.
     TKOutlineDisplayView* m_focusedOutline;
-    // Ends the connections.
+    // Receives all connections; its end disconnects them.
     QObject m_receiver;
 };

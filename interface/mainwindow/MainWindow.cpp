@@ -51,7 +51,7 @@ MainWindow::MainWindow()
     setCentralWidget(m_splitView);
     connect(m_actions.showSidebar, &QAction::toggled, m_sidebar, &QWidget::setVisible);
     m_searchAppField->setOutlineView(m_mainTable);
-    // What is summed is all again.
+    // Clicking the sum shows the sum of all rows again.
     connect(m_sumBar, &SumBar::sumClicked, m_mainTable, &QAbstractItemView::clearSelection);
     connect(m_sumBar, &SumBar::captionPressed, m_actions.copySummaryTime, &QAction::trigger);
     setMinimumSize(kSmallestSize);

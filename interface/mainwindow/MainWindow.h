@@ -15,8 +15,8 @@ class TKConstrainedSplitView;
 class TKLabelViewController;
 class TKOutlineDisplayView;
 
-// The main window: the projects on the left, the outline of timers with the sum below it, the toolbar with the search,
-// the menus. Draws and forwards; what its actions do is connected from outside.
+// The main window: the projects on the left, the outline of timers with the sum below it, the toolbar with
+// the search, the menus. It draws and forwards; its actions are connected from outside.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
@@ -40,15 +40,16 @@ public:
     // The colour labels in the menu of projects.
     TKLabelViewController& tkLabelProjectViewController() const { return *m_tkLabelProjectViewController; }
 
-    // Whether there is anything to be seen of the window: neither closed nor minimised, nor out of sight by the desktop's
-    // account, which under Wayland tells nothing of minimising and workspaces.
+    // Whether the user can see the window: it is neither closed nor minimised, and the desktop does not say
+    // that it is hidden. Under Wayland that is the only way to learn of minimising and of workspaces.
     bool isSeen() const { return m_isSeen; }
 
-    // The commands that have keys.
+    // The commands that have shortcuts.
     QList<QAction*> appMenu() const;
-    // Without a menu bar, which must have been emptied, the window itself hears the commands' keys.
+    // Without a menu bar, which must be empty then, the window itself receives the shortcuts.
     void setMenuBarShown(bool isShown);
-    // Opens a menu of these where the pointer or the row is; null separates. `complete` adds what is no command.
+    // Opens a context menu at the pointer or the row; null is a separator. `complete` adds entries that are
+    // no commands.
     void popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition,
                const std::function<void(QMenu&)>& complete = {});
     void showToggle(const QString& image, const QString& label);
@@ -79,6 +80,6 @@ private:
     TKOutlineDisplayView* m_mainTable = nullptr;
     SumBar* m_sumBar = nullptr;
     bool m_isSeen = false;
-    // Shown, and yet nothing is painted.
+    // The window is shown, but the desktop does not let it paint.
     bool m_isOutOfSight = false;
 };

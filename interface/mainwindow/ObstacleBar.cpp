@@ -41,7 +41,7 @@ ObstacleBar::ObstacleBar(QWidget* parent)
     cells->addWidget(m_remedyButton, 0, Qt::AlignTop);
     cells->addWidget(m_acknowledgeButton, 0, Qt::AlignTop);
     connect(m_remedyButton, &QPushButton::clicked, this, [this] {
-        // It may be replaced while it asks its question.
+        // A copy: it may be replaced while it asks its question.
         const auto remedy = m_remedy;
         remedy();
     });

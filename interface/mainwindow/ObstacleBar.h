@@ -8,19 +8,19 @@
 class QLabel;
 class QPushButton;
 
-// Says above the timers why nothing can be measured on this desktop, what troubles the account, and what to do about it. Not
-// there while all is well.
+// A bar above the timers. It says why nothing can be measured on this desktop, what troubles the account, and
+// what to do about it. Hidden while all is well.
 class ObstacleBar : public QFrame {
     Q_OBJECT
 public:
     explicit ObstacleBar(QWidget* parent = nullptr);
 
-    // Hides itself for an empty text. Assistive programs read a new text out.
+    // Hides the bar for an empty text. Assistive programs read a new text aloud.
     void showObstacle(const QString& text);
-    // Whether there is a button for "I know", which calls the function that was given for it.
+    // Shows or hides a button "I know", which calls the function given to setAcknowledged().
     void offerAcknowledgement(bool isOffered);
     void setAcknowledged(std::function<void()> acknowledged) { m_acknowledged = std::move(acknowledged); }
-    // Offers a button that calls `remedy`; none without one.
+    // Shows a button that calls `remedy`; hides it for an empty function.
     void offerRemedy(std::function<void()> remedy);
 
 private:

@@ -28,7 +28,8 @@ void RenameCommand::giveName(const QString& name) const {
 }
 
 std::shared_ptr<TimeStoreItem> RenameCommand::currentItem() const {
-    // A timer that was deleted and put back is another object of the same identity, and so may be its application.
+    // A timer that was deleted and put back is a new object with the same identity; so may be its
+    // application.
     const auto uuid = m_item->uuid();
     if (!uuid || !m_application || !m_application->uuid())
         return m_item;

@@ -5,7 +5,7 @@
 
 #include <QUndoCommand>
 
-// The user's own name for a timer, which can be taken back. An empty name gives back the timer's own.
+// Gives a timer the user's own name, and can be undone. An empty name brings back the original name.
 class RenameCommand : public QUndoCommand {
 public:
     // The tracker outlives the command.
@@ -22,7 +22,7 @@ private:
 
     const TimeTracker& m_tracker;
     std::shared_ptr<TimeStoreItem> m_item;
-    // The timer itself or the one above it; null when it was in the tree no more.
+    // The timer's application, which may be the timer itself; null if it was no longer in the tree.
     std::shared_ptr<TimeStoreApp> m_application;
     QString m_oldName;
     QString m_newName;

@@ -30,14 +30,14 @@ ShownSum::Rows ShownSum::rowsToSum(int kind) const {
         kind == kAllObjects ? TimeStoreItem::Children() : m_window.mainTable().selectedItems();
     if (rows.empty() && !project && search.isEmpty())
         return {.isTotal = true, .mode = SumMode::Total, .rows = {}};
-    // Rows at the top do not count one another.
+    // Top-level rows never count each other.
     if (!rows.empty())
         rows = withoutDoubleCounting(std::move(rows));
     else if (project)
         rows = project->children().value_or(TimeStoreItem::Children());
     else
         rows = m_tracker.timeSet();
-    // The mode looks at the selection even where the sum does not.
+    // The mode depends on the selection even if the sum does not.
     const bool hasSelection = m_window.mainTable().selectionModel()->hasSelection();
     const SumMode mode = search.isEmpty() ? (hasSelection ? SumMode::Selected : SumMode::Project)
                                           : (hasSelection ? SumMode::FoundInSelection : SumMode::Found);

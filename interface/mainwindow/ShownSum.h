@@ -10,8 +10,9 @@ class MainWindow;
 class TimeStoreCategory;
 class TimeTracker;
 
-// The sum below the outline: of all timers or of the project that is shown, of what is selected, of what is found. Which
-// rows count is found out when somebody says that they may be others, not at every tick.
+// The sum below the outline: of all timers, of the project that is shown, of the selected rows, or of the
+// found rows. Which rows count is determined when forgetRows() says that they may have changed, not at every
+// tick.
 class ShownSum {
 public:
     // The project that is shown; null while all timers are.
@@ -20,18 +21,19 @@ public:
     // The tracker and the window outlive this.
     ShownSum(const TimeTracker& tracker, const MainWindow& window, Project project);
 
-    // Other rows may count from now on.
+    // Which rows count may have changed.
     void forgetRows() { m_rows.reset(); }
 
-    // Shows what has changed by a second or in kind; nothing while the window is not seen.
+    // Shows the sum if it has changed by a second or is of another kind. Does nothing while the window cannot
+    // be seen.
     void refresh();
-    // The sum that `kind` asks for: 0 as shown, 1 of everything, 2 as shown, in words. With `outMode` the
-    // bare time, without it a caption of two lines.
+    // `kind` 0 asks for the sum as shown, 1 for the sum of all timers, 2 for the sum as shown, in words. With
+    // `outMode` answers the time alone, without it a caption of two lines.
     QString text(int kind, SumMode* outMode) const;
 
 private:
     struct Rows {
-        // All that the tracker has.
+        // Whether these are all timers of the tracker.
         bool isTotal;
         SumMode mode;
         TimeStoreItem::Children rows;
@@ -43,7 +45,7 @@ private:
     const TimeTracker& m_tracker;
     const MainWindow& m_window;
     Project m_project;
-    // Of the sum that is shown; absent while that has to be found out anew.
+    // The rows of the sum that is shown; absent when they must be determined again.
     std::optional<Rows> m_rows;
     SumMode m_lastMode = SumMode::None;
     double m_lastSecond = -1;

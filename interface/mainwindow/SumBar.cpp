@@ -20,11 +20,11 @@ constexpr int kAir = 9;
 constexpr int kGap = 24;
 // "10000:00:00"
 constexpr int kSumDigits = 11;
-// "00:00:00" and the air around it.
+// "00:00:00" and some space.
 constexpr int kCutoffDigits = 9;
 constexpr int kSmallestSlider = 60;
 constexpr int kLargestSlider = 180;
-// Narrower than this, there is no room for the words beside the figures.
+// In pixels. If the bar is narrower, the words beside the numbers are hidden.
 constexpr int kRoomForWords = 430;
 
 int digitsWide(const QFont& font, int digits) {
@@ -59,7 +59,7 @@ SumBar::SumBar(QWidget* parent)
     m_timeSum->setFixedWidth(digitsWide(strong, kSumDigits));
     connect(m_timeSum, &SumOfTimesLabel::clicked, this, &SumBar::sumClicked);
     auto* cells = new QHBoxLayout(this);
-    // The field has a little air of its own.
+    // The field has some space of its own on the right.
     cells->setContentsMargins(kMargin, kAir, kMargin - 4, kAir);
     cells->addWidget(m_cutoffCaption);
     cells->addWidget(m_cutoff, 1);

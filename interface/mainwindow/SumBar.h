@@ -8,7 +8,7 @@ class QLabel;
 class SumOfTimesLabel;
 class TKTimeSummaryTextField;
 
-// The bar below the timers: on the left the cut-off, on the right the sum with what it is the sum of.
+// The bar below the timers: the cut-off on the left, the sum and its kind on the right.
 class SumBar : public QWidget {
     Q_OBJECT
 public:
@@ -18,13 +18,13 @@ public:
 
     void showCutoff(const QString& time);
     void showSum(const QString& time);
-    // The picture's name and the word for the kind of sum.
+    // Shows a picture by its name, and the word for the kind of sum.
     void showSumMode(const QString& image, const QString& caption);
 
 Q_SIGNALS:
-    // The sum was clicked at.
+    // The sum was clicked.
     void sumClicked();
-    // The word beside the sum was pressed.
+    // The word beside the sum was clicked.
     void captionPressed();
 
 protected:

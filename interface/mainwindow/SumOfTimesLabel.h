@@ -4,7 +4,8 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 
-// The sum below the timers: a field that cannot be edited, because unlike a label it can be read out and copied from.
+// The sum below the timers. A read-only field rather than a label, because it can be read aloud and copied
+// from.
 class SumOfTimesLabel : public QLineEdit {
     Q_OBJECT
 public:
@@ -16,7 +17,7 @@ public:
     }
 
 Q_SIGNALS:
-    // It was clicked at: the sum of everything is wanted.
+    // It was clicked: the user wants the sum of everything.
     void clicked();
 
 protected:

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Pixels.
+// The least width of a pane, in pixels.
 constexpr int kMargin = 165;
 
 } // namespace

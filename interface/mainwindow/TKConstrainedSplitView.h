@@ -3,15 +3,15 @@
 
 #include <QSplitter>
 
-// Two panes side by side, of which neither can be made narrower than a hand's breadth. When the window grows or shrinks,
-// the last one does, and the first keeps its width.
+// Two panes side by side, each with a least width. When the window is resized, the right pane changes and the
+// left one keeps its width.
 class TKConstrainedSplitView : public QSplitter {
     Q_OBJECT
 public:
     explicit TKConstrainedSplitView(QWidget* parent = nullptr);
 
-    // Where the divider may be if somebody wants it at `proposed`, in pixels from the left of a view so wide. The left
-    // bound holds where both cannot.
+    // The allowed position of the divider nearest to `proposed`, in pixels from the left of a view of this
+    // width. If there is no room for both least widths, the left one holds.
     static int constrainSplitPosition(int proposed, int width);
 
 protected:

@@ -76,7 +76,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
 
 TKController::~TKController() {
     TimePasteboard::keepClipboard();
-    // What closes the window must not find a controller that is half gone.
+    // Closing the window must not call a controller that is partly destroyed.
     m_reactions.reset();
     m_window.mainTable().setModel(nullptr);
 }
@@ -151,7 +151,8 @@ void TKController::connectOutline() {
         return m_programCell.cell(*m_shown->item(row), !row.parent().isValid());
     });
     for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController}) {
-        // A selected application that gets another window counts that window through itself from now on.
+        // If a selected application gets another window, the sum includes it without a change of the
+        // selection.
         QObject::connect(tree, &QAbstractItemModel::rowsInserted, &*m_reactions,
                          [this] { m_sum.forgetRows(); });
         QObject::connect(tree, &QAbstractItemModel::rowsRemoved, &*m_reactions,

@@ -22,34 +22,36 @@
 #include <QItemSelectionModel>
 #include <QUndoStack>
 
-// The program's one document and the controller of its main window, put together from the tracker, the timer
-// control, the database and the window. It connects what the user asks for with what does it, and shows the
-// timer's state. Nothing is formatted or painted while the window is not seen.
+// The program's only document and the controller of its main window. It is made of the tracker, the timer
+// control, the database and the window; it connects what the user asks for with the code that does it, and
+// shows the timer's state. Nothing is formatted or painted while the window cannot be seen.
 class TKController : public TimerDisplay {
 public:
-    // Reads the main store. `exit` ends the process when there is no display at all. The rest must outlive
-    // this, and so must the QApplication. `makeActivator` makes another activity source than every tracker gets.
+    // Reads the main store. `exit` ends the process when there is no display at all. `makeActivator` makes
+    // another activity source than the usual one. The other arguments, and the QApplication, must outlive
+    // this object.
     TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
                  const TimeTracker::MakeActivator& makeActivator = {});
     ~TKController() override;
 
-    // Once, before the window is shown: starts the timer if the last run asked for it. If the activity source is not
-    // trusted, shows the setup window in the main window's place instead, and leaves it at that.
+    // Called once before the window is shown: starts the timer if the last run asked for it. If the activity
+    // source is not trusted, only shows the setup window in place of the main window.
     void awakeFromNib();
 
-    // What people see of Ticklog: the setup window where there is one, else the main window.
+    // The window that the user sees: the setup window if there is one, else the main window.
     QWidget& shownWindow();
 
-    // Brings the shown window to the front.
+    // Brings that window to the front.
     void displayMainWindow() { setWindowStateShown(true); }
 
-    // The same; false does nothing.
+    // The same if true; false does nothing.
     void setWindowStateShown(bool isShown);
 
-    // Reads the settings afresh and shows the sum by them.
+    // Reads the settings again and shows the sum accordingly.
     void reload();
 
-    // With every tick; also shows why windows are not counted, and what troubles the account, while that is so.
+    // Called at every tick. Also shows why windows are not counted and what troubles the account, as long as
+    // there is something to say.
     void refreshTimeSum() override;
 
     // The sum below the outline; see ShownSum::text().
@@ -57,25 +59,26 @@ public:
         return m_sum.text(kind, outMode);
     }
 
-    // Shows a project with `record`'s rows expanded, or all timers without a `category`. Entries of the expanded rows that
-    // no row has are dropped from the record.
+    // Shows a project, or all timers without a `category`, and expands the rows that `record` names. Entries
+    // without a row are removed from the record.
     void showWithCategory(const std::shared_ptr<TimeStoreCategory>& category,
                           const ProjectList::Project& record);
-    // The search field says something else: narrows what is shown and opens it, or shows everything and opens what was
-    // open before the search.
+    // The text in the search field has changed. A text narrows the rows and expands them; an empty one shows
+    // all rows and expands those that were expanded before the search.
     void searchText(const QString& text);
-    // Narrows all timers and nothing else.
+    // Narrows "All Timers" only.
     void setSearchString(const QString& text);
     void find();
-    // The rows of all timers in their order, as narrowed by the search and the cut-off, whether they are shown or not.
+    // The rows of "All Timers" in their order, as the search and the cut-off leave them, even while a project
+    // is shown.
     TimeStoreItem::Children applicationObjects();
     // The node of a project, with its timers.
     std::shared_ptr<TimeStoreCategory> timeStoreCategoryForProjectDict(const ProjectRecord& record);
-    // Leaves out timers below so many seconds.
+    // Hides timers with less time than this.
     void setCutoffValue(float seconds);
-    // All timers as narrowed by the search and the cut-off, also while a project is shown.
+    // Exports "All Timers" as the search and the cut-off leave them, even while a project is shown.
     void exportShown();
-    // All of the project that is selected.
+    // Exports the selected project, whole.
     void exportProject();
 
     // Whether all timers are shown rather than a project.
@@ -83,35 +86,36 @@ public:
     bool blockExpansionSaveWhileSearching() const { return m_expansion.isSearching(); }
 
     void deselectAll();
-    // Deletes the selected rows: unless `forceDelete`, out of the project that is shown, or after a question.
+    // Without `forceDelete`, removes the selected rows from the project that is shown or, among all timers,
+    // deletes them after a question. With it, deletes them at once.
     void tableViewDidReceiveDeleteKey(bool forceDelete);
-    // Clears all timers, after a question.
+    // Clears all timers after asking the user.
     void clearTimers();
-    // Freezes a timer, unless it is frozen.
+    // Freezes a timer if it is not frozen yet.
     void branchNode(TimeStoreNode& node);
     void branchUUIDs(const std::vector<Identity>& timers);
     void branchSelected();
-    // The sum as it is shown, in words.
+    // Copies the sum as shown, in words.
     void copySummaryTime();
 
     void chooseDatabaseDirectory();
     void restoreDefaultDatabaseLocation() { m_database.restoreDefaultDatabaseLocation(); }
     void revealDatabase();
 
-    // What the control of the toolbar does, and what it shows.
+    // The toolbar's control for where Ticklog appears: what it does and what it shows.
     void toggleDockIcon() { m_appDelegate.presence().toggleDockIcon(); }
     void toggleMenuItem() { m_appDelegate.presence().toggleMenuItem(); }
     void reloadAppType();
-    // Pops up a menu of one command at `sender`, or at the window without one.
+    // Opens a menu with one command at `sender`, or at the window if that is null.
     void showDisplayStateMenu(QWidget* sender);
 
-    // Writes the timers, and of the projects what is not yet written.
+    // Writes the timers, and those changes of the projects that are not written yet.
     void saveSettingsToDisk();
     // Has timers and projects say no more of the past than may be known; nothing can be undone any more. Answers the timer
     // of what has nobody's name, if there is one. Not saved yet.
     std::optional<Identity> sayNoMoreThan(const PastTitles& past);
 
-    // The program is no longer the active one: the timers are written whenever that happens.
+    // The program is not the active one any more: writes the timers each time this happens.
     void applicationWillTerminate() { saveSettingsToDisk(); }
 
     // "0.1.0 (build 0.1.0)" in the user's language.
@@ -141,7 +145,8 @@ private:
     TKProjectController::MainController projectServices();
     QString invitation() const;
     bool isNarrowed() const;
-    // Looks from now on every few seconds for rows that have begun to match or passed the limit, while there is a reason.
+    // While rows are narrowed and seen, looks every few seconds for rows that now match or have passed the
+    // limit.
     void followCounting();
     void filterAgain();
     void showTree(TimeTreeModel& tree);
@@ -160,7 +165,7 @@ private:
     ProjectList m_projects;
     TimeTreeModel m_appTreeController;
     TimeTreeModel m_categoryTreeController;
-    // One of the two.
+    // One of the two models.
     TimeTreeModel* m_shown = nullptr;
     ProgramCell m_programCell;
     // Each tree keeps its own selection.
@@ -168,11 +173,12 @@ private:
     QItemSelectionModel m_categorySelection;
     MainWindow m_window;
     TimePasteboard m_pasteboard;
-    // The project that is shown and searched; null while all timers are.
+    // The project that is shown and searched; null while all timers are shown.
     std::shared_ptr<TimeStoreCategory> m_searchedProject;
     RowExpansion m_expansion;
     ShownSum m_sum;
-    // Stands for this in the connections to what it owns, and ends them before any of it goes.
+    // Receives all connections. Destroyed first, so that nothing is called any more while the rest is
+    // destroyed.
     std::optional<QObject> m_reactions{std::in_place};
     TimerControl m_timer;
     TimeDatabase m_database;
@@ -182,21 +188,21 @@ private:
     ShownObstacle m_obstacle;
     // Seconds.
     float m_cutoff = 0;
-    // Null while nothing is narrowed, or seen.
+    // Null while nothing is narrowed or the window cannot be seen.
     std::unique_ptr<RunLoopTimer> m_nextFiltering;
-    // Of the tracker, when what is shown was last found out.
+    // The tracker's count of changes when the shown rows were last found.
     std::uint64_t m_filteredChanges = 0;
-    // Somebody gave a timer another name.
+    // The user has renamed a timer since then.
     bool m_isRenamed = false;
     // Null before anything is shown.
     ProjectList::Project m_shownRecord;
     Subscription m_defaultsChanges;
     Subscription m_resets;
-    // Made when the timers have been read: the rows it opens must be there.
+    // Made after the timers have been read, because it expands their rows.
     std::optional<TKProjectController> m_projectController;
-    // The same: an archive is of the timers that have been read.
+    // Made after the timers have been read, because it archives them.
     std::optional<TKExportController> m_exportController;
     std::optional<MainCommands> m_commands;
-    // Only where trust was missing at launch.
+    // Only if trust was missing at launch.
     std::optional<SetupWindow> m_setupWindow;
 };

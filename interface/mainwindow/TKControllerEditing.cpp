@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does to the timers and to the place where they are kept.
+// What the user does to the timers and to their file.
 #include "Classes/rules/PastTitles.h"
 #include "interface/mainwindow/DeleteTimersCommand.h"
 #include "interface/mainwindow/FreezeCommand.h"
@@ -43,7 +43,7 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
         if (answer == Alerts::Default)
             return;
     }
-    // By what was shown: a timer that shares an identity with one of these was not meant.
+    // Exactly the rows that were shown: another timer with the same identity is not meant.
     if (TimerReferences timers = m_engine.tracker().tree().referencesTo(items); !timers.empty())
         m_undoStack.push(new DeleteTimersCommand(m_engine.tracker(), std::move(timers)));
 }
@@ -90,7 +90,7 @@ void TKController::clearTimers() {
 }
 
 void TKController::timersCleared() {
-    // What could be undone was done to timers that are no more.
+    // The steps on the stack were done to timers that no longer exist.
     m_undoStack.clear();
     m_timer.refreshDisplay();
     saveSettingsToDisk();
@@ -123,7 +123,7 @@ void TKController::chooseDatabaseDirectory() {
         return;
     const QString suffix = QStringLiteral(".tkd");
     const QString whole = location->endsWith(suffix, Qt::CaseInsensitive) ? *location : *location + suffix;
-    // What is copied is the file, so the file must know of the last minutes, or be there at all.
+    // The file itself is copied, so it must be up to date, and must exist.
     saveSettingsToDisk();
     const Outcome chosen = m_database.chooseDatabaseLocation(whole);
     if (!chosen)

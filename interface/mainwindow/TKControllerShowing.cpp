@@ -53,7 +53,7 @@ void TKController::showTree(TimeTreeModel& tree) {
     tree.setLive(m_window.isSeen());
     TKOutlineDisplayView& table = m_window.mainTable();
     table.setTimeModel(tree);
-    // The view made one of its own, which would forget what was selected here before.
+    // The view has made one of its own; it would forget the earlier selection.
     delete table.selectionModel();
     table.setSelectionModel(&tree == &m_appTreeController ? &m_appSelection : &m_categorySelection);
     selectionChanged();
@@ -137,7 +137,7 @@ void TKController::filterAgain() {
     else
         m_engine.tracker().reloadSearchFiltering();
     m_shown->synchronize();
-    // A search opens what it finds; what somebody has folded since stays folded.
+    // A search expands what it finds; rows that the user has collapsed since stay collapsed.
     if (m_expansion.isSearching())
         m_window.mainTable().expandRows([&](const QModelIndex& row) {
             const auto item = m_shown->item(row);
@@ -148,7 +148,7 @@ void TKController::filterAgain() {
 }
 
 void TKController::exportShown() {
-    // While a project is shown, it alone is narrowed by what is typed.
+    // While a project is shown, the typed text narrows only that project.
     if (!mainItemIsSelected())
         m_engine.tracker().setSearchString(m_window.searchAppField().text());
     if (m_engine.tracker().narrowing().isStale())
@@ -170,7 +170,7 @@ void TKController::exportProject() {
 
 TimeStoreItem::Children TKController::applicationObjects() {
     const bool isLive = mainItemIsSelected() && m_window.isSeen();
-    // Makes up for what was missed while nobody looked.
+    // Catches up with what changed while it was not live.
     m_appTreeController.setLive(true);
     m_appTreeController.synchronize();
     TimeStoreItem::Children items;

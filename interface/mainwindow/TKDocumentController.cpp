@@ -12,7 +12,7 @@
 
 namespace {
 
-// Timers are made here, a few hundredths of a second at a time, because they belong to this thread.
+// The timers belong to this thread, so they are made here, in pieces that take a few hundredths of a second.
 constexpr std::size_t kTimersAtATime = 10'000;
 constexpr double kIsRead = 0.5;
 

@@ -8,25 +8,27 @@
 class Alerts;
 class TimeDatabase;
 
-// Every request to open, save or make a document lands here and is answered by the one document there is: the
-// account of all timers. Opening a database file replaces that account, after a question.
+// Handles every request to open, save or make a document. There is only one document: the account of all
+// timers. Opening a database file replaces that account, after a question.
 class TKDocumentController {
 public:
-    // `alreadyOpen` is false in every case.
+    // `alreadyOpen` is always false.
     using Completion = std::function<void(bool alreadyOpen)>;
 
-    // `imported` is called after the timers were replaced. The rest must outlive this.
+    // `imported` is called after the timers were replaced. The other arguments must outlive this object.
     TKDocumentController(TimeDatabase& database, Alerts& alerts, std::function<void()> imported);
 
-    // Asks whether the timers are to be replaced by those of the file at `location`, and does so, or says why it cannot.
+    // Asks whether the timers in the file at `location` are to replace the present ones; replaces them, or
+    // says why it cannot.
     void openDocumentWithContentsOfURL(const QString& location, const Completion& completion = {});
-    // Has the user choose the file first.
+    // Lets the user choose the file first.
     void openDocument();
-    // Has the user choose where a copy of the account goes, projects included.
+    // Lets the user choose where to write a copy of the account, with the projects.
     void saveCopy();
 
 private:
-    // The file is read beside the window, which goes on answering; the user may give it up until it is read.
+    // Reads the file on another thread while the window keeps responding; until it has been read, the user
+    // may give it up.
     void importFrom(const QString& location);
 
     TimeDatabase& m_database;

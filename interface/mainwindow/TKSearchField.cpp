@@ -16,7 +16,8 @@ TKSearchField::TKSearchField(QWidget* parent)
 }
 
 bool TKSearchField::event(QEvent* event) {
-    // End is there as well, and exporting what was found is wanted from here most of all.
+    // Ctrl+E would move to the end of the line; the End key does that too, and exporting what was found is
+    // wanted here most of all.
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->keyCombination() == (Qt::CTRL | Qt::Key_E)) {
         event->ignore();

@@ -3,14 +3,14 @@
 
 #include <QLineEdit>
 
-// The field whose text narrows the rows. Escape goes back to the rows and leaves the text as it is.
-// Ctrl+E is left to the command that exports what is shown.
+// The search field. Escape returns to the rows and keeps the text. Ctrl+E is not used for editing here: it
+// belongs to the command that exports what is shown.
 class TKSearchField : public QLineEdit {
     Q_OBJECT
 public:
     explicit TKSearchField(QWidget* parent = nullptr);
 
-    // The rows; not owned. Null for none.
+    // The outline that Escape returns to; not owned. Null for none.
     void setOutlineView(QWidget* outlineView) { m_outlineView = outlineView; }
 
 protected:

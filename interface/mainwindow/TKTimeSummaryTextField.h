@@ -5,7 +5,7 @@
 
 #include <QMouseEvent>
 
-// A text that acts as a button.
+// A text that can be clicked like a button.
 class TKTimeSummaryTextField : public PlainLabel {
     Q_OBJECT
 public:

@@ -26,7 +26,7 @@ TimeStoreItem::Children countedRows(TimeStoreItem::Children rows, const QString&
     for (auto& row : rows) {
         if (matches(row))
             counted.push_back(std::move(row));
-        // Of the node, because a proxy shows only those that pass the cut-off as well.
+        // Asks the node, because a proxy has only the children that pass the cut-off.
         else if (const auto children = row->node().children())
             std::ranges::copy_if(*children, std::back_inserter(counted), matches);
     }

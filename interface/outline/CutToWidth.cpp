@@ -6,7 +6,7 @@
 
 namespace {
 
-// Marks that take no room of their own stand beside the characters they belong to.
+// More than one character may fit into a pixel's width: combining marks take no room of their own.
 constexpr double kCharactersPerPixel = 2;
 
 } // namespace

@@ -3,6 +3,6 @@
 
 #include <QString>
 
-// A text that is to be shown in the middle of what was left out, for so many pixels: the ends of it that can be seen there at
-// all, with a sign between them. Fonts measure all that they are given before anything is left out, at every painting.
+// The two ends of a long text, as far as they can be seen within `width` pixels, with a sign between them.
+// Otherwise fonts would measure the whole text at every painting before leaving anything out of its middle.
 QString cutToWidth(const QString& text, double width);

@@ -20,7 +20,7 @@ int digitWidth(const QFontMetrics& metrics) {
     return widest;
 }
 
-// From the right, every digit in a box of the same width: not every font's digits are equally wide.
+// From the right, each digit in a box of the same width, because in some fonts digits differ in width.
 void drawTime(QPainter& painter, const QRect& rect, const QFontMetrics& metrics, const QString& text) {
     const int box = digitWidth(metrics);
     int right = rect.right() + 1;
@@ -82,7 +82,7 @@ void OutlineCellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOpti
     const QRect text =
         view ? view->dataCell(index).layout(option.rect, false).text.toAlignedRect() : option.rect;
     const QRect rect = QStyle::visualRect(option.direction, option.rect, text);
-    // Else the view would make all rows as high as an editor wants to be.
+    // Otherwise the view would make all rows as high as an editor.
     editor->setMaximumHeight(rect.height());
     editor->setGeometry(rect);
 }

@@ -3,8 +3,8 @@
 
 #include <QStyledItemDelegate>
 
-// Draws the cells of the timer outline: rows with air, the replaced name dimmed, and digits that stand still
-// while the seconds run.
+// Draws the cells of the timer outline: rows with some space, the original name dimmed, and digits that keep
+// their places while the seconds run.
 class OutlineCellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -18,6 +18,6 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
-    // How wide the widest time of so many digits is drawn in `font`.
+    // The width of the widest time with so many digits.
     static int timeWidth(const QFontMetrics& metrics, int digits);
 };

@@ -5,13 +5,13 @@
 
 #include <QtCore/qnamespace.h>
 
-// What an outline asks of its model besides what every view asks.
+// What an outline asks its model for beyond Qt's own roles.
 namespace OutlineRole {
 
 enum {
-    // How many characters at the end of the shown text are to be dimmed; absent is 0.
+    // How many characters at the end of the text to dim; absent means 0.
     DimmedLength = Qt::UserRole,
-    // The timer of the row, a std::shared_ptr<TimeStoreItem>; absent for rows that are no timers.
+    // The row's timer, a std::shared_ptr<TimeStoreItem>; absent for a row that is no timer.
     Item,
 };
 

@@ -29,7 +29,7 @@ TKTableLabelCell ProgramCell::cell(TimeStoreItem& item, bool isTopLevel) const {
                 cell.selectedTags = std::move(tags);
     cell.showWindowIcon = isWindow(item);
     cell.isFrozen = isFrozen(item, isTopLevel);
-    // What only stands for a timer is none.
+    // Proxies for timers cannot be frozen.
     cell.supportsFreeze = dynamic_cast<const TimeStoreNode*>(&item) != nullptr &&
                           dynamic_cast<const TimeStoreAppProxy*>(&item) == nullptr;
     return cell;
@@ -38,7 +38,7 @@ TKTableLabelCell ProgramCell::cell(TimeStoreItem& item, bool isTopLevel) const {
 bool ProgramCell::isFrozen(TimeStoreItem& item, bool isTopLevel) const {
     if (item.branched() || !m_sources.isProjectShown() || !isTopLevel || !isWindow(item))
         return item.branched();
-    // A window that a project shows without its application is as frozen as that is.
+    // In a project, a window without its application counts as frozen when the application is.
     const TimeStoreItem::Children applications = m_sources.applications();
     const auto found = std::ranges::find_if(applications, [&](const auto& application) {
         return application->isApp() && holds(*application, item.node());

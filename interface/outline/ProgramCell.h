@@ -6,24 +6,24 @@
 
 #include <functional>
 
-// Answers what the "Program" column's cell shows of a row.
+// Says what the cell of the "Program" column shows for a row.
 class ProgramCell {
 public:
     struct Sources {
-        // Whether the outline shows a project, and not all timers.
+        // Whether the outline shows a project rather than all timers.
         std::function<bool()> isProjectShown;
         // The colours of the projects that hold a timer.
         std::function<ColorTags(const Identity&)> tags;
-        // What the outline of all timers shows at its top.
+        // The top-level rows of the outline of all timers.
         std::function<TimeStoreItem::Children()> applications;
     };
 
     explicit ProgramCell(Sources sources)
         : m_sources(std::move(sources)) {}
 
-    // `isTopLevel` is whether the row lies beneath no other.
+    // `isTopLevel`: the row is not below another one.
     TKTableLabelCell cell(TimeStoreItem& item, bool isTopLevel) const;
-    // Whether the row is shown as frozen, because its timer is or, in a project, its application.
+    // Whether the row is shown as frozen: its timer is frozen or, in a project, its application is.
     bool isFrozen(TimeStoreItem& item, bool isTopLevel) const;
 
 private:

@@ -8,7 +8,7 @@
 
 SteadyScroll::SteadyScroll(QTreeView& view)
     : m_view(view) {
-    // Whoever scrolls does not want to go back.
+    // The user scrolls: do not scroll back.
     connect(view.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { m_place.reset(); });
 }
 

@@ -7,24 +7,25 @@
 
 class QTreeView;
 
-// Keeps the row at a view's upper edge where it is while rows above it come, go or move. At the very top there is nothing
-// to keep: what is new comes into view.
+// Keeps the top visible row of a view in its place while rows above it come, go or move. A view that is
+// scrolled to the very top stays there, so new rows come into sight.
 class SteadyScroll : public QObject {
     Q_OBJECT
 public:
     // The view outlives this.
     explicit SteadyScroll(QTreeView& view);
 
-    // Rows are about to change. Until the next layout further calls do nothing.
+    // Call it before rows change. Further calls before the next layout do nothing.
     void remember();
-    // The place to return to, if there is any; forgets it. For before the layout, which may scroll by itself.
+    // Answers the place to return to, if any, and forgets it. Call it before the layout, which may scroll by
+    // itself.
     struct Place {
         QPersistentModelIndex row;
-        // Pixels below the upper edge of the viewport; not above 0.
+        // Pixels below the upper edge of the viewport, at most 0.
         int top;
     };
     std::optional<Place> take();
-    // After the layout. A row that has gone is nowhere to return to.
+    // Call it after the layout. Does nothing if the row has gone.
     void returnTo(const Place& place);
 
 private:

@@ -17,10 +17,10 @@ namespace {
 
 constexpr int kIndentation = 20;
 constexpr int kInvitationMargin = 32;
-// "1000:00:00" and the arrow of the header beside its text.
+// "1000:00:00", or the header's text with its arrow.
 constexpr int kTimeDigits = 8;
 
-// Its texts stand above those of the cells.
+// A header whose texts stand exactly above those of the cells.
 class OutlineHeader : public QHeaderView {
 public:
     explicit OutlineHeader(QWidget* parent)
@@ -32,7 +32,7 @@ public:
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
         QHeaderView::initStyleOptionForIndex(option, section);
-        // Behind the sign that unfolds a row; before the digits' margin.
+        // Begins right of the arrows that expand rows.
         if (section == TimeTreeModel::ProgramColumn)
             option->text.prepend(QStringLiteral("     "));
         else
@@ -78,7 +78,7 @@ void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
             Qt::UniqueConnection);
     connect(&model, &QAbstractItemModel::layoutAboutToBeChanged, &m_steadyScroll, &SteadyScroll::remember,
             Qt::UniqueConnection);
-    // By what the header shows.
+    // Sorts by the column that the header shows.
     setSortingEnabled(true);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
@@ -168,7 +168,7 @@ void TKOutlineDisplayView::askToDelete(bool forceDelete) {
 }
 
 void TKOutlineDisplayView::deselectAndTell() {
-    // Who listens learns of it even when nothing was selected.
+    // Listeners are told even if nothing was selected.
     if (selectionModel() && selectionModel()->hasSelection())
         clearSelection();
     else
@@ -180,7 +180,7 @@ void TKOutlineDisplayView::editName() {
 }
 
 bool TKOutlineDisplayView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
-    // The keyboard does not care which column is the current one.
+    // From the keyboard, the name is edited whichever column is current.
     if (trigger == EditKeyPressed)
         return QTreeView::edit(index.siblingAtColumn(TimeTreeModel::ProgramColumn), trigger, event);
     return QTreeView::edit(index, trigger, event);
@@ -214,7 +214,7 @@ void TKOutlineDisplayView::keyPressEvent(QKeyEvent* event) {
 void TKOutlineDisplayView::contextMenuEvent(QContextMenuEvent* event) {
     QPoint position = event->globalPos();
     if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid()) {
-        // Where the row is that the menu is about.
+        // Opened by the keyboard: the menu appears at the current row.
         scrollTo(currentIndex());
         position = viewport()->mapToGlobal(frameOfCell(currentIndex()).bottomLeft());
     }

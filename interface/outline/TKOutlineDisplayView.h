@@ -12,9 +12,9 @@
 class QMimeData;
 class TimeTreeModel;
 
-// An outline of timers or of projects. Draws and forwards: deleting, freezing and copying are asked of whoever
-// has set a handler for it, and renaming goes through the model. Rows are numbered from 0 as they stand beneath
-// one another, unfolded ones included.
+// An outline of timers or of projects. It draws and forwards: handlers that are set from outside delete,
+// freeze and copy, and renaming goes through the model. Rows are numbered from 0, from top to bottom,
+// including expanded children.
 class TKOutlineDisplayView : public QTreeView {
     Q_OBJECT
 public:
@@ -22,47 +22,47 @@ public:
     using BranchNode = std::function<void(const std::shared_ptr<TimeStoreItem>& item)>;
     using DeleteKey = std::function<void(bool forceDelete)>;
     static constexpr int kNowhere = -1;
-    // Before which row what is dragged over `onto`, which is invalid beside the rows, comes to stand; kNowhere where it does
-    // not. Absent for what is not put between rows.
+    // Where to draw the line for a row that is dragged over `onto` (invalid when beside the rows): before
+    // this row, or kNowhere if it cannot be dropped. Absent for a drop that does not go between rows.
     using DropLine = std::function<std::optional<int>(const QDropEvent& dragged, const QModelIndex& onto)>;
     using WriteItems = std::function<std::unique_ptr<QMimeData>(const QModelIndexList& rows)>;
 
     explicit TKOutlineDisplayView(QWidget* parent = nullptr);
 
-    // Shows timers. The model must outlive the view or be replaced first. The order of the rows stays.
+    // Shows timers. The model must outlive the view or be replaced first. The rows keep their order.
     void setTimeModel(TimeTreeModel& model);
-    // What the first column's cells show besides their text.
+    // What the cells of the first column show besides their text.
     void setDataCell(DataCell dataCell) { m_dataCell = std::move(dataCell); }
     // Freezes a timer.
     void setBranchNode(BranchNode branchNode) { m_branchNode = std::move(branchNode); }
-    // Deletes the selected rows. Without a handler there is no deleting.
+    // Deletes the selected rows. Without a handler nothing can be deleted.
     void setDeleteHandler(DeleteKey deleteKey) { m_deleteKey = std::move(deleteKey); }
     bool offersDelete() const { return bool(m_deleteKey); }
-    // Makes what is copied or dragged of rows, which it gets from top to bottom; null for nothing. Without it
-    // there is neither copying nor dragging.
+    // Makes the data of a copy or a drag from rows, given from top to bottom; may answer null for none.
+    // Without this handler rows cannot be copied or dragged.
     void setWriteItems(WriteItems writeItems);
-    // Shows a line where a drop would put a row, in place of a frame around the row beneath the pointer.
+    // Shows a line between rows where a drop would go, instead of a frame around the row below the pointer.
     void setDropLine(DropLine dropLine) { m_dropLine = std::move(dropLine); }
-    // On what clearing the selection and unfolding everything act instead. Null for this view itself.
+    // The view in which "select none" and "expand all" take effect. Null for this view.
     void setRedirectToOutlineView(TKOutlineDisplayView* view) { m_redirectToOutlineView = view; }
-    // What is shown in place of rows when there are none; asked for only then.
+    // The text shown while there are no rows; asked for only then.
     void setInvitation(std::function<QString()> invitation);
-    // It may say something else now.
+    // The text may have changed: lets assistive programs read it.
     void readOutInvitation();
 
     void copy();
-    // `delete:` and `forceDelete:`.
+    // The commands `delete:` and `forceDelete:`.
     void deleteRows() { askToDelete(false); }
     void forceDelete() { askToDelete(true); }
     void editName();
 
-    // Rows follow the pointer.
+    // Highlights the row under the pointer.
     void setHighlightOnMouseOver(bool highlight);
     bool highlightOnMouseOver() const { return m_highlightOnMouseOver; }
-    // The row that was last under the pointer; -1 for none. Leaving the view changes nothing.
+    // The row that was last under the pointer; -1 for none. It stays when the pointer leaves the view.
     int highlightedRow() const { return m_highlightedRow; }
     void setHighlightedRow(int row);
-    // The pointer is somewhere else now.
+    // The pointer has moved.
     void rehighlightFromMouseMoved(const QPoint& globalPosition);
 
     // With all descendants.
@@ -70,8 +70,9 @@ public:
     // With all descendants.
     void collapseAllRows();
     enum class OtherRows { Stay, Fold };
-    // Unfolds, but not their children, all rows from top to bottom that `isWanted`, among them those that come
-    // into view on the way. It is called for every row that is or comes into view. Costs one layout.
+    // Expands all rows for which `isWanted` answers true, from top to bottom, including rows that appear by
+    // that. Does not expand their children by itself. Calls `isWanted` for every visible row. Takes one
+    // layout.
     void expandRows(const std::function<bool(const QModelIndex& row)>& isWanted,
                     OtherRows others = OtherRows::Stay);
 
@@ -79,24 +80,24 @@ public:
     QModelIndexList selectedRows() const;
     // The timers of the selected rows, from top to bottom.
     TimeStoreItem::Children selectedItems() const;
-    // Null for a row that is no timer.
+    // Null for a row without a timer.
     static std::shared_ptr<TimeStoreItem> itemAt(const QModelIndex& row);
 
-    // In the coordinates of the viewport.
+    // `point` is in the viewport's coordinates.
     int rowAtPoint(const QPoint& point) const;
     QModelIndex indexOfRow(int row) const;
     QRect rectOfRow(int row) const;
-    // Up to the column's right edge, however far the row is indented.
+    // Reaches to the column's right edge, however far the row is indented.
     QRect frameOfCell(const QModelIndex& row) const { return visualRect(row.siblingAtColumn(0)); }
-    // What the cell shows and whether its row is the highlighted one.
+    // What the cell shows, and whether its row is highlighted.
     TKTableLabelCell dataCell(const QModelIndex& row) const;
     bool isHighlighted(const QRect& frame) const;
-    // What hangs at the pointer while these rows are dragged.
+    // The picture at the pointer while these rows are dragged.
     QPixmap dragPixmap(const QModelIndexList& rows) const;
 
 Q_SIGNALS:
     void selectionDidChange();
-    // A timer's row was unfolded or folded, by whomever.
+    // The row of a timer was expanded or collapsed, by the user or by the program.
     void itemDidExpand(const std::shared_ptr<TimeStoreItem>& item);
     void itemDidCollapse(const std::shared_ptr<TimeStoreItem>& item);
     // The user asks for a context menu.
@@ -151,14 +152,14 @@ private:
     DeleteKey m_deleteKey;
     WriteItems m_writeItems;
     DropLine m_dropLine;
-    // The row before which the line is drawn.
+    // The line is drawn before this row.
     std::optional<int> m_shownDropLine;
     TKOutlineDisplayView* m_redirectToOutlineView = nullptr;
     std::function<QString()> m_invitation;
     SteadyScroll m_steadyScroll{*this};
     std::vector<QPersistentModelIndex> m_folded;
     int m_highlightedRow = -1;
-    // Whose freeze control is held down; -1 for none.
+    // The row whose freeze control is held down; -1 for none.
     int m_freezeRow = -1;
     bool m_highlightOnMouseOver = false;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How an outline folds and unfolds its rows.
+// Expanding and collapsing the rows of an outline.
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"
 
@@ -11,7 +11,7 @@ void TKOutlineDisplayView::expandRows(const std::function<bool(const QModelIndex
                                       OtherRows others) {
     if (!model())
         return;
-    // With a layout outstanding every row is only noted, and all are laid out at once.
+    // With a layout pending, expanding only marks each row, and one layout handles them all.
     scheduleDelayedItemsLayout();
     expandBeneath({}, isWanted, others);
     executeDelayedItemsLayout();
@@ -22,7 +22,7 @@ void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
                                          OtherRows others) {
     for (int row = 0; row < model()->rowCount(parent); ++row) {
         const QModelIndex index = model()->index(row, 0, parent);
-        // Asked of every row, because who asks may keep account of those that are there.
+        // Called for every row, because the caller may want to know which rows exist.
         const bool isToUnfold = isWanted(index);
         if (!model()->hasChildren(index))
             continue;
@@ -41,17 +41,17 @@ void TKOutlineDisplayView::expandBeneath(const QModelIndex& parent,
 void TKOutlineDisplayView::collapseAllRows() {
     if (!model())
         return;
-    // One by one, so that each is told.
+    // One by one, so that a signal is sent for each.
     scheduleDelayedItemsLayout();
     for (int row = model()->rowCount() - 1; row >= 0; --row)
         collapse(model()->index(row, 0));
     executeDelayedItemsLayout();
-    // Here the view is done with folding.
+    // The view has finished collapsing.
     forgetFolded();
 }
 
 void TKOutlineDisplayView::toggleAllRows() {
-    // The first row that can be unfolded decides for all.
+    // The first row that can be expanded decides for all.
     for (int row = 0; model() && row < model()->rowCount(); ++row) {
         const QModelIndex index = model()->index(row, 0);
         if (!model()->hasChildren(index))
@@ -71,7 +71,7 @@ void TKOutlineDisplayView::rowFolded(const QModelIndex& index) {
     if (!m_model)
         return;
     m_folded.emplace_back(index);
-    // Not now: the view is still busy with folding.
+    // Later: the view is still collapsing rows.
     if (m_folded.size() == 1)
         QMetaObject::invokeMethod(this, &TKOutlineDisplayView::forgetFolded, Qt::QueuedConnection);
 }

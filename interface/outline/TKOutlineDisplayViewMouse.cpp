@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the pointer does to an outline.
+// What the pointer does in an outline.
 #include "Classes/store/TimeStoreAppProxy.h"
 #include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKOutlineDisplayView.h"
@@ -19,7 +19,7 @@ constexpr int kDragWidth = 320;
 constexpr qreal kDragOpacity = 0.85;
 constexpr int kDropLine = 2;
 
-// The timer itself where a row only speaks for it.
+// The timer itself, if the row is a proxy for it.
 std::shared_ptr<TimeStoreItem> timerOf(std::shared_ptr<TimeStoreItem> item) {
     if (const auto proxy = std::dynamic_pointer_cast<TimeStoreAppProxy>(item))
         return proxy->app();
@@ -66,7 +66,7 @@ void TKOutlineDisplayView::setHighlightedRow(int row) {
     const int before = std::exchange(m_highlightedRow, row);
     if (before == row)
         return;
-    // No other row looks any different.
+    // Only these two rows look different.
     for (const int changed : {before, row})
         if (changed >= 0)
             viewport()->update(rectOfRow(changed));
@@ -81,13 +81,14 @@ void TKOutlineDisplayView::rehighlightFromMouseMoved(const QPoint& globalPositio
 
 void TKOutlineDisplayView::mouseMoveEvent(QMouseEvent* event) {
     rehighlightFromMouseMoved(event->globalPosition().toPoint());
-    // A press on a freeze control begins no drag.
+    // Pressing a freeze control does not start a drag.
     if (m_freezeRow < 0)
         QTreeView::mouseMoveEvent(event);
 }
 
 bool TKOutlineDisplayView::viewportEvent(QEvent* event) {
-    // A pointer that leaves for another part of the window has moved off the rows; one that leaves the window has not.
+    // If the pointer moves to another part of the window, no row is highlighted any more; if it leaves the
+    // window, the highlight stays.
     if (event->type() == QEvent::Leave && window()->geometry().contains(QCursor::pos()))
         rehighlightFromMouseMoved(QCursor::pos());
     return QTreeView::viewportEvent(event);
@@ -126,13 +127,13 @@ QItemSelectionModel::SelectionFlags TKOutlineDisplayView::selectionCommand(const
                                                                            const QEvent* event) const {
     if (selectionMode() != SingleSelection)
         return QTreeView::selectionCommand(index, event);
-    // Where one row is chosen to show something, something is always shown.
+    // In the sidebar one row is always selected, because something must be shown.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::NoUpdate;
 }
 
 void TKOutlineDisplayView::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The second press of two is a press like any other here.
+    // The second press of a double click on a freeze control is an ordinary press.
     if (event->button() != Qt::LeftButton || !pressFreezeControl(*event))
         QTreeView::mouseDoubleClickEvent(event);
 }
@@ -151,7 +152,7 @@ bool TKOutlineDisplayView::freeze(const QModelIndex& row) {
     if (!timer || timer->branched() || !m_branchNode)
         return false;
     m_branchNode(timer);
-    // The frozen timer may stand elsewhere now.
+    // Freezing may have moved the row.
     if (m_model)
         m_model->synchronize();
     return editRowOf(timer->node());
@@ -192,7 +193,7 @@ void TKOutlineDisplayView::startDrag(Qt::DropActions supportedActions) {
 }
 
 void TKOutlineDisplayView::dragMoveEvent(QDragMoveEvent* event) {
-    // Without it the view does not find out where the pointer is.
+    // Without this setting the view does not work out where the pointer is.
     setDropIndicatorShown(true);
     QTreeView::dragMoveEvent(event);
     const QModelIndex onto =
@@ -212,7 +213,7 @@ void TKOutlineDisplayView::dropEvent(QDropEvent* event) {
 }
 
 void TKOutlineDisplayView::showDropLine(std::optional<int> row) {
-    // One of the two, so that nobody has to choose which one to believe.
+    // Either the line or the frame, never both.
     setDropIndicatorShown(!row);
     if (std::exchange(m_shownDropLine, row) != row)
         viewport()->update();

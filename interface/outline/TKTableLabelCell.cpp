@@ -24,12 +24,12 @@ constexpr double kRoomForDot = 18;
 constexpr double kDotInset = 17;
 constexpr double kDotSize = 12;
 constexpr double kDotStep = 15;
-// Between the edge of the text's rectangle and the text.
+// Space between the edge of the text's rectangle and the text.
 constexpr double kTextInset = 2;
-// Of the dimmed part, 0 to 1.
+// The opacity of the dimmed part, 0 to 1.
 constexpr float kDimmed = 0.55F;
 
-// Each is looked up once and kept.
+// Looked up once and kept.
 const QIcon& documentImage() {
     static const QIcon image = Images::named(QStringLiteral("CellSubtimer"));
     return image;
@@ -65,7 +65,7 @@ void drawImage(QPainter& painter, const QIcon& image, const QRectF& rect, const 
         tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
         tinting.fillRect(QRectF(QPointF(), rect.size()), tint);
     }
-    // On whole pixels of the screen, or thin lines blur.
+    // Aligned to whole pixels, because thin lines would blur.
     const QTransform& transform = painter.transform();
     const QPointF origin(std::round((rect.x() + transform.dx()) * scale) / scale - transform.dx(),
                          std::round((rect.y() + transform.dy()) * scale) / scale - transform.dy());
@@ -80,7 +80,7 @@ int dimmedLengthOfElided(const QString& elided, const QString& whole, int dimmed
     const qsizetype plainLength = whole.size() - dimmedLength;
     if (kept >= plainLength)
         return int(elided.size() - plainLength);
-    // Behind the sign of what was left out.
+    // Minus the sign for what was left out.
     return int(std::min<qsizetype>(dimmedLength, std::max<qsizetype>(0, elided.size() - kept - 1)));
 }
 
@@ -104,7 +104,7 @@ void drawText(QPainter& painter, const QRectF& rect, const TKTableLabelCell::Tex
     QColor color = text.color;
     color.setAlphaF(color.alphaF() * kDimmed);
     dimmed.setForeground(color);
-    // In one piece: which of the two parts is at the left depends on what they are written in.
+    // Laid out in one piece: which part is on the left depends on the languages of both.
     QTextLayout layout(shown, text.font, painter.device());
     layout.setFormats({{int(shown.size()) - dimmedLength, dimmedLength, dimmed}});
     layout.beginLayout();
@@ -149,7 +149,7 @@ TKTableLabelCell::Layout TKTableLabelCell::layout(const QRectF& frame, bool isHo
         width -= kRoomForDot;
     if (showWindowIcon) {
         layout.windowIcon = QRectF(QPointF(x, imageY), kImageSize);
-        // The text keeps the gap's width: it may run into what stands at its right.
+        // The text's rectangle is not reduced by the gap: it may reach into what is on its right.
         x += kImageSize.width() + kWindowIconGap;
         width -= kImageSize.width();
     }
@@ -186,7 +186,7 @@ void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, boo
     const bool isMirrored = painter.layoutDirection() == Qt::RightToLeft;
     const Layout places = isMirrored ? layout(frame, isHovered).mirrored(frame) : layout(frame, isHovered);
     const QColor tint = text.isOnHighlight ? text.color : QColor();
-    // The sidebar's pictures have a variant for the selection instead.
+    // Unlike these, the pictures of the sidebar have variants of their own for a selection.
     drawImage(painter, icon(), places.icon, {});
     if (showWindowIcon)
         drawImage(painter, documentImage(), places.windowIcon, tint);

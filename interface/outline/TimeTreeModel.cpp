@@ -46,7 +46,7 @@ void TimeTreeModel::setSource(std::optional<Source> source) {
         m_isSynchronizeDue = true;
         return;
     }
-    // Picking out the little that two lists have in common would cost more than showing the other one.
+    // If only a few rows are in both lists, finding them would cost more than showing the new list.
     if (!m_root->children.empty() && !isMostlyShown(wantedItems()))
         removeRange(*m_root, 0, int(m_root->children.size()) - 1);
     synchronize();
@@ -156,7 +156,7 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
 
 QString TimeTreeModel::accessibleText(const Row& row) const {
     TimeStoreItem& item = *row.item;
-    // Whoever hears the rows hears of each its name, its time and what a picture would show.
+    // For screen readers: the name, the time, and whatever only a picture shows.
     QString text = TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()) +
                    QStringLiteral(", ") + item.activeTimeString();
     const bool isFrozen = m_isFrozen ? m_isFrozen(item, row.parent == m_root.get()) : item.branched();
@@ -194,7 +194,7 @@ Qt::ItemFlags TimeTreeModel::flags(const QModelIndex& index) const {
 }
 
 void TimeTreeModel::sort(int column, Qt::SortOrder order) {
-    // No order is none to sort by: the one before stays.
+    // -1 means no sorting: keeps the order as it is.
     if (column < 0)
         return;
     m_order.set(column == TimeSpentColumn ? TimeTreeOrder::By::Time : TimeTreeOrder::By::Name, order);
@@ -234,7 +234,7 @@ void TimeTreeModel::timeChanged(Row& row) {
 }
 
 void TimeTreeModel::nameChanged(Row& row) {
-    // A window that takes another's name displaces it.
+    // If a window gets the name of another one, that one's row goes.
     if (row.parent != m_root.get())
         row.parent->isDirty = true;
     row.parent->isDisordered = true;

@@ -7,54 +7,56 @@
 
 #include <QAbstractItemModel>
 
-// A tree of timers as rows: the tracker's applications, or the members of a project, among which there may be
-// windows; beneath applications their windows once somebody looks. Follows what the nodes announce: a time
-// redraws its cell when its text changes, which is once a second; everything else is gathered and told in
-// ranges in the run loop's next turn, so that nothing is moved about while the tracker is in the middle of a
-// change. Rows keep their nodes alive until then. The run loop must outlive it.
+// A tree of timers as rows: the tracker's applications, or the members of a project, which may be windows.
+// The windows of an application become rows when a view asks for them.
+//
+// It follows what the nodes announce. A time redraws its cell when its text changes, once a second. All other
+// changes are gathered and told in ranges in the next turn of the run loop, so that no row moves while the
+// tracker is in the middle of a change. Until then rows keep their nodes alive. The run loop must outlive the
+// model.
 class TimeTreeModel : public QAbstractItemModel {
     Q_OBJECT
 public:
     enum Column { ProgramColumn, TimeSpentColumn, ColumnCount };
 
-    // Where the rows at the top come from: `items` answers them, and `observed` announces under `key` that
-    // they are others. What `items` captures is kept until another source takes its place.
+    // Where the top rows come from: `items` answers them, and `observed` announces under `key` that they have
+    // changed. The model keeps what `items` captures until it gets another source.
     struct Source {
         std::reference_wrapper<Observable> observed;
         ObservedKey key;
         std::function<TimeStoreItem::Children()> items;
     };
 
-    // Renames a row as the user wants it.
+    // Renames a row as the user asks.
     using Rename = std::function<void(const std::shared_ptr<TimeStoreItem>&, const QString& name)>;
 
-    // Whether a row is read out as frozen; `isTopLevel` if it lies beneath no other.
+    // Whether assistive programs are told that a row is frozen. `isTopLevel`: it is not below another row.
     using IsFrozen = std::function<bool(TimeStoreItem&, bool isTopLevel)>;
 
     // Without a source there are no rows.
     TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename);
     ~TimeTreeModel() override;
 
-    // What survives the tracker's search and cut-off. The tracker must outlive the model.
+    // What the tracker's search and cut-off leave. The tracker must outlive the model.
     static Source sourceOf(TimeTracker& tracker);
-    // The children of a node, such as a project. Keeps the node.
+    // The children of a node, such as a project. Keeps the node alive.
     static Source sourceOf(std::shared_ptr<TimeStoreNode> node);
-    // Shows the rows of another source: at once, or when somebody looks. Rows that are in both stay what they are,
-    // unless most are others.
+    // Shows the rows of another source, at once or when the model is next live. Rows that are in both sources
+    // stay the same rows, unless most differ.
     void setSource(std::optional<Source> source);
 
-    // Unless it is set, rows are read out as frozen when their timers are.
+    // Without it, a row counts as frozen when its timer is.
     void setIsFrozen(IsFrozen isFrozen) { m_isFrozen = std::move(isFrozen); }
 
-    // While nobody sees the rows nothing is told and nothing is formatted; what was missed is made up for
-    // afterwards.
+    // Set it to false while nobody sees the rows: then nothing is told and nothing formatted. Catches up when
+    // set to true.
     void setLive(bool isLive);
-    // Tells what is gathered now.
+    // Tells all gathered changes now.
     void synchronize();
 
-    // Null for an index that is none of ours.
+    // Null for an index of another model.
     std::shared_ptr<TimeStoreItem> item(const QModelIndex& index) const;
-    // Forgets the rows beneath `parent` until somebody looks again.
+    // Forgets the rows below `parent` until a view asks for them again.
     void releaseChildren(const QModelIndex& parent);
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the model's rows follow the tree.
+// How the model's rows follow changes of the tree.
 #include "interface/outline/TimeTreeRow.h"
 
 #include <algorithm>
@@ -8,10 +8,10 @@
 
 namespace {
 
-// Above this many moves one change of layout is cheaper than telling each.
+// If more rows move than this, one layout change is cheaper than telling each move.
 constexpr std::size_t kMovesAtMost = 8;
 
-// The members of a longest ascending subsequence of `ranks`: what can stay where it is while the rest moves.
+// Marks a longest ascending subsequence of `ranks`: these rows can stay while the others move.
 std::vector<bool> longestAscent(const std::vector<int>& ranks) {
     std::vector<int> tails;
     std::vector<int> before(ranks.size(), -1);
@@ -54,7 +54,7 @@ std::unique_ptr<TimeTreeModel::Row> TimeTreeModel::makeRow(std::shared_ptr<TimeS
 }
 
 void TimeTreeModel::synchronize() {
-    // A view may ask from within what it is told.
+    // A view may call this while it is being told.
     if (m_isSynchronizing)
         return;
     m_isSynchronizing = true;
@@ -82,7 +82,7 @@ void TimeTreeModel::synchronizeApplication(Row& app) {
     if (wasLeaf == isLeaf)
         return;
     const QModelIndex cell = indexOf(app);
-    // A view learns from new rows alone that there is something to unfold.
+    // A view shows the arrow for expanding only when rows are inserted.
     fetchMore(cell);
     Q_EMIT dataChanged(cell, cell, {});
 }

@@ -52,7 +52,7 @@ std::vector<int> TimeTreeOrder::sortedByName(const std::vector<const TimeStoreIt
     return sortedBy(items.size(), [&](int a, int b) {
         if (const int first = keys[std::size_t(a)].compare(keys[std::size_t(b)]))
             return directed(first) < 0;
-        // Seldom: two timers of one name, one of them frozen.
+        // Rare: two timers with the same name, for instance one of them frozen.
         return compareTimes(*items[std::size_t(a)], *items[std::size_t(b)]) < 0;
     });
 }

@@ -7,9 +7,9 @@
 
 #include <vector>
 
-// In which order rows are shown: by one column, and among equals by the other, ascending. Names compare as
-// the user's language does, whatever their case. Times compare as the texts they are shown as, so that
-// 100:00:00 comes before 99:00:00.
+// The order of rows: by one column, and for equal rows by the other, ascending. Names are compared as in the
+// user's language, without regard to case. Times are compared as the texts that are shown, so 100:00:00 comes
+// before 99:00:00.
 class TimeTreeOrder {
 public:
     enum class By { Name, Time };
@@ -20,9 +20,10 @@ public:
 
     By primary() const { return m_primary; }
 
-    // Whether `a` belongs before `b`; false for equals.
+    // Whether `a` comes before `b`; false for equal rows.
     bool isBefore(const TimeStoreItem& a, const TimeStoreItem& b) const;
-    // The places of `items` in order; equals keep theirs. Much cheaper than isBefore() where there are many.
+    // The places of `items` in sorted order; equal items keep their order. Much cheaper than many calls of
+    // isBefore().
     std::vector<int> sortedPlaces(const std::vector<const TimeStoreItem*>& items) const;
 
 private:
@@ -30,7 +31,7 @@ private:
     std::vector<int> sortedByName(const std::vector<const TimeStoreItem*>& items) const;
     std::vector<int> sortedByTime(const std::vector<const TimeStoreItem*>& items) const;
 
-    // `difference` of the primary column, turned round where that is wanted.
+    // A comparison of the primary column, reversed for descending order.
     int directed(int difference) const { return m_order == Qt::AscendingOrder ? difference : -difference; }
 
     QCollator m_collator;

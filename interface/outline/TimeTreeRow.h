@@ -3,23 +3,23 @@
 
 #include "interface/outline/TimeTreeModel.h"
 
-// What stands between the model's indexes and the nodes. Indexes point at rows, not at nodes, because a node
-// may be replaced by what stands for it while the row stays.
+// One row, between the model's indexes and the nodes. Indexes point to rows rather than nodes, because a row
+// stays while its node may be replaced by a proxy for it.
 struct TimeTreeModel::Row {
     std::shared_ptr<TimeStoreItem> item;
     // Null for the root, which has no item.
     Row* parent = nullptr;
     int place = 0;
     std::vector<std::unique_ptr<Row>> children;
-    // The second whose text is shown.
+    // The second that the shown text stands for.
     double shownSecond = 0;
-    // As the model last told it.
+    // As the model last told its views.
     bool isLeaf = true;
-    // The children are there, if there are any.
+    // The children have been asked for.
     bool isFetched = false;
-    // Its children are others than those told.
+    // The children have changed since they were told.
     bool isDirty = false;
-    // Its children are to be sorted again.
+    // The children must be sorted again.
     bool isDisordered = false;
     Subscription watching;
 };

@@ -9,7 +9,7 @@ namespace {
 const QString kHtml = QStringLiteral("text/html");
 const QString kHtmlInUtf8 = QStringLiteral("text/html;charset=utf-8");
 const QString kRtf = QStringLiteral("text/rtf");
-// Word processors ask for it under this name.
+// Word processors ask for RTF under this name.
 const QString kApplicationRtf = QStringLiteral("application/rtf");
 const QString kTabular = QStringLiteral("text/tab-separated-values");
 const QString kPlain = QStringLiteral("text/plain");
@@ -29,7 +29,7 @@ TimeMimeData::TimeMimeData(Provider provider, int projectRow)
 }
 
 QStringList TimeMimeData::formats() const {
-    // The first that they know is what most receivers take.
+    // In this order, because most receivers take the first form that they know.
     return {kHtml,           kTabular, kRtf,
             kApplicationRtf, kPlain,   m_projectRow ? kProjectPasteboardType : kTimerPasteboardType};
 }
@@ -42,13 +42,13 @@ std::vector<Identity> TimeMimeData::identities() const {
     if (!m_projectRow)
         return m_timers;
     auto members = m_provider.uuidsForProjectIndex(*m_projectRow);
-    // A project without timers reads as all of them.
+    // A project without members is read as all timers.
     return members && !members->empty() ? *std::move(members) : m_provider.primaryUUIDs();
 }
 
 QMimeData* TimeMimeData::settled() const {
     auto* whole = new QMimeData;
-    // One widespread clipboard manager loses the first form of what a program leaves it. This one is there twice.
+    // A widespread clipboard manager loses the first form when a program ends, so HTML is there twice.
     whole->setData(kHtmlInUtf8, data(kHtml));
     for (const QString& type : formats())
         whole->setData(type, data(type));

@@ -7,16 +7,16 @@
 
 #include <functional>
 
-// What a copy or a drag of timers or of a project carries: which they are, at once; and how they read, in four forms that
-// are made when a receiver asks for them.
+// The data of a copy or a drag of timers or of a project. It holds their identities; four readable forms are
+// made only when a receiver asks for them.
 class TimeMimeData : public QMimeData {
     Q_OBJECT
 public:
-    // Where the readable forms come from; must be callable as long as the data can be asked.
+    // Gives the content of the readable forms. Must be callable for as long as the data may be asked.
     struct Provider {
-        // The timers of these identities, none of them through another one as well.
+        // The timers of these identities, without those that are children of another one.
         std::function<TimeStoreItem::Children(const std::vector<Identity>&)> timers;
-        // What a sidebar row stands for; absent for all timers.
+        // The members of a sidebar row; absent for all timers.
         std::function<std::optional<std::vector<Identity>>(int row)> uuidsForProjectIndex;
         // All top-level timers.
         std::function<std::vector<Identity>()> primaryUUIDs;
@@ -28,7 +28,7 @@ public:
     QStringList formats() const override;
     bool hasFormat(const QString& type) const override;
 
-    // The same with every form made, for when the provider is about to go; owned by the caller.
+    // A copy with all forms already made, for when the provider is about to end. Owned by the caller.
     QMimeData* settled() const;
 
 protected:

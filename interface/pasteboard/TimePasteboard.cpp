@@ -36,7 +36,7 @@ std::unique_ptr<QMimeData> TimePasteboard::writeProject(int row) const {
 
 void TimePasteboard::keepClipboard() {
     QClipboard& clipboard = *QGuiApplication::clipboard();
-    // What another program has copied meanwhile is of another kind.
+    // If another program has copied something meanwhile, this is not our data.
     if (const auto* rows = qobject_cast<const TimeMimeData*>(clipboard.mimeData()))
         clipboard.setMimeData(rows->settled());
 }

@@ -10,17 +10,18 @@
 class ProjectList;
 class TimeTracker;
 
-// What leaves the program by copying or dragging, and the clipboard it leaves it on.
+// Makes the data for copying and dragging, and puts it on the clipboard.
 class TimePasteboard {
 public:
-    // Both outlive this, and what it has written too, unless that is settled before.
+    // Both must outlive this object and the data it has made, unless the data is settled before.
     TimePasteboard(const TimeTracker& tracker, const ProjectList& projects);
 
-    // What a copy or a drag of rows of the outline carries.
+    // The data of a copy or a drag of rows in the outline.
     std::unique_ptr<QMimeData> writeItems(const QModelIndexList& rows) const;
-    // What a drag of a row of the sidebar carries.
+    // The data of a drag of a sidebar row.
     std::unique_ptr<QMimeData> writeProject(int row) const;
-    // Before the timers go: a clipboard that still holds rows could no longer say how they read, so it is made whole.
+    // Call it before the timers end: makes all forms of what is still on the clipboard, because they could
+    // not be made afterwards.
     static void keepClipboard();
 
 private:

@@ -43,7 +43,7 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     setWindowModality(Qt::WindowModal);
     m_ruleRenameLabel->setBuddy(m_ruleRenameName);
     m_ruleCategoriesLabel->setBuddy(m_ruleCategories);
-    // The field itself is only a frame: what is spoken is its editor.
+    // The field is only a frame; screen readers read its editor.
     m_ruleCategories->setAccessibleName(localized("Categories"));
     m_ruleCategories->editor().setAccessibleName(localized("Categories"));
     m_ruleCategories->editor().setAccessibleDescription(localized("A comma or Return completes a category."));

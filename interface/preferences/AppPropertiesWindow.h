@@ -9,7 +9,7 @@ class QLineEdit;
 class TKSetupController;
 class TokenField;
 
-// The sheet in which one rule is edited. What its controls show is the controller's business. Ends with 1 for Save and
+// The sheet in which one rule is edited. The controller decides what its controls show. Ends with 1 for Save,
 // with 0 otherwise.
 class AppPropertiesWindow : public QDialog {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     QLabel& ruleCategoriesLabel() const { return *m_ruleCategoriesLabel; }
 
 protected:
-    // Whenever the sheet becomes the active window, its controls are brought in step first.
+    // Updates the controls whenever the sheet becomes the active window.
     bool event(QEvent* event) override;
 
 private:

@@ -21,7 +21,7 @@ namespace {
 constexpr int kMargin = 18;
 constexpr int kNarrowestFolder = 220;
 constexpr int kBelowWeekdays = 2;
-// More of them have room only when they are written short.
+// With more weekdays than these, only short names have room.
 constexpr int kMostLongWeekdays = 3;
 
 } // namespace
@@ -64,7 +64,8 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
 }
 
 void ArchiveTab::makeRoom(int height) {
-    // Not by what the part needs: how many lines the explanation takes depends on how wide other texts make the window.
+    // A fixed height, because the height that the lower part needs depends on the width of the window, and so
+    // on other texts.
     m_room->changeSize(0, height - 2 * kMargin - layout()->spacing(), QSizePolicy::Minimum,
                        QSizePolicy::Expanding);
     layout()->invalidate();
@@ -98,7 +99,7 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     m_bottomView->setObjectName(QStringLiteral("bottomViewToResizeTo"));
     auto* time = new QTimeEdit;
     time->setObjectName(QStringLiteral("periodicSaveTime"));
-    // Nobody plans by the second.
+    // Hours and minutes are enough.
     time->setDisplayFormat(QLocale().timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss")));
     auto* format = new QComboBox;
     format->setObjectName(QStringLiteral("periodicFormatType"));
@@ -113,7 +114,7 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     m_periodicDaysOfWeek->setObjectName(QStringLiteral("periodicDaysOfWeek"));
     m_periodicDaysOfWeek->setAccessibleName(localized("Weekdays of the archive"));
     m_weekdays->setObjectName(QStringLiteral("weekdaysOfTheArchive"));
-    // Right below the buttons: they show what is pressed, and it says what that means.
+    // Directly below the buttons, because it explains what they mean.
     auto* weekdays = new QVBoxLayout;
     weekdays->setSpacing(kBelowWeekdays);
     weekdays->addWidget(m_periodicDaysOfWeek);
@@ -139,7 +140,8 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
             [this] { m_actions.setPeriodicDaysOfWeek(m_periodicDaysOfWeek->segments()); });
 }
 
-// The selector stores the other way round than it shows: this line says what will happen.
+// The setting's bits are in the reverse order of the buttons: this line says on which days archives are
+// really made.
 void ArchiveTab::showWeekdays(UserDefaults& defaults) {
     const auto weekdays = quint32(defaults.integerForKey(kPeriodicDaysOfWeek));
     const auto length =

@@ -13,17 +13,17 @@ class WeekdaySelector;
 
 #include <QWidget>
 
-// Where the timers are kept, and when and how they are archived. What belongs to the scheduled archive alone is in a part
-// of its own at the bottom, which goes while there is none.
+// The preferences for where the timers are kept, and when and how they are archived. The settings of the
+// scheduled archive are in a part at the bottom, which is hidden while there is none.
 class ArchiveTab : public QWidget {
     Q_OBJECT
 public:
-    // What the buttons do.
+    // What the buttons call.
     struct Actions {
         std::function<void()> chooseDatabaseLocation;
         std::function<void()> restoreDefaultDatabaseLocation;
         std::function<void()> revealDatabase;
-        // Has the user choose the folder of the archives.
+        // Lets the user choose the folder of the archives.
         std::function<void()> setPeriodicSaveDirectory;
         std::function<void(const PeriodicSave::Segments&)> setPeriodicDaysOfWeek;
     };
@@ -33,10 +33,10 @@ public:
 
     WeekdaySelector& periodicDaysOfWeek() const { return *m_periodicDaysOfWeek; }
 
-    // What goes while nothing is archived.
+    // The part that is hidden while nothing is archived.
     QWidget& bottomView() const { return *m_bottomView; }
 
-    // Makes room above the lower part for pages that are `height` high.
+    // Leaves a gap above the lower part, so that pages of this `height` fit.
     void makeRoom(int height);
 
     void showDatabaseLocation(const QString& path, bool isDefault);
@@ -50,7 +50,7 @@ private:
     Actions m_actions;
     QLineEdit* m_pathDirectory;
     QPushButton* m_restore = nullptr;
-    // Beside the upper part, as high as that is to be; gives way.
+    // A spacer beside the upper part that gives it its height; it may shrink.
     QSpacerItem* m_room;
     QWidget* m_bottomView;
     WeekdaySelector* m_periodicDaysOfWeek;

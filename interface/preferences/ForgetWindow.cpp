@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr QSize kSize(560, 460);
-// Whoever types is not asked after each letter.
+// Waits until the user has stopped typing.
 constexpr auto kWhileTyping = 250ms;
 
 } // namespace
@@ -104,7 +104,7 @@ void ForgetWindow::openFor(const QDate& today, int dayBegins) {
         m_program->clear();
         m_program->addItem(localized("All programs"));
         m_title->clear();
-        // Nothing that is gone for good is chosen by opening a window.
+        // "Today" rather than "all": nothing should be chosen to be lost for good by opening a window.
         m_when->setCurrentIndex(Day);
         m_from->setDateTime(QDateTime(today, QTime(m_dayBegins, 0)));
         m_to->setDateTime(QDateTime(today.addDays(1), QTime(m_dayBegins, 0)));
@@ -164,7 +164,7 @@ void ForgetWindow::look() {
 }
 
 void ForgetWindow::show(const Result<HistoryFinding>& found) {
-    // Another choice is about to be looked for.
+    // A newer search is about to start.
     if (m_nextLook && m_nextLook->isValid())
         return;
     SumsTable::show(*m_sums, found ? found->longest : std::vector<HistorySum>());

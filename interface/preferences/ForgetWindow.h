@@ -14,20 +14,21 @@ class QLineEdit;
 class QPushButton;
 class QStandardItemModel;
 
-// Asks what of the history is to be forgotten: by program, title, day and range. Shows how much that would be before it is
-// asked about, and forgets nothing that was not shown.
+// Asks what to forget of the history: by program, title, day or range. First shows how much that would be,
+// and forgets nothing that it has not shown.
 class ForgetWindow : public QDialog {
     Q_OBJECT
 public:
     using Forget = std::function<void(const HistoryChange::Forgotten&)>;
 
-    // Days begin at the hour `dayBegins`. The rest outlives the window, but for `reader`, which is its own.
+    // Days begin at the hour `dayBegins`. The other arguments outlive the window, except `reader`, which it
+    // owns.
     ForgetWindow(std::unique_ptr<HistoryReader> reader, RunLoop& runLoop, Alerts& alerts, Forget forget,
                  QWidget* parent);
 
-    // Opens it anew, with nothing chosen.
+    // Opens the window with nothing chosen.
     void openFor(const QDate& today, int dayBegins);
-    // What the controls say.
+    // The conditions that the controls show.
     HistoryChange::Forgotten choice() const;
 
 private:
@@ -56,6 +57,6 @@ private:
     QStandardItemModel* m_sums;
     QPushButton* m_button;
     std::unique_ptr<RunLoopTimer> m_nextLook;
-    // What was shown last; absent while another is looked for.
+    // What was last found and shown; absent while a search is under way.
     std::optional<HistoryFinding> m_finding;
 };

@@ -16,12 +16,12 @@
 
 namespace {
 
-// A day.
+// One day.
 constexpr int kMostMinutes = 1440;
 constexpr int kMargin = 18;
 constexpr int kBetweenSubjects = 10;
 
-// Where Ticklog shows itself. One of the two is always there, or nobody could reach it.
+// Where Ticklog appears. At least one of the two is always set, because it must be reachable.
 struct Presence {
     int appType;
     bool showsMenuItem;
@@ -79,7 +79,7 @@ GeneralTab::GeneralTab(SettingsBinding& settings, const std::optional<LoginItem>
     m_reload();
     connect(login, &QCheckBox::toggled, this, [this, setEnabled = loginItem->setEnabled](bool isWanted) {
         setEnabled(isWanted);
-        // The desktop may have refused.
+        // The desktop may have refused: shows what it says.
         m_reload();
     });
 }
@@ -96,7 +96,7 @@ void GeneralTab::addIdleness(QFormLayout& form, SettingsBinding& settings) {
     minutes->setRange(1, kMostMinutes);
     minutes->setSuffix(localized(" min"));
     minutes->setAccessibleName(localized("Minutes without input until time counts as idle"));
-    // A number is meant when it has been typed to its end.
+    // Stores a number only when it has been typed completely.
     minutes->setKeyboardTracking(false);
     form.addRow(localized("Idleness:"), detection);
     auto* after = new PlainLabel(localized("&After:"));
@@ -132,7 +132,7 @@ void GeneralTab::addAppearance(QFormLayout& form, SettingsBinding& settings) {
     });
     connect(presence, &QComboBox::activated, this, [&settings](int chosen) {
         const Presence& choice = kPresences[chosen];
-        // What is added comes first, so that Ticklog is never nowhere.
+        // The one that is added is stored first, so that Ticklog is never nowhere.
         if (choice.showsMenuItem)
             settings.defaults().setObject(kTKPrefShowMenuItem, true);
         settings.defaults().setObject(kTKPrefAppType, choice.appType);

@@ -9,20 +9,20 @@
 class QFormLayout;
 class SettingsBinding;
 
-// Whether Ticklog starts when the user logs in, as the desktop knows it.
+// Whether Ticklog starts at login, as the desktop says.
 struct LoginItem {
     std::function<bool()> isEnabled;
     std::function<void(bool)> setEnabled;
 };
 
-// Idleness, what is summed and copied, and where Ticklog shows itself.
+// The preferences for idle time, for what is summed and copied, and for where Ticklog appears.
 class GeneralTab : public QWidget {
     Q_OBJECT
 public:
-    // There is no check box for the login without a `loginItem`. The settings must outlive the tab.
+    // Without a `loginItem` there is no check box for the login. The settings must outlive the tab.
     GeneralTab(SettingsBinding& settings, const std::optional<LoginItem>& loginItem);
 
-    // Asks the login item again.
+    // Asks the login item for its state again.
     void reload();
 
 private:

@@ -85,7 +85,7 @@ void HistoryTab::addKeeping(QFormLayout& form, SettingsBinding& settings) {
     settings.bind(*begins, kHistoryDayBegins);
 }
 
-// Somebody may have written another number of days into the settings.
+// The settings may hold a number of days that is not among the choices.
 void HistoryTab::showDays(std::int64_t days) {
     const QSignalBlocker quiet(m_days);
     m_days->clear();

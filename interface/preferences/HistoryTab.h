@@ -11,22 +11,22 @@ class QLabel;
 class QPushButton;
 class SettingsBinding;
 
-// How long the history is kept, when a day of it begins, and what is to be forgotten.
+// The preferences for how long the history is kept, when its days begin, and what to forget.
 class HistoryTab : public QWidget {
     Q_OBJECT
 public:
     struct Actions {
-        // Whether it is to be kept for so many days: the user may think better of it.
+        // Asks whether the history is really to be kept for so many days: a shorter time deletes older days.
         std::function<bool(std::int64_t days)> mayKeepFor;
         std::function<void()> forget;
-        // Why there is no history; empty where there is one.
+        // Why there is no history; empty if there is one.
         std::function<QString()> obstacle;
     };
 
     // The settings outlive the tab.
     HistoryTab(SettingsBinding& settings, Actions actions);
 
-    // Says anew what stands in the way.
+    // Shows the obstacle anew.
     void reload();
 
 private:

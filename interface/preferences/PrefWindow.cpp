@@ -43,7 +43,7 @@ void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter&
     m_bottomViewToResizeTo = &bottomViewToResizeTo;
     resize(std::max(kWidth, sizeHint().width()), sizeHint().height());
     setMinimumWidth(minimumSizeHint().width());
-    // A window that was never shown has not been laid out.
+    // A window that was never shown has no layout yet.
     setAttribute(Qt::WA_DontShowOnScreen);
     show();
     hide();
@@ -60,7 +60,7 @@ void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter&
 }
 
 int PrefWindow::heightToFold() const {
-    // Pages that have not been shown yet have not been laid out either.
+    // Pages that were never shown have no layout either.
     for (QWidget* page = m_bottomViewToResizeTo->parentWidget(); page; page = page->parentWidget()) {
         if (!m_prefTabView->isAncestorOf(page) || m_prefTabView->indexOf(page) < 0)
             continue;
@@ -75,8 +75,8 @@ void PrefWindow::autoresizeWindow() {
     const int top = pos().y();
     const int folded = isUnfolded ? 0 : heightToFold();
     const int newHeight = m_bigHeight - folded;
-    // The lower edge moves by what is left out, whatever the height was; only from the other state does the upper one
-    // stay where it is.
+    // The lower edge moves by the height of the hidden part. The upper edge stays in place only if the window
+    // was in the other state before.
     const int newTop = isUnfolded ? top : top + height() - m_bigHeight;
     m_bottomViewToResizeTo->setVisible(isUnfolded);
     setFixedHeight(newHeight);

@@ -7,7 +7,8 @@
 
 #include <functional>
 
-// The preferences window. While nothing is archived by schedule it is folded: the part about that is left out below.
+// The preferences window. While nothing is archived by schedule, it is folded: the lower part, with those
+// settings, is hidden.
 class PrefWindow : public QWidget {
     Q_OBJECT
 public:
@@ -16,13 +17,14 @@ public:
 
     QTabWidget& prefTabView() const { return *m_prefTabView; }
 
-    // Selects the tab of that name, if there is one.
+    // Selects the tab with that name, if there is one.
     void selectTab(const QString& identifier);
-    // Once, when all tabs are there: takes the height that shows everything, and from then on the state of the setting.
-    // `bottomViewToResizeTo` is what the folded window leaves out; its upper edge is then the window's lower one.
+    // Call it once, when all tabs are there. Makes the window high enough for everything, then folds it as
+    // the setting says. `bottomViewToResizeTo` is the part that is hidden when folded; its upper edge is then
+    // the lower edge of the window.
     void awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter& notifications);
-    // Folds or unfolds, as the setting says; the upper edge stays. To be called when the setting has changed: called
-    // twice, it moves the window.
+    // Folds or unfolds the window as the setting says; its upper edge stays. Call it only when the setting
+    // has changed: a second call changes the height again.
     void autoresizeWindow();
     // Calls `reload` first.
     void makeKeyAndOrderFront(const std::function<void()>& reload);
@@ -30,7 +32,7 @@ public:
     int bigHeight() const { return m_bigHeight; }
 
 private:
-    // From the window's lower edge to the upper edge of what is left out.
+    // The height of the part that folding hides.
     int heightToFold() const;
 
     UserDefaults& m_defaults;

@@ -3,14 +3,15 @@
 
 #include "interface/preferences/TKSetupController.h"
 
-// Opens the preferences by the main window's commands. They are made at the first of them: most days nobody asks.
+// Opens the preferences for the main window's commands. Made at the first command only, because on most days
+// nobody opens them.
 class Preferences {
 public:
-    // As for TKSetupController. `didMake` is called once, with the window.
+    // As for TKSetupController. `didMake` is called once, when the window has been made.
     Preferences(TKController& tkController, Platform& platform, Alerts& alerts,
                 std::function<void(PrefWindow&)> didMake, History* history = nullptr);
 
-    // Null until the window has been asked for.
+    // Null before the window is first opened.
     TKSetupController* setup() { return m_setup ? &*m_setup : nullptr; }
 
 private:
@@ -23,6 +24,6 @@ private:
     std::function<void(PrefWindow&)> m_didMake;
     History* m_history;
     std::optional<TKSetupController> m_setup;
-    // Ends the connections.
+    // Receives all connections; its end disconnects them.
     QObject m_receiver;
 };

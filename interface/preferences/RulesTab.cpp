@@ -26,7 +26,7 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
     m_ruleTableView->setObjectName(QStringLiteral("ruleTableView"));
     m_ruleTableView->setAccessibleName(localized("Rules"));
     m_ruleTableView->setRootIsDecorated(false);
-    // All rows are of one height, so that thousands of them need not be measured.
+    // All rows have the same height, so the view need not measure thousands.
     m_ruleTableView->setUniformRowHeights(true);
     m_ruleTableView->setAlternatingRowColors(true);
     m_ruleTableView->setModel(&rules);

@@ -7,7 +7,7 @@ class QAbstractItemModel;
 class QPushButton;
 class QTreeView;
 
-// The table of rules with what can be done to them. Draws and forwards.
+// The table of rules and its buttons. Draws and forwards.
 class RulesTab : public QWidget {
     Q_OBJECT
 public:
@@ -15,16 +15,16 @@ public:
 
     QTreeView& ruleTableView() const { return *m_ruleTableView; }
 
-    // -1 without a selection.
+    // -1 if nothing is selected.
     int selectedRow() const;
     void select(int row);
 
 Q_SIGNALS:
     void addRequested();
-    // By button, Return or double click.
+    // By button, Return or a double click.
     void editRequested();
     void duplicateRequested();
-    // By button or Delete.
+    // By button or the Delete key.
     void deleteRequested();
 
 protected:

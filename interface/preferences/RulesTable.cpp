@@ -42,7 +42,7 @@ int RulesTable::columnCount(const QModelIndex& parent) const {
 bool RulesTable::isActive(const QString& name) const {
     if (const auto set = m_active.find(name); set != m_active.end())
         return set->second;
-    // What is no number says nothing, as if it were not there.
+    // A value that is no number counts as absent.
     const PropertyListDictionary record = m_ruleset.record(name);
     const PropertyListValue& active = record.value(kRuleActive);
     return !active.number() || active.toBool();

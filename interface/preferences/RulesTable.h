@@ -7,8 +7,8 @@
 
 #include <map>
 
-// The rules as rows, in the order of their names: whether a rule is active, and what it says. Shows the settings as they
-// were at the last reload; whoever changes them has the table reloaded. The defaults must outlive it.
+// The rules as rows, sorted by name: whether a rule is active, and what it says. Shows the settings as of the
+// last reload(); whoever changes them must reload the table. The settings must outlive it.
 class RulesTable : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -18,19 +18,19 @@ public:
 
     // Reads the settings afresh.
     void reload();
-    // Whether the settings hold other rules than the rows.
+    // Whether the settings now hold other rules than the rows show.
     bool isOutdated() const;
 
-    // The row must be there; std::out_of_range otherwise.
+    // Throws std::out_of_range for a row that does not exist.
     const QString& name(int row) const;
-    // -1 for a rule that has none.
+    // -1 for a rule without a row.
     int row(const QString& name) const { return int(m_names.indexOf(name)); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    // Only whether a rule is active can be set, and that is remembered until the next reload: it is never written.
+    // Only "active" can be set. It is kept until the next reload and never written.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
@@ -40,7 +40,7 @@ private:
     UserDefaults& m_defaults;
     Ruleset m_ruleset;
     QStringList m_names;
-    // What the rows were made from. Held, so that other rules cannot come to lie where these were.
+    // The value that the rows were made from. Kept, so that new rules cannot have the same address.
     PropertyListValue m_shown;
     std::map<QString, bool> m_active;
 };

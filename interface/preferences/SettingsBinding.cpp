@@ -70,7 +70,7 @@ void SettingsBinding::bind(QTimeEdit& edit, const QString& key) {
 void SettingsBinding::bind(QLineEdit& edit, const QString& key) {
     observe([this, &edit, key] {
         const QString text = m_defaults.object(key).toString();
-        // Another setting may change while this one is being typed.
+        // Another setting may change while the user types: keep the typed text.
         if (!edit.isModified() && edit.text() != text)
             edit.setText(text);
     });

@@ -14,9 +14,10 @@ class QLineEdit;
 class QSpinBox;
 class QTimeEdit;
 
-// Keeps controls and settings equal: what the user does is stored at once, and a setting that changes anywhere is shown at
-// once. A setting of a wrong type shows as the control's nearest sensible value and is replaced only when the user
-// changes it. The settings must outlive this, and this the controls' use.
+// Keeps controls and settings equal: stores what the user does at once, and shows any change of a setting at
+// once. A setting of the wrong type is shown as the nearest sensible value, and replaced only when the user
+// changes the control. The settings must outlive this object, and this object must outlive the use of the
+// controls.
 class SettingsBinding {
 public:
     SettingsBinding(UserDefaults& defaults, NotificationCenter& notifications);
@@ -25,9 +26,9 @@ public:
 
     void bind(QCheckBox& box, const QString& key);
     void bind(QSpinBox& box, const QString& key);
-    // Each choice carries its integer as data; a setting that is none of them shows no choice.
+    // The integer of each choice is its data; a setting that equals none of them shows no choice.
     void bind(QComboBox& box, const QString& key);
-    // The time of day of a date; what day it is stays.
+    // Edits only the time of day of a date; its day stays.
     void bind(QTimeEdit& edit, const QString& key);
     // Stored when editing ends.
     void bind(QLineEdit& edit, const QString& key);
@@ -38,7 +39,7 @@ public:
 
 private:
     UserDefaults& m_defaults;
-    // What the controls' signals are received by.
+    // Receives the controls' signals.
     QObject m_receiver;
     std::vector<std::function<void()>> m_shows;
     Subscription m_changes;

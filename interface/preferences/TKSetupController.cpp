@@ -18,7 +18,7 @@
 
 namespace {
 
-// What the window has below its pages, and a little more.
+// In pixels: what the window has below its pages.
 constexpr int kBelowTabs = 36;
 
 } // namespace
@@ -59,7 +59,7 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     m_titlesTab = new TitlesTab(titleServices());
     m_historyTab = new HistoryTab(m_settings, historyActions());
     m_archiveTab = new ArchiveTab(m_settings, archiveActions());
-    // The general settings must be seen whole in the folded window too.
+    // The general settings must fit into the folded window.
     m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs);
     tabs.addTab(m_generalTab, localized("General"));
     tabs.addTab(m_rulesTab, localized("Rules"));
@@ -75,7 +75,8 @@ ArchiveTab::Actions TKSetupController::archiveActions() {
             .setPeriodicSaveDirectory = [this] { m_tkController.exporting().setPeriodicSaveDirectory(); },
             .setPeriodicDaysOfWeek =
                 [this](const PeriodicSave::Segments& segments) {
-                    // Shown again, they would be the other way round under the user's hand.
+                    // The setting has the buttons' bits in reverse order: showing it at once would turn them
+                    // round while the user clicks.
                     const QScopedValueRollback storing(m_isStoringWeekdays, true);
                     m_tkController.exporting().setPeriodicDaysOfWeek(segments);
                 }};
@@ -178,7 +179,7 @@ void TKSetupController::deleteRule() {
     if (answer != Alerts::Alternate)
         return;
     m_ruleset.remove(name);
-    // Whoever deletes one after the other goes on from here.
+    // Selects the next row, for a user who deletes several.
     m_rulesTab->select(std::min(row, m_rules.rowCount() - 1));
 }
 

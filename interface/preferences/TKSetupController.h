@@ -18,47 +18,48 @@ class History;
 class TKController;
 struct Platform;
 
-// Keeps the preferences window: its controls and the settings are equal at all times, and the rules are edited in a sheet.
-// Made when the window is wanted for the first time.
+// The controller of the preferences window: keeps its controls and the settings equal, and edits the rules in
+// a sheet. Made when the window is first opened.
 class TKSetupController {
 public:
-    // No control for the login without a `loginItem`, and nothing to forget without a `history`. The rest must outlive this.
+    // Without a `loginItem` there is no control for the login; without a `history` nothing can be forgotten.
+    // The other arguments must outlive this object.
     TKSetupController(TKController& tkController, Platform& platform, Alerts& alerts,
                       const std::optional<LoginItem>& loginItem = {}, History* history = nullptr);
     TKSetupController(const TKSetupController&) = delete;
     TKSetupController& operator=(const TKSetupController&) = delete;
 
-    // Brings the window to the front, at the general settings.
+    // Brings the window to the front and shows the general settings.
     void showPrefWindow();
-    // The same, at the rules.
+    // The same, but shows the rules.
     void editRules();
-    // Before the window is shown: the weekdays, the login item and the rules as they are now.
+    // Call it before the window is shown: updates the weekdays, the login item and the rules.
     void prefWindowReload();
 
-    // Open the sheet. The boxes keep what they last showed for a new rule.
+    // Opens the sheet. The boxes for a new rule keep what they showed last.
     void addRule();
-    // Nothing without a selected row.
+    // Does nothing if no row is selected.
     void editRule();
-    // std::out_of_range without a selected row.
+    // Throws std::out_of_range if no row is selected.
     void duplicateRule();
-    // Reloads the table; removes nothing.
+    // Only reloads the table; removes nothing.
     void removeRule();
-    // Removes the selected rule, after a question.
+    // Removes the selected rule after asking the user.
     void deleteRule();
 
     void saveRule();
     void cancelEditingRule();
-    // Opens the window in which is chosen what the history is to forget. Nothing where there is none.
+    // Opens the window in which the user chooses what the history is to forget. Does nothing without a
+    // history.
     void forgetHistory();
 
-    // Shows a record in the sheet. Whether the rule blocks decides whether the box for it is enabled, not whether it is
-    // checked.
+    // Shows a rule in the sheet. "Block" in the record enables the box but does not check it.
     void loadRuleWithDict(const PropertyListDictionary& record);
-    // Keep in step what depends on the boxes.
+    // Update what depends on the boxes.
     void blockBox(const QCheckBox& box);
     void renameBox(const QCheckBox& box);
     void loadAppPropertiesSheet();
-    // 1 to save.
+    // `returnCode` is 1 to save.
     void didEndRuleSheet(int returnCode);
 
     PrefWindow& prefWindow() { return m_prefWindow; }
@@ -71,7 +72,7 @@ public:
 
     ArchiveTab& archiveTab() { return *m_archiveTab; }
 
-    // Null until it has been opened.
+    // Null until it is first opened.
     ForgetWindow* forgetWindow() { return m_forgetWindow.get(); }
 
 private:
@@ -106,9 +107,9 @@ private:
     HistoryTab* m_historyTab = nullptr;
     ArchiveTab* m_archiveTab = nullptr;
     std::unique_ptr<ForgetWindow> m_forgetWindow;
-    // The rule that is being edited; absent for a new one.
+    // The name of the rule that is being edited; absent for a new one.
     std::optional<QString> m_originalEditName;
-    // As they were last shown.
+    // The values as last shown.
     std::int64_t m_shownWeekdays = -1;
     bool m_isStoringWeekdays = false;
     Subscription m_locations;

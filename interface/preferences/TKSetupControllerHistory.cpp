@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the preferences have to do with the history.
+// The part of the preferences that concerns the history.
 #include "Classes/common/Settings.h"
 #include "Classes/history/History.h"
 #include "interface/mainwindow/TKController.h"
@@ -16,7 +16,7 @@ HistoryTab::Actions TKSetupController::historyActions() {
         .obstacle = [this] { return m_history ? m_history->obstacle() : localized("No history is kept."); }};
 }
 
-// Less than what is there by now is gone for good.
+// If days would be deleted for good, asks the user.
 bool TKSetupController::mayKeepFor(std::int64_t days) {
     const std::int64_t now = m_defaults.integerForKey(kHistoryDays);
     const bool isLess = now >= 0 && (days < 0 || (days > 0 && (now == 0 || days < now)));
@@ -48,7 +48,7 @@ void TKSetupController::forgetHistory() {
 
 void TKSetupController::forget(const HistoryChange::Forgotten& what) {
     m_history->forget(what);
-    // What a crash would have cost the timers is in their own file from now on.
+    // The history no longer knows what a crash would cost the timers: from now on their own file has it.
     m_tkController.saveSettingsToDisk();
 }
 

@@ -72,7 +72,7 @@ void TokenField::addToken(const QString& word) {
     token->setAccessibleDescription(localized("Category. Delete removes it."));
     token->setFocusPolicy(Qt::StrongFocus);
     token->installEventFilter(this);
-    // In the order in which they stand.
+    // In the order in which they are shown.
     setTabOrder(m_tokens.isEmpty() ? static_cast<QWidget*>(m_editor) : m_tokens.last(), token);
     m_tokens << token;
     token->show();
@@ -119,7 +119,7 @@ bool TokenField::eventFilter(QObject* watched, QEvent* event) {
         m_tokens.last()->setFocus(Qt::OtherFocusReason);
         return true;
     }
-    // With nothing to complete, Return is for the window.
+    // If there is nothing to complete, Return belongs to the window.
     const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (!isReturn || m_editor->text().trimmed().isEmpty())
         return false;

@@ -6,15 +6,16 @@
 class QLineEdit;
 class QToolButton;
 
-// A field for words that are kept apart by commas. Each word that a comma, Return or leaving the field completes becomes a
-// token, which Delete or Backspace takes away and which the arrow keys reach. Typing goes on behind the last token.
+// A field for words separated by commas. A word becomes a token when a comma, Return or leaving the field
+// completes it. The arrow keys reach tokens, and Delete or Backspace removes them. New words are typed behind
+// the last token.
 class TokenField : public QFrame {
     Q_OBJECT
 public:
     explicit TokenField(QWidget* parent = nullptr);
 
-    // The words with commas between them, the one being typed included. Text that nobody has touched comes back to the
-    // letter.
+    // The words with commas between them, including the one being typed. A text that was not edited is
+    // answered exactly as it was set.
     QString text() const;
     void setText(const QString& text);
     QStringList tokens() const;
@@ -34,7 +35,7 @@ protected:
 private:
     void addToken(const QString& word);
     void removeToken(QToolButton& token);
-    // Makes tokens of all words that a comma has completed; of the rest too, if `all`.
+    // Makes tokens of all words that a comma has completed; with `all`, of the last word too.
     void complete(bool all);
     bool pressKeyOnToken(QToolButton& token, int key);
     void arrange();
@@ -42,6 +43,6 @@ private:
 
     QList<QToolButton*> m_tokens;
     QLineEdit* m_editor;
-    // As it was set; absent (null) once it has been edited.
+    // The text as it was set; null once it has been edited.
     QString m_untouched;
 };

@@ -15,7 +15,7 @@ WeekdaySelector::WeekdaySelector(QWidget* parent)
     cells->setSpacing(0);
     const QLocale locale;
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {
-        // Qt calls Sunday the seventh day.
+        // Qt counts Sunday as day 7.
         const int day = i == 0 ? 7 : int(i);
         auto* button = new QToolButton;
         button->setObjectName(QStringLiteral("weekday%1").arg(i));

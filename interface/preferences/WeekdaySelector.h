@@ -7,25 +7,25 @@
 
 class QToolButton;
 
-// Seven segments side by side, each of which can be on, named after the weekdays from Sunday.
+// Seven buttons side by side, one for each weekday from Sunday, which can each be on or off.
 class WeekdaySelector : public QWidget {
     Q_OBJECT
 public:
     explicit WeekdaySelector(QWidget* parent = nullptr);
 
     PeriodicSave::Segments segments() const;
-    // Is no choice of the user's.
+    // Does not count as a choice of the user: emits no signal.
     void setSegments(const PeriodicSave::Segments& segments);
 
 Q_SIGNALS:
-    // The user has chosen.
+    // The user has changed a button.
     void segmentsChosen();
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    // What is on stands out whatever the theme.
+    // Colours the buttons so that those that are on stand out in every theme.
     void colour();
 
     std::array<QToolButton*, std::tuple_size_v<PeriodicSave::Segments>> m_buttons{};

@@ -3,13 +3,13 @@
 
 #include <QWidget>
 
-// Shows one of the program's pictures, as large as itself. Takes no clicks: they are its parent's.
+// Shows one of the program's pictures at its own size. Leaves clicks to its parent.
 class ImageView : public QWidget {
     Q_OBJECT
 public:
     explicit ImageView(QWidget* parent);
 
-    // The picture's name, as in Images; it gets the size at which it is meant to be seen.
+    // The picture's name, as for Images. The view gets the picture's intended size.
     void setImage(const QString& name);
     const QString& image() const { return m_image; }
 

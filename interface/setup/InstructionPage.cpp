@@ -11,7 +11,7 @@
 
 namespace {
 
-// What programs usually write with, in logical pixels.
+// The usual size of a program's text, in logical pixels.
 constexpr double kUsualFontPixels = 14;
 
 } // namespace

@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <QString>
 
-// One page of the instructions: a picture, and on the welcome page two lines of text on it.
+// One page of the instructions: a picture; the welcome page also has two lines of text.
 class InstructionPage {
 public:
     // 0 is the welcome page, 1 to 4 are the steps.
@@ -14,19 +14,19 @@ public:
     // In logical pixels.
     QSize size() const { return m_size; }
 
-    // The welcome page's first or second line.
+    // The first or second line of the welcome page.
     static QString welcomeLine(int line);
-    // What a step asks for.
+    // What the user should do in this step.
     static QString stepText(int step);
-    // What there is to read on a page.
+    // All text of a page.
     static QString text(int number);
-    // How many times larger than usual the user wants text to be; never below 1.
+    // By how much the user has enlarged texts; never below 1.
     static double textScale();
 
-    // The whole page, for a device on which a logical pixel is `scale` pixels wide. Drawn once for a scale; afterwards it
-    // is only handed out.
+    // The whole page, for a device with `scale` pixels in a logical pixel. Drawn once for each scale and then
+    // kept.
     const QPixmap& picture(qreal scale, Qt::LayoutDirection direction) const;
-    // Fonts, language or direction have changed.
+    // Call it when fonts, language or direction have changed.
     void forgetPicture() const { m_picture = {}; }
 
 private:

@@ -20,7 +20,7 @@ public:
         : QAccessibleWidget(row, QAccessible::Button)
         , m_row(*row) {}
 
-    // The badge and the text say nothing that the row does not.
+    // The badge and the text say nothing more than the row, so it has no children.
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
@@ -61,6 +61,6 @@ QAccessibleInterface* describe(const QString&, QObject* object) {
 } // namespace
 
 void installSetupAccessibility() {
-    // Installing it again would change nothing: the factory is known already.
+    // Installing the same factory again has no effect.
     QAccessible::installFactory(describe);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Describes the setup window to assistive programs from now on: the pages as a group that is called what there is to read
-// on the one shown, a step's row as a button that is selected while its page is shown.
+// From now on describes the setup window to assistive programs: the pages are a group, named by the text of
+// the page that is shown; the row of a step is a button that is selected while its page is shown.
 void installSetupAccessibility();

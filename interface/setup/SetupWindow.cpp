@@ -23,7 +23,7 @@ constexpr int kBarHeight = 44;
 constexpr int kSmallestWidth = 440;
 constexpr int kSmallestPageHeight = 180;
 
-// Assistive programs may ask for it as soon as it is there.
+// Before it is made, because assistive programs may ask for it at once.
 TKInstructionView* describedInstructions(QWidget* parent) {
     installSetupAccessibility();
     return new TKInstructionView({0, 0, SetupWindow::kSize.width(), TKInstructionView::kPageHeight}, parent);
@@ -107,7 +107,7 @@ bool SetupWindow::eventFilter(QObject* watched, QEvent* event) {
     case Qt::Key_Down:
     case Qt::Key_Left:
     case Qt::Key_Right:
-        // Arrows turn pages, wherever the focus is.
+        // The arrow keys turn pages wherever the focus is.
         QCoreApplication::sendEvent(m_instructionView, event);
         return true;
     default:

@@ -7,12 +7,12 @@
 
 #include <functional>
 
-// Takes the main window's place while the desktop does not let Ticklog look: shows how that is changed, and restarts
-// Ticklog afterwards.
+// Takes the place of the main window while the desktop does not let Ticklog see windows: shows how to allow
+// it, and restarts Ticklog afterwards.
 class SetupWindow : public QWidget {
     Q_OBJECT
 public:
-    // As wide and high as it is meant to be; more where texts need it, less where the screen is small.
+    // The intended size. Larger if the texts need it, smaller on a small screen.
     static constexpr QSize kSize{640, 628};
 
     struct Commands {
@@ -34,7 +34,7 @@ protected:
 
 private:
     QSize restartSize() const;
-    // Of the strip below the rows.
+    // The height of the strip below the rows.
     int barHeight() const;
     void layOut();
     void centre();

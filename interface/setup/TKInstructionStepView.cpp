@@ -23,7 +23,7 @@ constexpr int kLeastAir = 5;
 constexpr double kFocusInset = 3;
 constexpr double kFocusWidth = 2;
 constexpr double kFocusRadius = 5;
-// Over the picture while the pointer is on it.
+// Drawn over the picture while the pointer is on it.
 constexpr QColor kHovered(255, 255, 255, 22);
 
 } // namespace
@@ -131,7 +131,7 @@ void TKInstructionStepView::keyPressEvent(QKeyEvent* event) {
             click();
         break;
     default:
-        // Arrows turn pages, wherever the focus is.
+        // The arrow keys turn pages wherever the focus is.
         event->ignore();
     }
 }

@@ -7,12 +7,12 @@
 class ImageView;
 class TKInstructionView;
 
-// The row that names a step, highlights it while its page is shown, and turns to it when it is pressed, by pointer, key or
-// an assistive program. Belongs to the instructions that it drives.
+// The row of one step. It is highlighted while the step's page is shown, and turns to that page when it is
+// pressed by pointer, key or an assistive program. Belongs to the instructions that it controls.
 class TKInstructionStepView : public QAbstractButton {
     Q_OBJECT
 public:
-    // Unless its text needs more.
+    // Higher if the text needs it.
     static constexpr int kHeight = 46;
 
     // `stepNumber` is 1 to 4.
@@ -23,7 +23,7 @@ public:
     QLabel& textField() const { return *m_textField; }
     TKInstructionView& controllingView() const { return m_controllingView; }
 
-    // Whether this is the step that is shown.
+    // Whether this step's page is shown.
     void setActive(bool isActive);
     bool isActive() const { return m_isActive; }
 

@@ -15,7 +15,7 @@ namespace {
 const QString kBackground = QStringLiteral("Background650.jpg");
 const QString kRowBackground = QStringLiteral("StepBackground.png");
 
-// In the background picture's pixels: how much of it is shown, and how far it slides a page.
+// In pixels of the background picture: the width of the visible part, and how far it slides for each page.
 constexpr double kShownWidth = 800;
 constexpr double kSlide = 150;
 
@@ -32,7 +32,8 @@ bool isPage(int step) {
 TKInstructionView::TKInstructionView(const QRect& frame, QWidget* parent)
     : QWidget(parent)
     , m_bgImageSize(Images::size(kBackground)) {
-    // Who asks for a description keeps it, and naming is asking.
+    // Setting a name asks for the accessible description, which is then kept: so the factory must be
+    // installed before.
     setObjectName(QStringLiteral("instructions"));
     setFocusPolicy(Qt::StrongFocus);
     setGeometry(frame);
@@ -124,7 +125,7 @@ QRectF TKInstructionView::frameOf(const InstructionPage& page, double centre) co
 }
 
 QRectF TKInstructionView::currentLayerFrame() const {
-    // It begins outside, an edge of it at the view's.
+    // It begins just outside the view, with its edge at the view's edge.
     const double halfPage = frameOf(*m_currentLayer, 0).width() / 2 / std::max(1, width());
     const double from = (m_isGoingForward ? 1 : -1) + halfPage;
     return frameOf(*m_currentLayer, from + (0.5 - from) * progress());
@@ -204,7 +205,7 @@ void TKInstructionView::changeEvent(QEvent* event) {
 }
 
 void TKInstructionView::focusInEvent(QFocusEvent* event) {
-    // Who came by pointer, or has only just opened the window, has not lost sight of it.
+    // The focus is shown only when it came by the keyboard.
     m_isFocusShown = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     update();
 }

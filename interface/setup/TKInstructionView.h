@@ -11,9 +11,9 @@
 
 class TKInstructionStepView;
 
-// A picture book of five pages that shows how trust is granted: a welcome and four steps, each with a row below the page.
-// A click or an arrow key turns the page; so does a row. Pages are turned one at a time, each for a second; whatever is
-// asked for meanwhile is what it turns to next. Where the user wants no animations, it turns at once.
+// Instructions of five pages on how to grant trust: a welcome page and four steps, with a row for each step
+// below the page. A click, an arrow key or a row turns the page. One page is turned at a time, in one second;
+// a request meanwhile decides where to go next. Where the user wants no animations, pages change at once.
 class TKInstructionView : public QWidget {
     Q_OBJECT
 public:
@@ -24,32 +24,33 @@ public:
     // Shows page 0.
     explicit TKInstructionView(const QRect& frame, QWidget* parent = nullptr);
 
-    // Turns to a page, unless it is on its way there. This and what follows ignore pages that there are not.
+    // Turns to a page, unless it is already going there. This function and the next two ignore pages that do
+    // not exist.
     void setToStepNumber(int step);
-    // Turns page by page, or goes there at once.
+    // Turns page by page, or changes at once.
     void moveToStep(int step, bool withAnimation);
-    // Turns to that page directly, whichever is shown. A page that is still being turned is finished first.
+    // Turns directly to that page from any other. A turn that is under way is completed first.
     void subMoveToStep(int step, bool withAnimation);
 
-    // The background picture's.
+    // The size of the background picture.
     QSize bgImageSize() const { return m_bgImageSize; }
     // For steps 1 to 4.
     const std::array<TKInstructionStepView*, kLastStep>& stepViews() const { return m_stepViews; }
-    // The step that was asked for.
+    // The step that was last asked for.
     int currentStep() const { return m_currentStep; }
-    // The step whose page is shown, or is coming in.
+    // The step whose page is shown or coming in.
     int lastStepNumber() const { return m_lastStepNumber; }
     const InstructionPage& currentLayer() const { return *m_currentLayer; }
 
-    // Where the page is now, and the one that is going; absent when none is.
+    // Where the page is now; and where the page is that is going, absent if none is.
     QRectF currentLayerFrame() const;
     std::optional<QRectF> leavingLayerFrame() const;
-    // The part of the background picture that is shown, in its own pixels.
+    // The part of the background picture that is shown, in pixels of that picture.
     QRectF backgroundContents() const;
 
-    // How much of the view is for the page; never more than kPageHeight. In less the page is smaller.
+    // How much height the page may use, at most kPageHeight. The page shrinks to fit.
     void setPageHeight(int height);
-    // What the rows need below it, at that width.
+    // The height that the rows need at this width.
     int rowsHeight(int width) const;
 
 protected:
@@ -69,9 +70,9 @@ private:
     void turnTo(int step, bool withAnimation);
     void turned();
     bool isAnimated() const;
-    // From 0 to 1.
+    // How far the turn is, from 0 to 1.
     double progress() const;
-    // Centres are in widths of the view.
+    // `centre` is in widths of the view.
     QRectF frameOf(const InstructionPage& page, double centre) const;
     void paintBackground(QPainter& painter);
 
@@ -81,13 +82,13 @@ private:
     int m_pageHeight = kPageHeight;
     int m_currentStep = 0;
     int m_lastStepNumber = 0;
-    // Where turning page by page ends.
+    // The page at which turning page by page ends.
     int m_target = 0;
     std::optional<InstructionPage> m_currentLayer;
-    // On its way out; absent when nothing is being turned.
+    // The page that is going; absent when nothing is being turned.
     std::optional<InstructionPage> m_leavingLayer;
     bool m_isGoingForward = false;
-    // In the background picture's pixels, where the current turn began.
+    // Where the background was when the turn began, in pixels of its picture.
     double m_backgroundFrom = 0;
     bool m_isFocusShown = false;
     QVariantAnimation m_turn{this};

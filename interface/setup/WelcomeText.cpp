@@ -10,16 +10,16 @@ namespace {
 
 constexpr double kFontPixels = 24;
 constexpr double kSmallestFontPixels = 11;
-// Of the font's own height: as wanted, and where room is scarce.
+// Times the font's own height: as wished, and when there is little room.
 constexpr double kLineHeight = 1.5;
 constexpr double kTightLineHeight = 1.2;
-// The column, and the lower edges of the two boxes from the page's lower edge, upwards.
+// The column, and the lower edges of the two boxes measured upwards from the page's lower edge.
 constexpr double kX = 60;
 constexpr double kWidth = 325;
 constexpr double kBoxHeight = 200;
 constexpr double kFirstY = 60;
 constexpr double kSecondY = -75;
-// What stays free above and below, and between the two.
+// Free space above, below and between the two.
 constexpr double kTopMargin = 20;
 constexpr double kBottomMargin = 8;
 constexpr double kGap = 20;
@@ -29,7 +29,7 @@ const QColor kSecondColour(200, 230, 255);
 
 QFont fontOf(double pixels) {
     QFont font;
-    // Georgia comes with few desktops; Gelasio was made to take its place.
+    // Few desktops have Georgia; Gelasio is made to replace it.
     font.setFamilies({QStringLiteral("Georgia"), QStringLiteral("Gelasio"), QStringLiteral("Noto Serif"),
                       QStringLiteral("DejaVu Serif Condensed"), QStringLiteral("serif")});
     font.setStyleHint(QFont::Serif);
@@ -44,14 +44,14 @@ struct Setting {
     double lineHeight;
 };
 
-// Text wrapped in the column.
+// A text wrapped to the column's width.
 class Column {
 public:
     Column(const QString& text, const Setting& setting, Qt::LayoutDirection direction)
         : m_layout(text, fontOf(setting.fontPixels)) {
         const bool isLastResort = setting.fontPixels <= kSmallestFontPixels;
         QTextOption option(direction == Qt::RightToLeft ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
-        // A text that is in no language of that direction reads by its own.
+        // A text without a translation keeps its own reading direction.
         option.setTextDirection(Qt::LayoutDirectionAuto);
         option.setWrapMode(isLastResort ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::WordWrap);
         m_layout.setTextOption(option);
@@ -61,7 +61,7 @@ public:
             line.setLineWidth(kWidth);
             line.setPosition({0, y});
             m_isTooWide |= line.naturalTextWidth() > kWidth;
-            // What a line gets beyond its own height is below it; the last has nothing to keep off.
+            // Extra line height goes below each line; the last line needs none.
             m_height = y + line.height();
             y += line.height() * setting.lineHeight;
         }
@@ -69,7 +69,7 @@ public:
     }
 
     double height() const { return m_height; }
-    // Whether there is a word that is longer than a line.
+    // Whether some word is wider than the column.
     bool isTooWide() const { return m_isTooWide; }
 
     void paint(QPainter& painter, const QPointF& place, const QColor& colour) const {
@@ -100,7 +100,7 @@ WelcomeText::Places WelcomeText::places(int pageHeight) const {
             double firstTop = pageHeight - kFirstY - kBoxHeight;
             double secondTop = std::max(pageHeight - kSecondY - kBoxHeight, firstTop + first.height() + kGap);
             const double excess = std::max(0.0, secondTop + second.height() - (pageHeight - kBottomMargin));
-            // Only as much of it as cannot be had by moving the second line alone.
+            // Moves the first line only as far as moving the second one is not enough.
             secondTop -= excess;
             firstTop = std::min(firstTop, secondTop - kGap - first.height());
             const bool fits = firstTop >= kTopMargin && !first.isTooWide() && !second.isTooWide();

@@ -6,17 +6,18 @@
 
 class QPainter;
 
-// The two lines of the welcome page, each wrapped in a column of its own place. Where they are too long for that, as in
-// another language or with large letters, they move together, and at last get smaller: nothing is cut off.
+// The two lines of the welcome page, each wrapped in its own column. If they are too long, in another
+// language or with large letters, they move closer together and at last become smaller, so that nothing is
+// cut off.
 class WelcomeText {
 public:
-    // `textScale` is how many times larger than usual the text is wanted.
+    // `textScale`: by how much the user has enlarged texts.
     WelcomeText(const QString& first, const QString& second, double textScale, Qt::LayoutDirection direction);
 
-    // On a page of that height, in logical pixels.
+    // On a page of this height, in logical pixels.
     void paint(QPainter& painter, int pageHeight) const;
 
-    // Where the lines come to lie on a page of that height.
+    // Where the lines are on a page of this height.
     struct Places {
         QRectF first;
         QRectF second;

@@ -7,22 +7,23 @@
 #include <memory>
 #include <optional>
 
-// A panel that shows how far a piece of work has come, for as long as it lives; not at all for short pieces.
+// A panel that shows the progress of some work. It is shown until it is destroyed, and not at all if the work
+// is short.
 class ProgressPanel {
 public:
     virtual ~ProgressPanel() = default;
 
-    // From 0 to 1. The timer runs on while the panel is painted.
+    // From 0 to 1. The timer goes on while the panel is painted.
     virtual void setDone(double done) = 0;
 };
 
-// Every question the program asks and every file it has chosen for it goes through here, so that tests answer
-// in advance. Only one question or panel is open at a time: another one meanwhile counts as closed. Each call
-// returns when the user has answered; the timer runs on meanwhile. Texts come in the language in which they are
-// shown. Main thread only.
+// All of the program's questions and file panels go through here, so that tests can answer in advance. Only
+// one is open at a time; another one that is asked meanwhile is answered as if it had been closed. Each call
+// returns when the user has answered; the timer goes on meanwhile. Texts are given in the language in which
+// they are shown. Main thread only.
 class Alerts {
 public:
-    // What questions are answered with.
+    // The answers to a question.
     enum Answer { Other = -1, Alternate = 0, Default = 1 };
 
     struct Question {
@@ -30,34 +31,35 @@ public:
         QString informativeText;
         QString defaultButton;
         QString alternateButton;
-        // None, unless it has a text.
+        // Without a text there is no such button.
         QString otherButton;
-        // What closing the question counts as: the button that changes nothing.
+        // The answer when the question is closed: the button that changes nothing.
         Answer whenClosed = Default;
     };
 
     virtual ~Alerts() = default;
 
     virtual int ask(const Question& question) = 0;
-    // Where to save a database file; absent when the user thinks better of it. Begins at `path`. An existing
-    // file is pointed out only if `replaces`.
+    // Asks where to save a database file; absent if the user cancels. Begins at `path`. Warns of an existing
+    // file only if `replaces`.
     virtual std::optional<QString> chooseSaveLocation(const QString& message, const QString& path,
                                                       bool replaces) = 0;
-    // Which database file to open; absent when the user thinks better of it.
+    // Asks which database file to open; absent if the user cancels.
     virtual std::optional<QString> chooseOpenFile(const QString& message, const QString& folder) = 0;
-    // Where to export a table to; absent when the user thinks better of it. Begins at `path`. An existing file is
-    // pointed out. The answer may lack the extension.
+    // Asks where to export a table to; absent if the user cancels. Begins at `path`. Warns of an existing
+    // file. The answer may lack the extension.
     virtual std::optional<QString> chooseExportFile(const QString& message, const QString& path) = 0;
-    // A folder, which the user may make on the way; absent when the user thinks better of it. Begins at `folder`.
+    // Asks for a folder, which the user may make in the panel; absent if the user cancels. Begins at
+    // `folder`.
     virtual std::optional<QString> chooseFolder(const QString& message, const QString& folder) = 0;
-    // Shows how far work has come that is done elsewhere, until `done` answers 1, and lets the user give it up; nothing is shown
-    // of short pieces. Answers whether it was done.
+    // Shows the progress of work on another thread until `done` answers 1, and lets the user cancel it. Shows
+    // nothing if the work is short. Answers whether it was completed.
     virtual bool waitFor(const QString& message, const std::function<double()>& done) = 0;
     // Never null.
     virtual std::unique_ptr<ProgressPanel> showProgress(const QString& message) = 0;
     virtual void showError(const QString& message, const QString& informativeText) = 0;
-    // Something to know, which nobody has to answer: returns at once.
+    // Shows a message that needs no answer: returns at once.
     virtual void showNotice(const QString& message, const QString& informativeText) = 0;
-    // The same; the first line stands out.
+    // The same with a title.
     virtual void showAbout(const QString& title, const QString& text) = 0;
 };

@@ -69,7 +69,7 @@ void AppAuthorization::installBlessing(bool secondAttempt) {
 void AppAuthorization::blessed(bool isInstalled, bool secondAttempt,
                                const ServiceAuthorization& authorization) {
     ServiceManagement& services = m_platform.serviceManagement;
-    // A helper of another version may be there and answer; if not, that is told by the connection.
+    // A helper of another version may answer all the same; if none does, the connection reports it.
     if (!isInstalled)
         m_platform.log.log(QStringLiteral("Error (null)"));
     if (const auto job = services.copyJobDictionary(kHelperLabel))
@@ -80,7 +80,7 @@ void AppAuthorization::blessed(bool isInstalled, bool secondAttempt,
 bool AppAuthorization::retrust(bool secondAttempt) {
     m_helper = m_platform.serviceManagement.connectToHelper(
         kHelperLabel, [this, secondAttempt](const Failure& error) {
-            // Whoever said no is not asked once more.
+            // A user who has refused is not asked again.
             if (secondAttempt || error.kind == Failure::Kind::Refused)
                 authFailError(error);
             else
@@ -96,7 +96,7 @@ bool AppAuthorization::retrust(bool secondAttempt) {
 
 void AppAuthorization::relaunchApp() {
     m_isUnderWay = false;
-    // The new instance reads them before this one could write them later.
+    // Now, because the new process may read them before this one would write them.
     m_platform.defaults.synchronize();
     if (const Outcome relaunched = m_platform.ownProgram.relaunch(); !relaunched)
         m_platform.log.log(

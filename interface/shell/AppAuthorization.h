@@ -7,16 +7,16 @@
 
 class Alerts;
 
-// How the program comes to be trusted for accessibility: it asks when the timer is to start without, has the privileged
-// helper grant it, starts itself anew, and says what to do when that fails. Belongs to the application delegate.
-// The helper's answers are heard on the main thread.
+// Gets the program trusted for accessibility. When a start of the timer is refused for lack of trust, it asks
+// the user, has the privileged helper grant trust, restarts the program, and says what to do if that fails.
+// Belongs to the application delegate. The helper's answers arrive on the main thread.
 class AppAuthorization {
 public:
-    // What the rest of the program does for it.
+    // What it calls in the rest of the program.
     struct Actions {
         // Brings the program to the front.
         std::function<void()> activate;
-        // Opens the place where the user grants trust.
+        // Opens the desktop's settings where the user grants trust.
         std::function<void()> openUniversalAccessPreferences;
     };
 
@@ -24,25 +24,25 @@ public:
     AppAuthorization(const AppAuthorization&) = delete;
     AppAuthorization& operator=(const AppAuthorization&) = delete;
 
-    // The timer was to start and was refused: has the desktop ask for trust, or asks the user.
+    // The timer could not start for lack of trust: lets the desktop ask for it, or asks the user.
     void checkAccessibilityTrust();
 
-    // Nothing while an attempt is under way: a person may be looking for a password.
+    // Does nothing while an attempt is under way: the user may be looking for a password.
     void makeAppTrustedAndRelaunch();
 
-    // Installs the helper and asks it. The relaunched program will start its timer.
+    // Installs the helper and asks it for trust. The restarted program will start its timer.
     void installBlessing(bool secondAttempt);
-    // Asks the helper, which is installed once more if it cannot be reached the first time. Whether there was a helper to
-    // send to.
+    // Asks the helper for trust. If the helper cannot be reached the first time, installs it once more.
+    // Answers whether there was a helper to ask.
     bool retrust(bool secondAttempt);
 
     // The helper has granted trust.
     void trustedReply() { relaunchApp(); }
 
-    // Starts the program anew and ends this one at once, without saving the timers; what the settings say is on the disk
-    // before. Goes on, and logs it, when there is nothing to start.
+    // Starts the program again and ends this one at once, without saving the timers; writes the settings
+    // first. If there is nothing to start, logs that and goes on.
     void relaunchApp();
-    // Tells the user what to do. `error` is absent when nothing more is known.
+    // Tells the user what to do. `error` is absent if nothing more is known.
     void authFailError(const std::optional<Failure>& error);
 
 private:
@@ -53,6 +53,6 @@ private:
     Actions m_actions;
     std::unique_ptr<TKAuthXPC> m_helper;
     bool m_isUnderWay = false;
-    // Goes before the rest: no answer comes after it.
+    // Destroyed first: no answer arrives after that.
     QObject m_receiver;
 };

@@ -16,7 +16,7 @@ namespace {
 
 using WayBack = ClosingWindow::WayBack;
 
-// Neither a menu nor a part of another window.
+// A window of its own, neither a menu nor part of another window.
 bool isListable(const QWindow& window) {
     return window.isTopLevel() && (window.type() == Qt::Window || window.type() == Qt::Dialog);
 }
@@ -29,8 +29,7 @@ void setAllListed(TaskBar& taskBar, bool isListed) {
 
 } // namespace
 
-// Tells the task bar of every window of ours that comes to the screen. The window manager knows it by the time that it
-// is exposed.
+// Tells the task bar about each of our windows when it is exposed: then the window manager knows it.
 class AppPresence::Listing : public QObject {
 public:
     explicit Listing(TaskBar& taskBar)
@@ -88,7 +87,7 @@ std::int64_t AppPresence::appType() const {
 void AppPresence::setShowDockIcon(bool isShown, bool fromStartup) {
     m_appType = isShown ? 1 : 0;
     transform();
-    // Windows need not be taken off the screen to be listed again; all that is left of it is to come to the front.
+    // Being listed again needs no hiding of the window; it only has to come to the front.
     const bool isToCome = isShown && !fromStartup && m_window.isVisible();
     m_program.setWindowStateShown((isToCome || m_hasFinishedLaunching) && !m_isFollowingSettings);
     m_platform.defaults.setObject(kTKPrefAppType, m_appType);
@@ -176,7 +175,7 @@ void AppPresence::fillMainMenu() {
 }
 
 void AppPresence::settingsChanged() {
-    // Whoever changed them looks at something else, the preferences as a rule.
+    // The user who changed the settings is looking at another window, usually the preferences.
     const QScopedValueRollback following(m_isFollowingSettings, true);
     if (showMenuBarItem() != m_showsMenuBarItem)
         setShowMenuBarItem(showMenuBarItem());
@@ -193,18 +192,18 @@ void AppPresence::trayChanged() {
 
 void AppPresence::updateStatusItem() {
     const bool isMissing = m_showsMenuBarItem && isTrayMissing();
-    // The menu goes before the icon that it hangs from comes, and the other way round.
+    // The menu leaves the window before the tray icon that shows it appears, and the other way round.
     offerMenuInWindow(false);
     if (std::exchange(m_isInTaskBarForLackOfTray, isMissing) != isMissing)
         transform();
     offerMenuInWindow(isMissing);
     const SystemTray::Offer offer = m_platform.systemTray.offer();
     const bool isOffered = offer == SystemTray::Offer::Embedded || offer == SystemTray::Offer::Exported;
-    // A tray that went may come back for the icon, which stays for it.
+    // The icon stays even if the tray has gone: the tray may come back.
     if (!m_showsMenuBarItem) {
         m_statusBarItem.reset();
     } else if (isOffered && !m_statusBarItem) {
-        // Desktops that draw the menu take one that is empty for none.
+        // The menu is filled first, because desktops that draw it themselves treat an empty menu as no menu.
         m_menu.updateMainMenu();
         m_statusBarItem = std::make_unique<StatusItem>(m_menu.mainMenu(), m_program.showTimeWindow);
         updateMenuIconState();
@@ -229,7 +228,7 @@ void AppPresence::sayThatTrayIsMissing() {
     if (std::exchange(m_hasSaidThatTrayIsMissing, true))
         return;
     m_platform.log.log(QStringLiteral("The desktop has no tray: Ticklog stays in the task bar."));
-    // Who sees Ticklog in the task bar anyway need not be told, and at login the tray may only be late.
+    // Not needed if Ticklog is in the task bar anyway; and at login the tray may only be late.
     if (m_appType != 1 && !m_hasBegunWithoutWindow)
         m_alerts.showNotice(localized("There is no system tray."),
                             localized("Ticklog therefore stays in the task bar, and its menu is in the main "

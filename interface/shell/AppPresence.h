@@ -11,21 +11,21 @@ class Alerts;
 class MainWindow;
 class StatusItem;
 
-// Where the program is found on the desktop: in the task bar with the main menu, in the tray with the status menu, or in
-// both, as the settings say; never nowhere. Where the desktop has no tray, the task bar stays although the settings say
-// otherwise, and the status menu is found in the main menu. A closed window can always be had back: where no icon in the tray
-// leads to it, it is minimised instead. Main thread only.
+// Where the program appears on the desktop, as the settings say: in the task bar with the main menu, in the
+// tray with the status menu, or in both, but never nowhere. On a desktop without a tray the task bar stays
+// whatever the settings say, and the status menu is part of the main menu. A closed window can always be
+// reached again: where no tray icon leads to it, it is minimised instead. Main thread only.
 class AppPresence {
 public:
-    // What it asks of the program.
+    // What it asks or calls in the program.
     struct Program {
         // Brings the main window to the front; false does nothing.
         std::function<void(bool isShown)> setWindowStateShown;
-        // The main window's control shows what there is now.
+        // Updates the control in the main window.
         std::function<void()> reloadAppType;
         std::function<bool()> isRunning;
         std::function<void()> showTimeWindow;
-        // What people see of the program; asked for once, when it begins.
+        // The window that the user sees; asked once, when begin() is called.
         std::function<QWidget&()> shownWindow;
     };
 
@@ -35,11 +35,11 @@ public:
     AppPresence& operator=(const AppPresence&) = delete;
     ~AppPresence();
 
-    // Takes the tray icon in as the settings have it, and follows the settings and the tray from now on. A window that is
-    // not shown by then counts as closed.
+    // Shows the tray icon if the settings say so, and follows the settings and the tray from now on. A window
+    // that is not shown by then counts as closed.
     void begin();
-    // From now on the window comes to the front when the task bar is entered or left, unless the settings were changed
-    // elsewhere.
+    // From now on the window comes to the front when the task bar is entered or left, unless the settings
+    // were changed by something else.
     void setFinishedLaunching() { m_hasFinishedLaunching = true; }
 
     void setShowDockIcon(bool isShown, bool fromStartup);
@@ -48,26 +48,27 @@ public:
     bool showDockIcon() const { return appType() == 1; }
     bool showMenuBarItem() const;
     std::int64_t appType() const;
-    // Takes care that one of the two is there, and has the control show them.
+    // Makes sure that one of the two is shown, and updates the control.
     void reloadAppType();
 
-    // The other way round, unless nothing else would be left.
+    // Switch one of them, unless that would leave neither.
     void toggleDockIcon();
     void toggleMenuItem();
 
     void updateMenuIconState();
-    // Has the tray say why windows are not counted while the timer runs; nothing for an empty text.
+    // Shows in the tray why windows are not counted while the timer runs; an empty text shows nothing.
     void showObstacle(const QString& text);
-    // Has the tray say what troubles the account, a line each, whether the timer runs or not; nothing for an empty text.
+    // Shows in the tray what troubles the account, one line each, whether the timer runs or not; an empty
+    // text shows nothing.
     void showTrouble(const QString& text);
 
     // Whether the desktop is known to have no tray.
     bool isTrayMissing() const { return m_platform.systemTray.offer() == SystemTray::Offer::None; }
-    // Whether the window is in the task bar and the main menu in the window, whatever the settings say.
+    // Whether the window is in the task bar and has the main menu, whatever the settings say.
     bool isInTaskBar() const { return m_appType == 1 || m_isInTaskBarForLackOfTray; }
-    // The icon; null while there is none.
+    // The tray icon; null while there is none.
     const StatusItem* statusBarItem() const { return m_statusBarItem.get(); }
-    // What the main menu consists of when it is there.
+    // The menus of the main menu, when it is shown.
     const QList<QAction*>& rootItemArray() const { return m_rootItemArray; }
 
 private:
@@ -99,7 +100,7 @@ private:
     bool m_isFollowingSettings = false;
     QList<QAction*> m_rootItemArray;
     std::unique_ptr<StatusItem> m_statusBarItem;
-    // Null until it begins.
+    // Null until begin() is called.
     std::unique_ptr<ClosingWindow> m_closing;
     // Keeps windows out of the task bar; null while they are in it.
     std::unique_ptr<Listing> m_listing;

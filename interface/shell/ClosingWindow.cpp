@@ -18,7 +18,7 @@ void ClosingWindow::setWayBack(WayBack wayBack) {
 
 bool ClosingWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == qApp && event->type() == QEvent::Quit) {
-        // Qt closes every window first, and stays if one of them does.
+        // Qt first closes every window, and does not quit if one refuses.
         m_isQuitting = true;
         QMetaObject::invokeMethod(
             this, [this] { m_isQuitting = false; }, Qt::QueuedConnection);

@@ -5,21 +5,21 @@
 
 #include <functional>
 
-// What becomes of a window of ours when it is closed. Where an icon leads back to it, it goes; where none does, it is
-// minimised, because a program that counts must be found. It follows the icon: a closed window has an entry in the task bar
-// while there is none. Main thread only.
+// Decides what closing a window of ours does. If a tray icon leads back to it, it is closed; if not, it is
+// minimised, because a program that counts must be found. When the icon goes, a closed window comes back
+// minimised; when the icon returns, it is closed again. Main thread only.
 class ClosingWindow : public QObject {
     Q_OBJECT
 public:
     enum class WayBack {
-        // There may soon be an icon.
+        // An icon may appear soon.
         Unknown,
         Icon,
         None,
     };
 
-    // A window that is not on the screen now counts as closed. It outlives this. `keptInTaskBar` is called when somebody has
-    // closed the window and it is known that nothing else leads back to it.
+    // A window that is not shown now counts as closed; it must outlive this object. `keptInTaskBar` is called
+    // when the user has closed the window and it is certain that nothing else leads back to it.
     ClosingWindow(QWidget& window, std::function<void()> keptInTaskBar);
 
     void setWayBack(WayBack wayBack);
@@ -33,7 +33,7 @@ private:
     QWidget& m_window;
     std::function<void()> m_keptInTaskBar;
     WayBack m_wayBack = WayBack::Unknown;
-    // Nobody has brought it back since.
+    // The window was closed and not opened since.
     bool m_isClosed;
     bool m_isToBeSaid = false;
     bool m_isQuitting = false;

@@ -7,7 +7,7 @@ namespace {
 
 const QString kWanted = QStringLiteral("wanted");
 const QString kDeclined = QStringLiteral("declined");
-// The main window is there by then, and the shell has settled.
+// By then the main window is shown and the shell is settled.
 constexpr std::chrono::seconds kBeforeAsking{1};
 
 using State = ShellExtension::State;
@@ -56,7 +56,7 @@ void ExtensionOffer::consider() {
     const State state = m_ground.extension.state();
     m_ground.showOffer(canHelp(state) ? [this] { offer(); } : std::function<void()>());
     if (state == State::On && isDecision(kWanted))
-        // Who switches it off later means it.
+        // If the user disables it later, that is meant.
         decide(QString());
     else if (state == State::Off && isDecision(kWanted))
         m_ground.extension.switchOn();
@@ -93,7 +93,7 @@ void ExtensionOffer::offer() {
 }
 
 void ExtensionOffer::fulfil() {
-    // It may have come, or been switched on, while the question stood there.
+    // It may have been installed or enabled while the question was open.
     if (m_ground.extension.state() != State::Missing) {
         consider();
         return;

@@ -7,12 +7,12 @@
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/SystemLog.h"
 
-// What the user has decided about the extension: "wanted" or "declined". Nothing until they have.
+// The user's decision about the extension: "wanted" or "declined". Absent while there is none.
 inline const QString kTKShellExtension = QStringLiteral("kTKShellExtension");
 
-// Offers to install the desktop shell's extension where it is missing, and to switch it on where it is off: one question
-// a launch at the most, and none any more once the user has said no; whoever looks for it finds it again. What it was
-// given outlives it.
+// Offers to install the desktop shell's extension if it is missing, and to enable it if it is disabled. Asks
+// at most once in a launch, and never again after a no; a user who looks for the offer finds it again. Its
+// arguments outlive it.
 class ExtensionOffer {
 public:
     struct Ground {
@@ -21,11 +21,11 @@ public:
         UserDefaults& defaults;
         RunLoop& runLoop;
         SystemLog& log;
-        // Shows where the user finds the offer again, and no more when it is empty.
+        // Shows where the user finds the offer again; an empty function hides it.
         std::function<void(std::function<void()> offer)> showOffer;
     };
 
-    // Follows the state of the extension from now on.
+    // Follows the extension's state from now on.
     explicit ExtensionOffer(const Ground& ground);
     ~ExtensionOffer();
 

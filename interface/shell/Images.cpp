@@ -19,7 +19,7 @@ QString fileOf(QString name) {
     return QStringLiteral(":/images/%1.svg").arg(name);
 }
 
-// Pictures lying over one another.
+// Draws several pictures over each other.
 class OutlineIconEngine : public QIconEngine {
 public:
     explicit OutlineIconEngine(QStringList names)

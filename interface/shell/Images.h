@@ -3,18 +3,18 @@
 
 #include <QIcon>
 
-// The program's own pictures, by name. Drawn from their outlines when first needed, at the size and scale
-// needed. A name may end in ".png" or ".jpg"; that says nothing about how the picture is kept.
+// The program's own pictures, by name. They are vector pictures, drawn when first needed at the size and
+// scale needed. A name may end in ".png" or ".jpg", whatever the file's real format.
 namespace Images {
 
-// A picture as it is, such as "ToolbarStart". Nothing is drawn for a name that has no picture.
+// A picture such as "ToolbarStart". Draws nothing if no picture has this name.
 QIcon named(const QString& name);
 // The program's icon, with the badge of a running timer over it if `isRecording`.
 QIcon application(bool isRecording);
-// The size at which a picture is meant to be seen, in logical pixels; empty for a name that has no picture.
+// The intended size of a picture in logical pixels; empty if no picture has this name.
 QSize size(const QString& name);
-// The picture, stretched to that size on each axis by itself, for a device on which a logical pixel is `scale` pixels
-// wide. Transparent for a name that has no picture.
+// The picture, stretched to this size, each axis on its own, for a device with `scale` pixels in a logical
+// pixel. Transparent if no picture has this name.
 QPixmap stretched(const QString& name, const QSize& size, qreal scale);
 
 } // namespace Images

@@ -3,18 +3,18 @@
 
 #include "platform/LoginItems.h"
 
-// Whether Ticklog starts at login, as the check box for it shows and sets it. The login items must outlive it.
+// Shows and sets whether Ticklog starts at login. The login items must outlive it.
 class LoginItemControl {
 public:
     explicit LoginItemControl(LoginItems& items)
         : m_items(items) {}
 
-    // The user set the check box. What the session says afterwards is what counts.
+    // The user has set the check box. Its state afterwards is what the session says.
     Outcome toggleLoginItem(bool isOn);
-    // Asks the session again: at the end of the launch, and when the box is shown.
+    // Asks the session again. Called at the end of the launch and when the box is shown.
     void loginItemStateChanged();
 
-    // As the session last said. Off until then, and while the session does not know of the launch helper.
+    // What the session said last. Off before that, and while the session does not know the launch helper.
     bool isOn() const { return m_isOn; }
 
 private:

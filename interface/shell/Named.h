@@ -5,7 +5,7 @@
 
 #include <type_traits>
 
-// Gives a control the name under which tests and assistive programs find it.
+// Gives a control the name by which tests and assistive programs find it.
 template<class Control>
 Control* named(Control* control, const QString& name) {
     control->setObjectName(name);

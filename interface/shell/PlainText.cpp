@@ -5,7 +5,7 @@
 
 namespace {
 
-// Qt breaks the lines of markup alone.
+// Characters. Qt wraps lines of tips only if they are markup.
 constexpr qsizetype kLongestLine = 100;
 
 } // namespace

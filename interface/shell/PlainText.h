@@ -3,27 +3,27 @@
 
 #include <QLabel>
 
-// The one way to show what others wrote: titles, names of files, answers of services. Left to itself Qt draws as markup
-// whatever looks like it, with the pictures that it names, and lays out a text of any length.
+// The one way to show texts of others: titles, file names, answers of services. Qt by itself would draw as
+// markup whatever looks like it, with the pictures that it names, and lay out texts of any length.
 namespace PlainText {
 
-// Of a tip, of a menu's entry and of a dialogue's paragraph people read no more.
+// Characters. Nobody reads more than this of a tip, a menu entry or a paragraph in a dialogue.
 inline constexpr qsizetype kLongestTip = 500;
 inline constexpr qsizetype kLongestEntry = 200;
 inline constexpr qsizetype kLongestParagraph = 4000;
 
-// No longer than that; what is cut ends in an ellipsis.
+// The text cut to at most `longest` characters; a cut text ends in an ellipsis.
 QString cut(const QString& text, qsizetype longest);
-// For QToolTip, which draws it letter by letter and in lines of a sensible length.
+// For QToolTip: the text is shown as it is, in lines of a readable length.
 QString toolTip(const QString& text);
-// For whoever may take it for markup and cannot be told otherwise: with other brackets.
+// For receivers that may take the text for markup: replaces its angle brackets.
 QString withoutTags(const QString& text);
-// Has the labels of a dialogue that Qt made show their texts letter by letter.
+// Makes the labels of a dialogue of Qt's own show their texts as they are.
 void keepPlain(const QWidget& dialogue);
 
 } // namespace PlainText
 
-// A label that shows its text letter by letter.
+// A label that shows its text as it is, never as markup.
 class PlainLabel : public QLabel {
     Q_OBJECT
 public:

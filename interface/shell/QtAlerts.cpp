@@ -26,12 +26,12 @@ constexpr int kIconSize = 64;
 
 void say(QMessageBox& box, const QString& message, const QString& informativeText) {
     constexpr int kCharactersPerLine = 52;
-    // Qt makes the label for the second text with it, and knows at once whether it is markup.
+    // Setting any text creates the label, which is then told to show plain text before the real one is set.
     box.setInformativeText(QStringLiteral(" "));
     PlainText::keepPlain(box);
     box.setText(PlainText::cut(message, PlainText::kLongestParagraph));
     box.setInformativeText(PlainText::cut(informativeText, PlainText::kLongestParagraph));
-    // Qt makes boxes as narrow as their headline, however long the text beneath it is.
+    // Qt makes the box as narrow as its headline, even if the text below is long.
     if (auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         text->setMinimumWidth(text->fontMetrics().averageCharWidth() * kCharactersPerLine);
 }
@@ -40,7 +40,7 @@ constexpr int kSteps = 1000;
 // In milliseconds.
 constexpr int kShortPiece = 500;
 constexpr int kBetweenLooks = 20;
-// What the waiting ends with; everything else that ends a loop says 0.
+// The loop's result when the work is done; 0 for anything else that ends it.
 constexpr int kIsDone = 1;
 
 void prepare(QProgressDialog& dialog, const QString& message) {
@@ -68,7 +68,7 @@ private:
 
 } // namespace
 
-// Who asks, and who asks next.
+// Who is asking, and who asks next.
 struct QtAlerts::Turn {
     void goOn() {
         if (isGoingOn || dialog || waiting.empty())
@@ -87,7 +87,7 @@ struct QtAlerts::Turn {
         dialog->activateWindow();
     }
 
-    // Waits for an answer.
+    // The dialogue that waits for an answer.
     QPointer<QDialog> dialog;
     std::deque<std::function<void()>> waiting;
     bool isGoingOn = false;
@@ -113,7 +113,7 @@ bool QtAlerts::run(QDialog& dialog) {
 
 void QtAlerts::free() {
     m_turn->dialog.clear();
-    // Not before what was answered is done.
+    // Later, when the code that got the answer has finished.
     QMetaObject::invokeMethod(
         qApp,
         [turn = std::weak_ptr(m_turn)] {
@@ -170,7 +170,7 @@ std::optional<QString> QtAlerts::chooseSaveLocation(const QString& message, cons
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setDefaultSuffix(QStringLiteral("tkd"));
     panel.selectFile(path);
-    // Who refuses existing files says so himself.
+    // With false, the caller checks for existing files itself.
     panel.setOption(QFileDialog::DontConfirmOverwrite, !replaces);
     return chooseWith(panel);
 }
@@ -196,7 +196,7 @@ std::optional<QString> QtAlerts::chooseFolder(const QString& message, const QStr
     panel.setObjectName(QStringLiteral("folderPanel"));
     panel.setFileMode(QFileDialog::Directory);
     panel.setOption(QFileDialog::ShowDirsOnly);
-    // The folder that is shown, unless another was picked in it.
+    // The folder that is shown, unless the user has selected another one in it.
     return chooseWith(panel);
 }
 
@@ -207,14 +207,14 @@ bool QtAlerts::waitFor(const QString& message, const std::function<double()>& do
     }
     QProgressDialog dialog(QString(), localized("Cancel"), 0, kSteps, m_window);
     prepare(dialog, message);
-    // Full, it would hide or begin anew.
+    // Otherwise it would hide or restart at the end.
     dialog.setAutoReset(false);
     dialog.setMinimumDuration(kShortPiece);
     m_turn->dialog = &dialog;
-    // Ends with the program too.
+    // Also ends when the program quits.
     QEventLoop loop;
     QObject::connect(&dialog, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
-    // Escape before the panel is the active window: it is put away, and says no more.
+    // Escape before the panel is active rejects it without the signal that it was cancelled.
     QObject::connect(&dialog, &QDialog::rejected, &loop, &QEventLoop::quit);
     QTimer looks;
     QObject::connect(&looks, &QTimer::timeout, &dialog, [&] {
@@ -244,7 +244,7 @@ void QtAlerts::showError(const QString& message, const QString& informativeText)
 }
 
 void QtAlerts::showNotice(const QString& message, const QString& informativeText) {
-    // A minimised window would take it along.
+    // Without a parent: a minimised parent would hide it.
     open(nullptr, QStringLiteral("notice"), message, message, informativeText);
 }
 
@@ -254,7 +254,7 @@ void QtAlerts::showAbout(const QString& title, const QString& text) {
 
 void QtAlerts::open(QWidget* parent, const QString& name, const QString& title, const QString& message,
                     const QString& informativeText) {
-    // One is enough.
+    // Only one at a time is open.
     if (m_open)
         m_open->close();
     auto* box = new QMessageBox(parent);

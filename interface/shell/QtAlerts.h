@@ -10,23 +10,24 @@
 
 class QFileDialog;
 
-// Asks in dialogues that belong to a window. One at a time: who asks while another question or panel is open has that one
-// brought to the front, and is answered as if his own had been closed. Errors and notices come all the same.
+// Asks in dialogues that belong to a window, one at a time. A question that comes while another question or
+// panel is open brings that one to the front, and is answered as if it had been closed itself. Errors and
+// notices are always shown.
 class QtAlerts : public Alerts {
 public:
     QtAlerts();
-    // For another window of the same program, in turn with `other`.
+    // For another window of the same program: only one question is open in both windows together.
     explicit QtAlerts(const QtAlerts& other)
         : m_turn(other.m_turn) {}
 
     QtAlerts& operator=(const QtAlerts&) = delete;
     ~QtAlerts() override;
 
-    // Calls `ask` as soon as no question or panel is open: now, or when those before it are done, in their order. One that
-    // is open comes to the front.
+    // Calls `ask` when no question or panel is open: now, or after those that came first. Brings the open one
+    // to the front.
     void whenFree(std::function<void()> ask);
 
-    // Until a window is set, dialogues stand alone.
+    // Before a window is set, dialogues have no parent.
     void setWindow(QWidget* window) { m_window = window; }
 
     int ask(const Question& question) override;
@@ -44,18 +45,18 @@ public:
 private:
     struct Turn;
 
-    // Nothing is chosen in a dialogue that does not come because another one is open.
+    // False, and not shown, if another dialogue is open.
     bool run(QDialog& dialog);
-    // It is the next one's turn.
+    // Lets the next one in.
     void free();
-    // What was chosen in it; absent after a cancel.
+    // The path that the user chose; absent after a cancel.
     std::optional<QString> chooseWith(QFileDialog& panel);
     void open(QWidget* parent, const QString& name, const QString& title, const QString& message,
               const QString& informativeText);
 
     QPointer<QWidget> m_window;
-    // Of all windows.
+    // Shared by all windows.
     std::shared_ptr<Turn> m_turn;
-    // What is open and need not be answered.
+    // An open message that needs no answer.
     QPointer<QWidget> m_open;
 };

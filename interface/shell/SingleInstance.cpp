@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int kBacklog = 8;
-// How long either side waits for all that the other has to say. The first is busy now and then, never for long.
+// How long each side waits for the other's whole message. The first program may be busy, but never for long.
 constexpr int kPatienceMs = 3000;
 constexpr int kGuestPatienceMs = 500;
 constexpr char kHeard = '+';
@@ -49,14 +49,14 @@ bool waitFor(int descriptor, short events, int milliseconds) {
     return ready > 0;
 }
 
-// Names of the kernel's own have no permissions: ask who it is.
+// Abstract sockets have no file permissions, so the peer's user is asked for.
 bool isOurUser(int descriptor) {
     ucred peer{};
     socklen_t length = sizeof peer;
     return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0 && peer.uid == ::getuid();
 }
 
-// Of the system's own accord, so that neither connecting nor sending waits for whom nobody knows.
+// By the system, so that connecting and sending cannot wait for a hanging peer either.
 void limitPatience(int descriptor, int milliseconds) {
     const timeval limit{.tv_sec = milliseconds / 1000, .tv_usec = milliseconds % 1000 * 1000};
     ::setsockopt(descriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
@@ -75,7 +75,7 @@ SingleInstance::SingleInstance(const InstanceAddress& address)
     , m_lockPath(address.lockPath()) {}
 
 SingleInstance::~SingleInstance() {
-    // While the lock is still held, so that nobody else's is removed.
+    // While the lock is still held, so that no other program's socket is removed.
     if (m_server.isOpen() && !m_lockPath.isEmpty())
         ::unlink(m_address.constData());
 }
@@ -107,7 +107,7 @@ bool SingleInstance::isFirst() {
     return isBound || error != EADDRINUSE;
 }
 
-// Somebody who is not done yet.
+// A connection that has not said everything yet.
 struct SingleInstance::Guest {
     explicit Guest(int number)
         : socket(number)
@@ -117,13 +117,13 @@ struct SingleInstance::Guest {
     Guest& operator=(const Guest&) = delete;
 
     ~Guest() {
-        // Before the number is another file's.
+        // Before the descriptor is closed and its number used for another file.
         news->setEnabled(false);
         news->disconnect();
     }
 
     Descriptor socket;
-    // It may be what tells the guest to go.
+    // Deleted later, because its own signal may be what ends the guest.
     std::unique_ptr<QSocketNotifier, QScopedPointerDeleteLater> news;
     QTimer patience;
     QByteArray said;

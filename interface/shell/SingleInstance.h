@@ -12,19 +12,19 @@
 #include <optional>
 #include <vector>
 
-// One program for a user and display. The first start listens at a socket that only the user can reach; a
-// second one hands over the file it was given and goes. What a crashed program leaves behind is taken over: a
-// lock that goes with the process decides who is first, not a file that stays.
+// One running program for each user and display. The first start listens at a socket that only the user can
+// reach; a second start hands over its file and ends. A lock that ends with the process decides which is
+// first, so what a crashed program leaves behind does not matter.
 class SingleInstance {
 public:
-    // A second start happened; with the full path of a file if it was given one. Whoever goes on with it later keeps the
-    // ticket until then.
+    // Called at a second start, with the full path of a file if it was given one. Keep the ticket for as long
+    // as the request is being handled.
     using Reopen = std::function<void(const std::optional<QString>& file, const Admission::Ticket& ticket)>;
 
-    // What the first says to a second.
+    // What the first start answers to a second one.
     enum class Answer { Heard, Busy, None };
 
-    // Connections that are open at a time; others wait until one of them ends.
+    // Connections that may be open at the same time; others wait.
     static constexpr std::size_t kMostGuests = 8;
 
     explicit SingleInstance(const InstanceAddress& address);
@@ -32,12 +32,13 @@ public:
     SingleInstance& operator=(const SingleInstance&) = delete;
     ~SingleInstance();
 
-    // Whether this is the first. Also true when that cannot be found out: two programs are better than none.
+    // Whether this is the first start. Also true if that cannot be found out: two programs are better than
+    // none.
     bool isFirst();
-    // Nobody is waited for: who has not said everything soon after coming is sent away. `admission` outlives this.
-    // REQUIRES: this is the first.
+    // Waits for nobody: a guest that has not said everything soon is sent away. `admission` outlives this
+    // object. REQUIRES: isFirst() is true.
     void listen(const Admission& admission, Reopen reopen);
-    // Tells the first, with the full path of a file or none. Waits for its answer, for some seconds at the most.
+    // Sends the first start the full path of a file, or none. Waits a few seconds at most for its answer.
     Answer handOver(const std::optional<QString>& file) const;
 
 private:
@@ -65,7 +66,7 @@ private:
 
     void accept();
     void hear(Guest& guest);
-    // The guest is no more.
+    // Ends the connection of a guest.
     void dismiss(Guest& guest);
 
     QByteArray m_address;

@@ -5,7 +5,7 @@
 
 namespace {
 
-// The sizes that panels have; over a bus they get only what was drawn beforehand.
+// The usual sizes in panels. A tray on the bus gets only pictures that were drawn in advance.
 constexpr int kSizes[] = {16, 22, 24, 32, 44, 48, 64};
 
 void addPixmaps(QIcon& icon, const QString& name, QIcon::Mode mode) {
@@ -35,6 +35,6 @@ void StatusItem::setImages(const QString& image, const QString& alternateImage) 
     addPixmaps(icon, image, QIcon::Normal);
     addPixmaps(icon, alternateImage, QIcon::Selected);
     m_icon.setIcon(icon);
-    // Without a picture there would have been nothing to show.
+    // Shown only now: before it had no picture.
     m_icon.show();
 }

@@ -7,19 +7,19 @@
 
 #include <functional>
 
-// The icon in the tray. Its menu opens on the secondary button.
+// The icon in the tray. The secondary button opens its menu.
 class StatusItem {
 public:
-    // `menu` outlives it. `clicked` is called at a click with the main button.
+    // `menu` outlives the icon. `clicked` is called when the main button is clicked.
     StatusItem(QMenu& menu, std::function<void()> clicked);
     StatusItem(const StatusItem&) = delete;
     StatusItem& operator=(const StatusItem&) = delete;
 
-    // By name; the alternate one is shown while the icon is pressed, where the desktop does so.
+    // Names of pictures. The alternate one is shown while the icon is pressed, on desktops that do so.
     void setImages(const QString& image, const QString& alternateImage);
     const QString& image() const { return m_image; }
     const QString& alternateImage() const { return m_alternateImage; }
-    // Trays draw it as they like, some of them as markup.
+    // Without tags, because some trays draw it as markup.
     void setTip(const QString& text) { m_icon.setToolTip(PlainText::withoutTags(text)); }
     QString tip() const { return m_icon.toolTip(); }
 

@@ -30,7 +30,7 @@ StatusMenu::StatusMenu(Program program, RunLoop& runLoop)
     QObject::connect(
         &m_startPauseMenuItem, &QAction::triggered, &m_mainMenu, [this] { m_program.toggleStartStop(); },
         Qt::QueuedConnection);
-    // The main window says why.
+    // The main window shows the reason.
     QObject::connect(
         &m_obstacleItem, &QAction::triggered, &m_mainMenu, [this] { m_program.showTimeWindow(); },
         Qt::QueuedConnection);
@@ -51,7 +51,7 @@ void StatusMenu::follow(QMenu& menu) {
 void StatusMenu::setForm(MenuForm form) {
     if (std::exchange(m_form, form) == form)
         return;
-    // What was named for the other one is made anew.
+    // Their texts were made for the other form, so they are made anew.
     m_shownProjects.clear();
     empty(m_applicationTimesMenu);
     empty(m_mainMenu);
@@ -74,13 +74,14 @@ void StatusMenu::menuNeedsUpdate(QMenu& menu) {
         const auto node = m_program.nodeOfProject(*project->second);
         fill(menu, sorted(node->children().value_or(TimeStoreItem::Children())));
     } else if (const auto* timer = dynamic_cast<const TimerMenuItem*>(menu.menuAction())) {
-        // Not before: there may be thousands of windows, and a desktop that is handed the menu is told of each.
+        // Only now: there may be thousands of windows, and a desktop that draws the menu is told of each.
         fill(menu, sorted(timer->item()->children().value_or(TimeStoreItem::Children())));
     }
 }
 
 void StatusMenu::menuWillOpen(QMenu& menu) {
-    // A menu of ours opens after the status menu and tells when it closes. Others do not keep to that.
+    // A menu that Ticklog draws opens after the status menu and reports its closing. Desktops do neither
+    // reliably.
     if (&menu == &m_mainMenu || (m_form == MenuForm::Exported && !m_displayingAppMenu)) {
         m_displayingAppMenu = true;
         m_menuItemUpdateSet.clear();
@@ -116,7 +117,7 @@ bool StatusMenu::isUpToDate() const {
 }
 
 void StatusMenu::updateMainMenu() {
-    // A desktop that is handed the menu is told of every entry that goes or comes.
+    // A desktop that draws the menu is told of every entry that is added or removed.
     if (isUpToDate())
         return;
     empty(m_mainMenu);
@@ -136,13 +137,13 @@ void StatusMenu::updateMainMenu() {
 
 QAction* StatusMenu::addCommand(const QString& title, const std::function<void()>& command) {
     auto* item = new QAction(title, &m_mainMenu);
-    // Not within the call of a desktop that waits for its answer: what is chosen may ask a question.
+    // Queued: the desktop waits for this call to return, and the command may ask a question.
     QObject::connect(item, &QAction::triggered, &m_mainMenu, command, Qt::QueuedConnection);
     m_mainMenu.addAction(item);
     return item;
 }
 
-// The main window says it too.
+// The main window shows the same.
 void StatusMenu::addTrouble() {
     m_shownTrouble = m_trouble;
     for (const QString& line : m_trouble.split(u'\n', Qt::SkipEmptyParts))
@@ -170,8 +171,8 @@ void StatusMenu::fillApplicationTimesMenu() {
     showTitle(kAllObjects);
 }
 
-// Answers whether the menu was made anew: one that shows these already is left as it is. Names and times are shown by the
-// entries themselves.
+// Answers whether the menu was rebuilt. A menu that already has these timers is kept: its entries update
+// their names and times themselves.
 bool StatusMenu::fill(QMenu& menu, const TimeStoreItem::Children& items) {
     std::vector<const TimerMenuItem*> shown;
     for (const QAction* action : menu.actions())
@@ -230,7 +231,7 @@ void StatusMenu::empty(QMenu& menu) {
         if (auto* submenu = action->menu()) {
             empty(*submenu);
             m_projectMenus.erase(submenu);
-            // The action of a project's menu goes with the menu.
+            // The action of a project's submenu is deleted with the submenu.
             if (action == submenu->menuAction() && !dynamic_cast<TimerMenuItem*>(action))
                 action = nullptr;
             delete submenu;

@@ -16,22 +16,23 @@
 class TimeStoreCategory;
 class TwoLineMenuStyle;
 
-// The menu of the tray icon: the timer, all times and those of the projects, and the program's commands. Brought up to
-// date when it is opened; while it is open, the times that are shown in it move. Closed it costs nothing.
+// The menu of the tray icon: the timer, all times, the times of projects, and the program's commands. Updated
+// when it opens; while it is open, its times move. While it is closed it costs nothing.
 class StatusMenu {
 public:
-    // Some desktops never say that they closed a menu. Nobody looks at one for longer.
+    // After this time a menu counts as closed: some desktops never report that, and nobody looks at a menu
+    // for longer.
     static constexpr std::chrono::seconds kLongestOpening{120};
 
     using UpdateSet = std::unordered_set<TimerMenuItem*>;
 
-    // The times that it shows, and what can be chosen in it.
+    // What the menu shows and calls.
     struct Program {
         ProjectList& projects;
-        // All timers, as they are narrowed in the main window.
+        // All timers, as the search and the cut-off of the main window leave them.
         std::function<TimeStoreItem::Children()> applicationObjects;
         std::function<std::shared_ptr<TimeStoreCategory>(const ProjectRecord&)> nodeOfProject;
-        // What the main window sums up, of that kind.
+        // The sum that the main window shows, of that kind.
         std::function<QString(int kind)> totalTime;
         std::function<void()> toggleStartStop;
         std::function<void()> showTimeWindow;
@@ -40,7 +41,7 @@ public:
         std::function<void()> terminate;
     };
 
-    // All that is handed to it outlives it.
+    // All arguments outlive the menu.
     StatusMenu(Program program, RunLoop& runLoop);
     StatusMenu(const StatusMenu&) = delete;
     StatusMenu& operator=(const StatusMenu&) = delete;
@@ -49,22 +50,23 @@ public:
     QMenu& mainMenu() { return m_mainMenu; }
     QMenu& applicationTimesMenu() { return m_applicationTimesMenu; }
 
-    // Has the line below all timers say what the main window sums up now.
+    // Shows the main window's sum in the line below all timers.
     void makeTitle() { showTitle(kAsShown); }
-    // As the desktop that is to show it wants it; for the next opening.
+    // How the desktop shows the menu. Takes effect when the menu next opens.
     void setForm(MenuForm form);
     void showRunning(bool isRunning);
-    // Whether the menu begins with a command that shows why windows are not counted; for the next opening.
+    // Whether the menu begins with a command that shows why windows are not counted. Takes effect when the
+    // menu next opens.
     void showObstacle(bool isThere) { m_hasObstacle = isThere; }
-    // What troubles the account, a line each, with which the menu begins; for the next opening.
+    // What troubles the account, one line each, shown at the top. Takes effect when the menu next opens.
     void showTrouble(const QString& text) { m_trouble = text; }
-    // Rebuilds the menu if it is not up to date.
+    // Rebuilds the menu if it is out of date.
     void updateMainMenu();
-    // At every tick: shows the times that are others, while the menu is open.
+    // Called at every tick: updates the times that have changed while the menu is open.
     void updateMenus();
 
     bool displayingAppMenu() const { return m_displayingAppMenu; }
-    // The entries of all menus that were opened since the status menu was.
+    // The entries of all submenus that were opened since the status menu was opened.
     const UpdateSet& menuItemUpdateSet() const { return m_menuItemUpdateSet; }
 
 private:
@@ -89,7 +91,7 @@ private:
     void empty(QMenu& menu);
     void showTitle(int kind);
 
-    // What is shown of a project.
+    // What the menu shows for a project.
     struct ProjectEntry {
         ProjectList::Project project;
         QString label;
@@ -97,7 +99,7 @@ private:
 
     const Program m_program;
     RunLoop& m_runLoop;
-    // By name.
+    // Sorted by name.
     TimeTreeOrder m_order;
     MenuForm m_form = MenuForm::Drawn;
     std::unique_ptr<TwoLineMenuStyle> m_style;

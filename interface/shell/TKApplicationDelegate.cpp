@@ -62,7 +62,7 @@ void TKApplicationDelegate::applicationDidFinishLaunching() {
     m_saveTimer = m_platform.runLoop.scheduleRepeating(kSaveInterval, kSaveTolerance,
                                                        [this] { m_controller.saveSettingsToDisk(); });
     updateMenuIconState();
-    // Without a window the timer goes on.
+    // The timer goes on without a window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_receiver,
                      [this](Qt::ApplicationState state) {
@@ -70,7 +70,7 @@ void TKApplicationDelegate::applicationDidFinishLaunching() {
                              m_controller.applicationWillTerminate();
                      });
     m_presence.setFinishedLaunching();
-    // The window is there first.
+    // Soon, so that the window is shown first.
     m_platform.runLoop.performSoon([receiver = QPointer(&m_receiver), this] {
         if (!receiver)
             return;
@@ -102,7 +102,7 @@ bool TKApplicationDelegate::applicationShouldTerminate() {
 void TKApplicationDelegate::terminate() {
     if (!applicationShouldTerminate())
         return;
-    // Names may have changed since the timer was stopped.
+    // Even if the timer is stopped, names may have changed since.
     m_controller.applicationWillTerminate();
     m_platform.defaults.synchronize();
     QCoreApplication::exit(0);
@@ -128,7 +128,8 @@ void TKApplicationDelegate::toggleStartStop() {
 }
 
 void TKApplicationDelegate::showAboutBox() {
-    // Who asks from the tray looks at another program.
+    // A window that is shown comes to the front, because a user who asks from the tray may see only other
+    // programs.
     if (m_controller.window().isVisible())
         m_controller.setWindowStateShown(true);
     const QStringList backEnds{m_platform.frontApplication.describe(),

@@ -9,11 +9,11 @@
 class Alerts;
 class TKController;
 
-// The program's life on the desktop: what happens when it has started, is asked to quit, loses the focus,
-// when the session changes and when the power goes. Belongs to the controller, which it calls.
+// Reacts to the program's life on the desktop: start, requests to quit, loss of focus, changes of the
+// session, power off. Belongs to the controller and calls it.
 class TKApplicationDelegate {
 public:
-    // How often the timers are written at least.
+    // The timers are written at least this often.
     static constexpr std::chrono::seconds kSaveInterval{900};
 
     TKApplicationDelegate(TKController& controller, Platform& platform, Alerts& alerts);
@@ -21,15 +21,15 @@ public:
     TKApplicationDelegate& operator=(const TKApplicationDelegate&) = delete;
     ~TKApplicationDelegate();
 
-    // Last in the order of launch: from now on session, power and focus are heard of, and the timers are
-    // saved.
+    // Called last in the launch: from now on it hears of session, power and focus, and saves the timers
+    // regularly.
     void applicationDidFinishLaunching();
 
-    // Whether the program may quit; asks while the timer runs.
+    // Whether the program may quit; asks the user while the timer runs.
     bool applicationShouldTerminate();
     // Quits if it may.
     void terminate();
-    // The program was started a second time. False in every case: nothing else is to be done.
+    // The program was started a second time. Always false: the caller has nothing else to do.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
     void activateIgnoringOtherApps(bool isWanted);
     void showTimeWindow();
@@ -38,19 +38,19 @@ public:
 
     // The user's session went to the background, or came to the front.
     void switchHandler(bool didResignActive);
-    // The machine goes down or the session ends: nobody is asked.
+    // The machine powers off or the session ends: asks the user nothing.
     void willPowerOffHandler();
 
-    // Where the program is found, and the menu of its tray icon.
+    // Where the program appears on the desktop, and the menu of its tray icon.
     AppPresence& presence() { return m_presence; }
     StatusMenu& statusMenu() { return m_statusMenu; }
 
-    // At every tick; and when the timer starts or stops.
+    // Called at every tick, and when the timer starts or stops.
     void updateMenus() { m_statusMenu.updateMenus(); }
 
     void updateMenuIconState() { m_presence.updateMenuIconState(); }
 
-    // How the program comes to be trusted, and starts itself anew.
+    // Gets the program trusted, and restarts it.
     AppAuthorization& authorization() { return m_authorization; }
 
 private:
@@ -61,6 +61,6 @@ private:
     StatusMenu m_statusMenu;
     AppPresence m_presence;
     std::unique_ptr<RunLoopTimer> m_saveTimer;
-    // What Qt's signals are received by.
+    // Receives Qt's signals.
     QObject m_receiver;
 };

@@ -8,13 +8,13 @@
 
 namespace {
 
-// Longer names would make a menu as wide as the screen, and hosts cut them where they like.
+// Characters. A longer name would make the menu as wide as the screen; desktops would cut it anywhere.
 constexpr qsizetype kLongestExportedName = 60;
 
 QString exportedName(QString name) {
     name = PlainText::cut(name, kLongestExportedName);
-    // Hosts take a single underscore for the mark of a key, and Qt makes one of the first ampersand and leaves the others:
-    // given one that stands for nothing, it leaves those of the name.
+    // Desktops take a single underscore for a shortcut mark, so it is doubled. Qt turns the first ampersand
+    // into such a mark and leaves the others: an extra one at the front keeps those of the name.
     name.replace(u'_', QLatin1String("__"));
     return name.contains(u'&') ? u'&' + name : name;
 }
@@ -28,7 +28,7 @@ QString menuName(MenuForm form, const QString& name) {
 }
 
 QString menuText(MenuForm form, const QString& name, const QString& time) {
-    // Desktops that draw a menu's text in one line make a blank of the break.
+    // Desktops that draw the text on one line turn the line break into a space.
     return menuName(form, name) +
            (form == MenuForm::Exported ? QStringLiteral("\u2003\n") : QStringLiteral("\n")) + time;
 }

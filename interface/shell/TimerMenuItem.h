@@ -5,34 +5,34 @@
 
 #include <QAction>
 
-// How a menu reaches the eye.
+// How a menu is shown.
 enum class MenuForm {
-    // Drawn by us, with two lines an entry.
+    // Ticklog draws it, with two lines for an entry.
     Drawn,
-    // Handed as text to the desktop, which draws it as it pleases.
+    // The desktop gets its texts and draws it in its own way.
     Exported,
 };
 
-// A name as the text of an entry: `&` and `_` in it are seen as they are.
+// A name as the text of an entry: `&` and `_` in it are shown as they are.
 QString menuName(MenuForm form, const QString& name);
 // The same with a time.
 QString menuText(MenuForm form, const QString& name, const QString& time);
 
-// An entry of a menu that shows a timer. Keeps the timer.
+// A menu entry that shows a timer. Keeps the timer alive.
 class TimerMenuItem : public QAction {
 public:
     TimerMenuItem(std::shared_ptr<TimeStoreItem> item, QObject* parent);
 
     const std::shared_ptr<TimeStoreItem>& item() const { return m_item; }
 
-    // Shows the timer's name and time. Nothing happens if it shows both already.
+    // Shows the timer's name and time, if they have changed.
     void resetDisplayName(MenuForm form);
 
-    // How many characters at the end of the name are the replaced one's.
+    // How many characters at the end of the text belong to the original name.
     qsizetype dimmedLength() const;
 
 private:
-    // What the text is made of.
+    // What the text was made of.
     struct Shown {
         double second;
         QString name;
@@ -42,6 +42,6 @@ private:
     };
 
     std::shared_ptr<TimeStoreItem> m_item;
-    // Absent before there is a text.
+    // Absent until there is a text.
     std::optional<Shown> m_shown;
 };

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int kLeftMargin = 14;
-// For the arrow of a submenu.
+// Room for the arrow of a submenu.
 constexpr int kRightMargin = 30;
 constexpr int kAir = 3;
 constexpr int kWidestName = 420;
@@ -26,7 +26,7 @@ const QStyleOptionMenuItem* twoLines(const QStyleOption* option) {
     return item && item->text.contains(u'\n') ? item : nullptr;
 }
 
-// The text of a menu has its ampersands doubled.
+// In the text of a menu, ampersands are doubled.
 QString line(const QStyleOptionMenuItem& item, int number) {
     return item.text.section(u'\n', number, number).replace(QLatin1String("&&"), QLatin1String("&"));
 }

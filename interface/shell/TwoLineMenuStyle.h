@@ -3,11 +3,11 @@
 
 #include <QProxyStyle>
 
-// Draws the entries of a menu whose text has two lines: of a timer the name in bold, with the name that it replaces
-// dimmed, and the time smaller beneath it; of anything else both lines alike. Other entries are drawn as ever.
+// Draws menu entries that have two lines. For a timer: the name in bold, its original name dimmed, and below
+// it the time in small letters. Other texts have both lines alike. Entries with one line are drawn as usual.
 class TwoLineMenuStyle : public QProxyStyle {
 public:
-    // In the application's style.
+    // Based on the application's style.
     TwoLineMenuStyle();
 
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

@@ -15,7 +15,7 @@ ProjectListModel::~ProjectListModel() = default;
 
 void ProjectListModel::changed(const ProjectListChange& change) {
     const bool isBefore = change.phase == ChangePhase::Will;
-    // The main item comes first.
+    // Row 0 is the main item.
     const int row = change.position ? int(*change.position) + 1 : 0;
     switch (change.kind) {
     case Kind::Insert:
@@ -101,7 +101,7 @@ bool ProjectListModel::canDropMimeData(const QMimeData* data, Qt::DropAction act
                                        const QModelIndex& parent) const {
     if (action != Qt::CopyAction && action != Qt::MoveAction)
         return false;
-    // The main item has all timers as it is.
+    // The main item contains all timers already, so nothing can be dropped on it.
     if (parent.isValid() && parent.row() == 0)
         return false;
     return data->hasFormat(kTimerPasteboardType) || data->hasFormat(kProjectPasteboardType);

@@ -6,16 +6,16 @@
 #include <QAbstractItemModel>
 #include <QMimeData>
 
-// The sidebar's rows: the main item, and below it the projects in their order. Translates what the list announces into
-// rows; what the user does to them is handed on. The list must outlive it.
+// The sidebar's rows: the main item and below it the projects in their order. Translates the list's
+// announcements to rows, and passes on what the user does. The list must outlive it.
 class ProjectListModel : public QAbstractItemModel {
     Q_OBJECT
 public:
-    // What the user asks for through the rows. All are called with rows that are there.
+    // What the user asks for through the rows. Always called with rows that exist.
     struct Handlers {
         std::function<void(const ProjectList::Project&, const QString& label)> rename;
         std::function<void(const std::vector<Identity>& items, const ProjectList::Project&)> dropOnProject;
-        // `childIndex` counts the main item; -1 below all rows.
+        // `childIndex` counts the main item; -1 means below all rows.
         std::function<void(const std::vector<Identity>& items, int childIndex)> dropBetween;
         std::function<void(int draggedRow, int position, DropOperation)> dropProject;
     };
@@ -41,8 +41,8 @@ public:
     Qt::DropActions supportedDragActions() const override { return Qt::CopyAction | Qt::MoveAction; }
     bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                          const QModelIndex& parent) const override;
-    // Before which row a dragged project comes to stand when it is dropped onto a row, or beside all; -1 when none would be
-    // moved. Absent for what is no project.
+    // Before which row the dragged project would stand if it were dropped onto this row, or beside all rows;
+    // -1 if nothing would be moved. Absent if no project is dragged.
     std::optional<int> dropLine(const QMimeData& data, Qt::DropAction action, const QModelIndex& onto) const;
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;

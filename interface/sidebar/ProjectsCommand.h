@@ -5,7 +5,7 @@
 
 #include <QUndoCommand>
 
-// A change of the projects that has been made, to be undone and redone as a whole.
+// A change of the projects, undone and redone as a whole.
 class ProjectsCommand : public QUndoCommand {
 public:
     ProjectsCommand(const QString& text, ProjectList& projects, ProjectList::Snapshot before)
@@ -19,7 +19,7 @@ public:
     void undo() override { m_projects.restore(m_before); }
 
     void redo() override {
-        // It has been made when it is entered.
+        // The first redo() comes when the command is pushed: the change has already been made.
         if (std::exchange(m_isMade, false))
             return;
         m_projects.restore(m_after);

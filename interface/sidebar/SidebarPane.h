@@ -6,7 +6,7 @@
 class QAction;
 class TKOutlineDisplayView;
 
-// The left side of the main window: the outline of projects, and below it the box with what can be done to them.
+// The left side of the main window: the outline of projects, and below it a box with its buttons.
 class SidebarPane : public QWidget {
     Q_OBJECT
 public:

@@ -16,7 +16,7 @@
 
 namespace {
 
-// What the colour labels show while no project is selected.
+// What the colour labels get while no project is selected.
 constexpr int kNoProject = -1;
 
 } // namespace
@@ -226,7 +226,7 @@ void TKProjectController::dropBetween(const std::vector<Identity>& items, int ch
     ProjectList::Project project;
     change(localized("New Project"),
            [&] { project = ProjectDrops(m_projects).acceptItems(items, std::ptrdiff_t(childIndex)); });
-    // Once the drop is over: the view is still busy with it.
+    // Later: the view is still handling the drop.
     QMetaObject::invokeMethod(
         &m_receiver, [this, project] { beginEditing(project); }, Qt::QueuedConnection);
 }
@@ -248,7 +248,7 @@ void TKProjectController::followReplacement(const ProjectListChange& change) {
         m_selectedRowBefore = selectedRow();
         return;
     }
-    // The model, which was registered first, has its new rows by now.
+    // The model was registered first, so it has its new rows already.
     const QModelIndex again = m_model.indexOf(*m_selectedBefore);
     selectRow(again.isValid() ? again.row() : std::clamp(m_selectedRowBefore, 0, m_model.rowCount() - 1));
     refreshProject();

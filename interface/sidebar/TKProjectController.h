@@ -11,27 +11,27 @@ class Alerts;
 class QMenu;
 class TKOutlineDisplayView;
 
-// The sidebar of projects: shows the list, has the main window show what is selected in it, and turns what the user
-// does there into changes of the list, each of which can be undone. The list and its file are ProjectList's.
+// The sidebar of projects: shows the list, has the main window show the selected project, and turns what the
+// user does into changes of the list, which can all be undone. ProjectList owns the list and its file.
 class TKProjectController {
 public:
-    // What the main window does for projects.
+    // What it calls in the main window.
     struct MainController {
-        // Shows a project with the rows of `record` expanded, or all timers without a `category`.
+        // Shows a project, or all timers without a `category`, and expands the rows that `record` names.
         std::function<void(const std::shared_ptr<TimeStoreCategory>& category,
                            const ProjectList::Project& record)>
             showWithCategory;
-        // Freezes those of the timers that are not yet frozen.
+        // Freezes these timers, except those already frozen.
         std::function<void(const std::vector<Identity>& timers)> branchUUIDs;
-        // Whether expanding and collapsing is a search's doing.
+        // Whether a search is expanding and collapsing rows.
         std::function<bool()> blockExpansionSaveWhileSearching;
-        // The project's tag for the colour labels; -1 when all timers are shown.
+        // The project's tag for the colour labels; -1 while all timers are shown.
         std::function<void(int tag)> setSelectedTag;
-        // What a copied or dragged row carries.
+        // The data of a copied or dragged row.
         std::function<std::unique_ptr<QMimeData>(int row)> writeProject;
     };
 
-    // Shows all timers at once. Everything outlives the controller.
+    // Shows all timers at once. All arguments outlive the controller.
     TKProjectController(ProjectList& projects, ProjectNodes& nodes, NotificationCenter& notifications,
                         TKOutlineDisplayView& projectOutline, Alerts& alerts, QUndoStack& undoStack,
                         MainController mainController);
@@ -39,35 +39,35 @@ public:
     TKProjectController& operator=(const TKProjectController&) = delete;
     ~TKProjectController();
 
-    // The selected project; the main item when none is.
+    // The selected project; the main item if none is selected.
     ProjectList::Project currentProject() const;
     bool isMainItemSelected() const;
 
     void addProject();
-    // The sidebar's own command for the name.
+    // Starts editing the name of the selected row.
     void renameProject();
-    // Without a question.
+    // Without asking the user.
     void removeProject();
-    // The same after a question.
+    // The same after asking the user.
     void tableViewDidRecieveDeleteKey();
     void moveProject(int by);
     bool canMoveProject(int by) const;
     // Freezes every member of the current project.
     void branchProject();
-    // Takes timers out of the project shown; nothing happens while all timers are.
+    // Removes timers from the project that is shown; does nothing while all timers are shown.
     void removeFromSelectedProject(const std::unordered_set<Identity>& timers);
     void setSelectedColorTag(int tag);
-    // Puts the colours at the end of a menu, with the current project's marked.
+    // Appends the colours to a menu, with the current project's marked.
     void addColorLabels(QMenu& menu);
-    // The user or a search opened or closed a timer's row.
+    // The row of a timer was expanded or collapsed, by the user or by a search.
     void expandUUID(const Identity& timer);
     void collapseUUID(const Identity& timer);
 
-    // Shows anew what is selected.
+    // Shows the selected project anew.
     void refreshProject();
     void refreshProjectForSelectedRow(int row);
 
-    // What a row of the sidebar shows beside its name.
+    // What a row of the sidebar shows besides its name.
     TKTableLabelCell cell(const QModelIndex& index) const;
 
     ProjectListModel& model() { return m_model; }
@@ -81,7 +81,7 @@ private:
     void beginEditing(const ProjectList::Project& project);
     void dropBetween(const std::vector<Identity>& items, int childIndex);
     void dropProject(int draggedRow, int position, DropOperation operation);
-    // Does it, so that it can be undone under that name.
+    // Makes a change that can be undone; `text` names it in the menu.
     template<class Change>
     void change(const QString& text, Change&& change);
     void followReplacement(const ProjectListChange& change);
@@ -93,7 +93,7 @@ private:
     QUndoStack& m_undoStack;
     MainController m_mainController;
     ProjectListModel m_model;
-    // What was selected when the whole list was replaced.
+    // The selection before the whole list was replaced.
     ProjectList::Project m_selectedBefore;
     int m_selectedRowBefore = 0;
     Subscription m_changes;
