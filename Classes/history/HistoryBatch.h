@@ -116,6 +116,6 @@ struct HistoryBatch {
     std::map<OwedTime, std::int64_t> owed;
     // Rows with lower serial numbers will not change any more.
     std::uint64_t settledBefore = 0;
-    // What is tried again goes by the same number as before, and is as it was; 0 for what is tried once.
+    // A batch that is tried again keeps its number and its content. 0 for one that is tried once.
     std::int64_t number = 0;
 };

@@ -62,7 +62,8 @@ void bringUp(SqliteDatabase& database) {
         database.execute("PRAGMA page_size = 4096");
     for (; number < kSteps.size(); ++number) {
         SqliteTransaction transaction(database);
-        // With the first tables or not at all: a file of nobody's is new, one that is ours has tables.
+        // In the same transaction as the first tables: a file without the number counts as new, and one with
+        // it must have tables.
         if (number == 0)
             database.execute("PRAGMA application_id = 0x746b6c68");
         database.execute(kSteps[number]);

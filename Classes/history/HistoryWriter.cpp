@@ -85,7 +85,7 @@ HistoryWriter::~HistoryWriter() {
 }
 
 HistoryBatch& HistoryWriter::next() {
-    // What has been tried once may have been written.
+    // A batch that was tried may be in the file already, so it must not change.
     if (m_waiting.empty() || m_waiting.back()->number != 0)
         m_waiting.push_back(std::make_shared<HistoryBatch>());
     return *m_waiting.back();

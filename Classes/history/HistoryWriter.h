@@ -65,7 +65,7 @@ private:
     bool m_isToBeRemoved = false;
     // While this is set, the first waiting batch is being written.
     std::shared_ptr<Flight> m_flight;
-    // Begins anywhere, so that no two programs mean the same by it.
+    // Begins at a random number, so that two programs never use the same.
     std::int64_t m_lastNumber;
     std::shared_ptr<Shared> m_shared;
 };

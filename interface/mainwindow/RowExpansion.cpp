@@ -33,7 +33,7 @@ void RowExpansion::restore(const TimeTreeModel& tree) {
         isShown[found->second] = true;
         return true;
     };
-    // The same rows as before may have been folded or unfolded in what was shown before.
+    // The same rows may have been expanded or collapsed while something else was shown.
     const bool isAnother = std::exchange(m_opened, record) != record;
     if (isAnother || !expanded.empty())
         m_table.expandRows(isWanted, isAnother ? TKOutlineDisplayView::OtherRows::Fold
@@ -42,9 +42,10 @@ void RowExpansion::restore(const TimeTreeModel& tree) {
 }
 
 void RowExpansion::searchText(const QString& text) {
-    // While this still counts as the search's doing, so that what was open before it is not forgotten.
+    // While this still counts as part of the search, so that the rows that were open before are not
+    // forgotten.
     if (text.isEmpty() && m_isSearching)
         m_table.collapseAllRows();
-    // From before the rows become fewer: those that were open and are not found are opened again afterwards.
+    // Before there are fewer rows: rows that were open and are not found are opened again after the search.
     m_isSearching = !text.isEmpty();
 }

@@ -6,29 +6,29 @@
 class TKOutlineDisplayView;
 class TimeTreeModel;
 
-// Which rows of the outline are open: those that the shown project's record names, or while somebody searches all that are
-// found. Rows that nobody sees are not kept up, so what is wanted meanwhile is done when they are.
+// Which rows of the outline are expanded: those that the shown project's record names or, during a search,
+// all that are found. While the window cannot be seen, nothing is expanded; restore() makes up for it later.
 class RowExpansion {
 public:
     // Both outlive it.
     RowExpansion(TKOutlineDisplayView& table, ProjectList& projects);
 
-    // The rows of this record are to be open, from the next restore() on.
+    // From the next restore() on, the rows of this record are to be expanded.
     void want(const ProjectList::Project& record) { m_wanted = record; }
-    // Opens what is wanted, if it is not yet. Entries of the record that no row has are dropped from it.
+    // Expands those rows, if that was not done yet. Entries without a row are removed from the record.
     void restore(const TimeTreeModel& tree);
 
-    // The search field says something else; before fewer or more rows are shown by it.
+    // Call it when the text in the search field has changed, before the rows change.
     void searchText(const QString& text);
-    // What is opened now is the search's doing, and not to be remembered.
+    // While this is true, rows are expanded by the search, which must not be remembered.
     bool isSearching() const { return m_isSearching; }
 
 private:
     TKOutlineDisplayView& m_table;
     ProjectList& m_projects;
-    // Whose rows were opened last.
+    // The record whose rows were expanded last.
     ProjectList::Project m_opened;
-    // Null when its rows are open.
+    // The record whose rows are still to be expanded; null when that is done.
     ProjectList::Project m_wanted;
     bool m_isSearching = false;
 };
