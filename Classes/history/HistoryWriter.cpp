@@ -92,7 +92,8 @@ HistoryBatch& HistoryWriter::next() {
 }
 
 void HistoryWriter::change(HistoryChange::Any what) {
-    // What came before the store must be written before it.
+    // A batch applies its changes before its rows, so what came before this change goes into a batch of its
+    // own.
     if (!next().rows.empty() || !next().owed.empty())
         m_waiting.push_back(std::make_shared<HistoryBatch>());
     m_waiting.back()->changes.push_back(std::move(what));
