@@ -45,7 +45,7 @@ void BM_Tick(benchmark::State& state) {
     TimerControl control(engine.tracker(), engine.services(), display, [] {});
     fakes.windowList.windows = {{.number = 7,
                                  .ownerProcessIdentifier = 100,
-                                 .layer = 0,
+                                 .isOrdinary = true,
                                  .name = QStringLiteral("Document"),
                                  .ownerName = QStringLiteral("Program 0")}};
     fakes.frontApplication.switchTo(ApplicationRecord{QStringLiteral("Program 0"), {}, 100});

@@ -297,7 +297,7 @@ void readAsLogind(Talk& talk) {
     LogindIdleTime idleTime(session, talk.clock);
     for (int step = 0; step < 8; ++step) {
         (void)talk.ask("Ping");
-        if (idleTime.read().idleNanoseconds.toInteger() < 0)
+        if (idleTime.read().idle < std::chrono::nanoseconds::zero())
             std::abort();
     }
 }

@@ -46,7 +46,7 @@ public:
     // ends the calls. False when the desktop cannot tell of changes.
     virtual bool installSwitchHandler(std::function<void()> handler) = 0;
     // A name for the program at `path` from what is installed there, for a record without a name. May be empty.
-    virtual QString bundleName(const QString& path) const = 0;
+    virtual QString nameOfProgram(const QString& path) const = 0;
     // The technology and why it was chosen, for the log and the About box.
     virtual QString describe() const = 0;
     // Why it cannot be told which application is in front, or only of some, in a sentence or two to the user in their

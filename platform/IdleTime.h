@@ -1,25 +1,33 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/propertylists/PropertyListValue.h"
-
 #include <QString>
+
+#include <chrono>
+#include <optional>
 
 // One reading of the time since the user's last input.
 struct IdleReading {
-    enum class State {
-        // There is no display at all.
-        NoSystem,
-        // There is a display that has no input of its own.
-        NoDevice,
+    // Why there is none.
+    enum class Lack {
+        // The display does not count it.
+        NotCounted,
         // The display did not answer, or not yet.
-        NoProperties,
-        Read,
+        NoAnswer,
+        // There is a display that has no input of its own.
+        NoInput,
+        // There is no display at all.
+        NoDisplay,
     };
-    State state = State::NoProperties;
-    // Nanoseconds since the last input: an integer (signed), or data whose first 8 bytes are an unsigned integer in
-    // the machine's byte order. Absent when the display does not count.
-    PropertyListValue idleNanoseconds;
+
+    IdleReading(std::chrono::nanoseconds time)
+        : idle(time) {}
+    IdleReading(Lack why)
+        : lack(why) {}
+
+    std::optional<std::chrono::nanoseconds> idle;
+    // Where the time is absent.
+    Lack lack = Lack::NotCounted;
 };
 
 // Asks the desktop how long the user has not touched anything. One round trip at most. Main thread only.

@@ -8,10 +8,11 @@
 #include <vector>
 
 // Something that the user's session knows to start.
-struct LoginJob {
-    QString label;
+struct LoginEntry {
+    // Of an autostart entry: its file's name without the ending.
+    QString identifier;
     // Whether the session does start it, at the next login.
-    bool isOnDemand;
+    bool isStarted;
 };
 
 // What the user's session starts at login. Reads the disk when asked: not for the tick.
@@ -19,8 +20,8 @@ class LoginItems {
 public:
     virtual ~LoginItems() = default;
 
-    // All that the session knows, each label once.
-    virtual std::vector<LoginJob> copyAllJobDictionaries() const = 0;
+    // All that the session knows, each once.
+    virtual std::vector<LoginEntry> items() const = 0;
     // Whether the helper of that identifier is started at login. Nothing has changed after a failure.
     virtual Outcome setEnabled(const QString& identifier, bool isEnabled) = 0;
 };

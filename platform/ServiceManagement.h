@@ -8,14 +8,15 @@
 #include <optional>
 
 // The right to change which privileged services the machine runs, for as long as it lives.
-class ServiceAuthorization {
+class ServiceRight {
 public:
-    virtual ~ServiceAuthorization() = default;
+    virtual ~ServiceRight() = default;
 };
 
 // A privileged service as the machine knows it.
-struct ServiceJob {
-    QString label;
+struct Service {
+    // What it is called on the system bus.
+    QString name;
     QString program;
 };
 
@@ -37,17 +38,17 @@ public:
     virtual ~ServiceManagement() = default;
 
     // Null when the right cannot be had here at all.
-    virtual std::unique_ptr<ServiceAuthorization> createAuthorization() = 0;
+    virtual std::unique_ptr<ServiceRight> requestRight() = 0;
     // Takes the service out of what the machine runs, if it is there.
-    virtual void removeJob(const QString& label, const ServiceAuthorization& authorization) = 0;
+    virtual void removeService(const QString& name, const ServiceRight& right) = 0;
     // Sees to it that the service is installed, which may mean asking a person; `done` tells whether it is, at once or
-    // later. The authorization lives until then.
-    virtual void bless(const QString& label, const ServiceAuthorization& authorization,
-                       std::function<void(bool isInstalled)> done) = 0;
+    // later. The right lives until then.
+    virtual void installService(const QString& name, const ServiceRight& right,
+                                std::function<void(bool isInstalled)> done) = 0;
     // Absent when the machine does not know the service.
-    virtual std::optional<ServiceJob> copyJobDictionary(const QString& label) = 0;
+    virtual std::optional<Service> findService(const QString& name) = 0;
     // Starts it, as far as it does not run.
-    virtual void submitJob(const ServiceJob& job, const ServiceAuthorization& authorization) = 0;
+    virtual void startService(const Service& service, const ServiceRight& right) = 0;
     // Connects to the helper that serves `name`; null when there is nothing to connect through. `failed` is called when a
     // message could not be delivered or was not answered: Refused when a person or the machine said no.
     virtual std::unique_ptr<TKAuthXPC> connectToHelper(const QString& name,

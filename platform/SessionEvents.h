@@ -10,11 +10,11 @@ class SessionEvents {
 public:
     struct Handlers {
         // Another session has come to the front.
-        std::function<void()> didResignActive;
+        std::function<void()> wentToBackground;
         // This session is in front again.
-        std::function<void()> didBecomeActive;
+        std::function<void()> cameToFront;
         // The machine goes down or the session ends. When it returns, the process may be gone at any moment.
-        std::function<void()> willPowerOff;
+        std::function<void()> aboutToEnd;
     };
 
     virtual ~SessionEvents() = default;

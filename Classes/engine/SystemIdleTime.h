@@ -33,12 +33,11 @@ public:
     void noteWakeUp() { m_wokenUpAt = m_clock.monotonic(); }
 
 private:
-    std::uint64_t readNanoseconds();
-    std::uint64_t nanosecondsOf(const PropertyListValue& idleTime);
-    void fail(const QString& message);
+    std::chrono::nanoseconds read();
+    void tellLack(IdleReading::Lack lack);
 
     struct Reading {
-        std::uint64_t nanoseconds;
+        std::chrono::nanoseconds idle;
         std::chrono::nanoseconds at;
     };
 

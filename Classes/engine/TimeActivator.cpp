@@ -41,8 +41,8 @@ TimeActivator::buildAppNameForDictionary(const std::optional<ApplicationRecord>&
         return std::nullopt;
     if (!record->name.isEmpty())
         return record->name;
-    const QString bundleName = m_services.frontApplication.bundleName(record->path);
-    return bundleName.isEmpty() ? std::nullopt : std::optional(bundleName);
+    const QString name = m_services.frontApplication.nameOfProgram(record->path);
+    return name.isEmpty() ? std::nullopt : std::optional(name);
 }
 
 void TimeActivator::computeInfoWithAppDict(const std::optional<ApplicationRecord>&) {}

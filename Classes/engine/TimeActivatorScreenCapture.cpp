@@ -66,7 +66,7 @@ const WindowListEntry*
 TimeActivatorScreenCapture::frontWindowOf(std::optional<std::int64_t> processIdentifier) const {
     const std::span<const WindowListEntry> windows = services().windowList.onScreenWindows();
     const auto front = std::ranges::find_if(windows, [&](const WindowListEntry& entry) {
-        return entry.layer == 0 && entry.ownerProcessIdentifier == processIdentifier;
+        return entry.isOrdinary && entry.ownerProcessIdentifier == processIdentifier;
     });
     return front == windows.end() ? nullptr : &*front;
 }

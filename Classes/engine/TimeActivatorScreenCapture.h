@@ -5,6 +5,7 @@
 
 // Follows the front window through the window list, and drives the tick. It polls ten times a second for as
 // long as it exists; while a controller is attached, each poll ends with the controller's computeTime().
+// It takes no picture of the screen.
 class TimeActivatorScreenCapture : public TimeActivator {
 public:
     TimeActivatorScreenCapture(ActivityListener& tracker, ActivityServices& services);

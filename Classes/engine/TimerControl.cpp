@@ -31,7 +31,7 @@ TimerControl::TimerControl(TimeTracker& tracker, TrackerServices& services, Time
 TimerControl::~TimerControl() {
     destroyComputeTimer();
     if (m_power)
-        m_power->registerForSystemPower({});
+        m_power->observe({});
 }
 
 void TimerControl::toggleCounting() {
@@ -101,29 +101,12 @@ bool TimerControl::computeTimerIsValid() const {
 }
 
 void TimerControl::registerForSystemSleep(PowerEvents& power) {
-    if (m_rootPort != 0)
+    if (m_power)
         return;
-    m_rootPort = power.registerForSystemPower([this](PowerMessage message, std::int64_t notification) {
-        handlePowerMessage(message, notification);
-    });
-    if (m_rootPort == 0)
-        m_services.store.log.print(QStringLiteral("IORegisterForSystemPower failed"));
-    else
+    if (power.observe({[this] { stopTimerWithCondition(); }, [this] { conditionallyStartTimer(); }}))
         m_power = &power;
-}
-
-void TimerControl::handlePowerMessage(PowerMessage message, std::int64_t notification) {
-    switch (message) {
-    case PowerMessage::CanSystemSleep:
-    case PowerMessage::SystemWillSleep:
-        stopTimerWithCondition();
-        m_power->allowPowerChange(m_rootPort, notification);
-        break;
-    case PowerMessage::SystemWillNotSleep:
-    case PowerMessage::SystemHasPoweredOn:
-        conditionallyStartTimer();
-        break;
-    }
+    else
+        m_services.store.log.print(QStringLiteral("IORegisterForSystemPower failed"));
 }
 
 void TimerControl::stopTimerWithCondition() {

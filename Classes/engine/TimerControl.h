@@ -68,7 +68,6 @@ public:
 
 private:
     void halt();
-    void handlePowerMessage(PowerMessage message, std::int64_t notification);
 
     TimeTracker& m_tracker;
     TrackerServices& m_services;
@@ -76,9 +75,8 @@ private:
     Save m_save;
     // The timer ran when the machine went to sleep.
     bool m_wasRunning = false;
+    // Null until somebody tells of sleep.
     PowerEvents* m_power = nullptr;
-    // Zero until registered.
-    std::uint32_t m_rootPort = 0;
     std::unique_ptr<RunLoopTimer> m_heartbeat;
     std::unique_ptr<RunLoopTimer> m_firstHeartbeat;
 };

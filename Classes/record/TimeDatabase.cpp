@@ -83,7 +83,7 @@ TimeDatabase::TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, Us
     , m_mostTimers(mostTimers)
     , m_store(std::make_unique<StoreFile>(services.log, calls))
     , m_applicationSupportFolder(folders.applicationSupport)
-    , m_mainStoreURL(defaultMainStoreURL()) {
+    , m_mainStorePath(defaultMainStoreURL()) {
     // If this fails, writing into the folder will report it.
     static_cast<void>(PrivateFiles::makeFolder(m_applicationSupportFolder));
 }
@@ -95,9 +95,9 @@ QString TimeDatabase::defaultMainStoreURL() const {
 }
 
 void TimeDatabase::setMainStoreURL(const QString& location) {
-    if (location == m_mainStoreURL)
+    if (location == m_mainStorePath)
         return;
-    m_mainStoreURL = location;
+    m_mainStorePath = location;
     m_defaults.setObject(kMainStorePath, location);
     tellWhetherExposed(location);
 }
@@ -144,9 +144,9 @@ Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& loca
 
 Outcome TimeDatabase::writeMainStore(const std::function<void(PropertyListSink&)>& content) {
     if (!m_witness)
-        return m_store->write(m_mainStoreURL, content);
+        return m_store->write(m_mainStorePath, content);
     QByteArray written;
-    const Outcome outcome = m_store->write(m_mainStoreURL, content, [&](const QByteArray& digest) {
+    const Outcome outcome = m_store->write(m_mainStorePath, content, [&](const QByteArray& digest) {
         written = digest;
         m_witness->storeIsWhole(digest);
     });
@@ -156,13 +156,13 @@ Outcome TimeDatabase::writeMainStore(const std::function<void(PropertyListSink&)
 }
 
 QByteArray TimeDatabase::mainStoreContent() const {
-    return m_store->digest(m_mainStoreURL);
+    return m_store->digest(m_mainStorePath);
 }
 
 void TimeDatabase::mainStoreWritten(bool isWritten) {
     m_nextTry.reset();
     if (!isWritten) {
-        m_services.trouble.tell(Trouble::StoreUnwritten, AccountTrouble::unwritten(m_mainStoreURL));
+        m_services.trouble.tell(Trouble::StoreUnwritten, AccountTrouble::unwritten(m_mainStorePath));
         m_nextTry = m_services.runLoop.scheduleOnce(kBetweenTries,
                                                     [this] { static_cast<void>(saveSettingsToDiskAtURL()); });
         return;
@@ -184,7 +184,7 @@ std::optional<PropertyListDictionary> TimeDatabase::loadDictionaryFromURL(const 
 
 Result<PropertyListValue> TimeDatabase::load(const QString& location) {
     const auto incoming = incomingFrom(
-        location, location == m_mainStoreURL ? m_store->read(location) : PropertyList::readFile(location));
+        location, location == m_mainStorePath ? m_store->read(location) : PropertyList::readFile(location));
     if (!incoming)
         return incoming.failure();
     IncomingTimers& timers = **incoming;
@@ -215,18 +215,18 @@ Failure TimeDatabase::noted(const Failure& failure) {
 
 void TimeDatabase::loadMainStore() {
     const QString recorded = m_defaults.object(kMainStorePath).toString();
-    if (recorded.isEmpty() || recorded == m_mainStoreURL) {
-        loadOrSetAside(m_mainStoreURL);
+    if (recorded.isEmpty() || recorded == m_mainStorePath) {
+        loadOrSetAside(m_mainStorePath);
         return;
     }
     const bool isMeanwhile = m_defaults.object(kMeanwhileOf).toString() == recorded;
     if (!isMeanwhile && QFileInfo(recorded).isFile()) {
-        m_mainStoreURL = recorded;
-        loadOrSetAside(m_mainStoreURL);
+        m_mainStorePath = recorded;
+        loadOrSetAside(m_mainStorePath);
         return;
     }
     if (isMeanwhile)
-        loadOrSetAside(m_mainStoreURL);
+        loadOrSetAside(m_mainStorePath);
     beginMeanwhile(recorded);
 }
 
@@ -259,7 +259,7 @@ void TimeDatabase::beginMeanwhile(const QString& recorded) {
     if (m_defaults.object(kMeanwhileOf).toString() == recorded)
         return;
     // The account from before the main store was moved may still lie there; it does not belong to this one.
-    m_store->refuse(m_mainStoreURL);
+    m_store->refuse(m_mainStorePath);
     static_cast<void>(saveSettingsToDiskAtURL());
 }
 
@@ -276,7 +276,7 @@ void TimeDatabase::bringTogether() {
     const QString location = *m_awaited;
     {
         const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
-        m_mainStoreURL = location;
+        m_mainStorePath = location;
         stopWaiting();
     }
     const bool isLoaded = loadOrSetAside(location);
@@ -302,7 +302,7 @@ void TimeDatabase::bringTogether() {
 
 void TimeDatabase::endMeanwhile() {
     m_owesMeanwhile = false;
-    if (const QString meanwhile = defaultMainStoreURL(); m_mainStoreURL != meanwhile)
+    if (const QString meanwhile = defaultMainStoreURL(); m_mainStorePath != meanwhile)
         QFile::rename(meanwhile, WholeFile::freeName(besideStore(meanwhile, kAdded)));
     m_defaults.removeObject(kMeanwhileOf);
     m_defaults.removeObject(kMeanwhileNotYetIn);
@@ -333,10 +333,10 @@ bool TimeDatabase::replaceBy(IncomingTimers& timers) {
 
 Outcome TimeDatabase::chooseDatabaseLocation(const QString& location) {
     // Before the first save there is no file that could be copied.
-    if (!QFileInfo::exists(m_mainStoreURL))
+    if (!QFileInfo::exists(m_mainStorePath))
         if (Outcome saved = saveSettingsToDiskAtURL(); !saved)
             return saved;
-    const Outcome copied = copyFile(m_mainStoreURL, location);
+    const Outcome copied = copyFile(m_mainStorePath, location);
     if (!copied)
         return copied;
     const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
@@ -349,11 +349,11 @@ Outcome TimeDatabase::chooseDatabaseLocation(const QString& location) {
 void TimeDatabase::restoreDefaultDatabaseLocation() {
     const ChangeAnnouncement announcement(*this, kPathDirectoryKey);
     // If an older account still lies there, the next save sets it aside and does not overwrite it.
-    if (m_mainStoreURL != defaultMainStoreURL())
+    if (m_mainStorePath != defaultMainStoreURL())
         m_store->refuse(defaultMainStoreURL());
     setMainStoreURL(defaultMainStoreURL());
     // Also if the recorded store was missing at launch: what was counted meanwhile is the account now.
-    m_defaults.setObject(kMainStorePath, m_mainStoreURL);
+    m_defaults.setObject(kMainStorePath, m_mainStorePath);
     stopWaiting();
     m_defaults.removeObject(kMeanwhileOf);
 }
@@ -386,16 +386,16 @@ Outcome TimeDatabase::importDatabase(const QString& location, const Result<Incom
 
 Outcome TimeDatabase::backUpBeforeImport(const QString& location) {
     // Saving first would replace the file that is to be imported.
-    if (location == m_mainStoreURL || WholeFile::isSame(location, m_mainStoreURL))
-        return saveSettingsToDiskAtURL(importBackupURL());
+    if (location == m_mainStorePath || WholeFile::isSame(location, m_mainStorePath))
+        return saveSettingsToDiskAtURL(importBackupPath());
     // The backup must hold what the user sees now, not what was saved some time ago.
     if (Outcome saved = saveSettingsToDiskAtURL(); !saved)
         return saved;
-    return copyFile(m_mainStoreURL, importBackupURL());
+    return copyFile(m_mainStorePath, importBackupPath());
 }
 
-QString TimeDatabase::importBackupURL() const {
-    return WholeFile::freeName(besideStore(m_mainStoreURL, kImportBackup));
+QString TimeDatabase::importBackupPath() const {
+    return WholeFile::freeName(besideStore(m_mainStorePath, kImportBackup));
 }
 
 QVariant TimeDatabase::valueForKey(ObservedKey key) const {

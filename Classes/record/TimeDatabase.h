@@ -59,13 +59,14 @@ public:
     ~TimeDatabase() override;
 
     const QString& applicationSupportFolder() const { return m_applicationSupportFolder; }
+    // A location is a full path, here and wherever a name says URL.
     QString defaultMainStoreURL() const;
     // The default location until another one is set.
-    const QString& mainStoreURL() const { return m_mainStoreURL; }
+    const QString& mainStoreURL() const { return m_mainStorePath; }
     // Records the location in the settings. Neither moves nor writes the file.
     void setMainStoreURL(const QString& location);
     // The main store's full path, as the preferences show it.
-    const QString& pathDirectory() const { return m_mainStoreURL; }
+    const QString& pathDirectory() const { return m_mainStorePath; }
 
     // Writes the main store; with a location, writes a copy there that holds the projects as well. On failure
     // the old file stays whole, and the main store is tried again every minute.
@@ -93,7 +94,7 @@ public:
     Outcome importDatabase(const QString& location, const Result<Incoming>& incoming);
     // Where the next import puts its backup: "Primary Database - Import Backup.tkd" beside the main store,
     // with a number if that name is taken.
-    QString importBackupURL() const;
+    QString importBackupPath() const;
 
     // A digest of the main store on the disk; empty when there is none.
     QByteArray mainStoreContent() const;
@@ -133,7 +134,7 @@ private:
     std::unique_ptr<StoreFile> m_store;
     StoreWitness* m_witness = nullptr;
     QString m_applicationSupportFolder;
-    QString m_mainStoreURL;
+    QString m_mainStorePath;
     std::optional<QString> m_awaited;
     // Some of what was last read was damaged.
     bool m_hasLeftOut = false;

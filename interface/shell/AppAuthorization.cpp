@@ -53,27 +53,26 @@ void AppAuthorization::makeAppTrustedAndRelaunch() {
 void AppAuthorization::installBlessing(bool secondAttempt) {
     m_platform.defaults.setObject(kStartTicklogOnNextLaunch, true);
     ServiceManagement& services = m_platform.serviceManagement;
-    const std::shared_ptr<ServiceAuthorization> authorization = services.createAuthorization();
-    if (!authorization) {
+    const std::shared_ptr<ServiceRight> right = services.requestRight();
+    if (!right) {
         authFailError(std::nullopt);
         return;
     }
-    services.removeJob(kHelperLabel, *authorization);
-    services.bless(kHelperLabel, *authorization,
-                   [receiver = QPointer(&m_receiver), this, secondAttempt, authorization](bool isInstalled) {
-                       if (receiver)
-                           blessed(isInstalled, secondAttempt, *authorization);
-                   });
+    services.removeService(kHelperLabel, *right);
+    services.installService(kHelperLabel, *right,
+                            [receiver = QPointer(&m_receiver), this, secondAttempt, right](bool isInstalled) {
+                                if (receiver)
+                                    installed(isInstalled, secondAttempt, *right);
+                            });
 }
 
-void AppAuthorization::blessed(bool isInstalled, bool secondAttempt,
-                               const ServiceAuthorization& authorization) {
+void AppAuthorization::installed(bool isInstalled, bool secondAttempt, const ServiceRight& right) {
     ServiceManagement& services = m_platform.serviceManagement;
     // A helper of another version may answer all the same; if none does, the connection reports it.
     if (!isInstalled)
         m_platform.log.log(QStringLiteral("Error (null)"));
-    if (const auto job = services.copyJobDictionary(kHelperLabel))
-        services.submitJob(*job, authorization);
+    if (const auto service = services.findService(kHelperLabel))
+        services.startService(*service, right);
     retrust(secondAttempt);
 }
 

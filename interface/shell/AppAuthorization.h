@@ -46,7 +46,7 @@ public:
     void authFailError(const std::optional<Failure>& error);
 
 private:
-    void blessed(bool isInstalled, bool secondAttempt, const ServiceAuthorization& authorization);
+    void installed(bool isInstalled, bool secondAttempt, const ServiceRight& right);
 
     Platform& m_platform;
     Alerts& m_alerts;

@@ -16,7 +16,7 @@ Outcome LoginItemControl::toggleLoginItem(bool isOn) {
 }
 
 void LoginItemControl::loginItemStateChanged() {
-    const std::vector<LoginJob> jobs = m_items.copyAllJobDictionaries();
-    const auto ours = std::ranges::find(jobs, kLaunchHelper, &LoginJob::label);
-    m_isOn = ours != jobs.end() && ours->isOnDemand;
+    const std::vector<LoginEntry> items = m_items.items();
+    const auto ours = std::ranges::find(items, kLaunchHelper, &LoginEntry::identifier);
+    m_isOn = ours != items.end() && ours->isStarted;
 }

@@ -56,9 +56,9 @@ TKApplicationDelegate::~TKApplicationDelegate() {
 void TKApplicationDelegate::applicationDidFinishLaunching() {
     m_statusMenu.makeTitle();
     m_presence.begin();
-    m_platform.session.observe({.didResignActive = [this] { switchHandler(true); },
-                                .didBecomeActive = [this] { switchHandler(false); },
-                                .willPowerOff = [this] { willPowerOffHandler(); }});
+    m_platform.session.observe({.wentToBackground = [this] { switchHandler(true); },
+                                .cameToFront = [this] { switchHandler(false); },
+                                .aboutToEnd = [this] { willPowerOffHandler(); }});
     m_saveTimer = m_platform.runLoop.scheduleRepeating(kSaveInterval, kSaveTolerance,
                                                        [this] { m_controller.saveSettingsToDisk(); });
     updateMenuIconState();
@@ -145,8 +145,8 @@ void TKApplicationDelegate::showAboutBox() {
                                 localized("Free software under the MIT licence."), backEnds.join(u'\n')));
 }
 
-void TKApplicationDelegate::switchHandler(bool didResignActive) {
-    if (didResignActive)
+void TKApplicationDelegate::switchHandler(bool wentToBackground) {
+    if (wentToBackground)
         m_controller.timer().sessionDidResignActive();
     else
         m_controller.timer().sessionDidBecomeActive();

@@ -37,7 +37,7 @@ public:
     void showAboutBox();
 
     // The user's session went to the background, or came to the front.
-    void switchHandler(bool didResignActive);
+    void switchHandler(bool wentToBackground);
     // The machine powers off or the session ends: asks the user nothing.
     void willPowerOffHandler();
 

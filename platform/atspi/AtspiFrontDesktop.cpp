@@ -113,7 +113,7 @@ void AtspiFrontDesktop::showProgram(const AtspiApplication& program) {
                 latest->reread();
         });
     m_emptyMoment.reset();
-    show({WindowListEntry{entry->second, application.processIdentifier, 0,
+    show({WindowListEntry{entry->second, application.processIdentifier, true,
                           title.isEmpty() ? std::nullopt : std::optional(title), application.name}},
          application);
 }

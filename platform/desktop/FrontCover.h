@@ -22,7 +22,7 @@ public:
         });
     }
 
-    QString bundleName(const QString& path) const override { return m_covered.bundleName(path); }
+    QString nameOfProgram(const QString& path) const override { return m_covered.nameOfProgram(path); }
     QString describe() const override { return m_covered.describe(); }
     QString obstacle() const override { return m_covered.obstacle(); }
 

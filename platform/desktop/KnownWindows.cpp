@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <functional>
 
-QString KnownWindows::bundleName(const QString& path) const {
+QString KnownWindows::nameOfProgram(const QString& path) const {
     return m_desktopEntries.nameForExecutable(path).value_or(QFileInfo(path).fileName());
 }
 

@@ -13,7 +13,7 @@ class KnownWindows : public WindowList, public SwitchTeller {
 public:
     std::span<const WindowListEntry> onScreenWindows() const override { return m_windows; }
     const std::optional<ApplicationRecord>& activeApplication() const override { return m_front; }
-    QString bundleName(const QString& path) const override;
+    QString nameOfProgram(const QString& path) const override;
 
 protected:
     // The entries outlive this.

@@ -27,7 +27,7 @@ private:
 // Where nobody counts the time since the last input: the user is never idle.
 class NoIdleTime : public IdleTime {
 public:
-    IdleReading read() override { return {IdleReading::State::Read, std::int64_t(0)}; }
+    IdleReading read() override { return std::chrono::nanoseconds::zero(); }
     QString describe() const override { return QStringLiteral("none: the user is never idle"); }
 };
 

@@ -65,9 +65,7 @@ bool SilenceWatch::isWorthAsking() const {
 
 bool SilenceWatch::isSomebodyThere() const {
     const IdleReading reading = m_desktop.idleTime.read();
-    const auto idle = reading.idleNanoseconds.asInteger();
-    return reading.state != IdleReading::State::Read || !idle ||
-           std::chrono::nanoseconds(*idle) < m_limits.quiet;
+    return !reading.idle || *reading.idle < m_limits.quiet;
 }
 
 void SilenceWatch::wait() {

@@ -132,7 +132,7 @@ void GnomeShellDesktop::adopt(const GnomeSight& sight) {
     for (const GnomeSight::Window& window : sight.windows) {
         const ApplicationRecord& application =
             programs.emplace(window.number, programOf(window)).first->second.application;
-        entries.push_back({window.number, application.processIdentifier, window.layer,
+        entries.push_back({window.number, application.processIdentifier, window.layer == 0,
                            window.title.isEmpty() ? std::nullopt : std::optional(window.title),
                            application.name});
         if (window.number == sight.focused && window.layer >= 0)

@@ -66,8 +66,8 @@ AutostartEntries::Places AutostartEntries::Places::forUser() {
     return places;
 }
 
-std::vector<LoginJob> AutostartEntries::copyAllJobDictionaries() const {
-    std::vector<LoginJob> jobs;
+std::vector<LoginEntry> AutostartEntries::items() const {
+    std::vector<LoginEntry> items;
     QSet<QString> seen;
     for (const QString& folder : QStringList{m_places.userFolder} + m_places.systemFolders)
         for (const QString& name : QDir(folder).entryList({u'*' + kSuffix}, QDir::Files)) {
@@ -77,9 +77,9 @@ std::vector<LoginJob> AutostartEntries::copyAllJobDictionaries() const {
             const auto entry = DesktopEntryFile::read(folder + u'/' + name);
             // A hidden entry is there only to hide the system's.
             if (entry && entry->value(kHidden) != QLatin1String("true"))
-                jobs.push_back({name.chopped(kSuffix.size()), isStarted(*entry)});
+                items.push_back({name.chopped(kSuffix.size()), isStarted(*entry)});
         }
-    return jobs;
+    return items;
 }
 
 bool AutostartEntries::isStarted(const DesktopEntryFile::Group& entry) const {

@@ -26,7 +26,7 @@ public:
     explicit AutostartEntries(Places places)
         : m_places(std::move(places)) {}
 
-    std::vector<LoginJob> copyAllJobDictionaries() const override;
+    std::vector<LoginEntry> items() const override;
     Outcome setEnabled(const QString& identifier, bool isEnabled) override;
 
     // A program's path as a desktop entry's Exec wants it.

@@ -11,15 +11,14 @@ void ClockJumpPower::check() {
     if (now - m_slept < kShortestSleep)
         return;
     m_slept = now;
-    if (!m_handler)
-        return;
-    m_handler(PowerMessage::SystemWillSleep, 0);
-    m_handler(PowerMessage::SystemHasPoweredOn, 0);
+    for (const auto& handler : {m_handlers.aboutToSleep, m_handlers.woke})
+        if (handler)
+            handler();
 }
 
-std::uint32_t ClockJumpPower::registerForSystemPower(Handler handler) {
-    m_handler = std::move(handler);
-    return 1;
+bool ClockJumpPower::observe(Handlers handlers) {
+    m_handlers = std::move(handlers);
+    return true;
 }
 
 QString ClockJumpPower::describe() const {

@@ -6,9 +6,9 @@
 
 #include <optional>
 
-// Sleep and wake that nobody told of. A clock that runs on while the machine sleeps, and has gained on one that does not, shows a sleep
-// that has just ended: SystemWillSleep and SystemHasPoweredOn follow each other at once, and nothing waits to
-// be allowed. Wakes nobody up: it looks when it is told to. The clock must outlive it.
+// Sleep and wake that nobody told of. A clock that runs on while the machine sleeps, and has gained on one that does not,
+// shows a sleep that has just ended: both are told at once, one after the other. Wakes nobody up: it looks when it is told
+// to. The clock must outlive it.
 class ClockJumpPower : public PowerEvents {
 public:
     // Less than this is the two clocks not being read at the same instant.
@@ -19,10 +19,7 @@ public:
     // To be called by a tick that runs anyway. Two readings of the clock.
     void check();
 
-    std::uint32_t registerForSystemPower(Handler handler) override;
-
-    void allowPowerChange(std::uint32_t, std::int64_t) override {}
-
+    bool observe(Handlers handlers) override;
     QString describe() const override;
 
 private:
@@ -31,5 +28,5 @@ private:
     const Clock& m_clock;
     // All the time that the machine has slept since it was started.
     std::chrono::nanoseconds m_slept;
-    Handler m_handler;
+    Handlers m_handlers;
 };

@@ -9,9 +9,8 @@ class LinuxPower : public PowerEvents {
 public:
     LinuxPower(LogindPower& logind, ClockJumpPower& clocks);
 
-    // Never zero: the clocks always serve.
-    std::uint32_t registerForSystemPower(Handler handler) override;
-    void allowPowerChange(std::uint32_t rootPort, std::int64_t notification) override;
+    // Never false: the clocks always serve.
+    bool observe(Handlers handlers) override;
     QString describe() const override;
 
 private:

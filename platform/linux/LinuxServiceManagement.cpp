@@ -73,18 +73,18 @@ LinuxServiceManagement::LinuxServiceManagement(Bus& systemBus, SystemLog& log, P
     , m_log(log)
     , m_places(std::move(places)) {}
 
-std::unique_ptr<ServiceAuthorization> LinuxServiceManagement::createAuthorization() {
-    return m_systemBus.isConnected() ? std::make_unique<ServiceAuthorization>() : nullptr;
+std::unique_ptr<ServiceRight> LinuxServiceManagement::requestRight() {
+    return m_systemBus.isConnected() ? std::make_unique<ServiceRight>() : nullptr;
 }
 
-void LinuxServiceManagement::bless(const QString& label, const ServiceAuthorization&,
-                                   std::function<void(bool)> done) {
-    if (copyJobDictionary(label)) {
+void LinuxServiceManagement::installService(const QString& name, const ServiceRight&,
+                                            std::function<void(bool)> done) {
+    if (findService(name)) {
         done(true);
         return;
     }
     if (!QFileInfo(m_places.installer).isExecutable()) {
-        m_log.log(QStringLiteral("%1 is not installed, and there is no %2").arg(label, m_places.installer));
+        m_log.log(QStringLiteral("%1 is not installed, and there is no %2").arg(name, m_places.installer));
         done(false);
         return;
     }
@@ -112,25 +112,25 @@ void LinuxServiceManagement::bless(const QString& label, const ServiceAuthorizat
     installer->start(program, command);
 }
 
-std::optional<ServiceJob> LinuxServiceManagement::copyJobDictionary(const QString& label) {
+std::optional<Service> LinuxServiceManagement::findService(const QString& name) {
     for (const QString& folder : m_places.serviceFolders) {
-        QFile file(folder + u'/' + label + QStringLiteral(".service"));
+        QFile file(folder + u'/' + name + QStringLiteral(".service"));
         if (!file.open(QFile::ReadOnly))
             continue;
-        ServiceJob job{label, {}};
+        Service service{name, {}};
         const QString key = QStringLiteral("Exec=");
         for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
             if (line.startsWith(key))
-                job.program = line.mid(key.size()).trimmed();
-        return job;
+                service.program = line.mid(key.size()).trimmed();
+        return service;
     }
     return std::nullopt;
 }
 
-void LinuxServiceManagement::submitJob(const ServiceJob& job, const ServiceAuthorization&) {
+void LinuxServiceManagement::startService(const Service& service, const ServiceRight&) {
     auto message = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
                                                   QStringLiteral("StartServiceByName"));
-    message << job.label << 0U;
+    message << service.name << 0U;
     // Whether it runs shows when it is called.
     m_systemBus.call(message, &m_receiver, {});
 }

@@ -25,15 +25,15 @@ public:
     LinuxServiceManagement(Bus& systemBus, SystemLog& log, Places places);
 
     // Null without a system bus. Who may do what is asked by the services themselves.
-    std::unique_ptr<ServiceAuthorization> createAuthorization() override;
+    std::unique_ptr<ServiceRight> requestRight() override;
 
     // Nothing: a service that is not called ends by itself, and one that is installed anew is started anew.
-    void removeJob(const QString&, const ServiceAuthorization&) override {}
+    void removeService(const QString&, const ServiceRight&) override {}
 
-    void bless(const QString& label, const ServiceAuthorization& authorization,
-               std::function<void(bool)> done) override;
-    std::optional<ServiceJob> copyJobDictionary(const QString& label) override;
-    void submitJob(const ServiceJob& job, const ServiceAuthorization& authorization) override;
+    void installService(const QString& name, const ServiceRight& right,
+                        std::function<void(bool)> done) override;
+    std::optional<Service> findService(const QString& name) override;
+    void startService(const Service& service, const ServiceRight& right) override;
     // Never null: that there is no bus is told like any other failure.
     std::unique_ptr<TKAuthXPC> connectToHelper(const QString& name,
                                                std::function<void(const Failure&)> failed) override;

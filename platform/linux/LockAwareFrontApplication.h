@@ -8,7 +8,7 @@
 
 // Puts the screen saver in front while the screen is locked, and the login window while nobody has logged in,
 // whatever the window system says: their windows are not among those it lists, so their process has no window
-// of layer 0. Both must outlive it.
+// that counts. Both must outlive it.
 class LockAwareFrontApplication : public FrontCover {
 public:
     // No back end gives these numbers to a client.

@@ -4,7 +4,7 @@
 IdleReading LogindIdleTime::read() {
     const auto since = m_session.idleSince();
     const auto idle = since ? m_clock.monotonic() - *since : std::chrono::nanoseconds::zero();
-    return {IdleReading::State::Read, std::int64_t(std::max(idle, std::chrono::nanoseconds::zero()).count())};
+    return std::max(idle, std::chrono::nanoseconds::zero());
 }
 
 QString LogindIdleTime::describe() const {

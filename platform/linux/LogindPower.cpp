@@ -4,12 +4,7 @@
 #include "platform/linux/Logind.h"
 
 #include <QDBusVariant>
-
-namespace {
-
-constexpr std::uint32_t kRootPort = 1;
-
-} // namespace
+#include <QScopeGuard>
 
 LogindPower::LogindPower(Bus& systemBus, SystemLog& log)
     : m_bus(systemBus)
@@ -22,16 +17,10 @@ LogindPower::LogindPower(Bus& systemBus, SystemLog& log)
         [this](const QDBusMessage& signal) { setPreparing(signal.arguments().value(0).toBool()); });
 }
 
-std::uint32_t LogindPower::registerForSystemPower(Handler handler) {
-    m_handler = std::move(handler);
+bool LogindPower::observe(Handlers handlers) {
+    m_handlers = std::move(handlers);
     m_inhibitor.take();
-    return m_bus.isConnected() ? kRootPort : 0;
-}
-
-void LogindPower::allowPowerChange(std::uint32_t, std::int64_t notification) {
-    // A late answer to an earlier sleep must not let the present one go on.
-    if (m_isPreparing && notification == m_lastNotification)
-        m_inhibitor.release();
+    return m_bus.isConnected();
 }
 
 QString LogindPower::describe() const {
@@ -50,15 +39,15 @@ void LogindPower::follow() {
 }
 
 void LogindPower::setPreparing(bool isPreparing) {
-    if (isPreparing == m_isPreparing || !m_handler)
+    if (!m_handlers.aboutToSleep || std::exchange(m_isPreparing, isPreparing) == isPreparing)
         return;
-    m_isPreparing = isPreparing;
-    // A copy: the handler may replace itself.
-    const auto handler = m_handler;
-    if (isPreparing) {
-        handler(PowerMessage::SystemWillSleep, ++m_lastNotification);
-    } else {
+    if (!isPreparing)
         m_inhibitor.take();
-        handler(PowerMessage::SystemHasPoweredOn, 0);
-    }
+    const auto letGo = qScopeGuard([this] {
+        if (m_isPreparing)
+            m_inhibitor.release();
+    });
+    // A copy: the handler may replace itself.
+    if (const auto handler = isPreparing ? m_handlers.aboutToSleep : m_handlers.woke)
+        handler();
 }

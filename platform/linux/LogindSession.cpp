@@ -17,7 +17,7 @@ LogindSession::LogindSession(OwnSession& session, SystemLog& log)
 
 void LogindSession::observe(Handlers handlers) {
     m_handlers = std::move(handlers);
-    if (m_handlers.willPowerOff)
+    if (m_handlers.aboutToEnd)
         m_inhibitor.take();
     else
         m_inhibitor.release();
@@ -32,13 +32,13 @@ void LogindSession::follow() {
         return;
     m_wasActive = m_session.isActive();
     // A copy: the handler may replace itself.
-    const auto handler = m_wasActive ? m_handlers.didBecomeActive : m_handlers.didResignActive;
+    const auto handler = m_wasActive ? m_handlers.cameToFront : m_handlers.wentToBackground;
     if (handler)
         handler();
 }
 
 void LogindSession::prepareForShutdown(bool isPreparing) {
-    if (std::exchange(m_isPreparing, isPreparing) == isPreparing || !m_handlers.willPowerOff)
+    if (std::exchange(m_isPreparing, isPreparing) == isPreparing || !m_handlers.aboutToEnd)
         return;
     if (!isPreparing) {
         // Called off: the next one shall wait for us again.
@@ -46,6 +46,6 @@ void LogindSession::prepareForShutdown(bool isPreparing) {
         return;
     }
     const auto letGo = qScopeGuard([this] { m_inhibitor.release(); });
-    const auto willPowerOff = m_handlers.willPowerOff;
-    willPowerOff();
+    const auto aboutToEnd = m_handlers.aboutToEnd;
+    aboutToEnd();
 }

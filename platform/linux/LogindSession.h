@@ -5,7 +5,7 @@
 #include "platform/linux/DelayInhibitor.h"
 #include "platform/linux/OwnSession.h"
 
-// The session as logind tells of it. Before the machine goes down it waits for willPowerOff to return, a few
+// The session as logind tells of it. Before the machine goes down it waits for aboutToEnd to return, a few
 // seconds at the most. `session` must outlive it.
 class LogindSession : public SessionEvents {
 public:

@@ -41,8 +41,8 @@ MutterIdleTime::MutterIdleTime(Bus& sessionBus, const Clock& clock, std::chrono:
 
 IdleReading MutterIdleTime::read() {
     if (!m_isTelling)
-        return {IdleReading::State::NoProperties, {}};
-    return {IdleReading::State::Read, std::int64_t(m_meter.idle().count())};
+        return IdleReading::Lack::NoAnswer;
+    return m_meter.idle();
 }
 
 QString MutterIdleTime::describe() const {

@@ -7,7 +7,7 @@
 // Inside a sandbox nothing that the session reads at login can be written.
 class SandboxedLoginItems : public LoginItems {
 public:
-    std::vector<LoginJob> copyAllJobDictionaries() const override { return {}; }
+    std::vector<LoginEntry> items() const override { return {}; }
     Outcome setEnabled(const QString&, bool isEnabled) override {
         if (!isEnabled)
             return Done{};

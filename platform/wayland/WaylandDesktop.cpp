@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int kDesktopLayer = -1000;
-
 // Under Wayland our windows bear the name of our desktop entry, under Xwayland that of the program.
 const QStringList& ownAppIds() {
     static const QStringList kIds{QStringLiteral("org.ticklog.Ticklog"), QStringLiteral("ticklog")};
@@ -157,7 +155,7 @@ void WaylandDesktop::showAnew(const std::optional<ApplicationRecord>& front) {
     for (const std::int64_t number : m_frontToBack) {
         const auto& [window, application] = m_windows.at(number);
         if (!window.isMinimised)
-            entries.push_back({number, application.processIdentifier, window.isDesktop ? kDesktopLayer : 0,
+            entries.push_back({number, application.processIdentifier, !window.isDesktop,
                                window.title.isEmpty() ? std::nullopt : std::optional(window.title),
                                application.name});
     }

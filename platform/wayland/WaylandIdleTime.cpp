@@ -70,14 +70,14 @@ WaylandIdleTime::~WaylandIdleTime() = default;
 
 IdleReading WaylandIdleTime::read() {
     if (m_protocol == Protocol::None)
-        return {IdleReading::State::NoProperties, {}};
+        return IdleReading::Lack::NoAnswer;
     if (m_seats.empty())
-        return {IdleReading::State::Read, {}};
+        return IdleReading::Lack::NotCounted;
     // Nobody is idle while anybody is at work.
     std::chrono::nanoseconds idle = m_seats.front()->meter.idle();
     for (const auto& seat : m_seats)
         idle = std::min(idle, seat->meter.idle());
-    return {IdleReading::State::Read, std::int64_t(idle.count())};
+    return idle;
 }
 
 QString WaylandIdleTime::describe() const {

@@ -16,20 +16,6 @@ const QString kOwnClass = QStringLiteral("ticklog");
 constexpr quint32 kMostWindows = 16384;
 constexpr quint32 kWindowEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
-int layerOf(X11Window::Kind kind) {
-    switch (kind) {
-    case X11Window::Kind::Ordinary:
-        return 0;
-    case X11Window::Kind::Dock:
-        return 20;
-    case X11Window::Kind::Desktop:
-        return -1000;
-    case X11Window::Kind::Other:
-        break;
-    }
-    return 10;
-}
-
 std::vector<xcb_window_t> windowsOf(const void* reply) {
     const auto* property = static_cast<const xcb_get_property_reply_t*>(reply);
     if (!property || property->format != 32)
@@ -337,7 +323,7 @@ void X11Desktop::showAnew(const std::optional<ApplicationRecord>& front) {
         const Client* listed = client(window);
         if (listed && listed->window.isKnown() && !listed->window.isHidden())
             entries.push_back({listed->number, listed->application.processIdentifier,
-                               layerOf(listed->window.kind()), listed->window.title(),
+                               listed->window.kind() == X11Window::Kind::Ordinary, listed->window.title(),
                                listed->application.name});
     }
     const Client* focused = client(m_frontWindow);

@@ -184,7 +184,7 @@ X11Window::Kind X11Window::kindFrom(const xcb_get_property_reply_t* reply,
                 return Kind::Ordinary;
         }
         if (type == connection.atom(X11Atom::NetWmWindowTypeDock))
-            return Kind::Dock;
+            return Kind::Other;
         if (type == connection.atom(X11Atom::NetWmWindowTypeDesktop))
             return Kind::Desktop;
     }

@@ -11,7 +11,7 @@
 class X11Window {
 public:
     enum class Fact { Name, PlainName, Class, StatedProcess, ConnectedProcess, Machine, Type, State, Count };
-    enum class Kind { Ordinary, Dock, Desktop, Other };
+    enum class Kind { Ordinary, Desktop, Other };
 
     // Everything may have changed: nothing is known yet.
     explicit X11Window(xcb_window_t number);

@@ -31,9 +31,9 @@ protected:
 
     // "on", "off", or "unknown" when the session does not know of the helper.
     std::string state() const {
-        for (const LoginJob& job : entries().copyAllJobDictionaries())
-            if (job.label == kHelper)
-                return job.isOnDemand ? "on" : "off";
+        for (const LoginEntry& item : entries().items())
+            if (item.identifier == kHelper)
+                return item.isStarted ? "on" : "off";
         return "unknown";
     }
 

@@ -27,11 +27,12 @@ protected:
     }
 
     // Whether the service is installed afterwards; absent while a person is still asked.
-    std::optional<bool> bless() {
+    std::optional<bool> install() {
         m_services.emplace(m_bus, m_log, m_places);
-        const auto authorization = m_services->createAuthorization();
+        const auto authorization = m_services->requestRight();
         std::optional<bool> installed;
-        m_services->bless(kHelper, *authorization, [&](bool isInstalled) { installed = isInstalled; });
+        m_services->installService(kHelper, *authorization,
+                                   [&](bool isInstalled) { installed = isInstalled; });
         EXPECT_TRUE(waitFor([&] { return installed.has_value(); }));
         return installed;
     }
@@ -74,44 +75,44 @@ protected:
 TEST_F(LinuxServiceManagementTest, aServiceThatIsInstalled_isNotInstalledAgain) {
     makeInstaller("touch \"$(dirname \"$0\")/ran\"\n");
     m_places.serviceFolders = {m_home.path() + u"/local"_s, m_systemBus.serviceFolder()};
-    EXPECT_EQ(bless(), true);
+    EXPECT_EQ(install(), true);
     EXPECT_FALSE(QFile::exists(m_home.path() + u"/ran"_s));
-    const auto job = m_services->copyJobDictionary(kHelper);
+    const auto job = m_services->findService(kHelper);
     ASSERT_TRUE(job);
-    EXPECT_EQ(job->label, kHelper);
+    EXPECT_EQ(job->name, kHelper);
     EXPECT_TRUE(job->program.startsWith(QStringLiteral(TICKLOG_BINARY_DIR "/TKAXTrusted")))
         << qPrintable(job->program);
-    EXPECT_FALSE(m_services->copyJobDictionary(u"org.example.Other"_s));
+    EXPECT_FALSE(m_services->findService(u"org.example.Other"_s));
 }
 
 TEST_F(LinuxServiceManagementTest, aServiceThatIsMissing_isInstalledByTheInstallerBesideTheProgram) {
     makeInstaller("touch \"$(dirname \"$0\")/ran\"\n");
-    EXPECT_EQ(bless(), true);
+    EXPECT_EQ(install(), true);
     EXPECT_TRUE(QFile::exists(m_home.path() + u"/ran"_s));
 }
 
 TEST_F(LinuxServiceManagementTest, anInstallerThatFails_isLoggedWithWhatItSaid) {
     makeInstaller("echo 'Not authorized' >&2; exit 126\n");
-    EXPECT_EQ(bless(), false);
+    EXPECT_EQ(install(), false);
     EXPECT_TRUE(m_log.mentions(u"The helper was not installed: Not authorized"_s));
 }
 
 TEST_F(LinuxServiceManagementTest, withoutAnInstaller_nothingIsInstalled) {
-    EXPECT_EQ(bless(), false);
+    EXPECT_EQ(install(), false);
     EXPECT_TRUE(m_log.mentions(u"is not installed"_s));
     makeInstaller("exit 0\n");
     m_places.asRoot = {u"/nowhere/pkexec"_s};
-    EXPECT_EQ(bless(), false);
+    EXPECT_EQ(install(), false);
 }
 
 TEST_F(LinuxServiceManagementTest, withoutASystemBus_theRightCannotBeHad) {
-    EXPECT_EQ(LinuxServiceManagement(m_noBus, m_log, m_places).createAuthorization(), nullptr);
-    EXPECT_NE(LinuxServiceManagement(m_bus, m_log, m_places).createAuthorization(), nullptr);
+    EXPECT_EQ(LinuxServiceManagement(m_noBus, m_log, m_places).requestRight(), nullptr);
+    EXPECT_NE(LinuxServiceManagement(m_bus, m_log, m_places).requestRight(), nullptr);
 }
 
 TEST_F(LinuxServiceManagementTest, aSubmittedService_isStarted) {
     LinuxServiceManagement services(m_bus, m_log, m_places);
-    services.submitJob({kHelper, {}}, *services.createAuthorization());
+    services.startService({kHelper, {}}, *services.requestRight());
     const auto isServed = [this] {
         return m_bus.connection().interface()->isServiceRegistered(kHelper).value();
     };
@@ -166,7 +167,7 @@ TEST_F(LinuxServiceManagementTest, theInstallerOfTheProgram_installsAndRemovesWh
                            u"/usr/local/share/dbus-1/system-services/org.ticklog.TKAXTrusted.service 644"_s,
                            u"/usr/share/polkit-1/actions/org.ticklog.TKAXTrusted.policy 644"_s}));
     m_places.serviceFolders = {root + u"/usr/local/share/dbus-1/system-services"_s};
-    const auto job = LinuxServiceManagement(m_bus, m_log, m_places).copyJobDictionary(kHelper);
+    const auto job = LinuxServiceManagement(m_bus, m_log, m_places).findService(kHelper);
     ASSERT_TRUE(job);
     EXPECT_EQ(job->program, u"/usr/local/libexec/ticklog/TKAXTrusted"_s);
     Program removal(installer, {u"--remove"_s}, environment);

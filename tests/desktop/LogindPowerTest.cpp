@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/time/QtRunLoop.h"
+#include "platform/foundation/values/Assertions.h"
 #include "platform/linux/LinuxPower.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/ManualRunLoop.h"
@@ -12,18 +13,16 @@ namespace {
 const QString kHeld = QStringLiteral("sleep:Ticklog:delay");
 const QString kNone;
 
-// Writes down what it is told: "sleep 1", "wake".
+// Writes down what it is told: "sleep", "wake".
 class PowerDiary {
 public:
-    PowerEvents::Handler handler() {
-        return [this](PowerMessage message, std::int64_t notification) {
-            if (message == PowerMessage::SystemWillSleep)
-                told << QStringLiteral("sleep %1").arg(notification);
-            else if (message == PowerMessage::SystemHasPoweredOn)
-                told << QStringLiteral("wake");
-            else
-                told << QStringLiteral("something else");
-        };
+    PowerEvents::Handlers handlers() {
+        return {[this] {
+                    told << QStringLiteral("sleep");
+                    if (whileFallingAsleep)
+                        whileFallingAsleep();
+                },
+                [this] { told << QStringLiteral("wake"); }};
     }
 
     bool waitFor(const QStringList& lines) {
@@ -31,6 +30,7 @@ public:
     }
 
     QStringList told;
+    std::function<void()> whileFallingAsleep;
 };
 
 QStringList lines(const char* text) {
@@ -47,37 +47,44 @@ protected:
     PowerDiary m_diary;
 };
 
-TEST_F(LogindPowerTest, aSleep_waitsUntilItIsAllowedAndIsDelayedAgainAfterTheWake) {
+TEST_F(LogindPowerTest, aSleep_waitsUntilWhoIsToldIsDoneAndIsDelayedAgainAfterTheWake) {
     m_machine.ask("start-logind");
-    const auto port = m_power.registerForSystemPower(m_diary.handler());
-    EXPECT_NE(port, 0U);
+    bool isDelayingMeanwhile = false;
+    m_diary.whileFallingAsleep = [&] { isDelayingMeanwhile = m_power.isDelaying(); };
+    EXPECT_TRUE(m_power.observe(m_diary.handlers()));
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
-    ASSERT_TRUE(m_diary.waitFor(lines("sleep 1")));
-    EXPECT_EQ(m_machine.ask("inhibitors"), kHeld);
-    m_power.allowPowerChange(port, 1);
+    ASSERT_TRUE(m_diary.waitFor(lines("sleep")));
     EXPECT_TRUE(m_machine.waitForInhibitors(kNone));
+    EXPECT_TRUE(isDelayingMeanwhile);
     m_machine.ask("prepare-for-sleep false");
-    ASSERT_TRUE(m_diary.waitFor(lines("sleep 1, wake")));
+    ASSERT_TRUE(m_diary.waitFor(lines("sleep, wake")));
     EXPECT_TRUE(m_machine.waitForInhibitors(kHeld));
 }
 
-TEST_F(LogindPowerTest, anAnswerToTheLastSleep_doesNotLetTheNextOneGo) {
+TEST_F(LogindPowerTest, aContractBrokenBeforeASleep_doesNotHoldItUp) {
     m_machine.ask("start-logind");
-    const auto port = m_power.registerForSystemPower(m_diary.handler());
+    m_diary.whileFallingAsleep = [] {
+        throw InternalInconsistency(QStringLiteral("here"), 1, QStringLiteral("broken"));
+    };
+    m_power.observe(m_diary.handlers());
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
-    m_machine.ask("prepare-for-sleep false");
-    m_machine.ask("prepare-for-sleep true");
-    ASSERT_TRUE(m_diary.waitFor(lines("sleep 1, wake, sleep 2")));
-    m_power.allowPowerChange(port, 1);
-    EXPECT_TRUE(m_power.isDelaying());
-    m_power.allowPowerChange(port, 2);
+    EXPECT_TRUE(m_machine.waitForInhibitors(kNone));
+}
+
+TEST_F(LogindPowerTest, aSecondSleep_isDelayedAsTheFirst) {
+    m_machine.ask("start-logind");
+    m_power.observe(m_diary.handlers());
+    ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
+    for (const char* news : {"prepare-for-sleep true", "prepare-for-sleep false", "prepare-for-sleep true"})
+        m_machine.ask(news);
+    ASSERT_TRUE(m_diary.waitFor(lines("sleep, wake, sleep")));
     EXPECT_FALSE(m_power.isDelaying());
 }
 
 TEST_F(LogindPowerTest, aLogindThatComesLateOrComesBack_isAskedForTheDelay) {
-    EXPECT_NE(m_power.registerForSystemPower(m_diary.handler()), 0U);
+    EXPECT_TRUE(m_power.observe(m_diary.handlers()));
     EXPECT_FALSE(m_power.isServed());
     m_machine.ask("start-logind");
     EXPECT_TRUE(m_machine.waitForInhibitors(kHeld));
@@ -86,24 +93,24 @@ TEST_F(LogindPowerTest, aLogindThatComesLateOrComesBack_isAskedForTheDelay) {
     m_machine.ask("start-logind");
     EXPECT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
-    EXPECT_TRUE(m_diary.waitFor(lines("sleep 1")));
+    EXPECT_TRUE(m_diary.waitFor(lines("sleep")));
 }
 
 TEST_F(LogindPowerTest, aWakeThatLogindDidNotLiveToTell_isToldWhenItIsBack) {
     m_machine.ask("start-logind");
-    m_power.registerForSystemPower(m_diary.handler());
+    m_power.observe(m_diary.handlers());
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
-    ASSERT_TRUE(m_diary.waitFor(lines("sleep 1")));
+    ASSERT_TRUE(m_diary.waitFor(lines("sleep")));
     m_machine.ask("stop-logind");
     ASSERT_TRUE(waitFor([this] { return !m_power.isServed(); }));
     m_machine.ask("start-logind");
-    EXPECT_TRUE(m_diary.waitFor(lines("sleep 1, wake")));
+    EXPECT_TRUE(m_diary.waitFor(lines("sleep, wake")));
 }
 
 TEST_F(LogindPowerTest, aBusThatGoesAndComesBack_isConnectedToAgain) {
     m_machine.ask("start-logind");
-    m_power.registerForSystemPower(m_diary.handler());
+    m_power.observe(m_diary.handlers());
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("stop-bus");
     ASSERT_TRUE(waitFor([this] { return !m_bus.isConnected(); }));
@@ -112,12 +119,12 @@ TEST_F(LogindPowerTest, aBusThatGoesAndComesBack_isConnectedToAgain) {
     m_machine.ask("start-logind");
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
-    EXPECT_TRUE(m_diary.waitFor(lines("sleep 1")));
+    EXPECT_TRUE(m_diary.waitFor(lines("sleep")));
 }
 
 TEST_F(LogindPowerTest, aSignalFromAnybodyElse_isNotBelieved) {
     m_machine.ask("start-logind");
-    m_power.registerForSystemPower(m_diary.handler());
+    m_power.observe(m_diary.handlers());
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     auto forged = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/login1"),
                                              QStringLiteral("org.freedesktop.login1.Manager"),
@@ -134,53 +141,52 @@ TEST_F(LogindPowerTest, aSignalFromAnybodyElse_isNotBelieved) {
     EXPECT_EQ(m_diary.told, QStringList());
     m_machine.ask("prepare-for-sleep true");
     ASSERT_TRUE(waitFor([this] { return !m_diary.told.isEmpty(); }));
-    EXPECT_EQ(m_diary.told, lines("sleep 1"));
+    EXPECT_EQ(m_diary.told, lines("sleep"));
     m_machine.ask("prepare-for-sleep false");
-    EXPECT_TRUE(m_diary.waitFor(lines("sleep 1, wake")));
+    EXPECT_TRUE(m_diary.waitFor(lines("sleep, wake")));
 }
 
 TEST_F(LogindPowerTest, aSleepThatLogindMissed_isToldOfByTheClocks) {
     HandClock clock;
     ClockJumpPower clocks(clock);
     LinuxPower both(m_power, clocks);
-    EXPECT_NE(both.registerForSystemPower(m_diary.handler()), 0U);
+    EXPECT_TRUE(both.observe(m_diary.handlers()));
     m_machine.ask("start-logind");
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     clock.sleepFor(std::chrono::minutes(5));
     clocks.check();
-    EXPECT_EQ(m_diary.told, lines("sleep 0, wake"));
+    EXPECT_EQ(m_diary.told, lines("sleep, wake"));
     EXPECT_EQ(both.describe(), QStringLiteral("logind"));
-    both.allowPowerChange(1, 0);
-    EXPECT_EQ(m_machine.ask("inhibitors"), kHeld);
+    EXPECT_EQ(m_machine.ask("inhibitors"), kHeld) << "logind's own sleep is still to come";
 }
 
-TEST(LogindPower, withoutAnyBus_theRootPortIsZero) {
+TEST(LogindPower, withoutAnyBus_nobodyTells) {
     RecordingLog log;
     QtRunLoop runLoop(log);
     Bus bus(Bus::atAddress(QStringLiteral("unix:path=/nowhere/bus")), runLoop, log);
     LogindPower power(bus, log);
-    EXPECT_EQ(power.registerForSystemPower([](PowerMessage, std::int64_t) {}), 0U);
+    EXPECT_FALSE(power.observe({}));
 }
 
 TEST(ClockJumpPower, aSleep_isToldOnceItHasEnded) {
     HandClock clock;
     ClockJumpPower power(clock);
     PowerDiary diary;
-    power.registerForSystemPower(diary.handler());
+    power.observe(diary.handlers());
     clock.advance(std::chrono::hours(1));
     power.check();
     EXPECT_EQ(diary.told, QStringList());
     clock.sleepFor(std::chrono::seconds(2));
     power.check();
     power.check();
-    EXPECT_EQ(diary.told, lines("sleep 0, wake"));
+    EXPECT_EQ(diary.told, lines("sleep, wake"));
 }
 
 TEST(ClockJumpPower, manySmallDifferences_addUpToASleep) {
     HandClock clock;
     ClockJumpPower power(clock);
     PowerDiary diary;
-    power.registerForSystemPower(diary.handler());
+    power.observe(diary.handlers());
     for (int i = 0; i < 9; ++i) {
         clock.sleepFor(std::chrono::milliseconds(100));
         power.check();
@@ -188,14 +194,14 @@ TEST(ClockJumpPower, manySmallDifferences_addUpToASleep) {
     EXPECT_EQ(diary.told, QStringList());
     clock.sleepFor(std::chrono::milliseconds(100));
     power.check();
-    EXPECT_EQ(diary.told, lines("sleep 0, wake"));
+    EXPECT_EQ(diary.told, lines("sleep, wake"));
 }
 
 TEST(ClockJumpPower, aWallClockThatIsSet_isNoSleep) {
     HandClock clock;
     ClockJumpPower power(clock);
     PowerDiary diary;
-    power.registerForSystemPower(diary.handler());
+    power.observe(diary.handlers());
     clock.setWall(clock.now() + std::chrono::hours(24));
     power.check();
     EXPECT_EQ(diary.told, QStringList());

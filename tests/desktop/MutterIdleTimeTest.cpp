@@ -16,8 +16,7 @@ using namespace std::chrono_literals;
 // Milliseconds; -1 when nothing is told.
 std::int64_t idleOf(MutterIdleTime& idleTime) {
     const IdleReading reading = idleTime.read();
-    const auto nanoseconds = reading.idleNanoseconds.asInteger();
-    return reading.state == IdleReading::State::Read && nanoseconds ? *nanoseconds / 1'000'000 : -1;
+    return reading.idle ? *reading.idle / std::chrono::milliseconds(1) : -1;
 }
 
 TEST(MutterIdleTimeTest, afterInput_theTimeCountsFromIt) {

@@ -169,12 +169,12 @@ TEST_F(OddCompositor, whereInputAloneCanBeAskedAbout_itIs) {
     ASSERT_TRUE(opened) << qPrintable(opened.failure().text);
     const auto idleTime = std::move(*opened);
     EXPECT_EQ(tell("asked"), "input 300");
-    const auto idle = [&] { return idleTime->read().idleNanoseconds.asInteger().value_or(-1); };
-    EXPECT_EQ(idle(), 0);
+    const auto idle = [&] { return idleTime->read().idle.value_or(std::chrono::nanoseconds(-1)); };
+    EXPECT_EQ(idle().count(), 0);
     tell("idle");
-    EXPECT_TRUE(waitFor([&] { return idle() >= 300'000'000; }));
+    EXPECT_TRUE(waitFor([&] { return idle() >= std::chrono::milliseconds(300); }));
     tell("resume");
-    EXPECT_TRUE(waitFor([&] { return idle() == 0; }));
+    EXPECT_TRUE(waitFor([&] { return idle().count() == 0; }));
 }
 
 } // namespace

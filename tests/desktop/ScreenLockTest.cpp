@@ -165,7 +165,7 @@ public:
         return true;
     }
 
-    QString bundleName(const QString&) const override { return {}; }
+    QString nameOfProgram(const QString&) const override { return {}; }
 
     QString describe() const override { return {}; }
 

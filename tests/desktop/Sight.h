@@ -55,7 +55,7 @@ public:
     const WindowListEntry* frontWindow() const {
         const auto& application = m_front->activeApplication();
         for (const WindowListEntry& window : m_windows->onScreenWindows()) {
-            if (application && window.layer == 0 &&
+            if (application && window.isOrdinary &&
                 window.ownerProcessIdentifier == application->processIdentifier)
                 return &window;
         }

@@ -88,7 +88,7 @@ TEST(SandboxedLoginItems, nothingIsStartedAtLogin_andWhoWantsItIsTold) {
     ASSERT_FALSE(wanted);
     EXPECT_TRUE(wanted.failure().text.contains(QStringLiteral("sandbox")));
     EXPECT_TRUE(items.setEnabled(QStringLiteral("org.ticklog.TicklogLaunchHelper"), false));
-    EXPECT_TRUE(items.copyAllJobDictionaries().empty());
+    EXPECT_TRUE(items.items().empty());
 }
 
 TEST(SandboxedProgram, startedAnew_goesOnInsteadOfEndingForGood) {

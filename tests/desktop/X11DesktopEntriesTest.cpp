@@ -22,8 +22,8 @@ TEST(X11DesktopEntries, aWindowWhoseClassHasToDoWithItsProgram_isFoundByItsExecu
     XClient client(scene.desk);
     client.activate(client.open({.title = "Page", .instanceName = "editor", .className = "X-Client"}));
     EXPECT_SEEN(scene, "The Client: Page");
-    EXPECT_EQ(scene.desktop->bundleName(QStringLiteral("/opt/x-client")), QStringLiteral("The Client"));
-    EXPECT_EQ(scene.desktop->bundleName(QStringLiteral("/opt/other")), QStringLiteral("other"));
+    EXPECT_EQ(scene.desktop->nameOfProgram(QStringLiteral("/opt/x-client")), QStringLiteral("The Client"));
+    EXPECT_EQ(scene.desktop->nameOfProgram(QStringLiteral("/opt/other")), QStringLiteral("other"));
 }
 
 TEST(X11DesktopEntries, aClassGivenOnPurpose_isTheApplicationAndNotTheEntryOfItsProgram) {

@@ -234,7 +234,7 @@ TEST_F(X11DesktopTest, aDockWithTheFocus_isInFrontWithoutAWindowOfItsOwn) {
         panel.open({.title = "Panel", .instanceName = "panel", .className = "Panel", .type = "DOCK"});
     panel.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {dock});
     EXPECT_SEEN(scene, "Panel: none");
-    EXPECT_EQ(scene.desktop->onScreenWindows()[0].layer, 20);
+    EXPECT_FALSE(scene.desktop->onScreenWindows()[0].isOrdinary);
 }
 
 TEST_F(X11DesktopTest, aDesktopWindowWithTheFocus_isTheDesktop) {
@@ -245,7 +245,7 @@ TEST_F(X11DesktopTest, aDesktopWindowWithTheFocus_isTheDesktop) {
         files.open({.title = "Icons", .instanceName = "files", .className = "Files", .type = "DESKTOP"});
     files.activate(desktop);
     EXPECT_SEEN(scene, "Desktop: none");
-    EXPECT_EQ(scene.desktop->onScreenWindows().back().layer, -1000);
+    EXPECT_FALSE(scene.desktop->onScreenWindows().back().isOrdinary);
 }
 
 TEST_F(X11DesktopTest, twoProgramsOfOneClass_areToldApart) {

@@ -49,11 +49,10 @@ void Day::seconds(double time) {
 }
 
 void Day::asleep(double time) {
-    fakes.power.send(PowerMessage::CanSystemSleep, 1);
-    fakes.power.send(PowerMessage::SystemWillSleep, 2);
+    fakes.power.aboutToSleep();
     fakes.clock.sleepFor(nanoseconds(time));
     fakes.idleTime.touch();
-    fakes.power.send(PowerMessage::SystemHasPoweredOn);
+    fakes.power.wake();
 }
 
 void Day::freeze(const char* application, const char* title) {
@@ -128,7 +127,7 @@ void Day::arrange(const char* application, const char* title) {
         std::erase_if(windows, [&](const auto& entry) { return entry.ownerProcessIdentifier == process; });
         return;
     }
-    WindowListEntry front{0, process, 0, QString::fromUtf8(title), QString::fromUtf8(application)};
+    WindowListEntry front{0, process, true, QString::fromUtf8(title), QString::fromUtf8(application)};
     front.number = numberOf(keyOf(front));
     std::erase_if(windows, [&](const auto& entry) { return entry.number == front.number; });
     windows.insert(windows.begin(), front);

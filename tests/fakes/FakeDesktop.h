@@ -31,7 +31,7 @@ public:
         return true;
     }
 
-    QString bundleName(const QString& path) const override { return bundleNames.value(path); }
+    QString nameOfProgram(const QString& path) const override { return programNames.value(path); }
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
@@ -50,7 +50,7 @@ public:
     // Changed here, the application comes to the front without the desktop telling.
     std::optional<ApplicationRecord> record;
     // By path of the program.
-    QHash<QString, QString> bundleNames;
+    QHash<QString, QString> programNames;
     bool tellsOfSwitches = true;
     // Why nothing can be told; empty when it can.
     QString obstacleText;
@@ -104,9 +104,7 @@ public:
 
     IdleReading read() override {
         ++reads;
-        if (state != IdleReading::State::Read)
-            return {state, {}};
-        return {state, answer ? *answer : PropertyListValue(std::int64_t(idle().count()))};
+        return answer.value_or(idle());
     }
 
     QString describe() const override { return QStringLiteral("a fake"); }
@@ -123,9 +121,8 @@ public:
 
     // The user touches something all the time.
     bool isBusy = false;
-    IdleReading::State state = IdleReading::State::Read;
-    // What a reading answers instead of the time by the clock: any type, or absent.
-    std::optional<PropertyListValue> answer;
+    // What a reading answers instead of the time by the clock.
+    std::optional<IdleReading> answer;
     int reads = 0;
 
 private:
@@ -135,32 +132,29 @@ private:
 
 class FakePowerEvents : public PowerEvents {
 public:
-    std::uint32_t registerForSystemPower(Handler handler) override {
+    bool observe(Handlers handlers) override {
         ++registrations;
-        m_handler = std::move(handler);
-        return rootPort;
-    }
-
-    void allowPowerChange(std::uint32_t port, std::int64_t notification) override {
-        if (port == rootPort)
-            allowed.push_back(notification);
+        m_handlers = std::move(handlers);
+        return tells;
     }
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
-    void send(PowerMessage message, std::int64_t notification = 0) {
-        if (const auto handler = m_handler)
-            handler(message, notification);
-    }
+    // When it returns, the machine may sleep.
+    void aboutToSleep() { call(m_handlers.aboutToSleep); }
+    void wake() { call(m_handlers.woke); }
 
-    // Zero: the system tells nothing of its power.
-    std::uint32_t rootPort = 7;
+    // Whether anybody tells of sleep.
+    bool tells = true;
     int registrations = 0;
-    // The notifications whose sleep was let go on, in order.
-    std::vector<std::int64_t> allowed;
 
 private:
-    Handler m_handler;
+    static void call(std::function<void()> handler) {
+        if (handler)
+            handler();
+    }
+
+    Handlers m_handlers;
 };
 
 class FakeSessionEvents : public SessionEvents {
@@ -169,11 +163,11 @@ public:
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
-    void resignActive() { call(m_handlers.didResignActive); }
+    void resignActive() { call(m_handlers.wentToBackground); }
 
-    void becomeActive() { call(m_handlers.didBecomeActive); }
+    void becomeActive() { call(m_handlers.cameToFront); }
 
-    void powerOff() { call(m_handlers.willPowerOff); }
+    void powerOff() { call(m_handlers.aboutToEnd); }
 
 private:
     static void call(std::function<void()> handler) {

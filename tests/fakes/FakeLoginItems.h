@@ -8,21 +8,21 @@
 // A session that starts what it is told, unless it refuses.
 class FakeLoginItems : public LoginItems {
 public:
-    std::vector<LoginJob> copyAllJobDictionaries() const override {
+    std::vector<LoginEntry> items() const override {
         ++looks;
-        return jobs;
+        return known;
     }
 
     Outcome setEnabled(const QString& identifier, bool isEnabled) override {
         if (refuses)
             return Failure{Failure::Kind::CannotWrite, QStringLiteral("Read-only file system")};
-        std::erase_if(jobs, [&](const LoginJob& job) { return job.label == identifier; });
+        std::erase_if(known, [&](const LoginEntry& item) { return item.identifier == identifier; });
         if (isEnabled)
-            jobs.push_back({identifier, true});
+            known.push_back({identifier, true});
         return Done{};
     }
 
-    std::vector<LoginJob> jobs;
+    std::vector<LoginEntry> known;
     bool refuses = false;
     // How often it was asked.
     mutable int looks = 0;

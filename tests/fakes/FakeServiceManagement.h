@@ -17,8 +17,8 @@ public:
     explicit FakeServiceManagement(RunLoop& runLoop)
         : m_runLoop(runLoop) {}
 
-    std::unique_ptr<ServiceAuthorization> createAuthorization() override {
-        struct Counted : ServiceAuthorization {
+    std::unique_ptr<ServiceRight> requestRight() override {
+        struct Counted : ServiceRight {
             explicit Counted(int& count)
                 : living(count) {
                 ++living;
@@ -29,30 +29,29 @@ public:
             int& living;
         };
 
-        calls << QStringLiteral("authorize myself");
-        return grantsAuthorization ? std::make_unique<Counted>(authorizations) : nullptr;
+        calls << QStringLiteral("ask for the right");
+        return grantsRight ? std::make_unique<Counted>(authorizations) : nullptr;
     }
 
-    void removeJob(const QString& label, const ServiceAuthorization&) override {
-        calls << QStringLiteral("remove ") + label;
+    void removeService(const QString& name, const ServiceRight&) override {
+        calls << QStringLiteral("remove ") + name;
     }
 
-    void bless(const QString& label, const ServiceAuthorization&, std::function<void(bool)> done) override {
-        calls << QStringLiteral("bless ") + label;
-        if (holdsBlessing)
-            heldBlessing = std::move(done);
+    void installService(const QString& name, const ServiceRight&, std::function<void(bool)> done) override {
+        calls << QStringLiteral("install ") + name;
+        if (holdsInstallation)
+            heldInstallation = std::move(done);
         else
-            done(blesses);
+            done(installs);
     }
 
-    std::optional<ServiceJob> copyJobDictionary(const QString& label) override {
-        calls << QStringLiteral("copy ") + label;
-        return blesses ? std::optional(ServiceJob{label, QStringLiteral("/usr/libexec/helper")})
-                       : std::nullopt;
+    std::optional<Service> findService(const QString& name) override {
+        calls << QStringLiteral("find ") + name;
+        return installs ? std::optional(Service{name, QStringLiteral("/usr/libexec/helper")}) : std::nullopt;
     }
 
-    void submitJob(const ServiceJob& job, const ServiceAuthorization&) override {
-        calls << QStringLiteral("submit ") + job.label;
+    void startService(const Service& service, const ServiceRight&) override {
+        calls << QStringLiteral("start ") + service.name;
     }
 
     std::unique_ptr<TKAuthXPC> connectToHelper(const QString& name,
@@ -88,11 +87,11 @@ public:
         return connects ? std::make_unique<Helper>(*this, std::move(failed)) : nullptr;
     }
 
-    bool grantsAuthorization = true;
-    bool blesses = true;
-    // A person is being asked: the answer comes when the test calls heldBlessing.
-    bool holdsBlessing = false;
-    std::function<void(bool)> heldBlessing;
+    bool grantsRight = true;
+    bool installs = true;
+    // A person is being asked: the answer comes when the test calls heldInstallation.
+    bool holdsInstallation = false;
+    std::function<void(bool)> heldInstallation;
     bool connects = true;
     // What the next requests come to; after them, they are answered.
     std::vector<Failure> failures;

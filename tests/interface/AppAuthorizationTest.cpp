@@ -9,11 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList kInstallation{u"authorize myself"_s,
+const QStringList kInstallation{u"ask for the right"_s,
                                 u"remove org.ticklog.TKAXTrusted"_s,
-                                u"bless org.ticklog.TKAXTrusted"_s,
-                                u"copy org.ticklog.TKAXTrusted"_s,
-                                u"submit org.ticklog.TKAXTrusted"_s,
+                                u"install org.ticklog.TKAXTrusted"_s,
+                                u"find org.ticklog.TKAXTrusted"_s,
+                                u"start org.ticklog.TKAXTrusted"_s,
                                 u"connect to org.ticklog.TKAXTrusted"_s,
                                 u"ask for /usr/bin/ticklog"_s};
 
@@ -127,17 +127,17 @@ TEST_F(AppAuthorizationTest, cancelStart_doesNothing) {
 }
 
 TEST_F(AppAuthorizationTest, authorizingTwice_isOneAttemptUntilThatHasFailed) {
-    machine().holdsBlessing = true;
+    machine().holdsInstallation = true;
     authorize();
     const QStringList calls = machine().calls;
     authorize();
     EXPECT_EQ(machine().calls, calls) << "a person is looking for the password";
     machine().failures = {{Failure::Kind::Refused, u"No."_s}};
-    machine().heldBlessing(true);
+    machine().heldInstallation(true);
     settle();
     EXPECT_EQ(alerts.last.message, u"No."_s);
     authorize();
-    EXPECT_GT(machine().calls.count(u"authorize myself"_s), calls.count(u"authorize myself"_s));
+    EXPECT_GT(machine().calls.count(u"ask for the right"_s), calls.count(u"ask for the right"_s));
 }
 
 TEST_F(AppAuthorizationTest, theThirdAnswer_opensThePreferences) {
@@ -200,29 +200,29 @@ TEST_F(AppAuthorizationTest, aHelperThatRefuses_isNotAskedAgain) {
 }
 
 TEST_F(AppAuthorizationTest, aRightThatCannotBeHad_isAnErrorOfWhichNothingIsKnown) {
-    machine().grantsAuthorization = false;
+    machine().grantsRight = false;
     authorize();
-    EXPECT_EQ(machine().calls, QStringList{u"authorize myself"_s});
+    EXPECT_EQ(machine().calls, QStringList{u"ask for the right"_s});
     EXPECT_EQ(alerts.questions, QStringList{u"An error was encountered."_s});
     EXPECT_FALSE(startsNextTime());
 }
 
 TEST_F(AppAuthorizationTest, aHelperThatIsNotInstalled_isLoggedAndAskedAllTheSame) {
-    machine().blesses = false;
+    machine().installs = false;
     authorize();
     EXPECT_TRUE(fakes.log.mentions(u"Error (null)"_s));
     QStringList withoutJob = kInstallation;
-    withoutJob.removeAll(u"submit org.ticklog.TKAXTrusted"_s);
+    withoutJob.removeAll(u"start org.ticklog.TKAXTrusted"_s);
     EXPECT_EQ(machine().calls, withoutJob);
     EXPECT_EQ(fakes.ownProgram.relaunched, 1);
 }
 
 TEST_F(AppAuthorizationTest, anInstallationThatAsksAPerson_isWaitedForWhileTheTimerRuns) {
-    machine().holdsBlessing = true;
+    machine().holdsInstallation = true;
     authorize();
-    EXPECT_EQ(machine().calls.last(), u"bless org.ticklog.TKAXTrusted"_s);
+    EXPECT_EQ(machine().calls.last(), u"install org.ticklog.TKAXTrusted"_s);
     EXPECT_EQ(machine().authorizations, 1);
-    std::exchange(machine().heldBlessing, {})(true);
+    std::exchange(machine().heldInstallation, {})(true);
     settle();
     EXPECT_EQ(machine().calls, kInstallation);
     EXPECT_EQ(machine().authorizations, 0);

@@ -38,7 +38,7 @@ struct Desk {
         const QString name = QString::fromUtf8(application);
         const auto process = std::int64_t(1000 + qHash(name) % 30000);
         const auto number = std::int64_t(1 + qHash(name + QString::fromUtf8(title)) % 1000000);
-        fakes.windowList.windows = {{number, process, 0, QString::fromUtf8(title), name}};
+        fakes.windowList.windows = {{number, process, true, QString::fromUtf8(title), name}};
         fakes.frontApplication.switchTo(ApplicationRecord{name, {}, process});
     }
 

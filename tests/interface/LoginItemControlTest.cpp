@@ -15,9 +15,9 @@ const QString kHelper = u"org.ticklog.TicklogLaunchHelper"_s;
 struct LoginItemControlTest : testing::Test, Desk {
     LoginItemControl& loginItem() { return controller.loginItem(); }
 
-    std::vector<LoginJob>& jobs() { return fakes.loginItems.jobs; }
+    std::vector<LoginEntry>& jobs() { return fakes.loginItems.known; }
 
-    bool isOnWith(std::vector<LoginJob> known) {
+    bool isOnWith(std::vector<LoginEntry> known) {
         jobs() = std::move(known);
         loginItem().loginItemStateChanged();
         return loginItem().isOn();
@@ -59,7 +59,7 @@ TEST_F(LoginItemControlTest, theBox_setsAndShowsWhatTheSessionStarts) {
     box().click();
     EXPECT_TRUE(box().isChecked());
     ASSERT_EQ(jobs().size(), 1U);
-    EXPECT_EQ(jobs().front().label, kHelper);
+    EXPECT_EQ(jobs().front().identifier, kHelper);
     box().click();
     EXPECT_TRUE(jobs().empty());
     jobs() = {{kHelper, true}};

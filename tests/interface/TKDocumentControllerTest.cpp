@@ -52,7 +52,7 @@ struct TKDocumentControllerTest : testing::Test, Desk {
     bool hasBackup() { return QFileInfo::exists(backup); }
 
     QString file = fakes.home.filePath(QStringLiteral("other.tkd"));
-    QString backup = controller.database().importBackupURL();
+    QString backup = controller.database().importBackupPath();
     int completions = 0;
 };
 

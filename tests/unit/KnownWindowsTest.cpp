@@ -13,7 +13,7 @@ const ApplicationRecord kWriter{QStringLiteral("Writer"), {}, 7};
 const ApplicationRecord kMailer{QStringLiteral("Mailer"), {}, 8};
 
 WindowListEntry window(std::int64_t number, const ApplicationRecord& owner) {
-    return {number, owner.processIdentifier, 0, QStringLiteral("Page %1").arg(number), owner.name};
+    return {number, owner.processIdentifier, true, QStringLiteral("Page %1").arg(number), owner.name};
 }
 
 // A back end that has found out what it is told here.

@@ -17,7 +17,7 @@ class SilenceWatchTest : public testing::Test {
 protected:
     SilenceWatchTest() {
         front.record = kWriter;
-        windows.windows = {{1, 7, 0, QStringLiteral("Letter"), kWriter.name}};
+        windows.windows = {{1, 7, true, QStringLiteral("Letter"), kWriter.name}};
         idleTime.isBusy = true;
         watch.installSwitchHandler([this] { switches << watch.activeApplication()->name; });
     }
@@ -108,7 +108,7 @@ TEST_F(SilenceWatchTest, whileNobodyIsAtWork_nobodyIsAsked) {
 }
 
 TEST_F(SilenceWatchTest, anIdleTimeThatIsNotTold_isNoReasonToTrustTheDesktop) {
-    idleTime.state = IdleReading::State::NoProperties;
+    idleTime.answer = IdleReading::Lack::NoAnswer;
     runLoop.advance(70s);
     EXPECT_EQ(seen(), kNothing);
 }

@@ -79,13 +79,13 @@ TEST_F(TimeActivatorScreenCaptureTest, theFrontWindow_isTheFirstOrdinaryOneOfThe
     m_day.front("Mail", "Inbox");
     m_day.front("Editor", "a.txt");
     auto dock = frontWindow();
-    dock.layer = 20;
+    dock.isOrdinary = false;
     dock.name = u"tooltip"_s;
     dock.number = 1;
     m_day.fakes.windowList.windows.insert(m_day.fakes.windowList.windows.begin(), dock);
     m_day.advance(0.1);
     EXPECT_EQ(titleSeen(), "a.txt");
-    EXPECT_EQ(source().lastUpdateWindowDict()->layer, 0);
+    EXPECT_TRUE(source().lastUpdateWindowDict()->isOrdinary);
     m_day.fakes.frontApplication.record = m_day.recordOf("Mail");
     m_day.advance(0.1);
     EXPECT_EQ(titleSeen(), "Inbox");
@@ -154,7 +154,7 @@ TEST_F(TimeActivatorScreenCaptureTest, aNumberReusedByAnotherProcess_renamesNoth
     const auto number = frontWindow().number;
     m_day.closeAllWindows();
     m_day.fakes.windowList.windows = {
-        {number, m_day.recordOf("Mail").processIdentifier, 0, u"Inbox"_s, u"Mail"_s}};
+        {number, m_day.recordOf("Mail").processIdentifier, true, u"Inbox"_s, u"Mail"_s}};
     m_day.fakes.frontApplication.switchTo(m_day.recordOf("Mail"));
     m_day.seconds(1);
     EXPECT_EQ(m_day.tree(), "Editor 1 [a.txt 1], Mail 1 [Inbox 1]");
@@ -189,7 +189,7 @@ TEST_F(TimeActivatorScreenCaptureTest, beforeAnything_thereIsNoStartDate) {
 }
 
 TEST_F(TimeActivatorScreenCaptureTest, anApplicationWithoutAName_goesByItsProgramsName) {
-    m_day.fakes.frontApplication.bundleNames.insert(u"/opt/tool"_s, u"The Tool"_s);
+    m_day.fakes.frontApplication.programNames.insert(u"/opt/tool"_s, u"The Tool"_s);
     EXPECT_EQ(source().buildAppNameForDictionary(ApplicationRecord{{}, u"/opt/tool"_s, 1}), u"The Tool"_s);
     EXPECT_EQ(source().buildAppNameForDictionary(ApplicationRecord{u"Tool"_s, u"/opt/tool"_s, 1}), u"Tool"_s);
     EXPECT_FALSE(source().buildAppNameForDictionary(ApplicationRecord{{}, u"/opt/other"_s, 1}));

@@ -314,7 +314,7 @@ TEST_F(TimeDatabaseTest, anImport_replacesTimersAndProjectsAndKeepsTheFirstBacku
                                      {kDatabaseProjects, PropertyListArray{QStringLiteral("p")}}});
     const QString backup =
         fakes.folders.applicationSupport + QStringLiteral("/Primary Database - Import Backup.tkd");
-    EXPECT_EQ(database.importBackupURL(), backup);
+    EXPECT_EQ(database.importBackupPath(), backup);
     ASSERT_TRUE(database.importDatabase(other));
     EXPECT_TRUE(tree().isEmpty());
     EXPECT_EQ(importedProjects, PropertyListValue(PropertyListArray{QStringLiteral("p")}));
@@ -361,7 +361,7 @@ TEST_F(TimeDatabaseTest, theMainStoreItselfImported_isReadAndWhatWasShownIsInThe
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());
     engine.tracker().reset();
     addMail();
-    const QString backup = database.importBackupURL();
+    const QString backup = database.importBackupPath();
     ASSERT_TRUE(database.importDatabase(database.mainStoreURL()));
     EXPECT_EQ(tree(), QStringLiteral("Editor 7"));
     ASSERT_TRUE(database.loadDictionaryFromURL(backup));
@@ -370,7 +370,7 @@ TEST_F(TimeDatabaseTest, theMainStoreItselfImported_isReadAndWhatWasShownIsInThe
 
 TEST_F(TimeDatabaseTest, theBackupOfAnImport_holdsWhatWasNotSavedYet) {
     addMail();
-    const QString backup = database.importBackupURL();
+    const QString backup = database.importBackupPath();
     EXPECT_FALSE(database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd"))));
     EXPECT_EQ(contentOf(backup).value(kDatabaseApps).asArray()->size(), 1U);
 }
@@ -400,7 +400,7 @@ TEST_F(TimeDatabaseTest, anOlderAccountAtTheDefaultLocation_isSetAsideWhenThatIs
 TEST_F(TimeDatabaseTest, anImportThatCannotBeRead_makesTheBackupAndLeavesTheTimers) {
     addMail();
     ASSERT_TRUE(database.saveSettingsToDiskAtURL());
-    const QString backup = database.importBackupURL();
+    const QString backup = database.importBackupPath();
     const Outcome imported = database.importDatabase(fakes.home.filePath(QStringLiteral("missing.tkd")));
     ASSERT_FALSE(imported);
     EXPECT_TRUE(imported.failure().text.contains(QStringLiteral("missing.tkd"))) << "it says so";

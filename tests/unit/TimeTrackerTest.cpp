@@ -22,7 +22,9 @@ protected:
     }
 
     // What the display answers from now on, in its seconds of 2^30 nanoseconds.
-    void setIdleCount(std::int64_t seconds) { m_day.fakes.idleTime.answer = seconds << 30; }
+    void setIdleCount(std::int64_t seconds) {
+        m_day.fakes.idleTime.answer = std::chrono::nanoseconds(seconds << 30);
+    }
 
     // Ticks stop for so long; then there is one.
     void tickAfterGap(double seconds) {

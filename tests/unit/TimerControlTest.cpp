@@ -28,10 +28,6 @@ protected:
         return file && file->asDictionary() && file->asDictionary()->value(kTKWasTimerRunning).toBool();
     }
 
-    void send(PowerMessage message, std::int64_t notification = 0) {
-        m_day.fakes.power.send(message, notification);
-    }
-
     Day m_day;
     TimerControl& m_control = m_day.control;
 };
@@ -78,9 +74,9 @@ TEST_F(TimerControlTest, eachTick_refreshesTheSumAndTheMenus) {
 
 TEST_F(TimerControlTest, idleness_includesTheMinuteItself) {
     m_day.fakes.defaults.setObject(kMinutesUntilIdle, 5);
-    m_day.fakes.idleTime.answer = std::int64_t(299) << 30;
+    m_day.fakes.idleTime.answer = std::chrono::nanoseconds(std::int64_t(299) << 30);
     EXPECT_FALSE(m_control.isIdle());
-    m_day.fakes.idleTime.answer = std::int64_t(300) << 30;
+    m_day.fakes.idleTime.answer = std::chrono::nanoseconds(std::int64_t(300) << 30);
     m_day.advance(301 * 1.08);
     EXPECT_TRUE(m_control.isIdle());
 }
@@ -119,10 +115,9 @@ TEST_F(TimerControlTest, aRefusedStart_leavesEverythingUntouched) {
 TEST_F(TimerControlTest, aSleepQueryThatIsRefused_stopsAndRestartsTheTimerAndSavesOnce) {
     m_control.startTimer();
     shown();
-    send(PowerMessage::CanSystemSleep, 41);
+    m_day.fakes.power.aboutToSleep();
     EXPECT_FALSE(m_control.isRunning());
-    EXPECT_EQ(m_day.fakes.power.allowed, std::vector<std::int64_t>{41});
-    send(PowerMessage::SystemWillNotSleep);
+    m_day.fakes.power.wake();
     EXPECT_TRUE(m_control.isRunning());
     EXPECT_TRUE(wasTimerRunning());
     EXPECT_EQ(m_day.saves, 1);
@@ -134,7 +129,6 @@ TEST_F(TimerControlTest, sleep_isNotCreditedAndTheTimerRunsAfterIt) {
     m_day.front("Mail", "Inbox");
     m_day.seconds(10);
     m_day.asleep(3600);
-    EXPECT_EQ(m_day.fakes.power.allowed, (std::vector<std::int64_t>{1, 2}));
     EXPECT_EQ(m_day.saves, 1);
     m_day.seconds(10);
     EXPECT_EQ(m_day.tree(), "Mail 20 [Inbox 20]");
@@ -143,8 +137,8 @@ TEST_F(TimerControlTest, sleep_isNotCreditedAndTheTimerRunsAfterIt) {
 TEST_F(TimerControlTest, aBatteryThatGoesEmptyAsleep_leavesATimerThatRunsAtTheNextLaunch) {
     m_day.start();
     m_day.seconds(10);
-    send(PowerMessage::CanSystemSleep, 41);
-    send(PowerMessage::SystemWillSleep, 42);
+    m_day.fakes.power.aboutToSleep();
+    m_day.fakes.power.aboutToSleep();
     EXPECT_FALSE(m_control.isRunning());
     EXPECT_TRUE(isWrittenAsRunning());
 }
@@ -164,7 +158,6 @@ TEST_F(TimerControlTest, sleepWhileStopped_startsNothingAfterwards) {
     m_day.advance(60);
     EXPECT_FALSE(m_control.isRunning());
     EXPECT_EQ(m_day.saves, 0);
-    EXPECT_EQ(m_day.fakes.power.allowed.size(), 2U);
 }
 
 TEST_F(TimerControlTest, sleepWhileIdle_endsTheIdleStateAndBooksNothingForTheNight) {
@@ -179,7 +172,7 @@ TEST_F(TimerControlTest, sleepWhileIdle_endsTheIdleStateAndBooksNothingForTheNig
 
 TEST_F(TimerControlTest, aWakeUpThatWentMissing_isMadeUpForByTheHeartbeat) {
     m_day.start();
-    send(PowerMessage::SystemWillSleep, 1);
+    m_day.fakes.power.aboutToSleep();
     m_day.fakes.clock.sleepFor(std::chrono::hours(1));
     m_day.advance(14.9);
     EXPECT_FALSE(m_control.isRunning());
@@ -258,16 +251,9 @@ TEST_F(TimerControlTest, powerEvents_areRegisteredForOnce) {
 
 TEST_F(TimerControlTest, aSystemThatTellsNothingOfItsPower_isReportedOnStandardOutput) {
     Day day;
-    day.fakes.power.rootPort = 0;
+    day.fakes.power.tells = false;
     day.control.registerForSystemSleep(day.fakes.power);
     EXPECT_EQ(str(day.fakes.log.printed.join(u'\n')), "IORegisterForSystemPower failed");
-}
-
-TEST_F(TimerControlTest, otherMessages_areIgnored) {
-    m_control.startTimer();
-    send(PowerMessage(0xE0000320));
-    EXPECT_TRUE(m_control.isRunning());
-    EXPECT_TRUE(m_day.fakes.power.allowed.empty());
 }
 
 TEST_F(TimerControlTest, setToRun_startsTheTrackerWithoutATickOrASign) {
@@ -292,10 +278,10 @@ TEST_F(TimerControlTest, aWakeUpAfterALongAbsence_booksNoIdleTimeAgain) {
     m_day.seconds(40);
     m_day.idle(1800);
     const auto before = m_day.tree();
-    m_day.fakes.power.send(PowerMessage::SystemWillSleep, 1);
+    m_day.fakes.power.aboutToSleep();
     m_day.fakes.clock.sleepFor(std::chrono::hours(8));
     // A lid that is opened is no input.
-    m_day.fakes.power.send(PowerMessage::SystemHasPoweredOn);
+    m_day.fakes.power.wake();
     EXPECT_EQ(m_day.tree(), before);
 }
 

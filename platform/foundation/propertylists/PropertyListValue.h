@@ -75,8 +75,6 @@ public:
     bool toBool() const;
     // The text, or an empty one.
     QString toString() const;
-    // A number for the type, for messages about values of the wrong one.
-    int typeIdentifier() const { return int(m_value.index()); }
 
     friend bool operator==(const PropertyListValue& a, const PropertyListValue& b);
 
