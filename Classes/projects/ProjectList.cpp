@@ -178,6 +178,15 @@ void ProjectList::setSelectedColorTag(const ProjectRecord& project, int tag) {
     reloadReverseProjectCache();
 }
 
+void ProjectList::setPatterns(const ProjectRecord& project, const PropertyListArray& patterns) {
+    const Record record = editable(project);
+    if (!record || record == m_mainItem)
+        return;
+    record->setPatterns(patterns);
+    tellChanged(Kind::Patterns, project);
+    saveData();
+}
+
 void ProjectList::addMembers(const ProjectRecord& project, const std::vector<Identity>& identities) {
     const Record record = editable(project);
     if (!record || record == m_mainItem)

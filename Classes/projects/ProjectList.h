@@ -11,7 +11,7 @@ inline constexpr ObservedKey kReverseProjectCacheKey{"reverseProjectCache"};
 // A change of the list of projects. Insert, Remove and Replace are told before and after; the others only
 // after. Freezing members is not told: they remain the same timers.
 struct ProjectListChange {
-    enum class Kind { Insert, Remove, Replace, Label, ColorTag, Members };
+    enum class Kind { Insert, Remove, Replace, Label, ColorTag, Members, Patterns };
 
     Kind kind;
     ChangePhase phase;
@@ -79,6 +79,8 @@ public:
     void setLabel(const ProjectRecord& project, const QString& label);
     // On the main item the colour holds only until the program ends.
     void setSelectedColorTag(const ProjectRecord& project, int tag);
+    // By what the history knows what is the project's; saves.
+    void setPatterns(const ProjectRecord& project, const PropertyListArray& patterns);
     void addMembers(const ProjectRecord& project, const std::vector<Identity>& identities);
     // Does not save: the change is written with the next save.
     void removeMembers(const ProjectRecord& project, const std::unordered_set<Identity>& identities);

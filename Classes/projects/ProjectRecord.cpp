@@ -93,6 +93,17 @@ void ProjectRecord::setColorTag(int tag) {
     m_entries.insert(kProjectColorTag, tag);
 }
 
+PropertyListArray ProjectRecord::patterns() const {
+    return listOf(m_entries.value(kProjectPatterns));
+}
+
+void ProjectRecord::setPatterns(const PropertyListArray& patterns) {
+    if (patterns.empty())
+        m_entries.remove(kProjectPatterns);
+    else
+        m_entries.insert(kProjectPatterns, patterns);
+}
+
 std::optional<Identity> ProjectRecord::uuid() const {
     return identityOf(m_entries.value(kProjectUUID));
 }

@@ -13,6 +13,8 @@ inline const QString kProjectSubtree = QStringLiteral("Subtree");
 inline const QString kProjectExpandedUUIDs = QStringLiteral("expandedUUIDs");
 inline const QString kProjectColorTag = QStringLiteral("kTKColorTagKey");
 inline const QString kProjectUUID = QStringLiteral("UUID");
+// Only where there are any: what the history has of it beside its members. Records, see ProjectPatterns.
+inline const QString kProjectPatterns = QStringLiteral("kTKPatterns");
 
 // One project, as it is in the file. Two records are the same project only if they are the same object.
 // Entries of unknown keys are kept; so are values of the wrong type, until they are replaced, but they count
@@ -33,6 +35,10 @@ public:
     // 0 when absent: no colour. A file can hold any number.
     int colorTag() const;
     void setColorTag(int tag);
+
+    // None if absent.
+    PropertyListArray patterns() const;
+    void setPatterns(const PropertyListArray& patterns);
 
     // The identity of the project's node; this program never makes one.
     std::optional<Identity> uuid() const;

@@ -12,15 +12,6 @@ const QString kPrivateWindows =
                    "プライベートブラウジング)\\)?$|\\((Incognito|Inkognito|InPrivate|Private|Privat)\\)$|"
                    "\\[InPrivate\\]|^New (Incognito|Private) Tab");
 
-std::optional<QRegularExpression> expressionOf(const PropertyListDictionary& record) {
-    const QString text = record.value(kTitleRuleTitle).toString();
-    if (text.isEmpty())
-        return std::nullopt;
-    return QRegularExpression(
-        record.value(kTitleRuleIsExpression).toBool() ? text : QRegularExpression::escape(text),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
-}
-
 } // namespace
 
 TitleRules::TitleRules() {
@@ -47,8 +38,7 @@ bool TitleRules::isActive(const PropertyListDictionary& record) {
 }
 
 QString TitleRules::faultOf(const PropertyListDictionary& record) {
-    const auto expression = expressionOf(record);
-    return expression && !expression->isValid() ? expression->errorString() : QString();
+    return TitlePattern(record).fault();
 }
 
 void TitleRules::read(const PropertyListValue& rules) {
@@ -62,20 +52,15 @@ void TitleRules::read(const PropertyListValue& rules) {
 }
 
 TitleRules::Rule TitleRules::ruleOf(const PropertyListDictionary& record, std::size_t place) {
-    Rule rule{place, record.value(kTitleRuleProgram).toString(), expressionOf(record), effectOf(record),
-              record.value(kTitleRuleReplacement).toString()};
-    if (rule.title && !rule.title->isValid()) {
-        rule.title.reset();
+    Rule rule{place, TitlePattern(record), effectOf(record), record.value(kTitleRuleReplacement).toString()};
+    if (!rule.pattern.fault().isEmpty())
         rule.effect = Effect::LeaveOut;
-    }
     return rule;
 }
 
 const TitleRules::Rule* TitleRules::ruleFor(const QString& program, const QString& title) const {
-    const auto rule = std::ranges::find_if(m_rules, [&](const Rule& each) {
-        return (each.program.isEmpty() || program.contains(each.program, Qt::CaseInsensitive)) &&
-               (!each.title || each.title->match(title).hasMatch());
-    });
+    const auto rule =
+        std::ranges::find_if(m_rules, [&](const Rule& each) { return each.pattern.fits(program, title); });
     return rule == m_rules.end() ? nullptr : &*rule;
 }
 
@@ -101,6 +86,6 @@ std::optional<std::size_t> TitleRules::deciding(const QString& program, const QS
 
 bool TitleRules::hidesSomewhere(const QString& title) const {
     return std::ranges::any_of(m_rules, [&](const Rule& rule) {
-        return rule.effect != Effect::Keep && rule.title && rule.title->match(title).hasMatch();
+        return rule.effect != Effect::Keep && rule.pattern.looksAtTitle() && rule.pattern.fitsTitle(title);
     });
 }

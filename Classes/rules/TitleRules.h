@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/rules/TitlePattern.h"
 #include "platform/foundation/files/UserDefaults.h"
-
-#include <QRegularExpression>
 
 #include <vector>
 
 // The setting that holds the rules: a list of records. While it is absent, the built-in rules hold.
 inline const QString kTitleRules = QStringLiteral("kTKTitleRules");
-// The entries of a record. Program and title match if they are contained, upper or lower case; absent or
-// empty matches everything.
-inline const QString kTitleRuleProgram = QStringLiteral("Program");
-inline const QString kTitleRuleTitle = QStringLiteral("Title");
-// Whether "Title" is a regular expression.
-inline const QString kTitleRuleIsExpression = QStringLiteral("Expression");
+// The entries of a record, beside those of TitlePattern.
 // "keep", "leave out", "replace" or "private"; any other value means "leave out".
 inline const QString kTitleRuleEffect = QStringLiteral("Effect");
 inline const QString kTitleRuleReplacement = QStringLiteral("Replacement");
@@ -61,9 +55,7 @@ private:
     struct Rule {
         // In the list, with those that are asleep.
         std::size_t place;
-        QString program;
-        // Absent: any title matches.
-        std::optional<QRegularExpression> title;
+        TitlePattern pattern;
         Effect effect;
         QString replacement;
     };

@@ -42,6 +42,11 @@ void RecordedNames::readProjects(const QString& path) {
         m_projectNames << project.label();
         for (const Identity& member : project.flattenedMembers())
             m_memberships[member.bytes()] << m_projectNames.size() - 1;
+        ProjectPatterns patterns(project);
+        if (patterns.isEmpty())
+            continue;
+        m_belonging = std::max(m_belonging, patterns.lookAtTitles() ? Belonging::Title : Belonging::Program);
+        m_patterns.emplace_back(m_projectNames.size() - 1, std::move(patterns));
     }
 }
 
@@ -67,7 +72,22 @@ QString RecordedNames::title(qint64 number) const {
     return row.next() ? cleanText(row.text(0)) : QString();
 }
 
-QStringList RecordedNames::projectsOf(qint64 timer) const {
+// Patterns know a program by its own name, not by the one that a rule gives it.
+const QList<qsizetype>& RecordedNames::fitting(qint64 program, qint64 title) const {
+    const std::pair key(program, m_belonging == Belonging::Title ? title : 0);
+    const auto known = m_fitting.constFind(key);
+    if (known != m_fitting.constEnd())
+        return *known;
+    QList<qsizetype> places;
+    const QString name = recordedProgram(program);
+    const QString text = m_belonging == Belonging::Title ? this->title(title) : QString();
+    for (const auto& [place, patterns] : m_patterns)
+        if (patterns.fit(name, text))
+            places << place;
+    return *m_fitting.insert(key, places);
+}
+
+QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
     QList<qsizetype> places;
     SqliteQuery row(m_history, "SELECT application, window FROM timers WHERE id = ?", std::int64_t(timer));
     if (row.next()) {
@@ -75,6 +95,8 @@ QStringList RecordedNames::projectsOf(qint64 timer) const {
         // An application has no window, which no project has for a member.
         places += m_memberships.value(row.bytes(1));
     }
+    if (m_belonging != Belonging::Timer)
+        places += fitting(program, title);
     std::ranges::sort(places);
     QStringList names;
     for (const qsizetype place : places)

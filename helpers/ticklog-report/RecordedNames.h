@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/history/Sqlite.h"
+#include "Classes/projects/ProjectPatterns.h"
 #include "helpers/ticklog-report/ReportNames.h"
 #include "platform/Folders.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
@@ -16,7 +17,8 @@ public:
 
     std::optional<QString> program(qint64 number) const override;
     QString title(qint64 number) const override;
-    QStringList projectsOf(qint64 timer) const override;
+    Belonging belonging() const override { return m_belonging; }
+    QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const override;
     QStringList categoriesOf(qint64 program) const override;
 
     bool hasProject(const QString& name) const { return m_projectNames.contains(name); }
@@ -24,6 +26,7 @@ public:
 private:
     void readProjects(const QString& path);
     QString recordedProgram(qint64 number) const;
+    const QList<qsizetype>& fitting(qint64 program, qint64 title) const;
 
     SqliteDatabase& m_history;
     // By the program's name.
@@ -31,4 +34,9 @@ private:
     QStringList m_projectNames;
     // By the identity of a member, as the history has it: places in the list of names, in its order.
     QHash<QByteArray, QList<qsizetype>> m_memberships;
+    // Places in the list of names, of those that have any.
+    std::vector<std::pair<qsizetype, ProjectPatterns>> m_patterns;
+    Belonging m_belonging = Belonging::Timer;
+    // By program and title, found out once.
+    mutable QHash<std::pair<qint64, qint64>, QList<qsizetype>> m_fitting;
 };

@@ -94,7 +94,7 @@ QDate Report::dayOf(const RecordedStretch& stretch, int dayBegins) {
 }
 
 bool Report::isWanted(const RecordedStretch& stretch) {
-    return isWanted(stretch.presence) && program(stretch.program).isShown && timer(stretch.timer).isWanted &&
+    return isWanted(stretch.presence) && program(stretch.program).isShown && belonging(stretch).isWanted &&
            (program(stretch.program).isFound || title(stretch.title).isFound);
 }
 
@@ -130,26 +130,38 @@ const Report::Title& Report::title(qint64 number) {
     return *m_titles.insert(number, {isFound(text), m_texts.numberOf(text)});
 }
 
-const Report::Timer& Report::timer(qint64 number) {
-    const auto known = m_timers.constFind(number);
-    if (known != m_timers.constEnd())
+bool Report::needsTitles() const {
+    const bool isByProject =
+        m_request.project || std::ranges::find(m_request.keys, ReportKey::Project) != m_request.keys.end();
+    return isByProject && m_names.belonging() == ReportNames::Belonging::Title;
+}
+
+const Report::Belonging& Report::belonging(const RecordedStretch& stretch) {
+    Codes key;
+    key.numbers[0] = stretch.timer;
+    if (m_names.belonging() >= ReportNames::Belonging::Program)
+        key.numbers[1] = stretch.program;
+    if (m_names.belonging() >= ReportNames::Belonging::Title)
+        key.numbers[2] = stretch.title;
+    const auto known = m_belongings.constFind(key);
+    if (known != m_belongings.constEnd())
         return *known;
-    const QStringList projects = m_names.projectsOf(number);
-    Timer timer{true, projects, {}};
+    const QStringList projects = m_names.projectsOf(stretch.timer, stretch.program, stretch.title);
+    Belonging belonging{true, projects, {}};
     if (m_request.project)
-        timer.isWanted =
+        belonging.isWanted =
             projects.contains(*m_request.project) || (projects.isEmpty() && *m_request.project == kNoProject);
     for (const QString& project : projects.isEmpty() ? QStringList(kNoProject) : projects)
-        // Somebody who asks for one project does not ask for the others of the same timer.
+        // Somebody who asks for one project does not ask for the others of the same stretch.
         if (!m_request.project || project == *m_request.project)
-            timer.projects.push_back(m_texts.numberOf(project));
-    return *m_timers.insert(number, timer);
+            belonging.projects.push_back(m_texts.numberOf(project));
+    return *m_belongings.insert(key, belonging);
 }
 
 void Report::addAlone(const RecordedStretch& stretch) {
     m_alone.push_back({{isoTime(stretch.start, stretch.offset), isoTime(stretch.end(), stretch.offset),
                         m_texts[program(stretch.program).name], m_texts[title(stretch.title).text],
-                        QJsonArray::fromStringList(timer(stretch.timer).names), wordFor(stretch.presence)},
+                        QJsonArray::fromStringList(belonging(stretch).names), wordFor(stretch.presence)},
                        stretch.length,
                        stretch.start});
 }
@@ -190,7 +202,7 @@ void Report::addSum(const RecordedStretch& piece, std::size_t key, Codes& codes)
     case ReportKey::Title:
         return addEach({title(piece.title).text});
     case ReportKey::Project:
-        return addEach(timer(piece.timer).projects);
+        return addEach(belonging(piece).projects);
     case ReportKey::Category:
         return addEach(program(piece.program).categories);
     default:

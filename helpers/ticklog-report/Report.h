@@ -29,6 +29,9 @@ public:
     // day; only its length counts, and the range is not looked at.
     void addDay(QDate day, const RecordedStretch& sum);
 
+    // Whether sums without titles are of no use, because titles decide about what is asked for.
+    bool needsTitles() const;
+
     // The day of the user's calendar on which a stretch begins.
     static QDate dayOf(const RecordedStretch& stretch, int dayBegins);
 
@@ -72,7 +75,7 @@ private:
         bool isFound;
         qint64 text;
     };
-    struct Timer {
+    struct Belonging {
         bool isWanted;
         QStringList names;
         std::vector<qint64> projects;
@@ -80,7 +83,7 @@ private:
 
     const Program& program(qint64 number);
     const Title& title(qint64 number);
-    const Timer& timer(qint64 number);
+    const Belonging& belonging(const RecordedStretch& stretch);
     bool isWanted(RecordedStretch::Presence presence) const;
     bool isWanted(const RecordedStretch& stretch);
     bool isFound(const QString& text) const;
@@ -101,7 +104,8 @@ private:
     Texts m_texts;
     QHash<qint64, Program> m_programs;
     QHash<qint64, Title> m_titles;
-    QHash<qint64, Timer> m_timers;
+    // By timer and, where they count, program and title.
+    QHash<Codes, Belonging> m_belongings;
     QHash<Codes, qint64> m_sums;
     std::vector<ReportLine> m_alone;
 };

@@ -29,8 +29,11 @@ public:
     // As the user calls it. Absent: left out of everything, by a rule.
     virtual std::optional<QString> program(qint64 number) const = 0;
     virtual QString title(qint64 number) const = 0;
-    // The projects in which the timer is, in their order; empty for none.
-    virtual QStringList projectsOf(qint64 timer) const = 0;
+    // What of a stretch decides about its projects: each is asked beside the one before.
+    enum class Belonging : unsigned char { Timer, Program, Title };
+    virtual Belonging belonging() const { return Belonging::Timer; }
+    // The projects that have the timer, or patterns that fit, in their order; empty for none.
+    virtual QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const = 0;
     virtual QStringList categoriesOf(qint64 program) const = 0;
 };
 

@@ -91,7 +91,7 @@ void readMonths(Report& report, SqliteDatabase& history, const Days& months) {
 }
 
 void readWholeDays(Report& report, SqliteDatabase& history, const ReportRequest& request, const Days& days) {
-    const Days months = isByMonths(request) ? wholeMonthsOf(days) : Days();
+    const Days months = isByMonths(request) && !report.needsTitles() ? wholeMonthsOf(days) : Days();
     if (months.areNone())
         return readDays(report, history, days);
     readDays(report, history, {days.first, months.first});

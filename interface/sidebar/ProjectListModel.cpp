@@ -32,6 +32,7 @@ void ProjectListModel::changed(const ProjectListChange& change) {
         Q_EMIT dataChanged(index(row, 0), index(row, 0));
         break;
     case Kind::Members:
+    case Kind::Patterns:
         break;
     }
 }

@@ -19,7 +19,7 @@ public:
         return name == QLatin1String("Blocked") ? std::nullopt : std::optional(name);
     }
     QString title(qint64 number) const override { return titles[number]; }
-    QStringList projectsOf(qint64 timer) const override { return projects.value(timer); }
+    QStringList projectsOf(qint64 timer, qint64, qint64) const override { return projects.value(timer); }
     QStringList categoriesOf(qint64 program) const override { return categories.value(program); }
 
     QStringList programs;

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/propertylists/PropertyListValue.h"
+
+#include <QRegularExpression>
+
+#include <optional>
+
+// The entries of a record by which titles are found. Program and title are found as a part, whatever their case; what is absent
+// or empty fits all.
+inline const QString kTitleRuleProgram = QStringLiteral("Program");
+inline const QString kTitleRuleTitle = QStringLiteral("Title");
+// Whether the title is a regular expression.
+inline const QString kTitleRuleIsExpression = QStringLiteral("Expression");
+
+// What a title is found by: its program and what it says.
+class TitlePattern {
+public:
+    explicit TitlePattern(const PropertyListDictionary& record);
+
+    // In the words of who reads expressions; empty for an expression that is right. One that is wrong fits every title.
+    QString fault() const;
+    // Whether it asks what the title says.
+    bool looksAtTitle() const { return m_title && m_title->isValid(); }
+    // Whether nothing is asked for.
+    bool fitsAll() const { return m_program.isEmpty() && !m_title; }
+    bool fits(const QString& program, const QString& title) const;
+    // Whatever the program.
+    bool fitsTitle(const QString& title) const;
+
+private:
+    QString m_program;
+    // Absent: any title.
+    std::optional<QRegularExpression> m_title;
+};
