@@ -64,6 +64,7 @@ MainActions::MainActions(QObject* window)
     , showSidebar(make(window, "showSidebar", localized("&Projects"), Qt::Key_F9))
     , addProject(make(window, "addProject", localized("&New Project"), QKeySequence::New))
     , renameProject(make(window, "renameProject", localized("&Rename Project")))
+    , editPatterns(make(window, "editPatterns", localized("Pa&tterns…")))
     , moveProjectUp(make(window, "moveProjectUp", localized("Move &Up"), Qt::ALT | Qt::Key_Up))
     , moveProjectDown(make(window, "moveProjectDown", localized("Move &Down"), Qt::ALT | Qt::Key_Down))
     , branchProject(make(window, "branchProject", localized("&Freeze All Timers of the Project")))
@@ -89,8 +90,8 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
              selectAll, deselectAll, nullptr, find, nullptr, editRules, showPrefWindow});
     addMenu(menuBar, "viewMenu", localized("&View"), {showSidebar, nullptr, expandAll, collapseAll});
     QMenu* projectMenu = addMenu(menuBar, "projectMenu", localized("&Project"),
-                                 {addProject, renameProject, nullptr, moveProjectUp, moveProjectDown, nullptr,
-                                  branchProject, nullptr, removeProject, nullptr});
+                                 {addProject, renameProject, editPatterns, nullptr, moveProjectUp,
+                                  moveProjectDown, nullptr, branchProject, nullptr, removeProject, nullptr});
     addMenu(menuBar, "timerMenu", localized("&Timer"),
             {toggleCounting, nullptr, branch, nullptr, clearTimers});
     addMenu(menuBar, "helpMenu", localized("&Help"), {about});
@@ -102,6 +103,6 @@ QList<QAction*> MainActions::forTimers() const {
 }
 
 QList<QAction*> MainActions::forProjects() const {
-    return {addProject, renameProject, nullptr,       moveProjectUp, moveProjectDown,
-            nullptr,    branchProject, exportProject, removeProject};
+    return {addProject,      renameProject, editPatterns,  nullptr,       moveProjectUp,
+            moveProjectDown, nullptr,       branchProject, exportProject, removeProject};
 }

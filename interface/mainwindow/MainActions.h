@@ -48,6 +48,7 @@ struct MainActions {
 
     QAction* addProject;
     QAction* renameProject;
+    QAction* editPatterns;
     QAction* moveProjectUp;
     QAction* moveProjectDown;
     QAction* branchProject;

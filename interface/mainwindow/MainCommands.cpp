@@ -101,6 +101,7 @@ void MainCommands::connectProjects() {
     TKProjectController& projects = m_controller.projectController();
     connectTo(actions.addProject, m_receiver, [&projects] { projects.addProject(); });
     connectTo(actions.renameProject, m_receiver, [&projects] { projects.renameProject(); });
+    connectTo(actions.editPatterns, m_receiver, [&projects] { projects.editPatterns(); });
     connectTo(actions.moveProjectUp, m_receiver, [&projects] { projects.moveProject(-1); });
     connectTo(actions.moveProjectDown, m_receiver, [&projects] { projects.moveProject(1); });
     connectTo(actions.branchProject, m_receiver, [&projects] { projects.branchProject(); });
@@ -133,8 +134,8 @@ void MainCommands::update() {
     for (QAction* action : {actions.rename, actions.deleteRows})
         action->setEnabled(isForTimers ? hasSelection : hasProject);
     actions.forceDelete->setEnabled(isForTimers && hasSelection);
-    for (QAction* action :
-         {actions.renameProject, actions.exportProject, actions.branchProject, actions.removeProject})
+    for (QAction* action : {actions.renameProject, actions.editPatterns, actions.exportProject,
+                            actions.branchProject, actions.removeProject})
         action->setEnabled(hasProject);
     actions.moveProjectUp->setEnabled(projects.canMoveProject(-1));
     actions.moveProjectDown->setEnabled(projects.canMoveProject(1));

@@ -4,6 +4,7 @@
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
+#include "interface/sidebar/ProjectPatternsWindow.h"
 #include "interface/sidebar/ProjectsCommand.h"
 #include "platform/foundation/text/CleanText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
@@ -111,6 +112,18 @@ void TKProjectController::rename(const ProjectList::Project& project, const QStr
     const QString cleaned = cleanText(label);
     if (cleaned != project->label())
         change(localized("Rename Project"), [&] { m_projects.setLabel(*project, cleaned); });
+}
+
+void TKProjectController::editPatterns() {
+    const ProjectList::Project project = currentProject();
+    if (project == m_projects.mainItem())
+        return;
+    if (!m_patternsWindow)
+        m_patternsWindow = new ProjectPatternsWindow(m_projectOutline.window());
+    m_patternsWindow->openFor(
+        project->label(), project->patterns(), [this, project](const PropertyListArray& patterns) {
+            change(localized("Change Patterns"), [&] { m_projects.setPatterns(*project, patterns); });
+        });
 }
 
 void TKProjectController::removeProject() {

@@ -8,6 +8,7 @@
 #include <QUndoStack>
 
 class Alerts;
+class ProjectPatternsWindow;
 class QMenu;
 class TKOutlineDisplayView;
 
@@ -44,6 +45,10 @@ public:
     bool isMainItemSelected() const;
 
     void addProject();
+    // Opens the window for the patterns of the selected project.
+    void editPatterns();
+    // Null until it was opened once.
+    ProjectPatternsWindow* patternsWindow() const { return m_patternsWindow; }
     // Starts editing the name of the selected row.
     void renameProject();
     // Without asking the user.
@@ -91,6 +96,8 @@ private:
     TKOutlineDisplayView& m_projectOutline;
     Alerts& m_alerts;
     QUndoStack& m_undoStack;
+    // The window's own that the sidebar is in.
+    ProjectPatternsWindow* m_patternsWindow = nullptr;
     MainController m_mainController;
     ProjectListModel m_model;
     // The selection before the whole list was replaced.

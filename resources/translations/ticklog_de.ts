@@ -1307,5 +1307,45 @@
         <source>Apply</source>
         <translation>Anwenden</translation>
     </message>
+    <message>
+        <source>Pa&amp;tterns…</source>
+        <translation>&amp;Muster…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Patterns</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>Program contains</source>
+        <translation>Programm enthält</translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation>Titel enthält</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
+        <translation>Was passt, gehört im Verlauf und in Berichten zum Projekt, auch in der Vergangenheit. Die Timer des Projekts bleiben die, die darin sind.</translation>
+    </message>
+    <message>
+        <source>The title is a regular expression</source>
+        <translation>Der Titel ist ein regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Change Patterns</source>
+        <translation>Muster ändern</translation>
+    </message>
 </context>
 </TS>

@@ -1307,5 +1307,45 @@
         <source>Apply</source>
         <translation>Aplicar</translation>
     </message>
+    <message>
+        <source>Pa&amp;tterns…</source>
+        <translation>P&amp;atrones…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Quitar</translation>
+    </message>
+    <message>
+        <source>Patterns</source>
+        <translation>Patrones</translation>
+    </message>
+    <message>
+        <source>Program contains</source>
+        <translation>El programa contiene</translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation>El título contiene</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Expresión</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Añadir</translation>
+    </message>
+    <message>
+        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
+        <translation>Lo que encaja pertenece al proyecto en el historial y en los informes, también en el pasado. Los cronómetros del proyecto siguen siendo los que están en él.</translation>
+    </message>
+    <message>
+        <source>The title is a regular expression</source>
+        <translation>El título es una expresión regular</translation>
+    </message>
+    <message>
+        <source>Change Patterns</source>
+        <translation>Cambiar los patrones</translation>
+    </message>
 </context>
 </TS>

@@ -1307,5 +1307,45 @@
         <source>Apply</source>
         <translation>Appliquer</translation>
     </message>
+    <message>
+        <source>Pa&amp;tterns…</source>
+        <translation>Mo&amp;tifs…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Retirer</translation>
+    </message>
+    <message>
+        <source>Patterns</source>
+        <translation>Motifs</translation>
+    </message>
+    <message>
+        <source>Program contains</source>
+        <translation>Le programme contient</translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation>Le titre contient</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Expression</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Ajouter</translation>
+    </message>
+    <message>
+        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
+        <translation>Ce qui convient appartient au projet dans l’historique et dans les rapports, dans le passé aussi. Les chronomètres du projet restent ceux qui y sont.</translation>
+    </message>
+    <message>
+        <source>The title is a regular expression</source>
+        <translation>Le titre est une expression régulière</translation>
+    </message>
+    <message>
+        <source>Change Patterns</source>
+        <translation>Modifier les motifs</translation>
+    </message>
 </context>
 </TS>

@@ -1307,5 +1307,45 @@
         <source>Apply</source>
         <translation>適用</translation>
     </message>
+    <message>
+        <source>Pa&amp;tterns…</source>
+        <translation>パターン(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>取り除く(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Patterns</source>
+        <translation>パターン</translation>
+    </message>
+    <message>
+        <source>Program contains</source>
+        <translation>プログラムに含む</translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation>タイトルに含む</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>正規表現</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>追加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
+        <translation>一致するものは、過去のものも含めて、履歴とレポートではプロジェクトに属します。プロジェクトのタイマーは、その中にあるもののままです。</translation>
+    </message>
+    <message>
+        <source>The title is a regular expression</source>
+        <translation>タイトルは正規表現です</translation>
+    </message>
+    <message>
+        <source>Change Patterns</source>
+        <translation>パターンを変更</translation>
+    </message>
 </context>
 </TS>

@@ -1307,5 +1307,45 @@
         <source>Apply</source>
         <translation>Zastosuj</translation>
     </message>
+    <message>
+        <source>Pa&amp;tterns…</source>
+        <translation>&amp;Wzorce…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Usuń</translation>
+    </message>
+    <message>
+        <source>Patterns</source>
+        <translation>Wzorce</translation>
+    </message>
+    <message>
+        <source>Program contains</source>
+        <translation>Program zawiera</translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation>Tytuł zawiera</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Wyrażenie</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Dodaj</translation>
+    </message>
+    <message>
+        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
+        <translation>To, co pasuje, należy do projektu w historii i w raportach, także w przeszłości. Licznikami projektu pozostają te, które w nim są.</translation>
+    </message>
+    <message>
+        <source>The title is a regular expression</source>
+        <translation>Tytuł jest wyrażeniem regularnym</translation>
+    </message>
+    <message>
+        <source>Change Patterns</source>
+        <translation>Zmień wzorce</translation>
+    </message>
 </context>
 </TS>

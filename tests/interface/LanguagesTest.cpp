@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The windows in every language: nothing is cut off, and each entry of a menu has a key of its own.
 #include "interface/setup/SetupWindow.h"
+#include "interface/sidebar/ProjectPatternsWindow.h"
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/SetupDesk.h"
 
@@ -35,6 +36,7 @@ struct LanguagesTest : testing::TestWithParam<int>, Spoken, SetupDesk {
         EXPECT_EQ(translations.language(), kLanguages[GetParam()]);
     }
 
+    ProjectPatternsWindow patternsWindow{nullptr};
     ForgetWindow forgetWindow{std::make_unique<HistoryReader>(fakes.runLoop, QString(), [](const auto&) {}),
                               fakes.runLoop, alerts, [](const HistoryChange::Forgotten&) {}, nullptr};
 };
@@ -98,6 +100,7 @@ TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
     expectDistinct(textsIn(sheet()), 5);
     expectDistinct(textsIn(forgetWindow), 4);
     expectDistinct(textsIn(setup.titlesTab().sheet()), 4);
+    expectDistinct(textsIn(patternsWindow), 2);
 }
 
 // What a control needs for its text: less than its size hint, which has margins for looks.
@@ -175,6 +178,12 @@ TEST_P(LanguagesTest, theSheetOfARuleForTitles_hasRoomForItsTexts) {
     setup.titlesTab().edit();
     settle();
     EXPECT_GT(expectRoomForTexts(setup.titlesTab().sheet()), 6);
+}
+
+TEST_P(LanguagesTest, theWindowOfPatterns_hasRoomForItsTexts) {
+    patternsWindow.openFor(u"Meier"_s, {}, {});
+    settle();
+    EXPECT_GT(expectRoomForTexts(patternsWindow), 4);
 }
 
 TEST_P(LanguagesTest, theRuleSheet_hasRoomForItsTexts) {

@@ -9,6 +9,7 @@
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/StatusItem.h"
+#include "interface/sidebar/ProjectPatternsWindow.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
@@ -441,6 +442,14 @@ void drawAll(const QDir& folder) {
     scene.work();
     scene.show();
     scene.selectProject(1);
+    scene.controller.projects().setPatterns(
+        *scene.controller.projects().projects().front(),
+        {PropertyListDictionary{{kTitleRuleProgram, QStringLiteral("Inkscape")}},
+         PropertyListDictionary{{kTitleRuleTitle, QStringLiteral("poster|placard")},
+                                {kTitleRuleIsExpression, true}}});
+    scene.command(scene.actions().editPatterns);
+    grab(*scene.controller.projectController().patternsWindow(), folder, "patterns");
+    scene.controller.projectController().patternsWindow()->close();
     QMenu& menu = scene.controller.window().projectMenu();
     menu.popup(scene.controller.window().mapToGlobal(QPoint(20, 20)));
     scene.settle();
