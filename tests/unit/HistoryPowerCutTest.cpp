@@ -23,11 +23,6 @@ int cuts(int least) {
     return std::max(least, qEnvironmentVariableIntValue("TICKLOG_POWER_CUTS"));
 }
 
-void copyFiles(const QString& from, const QString& to) {
-    for (const QFileInfo& file : QDir(from).entryInfoList(QDir::Files))
-        EXPECT_TRUE(QFile::copy(file.filePath(), to + u'/' + file.fileName()));
-}
-
 // What a keeper is told from its first write to its last, always the same for the same seed.
 class Telling {
 public:

@@ -83,10 +83,11 @@ struct Launched {
     Launched(const Launched* before, Time wall) {
         const QString folder = day.fakes.folders.applicationSupport;
         EXPECT_TRUE(QDir().mkpath(folder));
-        if (before)
-            for (const QFileInfo& file :
-                 QDir(before->day.fakes.folders.applicationSupport).entryInfoList(QDir::Files))
+        if (before) {
+            const QDir left(before->day.fakes.folders.applicationSupport);
+            for (const QFileInfo& file : left.entryInfoList(QDir::Files))
                 EXPECT_TRUE(QFile::copy(file.filePath(), folder + u'/' + file.fileName()));
+        }
         day.fakes.clock.setWall(Date(std::chrono::milliseconds(wall)));
         day.fakes.defaults.setObject(kMinutesUntilIdle, 1);
         day.control.registerForSystemSleep(day.fakes.power);
