@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What it costs to keep a history: a tick, a write, a launch, and the bytes of a year. A busy person: 1,500 stretches a day
-// on 250 days, of 40 programs and 30,000 titles, of which 200 on a day, the first ones more often than the last.
+// What it costs to keep a history: a tick, a write, a launch, and the bytes of a year of a busy person.
 #include "Classes/history/HistoryDebts.h"
 #include "Classes/history/HistoryKeeper.h"
 #include "Classes/history/HistoryRecorder.h"
 #include "Classes/store/TimeStoreWindow.h"
+#include "bench/BusyPerson.h"
 #include "tests/fakes/TestEngine.h"
 
 #include <QFileInfo>
@@ -12,46 +12,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
-#include <random>
-
 namespace {
 
 constexpr std::int64_t kFirstDay = 1'451'635'200'000;
-constexpr std::int64_t kDay = 86'400'000;
-
-class Person {
-public:
-    HistoryBatch day(int number) {
-        HistoryBatch batch;
-        std::vector<int> titles;
-        for (int i = 0; i < 200; ++i)
-            titles.push_back(int(m_random() % 30'000));
-        std::int64_t at = kFirstDay + number * kDay * 365 / 250 / kDay * kDay + 8 * 3'600'000;
-        std::exponential_distribution<double> length(1.0 / 18'000);
-        std::geometric_distribution<int> which(0.02);
-        for (int i = 0; i < 1500; ++i) {
-            const std::int64_t hour = 3'600'000 - at % 3'600'000;
-            const std::int64_t time = std::min(hour, 500 + std::int64_t(length(m_random)));
-            const int title = titles[std::size_t(which(m_random) % 200)];
-            batch.rows[++m_serial] = {
-                .start = at,
-                .length = time,
-                .offset = 60,
-                .program = QStringLiteral("Program %1").arg(title % 40),
-                .title = QStringLiteral("The title of a window as long as they are, number %1").arg(title),
-                .timer = {},
-                .presence = RowPresence::Work};
-            at += time;
-        }
-        batch.settledBefore = m_serial + 1;
-        return batch;
-    }
-
-private:
-    std::mt19937 m_random{7};
-    std::uint64_t m_serial = 0;
-};
 
 void year(benchmark::State& state) {
     for (auto _ : state) {
@@ -59,14 +22,15 @@ void year(benchmark::State& state) {
         const QString path = folder.filePath(QStringLiteral("History.sqlite"));
         {
             HistoryKeeper keeper(path);
-            Person person;
-            for (int day = 0; day < 250; ++day)
+            BusyPerson person(kFirstDay);
+            for (int day = 0; day < BusyPerson::kDaysAYear; ++day)
                 keeper.write(person.day(day));
         }
         SqliteDatabase file(path, SqliteDatabase::Mode::Read, 0);
         const double stretches = double(file.number("SELECT count(*) FROM stretches"));
         state.counters["bytes_a_stretch"] = double(QFileInfo(path).size()) / stretches;
-        state.counters["sums_a_day"] = double(file.number("SELECT count(*) FROM days")) / 250;
+        state.counters["sums_a_day"] =
+            double(file.number("SELECT count(*) FROM days")) / BusyPerson::kDaysAYear;
         state.counters["MB"] = double(QFileInfo(path).size()) / 1e6;
     }
 }
@@ -75,7 +39,7 @@ void year(benchmark::State& state) {
 void aWrite(benchmark::State& state) {
     const QTemporaryDir folder;
     HistoryKeeper keeper(folder.filePath(QStringLiteral("History.sqlite")));
-    Person person;
+    BusyPerson person(kFirstDay);
     for (int day = 0; day < 20; ++day)
         keeper.write(person.day(day));
     HistoryBatch all = person.day(20);
@@ -107,7 +71,7 @@ void aLaunch(benchmark::State& state) {
     const QString path = folder.filePath(QStringLiteral("History.sqlite"));
     {
         HistoryKeeper keeper(path);
-        Person person;
+        BusyPerson person(kFirstDay);
         for (int day = 0; day < 20; ++day)
             keeper.write(person.day(day));
         keeper.write({.changes = {HistoryChange::StoreUnknown{QByteArray("store")}},
