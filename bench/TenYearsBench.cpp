@@ -41,8 +41,10 @@ QDate today() {
     return QDate::currentDate();
 }
 
+// The person's last day is yesterday.
 QDate firstDay() {
-    return today().addYears(-kYears);
+    const int days = kYears * BusyPerson::kDaysAYear;
+    return today().addDays(-1 - (days - 1) * 365 / BusyPerson::kDaysAYear);
 }
 
 void makeFile(const QString& path) {
@@ -157,8 +159,8 @@ void measureReading(const QString& path) {
         bool isByMonth;
         const char* budget;
     };
-    const Range ranges[] = {{"a day by program", today(), false, "50, stretch 16"},
-                            {"a week by program", today().addDays(-6), false, "50, stretch 16"},
+    const Range ranges[] = {{"a day by program", today().addDays(-1), false, "50, stretch 16"},
+                            {"a week by program", today().addDays(-7), false, "50, stretch 16"},
                             {"a month by program", today().addMonths(-1), false, "50, stretch 16"},
                             {"a year by program", today().addYears(-1), false, "150, stretch 50"},
                             {"ten years by month", firstDay(), true, "400, stretch 100"}};

@@ -11,7 +11,7 @@ apt_test="xvfb openbox icewm metacity xfwm4 kwin-x11 muffin cinnamon-settings-da
   fonts-dejavu-core dbus-daemon at-spi2-core python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0
   gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui sway labwc phoc miriway mir-platform-graphics-virtual
   mir-platform-rendering-egl-generic foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
-  desktop-file-utils"
+  desktop-file-utils sqlite3"
 apt_bench="$apt_demo python3 sway kwin-wayland gnome-shell qt6-wayland dbus-bin"
 # For the pictures in Japanese.
 apt_pictures="fonts-vlgothic"

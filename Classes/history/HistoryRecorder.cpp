@@ -24,6 +24,11 @@ std::int64_t milliseconds(Date date) {
     return std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count();
 }
 
+// Minutes.
+std::int64_t offsetAt(std::int64_t time) {
+    return QDateTime::fromMSecsSinceEpoch(time).offsetFromUtc() / 60;
+}
+
 std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
     return a / b - (a % b < 0);
 }
@@ -93,7 +98,7 @@ bool HistoryRecorder::goesOn(Instant at, const Anchor& anchor, const Who& who) c
 void HistoryRecorder::begin(Instant at, const Anchor& anchor, const Who& who) {
     forgetOldSpans();
     const std::int64_t start = anchor.wallOf(at);
-    const std::int64_t offset = QDateTime::fromMSecsSinceEpoch(start).offsetFromUtc() / 60;
+    const std::int64_t offset = offsetAt(start);
     const std::int64_t local = start + offset * 60'000;
     const std::int64_t hour = (floorDivided(local, kHour) + 1) * kHour - offset * 60'000;
     m_spans.push_back({.serial = ++m_lastSerial,
@@ -176,6 +181,9 @@ void HistoryRecorder::takeInto(HistoryBatch& batch) {
     m_owed.clear();
     batch.settledBefore = m_spans.empty() ? m_lastSerial + 1 : m_spans.front().serial;
     m_hasNews = false;
+    // Who has come to another zone may have the same window in front. To ask at each tick would be to ask the disk.
+    if (m_isOpen && offsetAt(m_spans.back().anchor.wallOf(m_spans.back().to)) != m_spans.back().offset)
+        m_isOpen = false;
 }
 
 void HistoryRecorder::settle() {

@@ -261,6 +261,81 @@ TEST_F(HistoryTest, withoutItsHistory_aStoreIsWhatItIs) {
     EXPECT_TRUE(QFileInfo(second->path()).isFile());
 }
 
+TEST_F(HistoryTest, aHistoryFromAnotherMachine_addsNothingToTheStore) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    Scene other;
+    other.launch();
+    other.day.start();
+    other.day.front("Mail", "Inbox");
+    other.day.seconds(40);
+    other.save();
+    other.day.seconds(300);
+    // As it lies there after a crash, beside the store of this one.
+    for (const QString& ending : {QString(), QStringLiteral("-wal"), QStringLiteral("-shm")}) {
+        QFile::remove(scene.path() + ending);
+        QFile::copy(other.path() + ending, scene.path() + ending);
+    }
+    auto last = relaunched(scene);
+    EXPECT_NEAR(last->day.secondsOf("Mail", "Inbox"), 100, 0.1);
+    last->day.start();
+    last->day.front("Mail", "Inbox");
+    last->day.seconds(60);
+    last = relaunched(*last);
+    EXPECT_GE(last->day.secondsOf("Mail", "Inbox"), 145);
+    EXPECT_LE(last->day.secondsOf("Mail", "Inbox"), 160.1);
+    EXPECT_EQ(HistoryDiary::flaws(last->path()), QStringList());
+}
+
+TEST_F(HistoryTest, anotherStoreThatIsOpened_getsWhatFollowsAndNothingOfBefore) {
+    Scene other;
+    other.launch();
+    other.day.start();
+    other.day.front("Editor", "a.txt");
+    other.day.seconds(500);
+    other.save();
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    day.seconds(50);
+    ASSERT_TRUE(scene.database->importDatabase(other.database->mainStoreURL()));
+    scene.save();
+    day.front("Editor", "a.txt");
+    day.seconds(60);
+    auto last = relaunched(scene);
+    EXPECT_GE(last->day.secondsOf("Editor", "a.txt"), 545);
+    EXPECT_LE(last->day.secondsOf("Editor", "a.txt"), 560.1);
+    double mail = 0;
+    for (const auto& app : last->day.tracker.fullTimeSet())
+        mail += app->name() == QLatin1String("Mail") ? app->activeTime() : 0;
+    EXPECT_NEAR(mail, 0, 0.2);
+    last = relaunched(*last);
+    EXPECT_LE(last->day.secondsOf("Editor", "a.txt"), 560.1);
+}
+
+TEST_F(HistoryTest, whoComesToAnotherZone_isThereWithinAQuarterOfAMinute) {
+    const QByteArray zone = qgetenv("TZ");
+    const auto travelTo = [](const QByteArray& to) {
+        to.isEmpty() ? qunsetenv("TZ") : qputenv("TZ", to);
+        ::tzset();
+    };
+    travelTo("Europe/Berlin");
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(60);
+    travelTo("Asia/Tokyo");
+    day.seconds(60);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 120");
+    travelTo(zone);
+    SqliteDatabase file(scene.path(), SqliteDatabase::Mode::Read, 0);
+    EXPECT_GE(file.number("SELECT sum(length) FROM stretches WHERE offset = 540"), 45'000);
+    EXPECT_GE(file.number("SELECT sum(length) FROM stretches WHERE offset = 60"), 60'000);
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
 TEST_F(HistoryTest, endedInGoodOrder_allOfItIsInOneFile) {
     day.start();
     day.front("Mail", "Inbox");
