@@ -7,13 +7,21 @@ namespace {
 
 const QString kWanted = QStringLiteral("wanted");
 const QString kDeclined = QStringLiteral("declined");
-// By then the main window is shown and the shell is settled.
-constexpr std::chrono::seconds kBeforeAsking{1};
+// By then the main window is shown and the shell is settled: while it locks the screen, it disables extensions
+// first and says that it is locked as soon as the screen is covered.
+constexpr std::chrono::seconds kBeforeAsking{2};
 
 using State = ShellExtension::State;
 
+// For what the shell has been told to switch on.
+constexpr std::chrono::seconds kUntilInVain{5};
+
+bool isOff(State state) {
+    return state == State::Off || state == State::AllOff;
+}
+
 bool canHelp(State state) {
-    return state == State::Missing || state == State::Off;
+    return state == State::Missing || isOff(state);
 }
 
 Alerts::Question questionFor(State state) {
@@ -32,6 +40,13 @@ Alerts::Question questionFor(State state) {
             localized(
                 "GNOME Shell finds new extensions at the login: log out and in again once it is installed.");
         question.alternateButton = localized("Install");
+    } else if (state == State::AllOff) {
+        question.informativeText =
+            reason + QStringLiteral("\n\n") +
+            localized(
+                "GNOME Shell's switch for all extensions is off. It is switched on as well, and with it "
+                "the other extensions that are chosen there.");
+        question.alternateButton = localized("Switch On");
     } else {
         question.informativeText = reason;
         question.alternateButton = localized("Switch On");
@@ -53,17 +68,25 @@ ExtensionOffer::~ExtensionOffer() {
 }
 
 void ExtensionOffer::consider() {
+    withdraw();
     const State state = m_ground.extension.state();
     m_ground.showOffer(canHelp(state) ? [this] { offer(); } : std::function<void()>());
     if (state == State::On && isDecision(kWanted))
         // If the user disables it later, that is meant.
         decide(QString());
     else if (state == State::Off && isDecision(kWanted))
-        m_ground.extension.switchOn();
+        switchOn();
     else if (canHelp(state))
         askSoon();
     else if (state == State::Refused)
         m_ground.log.log(QStringLiteral("GNOME Shell does not run Ticklog's extension."));
+}
+
+void ExtensionOffer::withdraw() {
+    if (!m_close || m_ground.extension.state() == m_questioned)
+        return;
+    m_isAsked = false;
+    std::exchange(m_close, {})();
 }
 
 void ExtensionOffer::askSoon() {
@@ -78,8 +101,17 @@ void ExtensionOffer::ask() {
 
 void ExtensionOffer::offer() {
     const State state = m_ground.extension.state();
-    m_isAsked = true;
-    switch (m_ground.alerts.ask(questionFor(state))) {
+    Alerts::Question question = questionFor(state);
+    bool isOpen = false;
+    question.opened = [&](std::function<void()> close) {
+        isOpen = m_isAsked = true;
+        m_questioned = state;
+        m_close = std::move(close);
+    };
+    const int answer = m_ground.alerts.ask(question);
+    if (isOpen)
+        m_close = {};
+    switch (answer) {
     case Alerts::Alternate:
         decide(kWanted);
         fulfil();
@@ -93,15 +125,27 @@ void ExtensionOffer::offer() {
 }
 
 void ExtensionOffer::fulfil() {
-    // It may have been installed or enabled while the question was open.
     if (m_ground.extension.state() != State::Missing) {
-        consider();
+        switchOn();
         return;
     }
     const Outcome installed = m_ground.extension.install();
     if (!installed)
         m_ground.alerts.showError(localized("The extension could not be installed."),
                                   installed.failure().text);
+}
+
+void ExtensionOffer::switchOn() {
+    m_ground.extension.switchOn();
+    m_inVain = m_ground.runLoop.scheduleOnce(kUntilInVain, [this] {
+        if (isOff(m_ground.extension.state()))
+            m_ground.alerts.showError(
+                localized("GNOME Shell has not switched the extension on."),
+                localized(
+                    "Switch it on in the program “Extensions”, and there the switch for all extensions as "
+                    "well. Where that is not possible, whoever looks after this computer does not allow "
+                    "it."));
+    });
 }
 
 bool ExtensionOffer::isDecision(const QString& decision) const {

@@ -11,8 +11,8 @@
 inline const QString kTKShellExtension = QStringLiteral("kTKShellExtension");
 
 // Offers to install the desktop shell's extension if it is missing, and to enable it if it is disabled. Asks
-// at most once in a launch, and never again after a no; a user who looks for the offer finds it again. Its
-// arguments outlive it.
+// at most once in a launch, and never again after a no; a user who looks for the offer finds it again. A
+// question closes by itself once it no longer applies. Its arguments outlive it.
 class ExtensionOffer {
 public:
     struct Ground {
@@ -31,14 +31,21 @@ public:
 
 private:
     void consider();
+    // Closes the question on the screen if it is about what is not so any more; then it has not been asked.
+    void withdraw();
     void askSoon();
     void ask();
     void offer();
     void fulfil();
+    void switchOn();
     bool isDecision(const QString& decision) const;
     void decide(const QString& decision);
 
     Ground m_ground;
     bool m_isAsked = false;
     std::unique_ptr<RunLoopTimer> m_soon;
+    // While the question is on the screen: what it is about, and what closes it.
+    ShellExtension::State m_questioned = ShellExtension::State::Unknown;
+    std::function<void()> m_close;
+    std::unique_ptr<RunLoopTimer> m_inVain;
 };

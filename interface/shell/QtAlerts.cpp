@@ -153,6 +153,8 @@ int QtAlerts::ask(const Question& question) {
                                    : box.addButton(question.otherButton, QMessageBox::ActionRole);
     box.setDefaultButton(first);
     box.setEscapeButton(keeps ? first : alternate);
+    if (question.opened && !m_turn->dialog)
+        question.opened([&box] { box.reject(); });
     if (!run(box))
         return question.whenClosed;
     const QAbstractButton* clicked = box.clickedButton();

@@ -5,6 +5,7 @@
 #include "platform/gnome/GnomeShell.h"
 
 #include <QCoreApplication>
+#include <QDBusVariant>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -40,6 +41,10 @@ QStringList versionsOf(const QByteArray& metadata) {
 // Of the shell's own ExtensionState.
 enum ShellsState { kActive = 1, kError = 3, kOutOfDate = 4 };
 
+const QString kAllExtensions = QStringLiteral("UserExtensionsEnabled");
+const QString kScreenSaver = QStringLiteral("org.gnome.ScreenSaver");
+const QString kScreenSaverPath = QStringLiteral("/org/gnome/ScreenSaver");
+
 } // namespace
 
 GnomeExtension::Places GnomeExtension::Places::forUser(const QString& source) {
@@ -56,6 +61,9 @@ GnomeExtension::GnomeExtension(Bus& sessionBus, RunLoop& runLoop, SystemLog& log
     , m_changed(m_shell.listen({kGnomeShellPath, kGnomeShellExtensions,
                                 QStringLiteral("ExtensionStateChanged"), kTicklogExtension},
                                [this](const QDBusMessage&) { ask(); }))
+    , m_lockChanged(
+          m_shell.listen({kScreenSaverPath, kScreenSaver, QStringLiteral("ActiveChanged"), QString()},
+                         [this](const QDBusMessage&) { ask(); }))
     , m_presence(m_shell.observe([this] { follow(); })) {
     renew();
 }
@@ -75,6 +83,16 @@ void GnomeExtension::learnVersion() {
 }
 
 void GnomeExtension::ask() {
+    // Answers come in the order of the questions. A shell that cannot lock the screen has nothing to answer to the first.
+    m_shell.call(
+        kScreenSaverPath, kScreenSaver, QStringLiteral("GetActive"), {}, [this](const QDBusMessage& answer) {
+            m_isLocked = answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
+        });
+    m_shell.getProperty(kGnomeShellPath, kGnomeShellExtensions, kAllExtensions,
+                        [this](const QDBusMessage& answer) {
+                            const auto isOn = answer.arguments().value(0).value<QDBusVariant>().variant();
+                            m_areAllOff = answer.type() == QDBusMessage::ReplyMessage && !isOn.toBool();
+                        });
     m_shell.call(kGnomeShellPath, kGnomeShellExtensions, QStringLiteral("GetExtensionInfo"),
                  {kTicklogExtension}, [this](const QDBusMessage& answer) {
                      if (answer.type() == QDBusMessage::ReplyMessage && !m_version.text().isEmpty())
@@ -98,7 +116,14 @@ ShellExtension::State GnomeExtension::stateOf(const QVariantMap& description) co
         return isInstalled() ? State::AwaitsLogin : State::Missing;
     if (told == kActive)
         return State::On;
-    return told == kError ? State::Refused : State::Off;
+    return told == kError ? State::Refused : stateAtRest(description);
+}
+
+ShellExtension::State GnomeExtension::stateAtRest(const QVariantMap& description) const {
+    // Shells from 46 on tell which are switched on, and bring them back one after the other when the screen is unlocked.
+    if (m_isLocked || description.value(QStringLiteral("enabled")).toBool())
+        return State::Paused;
+    return m_areAllOff ? State::AllOff : State::Off;
 }
 
 void GnomeExtension::setState(State state) {
@@ -173,6 +198,9 @@ void GnomeExtension::switchOn() {
     // What it comes to is told by the signal.
     m_shell.call(kGnomeShellPath, kGnomeShellExtensions, QStringLiteral("EnableExtension"),
                  {kTicklogExtension});
+    if (m_state == State::AllOff)
+        m_shell.call(kGnomeShellPath, kPropertiesInterface, QStringLiteral("Set"),
+                     {kGnomeShellExtensions, kAllExtensions, QVariant::fromValue(QDBusVariant(true))});
 }
 
 Outcome GnomeExtension::remove() {

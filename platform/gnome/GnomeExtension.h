@@ -47,6 +47,8 @@ private:
     void takeIn(const QVariantMap& description);
     void setState(State state);
     State stateOf(const QVariantMap& description) const;
+    // Why one that the shell could run does not run.
+    State stateAtRest(const QVariantMap& description) const;
     // Whether the shell finds one that was made for it.
     bool isInstalled() const;
     QString usersFolder() const;
@@ -59,9 +61,12 @@ private:
     Places m_places;
     State m_state = State::Unknown;
     std::function<void()> m_observer;
+    bool m_isLocked = false;
+    bool m_areAllOff = false;
     BusService m_shell;
     GnomeShellVersion m_version;
     std::unique_ptr<RunLoopTimer> m_askingAgain;
     std::unique_ptr<BusSignal> m_changed;
+    std::unique_ptr<BusSignal> m_lockChanged;
     Subscription m_presence;
 };

@@ -892,6 +892,22 @@
         <translation>Die Erweiterung konnte nicht installiert werden.</translation>
     </message>
     <message>
+        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Bis dahin sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <translation>In der GNOME Shell ist der Schalter für alle Erweiterungen aus. Er wird mit eingeschaltet, und damit auch die anderen Erweiterungen, die dort gewählt sind.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell has not switched the extension on.</source>
+        <translation>Die GNOME Shell hat die Erweiterung nicht eingeschaltet.</translation>
+    </message>
+    <message>
+        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
+        <translation>Schalten Sie sie im Programm „Erweiterungen“ ein, und dort auch den Schalter für alle Erweiterungen. Ist das nicht möglich, so lässt es nicht zu, wer diesen Rechner betreut.</translation>
+    </message>
+    <message>
         <source>Set Up...</source>
         <translation>Einrichten...</translation>
     </message>

@@ -892,6 +892,22 @@
         <translation>No se pudo instalar la extensión.</translation>
     </message>
     <message>
+        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Hasta entonces, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
+    </message>
+    <message>
+        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <translation>El interruptor de GNOME Shell para todas las extensiones está desactivado. También se activará, y con él las demás extensiones que estén elegidas allí.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell has not switched the extension on.</source>
+        <translation>GNOME Shell no ha activado la extensión.</translation>
+    </message>
+    <message>
+        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
+        <translation>Actívela en el programa «Extensiones», y allí también el interruptor de todas las extensiones. Si no es posible, quien administra este equipo no lo permite.</translation>
+    </message>
+    <message>
         <source>Set Up...</source>
         <translation>Configurar...</translation>
     </message>

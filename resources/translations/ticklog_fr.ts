@@ -892,6 +892,22 @@
         <translation>L’extension n’a pas pu être installée.</translation>
     </message>
     <message>
+        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>D’ici là, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
+    </message>
+    <message>
+        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <translation>Dans GNOME Shell, l’interrupteur de toutes les extensions est désactivé. Il sera activé aussi, et avec lui les autres extensions qui y sont choisies.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell has not switched the extension on.</source>
+        <translation>GNOME Shell n’a pas activé l’extension.</translation>
+    </message>
+    <message>
+        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
+        <translation>Activez-la dans le programme «&#xa0;Extensions&#xa0;», ainsi que l’interrupteur de toutes les extensions. Si ce n’est pas possible, la personne qui gère cet ordinateur ne le permet pas.</translation>
+    </message>
+    <message>
         <source>Set Up...</source>
         <translation>Configurer...</translation>
     </message>

@@ -892,6 +892,22 @@
         <translation>拡張機能をインストールできませんでした。</translation>
     </message>
     <message>
+        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>それまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
+    </message>
+    <message>
+        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <translation>GNOME Shell のすべての拡張機能のスイッチがオフになっています。これも有効にされ、そこで選ばれているほかの拡張機能も有効になります。</translation>
+    </message>
+    <message>
+        <source>GNOME Shell has not switched the extension on.</source>
+        <translation>GNOME Shell は拡張機能を有効にしませんでした。</translation>
+    </message>
+    <message>
+        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
+        <translation>「拡張機能」アプリで有効にし、そこにあるすべての拡張機能のスイッチもオンにしてください。できない場合は、このコンピューターの管理者が許可していません。</translation>
+    </message>
+    <message>
         <source>Set Up...</source>
         <translation>設定する...</translation>
     </message>

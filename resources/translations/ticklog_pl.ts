@@ -892,6 +892,22 @@
         <translation>Nie udało się zainstalować rozszerzenia.</translation>
     </message>
     <message>
+        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <translation>Do tego czasu widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <translation>W powłoce GNOME przełącznik wszystkich rozszerzeń jest wyłączony. On także zostanie włączony, a wraz z nim inne wybrane tam rozszerzenia.</translation>
+    </message>
+    <message>
+        <source>GNOME Shell has not switched the extension on.</source>
+        <translation>Powłoka GNOME nie włączyła rozszerzenia.</translation>
+    </message>
+    <message>
+        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
+        <translation>Włącz je w programie „Rozszerzenia”, a także znajdujący się tam przełącznik wszystkich rozszerzeń. Jeśli to niemożliwe, nie pozwala na to osoba opiekująca się tym komputerem.</translation>
+    </message>
+    <message>
         <source>Set Up...</source>
         <translation>Skonfiguruj...</translation>
     </message>

@@ -23,6 +23,7 @@ const QString kSource = QStringLiteral(TICKLOG_SOURCE_DIR "/resources/gnome-exte
 const QString kLegacy = QStringLiteral("legacy");
 const QString kModules = QStringLiteral("modules");
 constexpr int kFirstWithModules = 45;
+constexpr int kFirstThatTellsChoice = 46;
 
 QByteArray contentOf(const QString& path) {
     QFile file(path);
@@ -82,6 +83,60 @@ TEST_F(GnomeExtensionTest, installed_runsAfterTheNextLoginUntilItIsRemoved) {
     ASSERT_TRUE(becomes(*extension, State::Off));
     EXPECT_TRUE(waitFor([&] { return !scene.desktop->obstacle().isEmpty(); }));
     EXPECT_TRUE(installed("metadata.json").isEmpty());
+}
+
+// The shell's own switch off, and with it all extensions of the user.
+TEST_F(GnomeExtensionTest, allExtensionsOff_isSaidAndSwitchedOnTogetherWithOurs) {
+    scene.desk.installExtension();
+    scene.desk.kill();
+    ASSERT_TRUE(becomes(*extension, State::Unknown));
+    scene.desk.restart();
+    ASSERT_TRUE(becomes(*extension, State::Off));
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(scene.desk.switchAllExtensions(false));
+        ASSERT_TRUE(becomes(*extension, State::AllOff));
+        extension->switchOn();
+        ASSERT_TRUE(becomes(*extension, State::On));
+        EXPECT_SEEN(scene, "Desktop: none");
+    }
+    ASSERT_TRUE(scene.desk.disableExtension());
+    EXPECT_TRUE(becomes(*extension, State::Off)) << "the others are on";
+}
+
+TEST_F(GnomeExtensionTest, whileTheScreenIsLocked_theExtensionIsNotTakenForSwitchedOff) {
+    scene.desk.installExtension();
+    scene.desk.kill();
+    ASSERT_TRUE(becomes(*extension, State::Unknown));
+    scene.desk.restart();
+    ASSERT_TRUE(becomes(*extension, State::Off));
+    extension->switchOn();
+    ASSERT_TRUE(becomes(*extension, State::On));
+    std::vector<State> states;
+    extension->observe([&] { states.push_back(extension->state()); });
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(scene.desk.coverScreen(true));
+        ASSERT_TRUE(becomes(*extension, State::Paused));
+        ASSERT_TRUE(scene.desk.coverScreen(false));
+        ASSERT_TRUE(becomes(*extension, State::On));
+    }
+    // Shells that do not tell whether it is switched on take it away before they say that the screen is covered.
+    if (GnomeDesk::shellVersion() < kFirstThatTellsChoice)
+        std::erase(states, State::Off);
+    EXPECT_EQ(states, (std::vector{State::Paused, State::On, State::Paused, State::On}));
+}
+
+TEST_F(GnomeExtensionTest, oneThatIsOff_isSaidToBeSoWhenTheScreenIsUnlocked) {
+    scene.desk.installExtension();
+    scene.desk.kill();
+    ASSERT_TRUE(becomes(*extension, State::Unknown));
+    scene.desk.restart();
+    ASSERT_TRUE(becomes(*extension, State::Off));
+    ASSERT_TRUE(scene.desk.coverScreen(true));
+    // As at a start meanwhile.
+    extension = open();
+    ASSERT_TRUE(becomes(*extension, State::Paused));
+    ASSERT_TRUE(scene.desk.coverScreen(false));
+    EXPECT_TRUE(becomes(*extension, State::Off));
 }
 
 TEST_F(GnomeExtensionTest, aCopyOfAnEarlierVersion_isRenewed) {

@@ -15,9 +15,12 @@ public:
     int ask(const Question& question) override {
         questions << question.message;
         last = question;
+        bool isClosed = false;
+        if (question.opened)
+            question.opened([&] { isClosed = true; });
         if (whileAsking)
             whileAsking();
-        return answer;
+        return isClosed ? question.whenClosed : answer;
     }
 
     std::optional<QString> chooseSaveLocation(const QString& message, const QString&,

@@ -26,7 +26,8 @@ public:
     }
     void switchOn() override {
         done << QStringLiteral("switch on");
-        become(State::On);
+        if (!isForbidden)
+            become(State::On);
     }
     Outcome remove() override { return Done(); }
 
@@ -38,6 +39,8 @@ public:
 
     QStringList done;
     bool isDiskFull = false;
+    // Whether the shell keeps it off, whoever asks.
+    bool isForbidden = false;
 
 private:
     State m_state = State::Unknown;
@@ -145,8 +148,68 @@ TEST_F(ExtensionOfferTest, whoHasSaidNo_findsTheOfferAgain) {
     EXPECT_FALSE(shown) << "all that is missing is a login";
 }
 
+TEST_F(ExtensionOfferTest, whileTheScreenIsLocked_nothingIsAskedOfAnExtensionThatRuns) {
+    launch(State::On);
+    extension.become(State::Paused);
+    runLoop.advance(1min);
+    EXPECT_FALSE(shown);
+    // Unlocked, it may be off for a moment.
+    extension.become(State::Off);
+    extension.become(State::On);
+    runLoop.advance(1min);
+    EXPECT_EQ(alerts.questions, QStringList());
+}
+
+TEST_F(ExtensionOfferTest, aQuestionThatDoesNotHoldAnyMore_closesByItself) {
+    for (const State state : {State::On, State::Paused, State::Unknown}) {
+        alerts.questions.clear();
+        extension.done.clear();
+        alerts.answer = Alerts::Alternate;
+        alerts.whileAsking = [&] { extension.become(state); };
+        launch(State::Off);
+        EXPECT_EQ(alerts.questions.size(), 1);
+        EXPECT_EQ(extension.done, QStringList()) << "nobody has answered";
+        alerts.whileAsking = {};
+        alerts.answer = Alerts::Default;
+        extension.become(State::Off);
+        runLoop.advance(5s);
+        EXPECT_EQ(alerts.questions.size(), 2) << "so that it is asked when it holds again";
+    }
+}
+
+TEST_F(ExtensionOfferTest, aQuestionAboutWhatIsStillSo_isLeftToTheUser) {
+    alerts.answer = Alerts::Alternate;
+    alerts.whileAsking = [&] { extension.become(State::Off); };
+    launch(State::Off);
+    EXPECT_EQ(extension.done, QStringList{QStringLiteral("switch on")});
+}
+
+TEST_F(ExtensionOfferTest, whereAllExtensionsAreOff_theQuestionSaysSoWhateverWasDecidedOfOurs) {
+    alerts.answer = Alerts::Alternate;
+    launch(State::Missing);
+    extension.done.clear();
+    launch(State::AllOff);
+    ASSERT_EQ(alerts.questions.size(), 2) << "others are switched on with it";
+    EXPECT_TRUE(alerts.last.informativeText.contains(QStringLiteral("switch for all extensions")));
+    EXPECT_EQ(extension.done, QStringList{QStringLiteral("switch on")});
+    runLoop.advance(1min);
+    EXPECT_EQ(alerts.errors, QStringList());
+}
+
+TEST_F(ExtensionOfferTest, switchedOnInVain_isTold) {
+    extension.isForbidden = true;
+    alerts.answer = Alerts::Alternate;
+    for (const State state : {State::Off, State::AllOff}) {
+        defaults.removeObject(kTKShellExtension);
+        alerts.errors.clear();
+        launch(state);
+        runLoop.advance(1min);
+        EXPECT_EQ(alerts.errors.size(), 1);
+    }
+}
+
 TEST_F(ExtensionOfferTest, whatCannotBeHelped_isNotOffered) {
-    for (const State state : {State::Unknown, State::AwaitsLogin, State::On, State::Refused}) {
+    for (const State state : {State::Unknown, State::AwaitsLogin, State::Paused, State::On, State::Refused}) {
         launch(state);
         EXPECT_FALSE(shown);
     }

@@ -25,7 +25,8 @@ struct QtAlertsTest : testing::Test {
         });
         return alerts.ask({QStringLiteral("Really?"), QStringLiteral("It cannot be undone."),
                            QStringLiteral("Keep"), QStringLiteral("Delete"), QStringLiteral("Later"),
-                           whenClosed});
+                           whenClosed,
+                           [this](std::function<void()> closing) { close = std::move(closing); }});
     }
 
     int answerTo(const char* button) {
@@ -37,6 +38,7 @@ struct QtAlertsTest : testing::Test {
     }
 
     Alerts::Answer whenClosed = Alerts::Default;
+    std::function<void()> close;
     QtAlerts alerts;
     QString shown;
 };
@@ -57,6 +59,26 @@ TEST_F(QtAlertsTest, escapeAndReturn_changeNothing) {
 
 TEST_F(QtAlertsTest, aClosedBox_changesNothing) {
     EXPECT_EQ(answerTo([](QMessageBox& box) { box.close(); }), Alerts::Default);
+}
+
+TEST_F(QtAlertsTest, aQuestionThatWhoeverAskedItCloses_changesNothing) {
+    for (const Alerts::Answer closed : {Alerts::Default, Alerts::Alternate}) {
+        whenClosed = closed;
+        EXPECT_EQ(answerTo([this](QMessageBox& box) {
+                      bool isAnotherOpen = false;
+                      alerts.ask({QStringLiteral("Quit?"),
+                                  {},
+                                  QStringLiteral("Stay"),
+                                  QStringLiteral("Quit"),
+                                  {},
+                                  Alerts::Default,
+                                  [&](const auto&) { isAnotherOpen = true; }});
+                      EXPECT_FALSE(isAnotherOpen) << "it cannot close what did not come";
+                      close();
+                      EXPECT_FALSE(box.isVisible());
+                  }),
+                  closed);
+    }
 }
 
 TEST_F(QtAlertsTest, aQuestionWhoseDefaultButtonActs_isClosedByTheOther) {

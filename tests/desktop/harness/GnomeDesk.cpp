@@ -221,12 +221,22 @@ bool GnomeDesk::plugInKeyboard() {
     return drive(QStringLiteral("PlugIn"), QStringLiteral("keyboard"));
 }
 
+bool GnomeDesk::set(const QString& service, const QString& path, const QString& interface,
+                    const QString& property, bool value) {
+    return isDone(call(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                       QStringLiteral("Set"),
+                       {interface, property, QVariant::fromValue(QDBusVariant(value))}));
+}
+
 bool GnomeDesk::letProgramsTell() {
     m_letsProgramsTell = true;
-    return isDone(call(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-                       QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"),
-                       {QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"),
-                        QVariant::fromValue(QDBusVariant(true))}));
+    return set(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+               QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"), true);
+}
+
+bool GnomeDesk::switchAllExtensions(bool isOn) {
+    return set(kShellService, QStringLiteral("/org/gnome/Shell"),
+               QStringLiteral("org.gnome.Shell.Extensions"), QStringLiteral("UserExtensionsEnabled"), isOn);
 }
 
 bool GnomeDesk::enableExtension() {

@@ -46,6 +46,10 @@ public:
     // Switches the extension as the user does. Answers whether the shell knows it.
     bool enableExtension();
     bool disableExtension();
+    // The shell's switch for all extensions of the user. The test's own goes on.
+    bool switchAllExtensions(bool isOn);
+    // Puts the extension where the shell finds it when it starts the next time.
+    void installExtension() { installExtension(Extension()); }
     // Covers the screen as after a while without input, and uncovers it.
     bool coverScreen(bool isCovered);
     // Where the extension lies, or would.
@@ -60,6 +64,8 @@ private:
     // Has the test's own extension of the shell do something.
     bool drive(const QString& method, const QString& argument);
     QDBusMessage askDriver(const QString& method, const QString& argument);
+    bool set(const QString& service, const QString& path, const QString& interface, const QString& property,
+             bool value);
     QDBusMessage call(const QString& service, const QString& path, const QString& interface,
                       const QString& method, const QVariantList& arguments);
 
