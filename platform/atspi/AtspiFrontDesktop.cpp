@@ -8,15 +8,18 @@
 
 namespace {
 
-// The shell's own stage is on the bus, too, and it is the desktop.
-const QString kShellProgram = QStringLiteral("gnome-shell");
+// What belongs to GNOME Shell and not to anybody at work: its own stage, which is the desktop, and the frames that it draws
+// around the windows of X programs, each of which says of itself whether it is active, or tells nothing.
+bool isOfShell(const QString& program) {
+    return program == QLatin1String("gnome-shell") || program == QLatin1String("mutter-x11-frames");
+}
 
 // Numbers are forgotten beyond so many, before somebody who opens windows all day has them all.
 constexpr std::size_t kMostNumbers = 10000;
 
 bool isInFront(const AtspiApplication& application) {
-    return !application.activeWindow().isEmpty() && application.title() != kShellProgram &&
-           QFileInfo(executableOfProcess(application.processIdentifier())).fileName() != kShellProgram;
+    return !application.activeWindow().isEmpty() && !isOfShell(application.title()) &&
+           !isOfShell(QFileInfo(executableOfProcess(application.processIdentifier())).fileName());
 }
 
 } // namespace

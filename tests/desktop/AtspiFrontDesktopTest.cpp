@@ -181,6 +181,21 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsAtItsStart_isSeenWhenItAnswers) {
     EXPECT_SEEN(*this, "Odd: Window");
 }
 
+TEST_F(AtspiFrontDesktopTest, theShellsOwnPrograms_areNobodyAtWork) {
+    for (const char* name : {"gnome-shell", "mutter-x11-frames"}) {
+        const auto writer = startWith(QStringLiteral("Letter"));
+        EXPECT_SEEN(*this, "qt-client: Letter");
+        ServiceScript shells(m_desk.home(), QStringLiteral("odd_program.py"),
+                             {accessibilityBus(), QStringLiteral("well"), QLatin1String(name)});
+        EXPECT_TRUE(waitFor([&] { return shells.ask("asked").toInt() > 1; }));
+        shells.ask("activate");
+        turnEventLoopFor(std::chrono::milliseconds(500));
+        EXPECT_EQ(seen(), QStringLiteral("qt-client: Letter")) << "which says that it is active, too";
+        writer->kill();
+        EXPECT_SEEN(*this, "Desktop: none");
+    }
+}
+
 TEST_F(AtspiFrontDesktopTest, aProgramThatTellsAllTheTime_isReadNevertheless) {
     ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
                       {accessibilityBus(), QStringLiteral("well")});

@@ -64,6 +64,35 @@ TEST_F(StandInDesktopTest, aProgramOfGtk4_isSeenToo) {
     EXPECT_SEEN(m_scene, "Painter: Canvas");
 }
 
+// The shell has a program of its own that draws the frames of such windows, and tells of these.
+TEST(StandInXServer, programsOnX11_areSeenAsTheyTellOfThemselves) {
+    GnomeScene scene({.isEnabled = false}, WaylandDesk::XServer::Own);
+    AtspiFrontDesktop programs(scene.bus, scene.runLoop, scene.log, scene.entries);
+    StandInDesktop desktop(*scene.desktop, programs, scene.runLoop, scene.entries);
+    scene.lookThrough(desktop);
+    ASSERT_TRUE(scene.desk.letProgramsTell());
+    ASSERT_TRUE(scene.desk.plugInKeyboard());
+    const auto startOnX11 = [&](const char* client, const char* name, const char* title) {
+        return scene.desk.start(
+            QStringLiteral("/usr/bin/env"),
+            {QStringLiteral("GDK_BACKEND=x11"), QStringLiteral("/usr/bin/python3"), QStringLiteral("-B"),
+             QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/clients/") + QLatin1String(client),
+             QLatin1String(name), QLatin1String(title)});
+    };
+    const auto painter = startOnX11("gtk4_client.py", "Painter", "Canvas");
+    const auto terminal =
+        scene.desk.start(QStringLiteral("xterm"), {QStringLiteral("-T"), QStringLiteral("Shell")});
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(scene.desk.bringToFront(QStringLiteral("Canvas")));
+        EXPECT_SEEN(scene, "Painter: Canvas");
+        ASSERT_TRUE(scene.desk.bringToFront(QStringLiteral("Shell")));
+        EXPECT_SEEN(scene, "Desktop: none");
+    }
+    EXPECT_TRUE(std::ranges::none_of(scene.switches, [](const QString& name) {
+        return name.contains(QStringLiteral("frames"));
+    })) << qPrintable(scene.switches.join(u' '));
+}
+
 TEST_F(StandInDesktopTest, aProgramThatTellsNothing_leavesTheDesktopInFront) {
     WaylandClient qt(m_scene.desk, QStringLiteral("Editor"));
     qt.open(QStringLiteral("Page"));

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """A program with one window, which is active, that tells assistive programs of it in an odd way.
 
-Arguments: the address of the accessibility bus and the way: "well" is as programs do it, "children" and "states" answer
+Arguments: the address of the accessibility bus, the way and, unless it is "Odd", its name. The way: "well" is as programs do it, "children" and "states" answer
 with another kind of value than is expected, "many" has a thousand windows, "late" answers nothing until it is told to.
 Obeys "asked", which answers how often it was asked, "activate", which tells of its window, "hang" and "answer". Ends
 with its input."""
@@ -13,7 +13,8 @@ import dbus.bus
 import dbus.service
 from service_loop import serve
 
-ADDRESS, WAY = sys.argv[1:]
+ADDRESS, WAY, *NAMES = sys.argv[1:]
+NAME = NAMES[0] if NAMES else "Odd"
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ROOT = "/org/a11y/atspi/accessible/root"
 WINDOW = "/org/a11y/atspi/accessible/window"
@@ -51,7 +52,7 @@ class Node(dbus.service.Object):
     @dbus.service.method(ACCESSIBLE, out_signature=CHILDREN, async_callbacks=("reply", "_error"))
     def GetChildren(self, reply, _error):
         own = self.connection.get_unique_name()
-        count = 0 if self.name != "Odd" else 1000 if WAY == "many" else 1
+        count = 0 if self.name != NAME else 1000 if WAY == "many" else 1
         children = [(own, dbus.ObjectPath(WINDOW))] * count
         self.answer(reply, [1, 2, 3] if CHILDREN == "ai" else children)
 
@@ -65,7 +66,7 @@ class Node(dbus.service.Object):
 
 
 def make(bus):
-    nodes = [Node(bus, ROOT, "Odd"), Node(bus, WINDOW, "Window")]
+    nodes = [Node(bus, ROOT, NAME), Node(bus, WINDOW, "Window")]
     bus.call_async("org.a11y.atspi.Registry", ROOT, "org.a11y.atspi.Socket", "Embed", "(so)",
                    ((bus.get_unique_name(), dbus.ObjectPath(ROOT)),), lambda *_: None, lambda *_: None)
     return nodes
