@@ -3,10 +3,11 @@
 
 #include "platform/foundation/text/LocalizedStrings.h"
 
-AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, Bus& sessionBus,
-                                 RunLoop& runLoop, SystemLog& log, DesktopEntries& entries)
+AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, QString remedy,
+                                 Bus& sessionBus, RunLoop& runLoop, SystemLog& log, DesktopEntries& entries)
     : TellingDesktop(entries)
     , m_compositor(std::move(compositor))
+    , m_remedy(std::move(remedy))
     , m_programs(sessionBus, runLoop, log, entries) {
     m_compositor->setHandlers({{}, {}, {}, {}, [this] { settle(); }});
     m_programs.installSwitchHandler([this] { tell(); });
@@ -22,6 +23,13 @@ QString AssistedDesktop::describe() const {
 }
 
 QString AssistedDesktop::obstacle() const {
+    if (!m_remedy.isEmpty())
+        return m_programs.isTelling()
+                   ? m_remedy + u' ' +
+                         localized("Until then, only programs that tell assistive programs of "
+                                   "their windows are seen, and all other time counts as "
+                                   "“Desktop”.")
+                   : m_remedy;
     if (!m_programs.isTelling())
         return localized("This Wayland desktop does not tell other programs which window is in front, so "
                          "that there is no time to credit.");

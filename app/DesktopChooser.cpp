@@ -5,6 +5,7 @@
 #include "app/StandInDesktop.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/gnome/GnomeExtension.h"
+#include "platform/gnome/GnomeShell.h"
 #include "platform/linux/LogindIdleTime.h"
 #include "platform/linux/MutterIdleTime.h"
 #include "platform/wayland/PlasmaDesktop.h"
@@ -12,6 +13,8 @@
 #include "platform/wayland/WlrootsDesktop.h"
 #include "platform/x11/X11Desktop.h"
 #include "platform/x11/X11IdleTime.h"
+
+#include <QDBusConnectionInterface>
 
 #include <algorithm>
 
@@ -106,6 +109,10 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
                       "outside of one, Ticklog can be told.")};
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
+    // Other desktops bear this name too. If the shell is the compositor, it owns its name before it listens.
+    const QDBusConnectionInterface* bus = m_ground.sessionBus.connection().interface();
+    if (!bus || !bus->isServiceRegistered(kGnomeShell).value())
+        return Failure{Failure::Kind::NotFound, QStringLiteral("there is no GNOME Shell on the session bus")};
     // The extension is installed or updated before it is asked whether it serves this process.
     const auto extension = std::make_shared<GnomeExtension>(
         m_ground.sessionBus, m_ground.runLoop, m_ground.log,
@@ -131,22 +138,25 @@ Result<DesktopChooser::Desktop> DesktopChooser::withIdleTime(Result<std::unique_
     return desktop;
 }
 
-Result<DesktopChooser::Desktop> DesktopChooser::assisted() const {
+Result<DesktopChooser::Desktop> DesktopChooser::assisted(const QString& remedy) const {
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
     auto compositor = WaylandConnection::tryConnect({}, m_ground.runLoop, m_ground.log);
     if (!compositor)
         return compositor.failure();
-    return desktopOf(Result(std::make_unique<AssistedDesktop>(
-        std::move(*compositor), m_ground.sessionBus, m_ground.runLoop, m_ground.log, m_ground.entries)));
+    return desktopOf(
+        Result(std::make_unique<AssistedDesktop>(std::move(*compositor), remedy, m_ground.sessionBus,
+                                                 m_ground.runLoop, m_ground.log, m_ground.entries)));
 }
 
 DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<Failure>& refusals) const {
     // A desktop that could tell but refuses has given a text that says what to do.
     const auto refusal = std::ranges::find(refusals, Failure::Kind::Refused, &Failure::kind);
     const bool isRefused = refusal != refusals.end();
-    if (isWayland && !isRefused) {
-        if (auto desktop = assisted())
+    const QString remedy = isRefused ? refusal->text : QString();
+    // A sandbox hides other programs' windows, so that only the text is of use there.
+    if (isWayland && !(isRefused && m_ground.sandbox.isSandboxed())) {
+        if (auto desktop = assisted(remedy))
             return std::move(*desktop);
     }
     QString obstacle = isWayland
@@ -154,6 +164,6 @@ DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<F
                                        "front, so that there is no time to credit.")
                            : localized("There is no window system that tells which window is in front.");
     if (isRefused)
-        obstacle = refusal->text;
+        obstacle = remedy;
     return {std::make_shared<NoDesktop>(m_ground.entries, obstacle), nullptr, nullptr};
 }

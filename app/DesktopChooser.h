@@ -52,8 +52,8 @@ private:
     Result<Desktop> gnome() const;
     std::vector<Candidate<Desktop>> desktops(bool isWayland) const;
     std::vector<Candidate<std::shared_ptr<IdleTime>>> idleTimes() const;
-    // For desktops that tell nobody: asks the programs.
-    Result<Desktop> assisted() const;
+    // For desktops that tell nobody, or not this process: asks the programs. `remedy` as in AssistedDesktop.
+    Result<Desktop> assisted(const QString& remedy) const;
     Desktop none(bool isWayland, const std::vector<Failure>& refusals) const;
 
     Ground m_ground;

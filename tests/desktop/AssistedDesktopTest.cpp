@@ -18,7 +18,7 @@ protected:
     AssistedDesktopTest()
         : Sight(QStringLiteral("/nowhere")) {
         startCompositor();
-        desktop.emplace(connect(), m_bus, runLoop, log, entries);
+        desktop.emplace(connect(), QString(), m_bus, runLoop, log, entries);
         lookThrough(*desktop);
     }
 
@@ -75,6 +75,16 @@ TEST_F(AssistedDesktopTest, programsThatTell_areSeenAndItIsSaidThatOthersAreNot)
     EXPECT_EQ(frontProcess(), writer->processIdentifier());
     const auto terminal = m_desk.start(QStringLiteral("xterm"));
     EXPECT_SEEN(*this, "Desktop: none");
+}
+
+TEST_F(AssistedDesktopTest, whereMoreCouldBeTold_itIsSaidHow) {
+    const QString remedy = QStringLiteral("Only installed programs are told. Install it.");
+    desktop.emplace(connect(), remedy, m_bus, runLoop, log, entries);
+    EXPECT_EQ(desktop->obstacle(), remedy) << "nobody tells yet";
+    lookThrough(*desktop);
+    EXPECT_SEEN(*this, "Desktop: none");
+    EXPECT_TRUE(
+        desktop->obstacle().startsWith(remedy + QStringLiteral(" Until then, only programs that tell")));
 }
 
 TEST_F(AssistedDesktopTest, aCompositorThatHangs_givesNoSignOfLife) {

@@ -103,13 +103,17 @@ TEST(DesktopChooserTest, kwin_isAskedFirst) {
     EXPECT_TRUE(choice.desktop().startsWith(QStringLiteral("Plasma: "))) << qPrintable(choice.desktop());
 }
 
-TEST(DesktopChooserTest, aKWinThatTellsNobody_isRefusedWithWhatCanBeDone) {
+TEST(DesktopChooserTest, aKWinThatTellsOnlyInstalledPrograms_isSeenAsFarAsProgramsTell) {
     const KWinDesk desk(KWinDesk::Windows::ForThoseThatAsk);
     Choice choice(desk.environment());
     EXPECT_EQ(choice.refused(), QStringList({kPlasma, kWlroots, kGnome}));
     EXPECT_EQ(choice.reason(kGnome), QStringLiteral("this is not GNOME"));
     EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("Install Ticklog")));
-    EXPECT_FALSE(choice.chooser.desktop().activeApplication());
+    EXPECT_TRUE(waitFor([&] { return choice.desktop().contains(QStringLiteral("AT-SPI")); }));
+    EXPECT_TRUE(
+        waitFor([&] { return choice.obstacle().contains(QStringLiteral("only programs that tell")); }));
+    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("Install Ticklog")))
+        << "it still says how to get more";
     EXPECT_TRUE(choice.idleTime().startsWith(QStringLiteral("Wayland: "))) << "that it tells all the same";
 }
 
@@ -144,6 +148,29 @@ TEST(DesktopChooserTest, aCompositorThatTellsNothing_isSeenAsFarAsProgramsTell) 
     EXPECT_EQ(choice.refused(), QStringList({kPlasma, kWlroots, kGnome}));
     EXPECT_TRUE(choice.idleTime().startsWith(QStringLiteral("Wayland: ")));
     EXPECT_TRUE(waitFor([&] { return choice.desktop().contains(QStringLiteral("AT-SPI")); }));
+    EXPECT_TRUE(
+        waitFor([&] { return choice.obstacle().contains(QStringLiteral("Only programs that tell")); }));
+}
+
+TEST(DesktopChooserTest, aKWinThatTellsOnlyInstalledPrograms_isNotSeenFromWithinASandbox) {
+    const KWinDesk desk(KWinDesk::Windows::ForThoseThatAsk);
+    Choice choice(desk.environment(), QStringLiteral("/dev/null"));
+    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("Install Ticklog")));
+    EXPECT_EQ(choice.desktop(), NoDesktop(choice.ground.entries, {}).describe());
+}
+
+TEST(DesktopChooserTest, aDesktopNamedAfterGnomeWithoutItsShell_isNotToldOfIt) {
+    Desk desk(QStringLiteral("openbox"), Desk::Bus::Own);
+    Program compositor(QStringLiteral(TICKLOG_BINARY_DIR "/odd-compositor"),
+                       {QStringLiteral("wayland-mute"), QStringLiteral("mute")}, desk.environment(),
+                       Program::Output::Read);
+    ASSERT_EQ(compositor.readLine(), QByteArray("ok"));
+    QProcessEnvironment environment = desk.environment();
+    environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-mute"));
+    environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("Budgie:GNOME"));
+    Choice choice(environment);
+    EXPECT_EQ(choice.reason(kGnome), QStringLiteral("there is no GNOME Shell on the session bus"));
+    EXPECT_EQ(choice.chooser.shellExtension(), nullptr);
     EXPECT_TRUE(
         waitFor([&] { return choice.obstacle().contains(QStringLiteral("Only programs that tell")); }));
 }
