@@ -47,6 +47,7 @@ Folders usualFolders() {
 struct LinuxPlatform::BackEnds {
     BackEnds();
     void openX11Presence();
+    std::optional<std::chrono::nanoseconds> absence() const;
 
     SystemClock clock;
     JournalLog log{JournalLog::usualDestinations()};
@@ -74,7 +75,7 @@ struct LinuxPlatform::BackEnds {
                               runLoop,
                               log,
                               [this] { return defaults.boolForKey(kTKWasTimerRunning); },
-                              {}};
+                              {.absence = [this] { return absence(); }}};
     LockAwareFrontApplication frontApplication{silenceWatch, screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
@@ -111,6 +112,12 @@ LinuxPlatform::BackEnds::BackEnds() {
     // its time is credited.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,
                      [this] { clockJumps.check(); });
+}
+
+std::optional<std::chrono::nanoseconds> LinuxPlatform::BackEnds::absence() const {
+    if (!defaults.boolForKey(kEnableIdleDetection))
+        return std::nullopt;
+    return std::chrono::minutes(defaults.integerForKey(kMinutesUntilIdle));
 }
 
 void LinuxPlatform::BackEnds::openX11Presence() {

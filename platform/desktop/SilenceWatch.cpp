@@ -19,7 +19,7 @@ SilenceWatch::SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& 
     , m_log(log)
     , m_isCounting(std::move(isCounting))
     , m_limits(limits)
-    , m_looks(runLoop.scheduleRepeating(limits.quiet, limits.quiet, [this] { look(); })) {
+    , m_looks(runLoop.scheduleRepeating(limits.quiet, {}, [this] { look(); })) {
     m_desktop.signs.setHeardHandler([this] { hear(); });
 }
 
@@ -60,12 +60,15 @@ bool SilenceWatch::isWorthAsking() const {
     // Where it is known that nothing is told, nothing is credited either.
     const auto& front = m_desktop.front.activeApplication();
     const bool isTold = m_desktop.front.obstacle().isEmpty() || (front && *front != nothingInFront());
-    return isTold && m_isCounting() && isSomebodyThere();
+    return isTold && m_isCounting() && !isAbsent();
 }
 
-bool SilenceWatch::isSomebodyThere() const {
+bool SilenceWatch::isAbsent() const {
+    const auto absence = m_limits.absence();
+    if (!absence)
+        return false;
     const IdleReading reading = m_desktop.idleTime.read();
-    return !reading.idle || *reading.idle < m_limits.quiet;
+    return reading.idle && *reading.idle >= *absence;
 }
 
 void SilenceWatch::wait() {

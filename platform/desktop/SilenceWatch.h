@@ -11,7 +11,7 @@
 #include <memory>
 
 // Notices that a desktop has fallen silent, where it could as well have nothing to tell: a compositor that hangs, a shell
-// whose extension has stopped. When nothing has been heard for a while though somebody is at work, it is asked for a sign
+// whose extension has stopped. When nothing has been heard for a while though a window is credited, it is asked for a sign
 // of life. As long as none comes there is no window, and the desktop itself is in front, or whoever was there last would
 // be credited for it. Otherwise everything is passed on as it is. Main thread only.
 class SilenceWatch : public FrontCover, public WindowList {
@@ -20,15 +20,19 @@ public:
         FrontApplication& front;
         WindowList& windows;
         SignsOfLife& signs;
-        // Whoever has not touched anything for as long as nothing was heard is not at work, and nobody is asked.
+        // A desktop that hangs passes no input on, so that this alone says nobody is there, and may be wrong.
         IdleTime& idleTime;
     };
 
     struct Limits {
-        // Nothing has been heard for so long, up to twice that.
-        std::chrono::milliseconds quiet = std::chrono::minutes(1);
+        // Nothing has been heard for so long, up to twice that; with the patience two minutes at the most.
+        std::chrono::milliseconds quiet = std::chrono::seconds(55);
         // For the answer.
         std::chrono::milliseconds patience = std::chrono::seconds(10);
+        // After so long without input no window is credited any more, and nobody is asked; absent where one always is.
+        std::function<std::optional<std::chrono::nanoseconds>()> absence = [] {
+            return std::optional<std::chrono::nanoseconds>();
+        };
     };
 
     // `isCounting` says whether time is being credited; while it is not, nobody is asked. All outlive the watch.
@@ -43,7 +47,7 @@ public:
 private:
     void look();
     bool isWorthAsking() const;
-    bool isSomebodyThere() const;
+    bool isAbsent() const;
     void wait();
     void fallSilent();
     void hear();
