@@ -8,7 +8,8 @@ ticklog=$(realpath "$1")
 mkdir -p "$2"
 picture=$(realpath "$2")/ticklog.png
 
-place=$(mktemp -d "${TMPDIR:-/tmp}/ticklog-demo.XXXXXX")
+# Not where $TMPDIR says: the addresses of sockets are short and plain, and the display has one here in any case.
+place=$(mktemp -d /tmp/ticklog-demo.XXXXXX)
 started=()
 leave() {
   local i
