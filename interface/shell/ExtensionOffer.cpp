@@ -70,6 +70,8 @@ ExtensionOffer::~ExtensionOffer() {
 void ExtensionOffer::consider() {
     withdraw();
     const State state = m_ground.extension.state();
+    if (!isOff(state))
+        m_inVain.reset();
     m_ground.showOffer(canHelp(state) ? [this] { offer(); } : std::function<void()>());
     if (state == State::On && isDecision(kWanted))
         // If the user disables it later, that is meant.
@@ -136,7 +138,6 @@ void ExtensionOffer::fulfil() {
 }
 
 void ExtensionOffer::switchOn() {
-    m_ground.extension.switchOn();
     m_inVain = m_ground.runLoop.scheduleOnce(kUntilInVain, [this] {
         if (isOff(m_ground.extension.state()))
             m_ground.alerts.showError(
@@ -146,6 +147,7 @@ void ExtensionOffer::switchOn() {
                     "well. Where that is not possible, whoever looks after this computer does not allow "
                     "it."));
     });
+    m_ground.extension.switchOn();
 }
 
 bool ExtensionOffer::isDecision(const QString& decision) const {

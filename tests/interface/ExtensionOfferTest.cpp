@@ -208,6 +208,15 @@ TEST_F(ExtensionOfferTest, switchedOnInVain_isTold) {
     }
 }
 
+TEST_F(ExtensionOfferTest, switchedOffAgainAtOnce_isNotToldToBeInVain) {
+    alerts.answer = Alerts::Alternate;
+    launch(State::Off);
+    EXPECT_EQ(extension.done, QStringList{QStringLiteral("switch on")});
+    extension.become(State::AllOff);
+    runLoop.advance(1min);
+    EXPECT_EQ(alerts.errors, QStringList());
+}
+
 TEST_F(ExtensionOfferTest, whatCannotBeHelped_isNotOffered) {
     for (const State state : {State::Unknown, State::AwaitsLogin, State::Paused, State::On, State::Refused}) {
         launch(state);
