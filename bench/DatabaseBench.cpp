@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reading and writing the database, synced, beside a plain synced write of the same bytes and Python's
-// plistlib.
+// Reading and writing the database, synced, compared with a plain synced write of the same bytes and with
+// Python's plistlib.
 #include "Classes/engine/Engine.h"
 #include "Classes/record/TimeDatabase.h"
 #include "bench/SampleAccount.h"
@@ -30,7 +30,7 @@ void writePlainly(const QString& path, const QByteArray& bytes) {
     ::close(file);
 }
 
-// Median milliseconds of reading and writing by plistlib, as it says itself.
+// Median milliseconds for reading and writing with plistlib, as it measures itself.
 QPair<double, double> plistlib(const QString& path) {
     static const QString kScript = QStringLiteral(R"(
 import os, plistlib, sys, time
@@ -52,7 +52,7 @@ print(sorted(reads)[1] * 1000, sorted(writes)[1] * 1000)
     return times.size() == 2 ? qMakePair(times[0].toDouble(), times[1].toDouble()) : qMakePair(0.0, 0.0);
 }
 
-// An engine and a database that have just been started.
+// An engine and a database, just started.
 struct Start {
     explicit Start(FakePlatform& fakes)
         : engine(fakes.platform, {})
@@ -62,7 +62,7 @@ struct Start {
     TimeDatabase database;
 };
 
-// Reading as it happens at a start: into an empty tree.
+// Measures reading as at a start, into an empty tree.
 Measure measuredReading(FakePlatform& fakes) {
     std::vector<std::unique_ptr<Start>> starts;
     for (int i = 0; i < kMeasuredCalls; ++i)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Exporting a large account, beside a plain write of the same bytes.
+// Exporting a large account, compared with a plain write of the same bytes.
 #include "Classes/engine/Engine.h"
 #include "Classes/record/CsvExport.h"
 #include "bench/SampleAccount.h"

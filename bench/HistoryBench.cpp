@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What it costs to keep a history: a tick, a write, a launch, and the bytes of a year of a busy person.
+// The cost of keeping a history: a tick, a write, a launch, and the bytes of a year of a busy person.
 #include "Classes/history/HistoryDebts.h"
 #include "Classes/history/HistoryKeeper.h"
 #include "Classes/history/HistoryRecorder.h"
@@ -35,7 +35,7 @@ void year(benchmark::State& state) {
     }
 }
 
-// Fifteen seconds in which the focus changes each second.
+// Fifteen seconds with a new window in front every second.
 void aWrite(benchmark::State& state) {
     const QTemporaryDir folder;
     HistoryKeeper keeper(folder.filePath(QStringLiteral("History.sqlite")));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the outline of a long account costs: 500 applications with 20,000 windows, on a screen of no size.
+// The cost of the outline of an old account: 500 applications with 20,000 windows, without a real screen.
 #include "Classes/store/TimeStoreCategory.h"
 #include "bench/SampleAccount.h"
 #include "bench/Stopwatch.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the whole program costs on a real desktop: CPU time and wake-ups a minute beside a timer that does
-// nothing, in the same minute; start to first painted window and memory beside a bare window.
+// The cost of the whole program on a real desktop: CPU time and wake-ups a minute, compared with a timer that
+// does nothing in the same minute; time to the first painted window and memory, compared with an empty
+// window.
 #include "bench/RunningCost.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/desktop/harness/XClient.h"
@@ -55,7 +56,7 @@ void measureRunning() {
     product.end(SIGTERM);
 }
 
-// CPU time until a window is on the screen and nothing more is done.
+// CPU time until the window is on the screen and nothing more happens.
 double cpuToWindow(Desk& desk, const Program& program) {
     desk.waitForWindow(program);
     double last = -1;

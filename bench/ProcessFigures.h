@@ -7,10 +7,10 @@
 
 #include <QDir>
 
-// What the kernel says of a process. Absent fields of a process that is gone read as 0.
+// The kernel's figures for a process. Zero for a process that has ended.
 struct ProcessFigures {
     double cpuMilliseconds = 0;
-    // Times it went to sleep by itself, which is how often it was woken up.
+    // How often it went to sleep by itself, which is how often it was woken up.
     double wakeUps = 0;
     double proportionalMegabytes = 0;
 

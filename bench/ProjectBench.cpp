@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Projects in a large account: filling one, building the colours, freezing, saving, and what a member's tick costs.
+// Projects in a large account: filling one, computing the colours, freezing, saving, and a tick for a member.
 #include "Classes/engine/Engine.h"
 #include "Classes/projects/ProjectList.h"
 #include "Classes/projects/ProjectNodes.h"
@@ -21,7 +21,7 @@ std::size_t allocations = 0;
 constexpr int kApplications = 500;
 constexpr int kWindows = 20'000;
 
-// An account and a list of projects whose members are drawn from its windows, the same at every run.
+// An account and projects whose members are drawn from its windows, the same at every run.
 struct Account {
     Account() {
         SampleAccount account(kApplications, kWindows);
@@ -90,7 +90,7 @@ void BM_Snapshot(benchmark::State& state) {
         benchmark::DoNotOptimize(account.list.snapshot());
 }
 
-// The busiest application, with all of its windows in several projects each.
+// The busiest application, whose windows are all in several projects.
 void BM_FreezeApplication(benchmark::State& state) {
     Account account;
     account.makeProjects(int(state.range(0)), std::size_t(state.range(1)));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What reading and writing a database costs, beside another property-list library and a bare write of the
-// same bytes.
+// The cost of reading and writing a database, compared with another property-list library and a bare write of
+// the same bytes.
 #include "bench/Stopwatch.h"
 #include "bench/WindowRecords.h"
 #include "platform/foundation/propertylists/PropertyList.h"
@@ -43,7 +43,7 @@ void writeStreaming(const QString& path, const PropertyListValue& value) {
     writer.finish();
 }
 
-// The other library does five runs of its own and prints their minimum and median.
+// The other library makes five runs of its own and prints their minimum and median.
 void peer(const QString& path, const char* form) {
     const QString script = QStringLiteral(R"(
 import plistlib, sys, time

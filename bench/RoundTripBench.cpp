@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a tick asks of the X server: nothing, but for the idle time.
+// What a tick asks the X server: only the idle time.
 #include "bench/Stopwatch.h"
 #include "tests/desktop/harness/LiveEngine.h"
 #include "tests/desktop/harness/XClient.h"

@@ -12,12 +12,12 @@
 
 #include <vector>
 
-// What a program that runs costs, beside the floor in the same minute.
+// The cost of a running program, compared with a minimal program in the same minute.
 
 inline constexpr std::chrono::seconds kRun{12};
 inline constexpr int kRuns = 5;
 
-// Writes a database of that size where the product looks for it.
+// Writes a database of this size where the program looks for it.
 inline void writeAccount(const TemporaryHome& home, int applications, int windows) {
     FakePlatform fakes;
     Engine engine(fakes.platform, {});
@@ -33,7 +33,7 @@ inline double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// Per minute, medians of the runs, of a program and of the floor beside it.
+// Medians of the runs, per minute, of a program and of the minimal one.
 struct Cost {
     double cpu;
     double wakeUps;

@@ -8,9 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
-// An account as long use makes it, always the same for the same sizes. A tenth of the applications have half
-// of the windows, as with browsers and terminals; titles have 8 to 200 characters, 45 in the middle
-// (log-normal).
+// An account after long use, always the same for the same sizes. A tenth of the applications have half of the
+// windows, like browsers and terminals; titles have 8 to 200 characters with a median of 45 (log-normal).
 class SampleAccount {
 public:
     SampleAccount(int applications, int windows)
@@ -45,7 +44,7 @@ private:
     }
 
     QString title(int number) {
-        // Two uniform numbers make a normal one.
+        // Two uniform numbers make one normally distributed one.
         const double normal = std::sqrt(-2 * std::log(1 - m_random.generateDouble())) *
                               std::cos(2 * M_PI * m_random.generateDouble());
         const int length = std::clamp(int(45 * std::exp(0.5 * normal)), 8, 200);

@@ -7,7 +7,7 @@
 #include <ctime>
 #include <vector>
 
-// How long a piece of work takes: one run to warm up, then five.
+// Measures how long some work takes: one run to warm up, then five.
 struct Measure {
     double minimum;
     double median;
@@ -27,7 +27,7 @@ inline double wallMs() {
         .count();
 }
 
-// `clock` answers milliseconds. Only `work` counts; `prepare` comes before each run.
+// `clock` answers milliseconds. Only `work` is measured; `prepare` runs before each run.
 template<class Prepare, class Work>
 Measure measuredAfter(double (*clock)(), Prepare&& prepare, Work&& work) {
     std::vector<double> runs;
@@ -48,7 +48,7 @@ Measure measured(double (*clock)(), Work&& work) {
         clock, [] {}, work);
 }
 
-// A line of a table of milliseconds with the budget of each, and the head of such a table.
+// A line of a table of milliseconds, each with its budget; and the table's heading.
 inline void printAgainst(double limit, const char* what, Measure measure) {
     std::printf("%-52s %7.1f ms  %7.1f ms  (at most %.0f)\n", what, measure.minimum, measure.median, limit);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A tick inside the process: flat in the number of windows, and growing with the applications by the sum of
-// the totals alone.
+// A tick within the process: its cost does not depend on the number of windows, and grows with the
+// applications only because their totals are added up.
 #include "Classes/engine/Engine.h"
 #include "Classes/engine/TimerControl.h"
 #include "bench/SampleAccount.h"
@@ -16,7 +16,7 @@ namespace {
 
 std::size_t allocations = 0;
 
-// Sums the total as a shown window does, and shows it to nobody.
+// Adds up the total as a shown window does, and shows it nowhere.
 class SummingDisplay : public TimerDisplay {
 public:
     explicit SummingDisplay(TimeTracker& tracker)

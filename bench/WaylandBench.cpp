@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the whole program costs on each family of Wayland desktops while its window is not seen: CPU time and wake-ups a
-// minute beside a timer that does nothing, and the messages on its bus.
+// The cost of the whole program on each kind of Wayland desktop while its window cannot be seen: CPU time and
+// wake-ups a minute, compared with a timer that does nothing, and the messages on its bus.
 #include "bench/RunningCost.h"
 #include "tests/desktop/harness/GnomeDesk.h"
 #include "tests/desktop/harness/ProductProgram.h"
@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 const QString kLetter = QStringLiteral("Letter");
 const QString kInbox = QStringLiteral("Inbox");
 
-// Counts the messages on a bus that a program sends or gets, since it was last asked.
+// Counts the messages that a program has sent or got on a bus since the last call.
 class BusTraffic {
 public:
     BusTraffic(WaylandDesk& desk, qint64 program)
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    // What the program's connections are called.
+    // The names of the program's connections.
     static QStringList namesOf(WaylandDesk& desk, qint64 program) {
         const QString address = desk.bus().address();
         QDBusConnection connection =

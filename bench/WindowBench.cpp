@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a long account costs in the main window, from the key or the click to the painted result: 500 applications with
-// 20,000 windows, two projects of 2,000 members, on a screen of no size.
+// The cost of an old account in the main window, from the key or click to the painted result: 500
+// applications with 20,000 windows, two projects with 2,000 members, without a real screen.
 #include "bench/SampleAccount.h"
 #include "bench/Stopwatch.h"
 #include "interface/mainwindow/TKController.h"

@@ -7,9 +7,8 @@
 
 #include <random>
 
-// A database as a long-time user has it: windows under applications in which the first few hold most of them.
-// Titles are of 20 to 80 characters, 50 on average, one in eight with letters beyond ASCII, and the same at
-// every run.
+// A database as after long use: windows under applications, of which the first few have most. Titles have 20
+// to 80 characters, 50 on average; one in eight has letters beyond ASCII. The same at every run.
 namespace WindowRecords {
 
 inline QString title(std::mt19937& engine, int number) {

@@ -28,7 +28,7 @@ struct ObjectOfProgram {
     QDBusObjectPath path;
 };
 
-// A window as the extension of GNOME's shell tells of it.
+// A window as GNOME's shell extension reports it.
 struct ToldWindow {
     uint number = 0;
     int process = 0;
@@ -84,7 +84,7 @@ namespace {
 
 const QString kProgram = QStringLiteral(":1.7");
 
-// The bytes as a supply of choices; when it is used up, all are zero.
+// Takes the bytes as choices; when they are used up, all choices are zero.
 class Choices {
 public:
     void refill(const unsigned char* data, std::size_t size) {
@@ -100,7 +100,7 @@ public:
 
     bool isYes() { return next() & 1U; }
 
-    // Whatever a program may say: what is no text does not come through the toolkit.
+    // Any text; what is no valid text cannot pass through the toolkit.
     QString text() {
         const qsizetype length = std::min<qsizetype>(next(), m_bytes.size() - m_at);
         m_at += length;
@@ -120,7 +120,7 @@ private:
     qsizetype m_at = 0;
 };
 
-// One argument of an answer, of any kind that those who read know, or do not.
+// One argument of an answer, of any kind, whether the readers expect it or not.
 QVariant argument(Choices& choices) {
     switch (choices.next() % 16) {
     case 0:
@@ -172,7 +172,7 @@ QVariant argument(Choices& choices) {
 }
 
 QVariantList answerOf(Choices& choices) {
-    // Otherwise chance would not find what the shell's extension tells.
+    // Random arguments alone would never look like a report of the shell's extension.
     QVariantList arguments;
     if (choices.next() % 4 == 0)
         arguments = {choices.number(), choices.number(), choices.number()};
@@ -181,7 +181,7 @@ QVariantList answerOf(Choices& choices) {
     return arguments;
 }
 
-// Answers every question as chance has it.
+// Answers every question at random.
 class Answerer : public QDBusVirtualObject {
 public:
     QString introspect(const QString&) const override { return {}; }
@@ -238,7 +238,7 @@ struct Talk {
         return talk;
     }
 
-    // What answers come in their order: when this one is there, so are those before it.
+    // Answers come in order: when this one is there, so are all before it.
     QDBusMessage ask(const char* member) {
         std::optional<QDBusMessage> answer;
         bus.call(QDBusMessage::createMethodCall(kProgram, QStringLiteral("/"),
@@ -284,7 +284,7 @@ void readAsGnomes(const QDBusMessage& answer) {
 void readAsPrograms(Talk& talk) {
     AtspiApplication application(talk.bus, talk.loop, kProgram, QStringLiteral("/root"),
                                  [](std::int64_t, AtspiApplication::Change) {});
-    // Its process, its windows, and what each of them is.
+    // Asks for its process, its windows, and the facts of each.
     for (int depth = 0; depth < 3; ++depth)
         (void)talk.ask("Ping");
     if (application.title() != cleanText(application.title()))
@@ -334,7 +334,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     readAsLogind(talk);
     askAsLauncher(talk);
     talk.log.lines.clear();
-    // No loop runs that would do it.
+    // Nothing else does this, because no event loop runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return 0;
 }

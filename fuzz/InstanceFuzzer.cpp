@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a second start, or whoever knows the way to our socket, may say there. The one file of the interface, without its
-// widgets.
+// What a second start, or anybody who reaches our socket, may send there. Includes the one source file,
+// without its widgets.
 #include "interface/shell/SingleInstance.cpp"
 
 #include <QCoreApplication>
@@ -12,14 +12,14 @@
 
 namespace {
 
-// A first start that is there for all guests.
+// One first start, used for all guests.
 struct Host {
     Host() {
         if (!instance.isFirst())
             std::abort();
         instance.listen(admission,
                         [this](const std::optional<QString>& file, const Admission::Ticket& ticket) {
-                            // What is longer than any path is never handed on.
+                            // A text longer than any path must never be passed on.
                             if (!ticket || (file && QFile::encodeName(*file).size() > 3 * kLongestText))
                                 std::abort();
                             ++heard;
@@ -52,8 +52,8 @@ int connectTo(const QByteArray& path) {
 
 } // namespace
 
-// The first byte tells in how many pieces the rest is said, whether the guest hangs up in the middle, and whether it says
-// everything many times over.
+// The first byte decides in how many pieces the rest is sent, whether the guest hangs up in the middle, and
+// whether it sends everything many times.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     Host& host = Host::shared();
     const unsigned manner = size == 0 ? 0U : data[0];
@@ -77,13 +77,13 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const bool isShort = said.size() <= kLongestText;
     for (int turn = 0; turn < 100 && host.heard == before && isShort; ++turn)
         QCoreApplication::processEvents();
-    // Whoever says little enough is heard, unless the machine was too busy for that, and all places are free again.
-    // Timers of this length may come a twentieth early.
+    // A guest that sends little is heard, unless the machine was too busy, and all places become free again.
+    // Timers this long may fire a twentieth early.
     const bool isInTime = watch.elapsed() < kGuestPatienceMs * 9 / 10;
     if ((isShort && isInTime && host.heard == before) || !host.admission.admit())
         std::abort();
     QCoreApplication::processEvents();
-    // No loop runs that would do it.
+    // Nothing else does this, because no event loop runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (isDone)
         ::close(guest);

@@ -6,7 +6,7 @@
 
 // Whatever is read can be written in both forms and read again.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    // The header is given, or the fuzzer would spend its time on finding it.
+    // The header is given: the fuzzer would need long to find it.
     const QByteArray bytes = "bplist00" + QByteArray(reinterpret_cast<const char*>(data), qsizetype(size));
     const auto value = PropertyListBinaryReader(bytes).read();
     if (!value)

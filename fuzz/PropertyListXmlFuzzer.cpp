@@ -8,8 +8,8 @@
 
 namespace {
 
-// What the quick reader reads, the full one reads alike; whatever is read can be written, and what was written reads
-// back and is written the same again.
+// The full reader must agree with what the quick reader reads. Whatever is read can be written, and reads and
+// writes the same again.
 void check(const QByteArray& bytes) {
     const auto value = PropertyListXmlReader(bytes).read();
     const auto quick = PropertyListPlainReader(bytes).read();
@@ -28,7 +28,7 @@ void check(const QByteArray& bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
     check(bytes);
-    // The quick reader takes nothing without the customary head, which chance does not find.
+    // The quick reader accepts nothing without the usual head, which chance never finds.
     check(PropertyListXml::kHead.toByteArray() + bytes);
     return 0;
 }

@@ -18,7 +18,8 @@ void require(bool holds) {
         std::abort();
 }
 
-// Clean text stays as it is, and passes through UTF-8 unharmed, but for a byte-order mark at its beginning.
+// Clean text must not change when it is cleaned again or passed through UTF-8, except for a byte-order mark
+// at its beginning.
 void check(const QString& text) {
     require(text.size() <= kLongestText && cleanText(text) == text);
     require(text.startsWith(QChar::ByteOrderMark) || cleanTextFromUtf8(text.toUtf8()) == text);

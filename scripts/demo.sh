@@ -14,7 +14,7 @@ started=()
 leave() {
   local i
   for ((i = ${#started[@]} - 1; i >= 0; --i)); do
-    # What has ended already needs no ending.
+    # Programs that have ended already are no error.
     kill "${started[i]}" 2>/dev/null || true
     wait "${started[i]}" 2>/dev/null || true
   done
@@ -23,10 +23,10 @@ leave() {
 trap leave EXIT
 trap 'exit 130' INT TERM
 
-# start LOG COMMAND...: in the background, ended with the rest. Leaves the process in $last.
+# start LOG COMMAND...: in the background; ended with the rest. Leaves the process number in $last.
 start() { local log=$place/$1.log; shift; "$@" >"$log" 2>&1 & last=$!; started+=("$last"); }
 
-# wait_for WHAT LOG COMMAND...: until the command succeeds, half a minute at the most.
+# wait_for WHAT LOG COMMAND...: until the command succeeds, for at most half a minute.
 wait_for() {
   local what=$1 log=$place/$2.log tries=300; shift 2
   until "$@" >/dev/null 2>&1; do
@@ -40,7 +40,7 @@ export XDG_DATA_HOME=$HOME/.local/share XDG_CONFIG_HOME=$HOME/.config XDG_CACHE_
 unset WAYLAND_DISPLAY XAUTHORITY XDG_CURRENT_DESKTOP XDG_SESSION_ID QT_STYLE_OVERRIDE LANGUAGE
 mkdir -m 700 "$HOME" "$XDG_RUNTIME_DIR" "$XDG_CONFIG_HOME"
 
-# The server resets when its last client leaves, which a program that only looks would be.
+# -noreset: the server would reset when its last client leaves, such as a program that only looks.
 start display Xvfb -displayfd 9 -screen 0 1100x760x24 -nolisten tcp -ac -noreset 9>"$place/display"
 wait_for "the display" display test -s "$place/display"
 DISPLAY=:$(cat "$place/display"); export DISPLAY
@@ -50,7 +50,7 @@ wait_for "the bus" bus test -S "$place/bus"
 start windows openbox
 wait_for "the window manager" windows sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
 
-# Two terminals whose titles are what we write to them, as an editor's are what is being edited.
+# Two terminals whose titles we set, as an editor sets its title to the file's name.
 terminal() {
   mkfifo "$place/$1"
   start "$1" xterm -geometry "$2" -title "$3" -e sh -c "while read -r title; do printf '\\033]2;%s\\007' \"\$title\"; done <'$place/$1'"
@@ -60,7 +60,7 @@ terminal report 60x14+60+420 "Yearly report"; report=$last
 exec 7>"$place/letter" 8>"$place/report"
 start calculator xcalc -geometry +700+60
 
-# The timer runs from the beginning, as if it had been running when Ticklog was last quit.
+# The settings say that the timer ran when Ticklog was last quit, so it runs from the beginning.
 cat >"$XDG_CONFIG_HOME/org.ticklog.Ticklog.plist" <<'XML'
 <?xml version="1.0" encoding="UTF-8"?>
 <plist version="1.0">
@@ -88,11 +88,11 @@ front --class XCalc; sleep 3
 front --pid "$report"
 echo "Yearly report (saved)" >&8; sleep 2
 front --all --pid "$process" --name '^Ticklog$'; sleep 1
-# The last row is the terminals' one: opened, it shows their windows.
+# The last row is that of the terminals; opening it shows their windows.
 xdotool key End Right; sleep 1
 import -frame -window "$(window --all --pid "$process" --name '^Ticklog$')" "$picture"
 
-# Told to end, Ticklog saves.
+# On this signal Ticklog saves and quits.
 kill -TERM "$process"
 status=0; wait "$process" || status=$?
 [ "$status" = 0 ] || { echo "demo: Ticklog ended with $status" >&2; cat "$place/ticklog.log" >&2; exit 1; }

@@ -17,10 +17,10 @@ step "desktop entries" desktop_entries
 # Well-formed, without fetching what describes them.
 step "bus and polkit files" xmllint --noout --nonet resources/system/*.conf resources/system/*.policy
 
-# A build of its own, without a precompiled header: clang cannot read the one that g++ makes.
+# A build of its own without a precompiled header, because clang cannot read that of g++.
 tidy() {
   cmake --preset release -B build/lint -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DTICKLOG_BENCH=OFF --log-level=WARNING >/dev/null
-  # The headers that are made of the Wayland protocols are included by ours.
+  # Our headers include those generated from the Wayland protocols.
   cmake --build build/lint --target protocols >/dev/null
   printf '%s\n' "${product[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/lint --quiet \
     --extra-arg=-Wno-unknown-warning-option 2> >(grep -v 'warnings\? \(generated\|treated\)' >&2)

@@ -51,7 +51,7 @@ pacman_format="clang"
 pacman_fuzz="clang compiler-rt"
 pacman_coverage="gcovr"
 
-# Which family this machine belongs to; nothing when it is none of them.
+# Prints the family of this machine; nothing if it is none of them.
 package_family() {
   local family
   for family in apt:apt-get dnf:dnf pacman:pacman; do
@@ -59,20 +59,21 @@ package_family() {
   done
 }
 
-# missing_packages FAMILY PACKAGE...: those that are not installed, one a line.
+# missing_packages FAMILY PACKAGE...: prints those that are not installed, one on a line.
 missing_packages() {
   local family=$1; shift
   case $family in
     apt) { printf '%s\n' "$@"
            dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p'
-           # A name that is wanted once and installed once comes twice; names wanted by two sets are one by now.
+           # A name that is both wanted and installed occurs twice and so is dropped; names wanted by two sets
+           # were already made one.
          } | sort | uniq -u ;;
     dnf) rpm -q --whatprovides "$@" 2>/dev/null | sed -n 's/^no package provides //p' ;;
     pacman) pacman -T "$@" || true ;;
   esac
 }
 
-# packaged FAMILY PACKAGE...: those that this release has, as far as the lists that are here tell.
+# packaged FAMILY PACKAGE...: prints those that this release has, according to the lists on this machine.
 packaged() {
   local family=$1; shift
   case $family in
@@ -81,7 +82,7 @@ packaged() {
   esac
 }
 
-# As root directly, else through sudo, and only here.
+# As root directly, otherwise through sudo. Nothing else uses sudo.
 as_root() {
   if [ "$(id -u)" = 0 ]; then "$@"
   elif command -v sudo >/dev/null; then sudo "$@"
@@ -91,7 +92,8 @@ as_root() {
   fi
 }
 
-# need SET...: installs what the sets name, the machine lacks and its release has, and names what it has not.
+# need SET...: installs the packages of these sets that the machine lacks and its release has; names those
+# that the release does not have.
 need() {
   local family set list wanted missing offered
   family=$(package_family)
@@ -109,9 +111,10 @@ need() {
   mapfile -t missing < <(missing_packages "$family" "${wanted[@]}")
   [ ${#missing[@]} -gt 0 ] || return 0
   mapfile -t offered < <(packaged "$family" "${missing[@]}")
-  # Lists that have nothing of all that is wanted have not come yet: who has them need not be asked again.
+  # Lists are renewed before something is installed from them, and if they have none of the wanted packages:
+  # then they were never fetched.
   if [ "$family" = apt ] && { [ ${#offered[@]} -gt 0 ] || [ -z "$(packaged apt "${wanted[@]}")" ]; }; then
-    # A machine that is not online may still have what it takes in its own archive.
+    # A machine that is offline may still have the packages in its own archive.
     as_root apt-get -qq -o DPkg::Lock::Timeout=600 update || echo "dev: the package lists could not be renewed" >&2
     mapfile -t offered < <(packaged apt "${missing[@]}")
   fi

@@ -1,4 +1,4 @@
-# From ctest's report: the tests that were skipped and what they say, one a line, with their number before them.
+# Prints the skipped tests from ctest's report and their reasons, one on a line, with their number first.
 /<testcase / { name = $0; sub(/.*<testcase name="/, "", name); sub(/( +# GetParam.*)?".*/, "", name); skipped = 0 }
 /<skipped/ { skipped = 1 }
 skipped && sub(/^.*SKIPPED: /, "") {

@@ -9,7 +9,7 @@ function clock(seconds,   tenths) {
   tenths = int(seconds * 10 + 0.5)
   return sprintf("%02d:%02d:%02d.%d", tenths / 36000, tenths / 600 % 60, tenths / 10 % 60, tenths % 10)
 }
-# The indexes 1..count by falling time of seconds[prefix, index], into order[].
+# Puts the indexes 1..count into order[], by falling time in seconds[prefix, index].
 function rank(prefix, count, order,   i, j, k) {
   for (i = 1; i <= count; ++i) {
     for (j = i - 1; j >= 1 && seconds[prefix, order[j]] < seconds[prefix, i]; --j) order[j + 1] = order[j]

@@ -25,6 +25,6 @@ public:
     // Called before the source restarts its clock for another application. The time since the last tick is
     // credited to the application that was in front, and to its window if `hadWindow`.
     virtual void creditTimeBeforeSwitch(bool hadWindow) = 0;
-    // Whether nobody is there: then no switch is told.
+    // Whether the user is away; then the source tells no switch.
     virtual bool isIdle() const = 0;
 };

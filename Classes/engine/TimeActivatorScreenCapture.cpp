@@ -28,7 +28,7 @@ TimeActivatorScreenCapture::TimeActivatorScreenCapture(ActivityListener& tracker
 void TimeActivatorScreenCapture::fastUpdateWindowName() {
     const auto& record = services().frontApplication.activeApplication();
     const std::optional<QString> name = buildAppNameForDictionary(record);
-    // Another title, and nobody's name may be known any more, or somebody's again.
+    // With the new title the program became hidden, or visible again.
     const bool isAnother = (name == kPrivateName) != (currentAppName() == kPrivateName);
     if (isAnother && timeTracker() && !timeTracker()->isIdle()) {
         appDidChange();
@@ -45,7 +45,7 @@ void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::i
     const std::lock_guard guard(lock());
     const WindowListEntry* front = frontWindowOf(processIdentifier);
     const std::optional<QString> title = front ? allowedTitleOf(*front) : std::nullopt;
-    // Where nobody's name may be known, there is no window either.
+    // If the program must not be known, it has no window either.
     if (!title) {
         setWindowUpdatingName(std::nullopt);
         m_lastUpdateWindowDict.reset();
@@ -87,7 +87,7 @@ const std::optional<QString>& TimeActivatorScreenCapture::allowedTitle(const QSt
 std::optional<QString>
 TimeActivatorScreenCapture::buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) {
     const std::optional<QString> name = TimeActivator::buildAppNameForDictionary(record);
-    // Where nobody is, nothing is to be hidden.
+    // Without a program there is nothing to hide.
     if (!name || *name == kScreenSaverName || *name == kLoginWindowName)
         return name;
     const WindowListEntry* front = frontWindowOf(processOf(record));

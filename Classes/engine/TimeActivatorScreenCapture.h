@@ -16,7 +16,7 @@ public:
     // window.
     void fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier);
 
-    // kPrivateName where nobody's name may be known.
+    // kPrivateName if the program must not be known.
     std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) override;
     void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) override;
     void mainWindowDidChange() override;
@@ -39,7 +39,7 @@ private:
     void setWindowUpdatingName(const std::optional<QString>& title);
     // Null when the application has none.
     const WindowListEntry* frontWindowOf(std::optional<std::int64_t> processIdentifier) const;
-    // Absent where nobody's name may be known.
+    // Absent if not even the program may be known.
     const std::optional<QString>& allowedTitleOf(const WindowListEntry& window);
     const std::optional<QString>& allowedTitle(const QString& program, const QString& told);
 

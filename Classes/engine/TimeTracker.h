@@ -119,11 +119,12 @@ public:
     // same name has come since, it takes the time.
     void putBack(const PropertyListArray& entries);
 
-    // How many timers say more than may be known.
+    // How many timers have names that the rules do not allow.
     int countSayingMoreThan(const PastTitles& past) const;
-    // Takes from the past what may not be known of it. A window that is left out loses its row, while its application keeps
-    // the time; one that is called otherwise is renamed; the time of what has nobody's name goes to kPrivateName. No
-    // name is left anywhere, nor told as a removal: it cannot come back. Answers whose identity is no timer's any more.
+    // Applies the rules for titles to the timers. A window that is left out loses its row, while its
+    // application keeps the time; a replaced title renames the window; the time of a program that must not be
+    // known goes to kPrivateName. No hidden name is left anywhere, nor told as a removal, so it cannot come
+    // back. Answers the identities that no timer has any more.
     std::unordered_set<Identity> sayNoMoreThan(const PastTitles& past);
 
     PropertyListArray arrayRepresentation() const;
@@ -189,7 +190,7 @@ private:
     void enterNamesAgain(const FrozenIdentities& joined) const;
     void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void remove(const TimerTree::IsMeant& isMeant);
-    // What sayNoMoreThan() takes away.
+    // Collects what sayNoMoreThan() removes.
     struct Gone {
         std::unordered_set<Identity> identities;
         std::unordered_set<QString> names;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the timers come to say no more of the past than may be known of it.
+// Applying the rules for titles to the timers of the past.
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/rules/PastTitles.h"
 #include "Classes/store/TKUUIDManager.h"
@@ -12,7 +12,7 @@ QString documentOf(const QString& name) {
     return TimeActivator::getDocStringNameForName(name).value_or(QString());
 }
 
-// The same of one that is frozen.
+// Also true for a frozen application of a hidden program.
 bool isProgramHidden(const TimeStoreApp& app, const PastTitles& past) {
     return !past.rules().allowed(app.name(), QString());
 }
@@ -21,7 +21,7 @@ std::optional<QString> allowedOf(const TimeStoreApp& app, const TimeStoreWindow&
                                  const PastTitles& past) {
     const QString name = window.name();
     const auto allowed = past.allowed(app.name(), name, documentOf(name));
-    // A frozen application goes by another name than it had in the history.
+    // In the history a frozen application has its former name.
     return allowed == name && app.branched() ? past.allowed(documentOf(app.name()), name, documentOf(name))
                                              : allowed;
 }
@@ -45,12 +45,12 @@ int TimeTracker::countSayingMoreThan(const PastTitles& past) const {
 }
 
 std::unordered_set<Identity> TimeTracker::sayNoMoreThan(const PastTitles& past) {
-    // What has passed is credited under the names of before; what is in front goes by no other than it may.
+    // The time so far is credited under the old names; from now on the rules apply to what is in front.
     m_timeActivator->appDidChange();
     const std::lock_guard guard(m_lock);
     Gone gone;
     willChange(kTimeSetKey);
-    // A copy, because observers of an application's windows may change the set.
+    // Works on a copy, because observers of an application's windows may change the list.
     for (const auto& app : AppSet(m_tree.applications()))
         if (!isExempt(*app))
             hide(*app, past, gone);
@@ -95,7 +95,7 @@ void TimeTracker::hide(TimeStoreApp& app, const PastTitles& past, Gone& gone) {
             gone.identities.insert(*window->uuid());
     }
     app.removeWindows([&](const TimeStoreWindow& window) { return unwanted.contains(&window); });
-    // Windows that may be known keep their program, with their time.
+    // Windows that may be known keep their application, with their time.
     const Seconds time = std::min(app.activeTime(), isHidden ? app.activeTime() - ofWindows : ofNobody);
     if (time > 0) {
         app.addTimeInterval(-time);
@@ -112,7 +112,8 @@ void TimeTracker::hide(TimeStoreApp& app, const PastTitles& past, Gone& gone) {
     gone.applications.push_back(whole);
 }
 
-// Also of timers that were cleared, which a project may still have. A title that stays with another program stays.
+// Forgets also names of timers that were cleared, which a project may still have. A title that another
+// program still has stays.
 void TimeTracker::forgetNames(const PastTitles& past, Gone& gone) {
     std::unordered_set<QString> present;
     for (const auto& app : m_tree.applications()) {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// How what is in the history already comes to say no more than rules allow.
+// Applying the rules for titles to what is in the history already.
 #include "Classes/history/HistoryFile.h"
 #include "Classes/history/RuledTitles.h"
 
 namespace {
 
-// How a stretch's timer follows what has become of its title.
+// What happens to the timer of a stretch when its title changes.
 enum Kind : std::int64_t { TimerStays = 0, ToApplication = 1, ToNobody = 2 };
 
-// By pairs of a program and a title, what stands in their place; by timer and kind, which other it is.
+// "ruled": what replaces a pair of program and title. "moved": what replaces a timer, by timer and kind.
 constexpr const char* kMakeTables =
     "CREATE TEMP TABLE IF NOT EXISTS ruled (program INTEGER, title INTEGER, newProgram INTEGER, "
     "newTitle INTEGER, kind INTEGER, PRIMARY KEY (program, title)) WITHOUT ROWID;"
@@ -47,7 +47,7 @@ void HistoryFile::apply(const HistoryChange::Ruled& change) {
     sqliteRun(m_database, kDropSums);
     sqliteRun(m_database, kPutSums);
     sumMonthsAgain();
-    // Names that were to be made up for are what they were.
+    // Owed time is listed under the old names.
     sqliteRun(m_database, "DELETE FROM owed");
     dropUnused();
     m_hasToEmpty = true;
@@ -78,7 +78,7 @@ void HistoryFile::rulePairs(const TitleRules& rules) {
                                                     : TimerStays));
 }
 
-// What is deleted stays so: it can come back as long as this program runs.
+// Deleted timers stay deleted: undoing could bring them back while the program runs.
 void HistoryFile::moveTimers(const std::optional<Identity>& hidden) {
     struct Move {
         std::int64_t timer;

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Idle time has no title, and no rule meets it.
+// Idle time has no title, so no rule matches it.
 constexpr const char* kTitlesSince =
     "SELECT programs.name, titles.text, sum(length) AS time FROM days JOIN programs ON programs.id = program "
     "JOIN titles ON titles.id = title WHERE day >= ? AND presence <> 1 GROUP BY program, title ORDER BY time "
@@ -25,7 +25,7 @@ void add(RuledTitles& to, const HistorySum& sum) {
 std::optional<QString> recordedTitleUnder(const TitleRules& rules, const QString& program,
                                           const QString& title) {
     const auto allowed = rules.allowed(program, title);
-    // Nothing comes in the place of nothing.
+    // An empty title stays empty.
     if (!allowed || title.isEmpty())
         return allowed ? title : allowed;
     return *allowed == title ? title : steadyTitle(*allowed);

@@ -4,9 +4,9 @@
 #include "Classes/history/HistoryFinding.h"
 #include "Classes/rules/PastTitles.h"
 
-// What rules meet in a history, before they are held over it.
+// The titles in a history that rules match, before the rules are applied to it.
 struct RuledTitles {
-    // What is listed at the most; the rest is only counted.
+    // At most this many are listed; the rest are only counted.
     static constexpr std::size_t kMostListed = 500;
 
     std::int64_t titles = 0;
@@ -15,13 +15,13 @@ struct RuledTitles {
     // The longest first.
     std::vector<HistorySum> longest;
 
-    // By the place of the rule in its list, what each decides about from the day `first` on. What a rule hides
-    // already is in no history, and so is not among it.
+    // For each rule, by its position in the list: the titles that it decides about, from the day `first` on.
+    // What a rule already hides is in no history, so it is not among them.
     static std::vector<RuledTitles> metBy(SqliteDatabase& history, const PropertyListArray& rules,
                                           QDate first);
 };
 
-// What would be otherwise in all of a history, and by which documents it is known.
+// What the rules would change in a whole history, and the documents by which rows of the tree are recognised.
 struct RuledPast {
     static RuledPast of(SqliteDatabase& history, const PropertyListArray& rules);
 
@@ -29,7 +29,7 @@ struct RuledPast {
     PastTitles past;
 };
 
-// Of a title that the history has: the text in its place, without what counts or ticks in it. Absent where not even the
-// program may be known.
+// What is recorded instead of a title in the history, without parts that count or tick. Absent where not even
+// the program may be known.
 std::optional<QString> recordedTitleUnder(const TitleRules& rules, const QString& program,
                                           const QString& title);

@@ -5,24 +5,25 @@
 
 #include <QHash>
 
-// What the rules say of what was recorded before there were any. A row of the tree has only the document of a title: what
-// else the title said, by which a rule knows it, the history may tell. Copies are cheap to hand over, and change nothing.
+// Applies the rules to what was recorded before they existed. A row of the tree has only the document of a
+// title; the rest of the title, by which a rule may recognise it, is known from the history. Cheap to copy;
+// changes nothing.
 class PastTitles {
 public:
     explicit PastTitles(const PropertyListValue& rules)
         : m_rules(rules) {}
 
-    // As rules are written.
+    // The rules themselves.
     const TitleRules& rules() const { return m_rules; }
-    // A document stood in a title of that program of which no more than `allowed` may be known.
+    // A title of that program with this document may be recorded only as `allowed`; absent means not at all.
     void note(const QString& program, const QString& document, const std::optional<QString>& allowed);
-    // It stood in a title as well that may be known.
+    // Another title with this document may be recorded as it is.
     void keep(const QString& program, const QString& document);
 
-    // As TitleRules::allowed(), of a row by its name and the document of that.
+    // Like TitleRules::allowed(), for a row with this name, which names this document.
     std::optional<QString> allowed(const QString& program, const QString& name,
                                    const QString& document) const;
-    // Whether a name is hidden by what it says, in one program or another.
+    // Whether some rule would hide this name, whatever the program.
     bool hidesSomewhere(const QString& name) const;
 
 private:

@@ -28,12 +28,12 @@ public:
     TitleRules();
     explicit TitleRules(const PropertyListValue& rules) { read(rules); }
 
-    // The records of those that are there from the start.
+    // The records of the built-in rules.
     static PropertyListArray fromTheStart();
-    // What a record says of itself, whether or not it holds.
+    // The content of one record, whether the rule is valid or not.
     static Effect effectOf(const PropertyListDictionary& record);
     static bool isActive(const PropertyListDictionary& record);
-    // What is wrong with its expression, in the words of who reads expressions; empty for none that is wrong.
+    // The regular expression's error, in the library's words; empty if there is none.
     static QString faultOf(const PropertyListDictionary& record);
 
     // Reads the rules anew. If a record has the wrong type or an expression is invalid, that part is ignored
@@ -53,7 +53,7 @@ public:
 
 private:
     struct Rule {
-        // In the list, with those that are asleep.
+        // The position in the list, counting inactive rules.
         std::size_t place;
         TitlePattern pattern;
         Effect effect;

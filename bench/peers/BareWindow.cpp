@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The floor of every Qt program: a window with nothing in it.
+// The least that any Qt program costs: an empty window.
 #include <QApplication>
 #include <QWidget>
 

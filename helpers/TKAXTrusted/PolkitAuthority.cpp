@@ -12,7 +12,7 @@ const QString kName = QStringLiteral("org.freedesktop.PolicyKit1");
 const QString kPath = QStringLiteral("/org/freedesktop/PolicyKit1/Authority");
 const QString kInterface = QStringLiteral("org.freedesktop.PolicyKit1.Authority");
 constexpr quint32 kAllowUserInteraction = 1;
-// A person may take any time; a caller that loses patience is noticed otherwise.
+// A person may take any time. A caller that leaves is noticed by other means.
 constexpr int kNoTimeoutMs = INT_MAX;
 
 using Details = QMap<QString, QString>;
@@ -34,7 +34,7 @@ QVariant subjectOf(const QString& sender) {
     return QVariant::fromValue(subject);
 }
 
-// (bba{ss}), of which the first tells.
+// (bba{ss}); the first value is the answer.
 bool isAuthorized(const QDBusMessage& reply) {
     if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != QLatin1String("(bba{ss})"))
         return false;
@@ -42,7 +42,7 @@ bool isAuthorized(const QDBusMessage& reply) {
     bool isGranted = false;
     result.beginStructure();
     result >> isGranted;
-    // What is not ended is never freed.
+    // Without these calls the argument is never freed.
     result.endStructure();
     return isGranted;
 }

@@ -9,10 +9,10 @@ class PolkitAuthority : public QObject {
 
 public:
     struct Question {
-        // The caller's own name on the bus, by which polkit finds out who it is.
+        // The caller's own name on the bus, from which polkit learns who it is.
         QString sender;
         QString action;
-        // What the dialog may name.
+        // The program that the dialogue names.
         QString program;
         // Whether a person may be asked for a password.
         bool isInteractive;
@@ -23,10 +23,10 @@ public:
     explicit PolkitAuthority(Bus& bus)
         : m_bus(bus) {}
 
-    // `receiver` is called once, unless the question is cancelled: No also when polkit cannot be asked. Answers the
-    // question's number.
+    // `receiver` is called once, unless the question is cancelled; with No also if polkit cannot be asked.
+    // Answers the question's number.
     int check(const Question& question, std::function<void(Verdict)> receiver);
-    // The answer is of no interest any more; the dialog goes.
+    // The answer is not needed any more: closes the dialogue.
     void cancel(int question);
 
 private:

@@ -42,9 +42,10 @@ Failure refused(const QString& path, const char* why) {
     return {Failure::Kind::Refused, QStringLiteral("%1: %2").arg(path, QLatin1String(why))};
 }
 
-// What a dialog shows as nothing, as another line, or in another order: a person would say yes to another path.
+// Characters that a dialogue shows as nothing, as a new line, or in another order: a person would agree to
+// another path than the one shown.
 bool isUnseen(char32_t character) {
-    // Fillers and selectors of variants, which Unicode counts among letters and marks.
+    // Fillers and variation selectors, which Unicode counts among letters and marks.
     constexpr std::pair<char32_t, char32_t> kIgnored[] = {
         {0x034F, 0x034F}, {0x115F, 0x1160}, {0x17B4, 0x17B5}, {0x180B, 0x180F},  {0x2800, 0x2800},
         {0x3164, 0x3164}, {0xFE00, 0xFE0F}, {0xFFA0, 0xFFA0}, {0xE0100, 0xE01EF}};
@@ -66,7 +67,7 @@ bool isUnseen(char32_t character) {
     }
 }
 
-// Dialogues that ask may take the path for markup, and then show another one.
+// A dialogue may take the path for markup, and then show another one.
 bool isMarkup(char32_t character) {
     return character == U'<' || character == U'>' || character == U'&';
 }
@@ -80,7 +81,7 @@ Outcome checkFolder(const QString& path, const struct stat& folder, uid_t caller
         return refused(path, "not a folder");
     if (!belongsTo(folder, caller))
         return refused(path, "the folder belongs to somebody else");
-    // In a sticky folder nobody replaces what is another's.
+    // In a sticky folder nobody can replace the files of others.
     if ((folder.st_mode & S_IWOTH) && !(folder.st_mode & S_ISVTX))
         return refused(path, "everybody may write to the folder");
     return Done{};
@@ -100,7 +101,7 @@ Outcome checkFile(const QString& path, const struct stat& file, uid_t caller) {
     return Done{};
 }
 
-// Opens without following: of a link, the link itself. Without the right to read.
+// Opens without following links: a link itself is opened. Needs no right to read.
 Outcome look(int parent, const QString& part, const QString& path, Descriptor& opened, struct stat& what) {
     opened =
         Descriptor(::openat(parent, QFile::encodeName(part).constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
@@ -114,7 +115,7 @@ Outcome look(int parent, const QString& part, const QString& path, Descriptor& o
 } // namespace
 
 Outcome checkForm(const QString& path) {
-    // First of all: the others send the path back.
+    // Checked first, because the other failures repeat the path.
     if (path.size() >= PATH_MAX || path.toUtf8().size() >= PATH_MAX)
         return Failure{Failure::Kind::Refused, QStringLiteral("the path is too long")};
     if (!path.startsWith(u'/'))

@@ -7,11 +7,11 @@
 
 #include <sys/types.h>
 
-// Whether a path is one that may be written into the record: full and without detours (no link, no "..", no empty part),
-// of a file that can be run, and which nobody but root and `caller` could replace, in folders of which the same is true.
-// Looks at each part once, from the root down, through descriptors: what a part is cannot change between being looked at
-// and being gone through. The failure's text says what is wrong, for people.
+// Whether a path may be written into the record. It must be full and direct (no link, no "..", no empty
+// part), lead to a file that can be run, and nobody but root and `caller` may be able to replace the file or
+// any folder above it. Each part is checked once, from the root down, through descriptors: it cannot change
+// between being checked and being used. The failure's text tells people what is wrong.
 Outcome checkProgram(const QString& path, uid_t caller);
 
-// Whether a path is formed as above, and a dialogue shows it as it is, whatever is there.
+// Checks only the form of the path, and that a dialogue shows it as it is; does not look at the disk.
 Outcome checkForm(const QString& path);

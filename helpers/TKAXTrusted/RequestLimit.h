@@ -8,7 +8,8 @@
 #include <deque>
 #include <sys/types.h>
 
-// How often a user may ask: a person asks once or twice, a program that asks on and on is refused. `clock` outlives it.
+// Limits how often a user may ask: a person asks once or twice, so a program that asks on and on is refused.
+// `clock` outlives it.
 class RequestLimit {
 public:
     static constexpr std::size_t kMostRequests = 6;
@@ -17,7 +18,7 @@ public:
     explicit RequestLimit(const Clock& clock)
         : m_clock(clock) {}
 
-    // Counts a request, unless there have been too many within the period.
+    // Counts a request; false if there have been too many within the period.
     bool admit(uid_t user);
 
 private:

@@ -16,7 +16,7 @@ constexpr const char* kBadProgram = "BadProgram";
 constexpr const char* kNotAuthorized = "NotAuthorized";
 constexpr const char* kFailed = "Failed";
 
-// The user as the bus knows it.
+// The user whom the bus names.
 std::optional<uid_t> userOf(const QDBusMessage& credentials) {
     const auto values = mapIn(credentials, "a{sv}", 0);
     const QVariant user = values.value(QStringLiteral("UnixUserID"));
@@ -55,7 +55,7 @@ void TrustService::Revoke(const QString& program, const QDBusMessage& message) {
 void TrustService::take(Request request) {
     const QString sender = request.message.service();
     request.message.setDelayedReply(true);
-    // Not kept while the bus is asked who that is: it may be millions.
+    // Too long to be kept while the bus is asked for the user: it may be millions of characters.
     if (request.program.size() >= PATH_MAX) {
         m_bus.connection().send(request.message.createErrorReply(kErrors + QLatin1String(kBadProgram),
                                                                  checkForm(request.program).failure().text));
@@ -95,8 +95,8 @@ void TrustService::identified(const QString& sender, const QDBusMessage& credent
         refuse(sender, kBusy, QStringLiteral("Answer the other requests first."));
         return;
     }
-    // No more than the words themselves: what lies at the path, perhaps in a folder of root's, is nothing to be told to, or
-    // shown by the coming of a dialogue to, a caller whom nobody has allowed anything yet.
+    // Checks only the words of the path. The caller is not allowed anything yet, so neither an answer nor the
+    // appearance of a dialogue may show what lies there, perhaps in a folder of root's.
     if (const Outcome formed = checkForm(request.program); !formed) {
         refuse(sender, kBadProgram, formed.failure().text);
         return;
@@ -112,7 +112,7 @@ void TrustService::identified(const QString& sender, const QDBusMessage& credent
 
 void TrustService::judged(const QString& sender, PolkitAuthority::Verdict verdict) {
     const auto found = m_requests.find(sender);
-    // Names of connections are never used again, so this is the request that was asked about.
+    // The bus never uses a connection's name again, so this is the request that was asked about.
     if (found == m_requests.end())
         return;
     const Request& request = found->second;
@@ -132,7 +132,7 @@ void TrustService::judged(const QString& sender, PolkitAuthority::Verdict verdic
 }
 
 Outcome TrustService::check(const Request& request) const {
-    // What is to be struck out may be gone.
+    // A program that is to be removed may no longer exist.
     return request.isGrant ? checkProgram(request.program, *request.user) : checkForm(request.program);
 }
 

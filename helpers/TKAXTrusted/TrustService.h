@@ -10,25 +10,26 @@
 
 #include <map>
 
-// What the helper does, as the system bus sees it: writes a program into the record of those that are trusted, or strikes
-// it out, when polkit lets the caller. Nothing the caller says about itself is believed. A request whose caller leaves is
-// dropped. The rest must outlive it.
+// The helper's service on the system bus: adds a program to the record of trusted programs or removes it, if
+// polkit allows the caller to. Believes nothing that callers say about themselves. A request is dropped when
+// its caller leaves. All arguments must outlive it.
 class TrustService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.ticklog.TKAXTrusted")
 
 public:
-    // At a time, of all callers, and of one user, who could leave no room for others; each caller has one.
+    // Requests at the same time: of all callers, and of one user, who could otherwise block the others. Each
+    // caller has one.
     static constexpr std::size_t kMostPending = 8;
     static constexpr std::ptrdiff_t kMostPendingOfUser = 2;
 
     TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log);
 
-    // Calls `idle` when nothing has been asked for so long.
+    // Calls `idle` when nothing has been asked for this long.
     void setIdleHandler(std::chrono::milliseconds patience, std::function<void()> idle);
 
 public Q_SLOTS:
-    // The messages of the interface; each has one argument, the program's full path, and is answered without a value.
+    // The messages of the interface. Each has one argument, the program's full path, and an empty answer.
     Q_SCRIPTABLE void Authorize(const QString& program, const QDBusMessage& message);
     Q_SCRIPTABLE void Revoke(const QString& program, const QDBusMessage& message);
 
@@ -37,9 +38,9 @@ private:
         QDBusMessage message;
         QString program;
         bool isGrant;
-        // Once the bus has told.
+        // Set when the bus has answered.
         std::optional<uid_t> user = {};
-        // Polkit's, once it is asked.
+        // Polkit's number, once polkit is asked.
         int question = 0;
     };
 

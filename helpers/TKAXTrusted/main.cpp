@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The privileged helper: started by the system bus as root when it is called, and gone when nobody calls it any more. Who
-// may ask for what is in docs/security.md.
+// The privileged helper. The system bus starts it as root when it is called; it ends when nobody has called
+// for a while. docs/security.md says who may ask for what.
 #include "helpers/TKAXTrusted/TrustService.h"
 #include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/JournalLog.h"
@@ -37,7 +37,8 @@ int main(int argc, char** argv) {
     parser.addOptions({folder, patience});
     parser.process(application);
 
-    // Systemd has made it; a bus that starts this by itself has not. Where that fails, whoever asks is told so.
+    // systemd has made the folder; a bus that starts this without systemd has not. If this fails, the
+    // requests report it.
     QDir().mkdir(parser.value(folder));
 
     const SystemClock clock;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Started by the desktop at login: starts Ticklog, unless it runs, and ends.
+// The desktop starts this at login. It starts Ticklog, unless that runs, and ends.
 #include "platform/foundation/programs/InstanceAddress.h"
 #include "platform/foundation/programs/LoginStart.h"
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-// Where it is installed, or was built, beside this; else whatever the session finds.
+// The program beside this one, where it is installed or built; else the one that the session finds.
 QString ticklog() {
     const QString folder = QCoreApplication::applicationDirPath();
     for (const QString& place : {QStringLiteral("/../../bin/ticklog"), QStringLiteral("/ticklog")})
@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
         std::fputs("There is no display to start Ticklog on.\n", stderr);
         return EXIT_FAILURE;
     }
-    // A second start would bring the window of the first to the front.
+    // Starting it again would bring its window to the front.
     if (InstanceAddress::ofThisSession().isServed())
         return EXIT_SUCCESS;
     LoginStart::announce();

@@ -13,7 +13,7 @@ const QStringList kWeekdays{QStringLiteral("monday"),    QStringLiteral("tuesday
 
 QDateTime beginningOf(QDate day, int dayBegins) {
     const QDateTime begin(day, QTime(dayBegins, 0));
-    // An hour that the clock was set over does not exist; the day begins with the next that does.
+    // If the clock is set over this hour, the day begins with the next hour that exists.
     return begin.isValid() ? begin : day.startOfDay();
 }
 

@@ -92,7 +92,7 @@ QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title
     SqliteQuery row(m_history, "SELECT application, window FROM timers WHERE id = ?", std::int64_t(timer));
     if (row.next()) {
         places = m_memberships.value(row.bytes(0));
-        // An application has no window, which no project has for a member.
+        // The row of an application has no window, and an empty window is no project's member.
         places += m_memberships.value(row.bytes(1));
     }
     if (m_belonging != Belonging::Timer)

@@ -9,10 +9,10 @@
 
 #include <QHash>
 
-// The names in a history, as this user's rules and projects have them.
+// The names in a history, as changed by this user's rules, and their projects.
 class RecordedNames : public ReportNames {
 public:
-    // The database outlives it. Rules or projects that cannot be read are none.
+    // The database outlives it. Rules or projects that cannot be read count as empty.
     RecordedNames(SqliteDatabase& history, const Folders& folders);
 
     std::optional<QString> program(qint64 number) const override;
@@ -29,10 +29,10 @@ private:
     const QList<qsizetype>& fitting(qint64 program, qint64 title) const;
 
     SqliteDatabase& m_history;
-    // By the program's name.
+    // By program name.
     PropertyListDictionary m_rules;
     QStringList m_projectNames;
-    // By the identity of a member, as the history has it: places in the list of names, in its order.
+    // From a member's identity, in the history's form, to the positions of its projects in m_projectNames.
     QHash<QByteArray, QList<qsizetype>> m_memberships;
     // Places in the list of names, of those that have any.
     std::vector<std::pair<qsizetype, ProjectPatterns>> m_patterns;

@@ -83,7 +83,7 @@ void Report::addDay(QDate day, const RecordedStretch& sum) {
     if (!isWanted(sum))
         return;
     RecordedStretch piece = sum;
-    // Any moment of that day will do.
+    // Any moment of that day serves.
     piece.offset = 0;
     piece.start = QDate(1970, 1, 1).daysTo(day) * kDay + m_dayBegins;
     addSums(piece);
@@ -152,7 +152,7 @@ const Report::Belonging& Report::belonging(const RecordedStretch& stretch) {
         belonging.isWanted =
             projects.contains(*m_request.project) || (projects.isEmpty() && *m_request.project == kNoProject);
     for (const QString& project : projects.isEmpty() ? QStringList(kNoProject) : projects)
-        // Somebody who asks for one project does not ask for the others of the same stretch.
+        // If one project was asked for, the stretch's other projects are left out.
         if (!m_request.project || project == *m_request.project)
             belonging.projects.push_back(m_texts.numberOf(project));
     return *m_belongings.insert(key, belonging);
@@ -184,7 +184,7 @@ void Report::addSums(const RecordedStretch& piece) {
     addSum(piece, 0, codes);
 }
 
-// Once for each of the projects and each of the categories, where these are asked for.
+// Adds the time once for each project and each category, if these are among the keys.
 void Report::addSum(const RecordedStretch& piece, std::size_t key, Codes& codes) {
     if (key == m_request.keys.size()) {
         m_sums[codes] += piece.length;

@@ -9,24 +9,25 @@
 
 #include <array>
 
-// One line of what is printed: a cell a head, and the time.
+// One printed line: a cell for each heading, and the time.
 struct ReportLine {
-    // Texts; the projects of a stretch are an array.
+    // Texts; the projects of a stretch are an array of texts.
     std::vector<QJsonValue> cells;
     qint64 milliseconds;
-    // Of a stretch by itself, in milliseconds since 1970; 0 in a sum.
+    // Milliseconds since 1970, for a stretch by itself; 0 in a sum.
     qint64 start = 0;
 };
 
-// What was asked for, made of the stretches that it is given one after the other, in the order of time.
+// Computes what was asked for, from stretches given one after the other in order of time.
 class Report {
 public:
     // Both outlive it.
     Report(const ReportRequest& request, const ReportNames& names, int dayBegins);
 
     void add(const RecordedStretch& stretch);
-    // What a whole day has of one program, title and presence, for who asks for nothing finer, or a month, with its first
-    // day; only its length counts, and the range is not looked at.
+    // Adds a sum of the history: the time of one program, title and presence on one day, or in a month given
+    // by its first day. For reports that need nothing finer. Only its length is used; whether it lies in the
+    // range is not checked.
     void addDay(QDate day, const RecordedStretch& sum);
 
     // Whether sums without titles are of no use, because titles decide about what is asked for.
@@ -35,15 +36,15 @@ public:
     // The day of the user's calendar on which a stretch begins.
     static QDate dayOf(const RecordedStretch& stretch, int dayBegins);
 
-    // What the cells of a line are, without the time, which comes last.
+    // The headings of the cells, without the time, which comes last.
     QStringList heads() const;
-    // Sorted by time where a head is of time, else the most first.
+    // Sorted by time if a key is a time, otherwise by length, the longest first.
     std::vector<ReportLine> lines() const;
 
 private:
     static constexpr std::size_t kMostKeys = 8;
 
-    // A number for each key; what it stands for depends on the key.
+    // A number for each key; its meaning depends on the key.
     struct Codes {
         std::array<qint64, kMostKeys> numbers{};
 
@@ -53,7 +54,7 @@ private:
         }
     };
 
-    // The same number for the same text.
+    // Gives equal texts the same number.
     class Texts {
     public:
         qint64 numberOf(const QString& text);
@@ -64,7 +65,7 @@ private:
         QHash<QString, qint64> m_numbers;
     };
 
-    // What is known of a program, a title or a timer, found out once.
+    // Facts about a program, a title or a timer, found only once.
     struct Program {
         bool isShown;
         bool isFound;
@@ -99,7 +100,7 @@ private:
     qint64 m_dayBegins;
     qint64 m_from;
     qint64 m_to;
-    // Stretches are cut where a new one of these begins; 0 where they are not.
+    // Stretches are cut where a new period of this length begins; 0 means not at all.
     qint64 m_step = 0;
     Texts m_texts;
     QHash<qint64, Program> m_programs;

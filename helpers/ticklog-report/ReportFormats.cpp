@@ -11,12 +11,12 @@
 
 namespace {
 
-// A wider cell of a table is cut.
+// Characters; wider cells are cut.
 constexpr qsizetype kWidestCell = 60;
 // Octets in a line of a calendar.
 constexpr qsizetype kLongestLine = 75;
 
-// An array is its elements, with "; " between them.
+// The elements of an array, with "; " between them.
 QString textOf(const QJsonValue& cell) {
     if (!cell.isArray())
         return cell.toString();
@@ -38,7 +38,7 @@ QString cutToColumn(const QString& text) {
     return text.size() > kWidestCell ? text.left(kWidestCell - 1) + QChar(0x2026) : text;
 }
 
-// Not a byte more than is known: 1.5, and not 1.500.
+// Without needless digits: 1.5, not 1.500.
 QByteArray secondsText(qint64 milliseconds) {
     return QByteArray::number(double(milliseconds) / 1000, 'g', 15);
 }
@@ -51,7 +51,7 @@ QByteArray csvCell(const QString& text) {
     return cell.toUtf8();
 }
 
-// A line of a calendar, folded between two characters.
+// A line of a calendar, folded between characters.
 QByteArray folded(const QString& line) {
     QByteArray result;
     qsizetype length = 0;
@@ -120,7 +120,8 @@ QByteArray table(const Report& report) {
     }
     if (rows.size() == 1)
         return "Nothing was recorded in this time.\n";
-    // A timer in two projects, a program in two categories is in two lines.
+    // A timer in two projects, or a program in two categories, is on two lines, so the lines are not added
+    // up.
     const QStringList heads = report.heads();
     const bool isSum =
         !heads.contains(QStringLiteral("project")) && !heads.contains(QStringLiteral("category"));
@@ -167,7 +168,7 @@ QByteArray json(const Report& report) {
 QByteArray ics(const Report& report, const QDateTime& now) {
     QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Ticklog//ticklog-report//EN\r\n";
     for (const ReportLine& line : report.lines())
-        // To the second, as calendars count: an event must end after it has begun.
+        // Calendars count in seconds, and an event must end after it begins.
         if (line.milliseconds >= 1000)
             text += event(line, now.toMSecsSinceEpoch());
     return text + "END:VCALENDAR\r\n";

@@ -5,16 +5,16 @@
 
 #include <QDateTime>
 
-// What is printed, in UTF-8.
+// The printed forms, in UTF-8.
 namespace ReportFormats {
 
-// Columns for people, with "h:mm:ss" at the right and a sum below.
+// Columns for people, with "h:mm:ss" on the right and the sum at the bottom.
 QByteArray table(const Report& report);
-// RFC 4180, with a line of heads. A cell that a spreadsheet would take for a formula has a ' before it.
+// RFC 4180, with a heading line. A cell that a spreadsheet would take for a formula begins with '.
 QByteArray csv(const Report& report);
 // An array of objects.
 QByteArray json(const Report& report);
-// A calendar with an event a stretch. `now` is when it was made.
+// A calendar with one event for each stretch. `now` is the time at which it is made.
 QByteArray ics(const Report& report, const QDateTime& now);
 
 QByteArray text(const Report& report, ReportFormat format, const QDateTime& now);

@@ -5,13 +5,13 @@
 
 #include <optional>
 
-// A stretch as the history has it. Programs, titles and timers are numbers that ReportNames knows.
+// A stretch from the history. Programs, titles and timers are numbers; ReportNames knows what they mean.
 struct RecordedStretch {
     // Milliseconds since 1970.
     qint64 start;
     // Milliseconds.
     qint64 length;
-    // Minutes that the clock on the wall was before that of Greenwich.
+    // How many minutes local time was ahead of UTC.
     int offset;
     qint64 program;
     qint64 title;
@@ -26,13 +26,13 @@ class ReportNames {
 public:
     virtual ~ReportNames() = default;
 
-    // As the user calls it. Absent: left out of everything, by a rule.
+    // The user's own name for it. Absent if a rule leaves it out of everything.
     virtual std::optional<QString> program(qint64 number) const = 0;
     virtual QString title(qint64 number) const = 0;
-    // What of a stretch decides about its projects: each is asked beside the one before.
+    // What decides about a stretch's projects. Each value includes those before it.
     enum class Belonging : unsigned char { Timer, Program, Title };
     virtual Belonging belonging() const { return Belonging::Timer; }
-    // The projects that have the timer, or patterns that fit, in their order; empty for none.
+    // The projects that have the timer, or have a pattern that matches, in their order; empty for none.
     virtual QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const = 0;
     virtual QStringList categoriesOf(qint64 program) const = 0;
 };

@@ -8,16 +8,16 @@
 
 namespace {
 
-// Nobody's clock is further from Greenwich.
+// Milliseconds. No time zone is further from UTC.
 constexpr qint64 kFarthestZone = 26 * 3'600'000;
-// What a stretch is at the longest: none crosses a full hour.
+// Milliseconds. No stretch is longer, because none crosses a full hour.
 constexpr qint64 kLongest = 3'600'000;
 
 RecordedStretch::Presence presenceOf(std::int64_t number) {
     return RecordedStretch::Presence(std::clamp<std::int64_t>(number, 0, 2));
 }
 
-// Days from the first until just before the second.
+// `first` is included, `last` is not.
 struct Days {
     QDate first;
     QDate end;
@@ -66,7 +66,7 @@ void readDays(Report& report, SqliteDatabase& history, const Days& days) {
     }
 }
 
-// Titles are not in the sums of months.
+// The sums of months have no titles.
 bool isByMonths(const ReportRequest& request) {
     return request.search.isEmpty() && std::ranges::none_of(request.keys, [](ReportKey key) {
                return key == ReportKey::Title || key == ReportKey::Day || key == ReportKey::Week;
@@ -107,7 +107,8 @@ void readInto(Report& report, SqliteDatabase& history, const ReportRequest& requ
     const Days days = wholeDaysOf(request, dayBegins);
     if (days.areNone())
         return readStretches(report, history, from - kLongest, to, days, dayBegins);
-    // What belongs to no whole day; of a traveller's days it is not known when they began here.
+    // The parts of the range that are no whole days are read stretch by stretch. Days in other time zones
+    // began at another moment, so they are read the same way.
     const qint64 firstDay = QDateTime(days.first, QTime(dayBegins, 0)).toMSecsSinceEpoch();
     const qint64 lastDay = QDateTime(days.end, QTime(dayBegins, 0)).toMSecsSinceEpoch();
     readStretches(report, history, from - kLongest, std::min(firstDay + kFarthestZone, to), days, dayBegins);

@@ -4,6 +4,6 @@
 #include "Classes/history/Sqlite.h"
 #include "helpers/ticklog-report/Report.h"
 
-// Gives the report what a history has of its time: whole days as they are summed up there, and stretch by stretch what is
-// wanted by hours or one by one, or is no whole day. Throws SqliteError.
+// Gives the report the time in a history. Whole days come from the history's own sums; single stretches are
+// used where hours or stretches were asked for, or where a day is not whole. Throws SqliteError.
 void readInto(Report& report, SqliteDatabase& history, const ReportRequest& request, int dayBegins);

@@ -32,7 +32,7 @@ Failure wrong(const QString& text) {
     return {Failure::Kind::Refused, text};
 }
 
-// Takes in one option with its value; the failure's text is empty when it was understood.
+// Reads one option with its value. The failure's text is empty if it was understood.
 class Reader {
 public:
     Reader(const QDateTime& now, int dayBegins)

@@ -9,9 +9,9 @@
 #include <optional>
 #include <vector>
 
-// By what time is summed up.
+// By what time is added up.
 enum class ReportKey : unsigned char { App, Title, Project, Category, Day, Week, Month, Hour, Stretch };
-// The word for it on the command line and in what is printed.
+// The key's word on the command line and in the output.
 QString wordFor(ReportKey key);
 inline bool isOfTime(ReportKey key) {
     return key >= ReportKey::Day;
@@ -20,25 +20,26 @@ inline bool isOfTime(ReportKey key) {
 enum class ReportPresence : unsigned char { Work, Idle, All };
 enum class ReportFormat : unsigned char { Table, Csv, Json, Ics };
 
-// What is wanted of ticklog-report.
+// What ticklog-report is asked for.
 struct ReportRequest {
-    // Fails with what is wrong, in one line, for anything that is not understood. "help" and "version" have been answered
-    // already; without the name of the program. `now` is in the user's zone, days begin at the hour `dayBegins`.
+    // Parses the command line without the program's name. "--help" and "--version" were handled before.
+    // Fails, with one line that says what is wrong, for anything that is not understood. `now` is in the
+    // user's time zone; days begin at the hour `dayBegins`.
     static Result<ReportRequest> parse(const QStringList& arguments, const QDateTime& now, int dayBegins);
-    // For people.
+    // The usage, for people.
     static QString help();
 
-    // From the first moment, and until just before the second.
+    // `from` is included, `to` is not.
     QDateTime from;
     QDateTime to;
-    // Never empty; a stretch is the only one or not among them.
+    // Never empty. If Stretch is in it, it is the only key.
     std::vector<ReportKey> keys{ReportKey::App};
-    // Absent: whatever it belongs to.
+    // Absent: time of all projects and of none.
     std::optional<QString> project;
-    // Part of the title or the program's name, whatever its case. Empty: everything.
+    // Part of the title or the program's name, upper or lower case. Empty matches everything.
     QString search;
     ReportPresence presence = ReportPresence::Work;
     ReportFormat format = ReportFormat::Table;
-    // Absent: the user's own.
+    // Absent: the user's own history.
     std::optional<QString> file;
 };

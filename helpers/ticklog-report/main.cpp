@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Says where the time went, from what Ticklog has recorded.
+// Prints where the time went, from what Ticklog has recorded.
 #include "Classes/history/HistorySchema.h"
 #include "helpers/ticklog-report/RecordedNames.h"
 #include "helpers/ticklog-report/ReportFormats.h"
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kUnreadable = 1;
 constexpr int kNotUnderstood = 2;
-// For a program that writes just now.
+// How long to wait for a program that is writing.
 constexpr int kPatienceMs = 5000;
 
 int fail(int status, const QString& text) {
@@ -44,7 +44,7 @@ int reportFrom(const QString& path, const Folders& folders, const QStringList& a
     const auto request = ReportRequest::parse(arguments, now, dayBegins);
     if (!request)
         return fail(kNotUnderstood, request.failure().text);
-    // One state of the file, whatever is written meanwhile.
+    // A transaction, so that all answers come from the same state of the file.
     const SqliteTransaction reading(history);
     const RecordedNames names(history, folders);
     if (request->project && *request->project != kNoProject && !names.hasProject(*request->project))
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
     if (arguments.contains(QStringLiteral("--version")) || arguments.contains(QStringLiteral("-v")))
         return print("ticklog-report " TICKLOG_VERSION "\n");
     const QDateTime now = localTime(SystemClock().now());
-    // A wrong command line is told even where there is no history.
+    // Parsed once before the history is opened, so that a wrong command line is reported even without one.
     const auto request = ReportRequest::parse(arguments, now, 0);
     if (!request)
         return fail(kNotUnderstood, request.failure().text);

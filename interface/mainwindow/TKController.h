@@ -111,8 +111,8 @@ public:
 
     // Writes the timers, and those changes of the projects that are not written yet.
     void saveSettingsToDisk();
-    // Has timers and projects say no more of the past than may be known; nothing can be undone any more. Answers the timer
-    // of what has nobody's name, if there is one. Not saved yet.
+    // Applies the rules for titles to timers and projects of the past; nothing can be undone afterwards.
+    // Answers the timer that holds the time of hidden programs, if there is one. Does not save.
     std::optional<Identity> sayNoMoreThan(const PastTitles& past);
 
     // The program is not the active one any more: writes the timers each time this happens.

@@ -101,7 +101,7 @@ std::optional<Identity> TKController::sayNoMoreThan(const PastTitles& past) {
     const auto gone = m_engine.tracker().sayNoMoreThan(past);
     for (const auto& project : m_projects.projects())
         m_projects.removeMembers(*project, gone);
-    // What could be undone knows the names.
+    // The undo steps know the hidden names.
     m_undoStack.clear();
     m_timer.refreshDisplay();
     m_projectController->refreshProject();

@@ -3,7 +3,7 @@
 
 #include "Classes/engine/TimeTracker.h"
 
-// What the account says, for tests that hold it against a stopwatch.
+// The account, for tests that compare it with a stopwatch.
 
 inline Seconds timeOf(const TimeTracker& tracker, const QString& application) {
     for (const auto& app : tracker.fullTimeSet())

@@ -42,7 +42,7 @@ TEST_F(AccountLockTest, aLockOfSomebodyElse_keepsNobodyOut) {
     ASSERT_GE(file, 0);
     ASSERT_EQ(::flock(file, LOCK_EX), 0);
     constexpr uid_t kNobody = 65534;
-    // Root's are everybody's to believe.
+    // Root's files count as anybody's own.
     if (::geteuid() == 0) {
         ASSERT_EQ(::fchown(file, kNobody, kNobody), 0);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The engine on a real X desktop against a stopwatch: how far the account may be from what happened.
+// The engine on a real X desktop, compared with a stopwatch: how far the account may be from the truth.
 #include "tests/desktop/Account.h"
 #include "tests/desktop/harness/LiveEngine.h"
 #include "tests/desktop/harness/Packaged.h"
@@ -41,7 +41,7 @@ TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong)
     std::vector<double> truth(names.size());
     std::vector<int> switches(names.size());
 
-    // A busy machine may stop for a while between two of these lines.
+    // A busy machine may pause between two of these lines.
     const Instant beforeStart = engine.clock().instant();
     engine.timer().startTimer();
     const Instant afterStart = engine.clock().instant();
@@ -70,7 +70,7 @@ TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong)
             << names[i].constData();
 }
 
-// The server gives each terminal the window id of the last one.
+// The server gives each terminal the window id of the one before.
 TEST(AccountTruth, eightTerminalsOpenedAndClosedInTurn_areEightRows) {
     Desk desk;
     X11LiveEngine engine(desk);
@@ -115,7 +115,7 @@ TEST(AccountTruth, inputAfterALongAbsence_endsTheIdleTimeWithinTwoTicks) {
     XClient program(desk);
     const xcb_window_t window = program.open({.title = "Letter", .className = "Writer"});
     X11LiveEngine engine(desk);
-    // The screen saver's own counter cannot be set forward: none at all is the shortest absence there is.
+    // The screen saver's own counter cannot be moved, so zero minutes make the shortest absence.
     engine.defaults().setObject(QStringLiteral("minutesUntilIdle"), 0);
     program.activate(window);
     engine.timer().startTimer();

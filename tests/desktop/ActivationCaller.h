@@ -11,8 +11,8 @@
 
 #include <optional>
 
-// A launcher on a bus: asks the program that bears Ticklog's name for what launchers ask, and answers with what it was
-// told: "done", or the end of an error's name.
+// A launcher on a bus: calls the program with Ticklog's name as launchers do. Answers "done", or the last
+// part of an error's name.
 class ActivationCaller {
 public:
     explicit ActivationCaller(const QString& busAddress)
@@ -31,7 +31,7 @@ public:
         return answers.value(before, QStringLiteral("no answer"));
     }
 
-    // Without waiting: the answers come into `answers`.
+    // Does not wait: the answers go into `answers`.
     void send(const QString& member, const QVariantList& arguments) {
         auto message = QDBusMessage::createMethodCall(kTicklogName, kTicklogPath,
                                                       QStringLiteral("org.freedesktop.Application"), member);
@@ -42,7 +42,7 @@ public:
         });
     }
 
-    // The bus's own answer to a question about a name or a connection; absent where there is none such.
+    // The bus's own answer about a name or a connection; absent if there is none.
     QVariant askBus(const QString& member, const QString& name) {
         std::optional<QVariant> value;
         auto message =
@@ -55,7 +55,7 @@ public:
         return value.value_or(QVariant());
     }
 
-    // The process that bears the name; 0 while nobody does.
+    // The process that has the name; 0 if none has.
     qint64 bearer() {
         return askBus(QStringLiteral("GetConnectionUnixProcessID"), kTicklogName).toLongLong();
     }

@@ -15,7 +15,7 @@ namespace {
 class ActivationServiceTest : public testing::Test {
 protected:
     void SetUp() override {
-        // One that an earlier program was started with.
+        // An earlier program may have been started with a token.
         qunsetenv("XDG_ACTIVATION_TOKEN");
         ASSERT_TRUE(waitFor([this] { return m_name->isOwned(); }));
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A compositor that tells nobody of its windows, beside programs that tell assistive programs of theirs.
+// A compositor that tells nobody about its windows, and programs that tell assistive programs about theirs.
 #include "app/AssistedDesktop.h"
 
 #include "tests/Places.h"
@@ -12,7 +12,7 @@ namespace {
 
 const QString kSocket = QStringLiteral("wayland-mute");
 
-// Where the windows really are does not matter: nobody is asked but the programs.
+// Only the programs are asked, so it does not matter where their windows really are.
 class AssistedDesktopTest : public testing::Test, public Sight {
 protected:
     AssistedDesktopTest()

@@ -79,7 +79,8 @@ protected:
     }
 
     Desk m_desk;
-    // Knows the display, as on every desktop: what it starts announces the accessibility bus there.
+    // Knows the display, as on every desktop: programs started by the bus announce the accessibility bus
+    // there.
     SessionBus m_daemon{m_desk.environment(), m_desk.home().runtimeFolder()};
     RecordingLog m_log;
     QtRunLoop m_runLoop{m_log};
@@ -137,7 +138,7 @@ TEST_F(AtspiAccessibilityTest, aQtProgramThatDoesNotTellOfItsTitle_isReadWhileIt
     const auto observer = observe(*client, {kAXTitleChanged});
     tell(*client, "open Other");
     ASSERT_TRUE(waitForMainTitle(*client, "Other"));
-    // A program that has told of something is no longer read as a whole.
+    // A program that has sent an event is no longer read as a whole.
     tell(*client, "open Before");
     ASSERT_TRUE(waitForMainTitle(*client, "Before"));
     const int callsBefore = m_calls;
@@ -203,7 +204,7 @@ TEST_F(AtspiAccessibilityTest, aProgramThatHangs_keepsItsLastTitleAndStopsNobody
     const auto other = startQtClient();
     tell(*other, "open Other");
     EXPECT_TRUE(waitForMainTitle(*other, "Other"));
-    // Longer than the patience with which it is asked.
+    // Longer than Ticklog waits for an answer.
     turnEventLoopFor(std::chrono::milliseconds(6500));
     EXPECT_EQ(mainTitle(*client), QStringLiteral("First"));
     EXPECT_EQ(m_calls, 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Who is in front, as real programs tell assistive programs of their windows.
+// What is in front, as real programs tell assistive programs.
 #include "platform/atspi/AtspiFrontDesktop.h"
 #include "platform/atspi/Atspi.h"
 #include "tests/Places.h"
@@ -47,7 +47,7 @@ protected:
         EXPECT_EQ(client.readLine(), QByteArray("ok"));
     }
 
-    // Asks the accessibility bus, as the one that the launcher has started, and answers with the first word.
+    // Asks on the launcher's accessibility bus, and answers the first value.
     QVariant askBus(Bus& bus, const QString& service, const QString& path, const QString& member,
                     const QVariantList& arguments) {
         auto question = QDBusMessage::createMethodCall(service, path, service, member);
@@ -141,7 +141,7 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsInFront_isCreditedAgainWhenItAnsw
 TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotInFrontForLong) {
     const auto writer = startWith(QStringLiteral("Letter"));
     EXPECT_SEEN(*this, "qt-client: Letter");
-    // It goes on saying that its window is active.
+    // The paused program still says that its window is active.
     writer->pause();
     const auto editor = start(QStringLiteral("mousepad"));
     EXPECT_TRUE(seesMousepad());
@@ -156,13 +156,13 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotBelievedForAMom
     ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
                       {accessibilityBus(), QStringLiteral("well")});
     EXPECT_SEEN(*this, "Odd: Window");
-    // Right after it was asked for its title, so that this will not find it out.
+    // Just after it was asked for its title, so that the next such question does not reveal it.
     const int before = odd.ask("asked").toInt();
     EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > before; }));
     odd.ask("hang");
     const auto editor = start(QStringLiteral("mousepad"));
     EXPECT_TRUE(seesMousepad());
-    // Until it has been found out that it does not answer.
+    // Long enough to notice that it does not answer.
     turnEventLoopFor(std::chrono::milliseconds(5500));
     switches.clear();
     const auto terminal = start(QStringLiteral("xterm"));
@@ -174,7 +174,7 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsAtItsStart_isSeenWhenItAnswers) {
     ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
                       {accessibilityBus(), QStringLiteral("late")});
     EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > 0; }));
-    // Longer than the patience with which it is asked, and asked again.
+    // Longer than Ticklog waits for two answers.
     turnEventLoopFor(std::chrono::milliseconds(10500));
     EXPECT_EQ(seen(), QStringLiteral("Desktop: none"));
     odd.ask("answer");

@@ -29,7 +29,7 @@ protected:
 
     AutostartEntries entries() const { return AutostartEntries(m_places); }
 
-    // "on", "off", or "unknown" when the session does not know of the helper.
+    // "on", "off", or "unknown" if the session does not know the helper.
     std::string state() const {
         for (const LoginEntry& item : entries().items())
             if (item.identifier == kHelper)
@@ -42,7 +42,7 @@ protected:
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    // An entry that is started unless the lines say otherwise.
+    // An entry that is started unless `lines` say otherwise.
     void write(const char* folder, const QByteArray& lines) const {
         m_home.write(QLatin1String(folder) + kFile,
                      "[Desktop Entry]\nType=Application\nName=Ticklog\nExec=/bin/true\n" + lines);
@@ -112,7 +112,7 @@ TEST_F(AutostartEntriesTest, damagedEntries_areKnownAndNotStarted) {
 }
 
 TEST_F(AutostartEntriesTest, aFolderThatCannotBeWritten_isToldAndNothingChanges) {
-    // A file in the way stops root too.
+    // A file in the place of the folder stops root as well.
     m_home.write(u"config/autostart"_s, "");
     const Outcome done = entries().setEnabled(kHelper, true);
     ASSERT_FALSE(done);
@@ -134,7 +134,7 @@ TEST_F(AutostartEntriesTest, oddPaths_areStartedByTheDesktopAsTheyAre) {
         Program validator(u"desktop-file-validate"_s, {u"--no-hints"_s, file}, m_home.environment());
         EXPECT_TRUE(validator.waitUntilEnded());
         EXPECT_EQ(validator.exitStatus(), 0) << userEntry().constData();
-        // As desktops do it.
+        // As desktops start it.
         const char* launch = "import sys; from gi.repository import Gio; "
                              "Gio.DesktopAppInfo.new_from_filename(sys.argv[1]).launch([], None)";
         Program desktop(u"/usr/bin/python3"_s, {u"-c"_s, QLatin1String(launch), file}, m_home.environment());

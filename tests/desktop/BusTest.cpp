@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is told by a bus may end the one who is told.
+// A receiver may destroy whatever called it.
 #include "platform/bus/BusService.h"
 #include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/harness/SessionBus.h"
@@ -19,7 +19,7 @@ protected:
             QDBusMessage::createSignal(kChange.path, kChange.interface, kChange.member));
     }
 
-    // Until the bus has done what it was asked on this connection.
+    // Waits until the bus has handled everything asked on this connection.
     void settle() {
         QObject witness;
         bool isOver = false;
@@ -68,7 +68,7 @@ TEST_F(BusTest, aReplyThatEndsTheService_isItsLast) {
 
 TEST_F(BusTest, aBusThatIsLostWithCallsOpen_forgetsThoseOfWhoIsGone) {
     auto service = std::make_unique<BusService>(m_bus, m_other.connection().baseService());
-    // Nobody answers before the loop turns, and then the bus is gone.
+    // Nobody answers before the loop turns, and by then the bus is gone.
     service->call(kChange.path, kChange.interface, u"Wait"_s, {},
                   [](const QDBusMessage&) { ADD_FAILURE() << "who asked is gone"; });
     QStringList errors;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program when the compositor under it is killed at any moment, and the next session after that.
+// The built program when its compositor is killed at any moment, and the next session.
 #include "tests/Places.h"
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/GnomeDesk.h"
@@ -19,7 +19,7 @@ const QString kOwnTitle = QStringLiteral("Ticklog");
 const QString kWriter = QStringLiteral("Writer");
 const QString kLetter = QStringLiteral("Letter");
 
-// A compositor that can tell when the product's window is in front.
+// A compositor that can tell when the program's window is in front.
 class Stage {
 public:
     explicit Stage(const QString& compositor) {
@@ -51,7 +51,8 @@ class CompositorDeath : public testing::TestWithParam<const char*> {
 protected:
     static double secondsOf(const QElapsedTimer& stopwatch) { return double(stopwatch.nsecsElapsed()) / 1e9; }
 
-    // Keeps the letter in front for that long, kills the compositor, and answers for how many seconds it was in front.
+    // Keeps the letter in front for this long, kills the compositor, and answers for how many seconds it was
+    // in front.
     double writeUntilTheEnd(std::chrono::milliseconds duration) {
         WaylandClient writer(desk, kWriter);
         writer.open(kLetter);
@@ -90,7 +91,7 @@ TEST_P(CompositorDeath, atAnyMoment_theAccountIsSavedAndTheNextSessionGoesOn) {
     EXPECT_EQ(product.program().exitStatus(), 0);
     const double saved = written();
     EXPECT_LT(saved, writing + 0.3 + ending + lateness.seconds()) << "time for a window that is gone";
-    // Far from exact: a program that has little of a busy machine hears late that a window has come to the front.
+    // Not exact: on a busy machine the program hears late that a window has come to the front.
     EXPECT_GT(saved, writing / 5) << "what was credited was not saved";
 
     desk.restart();

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-// What a person does on any desktop, and what Ticklog sees of it. Programs and windows are numbered from 0.
+// What a person does on a desktop, and what Ticklog sees. Programs and windows are numbered from 0.
 class ContractScene {
 public:
     virtual ~ContractScene() = default;
@@ -23,7 +23,7 @@ public:
     // Minimises it, or whatever else takes a window from this desktop's screen.
     virtual void putAway(int window) = 0;
     virtual void die(int program) = 0;
-    // Absent where the desktop does not tell.
+    // Absent on desktops that do not tell.
     virtual std::optional<std::int64_t> process(int program) const = 0;
 };
 

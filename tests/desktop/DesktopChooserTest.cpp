@@ -16,7 +16,7 @@ namespace {
 const char* const kNames[] = {"DISPLAY", "WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "XDG_CURRENT_DESKTOP",
                               "XDG_RUNTIME_DIR"};
 
-// What is chosen by a process that is started with an environment.
+// What is chosen by a process with this environment.
 class Choice {
 public:
     // `sandbox` is the file that a sandbox puts there.
@@ -26,7 +26,7 @@ public:
                        ground.runLoop, ground.log)
         , m_sandbox(sandbox, QString(), QString()) {}
 
-    // Of the lines that were logged, those that say what was not chosen, up to the reason.
+    // From the log: what was refused, up to the reason.
     QStringList refused() const {
         QStringList names;
         for (const QString& line : ground.log.lines.filter(QStringLiteral(" is not used: ")))
@@ -45,7 +45,7 @@ public:
     QString obstacle() { return chooser.desktop().obstacle(); }
 
 private:
-    // The environment of this process, from here on.
+    // Takes this environment for this process.
     struct Adoption {
         explicit Adoption(const QProcessEnvironment& environment) {
             for (const char* name : kNames) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What every back end promises of the application in front and of the windows, on every desktop that serves it.
+// What every back end promises about the application in front and the windows, on every desktop it serves.
 #include "tests/desktop/ContractScene.h"
 #include "tests/desktop/Desktops.h"
 
@@ -26,9 +26,9 @@ protected:
     std::unique_ptr<ContractScene> scene;
 };
 
-// A phone's compositor, phoc, has no way to take a window from the screen without closing it.
+// phoc, a phone's compositor, cannot take a window from the screen without closing it.
 class DesktopThatPutsAway : public DesktopUnder {};
-// Miriway tells the title that a window has when it comes, and no other.
+// Miriway reports only the first title of a window.
 class DesktopThatRetells : public DesktopUnder {};
 
 constexpr auto kAll = {"openbox", "icewm", "metacity", "xfwm4", "kwin_x11", "muffin",
@@ -50,7 +50,7 @@ TEST_P(DesktopUnder, twoPrograms_takeTurnsInFront) {
     const int mail = start("Mail");
     const int page = open(editor, "A page");
     const int letter = open(mail, "A letter");
-    // A new window may come to the front by itself a while after it is there.
+    // A new window may come to the front by itself a little later.
     scene->activate(letter);
     EXPECT_SEEN(sight(), "Mail: A letter");
     scene->activate(page);

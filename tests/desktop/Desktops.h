@@ -3,7 +3,7 @@
 
 #include "tests/desktop/harness/Packaged.h"
 
-// What must be installed for a window manager or a compositor as the tests call them.
+// The executable of a window manager or compositor by its name in the tests.
 inline QString executableOf(const QString& desktop) {
     if (desktop == QLatin1String("kwin"))
         return QStringLiteral("kwin_wayland");

@@ -18,7 +18,7 @@ void rescue() {
     std::fputs("rescued", stderr);
 }
 
-// As Qt's Wayland plug-in when the compositor goes: it warns, and ends the process at once.
+// Like Qt's Wayland plug-in when the compositor goes: warns, and ends the process at once.
 [[noreturn]] void loseDisplay() {
     qWarning("The Wayland connection broke. Did the Wayland compositor die?");
     _exit(kFailure);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Installing the extension into a real GNOME Shell, and taking it out again.
+// Installing the extension into a real GNOME Shell, and removing it.
 #include "platform/gnome/GnomeExtension.h"
 #include "platform/gnome/GnomeShellVersion.h"
 #include "tests/Places.h"
@@ -172,9 +172,9 @@ TEST_F(GnomeExtensionTest, aCopyForShellsOfAnotherAge_isReplacedAndRunsAfterTheN
     EXPECT_SEEN(scene, "Desktop: none");
 }
 
-// A shell of any version on a bus of its own, and what is made of it.
+// A shell of any version, on a bus of its own.
 struct ShellOfVersion {
-    // `state` is the number of that in which it says that the extension is; empty when it knows none.
+    // `state` is the number that the shell gives for the extension's state; empty if it knows no extension.
     explicit ShellOfVersion(const QString& version, const QString& state = {})
         : shell(home, QStringLiteral("gnome_shell.py"),
                 QStringList{daemon.address(), version} +

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A real GNOME Shell that covers the screen, and takes its extensions away meanwhile.
+// A real GNOME Shell that covers the screen and meanwhile disables its extensions.
 #include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/LockAwareFrontApplication.h"
 #include "tests/desktop/GnomeScene.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program on GNOME Shell, with the extension that tells it and nobody else.
+// The built program on GNOME Shell, with the extension that reports to it alone.
 #include "tests/Places.h"
 #include "tests/desktop/harness/GnomeDesk.h"
 #include "tests/desktop/harness/Lateness.h"
@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 const QString kOwnTitle = QStringLiteral("Ticklog");
 
-// A program with one window, and for how long that was in front.
+// A program with one window, and how long it was in front.
 struct Worker {
     Worker(GnomeDesk& on, const QString& program, const QString& window)
         : desk(on)
@@ -44,7 +44,7 @@ struct Worker {
 
 class GnomeProduct : public testing::Test {
 protected:
-    // With a running timer, and its window in front.
+    // Starts it with a running timer, and its window in front.
     void start() {
         product.writeSettings(ProductProgram::runningSettings());
         product.launch(desk.environment());

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Ticklog and its extension of GNOME Shell: who is told, and what happens when either comes, goes or is another version.
+// Ticklog and its extension of GNOME Shell: who gets reports, and what happens when either comes, goes or has
+// another version.
 #include "platform/gnome/GnomeShell.h"
 #include "tests/Places.h"
 #include "tests/desktop/GnomeScene.h"
@@ -9,7 +10,7 @@
 
 namespace {
 
-// Another connection to the bus of a scene, that would like to know.
+// Another connection to the scene's bus that tries to get reports.
 class Stranger {
 public:
     explicit Stranger(GnomeScene& scene)
@@ -17,7 +18,7 @@ public:
         , m_signals(m_bus, {QString(), kTicklogShell, QString(), QString()},
                     [this](const QDBusMessage&) { ++heard; }) {}
 
-    // What it gets when it asks as Ticklog does, in words.
+    // The answer when it asks as Ticklog does, in words.
     QString ask() {
         std::optional<QDBusMessage> answer;
         m_bus.call(QDBusMessage::createMethodCall(kGnomeShell, kTicklogShellPath, kTicklogShell,
@@ -27,7 +28,7 @@ public:
         return answer ? answer->errorName() + answer->signature() : QStringLiteral("no answer");
     }
 
-    // Signals of the extension that reached it.
+    // How many signals of the extension have reached it.
     int heard = 0;
 
 private:
@@ -63,7 +64,7 @@ TEST(GnomeShell, whoDoesNotBearTicklogsName_isToldNothing) {
     EXPECT_EQ(stranger.ask(), kRefusal);
     editor.client.setTitle(0, QStringLiteral("Secret page"));
     EXPECT_SEEN(scene, "Editor: Secret page");
-    // The bus keeps the order: by this answer everything from before has come.
+    // The bus keeps the order: with this answer, everything sent before has arrived.
     EXPECT_EQ(stranger.ask(), kRefusal);
     EXPECT_EQ(stranger.heard, 0);
     EXPECT_FALSE(scene.log.mentions(QStringLiteral("page"))) << "titles are private";
@@ -131,7 +132,7 @@ TEST(GnomeShell, programsOfEveryKit_areSeenWithTheirTitlesAndProcesses) {
         {QStringLiteral("Mailer"), QStringLiteral("Inbox"), gtk.processIdentifier()},
         {QStringLiteral("Oldtimer"), QStringLiteral("Log"), x.processIdentifier()},
         {QStringLiteral("Painter"), QStringLiteral("Canvas"), gtk4->processIdentifier()}};
-    // A window takes the focus when it is shown at last.
+    // A window takes the focus when it is finally shown.
     for (const auto& [program, title, process] : programs)
         ASSERT_TRUE(scene.desk.activate(title)) << qPrintable(title);
     for (int round = 0; round < 2; ++round) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the largest files that anybody may put there cost the built program. Time is the processor's, so that a busy machine
-// says the same.
+// What the largest files cost the built program. Measures the processor's time, so that a busy machine gives
+// the same.
 #include "platform/foundation/propertylists/PropertyListXml.h"
 #include "tests/desktop/harness/ProcessorTime.h"
 #include "tests/desktop/harness/Product.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kLongestStart = 8;
 constexpr double kLongestEnd = 2;
-// On a machine that does much else.
+// For a machine that is busy.
 constexpr std::chrono::minutes kLongestWait{2};
 constexpr int kMostMegabytes = 700;
 constexpr qsizetype kLarge = 50'000'000;

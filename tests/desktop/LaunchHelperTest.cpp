@@ -22,7 +22,7 @@ protected:
         return helper->exitStatus();
     }
 
-    // Ends the Ticklog that the helper has started, which is not our child.
+    // Ends the Ticklog that the helper has started; it is no child of this process.
     void endTicklog(std::int64_t process) {
         ASSERT_GT(process, 0);
         ::kill(pid_t(process), SIGTERM);
@@ -67,7 +67,7 @@ TEST_F(LaunchHelperTest, atLoginWithASlowPanel_theIconComesLaterAndNothingIsSaid
     product.writeSettings({{QStringLiteral("kTKPrefAppType"), 0}});
     ServiceScript panel(desk.home(), QStringLiteral("tray.py"), {desk.bus().address()});
     EXPECT_EQ(runHelper(), 0);
-    // It is given up that one comes soon.
+    // By then Ticklog has stopped waiting for a tray.
     ASSERT_TRUE(waitFor([this] { return product.hasWindow() && isMinimized(); }));
     const std::int64_t process = desk.probe().number(product.window(), "_NET_WM_PID");
     EXPECT_FALSE(hasNotice());

@@ -15,7 +15,7 @@ const QString kPredecessor = QStringLiteral(TICKLOG_BINARY_DIR "/predecessor");
 
 class LinuxOwnProgramTest : public testing::Test {
 protected:
-    // Something that holds what Ticklog holds starts the program in its place and is gone.
+    // A program that holds Ticklog's locks starts the new one and ends.
     void succeed(const QString& program) {
         const auto predecessor = desk.start(kPredecessor, {program}, Program::Output::Read);
         ASSERT_EQ(predecessor->readLine(), "ready");
@@ -28,7 +28,7 @@ protected:
         return QFile::exists(desk.home().path() + u'/' + QLatin1String(verdict));
     }
 
-    // It is nobody's child any more: who buries it, and when, is the machine's affair.
+    // It is no longer anybody's child, so the machine decides when its process entry goes.
     static bool isGone(pid_t process) {
         QFile state(QStringLiteral("/proc/%1/stat").arg(process));
         return !state.open(QFile::ReadOnly) || state.readAll().contains(") Z ");

@@ -26,7 +26,7 @@ protected:
         ASSERT_EQ(::chmod(QFile::encodeName(m_places.installer).constData(), 0755), 0);
     }
 
-    // Whether the service is installed afterwards; absent while a person is still asked.
+    // Whether the service is installed afterwards; absent while a person is being asked.
     std::optional<bool> install() {
         m_services.emplace(m_bus, m_log, m_places);
         const auto authorization = m_services->requestRight();
@@ -37,13 +37,13 @@ protected:
         return installed;
     }
 
-    // What becomes of asking the helper to trust a program: "done", or "refused" or "failed" with the reason.
+    // The result of asking the helper to trust a program: "done", or "refused" or "failed" with the reason.
     QString ask(Bus& bus) {
         LinuxServiceManagement services(bus, m_log, m_places);
         QString outcome;
         std::unique_ptr<TKAuthXPC> connection =
             services.connectToHelper(kHelper, [&](const Failure& failure) {
-                // The handlers may end the connection.
+                // Handlers may destroy the connection.
                 connection.reset();
                 outcome =
                     (failure.kind == Failure::Kind::Refused ? u"refused: "_s : u"failed: "_s) + failure.text;
@@ -235,7 +235,7 @@ TEST_F(InstallHelperTest, aLinkThatOthersMayTurn_isNoWayToIt) {
     ASSERT_TRUE(QDir().rmdir(target));
     permit(root + u"/usr/local/libexec"_s, 01777);
     ASSERT_TRUE(QFile::link(elsewhere, target));
-    // Another user's; only root can make it one.
+    // A file of another user; only root can make one.
     const bool isOthers = ::lchown(QFile::encodeName(target).constData(), 65534, 65534) == 0;
     EXPECT_EQ(install() != 0, isOthers);
     permit(root + u"/usr/local/libexec"_s, 0777);

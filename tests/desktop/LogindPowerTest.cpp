@@ -13,7 +13,7 @@ namespace {
 const QString kHeld = QStringLiteral("sleep:Ticklog:delay");
 const QString kNone;
 
-// Writes down what it is told: "sleep", "wake".
+// Records what it is told: "sleep", "wake".
 class PowerDiary {
 public:
     PowerEvents::Handlers handlers() {
@@ -131,7 +131,7 @@ TEST_F(LogindPowerTest, aSignalFromAnybodyElse_isNotBelieved) {
                                              QStringLiteral("PrepareForSleep"));
     forged << true;
     m_bus.connection().send(forged);
-    // The bus keeps the order: what it answers now comes after the forged signal.
+    // The bus keeps the order: this answer comes after the forged signal.
     QObject context;
     bool isThrough = false;
     m_bus.call(QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,

@@ -95,7 +95,7 @@ TEST_F(LogindSessionTest, theMachineGoingDown_waitsForTheHandler) {
     ASSERT_TRUE(waitForTold({QStringLiteral("power off")}));
     EXPECT_TRUE(m_wasDelayedAtPowerOff);
     EXPECT_TRUE(m_machine.waitForInhibitors(QString()));
-    // Called off.
+    // The shutdown is cancelled.
     m_machine.ask("prepare-for-shutdown false");
     EXPECT_TRUE(m_machine.waitForInhibitors(kHeld));
 }

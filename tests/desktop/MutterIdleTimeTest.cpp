@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Milliseconds; -1 when nothing is told.
+// Milliseconds; -1 if nothing is reported.
 std::int64_t idleOf(MutterIdleTime& idleTime) {
     const IdleReading reading = idleTime.read();
     return reading.idle ? *reading.idle / std::chrono::milliseconds(1) : -1;
@@ -36,7 +36,7 @@ TEST(MutterIdleTimeTest, afterInput_theTimeCountsFromIt) {
         ASSERT_TRUE(waitFor([&] { return idleOf(*idleTime) <= sinceBefore.elapsed(); }));
         const Lateness lateness;
         ASSERT_TRUE(waitFor([&] { return idleOf(*idleTime) >= 1000; }));
-        // A shell that draws by software takes its time to notice, and to tell.
+        // A shell that draws in software needs time to notice and to report.
         EXPECT_GE(idleOf(*idleTime), sinceAfter.elapsed() - 1000 - lateness.seconds() * 1000);
         EXPECT_LE(idleOf(*idleTime), sinceBefore.elapsed() + 200);
     }

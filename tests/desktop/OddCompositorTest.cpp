@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a compositor may tell, though none of the real ones does when it is asked to.
+// Messages that a compositor may send, although no real one does on request.
 #include "platform/foundation/text/CleanText.h"
 #include "platform/wayland/WaylandIdleTime.h"
 #include "platform/wayland/WlrootsDesktop.h"
@@ -38,7 +38,7 @@ protected:
         return answer.value_or(QByteArray()).mid(3);
     }
 
-    // Opens a window in front and answers its number. Empty texts are not told at all.
+    // Opens a window in front and answers its number. Empty texts are not sent.
     int openInFront(const QByteArray& app, const QByteArray& title) {
         const QByteArray number = QByteArray::number(windows);
         tell("open");
@@ -51,7 +51,7 @@ protected:
         return windows++;
     }
 
-    // Whether everything that was told until now has been taken in.
+    // Waits until everything sent so far has been handled.
     bool hasTakenInAll() {
         bool isThere = false;
         desktop->setHeardHandler([&] { isThere = true; });
@@ -85,7 +85,7 @@ TEST_F(OddCompositor, controlCharactersInTitleAndAppId_areBlanks) {
 }
 
 TEST_F(OddCompositor, aTitleOfTheLongestMessage_isTakenWhole) {
-    // Nothing longer fits into one message of the protocol.
+    // One message of the protocol can hold no more.
     const QByteArray longest(4000, 'x');
     openInFront("Editor", longest);
     EXPECT_TRUE(waitFor([&] { return sight.frontTitle() == QString::fromLatin1(longest); }));
@@ -147,7 +147,7 @@ TEST_F(OddCompositor, aListThatIsFinished_leavesTheDesktopAndIsSaid) {
     EXPECT_SEEN(sight, "Desktop: none");
     EXPECT_EQ(sight.titles(), QStringList());
     EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("no longer tells")));
-    // What it tells all the same is nobody's any more.
+    // What it still sends belongs to no window.
     tell("title 0 =Ghost");
     tell("done 0");
     ASSERT_TRUE(hasTakenInAll());

@@ -9,7 +9,7 @@
 
 namespace {
 
-// What is installed as the desktop entry of a program at `executable`.
+// The desktop entry that is installed for a program at `executable`.
 QByteArray installedEntry(const QString& executable) {
     QFile shipped(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/org.ticklog.Ticklog.desktop"));
     if (!shipped.open(QFile::ReadOnly))
@@ -38,7 +38,7 @@ TEST(PlasmaDesktopPermission, theInstalledDesktopEntry_opensTheWindows) {
     desk.kill();
     desk.home().write(QStringLiteral("data/applications/org.ticklog.Ticklog.desktop"),
                       installedEntry(QCoreApplication::applicationFilePath()));
-    // KWin looks for entries in the menu of the desktop, which comes with Plasma and not with KWin.
+    // KWin looks for entries in the desktop's menu, which comes with Plasma.
     desk.home().write(QStringLiteral("config/menus/applications.menu"), kMenu);
     desk.restart();
     Sight sight(QStringLiteral("/nowhere"));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The built program and a session bus: launchers call it to the front, have it open files, and have the bus start it.
+// The built program on a session bus: launchers bring it to the front, have it open files, and have the bus
+// start it.
 #include "platform/bus/BusName.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
@@ -26,7 +27,7 @@ protected:
         ASSERT_TRUE(waitFor([this] { return caller.bearer() == product.program().processIdentifier(); }));
     }
 
-    // Has the bus know how to start the program on this desk, as a session and a package do.
+    // Tells the bus how to start the program on this desk, as a package does.
     void installService() {
         desk.home().write(u"data/dbus-1/services/org.ticklog.Ticklog.service"_s,
                           "[D-BUS Service]\nName=org.ticklog.Ticklog\nExec=" TICKLOG_BINARY_DIR "/ticklog\n");
@@ -40,14 +41,14 @@ protected:
                                                                       kBusServiceName, u"ReloadConfig"_s));
     }
 
-    // Ends what the bus has started.
+    // Ends the process that the bus has started.
     void end(qint64 process) {
         ASSERT_NE(process, 0);
         ::kill(pid_t(process), SIGTERM);
         EXPECT_TRUE(waitFor([this] { return caller.bearer() == 0 && !product.hasWindow(); }));
     }
 
-    // Of the windows of all programs on the desk, those with Ticklog's title: its own and its questions.
+    // Counts Ticklog's windows and questions, by their title.
     int windows() const {
         int count = 0;
         for (const xcb_window_t window : desk.probe().windows())
@@ -81,11 +82,11 @@ TEST_F(ProductActivationTest, open_asksAndReplacesTheTimers) {
     EXPECT_EQ(caller.open({u"file://"_s + desk.home().path() + u"/My%20times.tkd"_s}), u"done");
     ASSERT_TRUE(waitFor([this] { return windows() == 2; })) << "the question";
     EXPECT_FALSE(product.database().contains(u"Apps"_s) && product.applicationTimes().contains(u"Mail"_s));
-    // From Cancel to Replace, as soon as the question has the keyboard.
+    // Moves from Cancel to Replace, as soon as the question has the keyboard.
     ASSERT_TRUE(waitFor([this] { return desk.probe().activeWindow() != product.window(); }));
     EXPECT_TRUE(desk.run(u"xdotool"_s, {u"key"_s, u"Tab"_s, u"space"_s}));
     ASSERT_TRUE(waitFor([this] { return windows() == 1; }));
-    // The file is read beside the window; the backup is what is made before it is taken.
+    // The file is read in the background; the backup is made before it replaces anything.
     ASSERT_TRUE(waitFor([this] {
         return QFileInfo::exists(QFileInfo(product.databasePath()).path() +
                                  u"/Primary Database - Import Backup.tkd"_s);
@@ -115,7 +116,7 @@ TEST_F(ProductActivationTest, theBus_startsTheProgramOnceForTwoWhoAskAtOnce) {
     EXPECT_EQ(caller.activate(), u"done");
     EXPECT_EQ(windows(), 1);
     EXPECT_EQ(caller.bearer(), process);
-    // A start without the bus finds the same one.
+    // A start without the bus finds the same process.
     const auto plain = desk.start(kProgram);
     EXPECT_TRUE(plain->waitUntilEnded());
     EXPECT_EQ(plain->exitStatus(), 0);

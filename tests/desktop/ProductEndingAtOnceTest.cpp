@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The built program, told to end while it shows something that waits or works: a menu, a question about a large file, the
-// panel of an import that is under way.
+// The built program, told to end while a menu, a question about a large file, or the panel of an import is
+// open.
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/ProcessorTime.h"
@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of the processor, so that a busy machine says the same; and it may not wait for anything long.
+// Processor time, so that a busy machine gives the same; and it must not wait long for anything.
 constexpr double kLongestEnd = 2;
 constexpr int kLongestWaitMs = 20'000;
 constexpr int kTimers = 499'000;
@@ -81,7 +81,7 @@ TEST_F(EndingAtOnce, theImportOfALargeFile_holdsNothingUp) {
     askAboutLargeFile();
     press({u"Tab"_s, u"space"_s});
     ASSERT_TRUE(waitFor([this] { return !desk.probe().isInWindowList(question); }));
-    // Its panel, which comes after half a second.
+    // The import's panel, which appears after half a second.
     ASSERT_TRUE(waitFor([this] { return desk.probe().windows().size() > before.size(); }));
     expectEndAtOnce();
     EXPECT_FALSE(QFile::exists(product.databasePath() + u".part"_s));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The built program however it ends, and what the next one finds: with a question open, by the session manager, by a crash.
+// All ways in which the built program may end, and what the next start finds: with a question open, by the
+// session manager, by a crash.
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
 #include "tests/desktop/harness/Lateness.h"
@@ -20,7 +21,7 @@ const QString kTicklog = QStringLiteral(TICKLOG_BINARY_DIR "/ticklog");
 const QString kRestartFlag = QStringLiteral("startTicklogOnNextLaunch");
 const QString kWriter = QStringLiteral("Writer");
 
-// One for programs that are told of it by SESSION_MANAGER.
+// A session manager for programs that find it in SESSION_MANAGER.
 class SessionManager {
 public:
     explicit SessionManager(const TemporaryHome& home)
@@ -30,7 +31,7 @@ public:
 
     const QString& address() const { return m_address; }
 
-    // Every program has done its part when this returns true.
+    // True when every program has done its part.
     bool tell(const char* command) {
         m_program.write(QByteArray(command) + '\n');
         return m_program.readLine() == "ok";
@@ -55,7 +56,8 @@ protected:
         ASSERT_TRUE(product.start());
     }
 
-    // Keeps the writer in front, and then Ticklog, to which keys go from now on. Losing the front makes it save.
+    // Keeps the writer in front, then Ticklog, which gets all keys from then on. Losing the front makes
+    // Ticklog save.
     void write(std::chrono::milliseconds duration) {
         ASSERT_TRUE(product.bringToFront(writer, letter));
         QElapsedTimer watch;
@@ -80,7 +82,7 @@ protected:
         return second->waitUntilEnded() && second->exitStatus() == 0;
     }
 
-    // Whether one more window than `before` is there, now or soon.
+    // Waits until there is one more window than `before`.
     bool waitForMoreWindowsThan(std::size_t before) {
         return waitFor([&] { return desk.probe().windows().size() > before; });
     }
@@ -92,12 +94,12 @@ protected:
     Product product{desk};
     XClient writer{desk};
     xcb_window_t letter = 0;
-    // Seconds that are the writer's.
+    // Seconds for which the writer was in front.
     double worked = 0;
     Lateness lateness;
 };
 
-// What may be open, and how it was opened, with Ticklog in front.
+// What is open when Ticklog is told to end, and how it was opened.
 constexpr const char* kQuitQuestion = "quitQuestion";
 constexpr const char* kDeleteQuestion = "deleteQuestion";
 constexpr const char* kImportQuestion = "importQuestion";
@@ -123,7 +125,7 @@ protected:
         ASSERT_TRUE(waitForMoreWindowsThan(windows)) << "there is no question";
     }
 
-    // Nothing was answered, so nothing was done.
+    // Nothing was answered, so nothing may have been done.
     void expectSavedAsItWas() const {
         EXPECT_NEAR(written(), worked, offBy());
         EXPECT_TRUE(isToStartAgain());
@@ -182,7 +184,7 @@ TEST_F(ProductEndingTest, filesHandedOverWhileOneIsAskedAbout_areAskedAboutToo) 
         ASSERT_TRUE(startAgain({otherAccount()}));
     ASSERT_TRUE(waitForMoreWindowsThan(windows));
     const xcb_window_t first = desk.probe().windows().back();
-    // One after the other, each of which is cancelled by Return.
+    // One after the other; Return cancels each.
     ASSERT_TRUE(waitFor([&] { return desk.probe().activeWindow() == first; }));
     EXPECT_EQ(desk.probe().windows().size(), windows + 1);
     ASSERT_TRUE(desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Return")}));
@@ -219,7 +221,7 @@ TEST_F(ProductEndingTest, theSessionsEndWhileTheTimerIsStopped_leavesTheRestartF
 TEST_F(ProductEndingTest, aCrash_costsWhatCameAfterTheLastSaveAndTheNextRunGoesOn) {
     startRunning();
     write(500ms);
-    // Losing the front is a reason to save.
+    // Losing the front makes Ticklog save.
     ASSERT_TRUE(product.bringToFront(writer, letter));
     ASSERT_TRUE(waitFor([this] { return written() >= worked - offBy(); }));
     turnEventLoopFor(300ms);
@@ -237,7 +239,7 @@ TEST_F(ProductEndingTest, aCrash_costsWhatCameAfterTheLastSaveAndTheNextRunGoesO
 
 TEST_F(ProductEndingTest, aBrokenPipe_isNoReasonToEnd) {
     startRunning();
-    // As when the display goes while something is written to it.
+    // As if the display went while something was written to it.
     ::kill(pid_t(product.program().processIdentifier()), SIGPIPE);
     write(300ms);
     EXPECT_TRUE(product.program().isRunning());

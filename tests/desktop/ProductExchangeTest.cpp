@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program and another one, on a real desktop: what they copy, paste and drag to and fro.
+// The built program and another one on a real desktop: copying, pasting and dragging between them.
 #include "Classes/exchange/PasteboardTypes.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/Places.h"
@@ -29,10 +29,10 @@ PropertyListDictionary application(const PropertyListDictionary& record, const P
     return {{QStringLiteral("App"), record}, {QStringLiteral("Windows"), windows}};
 }
 
-// In pixels. The window stands at the upper left of the screen, the other program's at its right.
+// In pixels. Ticklog's window is at the upper left of the screen, the other program's to its right.
 constexpr int kOtherLeft = 940;
 constexpr int kOtherTop = 100;
-// Within the product's window.
+// Within Ticklog's window.
 constexpr int kRowHeight = 24;
 constexpr int kFirstRow = 90;
 constexpr int kSidebarFirstRow = 72;
@@ -73,7 +73,7 @@ protected:
                  QStringLiteral("0"), QStringLiteral("0")});
     }
 
-    // Starts the other program, and says what its window drags.
+    // Starts the other program, which drags what `offer` says.
     void startOther(const QStringList& offer = {}) {
         other = desk.start(QStringLiteral(TICKLOG_BINARY_DIR "/exchange-client"),
                            QStringList{QString::number(kOtherLeft), QString::number(kOtherTop)} + offer,
@@ -96,7 +96,7 @@ protected:
         press("ctrl+c");
     }
 
-    // As a person quits.
+    // As a user quits.
     void quit() {
         xdotool(
             {QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
@@ -112,7 +112,7 @@ protected:
 
     QByteArray bytesOf(const char* question) { return QByteArray::fromBase64(ask(question)); }
 
-    // Pulls from one place of the screen to another, as slowly as a hand.
+    // Drags from one place of the screen to another, as slowly as a hand.
     void drag(QPoint from, QPoint to) {
         QStringList steps{QStringLiteral("mousemove"), QString::number(from.x()), QString::number(from.y()),
                           QStringLiteral("mousedown"), QStringLiteral("1")};
@@ -122,7 +122,7 @@ protected:
             steps << QStringLiteral("sleep") << QStringLiteral("0.03") << QStringLiteral("mousemove")
                   << QString::number(at.x()) << QString::number(at.y());
         }
-        // Those who take drops answer each step, and take only what they have agreed to.
+        // Receivers answer each step, and accept only what they have agreed to.
         steps << QStringLiteral("sleep") << QStringLiteral("0.3") << QStringLiteral("mouseup")
               << QStringLiteral("1");
         xdotool(steps);
@@ -190,7 +190,7 @@ TEST_F(ProductExchangeTest, whatIsPasted_isMadeWhenItIsPasted) {
     product.writeSettings(Product::runningSettings());
     start();
     startOther();
-    // Ticklog counts itself while it is in front, and that row is the last.
+    // Ticklog counts itself while it is in front, and its row is the last.
     xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
     ASSERT_TRUE(waitFor([&] {
         press("End");
@@ -281,19 +281,19 @@ TEST_F(ProductExchangeTest, timersPulledInFromAnotherProgram_areTaken) {
 TEST_F(ProductExchangeTest, aRowPulledBetweenTwoProjects_becomesOneThere) {
     writeProjects({"Poster", "Letters"});
     start();
-    // The line between the two rows.
+    // Between the two rows.
     drag(outlineRow(1), sidebarRow(1) + QPoint(0, kRowHeight / 2));
     EXPECT_TRUE(waitFor([&] { return projects() == "Poster() New Project(notes000) Letters()"; }))
         << projects();
 }
 
-// Neither text nor what only pretends to be timers changes a project, at the very place where a row of ours does so
-// afterwards.
+// Neither text nor data that only pretends to be timers changes a project, at the very place where a row of
+// ours does so afterwards.
 struct ForeignThing {
     const char* name;
     QString type;
     QByteArray bytes;
-    // What the other program is told: taken is what has our type, whatever is in it.
+    // What the other program is told: anything with our type is accepted, whatever it contains.
     const char* answer;
 
     friend void PrintTo(const ForeignThing& thing, std::ostream* stream) { *stream << thing.name; }

@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 const QString kWriter = QStringLiteral("Writer");
-// The history is written that often.
+// Seconds. The history is written this often.
 constexpr double kMostMissing = 15;
 
 class ProductHistoryTest : public testing::Test {
@@ -26,7 +26,7 @@ protected:
         return QFileInfo(product.databasePath()).path() + QStringLiteral("/History.sqlite");
     }
 
-    // Keeps the writer in front. Answers for how long it was.
+    // Keeps the writer in front. Answers for how long it was there.
     double write(std::chrono::milliseconds duration) {
         EXPECT_TRUE(product.bringToFront(writer, letter));
         QElapsedTimer watch;
@@ -83,7 +83,7 @@ TEST_P(ProductKilledTest, atAnyMoment_itMissesFifteenSecondsAtMostAndAddsNothing
         const int least = kill % 2 ? 16'000 : 500;
         const double worked = write(std::chrono::milliseconds(least + random() % 9000), random);
         EXPECT_FALSE(product.end(SIGKILL)) << "it was to be killed";
-        // Who has just begun saves when it is told to end.
+        // A program that has just started saves when it is told to end.
         ASSERT_TRUE(product.start());
         EXPECT_EQ(product.end(SIGTERM), 0);
         const double now = product.applicationTimes().value(kWriter);

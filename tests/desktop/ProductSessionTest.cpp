@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program under a login manager: sleep, session, power-off and lock, told over a real bus.
+// The built program with a login manager: sleep, session, power-off and lock over a real bus.
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/desktop/harness/XClient.h"
@@ -35,8 +35,8 @@ protected:
 
     double passed() const { return double(watch.nsecsElapsed()) / 1e9; }
 
-    // Ends the program and expects that it has counted `before` seconds, and at the most what passed until it was gone: how
-    // long it takes to end is the machine's affair.
+    // Ends the program and expects that it has counted `before` seconds, and at most the time until it was
+    // gone: how long ending takes depends on the machine.
     void endAfterCounting(double before, double credited = 0) {
         const double atTheSignal = passed();
         EXPECT_EQ(product.end(SIGTERM), 0);
@@ -77,7 +77,7 @@ TEST_F(ProductSessionTest, leavingTheSession_savesAndComingBackCountsOn) {
     ASSERT_TRUE(waitFor([&] { return written() > 0; }));
     m_machine.ask("active true");
     turnEventLoopFor(400ms);
-    // The gap is credited to what was in front: the timer counts as running all the while.
+    // The gap is credited to what was in front, because the timer counts as running all the time.
     endAfterCounting(passed());
 }
 

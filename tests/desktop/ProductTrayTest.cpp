@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program in the tray: its icon, its menu, and where else it is found.
+// The built program in the tray: its icon, its menu, and where else it appears.
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "platform/foundation/values/Identity.h"
 #include "tests/Places.h"
@@ -71,7 +71,7 @@ protected:
 
     void press(const char* keys) { xdotool({QStringLiteral("key"), QString::fromLatin1(keys)}); }
 
-    // As the window manager has it from us.
+    // Whether the window manager has been told so.
     bool isInTaskBar() {
         return product.hasWindow() &&
                !desk.probe().hasState(product.window(), "_NET_WM_STATE_SKIP_TASKBAR") &&
@@ -83,14 +83,14 @@ protected:
                desk.probe().hasState(product.window(), "_NET_WM_STATE_SKIP_PAGER");
     }
 
-    // What says that there is no tray.
+    // Whether the notice is shown that there is no tray.
     bool hasNotice() {
         return std::ranges::any_of(desk.probe().windows(), [this](xcb_window_t window) {
             return desk.probe().text(window, "_NET_WM_NAME").startsWith("There is no system tray");
         });
     }
 
-    // What says that closing minimises.
+    // Whether the notice is shown that closing minimises.
     bool hasMinimizingNotice() {
         return std::ranges::any_of(desk.probe().windows(), [this](xcb_window_t window) {
             return desk.probe().text(window, "_NET_WM_NAME").startsWith("Ticklog goes on");
@@ -101,7 +101,7 @@ protected:
         return product.hasWindow() && desk.probe().hasState(product.window(), "_NET_WM_STATE_HIDDEN");
     }
 
-    // As the window manager closes it.
+    // As the window manager closes a window.
     void closeByWindowManager() {
         xdotool(
             {QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::number(product.window())});
@@ -139,7 +139,7 @@ TEST_F(ProductTrayTest, timesInAPanelsMenu_moveUntilItIsClosed) {
     ask("submenu All Timers");
     ask("changes");
     int changes = 0;
-    // The entry of what is in front, and the sum.
+    // The entry of the program in front, and the sum.
     EXPECT_TRUE(waitFor([&] { return (changes += ask("changes").toInt()) >= 6; }));
     ask("close");
     turnEventLoopFor(300ms);
@@ -184,7 +184,7 @@ TEST_F(ProductTrayTest, aPanelThatComesLate_getsTheIconToo) {
     m_panel.emplace(desk.home(), QStringLiteral("tray.py"), QStringList{desk.bus().address()});
     product.writeSettings({{kAppType, 0}});
     ASSERT_TRUE(product.start());
-    // It is given up that one comes, and the task bar is kept.
+    // By then Ticklog has stopped waiting for a tray, and keeps the task bar.
     ASSERT_TRUE(waitFor([this] { return hasNotice(); }));
     EXPECT_TRUE(isInTaskBar());
     ask("watch");
@@ -224,7 +224,7 @@ TEST_F(ProductTrayTest, quittingByKeyWhileTheTimerRuns_asksFirst) {
     const std::size_t windows = desk.probe().windows().size();
     press("ctrl+q");
     ASSERT_TRUE(waitFor([&] { return desk.probe().windows().size() > windows; }));
-    // Return is for staying.
+    // Return means "stay".
     press("Return");
     ASSERT_TRUE(waitFor([&] { return desk.probe().windows().size() == windows; }));
     EXPECT_TRUE(product.program().isRunning());
@@ -330,7 +330,7 @@ TEST_F(ProductEmbeddingTrayTest, theIcon_opensTheWindowAndTheMenu) {
     clickIcon("1");
     ASSERT_TRUE(waitFor([this] { return product.hasWindow(); }));
     clickIcon("3");
-    // The first entry of the menu. Keys that come before it is open are the window's, to which they mean nothing.
+    // The menu's first entry. Keys that come before the menu is open go to the window, where they do nothing.
     ASSERT_TRUE(waitFor([this] {
         press("Down");
         press("Return");
@@ -363,7 +363,7 @@ TEST_F(ProductEmbeddingTrayTest, timesInTheMenu_moveWhileItIsOpen) {
     clickIcon("3");
     for (const char* key : {"Down", "Down", "Down", "Right"})
         press(key);
-    // Below the tray, where nothing else moves.
+    // Below the tray, where nothing else changes.
     const DisplayArea menus{640, 40, 600, 300};
     QByteArray last = desk.probe().picture(menus);
     int changes = 0;

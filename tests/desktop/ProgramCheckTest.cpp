@@ -33,7 +33,7 @@ protected:
         ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);
     }
 
-    // Without the path; "fine" when there is nothing to be said.
+    // The failure's text without the path; "fine" if there is no failure.
     static QString verdict(const QString& path, uid_t caller = ::getuid()) {
         const Outcome checked = checkProgram(path, caller);
         return checked ? u"fine"_s : checked.failure().text.section(u": "_s, -1);
@@ -108,14 +108,14 @@ TEST_F(ProgramCheckTest, aGroupThatMayWrite_isTrustedOnlyIfItIsRoots) {
     struct stat file {};
     ASSERT_EQ(::stat(QFile::encodeName(program()).constData(), &file), 0);
     EXPECT_EQ(verdict(program()), file.st_gid == 0 ? u"fine"_s : u"its group may write to it"_s);
-    // Only root gives files away.
+    // Only root can give files to others.
     if (::chown(QFile::encodeName(program()).constData(), uid_t(-1), 65534) == 0) {
         EXPECT_EQ(verdict(program()), u"its group may write to it"_s);
     }
 }
 
 TEST_F(ProgramCheckTest, whatBelongsToSomebodyElse_isNoProgram) {
-    // Root's own are everybody's: it takes a file of a user, and another user who asks.
+    // Root's own files are always accepted, so this needs a file of one user and another user who asks.
     constexpr uid_t kOwner = 4242;
     if (::getuid() == 0) {
         ASSERT_EQ(::chown(QFile::encodeName(program()).constData(), kOwner, gid_t(-1)), 0);

@@ -132,7 +132,7 @@ TEST_F(DesktopScreenLockTest, aSessionOfTheGreeter_isNobodys) {
     EXPECT_EQ(told, 1);
 }
 
-// A lock and a front application that do as they are told.
+// A lock and a front application that do what they are told.
 class FakeScreenLock : public ScreenLock {
 public:
     bool isLocked() const override { return m_isLocked; }

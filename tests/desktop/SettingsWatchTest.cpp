@@ -15,7 +15,7 @@ namespace {
 
 const QString kMinutes = QStringLiteral("minutesUntilIdle");
 
-// Ticklog and another program over one real file, in which both write.
+// Ticklog and another program that both write one real file.
 class SettingsWatchTest : public testing::Test {
 protected:
     void otherProgramSets(int minutes) {
@@ -24,7 +24,7 @@ protected:
         other.synchronize();
     }
 
-    // As an editor does that keeps the file.
+    // Like an editor that writes the file in place.
     void writtenInPlace(int minutes) {
         QFile file(m_path);
         ASSERT_TRUE(file.open(QFile::WriteOnly));

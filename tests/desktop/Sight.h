@@ -11,15 +11,15 @@
 
 #include <QStringList>
 
-// What Ticklog sees of a desktop, in words, and what a back end stands on to see it.
+// What Ticklog sees of a desktop, in words; and what a back end needs for it.
 class Sight {
 public:
-    // `dataFolder` holds "applications".
+    // `dataFolder` contains "applications".
     explicit Sight(const QString& dataFolder)
         : runLoop(log)
         , entries({{dataFolder}, {QStringLiteral("de_AT"), QStringLiteral("de")}}, clock) {}
 
-    // From now on this back end is looked through; it outlives every look.
+    // Look through this back end from now on; it must outlive this.
     template<class Desktop>
     void lookThrough(Desktop& desktop) {
         m_front = &desktop;
@@ -33,19 +33,19 @@ public:
     WindowList& windowList() const { return *m_windows; }
     SignsOfLife& signsOfLife() const { return *m_signs; }
 
-    // The front application's name; "none" when it is not told.
+    // The front application's name; "none" if there is none.
     QString front() const {
         const auto& application = m_front->activeApplication();
         return application ? application->name : QStringLiteral("none");
     }
 
-    // 0 when no application is told.
+    // 0 if there is no application.
     std::int64_t frontProcess() const {
         const auto& application = m_front->activeApplication();
         return application ? application->processIdentifier : 0;
     }
 
-    // What the front application's first ordinary window says, as the tracker looks for it: "title",
+    // The title of the front application's first ordinary window, found as the tracker finds it: "title",
     // "(untitled)" or "none".
     QString frontTitle() const {
         const WindowListEntry* window = frontWindow();
@@ -65,7 +65,7 @@ public:
     // "Application: title" of what is in front.
     QString seen() const { return front() + QStringLiteral(": ") + frontTitle(); }
 
-    // Waits until this is in front, and answers what is.
+    // Waits until this is in front; answers what is in front then.
     QString seenAfterWaitingFor(const QString& expected) const {
         waitFor([&] { return seen() == expected; }, std::chrono::seconds(20));
         return seen();
@@ -92,6 +92,6 @@ private:
     SignsOfLife* m_signs = nullptr;
 };
 
-// Passes when `expected` comes to the front, and says what was there instead when it does not.
+// Passes when `expected` comes to the front; otherwise says what was there instead.
 #define EXPECT_SEEN(scene, expected)                                                                         \
     EXPECT_EQ((scene).seenAfterWaitingFor(QStringLiteral(expected)), QStringLiteral(expected))

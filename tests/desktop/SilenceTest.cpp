@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Desktops that fall silent, and how that is told apart from having nothing to tell.
+// Desktops that fall silent, and desktops that merely have no news.
 #include "platform/desktop/SilenceWatch.h"
 
 #include "platform/desktop/NoDesktop.h"
@@ -13,10 +13,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Short for a test, and still long for a busy machine.
+// Short for a test, but long for a busy machine.
 const SilenceWatch::Limits kLimits{300ms, 3s};
 
-// A watch over what a scene sees, as if somebody were always at work.
+// A watch over a scene, as if somebody were always at work.
 struct Watched {
     explicit Watched(Sight& sight)
         : watch(
@@ -37,7 +37,7 @@ TEST(SilentXServer, aServerThatHangs_isNoticedAndOneThatHasNothingToTellIsNot) {
     Watched watched(scene);
     int switches = 0;
     watched.watch.installSwitchHandler([&] { ++switches; });
-    // Long enough for a question that goes unanswered to end in silence.
+    // Long enough to ask, get no answer, and call it silence.
     turnEventLoopFor(2 * kLimits.quiet + kLimits.patience + 200ms);
     EXPECT_EQ(watched.front(), QStringLiteral("Editor"));
     EXPECT_EQ(switches, 0);

@@ -12,7 +12,7 @@ namespace {
 
 class SpreadsheetTest : public StoreTest {
 protected:
-    // Opens the table with every column as text, and answers its cells: "a|b" a row.
+    // Opens the table with every column as text, and answers its cells, one row on a line: "a|b".
     std::string opened(const QString& table) {
         QProcess office;
         office.setProcessEnvironment(m_home.environment());

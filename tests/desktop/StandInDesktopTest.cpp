@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// GNOME Shell while Ticklog's extension does not run, and when it begins to.
+// GNOME Shell before Ticklog's extension runs, and when it starts.
 #include "app/StandInDesktop.h"
 
 #include "platform/desktop/NoDesktop.h"
@@ -32,7 +32,7 @@ TEST_F(StandInDesktopTest, programsThatTell_areSeenUntilTheExtensionRuns) {
     qt.open(QStringLiteral("Page"));
     WaylandClient gtk(m_scene.desk, QStringLiteral("Mailer"), WaylandClient::Kind::Gtk);
     gtk.open(QStringLiteral("Inbox"));
-    // Until a window has been in front, it may still come there by itself.
+    // Before a window has been in front, it may still come to the front by itself.
     ASSERT_TRUE(bringToFront("Inbox"));
     for (int round = 0; round < 2; ++round) {
         ASSERT_TRUE(bringToFront("Page"));
@@ -135,9 +135,9 @@ TEST_F(StandInDesktopTest, aShellThatHangs_isNoticedAndNobodyIsCreditedForIt) {
     EXPECT_TRUE(waitFor([&] { return front() == QStringLiteral("Editor"); }));
 }
 
-// A shell that is a mere script, without the extension, on a bus of its own.
+// A scripted shell without the extension, on a bus of its own.
 struct ScriptedShell {
-    // `programsBus` is the address where programs tell of themselves; empty for the shell's own.
+    // `programsBus` is the bus on which programs describe themselves; empty for the shell's own.
     ScriptedShell(const QString& version, const QString& programsBus)
         : shell(home, QStringLiteral("gnome_shell.py"), {daemon.address(), version})
         , otherBus(Bus::atAddress(programsBus.isEmpty() ? daemon.address() : programsBus), sight.runLoop,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The store under a real kernel: killed in the middle, and at the end of the disk.
+// The store on a real disk: killed while it is written, and when the disk is full.
 #include "Classes/record/StoreFile.h"
 #include "tests/Places.h"
 #include "tests/fakes/NumberedSave.h"
@@ -48,7 +48,8 @@ protected:
     RecordingLog m_log;
 };
 
-// Lets the writer finish some saves, kills it at a moment that nobody chose, and answers the last one it finished.
+// Lets the writer complete some saves, kills it at a random moment, and answers the number of the last
+// completed save.
 int killedAfter(const QString& path, int first, int saves, qint64 moreNanoseconds) {
     QProcess writer;
     writer.start(kWriter, {QStringLiteral("save"), path, QString::number(first), QStringLiteral("100000"),
@@ -103,8 +104,8 @@ TEST_F(StoreFileCrash, aFileThatMayNotGrow_keepsTheEarlierAccount) {
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 1);
 }
 
-// A disk of one megabyte in a world of its own, which is gone with the script. The first line says which saves a
-// launch finds, and what stands in the store itself.
+// A disk of one megabyte in a mount namespace, which ends with the script. The first line says which saves a
+// launch finds, and which is in the store itself.
 constexpr const char* kFullDisk = R"(
 set -e
 mount -t tmpfs -o size=1m tmpfs "$1"
@@ -119,11 +120,12 @@ chmod a+r "$3" "$3.after"
 
 class StoreFileFullDisk : public StoreFileCrash {
 protected:
-    // How this user may mount a disk that nobody else sees: root may, most may as root of a world of their own, and
-    // where that is not allowed (in a chroot, say) whoever may install packages may by sudo.
+    // How this user may mount a disk that nobody else sees. Root may; most users may, as root of a namespace;
+    // where that is forbidden, as in a chroot, users who may install packages may through sudo.
     static QStringList worldOfItsOwn() {
         const QString unshare = QStringLiteral("unshare");
-        // In a chroot the root is no mount whose propagation could be changed; the script unmounts its disk itself.
+        // In a chroot, the root is no mount whose propagation could be changed; the script unmounts its disk
+        // itself.
         const QStringList ownMounts{unshare, QStringLiteral("-m"), QStringLiteral("--propagation"),
                                     QStringLiteral("unchanged")};
         if (::geteuid() == 0)
@@ -133,7 +135,7 @@ protected:
         return QStringList{QStringLiteral("sudo"), QStringLiteral("-n")} + ownMounts;
     }
 
-    // What a launch finds after a save of `length` has met the end of the disk.
+    // What a launch finds after a save of `length` has filled the disk.
     int afterSaving(const char* length) {
         const QString disk = m_folder.filePath(QStringLiteral("disk"));
         const QString kept = m_folder.filePath(QStringLiteral("kept"));

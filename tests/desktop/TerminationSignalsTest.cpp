@@ -33,7 +33,7 @@ TEST_F(TerminationSignalsTest, aSignalWhileTheCallRuns_waitsForItsEndAndIsNotLos
         if (m_told.size() == 1) {
             std::raise(SIGTERM);
             std::raise(SIGINT);
-            // As a question to the user would.
+            // Like a question to the user.
             turnEventLoopFor(std::chrono::milliseconds(50));
         }
         --running;
@@ -63,7 +63,7 @@ TEST_F(TerminationSignalsTest, itsEnd_restoresWhatWasBefore) {
     {
         const TerminationSignals signals(m_runLoop, [](int) {});
         EXPECT_NE(handlerOf(SIGTERM), SIG_DFL);
-        // Started by nohup: the terminal may close.
+        // Started by nohup: the signal stays ignored.
         EXPECT_EQ(handlerOf(SIGHUP), SIG_IGN);
     }
     EXPECT_EQ(handlerOf(SIGTERM), SIG_DFL);

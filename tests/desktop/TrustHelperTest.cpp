@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The privileged helper on a system bus of its own, with a polkit that decides as told.
+// The privileged helper on a system bus of its own, with a polkit that answers as told.
 #include "platform/bus/BusService.h"
 #include "platform/foundation/time/QtRunLoop.h"
 #include "platform/linux/TrustRecord.h"
@@ -41,7 +41,7 @@ protected:
         return std::make_unique<Bus>(Bus::atAddress(m_systemBus.address()), m_runLoop, m_log);
     }
 
-    // Sends without waiting: the answer goes to `answers`.
+    // Does not wait: the answer goes to `answers`.
     void send(Bus& bus, const char* member, const QVariantList& arguments, bool isInteractive = true,
               const QString& interface = u"org.ticklog.TKAXTrusted"_s) {
         auto message = QDBusMessage::createMethodCall(
@@ -312,7 +312,8 @@ TEST_F(ImpatientHelperTest, aHelperWithARequestOpen_stays) {
 }
 
 TEST(TrustPolicy, everyRequest_isAskedAbout) {
-    // With "auth_admin_keep", whoever has had one program named in the dialog gets the next past it.
+    // With "auth_admin_keep", a caller could name one program in the dialogue and then get another one
+    // trusted.
     QFile policy(QStringLiteral(TICKLOG_SOURCE_DIR "/resources/system/org.ticklog.TKAXTrusted.policy"));
     ASSERT_TRUE(policy.open(QFile::ReadOnly));
     const QByteArray text = policy.readAll();

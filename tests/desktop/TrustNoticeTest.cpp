@@ -30,7 +30,7 @@ TEST_F(TrustNoticeTest, theNotice_hasAButtonThatAllows) {
     ServiceScript desktop(m_home, u"notifications.py"_s, {m_daemon.address()});
     m_notice.show();
     EXPECT_EQ(desktop.hear(), u"7 0 Ticklog cannot see other programs' windows [allow, Turn on]"_s);
-    // The second takes the place of the first, which shows that its number has come.
+    // The second notice replaces the first, which shows that its number has arrived.
     EXPECT_TRUE(waitFor([&] {
         m_notice.show();
         return desktop.hear().section(u' ', 1, 1) != u"0"_s;
@@ -39,7 +39,7 @@ TEST_F(TrustNoticeTest, theNotice_hasAButtonThatAllows) {
     desktop.ask("press 99 allow");
     m_notice.show();
     const QString number = desktop.hear().section(u' ', 0, 0);
-    // Answers come in the order in which they were given.
+    // Answers arrive in order.
     EXPECT_TRUE(waitFor([&] {
         press(desktop, number, "allow");
         return m_allowed > 0;

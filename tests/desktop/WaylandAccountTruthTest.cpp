@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The engine on real Wayland desktops against a stopwatch: how far the account may be from what happened.
+// The engine on real Wayland desktops, compared with a stopwatch: how far the account may be from the truth.
 #include "platform/desktop/NoDesktop.h"
 #include "platform/desktop/SilenceWatch.h"
 #include "platform/gnome/GnomeShellDesktop.h"
@@ -33,7 +33,7 @@ std::unique_ptr<Source> orAbort(Result<std::unique_ptr<Source>> opened) {
     return std::move(*opened);
 }
 
-// A compositor, and how Ticklog is told of its windows and of the time since the last input.
+// A compositor, and how Ticklog learns of its windows and of the time since the last input.
 struct WaylandSource {
     virtual ~WaylandSource() = default;
     virtual WaylandDesk& desk() = 0;
@@ -116,12 +116,12 @@ protected:
     LiveEngine& engine() const { return work->engine; }
 
     bool isInFront(const QString& name) const {
-        // KWin tells the classes of an X server's windows in small letters.
+        // KWin reports the classes of an X server's windows in lower case.
         return watch().activeApplication() &&
                watch().activeApplication()->name.compare(name, Qt::CaseInsensitive) == 0;
     }
 
-    // Where there is no X server, its client knows Wayland.
+    // Without an X server, its client uses Wayland.
     Kind kindOnX11() const { return desk().xDisplay().isEmpty() ? Kind::Qt : Kind::QtOnX11; }
 
     std::unique_ptr<AtWork> work;
@@ -202,10 +202,10 @@ TEST_P(WaylandAccountTruth, aCompositorThatHangs_leavesNoWindowToCreditUntilItGo
     writer.open(name);
     ASSERT_TRUE(desk().activate(name));
     engine().timer().startTimer();
-    // It is asked meanwhile, having nothing to tell.
+    // Meanwhile it is asked, because it has no news.
     ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), name) > 1.5; }));
     EXPECT_EQ(watch().obstacle(), QString());
-    // On behalf of nobody the compositor is not asked, and starting all this may have taken long.
+    // Without input the compositor is not asked, and starting all this may have taken long.
     ASSERT_TRUE(desk().touch());
     ASSERT_TRUE(waitFor([&] {
         const auto idle = work->source->desktop().idleTime.read().idle;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The built program on real Wayland desktops: what it records.
+// What the built program records on real Wayland desktops.
 #include "tests/desktop/WaylandScene.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/Lateness.h"
@@ -25,7 +25,7 @@ protected:
         EXPECT_SEEN(*scene, "Ticklog: Ticklog");
     }
 
-    // Keeps a window in front and answers for how many seconds it was.
+    // Keeps a window in front and answers for how many seconds it was there.
     double keepInFront(WaylandClient& client, int window, const QString& title,
                        std::chrono::milliseconds duration) {
         EXPECT_TRUE(desk.activate(title));
@@ -85,7 +85,7 @@ TEST_P(WaylandProduct, windowsInFront_areCreditedWithTheirTimes) {
 
 TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReasonIsTold) {
     KWinDesk desk(KWinDesk::Windows::ForThoseThatAsk);
-    // Programs that run through an X server beside the compositor must not get the time of all others.
+    // Programs of an X server beside the compositor must not get the time of all others.
     const Desk beside;
     WaylandClient writer(desk, QStringLiteral("Writer"));
     writer.open(QStringLiteral("Letter"));
@@ -97,7 +97,7 @@ TEST(WaylandProductRefused, whereNobodyTellsOfWindows_nobodyIsCreditedAndTheReas
     product.writeSettings(ProductProgram::runningSettings());
     product.launch(desk.environment(), {}, Program::Output::ErrorsRead);
     QByteArray log;
-    // As soon as it has looked for a tray, it runs.
+    // It runs as soon as it has looked for a tray.
     for (const char* news : {"The Plasma desktop is not used: ", "\ntray: "})
         while (!log.contains(news)) {
             const auto line = product.program().readLine();

@@ -14,7 +14,7 @@ public:
     virtual WaylandDesk& anyDesk() = 0;
 };
 
-// Made before what is seen of it.
+// Made before the back end that looks at it.
 template<class AnyDesk>
 struct WaylandSceneDesk {
     AnyDesk desk;

@@ -55,7 +55,7 @@ private:
 
 class X11DesktopRandom : public testing::TestWithParam<const char*> {};
 
-// "process: title" of what is in front, asked question by question.
+// "process: title" of what is in front, asked of the server directly.
 QString askedFor(const X11Scene& scene) {
     const DisplayProbe& probe = scene.desk.probe();
     const xcb_window_t active = probe.activeWindow();

@@ -109,7 +109,7 @@ TEST_F(X11DesktopTest, aTerminalThatHasSetNoTitle_isSeen) {
     EXPECT_EQ(scene.desktop->activeApplication()->processIdentifier, terminal->processIdentifier());
 }
 
-// The server gives the id of a window that is gone to the next program.
+// The server gives the id of a closed window to the next program.
 TEST_F(X11DesktopTest, terminalsOpenedAndClosedInTurn_haveNumbersOfTheirOwn) {
     std::set<std::int64_t> numbers;
     std::set<xcb_window_t> ids;
@@ -139,7 +139,7 @@ TEST_F(X11DesktopTest, aWindowThatTakesAnIdWhileNobodyLooked_isAnotherWindow) {
     auto [first, window] = openOne("First");
     EXPECT_SEEN(scene, "Editor: First");
     const std::int64_t number = scene.desktop->onScreenWindows()[0].number;
-    // No event loop of ours turns in between.
+    // Without a turn of our event loop in between.
     first->die();
     auto [second, again] = openOne("Second");
     ASSERT_EQ(again, window) << "the server no longer gives ids again: the case is not tested";
@@ -217,7 +217,7 @@ TEST_F(X11DesktopTest, focusWithoutRaise_isCreditedToTheFocusedWindow) {
     const xcb_window_t above = client.open(editor("Above"));
     client.activate(above);
     EXPECT_SEEN(scene, "Editor: Above");
-    // The window manager may still be busy with the window above, and give it the focus once more.
+    // The window manager may still be handling the window above, and focus it once more.
     ASSERT_TRUE(waitFor([&] {
         client.focus(below);
         return waitFor([&] { return scene.seen() == QStringLiteral("Editor: Below"); },

@@ -55,7 +55,7 @@ TEST_F(X11IdleTimeTest, eventsThatArriveWhileItAsks_areNotForgotten) {
     client.activate(window);
     EXPECT_SEEN(scene, "Client: Old");
     X11IdleTime asking(scene.desktop->connection());
-    // Through the same connection and without a turn of the loop, so that the news comes while it waits.
+    // Through the same connection and without a turn of the loop, so that news arrives while it waits.
     X11Connection& connection = scene.desktop->connection();
     for (int i = 0; i < 20; ++i) {
         const QByteArray title = "New " + QByteArray::number(i);

@@ -5,7 +5,7 @@
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/XClient.h"
 
-// Made before what is seen of it.
+// Made before the back end that looks at it.
 struct X11SceneDesk {
     Desk desk;
 };
@@ -31,7 +31,7 @@ public:
     std::unique_ptr<X11Desktop> desktop;
 
 private:
-    // Those that belong to a whole desktop keep their settings on a bus.
+    // Window managers of whole desktops keep their settings on a bus.
     static Desk::Bus busFor(const QString& windowManager) {
         static const QStringList kDesktops{QStringLiteral("xfwm4"), QStringLiteral("kwin_x11"),
                                            QStringLiteral("muffin"), QStringLiteral("mutter")};

@@ -18,8 +18,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// The calls on the files of one folder, of which one can be made to fail, to do only a part, or to be the
-// last one. After the last one the power may go too: then what was not synced is partly lost.
+// The system calls on the files of one folder. One of them can be made to fail, to do only a part, or to be
+// the last one. With the last one the power may fail too: then part of what was not synced is lost.
 class CrashingDisk : public FileCalls {
 public:
     struct Crash {};
@@ -28,7 +28,7 @@ public:
     explicit CrashingDisk(QString folder)
         : m_folder(std::move(folder)) {}
 
-    // From now on the `number`-th call (from 1) goes wrong, once. Counts anew.
+    // From now on the `number`-th call (from 1) goes wrong, once. Restarts the count.
     void arm(Fault fault, int number, int error = EIO) {
         m_fault = fault;
         m_faultAt = number;
@@ -37,7 +37,7 @@ public:
         happened = false;
     }
 
-    // These answer with the error until told otherwise; 0 ends it.
+    // These calls answer with this error until it is set to 0.
     // How many calls in a row fail.
     int failing = 1;
     int allocateError = 0;
@@ -47,7 +47,7 @@ public:
     bool happened = false;
     bool hasCrashed() const { return happened && m_fault == Fault::Crashes; }
 
-    // The state of the disk that a power cut leaves: what was synced, and by chance more, block by block.
+    // The disk after a power cut: what was synced and, by chance, more of it, block by block.
     void losePower(std::mt19937& chance) {
         const std::map<QString, File> current = currentNames();
         std::map<ino_t, File> files;
@@ -55,7 +55,7 @@ public:
             files[file.inode] = file;
         std::map<QString, File> after;
         for (const auto& [name, file] : chance() % 2 ? m_durableNames : current) {
-            // A file that was removed, though not for good, is what it was.
+            // A file whose removal was not synced has its old content.
             const auto found = files.find(file.inode);
             after[name] = mixed(m_durable[file.inode], found == files.end() ? file : found->second, chance);
         }
@@ -65,7 +65,7 @@ public:
             put(name, file);
     }
 
-    // Everything is on the disk for good.
+    // Makes everything on the disk permanent.
     void settle() {
         m_durableNames = currentNames();
         m_durable.clear();
@@ -130,7 +130,7 @@ public:
             m_durableNames = currentNames();
         else
             m_durable[status.st_ino] = contentOf(QStringLiteral("/proc/self/fd/%1").arg(file));
-        // The real disk need not be waited for.
+        // The real disk is not synced: that would only cost time.
         return 0;
     }
 
@@ -156,7 +156,7 @@ private:
         return error != 0;
     }
 
-    // Counts the call and answers whether it fails. In a crash a part of it may still be done.
+    // Counts the call and answers whether it fails. In a crash, part of it may still be done.
     template<class Part = void (*)()>
     bool begins(
         bool isShort = false, Part&& part = [] {}) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Two of one name are told apart, and neither comes before a shorter name.
+// Tells two timers of the same name apart without sorting them before a shorter name.
 QString sortKey(const TimeStoreNode& node) {
     return node.name() + QChar(1) + node.uuid().value().text();
 }

@@ -33,7 +33,7 @@ public:
     // Another window of the application in front.
     void window(const char* title);
 
-    // The front window takes another title.
+    // Time passes while the person works.
     void retitle(const char* title);
 
     void closeAllWindows() { fakes.windowList.windows.clear(); }
@@ -41,20 +41,20 @@ public:
     // Time passes while the person works.
     void seconds(double time);
 
-    // Time passes and nobody touches anything. Going on from another idle() it is the same pause.
+    // Time passes without input. A second idle() directly afterwards continues the same pause.
     void idle(double time) { advance(time); }
 
-    // The machine sleeps, says so before and after, and is woken by the person.
+    // The machine sleeps, announces it before and after, and is woken by the person.
     void asleep(double time);
 
-    // Nothing runs, not even the timers, while time passes.
+    // Time passes while nothing runs, not even timers.
     void stall(double time) { fakes.clock.advance(nanoseconds(time)); }
 
     void freeze(const char* application, const char* title = nullptr);
 
     void remove(const char* application, const char* title = nullptr);
 
-    // The timer of that name (not the one shown). Two of one name: the later one.
+    // The timer of that name (not the one shown). If two have the name: the later one.
     TimeStoreNode& node(const char* application, const char* title = nullptr);
 
     double secondsOf(const char* application, const char* title = nullptr);
@@ -63,7 +63,7 @@ public:
     // the name shown behind a "~" where it is another.
     std::string tree() const;
 
-    // The number of the window that bears that title on the screen.
+    // The number of the window that has this title on the screen.
     std::int64_t windowNumber(const char* application, const char* title);
 
     static std::chrono::nanoseconds nanoseconds(double time);

@@ -10,7 +10,7 @@
 #include <memory>
 #include <utility>
 
-// What the observers and their maker share; it outlives both.
+// Shared by the observers and their maker; outlives both.
 struct FakeAccessibilityState {
     // Notifications that cannot be added, or removed.
     QSet<QString> refusedAdditions;
@@ -102,7 +102,7 @@ public:
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
-    // An application tells of a change.
+    // An application reports a change.
     void tell() {
         const auto observers = state->running;
         for (const auto& [observer, callback] : observers)
@@ -117,7 +117,7 @@ public:
     // Whether observers can be made.
     bool observable = true;
     int preferencesOpened = 0;
-    // Whether the desktop can ask for trust, and how often it was made to.
+    // Whether the desktop can ask for trust, and how often it was asked to.
     bool canPrompt = true;
     int prompts = 0;
     int warnings = 0;

@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-// Answers every question as it was told beforehand, and remembers what was asked.
+// Answers every question as told in advance, and remembers what was asked.
 class FakeAlerts : public Alerts {
 public:
     int ask(const Question& question) override {
@@ -86,7 +86,7 @@ public:
 
     void showAbout(const QString&, const QString& text) override { about = text; }
 
-    // As somebody answers who only presses Return.
+    // Like somebody who only presses Return.
     int answer = Default;
     // What is chosen in panels; absent, they are closed.
     std::optional<QString> location;
@@ -97,15 +97,15 @@ public:
     Question last;
     QStringList panels;
     bool lastReplaces = false;
-    // Where the last panel began.
+    // Where the last panel started.
     QString begunAt;
-    // Whether work is given up as soon as its progress is shown.
+    // Whether the user cancels as soon as the progress is shown.
     bool givesUp = false;
-    // The user gives up once more than this is done.
+    // The user cancels once more than this is done.
     double givesUpAfter = 1;
-    // What was told to be done of what was waited for last.
+    // The parts that were reported for the last waitFor().
     std::vector<double> parts;
-    // What panels of progress were told, and what happens while they are painted.
+    // What progress panels were told, and what happens while they are painted.
     std::vector<double> progress;
     std::function<void()> whileProgressing;
     QStringList errors;

@@ -18,7 +18,7 @@
 
 #include <vector>
 
-// A desktop that has exactly the state it was given. Each of these is shorter than what it stands for.
+// Desktop services with exactly the state they are given. Each of these fakes is shorter than the real thing.
 
 class FakeFrontApplication : public FrontApplication {
 public:
@@ -37,22 +37,22 @@ public:
 
     QString obstacle() const override { return obstacleText; }
 
-    // The desktop brings an application to the front and tells of it.
+    // The desktop brings an application to the front and reports it.
     void switchTo(std::optional<ApplicationRecord> front) {
         record = std::move(front);
-        // The handler may be replaced while it runs.
+        // A copy, because the handler may be replaced while it runs.
         if (const auto handler = m_handler)
             handler();
     }
 
     bool isObserved() const { return bool(m_handler); }
 
-    // Changed here, the application comes to the front without the desktop telling.
+    // Changing this brings an application to the front without a report.
     std::optional<ApplicationRecord> record;
     // By path of the program.
     QHash<QString, QString> programNames;
     bool tellsOfSwitches = true;
-    // Why nothing can be told; empty when it can.
+    // Why nothing can be told; empty if it can.
     QString obstacleText;
 
 private:
@@ -82,7 +82,7 @@ public:
             giveSign();
     }
 
-    // The desktop tells or answers something.
+    // The desktop reports or answers something.
     void giveSign() {
         if (const auto heard = m_heard)
             heard();
@@ -112,7 +112,7 @@ public:
     // The user touches something now.
     void touch() { m_lastInput = m_clock.monotonic(); }
 
-    // As if the last input had been that long ago.
+    // As if the last input had been this long ago.
     void setIdle(std::chrono::nanoseconds time) { m_lastInput = m_clock.monotonic() - time; }
 
     std::chrono::nanoseconds idle() const {
@@ -144,7 +144,7 @@ public:
     void aboutToSleep() { call(m_handlers.aboutToSleep); }
     void wake() { call(m_handlers.woke); }
 
-    // Whether anybody tells of sleep.
+    // Whether the system reports power events.
     bool tells = true;
     int registrations = 0;
 
@@ -201,7 +201,7 @@ public:
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
-    // What it was told last, and of which windows it was told.
+    // What it was last told, and about which windows.
     bool isListed = true;
     QList<std::uint64_t> told;
 };

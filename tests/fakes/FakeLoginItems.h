@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-// A session that starts what it is told, unless it refuses.
+// A session that starts what it is told to, unless it refuses.
 class FakeLoginItems : public LoginItems {
 public:
     std::vector<LoginEntry> items() const override {

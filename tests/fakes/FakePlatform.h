@@ -11,8 +11,8 @@
 
 #include <QTemporaryDir>
 
-// Everything the program stands on, made of fakes, with a home of its own that goes with it. The settings are
-// real and know the registered defaults. What is built on it must go first.
+// All services of the desktop as fakes, with a temporary home. The settings are real and have the registered
+// defaults. What is built on it must be destroyed first.
 struct FakePlatform {
     FakePlatform();
     ~FakePlatform();

@@ -10,8 +10,8 @@
 
 #include <vector>
 
-// A machine whose services behave as told, and which remembers what was done to them. Helpers answer in the next turn of
-// the run loop, which must outlive it.
+// A machine whose services behave as told, and which remembers what was done to them. Helpers answer in the
+// next turn of the run loop, which must outlive it.
 class FakeServiceManagement : public ServiceManagement {
 public:
     explicit FakeServiceManagement(RunLoop& runLoop)
@@ -93,7 +93,7 @@ public:
     bool holdsInstallation = false;
     std::function<void(bool)> heldInstallation;
     bool connects = true;
-    // What the next requests come to; after them, they are answered.
+    // The outcome of the next requests; after them, requests succeed.
     std::vector<Failure> failures;
 
     QStringList calls;
@@ -104,7 +104,7 @@ private:
     RunLoop& m_runLoop;
 };
 
-// Remembers what was on the disk when it was to start anew.
+// Remembers what was on the disk at the restart.
 class FakeOwnProgram : public OwnProgram {
 public:
     explicit FakeOwnProgram(QString settingsFile)

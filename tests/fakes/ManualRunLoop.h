@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-// A clock that stands still until it is turned.
+// A clock that moves only when told.
 class HandClock : public Clock {
 public:
     explicit HandClock(Date start = Date(std::chrono::sys_days(std::chrono::year(2026) / 1 / 5)) +
@@ -39,7 +39,7 @@ public:
         m_sinceWallSet += time;
     }
 
-    // The user or the network sets the wall clock; the others do not notice.
+    // The user or the network sets the wall clock; the others do not change.
     void setWall(Date date) {
         m_wall = date;
         m_sinceWallSet = {};
@@ -48,7 +48,7 @@ public:
 private:
     Date m_wall;
     std::chrono::nanoseconds m_sinceWallSet{};
-    // Not zero, as no real clock is: a zero that means "never" shows.
+    // Not zero, like every real clock: so a zero that should mean "never" is noticed.
     std::chrono::nanoseconds m_monotonic = std::chrono::hours(1);
     std::chrono::nanoseconds m_slept{};
 };
@@ -67,12 +67,12 @@ public:
 
     void performSoon(Task task) override;
 
-    // Lets `time` pass, from one due timer to the next in the order in which they are due; timers due at the
-    // same instant fire in the order in which they were made. What was asked for soon runs before each.
-    // Timers that are overdue when it begins (the clock was turned past them) fire once, at the time it is.
+    // Lets `time` pass. Timers fire in the order in which they are due; those due at the same instant, in the
+    // order in which they were made. Tasks of performSoon() run before each. Timers that are already overdue
+    // at the start fire once, at the present time.
     void advance(std::chrono::nanoseconds time);
 
-    // Runs what was asked for soon, and what that asks for, until nothing is left.
+    // Runs the tasks of performSoon(), and those that they add, until none is left.
     void runPending();
 
     // How many timers will still fire.
@@ -90,7 +90,7 @@ private:
 
     std::shared_ptr<State> nextDue(std::chrono::nanoseconds end);
 
-    // The share keeps the task alive when it destroys its own timer.
+    // This reference keeps the task alive if it destroys its own timer.
     void fire(const std::shared_ptr<State>& timer);
 
     void run(const Task& task);

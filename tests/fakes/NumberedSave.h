@@ -6,7 +6,7 @@
 
 #include <functional>
 
-// What save number `number` writes: about `length` characters, so filled that no mixture of two saves passes for one.
+// The content of save `number`: about `length` characters, such that no mixture of two saves looks like one.
 inline std::function<void(PropertyListSink&)> numberedSave(int number, qsizetype length) {
     return [number, length](PropertyListSink& sink) {
         sink.beginDictionary();
@@ -26,7 +26,7 @@ inline QByteArray numberedSaveBytes(int number, qsizetype length) {
     return PropertyList::xml(builder.take());
 }
 
-// The number of the save that this is, or -2 when it is none as it was written.
+// The number of the save with this content; -2 if it is not exactly one save.
 inline int numberOfSave(const PropertyListValue& content) {
     const PropertyListDictionary* entries = content.asDictionary();
     if (!entries)

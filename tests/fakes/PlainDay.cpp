@@ -7,7 +7,7 @@
 namespace {
 
 constexpr double kCountedSecond = 1.073741824;
-// One minute of these.
+// One minute in the display's seconds.
 constexpr double kThreshold = 60 * kCountedSecond;
 
 bool isNobody(const std::string& name) {
@@ -19,7 +19,7 @@ bool isNobody(const std::string& name) {
 void PlainDay::front(const std::string& name, bool hasDocument) {
     m_front = name;
     m_hasDocument = hasDocument;
-    // It looks as if somebody were there.
+    // It looks as if somebody were there again.
     m_isNoticed = false;
 }
 
@@ -126,6 +126,6 @@ void PlainDay::noticeAbsence(double gap) {
 }
 
 double PlainDay::counted() const {
-    // A hair more, because the threshold is reached by a sum.
+    // A tiny bit more, because the threshold is reached by adding up.
     return std::floor(m_sinceInput / kCountedSecond + 1e-9);
 }

@@ -8,7 +8,7 @@
 
 #include <string>
 
-// Project records for tests, with numbers for identities.
+// Project records for tests, with numbers as identities.
 namespace ProjectSamples {
 
 // The eight bytes that hold the number, the largest byte first.

@@ -8,7 +8,7 @@
 
 #include <cctype>
 
-// The text of a file of Rich Text as a simple reader understands it: "|" ends a cell, a line feed a row or paragraph.
+// The text of an RTF file as a simple reader sees it: "|" ends a cell, a line feed a row or paragraph.
 inline std::string textOfRtf(const QByteArray& bytes) {
     QString text;
     int fontTableDepth = 0;
@@ -38,7 +38,7 @@ inline std::string textOfRtf(const QByteArray& bytes) {
             const int number = bytes.mid(digits, end - digits).toInt();
             if (word == "u") {
                 text += QChar(char16_t(number));
-                // The stand-in.
+                // The question mark for readers without Unicode.
                 ++end;
             } else if (end < bytes.size() && bytes[end] == ' ') {
                 ++end;

@@ -23,7 +23,7 @@ protected:
         return std::make_shared<TimeStoreApp>(store, name, time);
     }
 
-    // The window of that name in `app`, made if need be, with so many seconds.
+    // The window of that name in `app`, made if necessary, with this time.
     static std::shared_ptr<TimeStoreWindow> window(TimeStoreApp& app, const char* name, double seconds = 0,
                                                    std::optional<WindowElement> element = {}) {
         auto made = app.windowStoreForName(QString::fromUtf8(name), element);

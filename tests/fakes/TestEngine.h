@@ -8,7 +8,7 @@
 #include "Classes/store/TKUUIDManager.h"
 #include "tests/fakes/FakePlatform.h"
 
-// Shows nothing and remembers what it was told.
+// Shows nothing, and remembers what it was told.
 class RecordingTimerDisplay : public TimerDisplay {
 public:
     void showToggle(const QString& image, const QString& label) override {
@@ -27,12 +27,12 @@ public:
 
     // In order: "ToolbarPause Pause", "badge", "no badge", "menu icon".
     QStringList told;
-    // What every tick tells.
+    // What every tick reports.
     int timeSums = 0;
     int menus = 0;
 };
 
-// The whole engine, real from the tracker down to the settings file, on a platform of fakes.
+// The whole engine, real from the tracker down to the settings file, on fake desktop services.
 struct TestEngine {
     explicit TestEngine(const TimeTracker::MakeActivator& makeActivator = {});
     ~TestEngine();

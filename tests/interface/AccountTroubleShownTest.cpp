@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What troubles the account, where people look.
+// Where people see what troubles the account.
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/shell/StatusItem.h"
 #include "tests/fakes/Announcements.h"
@@ -30,7 +30,7 @@ struct AccountTroubleShownTest : testing::Test, Desk {
         return *bar().findChild<QPushButton*>(QStringLiteral("obstacleAcknowledge"));
     }
 
-    // The first entry of the tray's menu, as whoever opens it finds it.
+    // The first entry of the tray's menu when it is opened.
     std::string trayText() {
         QMenu& menu = controller.appDelegate().statusMenu().mainMenu();
         Q_EMIT menu.aboutToShow();

@@ -29,7 +29,7 @@ struct AppAuthorizationTest : testing::Test, Desk {
             machine().failures.push_back({kind, u"Nobody serves that name (%1)"_s.arg(i)});
     }
 
-    // The timer was to start where the desktop cannot ask for trust.
+    // Starts the timer where the desktop cannot ask for trust.
     void startUntrusted(int answer) {
         fakes.accessibility.canPrompt = false;
         alerts.answer = answer;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where Ticklog is found on the desktop, and how that is changed.
+// Where Ticklog appears on the desktop, and how that is changed.
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/shell/StatusItem.h"
 #include "tests/fakes/Announcements.h"
@@ -14,7 +14,7 @@ namespace {
 
 using Offer = SystemTray::Offer;
 
-// A Ticklog that is launched when everything about it is settled.
+// A Ticklog that is launched when the test has set everything up.
 struct AppPresenceTest : testing::Test, Desk {
     void launch() {
         controller.awakeFromNib();
@@ -29,7 +29,7 @@ struct AppPresenceTest : testing::Test, Desk {
 
     QMenuBar& menuBar() { return *controller.window().menuBar(); }
 
-    // The main menu as it is read: "File, Edit".
+    // The main menu as text: "File, Edit".
     std::string menus() {
         QStringList titles;
         for (const QAction* action : menuBar().actions())
@@ -41,7 +41,7 @@ struct AppPresenceTest : testing::Test, Desk {
 
     bool hasIcon() { return presence().statusBarItem() != nullptr; }
 
-    // "Hide Dock Icon (Display-Dock-Hide)", with "off: " before what cannot be chosen.
+    // "Hide Dock Icon (Display-Dock-Hide)", with "off: " in front if it is disabled.
     static std::string text(const QAction& item) {
         return (item.isEnabled() ? "" : "off: ") + str(item.text()) + " (" + str(item.data().toString()) +
                ')';
@@ -172,7 +172,7 @@ TEST_F(AppPresenceTest, settingsThatLeaveNoWayIn_bringTheDockIconBack) {
     fakes.defaults.setObject(kTKPrefAppType, 0);
     fakes.defaults.setObject(kTKPrefShowMenuItem, false);
     FakeAlerts otherAlerts;
-    // As the program that finds these settings at its launch.
+    // Like a program that finds these settings at its launch.
     TKController launched(fakes.platform, otherAlerts, [](int) {});
     EXPECT_EQ(storedType(), 1);
     EXPECT_EQ(launched.window().menuBar()->actions().size(), 6);
@@ -360,7 +360,7 @@ TEST_F(AppPresenceTest, begunWithoutItsWindow_aTrayThatComesLateGetsTheIconAndNo
 }
 
 TEST_F(AppPresenceTest, theDisplayStateMenu_togglesTheDockIcon) {
-    // Small enough that the menu has room beneath the control.
+    // Small enough that the menu fits below the control.
     controller.window().resize(controller.window().minimumSize());
     launch();
     controller.showDisplayStateMenu(&control());

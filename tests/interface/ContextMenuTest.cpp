@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the second mouse button and the menu key offer, and what an empty outline says.
+// What the secondary mouse button and the menu key offer, and what an empty outline says.
 #include "interface/labels/TKLabelButton.h"
 #include "interface/labels/TKLabelViewController.h"
 #include "tests/interface/ProjectDesk.h"
@@ -20,7 +20,7 @@ struct ContextMenuTest : testing::Test, ProjectDesk {
         return controller.window().findChild<QMenu*>(QLatin1String(name));
     }
 
-    // The colours in the menu of the project in that row, which is opened.
+    // Opens the menu of the project in that row; answers its colours.
     TKLabelViewController& labelsOver(int row) {
         QMenu* menu = openedOver(sidebar(), at(row), "projectContextMenu");
         auto* labels = menu ? menu->findChild<TKLabelViewController*>() : nullptr;

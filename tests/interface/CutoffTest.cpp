@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The least time that a timer must have to be shown.
+// Hiding timers with little time.
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/SumBar.h"
 #include "tests/interface/ProjectDesk.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Deleting rows, among all timers and in a project, and taking it back.
+// Deleting rows, among all timers and in a project, and undoing it.
 #include "tests/interface/ProjectDesk.h"
 
 #include <gtest/gtest.h>

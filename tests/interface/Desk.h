@@ -11,7 +11,7 @@
 
 #include <stdexcept>
 
-// The rows of a model that are there, in order: "Mail 00:00:40 [Inbox 00:00:30, Sent 00:00:10], Notes 00:00:05".
+// The rows of a model, in order: "Mail 00:00:40 [Inbox 00:00:30, Sent 00:00:10], Notes 00:00:05".
 inline QString textOf(const QAbstractItemModel& model, const QModelIndex& parent = {}) {
     QStringList rows;
     for (int row = 0; row < model.rowCount(parent); ++row) {
@@ -24,7 +24,7 @@ inline QString textOf(const QAbstractItemModel& model, const QModelIndex& parent
     return rows.join(QStringLiteral(", "));
 }
 
-// A person at a desk with Ticklog's window on a desktop of fakes. Time passes only as told.
+// A person with Ticklog's window, on fake desktop services. Time passes only as told.
 struct Desk {
     Desk() { fakes.idleTime.isBusy = true; }
 
@@ -71,7 +71,7 @@ struct Desk {
 
     QAbstractItemModel& model() { return *table().model(); }
 
-    // The row of that name, which must be there.
+    // The row of that name; it must exist.
     QModelIndex row(const char* name, const QModelIndex& parent = {}) {
         for (int row = 0; row < model().rowCount(parent); ++row)
             if (model().index(row, 0, parent).data(Qt::EditRole).toString() == QString::fromUtf8(name))
@@ -85,7 +85,7 @@ struct Desk {
             table().selectionModel()->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
 
-    // Triggers a command as a menu does: only if it is offered.
+    // Triggers a command as a menu does: only if it is enabled.
     void command(QAction* action) {
         if (!action->isEnabled())
             throw std::logic_error("the command is not offered: " + action->text().toStdString());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which rows are open is remembered: from one project to the next, and from one day to the next.
+// Which rows are expanded is remembered, from project to project and from day to day.
 #include "tests/interface/ProjectDesk.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ struct ExpansionTest : testing::Test, ProjectDesk {
     }
 };
 
-// What a controller that starts anew on this desk shows.
+// What a controller shows that is started anew on this desk.
 std::string shownAtTheNextStart(ProjectDesk& desk, int sidebarRow) {
     FakeAlerts alerts;
     TKController next(desk.fakes.platform, alerts, [](int) {});
@@ -143,7 +143,7 @@ TEST_F(ExpansionTest, rowsThatTwoProjectsShare_areTheirOwnAlsoWhenSeenLater) {
 
 TEST_F(ExpansionTest, aRowThatIsRememberedNoMore_staysOpenWhileItIsLookedAt) {
     expand("Notes");
-    // Saving projects forgets what is open and in none of them.
+    // Saving projects forgets expanded rows that are in no project.
     projects().removeMembers(*projects().projects().front(), {timers({QStringLiteral("Notes")}).front()});
     projects().saveData();
     controller.projectController().refreshProject();

@@ -49,7 +49,7 @@ private:
 
 class ExtensionOfferTest : public testing::Test {
 protected:
-    // A new launch of Ticklog, with a shell that says this of the extension.
+    // A new launch of Ticklog, with a shell that reports this state of the extension.
     void launch(State state) {
         offer.reset();
         extension.become(State::Unknown);
@@ -68,7 +68,7 @@ protected:
     UserDefaults defaults{home.filePath(QStringLiteral("settings")), notifications, runLoop, log};
     FakeShellExtension extension;
     FakeAlerts alerts;
-    // What a button beside the timers would do; empty where there is none.
+    // What the button beside the timers would do; empty if there is none.
     std::function<void()> shown;
     std::unique_ptr<ExtensionOffer> offer;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keys that mean one thing to a field somebody types into and another to the rows beside it.
+// Keys that mean one thing in a text field and another in the rows beside it.
 #include "tests/interface/ProjectDesk.h"
 
 #include <gtest/gtest.h>
@@ -13,12 +13,12 @@ struct FieldKeysTest : testing::Test, ProjectDesk {
         show();
         controller.window().activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&controller.window()));
-        // Whatever deletes by mistake is to succeed.
+        // If a key deletes by mistake, the deletion must succeed and be noticed.
         alerts.answer = Alerts::Alternate;
         select({row("Paint")});
     }
 
-    // As the desktop delivers it: to the shortcuts first.
+    // As the desktop delivers a key: to the shortcuts first.
     void press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(&widget, key, modifiers);
         settle();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What others call their windows, files and projects, at every place where it is shown.
+// Names of windows, files and projects from outside, at every place where they are shown.
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/shell/PlainText.h"
 #include "interface/shell/QtAlerts.h"
@@ -32,7 +32,7 @@ QStringList hostileTexts() {
             QStringLiteral("<h1>") + QString(10000, u'W')};
 }
 
-// What a person sees where Qt decides by itself what is markup.
+// What a person sees where Qt itself decides what is markup.
 QString drawn(const QString& text) {
     if (!Qt::mightBeRichText(text))
         return text.simplified();
@@ -88,7 +88,7 @@ struct ForeignTextTest : testing::Test, SetupDesk {
         return found;
     }
 
-    // Everything that is on the screen, or could be.
+    // Everything that is or could be on the screen.
     static void expectPlainWidgets() {
         for (QWidget* widget : QApplication::allWidgets()) {
             const auto* label = qobject_cast<const QLabel*>(widget);
@@ -105,7 +105,7 @@ struct ForeignTextTest : testing::Test, SetupDesk {
         }
     }
 
-    // Shows a box of `alerts` and looks at it while it is open.
+    // Shows a box of `alerts` and checks it while it is open.
     template<class Show>
     void expectPlainBox(Show show) {
         const auto look = [] {

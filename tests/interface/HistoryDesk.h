@@ -10,8 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-// A person whose history is kept, and who sets up what of it. What is written and read beside the main thread elsewhere is
-// here done at once.
+// A person who keeps a history and changes its settings. Work for other threads is done at once here.
 struct HistoryDesk : Desk {
     template<class Control>
     Control& control(const char* name) {
@@ -29,7 +28,7 @@ struct HistoryDesk : Desk {
 
     UserDefaults& defaults() { return fakes.defaults; }
 
-    // Somebody works with a window, and it is in the history.
+    // Somebody works in a window, and the history has it.
     void work(const char* application, const char* title, double time) {
         front(application, title);
         controller.timer().startTimer();

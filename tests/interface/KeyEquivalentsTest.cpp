@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The keys of commands, with the main menu and without it.
+// The shortcuts of commands, with the main menu and without it.
 #include "tests/interface/Desk.h"
 
 #include <QMenuBar>
@@ -21,7 +21,7 @@ struct KeyEquivalentsTest : testing::TestWithParam<std::int64_t>, Desk {
         table().setFocus();
     }
 
-    // As the desktop delivers them: shortcuts are heard before the widget with the focus.
+    // As the desktop delivers keys: to shortcuts before the focused widget.
     void press(const QKeySequence& keys) {
         QTest::keySequence(QApplication::focusWidget(), keys);
         settle();
@@ -30,7 +30,8 @@ struct KeyEquivalentsTest : testing::TestWithParam<std::int64_t>, Desk {
 
 } // namespace
 
-// With the task bar icon the main menu hears the keys; without it, it is empty and the window does.
+// With the task bar icon the main menu has the shortcuts; without it the menu is empty and the window has
+// them.
 INSTANTIATE_TEST_SUITE_P(AppType, KeyEquivalentsTest, testing::Values(1, 0));
 
 TEST_P(KeyEquivalentsTest, aCommandsKeys_runItOnce) {
@@ -48,7 +49,7 @@ TEST_P(KeyEquivalentsTest, aCommandsKeys_runItOnce) {
 TEST_P(KeyEquivalentsTest, everyCommandWithKeys_isRunByThem) {
     int seen = 0;
     for (QAction* command : controller.window().appMenu()) {
-        // What they do is not the matter here, nor whether they are offered just now.
+        // What the commands do, and whether they are enabled, does not matter here.
         QObject::disconnect(command, &QAction::triggered, nullptr, nullptr);
         command->setEnabled(true);
         int count = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows in every language: nothing is cut off, and each entry of a menu has a key of its own.
+// The windows in every language: nothing is cut off, and each menu entry has its own accelerator.
 #include "interface/setup/SetupWindow.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
 #include "platform/foundation/text/Translations.h"
@@ -19,7 +19,7 @@ namespace {
 
 const QStringList kLanguages{u"en"_s, u"de"_s, u"es"_s, u"fr"_s, u"ja"_s, u"pl"_s};
 
-// Made before the windows and gone after them.
+// Made before the windows and destroyed after them.
 struct Spoken {
     Spoken(const QString& language)
         : translations({language}) {
@@ -50,7 +50,7 @@ QString acceleratorOf(const QString& text) {
     return letter.match(text).captured(1).toUpper();
 }
 
-// `accelerated`: at least so many of them have a key.
+// `accelerated`: at least this many must have an accelerator.
 void expectDistinct(const QStringList& texts, qsizetype accelerated) {
     QStringList letters;
     for (const QString& text : texts) {
@@ -103,7 +103,7 @@ TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
     expectDistinct(textsIn(patternsWindow), 2);
 }
 
-// What a control needs for its text: less than its size hint, which has margins for looks.
+// What a control needs for its text: less than its size hint, which includes margins.
 QSize neededBy(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->minimumSizeHint();

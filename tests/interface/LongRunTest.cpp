@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Ten minutes at the window while the timer runs: nothing that the user has chosen, opened, scrolled to or begun to type
-// is disturbed by the time that passes.
+// Ten minutes with a running timer: the passing of time must not disturb what the user has selected,
+// expanded, scrolled to or begun to type.
 #include "tests/interface/ProjectDesk.h"
 
 #include <QScrollBar>
@@ -61,7 +61,7 @@ TEST_F(LongRunTest, selectionUnfoldedRowsAndPlace_stayForTenMinutes) {
         ASSERT_EQ(selection(), "Page 3 of 12, Program 30") << second;
         ASSERT_TRUE(table().isExpanded(row("Program 12"))) << second;
     }
-    // New rows above push the rows down in the list, not on the screen more than their own height.
+    // New rows above may push the list, but what is on the screen moves by no more than their height.
     EXPECT_EQ(model().rowCount(), 50);
     EXPECT_EQ(str(table().indexAt(QPoint(5, 5)).data(Qt::EditRole).toString()), str(shownAtTheTop));
     EXPECT_EQ(table().visualRect(table().indexAt(QPoint(5, 5))).top(), offset);
@@ -134,7 +134,7 @@ TEST_F(LongRunTest, aProjectsSelection_staysForTenMinutes) {
     select({row("Program 03"), row("Page 4 of 17", row("Program 17"))});
     for (int second = 1; second <= kMinutes * 60; ++second) {
         work(second);
-        // As when another program asks for it, or a member is frozen.
+        // As another program may ask, or when a member is frozen.
         if (second % 30 == 0)
             controller.projectController().refreshProject();
         ASSERT_EQ(selection(), "Program 03, Page 4 of 17") << second;
@@ -171,7 +171,7 @@ TEST_F(LongRunTest, ticks_repaintNoMoreThanTheRowsThatChange) {
     } painted;
     table().viewport()->installEventFilter(&painted);
     seconds(60);
-    // Two rows, the application's and its window's, once a second; they stand beneath one another.
+    // Two rows that are next to each other, the application's and its window's, once a second.
     EXPECT_GT(painted.area, 0);
     EXPECT_LE(painted.area, 61 * 3 * table().visualRect(row("Program 12")).height());
 }

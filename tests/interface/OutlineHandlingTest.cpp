@@ -53,7 +53,7 @@ struct OutlineHandlingTest : testing::Test, Desk {
     }
 };
 
-// A sidebar: rows that are no timers.
+// A sidebar: rows without timers.
 struct Sidebar {
     explicit Sidebar(TKOutlineDisplayView* redirect) {
         for (const char* name : {"All", "Thesis"})
@@ -476,7 +476,7 @@ TEST_F(OutlineHandlingTest, anyFoldingAndFreezing_leavesTheViewAndTheTreeAgreed)
                 controller.tracker().removeUUIDs({TKOutlineDisplayView::itemAt(top)->uuid().value()});
         }
         settle();
-        // Every row that is there is where the view says it is.
+        // Each row is where the view says it is.
         int place = 0;
         for (int i = 0; i < model().rowCount(); ++i) {
             const QModelIndex parent = model().index(i, 0);

@@ -13,7 +13,7 @@
 
 namespace {
 
-// What of a widget was painted.
+// Records which parts of a widget were painted.
 class PaintSpy : public QObject {
 public:
     explicit PaintSpy(QWidget& widget) { widget.installEventFilter(this); }

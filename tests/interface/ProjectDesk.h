@@ -36,7 +36,7 @@ struct ProjectDesk : Desk {
         projects().setLabel(*projects().addNewProjectWithItems(timers(members)), QString::fromUtf8(label));
     }
 
-    // The row's project is shown.
+    // Selects the row, so that its project is shown.
     void choose(int row) {
         sidebar().setCurrentIndex(at(row));
         settle();
@@ -92,7 +92,7 @@ struct ProjectDesk : Desk {
         settle();
     }
 
-    // "Mail, +Notes(List, Todo)": what the outline shows, expanded rows with a sign and their children.
+    // "Mail, +Notes(List, Todo)": what the outline shows; expanded rows with "+" and their children.
     std::string outlineText() {
         QStringList texts;
         for (int row = 0; row < model().rowCount(); ++row) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rows of a project, among which there may be windows.
+// The rows of a project, which may be windows.
 #include "Classes/store/TimeStoreCategory.h"
 #include "interface/outline/TimeTreeModel.h"
 #include "tests/fakes/TestEngine.h"
@@ -17,7 +17,7 @@ namespace {
 class ProjectRowsTest : public testing::Test {
 protected:
     ProjectRowsTest() {
-        // It would fetch from within what it is told.
+        // The tester would fetch more from within a signal.
         m_tester.setUseFetchMore(false);
         for (const char* name : {"Mail", "Notes", "Web"}) {
             engine.tracker.addWindowWithName(QString::fromUtf8(name), 10.0);

@@ -15,7 +15,7 @@
 namespace {
 
 struct QtAlertsTest : testing::Test {
-    // What asking answers when the person does that with the box.
+    // The answer when the person does this with the box.
     int answerTo(const std::function<void(QMessageBox&)>& act) {
         QTimer::singleShot(0, qApp, [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -162,7 +162,7 @@ TEST_F(QtAlertsTest, workThatTakesLong_isShownAndGivenUpByEscape) {
     bool isSeen = false;
     EXPECT_FALSE(alerts.waitFor(message, [&] {
         auto* panel = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-        // The key that gives it up is a shortcut, of a window that is active alone.
+        // Escape is a shortcut, which only an active window receives.
         if (panel && panel->isActiveWindow() && !isSeen) {
             isSeen = true;
             EXPECT_EQ(panel->accessibleName(), message);

@@ -37,7 +37,7 @@ TEST_F(RulesTest, onePlainLine_saysWhatRulesDoAndWhatTheyDoNot) {
     for (const char* said : {"leave out", "rename", "categorize", "reports"})
         EXPECT_TRUE(line.text().contains(QLatin1String(said))) << said;
     EXPECT_EQ(line.foregroundRole(), QPalette::WindowText);
-    // One line, or two where letters are wide.
+    // One line, or two if letters are wide.
     EXPECT_FALSE(line.text().contains(u'\n'));
     EXPECT_LE(line.height(), line.heightForWidth(line.width()));
     EXPECT_LT(line.mapTo(&setup.rulesTab(), QPoint()).y(), rules().mapTo(&setup.rulesTab(), QPoint()).y());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Narrowing what is shown, by a text and by a least time, and what is there again afterwards.
+// Narrowing the rows by a text and by a least time, and what is shown again afterwards.
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/SumBar.h"
 #include "tests/interface/ProjectDesk.h"

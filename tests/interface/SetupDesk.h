@@ -19,7 +19,7 @@
 #include <QToolButton>
 #include <QTreeView>
 
-// A person who sets Ticklog up.
+// A person who changes settings.
 struct SetupDesk : Desk {
     template<class Control>
     Control& control(const char* name) {
@@ -58,7 +58,7 @@ struct SetupDesk : Desk {
         return str(texts.join(QStringLiteral(", ")));
     }
 
-    // Fills the sheet that is open in and saves.
+    // Fills in the open sheet and saves.
     void fillIn(const char* name, const char* categories = "") {
         sheet().ruleAppName().setText(QString::fromUtf8(name));
         sheet().ruleCategories().setText(QString::fromUtf8(categories));

@@ -14,7 +14,7 @@
 
 namespace {
 
-// A language that says everything in more words.
+// A language that needs more words for everything.
 class Wordy : public QTranslator {
 public:
     QString translate(const char*, const char* text, const char*, int) const override {
@@ -36,7 +36,7 @@ struct SetupWindowTest : testing::Test {
             SetupWindow::Commands{[this] { ++relaunches; }, [this] { ++quits; }});
         const QSize wanted = window->size();
         window->makeKeyAndOrderFront();
-        // The screen of the tests is a small one.
+        // The test screen is small.
         window->resize(wanted);
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -53,7 +53,7 @@ struct SetupWindowTest : testing::Test {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }
 
-    // Nothing of a row's text is cut off.
+    // No text of a row is cut off.
     void expectRowsRoomy() {
         for (int step = 1; step <= 4; ++step) {
             const QLabel& text = row(step).textField();
@@ -251,7 +251,7 @@ TEST_F(SetupWindowTest, fromRightToLeft_restartIsOnTheLeft) {
 
 namespace {
 
-// A desktop that does not let Ticklog look.
+// A desktop that does not let Ticklog see windows.
 struct Untrusted : testing::Test {
     Untrusted() {
         fakes.accessibility.trusted = false;

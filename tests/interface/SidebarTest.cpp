@@ -83,7 +83,7 @@ TEST_F(SidebarTest, aDraggedRow_movesTheProjectBelowIt) {
     for (const char* label : {"A", "B", "C", "D"})
         addProject(label);
     show();
-    // Deliberately: the row's number counts the main item, and is taken as a place all the same.
+    // Deliberate: the row number counts the main item, but is used as a position.
     EXPECT_TRUE(dropProject(1, Qt::MoveAction, -1, at(4)));
     EXPECT_EQ(sidebarText(), "All Timers, A, C, [B], D");
     command(actions().undo);
@@ -282,7 +282,7 @@ TEST_F(SidebarTest, aDraggedProject_showsTheLineWhereItsRowWillLand) {
     for (const char* label : {"A", "B", "C"})
         addProject(label);
     show();
-    // The line's place: at the upper edge of the row there.
+    // Where the line is: at the upper edge of this row.
     const auto lineWhileDragging = [&](int dragged, const QPoint& point) {
         QMimeData data;
         data.setData(kProjectPasteboardType, projectPasteboardData(dragged));
@@ -290,7 +290,7 @@ TEST_F(SidebarTest, aDraggedProject_showsTheLineWhereItsRowWillLand) {
         QDragEnterEvent enter(point, Qt::MoveAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(sidebar().viewport(), &enter);
         QDragMoveEvent move(point, Qt::MoveAction, &data, Qt::LeftButton, {});
-        // The pointer is never still.
+        // A real pointer is never still.
         for (int step = 0; step < 3; ++step)
             QCoreApplication::sendEvent(sidebar().viewport(), &move);
         const QImage after = sidebar().viewport()->grab().toImage();

@@ -21,7 +21,7 @@ namespace {
 using Answer = SingleInstance::Answer;
 
 struct SingleInstanceTest : testing::Test {
-    // What a second start answers; the first must turn its loop meanwhile.
+    // What a second start answers; the first one's loop must turn meanwhile.
     bool handOver(const std::optional<QString>& file) { return answerTo(file) == Answer::Heard; }
 
     Answer answerTo(const std::optional<QString>& file) {
@@ -36,7 +36,7 @@ struct SingleInstanceTest : testing::Test {
         return answer;
     }
 
-    // A connection of somebody who knows the way.
+    // A connection of somebody who knows the socket.
     int connectTo(const QByteArray& path) const {
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
@@ -48,7 +48,7 @@ struct SingleInstanceTest : testing::Test {
 
     QByteArray path() const { return InstanceAddress(folder.path(), display).name(); }
 
-    // What it hears before the other side hangs up.
+    // What it receives before the other side hangs up.
     static bool hasHungUp(int guest) {
         char byte = 0;
         return ::recv(guest, &byte, 1, MSG_DONTWAIT) == 0;

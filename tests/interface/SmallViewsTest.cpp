@@ -20,7 +20,7 @@ struct SmallViewsTest : testing::Test, ProjectDesk {
         return *controller.window().findChild<TKConstrainedSplitView*>(QStringLiteral("splitView"));
     }
 
-    // Pulls the divider by so many pixels.
+    // Moves the divider by this many pixels.
     void pull(int pixels) {
         QWidget* divider = splitView().handle(1);
         const QPoint from = divider->rect().center();

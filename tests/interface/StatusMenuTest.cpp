@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The menu of the tray icon, as whoever opens it finds it.
+// The menu of the tray icon when it is opened.
 #include "interface/shell/StatusMenu.h"
 #include "tests/interface/ProjectDesk.h"
 
@@ -18,7 +18,7 @@ struct StatusMenuTest : testing::Test, ProjectDesk {
 
     QMenu& allTimers() { return menu().applicationTimesMenu(); }
 
-    // As a menu that is opened tells of it.
+    // Like a menu that signals its opening.
     static void open(QMenu& opened) { Q_EMIT opened.aboutToShow(); }
 
     static void close(QMenu& closed) { Q_EMIT closed.aboutToHide(); }
@@ -28,7 +28,8 @@ struct StatusMenuTest : testing::Test, ProjectDesk {
         open(allTimers());
     }
 
-    // "Start | Show Time Window | - | All Timers > | ...": lines are parted by a slash.
+    // "Start | Show Time Window | - | All Timers > | ...": the two lines of an entry are separated by a
+    // slash.
     static std::string text(const QMenu& menu) {
         QStringList entries;
         for (const QAction* action : menu.actions())

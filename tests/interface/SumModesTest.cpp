@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the sum below the rows adds up, and what it says of that.
+// What the sum below the rows adds up, and how it is labelled.
 #include "interface/shell/Images.h"
 #include "tests/interface/ProjectDesk.h"
 
@@ -27,7 +27,7 @@ struct SumModesTest : testing::Test, ProjectDesk {
         return str(sumShown() + u' ' + caption->text());
     }
 
-    // What is summed when all is asked for, with its mode.
+    // The sum of everything, with its mode.
     std::pair<std::string, SumMode> ofEverything() {
         SumMode mode = SumMode::None;
         const QString time = controller.totalTimeStringForAllObjects(1, &mode);

@@ -241,7 +241,7 @@ TEST_F(TKControllerTest, everyControl_hasANameForThoseWhoCannotSeeIt) {
             qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QAbstractItemView*>(widget) ||
             qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QLabel*>(widget) ||
             qobject_cast<const QMenuBar*>(widget) || qobject_cast<const QMenuBar*>(widget->parent());
-        // What Qt makes for itself, for what has no room in a bar, has names of its own or none.
+        // Widgets that Qt makes for itself, such as for a bar without room, have names of their own or none.
         const auto* menu = qobject_cast<const QMenu*>(widget);
         if (!isControl || widget->objectName().startsWith(QLatin1String("qt_")) ||
             (menu && menu->title().isEmpty()))

@@ -27,7 +27,7 @@ struct TKDocumentControllerTest : testing::Test, Desk {
         settle();
     }
 
-    // "Notes" under an identity of another account, with so many windows.
+    // "Notes" with an identity from another account, with this many windows.
     QString fileOfMany(int windows) {
         PropertyListArray list;
         for (int i = 0; i < windows; ++i)

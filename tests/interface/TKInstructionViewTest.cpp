@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture book that shows how trust is granted.
+// The instructions on how to grant trust.
 #include "interface/setup/TKInstructionView.h"
 #include "interface/setup/ImageView.h"
 #include "interface/setup/TKInstructionStepView.h"
@@ -43,7 +43,7 @@ struct TKInstructionViewTest : testing::Test {
 
     bool isTurning() { return turn().state() != QVariantAnimation::Stopped; }
 
-    // So many milliseconds into the page that is being turned. The clock on the wall has no say in it.
+    // Moves to this many milliseconds into the turn. Independent of the wall clock.
     void at(int time) {
         if (!isTurning())
             throw std::logic_error("no page is being turned");
@@ -51,10 +51,10 @@ struct TKInstructionViewTest : testing::Test {
         turn().setCurrentTime(time);
     }
 
-    // Lets the page that is being turned come to rest.
+    // Completes the turn that is under way.
     void finishTurn() { at(TKInstructionView::kTurnMs); }
 
-    // The pages that are turned until all is at rest.
+    // The pages that are turned until everything rests.
     std::vector<int> pages() {
         std::vector<int> shown;
         while (isTurning()) {

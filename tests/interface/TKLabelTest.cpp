@@ -197,7 +197,7 @@ TEST(TKProjectFooterBoxTest, theBox_followsTheOutlinesBackground) {
 
 TEST_F(TKLabelTest, theOtherButtons_chooseNothing) {
     open();
-    // A menu that comes up under the mouse is closed by the next click there: the mouse is elsewhere first.
+    // A menu that opens under the pointer is closed by a click there, so the pointer is elsewhere first.
     QTest::mouseMove(&button(5));
     menu.close();
     open();

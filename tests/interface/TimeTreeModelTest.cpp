@@ -181,7 +181,8 @@ TEST_F(TimeTreeModelTest, foldedRows_areNoLongerWatched) {
 
 namespace {
 
-// Changes the tree in every way there is, over and over, and compares the rows with the tree sorted plainly.
+// Changes the tree in every possible way, over and over, and compares the rows with the tree in plain
+// sorting.
 class Shuffle {
 public:
     Shuffle(TestEngine& engine, TimeTreeModel& model, unsigned seed)
@@ -283,7 +284,7 @@ private:
             window->addTimeInterval(seconds);
     }
 
-    // Adds the texts of the rows to `shown` and answers those that stand before one they belong behind.
+    // Adds the texts of the rows to `shown`, and answers those that are out of order.
     QString disorderBeneath(const QModelIndex& parent, QStringList& shown) const {
         QString disorder;
         for (int row = 0; row < m_model.rowCount(parent); ++row) {
@@ -328,7 +329,7 @@ TEST_F(TimeTreeModelTest, anyChanges_leaveTheRowsOfTheTree) {
         if (isTested) {
             tester = std::make_unique<QAbstractItemModelTester>(
                 &model, QAbstractItemModelTester::FailureReportingMode::Fatal);
-            // It would fetch from within what it is told.
+            // The tester would fetch more from within a signal.
             tester->setUseFetchMore(false);
         }
         model.sort(TimeTreeModel::ProgramColumn, Qt::AscendingOrder);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Taking back names and deletions, one after the other and in between what else happens.
+// Undoing names and deletions, one after the other and with other events in between.
 #include "tests/interface/ProjectDesk.h"
 
 #include <gtest/gtest.h>

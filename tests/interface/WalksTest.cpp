@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every command of the menus, reached as people reach them: by the mouse alone and by the keyboard alone.
+// Every menu command, reached as people do: by the mouse alone and by the keyboard alone.
 #include "tests/interface/ProjectDesk.h"
 
 #include <QAccessible>
@@ -71,7 +71,7 @@ struct Walk : ProjectDesk {
 
 struct WalksTest : testing::Test, Walk {};
 
-// Walks to every command that is offered, each time on a desk of its own.
+// Goes to every enabled command, each time on a new desk.
 void forEachCommand(const std::function<void(Walk&, QMenu&, QAction&)>& reach) {
     int walked = 0;
     for (int menu = 0, command = 0;; ++command) {
@@ -113,7 +113,7 @@ void collectNames(QAccessibleInterface* node, QStringList& names) {
 TEST(Walks, everyCommand_canBeReachedByTheMouseAlone) {
     forEachCommand([](Walk& walk, QMenu& menu, QAction& action) {
         QMenuBar& bar = *walk.window().menuBar();
-        // Where the mouse has not been moved since a menu came up, a click closes it: it has to have been somewhere.
+        // If the mouse has not moved since a menu opened, a click closes the menu; so it moves first.
         const QPoint title = bar.actionGeometry(menu.menuAction()).center();
         QTest::mouseMove(&bar, title);
         walk.settle();

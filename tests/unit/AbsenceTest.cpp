@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What becomes of the time in which nobody is there.
+// What happens to time in which nobody is there.
 #include "Classes/engine/IdleBookings.h"
 #include "tests/fakes/Day.h"
 
@@ -31,7 +31,7 @@ TEST_F(AbsenceTest, aLockInTheMiddle_isTheSameAbsence) {
     m_day.idle(80);
     m_day.front("ScreenSaverEngine");
     m_day.idle(15);
-    // 60 at the onset, which the display reaches after 64.4 seconds, and what came after it.
+    // At the onset 60 seconds, which the display reaches after 64.4 real ones, and what came after it.
     EXPECT_NEAR(m_day.secondsOf("Idle"), 90.6, 0.15);
     EXPECT_NEAR(m_day.secondsOf("Mail"), 64.4, 0.2);
 }
@@ -58,7 +58,7 @@ TEST_F(AbsenceTest, aScreenLockedBeforeTheThreshold_leavesTheTimeBeforeTheLockTo
     m_day.idle(20);
     m_day.front("ScreenSaverEngine");
     m_day.idle(60);
-    // At the onset 60 are due, of which 44.5 have been booked by the lock.
+    // At the onset 60 are due, of which the lock has already booked 44.5.
     EXPECT_NEAR(m_day.secondsOf("Idle"), 60 + 15.6, 0.2);
     EXPECT_NEAR(m_day.secondsOf("Mail"), 20, 0.2);
 }
@@ -84,7 +84,7 @@ TEST_F(AbsenceTest, whileStopped_nobodyIsAwayEither) {
     m_day.start();
     m_day.seconds(10);
     m_day.stop();
-    // Even if there are ticks.
+    // Even with ticks.
     m_day.control.recreateComputeTimer();
     m_day.idle(1000);
     EXPECT_EQ(m_day.tree(), "Mail 10 [Inbox 10]");

@@ -64,7 +64,7 @@ TEST_F(AccountTroubleTest, aFolderThatIsMissing_isNamedAsTheReason) {
 }
 
 TEST_F(AccountTroubleTest, aPlaceWhereNobodyWrites_isNamedAsTheReason) {
-    // Read-only for the administrator as well.
+    // Not even root can write this file.
     EXPECT_EQ(str(AccountTrouble::unwritten(QStringLiteral("/proc/sys/kernel/ostype"))),
               "“ostype” cannot be saved: its folder is read-only.");
 }
@@ -76,7 +76,7 @@ TEST_F(AccountTroubleTest, aDiskWithoutRoomForAnotherCopy_isNamedAsTheReason) {
     struct statvfs disk {};
 
     ASSERT_EQ(::statvfs(QFile::encodeName(home.path()).constData(), &disk), 0);
-    // By far, because others write and delete meanwhile.
+    // Much more than there is room for, because others write and delete meanwhile.
     ASSERT_TRUE(hollow.resize(2 * qint64(disk.f_bavail) * qint64(disk.f_frsize)));
     EXPECT_EQ(str(AccountTrouble::unwritten(hollow.fileName())),
               "“times.tkd” cannot be saved: the disk is full.");

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What is to be done in the background waits in `work` until a test does it.
+// Background work waits in `work` until a test runs it.
 class BackgroundMoveTest : public testing::Test {
 protected:
     QString path(const QString& name) const { return m_home.filePath(name); }

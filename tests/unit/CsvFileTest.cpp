@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a table gets onto the disk, and what stays when it does not.
+// Writing a table to the disk, and what is left if that fails.
 #include "Classes/record/CsvExport.h"
 #include "tests/fakes/CrashingDisk.h"
 
@@ -73,7 +73,7 @@ TEST_F(CsvFileTest, everyCallThatFails_isToldAndLeavesNoHalfFile) {
         const Outcome outcome = CsvExport::writeText(u"text"_s, path(), {}, disk);
         if (!disk.happened)
             break;
-        // Whatever the reason why nothing could be reserved, there may be room.
+        // If room could not be reserved, there may still be room.
         if (outcome)
             EXPECT_EQ(contentOf(path()).size(), 10);
         else

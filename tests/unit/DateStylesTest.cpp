@@ -14,7 +14,7 @@ class DateStylesTest : public testing::Test {
 protected:
     ~DateStylesTest() override { QLocale::setDefault(QLocale::c()); }
 
-    // Locales differ in which of their blanks they use.
+    // Locales use different spaces.
     static std::string plain(QString text) {
         return str(text.replace(QChar(0x202F), u' ').replace(QChar(0xA0), u' '));
     }

@@ -30,7 +30,8 @@ protected:
         ASSERT_TRUE(file.open(QFile::WriteOnly));
         file.write("[Desktop Entry]\n" + lines);
         file.close();
-        // Two changes within one tick of the kernel's clock leave a folder with the same time, which no person manages.
+        // Two changes within one tick of the kernel's clock would leave a folder with the same time, which
+        // does not happen to people.
         ++m_changes;
         for (QString place = QFileInfo(full).path(); place != folder.path(); place = QFileInfo(place).path())
             std::filesystem::last_write_time(place.toStdString(),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is taken in from files has bounds: each just within them, and just beyond.
+// Limits for content from files: each just within the limit, and just beyond.
 #include "Classes/exchange/PasteboardTypes.h"
 #include "Classes/projects/ProjectRecord.h"
 #include "Classes/record/StoreFile.h"
@@ -96,7 +96,7 @@ TEST(ThePasteboard, withMoreThanAllTimers_isNotRead) {
 }
 
 TEST(ValuesInFiles, asManyAsAreAllowed_areReadAndOneMoreIsNot) {
-    // The list is one of them.
+    // The list itself counts as a value.
     const QByteArray three = PropertyListXml::kHead.toByteArray() + "<array><true/><array/></array></plist>";
     EXPECT_TRUE(PropertyListPlainReader(three, 3).read());
     EXPECT_FALSE(PropertyListPlainReader(three, 2).read());
@@ -133,7 +133,7 @@ class TimersInFilesTest : public DatabaseTest {
 protected:
     static constexpr std::size_t kMost = 20;
 
-    // A file of so many timers, in one application where it has a version.
+    // A file with this many timers; with a version they are all in one application.
     QString fileOf(std::size_t timers, bool isLegacy) {
         PropertyListDictionary entries;
         if (isLegacy) {

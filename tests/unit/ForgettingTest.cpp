@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user chooses of the history: what is found of it before it is forgotten, and when a day of it begins.
+// Forgetting parts of the history: what is found before it is forgotten, and when a day begins.
 #include "Classes/common/Settings.h"
 #include "Classes/history/History.h"
 #include "Classes/history/HistoryFinding.h"
@@ -31,7 +31,7 @@ protected:
         day.start();
     }
 
-    // Of a day at the desk from 9:00 in UTC.
+    // A day at the desk, from 9:00 UTC.
     void work3() {
         day.front("Browser", "Doctor Meier - Results");
         day.seconds(60);

@@ -195,7 +195,7 @@ TEST_F(HistoryFileTest, aNewerProgramsFile_isLeftAlone) {
     EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("*damaged*")}), QStringList());
 }
 
-// As the first form was written, whatever the program of today writes.
+// Written by the first version, whatever today's program writes.
 TEST_F(HistoryFileTest, aFileOfTheFirstForm_isOpened) {
     ASSERT_TRUE(QFile::copy(QStringLiteral(TICKLOG_SOURCE_DIR "/tests/data/history/1.sqlite"), path));
     ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
@@ -241,7 +241,7 @@ TEST_F(HistoryFileTest, aFolderThatMayNotBeWritten_isTold_andWrittenWhenItMay) {
     EXPECT_EQ(diary(), "Mail [Inbox] 1");
 }
 
-// No file may become larger, as on a full disk.
+// No file may grow, as on a full disk.
 class FullDisk {
 public:
     explicit FullDisk(qint64 size) {
@@ -313,7 +313,7 @@ TEST_F(HistoryFileTest, textsOfEveryKind_areWhatTheyAre) {
     EXPECT_EQ(diary(), "Mail [" + odd.toStdString() + "] 1");
 }
 
-// A page is damaged: what the others say is taken over.
+// With one page damaged, the content of the others is rescued.
 TEST_F(HistoryFileTest, damagedAtAnyPage_whatCanBeReadIsTakenOver) {
     HistoryBatch batch;
     for (std::uint64_t i = 0; i < 1200; ++i)
@@ -337,7 +337,7 @@ TEST_F(HistoryFileTest, damagedAtAnyPage_whatCanBeReadIsTakenOver) {
         file.write(QByteArray(4096, char(0xa5)));
         file.close();
         HistoryKeeper again(path);
-        // Touches all of it.
+        // Something that touches all of it.
         const auto report =
             again.write({.changes = {HistoryChange::Forgotten{
                              .program = QStringLiteral("Nothing"), .title = {}, .from = {}, .to = {}}},

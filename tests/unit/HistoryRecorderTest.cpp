@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What is told of where the time goes, as it lies in the file, held against a plain account of the same days.
-// TICKLOG_RANDOM_DAYS says how many.
+// The stretches as they are in the file, compared with a plain account of the same days. TICKLOG_RANDOM_DAYS
+// says how many.
 #include "Classes/history/HistoryRecorder.h"
 #include "Classes/store/TimeStoreWindow.h"
 #include "tests/fakes/HistoryDiary.h"
@@ -21,15 +21,15 @@ using Time = std::chrono::milliseconds;
 // By day, program, title and presence.
 using Sums = std::map<std::string, std::int64_t>;
 
-// What an honest journal holds: pieces of time, each somebody's.
+// What an honest journal holds: pieces of time, each with its owner.
 class PlainJournal {
 public:
     void credit(Instant from, Instant to, std::int64_t wall, const QString& who) {
         m_pieces.push_back({from, to, wall, who});
     }
 
-    // All of the time that has passed since belongs to nobody. `walls` are the moments at which the wall clock was set or the
-    // machine woke, and what it showed then.
+    // All time since `since` belongs to nobody. `walls` has the moments at which the wall clock was set or
+    // the machine woke, and what it showed then.
     void absent(Instant since, Instant noticed, const std::vector<std::pair<Instant, std::int64_t>>& walls) {
         while (!m_pieces.empty() && m_pieces.back().to > since) {
             m_pieces.back().to = std::max(m_pieces.back().from, since);
@@ -90,7 +90,7 @@ Sums sumsIn(const QString& path) {
     return sums;
 }
 
-// What is not the same in both: "20261120/Mail/Inbox/0 12 instead of 10".
+// What differs: "20261120/Mail/Inbox/0 12 instead of 10".
 QStringList differences(Sums found, const Sums& expected) {
     QStringList lines;
     for (const auto& [who, time] : expected)
@@ -128,7 +128,7 @@ public:
             break;
         case 2:
             tickOnce();
-            // An hour forth or back at the most, and more than a second.
+            // By more than a second and at most an hour, forwards or backwards.
             m_engine.fakes.clock.setWall(m_engine.fakes.clock.now() +
                                          Time(1500 + pick(3'600'000)) * (pick(2) ? 1 : -1));
             wallIsAnother();
@@ -188,7 +188,7 @@ private:
                  pick(40) == 0 ? pick(9'000'000) : 1 + pick(300));
     }
 
-    // While the timer runs nothing befalls the wall clock that is not seen within a tick.
+    // While the timer runs, changes of the wall clock are seen within a tick.
     void tickOnce() { tick(*m_programs.front(), QString(), false, 100); }
 
     void tick(const TimeStoreApp& program, const QString& title, bool isIdle, int milliseconds) {

@@ -14,10 +14,10 @@
 
 namespace {
 
-// A day with its account and its history on the disk. The thread that writes is this one.
+// A day with its account and its history on the disk. The writing thread is replaced by this one.
 class Scene {
 public:
-    // Begins with the files of another, as they lay there when that one was killed.
+    // Begins with the files of another scene, as they were when that one was killed.
     explicit Scene(const Scene* killed = nullptr, std::int64_t days = 0) {
         const QString folder = day.fakes.folders.applicationSupport;
         EXPECT_TRUE(QDir().mkpath(folder));
@@ -69,7 +69,7 @@ public:
     std::optional<TimeDatabase> database;
     std::optional<History> history;
     int writes = 0;
-    // A disk that does not answer, and what waits for it.
+    // A disk that does not answer, and the work that waits for it.
     bool isHanging = false;
     std::vector<std::function<void()>> held;
 };

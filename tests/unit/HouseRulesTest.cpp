@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Rules of the house that no compiler checks. A line that breaks one is reported where it stands, with the
-// reason and with what to write instead.
+// Rules of the house that no compiler checks. A line that breaks one is reported with its place, the reason,
+// and what to write instead.
 #include "tests/Places.h"
 
 #include <QDir>
@@ -17,7 +17,7 @@ struct SourceFile {
     QStringList lines;
 };
 
-// What a line must not hold. Patterns are cut in two where this file would break its own rule.
+// What a line must not contain. Some patterns are split in two, because this file would break its own rule.
 struct LineRule {
     QString files;
     QString except;
@@ -57,7 +57,7 @@ void collect(const QDir& root, const QString& folder, std::vector<SourceFile>& f
     }
 }
 
-// Everything that people write and read here; not what was built, and no pictures.
+// All files that people write and read here; nothing that was built, and no pictures.
 std::vector<SourceFile> repository() {
     const QDir root(QStringLiteral(TICKLOG_SOURCE_DIR));
     std::vector<SourceFile> files;
@@ -73,7 +73,7 @@ void report(const SourceFile& file, qsizetype line, const QString& why) {
 
 void expectKept(const LineRule& rule) {
     const QRegularExpression forbidden(rule.forbidden);
-    // A rule that catches nothing guards nothing.
+    // A rule that catches nothing is useless: it must catch its own example.
     ASSERT_TRUE(forbidden.match(rule.brokenBy).hasMatch()) << qPrintable(rule.brokenBy);
     int checked = 0;
     for (const SourceFile& file : repository()) {

@@ -16,7 +16,7 @@ WindowListEntry window(std::int64_t number, const ApplicationRecord& owner) {
     return {number, owner.processIdentifier, true, QStringLiteral("Page %1").arg(number), owner.name};
 }
 
-// A back end that has found out what it is told here.
+// A back end that reports what a test says.
 class Desktop : public TellingDesktop {
 public:
     explicit Desktop(DesktopEntries& entries)

@@ -8,7 +8,7 @@
 
 namespace {
 
-// A main store on a stick, and launches with and without it.
+// A main store on a stick, and launches with and without the stick.
 class MainStoreOnAStickTest : public DatabaseTest {
 protected:
     MainStoreOnAStickTest() {
@@ -115,7 +115,7 @@ TEST_F(MainStoreOnAStickTest, killedAfterTheSaveThatBringsTogether_addsNothingTw
     plugIn();
     fakes.runLoop.advance(std::chrono::seconds(10));
     ASSERT_FALSE(notYetIn.isAbsent());
-    // As it lies there in the moment after the save.
+    // As it is just after the save.
     ASSERT_TRUE(QFile::rename(meanwhile + QStringLiteral(" copy"), meanwhile));
     fakes.defaults.setObject(kMeanwhileOf, of);
     fakes.defaults.setObject(kMeanwhileNotYetIn, notYetIn);
@@ -133,7 +133,7 @@ TEST_F(MainStoreOnAStickTest, killedBeforeTheSaveThatBringsTogether_addsItAtTheN
     fakes.defaults.setObject(
         kMeanwhileNotYetIn,
         QStringLiteral("%1 %2 %3").arg(info.size()).arg(info.lastModified().toSecsSinceEpoch()).arg(0));
-    // Whole seconds, so that the test need not know the rest.
+    // Whole seconds, so the test need not know the rest.
     QFile file(store);
     ASSERT_TRUE(file.open(QFile::ReadWrite));
     const auto whole = QDateTime::fromSecsSinceEpoch(info.lastModified().toSecsSinceEpoch());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What ./dev installs, and what it leaves out, on a machine with apt that is made up.
+// What ./dev installs and leaves out, on an imaginary machine with apt.
 #include "tests/Places.h"
 
 #include <QDir>
@@ -13,14 +13,15 @@ namespace {
 
 class PackageLists : public testing::Test {
 protected:
-    // Each is a file with a name a line: what the lists that are here have, what they have once renewed, what is installed.
+    // Each list is a file with one name on a line: packages in the present lists, packages in renewed lists,
+    // installed packages.
     void hold(const char* list, const QByteArray& packages) {
         QFile file(m_place.filePath(QLatin1String(list)));
         ASSERT_TRUE(file.open(QFile::WriteOnly));
         file.write(QByteArray(packages).replace(' ', '\n') + '\n');
     }
 
-    // Standing in for a program of the system's.
+    // Replaces a program of the system.
     void provide(const char* program, const QByteArray& script) {
         QFile file(m_place.filePath(QLatin1String(program)));
         ASSERT_TRUE(file.open(QFile::WriteOnly));
@@ -38,7 +39,7 @@ protected:
         provide("sudo", "exec \"$@\"\n");
     }
 
-    // What is said.
+    // Answers the output.
     QString need(const QByteArray& wanted) {
         QProcess bash;
         bash.setProcessChannelMode(QProcess::MergedChannels);

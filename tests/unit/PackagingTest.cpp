@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The files by which desktops, software centres and services know Ticklog: that they say the same, in every language.
+// The files by which desktops, software centres and services know Ticklog: they must agree, in every
+// language.
 #include "tests/Places.h"
 
 #include <QDirIterator>
@@ -48,7 +49,7 @@ QMap<QString, QStringList> textsOf(const QString& file, const QString& element) 
     return texts;
 }
 
-// That each language says as much as English, and nobody says it twice.
+// Each language must have as many texts as English, each once.
 void expectInEveryLanguage(const QString& file, const QString& element) {
     SCOPED_TRACE(qPrintable(file + u": "_s + element));
     const auto texts = textsOf(file, element);

@@ -208,7 +208,7 @@ TEST_F(PeriodicSaveTest, aYear_isArchivedOncePerThursday) {
     setClock("2026-01-01T14:30:00");
     turnOn(kThursday);
     fakes.clock.sleepFor(4h + 55min);
-    // Of each day the machine is awake for the eleven minutes in which it fires.
+    // The machine is awake each day for the eleven minutes in which the archive is made.
     for (int day = 0; day < 365; ++day) {
         addMail();
         fakes.runLoop.advance(11min);
@@ -337,7 +337,7 @@ TEST_F(PeriodicSaveTest, aFolderThatIsNoText_isTheApplicationSupportFolder) {
     EXPECT_TRUE(QFile::exists(fakes.folders.applicationSupport + QStringLiteral("/2026-01-05.csv")));
 }
 
-// A folder that cannot take the archive: made by `spoil` at the place of the chosen one.
+// A folder that cannot take the archive; `spoil` makes it in place of the chosen one.
 class UnwritableArchive
     : public PeriodicSaveTest,
       public testing::WithParamInterface<std::pair<const char*, void (*)(const QString&)>> {};
@@ -350,7 +350,7 @@ TEST_P(UnwritableArchive, theArchiveIsKeptBesideTheMainStoreAndTheTimersAreClear
     EXPECT_EQ(files(fakes.folders.applicationSupport), "2026-01-05.csv 2026-01-05.tkd");
     EXPECT_TRUE(fakes.log.lines.contains(QStringLiteral("Error Exporting")));
     EXPECT_TRUE(fakes.log.lines.join(u'\n').contains(QStringLiteral("is kept as ")));
-    // Again on the same day: nothing that was kept is overwritten.
+    // Again on the same day: archives that are kept are not overwritten.
     addMail();
     archiveNow();
     EXPECT_EQ(files(fakes.folders.applicationSupport),
@@ -369,7 +369,7 @@ INSTANTIATE_TEST_SUITE_P(PeriodicSave, UnwritableArchive,
                                          std::pair(
                                              "readonly",
                                              +[](const QString& path) {
-                                                 // Where even the administrator makes no files.
+                                                 // Where not even root can make files.
                                                  EXPECT_TRUE(QFile::link(QStringLiteral("/proc"), path));
                                              }),
                                          std::pair(
@@ -451,7 +451,7 @@ TEST_F(PeriodicSaveTest, nowhereToWrite_isToldAndTheTimersAreCleared) {
     EXPECT_TRUE(engine.trouble().text().contains(QStringLiteral("“2026-01-05.tkd” could not be written")));
 }
 
-// Where the clocks are put forward on the 29th of March and back on the 25th of October 2026, at two and three.
+// Clocks go forward on 29 March and back on 25 October 2026, at two and three o'clock.
 class PeriodicSaveInBerlin : public PeriodicSaveTest {
 protected:
     explicit PeriodicSaveInBerlin(const char* zone = "Europe/Berlin")
@@ -462,7 +462,7 @@ protected:
         fakes.defaults.setObject(kPeriodicSaveTime, Date(std::chrono::milliseconds(time)));
     }
 
-    // A machine that wakes for some minutes in every hour, on which something is counted every day.
+    // A machine that wakes for some minutes in every hour, with something counted every day.
     void passDays(int days) {
         for (int hour = 0; hour < days * 24; ++hour) {
             if (isCleared())
@@ -555,7 +555,7 @@ TEST_F(PeriodicSaveInBerlin, theRegisteredTime_isSevenInTheEveningThereToo) {
     EXPECT_EQ(firing(), "2026-07-01 19:30");
 }
 
-// Where the clocks go back on the 4th of April and forward on the 6th of September 2026, both at midnight.
+// Clocks go back on 4 April and forward on 6 September 2026, both at midnight.
 class PeriodicSaveInSantiago : public PeriodicSaveInBerlin {
 protected:
     PeriodicSaveInSantiago()

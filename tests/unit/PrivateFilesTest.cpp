@@ -71,7 +71,7 @@ TEST_F(PrivateFilesTest, aFolderBelowAFile_cannotBeMade) {
 
 constexpr uid_t kNobody = 65534;
 
-// Of the folder, by somebody whose it is: the tester, or somebody else where the tester is root.
+// The folder's owner: the tester, or somebody else if the tester is root.
 uid_t ownerOf(const QString& folder) {
     const QByteArray name = QFile::encodeName(folder);
     if (::geteuid() == 0) {

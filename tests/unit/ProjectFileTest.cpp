@@ -32,7 +32,7 @@ protected:
 
     QStringList filesAside() const { return QDir(m_folder).entryList({u"*.damaged-*"_s}); }
 
-    // What the file gives, read by somebody new.
+    // How many records a new object reads from the file.
     std::size_t countRead() { return ProjectFile(m_folder, m_log, m_trouble).read().size(); }
 
     QTemporaryDir m_home;
@@ -132,7 +132,7 @@ TEST_F(ProjectFileTest, recordsNestedTenThousandDeep_areRefusedAtOnce) {
     EXPECT_TRUE(m_log.mentions(u"cannot be read"_s));
 }
 
-// A list whose records each hold the next one twice: small as a file, and without end for whoever writes it out.
+// Records that each hold the next one twice: a small file that is endless when written out.
 TEST_F(ProjectFileTest, recordsThatShareThemselvesWithoutEnd_areRefusedAtOnce) {
     constexpr int kLevels = 60;
     QByteArray file = "bplist00";
@@ -213,7 +213,7 @@ TEST_F(ProjectFileTest, aDamagedFileTakenAwayMeanwhile_isWrittenAnew) {
 TEST_F(ProjectFileTest, aDamagedFileThatCannotBeSetAside_isNotOverwritten) {
     put("damaged");
     EXPECT_TRUE(m_file.read().empty());
-    // Nobody can rename in a folder that is none.
+    // Nothing can be renamed in a folder that is a file.
     ASSERT_TRUE(QDir().rename(m_folder, m_folder + u" elsewhere"_s));
     QFile blocked(m_folder);
     ASSERT_TRUE(blocked.open(QFile::WriteOnly));

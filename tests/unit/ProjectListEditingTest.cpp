@@ -16,7 +16,7 @@ using ProjectSamples::identities;
 using ProjectSamples::identity;
 using ProjectSamples::record;
 
-// Projects beside a tracker whose timers they hold: Mail with the windows Inbox and Drafts, and Editor.
+// Projects and a tracker with their timers: Mail with the windows Inbox and Drafts, and Editor.
 class ProjectListEditingTest : public testing::Test {
 protected:
     ProjectListEditingTest() {
@@ -37,7 +37,7 @@ protected:
         return m_list.addNewProjectWithItems(members);
     }
 
-    // The timers of a project by the names shown: "Mail Editor".
+    // The timers of a project, by the names shown: "Mail Editor".
     std::string shown(const ProjectRecord& project) {
         const auto node = m_nodes.timeStoreCategoryForProjectDict(project);
         m_day.tracker.updateTimeStoreCategory(*node, project.flattenedMembers());
@@ -231,7 +231,7 @@ TEST_F(ProjectListEditingTest, aKillBeforeTheTimersAreWritten_leavesTheProjectTh
     m_day.seconds(10);
     m_day.retitle("Inbox");
     m_day.seconds(10);
-    // The timers as they were written last, with the projects as they are.
+    // The timers as last written, with the present projects.
     Day next;
     next.tracker.setArrayRepresentation(before);
     const auto found = next.tracker.timeChildrenForChildUUIDs({inbox}, false);
@@ -317,7 +317,7 @@ TEST_F(ProjectListEditingTest, undoingADeletionAfterClearing_bringsTheNamesOfIts
     m_list.deleteProject(*work);
     ASSERT_EQ(m_day.registry.count(), 0);
     m_day.start();
-    // It is back before the project is, and somebody else by now.
+    // The timer comes back before the project does, with another identity.
     m_day.front("Mail", "Inbox");
     m_day.seconds(1);
     m_list.restore(before);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Random edits, beside a plain list that is edited alike and beside a view that knows only what it is told.
+// Random edits, compared with a plain list that is edited alike, and with a view that knows only what it is
+// told.
 #include "Classes/projects/ProjectDrops.h"
 #include "tests/fakes/Projects.h"
 #include "tests/fakes/Store.h"
@@ -19,7 +20,7 @@ class ProjectListRandomTest : public StoreTest {
 protected:
     using Change = ProjectListChange;
 
-    // Keeps a list of its own up to date as a sidebar does.
+    // Keeps its own list up to date, as a sidebar does.
     void follow(const Change& change) {
         if (change.phase == ChangePhase::Will)
             return;
@@ -70,7 +71,7 @@ protected:
         }
     }
 
-    // Identities of frozen timers are made beyond all others.
+    // Identities of frozen timers have numbers above all others.
     void freeze(unsigned member) {
         const unsigned frozen = ++m_lastFrozen;
         m_list.projectDupeNode({{ProjectSamples::identity(member), ProjectSamples::identity(frozen)}});
@@ -85,10 +86,11 @@ protected:
         if (row >= m_plain.size())
             return;
         const PlainProject copy = m_plain[row];
-        // Dropped on its own place it goes one up, by the same offset by which it is the wrong project.
+        // Dropped on its own place it moves one up, by the same offset as the one that picks the wrong
+        // project.
         if (!isCopy && std::ptrdiff_t(row) == position && position > 0)
             --position;
-        // The place is marked before anything is taken out.
+        // The place is determined before anything is removed.
         m_plain.insert(m_plain.begin() + position, copy);
         if (!isCopy)
             m_plain.erase(m_plain.begin() + std::ptrdiff_t(row) + (std::ptrdiff_t(row) >= position ? 1 : 0));
@@ -132,7 +134,7 @@ TEST_F(ProjectListRandomTest, manyEdits_leaveListViewAndFileAlike) {
         past.emplace_back(m_list.snapshot(), m_plain);
         const unsigned frozenBefore = m_lastFrozen;
         edit();
-        // What was frozen stays frozen: the plain list knows no better than to leave it out.
+        // What was frozen stays frozen; the plain list cannot follow that, so it leaves undoing out.
         if (m_lastFrozen != frozenBefore)
             past.clear();
     }

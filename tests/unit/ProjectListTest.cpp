@@ -16,7 +16,7 @@ using ProjectSamples::list;
 using ProjectSamples::numbers;
 using ProjectSamples::record;
 
-// A list of "Work" with the timers 1 and 2 and "Play" with 3.
+// Two projects: "Work" with the timers 1 and 2, "Play" with 3.
 class ProjectListTest : public StoreTest {
 protected:
     ProjectListTest() {
@@ -43,7 +43,7 @@ protected:
 
     std::string text() const { return text(m_list.arrayRepresentation()); }
 
-    // What the next launch would begin with.
+    // What the next launch would read.
     std::string written() { return text(ProjectFile(fakes.folders.documents, fakes.log, trouble).read()); }
 
     std::string told() {

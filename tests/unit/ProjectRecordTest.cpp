@@ -138,7 +138,7 @@ TEST(ProjectRecord, nestedRecords_surviveEveryChangeOfTheMembers) {
 
 TEST(ProjectRecord, tenThousandRecordsWithinEachOther_areWalkedWithoutAStack) {
     PropertyListValue inner = nested({data(1)});
-    // Taken apart again from the outside, or letting go of it would need the stack.
+    // Taken apart here, because its destructor would need the whole stack.
     std::vector<PropertyListValue> shells = {inner};
     for (int depth = 1; depth < 10'000; ++depth) {
         inner = nested({data(unsigned(depth % 100)), inner});
@@ -155,7 +155,7 @@ TEST(ProjectRecord, tenThousandRecordsWithinEachOther_areWalkedWithoutAStack) {
 
 TEST(ProjectRecord, aRecordThatIsSharedAThousandFold_isWalkedOnce) {
     PropertyListValue shared = nested({data(1)});
-    // Written out, these would be more than there are atoms.
+    // Written out, there would be more of these than atoms.
     for (int depth = 0; depth < 300; ++depth)
         shared = nested({shared, shared, data(2)});
     EXPECT_EQ(ProjectSamples::numbers(ProjectRecord(*shared.asDictionary()).flattenedMembers()), "1 2");

@@ -68,7 +68,7 @@ TEST(PropertyListBinary, integersOfEverySize_areUnderstood) {
 
 TEST(PropertyListBinary, kindsOfOtherPrograms_areMappedToTheNearest) {
     EXPECT_EQ(readObject(QByteArray("\x22\x3F\x80\0\0", 5)).asReal(), 1.0);
-    // Identifiers of archived objects, and empty sets.
+    // Kinds of the binary form that are not used: identifiers and empty sets.
     EXPECT_EQ(readObject("\x80\x2A").asInteger(), 42);
     EXPECT_EQ(readObject(QByteArray("\x82\x01\0\0", 4)).asInteger(), 65536);
     EXPECT_EQ(readObject("\xC0"), PropertyListValue(PropertyListArray{}));

@@ -115,7 +115,7 @@ TEST(PropertyListHostile, aBinaryFileOfAHundredThousandLevels_isRefused) {
 }
 
 TEST(PropertyListHostile, sharedObjectsThatAreTooDeepWhenPutTogether_areRefused) {
-    // The chain is read from its middle first, where it is still allowed.
+    // The chain is read from its middle first, where its depth is still allowed.
     BinaryFile file;
     file.object("\xA2\x51\x02");
     for (int i = 1; i < 200; ++i)
@@ -136,7 +136,7 @@ TEST(PropertyListHostile, entities_areRefusedBeforeTheyGrow) {
         failureOf("<?xml version=\"1.0\"?><!-- --><!DOCTYPE plist SYSTEM \">\" [<!ENTITY a \"b\">" + body),
         expected);
     EXPECT_EQ(failureOf("<!DOCTYPE plist [<!ENTITY % a \"b\"> %a;]><plist><true/></plist>"), expected);
-    // In UTF-16 a zero stands between the characters.
+    // In UTF-16, a zero is between the characters.
     QByteArray wide("\xFF\xFE", 2);
     for (const char character : QByteArray(laughs + body))
         wide += QByteArray(1, character) + '\0';
@@ -163,7 +163,7 @@ TEST(PropertyListHostile, whatFollowsTheDocument_isDamaged) {
 }
 
 TEST(PropertyListHostile, aBombOfSharedReferences_isRefused) {
-    // Each object holds the next one ten times, over and over.
+    // Each object holds the next one ten times, nine levels deep.
     BinaryFile file;
     for (int i = 0; i < 9; ++i)
         file.object(QByteArray("\xAA") + QByteArray(10, char(i + 1)));
@@ -183,7 +183,7 @@ TEST(PropertyListHostile, aLongTextThatIsReferredToVeryOften_isRefused) {
     EXPECT_NE(failureOf(file.bytes()).find("far larger than its file"), std::string::npos);
 }
 
-// One timer's record, held by one application as often as there is room.
+// One timer's record that an application refers to as often as there is room.
 TEST(PropertyListHostile, aTimerThatIsReferredToThousandsOfTimes_isRefused) {
     BinaryFile file;
     file.object(QByteArray("\xAF\x11\x13\x88", 4) + QByteArray(5000, '\1'));

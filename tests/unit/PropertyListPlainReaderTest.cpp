@@ -14,12 +14,12 @@ std::optional<PropertyListValue> plainly(const QByteArray& bytes) {
     return PropertyListPlainReader(bytes).read();
 }
 
-// A document as it is customarily written, around `inner`.
+// A document in the usual form, around `inner`.
 QByteArray customary(const QByteArray& inner) {
     return PropertyListXml::kHead.toByteArray() + inner + PropertyListXml::kFoot.toByteArray();
 }
 
-// "given up", "the same" as the reader that knows all of XML, or what is wrong.
+// "given up", "the same" as the full reader, or what is wrong.
 std::string besideTheFullReader(const QByteArray& bytes) {
     const auto plain = plainly(bytes);
     if (!plain)
@@ -27,7 +27,7 @@ std::string besideTheFullReader(const QByteArray& bytes) {
     const auto full = PropertyListXmlReader(bytes).read();
     if (!full)
         return "read what is damaged: " + full.failure().text.toStdString();
-    // As bytes, because a number that is none equals nothing.
+    // Compared as bytes, because NaN equals nothing.
     return PropertyList::xml(*plain) == PropertyList::xml(*full) ? "the same" : "read something else";
 }
 

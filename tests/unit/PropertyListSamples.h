@@ -10,7 +10,7 @@
 // Property lists to try things on.
 namespace PropertyListSamples {
 
-// One of every kind, with the corners of each.
+// A value of each kind, with its special cases.
 inline PropertyListValue everyKind() {
     const Date moment =
         Date(std::chrono::sys_days(std::chrono::year(2026) / 11 / 20)) + std::chrono::hours(23);
@@ -114,7 +114,7 @@ private:
     std::mt19937_64 m_engine;
 };
 
-// The seed of this run, to be printed, so that a failure can be had again.
+// The seed of this run; printed, so that a failure can be repeated.
 inline unsigned freshSeed() {
     return std::random_device()();
 }

@@ -246,7 +246,7 @@ TEST(PropertyListXml, theLocale_doesNotMatter) {
     const QByteArray expected = PropertyList::xml(everyKind());
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    // Where it is installed, the C library writes commas too.
+    // If this locale is installed, the C library writes decimal commas.
     const std::string old = std::setlocale(LC_ALL, nullptr);
     std::setlocale(LC_ALL, "de_DE.UTF-8");
     EXPECT_EQ(PropertyList::xml(everyKind()), expected);

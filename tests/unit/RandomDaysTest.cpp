@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Days in which anything may happen, held against a plain account of the same days. TICKLOG_RANDOM_DAYS says how many.
+// Days with random events, compared with a plain account of the same days. TICKLOG_RANDOM_DAYS says how many.
 #include "tests/fakes/Day.h"
 #include "tests/fakes/PlainDay.h"
 
@@ -14,11 +14,11 @@ constexpr std::array kApplications{"Mail", "Editor", "Browser", "Terminal"};
 constexpr std::array kTitles{"a", "b (1)", "c@d", "Untitled", "(x)", "a long title of several words"};
 constexpr int kStepsADay = 300;
 
-// Of one account: a switch is seen at the next tick, at its beginning and at its end.
+// For one account: a switch is noticed at the next tick, at both of its ends.
 constexpr double kPrecision = 0.31;
-// Of Idle: the display counts whole seconds of its own, and the next one may be reached within a tick.
+// For Idle: the display counts its own whole seconds, and may reach the next one within a tick.
 constexpr double kIdlePrecision = 1.39;
-// Of all together: what has passed since the last tick is lost when the timer stops.
+// For the sum: the time since the last tick is lost when the timer stops.
 constexpr double kTotalPrecision = 0.11;
 
 std::string frozenAs(const QString& name) {
@@ -26,7 +26,7 @@ std::string frozenAs(const QString& name) {
     return (dated < 0 ? name : name.left(dated) + QLatin1String(" (Frozen)")).toStdString();
 }
 
-// "(x)" names no document.
+// "(x)" contains no document.
 bool namesDocument(const char* title) {
     return title && *title != '(';
 }
@@ -38,14 +38,14 @@ public:
         launch();
     }
 
-    // Anything that may happen, and then some time. Answers what it was.
+    // Any random event, and then some time. Answers which event it was.
     std::string live() {
         const std::string what = happen();
         const int more = pick(4);
         if (more == 0)
             away(pick(1500) / 10.0);
         else if (more > 1)
-            // At least until the next look, or nobody sees that somebody was there.
+            // At least until the next check, or nobody would notice that somebody was there.
             work((1 + pick(600)) / 10.0);
         return what;
     }
@@ -75,7 +75,7 @@ public:
         return least;
     }
 
-    // Broken contracts, but for the one that is told of a gap with a young window.
+    // Broken contracts, except the one that a gap with a young window reports.
     QStringList failures() const {
         QStringList failures = m_day->fakes.runLoop.failures();
         failures.removeIf([](const QString& line) {
@@ -192,7 +192,7 @@ private:
         m_day->tracker.removeUUIDs({app->uuid().value()});
     }
 
-    // What a launch after a kill finds.
+    // Saves what a launch after a kill would find.
     void keep() {
         m_saved = m_day->tracker.arrayRepresentation();
         m_savedPlain = plain;

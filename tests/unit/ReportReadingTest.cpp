@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// ticklog-report on a real history, against adding up every stretch by itself.
+// ticklog-report on a real history, compared with adding up every stretch.
 #include "helpers/ticklog-report/ReportReading.h"
 #include "Classes/history/HistoryFile.h"
 #include "Classes/projects/ProjectFile.h"
@@ -58,7 +58,7 @@ protected:
         return ReportFormats::csv(report);
     }
 
-    // The same without any sum of the file's.
+    // The same without using the file's sums.
     QByteArray plainReport(const QStringList& arguments) {
         const ReportRequest wanted = request(arguments);
         const RecordedNames names(m_file.database(), m_folders);

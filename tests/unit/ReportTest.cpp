@@ -11,7 +11,7 @@ namespace {
 
 const QDateTime kNow(QDate(2026, 11, 20), QTime(18, 0), QTimeZone::utc());
 
-// Numbers are places in lists.
+// Numbers are positions in lists.
 class Names : public ReportNames {
 public:
     std::optional<QString> program(qint64 number) const override {
@@ -30,7 +30,7 @@ public:
 
 class ReportTest : public testing::Test {
 protected:
-    // Begins at this time of 20 November in UTC.
+    // A stretch that begins at this time on 20 November, UTC.
     void add(const char* time, double seconds, const char* program, const char* title,
              RecordedStretch::Presence presence = RecordedStretch::Presence::Work) {
         const QDateTime start(QDate(2026, 11, 20), QTime::fromString(QString::fromLatin1(time)),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which room stands on which, and that includes never go round in circles.
+// Which room stands on which; and that includes form no circles.
 #include "tests/Places.h"
 
 #include <gtest/gtest.h>
@@ -28,15 +28,15 @@ constexpr const char* kAccount =
 constexpr const char* kHelper =
     "a helper is small enough to be read whole: it knows neither the account nor a screen";
 
-// A folder, the rooms right below it, and why it knows no others: it may include its own files, theirs, and what they
-// may. ARCHITECTURE.md draws it.
+// A folder, the rooms directly below it, and the reason why it knows no others. It may include its own files,
+// those of these rooms, and what these may include. ARCHITECTURE.md draws this.
 struct Room {
     std::string folder;
     Paths below;
     std::string why;
 };
 
-// From the ground up.
+// From the bottom up.
 const std::vector<Room>& rooms() {
     static const std::vector<Room> all{
         {"platform/foundation/values", {}, kFoundation},
@@ -82,17 +82,17 @@ const std::vector<Room>& rooms() {
     return all;
 }
 
-// A source file and what it includes of ours, by line.
+// A source file and its includes of our files, by line.
 struct Source {
     std::string path;
     std::map<int, std::string> includes;
 
-    // The folder of rooms(); another where it is in none, as app/ is, which includes all.
+    // Its folder in rooms(). Absent from the list are folders such as app/, which may include everything.
     std::string room() const {
         const std::string folder = std::filesystem::path(path).parent_path().string();
         return folder.starts_with("interface/") ? "interface" : folder;
     }
-    // A header and its sources are one.
+    // A header and its sources count as one.
     static std::string unit(const std::string& path) { return path.substr(0, path.rfind('.')); }
 };
 
@@ -119,7 +119,7 @@ std::vector<Source> sources() {
     return result;
 }
 
-// Of each room all that it may include.
+// All that each room may include.
 std::map<std::string, std::set<std::string>> reach() {
     std::map<std::string, std::set<std::string>> result;
     for (const Room& room : rooms()) {
@@ -145,7 +145,8 @@ Graph unitsThatAreIncluded() {
     return graph;
 }
 
-// The shortest way of includes from one to the other, both included, that does not go there directly. Empty without one.
+// The shortest chain of includes from one file to another, both included, other than the direct one. Empty if
+// there is none.
 std::vector<std::string> detour(const Graph& graph, const std::string& from, const std::string& to) {
     std::map<std::string, std::string> cameFrom{{from, {}}};
     std::vector<std::string> open{from};
@@ -165,7 +166,7 @@ std::vector<std::string> detour(const Graph& graph, const std::string& from, con
     return way;
 }
 
-// Those of more than two, each once, beginning with the first by name.
+// Circles of more than two files, each once, beginning with the first by name.
 std::set<std::vector<std::string>> circles(const Graph& graph) {
     std::set<std::vector<std::string>> result;
     for (const auto& [unit, included] : graph)
@@ -202,7 +203,7 @@ TEST(Rooms, includes_goDownOnly) {
     EXPECT_GT(checked, 500);
 }
 
-// Two that know each other are one thing in two files; three are a knot.
+// Two that include each other are one thing in two files; three are a knot.
 TEST(Rooms, circles_areOfTwoFilesAtMost) {
     for (const std::vector<std::string>& circle : circles(unitsThatAreIncluded())) {
         std::string text;
@@ -215,6 +216,6 @@ TEST(Rooms, circles_areOfTwoFilesAtMost) {
 TEST(Rooms, aKnotOfThree_isSeen) {
     EXPECT_EQ(circles({{"b", {"c"}}, {"c", {"a", "d"}}, {"a", {"b"}}, {"d", {"e"}}}),
               (std::set<std::vector<std::string>>{{"a", "b", "c"}}));
-    // One that knows two, and is known by both, is none.
+    // One that includes two others and is included by both forms no circle of three.
     EXPECT_EQ(circles({{"a", {"b", "c"}}, {"b", {"a"}}, {"c", {"a"}}}), std::set<std::vector<std::string>>());
 }

@@ -89,7 +89,7 @@ TEST_F(SilenceWatchTest, noAnswer_leavesTheDesktopInFrontAndSaysWhyOnce) {
 TEST_F(SilenceWatchTest, aLateAnswer_bringsEverythingBack) {
     runLoop.advance(1h);
     ASSERT_EQ(seen(), kNothing);
-    // What it has to tell comes first, and must not be told before the silence is over.
+    // What it would report must wait until the silence is over.
     front.switchTo(kMailer);
     EXPECT_EQ(switches, QStringList(kDesktopName));
     signs.giveSign();

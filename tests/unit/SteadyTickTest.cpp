@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a tick costs in allocations. Every allocation of this program is counted here, those of the libraries too.
+// The cost of a tick in allocations. Counts every allocation of this program, including those of libraries.
 #include "tests/fakes/Day.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ std::atomic<long> g_allocations{0};
 
 } // namespace
 
-// A sanitizer has an allocator of its own, which tells of what it does; without one the C library's is wrapped.
+// A sanitizer has its own allocator, which reports its calls; without one, the C library's is wrapped.
 #if defined(__SANITIZE_ADDRESS__)
 extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*, std::size_t),
                                                          void (*)(const volatile void*));

@@ -18,13 +18,13 @@ namespace {
 
 class StoreFileTest : public testing::Test {
 protected:
-    // Every launch of the program has a store of its own.
+    // Each launch of the program has a store object of its own.
     StoreFile launch(FileCalls& calls) { return StoreFile(m_log, calls); }
 
     // On a disk without faults.
     StoreFile launch() { return launch(m_sound); }
 
-    // Now longer, now shorter than the last.
+    // Sometimes longer, sometimes shorter than the last.
     qsizetype lengthOf(int number) const { return m_length + number % 2 * 3000; }
     std::function<void(PropertyListSink&)> save(int number) const {
         return numberedSave(number, lengthOf(number));
@@ -33,7 +33,7 @@ protected:
 
     bool write(int number) { return bool(launch().write(m_path, save(number))); }
 
-    // Which save a launch reads: its number, 0 for none, -1 for a store that cannot be read, -2 for a
+    // The save that a launch reads: its number, 0 for none, -1 for a store that cannot be read, -2 for a
     // mixture.
     int read() { return read(m_sound); }
 
@@ -44,7 +44,7 @@ protected:
         return numberOfSave(*result);
     }
 
-    // Which save reading the file alone finds, as another program does.
+    // The save in the file alone, as another program would read it.
     int readPlainly() const {
         const auto result = PropertyList::readFile(m_path);
         return result ? numberOfSave(*result) : -1;
@@ -415,14 +415,14 @@ TEST_F(StoreFileTest, everyStateOfStoreAndSidecar_endsAsTheRuleSays) {
         EXPECT_EQ(aside().size(), row.expectedAside);
         EXPECT_EQ(QFile::exists(m_sidecar), row.expected < 0);
         EXPECT_FALSE(m_log.lines.isEmpty());
-        // Whatever it was, it can be saved again, and nothing that was there is lost without a word.
+        // Whatever it was, it can be saved again, and nothing is lost without a line in the log.
         EXPECT_EQ(bool(store.read(m_path)), row.expected > 0);
         EXPECT_TRUE(store.write(m_path, save(5)));
         EXPECT_EQ(read(), 5);
     }
 }
 
-// A disk on which files of that ending are somebody else's.
+// A disk on which files with that ending belong to somebody else.
 class StrangersDisk : public FileCalls {
 public:
     explicit StrangersDisk(const char* ending)
@@ -476,7 +476,7 @@ TEST_F(StoreFileTest, whatSomebodyHasPutInTheWayOfASave_isNeverWrittenTo) {
     EXPECT_EQ(content(other), "mine");
     EXPECT_EQ(read(), 1);
 
-    // In a folder where nobody removes what is another's.
+    // In a folder where nobody can remove files of others.
     struct StickyDisk : FileCalls {
         int remove(const char*) override {
             errno = EPERM;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the time goes, as it is told beside the tree.
+// The stretches that listeners are told.
 #include "Classes/common/Settings.h"
 #include "Classes/store/TimeStoreWindow.h"
 #include "tests/fakes/Day.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Writes down what is told, joined where nothing but the time has changed: "Mail [Inbox] 40".
+// Records what is told, joined if only the time differs: "Mail [Inbox] 40".
 class Diary : public StretchListener {
 public:
     explicit Diary(TimeTracker& tracker)

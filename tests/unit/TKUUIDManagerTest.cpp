@@ -225,7 +225,7 @@ TEST_F(TKUUIDManagerTest, aFailedWrite_isLoggedAndTriedAgain) {
     m_path = m_home.filePath(u"gone/TicklogUUID.plist"_s);
     const auto registry = open();
     QDir(m_home.path()).rmdir(u"gone"_s);
-    // Something that is no folder stands where the file's folder has to be.
+    // A file in the place of the folder.
     QFile obstacle(m_home.filePath(u"gone"_s));
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     registry->setUUID(Identity::brandNew(), u"a"_s);

@@ -17,13 +17,13 @@ protected:
 
     FakeAccessibility& accessibility() { return m_day.fakes.accessibility; }
 
-    // An application whose main window bears that title comes to the front.
+    // An application comes to the front whose main window has this title.
     void front(const char* application, const char* title) {
         show(application, title);
         m_day.fakes.frontApplication.switchTo(m_day.recordOf(application));
     }
 
-    // The window is the same as long as the title begins alike.
+    // The window is the same as long as its title begins the same.
     void show(const char* application, const char* title) {
         const QString text = QString::fromUtf8(title);
         const QString path = u"/window/"_s + text.left(1);

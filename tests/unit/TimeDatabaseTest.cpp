@@ -122,7 +122,7 @@ TEST_F(TimeDatabaseTest, aFileCutAtAnyByte_isReadWholeOrNotAtAll) {
         refused += database.loadDictionaryFromURL(cut) ? 0 : 1;
         EXPECT_TRUE(tree().isEmpty() || tree() == QStringLiteral("Mail 60.5 [Inbox 40.25]")) << length;
     }
-    // Only the line break at the very end may be missing.
+    // Only the last line break may be missing.
     EXPECT_GE(refused, whole.size() - 2);
 }
 
@@ -157,7 +157,7 @@ TEST_F(TimeDatabaseTest, wrongTypesAtEveryKey_areLeftOutOrCountAsNothing) {
     EXPECT_EQ(loads, 40);
 }
 
-// The entries of a file that says its version and has lost its applications.
+// The entries of files with a version but without a list of applications.
 const std::pair<const char*, PropertyListDictionary> kWithoutApplications[] = {
     {"missing", {{kDatabaseVersion, QStringLiteral("1.5")}}},
     {"misspelt", {{kDatabaseVersion, QStringLiteral("1.5")}, {QStringLiteral("apps"), PropertyListArray()}}},

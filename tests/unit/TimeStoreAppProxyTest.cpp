@@ -148,7 +148,7 @@ TEST_F(TimeStoreAppProxyTest, theApplicationsChildren_areAnnouncedAsItsOwn) {
     Announcements told(*proxy, {kChildrenKey, kIsLeafKey});
     window(*m_mail, "Inbox");
     EXPECT_EQ(told.told(), "will children, will isLeaf, did children, did isLeaf");
-    // The others are not `app`.
+    // The other children are not `app`.
     window(*m_frozen, "Inbox");
     EXPECT_EQ(told.count(), 4);
 }

@@ -13,7 +13,7 @@ protected:
         return {{kRecordName, QString::fromUtf8(name)}, {kRecordActiveTime, time}};
     }
 
-    // The key in the table is not to be seen; that a window is found under it is.
+    // The key is private, but whether a window is found under it can be seen.
     static bool isFoundAs(TimeStoreApp& app, const TimeStoreWindow& window, const QString& key) {
         const auto count = app.windowCount();
         return app.windowStoreForName(key, {}).get() == &window && app.windowCount() == count;
@@ -283,7 +283,7 @@ TEST_F(TimeStoreAppTest, windowsFrozenUnderOneName_stayRowsOfTheirOwn) {
 TEST_F(TimeStoreAppTest, aWindowWhoseTitlesIdentityIsTakenInItsApplication_getsOneOfItsOwn) {
     const auto editor = makeApp(u"Editor"_s);
     const auto a = window(*editor, "a");
-    // Shared on purpose; then it goes along to another title.
+    // The identity is shared deliberately; then it moves to another title.
     const auto retitled = window(*m_mail, "a");
     ASSERT_EQ(retitled->uuid(), a->uuid());
     retitled->setName(u"b"_s);

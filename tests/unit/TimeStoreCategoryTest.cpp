@@ -70,10 +70,10 @@ TEST_F(TimeStoreCategoryTest, itsChildren_areTheNodesThemselvesInTheirOrder) {
 TEST_F(TimeStoreCategoryTest, theSum_isOfSinglePrecision) {
     m_work->setChildren(list({makeNode(u"long"_s, 16'777'216.0), makeNode(u"short"_s, 1.0)}));
     EXPECT_EQ(m_work->activeTime(), 16'777'216.0);
-    // The addition itself is not: half of the next step is lost only after it.
+    // The additions are not rounded to single precision: only the next one loses the half.
     m_work->setChildren(list({makeNode(u"a"_s, 16'777'216.0), makeNode(u"b"_s, 1.5)}));
     EXPECT_EQ(m_work->activeTime(), 16'777'218.0);
-    // Nor is what is added: a member's time is not rounded before.
+    // Nor is what is added: a member's time is not rounded first.
     m_work->setChildren(list({makeNode(u"a"_s, 16'777'216.0), makeNode(u"b"_s, 1.00000001)}));
     EXPECT_EQ(m_work->activeTime(), 16'777'218.0);
 }
@@ -184,7 +184,7 @@ TEST_F(TimeStoreCategoryTest, theSameListAgain_isNoChange) {
     EXPECT_EQ(told.told(), "");
     m_mail->addTimeInterval(1);
     EXPECT_EQ(told.count(), 2);
-    // Another list of the same nodes is another list.
+    // Another list of the same nodes counts as a change.
     m_work->setChildren(list({m_mail}));
     EXPECT_EQ(told.count(), 4);
 }
@@ -244,7 +244,7 @@ TEST_F(TimeStoreCategoryTest, childrenThatComeDuringASearch_areSearchedToo) {
     m_work->setSearchString(u"mail"_s);
     m_work->setChildren(list({m_mail, m_editor}));
     EXPECT_EQ(children(*m_work), "Mail 100");
-    // What is not shown is observed all the same.
+    // Children that are hidden by the search are observed as well.
     Announcements told(*m_work, {kActiveTimeStringKey});
     m_editor->addTimeInterval(1);
     EXPECT_EQ(told.count(), 2);

@@ -95,7 +95,7 @@ TEST_F(TimeStorePruneProxyTest, theChildrenKept_areTheRealOnes) {
 }
 
 TEST_F(TimeStorePruneProxyTest, aChildThatSurvivesAsAProxyItself_isKeptWhole) {
-    // A proxy of a proxy's kind: the child is an application with windows of its own.
+    // A node that proxies treat as a group: its child is an application with windows.
     class Group : public TimeStoreNode {
     public:
         Group(TimeStoreServices& services, std::shared_ptr<TimeStoreItem> child)

@@ -21,7 +21,7 @@ protected:
                                              [this](const Notification&) { ++m_refreshes; });
     }
 
-    // A running day with 10 seconds in each of two windows of Mail, the second in front.
+    // A running day with 10 seconds in each of two windows of Mail; the second is in front.
     void workInTwoWindows() {
         m_day.start();
         m_day.front("Mail", "Drafts");
@@ -31,7 +31,7 @@ protected:
         m_refreshes = 0;
     }
 
-    // The tree with " (Frozen …)" of today read as "*".
+    // The tree, with today's " (Frozen …)" written as "*".
     std::string tree() const {
         return str(QString::fromStdString(m_day.tree())
                        .replace(u" (Frozen %1)"_s.arg(shortDate(m_day.fakes.clock.now())), u"*"_s));
@@ -75,7 +75,7 @@ TEST_F(TimeTrackerEditingTest, freezingAnApplicationWithTwoWindows_postsThreeTim
     for (const FrozenIdentities& entry : m_frozen)
         EXPECT_EQ(entry.size(), 1U);
     EXPECT_TRUE(frozen.branched());
-    // The fresh one takes over what projects know.
+    // The fresh timer has the identity that projects know.
     EXPECT_EQ(m_day.node("Mail").uuid(), app);
 }
 
@@ -275,7 +275,7 @@ TEST_F(TimeTrackerEditingTest, removingTheCurrentWindowWhileStopped_creditsNothi
 TEST_F(TimeTrackerEditingTest, removingTheApplicationOfAWindowThatStayedCurrent_leavesNoWindow) {
     m_tracker.addWindowWithName(u"Desktop"_s, 0);
     workInTwoWindows();
-    // It is known already and shows no window: the last one stays current.
+    // It is known already and shows no window, so the last window stays current.
     m_day.front("Desktop");
     ASSERT_TRUE(m_tracker.activeStoreWindow());
     m_day.remove("Mail");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Taking a freezing back, and doing it again, whatever has happened to the timers meanwhile.
+// Undoing and redoing a freezing, whatever has happened to the timers meanwhile.
 #include "Classes/projects/ProjectList.h"
 #include "platform/foundation/time/DateStyles.h"
 #include "tests/fakes/Announcements.h"
@@ -15,7 +15,7 @@ namespace {
 
 class TimeTrackerFreezingTest : public testing::Test {
 protected:
-    // A running day with 10 seconds in each of two windows of Mail, the second in front.
+    // A running day with 10 seconds in each of two windows of Mail; the second is in front.
     TimeTrackerFreezingTest() {
         m_day.start();
         m_day.front("Mail", "Drafts");
@@ -32,7 +32,7 @@ protected:
         return m_day.node(application, title).uuid().value();
     }
 
-    // The tree with " (Frozen …)" of today read as "*".
+    // The tree, with today's " (Frozen …)" written as "*".
     std::string tree() const {
         return str(QString::fromStdString(m_day.tree())
                        .replace(u" (Frozen %1)"_s.arg(shortDate(m_day.fakes.clock.now())), u"*"_s));
@@ -81,7 +81,7 @@ TEST_F(TimeTrackerFreezingTest, aWindowsFreezingTakenBack_isAsIfItHadNeverBeen) 
     EXPECT_EQ(uuid("Mail", "Inbox"), inbox);
     m_day.seconds(5);
     EXPECT_EQ(tree(), "Mail 30 [Drafts 10, Inbox 20]");
-    // The window on the screen is this timer's: another title renames it.
+    // The window on the screen belongs to this timer: a new title renames it.
     m_day.retitle("Sent");
     m_day.seconds(1);
     EXPECT_EQ(tree(), "Mail 31 [Drafts 10, Sent 21]");

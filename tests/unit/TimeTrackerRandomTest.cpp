@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Days of random work, held against what any honest account must show.
+// Days of random work, compared with what any honest account must show.
 #include "tests/fakes/Day.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ protected:
 
     double wallSeconds() const { return unixSeconds(m_day.fakes.clock.now()); }
 
-    // Every window is found by its key, and what is current is in the tree.
+    // Every window is found under its key, and what is current is in the tree.
     void expectSound(const std::string& after) {
         const TimeStoreApp* current = m_day.tracker.activeStoreApp();
         const TimeStoreWindow* currentWindow = m_day.tracker.activeStoreWindow();
@@ -63,7 +63,7 @@ protected:
         return any(windows).get();
     }
 
-    // In any order, which no user can: nothing may be lost or made up all the same.
+    // In an order that no user can reach; still nothing may be lost or added.
     template<class Step>
     void expectSameTotal(Step&& step) {
         const double before = total();
@@ -71,7 +71,7 @@ protected:
         EXPECT_NEAR(total(), before, 1e-6);
     }
 
-    // One thing that may happen in a day. Answers what it was.
+    // One random event of a day. Answers which it was.
     std::string happen() {
         switch (pick(14)) {
         case 0:
@@ -129,7 +129,8 @@ protected:
     Day m_day;
 };
 
-// What the account may hold at the most: the time that passed while running, and the idle time booked at each onset.
+// The most that the account may hold: the time that passed while the timer ran, and the idle time booked at
+// each onset.
 TEST_P(TimeTrackerRandomTest, aDay_neverHoldsMoreThanPassedAndStaysSound) {
     SCOPED_TRACE(testing::Message() << "seed " << GetParam());
     m_day.control.registerForSystemSleep(m_day.fakes.power);
@@ -143,7 +144,7 @@ TEST_P(TimeTrackerRandomTest, aDay_neverHoldsMoreThanPassedAndStaysSound) {
         if (pick(3) > 0)
             m_day.seconds(pick(50) / 10.0);
         const double passed = wallSeconds() - wall;
-        // Each reading may have ended in a booking of all the idle time there was.
+        // Each reading may have booked all the idle time there was.
         const bool mayBook = m_day.fakes.idleTime.reads > reads;
         allowed = std::max(0.0, passed) + (mayBook ? 20 * (idleBefore + passed) : 0);
         const double now = total();
@@ -153,7 +154,7 @@ TEST_P(TimeTrackerRandomTest, aDay_neverHoldsMoreThanPassedAndStaysSound) {
     }
 }
 
-// Without idle time and removals the account is the wall time, whatever is done to the windows.
+// Without idle time and removals the account equals the wall time, whatever is done to windows.
 TEST_P(TimeTrackerRandomTest, twoHundredQuickSwitches_sumUpToTheWallTime) {
     SCOPED_TRACE(testing::Message() << "seed " << GetParam());
     std::map<std::string, double> expected;
@@ -175,12 +176,12 @@ TEST_P(TimeTrackerRandomTest, twoHundredQuickSwitches_sumUpToTheWallTime) {
         expected[name] += time;
         ++switches[name];
     }
-    // Up to a tick: what has passed since the last one is credited by the next.
+    // Completes the tick, because the time since the last one is credited by the next.
     m_day.seconds((10 - sinceTick) / 100.0);
     const double passed = wallSeconds() - wall;
     EXPECT_NEAR(total(), passed, passed / 1000);
     for (const auto& [name, time] : expected)
-        // A switch back and forth is seen at its beginning and at its end.
+        // A switch there and back is noticed at both ends.
         EXPECT_NEAR(m_day.secondsOf(name.c_str()), time, 0.15 * 2 * switches[name]) << name;
 }
 

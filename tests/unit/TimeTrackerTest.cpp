@@ -26,7 +26,7 @@ protected:
         m_day.fakes.idleTime.answer = std::chrono::nanoseconds(seconds << 30);
     }
 
-    // Ticks stop for so long; then there is one.
+    // No ticks for this long; then one.
     void tickAfterGap(double seconds) {
         m_day.stall(seconds);
         m_day.advance(0);

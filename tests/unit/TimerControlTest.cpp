@@ -12,7 +12,7 @@ namespace {
 
 class TimerControlTest : public testing::Test {
 protected:
-    // Lets the first heartbeat pass and hears of sleep.
+    // Lets the first heartbeat pass, and registers for sleep.
     TimerControlTest() {
         m_control.registerForSystemSleep(m_day.fakes.power);
         m_day.advance(0);
@@ -219,7 +219,7 @@ TEST_F(TimerControlTest, leavingTheSession_stopsTheTicksAndSavesUntilTheHeartbea
     m_day.seconds(5);
     EXPECT_EQ(m_day.tree(), "Mail 9.9 [Inbox 9.9]");
     m_day.seconds(5.1);
-    // The first tick brings the gap in.
+    // The first tick credits the gap.
     EXPECT_EQ(m_day.tree(), "Mail 20 [Inbox 20]");
 }
 
@@ -280,7 +280,7 @@ TEST_F(TimerControlTest, aWakeUpAfterALongAbsence_booksNoIdleTimeAgain) {
     const auto before = m_day.tree();
     m_day.fakes.power.aboutToSleep();
     m_day.fakes.clock.sleepFor(std::chrono::hours(8));
-    // A lid that is opened is no input.
+    // Opening a lid is no input.
     m_day.fakes.power.wake();
     EXPECT_EQ(m_day.tree(), before);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The languages: that each says everything, says it rightly, and is found.
+// Every language has all texts, in the right form, and is found.
 #include "platform/foundation/text/Translations.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "tests/Places.h"
@@ -20,7 +20,7 @@ const QStringList kLanguages{u"de"_s, u"es"_s, u"fr"_s, u"ja"_s, u"pl"_s};
 struct Message {
     QString key;
     QString text;
-    // "unfinished", "vanished", "obsolete"; empty for one that is done.
+    // "unfinished", "vanished", "obsolete"; empty if translated.
     QString state;
 };
 
@@ -53,7 +53,7 @@ QList<Message> messagesIn(const QString& language) {
     return messages;
 }
 
-// What a string literal, or several in a row, says.
+// The text of one string literal, or of several in a row.
 QString meaningOf(const QString& literals) {
     static const QRegularExpression between(u"(?<!\\\\)\"\\s*\""_s);
     QString text = literals.trimmed();
@@ -81,7 +81,7 @@ QSet<QString> keysInTheSources() {
     return keys;
 }
 
-// All that `pattern` finds in a text, in an order of its own.
+// All matches of `pattern` in a text, sorted.
 QStringList found(const QString& pattern, const QString& text) {
     const QRegularExpression expression(pattern);
     QStringList result;
@@ -91,7 +91,7 @@ QStringList found(const QString& pattern, const QString& text) {
     return result;
 }
 
-// "&Datei" and "ファイル(&F)" have one; "Security & Privacy" has none.
+// "&Datei" and "ファイル(&F)" have an accelerator; "Security & Privacy" has none.
 qsizetype acceleratorsIn(const QString& text) {
     return found(u"&\\w"_s, text).size();
 }
@@ -203,7 +203,7 @@ TEST(Translations, endWithTheirObject) {
 
 struct Durations {
     const char* language;
-    // Of 0, 1, 2, 5 and 22: as seconds, and as hours, minutes and seconds of each count.
+    // For 0, 1, 2, 5 and 22: seconds alone, and hours, minutes and seconds together.
     std::vector<const char*> seconds;
     std::vector<const char*> together;
 };
@@ -225,7 +225,7 @@ INSTANTIATE_TEST_SUITE_P(
                   {"0 segundos", "1 segundo", "2 segundos", "5 segundos", "22 segundos"},
                   {"0 segundos", "1 hora, 1 minuto, 1 segundo", "2 horas, 2 minutos, 2 segundos",
                    "5 horas, 5 minutos, 5 segundos", "22 horas, 22 minutos, 22 segundos"}},
-        // Two forms for many ("22 godziny", "5 godzin") under one key: abbreviations are right for each.
+        // Polish has two plurals ("22 godziny", "5 godzin") for one key: abbreviations suit both.
         Durations{"pl",
                   {"0 sek.", "1 sek.", "2 sek.", "5 sek.", "22 sek."},
                   {"0 sek.", "1 godz., 1 min, 1 sek.", "2 godz., 2 min, 2 sek.", "5 godz., 5 min, 5 sek.",

@@ -23,7 +23,7 @@ const QString kSaveTime = QStringLiteral("periodicSaveTime");
 
 class UserDefaultsTest : public testing::Test {
 protected:
-    // The settings as a launch of the program finds them.
+    // The settings as a launch of the program reads them.
     std::unique_ptr<UserDefaults> launch() {
         return std::make_unique<UserDefaults>(m_path, m_notifications, m_loop, m_log);
     }
@@ -278,7 +278,7 @@ TEST_F(UserDefaultsTest, aFileInTheBinaryForm_isRead) {
 }
 
 TEST_F(UserDefaultsTest, aFailedWrite_isLoggedAndTriedAgainWithTheNextChange) {
-    // The folder cannot be made where a file stands.
+    // The folder cannot be made, because a file has its name.
     QFile obstacle(QFileInfo(m_path).path());
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     const auto defaults = launch();
@@ -299,7 +299,7 @@ TEST_F(UserDefaultsTest, aValueThatNoFileCanHold_isLogged) {
     defaults->removeObject(kMinutes);
 }
 
-// Another program that has the same settings open.
+// Another program that uses the same settings file.
 class SharedSettings : public UserDefaultsTest {
 protected:
     void otherProgramSets(const QString& key, const PropertyListValue& value) {

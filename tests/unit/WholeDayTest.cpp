@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One day through every hop, from the window list to the files, compared as text.
+// One day through all steps, from the window list to the files, compared as text.
 #include "Classes/record/TimeDatabase.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "platform/foundation/time/DateStyles.h"
@@ -52,7 +52,7 @@ protected:
         return str(lines.join(u'\n'));
     }
 
-    // What a person does between nine and lunch.
+    // What a person does from nine until lunch.
     static void liveTheMorning(Day& day) {
         day.front("Terminal", "me@host: ~/src");
         day.start();
@@ -67,7 +67,7 @@ protected:
         day.seconds(120.5);
         day.frontSilently("Browser", "(1) News");
         day.seconds(90);
-        // Coffee: after 900 of the display's seconds the user counts as idle.
+        // A coffee break: after 900 of the display's seconds the user counts as idle.
         day.idle(1200);
         day.front("Editor", "report.txt (edited)");
         day.seconds(10);
@@ -134,7 +134,8 @@ TEST_F(WholeDayTest, theMorningsSum_isWhatPassedAndWhatWasBookedAsIdle) {
     double sum = 0;
     for (const auto& app : day.tracker.fullTimeSet())
         sum += app->activeTime();
-    // 900 seconds are booked at the onset beside what passed until then; the tick of the onset itself is nobody's.
+    // At the onset 900 seconds are booked, in addition to the time until then; the onset's own tick belongs
+    // to nobody.
     EXPECT_NEAR(sum, awake + 900 - 0.1, 0.2);
 }
 

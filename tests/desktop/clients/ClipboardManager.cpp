@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The least that keeps a clipboard alive: says "ready" when it is the display's clipboard manager; when a program leaves,
-// takes over each form of what it had copied, and hands them out from then on.
+// The least that keeps a clipboard alive. Says "ready" when it is the display's clipboard manager. When a
+// program ends, takes over every form of what it had copied, and serves them from then on.
 #include <xcb/xcb.h>
 
 #include <cstdint>
@@ -50,7 +50,7 @@ private:
         return Reply<xcb_intern_atom_reply_t>(xcb_intern_atom_reply(m_connection, cookie, nullptr))->atom;
     }
 
-    // Empty bytes when nobody gives it.
+    // Empty if nobody answers.
     Form fetch(xcb_atom_t target) {
         xcb_convert_selection(m_connection, m_window, atom("CLIPBOARD"), target, target, XCB_CURRENT_TIME);
         xcb_flush(m_connection);

@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kToplevelVersion = 3;
 constexpr int kIdleVersion = 2;
-// As many as surely find room before the other side has to read.
+// So many surely fit into the socket before the other side must read.
 constexpr int kPiece = 50;
 
 wl_display* display = nullptr;
@@ -86,7 +86,7 @@ void bindNotifier(wl_client* client, void*, std::uint32_t version, std::uint32_t
 }
 
 void bindSeat(wl_client* client, void*, std::uint32_t version, std::uint32_t id) {
-    // Nothing is asked of it.
+    // Nothing is asked of the seat.
     wl_resource_create(client, &wl_seat_interface, int(version), id);
 }
 

@@ -25,7 +25,7 @@ int leaveVerdict(bool isFree) {
     return verdict.open(QFile::WriteOnly) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-// Memory that a successor does not inherit, or it would be as slow.
+// Memory that a successor does not inherit; otherwise that would be as slow.
 void takeOnWeight() {
     void* weight = ::mmap(nullptr, kWeight, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (weight == MAP_FAILED || ::madvise(weight, kWeight, MADV_DONTFORK) != 0)

@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
     if (argc > 1) {
         const QString name = QString::fromLocal8Bit(argv[argc - 1]);
         QGuiApplication::setDesktopFileName(name);
-        // What an X server knows it by.
+        // The name by which an X server knows it.
         QCoreApplication::setApplicationName(name);
     }
     QApplication application(argc, argv);

@@ -16,7 +16,7 @@
 #include <unistd.h>
 #include <vector>
 
-// The library has it for session managers, and declares it nowhere.
+// The library provides this for session managers but declares it nowhere.
 extern "C" int _IceTransNoListen(const char* protocol);
 
 namespace {
@@ -25,7 +25,7 @@ class Manager {
 public:
     Manager() {
         char error[256] = "";
-        // What cannot be written to is a program that is gone.
+        // Writing to a program that has ended must fail, not raise the signal.
         std::signal(SIGPIPE, SIG_IGN);
         IceSetIOErrorHandler([](IceConn) {});
         _IceTransNoListen("tcp");
@@ -51,7 +51,7 @@ public:
 private:
     struct Member {
         SmsConn connection;
-        // Whether it has been asked to save and has not said that it has.
+        // Whether it was asked to save and has not answered yet.
         bool isSaving = false;
     };
 
@@ -88,7 +88,7 @@ private:
     static Status registered(SmsConn connection, SmPointer manager, char* previousId) {
         char* id = previousId ? previousId : SmsGenerateClientID(connection);
         SmsRegisterClientReply(connection, id);
-        // Who is new is asked at once for what would bring it back.
+        // A new program is asked at once for the command that would restart it.
         if (!previousId)
             of(manager).askToSave(connection, SmSaveLocal, false);
         std::free(id);
@@ -155,7 +155,7 @@ private:
         }
     }
 
-    // Takes in what has come, once there is something. False at the end of standard input.
+    // Waits for messages and handles them. False at the end of standard input.
     bool turn() {
         std::vector<pollfd> waiting{{STDIN_FILENO, POLLIN, 0}};
         for (int i = 0; i < m_listenerCount; ++i)

@@ -17,7 +17,7 @@ namespace {
 
 int save(StoreFile& store, const QString& path, int first, int count, qsizetype length) {
     for (int number = first; number < first + count; ++number) {
-        // Now longer, now shorter than the last.
+        // Sometimes longer, sometimes shorter than the last.
         const auto outcome = store.write(path, numberedSave(number, length + number % 7 * 1000));
         if (!outcome) {
             std::fprintf(stderr, "%s\n", qPrintable(outcome.failure().text));
@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
     if (argc < 6)
         return 2;
     if (argc > 6) {
-        // The write that goes beyond it fails, instead of ending the program.
+        // A write beyond the limit fails, instead of ending the program.
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{rlim_t(std::atol(argv[6])), rlim_t(std::atol(argv[6]))};
         if (setrlimit(RLIMIT_FSIZE, &limit) != 0)

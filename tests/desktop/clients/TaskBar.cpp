@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     Offered offered;
     wl_registry_add_listener(wl_display_get_registry(display), &kRegistry, &offered);
-    // What is offered, which windows there are, and what they say.
+    // Learns what is offered, which windows there are, and their titles.
     for (int i = 0; i < 3; ++i)
         wl_display_roundtrip(display);
     bool isThere = false;

@@ -44,16 +44,16 @@ xcb_window_t Desk::waitForWindow(const Program& program) const {
 void Desk::startWindowManager(const QString& executable) {
     m_windowManager.reset();
     QProcessEnvironment own = environment();
-    // It would look for a graphics card.
+    // Otherwise it would look for a graphics card.
     own.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("N"));
-    // These two are compositors as well, and choose by the session.
+    // These two are also Wayland compositors, and choose by the session type.
     const bool isTold = executable == QLatin1String("mutter") || executable == QLatin1String("muffin");
     m_windowManager = std::make_unique<Program>(
         executable, isTold ? QStringList(QStringLiteral("--x11")) : QStringList(), own);
     const auto isReady = [this] {
         if (!m_probe->hasWindowManager())
             return false;
-        // What it is asked before it is ready gets lost, as the windows of that moment do.
+        // Before it is ready, requests are lost, as are windows opened at that moment.
         m_probe->askWindowManager();
         return waitFor([this] { return m_probe->windowManagerHasAnswered(); },
                        std::chrono::milliseconds(100));

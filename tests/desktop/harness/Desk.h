@@ -14,8 +14,8 @@ class Desk {
 public:
     enum class Bus { None, Own };
 
-    // `windowManager` is its executable, such as "openbox" or "icewm"; empty for none. Ready to use when made; aborts
-    // the test program when something cannot be started.
+    // `windowManager` is its executable, such as "openbox" or "icewm"; empty for none. Ready when
+    // constructed; aborts the test program if something cannot be started.
     explicit Desk(const QString& windowManager = QStringLiteral("openbox"), Bus bus = Bus::None,
                   VirtualDisplay::Number number = VirtualDisplay::Number::Any);
 
@@ -39,7 +39,7 @@ public:
                                    Program::Output output = Program::Output::Discarded) const;
     // Runs a program to its end and answers whether it succeeded.
     bool run(const QString& executable, const QStringList& arguments) const;
-    // The first window of a program, or 0 when none came in time.
+    // The first window of a program; 0 if none appeared in time.
     xcb_window_t waitForWindow(const Program& program) const;
 
     void startWindowManager(const QString& executable);
@@ -48,7 +48,7 @@ public:
 
     // Ends the X server and all on it.
     void killDisplay();
-    // Starts an X server and a window manager anew. REQUIRES: made with Number::Kept.
+    // Restarts the X server and the window manager. REQUIRES: made with Number::Kept.
     void restartDisplay();
 
 private:

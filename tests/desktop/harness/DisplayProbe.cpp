@@ -94,7 +94,7 @@ void DisplayProbe::sayActiveWindow(xcb_window_t window) const {
     xcb_connection_t* connection = m_connection.get();
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, m_root, atom("_NET_ACTIVE_WINDOW"),
                         XCB_ATOM_WINDOW, 32, 1, &window);
-    // Any answer means that what came before it is done.
+    // Any answer means that everything before it is done.
     activeWindow();
 }
 

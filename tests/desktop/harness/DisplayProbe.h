@@ -18,34 +18,35 @@ struct DisplayArea {
     int height;
 };
 
-// Looks at an X display in the plainest way, question by question: what tests compare with, and wait for.
+// Looks at an X display in the plainest way, one question at a time. Tests compare with it and wait for it.
 class DisplayProbe {
 public:
     // Aborts the test program when the display cannot be reached.
     explicit DisplayProbe(const QString& display);
 
-    // Whether a window manager has taken charge and says so.
+    // Whether a window manager says that it is in charge.
     bool hasWindowManager() const;
-    // Asks the window manager something that it answers under windowManagerHasAnswered(): it says that it is
+    // Asks the window manager something, whose answer windowManagerHasAnswered() reports: it says that it is
     // in charge a little before it is.
     void askWindowManager();
-    // Also where it does not claim to answer that, as KWin does not.
+    // Also works if the manager does not claim to support the question, like KWin.
     bool windowManagerHasAnswered() const;
     // The root's _NET_ACTIVE_WINDOW; 0 when there is none.
     xcb_window_t activeWindow() const;
-    // Says so in the window manager's place. The server knows when this returns; no event loop turns meanwhile.
+    // Sets _NET_ACTIVE_WINDOW in the window manager's place. The server has it when this returns; no event
+    // loop turns meanwhile.
     void sayActiveWindow(xcb_window_t window) const;
     // The root's _NET_CLIENT_LIST.
     std::vector<xcb_window_t> windows() const;
     bool isInWindowList(xcb_window_t window) const;
-    // How many windows are seen that the window manager leaves alone, as menus are.
+    // How many windows are on the screen that the window manager leaves alone, such as menus.
     std::size_t popups() const;
     // The first 4 bytes of a property as a number; 0 when there are none.
     quint32 number(xcb_window_t window, const char* property) const;
     QByteArray text(xcb_window_t window, const char* property) const;
     // Whether a window's _NET_WM_STATE has that state.
     bool hasState(xcb_window_t window, const char* state) const;
-    // Where a program's window is, at any depth within another; absent while it has none there that is seen.
+    // Where a program's window is within another one, at any depth; absent if it shows none there.
     std::optional<DisplayArea> areaOf(const char* instanceName, xcb_window_t within) const;
     // The picture of a part of the screen, as bytes to compare.
     QByteArray picture(const DisplayArea& area) const;
@@ -62,6 +63,6 @@ private:
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     xcb_window_t m_root = 0;
-    // Never shown; the window manager's answer is put on it.
+    // Never shown; the window manager puts its answer on it.
     xcb_window_t m_asking = 0;
 };

@@ -17,7 +17,7 @@ const QString kExtension = QStringLiteral("ticklog@ticklog.org");
 const QString kDriver = QStringLiteral("driver@ticklog.org");
 const QString kDriverService = QStringLiteral("org.ticklog.TestDriver");
 const QString kShellService = QStringLiteral("org.gnome.Shell");
-// A whole shell starts in a second or two where nobody else wants the processor; the time for which it is kept waiting
+// A whole shell starts in a second or two on an idle machine; time that it spends waiting for the processor
 // does not count.
 constexpr double kSecondsToStart = 20;
 constexpr std::chrono::minutes kUtmostToStart{2};
@@ -42,7 +42,7 @@ QByteArray contentOf(const QString& path) {
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// For how long a process was ready to run and was not let.
+// How long a process was ready to run but had to wait.
 double secondsKeptWaiting(qint64 process) {
     const QByteArray ranAndWaited = contentOf(QStringLiteral("/proc/%1/schedstat").arg(process));
     return ranAndWaited.split(' ').value(1).toDouble() / 1e9;
@@ -59,7 +59,7 @@ void replaceIn(const QString& path, const QString& before, const QString& after)
     file.write(QString(content).replace(before, after).toUtf8());
 }
 
-// Whether what was called was there, and did not answer "false".
+// Whether the called method exists and did not answer "false".
 bool isDone(const QDBusMessage& answer) {
     return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0, true).toBool();
 }
@@ -77,7 +77,7 @@ GnomeDesk::GnomeDesk(const Extension& extension, XServer xServer)
     : m_xServer(xServer) {
     const QString systemFolder = home().path() + QStringLiteral("/system");
     QDir().mkpath(systemFolder);
-    // Without a system bus the shell does not start.
+    // The shell does not start without a system bus.
     m_systemBus = std::make_unique<SessionBus>(home().environment(), systemFolder);
     if (extension.isInstalled)
         installExtension(extension);
@@ -201,7 +201,7 @@ void GnomeDesk::learnXDisplay() {
 }
 
 bool GnomeDesk::activate(const QString& title) {
-    // The extension tells of a window a little before it is shown.
+    // The extension reports a window a little before it is shown.
     return waitFor([&] { return drive(QStringLiteral("Activate"), title); });
 }
 

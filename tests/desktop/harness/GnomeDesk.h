@@ -16,41 +16,41 @@ public:
         // The versions that it says it speaks.
         int version = 1;
         int oldestVersion = 1;
-        // Whether it tells of changes; else it only answers.
+        // Whether it reports changes; otherwise it only answers.
         bool tellsOfChanges = true;
-        // Whom it tells; empty for this test program.
+        // The program to which it reports; empty for this test program.
         QString executable = {};
     };
 
     // The main version of the shell that is installed; 0 without one.
     static int shellVersion();
 
-    // Has the extension for this test program.
+    // With the extension for this test program.
     GnomeDesk();
     explicit GnomeDesk(const Extension& extension, XServer xServer = XServer::None);
     ~GnomeDesk() override;
 
     QProcessEnvironment environment() const override;
-    // As soon as the window is shown.
+    // Waits until the window is shown.
     bool activate(const QString& title) override;
     bool putAway(const QString& title) override;
     bool touch() override;
     // Brings the window with this title to the front, and waits until the shell says so.
     bool bringToFront(const QString& title);
 
-    // A keyboard for the seat: without one no window of GTK says that it is active.
+    // Plugs in a keyboard: without one, no GTK window says that it is active.
     bool plugInKeyboard();
-    // Has programs that are started from now on tell assistive programs of their windows.
+    // Makes programs that are started from now on tell assistive programs about their windows.
     bool letProgramsTell();
 
-    // Switches the extension as the user does. Answers whether the shell knows it.
+    // Switches the extension as a user does. Answers whether the shell knows it.
     bool enableExtension();
     bool disableExtension();
-    // The shell's switch for all extensions of the user. The test's own goes on.
+    // The shell's switch for all of the user's extensions. The test's own extension goes on.
     bool switchAllExtensions(bool isOn);
-    // Puts the extension where the shell finds it when it starts the next time.
+    // Puts the extension where the shell finds it at its next start.
     void installExtension() { installExtension(Extension()); }
-    // Covers the screen as after a while without input, and uncovers it.
+    // Covers the screen, as after some time without input, or uncovers it.
     bool coverScreen(bool isCovered);
     // Where the extension lies, or would.
     QString extensionFolder();
@@ -59,9 +59,9 @@ private:
     QString startCompositor(std::unique_ptr<Program>& compositor) override;
     void installExtension(const Extension& extension);
     void writeSettings(bool isEnabled);
-    // Learns how programs get at the shell's X server, which starts with the first of them.
+    // Learns how programs reach the shell's X server, which starts with the first of them.
     void learnXDisplay();
-    // Has the test's own extension of the shell do something.
+    // Makes the test's own shell extension do something.
     bool drive(const QString& method, const QString& argument);
     QDBusMessage askDriver(const QString& method, const QString& argument);
     bool set(const QString& service, const QString& path, const QString& interface, const QString& property,

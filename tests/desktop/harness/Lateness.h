@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-// How late a busy machine has let this program run since it was made, in seconds: close to 0 on an idle one. What is
-// measured against the wall clock may be off by that much without anybody's fault. Counts while the event loop turns.
+// How late a busy machine has let this program run since this was made, in seconds; close to 0 on an idle
+// one. Measurements against the wall clock may be off by this much. Counts while the event loop turns.
 class Lateness {
 public:
     Lateness() {

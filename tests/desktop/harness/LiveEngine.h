@@ -16,7 +16,7 @@
 
 #include <QTemporaryDir>
 
-// What a back end stands on.
+// What a back end needs.
 struct LiveGround {
     SystemClock clock;
     RecordingLog log;
@@ -24,7 +24,7 @@ struct LiveGround {
     DesktopEntries entries{{}, clock};
 };
 
-// The engine as the program makes it, on the windows of a desktop, without an interface.
+// The engine as the program makes it, on the windows of a desktop, without a user interface.
 class LiveEngine {
 public:
     // All outlive it.

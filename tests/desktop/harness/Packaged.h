@@ -6,7 +6,8 @@
 
 #include <gtest/gtest.h>
 
-// Whether this release has the program, and with what the tests want of it: the newest Mutter knows Wayland alone.
+// Whether this release has the program in the form that the tests need: the newest Mutter has no X11 any
+// more.
 inline bool isPackaged(const QString& program) {
     if (QStandardPaths::findExecutable(program).isEmpty())
         return false;
@@ -17,8 +18,8 @@ inline bool isPackaged(const QString& program) {
     return help.waitForFinished() && help.readAll().contains("--x11");
 }
 
-// Leaves it at that where a program is not there that some releases do not package: ./dev installs whatever the release
-// has, and names at the end what was skipped. The only way for a test not to run.
+// Skips a test if a program is missing that some releases do not package. ./dev installs whatever the release
+// has, and lists at the end what was skipped. The only way to skip a test.
 #define SKIP_WHERE_NOT_PACKAGED(program)                                                                     \
     if (!isPackaged(program))                                                                                \
     GTEST_SKIP() << "SKIPPED: there is no " << qPrintable(program) << " for it here"

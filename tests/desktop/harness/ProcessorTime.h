@@ -6,10 +6,10 @@
 #include <sys/resource.h>
 #include <time.h>
 
-// How much of the processor was used, in seconds: what something costs, whatever else the machine does.
+// Processor time in seconds: the cost of something, whatever else the machine does.
 namespace ProcessorTime {
 
-// By a program that runs; 0 for one that does not.
+// Used by a running program; 0 if it does not run.
 inline double ofProcess(qint64 process) {
     clockid_t clock = 0;
     timespec used{};
@@ -18,7 +18,7 @@ inline double ofProcess(qint64 process) {
     return double(used.tv_sec) + double(used.tv_nsec) / 1e9;
 }
 
-// By all child processes that have ended.
+// Used by all child processes that have ended.
 inline double ofEnded() {
     rusage usage{};
     ::getrusage(RUSAGE_CHILDREN, &usage);

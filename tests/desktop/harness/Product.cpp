@@ -3,7 +3,7 @@
 
 bool Product::start(const QStringList& arguments) {
     launch(m_desk.environment(), arguments);
-    // A window manager puts a new window in front, which must not happen after the test has begun.
+    // Window managers put a new window in front; that must not happen after the test has begun.
     return waitFor([this] { return hasWindow() && m_desk.probe().activeWindow() == window(); });
 }
 

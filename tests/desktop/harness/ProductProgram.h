@@ -9,10 +9,10 @@
 
 #include <memory>
 
-// The whole program as a user runs it, with the home of some desk, and what it keeps there.
+// The whole program with the home of some desk, as a user runs it, and its files.
 class ProductProgram {
 public:
-    // Its timer runs from the start, and nobody is ever idle, unless the settings say otherwise.
+    // Settings with which the timer runs from the start and nobody is ever idle.
     static PropertyListDictionary runningSettings();
 
     explicit ProductProgram(const TemporaryHome& home)
@@ -23,7 +23,7 @@ public:
 
     void writeSettings(const PropertyListDictionary& settings) const;
     PropertyListDictionary settings() const;
-    // Starts it on the desk that `environment` names.
+    // Starts it on the desk in `environment`.
     void launch(QProcessEnvironment environment, const QStringList& arguments = {},
                 Program::Output output = Program::Output::Discarded);
     Program& program() { return *m_program; }

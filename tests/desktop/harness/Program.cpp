@@ -10,7 +10,7 @@ Program::Program(const QString& executable, const QStringList& arguments,
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     if (output != Output::Read)
         m_process.setStandardOutputFile(QProcess::nullDevice());
-    // A pipe that nobody reads would stop a talkative program.
+    // Nobody would read the pipe, and a full pipe would stop the program.
     if (output == Output::ErrorsRead)
         m_process.setReadChannel(QProcess::StandardError);
     else if (qEnvironmentVariableIsSet("TICKLOG_TEST_VERBOSE"))

@@ -21,8 +21,8 @@ public:
         ErrorsRead,
     };
 
-    // Starts `executable`, which is looked up in PATH. isRunning() tells whether that worked. `complaints` is the path of
-    // a file for its standard error, where that is not to be read here.
+    // Starts `executable`, which is looked up in PATH; isRunning() tells whether that worked. `complaints` is
+    // the path of a file for its standard error, if that is not read here.
     Program(const QString& executable, const QStringList& arguments, const QProcessEnvironment& environment,
             Output output = Output::Discarded, const QString& complaints = {});
     ~Program();
@@ -34,9 +34,9 @@ public:
     // The exit status; absent while it runs and when a signal ended it.
     std::optional<int> exitStatus() const;
 
-    // Ends it the hard way and waits until it is gone.
+    // Kills it and waits until it is gone.
     void kill();
-    // Has it stand still, as a program that hangs, until resume().
+    // Stops it, like a program that hangs, until resume().
     void pause() const;
     void resume() const;
     // Asks it to end (SIGTERM) and answers whether it did.

@@ -25,7 +25,7 @@ SystemBus::SystemBus(const TemporaryHome& home, int idleMs)
 }
 
 QByteArray SystemBus::configuration(const QString& folder, const QString& serviceFolder) {
-    // Whoever runs the tests stands in for root.
+    // The user who runs the tests takes root's part.
     return QStringLiteral(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>

@@ -4,8 +4,8 @@
 #include "tests/desktop/harness/Program.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 
-// A system bus of its own, as strict as the machine's, with our policy, on which polkit may be played and our helper is
-// started when it is called.
+// A system bus of its own, as strict as the machine's, with our policy. A scripted polkit can be on it, and
+// it starts our helper when that is called.
 class SystemBus {
 public:
     // The helper keeps its record below `home` and ends after `idleMs`. Aborts the test program when no bus can be started.

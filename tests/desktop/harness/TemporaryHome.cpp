@@ -34,7 +34,7 @@ QProcessEnvironment TemporaryHome::environment() const {
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("TZ"), QStringLiteral("UTC"));
-    // Programs of the desktop must not keep their settings in a bus that is not there.
+    // Desktop programs must not look for a settings service on a bus that is not there.
     environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
     return environment;
 }

@@ -5,7 +5,7 @@
 
 VirtualDisplay::VirtualDisplay(const QProcessEnvironment& environment, Number number)
     : m_environment(environment) {
-    // Far above those that servers choose for themselves, and different for every test program that runs.
+    // Far above the numbers that servers choose themselves, and different for every test program that runs.
     const qint64 kept = 20000 + QCoreApplication::applicationPid() % 30000;
     start(number == Number::Kept ? QStringList{QStringLiteral(":%1").arg(kept)} : QStringList());
 }
@@ -15,7 +15,7 @@ VirtualDisplay::~VirtualDisplay() {
 }
 
 void VirtualDisplay::kill() {
-    // Asked to end, it takes its lock and its socket away.
+    // A server that is asked to end removes its lock and its socket.
     if (m_server)
         m_server->terminate(std::chrono::seconds(5));
     m_server.reset();
@@ -26,8 +26,7 @@ void VirtualDisplay::restart() {
 }
 
 void VirtualDisplay::start(const QStringList& arguments) {
-    // The server would end its life with its last client's, and begin another one in between, without
-    // -noreset.
+    // -noreset: the server would reset when its last client leaves.
     const QStringList customary{
         QStringLiteral("-displayfd"), QStringLiteral("1"),           QStringLiteral("-screen"),
         QStringLiteral("0"),          QStringLiteral("1280x800x24"), QStringLiteral("-nolisten"),

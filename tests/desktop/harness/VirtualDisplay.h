@@ -22,7 +22,7 @@ public:
     // What to put into DISPLAY.
     QString name() const { return m_name; }
 
-    // Has the server stand still, and go on.
+    // Stops the server, and lets it go on.
     void pause() const { m_server->pause(); }
     void resume() const { m_server->resume(); }
     // Ends the server; all its clients lose their connection.

@@ -8,7 +8,7 @@
 bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
     QElapsedTimer elapsed;
     elapsed.start();
-    // Conditions may look at things that raise no event here.
+    // Conditions may depend on things that raise no event in this process.
     QTimer waker;
     waker.start(std::chrono::milliseconds(3));
     while (!condition()) {

@@ -14,7 +14,7 @@ std::unique_ptr<Program> startClient(const WaylandDesk& desk, const QString& app
                            QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/clients/gtk_client.py"), appId},
                           Program::Output::Read);
     case WaylandClient::Kind::QtOnX11:
-        // Compositors tell one or the other of an X server's two names for a window.
+        // An X server has two names for a window's class; compositors report one or the other.
         return desk.start(
             qt, {QStringLiteral("-platform"), QStringLiteral("xcb"), QStringLiteral("-name"), appId, appId},
             Program::Output::Read);

@@ -40,7 +40,7 @@ void giveAway(const QString& path) {
         qFatal("%s cannot be given away", qPrintable(path));
 }
 
-// What it takes to run a command as nobody.
+// Changing the user clears the signal that ends it with the test program, so it is set again.
 QStringList asNobody() {
     // Becoming somebody else clears the signal that ends it with the test program.
     return {QStringLiteral("setpriv"), QStringLiteral("--reuid=%1").arg(kNobody),
@@ -48,8 +48,8 @@ QStringList asNobody() {
             QStringLiteral("--pdeathsig=KILL")};
 }
 
-// Nothing of a machine's is used, not its screens, its keyboards, its graphics: for those that stand on wlroots, and for
-// Mir, which has to be asked for the list of windows as well.
+// Uses no screens, keyboards or graphics of the machine. For compositors based on wlroots, and for Mir, which
+// must also be asked to offer the list of windows.
 void keepToMemory(QProcessEnvironment& environment) {
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
     environment.insert(QStringLiteral("WLR_BACKENDS"), QStringLiteral("headless"));
@@ -75,7 +75,7 @@ QProcessEnvironment WaylandDesk::environment() const {
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
     environment.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
-    // A quick look at the stack ends in libwayland: whose a leak is, Qt's or ours, only a slow one tells.
+    // The quick unwinder stops in libwayland; only the slow one shows whether a leak is Qt's or ours.
     const QString sanitizer = QStringLiteral("ASAN_OPTIONS");
     if (environment.contains(sanitizer))
         environment.insert(sanitizer,
@@ -132,7 +132,7 @@ QString SwayDesk::startCompositor(std::unique_ptr<Program>& compositor) {
         QFile::remove(m_place.filePath(QLatin1String(name)));
     QFile configuration(m_place.filePath(QStringLiteral("config")));
     const QString xDisplayFile = m_place.filePath(QStringLiteral("x-display"));
-    // The X server lets in its own user alone, who is not ours when sway was made somebody else.
+    // The X server accepts only its own user, who is another one when sway runs as nobody.
     const QString xServer =
         m_xServer == XServer::Own
             ? QStringLiteral("xwayland enable\nexec xhost +local: && echo $DISPLAY > ") + xDisplayFile
@@ -238,7 +238,7 @@ QString KWinDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     own.remove(QStringLiteral("QT_QPA_PLATFORM"));
     if (m_windows == Windows::ForAll)
         own.insert(QStringLiteral("KWIN_WAYLAND_NO_PERMISSION_CHECKS"), QStringLiteral("1"));
-    // It bears a capability that a container may lack, and is then not let run; a copy bears none.
+    // The file has a capability that a container may lack, and then it cannot run; a copy has none.
     const QString copy = home().path() + QStringLiteral("/kwin_wayland");
     QFile::copy(QStandardPaths::findExecutable(QStringLiteral("kwin_wayland")), copy);
     QStringList arguments{QStringLiteral("--virtual"), QStringLiteral("--no-lockscreen"),
@@ -255,7 +255,7 @@ QString KWinDesk::startCompositor(std::unique_ptr<Program>& compositor) {
     compositor = std::make_unique<Program>(copy, arguments, own);
     const QString path = home().runtimeFolder() + u'/' + name;
     waitForSocket(path, *compositor);
-    // It listens before it has begun to answer.
+    // It listens before it can answer.
     own.insert(QStringLiteral("WAYLAND_DISPLAY"), path);
     Program(kTouch, {}, own).waitUntilEnded();
     if (m_xServer == XServer::Own)
@@ -281,7 +281,7 @@ bool KWinDesk::script(const QString& title, const QString& statements) {
     const QDBusMessage loaded =
         call(QStringLiteral("/Scripting"), QStringLiteral("org.kde.kwin.Scripting"),
              QStringLiteral("loadScript"), {QString(home().path() + u'/' + name), name});
-    // What a script is called has changed from one release to the other. Answered when it has been run.
+    // The path of a script differs between releases. Returns when the script has run.
     for (const QString& path : {QStringLiteral("/Scripting/Script%1"), QStringLiteral("/%1")}) {
         const QDBusMessage ran = call(path.arg(loaded.arguments().value(0).toInt()),
                                       QStringLiteral("org.kde.kwin.Script"), QStringLiteral("run"), {});

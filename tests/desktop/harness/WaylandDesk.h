@@ -44,10 +44,10 @@ public:
     // The X server that the compositor runs for older programs, as DISPLAY takes it; empty without one.
     const QString& xDisplay() const { return m_xDisplay; }
 
-    // Has the compositor stand still, as one that hangs, and go on.
+    // Stops the compositor, like one that hangs, and lets it go on.
     void pause() const { m_compositor->pause(); }
     void resume() const { m_compositor->resume(); }
-    // Ends the compositor the hard way, and all windows with it.
+    // Kills the compositor, and all windows with it.
     void kill();
     // Starts a compositor again under the same name.
     void restart();
@@ -58,7 +58,7 @@ protected:
     // Reads the display's name from a file that a program of the compositor writes.
     void awaitXDisplay(const QString& path);
 
-    // Starts the compositor and answers its socket; aborts the test program when it does not come up.
+    // Starts the compositor and answers its socket; aborts the test program if it does not come up.
     virtual QString startCompositor(std::unique_ptr<Program>& compositor) = 0;
 
 private:
@@ -69,7 +69,7 @@ private:
     QString m_xDisplay;
 };
 
-// sway, for the wlroots family. It refuses to run as root, and is then made somebody else.
+// sway, for the wlroots family. It refuses to run as root, so it then runs as nobody.
 class SwayDesk : public WaylandDesk {
 public:
     explicit SwayDesk(XServer xServer = XServer::None);
@@ -86,11 +86,12 @@ private:
     QString socketPath() const;
 
     XServer m_xServer;
-    // Belongs to whoever sway runs as.
+    // Belongs to the user that sway runs as.
     QTemporaryDir m_place;
 };
 
-// Others that let task bars work, by their executable's name, such as "labwc": they are driven as one would.
+// Others that let task bars control windows, by executable, such as "labwc"; tests control them in the same
+// way.
 class TaskBarDesk : public WaylandDesk {
 public:
     explicit TaskBarDesk(const QString& compositor, XServer xServer = XServer::None);
@@ -114,7 +115,7 @@ public:
         : TaskBarDesk(QStringLiteral("labwc"), xServer) {}
 };
 
-// phoc, which telephones have.
+// phoc, a compositor for phones.
 class PhocDesk : public TaskBarDesk {
 public:
     PhocDesk()
@@ -127,7 +128,7 @@ public:
     MiriwayDesk()
         : TaskBarDesk(QStringLiteral("miriway")) {}
 
-    // It takes no input from programs, and tells of none.
+    // It accepts no input from programs, and reports none.
     bool touch() override { return true; }
 };
 

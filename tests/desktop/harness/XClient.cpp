@@ -5,7 +5,7 @@
 namespace {
 
 QByteArray encoded(const QByteArray& bytes) {
-    // One sign before it, so that the empty text is a word as well.
+    // One character first, so that an empty text is a word too.
     return '=' + bytes.toPercentEncoding();
 }
 

@@ -18,7 +18,7 @@ struct XWindowLook {
     bool isMapped = true;
 };
 
-// A program with windows that does exactly what it is told, and has done it when the call returns.
+// A program with windows that does exactly what it is told; when a call returns, it is done.
 class XClient {
 public:
     explicit XClient(const Desk& desk);
@@ -45,7 +45,7 @@ public:
     void raise(xcb_window_t window);
     void destroy(xcb_window_t window);
 
-    // Ends without closing anything.
+    // Kills it without closing anything.
     void die() { m_program.kill(); }
 
 private:

@@ -12,7 +12,7 @@ class ServiceScript {
 public:
     ServiceScript(const TemporaryHome& home, const QString& name, const QStringList& arguments)
         : m_program(QStringLiteral("/usr/bin/python3"),
-                    // Leaving no compiled scripts in the source tree.
+                    // -B: leaves no compiled scripts in the source tree.
                     QStringList{QStringLiteral("-B"),
                                 QStringLiteral(TICKLOG_SOURCE_DIR "/tests/desktop/services/") + name} +
                         arguments,
@@ -27,7 +27,7 @@ public:
         return hear();
     }
 
-    // The same without a question, for services that speak of their own accord.
+    // Reads a line that the service writes by itself.
     QString hear() {
         const QString answer = line();
         if (!answer.startsWith(QLatin1String("ok")))

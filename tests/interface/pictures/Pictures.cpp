@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// pictures FOLDER: the main window as people see it, a PNG for each scene, in the palette, the language and at
-// the scale that the environment asks for (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED,
-// QT_SCALE_FACTOR). To be looked at.
+// pictures FOLDER: draws the main window, one PNG for each scene, in the palette, language and scale of the
+// environment (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED, QT_SCALE_FACTOR). For people to look at.
 #include "Classes/rules/RuleCategories.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/preferences/TKSetupController.h"
@@ -198,7 +197,7 @@ void drawHistorySettings(const QDir& folder) {
     grab(window, folder, "preferences-history-none");
 }
 
-// The questions that granting trust may take.
+// The questions that granting trust may ask.
 void drawAuthorization(const QDir& folder) {
     Scene scene("authorization");
     scene.show();
@@ -235,7 +234,7 @@ void drawSetup(const QDir& folder) {
         auto made = std::make_unique<SetupWindow>(SetupWindow::Commands{[] {}, [] {}});
         const QSize wanted = made->size();
         made->makeKeyAndOrderFront();
-        // The screen is not there and need not be large enough.
+        // There is no real screen, so windows may be larger than it.
         made->resize(wanted);
         return made;
     };
