@@ -1,4 +1,4 @@
-# Where everything goes when it is installed, and the package: cmake --install, cpack, ./dev package.
+# Installation and packages: cmake --install, cpack, ./dev package.
 include(GNUInstallDirs)
 set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/ticklog)
 
@@ -6,8 +6,8 @@ set(id org.ticklog.Ticklog)
 install(TARGETS ticklog ticklog-report)
 install(FILES resources/completions/ticklog-report DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES resources/completions/_ticklog-report DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
-# Plasma grants what an entry asks for only to the very program that it names, by its full path; and the session bus
-# starts what it finds there.
+# Plasma grants what an entry asks for only to the program that the entry names by its full path; the session
+# bus also starts the program at that path.
 foreach(kind desktop service)
   install(CODE "
     file(READ \"${CMAKE_CURRENT_SOURCE_DIR}/resources/${id}.${kind}\" entry)
@@ -21,8 +21,8 @@ install(FILES resources/${id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime
 install(FILES resources/${id}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES resources/application-x-ticklog.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes)
 
-# What its two helpers need. The system bus and polkit look for these below /usr; for a copy that is installed elsewhere,
-# install-helper puts them where they are found.
+# The files for the two helpers. The system bus and polkit look for them below /usr; if Ticklog is installed
+# elsewhere, install-helper copies them there.
 install(TARGETS TKAXTrusted TicklogLaunchHelper DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/ticklog)
 install(PROGRAMS resources/system/install-helper DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/ticklog)
 install(FILES resources/system/org.ticklog.TKAXTrusted.service DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/system-services)
@@ -31,8 +31,8 @@ install(FILES resources/system/org.ticklog.TKAXTrusted.policy DESTINATION ${CMAK
 install(FILES resources/system/ticklog-trust.service DESTINATION lib/systemd/system)
 install(PROGRAMS resources/system/60-ticklog DESTINATION lib/systemd/user-environment-generators)
 
-# GNOME Shell's extension in the form that the shell of this release reads, and whom it tells: the program that is
-# installed with it. Of the releases that Ticklog can be built on only Debian 12 has a shell from before 45.
+# The extension for GNOME Shell, in the form that this release's shell reads, and the program that it reports
+# to, which is installed with it. Of the supported releases only Debian 12 has a shell before 45.
 cmake_host_system_information(RESULT release QUERY DISTRIB_INFO)
 set(extension_form modules)
 if(release_ID STREQUAL debian AND release_VERSION_ID STREQUAL 12)
@@ -45,7 +45,7 @@ install(CODE "file(WRITE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${extension_fo
   \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog\\n\")")
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
-# Packages carry their manuals and changes compressed, without the hour in them at which that was done.
+# Manuals and changes are compressed, without the time of compression in them.
 function(install_compressed source name folder)
   set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)
   cmake_path(ABSOLUTE_PATH source)
@@ -55,7 +55,7 @@ function(install_compressed source name folder)
 endfunction()
 install_compressed(resources/ticklog.1 ticklog.1 ${CMAKE_INSTALL_MANDIR}/man1)
 install_compressed(resources/ticklog-report.1 ticklog-report.1 ${CMAKE_INSTALL_MANDIR}/man1)
-# The changes as Debian writes them, of the day that the description for software centres tells.
+# The changes in Debian's form, with the date in the description for software centres.
 set(maintainer "The Ticklog developers <maintainers@ticklog.org>")
 file(STRINGS resources/${id}.metainfo.xml day REGEX "<release version=\"${PROJECT_VERSION}\"")
 if(NOT day MATCHES " date=")
@@ -70,7 +70,7 @@ add_custom_command(OUTPUT ${changes}
   DEPENDS CHANGELOG.md scripts/debian-changelog.awk VERBATIM)
 install_compressed(${changes} changelog ${CMAKE_INSTALL_DOCDIR})
 
-# Icons in the sizes that panels ask for, for those who do not draw scalable ones.
+# Icons in the usual sizes, for desktops that cannot draw the scalable one.
 add_executable(icons EXCLUDE_FROM_ALL resources/Icons.cpp)
 ticklog_options(icons)
 target_link_libraries(icons PRIVATE Qt6::Gui Qt6::Svg)
@@ -81,7 +81,7 @@ add_custom_command(OUTPUT ${icon_folder}/done
     ${icon_folder}/%1x%1/mimetypes/application-x-ticklog.png
   COMMAND ${CMAKE_COMMAND} -E touch ${icon_folder}/done
   DEPENDS icons resources/${id}.svg resources/application-x-ticklog.svg VERBATIM)
-# What a package has and a build for trying it out does not need.
+# For packages only, not for builds to try out.
 add_custom_target(packaged DEPENDS ticklog ticklog-report ${icon_folder}/done ${compressed_files})
 install(DIRECTORY ${icon_folder}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor OPTIONAL FILES_MATCHING PATTERN *.png)
 
@@ -94,14 +94,14 @@ set(CPACK_PACKAGE_DESCRIPTION "While its timer runs, Ticklog notices which windo
 up the time for each application and each of its windows, without being
 told anything. The record stays in files that only its user can read.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# The folder in which it is put together is no part of any path that is written into it.
+# The build folder must not appear in any path within the package.
 set(CPACK_SET_DESTDIR ON)
 set(CPACK_INSTALL_PREFIX ${CPACK_PACKAGING_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Takes away what the helper has written, when all is to go.
+# When the package is purged, removes what the helper has written.
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/resources/system/postrm)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, polkitd, qt6-wayland, qt6-translations-l10n")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ

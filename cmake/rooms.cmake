@@ -1,4 +1,4 @@
-# What every target of ours is built with.
+# Options for all our targets.
 function(ticklog_options target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${target} PRIVATE
@@ -9,7 +9,7 @@ function(ticklog_options target)
   if(TICKLOG_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${TICKLOG_SANITIZE} -fno-omit-frame-pointer
       -fno-sanitize-recover=all
-      # The checks that are put in between keep g++ from seeing that values are set.
+      # The sanitizers' checks keep g++ from seeing that values are set.
       $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PRIVATE -fsanitize=${TICKLOG_SANITIZE})
   endif()
@@ -28,7 +28,7 @@ function(ticklog_room name directory)
   else()
     file(GLOB sources CONFIGURE_DEPENDS ${directory}/*.cpp ${directory}/*.h ${directory}/*.qrc)
   endif()
-  # The room of a program: what else is in it can be tested.
+  # A program's room: everything but its main.cpp, so that it can be tested.
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   set(compiled ${sources})
   list(FILTER compiled INCLUDE REGEX "\\.cpp$")
@@ -44,13 +44,14 @@ function(ticklog_room name directory)
   ticklog_precompile(${name})
 endfunction()
 
-# ticklog_floor(NAME ROOM...): several rooms under one name.
+# ticklog_floor(NAME ROOM...): one name for several rooms.
 function(ticklog_floor name)
   add_library(${name} INTERFACE)
   target_link_libraries(${name} INTERFACE ${ARGN})
 endfunction()
 
-# ticklog_precompile(TARGET): one precompiled header for all that draws nothing, and one for what does.
+# ticklog_precompile(TARGET): uses a precompiled header: one for targets without widgets, another for those
+# with widgets.
 function(ticklog_precompile target)
   get_target_property(links ${target} LINK_LIBRARIES)
   if(target STREQUAL "values")

@@ -1,10 +1,11 @@
-# ticklog_translations(TARGET): puts every language of resources/translations into a target, as
-# :/translations/ticklog_LANGUAGE.qm. And the target `translations`, which brings them up to date with the sources.
+# ticklog_translations(TARGET): adds every language of resources/translations to a target, as
+# :/translations/ticklog_LANGUAGE.qm. Also makes the target `translations`, which updates them from the
+# sources.
 function(ticklog_translations target)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/translations)
   file(MAKE_DIRECTORY ${folder})
   file(GLOB sources CONFIGURE_DEPENDS resources/translations/ticklog_*.ts)
-  # Not Qt's own commands for this: a build of theirs may write to the sources.
+  # Does not use Qt's own commands, because their builds may write to the sources.
   foreach(source IN LISTS sources)
     get_filename_component(name ${source} NAME_WE)
     add_custom_command(OUTPUT ${folder}/${name}.qm

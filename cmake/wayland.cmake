@@ -1,5 +1,5 @@
-# wayland_protocols(NAME XML...): a library of the client's side of Wayland protocols, made from their descriptions.
-# Each is included as <DESCRIPTION-client-protocol.h>; for a compositor also as <DESCRIPTION-server-protocol.h>.
+# wayland_protocols(NAME XML...): makes a library of Wayland protocols from their descriptions, for clients.
+# Include each as <DESCRIPTION-client-protocol.h>; in a compositor as <DESCRIPTION-server-protocol.h>.
 function(wayland_protocols name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name})
   file(MAKE_DIRECTORY ${folder})

@@ -15,44 +15,45 @@ inline const QString kAXMainWindowChanged = QStringLiteral("AXMainWindowChanged"
 inline const QString kAXFocusedWindowChanged = QStringLiteral("AXFocusedWindowChanged");
 inline const QString kAXTitleChanged = QStringLiteral("AXTitleChanged");
 
-// Tells of changes in one application. Destroying it ends everything.
+// Reports changes in one application, until it is destroyed.
 class AccessibilityObserver {
 public:
     virtual ~AccessibilityObserver() = default;
 
-    // Each answers whether it could be done.
+    // Each answers whether it succeeded.
     virtual bool addNotification(const WindowElement& element, const QString& notification) = 0;
     virtual bool removeNotification(const WindowElement& element, const QString& notification) = 0;
-    // Only while it is added to the run loop does the observer call back.
+    // The callback is called only while the observer is added to the run loop.
     virtual void addToRunLoop() = 0;
     virtual void removeFromRunLoop() = 0;
 };
 
-// Other applications' windows, as their toolkits describe them to assistive programs. Answers from memory where it
-// can; nothing blocks on a program that hangs. Main thread only.
+// The windows of other applications, as their toolkits describe them to assistive programs. Answers from
+// memory where it can, and never waits for a program that hangs. Main thread only.
 class Accessibility {
 public:
     virtual ~Accessibility() = default;
 
-    // Whether other programs let us look.
+    // Whether other programs let Ticklog see their windows.
     virtual bool isProcessTrusted() const = 0;
-    // The application of a process. Never fails: a process that shows nothing has no windows.
+    // The application of a process. Never fails: a process that shows nothing is an application without
+    // windows.
     virtual WindowElement applicationElement(std::int64_t processIdentifier) = 0;
     // The application's main window; absent when it has none or does not answer.
     virtual std::optional<WindowElement> mainWindow(const WindowElement& application) = 0;
     // The title of an application or window; absent when it has none or is gone.
     virtual std::optional<QString> title(const WindowElement& element) = 0;
-    // Null when nothing can be observed. A process that shows nothing yet may begin to at any time: its observer just
-    // stays silent until then.
+    // Null when nothing can be observed. A process that shows nothing yet may do so at any time; until then
+    // its observer is silent.
     virtual std::unique_ptr<AccessibilityObserver> makeObserver(std::int64_t processIdentifier,
                                                                 std::function<void()> callback) = 0;
-    // Opens the place where the user grants trust.
+    // Opens the desktop's settings where the user grants trust.
     virtual void openPreferences() = 0;
     // Whether the desktop itself can ask the user for trust.
     virtual bool canPromptForTrust() const = 0;
-    // Has the desktop ask the user. REQUIRES: canPromptForTrust().
+    // Lets the desktop ask the user. REQUIRES: canPromptForTrust().
     virtual void promptForTrust() = 0;
-    // Tells the desktop's accessibility service, by a message without content, that trust was missed.
+    // Tells the desktop's accessibility service that trust was missing, by a message without content.
     virtual void sendTrustWarning() = 0;
     virtual QString describe() const = 0;
 };

@@ -7,6 +7,6 @@
 class FileViewer {
 public:
     virtual ~FileViewer() = default;
-    // Brings it up with the file selected, or with the file's folder where it cannot select.
+    // Shows the file, selected, in the file manager; or opens its folder if the file manager cannot select.
     virtual void reveal(const QString& path) = 0;
 };

@@ -7,27 +7,29 @@
 #include <functional>
 #include <optional>
 
-// Names that stand for no program of their own.
+// Names for what is in front when it is not a program.
 inline const QString kScreenSaverName = QStringLiteral("ScreenSaverEngine");
 inline const QString kLoginWindowName = QStringLiteral("loginwindow");
 inline const QString kDesktopName = QStringLiteral("Desktop");
 inline const QString kOwnName = QStringLiteral("Ticklog");
-// For a program that says nothing of itself: it gets its time all the same.
+// For a program that does not say its name: it gets its time all the same.
 inline const QString kNamelessName = QStringLiteral("Unknown program");
 
-// The active-application record.
+// The application in front.
 struct ApplicationRecord {
-    // In the user's language. Empty when the desktop does not tell.
+    // In the user's language. Empty when the desktop does not say.
     QString name;
     // The executable, as a full path. Empty when unknown.
     QString path;
-    // A stable number of the back end's own (negative) for a client that has no process here.
+    // For a client that has no process on this machine: a negative number that the back end gives it and
+    // keeps.
     std::int64_t processIdentifier = 0;
 
     friend bool operator==(const ApplicationRecord&, const ApplicationRecord&) = default;
 };
 
-// What is in front when no window has the focus: the desktop itself, or the last application would be credited for it.
+// In front when no window has the focus: the desktop itself. Otherwise the last application would go on being
+// credited.
 inline const ApplicationRecord& nothingInFront() {
     static const ApplicationRecord kDesktop{kDesktopName, {}, 0};
     return kDesktop;
@@ -38,18 +40,19 @@ class FrontApplication {
 public:
     virtual ~FrontApplication() = default;
 
-    // Absent while the desktop cannot be reached, and while it does not tell which application is in front. When the
-    // desktop says that nothing has the focus, the record is that of "Desktop". The reference is valid until control
-    // returns to the event loop.
+    // Absent while the desktop cannot be reached, or does not say which application is in front. If the
+    // desktop says that nothing has the focus, this is the record of "Desktop". The reference is valid until
+    // control returns to the event loop.
     virtual const std::optional<ApplicationRecord>& activeApplication() const = 0;
-    // Calls `handler` after every change of the active application; a new handler replaces the last, an empty one
-    // ends the calls. False when the desktop cannot tell of changes.
+    // Calls `handler` after each change of the active application. A new handler replaces the old one; an
+    // empty one ends the calls. False when the desktop cannot report changes.
     virtual bool installSwitchHandler(std::function<void()> handler) = 0;
-    // A name for the program at `path` from what is installed there, for a record without a name. May be empty.
+    // A name for the program at `path`, from the desktop entries that are installed there; for a record
+    // without a name. May be empty.
     virtual QString nameOfProgram(const QString& path) const = 0;
-    // The technology and why it was chosen, for the log and the About box.
+    // The technology and why it was chosen; for the log and the About box.
     virtual QString describe() const = 0;
-    // Why it cannot be told which application is in front, or only of some, in a sentence or two to the user in their
-    // language. Empty while it can.
+    // Why Ticklog cannot tell which application is in front, or can for some only: a sentence or two for the
+    // user, in their language. Empty if it can.
     virtual QString obstacle() const { return {}; }
 };

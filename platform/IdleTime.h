@@ -12,7 +12,7 @@ struct IdleReading {
     enum class Lack {
         // The display does not count it.
         NotCounted,
-        // The display did not answer, or not yet.
+        // The display has not answered, or not yet.
         NoAnswer,
         // There is a display that has no input of its own.
         NoInput,
@@ -30,7 +30,7 @@ struct IdleReading {
     Lack lack = Lack::NotCounted;
 };
 
-// Asks the desktop how long the user has not touched anything. One round trip at most. Main thread only.
+// Asks the desktop for how long the user has not touched anything. At most one round trip. Main thread only.
 class IdleTime {
 public:
     virtual ~IdleTime() = default;

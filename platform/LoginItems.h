@@ -7,21 +7,21 @@
 
 #include <vector>
 
-// Something that the user's session knows to start.
+// A helper that the user's session can start at login.
 struct LoginEntry {
     // Of an autostart entry: its file's name without the ending.
     QString identifier;
-    // Whether the session does start it, at the next login.
+    // Whether the session will start it at the next login.
     bool isStarted;
 };
 
-// What the user's session starts at login. Reads the disk when asked: not for the tick.
+// What the user's session starts at login. Reads the disk at each call, so not for the tick.
 class LoginItems {
 public:
     virtual ~LoginItems() = default;
 
     // All that the session knows, each once.
     virtual std::vector<LoginEntry> items() const = 0;
-    // Whether the helper of that identifier is started at login. Nothing has changed after a failure.
+    // Sets whether the helper with this identifier is started at login. Changes nothing if it fails.
     virtual Outcome setEnabled(const QString& identifier, bool isEnabled) = 0;
 };

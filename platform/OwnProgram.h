@@ -10,7 +10,7 @@ public:
 
     // Its full path.
     virtual QString executable() const = 0;
-    // Starts it as a new instance, which begins when this process is gone, and ends this process at once with status 0:
-    // nothing is saved on the way out. Returns only when the new instance cannot be started.
+    // Starts a new instance, which begins when this process has ended, and ends this process at once with
+    // status 0, without saving anything. Returns only if the new instance cannot be started.
     virtual Outcome relaunch() = 0;
 };

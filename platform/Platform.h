@@ -21,7 +21,8 @@
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/SystemLog.h"
 
-// What the program stands on, as chosen once at launch. Everything is owned by whoever made it and outlives the rest.
+// All services of the desktop that the program uses, chosen once at launch. Their owner keeps them until
+// everything else has ended.
 struct Platform {
     Clock& clock;
     RunLoop& runLoop;

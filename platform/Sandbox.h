@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Whether this process is shut in, as Flatpak and Snap do.
+// Whether this process is confined, by Flatpak or Snap.
 class Sandbox {
 public:
     virtual ~Sandbox() = default;

@@ -13,13 +13,14 @@ public:
         std::function<void()> wentToBackground;
         // This session is in front again.
         std::function<void()> cameToFront;
-        // The machine goes down or the session ends. When it returns, the process may be gone at any moment.
+        // The machine powers off or the session ends. After it has returned, the process may be ended at any
+        // moment.
         std::function<void()> aboutToEnd;
     };
 
     virtual ~SessionEvents() = default;
 
-    // Replaces the handlers; empty ones are not called.
+    // Replaces all handlers; empty ones are not called.
     virtual void observe(Handlers handlers) = 0;
     virtual QString describe() const = 0;
 };

@@ -5,15 +5,16 @@
 
 #include <functional>
 
-// The extension of the desktop's shell without which nobody tells which window is in front. Main thread only.
+// The extension of the desktop's shell that reports which window is in front; nothing else there does. Main
+// thread only.
 class ShellExtension {
 public:
     enum class State {
-        // The shell has not said yet, or is not there.
+        // The shell has not answered yet, or does not run.
         Unknown,
-        // Nowhere where the shell would find it.
+        // Not in any folder where the shell looks.
         Missing,
-        // It is there, and the shell finds it at the next login.
+        // Installed, but the shell will find it only at the next login.
         AwaitsLogin,
         // The shell runs none at the moment, as while the screen is locked, or is just switching it on.
         Paused,
@@ -21,20 +22,22 @@ public:
         // And so are all that the user has: the switch for all of them is off.
         AllOff,
         On,
-        // The shell does not run it: it was made for other versions of the shell, or failed.
+        // The shell does not run it: it is made for other versions of the shell, or it failed.
         Refused,
     };
 
     virtual ~ShellExtension() = default;
 
     virtual State state() const = 0;
-    // Calls `changed` after the state has changed. Replaces the last one; empty ends it.
+    // Calls `changed` after each change of the state. Replaces the previous function; an empty one ends the
+    // calls.
     virtual void observe(std::function<void()> changed) = 0;
-    // Puts a copy for this user, which knows this program, where the shell finds it. One that is there is replaced.
+    // Installs a copy for this user, which knows this program's path, where the shell finds it. Replaces an
+    // older copy.
     virtual Outcome install() = 0;
-    // Has the shell run it, from now on and after each login, and for that all others that are on, where all are off. The
-    // state tells when that is so; where the shell must not, it stays what it is.
+    // Tells the shell to run it, now and after each login. If all extensions are switched off, switches on all that
+    // the user has enabled. The state says when it runs; if the shell must not run it, the state stays.
     virtual void switchOn() = 0;
-    // Has the shell run it no more, and takes this user's copy away.
+    // Tells the shell not to run it any more, and removes this user's copy.
     virtual Outcome remove() = 0;
 };

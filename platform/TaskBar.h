@@ -5,13 +5,13 @@
 
 #include <cstdint>
 
-// Whether windows of ours are listed in the task bar and the pager. Main thread only.
+// Whether our windows are listed in the task bar and the pager. Main thread only.
 class TaskBar {
 public:
     virtual ~TaskBar() = default;
 
-    // `window` is the number that the display knows a window by, which is on the screen. Desktops forget this when the window
-    // is taken off the screen: it is told anew whenever it comes back.
+    // `window` is the display's number of a window that is on the screen. Desktops forget this setting when
+    // the window leaves the screen, so set it again each time it comes back.
     virtual void setListed(std::uint64_t window, bool isListed) = 0;
     virtual QString describe() const = 0;
 };

@@ -8,8 +8,8 @@
 #include <functional>
 #include <variant>
 
-// What tells the windows of one application apart: a number of the window list, or an object of the accessibility
-// bus. Compared by value, cheap to copy, never persisted. The null element equals no window's.
+// Tells the windows of one application apart: a number in the window list, or an object on the accessibility
+// bus. Compared by value, cheap to copy, never written. The null element is equal to no window.
 class WindowElement {
 public:
     // The null element.
@@ -21,7 +21,7 @@ public:
         : m_handle(Accessible{std::move(bus), std::move(path)}) {}
 
     bool isNull() const { return std::holds_alternative<std::monostate>(m_handle); }
-    // Each answers nothing for an element of another kind.
+    // Empty or null for an element of the other kind.
     const std::int64_t* windowNumber() const { return std::get_if<std::int64_t>(&m_handle); }
     QString bus() const {
         const auto* accessible = std::get_if<Accessible>(&m_handle);

@@ -7,9 +7,9 @@
 #include <optional>
 #include <span>
 
-// One on-screen window. Texts are clean: no control characters, no line breaks, at most 4,096 characters.
+// One window on the screen. Texts are clean: no control characters, no line breaks, at most 4,096 characters.
 struct WindowListEntry {
-    // Tells this window from all others that there have been or will be while the program runs.
+    // Never used for another window while the program runs.
     std::int64_t number = 0;
     // As ApplicationRecord::processIdentifier.
     std::int64_t ownerProcessIdentifier = 0;
@@ -22,7 +22,7 @@ struct WindowListEntry {
     friend bool operator==(const WindowListEntry&, const WindowListEntry&) = default;
 };
 
-// The on-screen windows as the desktop last told them. Answers from memory: asking costs no round trip.
+// The windows on the screen as the desktop last reported them. Answers from memory: no round trip.
 class WindowList {
 public:
     virtual ~WindowList() = default;

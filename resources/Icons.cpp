@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Draws a scalable picture in the sizes that desktops ask for: icons PICTURE.svg PLACE.png, in which %1 stands for the size.
+// Draws a scalable picture in the usual sizes of icons: icons PICTURE.svg PLACE.png, where %1 stands for the
+// size.
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>

@@ -12,8 +12,8 @@ inline const QString kAtspiAccessible = QStringLiteral("org.a11y.atspi.Accessibl
 inline const QString kAtspiWindowEvent = QStringLiteral("org.a11y.atspi.Event.Window");
 inline const QString kAtspiObjectEvent = QStringLiteral("org.a11y.atspi.Event.Object");
 
-// Whether it is the answer with somebody's children. Whatever else a program says must not be read as one: the toolkit's
-// readers end the process over it.
+// Whether a message is the answer with an object's children. Check this first: the toolkit's readers end the
+// process over a message of another form, and a program may send anything.
 inline bool isListOfObjects(const QDBusMessage& answer) {
     return answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("a(so)");
 }

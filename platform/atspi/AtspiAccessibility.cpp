@@ -11,7 +11,7 @@ namespace {
 
 const QString kStatus = QStringLiteral("org.a11y.Status");
 const QString kIsEnabled = QStringLiteral("IsEnabled");
-// Elements of applications name the process: it may come to the bus later than we ask for it.
+// Elements of applications name the process, because it may come to the bus only after it was asked for.
 const QString kProcessPrefix = QStringLiteral("/process/");
 
 std::optional<std::int64_t> processOf(const WindowElement& application) {
@@ -62,7 +62,7 @@ private:
         const bool isWindow = isWanted(kAXMainWindowChanged) || isWanted(kAXFocusedWindowChanged);
         if (!(change.isMainWindow && isWindow) && !(change.isTitle && isWanted(kAXTitleChanged)))
             return;
-        // The callback may destroy this observer.
+        // A copy, because the callback may destroy this observer.
         const auto callback = m_callback;
         (*callback)();
     }

@@ -7,12 +7,12 @@
 #include "platform/bus/BusService.h"
 
 // What programs tell assistive programs over AT-SPI. Trust is the desktop's own switch, org.a11y.Status
-// IsEnabled. Looks at no program before it is first asked about one, so that a desktop that is merely asked
-// for trust pays nothing. `sessionBus` and the rest must outlive it; observers may outlive it and fall
-// silent.
+// IsEnabled. Does not look at programs before it is first asked about one, so asking a desktop only for trust
+// costs nothing. All arguments must outlive it; observers may outlive it and are silent then.
 class AtspiAccessibility : public Accessibility {
 public:
-    // How often an observed program is asked for the title of its main window: Qt programs do not tell of it.
+    // How often an observed program is asked for the title of its main window, because Qt programs do not
+    // report changes.
     static constexpr std::chrono::seconds kTitlePace{1};
 
     AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
@@ -20,16 +20,17 @@ public:
 
     bool isProcessTrusted() const override { return m_isEnabled || m_isGranted; }
 
-    // An administrator trusts this program in every session: it need not wait for the user, and turns the switch on.
+    // An administrator trusts this program in every session: it turns the switch on by itself instead of
+    // waiting for the user.
     void grantTrust();
 
     WindowElement applicationElement(std::int64_t processIdentifier) override;
     std::optional<WindowElement> mainWindow(const WindowElement& application) override;
     std::optional<QString> title(const WindowElement& element) override;
-    // Null only while there is no accessibility bus: a program may begin to show itself at any time.
+    // Null only while there is no accessibility bus: a program may begin to describe itself at any time.
     std::unique_ptr<AccessibilityObserver> makeObserver(std::int64_t processIdentifier,
                                                         std::function<void()> callback) override;
-    // Turns the desktop's switch on: hardly any desktop has a place where the user could.
+    // Turns the desktop's switch on, because hardly any desktop has settings where the user could.
     void openPreferences() override;
 
     bool canPromptForTrust() const override { return true; }
@@ -37,7 +38,7 @@ public:
     // A notice with a button that turns the switch on.
     void promptForTrust() override { m_notice.show(); }
 
-    // Wakes the service that has the switch.
+    // Starts the service that has the switch.
     void sendTrustWarning() override;
     QString describe() const override;
 
@@ -57,7 +58,7 @@ private:
     void rereadObserved();
     void startRereading();
 
-    // Null for a process that shows nothing.
+    // Null for a process that does not describe itself.
     AtspiApplication* application(std::int64_t processIdentifier) const;
 
     Bus& m_sessionBus;
@@ -73,6 +74,6 @@ private:
     std::unique_ptr<RunLoopTimer> m_rereading;
     std::unique_ptr<BusSignal> m_statusChanged;
     Subscription m_presence;
-    // Observers that outlive this must not use it.
+    // Set to null at the end, for observers that outlive this object.
     std::shared_ptr<AtspiAccessibility*> m_self;
 };

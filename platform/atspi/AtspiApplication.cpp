@@ -61,7 +61,8 @@ void AtspiApplication::touch() {
 }
 
 void AtspiApplication::readSoon() {
-    // Not put off by every event: who tells of something all the time is read nevertheless, and once more at the end.
+    // Not postponed by further events: a program that sends events all the time is read nevertheless, and
+    // once more at the end.
     if (m_settling)
         m_isStale = true;
     else
@@ -118,7 +119,7 @@ void AtspiApplication::read() {
 
 void AtspiApplication::readWindows(const QDBusMessage& children) {
     const auto reading = std::make_shared<Reading>();
-    // One owed by this function itself, so that an application without windows settles too.
+    // One answer counts for this function itself, so that an application without windows settles too.
     reading->owed = 1;
     reading->isRefused = !isListOfObjects(children);
     if (!reading->isRefused) {
@@ -150,7 +151,7 @@ void AtspiApplication::readWindow(const std::shared_ptr<Reading>& reading, std::
             Window& window = reading->windows[index];
             window.isActive = hasState(states, kActive);
             window.isShowing = hasState(states, kShowing);
-            // A window that has gone since keeps the path out of the list.
+            // A window that has gone since is dropped: its path is cleared.
             if (!isState)
                 window.path.clear();
             settle(reading, reply);
@@ -203,7 +204,7 @@ void AtspiApplication::tell(const QString& mainWindowBefore, const std::optional
 void AtspiApplication::fallSilent() {
     if (std::exchange(m_isSilent, true))
         return;
-    // The answer that ends the silence: what happened during it was not told.
+    // The answer ends the silence. Changes during the silence were not reported, so it is read again.
     askName(
         m_root,
         [this](const QDBusMessage& reply, const QString&) {

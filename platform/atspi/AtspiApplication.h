@@ -7,62 +7,62 @@
 #include <optional>
 #include <vector>
 
-// A program on the accessibility bus, as it last described itself: its name, its windows, and which of them
-// is the main one. Read as a whole, in steps that wait for nothing: single events of toolkits come in pairs
-// that cancel each other, so what counts is the state once it has settled. A program that does not answer
-// stays as it was. The bus and the loop must outlive it.
+// A program on the accessibility bus, as it last described itself: its name, its windows, and the main
+// window. It is read as a whole, in steps without waiting. Single events are not enough, because toolkits
+// send pairs of them that cancel each other; what counts is the state when it has settled. A program that
+// does not answer stays as it was. Bus and loop must outlive it.
 class AtspiApplication : public QObject {
     Q_OBJECT
 
 public:
-    // What a change is about.
+    // What has changed.
     struct Change {
         bool isMainWindow = false;
         bool isTitle = false;
-        // Another window is active, or none is any more, or it is not known any more.
+        // Another window is active; or none is any more, or it is unknown.
         bool isActivity = false;
     };
 
     using Changed = std::function<void(std::int64_t processIdentifier, Change change)>;
 
-    // How long after an event the state has settled.
+    // The state counts as settled this long after an event.
     static constexpr std::chrono::milliseconds kSettling{50};
 
-    // `name` is the connection's unique name, `root` the path of the application's own object. Reads it at
+    // `name` is the connection's unique name, `root` the path of the application object. Starts reading at
     // once.
     AtspiApplication(Bus& bus, RunLoop& runLoop, QString name, QString root, Changed changed);
 
     const QString& connectionName() const { return m_name; }
 
-    // Zero until the bus has told.
+    // 0 until the bus has told it.
     std::int64_t processIdentifier() const { return m_processIdentifier; }
 
-    // Each is empty until it is read.
+    // Empty until it has been read.
     const QString& title() const { return m_title; }
 
-    // The path of the main window: the active one, else the last that was, else the first that shows.
+    // The path of the main window: the active one, else the last active one, else the first that is shown.
     const QString& mainWindow() const { return m_mainWindow; }
 
-    // The path of the active window; empty when none is, and while the program does not answer.
+    // The path of the active window; empty when there is none, and while the program does not answer.
     QString activeWindow() const { return m_isSilent ? QString() : m_activeWindow; }
 
     // Absent when there is no such window.
     std::optional<QString> windowTitle(const QString& path) const;
 
-    // Whether it has windows and has never told of anything: it may have asked who listens before we did.
+    // Whether it has windows but has never sent an event: it may have asked who listens before Ticklog did.
     bool isDeaf() const { return !m_hasSpoken && !m_windows.empty(); }
 
-    // Something happened in it: reads it again when that has settled.
+    // Something has happened in it: reads it again when that has settled.
     void touch();
-    // One of its objects has a new name. Of the many objects that tell, only windows and the application
-    // count.
+    // One of its objects has a new name. Only names of windows and of the application matter.
     void rename(const QString& path, const QString& name);
-    // Asks for the main window's title anew, unless the last answer is still owed. An application that has
-    // never told of anything is read as a whole: it may have started too early to hear that somebody listens.
+    // Asks for the main window's title again, unless the last answer is still missing. A program that has
+    // never sent an event is read as a whole: it may have started too early to know that somebody listens.
     void reread();
 
 private:
-    // For an answer, in milliseconds. Who takes longer is silent until then.
+    // How long to wait for an answer, in milliseconds. A program that takes longer counts as silent until it
+    // answers.
     static constexpr int kPatienceMs = 5000;
 
     struct Window {
@@ -72,11 +72,11 @@ private:
         bool isShowing = false;
     };
 
-    // A reading of the whole application under way.
+    // One reading of the whole application, while it is under way.
     struct Reading {
         std::vector<Window> windows;
         int owed = 0;
-        // In either case what is known stays.
+        // After either, what is known stays.
         bool isSilent = false;
         bool isRefused = false;
     };
@@ -107,13 +107,13 @@ private:
     QString m_mainWindow;
     QString m_activeWindow;
     bool m_isReading = false;
-    // Touched while it was settling or being read.
+    // Something happened while it was settling or being read.
     bool m_isStale = false;
     bool m_isTitleOwed = false;
-    // Owes an answer for longer than the patience with which it is asked.
+    // An answer has been missing for longer than kPatienceMs.
     bool m_isSilent = false;
-    // Has sent an event.
+    // It has sent an event.
     bool m_hasSpoken = false;
-    // Runs from an event to the reading that it causes.
+    // Runs from an event until the reading that follows it.
     std::unique_ptr<RunLoopTimer> m_settling;
 };

@@ -22,7 +22,7 @@ AtspiDesktop::AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplica
     , m_registry(accessibilityBus, kAtspiRegistry)
     , m_presence(m_registry.observe([this] { follow(); })) {
     listenToEvents();
-    // Starts the registry where it does not run yet.
+    // Starts the registry if it does not run yet.
     look();
 }
 
@@ -56,13 +56,14 @@ void AtspiDesktop::follow() {
     } else {
         m_applications.clear();
     }
-    // Starts another registry where this one has died.
+    // Starts another registry if this one has crashed.
     m_secondLook = m_runLoop.scheduleOnce(kSecondLook, [this] { lookAgain(); });
     m_changed(0, {});
 }
 
 void AtspiDesktop::registerEvents() {
-    // Programs send only what somebody has registered for. The registry would keep twice what is registered twice.
+    // Programs send only the events that somebody has registered for. The registry would store an event twice
+    // if it was registered twice.
     for (const QString& event : {QStringLiteral("window:activate"), QStringLiteral("window:deactivate"),
                                  QStringLiteral("window:create"), QStringLiteral("window:destroy"),
                                  QStringLiteral("object:state-changed:active"),
@@ -82,7 +83,7 @@ void AtspiDesktop::listenToEvents() {
         auto* application = sender(signal);
         if (!application)
             return;
-        // It carries the title, and some toolkits tell of a new title in no other way.
+        // The signal carries the title, and some toolkits report a new title in no other way.
         if (const QString title = textOf(signal); !title.isEmpty())
             application->rename(signal.path(), title);
         application->touch();

@@ -6,39 +6,39 @@
 
 #include <unordered_map>
 
-// The programs on the accessibility bus, kept in memory by their events. The rest must outlive it.
+// The programs on the accessibility bus, kept up to date by their events. All arguments must outlive it.
 class AtspiDesktop {
 public:
-    // A program that has just come to the bus is not in the registry yet; it is looked for after each of
-    // these.
+    // A program that has just joined the bus is not in the registry yet: the registry is read again after
+    // each of these times.
     static constexpr std::chrono::milliseconds kFirstLook{300};
     static constexpr std::chrono::seconds kSecondLook{2};
 
-    // `changed` is called after the main window of a program, its title, or whether it is active has changed, and with
-    // process 0 after the registry has come or gone.
+    // `changed` is called when a program's main window, its title, or its being active has changed; and with
+    // process 0 when the registry has come or gone.
     AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplication::Changed changed);
 
-    // Whether there is somebody on the bus who knows the programs.
+    // Whether the registry, which knows the programs, is on the bus.
     bool isServed() const { return m_registry.isServed(); }
 
-    // Any program of which this is so; null when there is none.
+    // Some program for which `isSo` is true; null when there is none.
     AtspiApplication* find(const std::function<bool(const AtspiApplication&)>& isSo) const;
-    // Null for a process that shows nothing.
+    // Null for a process that does not describe itself.
     AtspiApplication* ofProcess(std::int64_t processIdentifier) const;
     // By the unique name of its connection.
     AtspiApplication* named(const QString& name) const;
 
 private:
     void follow();
-    // Tells programs, those that have missed it too, that somebody listens.
+    // Tells all programs that somebody listens, also those that missed it before.
     void registerEvents();
     void listenToEvents();
     void look();
-    // What happened before a program knew that somebody listens was not told.
+    // Reads the programs again: they do not report what happened before they knew that somebody listens.
     void lookAgain();
     void learn(const QDBusMessage& children);
     void nameChanged(const QDBusMessage& signal);
-    // The program that sent a signal; null, and looked for, when it is not known yet.
+    // The program that sent a signal. If it is not known yet: null, and it is looked for.
     AtspiApplication* sender(const QDBusMessage& signal);
 
     Bus& m_bus;

@@ -8,13 +8,14 @@
 
 namespace {
 
-// What belongs to GNOME Shell and not to anybody at work: its own stage, which is the desktop, and the frames that it draws
-// around the windows of X programs, each of which says of itself whether it is active, or tells nothing.
+// Programs of GNOME Shell in which nobody works: its own stage, which is the desktop, and the frames that it draws
+// around the windows of X programs. Each frame says by itself whether it is active, or nothing.
 bool isOfShell(const QString& program) {
     return program == QLatin1String("gnome-shell") || program == QLatin1String("mutter-x11-frames");
 }
 
-// Numbers are forgotten beyond so many, before somebody who opens windows all day has them all.
+// Numbers are forgotten beyond this many, so that a program that opens windows all day does not use up
+// memory.
 constexpr std::size_t kMostNumbers = 10000;
 
 bool isInFront(const AtspiApplication& application) {
@@ -88,7 +89,8 @@ const AtspiApplication* AtspiFrontDesktop::findActive() {
 
 void AtspiFrontDesktop::setLatest(const QString& connectionName) {
     const QString before = std::exchange(m_latest, connectionName);
-    // One that hangs goes on saying that it is active. That is found out now, not when it is taken for the one in front.
+    // A program that hangs still says that it is active. Asking it now reveals that, before it would be taken
+    // for the one in front.
     if (auto* former = before != m_latest ? programs()->named(before) : nullptr)
         former->reread();
 }

@@ -6,33 +6,34 @@
 
 #include <unordered_map>
 
-// The window in front as far as programs tell assistive programs of theirs: the one that says it is active. Where none
-// does, the desktop is in front: somebody may be there who tells nothing, and that time is not the last one's. Looks at
-// nothing until it is begun, and lists the window in front alone. Main thread only.
+// The window in front, as far as programs tell assistive programs about theirs: the one that says it is
+// active. If none does, the desktop is in front: some silent program may be, so the time must not go to the
+// last one. Does nothing before begin(), and lists only the window in front. Main thread only.
 class AtspiFrontDesktop : public KnownWindows {
 public:
-    // Between two windows of different programs, each of which tells when it comes to it, none is active for a moment,
-    // which is not told.
+    // When the user changes between two programs, none is active for a moment. A moment this short is not
+    // reported.
     static constexpr std::chrono::milliseconds kEmptyMoment{250};
-    // How often the program in front, while there is one, is asked for its title: Qt programs do not tell of it, and one
-    // that hangs goes on saying that it is active.
+    // How often the program in front is asked for its title: Qt programs do not report changes, and a program
+    // that hangs still counts as active.
     static constexpr std::chrono::seconds kTitlePace{1};
 
-    // The others outlive this.
+    // All arguments outlive this object.
     AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, DesktopEntries& entries);
 
-    // Starts the accessibility bus where it does not run. Does nothing when it has been begun already.
+    // Starts the accessibility bus if it does not run. Further calls do nothing.
     void begin();
-    // Leaves the bus: nothing is known until it is begun anew. Not to be called from the switch handler.
+    // Leaves the bus: nothing is known until begin() is called again. Do not call this from the switch
+    // handler.
     void end();
 
-    // Whether programs can tell. Changes are told as those of the front.
+    // Whether programs can report. A change of this is reported as a switch.
     bool isTelling() const { return programs(); }
 
     QString describe() const override;
 
 private:
-    // Null while nobody knows them.
+    // Null while there is no registry.
     AtspiDesktop* programs() const;
     void take(std::int64_t processIdentifier, AtspiApplication::Change change);
     void look();
@@ -46,13 +47,14 @@ private:
     Bus& m_sessionBus;
     RunLoop& m_runLoop;
     SystemLog& m_log;
-    // Of windows, by connection and path.
+    // Numbers of windows, by connection and path.
     std::unordered_map<QString, std::int64_t> m_numbers;
-    // Above all that a shell counts: when it begins to tell, its windows are not to be taken for others.
+    // Above all numbers that a shell uses: when its extension begins to report, its windows must not be taken
+    // for these.
     std::int64_t m_lastNumber = std::int64_t(1) << 32;
     // The connection of the program that became active last.
     QString m_latest;
-    // Absent until it is begun.
+    // Absent before begin().
     std::unique_ptr<AtspiLink> m_link;
     std::unique_ptr<RunLoopTimer> m_emptyMoment;
     // Runs while a program is in front.

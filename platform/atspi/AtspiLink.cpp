@@ -22,17 +22,17 @@ void AtspiLink::ask() {
 }
 
 void AtspiLink::connectTo(const QString& address) {
-    // The same bus is connected to again by the connection itself.
+    // If the address is the same, the connection reconnects by itself.
     if (std::exchange(m_address, address) == address)
         return;
     m_desktop.reset();
     m_bus = std::make_unique<Bus>(Bus::atAddress(address), m_runLoop, m_log);
     m_desktop = std::make_unique<AtspiDesktop>(*m_bus, m_runLoop, m_changed);
     m_connection = m_bus->observe([this] {
-        // A launcher that starts its bus anew does so at another address.
+        // A launcher that restarts its bus does so at another address.
         if (!m_bus->isConnected())
             m_askingAgain = m_runLoop.scheduleOnce(kAskingAgain, [this] { ask(); });
     });
-    // Those of the bus before are not known any more.
+    // The programs of the former bus are no longer known.
     m_changed(0, {});
 }

@@ -6,20 +6,21 @@
 inline const QString kAtspiLauncher = QStringLiteral("org.a11y.Bus");
 inline const QString kAtspiLauncherPath = QStringLiteral("/org/a11y/bus");
 
-// The way to the accessibility bus, which the session's launcher starts for whoever asks, and the programs on it. Follows
-// a launcher that comes, or comes anew. Bus, loop and log must outlive it; `changed` may not destroy it.
+// The connection to the accessibility bus, which the session's launcher starts on request, and the programs
+// on it. Reconnects when the launcher comes or restarts. Bus, loop and log must outlive it; `changed` must
+// not destroy it.
 class AtspiLink {
 public:
-    // How much later than the loss of the bus the launcher is asked for another.
+    // How long after losing the bus the launcher is asked for another one.
     static constexpr std::chrono::seconds kAskingAgain{1};
 
-    // `changed` is called as AtspiDesktop's.
+    // `changed` is called as by AtspiDesktop.
     AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed);
 
-    // Starts the launcher and its bus where they do not run, which is otherwise left to others.
+    // Starts the launcher and its bus if they do not run. Without this, others have to start them.
     void start() { ask(); }
 
-    // Null until the bus is known.
+    // Null until the address of the bus is known.
     AtspiDesktop* desktop() const { return m_desktop.get(); }
 
 private:

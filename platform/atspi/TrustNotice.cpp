@@ -7,7 +7,7 @@ namespace {
 
 const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
 const QString kAllow = QStringLiteral("allow");
-// Until the user has seen to it.
+// The notice stays until the user has answered.
 constexpr int kNeverExpires = 0;
 
 } // namespace

@@ -54,7 +54,7 @@ Subscription Bus::observe(std::function<void()> observer) {
 void Bus::open() {
     m_name = nextConnectionName();
     m_connection = m_opener(m_name);
-    // libdbus tells of the loss as if the bus had sent a last message.
+    // libdbus reports the loss as a last message from the bus.
     m_connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                          QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
                          SLOT(lose()));

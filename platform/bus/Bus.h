@@ -14,19 +14,18 @@
 #include <limits>
 #include <memory>
 
-// A connection of our own to a message bus. A bus that is not there, or goes away, is a normal state: it is
-// tried again, less and less often, and whoever observes the connection is told. Nothing waits for a reply:
-// opening, a local socket and a greeting, is all that is done at once. Main thread only; the rest must
-// outlive it.
+// A connection of our own to a message bus. If there is no bus or it goes away, that is a normal state: the
+// connection is tried again, less and less often, and observers are told. Only opening waits, for a local
+// socket and a greeting; nothing waits for a reply. Main thread only; all arguments must outlive it.
 class Bus : public QObject {
     Q_OBJECT
 
 public:
-    // Opens a new private connection under `name`, which QtDBus keeps it by.
+    // Opens a new private connection; QtDBus keeps it under `name`.
     using Opener = std::function<QDBusConnection(const QString& name)>;
     using Receiver = std::function<void(const QDBusMessage& message)>;
 
-    // A time for an answer, in milliseconds: one that comes late is one nevertheless.
+    // A time limit, in milliseconds, for calls whose answer is accepted however late it comes.
     static constexpr int kHoweverLate = std::numeric_limits<int>::max();
 
     static constexpr std::chrono::milliseconds kFirstRetry{500};
@@ -48,11 +47,11 @@ public:
     // Calls `observer` after the connection has come or gone.
     Subscription observe(std::function<void()> observer);
 
-    // Sends a method call. `receiver` gets the reply or the error, whichever comes, unless `context` is gone
-    // by then; it may be empty. Without a connection the error comes in a later turn of the loop.
+    // Sends a method call. `receiver` gets the reply or the error, unless `context` is gone by then; it may
+    // be empty. Without a connection the error comes in a later turn of the loop.
     void call(const QDBusMessage& message, QObject* context, Receiver receiver, int timeoutMs = -1);
 
-    // Runs `receiver` so that a broken contract in it costs this one message only.
+    // Runs `receiver`. If it breaks a contract, only this message is lost.
     void deliver(const Receiver& receiver, const QDBusMessage& message);
 
 private:

@@ -3,7 +3,7 @@
 
 namespace {
 
-// The bus's answers to who asks for a name.
+// The bus's answers to a request for a name.
 constexpr uint kInQueue = 2;
 
 QDBusMessage question(const QString& member, const QVariantList& arguments) {
@@ -46,7 +46,7 @@ void BusName::request() {
         setOwned(false);
         return;
     }
-    // No flag: nobody may take it away, and where somebody has it we are next.
+    // Without flags: nobody may take the name away and, if somebody has it, we are next in the queue.
     m_bus.call(question(QStringLiteral("RequestName"), {m_name, 0U}), this,
                [this](const QDBusMessage& answer) { takeInAnswer(answer); });
 }

@@ -3,20 +3,20 @@
 
 #include "platform/bus/BusService.h"
 
-// A well-known name that this process wants to be known by. Where somebody else has it, the log says so and it is
-// waited for. The rest must outlive it.
+// A well-known bus name that this process wants to have. If another process has it, that is logged, and this
+// one waits for it. All arguments must outlive it.
 class BusName : public QObject {
     Q_OBJECT
 
 public:
-    // What answers to the name must be there before: calls may come as soon as it is ours.
+    // Register the objects that answer under this name before: calls may come as soon as the name is ours.
     BusName(Bus& bus, QString name, SystemLog& log);
     // Gives the name back.
     ~BusName() override;
 
     bool isOwned() const { return m_isOwned; }
 
-    // Calls `observer` after the name has become ours, or is ours no more.
+    // Calls `observer` after the name has become ours, or is no longer ours.
     Subscription observe(std::function<void()> observer);
 
 private:

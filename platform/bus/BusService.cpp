@@ -30,9 +30,9 @@ void BusService::follow() {
     auto question = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
                                                    QStringLiteral("GetNameOwner"));
     question << m_name;
-    // The watcher as context: the answer of a connection that was lost meanwhile is nobody's.
+    // The watcher is the context, so that answers of a lost connection are dropped.
     m_bus.call(question, m_watcher.get(), [this](const QDBusMessage& reply) {
-        // An error says that nobody has the name.
+        // An error means that nobody has the name.
         if (!m_isOwnerTold && reply.type() == QDBusMessage::ReplyMessage)
             setOwner(reply.arguments().value(0).toString());
     });

@@ -24,15 +24,17 @@ public:
 
     Bus& bus() const { return m_bus; }
 
-    // Calls `observer` after the service has come, gone, or changed hands. It may not destroy this.
+    // Calls `observer` after the service has come, gone, or got another owner. It must not destroy this
+    // object.
     Subscription observe(std::function<void()> observer);
 
-    // As Bus::call; replies are dropped once this object is gone. Starts the service if the bus knows how to.
+    // Like Bus::call; replies that come after this object has gone are dropped. Starts the service if the bus
+    // can.
     void call(const QString& path, const QString& interface, const QString& member,
               const QVariantList& arguments, Bus::Receiver receiver = {}, int timeoutMs = -1);
     void getProperty(const QString& path, const QString& interface, const QString& property,
                      Bus::Receiver receiver);
-    // Signals that come from the service itself and from nobody else.
+    // Listens to signals from the service itself only.
     [[nodiscard]] std::unique_ptr<BusSignal> listen(BusMatch match, Bus::Receiver receiver);
 
 private:
@@ -42,7 +44,7 @@ private:
     Bus& m_bus;
     QString m_name;
     QString m_owner;
-    // The answer about the owner is older than what the watcher has told since.
+    // The watcher has told of an owner since, so the answer to the question about the owner is out of date.
     bool m_isOwnerTold = false;
     std::unique_ptr<QDBusServiceWatcher> m_watcher;
     QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;

@@ -12,7 +12,7 @@ BusSignal::BusSignal(Bus& bus, BusMatch match, Bus::Receiver receiver)
 void BusSignal::subscribe() {
     if (!m_bus.isConnected())
         return;
-    // Without the sender: QtDBus would wait for the bus to name its owner.
+    // Matched without the sender, because QtDBus would wait until the bus names its owner.
     const QStringList arguments =
         m_match.firstArgument.isEmpty() ? QStringList() : QStringList{m_match.firstArgument};
     m_bus.connection().connect(QString(), m_match.path, m_match.interface, m_match.member, arguments,

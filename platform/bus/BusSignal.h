@@ -3,7 +3,7 @@
 
 #include "platform/bus/Bus.h"
 
-// Which signals to listen to. Empty parts match all.
+// Which signals to receive. An empty part matches everything.
 struct BusMatch {
     QString path;
     QString interface;
@@ -12,8 +12,8 @@ struct BusMatch {
     QString firstArgument;
 };
 
-// Listens to signals of a bus, whoever sends them, for as long as it lives: a connection that is opened anew
-// is listened to as well. The bus must outlive it.
+// Receives signals of a bus from any sender for as long as it lives, also after a reconnection. The bus must
+// outlive it.
 class BusSignal : public QObject {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private:
 
     Bus& m_bus;
     BusMatch m_match;
-    // Shared, because the receiver may end the listening while it runs.
+    // Shared, because the receiver may destroy this object while it runs.
     std::shared_ptr<const Bus::Receiver> m_receiver;
     Subscription m_connection;
 };

@@ -6,19 +6,20 @@
 #include <functional>
 #include <memory>
 
-// Between two windows desktops say for a moment that none is in front, which is not told. When the moment is over the
-// desktop is asked again: this program may have been kept waiting, and not have heard yet what is in front by now.
+// Between two windows, desktops report for a moment that none is in front; that is not passed on. After the
+// moment the desktop is asked again, because this process may have been kept waiting and not have heard what
+// is in front now.
 class EmptyMoment {
 public:
     static constexpr std::chrono::milliseconds kLength{100};
 
-    // `askAgain` asks the desktop what is in front. The loop outlives this.
+    // `askAgain` asks the desktop what is in front. The loop outlives this object.
     EmptyMoment(RunLoop& runLoop, std::function<void()> askAgain)
         : m_runLoop(runLoop)
         , m_askAgain(std::move(askAgain)) {}
 
-    // Nothing is in front, as far as has been told. Answers whether that is so: the moment is over and the desktop, which
-    // `isAnswerOwed` says, has no answer left to give.
+    // Call it when the desktop says that nothing is in front. Answers whether to believe it: the moment is
+    // over, and no answer of the desktop is missing, which `isAnswerOwed` says.
     bool isOver(bool isAnswerOwed) {
         if (!m_timer && !m_isAsked)
             m_timer = m_runLoop.scheduleOnce(kLength, [this] {
@@ -28,7 +29,7 @@ public:
         return m_isAsked && !isAnswerOwed;
     }
 
-    // Something is in front, or it is known that nothing is.
+    // Something is in front, or it has been passed on that nothing is.
     void end() {
         m_isAsked = false;
         m_timer.reset();
@@ -37,7 +38,7 @@ public:
 private:
     RunLoop& m_runLoop;
     std::function<void()> m_askAgain;
-    // Since the moment has begun.
+    // Runs from the beginning of the moment.
     std::unique_ptr<RunLoopTimer> m_timer;
     bool m_isAsked = false;
 };

@@ -3,8 +3,8 @@
 
 #include "platform/desktop/SwitchTeller.h"
 
-// Hands on what another says is in front, except while something else is: that is in front then, and what goes on behind it
-// is no switch.
+// Passes on what another source says is in front, except while something covers it: then the cover is in
+// front, and changes behind it are not reported.
 class FrontCover : public SwitchTeller {
 public:
     const std::optional<ApplicationRecord>& activeApplication() const override {
@@ -27,12 +27,12 @@ public:
     QString obstacle() const override { return m_covered.obstacle(); }
 
 protected:
-    // The covered one outlives this.
+    // `covered` outlives this object.
     FrontCover(FrontApplication& covered, std::optional<ApplicationRecord> cover)
         : m_covered(covered)
         , m_cover(std::move(cover)) {}
 
-    // Absent: nothing covers from now on. Tells of a switch if that is different.
+    // Absent: nothing covers any more. Reports a switch if this is a change.
     void cover(const std::optional<ApplicationRecord>& cover) {
         if (m_cover == cover)
             return;

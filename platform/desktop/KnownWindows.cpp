@@ -23,7 +23,7 @@ ApplicationRecord KnownWindows::recordOf(std::int64_t process, const QStringList
     const QString path = executableOfProcess(process);
     if (isOwn)
         return {kOwnName, path, process};
-    // The class itself comes last.
+    // The last name that is not empty is used: the installed one or, without it, the class.
     QStringList names{kNamelessName, QFileInfo(path).fileName()};
     names << classes << installed.value_or(QString());
     const auto name = std::find_if_not(names.crbegin(), names.crend(), std::mem_fn(&QString::isEmpty));

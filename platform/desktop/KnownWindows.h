@@ -7,8 +7,9 @@
 
 #include <vector>
 
-// The windows and the application in front, as they were last told: answers from memory, tells of switches, and knows what
-// programs are called. A back end finds out what is to be shown, and says so. Main thread only.
+// The windows and the application in front, as last reported by the desktop. Answers from memory, reports
+// switches, and finds the names of programs. A back end works out what there is, and calls show(). Main
+// thread only.
 class KnownWindows : public WindowList, public SwitchTeller {
 public:
     std::span<const WindowListEntry> onScreenWindows() const override { return m_windows; }
@@ -16,27 +17,28 @@ public:
     QString nameOfProgram(const QString& path) const override;
 
 protected:
-    // The entries outlive this.
+    // `entries` outlive this object.
     explicit KnownWindows(DesktopEntries& entries)
         : m_desktopEntries(entries) {}
 
     DesktopEntries& desktopEntries() const { return m_desktopEntries; }
 
-    // A program by its process. `classes` are what a window of it says, as DesktopEntries has them. Our own is called by our
-    // name, any other as it is `installed`; failing that as it calls itself, and last after its file.
+    // The record of a program, by its process. `classes` come from its window, in the order that
+    // DesktopEntries expects. Ticklog itself has its own name. Any other program has its `installed` name,
+    // else its class, else its file name.
     ApplicationRecord recordOf(std::int64_t process, const QStringList& classes, bool isOwn) const;
     static ApplicationRecord recordOf(std::int64_t process, const QStringList& classes, bool isOwn,
                                       const std::optional<QString>& installed);
 
-    // From now on this is what there is. Tells of a switch if another application is in front.
+    // From now on this is what there is. Reports a switch if another application is in front.
     void show(std::vector<WindowListEntry> frontToBack, const std::optional<ApplicationRecord>& front);
-    // The same, where the window that has the focus may not be the one that lies in front.
+    // The same when the window with the focus may not be the front one.
     void show(std::vector<WindowListEntry> frontToBack, std::int64_t focused,
               const std::optional<ApplicationRecord>& front);
-    // What is in front when nobody tells any more. The account goes on crediting whoever was told last, and that must not
-    // be a window that is gone; of a desktop that has told nothing yet nothing is known.
+    // What is in front when the desktop stops reporting: the desktop itself, because a window that may be
+    // gone must not go on being credited. Absent if the desktop has not reported anything yet.
     std::optional<ApplicationRecord> frontAfterwards() const;
-    // As `show`, without telling. Answers whether it is a switch.
+    // Like show(), but does not report. Answers whether it is a switch.
     [[nodiscard]] bool take(std::vector<WindowListEntry> frontToBack,
                             const std::optional<ApplicationRecord>& front);
 

@@ -5,10 +5,10 @@
 #include "platform/TaskBar.h"
 #include "platform/desktop/TellingDesktop.h"
 
-// Where no window system can be asked: nothing is in front, and nothing is credited.
+// Used when no window system can be asked: nothing is in front, and nothing is credited.
 class NoDesktop : public TellingDesktop {
 public:
-    // `obstacle` says why, to the user. The entries outlive this.
+    // `obstacle` tells the user why. `entries` outlive this object.
     NoDesktop(DesktopEntries& entries, QString obstacle)
         : TellingDesktop(entries)
         , m_obstacle(std::move(obstacle)) {}
@@ -24,14 +24,14 @@ private:
     QString m_obstacle;
 };
 
-// Where nobody counts the time since the last input: the user is never idle.
+// Used when nothing counts the time since the last input: the user is never idle.
 class NoIdleTime : public IdleTime {
 public:
     IdleReading read() override { return std::chrono::nanoseconds::zero(); }
     QString describe() const override { return QStringLiteral("none: the user is never idle"); }
 };
 
-// Where a window cannot be kept out of the task bar.
+// Used where windows cannot be kept out of the task bar.
 class NoTaskBar : public TaskBar {
 public:
     void setListed(std::uint64_t, bool) override {}

@@ -5,8 +5,8 @@
 
 namespace {
 
-// The patience is counted in turns of the loop: a process that was itself kept waiting has one turn for all of that
-// time, and takes in the answer before the next.
+// The waiting time is counted in turns of the loop. A process that was itself kept waiting gets one turn for
+// all that time, and handles the answer before the next turn.
 constexpr int kTurns = 10;
 
 } // namespace
@@ -57,7 +57,8 @@ void SilenceWatch::look() {
 }
 
 bool SilenceWatch::isWorthAsking() const {
-    // Where it is known that nothing is told, nothing is credited either.
+    // If it is already known that nothing is reported, nothing is credited either, so there is no need to
+    // ask.
     const auto& front = m_desktop.front.activeApplication();
     const bool isTold = m_desktop.front.obstacle().isEmpty() || (front && *front != nothingInFront());
     return isTold && m_isCounting() && !isAbsent();

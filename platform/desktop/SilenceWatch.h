@@ -10,24 +10,26 @@
 
 #include <memory>
 
-// Notices that a desktop has fallen silent, where it could as well have nothing to tell: a compositor that hangs, a shell
-// whose extension has stopped. When nothing has been heard for a while though a window is credited, it is asked for a sign
-// of life. As long as none comes there is no window, and the desktop itself is in front, or whoever was there last would
-// be credited for it. Otherwise everything is passed on as it is. Main thread only.
+// Notices that a desktop has fallen silent: a compositor that hangs, or a shell whose extension has stopped.
+// That looks the same as a desktop without news, so when nothing has been heard for a while although a window
+// is credited, it asks for a sign of life. Until one comes there is no window and the desktop itself is in
+// front; otherwise the last application would go on being credited. At all other times it passes everything
+// on. Main thread only.
 class SilenceWatch : public FrontCover, public WindowList {
 public:
     struct Desktop {
         FrontApplication& front;
         WindowList& windows;
         SignsOfLife& signs;
-        // A desktop that hangs passes no input on, so that this alone says nobody is there, and may be wrong.
+        // A desktop that hangs passes on no input, so this alone says that nobody is there, and may be wrong.
         IdleTime& idleTime;
     };
 
     struct Limits {
-        // Nothing has been heard for so long, up to twice that; with the patience two minutes at the most.
+        // The desktop is asked when nothing was heard for this long, at most for twice as long; with the
+        // patience below, two minutes at most.
         std::chrono::milliseconds quiet = std::chrono::seconds(55);
-        // For the answer.
+        // How long to wait for the answer.
         std::chrono::milliseconds patience = std::chrono::seconds(10);
         // After so long without input no window is credited any more, and nobody is asked; absent where one always is.
         std::function<std::optional<std::chrono::nanoseconds>()> absence = [] {
@@ -35,7 +37,8 @@ public:
         };
     };
 
-    // `isCounting` says whether time is being credited; while it is not, nobody is asked. All outlive the watch.
+    // `isCounting` says whether time is being credited; the desktop is asked only then. All arguments outlive
+    // the watch.
     SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& log, std::function<bool()> isCounting,
                  const Limits& limits);
     ~SilenceWatch() override;
@@ -58,10 +61,10 @@ private:
     SystemLog& m_log;
     std::function<bool()> m_isCounting;
     Limits m_limits;
-    // Since the last look.
+    // Since the last check.
     bool m_isHeard = false;
     std::unique_ptr<RunLoopTimer> m_looks;
-    // Runs while an answer is waited for.
+    // Runs while waiting for an answer.
     std::unique_ptr<RunLoopTimer> m_waiting;
     int m_turnsLeft = 0;
 };

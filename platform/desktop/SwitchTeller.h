@@ -3,7 +3,7 @@
 
 #include "platform/FrontApplication.h"
 
-// Tells of switches to whoever asked for it.
+// Calls the handler that was installed for switches.
 class SwitchTeller : public FrontApplication {
 public:
     bool installSwitchHandler(std::function<void()> handler) override {

@@ -4,17 +4,17 @@
 #include "platform/SignsOfLife.h"
 #include "platform/desktop/KnownWindows.h"
 
-// A desktop that tells of its windows by itself, and may fall silent or go. Main thread only.
+// A desktop that reports its windows by itself, and may fall silent or go. Main thread only.
 class TellingDesktop : public KnownWindows, public SignsOfLife {
 public:
     void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
-    // Called when the display has gone, for this process perhaps for good. No window is listed by then.
+    // Called when the display has gone, for this process perhaps for good. By then no window is listed.
     void setLostHandler(std::function<void()> lost) { m_lostHandler = std::move(lost); }
 
 protected:
     using KnownWindows::KnownWindows;
 
-    // The desktop has told or answered something.
+    // The desktop has reported or answered something.
     void hear() const {
         if (m_heardHandler)
             m_heardHandler();

@@ -17,7 +17,7 @@
 
 namespace {
 
-// Whom the extension tells; it lies beside its sources.
+// The file with the program to which the extension reports; it is beside the extension's sources.
 const QString kExecutableFile = QStringLiteral("executable");
 
 QByteArray contentOf(const QString& path) {
@@ -29,7 +29,7 @@ QString folderBelow(const QString& dataFolder) {
     return dataFolder + QStringLiteral("/gnome-shell/extensions/") + kTicklogExtension;
 }
 
-// The versions of the shell that an extension's metadata.json names.
+// The versions of the shell in an extension's metadata.json.
 QStringList versionsOf(const QByteArray& metadata) {
     QStringList versions;
     for (const auto& version :
@@ -38,7 +38,7 @@ QStringList versionsOf(const QByteArray& metadata) {
     return versions;
 }
 
-// Of the shell's own ExtensionState.
+// From the shell's own ExtensionState.
 enum ShellsState { kActive = 1, kError = 3, kOutOfDate = 4 };
 
 const QString kAllExtensions = QStringLiteral("UserExtensionsEnabled");
@@ -104,14 +104,15 @@ void GnomeExtension::ask() {
 
 void GnomeExtension::takeIn(const QVariantMap& description) {
     const State state = stateOf(description);
-    // One that was not tested with it is not offered to a shell, which would refuse it after the next login.
+    // An extension that was not tested with this version is not offered: the shell would refuse it after the
+    // next login.
     setState(m_version.isUntested() && state != State::On ? State::Refused : state);
 }
 
 ShellExtension::State GnomeExtension::stateOf(const QVariantMap& description) const {
     const int told = description.value(QStringLiteral("state")).toInt();
-    // The shell describes what it does not know with nothing. What was made for another version when the shell looked
-    // may have been replaced since, and it does not look again.
+    // An empty description means that the shell does not know the extension. An extension for another version
+    // may have been replaced since; the shell does not look again before the next login.
     if (description.isEmpty() || told == kOutOfDate)
         return isInstalled() ? State::AwaitsLogin : State::Missing;
     if (told == kActive)
@@ -137,7 +138,7 @@ void GnomeExtension::setState(State state) {
 bool GnomeExtension::isInstalled() const {
     for (const QString& folder : m_places.dataFolders) {
         const QString metadata = folderBelow(folder) + QStringLiteral("/metadata.json");
-        // The shell looks at no second one.
+        // The shell uses the first folder that has it.
         if (QFile::exists(metadata))
             return m_version.isAmong(versionsOf(contentOf(metadata)));
     }
@@ -195,7 +196,7 @@ void GnomeExtension::renew() {
 }
 
 void GnomeExtension::switchOn() {
-    // What it comes to is told by the signal.
+    // The result comes by the signal.
     m_shell.call(kGnomeShellPath, kGnomeShellExtensions, QStringLiteral("EnableExtension"),
                  {kTicklogExtension});
     if (m_state == State::AllOff)

@@ -9,28 +9,29 @@
 #include <QMap>
 #include <QStringList>
 
-// Ticklog's extension of GNOME Shell: its files, and what the shell makes of them. Main thread only.
+// Ticklog's extension of GNOME Shell: its files, and its state in the shell. Main thread only.
 class GnomeExtension : public ShellExtension {
 public:
     struct Places {
-        // A folder with the files to install: what all shells read, and below it what only those before 45 ("legacy") or
-        // since then ("modules") do.
+        // The folder with the files to install: those for all shells and, below it, those for shells before
+        // 45 ("legacy") and from 45 on ("modules").
         QString source;
-        // The folders with data of the user and of the system, the user's first, as the shell looks through them.
+        // The data folders of the user and of the system, the user's first, in the order in which the shell
+        // searches them.
         QStringList dataFolders;
-        // The program that the extension shall tell, as a full path.
+        // The program to which the extension reports, as a full path.
         QString executable;
 
-        // Those of this process.
+        // The folders for this process.
         static Places forUser(const QString& source);
     };
 
-    // A shell that starts has its name before it answers; it is asked again this much later.
+    // A shell that is starting has its bus name before it answers; it is asked again after this time.
     static constexpr std::chrono::seconds kAskingAgain{1};
 
-    // Brings this user's copy, where there is one, up to what this program would install: it may be an earlier version's,
-    // be made for another version of the shell, or know this program by another path. The path is there when this
-    // returns, the rest when the shell has said which version it is. Bus, loop and log outlive this.
+    // Updates this user's copy, if there is one: it may be from an earlier version, for another version of
+    // the shell, or have another path for this program. The path is updated when the constructor returns, the
+    // other files when the shell has told its version. Bus, loop and log outlive this object.
     GnomeExtension(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, Places places);
 
     State state() const override { return m_state; }
@@ -47,12 +48,12 @@ private:
     void takeIn(const QVariantMap& description);
     void setState(State state);
     State stateOf(const QVariantMap& description) const;
-    // Why one that the shell could run does not run.
+    // Why an extension that the shell could run does not run.
     State stateAtRest(const QVariantMap& description) const;
-    // Whether the shell finds one that was made for it.
+    // Whether the shell can find a copy that suits its version.
     bool isInstalled() const;
     QString usersFolder() const;
-    // By file name; what belongs into the user's folder, as far as that is known.
+    // By file name; the files for the user's folder, as far as they are known.
     QMap<QString, QByteArray> files() const;
     Outcome write(const QMap<QString, QByteArray>& files) const;
 

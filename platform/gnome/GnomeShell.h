@@ -3,7 +3,7 @@
 
 #include <QString>
 
-// Names that GNOME Shell and our extension of it go by on the session bus.
+// Names of GNOME Shell and of our extension on the session bus.
 inline const QString kGnomeShell = QStringLiteral("org.gnome.Shell");
 inline const QString kGnomeShellPath = QStringLiteral("/org/gnome/Shell");
 inline const QString kGnomeShellExtensions = QStringLiteral("org.gnome.Shell.Extensions");

@@ -54,7 +54,7 @@ void GnomeShellDesktop::follow() {
         return;
     }
     m_version.ask();
-    // Answered by the extension itself, and not by the shell's part of the bus, which goes on while the shell hangs.
+    // The extension itself answers this; the shell's part of the bus also answers while the shell hangs.
     m_shell.call(
         kTicklogShellPath, kTicklogShell, QStringLiteral("Follow"), {},
         [this](const QDBusMessage& answer) {
@@ -67,7 +67,8 @@ void GnomeShellDesktop::follow() {
 void GnomeShellDesktop::askForSign() {
     if (m_isTold)
         return follow();
-    // A call of what is not there is refused by the shell's part of the bus. What the shell says of itself it says itself.
+    // Calls to unknown objects are answered by the shell's part of the bus. A property of the shell is
+    // answered by the shell itself.
     m_shell.call(
         kGnomeShellPath, kPropertiesInterface, QStringLiteral("Get"),
         {kGnomeShell, QStringLiteral("ShellVersion")}, [this](const QDBusMessage&) { hear(); },
@@ -84,12 +85,12 @@ void GnomeShellDesktop::takeInAnswer(const QDBusMessage& answer) {
         logOnce(QStringLiteral("The extension of GNOME Shell belongs to another Ticklog than this: ") +
                 QCoreApplication::applicationFilePath());
     else
-        // When it comes it tells us.
+        // If the extension comes, it reports.
         logOnce(QStringLiteral("Ticklog's extension of GNOME Shell is not running."));
 }
 
 void GnomeShellDesktop::takeIn(const QDBusMessage& message) {
-    // A last message may come after somebody else has been given our name.
+    // A last message may come after another process has got our name.
     const auto sight = isUnderstood(message) && m_name.isOwned() ? GnomeSight::read(message) : std::nullopt;
     if (sight)
         adopt(*sight);
@@ -119,7 +120,7 @@ bool GnomeShellDesktop::isUnderstood(const QDBusMessage& message) {
 }
 
 void GnomeShellDesktop::end() {
-    // A shell that is started anew counts its windows anew.
+    // A restarted shell numbers its windows from 1 again.
     m_programs.clear();
     m_isTold = false;
     show({}, frontAfterwards());

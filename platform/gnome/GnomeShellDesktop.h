@@ -9,18 +9,18 @@
 
 #include <unordered_map>
 
-// The windows of GNOME Shell and the application in front, as our extension of the shell tells them: one message for
-// each change, and none while nothing changes. Without the extension it is not known what is in front; it may come
+// The windows of GNOME Shell and the application in front, as our extension reports them: one message for
+// each change, none while nothing changes. Without the extension it is unknown what is in front; it may come
 // and go at any time. Main thread only.
 class GnomeShellDesktop : public TellingDesktop {
 public:
-    // The others outlive the desktop. The extension tells only who bears `ownName`, and that may come later. Nothing
-    // is known yet when it returns.
+    // All arguments outlive the desktop. The extension reports only to the owner of `ownName`, which this
+    // process may get later. Nothing is known yet when the constructor returns.
     GnomeShellDesktop(Bus& sessionBus, BusName& ownName, SystemLog& log, DesktopEntries& entries);
 
-    // Whether the extension tells of the windows now.
+    // Whether the extension reports the windows at present.
     bool isTelling() const { return m_isTold; }
-    // Why it does not, as a sentence to the user.
+    // Why it does not, as a sentence for the user.
     QString reasonForSilence() const;
 
     QString describe() const override;
@@ -28,7 +28,7 @@ public:
     void askForSign() override;
 
 private:
-    // Whose a window is, and what that was found out from.
+    // A window's program, and the facts from which it was determined.
     struct Program {
         std::int32_t process;
         QString applicationId;
@@ -39,17 +39,17 @@ private:
     void follow();
     void takeInAnswer(const QDBusMessage& answer);
     void takeIn(const QDBusMessage& message);
-    // Whether the extension speaks a language that is known here. Tells the log when that changes.
+    // Whether the messages have a version that is known here. Logs a change.
     bool isUnderstood(const QDBusMessage& message);
     void end();
     void adopt(const GnomeSight& sight);
-    // A message comes with every title: the disk is asked about a window once.
+    // Kept, because a message comes with every title, and the disk should be asked only once for a window.
     Program programOf(const GnomeSight::Window& window);
     ApplicationRecord applicationOf(const GnomeSight::Window& window);
     void logOnce(const QString& line);
 
     SystemLog& m_log;
-    // By application, where the shell does not know the process.
+    // By application, if the shell does not know the process.
     MadeUpProcesses m_madeUpProcesses;
     QString m_lastLogged;
     bool m_isTold = false;

@@ -3,24 +3,24 @@
 
 #include "platform/bus/BusService.h"
 
-// Which version of GNOME Shell runs, as it says itself. It refuses extensions that were not made for its version.
+// The version of GNOME Shell, as it says itself. It refuses extensions that do not support its version.
 class GnomeShellVersion {
 public:
-    // The main versions that Ticklog's extension was tested with; its metadata.json names the same.
+    // The main versions with which the extension was tested; its metadata.json has the same list.
     static const QStringList& tested();
 
-    // `told` is called when the shell has said another version than before. `shell` outlives this.
+    // `told` is called when the shell tells a new version. `shell` outlives this object.
     GnomeShellVersion(BusService& shell, std::function<void()> told);
 
     // Asks the shell that is there now.
     void ask();
-    // As people know it, such as "43.9"; empty until the shell has said.
+    // In the form that people use, such as "43.9"; empty until the shell has answered.
     const QString& text() const { return m_text; }
-    // Whether it is known to be one that the extension was not tested with.
+    // Whether the version is known, and the extension was not tested with it.
     bool isUntested() const;
-    // Whether it reads extensions as modules, as shells do since 45; those before read scripts.
+    // Whether it reads extensions as modules (from 45 on) rather than as scripts.
     bool readsModules() const;
-    // Whether a list of versions, as in an extension's metadata.json, names it.
+    // Whether a list of versions, as in an extension's metadata.json, includes it.
     bool isAmong(const QStringList& versions) const;
 
 private:

@@ -8,25 +8,25 @@
 #include <optional>
 #include <vector>
 
-// What the extension tells in one message: everything there is to see.
+// One message of the extension: everything there is to see.
 struct GnomeSight {
     struct Window {
-        // Counted by the shell, from 1, and never twice while it runs.
+        // Numbered by the shell from 1, never the same twice while it runs.
         std::uint32_t number = 0;
-        // Not above zero when the shell does not know.
+        // 0 or negative if the shell does not know it.
         std::int32_t process = 0;
         QString title;
-        // The id of the desktop entry; empty when the window belongs to none.
+        // The id of the desktop entry; empty if the window has none.
         QString applicationId;
         QString windowClass;
         int layer = 0;
     };
 
-    // The versions of the messages that we read.
+    // The versions of messages that can be read here.
     static constexpr std::uint32_t kVersion = 1;
     static constexpr std::uint32_t kOldestVersion = 1;
 
-    // Of the messages, as the extension says: what it speaks, and the oldest that a reader of it may know.
+    // The version of the extension's messages, and the oldest version of a reader that understands them.
     struct Versions {
         std::uint32_t spoken = 0;
         std::uint32_t oldest = 0;
@@ -35,13 +35,13 @@ struct GnomeSight {
         friend bool operator==(const Versions&, const Versions&) = default;
     };
 
-    // 0 when no window on the screen has the focus.
+    // 0 if no window on the screen has the focus.
     std::uint32_t focused = 0;
     // Those on the screen, front to back.
     std::vector<Window> windows;
 
-    // Absent when it is no message of this extension at all.
+    // Absent if it is no message of this extension.
     static std::optional<Versions> versionsOf(const QDBusMessage& message);
-    // Absent when the message is made differently from what is known here. Texts are clean.
+    // Absent if the message has an unknown form. Texts are clean.
     static std::optional<GnomeSight> read(const QDBusMessage& message);
 };

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
 constexpr qsizetype kLongestToken = 256;
 
-// The full path of a file of this machine; empty for anything else.
+// The full path of a file on this machine; empty for anything else.
 QString localPath(const QString& uri) {
     if (uri.size() > kLongestText)
         return {};
@@ -106,8 +106,8 @@ void ActivationService::carryOutSoon(Request request) {
 
 void ActivationService::carryOut(const Request& request) {
     if (!request.token.isEmpty()) {
-        // The toolkit takes it from there when a window asks to come to the front. No program that is started while
-        // the files are asked about is to inherit it.
+        // The toolkit takes the token from there when a window asks to come to the front. Programs that are
+        // started while the files are asked about must not inherit it.
         qputenv(kTokenVariable, request.token);
         m_handler({}, request.ticket);
         qunsetenv(kTokenVariable);

@@ -10,24 +10,24 @@
 
 #include <vector>
 
-// What we are known by on the session bus.
+// Our name on the session bus.
 inline const QString kTicklogName = QStringLiteral("org.ticklog.Ticklog");
 inline const QString kTicklogPath = QStringLiteral("/org/ticklog/Ticklog");
 
-// The program as launchers see it on the session bus (org.freedesktop.Application): it can be asked to come to the
-// front and to open files. Whoever asks is answered at once; what is asked for is done in a later turn of the loop,
-// because it may put a question to the user. Requests that come before anybody listens are kept. The rest must
-// outlive it.
+// The program as launchers see it on the session bus (org.freedesktop.Application): they can bring it to the
+// front and have it open files. A caller is answered at once; the request is carried out in a later turn of
+// the loop, because it may ask the user a question. Requests that come before there is a handler are kept.
+// All arguments must outlive it.
 class ActivationService : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    // The full paths of files to open; none to only come to the front. Whoever goes on with them later keeps the ticket
-    // until then.
+    // The full paths of files to open; empty to only come to the front. Keep the ticket for as long as the
+    // request is being handled.
     using Handler = std::function<void(const QStringList& files, const Admission::Ticket& ticket)>;
 
-    // In one request: each file is asked about.
+    // The most files in one request, because each is asked about.
     static constexpr qsizetype kMostFiles = 16;
 
     ActivationService(Bus& sessionBus, const Admission& admission, RunLoop& runLoop, SystemLog& log);
@@ -36,19 +36,19 @@ public:
     void listen(Handler handler);
 
 public Q_SLOTS:
-    // The messages of the interface. Of what the caller tells about the desktop, the token that Wayland lets windows
-    // come to the front by is used.
+    // The messages of the interface. Of the platform data, only the token is used by which Wayland lets
+    // windows come to the front.
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
-    // What is no file of this machine is left out; an error if nothing remains, or if there are too many.
+    // Leaves out URIs that are no files of this machine; an error if none remains, or if there are too many.
     Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
-    // An error: there are no actions, since a session without a bus could not offer them.
+    // Always an error: there are no actions, because a session without a bus could not offer them.
     Q_SCRIPTABLE void ActivateAction(const QString& action, const QVariantList& parameters,
                                      const QVariantMap& platformData);
 
 private:
     struct Request {
         QStringList files;
-        // Empty when there is none.
+        // Empty without a token.
         QByteArray token;
         Admission::Ticket ticket = {};
     };

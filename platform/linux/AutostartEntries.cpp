@@ -25,7 +25,7 @@ const QString kOnlyShowIn = QStringLiteral("OnlyShowIn");
 const QString kNotShowIn = QStringLiteral("NotShowIn");
 const QString kAutostartEnabled = QStringLiteral("X-GNOME-Autostart-enabled");
 
-// A value as it is written: only the backslash has a meaning in all of them.
+// The escapes of desktop entries; only the backslash needs one in every value.
 QString escaped(QString value) {
     return value.replace(u'\\', QLatin1String("\\\\"))
         .replace(u'\n', QLatin1String("\\n"))
@@ -33,7 +33,7 @@ QString escaped(QString value) {
         .replace(u'\r', QLatin1String("\\r"));
 }
 
-// The program that an Exec value begins with.
+// The program at the beginning of an Exec value.
 QString programOf(const QString& exec) {
     return DesktopEntryFile::commandWords(exec).value(0).replace(QLatin1String("%%"), QLatin1String("%"));
 }
@@ -75,7 +75,7 @@ std::vector<LoginEntry> AutostartEntries::items() const {
                 continue;
             seen << name;
             const auto entry = DesktopEntryFile::read(folder + u'/' + name);
-            // A hidden entry is there only to hide the system's.
+            // A hidden entry only hides the system's entry.
             if (entry && entry->value(kHidden) != QLatin1String("true"))
                 items.push_back({name.chopped(kSuffix.size()), isStarted(*entry)});
         }
@@ -120,12 +120,13 @@ QString AutostartEntries::execValue(const QString& path) {
         if (QStringView(u"\"`$\\").contains(character))
             quoted += u'\\';
         quoted += character;
-        // Alone it would stand for a file that is handed over.
+        // A single "%" would mean a file that is passed.
         if (character == u'%')
             quoted += u'%';
     }
     quoted += u'"';
-    // Desktops look for the program before they read the percent signs in its path, but read them in arguments first.
+    // Desktops look for the program before they undo "%%" in its path, but they undo it in arguments; so the
+    // path becomes an argument.
     if (path.contains(u'%'))
         quoted.prepend(QStringLiteral("nice -n 0 "));
     return escaped(quoted);
@@ -142,7 +143,7 @@ QByteArray AutostartEntries::entryFor(const QString& identifier) const {
                           "TryExec=%2\n"
                           "Terminal=false\n"
                           "X-GNOME-Autostart-enabled=true\n"
-                          // What it shows in the tray must find one.
+                          // Started after the panel, because its icon needs a tray.
                           "X-KDE-autostart-after=panel\n")
         .arg(execValue(helper), escaped(helper))
         .toUtf8();

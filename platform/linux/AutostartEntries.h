@@ -6,17 +6,17 @@
 
 #include <QStringList>
 
-// The entries in the autostart folders of the desktop: a file of the user's own takes the place of the system's file of the
-// same name, also to say that nothing is started.
+// The entries in the desktop's autostart folders. A file of the user replaces the system's file of the same
+// name, also to disable it.
 class AutostartEntries : public LoginItems {
 public:
     struct Places {
         QString userFolder;
         // The most important first.
         QStringList systemFolders;
-        // What the desktop calls itself: entries may be for some desktops only.
+        // The desktop's own names: entries may be for some desktops only.
         QStringList desktops;
-        // Where helpers lie, each called like the last part of its identifier.
+        // Where the helpers are; each is called like the last part of its identifier.
         QString helperFolder;
 
         // From $XDG_CONFIG_HOME, $XDG_CONFIG_DIRS and $XDG_CURRENT_DESKTOP. REQUIRES: a QCoreApplication.
@@ -29,7 +29,7 @@ public:
     std::vector<LoginEntry> items() const override;
     Outcome setEnabled(const QString& identifier, bool isEnabled) override;
 
-    // A program's path as a desktop entry's Exec wants it.
+    // A program's path, quoted for a desktop entry's Exec.
     static QString execValue(const QString& path);
 
 private:

@@ -7,7 +7,7 @@ ClockJumpPower::ClockJumpPower(const Clock& clock)
 
 void ClockJumpPower::check() {
     const auto now = slept();
-    // Small differences are not taken over: many of them would hide what they add up to.
+    // Small differences are not stored: many of them would hide a real one.
     if (now - m_slept < kShortestSleep)
         return;
     m_slept = now;

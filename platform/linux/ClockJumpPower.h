@@ -11,12 +11,12 @@
 // to. The clock must outlive it.
 class ClockJumpPower : public PowerEvents {
 public:
-    // Less than this is the two clocks not being read at the same instant.
+    // A smaller difference only means that the clocks were not read at the same instant.
     static constexpr std::chrono::seconds kShortestSleep{1};
 
     explicit ClockJumpPower(const Clock& clock);
 
-    // To be called by a tick that runs anyway. Two readings of the clock.
+    // Call it from a tick that runs anyway. It reads two clocks.
     void check();
 
     bool observe(Handlers handlers) override;
@@ -26,7 +26,7 @@ private:
     std::chrono::nanoseconds slept() const { return m_clock.sinceBoot() - m_clock.monotonic(); }
 
     const Clock& m_clock;
-    // All the time that the machine has slept since it was started.
+    // How long the machine has slept in all since it was started.
     std::chrono::nanoseconds m_slept;
     Handlers m_handlers;
 };

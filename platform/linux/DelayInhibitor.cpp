@@ -23,7 +23,7 @@ void DelayInhibitor::release() {
 }
 
 void DelayInhibitor::follow() {
-    // What an earlier logind granted means nothing to the next one.
+    // An inhibitor of an earlier logind is worthless for the next one.
     m_lock = {};
     if (m_isWanted && m_logind.isServed())
         request();
@@ -32,7 +32,7 @@ void DelayInhibitor::follow() {
 void DelayInhibitor::request() {
     const int request = ++m_lastRequest;
     const auto granted = [this, request](const QDBusMessage& reply) {
-        // An answer that is not kept closes its descriptor, and logind forgets the inhibitor.
+        // An answer that is not kept closes its descriptor, so logind drops the inhibitor.
         if (request != m_lastRequest)
             return;
         m_lock = reply.arguments().value(0).value<QDBusUnixFileDescriptor>();

@@ -5,15 +5,15 @@
 
 #include <QDBusUnixFileDescriptor>
 
-// Makes logind wait for us before it lets the machine sleep or go down, a few seconds at the most. While it
-// is wanted it is asked for again whenever logind comes back. `logind` must outlive it.
+// Makes logind wait for this process, a few seconds at most, before the machine sleeps or powers off. While
+// it is wanted, it is requested again whenever logind comes back. `logind` must outlive it.
 class DelayInhibitor {
 public:
-    // `what` is logind's word for what is delayed, `why` a text for people who list the inhibitors.
+    // `what` is logind's word for what to delay; `why` is a text for people who list the inhibitors.
     DelayInhibitor(BusService& logind, QString what, QString why, SystemLog& log);
 
     void take();
-    // Lets go at once; an answer that is still under way is dropped.
+    // Releases it at once; an answer that is still under way is dropped.
     void release();
 
     bool isHeld() const { return m_lock.isValid(); }
@@ -28,7 +28,7 @@ private:
     SystemLog& m_log;
     bool m_isWanted = false;
     int m_lastRequest = 0;
-    // logind counts the inhibitor as held for as long as this descriptor is open.
+    // logind keeps the inhibitor for as long as this descriptor is open.
     QDBusUnixFileDescriptor m_lock;
     Subscription m_service;
 };

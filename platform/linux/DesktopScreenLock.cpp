@@ -6,7 +6,7 @@
 
 namespace {
 
-// A service whose interface has its name, as most have.
+// A service whose interface has the same name, as most have.
 ScreenSaverService::Name named(const QString& service, const QString& path) {
     return {service, path, service};
 }
@@ -17,7 +17,7 @@ std::vector<ScreenSaverService::Name> screenSaverNames() {
     return {
         named(QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("/org/freedesktop/ScreenSaver")),
         named(gnomes, gnomesPath),
-        // GNOME Shell itself: the service of that name only runs while somebody has use for it.
+        // GNOME Shell itself, because the service with the other name runs only while somebody uses it.
         {QStringLiteral("org.gnome.Shell.ScreenShield"), gnomesPath, gnomes},
         named(QStringLiteral("org.cinnamon.ScreenSaver"), QStringLiteral("/org/cinnamon/ScreenSaver")),
         named(QStringLiteral("org.mate.ScreenSaver"), QStringLiteral("/org/mate/ScreenSaver"))};
@@ -56,7 +56,7 @@ void DesktopScreenLock::follow() {
     const bool isTold = m_session.isLocked() || std::ranges::any_of(m_screenSavers, [](const auto& saver) {
                             return saver->isActive();
                         });
-    // Once somebody has locked, it is they who tell of the end.
+    // Once a locker has locked, it also reports the end.
     if (isTold)
         m_request.reset();
     m_isLocked = isTold || m_request;

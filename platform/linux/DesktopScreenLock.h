@@ -5,12 +5,11 @@
 #include "platform/linux/ScreenLock.h"
 #include "platform/linux/ScreenSaverService.h"
 
-// The lock as logind and the screen savers of the session tell of it; one of them saying so is enough.
-// logind's request to lock counts at once, but only for a while unless somebody follows it. The rest must
-// outlive it.
+// The lock, as logind and the session's screen savers report it; one report is enough. logind's request to
+// lock counts at once, but only for a while unless a locker follows it. All arguments must outlive it.
 class DesktopScreenLock : public ScreenLock {
 public:
-    // How long a request to lock is believed without anybody having locked.
+    // How long a request to lock counts without a locker that follows it.
     static constexpr std::chrono::seconds kRequestBelieved{10};
 
     DesktopScreenLock(OwnSession& session, Bus& sessionBus, RunLoop& runLoop);
@@ -29,7 +28,7 @@ private:
     RunLoop& m_runLoop;
     bool m_isLocked = false;
     bool m_isGreeter = false;
-    // While it is valid there is a request that nobody has followed yet.
+    // Valid while there is a request that no locker has followed yet.
     std::unique_ptr<RunLoopTimer> m_request;
     std::vector<std::unique_ptr<ScreenSaverService>> m_screenSavers;
     QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;

@@ -12,7 +12,7 @@ FreedesktopFileViewer::FolderOpener FreedesktopFileViewer::xdgOpen() {
         QProcess opener;
         opener.setProgram(QStringLiteral("xdg-open"));
         opener.setArguments({folder});
-        // Ours is private; a file manager's files need not be.
+        // This process creates private files; the file manager must not inherit that.
         opener.setChildProcessModifier([] { ::umask(S_IWGRP | S_IWOTH); });
         return opener.startDetached();
     };
@@ -25,7 +25,7 @@ FreedesktopFileViewer::FreedesktopFileViewer(Bus& sessionBus, SystemLog& log, Fo
 
 void FreedesktopFileViewer::reveal(const QString& path) {
     const QStringList files{QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())};
-    // Whether it is served now does not matter: the bus starts the file manager.
+    // Whether it runs now does not matter: the bus starts the file manager.
     m_fileManager.call(QStringLiteral("/org/freedesktop/FileManager1"), m_fileManager.name(),
                        QStringLiteral("ShowItems"), {files, QString()},
                        [this, path](const QDBusMessage& reply) {

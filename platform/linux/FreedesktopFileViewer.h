@@ -6,8 +6,8 @@
 
 #include <functional>
 
-// The file manager that answers to org.freedesktop.FileManager1; where none does, the folder is opened by
-// whatever the desktop opens folders with. The rest must outlive it.
+// The file manager that implements org.freedesktop.FileManager1; without one, the folder is opened with the
+// desktop's program for folders. All arguments must outlive it.
 class FreedesktopFileViewer : public FileViewer {
 public:
     // Opens a folder; answers whether it could.

@@ -14,8 +14,8 @@
 
 namespace {
 
-// systemd's native protocol: a field is "NAME=value\n", or, so that the value may hold line breaks, its name,
-// a line break, the length in eight bytes (little endian), the value and a line break.
+// systemd's own protocol. A field is "NAME=value\n"; or, if the value may have line breaks: its name, a line
+// break, the length in eight bytes (little endian), the value, and a line break.
 QByteArray journalEntry(const QByteArray& line) {
     QByteArray entry("PRIORITY=6\nSYSLOG_IDENTIFIER=ticklog\n");
     if (!line.contains('\n'))
@@ -25,7 +25,7 @@ QByteArray journalEntry(const QByteArray& line) {
            '\n';
 }
 
-// A terminal obeys control characters, and whoever names a file or a service may have put some into a line.
+// A terminal obeys control characters, and names of files or services in a line may contain some.
 QString forTerminal(const QString& line) {
     QString shown;
     shown.reserve(line.size());
@@ -90,7 +90,6 @@ bool JournalLog::sendToJournal(const QByteArray& line) const {
     const QByteArray entry = journalEntry(line);
     const auto sent = sendto(m_socket, entry.constData(), entry.size(), MSG_NOSIGNAL,
                              reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    // A journal that is there but does not keep up costs this line: syslog would end in the same place, and
-    // wait.
+    // If the journal runs but cannot keep up, the line is lost: syslog would go to the same place, and wait.
     return sent >= 0 || errno == EAGAIN;
 }

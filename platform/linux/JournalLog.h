@@ -3,17 +3,17 @@
 
 #include "platform/foundation/values/SystemLog.h"
 
-// The log of the machine: the journal by its native protocol, else syslog; and standard error when somebody
-// reads it. Never waits for the journal.
+// The machine's log: the journal by its own protocol, else syslog; also standard error if somebody reads it.
+// Never waits for the journal.
 class JournalLog : public SystemLog {
 public:
     struct Destinations {
-        // The journal's datagram socket. Where there is none, syslog is used.
+        // The journal's datagram socket. If it does not exist, syslog is used.
         QString journalSocket;
         bool toStandardError = false;
     };
 
-    // The journal of this machine; standard error when it is a terminal or TICKLOG_LOG_STDERR is set.
+    // The journal of this machine; also standard error if that is a terminal or TICKLOG_LOG_STDERR is set.
     static Destinations usualDestinations();
 
     explicit JournalLog(const Destinations& destinations);
@@ -21,7 +21,7 @@ public:
     JournalLog& operator=(const JournalLog&) = delete;
     ~JournalLog() override;
 
-    // To a terminal without what would command it, further lines with a margin.
+    // For a terminal, removes control characters and indents further lines.
     void log(const QString& line) override;
     void print(const QString& line) override;
 

@@ -15,10 +15,10 @@ namespace {
 
 constexpr long kPaceNanoseconds = 5'000'000;
 
-// Runs in the new process, where only what is safe in signal handlers may be called: other threads of the old one may
-// have held any lock.
+// Runs in the new process, where only functions that are safe in signal handlers may be called: other threads
+// of the old process may have held any lock.
 [[noreturn]] void takeOver(pid_t predecessor, const char* executable, char* const* arguments) {
-    // A process that is gone has let go of its files before its children get another parent.
+    // A process releases its files before its children get another parent.
     const timespec pace{0, kPaceNanoseconds};
     while (::getppid() == predecessor)
         ::nanosleep(&pace, nullptr);
@@ -48,7 +48,7 @@ Outcome LinuxOwnProgram::relaunch() {
             Failure::Kind::NotFound,
             QStringLiteral("%1: %2").arg(executable(), QString::fromLocal8Bit(std::strerror(errno)))};
     };
-    // Once this process is gone, nobody could tell that there is nothing to start.
+    // After this process has ended, nobody could report that there is nothing to start.
     if (::access(m_executable.constData(), X_OK) != 0)
         return failed();
     char* const arguments[] = {m_executable.data(), nullptr};

@@ -5,7 +5,8 @@
 
 #include <QByteArray>
 
-// This process's program. The new instance waits for this process to be gone, and with it every lock it holds.
+// The program of this process. The new instance waits until this process has ended and released all its
+// locks.
 class LinuxOwnProgram : public OwnProgram {
 public:
     // REQUIRES: a QCoreApplication.
@@ -17,6 +18,6 @@ public:
     Outcome relaunch() override;
 
 private:
-    // As the system takes it: after the fork nothing may be allocated.
+    // In the system's form, because nothing may be allocated after the fork.
     QByteArray m_executable;
 };

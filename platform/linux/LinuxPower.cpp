@@ -7,8 +7,8 @@ LinuxPower::LinuxPower(LogindPower& logind, ClockJumpPower& clocks)
 
 bool LinuxPower::observe(Handlers handlers) {
     m_logind.observe(handlers);
-    // Also while logind is there: not every way to sleep goes through it. A sleep that both tell of is told of twice,
-    // and the second time nothing is left to be done.
+    // Also while logind is there, because not every way to sleep goes through it. A sleep that both report is
+    // handled twice; the second time has no effect.
     return m_clocks.observe(std::move(handlers));
 }
 

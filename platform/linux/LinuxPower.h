@@ -4,7 +4,7 @@
 #include "platform/linux/ClockJumpPower.h"
 #include "platform/linux/LogindPower.h"
 
-// Sleep and wake by logind, and by the clocks whatever logind missed. Both must outlive it.
+// Sleep and waking as logind reports them, and by the clocks if logind missed it. Both must outlive it.
 class LinuxPower : public PowerEvents {
 public:
     LinuxPower(LogindPower& logind, ClockJumpPower& clocks);

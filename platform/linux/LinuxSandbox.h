@@ -5,11 +5,11 @@
 
 #include <QString>
 
-// Flatpak, which leaves a note in the root folder, and Snap, which names its folder in the environment.
+// Recognises Flatpak by a file in the root folder, and Snap by a variable with its folder.
 class LinuxSandbox : public Sandbox {
 public:
-    // `snap` is the value of $SNAP; `program` the full path of this program. A program of the system's own
-    // that a confined terminal starts inherits the variable, but does not lie in that folder.
+    // `snap` is the value of $SNAP, `program` the full path of this program. A system program that is started
+    // from a confined terminal inherits the variable, but is not in that folder.
     LinuxSandbox(const QString& flatpakNote, const QString& snap, const QString& program);
     // For this process. REQUIRES: a QCoreApplication.
     static LinuxSandbox ofThisProcess();

@@ -10,17 +10,17 @@
 
 namespace {
 
-// As long as a person may take to find a password.
+// As long as a person may need to find a password.
 constexpr int kPatienceMs = 10 * 60 * 1000;
 const QString kLibraryFolder = QStringLiteral("/../libexec/ticklog/");
 
-// The helper's object and interface are called like its name on the bus.
+// The helper's object and interface are named after its name on the bus.
 QString pathOf(const QString& name) {
     return u'/' + QString(name).replace(u'.', u'/');
 }
 
 Failure failureOf(const QDBusMessage& error, const QString& helper) {
-    // A helper that answers has been reached: asking it again would not help.
+    // An error of the helper's own means that it was reached: asking again would not help.
     const bool isRefused = error.errorName().startsWith(helper + u'.');
     return {isRefused ? Failure::Kind::Refused : Failure::Kind::NotFound, error.errorMessage()};
 }
@@ -37,7 +37,7 @@ public:
             QDBusMessage::createMethodCall(m_name, pathOf(m_name), m_name, QStringLiteral("Authorize"));
         message << executable;
         message.setInteractiveAuthorizationAllowed(true);
-        // All by value: what is called may destroy this.
+        // Everything is captured by value, because the callbacks may destroy this object.
         m_bus.call(
             message, &m_receiver,
             [name = m_name, failed = m_failed, reply = std::move(reply)](const QDBusMessage& answer) {
@@ -103,7 +103,7 @@ void LinuxServiceManagement::installService(const QString& name, const ServiceRi
                      });
     QObject::connect(installer, &QProcess::errorOccurred, &m_receiver,
                      [finish](QProcess::ProcessError error) {
-                         // Any other error is followed by the end of the process.
+                         // After any other error, the end of the process is reported as well.
                          if (error == QProcess::FailedToStart)
                              finish(false);
                      });
@@ -131,7 +131,7 @@ void LinuxServiceManagement::startService(const Service& service, const ServiceR
     auto message = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
                                                   QStringLiteral("StartServiceByName"));
     message << service.name << 0U;
-    // Whether it runs shows when it is called.
+    // Whether it runs is noticed when it is called.
     m_systemBus.call(message, &m_receiver, {});
 }
 

@@ -41,7 +41,7 @@ void LinuxSystemTray::follow() {
 }
 
 void LinuxSystemTray::askForHost() {
-    // A watcher keeps a list of icons; without a host nobody shows them.
+    // A watcher only keeps a list of icons; without a host nobody shows them.
     m_watcher.getProperty(kWatcherPath, kWatcher, kHostRegistered, [this](const QDBusMessage& reply) {
         const QVariant value = reply.arguments().value(0).value<QDBusVariant>().variant();
         setHost(reply.type() == QDBusMessage::ReplyMessage && m_watcher.isServed() && value.toBool());
@@ -81,7 +81,7 @@ void LinuxSystemTray::setOffer(Offer offer) {
     if (std::exchange(m_offer, offer) == offer)
         return;
     m_log.log(describe());
-    // The observer may be replaced while it runs.
+    // A copy, because it may be replaced while it runs.
     if (const auto observer = m_observer)
         observer();
 }

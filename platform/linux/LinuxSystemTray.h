@@ -6,19 +6,19 @@
 
 #include <chrono>
 
-// The desktop's tray: where a service takes icons over the session bus (StatusNotifierItem), that; else a program on the
-// display that embeds windows. Main thread only.
+// The desktop's tray: a service on the session bus that takes icons (StatusNotifierItem) if there is one,
+// else a program on the display that embeds windows. Main thread only.
 class LinuxSystemTray : public SystemTray {
 public:
-    // How long the service is waited for: panels start beside us, and the first icon decides for good.
+    // How long to wait for the service: panels start at the same time, and the first icon decides for good.
     static constexpr std::chrono::seconds kPatience{2};
-    // A panel that is started anew is back by then.
+    // A panel that is restarted is back after this time.
     static constexpr std::chrono::seconds kLossPatience{3};
 
     // Everything outlives this.
     LinuxSystemTray(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
 
-    // Whether a program embeds icons now. False until told.
+    // Whether a program embeds icons now. False until this is called.
     void setEmbedding(bool isThere);
 
     Offer offer() const override { return m_offer; }
@@ -37,7 +37,7 @@ private:
     SystemLog& m_log;
     std::function<void()> m_observer;
     Offer m_offer = Offer::Unknown;
-    // Embedded or Exported once there was one of the two.
+    // Once it was Embedded or Exported, it stays that.
     Offer m_choice = Offer::None;
     bool m_hasHost = false;
     bool m_isEmbedding = false;

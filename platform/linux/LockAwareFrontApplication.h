@@ -11,7 +11,7 @@
 // that counts. Both must outlive it.
 class LockAwareFrontApplication : public FrontCover {
 public:
-    // No back end gives these numbers to a client.
+    // No back end gives a client these numbers.
     static constexpr std::int64_t kScreenSaverProcess = std::numeric_limits<std::int64_t>::min();
     static constexpr std::int64_t kLoginWindowProcess = kScreenSaverProcess + 1;
 

@@ -5,8 +5,8 @@
 #include "platform/foundation/time/Clock.h"
 #include "platform/linux/OwnSession.h"
 
-// The last resort: since when the desktop has been telling logind that nobody is there. It tells that only after a while
-// of its own, often some minutes, which count as none. Main thread only.
+// The last resort: the desktop tells logind since when nobody is there. It does so only after some time,
+// often minutes, which count as zero. Main thread only.
 class LogindIdleTime : public IdleTime {
 public:
     // Both outlive it.

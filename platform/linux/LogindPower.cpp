@@ -30,7 +30,7 @@ QString LogindPower::describe() const {
 void LogindPower::follow() {
     if (!isServed())
         return;
-    // The end of a sleep may have been told while nobody listened.
+    // The end of a sleep may have been reported while nobody listened.
     m_logind.getProperty(
         kLogindPath, kLogindManager, QStringLiteral("PreparingForSleep"), [this](const QDBusMessage& reply) {
             if (reply.type() == QDBusMessage::ReplyMessage)
@@ -47,7 +47,7 @@ void LogindPower::setPreparing(bool isPreparing) {
         if (m_isPreparing)
             m_inhibitor.release();
     });
-    // A copy: the handler may replace itself.
+    // A copy, because the handler may replace itself.
     if (const auto handler = isPreparing ? m_handlers.aboutToSleep : m_handlers.woke)
         handler();
 }

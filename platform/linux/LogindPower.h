@@ -14,10 +14,10 @@ public:
     bool observe(Handlers handlers) override;
     QString describe() const override;
 
-    // Whether logind is there, and every sleep is told of.
+    // Whether logind is there and reports every sleep.
     bool isServed() const { return m_logind.isServed(); }
 
-    // Whether a sleep would wait for us.
+    // Whether the machine would wait for this process before it sleeps.
     bool isDelaying() const { return m_inhibitor.isHeld(); }
 
 private:

@@ -31,7 +31,7 @@ void LogindSession::follow() {
     if (m_session.isActive() == m_wasActive)
         return;
     m_wasActive = m_session.isActive();
-    // A copy: the handler may replace itself.
+    // A copy, because the handler may replace itself.
     const auto handler = m_wasActive ? m_handlers.cameToFront : m_handlers.wentToBackground;
     if (handler)
         handler();
@@ -41,7 +41,7 @@ void LogindSession::prepareForShutdown(bool isPreparing) {
     if (std::exchange(m_isPreparing, isPreparing) == isPreparing || !m_handlers.aboutToEnd)
         return;
     if (!isPreparing) {
-        // Called off: the next one shall wait for us again.
+        // Cancelled: the next shutdown must wait for this process again.
         m_inhibitor.take();
         return;
     }

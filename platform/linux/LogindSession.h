@@ -14,7 +14,7 @@ public:
     void observe(Handlers handlers) override;
     QString describe() const override;
 
-    // Whether the machine's going down would wait for us.
+    // Whether the machine would wait for this process before it powers off.
     bool isDelaying() const { return m_inhibitor.isHeld(); }
 
 private:

@@ -5,7 +5,7 @@ namespace {
 
 const QString kService = QStringLiteral("org.gnome.Mutter.IdleMonitor");
 const QString kPath = QStringLiteral("/org/gnome/Mutter/IdleMonitor/Core");
-// A shell that logs somebody in is busy, and there is no second try.
+// A shell that is logging somebody in is busy, and there is no second try.
 constexpr int kLongestSilenceMs = 2000;
 
 } // namespace

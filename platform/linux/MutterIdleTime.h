@@ -6,12 +6,13 @@
 #include "platform/foundation/time/IdleMeter.h"
 #include "platform/foundation/values/Result.h"
 
-// The time since the last input as GNOME's compositor tells it. It would count for whoever asks, but nobody waits for
-// a bus here: it is asked once at the start, and tells from then on when there is no input and when there is some.
-// The first five seconds count as none; from then on it is exact to the delay of a message. Main thread only.
+// The time since the last input, as GNOME's compositor reports it. It could be asked at any time, but nothing
+// here waits for a bus: so it is asked once at the start, and then reports when there is no input and when
+// there is some. The first five seconds count as zero; after that it is exact except for the delay of a
+// message. Main thread only.
 class MutterIdleTime : public IdleTime {
 public:
-    // Fails when nobody answers. `threshold` is what counts as none. The rest outlives it.
+    // Fails if nobody answers. Idle time below `threshold` counts as zero. The other arguments outlive it.
     static Result<std::unique_ptr<MutterIdleTime>>
     open(Bus& sessionBus, const Clock& clock, std::chrono::milliseconds threshold = IdleMeter::kThreshold);
 
@@ -28,7 +29,7 @@ private:
     BusService m_service;
     std::chrono::milliseconds m_threshold;
     IdleMeter m_meter;
-    // Mutter's numbers for what is watched; none is 0.
+    // Mutter's numbers for the two watches; 0 means none.
     quint32 m_idleWatch = 0;
     quint32 m_inputWatch = 0;
     bool m_isTelling = true;

@@ -16,7 +16,7 @@
 
 namespace {
 
-// What is counted in nanoseconds here ends before what logind can say in microseconds.
+// logind's microseconds reach further than nanoseconds do here.
 constexpr qulonglong kLastMicrosecond =
     std::chrono::floor<std::chrono::microseconds>(std::chrono::nanoseconds::max()).count();
 
@@ -48,7 +48,7 @@ void OwnSession::follow() {
     ++m_search;
     m_step = 0;
     m_signals.clear();
-    // Without logind the last word stands: a session does not come to the front because its manager restarts.
+    // Without logind the last report stays: a restart of logind does not bring a session to the front.
     if (m_logind.isServed())
         next();
 }
@@ -74,7 +74,7 @@ void OwnSession::findByProcess() {
 }
 
 void OwnSession::findByUser() {
-    // Programs that the user's service manager starts belong to no session themselves.
+    // Programs that are started by the user's service manager belong to no session.
     const auto showDisplay = [this, search = m_search](const QDBusMessage& reply) {
         if (search != m_search)
             return;
@@ -116,7 +116,7 @@ void OwnSession::ask(const QString& method, const QVariant& argument) {
 }
 
 void OwnSession::tryPath(const QString& path) {
-    // First the listening, then the reading: nothing that changes between them is missed.
+    // Listens first and reads then, so that no change in between is missed.
     listen(path);
     m_logind.call(path, kPropertiesInterface, QStringLiteral("GetAll"), {kLogindSession},
                   [this, search = m_search](const QDBusMessage& reply) {

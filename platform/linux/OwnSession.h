@@ -7,34 +7,34 @@
 #include <functional>
 #include <optional>
 
-// The login session this process belongs to, as logind last told. It is found by its name, else by our
-// process, else as the session in which the user sits before a display. While none is known it counts as
-// active and not locked. `systemBus` must outlive it.
+// The login session of this process, as logind last reported it. It is found by its name, else by this
+// process, else as the user's session with a display. While it is unknown, it counts as active and not
+// locked. `systemBus` must outlive it.
 class OwnSession {
 public:
-    // `sessionId` is logind's name of the session, as in $XDG_SESSION_ID; empty when it is not known.
+    // `sessionId` is logind's name for the session, as in $XDG_SESSION_ID; empty if it is not known.
     OwnSession(Bus& systemBus, SystemLog& log, QString sessionId);
 
     bool isKnown() const { return m_isKnown; }
 
-    // Whether this session, not another one of the same seat, is in front.
+    // Whether this session is in front, rather than another one on the same seat.
     bool isActive() const { return m_isActive; }
 
-    // What the screen locker tells logind.
+    // As the screen locker reports to logind.
     bool isLocked() const { return m_isLocked; }
 
-    // Since when, on the monotonic clock, the desktop says that nobody is there; absent while somebody is.
+    // Since when, on the monotonic clock, the desktop has reported nobody; absent while somebody is there.
     std::optional<std::chrono::nanoseconds> idleSince() const {
         return m_isIdle ? std::optional(m_idleSince) : std::nullopt;
     }
 
-    // A session in which nobody has logged in yet.
+    // Whether nobody has logged in in this session yet.
     bool isGreeter() const { return m_isGreeter; }
 
-    // Calls `observer` after any of the above but the idle time has changed.
+    // Calls `observer` when one of the above has changed, except the idle time.
     Subscription observe(std::function<void()> observer);
-    // Calls `observer` with whether the session is to be locked (true) or unlocked. A request, no more: there
-    // may be no screen locker that follows it.
+    // Calls `observer` with true when the session is asked to lock, with false to unlock. This is only a
+    // request: there may be no locker that follows it.
     Subscription observeRequests(std::function<void(bool shallLock)> observer);
 
     BusService& logind() { return m_logind; }
@@ -43,13 +43,13 @@ private:
     using Step = void (OwnSession::*)();
 
     void follow();
-    // Tries the next way to find the session.
+    // Tries the next way of finding the session.
     void next();
     void findByName();
     void findByProcess();
     void findByUser();
     void ask(const QString& method, const QVariant& argument);
-    // Listens to the session and reads it; what cannot be read is not our session.
+    // Listens to this session and reads it; one that cannot be read is not ours.
     void tryPath(const QString& path);
     void listen(const QString& path);
     void adopt(const QVariantMap& properties);
@@ -58,7 +58,7 @@ private:
     SystemLog& m_log;
     QString m_sessionId;
     std::size_t m_step = 0;
-    // Answers that belong to an earlier search are dropped.
+    // Answers to an earlier search are dropped.
     int m_search = 0;
     bool m_isKnown = false;
     bool m_isActive = true;

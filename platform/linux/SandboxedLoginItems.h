@@ -4,7 +4,7 @@
 #include "platform/LoginItems.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
-// Inside a sandbox nothing that the session reads at login can be written.
+// Inside a sandbox, nothing can be written that the session reads at login.
 class SandboxedLoginItems : public LoginItems {
 public:
     std::vector<LoginEntry> items() const override { return {}; }

@@ -3,10 +3,10 @@
 
 #include "platform/OwnProgram.h"
 
-// Inside a sandbox all of it ends with the first process: a new instance would end before it began.
+// Inside a sandbox, everything ends with the first process, so a new instance could not begin.
 class SandboxedProgram : public OwnProgram {
 public:
-    // The rest is answered by `program`, which outlives this.
+    // `program` answers all other questions, and outlives this object.
     explicit SandboxedProgram(const OwnProgram& program)
         : m_program(program) {}
 

@@ -5,12 +5,12 @@
 
 #include <functional>
 
-// Whether something stands between the user and the programs. Answers from memory. Main thread only.
+// Whether the screen is covered by a lock or a login window. Answers from memory. Main thread only.
 class ScreenLock {
 public:
     virtual ~ScreenLock() = default;
 
-    // Whether the session is locked or the screen saver hides it.
+    // Whether the session is locked or the screen saver covers it.
     virtual bool isLocked() const = 0;
     // Whether nobody has logged in yet.
     virtual bool isGreeter() const = 0;

@@ -6,7 +6,7 @@ ScreenSaverService::ScreenSaverService(Bus& sessionBus, const Name& name, std::f
     , m_service(sessionBus, name.service)
     , m_changed(std::move(changed))
     , m_presence(m_service.observe([this] { follow(); })) {
-    // From any path: some have the object twice and send the signal from the other one.
+    // From any path: some services have the object twice and send the signal from the other one.
     m_activeChanged = m_service.listen(
         {QString(), name.interface, QStringLiteral("ActiveChanged"), QString()},
         [this](const QDBusMessage& signal) { setActive(signal.arguments().value(0).toBool()); });
@@ -14,13 +14,13 @@ ScreenSaverService::ScreenSaverService(Bus& sessionBus, const Name& name, std::f
 
 void ScreenSaverService::follow() {
     if (!m_service.isServed()) {
-        // A locker that is gone covers nothing any more.
+        // A locker that has ended covers nothing.
         setActive(false);
         return;
     }
     m_service.call(
         m_name.path, m_name.interface, QStringLiteral("GetActive"), {}, [this](const QDBusMessage& reply) {
-            // Some only let others inhibit them, and answer with an error.
+            // Some services only accept inhibitors, and answer this with an error.
             setActive(reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool());
         });
 }

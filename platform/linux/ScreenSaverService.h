@@ -5,8 +5,8 @@
 
 #include <functional>
 
-// One of the services by which screen savers and lockers tell that they cover the screen. They differ in
-// nothing but names. Never starts the service. `sessionBus` must outlive it.
+// One of the services by which screen savers and lockers report that they cover the screen. They differ only
+// in their names. Never starts the service. `sessionBus` must outlive it.
 class ScreenSaverService {
 public:
     struct Name {

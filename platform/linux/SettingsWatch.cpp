@@ -15,7 +15,7 @@ SettingsWatch::SettingsWatch(UserDefaults& defaults, RunLoop& runLoop)
 
 void SettingsWatch::follow() {
     QString place = m_defaults.path();
-    // Up to "/", which is always there.
+    // Up to "/", which always exists.
     while (!QFileInfo::exists(place))
         place = QFileInfo(place).absolutePath();
     QStringList others = m_watcher.files() + m_watcher.directories();
@@ -26,7 +26,7 @@ void SettingsWatch::follow() {
 }
 
 void SettingsWatch::somethingChanged() {
-    // A file that was replaced is another one to follow.
+    // If the file was replaced, the new one must be watched.
     follow();
     m_patience = m_runLoop.scheduleOnce(kPatience, [this] {
         follow();

@@ -5,17 +5,17 @@
 
 #include <QFileSystemWatcher>
 
-// Has the settings read again when another program has written them.
+// Reads the settings again when another program has written them.
 class SettingsWatch {
 public:
-    // How long a program is given to finish what it has begun to write.
+    // How long to wait, so that a program can finish writing.
     static constexpr std::chrono::milliseconds kPatience{300};
 
     // Both must outlive the watch.
     SettingsWatch(UserDefaults& defaults, RunLoop& runLoop);
 
 private:
-    // Follows the file while it is there, and until then the folder in which it, or the way to it, would appear.
+    // Watches the file or, until it exists, the folder in which it or its folder would appear.
     void follow();
     void somethingChanged();
 

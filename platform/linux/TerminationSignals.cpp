@@ -11,13 +11,13 @@
 
 namespace {
 
-// A signal handler knows nothing but globals.
+// A signal handler can use only globals.
 std::atomic<int> writeEnd{-1};
 
 void noteSignal(int signal) {
     const int savedError = errno;
     const auto byte = static_cast<unsigned char>(signal);
-    // A full pipe holds thousands that say the same.
+    // A full pipe has thousands of bytes with the same meaning, so one more is not needed.
     [[maybe_unused]] const auto written = write(writeEnd.load(), &byte, 1);
     errno = savedError;
 }
@@ -59,7 +59,7 @@ void TerminationSignals::receive() {
     unsigned char byte = 0;
     while (read(m_pipe[0], &byte, 1) == 1)
         m_pending.push_back(byte);
-    // By way of the run loop, which ends a task that fails without ending the program.
+    // Through the run loop, where a task that fails does not end the program.
     if (!m_pending.empty() && !m_isDelivering)
         m_runLoop.performSoon([this, alive = m_alive] {
             if (*alive)

@@ -9,10 +9,10 @@
 #include <csignal>
 #include <functional>
 
-// Turns SIGTERM, SIGINT and SIGHUP into calls on the main thread. Each signal is one call, and none begins
-// before the last has returned, even when that runs an event loop of its own. (The kernel itself joins
-// signals of one kind that come before it has delivered the first.) A SIGHUP that is ignored at launch, as
-// nohup does, stays ignored. One at a time in a process; its end restores what was before. `runLoop` must
+// Turns SIGTERM, SIGINT and SIGHUP into calls on the main thread. Each signal makes one call, and no call
+// begins before the last one has returned, even if that runs an event loop of its own. (The kernel joins
+// equal signals that come before the first is delivered.) If SIGHUP is ignored at launch, as under nohup, it
+// stays ignored. One at a time in a process; its destructor restores the previous state. `runLoop` must
 // outlive it.
 class TerminationSignals {
 public:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Many times what the most programs take.
+// Many times the size of the longest list.
 constexpr qint64 kLongestFile = 1 << 20;
 
 } // namespace

@@ -6,27 +6,28 @@
 #include <QByteArrayList>
 #include <QStringList>
 
-// The programs that an administrator trusts to look at other programs' windows: a file of full paths, a line each, that
-// everybody reads and root alone writes. While it names any, the sessions that begin have their programs offer
-// their windows, and a program that is named switches the services for it on by itself.
+// The programs that an administrator trusts to see other programs' windows: a file with one full path on each
+// line, which everybody can read and only root can write. While it names any program, new sessions make their
+// programs offer their windows, and a program that is named turns on the services for it.
 class TrustRecord {
 public:
-    // More are no list that anybody keeps an eye on.
+    // Nobody could keep an eye on a longer list.
     static constexpr qsizetype kMostPrograms = 64;
 
     static QString usualFolder() { return QStringLiteral("/etc/ticklog"); }
 
-    // `folder` need not be there.
+    // `folder` need not exist.
     explicit TrustRecord(const QString& folder);
 
-    // In the order in which they came. Empty when the file cannot be read.
+    // In the order in which they were added. Empty when the file cannot be read.
     QStringList programs() const;
     bool names(const QString& program) const { return programs().contains(program); }
 
-    // Each writes the file as a whole or not at all, and never over one that cannot be read. Lines that name no program, or
-    // one in bytes that are no text, stay as they are. To add what is named, and to remove what is not, succeeds.
+    // Each writes the whole file or nothing, and never replaces a file that cannot be read. Lines that name
+    // no program, or are no valid text, are kept. Adding a program that is there, or removing one that is
+    // not, succeeds.
     Outcome add(const QString& program);
-    // With the last program the file goes.
+    // Removing the last program removes the file.
     Outcome remove(const QString& program);
 
 private:

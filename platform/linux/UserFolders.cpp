@@ -11,7 +11,7 @@
 
 namespace {
 
-// Empty when there is none.
+// Empty if there is none.
 QString homeOfPasswordFile() {
     std::array<char, 16 * 1024> room;
     passwd entry{};
@@ -27,7 +27,8 @@ QString home() {
     return QDir::isAbsolutePath(told) ? told : homeOfPasswordFile();
 }
 
-// A folder of the XDG base directories. Relative values are invalid and count as unset, as that standard says.
+// A folder of the XDG base directories. Relative values are invalid and count as unset, as that standard
+// says.
 QString baseFolder(const char* variable, const QString& belowHome, const QString& name) {
     const QString told = qEnvironmentVariable(variable);
     if (QDir::isAbsolutePath(told))

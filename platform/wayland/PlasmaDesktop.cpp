@@ -10,10 +10,11 @@
 
 namespace {
 
-// From the first on windows are called by names that are not used twice; up to the second every event is known here.
+// From the first version on, names of windows are never used twice; up to the second one, all events are
+// known here.
 constexpr std::uint32_t kOldestVersion = 13;
 constexpr std::uint32_t kNewestVersion = 16;
-// Offered by KWin to everybody.
+// KWin offers this to everybody.
 constexpr const char* kPlasmaShell = "org_kde_plasma_shell";
 
 bool isShell(const QString& appId) {
@@ -176,8 +177,8 @@ void PlasmaDesktop::add(const char* uuid) {
 void PlasmaDesktop::apply(PlasmaWindow& window) {
     if (!window.isKnown)
         return;
-    // The wallpaper and the panels are windows of the shell. While one of them has the focus, nobody works with any
-    // program.
+    // The wallpaper and the panels are windows of the shell. While one of them has the focus, nobody works in
+    // a program.
     window.window.isDesktop = window.keepsOutOfTaskBar && isShell(window.window.appId);
     setWindow(window.number, window.window);
 }

@@ -6,12 +6,13 @@
 struct org_kde_plasma_window;
 struct org_kde_plasma_window_management;
 
-// The windows of a Plasma desktop, as KWin tells them: titles, app ids, processes, which one is active, and the order in
-// which they lie. KWin tells it only to programs whose installed desktop entry asks for it.
+// The windows of a Plasma desktop, as KWin reports them: titles, app ids, processes, which one is active, and
+// their order. KWin reports only to programs whose installed desktop entry asks for it.
 class PlasmaDesktop : public WaylandDesktop {
 public:
-    // `display` is a socket's name or path; empty for that of the environment. The first windows are known when it
-    // returns. A failure of kind Refused says to the user what can be done. The others outlive the desktop.
+    // `display` is a socket's name or path; empty for the one in the environment. The first windows are known
+    // when this returns. The text of a Refused failure tells the user what can be done. The other arguments
+    // outlive the desktop.
     static Result<std::unique_ptr<PlasmaDesktop>> open(const QByteArray& display, RunLoop& runLoop,
                                                        SystemLog& log, DesktopEntries& entries);
     ~PlasmaDesktop() override;
@@ -31,7 +32,7 @@ private:
         std::int64_t number;
         Window window;
         bool keepsOutOfTaskBar = false;
-        // Everything has been told once.
+        // All its facts have been reported once.
         bool isKnown = false;
     };
 
@@ -44,11 +45,11 @@ private:
     void remove(const PlasmaWindow& window);
     void applyOrder();
 
-    // What the events mean, for libwayland.
+    // The handlers of events, for libwayland.
     struct Events;
 
     std::unique_ptr<org_kde_plasma_window_management, Destroy> m_management;
     std::vector<std::unique_ptr<PlasmaWindow>> m_plasmaWindows;
-    // By what KWin calls the windows, back to front.
+    // KWin's names of the windows, back to front.
     QList<QByteArray> m_order;
 };

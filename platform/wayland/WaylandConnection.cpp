@@ -9,10 +9,10 @@ namespace {
 
 constexpr std::chrono::milliseconds kFirstRetry{250};
 constexpr std::chrono::seconds kLongestRetry{30};
-// Only at a start, when the desktop may be starting too and the machine have a lot to do: whoever is given up then is not
-// asked again.
+// Only at the start, when the desktop may also be starting and the machine be busy: a compositor that is
+// given up then is not asked again.
 constexpr int kLongestSilenceMs = 10'000;
-// Answers come in a few pieces; more means that the compositor talks about something else all the time.
+// Answers come in a few pieces; more mean that the compositor keeps sending something else.
 constexpr int kMostTurns = 100;
 
 } // namespace
@@ -112,7 +112,7 @@ bool WaylandConnection::awaitAnswers() {
 
 void WaylandConnection::dispatch() {
     wl_display* const display = m_display.get();
-    // What is queued already must be handed out before more may be read.
+    // Events in the queue must be passed out before more may be read.
     bool isWell = true;
     while (isWell && wl_display_prepare_read(display) != 0)
         isWell = wl_display_dispatch_pending(display) >= 0;

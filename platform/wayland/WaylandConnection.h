@@ -14,38 +14,39 @@
 #include <optional>
 #include <vector>
 
-// Something that a compositor offers.
+// An object that a compositor offers.
 struct WaylandGlobal {
-    // Under which it is bound.
+    // The name with which it is bound.
     std::uint32_t name = 0;
     QByteArray interface;
     std::uint32_t version = 0;
 };
 
-// A connection of our own to a Wayland compositor. Events are read when they arrive and handed out by libwayland;
-// nothing waits for the compositor once the start is over. When the compositor goes, the connection is lost, which is a
-// normal state: it tries again, ever less often, until a compositor is back. Main thread only.
+// A connection of our own to a Wayland compositor. Events are read when they arrive and passed out by
+// libwayland; after the start, nothing waits for the compositor. When the compositor goes, the connection is
+// lost, which is a normal state: it is tried again, less and less often, until a compositor is back. Main
+// thread only.
 class WaylandConnection {
 public:
-    // What its one user is told. All may be empty. None may destroy the connection.
+    // What the connection's one user is told. All may be empty. None may destroy the connection.
     struct Handlers {
-        // A compositor has been reached anew and has told what it offers: time to bind.
+        // A compositor has been reached and has said what it offers: bind now.
         std::function<void()> connected;
-        // The compositor is gone. Every object bound to it must be destroyed in this call, and nobody else told before
-        // it has settled.
+        // The compositor is gone. Destroy every bound object within this call, and tell nobody before
+        // `settled`.
         std::function<void()> lost;
         std::function<void(const WaylandGlobal& global)> offered;
         std::function<void(const WaylandGlobal& global)> withdrawn;
-        // What had arrived has been handed out, or the compositor is gone: the time to look at the whole. May run an
-        // event loop of its own.
+        // All events that had arrived have been passed out, or the compositor is gone: look at the whole now.
+        // May run an event loop of its own.
         std::function<void()> settled;
     };
 
-    // `display` is a socket's name in $XDG_RUNTIME_DIR or its full path; empty for that of the environment. What the
-    // compositor offers is known when this returns. `runLoop` and `log` outlive it.
+    // `display` is a socket's name in $XDG_RUNTIME_DIR or its full path; empty for the one in the
+    // environment. What the compositor offers is known when this returns. `runLoop` and `log` outlive it.
     static Result<std::unique_ptr<WaylandConnection>> tryConnect(const QByteArray& display, RunLoop& runLoop,
                                                                  SystemLog& log);
-    // Whatever was bound has been destroyed before.
+    // All bound objects must have been destroyed before.
     ~WaylandConnection();
     WaylandConnection(const WaylandConnection&) = delete;
     WaylandConnection& operator=(const WaylandConnection&) = delete;
@@ -58,24 +59,25 @@ public:
     // The first global with this interface; null when there is none.
     const WaylandGlobal* find(const char* interface) const;
 
-    // Binds a global at its version, `newest` at the most. REQUIRES: isAlive().
+    // Binds an object at its version, but at most `newest`. REQUIRES: isAlive().
     template<class Proxy>
     Proxy* bind(const WaylandGlobal& global, const wl_interface& interface, std::uint32_t newest) const {
         const std::uint32_t version = std::min(global.version, newest);
         return static_cast<Proxy*>(wl_registry_bind(m_registry.get(), global.name, &interface, version));
     }
 
-    // Calls `answered` when everything asked until now has been answered and handed out; never when the connection is
-    // lost before.
+    // Calls `answered` when everything asked so far has been answered and passed out; never if the connection
+    // is lost before.
     void afterAnswers(std::function<void()> answered);
-    // Whether some of that has not been answered yet.
+    // Whether answers are still missing.
     bool isAwaitingAnswers() const { return !m_awaited.empty(); }
-    // Has the compositor answer something, by which it is seen that it does. Does nothing without one: it is known then.
+    // Asks the compositor for any answer, as a sign of life. Does nothing without a compositor, because its
+    // absence is known.
     void askForSign();
-    // Sends what was asked. Called by itself after every handler.
+    // Sends all requests. Happens by itself after every handler.
     void flush();
-    // Waits until everything asked has been answered and handed out, so that a start is complete. Answers false for
-    // a compositor that does not answer.
+    // Waits until everything asked has been answered and passed out, so that a start is complete. False if
+    // the compositor does not answer.
     bool awaitAnswers();
 
 private:
@@ -113,11 +115,11 @@ private:
     std::vector<WaylandGlobal> m_globals;
     std::vector<Awaited> m_awaited;
     std::unique_ptr<QSocketNotifier> m_arrivals;
-    // While the socket takes no more.
+    // Set while the socket cannot take more.
     std::unique_ptr<QSocketNotifier> m_room;
     std::unique_ptr<RunLoopTimer> m_retry;
     std::chrono::nanoseconds m_retryDelay;
-    // What the compositor offers has been told once.
+    // The compositor has said once what it offers.
     bool m_isIntroduced = false;
     bool m_wasLost = false;
 };

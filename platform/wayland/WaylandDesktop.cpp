@@ -9,7 +9,7 @@
 
 namespace {
 
-// Under Wayland our windows bear the name of our desktop entry, under Xwayland that of the program.
+// Our windows have the name of our desktop entry under Wayland, and that of the program under Xwayland.
 const QStringList& ownAppIds() {
     static const QStringList kIds{QStringLiteral("org.ticklog.Ticklog"), QStringLiteral("ticklog")};
     return kIds;
@@ -22,7 +22,7 @@ WaylandDesktop::WaylandDesktop(std::unique_ptr<WaylandConnection> connection, Ru
     : TellingDesktop(entries)
     , m_connection(std::move(connection))
     , m_log(log)
-    // Whether it has said everything.
+    // Asks whether it has said everything.
     , m_emptyMoment(runLoop, [this] { m_connection->askForSign(); }) {
     m_connection->setHandlers({[this] { beginTelling(); },
                                [this] {
@@ -47,7 +47,7 @@ QString WaylandDesktop::obstacle() const {
 
 void WaylandDesktop::start() {
     beginTelling();
-    // What there is, and then what each says of itself.
+    // The first answers list the windows, the second ones describe them.
     if (m_connection->awaitAnswers())
         m_connection->awaitAnswers();
 }
@@ -127,7 +127,7 @@ void WaylandDesktop::settle() {
 }
 
 std::optional<std::int64_t> WaylandDesktop::activeWindow() const {
-    // There may be several, one for each seat: whoever sat down last is followed.
+    // There may be one for each seat: the latest is in front.
     for (const std::int64_t number : m_frontToBack) {
         const Window& window = m_windows.at(number).window;
         if (window.isActive && !window.isMinimised)

@@ -73,7 +73,7 @@ IdleReading WaylandIdleTime::read() {
         return IdleReading::Lack::NoAnswer;
     if (m_seats.empty())
         return IdleReading::Lack::NotCounted;
-    // Nobody is idle while anybody is at work.
+    // Nobody is idle while anybody works: the shortest time counts.
     std::chrono::nanoseconds idle = m_seats.front()->meter.idle();
     for (const auto& seat : m_seats)
         idle = std::min(idle, seat->meter.idle());

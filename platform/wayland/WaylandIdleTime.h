@@ -10,12 +10,12 @@ struct ext_idle_notifier_v1;
 struct org_kde_kwin_idle;
 struct org_kde_kwin_idle_timeout;
 
-// The time since the last input as the compositor's notifications tell it: the first five seconds count as none, from
-// then on it is exact to the delay of an event. Reading costs no round trip. Main thread only.
+// The time since the last input, by the compositor's notifications: the first five seconds count as zero,
+// after that it is exact except for the delay of an event. Reading it costs no round trip. Main thread only.
 class WaylandIdleTime : public IdleTime {
 public:
-    // `display` is a socket's name or path; empty for that of the environment. `threshold` is what counts as none. The
-    // rest outlives it.
+    // `display` is a socket's name or path; empty for the one in the environment. Idle time below `threshold`
+    // counts as zero. The other arguments outlive it.
     static Result<std::unique_ptr<WaylandIdleTime>>
     open(const QByteArray& display, RunLoop& runLoop, SystemLog& log, const Clock& clock,
          std::chrono::milliseconds threshold = IdleMeter::kThreshold);
@@ -25,7 +25,7 @@ public:
     QString describe() const override;
 
 private:
-    // The best first.
+    // In order of preference.
     enum class Protocol { InputNotification, Notification, Kde, None };
 
     struct Destroy {
@@ -36,7 +36,7 @@ private:
         void operator()(org_kde_kwin_idle_timeout* timeout) const;
     };
 
-    // The input devices of one person.
+    // The input devices of one user.
     struct Seat {
         std::uint32_t name;
         IdleMeter meter;

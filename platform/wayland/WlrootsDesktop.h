@@ -6,13 +6,14 @@
 struct zwlr_foreign_toplevel_handle_v1;
 struct zwlr_foreign_toplevel_manager_v1;
 
-// The windows of a compositor that offers wlr-foreign-toplevel-management: sway and others that stand on wlroots. The
-// protocol tells titles, app ids and which window is activated, but neither processes nor an order: all windows of an
-// app id are taken for one program's, and the window that was activated last is in front.
+// The windows of a compositor that offers wlr-foreign-toplevel-management, such as sway and others based on
+// wlroots. The protocol tells titles, app ids and which window is active, but neither processes nor an order.
+// So all windows with the same app id count as one program, and the window that was activated last is in
+// front.
 class WlrootsDesktop : public WaylandDesktop {
 public:
-    // `display` is a socket's name or path; empty for that of the environment. The first windows are known when it
-    // returns. The others outlive the desktop.
+    // `display` is a socket's name or path; empty for the one in the environment. The first windows are known
+    // when this returns. The other arguments outlive the desktop.
     static Result<std::unique_ptr<WlrootsDesktop>> open(const QByteArray& display, RunLoop& runLoop,
                                                         SystemLog& log, DesktopEntries& entries);
     ~WlrootsDesktop() override;
@@ -25,7 +26,7 @@ private:
         void operator()(zwlr_foreign_toplevel_manager_v1* manager) const;
     };
 
-    // A window as the events since the last "done" have it.
+    // A window as its events since the last "done" describe it.
     struct Toplevel {
         WlrootsDesktop& desktop;
         std::unique_ptr<zwlr_foreign_toplevel_handle_v1, Destroy> handle;
@@ -39,7 +40,7 @@ private:
     void unbind() override;
     void add(zwlr_foreign_toplevel_handle_v1* handle);
 
-    // What the events mean, for libwayland.
+    // The handlers of events, for libwayland.
     struct Events;
 
     std::unique_ptr<zwlr_foreign_toplevel_manager_v1, Destroy> m_manager;

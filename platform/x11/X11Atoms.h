@@ -5,7 +5,7 @@
 
 #include <array>
 
-// The names that the X server is asked to number for us. In the order of kX11AtomNames.
+// Names for which the X server gives us numbers. In the order of kX11AtomNames.
 enum class X11Atom {
     Manager,
     NetActiveWindow,
@@ -57,7 +57,7 @@ inline constexpr std::array<const char*, std::size_t(X11Atom::Count)> kX11AtomNa
     "WM_STATE",
 };
 
-// Their numbers on one server.
+// The numbers on one server.
 class X11Atoms {
 public:
     xcb_atom_t operator[](X11Atom atom) const { return m_atoms[std::size_t(atom)]; }

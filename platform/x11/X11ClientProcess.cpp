@@ -16,8 +16,8 @@ bool isThisMachine(const QByteArray& machine) {
 } // namespace
 
 std::int64_t X11ClientProcess::identifier() const {
-    // A number from elsewhere means another process here, and at the other end of the socket is then only
-    // what carries the connection.
+    // A number from another machine means another process here, and the other end of the socket is only the
+    // program that carries the connection.
     if (isThisMachine(machine)) {
         if (stated)
             return *stated;

@@ -6,18 +6,18 @@
 #include <cstdint>
 #include <optional>
 
-// What is known of the process behind a window.
+// What is known of a window's process.
 struct X11ClientProcess {
-    // _NET_WM_PID: what the program itself says.
+    // _NET_WM_PID: the program's own statement.
     std::optional<quint32> stated;
-    // What the X server knows of whoever is at the other end of the program's socket.
+    // What the X server knows of the other end of the program's socket.
     std::optional<quint32> connected;
     // WM_CLIENT_MACHINE; empty when not set.
     QByteArray machine;
-    // The part of the window's number that names the X client.
+    // The part of the window's number that identifies the X client.
     quint32 client = 0;
 
-    // The process, or a negative number that stays the same for all windows of the client when it has none on
-    // this machine.
+    // The process; for a client without a process on this machine, a negative number that is the same for all
+    // its windows.
     std::int64_t identifier() const;
 };

@@ -15,7 +15,7 @@ namespace {
 constexpr std::chrono::milliseconds kFirstRetry{250};
 constexpr std::chrono::seconds kLongestRetry{30};
 constexpr int kLongestSilenceMs = 500;
-// An answer leads to a question a few times in a row; more means that the desktop does not come to rest.
+// An answer leads to another question a few times in a row; more mean that the desktop does not settle.
 constexpr int kMostTurns = 100;
 
 } // namespace
@@ -115,7 +115,7 @@ X11Owned<void> X11Connection::wait(unsigned sequence) {
     void* answer = nullptr;
     xcb_generic_error_t* error = nullptr;
     bool isAnswered = xcb_poll_for_reply(xcb(), sequence, &answer, &error) != 0;
-    // A server that hangs must not make us hang.
+    // A server that hangs must not make this process hang.
     for (const QDeadlineTimer patience(kLongestSilenceMs); !isAnswered && !patience.hasExpired();) {
         pollfd socket{xcb_get_file_descriptor(xcb()), POLLIN, 0};
         ::poll(&socket, 1, int(patience.remainingTime()));
@@ -125,7 +125,7 @@ X11Owned<void> X11Connection::wait(unsigned sequence) {
         xcb_discard_reply(xcb(), sequence);
     X11Owned<void> reply(answer);
     std::free(error);
-    // Waiting has emptied the socket, so that nothing tells of the events that came along.
+    // Waiting has emptied the socket, so nothing else reports the events that came with the reply.
     while (xcb_generic_event_t* event = xcb_poll_for_queued_event(xcb()))
         m_arrived.emplace_back(event);
     if (!m_arrived.empty() || !m_expected.empty() || xcb_connection_has_error(xcb()))
@@ -134,8 +134,8 @@ X11Owned<void> X11Connection::wait(unsigned sequence) {
 }
 
 void X11Connection::dispatch() {
-    // Whoever is told of a switch may run an event loop of its own, which comes back here: nothing is kept across the
-    // calls that could have changed meanwhile.
+    // A handler may run an event loop of its own, which comes back here. So nothing is kept across the calls
+    // that could have changed meanwhile.
     bool isBusy = true;
     while (isBusy && isAlive()) {
         const bool hadEvents = handOutEvents();

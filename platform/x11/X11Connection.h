@@ -19,31 +19,30 @@
 struct X11Free {
     void operator()(void* reply) const { std::free(reply); }
 };
-// A reply or an event, as xcb hands it out.
+// A reply or an event from xcb, to be freed.
 template<class Reply>
 using X11Owned = std::unique_ptr<Reply, X11Free>;
 
-// A connection of our own to an X server. Requests are sent without waiting and their replies handed to
-// whoever asked, so that the event loop never stands still for the server. When the server goes, the
-// connection is lost, which is a normal state: it tries again, ever less often, until the server is back.
-// Main thread only.
+// A connection of our own to an X server. Requests are sent without waiting, and replies passed to whoever
+// asked, so the event loop never stops for the server. When the server goes, the connection is lost, which is
+// a normal state: it is tried again, less and less often, until the server is back. Main thread only.
 class X11Connection {
 public:
-    // What its one user is told. All may be empty. None may destroy the connection.
+    // What the connection's one user is told. All may be empty. None may destroy the connection.
     struct Handlers {
-        // A server has been reached anew; all that was known of the last one is void.
+        // A server has been reached; everything known of an earlier one is invalid.
         std::function<void()> connected;
         std::function<void()> lost;
-        // An event, also one that is an error.
+        // An event, including errors.
         std::function<void(const xcb_generic_event_t& event)> event;
-        // What had arrived has been handed out: the time to look at the whole, and to ask for more.
+        // Everything that had arrived has been passed out: look at the whole now, and ask for more.
         std::function<void()> settled;
     };
 
-    // Gets the reply, or null when the server refused: the window in question may be gone.
+    // Gets the reply, or null if the server refused: the window may be gone.
     using ReplyHandler = std::function<void(const void* reply)>;
 
-    // `display` is a display name such as ":0"; empty for that of the environment. `runLoop` and `log`
+    // `display` is a display name such as ":0"; empty for the one in the environment. `runLoop` and `log`
     // outlive it.
     static Result<std::unique_ptr<X11Connection>> tryConnect(const QByteArray& display, RunLoop& runLoop,
                                                              SystemLog& log);
@@ -62,23 +61,23 @@ public:
 
     xcb_atom_t atom(X11Atom atom) const { return m_atoms[atom]; }
 
-    // Which bits of a window's number name its client.
+    // The bits of a window's number that identify its client.
     quint32 clientMask() const;
     const xcb_query_extension_reply_t* extension(xcb_extension_t& extension) const;
 
-    // Hands the reply to a request just sent to `handler`, which is dropped when the connection is lost.
+    // Passes the reply to the last request to `handler`, which is dropped if the connection is lost.
     void expect(unsigned sequence, ReplyHandler handler);
-    // Whether some of what was asked has not been answered yet.
+    // Whether replies are still missing.
     bool isAwaitingReplies() const { return !m_expected.empty(); }
-    // Sends what was asked. Called by itself after `settled`.
+    // Sends all requests. Happens by itself after `settled`.
     void flush();
-    // Waits until everything asked has been answered and handed out, so that a start is complete; gives up on
-    // a server that does not answer.
+    // Waits until everything asked has been answered and passed out, so that a start is complete; gives up if
+    // the server does not answer.
     void awaitReplies();
-    // Waits for the reply to a request just sent; null when there is none, and when the server lets us wait too long.
+    // Waits for the reply to the last request; null if there is none, or if the server takes too long.
     X11Owned<void> wait(unsigned sequence);
 
-    // How often requests with replies went out together, since the beginning. For benchmarks.
+    // How often requests with replies were sent together since the start. For benchmarks.
     quint64 roundTrips() const { return m_roundTrips; }
 
 private:
@@ -92,7 +91,7 @@ private:
     };
 
     X11Connection(QByteArray display, RunLoop& runLoop, SystemLog& log);
-    // Answers why it failed.
+    // Answers why it failed; absent if it did not.
     std::optional<QString> connect();
     bool internAtoms();
     void dispatch();
@@ -112,7 +111,7 @@ private:
     X11Atoms m_atoms;
     // In the order in which they were sent.
     std::deque<Expected> m_expected;
-    // Arrived while a reply was waited for.
+    // Events that arrived while a reply was awaited.
     std::deque<X11Owned<xcb_generic_event_t>> m_arrived;
     std::unique_ptr<RunLoopTimer> m_soon;
     std::unique_ptr<RunLoopTimer> m_retry;

@@ -78,7 +78,7 @@ QString X11Desktop::describe() const {
 }
 
 void X11Desktop::askForSign() {
-    // Without a connection there is nobody to fall silent, which is known.
+    // Without a connection nobody can fall silent: its loss is known.
     if (!m_connection->isAlive()) {
         hear();
         return;
@@ -117,7 +117,7 @@ void X11Desktop::takeIn(const xcb_generic_event_t& event) {
     }
     if (!m_manager && X11FocusWindow::isAboutFocus(event))
         m_isActiveUnasked = true;
-    // An error means that a window has gone in the meantime, of which the window manager tells as well.
+    // An error means that a window has gone meanwhile; the window manager reports that too.
 }
 
 void X11Desktop::takeInPropertyChange(const xcb_property_notify_event_t& event) {
@@ -141,7 +141,7 @@ void X11Desktop::takeInPropertyChange(const xcb_property_notify_event_t& event) 
 void X11Desktop::takeInEnd(xcb_window_t window) {
     if (window == m_manager)
         m_isManagerUnasked = true;
-    // What is listed under the same id from now on is another window.
+    // If the same id is listed again, it is another window.
     m_numbers.erase(window);
     if (m_clients.erase(window) != 0)
         m_areWindowsUnasked = m_areEntriesStale = true;
@@ -181,7 +181,8 @@ void X11Desktop::askForManager() {
         const auto cookie =
             xcb_get_property(m_connection->xcb(), 0, manager,
                              m_connection->atom(X11Atom::NetSupportingWmCheck), XCB_ATOM_ANY, 0, 1);
-        // EWMH: a window manager that died leaves its mark on the root, but not the window that it names.
+        // EWMH: a window manager that crashed leaves its mark on the root window, but the window that it
+        // names is gone.
         m_connection->expect(cookie.sequence, [this, manager](const void* answer) {
             takeInManager(manager, firstWindowOf(answer) == manager);
         });
@@ -221,7 +222,7 @@ void X11Desktop::takeInWindows(std::vector<xcb_window_t> frontToBack) {
     const quint32 mask = m_manager ? kWindowEvents : X11FocusWindow::kEventMask;
     for (const xcb_window_t window : frontToBack) {
         if (m_clients.try_emplace(window, window, numberOf(window)).second)
-            // Before anything is asked: what changes in between must not be missed.
+            // Before anything is asked for, so that no change in between is missed.
             xcb_change_window_attributes(m_connection->xcb(), window, XCB_CW_EVENT_MASK, &mask);
     }
     if (m_clients.size() > frontToBack.size()) {
@@ -253,7 +254,7 @@ void X11Desktop::takeInFact(xcb_window_t window, X11Window::Fact fact, const voi
     const auto found = m_clients.find(window);
     if (found == m_clients.end())
         return;
-    // The window has gone before its events were asked for; nothing else will tell of it.
+    // The window has gone before its events were selected, and nothing else reports that.
     if (!reply && fact != X11Window::Fact::ConnectedProcess) {
         takeInEnd(window);
         return;
@@ -281,7 +282,7 @@ const X11Desktop::Client* X11Desktop::client(xcb_window_t window) const {
 
 ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
     const std::int64_t process = window.process().identifier();
-    // The number is also that of the first program in every other sandbox.
+    // In Flatpak, the first program in every other sandbox has the same number.
     const bool isOwn = process == ::getpid() && (!isInFlatpak() || window.classes().contains(kOwnClass));
     return recordOf(process, window.classes(), isOwn);
 }
@@ -292,13 +293,13 @@ bool X11Desktop::isInFront(const Client& client) const {
 
 void X11Desktop::updateFront() {
     const Client* active = client(m_activeWindow);
-    // It is told when it can be told whole, its title included.
+    // It is reported when all of it is known, including its title.
     if (active && !active->window.isKnown()) {
         m_emptyMoment.end();
         return;
     }
-    // EWMH: the active window may be gone already. Nothing has the focus then: the desktop itself is in front, or the last
-    // application would be credited for it.
+    // EWMH: the active window may be gone already. Then nothing has the focus and the desktop itself is in
+    // front; otherwise the last application would go on being credited.
     if (active && isInFront(*active))
         bringToFront(m_activeWindow, active->application);
     else if ((active && active->window.kind() == X11Window::Kind::Desktop) ||

@@ -9,20 +9,21 @@
 
 #include <unordered_map>
 
-// The windows of an X desktop and the application in front, as the window manager tells them (EWMH), or where
-// there is none, as the input focus tells. Everything is kept current by the server's events. Main thread only.
+// The windows of an X desktop and the application in front, as the window manager reports them (EWMH) or,
+// without one, by the input focus. Everything is kept up to date by the server's events. Main thread only.
 class X11Desktop : public TellingDesktop {
 public:
-    // `display` is a display name; empty for that of the environment. Its answers are there when it returns. Refused
-    // where the X server belongs to a Wayland compositor: the windows of others would be credited to its programs.
-    // When the server goes the answers are empty, and come back when it does. The others outlive the desktop.
+    // `display` is a display name; empty for the one in the environment. Its answers are there when this
+    // returns. Refused if the X server belongs to a Wayland compositor: its programs would be credited while
+    // others are in front. When the server goes, the answers are empty until it is back. The other arguments
+    // outlive the desktop.
     static Result<std::unique_ptr<X11Desktop>> open(const QByteArray& display, RunLoop& runLoop,
                                                     SystemLog& log, DesktopEntries& entries);
 
     QString describe() const override;
     void askForSign() override;
 
-    // For others that ask the same server. Lives as long as this.
+    // For other classes that ask the same server. Lives as long as this desktop.
     X11Connection& connection() { return *m_connection; }
 
     quint64 roundTrips() const { return m_connection->roundTrips(); }
@@ -34,9 +35,9 @@ private:
             , number(ownNumber) {}
 
         X11Window window;
-        // What the window list says.
+        // The window's number in the window list.
         std::int64_t number;
-        // Made when the window is known, and anew when it says something else of its program.
+        // Found when the window is known, and again when it changes what it says about its program.
         ApplicationRecord application;
     };
 
@@ -71,17 +72,17 @@ private:
     X11FocusWindow m_focus;
 
     std::unordered_map<xcb_window_t, Client> m_clients;
-    // Of every window that was seen, for as long as it exists: the server gives a window's id to the next client once
-    // it is free, and that is another window.
+    // The numbers of all windows seen, for as long as they exist. The server gives a free id to the next
+    // client, and that is another window.
     std::unordered_map<xcb_window_t, std::int64_t> m_numbers;
     std::int64_t m_lastNumber = 0;
     std::vector<xcb_window_t> m_frontToBack;
-    // The window that the window manager answers with; 0 where there is none.
+    // The window by which the window manager shows that it runs; 0 without one.
     xcb_window_t m_manager = 0;
     xcb_window_t m_activeWindow = 0;
-    // The active window when the front application was last told.
+    // The active window when the application in front was last reported.
     xcb_window_t m_frontWindow = 0;
-    // Nothing is in front and nobody has been told.
+    // The moment in which nothing is in front and nobody has been told.
     EmptyMoment m_emptyMoment;
     bool m_isManagerUnasked = false;
     bool m_isActiveUnasked = false;

@@ -28,7 +28,7 @@ void X11FocusWindow::look() {
 
 void X11FocusWindow::takeInFocus(const void* reply) {
     const auto* focus = static_cast<const xcb_get_input_focus_reply_t*>(reply);
-    // None, or wherever the pointer is.
+    // None, or the one under the pointer.
     if (!focus || focus->focus <= XCB_INPUT_FOCUS_POINTER_ROOT || focus->focus == m_connection.root()) {
         m_found(XCB_WINDOW_NONE);
         return;

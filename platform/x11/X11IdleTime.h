@@ -4,8 +4,8 @@
 #include "platform/IdleTime.h"
 #include "platform/x11/X11Connection.h"
 
-// The time since the last input, as the X server's screen-saver extension counts it. Every reading is a round trip:
-// whoever reads decides how often it is worth one.
+// The time since the last input, from the X server's screen-saver extension. Each reading is a round trip, so
+// the caller decides how often to read it.
 class X11IdleTime : public IdleTime {
 public:
     // The connection outlives it.

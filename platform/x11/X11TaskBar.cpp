@@ -4,7 +4,7 @@
 void X11TaskBar::setListed(std::uint64_t window, bool isListed) {
     if (!m_connection.isAlive())
         return;
-    // EWMH, _NET_WM_STATE: what is to be done, with which two states, asked by an ordinary application.
+    // EWMH, _NET_WM_STATE: what to do, with which two states, requested by an ordinary application.
     constexpr quint32 kRemove = 0;
     constexpr quint32 kAdd = 1;
     constexpr quint32 kApplication = 1;

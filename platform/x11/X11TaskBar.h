@@ -4,8 +4,8 @@
 #include "platform/TaskBar.h"
 #include "platform/x11/X11Connection.h"
 
-// Asks the window manager (EWMH) to leave a window out of the task bar and the pager. Window managers that do not know
-// how leave it listed.
+// Asks the window manager (EWMH) to leave a window out of the task bar and the pager. Window managers that
+// cannot do that list it anyway.
 class X11TaskBar : public TaskBar {
 public:
     // The connection outlives it.

@@ -7,9 +7,8 @@ namespace {
 
 constexpr char kEscape = '\x1b';
 
-// Compound text switches character sets with escape sequences. UTF-8 and Latin-1 segments are read, and of
-// the others what is ASCII; the rest becomes U+FFFD, because tables for sets that nobody writes any more are
-// not worth having.
+// Compound text switches character sets by escape sequences. Segments in UTF-8 and Latin-1 are read, and
+// ASCII in others; the rest becomes U+FFFD, because nobody uses those sets any more.
 class CompoundText {
 public:
     explicit CompoundText(QByteArrayView bytes)

@@ -4,8 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
-// How the bytes of a text property are meant.
+// The encoding of a text property.
 enum class X11Encoding { Latin1, Utf8, CompoundText };
 
-// The text of a property, clean; empty when there is nothing in it.
+// The text of a property, cleaned; empty if there is none.
 QString x11Text(QByteArrayView bytes, X11Encoding encoding);

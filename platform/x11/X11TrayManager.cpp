@@ -19,7 +19,7 @@ X11TrayManager::X11TrayManager(std::unique_ptr<X11Connection> connection, std::f
 }
 
 void X11TrayManager::begin() {
-    // A tray that begins says so to those who listen here.
+    // A new tray announces itself to those who select this.
     const quint32 mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection->xcb(), m_connection->root(), XCB_CW_EVENT_MASK, &mask);
     askForOwner();
@@ -53,7 +53,8 @@ void X11TrayManager::setOwner(xcb_window_t owner) {
     const bool wasThere = isThere();
     m_owner = owner;
     if (owner != XCB_NONE) {
-        // Its end is told; if it came before this, it is found out by asking once more.
+        // The owner's end is reported. It may have ended before this was selected, so the owner is asked for
+        // once more.
         const quint32 mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         xcb_change_window_attributes(m_connection->xcb(), owner, XCB_CW_EVENT_MASK, &mask);
         askForOwner();

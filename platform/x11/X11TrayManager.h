@@ -5,11 +5,12 @@
 
 #include <functional>
 
-// Whether a program on the display takes windows into its tray: the owner of a selection (freedesktop.org System Tray
-// Protocol). Has a connection of its own, because it wants other events of the root than the desktop does.
+// Whether a program on the display takes windows into its tray: the owner of a selection (freedesktop.org
+// System Tray Protocol). Has a connection of its own, because it needs other events of the root window than
+// the desktop does.
 class X11TrayManager {
 public:
-    // `changed` is called after isThere() has changed. The first answer comes in a later turn of the loop.
+    // `changed` is called when isThere() has changed. The first answer comes in a later turn of the loop.
     X11TrayManager(std::unique_ptr<X11Connection> connection, std::function<void()> changed);
 
     bool isThere() const { return m_owner != XCB_NONE; }

@@ -12,7 +12,7 @@
 
 namespace {
 
-// In units of 4 bytes. Texts are cut to kLongestText characters, which take 4 bytes at the most.
+// In units of 4 bytes. Texts are cut to kLongestText characters, which have at most 4 bytes each.
 constexpr quint32 kLongestTextProperty = quint32(kLongestText);
 constexpr quint32 kLongestShortProperty = 256;
 
@@ -32,7 +32,7 @@ std::span<const quint32> numbersOf(const xcb_get_property_reply_t* reply) {
 std::optional<QString> textOf(const xcb_get_property_reply_t* reply, const X11Connection& connection) {
     if (!reply)
         return std::nullopt;
-    // Anything else than the two old types is meant as UTF-8 nowadays.
+    // Any type but the two old ones means UTF-8 nowadays.
     X11Encoding encoding = X11Encoding::Utf8;
     if (reply->type == XCB_ATOM_STRING)
         encoding = X11Encoding::Latin1;
@@ -58,7 +58,7 @@ std::optional<quint32> connectedProcess(const void* reply) {
     const auto* ids = static_cast<const xcb_res_query_client_ids_reply_t*>(reply);
     for (auto id = xcb_res_query_client_ids_ids_iterator(ids); id.rem > 0;
          xcb_res_client_id_value_next(&id)) {
-        // Nothing else was asked for, so that whatever has a value is a process.
+        // Nothing else was asked for, so every value is a process.
         if (id.data->length < sizeof(quint32))
             continue;
         if (const quint32 process = *xcb_res_client_id_value_value(id.data); process != 0)
@@ -176,7 +176,7 @@ bool X11Window::takeIn(Fact fact, const void* reply, const X11Connection& connec
 X11Window::Kind X11Window::kindFrom(const xcb_get_property_reply_t* reply,
                                     const X11Connection& connection) const {
     const auto types = numbersOf(reply);
-    // EWMH: the first type that is understood counts; one of the toolkit's own comes before a common one.
+    // EWMH: the first type that is understood counts; a toolkit's own type comes before a common one.
     for (const quint32 type : types) {
         for (const X11Atom ordinary : {X11Atom::NetWmWindowTypeNormal, X11Atom::NetWmWindowTypeDialog,
                                        X11Atom::NetWmWindowTypeUtility}) {

@@ -6,19 +6,19 @@
 
 #include <QStringList>
 
-// What one window of a client says of itself. Asks for what may have changed and takes in the answers; draws
-// no conclusions about the desktop.
+// What one client's window says about itself. Asks for facts that may have changed and stores the answers;
+// draws no conclusions about the desktop.
 class X11Window {
 public:
     enum class Fact { Name, PlainName, Class, StatedProcess, ConnectedProcess, Machine, Type, State, Count };
     enum class Kind { Ordinary, Desktop, Other };
 
-    // Everything may have changed: nothing is known yet.
+    // Nothing is known yet, so all facts are to be asked for.
     explicit X11Window(xcb_window_t number);
 
-    // The fact that a property tells; absent when the property does not matter.
+    // The fact that a property holds; absent if the property does not matter.
     static std::optional<Fact> factOf(xcb_atom_t property, const X11Connection& connection);
-    // Whether a fact tells which program the window belongs to.
+    // Whether a fact concerns the window's program.
     static bool isAboutProgram(Fact fact);
 
     xcb_window_t number() const { return m_number; }
@@ -27,15 +27,15 @@ public:
 
     bool hasQuestions() const { return m_unasked != 0; }
 
-    // Sends for what may have changed and answers its sequence numbers to `sent`.
+    // Asks for all facts that may have changed, and calls `sent` with each request's sequence number.
     void ask(X11Connection& connection, const std::function<void(Fact, unsigned sequence)>& sent);
-    // `reply` is null when the server refused. Answers whether anything is different now.
+    // `reply` is null if the server refused. Answers whether something has changed.
     bool takeIn(Fact fact, const void* reply, const X11Connection& connection);
 
-    // Whether everything has been answered once.
+    // Whether every fact has been answered once.
     bool isKnown() const { return m_unknown == 0; }
 
-    // Absent when the window has none.
+    // Absent if the window has no title.
     const std::optional<QString>& title() const { return m_name ? m_name : m_plainName; }
 
     // The parts of WM_CLASS: the instance and the class.

@@ -16,7 +16,7 @@ bool hasItsExtension(X11Connection& connection) {
     return reply && static_cast<const xcb_query_extension_reply_t*>(reply.get())->present;
 }
 
-// Versions without the extension give themselves away by what they call their screens: XWAYLAND0 and so on.
+// Versions without the extension are recognised by the names of their screens: XWAYLAND0 and so on.
 bool isNameOfItsScreen(X11Connection& connection, xcb_randr_output_t output, xcb_timestamp_t since) {
     const auto cookie = xcb_randr_get_output_info(connection.xcb(), output, since);
     const auto reply = connection.wait(cookie.sequence);

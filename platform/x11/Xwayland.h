@@ -3,6 +3,6 @@
 
 #include "platform/x11/X11Connection.h"
 
-// Whether the X server is one that runs beside a Wayland compositor for older programs. It knows these alone. Asks the
-// server and waits for it: for the start. REQUIRES: connection.isAlive().
+// Whether the X server runs beside a Wayland compositor, for older programs: then it knows only these. Asks
+// the server and waits, so use it only at the start. REQUIRES: connection.isAlive().
 bool isXwayland(X11Connection& connection);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Tells Ticklog which windows are on the screen, over D-Bus, and tells nobody else. While Ticklog does not run,
-// nothing is looked at.
+// Reports the windows on the screen to Ticklog over D-Bus, and to nobody else. While Ticklog does not run, it
+// looks at nothing.
 
 import Gio from 'gi://Gio';
 import GLib from 'gi://GLib';
 import {WindowWatch} from './windows.js';
 
-// What the messages below are, and the oldest of their versions that a reader of this one understands.
+// The version of the messages below, and the oldest version of a reader that understands them.
 const kVersion = 1;
 const kOldestVersion = 1;
 
@@ -25,7 +25,7 @@ const kInterface = `<node><interface name="${kName}">
   <signal name="Ended"/>
 </interface></node>`;
 
-// What a message bus answers to a question about itself, as a promise.
+// The answer of the message bus to a question, as a promise.
 function askBus(method, signature, argument) {
     return new Promise((resolve, reject) => {
         Gio.DBus.session.call('org.freedesktop.DBus', '/org/freedesktop/DBus', 'org.freedesktop.DBus', method,
@@ -40,25 +40,25 @@ function askBus(method, signature, argument) {
     });
 }
 
-// The program that the extension in this folder was installed by, as a full path.
+// The full path of the program that has installed the extension in this folder.
 function readExecutable(folder) {
     const [, content] = folder.get_child('executable').load_contents(null);
     return new TextDecoder().decode(content).trim();
 }
 
-// The whole extension, from its making until destroy() is called. How it is begun differs from shell to shell.
+// The whole extension, from construction until destroy(). Shells differ in how they start it.
 export class Service {
-    // `folder` is where the extension lies.
+    // `folder` is the extension's folder.
     constructor(folder) {
         this._folder = folder;
-        // The connection that is told, what it was told last, and what looks at the windows for it.
+        // The connection that gets the reports, the last report, and the watch on the windows.
         this._follower = null;
         this._sight = null;
         this._watch = null;
         this._isDestroyed = false;
         this._object = Gio.DBusExportedObject.wrapJSObject(kInterface, this);
         this._object.export(Gio.DBus.session, kPath);
-        // It may be running already, and has no other way to hear of us.
+        // Ticklog may be running already, and nothing else tells it that the extension is here.
         this._nameWatch = Gio.bus_watch_name_on_connection(Gio.DBus.session, kTicklog,
             Gio.BusNameWatcherFlags.NONE,
             (_bus, _name, owner) => this._welcome(owner), () => this._setFollower(null));
@@ -73,12 +73,12 @@ export class Service {
         this._isDestroyed = true;
     }
 
-    // The method of the interface. From then on the caller is sent every change.
+    // The method of the interface: from now on the caller gets every change.
     async FollowAsync(_arguments, invocation) {
         const caller = invocation.get_sender();
         if (await this._isOurs(caller)) {
             this._setFollower(caller);
-            // Also who follows already is told what there is, and not what was told last.
+            // A caller that follows already gets the present state too, not the last report.
             this._sight = this._look();
             invocation.return_value(this._sight);
         } else {
@@ -98,16 +98,16 @@ export class Service {
             if (await askBus('GetNameOwner', '(s)', kTicklog) !== connection)
                 return false;
             const process = await askBus('GetConnectionUnixProcessID', '(u)', connection);
-            // A program that was replaced by a newer one while it ran is still the one that was installed.
+            // A program that was updated while it runs is still the installed one.
             const executable = GLib.file_read_link(`/proc/${process}/exe`).replace(/ \(deleted\)$/, '');
             return !this._isDestroyed && executable === readExecutable(this._folder);
         } catch (failure) {
-            // It is gone, or hides what it is.
+            // The process has ended, or hides its executable.
             return false;
         }
     }
 
-    // Answers whether it is another one than before.
+    // Answers whether the follower has changed.
     _setFollower(connection) {
         if (this._follower === connection)
             return false;
@@ -130,7 +130,7 @@ export class Service {
         this._send('Changed', sight);
     }
 
-    // To the follower alone.
+    // Sends only to the follower.
     _send(signal, sight) {
         Gio.DBus.session.emit_signal(this._follower, kPath, kName, signal, sight);
     }

@@ -4,7 +4,7 @@ import GLib from 'gi://GLib';
 import Meta from 'gi://Meta';
 import Shell from 'gi://Shell';
 
-// The layers that Ticklog knows: 0 holds the ordinary windows.
+// The layers that Ticklog expects: ordinary windows are in layer 0.
 function layerOf(window) {
     switch (window.get_window_type()) {
     case Meta.WindowType.NORMAL:
@@ -21,7 +21,7 @@ function layerOf(window) {
     }
 }
 
-// The id of the desktop entry that a window belongs to; empty when none does.
+// The id of a window's desktop entry; empty if it has none.
 function applicationIdOf(window) {
     const application = Shell.WindowTracker.get_default().get_window_app(window);
     if (!application || application.is_window_backed())
@@ -29,13 +29,13 @@ function applicationIdOf(window) {
     return application.get_id().replace(/\.desktop$/, '');
 }
 
-// The windows on the screen, and when they change. Looks at them from its making until destroy() is called.
+// Watches the windows on the screen from construction until destroy().
 export class WindowWatch {
-    // `changed` is called once after whatever changes within a turn of the loop.
+    // `changed` is called once for all changes within a turn of the loop.
     constructor(changed) {
         this._changed = changed;
         this._soon = 0;
-        // From each object that is looked at to its signal handlers.
+        // The signal handlers of each object that is watched.
         this._handlers = new Map();
         this._look(global.display, {
             'notify::focus-window': () => this._changeSoon(),
@@ -59,7 +59,7 @@ export class WindowWatch {
         this._soon = 0;
     }
 
-    // The number of the window that has the focus, 0 for none, and the windows on the screen, front to back.
+    // The number of the window with the focus, 0 for none; and the windows on the screen, front to back.
     describe() {
         const windows = global.get_window_actors().reverse().map(actor => actor.get_meta_window())
             .filter(window => this._isOnScreen(window));
@@ -72,7 +72,7 @@ export class WindowWatch {
     }
 
     _isOnScreen(window) {
-        // The picture of a window that was closed fades for a while.
+        // A closed window fades out for a while.
         return this._windows.has(window) && !window.is_override_redirect() && window.showing_on_its_workspace() &&
             window.located_on_workspace(global.workspace_manager.get_active_workspace());
     }

@@ -15,7 +15,7 @@
 
 namespace {
 
-// More files of one second's making than anybody has.
+// Nobody has more files with the same name from the same second.
 constexpr int kMostOfOneName = 1000;
 
 Failure systemFailure(const QString& path, int error) {
@@ -25,7 +25,7 @@ Failure systemFailure(const QString& path, int error) {
 
 int renameToNew(const char* from, const char* to) {
     const int result = ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
-    // Not every file system can promise to overwrite nothing; a link can be made everywhere else.
+    // Not every file system can rename without overwriting; on the others a link does the same.
     if (result != 0 && errno == EINVAL)
         return ::link(from, to) == 0 ? ::unlink(from) : -1;
     return result;
@@ -35,7 +35,7 @@ bool isOfOthers(const struct stat& file, uid_t user) {
     return file.st_uid != user && file.st_uid != 0;
 }
 
-// Many users have a group to themselves, named after them.
+// Many users have a group of their own, with the same name.
 bool isUsersOwnGroup(gid_t group, uid_t user) {
     const passwd* person = ::getpwuid(user);
     const QByteArray name = person && person->pw_gid == group ? person->pw_name : "";
@@ -107,7 +107,7 @@ bool othersMayWrite(const QString& folder, uid_t user) {
         path = QFileInfo(path).absolutePath();
         if (::stat(QFile::encodeName(path).constData(), &status) != 0)
             return false;
-        // In a sticky folder nobody exchanges what is another's.
+        // In a sticky folder nobody can exchange the files of others.
         if (isOfOthers(status, user) || (mayBeWrittenByOthers(status, user) && !(status.st_mode & S_ISVTX)))
             return true;
     }

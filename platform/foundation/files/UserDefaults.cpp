@@ -13,10 +13,10 @@
 
 namespace {
 
-// All rows of the most timers shown expanded take half of it.
+// All rows of the most timers, expanded, take half of it.
 constexpr qint64 kMostBytes = 32 * 1024 * 1024;
 
-// What stands within lists and tables are names.
+// Texts within lists and tables are names, so they are cleaned.
 PropertyListValue withCleanNames(const PropertyListValue& value) {
     if (const QString* text = value.asString())
         return cleanText(*text);
@@ -36,7 +36,7 @@ PropertyListValue withCleanNames(const PropertyListValue& value) {
     return value;
 }
 
-// The settings in a file, whoever wrote it. No path is longer than the longest text, and nobody could show another.
+// The settings in a file, whoever wrote it. A longer text is no path, and could not be shown.
 Result<PropertyListDictionary> readSettings(const QString& path) {
     const auto read = PropertyList::readFile(path, kMostBytes);
     if (!read)
@@ -110,7 +110,7 @@ void UserDefaults::synchronize() {
         }
         tellWritten(bool(written));
     } catch (const InternalInconsistency& failure) {
-        // A value that no property list can hold must not take the rest of the program along.
+        // A value that no property list can hold must not end the program.
         m_log.log(failure.logLine());
     }
 }
@@ -140,7 +140,7 @@ UserDefaults::FileState UserDefaults::fileState() const {
 }
 
 void UserDefaults::load() {
-    // Before it is read: what is written in between is read the next time.
+    // Before reading, so that changes during the reading are read next time.
     m_state = fileState();
     const auto read = readSettings(m_path);
     if (read) {
@@ -156,7 +156,7 @@ void UserDefaults::load() {
                   .arg(read.failure().text));
 }
 
-// There is no file, or none that can be read, at launch.
+// At launch there is no file, or none that can be read.
 void UserDefaults::takeLastGood() {
     const auto kept = readSettings(keptPath());
     if (!kept) {
@@ -170,7 +170,7 @@ void UserDefaults::takeLastGood() {
     m_joining = m_runLoop.scheduleOnce(kJoiningDelay, [this] { synchronize(); });
 }
 
-// It is of use where the file itself fails, so that a failure of its own is none.
+// The copy helps only if the file itself fails, so a failure to write it is no error.
 void UserDefaults::keepAsLastGood() {
     if (m_kept.isEmpty())
         if (const auto kept = readSettings(keptPath()))

@@ -13,38 +13,40 @@
 #include <array>
 #include <chrono>
 
-// Posted, without an object, after any value in the user defaults has changed.
+// Posted without an object after a setting has changed.
 inline const QString kUserDefaultsDidChangeNotification =
     QStringLiteral("kUserDefaultsDidChangeNotification");
 
-// Posted, without an object, when the settings can no longer be written, or can again.
+// Posted without an object when the settings can no longer be written, or can be written again.
 inline const QString kUserDefaultsFileNotification = QStringLiteral("kUserDefaultsFileNotification");
 
-// The user's settings: a table from key to property-list value, kept as an XML property list that only the
-// user can read. Registered defaults answer for keys that have no value of their own; they are never written.
-// Changes are announced at once and written joined, or at once by synchronize(). What was last whole is kept beside the
-// file and is taken where that is damaged, foreign or gone at launch; what cannot be read is set aside under a dated name
-// before anything is written in its place. Other programs may write the file too: refresh() takes their changes over. Main
-// thread only.
+// The user's settings: a table from keys to property-list values, kept as an XML property list that only the
+// user can read. A key without a value of its own has its registered default; defaults are never written.
+// Changes are announced at once and written together a little later, or at once by synchronize().
+//
+// A copy of the last good content is kept beside the file, and used when the file is damaged or missing at
+// launch. A file that cannot be read is set aside under a dated name before a new one is written. Other
+// programs may write the file too: refresh() takes over their changes. Main thread only.
 class UserDefaults {
 public:
-    // How long changes wait for others before they are written.
+    // How long changes wait, so that they are written together.
     static constexpr std::chrono::seconds kJoiningDelay{2};
-    // After a failure.
+    // How long to wait before the next try after a failure.
     static constexpr std::chrono::seconds kRetryDelay{60};
 
-    // What a launch has found: the file or none; what was kept, for want of it; or neither of them to be read.
+    // What a launch has found: the file, or no file at all; the copy, used in its place; or neither could be
+    // read.
     enum class Reading { Whole, LastGood, Nothing };
 
-    // Reads `path`, whose folder is made (0700) on the first write. The rest must outlive the defaults.
+    // Reads `path`; its folder is made (0700) at the first write. The other arguments must outlive the
+    // settings.
     UserDefaults(QString path, NotificationCenter& notifications, RunLoop& runLoop, SystemLog& log);
     UserDefaults(const UserDefaults&) = delete;
     UserDefaults& operator=(const UserDefaults&) = delete;
-    // Writes what is not written yet.
+    // Writes changes that still wait.
     ~UserDefaults();
 
-    // What keys answer until a value of their own is set. Later registrations replace earlier ones key by
-    // key.
+    // Values for keys that have none of their own. Later registrations replace earlier ones, key by key.
     void registerDefaults(const PropertyListDictionary& defaults);
 
     // The key's own value, else its registered default, else an absent value.
@@ -54,22 +56,22 @@ public:
 
     std::int64_t integerForKey(const QString& key) const { return object(key).toInteger(); }
 
-    // Sets the key's own value; an absent one removes it. Setting what is already there is not a change.
+    // Sets the key's own value; an absent one removes it. Setting an equal value is no change.
     void setObject(const QString& key, PropertyListValue value);
 
     void removeObject(const QString& key) { setObject(key, {}); }
 
-    // Writes pending changes now, over what others have written meanwhile key by key. A failure is logged, and tried
-    // again with the next change, or a minute later.
+    // Writes pending changes now; keys that others have written meanwhile are kept, except those changed
+    // here. A failure is logged, and tried again at the next change or a minute later.
     void synchronize();
 
-    // Takes over what another program has written since, but for keys whose own change is not yet written; announced
-    // once. Costs a look at the file's state when nothing has been written. A file that has gone or cannot be read
-    // changes no setting: the next write sets it right.
+    // Takes over what another program has written, except keys with a change of our own that is not written
+    // yet; announced once. Cheap when the file has not changed. If the file is gone or cannot be read, no
+    // setting changes: the next write restores it.
     void refresh();
 
     const QString& path() const { return m_path; }
-    // Where what was last whole is kept: "<path>.last".
+    // The path of the copy of the last good content: "<path>.last".
     QString keptPath() const { return m_path + QStringLiteral(".last"); }
 
     Reading reading() const { return m_reading; }
@@ -77,7 +79,7 @@ public:
     bool isUnwritten() const { return m_isUnwritten; }
 
 private:
-    // Tells one state of the file from every other; all zero when there is none.
+    // Equal exactly when the file has not changed; all zero without a file.
     using FileState = std::array<std::int64_t, 6>;
 
     void load();
@@ -93,17 +95,17 @@ private:
     SystemLog& m_log;
     PropertyListDictionary m_values;
     PropertyListDictionary m_registered;
-    // What stands at keptPath().
+    // The content of the copy.
     PropertyListDictionary m_kept;
     Reading m_reading = Reading::Whole;
     bool m_isUnwritten = false;
-    // The file does not say what was taken in its place.
+    // The copy was used, and the file does not have its content yet.
     bool m_owesWrite = false;
-    // What stands on disk could not be read, and is not replaced before it has been set aside.
+    // The file could not be read. It must be set aside before it is replaced.
     bool m_isDamaged = false;
     // Keys whose own value is not yet written.
     QSet<QString> m_changed;
-    // Of the file as it was last read or written.
+    // Of the file, when it was last read or written.
     FileState m_state{};
     std::unique_ptr<RunLoopTimer> m_joining;
     std::unique_ptr<RunLoopTimer> m_retry;

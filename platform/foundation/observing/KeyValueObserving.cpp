@@ -42,7 +42,7 @@ void Observable::announceDid(ObservedKey key) {
             change.oldValue = registration.oldValue;
             change.newValue = valueForKey(key);
         }
-        // Registered in the middle of a change: its end is told, and there is no beginning to undo.
+        // The observer was registered in the middle of a change: it is told the end, without a beginning.
         if (registration.depth > 0 && --registration.depth == 0)
             registration.oldValue.clear();
         registration.observer(change);

@@ -9,7 +9,8 @@
 #include <functional>
 #include <optional>
 
-// The name of an observable property. Each is spelled once, as a constant beside the class that announces it.
+// The name of an observable property. Each is written only once, as a constant beside the class that
+// announces it.
 struct ObservedKey {
     const char* name;
 
@@ -20,27 +21,27 @@ struct ObservedKey {
 
 enum class ChangePhase { Will, Did };
 
-// What an observer is told.
+// What an observer gets.
 struct ObservedChange {
     ObservedKey key;
     ChangePhase phase;
-    // The property before and after the change. Invalid unless the observer asked for values; `newValue` is invalid
-    // in the Will phase.
+    // The property before and after the change. Invalid unless the observer asked for values; `newValue` is
+    // also invalid in the Will phase.
     QVariant oldValue;
     QVariant newValue;
 };
 
 // Which announcements an observer gets, and with what.
 struct ObservingOptions {
-    // Told before the change too, not only after it.
+    // Also called before the change.
     bool prior = false;
-    // Told the old and the new value.
+    // Gets the old and the new value.
     bool values = false;
 };
 
-// An object whose named properties can be observed. Unobserved, it pays one pointer. Observers are told in the order
-// in which they registered; while being told they may change the object, add and remove observers, or destroy the
-// object. Main thread only. Observers' subscriptions may outlive it.
+// An object whose named properties can be observed. Without observers it costs one pointer. Observers are
+// called in the order of registration. While being called, they may change the object, add and remove
+// observers, or destroy the object. Main thread only. Subscriptions may outlive it.
 class Observable {
 public:
     using Observer = std::function<void(const ObservedChange&)>;
@@ -50,13 +51,13 @@ public:
     Observable& operator=(const Observable&) = delete;
     virtual ~Observable();
 
-    // Calls `observer` for every change of `key` until the answer is destroyed.
+    // Calls `observer` for every change of `key` for as long as the subscription lives.
     Subscription observe(ObservedKey key, Observer observer, ObservingOptions options = {});
-    // Calls `observer` after every change of any key, without values: one registration where many objects are observed
-    // for several keys each.
+    // Calls `observer` after every change of any key, without values: one registration is enough where many
+    // objects are observed for several keys.
     Subscription observeEveryKey(Observer observer);
 
-    // Announcements come in pairs, which may nest: the value before the outermost willChange is the old one.
+    // Announce a change, in pairs that may nest: the old value is the one before the outermost willChange().
     void willChange(ObservedKey key) {
         if (m_observers)
             announceWill(key);
@@ -66,12 +67,13 @@ public:
             announceDid(key);
     }
 
-    // The property's value now, for observers that want values. Invalid for a key the object does not have.
+    // The property's present value, for observers that want values. Invalid for a key that the object does
+    // not have.
     virtual QVariant valueForKey(ObservedKey key) const;
 
 private:
     struct Registration {
-        // Null for every key.
+        // Absent: every key.
         std::optional<ObservedKey> key;
         Observer observer;
         ObservingOptions options;
@@ -87,7 +89,7 @@ private:
     QExplicitlySharedDataPointer<Listeners<Registration>> m_observers;
 };
 
-// Announces a change for as long as it lives: will at construction, did at destruction.
+// Announces a change: willChange() at construction, didChange() at destruction.
 class ChangeAnnouncement {
 public:
     ChangeAnnouncement(Observable& object, ObservedKey key)

@@ -9,14 +9,14 @@
 #include <list>
 #include <utility>
 
-// The part of a list of callbacks that its subscriptions know.
+// The part of a list of callbacks that subscriptions know.
 class ListenersBase : public QSharedData {
 public:
     virtual ~ListenersBase() = default;
     virtual void remove(std::uint64_t id) = 0;
 };
 
-// Keeps one callback registered for as long as it lives. Outliving the list it came from does no harm.
+// Keeps a callback registered for as long as it lives. It may outlive the list.
 class [[nodiscard]] Subscription {
 public:
     Subscription() = default;
@@ -46,12 +46,12 @@ private:
     std::uint64_t m_id = 0;
 };
 
-// A list of records that may grow, shrink or be abandoned by its owner while it is being walked. Whoever walks it
-// holds a share of it, so that it lives on whatever the callbacks do.
+// A list of records that may grow, shrink or be released by its owner while it is being walked. A walk holds
+// a reference, so the list survives whatever the callbacks do.
 template<class Record>
 class Listeners : public ListenersBase {
 public:
-    // Registers `record` behind those already there.
+    // Adds `record` at the end.
     Subscription add(Record record) {
         m_slots.push_back({std::move(record), ++m_lastId, false});
         return Subscription(this, m_lastId);
@@ -66,7 +66,7 @@ public:
         sweep();
     }
 
-    // Forgets everybody; a walk that is under way visits no one else.
+    // Removes all; a walk that is under way visits no more records.
     void removeAll() {
         for (Slot& slot : m_slots)
             slot.gone = true;
@@ -74,7 +74,7 @@ public:
         sweep();
     }
 
-    // Visits, in order of registration, who was registered when the walk began and still is.
+    // Visits, in order of registration, the records that were there when the walk began and still are.
     template<class Visitor>
     void forEach(Visitor&& visit) {
         const QExplicitlySharedDataPointer<Listeners> alive(this);
@@ -109,12 +109,12 @@ private:
         Listeners& list;
     };
 
-    // A callback may be removing itself: what is running must not be destroyed under its feet.
+    // Destroys removed records, but never one whose callback may be running.
     void sweep() {
         if (m_depth > 0 || !m_unswept)
             return;
         m_unswept = false;
-        // The records' own destructors may come back here.
+        // Moved out first, because destructors of records may call this again.
         std::list<Slot> swept;
         for (auto slot = m_slots.begin(); slot != m_slots.end();) {
             const auto next = std::next(slot);
@@ -124,7 +124,7 @@ private:
         }
     }
 
-    // A list, because a slot must stay where it is while its callback adds others.
+    // A list, because a record must not move while its callback adds others.
     std::list<Slot> m_slots;
     std::uint64_t m_lastId = 0;
     int m_depth = 0;

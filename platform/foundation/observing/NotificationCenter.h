@@ -8,13 +8,13 @@
 #include <any>
 #include <functional>
 
-// A piece of news by name. What the object is, if there is one, stands beside the constant of the name.
+// News with a name. The constant of the name says what the object is, if there is one.
 struct Notification {
     QString name;
     std::any object;
 };
 
-// Carries news upward, from code that does not know who listens. Delivered at once, in order of registration, on the
+// Carries news from code that does not know who listens. Delivered at once, in order of registration, on the
 // main thread. Outlives those who post; subscriptions may outlive it.
 class NotificationCenter {
 public:

@@ -15,7 +15,7 @@ namespace {
 constexpr std::chrono::seconds kTimeBetweenLooks{30};
 constexpr int kDeepestFolder = 4;
 
-// Whatever runs in these is not told apart by them.
+// These programs start others, so they do not identify what they run.
 bool runsOtherPrograms(const QString& executable) {
     static const QStringList kLaunchers{
         QStringLiteral("env"),  QStringLiteral("sh"),      QStringLiteral("bash"), QStringLiteral("dash"),
@@ -37,7 +37,7 @@ QString lettersAndDigits(const QString& text) {
     return kept;
 }
 
-// "org.gnome.Nautilus" has to do with "nautilus", "Gimp" with "gimp-2.10".
+// "org.gnome.Nautilus" belongs to "nautilus", "Gimp" to "gimp-2.10".
 bool hasToDoWith(const QString& windowClass, const QString& program) {
     constexpr qsizetype kTelling = 3;
     QString shorter = lettersAndDigits(windowClass);
@@ -52,7 +52,7 @@ bool isGivenOnPurpose(const QString& windowClass, const QString& program) {
            !runsOtherPrograms(windowClass.toLower()) && !hasToDoWith(windowClass, program);
 }
 
-// The program of a command line and what is handed to it; what comes before it to set its environment is skipped.
+// The program of a command line and its arguments, without the words before it that set its environment.
 QStringList programAndArguments(const QString& command) {
     QStringList words = DesktopEntryFile::commandWords(command);
     if (!words.isEmpty() && fileName(words.first()) == u"env") {
@@ -63,7 +63,7 @@ QStringList programAndArguments(const QString& command) {
     return words;
 }
 
-// Whether more is handed to the program than the files to open.
+// Whether the program gets more arguments than the files to open.
 bool hasOptions(const QStringList& programAndArguments) {
     return std::ranges::any_of(programAndArguments.sliced(std::min<qsizetype>(1, programAndArguments.size())),
                                [](const QString& argument) { return !argument.startsWith(u'%'); });
@@ -112,7 +112,7 @@ DesktopEntries::Places DesktopEntries::Places::forUser() {
             locale = qEnvironmentVariable(name);
     }
     const QStringList ofLocale = languagesOfLocale(locale);
-    // As gettext does it: the list of preferences counts only where there is a language at all.
+    // As gettext does: the list of languages counts only if a locale is set.
     if (!ofLocale.isEmpty()) {
         for (const QString& preferred : qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts))
             places.languages << languagesOfLocale(preferred);
@@ -130,7 +130,7 @@ std::optional<QString> DesktopEntries::nameForWindow(const QStringList& classes,
     const QString question = classes.join(u'\n') + u'\n' + executable;
     auto answer = m_answers.constFind(question);
     if (answer == m_answers.constEnd() || answer->isNull()) {
-        // An entry may have been installed since.
+        // An entry may have been installed since the last search.
         scanIfChanged();
         answer = m_answers.insert(question, find(classes, executable).value_or(QString()));
     }
@@ -147,7 +147,7 @@ std::optional<QString> DesktopEntries::find(const QStringList& classes, const QS
     for (const auto* index : {&m_byStartupClass, &m_byId}) {
         for (const QString& windowClass : classes) {
             const auto entry = index->constFind(windowClass.toCaseFolded());
-            // The rest of what it is called is what its program is always called.
+            // All other names that it gives itself are the usual names of the program.
             const bool isUsual = isOnPurpose && hasToDoWith(windowClass, program);
             if (!windowClass.isEmpty() && !isUsual && entry != index->constEnd())
                 return m_entries[*entry].name;
@@ -199,7 +199,7 @@ void DesktopEntries::scanFolder(const QString& folder, const QString& idPrefix, 
 
 void DesktopEntries::addEntry(const QString& path, const QString& id) {
     const QString foldedId = id.toCaseFolded();
-    // The entry of a more important folder stands for all of this id.
+    // The entry in a more important folder replaces all others with this id.
     if (m_byId.contains(foldedId))
         return;
     const std::optional<Entry> entry = readEntry(path);
@@ -238,7 +238,7 @@ std::optional<DesktopEntries::Entry> DesktopEntries::readEntry(const QString& pa
     entry.startupClass = values.value(QStringLiteral("StartupWMClass"));
     const QStringList command = programAndArguments(values.value(QStringLiteral("Exec")));
     entry.remoteness = (isTrue("NoDisplay") || isTrue("Hidden") ? 2 : 0) + (hasOptions(command) ? 1 : 0);
-    // The windows of a program for terminals are the terminal's.
+    // A terminal program's windows belong to the terminal.
     if (!isTrue("Terminal")) {
         entry.executable = fileName(command.value(0));
         const QString tried = values.value(QStringLiteral("TryExec"));

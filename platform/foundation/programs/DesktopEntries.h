@@ -11,12 +11,11 @@
 #include <vector>
 
 // The names of installed programs in the user's language, from their desktop entries. Reads the disk when a
-// program is asked for that was not asked for before, and never twice for the same question while nothing was
-// installed. Main thread only.
+// program is asked for the first time, and again only after something was installed. Main thread only.
 class DesktopEntries {
 public:
     struct Places {
-        // Folders that hold "applications", the most important first.
+        // Folders that contain "applications", the most important first.
         QStringList dataFolders;
         // The suffixes of translated keys, the best first: "de_AT", "de".
         QStringList languages;
@@ -27,25 +26,27 @@ public:
         static QStringList languagesOfLocale(const QString& locale);
     };
 
-    // `clock` outlives this.
+    // `clock` outlives this object.
     DesktopEntries(Places places, const Clock& clock);
 
-    // The name of the program that a window belongs to. `classes` are what the window calls its program, the
-    // most telling first and the class itself last: the parts of WM_CLASS, or an app id. `executable` is the full
-    // path, or empty. Absent when no entry belongs to it, also where the class has nothing to do with the executable's
-    // name: somebody gave it on purpose, and then it is the program (`xterm -class Mailer`).
+    // The name of the program that a window belongs to. `classes` are the names that the window gives its
+    // program, the most specific first and the class itself last: the parts of WM_CLASS, or an app id.
+    // `executable` is a full path or empty. Absent if there is no entry for it; also if the class has nothing
+    // to do with the executable's name, because somebody chose such a class deliberately, and then it is the
+    // program (`xterm -class Mailer`).
     std::optional<QString> nameForWindow(const QStringList& classes, const QString& executable);
-    // The name of the program at a full path; absent when no entry starts it.
+    // The name of the program at a full path; absent if no entry starts it.
     std::optional<QString> nameForExecutable(const QString& executable);
 
 private:
     struct Entry {
         QString name;
         QString startupClass;
-        // The file's name without its folder, of what it starts.
+        // The file name of the program that it starts, without the folder.
         QString executable;
-        // How far this entry is from being the program's own, of several that start it: 0 is a menu entry that starts
-        // it plainly; one that starts it with options, or is not shown in menus, stands for a part of it.
+        // Chooses among several entries for the same program. 0 is an entry in the menu that starts it
+        // without options; one with options, or one that menus do not show, stands for only a part of the
+        // program.
         int remoteness = 0;
     };
 
@@ -65,13 +66,13 @@ private:
     Places m_places;
     const Clock& m_clock;
     std::vector<Entry> m_entries;
-    // From startup class, folded id and executable name to the entry.
+    // From startup class, lower-case id, and executable name to the entry.
     QHash<QString, std::size_t> m_byStartupClass;
     QHash<QString, std::size_t> m_byId;
     QHash<QString, std::size_t> m_byExecutable;
-    // Every folder that was looked into, also those that do not exist.
+    // All folders that were searched, also those that do not exist.
     std::vector<Folder> m_folders;
-    // Answers by question, null where no entry belongs.
+    // The answers so far; a null text means that there is no entry.
     QHash<QString, QString> m_answers;
     std::optional<std::chrono::nanoseconds> m_lastLook;
 };

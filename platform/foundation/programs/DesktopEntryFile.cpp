@@ -7,10 +7,10 @@
 
 namespace {
 
-// Many times what an entry in all languages takes.
+// Many times the size of an entry in all languages.
 constexpr qint64 kLongestFile = 256 * 1024;
 
-// Undoes the escapes that every value of an entry may have.
+// Undoes the escapes that are allowed in every value.
 QString unescaped(const QString& value) {
     QString text;
     for (qsizetype i = 0; i < value.size(); ++i) {

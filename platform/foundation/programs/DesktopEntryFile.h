@@ -7,19 +7,19 @@
 
 #include <optional>
 
-// Reads desktop entries, the files by which every desktop knows and starts its programs, wherever they lie.
+// Reads desktop entries: the files by which desktops know and start programs.
 namespace DesktopEntryFile {
 
-// Values by key, in which escapes are undone.
+// Values by key, with escapes undone.
 using Group = QHash<QString, QString>;
 
-// The main group of the file at `path`. Of a key that is there twice the first counts. Absent when the file cannot be read or
-// is longer than entries are.
+// The main group of the file at `path`. If a key occurs twice, the first counts. Absent if the file cannot be
+// read or is too long for an entry.
 std::optional<Group> read(const QString& path);
-// The same of a file's content.
+// The same from a file's content.
 Group mainGroup(const QByteArray& content);
 
-// The words of a value of Exec; quotes are undone, fields such as "%f" stay.
+// The words of an Exec value, with quotes undone; fields such as "%f" stay.
 QStringList commandWords(const QString& exec);
 
 } // namespace DesktopEntryFile

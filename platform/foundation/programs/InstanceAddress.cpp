@@ -20,7 +20,7 @@ InstanceAddress::InstanceAddress(const QString& folder, const QString& display) 
 
 InstanceAddress InstanceAddress::ofThisSession() {
     QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    // Each start is a sandbox of its own there, and this is the one folder that those of a program share.
+    // Each start has a sandbox of its own there; this is the only folder that a program's sandboxes share.
     if (!folder.isEmpty() && isInFlatpak())
         folder += QStringLiteral("/app/") + qEnvironmentVariable("FLATPAK_ID");
     return InstanceAddress(folder, nameOfDisplay());
@@ -32,7 +32,8 @@ QString InstanceAddress::nameOfDisplay() {
 }
 
 bool InstanceAddress::isServed() const {
-    // The kernel's list of sockets, with the names last. A socket whose process is gone is not in it.
+    // The kernel's list of sockets, with the names at the end of the lines. It has no sockets of processes
+    // that have ended.
     QFile sockets(QStringLiteral("/proc/net/unix"));
     if (!sockets.open(QFile::ReadOnly))
         return false;

@@ -4,24 +4,24 @@
 #include <QByteArray>
 #include <QString>
 
-// Where the first Ticklog of a user and display listens to those that are started after it.
+// The address at which the first Ticklog of a user and display listens for later starts.
 class InstanceAddress {
 public:
-    // `folder` is the user's run-time folder; empty when there is none, then the name is one of the kernel's own.
-    // `display` tells the user's displays apart.
+    // `folder` is the user's run-time folder; if it is empty, the socket is an abstract one. `display` tells
+    // the user's displays apart.
     InstanceAddress(const QString& folder, const QString& display);
-    // For this user and display, by the environment.
+    // For this user and display, from the environment.
     static InstanceAddress ofThisSession();
-    // Empty when there is none.
+    // Empty without a display.
     static QString nameOfDisplay();
 
-    // The socket's name; one of the kernel's own begins with a null character.
+    // The socket's name; an abstract one begins with a null character.
     const QByteArray& name() const { return m_name; }
 
-    // What whoever listens holds locked; empty for a name of the kernel's own.
+    // The file that the listener keeps locked; empty for an abstract socket.
     const QByteArray& lockPath() const { return m_lockPath; }
 
-    // Whether somebody listens. Looks without calling there, so that nobody notices.
+    // Whether somebody listens. Does not connect, so the listener does not notice.
     bool isServed() const;
 
 private:

@@ -3,14 +3,15 @@
 
 #include <QtGlobal>
 
-// How the launch helper tells Ticklog that the desktop started it, and nobody waits for its window: by the environment,
-// because Ticklog takes no options.
+// The launch helper tells Ticklog that the desktop has started it and nobody expects its window. It does so
+// by the environment, because Ticklog has no options.
 class LoginStart {
 public:
     // For the programs that this process starts from now on.
     static void announce() { qputenv(kVariable, "1"); }
 
-    // Whether this process was told. Only the first time: what it starts itself is not.
+    // Whether this process was told so. True only at the first call, and not inherited by programs that it
+    // starts.
     static bool take() {
         const bool isTold = qEnvironmentVariableIsSet(kVariable);
         qunsetenv(kVariable);

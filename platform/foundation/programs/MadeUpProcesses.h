@@ -6,11 +6,13 @@
 
 #include <cstdint>
 
-// Process numbers for programs that a desktop tells of without them: negative, one for each name, and never one twice in
-// a run. Names may come from anybody and without end, so those that no window goes by are forgotten once there are many.
+// Process numbers for programs that the desktop reports without one: negative, one for each name, never the
+// same twice in a run. Anybody can make up names without end, so names without a window are forgotten when
+// there are many.
 class MadeUpProcesses {
 public:
-    // So many names more than twice the windows are remembered: whoever comes back has the same number again.
+    // Names are forgotten when there are this many more than twice the windows; until then a program that
+    // comes back gets the same number.
     static constexpr std::size_t kSpare = 1000;
 
     std::int64_t of(const QString& name) {
@@ -20,7 +22,7 @@ public:
         return process;
     }
 
-    // To be told of all windows whenever some have come or gone. `nameOf` answers the name that one goes by.
+    // Call it with all windows when some have come or gone. `nameOf` answers the name that a window uses.
     template<class Windows, class NameOf>
     void settle(const Windows& windows, NameOf nameOf) {
         if (count() <= 2 * std::size_t(windows.size()) + kSpare)

@@ -12,7 +12,7 @@ QString executableOfProcess(std::int64_t processIdentifier) {
     if (processIdentifier <= 0 || isInFlatpak())
         return {};
     QString path = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(processIdentifier));
-    // A program that was updated while it runs.
+    // The program was updated while it runs.
     if (path.endsWith(u" (deleted)"))
         path.chop(10);
     return path;

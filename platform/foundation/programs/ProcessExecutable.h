@@ -5,11 +5,11 @@
 
 #include <cstdint>
 
-// What Flatpak leaves in the root folder of a sandbox.
+// The file that Flatpak puts into the root folder of a sandbox.
 inline const QString kFlatpakNote = QStringLiteral("/.flatpak-info");
 
-// Whether this program runs in Flatpak's sandbox. Process numbers that windows tell mean nothing there: a sandbox numbers its
-// processes itself, and theirs are those of the machine, or of another sandbox.
+// Whether this program runs in Flatpak's sandbox. The process numbers of windows mean nothing there: a
+// sandbox numbers its own processes, and those of windows come from the machine or from another sandbox.
 bool isInFlatpak();
-// The executable of a process of this machine, as a full path; empty when it cannot be told.
+// The executable of a process of this machine, as a full path; empty if it cannot be found out.
 QString executableOfProcess(std::int64_t processIdentifier);

@@ -18,7 +18,7 @@ Failure tooLarge(qint64 size) {
             QStringLiteral("%1 bytes are more than a property list may have").arg(size)};
 }
 
-// What is read between two tellings of the progress.
+// How much is read between two reports of the progress.
 constexpr qint64 kPiece = 1024 * 1024;
 
 Failure unreadable(const QString& path, const QString& why) {
@@ -29,7 +29,7 @@ Result<QByteArray> bytesOf(const QString& path, qint64 most, const PropertyList:
     const QFileInfo info(path);
     if (!info.exists())
         return Failure{Failure::Kind::NotFound, QStringLiteral("%1: no such file").arg(path)};
-    // To open a pipe would be to wait for its other end.
+    // Opening a pipe would wait for its other end.
     if (!info.isFile())
         return unreadable(path, QStringLiteral("not a file"));
     if (info.size() > most)
@@ -39,7 +39,7 @@ Result<QByteArray> bytesOf(const QString& path, qint64 most, const PropertyList:
         return unreadable(path, file.errorString());
     QByteArray bytes;
     bytes.reserve(info.size());
-    // It may grow meanwhile.
+    // The file may grow meanwhile.
     while (!file.atEnd() && bytes.size() <= most) {
         bytes += file.read(kPiece);
         if (file.error() != QFile::NoError)
@@ -61,11 +61,11 @@ Result<PropertyListValue> readNamed(const QString& path, qint64 most,
     return result;
 }
 
-// Opens the file for its replacement, hands it to `fill`, and puts it in place.
+// Opens a temporary file, lets `fill` write it, and puts it in place.
 template<class Fill>
 Outcome replaceFile(const QString& path, qint64 most, Fill&& fill) {
     QSaveFile file(path);
-    // What is private is private before there is anything in it.
+    // The permissions are set before any private content is written.
     if (file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) {
         fill(file);
         if (file.pos() > most) {

@@ -7,9 +7,9 @@
 
 #include <cstdint>
 
-// The marks of the binary form of property lists, which its reader and its writer share. A file is a header,
-// the objects, a table with the offset of each object, and a trailer. The upper four bits of an object's
-// first byte tell its kind; the lower four its size, or 15 when an integer object with the size follows.
+// The markers of the binary form, shared by its reader and its writer. A file is a header, the objects, a
+// table with the offset of each object, and a trailer. The upper four bits of an object's first byte are its
+// kind; the lower four are its size, or 15 if an integer object with the size follows.
 namespace PropertyListBinary {
 
 inline constexpr QByteArrayView kHeader = "bplist00";
@@ -34,7 +34,7 @@ enum Kind : unsigned {
     kSizeFollows = 0x0F,
 };
 
-// Dates are real seconds since this one.
+// Dates are seconds, as a real, since this date.
 inline constexpr Date kReferenceDate = Date(std::chrono::sys_days(std::chrono::year(2001) / 1 / 1));
 
 } // namespace PropertyListBinary

@@ -16,30 +16,31 @@ using namespace PropertyListBinary;
 
 namespace {
 
-// A small file may stand for this much, a larger one for that many times its size, and none for more than the last. The
-// record of a timer takes up 70 bytes of a file that stores each text once, and stands for some 900 by the measure below.
+// The budget: a small file may cost this much, a larger one this many times its size, and none more than the
+// limit. A timer's record takes 70 bytes of a file that stores each text once, and costs about 900 by the
+// measure below.
 constexpr std::uint64_t kBudgetBase = 1024 * 1024;
 constexpr std::uint64_t kBudgetPerByte = 24;
-// That is 430 MB for the most timers that a database may have.
+// The most timers in a database cost 430 MB.
 constexpr std::uint64_t kBudgetLimit = 460 * 1024 * 1024;
-// What comes of it in the XML form, in which it would be written: what is larger than 256 MB could not be read again. The
-// measure leaves out digits and indentation.
+// For its length in the XML form, because a file above 256 MB could not be read again. The measure leaves out
+// digits and indentation.
 constexpr std::uint64_t kWrittenLimit = 200 * 1024 * 1024;
 constexpr std::uint64_t kWrittenValue = 24;
-// What each value takes up at the least, in memory or written out in the XML form, whichever is more.
+// The least cost of a value, in memory or in the XML form, whichever is more.
 constexpr std::uint64_t kExpandedValue = sizeof(PropertyListValue);
-// A dictionary may be the record of a timer, which is made from it.
+// A dictionary may be a timer's record, from which the timer is made.
 constexpr std::uint64_t kExpandedDictionary = 512;
-// Base 64, and line breaks.
+// Base64 and line breaks.
 constexpr std::uint64_t kExpandedByte = 2;
 
-// What a signed integer cannot hold becomes the nearest real.
+// A number too large for a signed integer becomes the nearest real.
 PropertyListValue integerFrom(std::uint64_t value) {
     constexpr std::uint64_t kLargest = std::numeric_limits<std::int64_t>::max();
     return value <= kLargest ? PropertyListValue(std::int64_t(value)) : PropertyListValue(double(value));
 }
 
-// In UTF-8, with "&amp;" and its like.
+// In UTF-8, with "&amp;" and similar.
 std::uint64_t expandedSize(const QString& text) {
     std::uint64_t size = 0;
     for (const QChar character : text) {
@@ -143,7 +144,7 @@ PropertyListValue PropertyListBinaryReader::valueAt(std::uint64_t offset, int de
         grow(object, expandedSize(text));
         return text;
     }
-    // An identifier of an archive's object means nothing here but its number.
+    // An identifier of an archived object: only its number matters here.
     case kUid: {
         const unsigned size = (marker & 0x0F) + 1;
         require(size <= 8, offset, u"an identifier of more than 64 bits");
@@ -165,7 +166,7 @@ PropertyListValue PropertyListBinaryReader::integerAt(std::uint64_t offset, unsi
     require(sizeExponent <= 4, offset, u"an integer of more than 128 bits");
     const unsigned size = 1U << sizeExponent;
     const std::uint64_t low = number(offset, size);
-    // Small integers have no sign; those of 8 and 16 bytes have one.
+    // Integers below 8 bytes are unsigned; those of 8 and 16 bytes are signed.
     if (size < 8)
         return integerFrom(low);
     if (size == 8)
@@ -189,7 +190,7 @@ PropertyListValue PropertyListBinaryReader::dateAt(std::uint64_t offset) const {
     const double seconds = std::bit_cast<double>(number(offset, 8));
     const double earliest = secondsBetween(kReferenceDate, PropertyListText::kEarliestDate);
     const double latest = secondsBetween(kReferenceDate, PropertyListText::kLatestDate);
-    // Written so that what is not a number fails too.
+    // Written such that NaN fails too.
     require(seconds >= earliest && seconds < latest + 1, offset, u"a date outside of the years 1 to 9999");
     return kReferenceDate + std::chrono::microseconds(std::llround(seconds * 1e6));
 }
@@ -234,7 +235,7 @@ PropertyListBinaryReader::Span PropertyListBinaryReader::contents(std::uint64_t 
 
 const PropertyListBinaryReader::Object& PropertyListBinaryReader::referred(std::uint64_t offset, int depth,
                                                                            Object& holder) {
-    // The call stack goes as deep as the nesting; what is met a second time was measured at the first.
+    // The call stack is as deep as the nesting; objects met again have been measured already.
     require(depth <= PropertyList::kDepthLimit, offset, u"nested too deep");
     const Object& found = object(number(offset, m_referenceSize), depth);
     holder.height = std::max(holder.height, found.height + 1);

@@ -9,12 +9,13 @@
 #include <cstdint>
 #include <vector>
 
-// Reads the binary form of a property list: a table of objects that refer to each other by number. Every
-// number in it is taken for a lie until it has been checked against the size of the file. Used once.
+// Reads the binary form: a table of objects that refer to each other by number. No number in it is trusted
+// before it has been checked against the size of the file. Use it once.
 //
-// Objects may be shared. What is shared stays shared in memory, but whoever walks the value sees it as often
-// as it is referred to, and so a few bytes could stand for gigabytes: what is made of the value, and what is
-// written of that, is added up, and refused beyond a budget that grows with the file.
+// Objects may be shared. Shared objects stay shared in memory, but code that walks the value meets them as
+// often as they are referred to, so a few bytes could stand for gigabytes. Therefore the reader adds up the
+// cost of the value in memory and in its written form, and refuses it beyond a budget that grows with the
+// file.
 class PropertyListBinaryReader {
 public:
     static bool recognises(const QByteArray& bytes) { return bytes.startsWith("bplist0"); }
@@ -30,22 +31,22 @@ private:
 
     struct Object {
         PropertyListValue value;
-        // What it takes up when everything in it is written out.
+        // Its cost when everything in it is written out.
         std::uint64_t expanded = 0;
-        // How long it is in the XML form, but for digits and indentation.
+        // Its length in the XML form, without digits and indentation.
         std::uint64_t written = 0;
-        // Levels of containers in it, itself included.
+        // Levels of containers in it, including itself.
         int height = 0;
         Progress progress = Progress::Untouched;
     };
 
-    // Why reading ends here; caught by read().
+    // Why reading ends here; read() catches it.
     struct Damage {
         std::uint64_t offset;
         QString what;
     };
 
-    // A stretch of the file: the bytes of one object.
+    // The bytes of one object in the file.
     struct Span {
         std::uint64_t at;
         std::uint64_t count;
@@ -59,16 +60,17 @@ private:
     PropertyListValue dateAt(std::uint64_t offset) const;
     PropertyListValue array(Span references, int depth, Object& object);
     PropertyListValue dictionary(Span references, int depth, Object& object);
-    // Where the contents of the object at `offset` lie, whose low four bits or following integer tell their
-    // number.
+    // Where the contents of the object at `offset` lie. Its low four bits, or the integer behind it, give
+    // their number.
     Span contents(std::uint64_t offset, unsigned unitSize) const;
-    // What the reference at `offset` leads to; enters its measure into that of its holder.
+    // The object that the reference at `offset` means; adds its cost to that of its holder.
     const Object& referred(std::uint64_t offset, int depth, Object& holder);
 
     static void grow(Object& object, std::uint64_t size);
     void requireRoom(const Object& object, std::uint64_t offset) const;
     void require(bool condition, std::uint64_t offset, const char16_t* what) const;
-    // A big-endian number of `size` bytes (the last 8 of them, when there are more). Checks its bounds.
+    // A big-endian number of `size` bytes; of more than 8 bytes, the last 8. Checks that it lies within the
+    // file.
     std::uint64_t number(std::uint64_t offset, unsigned size) const;
 
     const char* at(Span span) const { return m_bytes.constData() + span.at; }

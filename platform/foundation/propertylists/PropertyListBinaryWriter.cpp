@@ -14,7 +14,7 @@ using namespace PropertyListBinary;
 
 namespace {
 
-// The bytes that a number needs, as the form knows them.
+// How many bytes a number needs in this form.
 unsigned bytesFor(std::uint64_t value) {
     return value <= 0xFF ? 1 : value <= 0xFFFF ? 2 : value <= 0xFFFFFFFF ? 4 : 8;
 }
@@ -38,8 +38,8 @@ QByteArray PropertyListBinaryWriter::write(const PropertyListValue& value) {
     return std::move(m_bytes);
 }
 
-// Numbers the value and all that is in it. The references of a container stand together; they are reserved
-// before its contents come and take theirs.
+// Numbers the value and everything in it. A container's references stand together, so their places are
+// reserved before its contents are numbered.
 std::uint32_t PropertyListBinaryWriter::enter(const PropertyListValue& value) {
     if (value.isAbsent())
         throw InternalInconsistency(QStringLiteral("platform/foundation/PropertyListBinaryWriter"), __LINE__,
@@ -119,7 +119,7 @@ void PropertyListBinaryWriter::writeText(const QString& text) {
     qToBigEndian<char16_t>(text.utf16(), text.size(), m_bytes.data() + end);
 }
 
-// Those without a sign are written as short as they can be; a sign takes all 8 bytes.
+// Positive numbers are written as short as possible; negative ones need all 8 bytes.
 void PropertyListBinaryWriter::writeInteger(std::int64_t value) {
     const unsigned size = value < 0 ? 8 : bytesFor(std::uint64_t(value));
     m_bytes.append(char(kInteger | unsigned(std::countr_zero(size))));

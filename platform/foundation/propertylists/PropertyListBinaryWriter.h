@@ -9,18 +9,18 @@
 #include <cstdint>
 #include <vector>
 
-// Writes the binary form of a property list in time that grows with its size alone. Used once.
+// Writes the binary form, in time that grows only with its size. Use it once.
 class PropertyListBinaryWriter {
 public:
     // `value` must outlive the writer.
     QByteArray write(const PropertyListValue& value);
 
 private:
-    // An object of the file: a value, or a key of a dictionary.
+    // An object of the file: a value, or a dictionary's key.
     struct Object {
         const PropertyListValue* value = nullptr;
         const QString* key = nullptr;
-        // Where the references of a container begin among all of them.
+        // Where a container's references begin among all references.
         std::size_t references = 0;
     };
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Pieces that do not nest are a mistake of ours: nothing read from a file can cause it.
+// Pieces that do not nest are a mistake in this program: nothing read from a file can cause it.
 void require(bool condition, const QString& what) {
     if (!condition)
         throw InternalInconsistency(QStringLiteral("platform/foundation/PropertyListWriter"), __LINE__, what);

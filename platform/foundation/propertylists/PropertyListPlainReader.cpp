@@ -30,7 +30,7 @@ constexpr auto kSorts = [] {
                       : byte == '&'                                 ? Sort::Ampersand
                       : byte >= ' ' || byte == '\t' || byte == '\n' ? Sort::Ascii
                                                                     : Sort::Unusual;
-    // Only "]]>" is wrong, but nobody writes a bare one.
+    // Only "]]>" is invalid, but nobody writes a bare ">".
     sorts['>'] = Sort::Unusual;
     return sorts;
 }();
@@ -43,7 +43,7 @@ std::optional<QString> fromUtf8(QByteArrayView bytes) {
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text = decoder.decode(bytes);
-    // XML has no place for the last two, and the mark means something at the beginning of a text.
+    // XML forbids the last two, and a byte-order mark has a meaning at the beginning of a text.
     if (decoder.hasError() || text.contains(u'\uFEFF') || text.contains(u'\uFFFE') ||
         text.contains(u'\uFFFF'))
         return std::nullopt;

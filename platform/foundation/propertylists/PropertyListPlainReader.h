@@ -11,16 +11,16 @@
 #include <optional>
 #include <vector>
 
-// Reads the XML form as we and most others write it: UTF-8 under the customary head, elements without attributes,
-// the five usual entities. Ten times as fast as the reader that knows all of XML, and no judge: at the first thing
-// that it does not expect, be it damaged or only unusual, it gives up. Used once.
+// Reads the XML form as Ticklog and most others write it: UTF-8 with the usual head, elements without
+// attributes, the five usual entities. Ten times as fast as the full XML reader, but it does not judge: it
+// gives up at the first thing that it does not expect, damaged or merely unusual. Use it once.
 class PropertyListPlainReader {
 public:
     // `bytes` must outlive the reader.
     explicit PropertyListPlainReader(QByteArrayView bytes,
                                      std::size_t mostValues = PropertyList::kValueLimit);
 
-    // What PropertyListXmlReader makes of the same bytes; absent when only that one can tell.
+    // The value that PropertyListXmlReader would read; absent if only that one can decide.
     std::optional<PropertyListValue> read();
 
 private:
@@ -40,7 +40,7 @@ private:
         QString text;
     };
 
-    // Each answers false where it gives up.
+    // Each answers false when it gives up.
     bool readElements();
     bool element(Tag tag);
     bool end(QByteArrayView name);
@@ -52,7 +52,7 @@ private:
 
     void skipBlanks();
     std::optional<Tag> tag();
-    // What stands before the end of the element `name`.
+    // The text before the end tag of the element `name`.
     std::optional<QByteArrayView> textUntilEnd(QByteArrayView name);
     std::optional<QString> decoded(QByteArrayView bytes);
 
@@ -62,8 +62,8 @@ private:
     PropertyListBuilder m_builder;
     std::vector<Level> m_levels;
     bool m_hasValue = false;
-    // Where entities are replaced.
+    // Buffer for texts with entities.
     QByteArray m_unescaped;
-    // Records repeat their keys a hundred thousand times.
+    // Kept, because records repeat their keys a hundred thousand times.
     std::array<SharedKey, 64> m_keys;
 };

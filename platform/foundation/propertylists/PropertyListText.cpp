@@ -11,8 +11,8 @@
 
 namespace {
 
-// The text without blanks around it as plain ASCII, with a zero behind it; absent when it is none. Numbers of
-// more digits than this are no numbers anybody wrote.
+// The text without blanks around it, as ASCII with a zero at the end; absent if it has other characters.
+// Nobody writes numbers with more digits than this.
 class Ascii {
 public:
     explicit Ascii(QStringView text) {
@@ -41,13 +41,13 @@ private:
     std::size_t m_size = 0;
 };
 
-// Infinite or zero: from_chars does not tell which.
+// Infinity or zero: from_chars does not say which.
 double outOfRange(const char* text) {
     static const locale_t kPlain = newlocale(LC_ALL_MASK, "C", nullptr);
     return strtod_l(text, nullptr, kPlain);
 }
 
-// A fixed number of digits, or fewer where the field is the first.
+// A fixed number of digits; fewer are allowed in the first field.
 std::optional<int> digits(const char*& at, const char* end, int least, int most) {
     int value = 0;
     int count = 0;
@@ -63,7 +63,7 @@ bool skip(const char*& at, const char* end, char expected) {
     return true;
 }
 
-// Microseconds from the digits after the point; finer ones are cut off.
+// The microseconds in the digits after the point; further digits are cut off.
 std::optional<std::chrono::microseconds> fraction(const char*& at, const char* end) {
     if (!skip(at, end, '.'))
         return std::chrono::microseconds(0);
@@ -76,7 +76,7 @@ std::optional<std::chrono::microseconds> fraction(const char*& at, const char* e
 }
 
 std::optional<Date> calendarDate(const char*& at, const char* end) {
-    // Some writers leave out the zeros before a small year.
+    // Some programs write small years without leading zeros.
     const auto year = digits(at, end, 1, 4);
     if (!year || *year == 0 || !skip(at, end, '-'))
         return std::nullopt;
@@ -98,7 +98,7 @@ std::optional<std::chrono::microseconds> timeOfDay(const char*& at, const char* 
     if (!minutes || *minutes > 59 || !skip(at, end, ':'))
         return std::nullopt;
     const auto seconds = digits(at, end, 2, 2);
-    // A leap second counts as the first of the next minute.
+    // A leap second counts as the first second of the next minute.
     if (!seconds || *seconds > 60)
         return std::nullopt;
     const auto rest = fraction(at, end);
@@ -144,7 +144,7 @@ std::optional<double> real(QStringView text) {
     const Ascii ascii(text);
     const char* at = ascii.begin();
     const bool signedPlus = skip(at, ascii.end(), '+');
-    // Two signs are no number, and what "nan(…)" says in its brackets nobody can tell.
+    // Two signs are not allowed, and "nan(…)" has no known meaning.
     if (ascii.isEmpty() || (signedPlus && at != ascii.end() && *at == '-') || ascii.view().contains('('))
         return std::nullopt;
     double value = 0;
@@ -187,7 +187,7 @@ char* write(char* out, std::int64_t value) {
 }
 
 char* write(char* out, double value) {
-    // The sign of a NaN would not be understood everywhere.
+    // Some readers do not understand the sign of a NaN.
     if (std::isnan(value))
         return std::copy_n("nan", 3, out);
     return std::to_chars(out, out + kLongestText, value).ptr;

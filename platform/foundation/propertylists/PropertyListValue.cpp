@@ -10,7 +10,7 @@
 
 namespace {
 
-// Up to here a walk over the keys is faster than hashing.
+// Up to this size, searching one by one is faster than hashing.
 constexpr std::size_t kIndexedFrom = 16;
 
 } // namespace
@@ -65,7 +65,7 @@ std::int64_t PropertyListValue::toInteger() const {
     if (const auto integer = asInteger())
         return *integer;
     const double value = number().value_or(0);
-    // 2^63 is the first double that a 64-bit integer cannot hold.
+    // 2^63 is the first double that does not fit into a 64-bit integer.
     constexpr double kLimit = 9223372036854775808.0;
     if (value >= kLimit)
         return std::numeric_limits<std::int64_t>::max();

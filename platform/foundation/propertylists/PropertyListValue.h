@@ -18,9 +18,9 @@ class PropertyListDictionary;
 
 using PropertyListArray = std::vector<PropertyListValue>;
 
-// A value as property lists know it: text, integer, real, boolean, date, data, array or dictionary.
-// Default-made it is none of them, which stands for "absent". Arrays and dictionaries are immutable once
-// wrapped and shared between copies, so copying any value is cheap.
+// A value of a property list: text, integer, real, boolean, date, data, array or dictionary. Made without
+// arguments it is none of them, which means "absent". Arrays and dictionaries cannot change once they are
+// wrapped, and copies share them, so copying is cheap.
 class PropertyListValue {
 public:
     PropertyListValue() = default;
@@ -48,13 +48,13 @@ public:
 
     PropertyListValue(PropertyListArray array);
     PropertyListValue(PropertyListDictionary dictionary);
-    // Pointers would turn into booleans.
+    // Deleted, because pointers would turn into booleans.
     PropertyListValue(const char*) = delete;
     PropertyListValue(const char16_t*) = delete;
 
     bool isAbsent() const { return std::holds_alternative<std::monostate>(m_value); }
 
-    // Each answers null or absent when the value is of another type.
+    // Each answers null or absent if the value is of another type.
     const QString* asString() const { return std::get_if<QString>(&m_value); }
 
     const QByteArray* asData() const { return std::get_if<QByteArray>(&m_value); }
@@ -66,10 +66,10 @@ public:
     std::optional<double> asReal() const;
     std::optional<bool> asBoolean() const;
 
-    // An integer, a real or a boolean, as a number; absent for anything else, and for a real that is not
+    // The number of an integer, a real or a boolean; absent for anything else, and for a real that is not
     // finite.
     std::optional<double> number() const;
-    // The same as a whole number, cut off and kept within range; 0 for anything else.
+    // The same as an integer: rounded towards zero and kept within range; 0 for anything else.
     std::int64_t toInteger() const;
     // Whether a number differs from zero; false for anything else.
     bool toBool() const;
@@ -84,7 +84,7 @@ private:
         m_value;
 };
 
-// Text keys with values, in the order in which the keys were first entered.
+// Values by key, in the order in which the keys were first added.
 class PropertyListDictionary {
 public:
     using Entry = std::pair<QString, PropertyListValue>;
@@ -92,8 +92,7 @@ public:
     PropertyListDictionary() = default;
     PropertyListDictionary(std::initializer_list<Entry> entries);
 
-    // Enters `value`, or replaces what stands under `key`, which then keeps its place. An absent value is not
-    // entered.
+    // Adds `value`, or replaces the one under `key`, which keeps its place. An absent value is not added.
     void insert(QString key, PropertyListValue value);
     // The value under `key`, or an absent one. Valid until the dictionary changes.
     const PropertyListValue& value(const QString& key) const;
@@ -113,18 +112,19 @@ public:
 
     auto end() const { return m_entries.end(); }
 
-    // Equal whatever the order.
+    // Equal in any order.
     friend bool operator==(const PropertyListDictionary& a, const PropertyListDictionary& b);
 
 private:
     std::optional<std::size_t> indexOf(const QString& key) const;
-    // The slot where a key stands, or would.
+    // The slot of a key, or the free slot for it.
     std::size_t slotOf(const QString& key) const;
     void rebuildIndex();
 
     std::vector<Entry> m_entries;
-    // Only of dictionaries that are too large to walk: by the key's hash, where an entry stands, or kNoEntry; never more than
-    // half full. A file may be one dictionary of millions, so the keys are not held once more.
+    // For dictionaries too large to be searched one by one: by the key's hash, the position of an entry or
+    // kNoEntry; at most half full. Keys are not copied here, because a file may be one dictionary with
+    // millions of them.
     static constexpr std::uint32_t kNoEntry = UINT32_MAX;
     std::vector<std::uint32_t> m_slots;
 };

@@ -10,8 +10,8 @@
 #include <functional>
 #include <memory>
 
-// Where a property list goes piece by piece, without being built as a value first. Pieces must nest properly:
-// inside a dictionary a key precedes each value.
+// Takes a property list piece by piece, so that it need not be built as a value first. Pieces must nest
+// properly; in a dictionary, a key comes before each value.
 class PropertyListSink {
 public:
     virtual ~PropertyListSink() = default;
@@ -28,7 +28,7 @@ public:
     virtual void date(Date value) = 0;
     virtual void data(const QByteArray& bytes) = 0;
 
-    // A whole value at once. An absent one is a broken contract.
+    // A whole value at once. An absent one breaks the contract.
     void value(const PropertyListValue& value);
 };
 
@@ -47,9 +47,9 @@ public:
     void date(Date value) override;
     void data(const QByteArray& bytes) override;
 
-    // What was built; absent until the outermost piece has ended.
+    // The value; absent until the outermost piece has ended.
     PropertyListValue take();
-    // How many values that is so far, those within others included.
+    // How many values there are so far, including nested ones.
     std::size_t count() const { return m_count; }
 
 private:
@@ -67,11 +67,11 @@ private:
     std::size_t m_count = 0;
 };
 
-// Writes the XML form as UTF-8, handing on full chunks as it goes, so that a large list needs little memory.
-// What it writes can always be read: see PropertyList::xml.
+// Writes the XML form as UTF-8 and passes on full chunks, so that a large list needs little memory. The
+// result can always be read; see PropertyList::xml.
 class PropertyListXmlWriter : public PropertyListSink {
 public:
-    // Takes a chunk; the bytes are valid during the call only.
+    // Takes a chunk; the bytes are valid only during the call.
     using Output = std::function<void(const char* bytes, std::size_t count)>;
 
     explicit PropertyListXmlWriter(Output output);
@@ -88,13 +88,13 @@ public:
     void date(Date value) override;
     void data(const QByteArray& bytes) override;
 
-    // Closes the document and hands on the rest. REQUIRES: every dictionary and array has ended.
+    // Completes the document and passes on the rest. REQUIRES: every dictionary and array has ended.
     void finish();
 
 private:
     void enter(QByteArrayView tag);
     void leave(QByteArrayView tag);
-    // A tag on a line of its own, indented by one tab a level.
+    // A tag on its own line, indented by one tab for each level.
     void line(QByteArrayView tag);
     void append(QByteArrayView bytes);
     void appendText(QStringView text);

@@ -10,20 +10,20 @@
 // What the writer and both readers of the XML form agree on.
 namespace PropertyListXml {
 
-// How property lists customarily begin and end.
+// The usual beginning and end of a property list.
 inline constexpr QByteArrayView kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
                                         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
                                         "<plist version=\"1.0\">\n";
 inline constexpr QByteArrayView kFoot = "</plist>\n";
 
-// An element that holds text alone. `parse` answers an absent value for a text that is no such thing.
+// An element that holds only text. `parse` answers an absent value if the text has the wrong form.
 struct Scalar {
     QLatin1String name;
     PropertyListValue (*parse)(const QString& text);
 };
 
-// The kind of value that an element called `name` holds; null when there is none.
+// The element called `name`; null if there is none.
 const Scalar* scalar(QAnyStringView name);
 
 } // namespace PropertyListXml

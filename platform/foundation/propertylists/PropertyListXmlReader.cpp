@@ -14,25 +14,25 @@ bool isOneOf(std::initializer_list<QStringView> names, QStringView name) {
         names, [&](QStringView known) { return name.compare(known, Qt::CaseInsensitive) == 0; });
 }
 
-// Another one might put a tag where the scan has seen none.
+// The scan below reads only these encodings; in another one, tags could be hidden from it.
 bool isEncoding(QStringView name, bool isWide) {
     return isWide ? isOneOf({u"", u"UTF-16", u"UTF-16LE", u"UTF-16BE", u"UTF-32", u"UTF-32LE", u"UTF-32BE"},
                             name)
                   : isOneOf({u"", u"UTF-8", u"UTF8", u"ISO-8859-1", u"LATIN1", u"US-ASCII", u"ASCII"}, name);
 }
 
-// Of a tag: `<plist version="1.0">` is the only one of a property list that has any.
+// For one tag. The only tag of a property list that has any is `<plist version="1.0">`.
 constexpr int kMostAttributes = 8;
 
-// Walks over the markup without understanding it, in one pass, and tells what must not be parsed at all. In all encodings
-// that come here an ASCII character is one byte.
+// Goes over the markup once, without interpreting it, and says what must not be parsed at all. In all
+// accepted encodings an ASCII character is one byte.
 class MarkupScan {
 public:
     explicit MarkupScan(QByteArrayView bytes)
         : m_at(bytes.begin())
         , m_end(bytes.end()) {}
 
-    // Why the file is refused; empty when it is not.
+    // Why the file is refused; empty if it is not.
     QString refusal() {
         while (skipPast("<")) {
             if (isNext("?"))
@@ -65,19 +65,19 @@ private:
         return true;
     }
 
-    // Declared entities are the way to make a small file large, or to read other files; a property list has no use for
-    // them. Stops behind the document type.
+    // Declared entities can make a small file large or read other files, and no property list needs them.
+    // Stops behind the document type.
     bool hasDeclarations() {
         return findInTag([](char character) { return character == '['; });
     }
 
-    // Each is held against all others of its tag by whoever parses them. Stops behind the tag.
+    // The parser compares each attribute of a tag with all others. Stops behind the tag.
     bool hasManyAttributes() {
         return findInTag(
             [count = 0](char character) mutable { return character == '=' && ++count > kMostAttributes; });
     }
 
-    // Whether one is found outside of quotes before the tag ends.
+    // Whether a character is found outside of quotes before the tag ends.
     template<class Wanted>
     bool findInTag(Wanted isWanted) {
         char quote = 0;
@@ -101,7 +101,7 @@ private:
     const char* m_end;
 };
 
-// The same text in UTF-8 where two or four bytes are a character; null where one is.
+// The same text in UTF-8 if its characters have two or four bytes; null if one.
 QByteArray narrowed(const QByteArray& bytes) {
     const auto encoding = QStringConverter::encodingForData(bytes, u'<');
     if (!encoding || *encoding == QStringConverter::Utf8)
@@ -115,7 +115,7 @@ PropertyListXmlReader::PropertyListXmlReader(const QByteArray& bytes, std::size_
     : m_narrowed(narrowed(bytes))
     , m_bytes(isWide() ? m_narrowed : bytes)
     , m_mostValues(mostValues) {
-    // A text has its encoding behind it, whatever its declaration says.
+    // The converted text is UTF-8, whatever its declaration says.
     if (isWide())
         m_reader.addData(QString::fromUtf8(m_narrowed));
     else
@@ -185,7 +185,7 @@ void PropertyListXmlReader::startElement() {
     }
 }
 
-// Only containers and the outermost element end here: those that hold text are read to their end at once.
+// Only containers and the outermost element end here: elements with text are read to their end at once.
 void PropertyListXmlReader::endElement() {
     if (m_levels.empty())
         return;
@@ -234,7 +234,7 @@ void PropertyListXmlReader::key() {
 }
 
 void PropertyListXmlReader::scalar(QStringView name) {
-    // The name does not outlive the reading of the text.
+    // Looked up now: the name becomes invalid when the text is read.
     const PropertyListXml::Scalar* known = PropertyListXml::scalar(name);
     if (!known) {
         damaged(QStringLiteral("<%1> is no kind of value").arg(name));
@@ -245,7 +245,7 @@ void PropertyListXmlReader::scalar(QStringView name) {
         return;
     const PropertyListValue value = known->parse(text);
     if (value.isAbsent())
-        // Not what it says instead: the log is told of this, and it may be somebody's title.
+        // The text itself is left out: this is logged, and it may be somebody's window title.
         damaged(QStringLiteral("what stands in <%1> is none").arg(known->name));
     else
         m_builder.value(value);

@@ -11,8 +11,7 @@
 #include <array>
 #include <vector>
 
-// Reads the XML form of a property list. Nothing in it calls itself, so that no nesting can use up the stack.
-// Used once.
+// Reads the XML form. It does not recurse, so that no nesting can use up the stack. Use it once.
 class PropertyListXmlReader {
 public:
     // `bytes` must outlive the reader.
@@ -31,21 +30,21 @@ private:
     void token(QXmlStreamReader::TokenType type);
     void startElement();
     void endElement();
-    // Whether a value may stand here; damage is noted when not.
+    // Whether a value is allowed here; notes the damage if not.
     bool admitValue(QStringView name);
     void container(bool isDictionary);
     void key();
     void scalar(QStringView name);
-    // What stands between the tags of a value that holds no other.
+    // The text of an element that holds only text.
     QString elementText();
-    // The one copy of a key that was seen before, so that a hundred thousand records share it.
+    // The only copy of a key, shared by a hundred thousand records.
     const QString& shared(QString key);
     void damaged(const QString& what);
     Failure failure() const;
 
     bool isWide() const { return !m_narrowed.isNull(); }
 
-    // In UTF-8, where the file is in a wide encoding.
+    // The bytes in UTF-8, if the file has a wide encoding.
     const QByteArray m_narrowed;
     const QByteArray& m_bytes;
     const std::size_t m_mostValues;

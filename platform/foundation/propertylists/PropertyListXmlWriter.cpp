@@ -13,11 +13,11 @@
 
 namespace {
 
-// What is handed on at a time: large enough that the calls do not count, small enough to stay in the cache.
+// How much is passed on at a time: large enough that calls cost little, small enough to stay in the cache.
 constexpr std::size_t kChunk = 64 * 1024;
-// The most bytes that one UTF-16 unit becomes: an escaped quotation such as "&amp;".
+// The most bytes for one UTF-16 unit: an escape such as "&amp;".
 constexpr qsizetype kMostBytesPerUnit = 5;
-// Text is written in pieces of this many units, each of which fits a chunk whatever is in it.
+// Text is written in pieces of this many units; each fits into a chunk whatever it contains.
 constexpr qsizetype kTextPiece = 4096;
 
 constexpr QByteArrayView kReplacement = "\xEF\xBF\xBD";
@@ -33,7 +33,7 @@ char* put(char* out, QByteArrayView bytes) {
     return out + bytes.size();
 }
 
-// An ASCII character that cannot stand as it is.
+// An ASCII character that cannot be written as it is.
 char* putSpecial(char* out, char16_t unit) {
     switch (unit) {
     case u'&':
@@ -42,7 +42,7 @@ char* putSpecial(char* out, char16_t unit) {
         return put(out, "&lt;");
     case u'>':
         return put(out, "&gt;");
-    // Readers make a line feed of a bare one.
+    // Readers turn a bare one into a line feed.
     case u'\r':
         return put(out, "&#13;");
     default:
@@ -50,7 +50,7 @@ char* putSpecial(char* out, char16_t unit) {
     }
 }
 
-// ASCII characters that stand for themselves. A table, because most of what is written passes through here.
+// ASCII characters that are written as they are. A table, because most of the output passes through here.
 constexpr auto kPlain = [] {
     std::array<bool, 128> plain{};
     for (char16_t unit = 0; unit < plain.size(); ++unit)
@@ -78,7 +78,7 @@ char* putFour(char* out, char32_t codePoint) {
     return out;
 }
 
-// `text` as UTF-8 that XML can hold. A pair of surrogates must not be cut by its ends.
+// Writes `text` as UTF-8 that XML can hold. It must not begin or end within a surrogate pair.
 char* putText(char* out, QStringView text) {
     const char16_t* at = text.utf16();
     const char16_t* const end = at + text.size();

@@ -8,7 +8,7 @@ bool isNoncharacter(char32_t codePoint) {
 }
 
 bool isControl(char16_t unit) {
-    // The separators of lines and paragraphs break lines like the ASCII ones.
+    // The separators of lines and paragraphs are line breaks too.
     return unit < 0x20 || (unit >= 0x7F && unit <= 0x9F) || unit == 0x2028 || unit == 0x2029;
 }
 
@@ -22,7 +22,7 @@ QString cleanText(QString text) {
     }
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text.at(i).unicode();
-        // The great majority needs no change, and a text that is not changed stays shared.
+        // Most texts need no change, and an unchanged text stays shared.
         if (unit >= 0x20 && unit < 0x7F)
             continue;
         if (isControl(unit)) {
@@ -40,6 +40,6 @@ QString cleanText(QString text) {
 }
 
 QString cleanTextFromUtf8(QByteArrayView bytes) {
-    // Four bytes a character at the most: what is cut here could not be kept anyway.
+    // A character has at most four bytes, so what is cut here could not be kept anyway.
     return cleanText(QString::fromUtf8(bytes.first(qMin(bytes.size(), 4 * kLongestText + 4))));
 }

@@ -3,5 +3,5 @@
 
 #include <QString>
 
-// "00:00:00", hours unbounded. Parts of a second are cut off.
+// "00:00:00", with any number of hours. Fractions of a second are cut off.
 QString durationText(double seconds);

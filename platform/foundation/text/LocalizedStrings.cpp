@@ -9,7 +9,7 @@
 
 namespace {
 
-// English counts two and none like many; other languages give these keys texts of their own.
+// English has the same plural for two, none and many; other languages have texts of their own for these keys.
 constexpr std::array<std::pair<const char*, const char*>, 4> kEnglish{{
     {"%ld hour-2", "%ld hours"},
     {"%ld minute-2", "%ld minutes"},

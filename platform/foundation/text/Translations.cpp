@@ -8,7 +8,7 @@ namespace {
 
 const QString kEnglish = QStringLiteral("en");
 
-// "de" of "de-AT", "de_AT" and "de-Latn-DE". English for "C", which is no language.
+// "de" for "de-AT", "de_AT" and "de-Latn-DE". English for "C", which is no language.
 QString languageOf(const QString& name) {
     qsizetype end = 0;
     while (end < name.size() && name[end].isLetter())

@@ -4,16 +4,16 @@
 #include <QStringList>
 #include <QTranslator>
 
-// The language of every text that is shown: ours from the catalogues inside the program, and what Qt itself says from
-// Qt's, where that is installed. Made after the application object and before the first text; texts that were made
-// keep their language. Main thread only.
+// Sets the language of all texts: ours from the catalogues in the program, Qt's from Qt's own where they are
+// installed. Make it after the application object and before the first text; existing texts keep their
+// language. Main thread only.
 class Translations {
 public:
-    // The first of `languages` ("de-AT"; the most wanted first, as QLocale::uiLanguages has them) that there is. English
-    // is in the sources: it costs nothing, and a user who prefers it is not given the next language that was named.
+    // Uses the first of `languages` that exists ("de-AT"; the most wanted first, as in QLocale::uiLanguages).
+    // English is built in, so a user who prefers English does not get the next language in the list.
     explicit Translations(const QStringList& languages);
 
-    // "de"; "en" where none of the languages is there.
+    // "de"; "en" if none of the languages exists.
     const QString& language() const { return m_language; }
 
 private:

@@ -5,19 +5,20 @@
 
 #include <chrono>
 
-// Every reading of time goes through here, so that tests turn the clock by hand. Outlives all that reads it.
+// All readings of time go through this class, so that tests can turn the clock by hand. Outlives everything
+// that reads it.
 class Clock {
 public:
     virtual ~Clock() = default;
 
-    // The wall clock. It may be set back or forth by the user or the network.
+    // The wall clock. The user or the network may set it.
     virtual Date now() const = 0;
-    // Time since an unstated start that only runs forward and stands still while the machine sleeps.
+    // Time since an unspecified start. It only moves on, and stands still while the machine sleeps.
     virtual std::chrono::nanoseconds monotonic() const = 0;
-    // The same, but running on while the machine sleeps.
+    // The same, but it also runs while the machine sleeps.
     virtual std::chrono::nanoseconds sinceBoot() const = 0;
 
-    // monotonic(), as what lengths are taken between.
+    // monotonic(), in the type between which lengths are measured.
     Instant instant() const { return Instant(monotonic()); }
 };
 

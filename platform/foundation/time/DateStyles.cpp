@@ -8,7 +8,7 @@
 
 namespace {
 
-// Qt knows no medium style: the long one without the weekday, the month cut short, is what locales mean by it.
+// Qt has no medium style: locales mean by it the long one with a short month and without the weekday.
 QString mediumFormat(const QLocale& locale) {
     static const QRegularExpression weekday(QStringLiteral("[^dMy'0-9]*d{3,4}[^dMy'0-9]*"));
     QString format = locale.dateFormat(QLocale::LongFormat);

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-// Dates as the user's locale writes them, in local time.
+// Dates in local time, in the form of the user's locale.
 
 // "11/20/26"
 QString shortDate(Date date);

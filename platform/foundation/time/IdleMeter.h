@@ -5,12 +5,13 @@
 
 #include <optional>
 
-// The time since the last input, where the desktop tells only that there has been none for a while, and that there is
-// some again. Off by the delay with which that is told; and as long as the while is not over, it counts as none.
+// Measures the time since the last input on desktops that report only two things: that there has been no
+// input for a while, and that there is input again. It is late by the delay of the report; and until the
+// first report, the idle time counts as zero.
 class IdleMeter {
 public:
-    // How long the while is that back ends ask to be told after: short beside the minute that is the least to matter,
-    // and long enough that a pause for thought wakes nobody up.
+    // The while after which back ends ask for the first report. Short compared with one minute, the shortest
+    // setting; long enough that a pause for thought wakes nobody.
     static constexpr std::chrono::milliseconds kThreshold = std::chrono::seconds(5);
 
     // The clock outlives the meter.
@@ -18,9 +19,9 @@ public:
         : m_clock(&clock)
         , m_threshold(threshold) {}
 
-    // The while is just over.
+    // There has been no input for `threshold`.
     void noteIdle() { noteIdle(m_threshold); }
-    // There has been no input for so long.
+    // There has been no input for this time.
     void noteIdle(std::chrono::nanoseconds time) { m_lastInput = m_clock->monotonic() - time; }
     // There is input now.
     void noteInput() { m_lastInput.reset(); }
@@ -32,6 +33,6 @@ public:
 private:
     const Clock* m_clock;
     std::chrono::milliseconds m_threshold;
-    // Absent while the user touches something every now and then.
+    // Absent until there has been no input for a while.
     std::optional<std::chrono::nanoseconds> m_lastInput;
 };

@@ -5,7 +5,7 @@
 
 using namespace std::chrono_literals;
 
-// Not left to QDateTime, whose answers for such times differ from version to version.
+// Not left to QDateTime, whose answers for such times differ between versions.
 Date localInstant(QDate day, QTime time) {
     const QDateTime shown(day, time, QTimeZone::utc());
     const Date asIfUtc = dateOf(shown);

@@ -5,14 +5,14 @@
 
 #include <QDateTime>
 
-// A date as the clock on the wall shows it.
+// A date in local time.
 inline QDateTime localTime(Date date) {
     return QDateTime::fromMSecsSinceEpoch(
         std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count());
 }
 
-// When the clock on the wall shows `time` on `day`: the first time where it does so twice, and where it never does, because
-// it is set forth, as much later as it is set.
+// The moment when the local clock shows `time` on `day`. If it does so twice, the first; if never, because
+// the clock is set forward, later by as much as it is set.
 Date localInstant(QDate day, QTime time);
 
 inline Date dateOf(const QDateTime& time) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Runs a task so that a broken contract in it costs this one task only.
+// Runs a task. If it breaks a contract, only this task is lost.
 void runGuarded(const RunLoop::Task& task, SystemLog& log) {
     try {
         task();
@@ -21,12 +21,12 @@ public:
     QtRunLoopTimer(std::chrono::nanoseconds interval, bool repeats, RunLoop::Task task, SystemLog& log)
         : m_task(std::make_shared<const RunLoop::Task>(std::move(task)))
         , m_log(log) {
-        // Coarse timers may be early, and an early tick is one more wake-up in the end.
+        // Coarse timers may be early, and an early tick costs one more wake-up.
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.setSingleShot(!repeats);
         m_timer.setInterval(std::chrono::duration_cast<std::chrono::milliseconds>(interval));
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
-            // The task may destroy this timer, and with it the task, before it returns.
+            // Copies, because the task may destroy this timer, and so itself, before it returns.
             const auto held = m_task;
             SystemLog& heldLog = m_log;
             runGuarded(*held, heldLog);

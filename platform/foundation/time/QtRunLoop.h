@@ -6,10 +6,10 @@
 
 #include <QObject>
 
-// The run loop of the thread that makes it, which must be the main thread with a QCoreApplication.
+// The run loop of the thread that makes it, which must be the main thread and have a QCoreApplication.
 class QtRunLoop : public RunLoop {
 public:
-    // `log` takes the assertion failures of tasks; it must outlive the loop.
+    // Broken contracts in tasks are written to `log`, which must outlive the loop.
     explicit QtRunLoop(SystemLog& log);
 
     std::unique_ptr<RunLoopTimer> scheduleRepeating(std::chrono::nanoseconds interval,
@@ -19,6 +19,6 @@ public:
 
 private:
     SystemLog& m_log;
-    // Where tasks from other threads are queued to; what is still queued when the loop goes is dropped.
+    // Receives tasks from other threads; tasks that are still queued when the loop ends are dropped.
     QObject m_target;
 };

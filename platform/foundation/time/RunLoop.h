@@ -5,29 +5,29 @@
 #include <functional>
 #include <memory>
 
-// A timer that the run loop owes somebody. Destroying it invalidates it.
+// A timer of the run loop. Destroying it stops it.
 class RunLoopTimer {
 public:
     virtual ~RunLoopTimer() = default;
 
     virtual bool isValid() const = 0;
-    // No more firings. May be called from within the timer's own task.
+    // Stops it. May be called from the timer's own task.
     virtual void invalidate() = 0;
 };
 
-// The turns of the main thread. Timers fire in every mode: while menus are open and while something is dragged.
-// A task that throws InternalInconsistency is logged and ended; the loop goes on.
+// The main thread's event loop. Timers fire in every mode: also while menus are open and while something is
+// dragged. If a task throws InternalInconsistency, that is logged and the loop goes on.
 class RunLoop {
 public:
     using Task = std::function<void()>;
 
     virtual ~RunLoop() = default;
 
-    // Fires every `interval`, each time up to `tolerance` late, until the answer is destroyed or invalidated. The
-    // first firing is one interval from now. Missed firings are not made up for.
+    // Runs `task` every `interval`, each time at most `tolerance` late, until the timer is destroyed or
+    // invalidated. The first time is one interval from now. Missed times are not made up for.
     [[nodiscard]] virtual std::unique_ptr<RunLoopTimer>
     scheduleRepeating(std::chrono::nanoseconds interval, std::chrono::nanoseconds tolerance, Task task) = 0;
-    // Fires once after `delay`.
+    // Runs `task` once after `delay`.
     [[nodiscard]] virtual std::unique_ptr<RunLoopTimer> scheduleOnce(std::chrono::nanoseconds delay,
                                                                      Task task) = 0;
     // Runs `task` on the main thread in the loop's next turn. May be called from any thread.

@@ -5,11 +5,11 @@
 
 #include <stdexcept>
 
-// A broken contract inside the program. Thrown, so that it unwinds to the run loop, which logs it and goes on with
-// the next event: one lost tick is better than a lost account.
+// A broken contract within the program. It is thrown up to the run loop, which logs it and goes on with the
+// next event: losing one tick is better than losing the account.
 class InternalInconsistency : public std::logic_error {
 public:
-    // `source` and `line` name the assertion for good: they stay what they are when the code moves.
+    // `source` and `line` name the assertion; they stay the same when the code moves.
     InternalInconsistency(const QString& source, int line, const QString& description);
 
     const QString& source() const { return m_source; }

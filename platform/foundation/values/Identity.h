@@ -13,22 +13,22 @@
 #include <functional>
 #include <optional>
 
-// What a timer is known by when its name changes: 8 random bytes, compared by value. An absent identity is
-// std::optional, never a special value.
+// Identifies a timer, even when its name changes: 8 random bytes, compared by value. "No identity" is an
+// empty std::optional, never a special value.
 class Identity {
 public:
     static constexpr std::size_t kSize = 8;
 
-    // The first 8 bytes of a fresh random UUID (version 4).
+    // The first 8 bytes of a new random UUID (version 4).
     static Identity brandNew();
-    // Absent when `bytes` is not exactly 8 bytes long.
+    // Absent unless `bytes` is exactly 8 bytes long.
     static std::optional<Identity> fromBytes(const QByteArray& bytes);
 
     QByteArray bytes() const;
-    // Lower-case hexadecimal, four bytes a group: "<00112233 44556677>".
+    // In lower-case hexadecimal, in groups of four bytes: "<00112233 44556677>".
     QString text() const;
 
-    // As one number: sets of identities are asked for every timer there is.
+    // Compared as one number, because sets of identities are asked for every timer.
     friend bool operator==(const Identity& a, const Identity& b) { return a.number() == b.number(); }
     // In the order of the bytes.
     friend auto operator<=>(const Identity& a, const Identity& b) {
@@ -45,6 +45,6 @@ private:
 
 template<>
 struct std::hash<Identity> {
-    // The bytes are random already.
+    // No hashing: the bytes are random.
     std::size_t operator()(const Identity& identity) const noexcept { return identity.number(); }
 };

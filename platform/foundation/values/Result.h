@@ -6,7 +6,7 @@
 #include <utility>
 #include <variant>
 
-// Why an operation failed. Code branches on the kind; people read the text, which goes to the log as it is.
+// Why an operation failed. Code branches on the kind; people read the text, which is logged as it is.
 struct Failure {
     enum class Kind { NotFound, Unreadable, Damaged, Refused, AlreadyExists, CannotWrite };
     Kind kind;
@@ -34,6 +34,6 @@ private:
     std::variant<T, Failure> m_outcome;
 };
 
-// An operation that yields nothing but may fail.
+// The result of an operation that has no value but may fail.
 struct Done {};
 using Outcome = Result<Done>;

@@ -3,13 +3,13 @@
 
 #include <QString>
 
-// Where diagnostics go. There are no levels. Texts hold no window titles: those are private.
+// Takes diagnostic messages. There are no levels. Messages must not contain window titles, which are private.
 class SystemLog {
 public:
     virtual ~SystemLog() = default;
 
-    // One line for the journal or syslog, and for standard error when that is a terminal.
+    // Writes one line to the journal or syslog, and to standard error if that is a terminal.
     virtual void log(const QString& line) = 0;
-    // One line on standard output, for the few messages that belong there.
+    // Writes one line to standard output, for the few messages that belong there.
     virtual void print(const QString& line) = 0;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// GNOME Shell up to 44 begins extensions as scripts, which get at modules a little later.
+// GNOME Shell up to 44 starts extensions as scripts, which can load modules only later.
 'use strict';
 
 const Me = imports.misc.extensionUtils.getCurrentExtension();
@@ -12,7 +12,7 @@ function init() {}
 function enable() {
     isEnabled = true;
     import(Me.dir.get_child('service.js').get_uri()).then(({Service}) => {
-        // It may have been disabled in the meantime, and enabled once more.
+        // It may have been disabled and enabled again meanwhile.
         if (isEnabled)
             service ??= new Service(Me.dir);
     }).catch(logError);

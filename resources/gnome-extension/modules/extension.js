@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// GNOME Shell from 45 on begins extensions as modules.
+// GNOME Shell from 45 on starts extensions as modules.
 import {Extension} from 'resource:///org/gnome/shell/extensions/extension.js';
 import {Service} from './service.js';
 
