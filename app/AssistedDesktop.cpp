@@ -31,11 +31,11 @@ QString AssistedDesktop::obstacle() const {
                                    "“Desktop”.")
                    : m_remedy;
     if (!m_programs.isTelling())
-        return localized("This Wayland desktop does not tell other programs which window is in front, so "
-                         "that there is no time to credit.");
-    return localized("This Wayland desktop does not tell other programs which window is in front. Only "
-                     "programs that tell assistive programs of their windows are seen, and all other time "
-                     "counts as “Desktop”.");
+        return localized("This Wayland desktop does not tell other programs which window is in front, so no "
+                         "time can be credited.");
+    return localized(
+        "This Wayland desktop does not tell other programs which window is in front. Ticklog sees only "
+        "programs that tell assistive programs about their windows; all other time counts as “Desktop”.");
 }
 
 void AssistedDesktop::settle() {

@@ -161,7 +161,7 @@ DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<F
     }
     QString obstacle = isWayland
                            ? localized("This Wayland desktop does not tell other programs which window is in "
-                                       "front, so that there is no time to credit.")
+                                       "front, so no time can be credited.")
                            : localized("There is no window system that tells which window is in front.");
     if (isRefused)
         obstacle = remedy;

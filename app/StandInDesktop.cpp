@@ -38,9 +38,8 @@ QString StandInDesktop::obstacle() const {
     if (!isStandingIn())
         return m_shell.obstacle();
     return m_shell.reasonForSilence() + u' ' +
-           localized(
-               "Until it runs, only programs that tell assistive programs of their windows are seen, and all "
-               "other time counts as “Desktop”.");
+           localized("Until it runs, Ticklog sees only programs that tell assistive programs about their "
+                     "windows; all other time counts as “Desktop”.");
 }
 
 void StandInDesktop::changeOver() {

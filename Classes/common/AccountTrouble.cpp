@@ -80,10 +80,12 @@ QString AccountTrouble::unwritten(const QString& path) {
 }
 
 QString AccountTrouble::leftOut(const QString& path) {
-    return about(localized("Some entries of “%@” are damaged and were left out. The file is kept beside."),
-                 path);
+    return about(
+        localized("Some entries of “%@” are damaged and were left out. The damaged file is kept beside it."),
+        path);
 }
 
 QString AccountTrouble::setAside(const QString& path) {
-    return about(localized("“%@” could not be read. It is set aside, and Ticklog began without it."), path);
+    return about(localized("“%@” could not be read. It was set aside, and Ticklog has started without it."),
+                 path);
 }

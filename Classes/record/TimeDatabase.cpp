@@ -107,8 +107,7 @@ void TimeDatabase::tellWhetherExposed(const QString& location) {
         m_services.trouble.tell(
             Trouble::StoreExposed,
             AccountTrouble::about(
-                localized("“%@” lies in a folder where others may write, and so may exchange it."),
-                location));
+                localized("“%@” is in a folder where others may write: they could replace it."), location));
     else
         m_services.trouble.end(Trouble::StoreExposed);
 }

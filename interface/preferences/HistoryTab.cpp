@@ -53,10 +53,10 @@ HistoryTab::HistoryTab(SettingsBinding& settings, Actions actions)
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     addKeeping(*form, settings);
     rows->addLayout(form);
-    rows->addWidget(
-        paragraph(localized("The history says when which title was in front. It stays on this machine, in a "
-                            "file that only you can "
-                            "read, and lets the timers lose no more than 15 seconds in a crash.")));
+    rows->addWidget(paragraph(
+        localized("The history records which title was in front, and when. It stays on this machine, in a "
+                  "file that only you can "
+                  "read, and lets the timers lose no more than 15 seconds in a crash.")));
     m_forget->setObjectName(QStringLiteral("forgetHistory"));
     connect(m_forget, &QPushButton::clicked, this, [this] { m_actions.forget(); });
     auto* buttons = new QHBoxLayout;

@@ -57,7 +57,7 @@ QTreeView* SumsTable::view(QStandardItemModel& table, const QString& name) {
 
 QString SumsTable::text(std::int64_t titles, std::int64_t length) {
     if (titles == 0)
-        return localized("Nothing is found.");
+        return localized("Nothing was found.");
     const QString count = localized("Titles: %@");
     const QString time = localized("Time spent: %@");
     return QString(count).replace(QLatin1String("%@"), QLocale().toString(qlonglong(titles))) +

@@ -90,7 +90,7 @@ QString TitleRulesTable::effectText(TitleRules::Effect effect) {
     case TitleRules::Effect::Replace:
         return localized("Replace the title");
     case TitleRules::Effect::Private:
-        return localized("Credit nobody’s name");
+        return localized("Count as “Private”");
     case TitleRules::Effect::LeaveOut:
         break;
     }

@@ -91,14 +91,14 @@ void TitlesTab::addControls() {
     for (QPushButton* button : {m_ofSelection[0], m_ofSelection[1], m_up, m_down})
         buttons->addWidget(button);
     buttons->addStretch(1);
-    m_met = makeButton("showMetTitles", localized("&Titles Met…"), &TitlesTab::showMet);
+    m_met = makeButton("showMetTitles", localized("&Matching Titles…"), &TitlesTab::showMet);
     m_apply = makeButton("applyTitleRules", localized("Apply to the &Past…"), &TitlesTab::applyToPast);
     auto* more = new QHBoxLayout;
     more->addWidget(m_met);
     more->addWidget(m_apply);
     more->addStretch(1);
-    auto* explanation =
-        new PlainLabel(localized("What these rules hide is never written. The first that fits decides."));
+    auto* explanation = new PlainLabel(
+        localized("What these rules hide is never written. The first rule that matches decides."));
     explanation->setWordWrap(true);
     m_state->setObjectName(QStringLiteral("titleRulesState"));
     m_state->setWordWrap(true);
@@ -266,16 +266,16 @@ void TitlesTab::applyToPast() {
 void TitlesTab::askBefore(const RuledPast& ruled) {
     const int timers = m_services.countTimers(ruled.past);
     if (timers == 0 && ruled.changed.titles == 0)
-        return m_services.alerts.showNotice(localized("Nothing of the past is met by the rules."), QString());
+        return m_services.alerts.showNotice(localized("The rules match nothing in the past."), QString());
     const QString count = localized("Timers: %@").replace(QLatin1String("%@"), QLocale().toString(timers));
     const int answer = m_services.alerts.ask(
-        {.message = localized("Hold the rules over the past?"),
+        {.message = localized("Apply the rules to the past?"),
          .informativeText =
              SumsTable::text(ruled.changed.titles, ruled.changed.length) + QStringLiteral(" · ") + count +
              u'\n' +
              localized(
-                 "What they hide is removed from the history, the timers and the projects for good. This "
-                 "cannot be undone, nor can what was done before. Archives and backups stay as they are."),
+                 "What they hide is removed from the history, the timers and the projects for good. Neither "
+                 "this nor any earlier step can be undone. Archives and backups stay as they are."),
          .defaultButton = localized("Cancel"),
          .alternateButton = localized("Apply"),
          .otherButton = {}});

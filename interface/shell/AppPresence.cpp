@@ -240,6 +240,6 @@ void AppPresence::sayThatClosingMinimizes() {
         return;
     m_platform.defaults.setObject(kTKSaidThatClosingMinimizes, true);
     m_alerts.showNotice(localized("Ticklog goes on in the task bar."),
-                        localized("No icon in the tray leads back to a closed window. Closing it therefore "
-                                  "minimizes it, and Ticklog goes on. “Quit” ends it."));
+                        localized("No icon in the tray could bring a closed window back. Closing the window "
+                                  "therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog."));
 }

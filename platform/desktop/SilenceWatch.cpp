@@ -40,9 +40,8 @@ QString SilenceWatch::obstacle() const {
     const QString known = m_desktop.front.obstacle();
     if (!known.isEmpty() || !isSilent())
         return known;
-    return localized(
-        "The desktop does not answer any more. Until it does, it is not known which window is in "
-        "front, and no window is credited.");
+    return localized("The desktop does not answer any more. Until it does, Ticklog cannot tell which window "
+                     "is in front, and credits none.");
 }
 
 void SilenceWatch::look() {

@@ -33,9 +33,8 @@ QString GnomeShellDesktop::describe() const {
 
 QString GnomeShellDesktop::reasonForSilence() const {
     if (m_version.isUntested())
-        return localized(
-                   "The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which "
-                   "does not run it therefore.")
+        return localized("The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so "
+                         "the shell does not run it.")
             .replace(QLatin1String("%@"), m_version.text());
     return localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
                      "belongs to Ticklog is not running.");

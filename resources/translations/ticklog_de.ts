@@ -68,7 +68,7 @@
         <translation>Start</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
         <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Deshalb kann keine Zeit gezählt werden.</translation>
     </message>
     <message>
@@ -924,11 +924,11 @@
         <translation>Ticklog läuft in einer Sandbox und kann von dort aus nicht ändern, was die Sitzung startet. In den Einstellungen der Arbeitsumgebung geht das.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
         <translation>Die Arbeitsfläche antwortet nicht mehr. Bis sie es tut, ist nicht bekannt, welches Fenster vorn ist, und für kein Fenster wird Zeit gezählt.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
         <translation>Die Erweiterung von Ticklog wurde nicht mit der GNOME Shell %@ erprobt und wird von dieser daher nicht ausgeführt.</translation>
     </message>
     <message>
@@ -940,7 +940,7 @@
         <translation>Bis sie läuft, wird für kein Fenster Zeit gezählt.</translation>
     </message>
     <message>
-        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
     <message>
@@ -952,7 +952,7 @@
         <translation>Einfrieren</translation>
     </message>
     <message>
-        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <source>“%@” is in a folder where others may write: they could replace it.</source>
         <translation>„%@“ liegt in einem Ordner, in den andere schreiben dürfen. Sie könnten die Datei austauschen.</translation>
     </message>
     <message>
@@ -972,11 +972,11 @@
         <translation>„%@“ kann nicht gesichert werden.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
         <translation>„%@“ konnte nicht gelesen werden. Die Datei ist beiseitegelegt, und Ticklog hat ohne sie begonnen.</translation>
     </message>
     <message>
-        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
         <translation>Einige Einträge von „%@“ sind beschädigt und wurden ausgelassen. Die Datei bleibt daneben erhalten.</translation>
     </message>
     <message>
@@ -1032,7 +1032,7 @@
         <translation>Ticklog läuft in der Taskleiste weiter.</translation>
     </message>
     <message>
-        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
         <translation>Kein Symbol im Infobereich führt zu einem geschlossenen Fenster zurück. Schließen minimiert es deshalb, und Ticklog läuft weiter. „Beenden“ beendet es.</translation>
     </message>
     <message>
@@ -1044,7 +1044,7 @@
         <translation>Wird importiert…</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Ticklog sieht nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
     </message>
     <message>
@@ -1152,7 +1152,7 @@
         <translation>Gar nicht</translation>
     </message>
     <message>
-        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
         <translation>Der Verlauf sagt, wann welcher Titel vorn war. Er bleibt auf diesem Rechner, in einer Datei, die nur Sie lesen können, und lässt die Timer bei einem Absturz höchstens 15 Sekunden verlieren.</translation>
     </message>
     <message>
@@ -1172,7 +1172,7 @@
         <translation>Titel</translation>
     </message>
     <message>
-        <source>Nothing is found.</source>
+        <source>Nothing was found.</source>
         <translation>Nichts gefunden.</translation>
     </message>
     <message>
@@ -1260,8 +1260,8 @@
         <translation>Titel ersetzen</translation>
     </message>
     <message>
-        <source>Credit nobody’s name</source>
-        <translation>Unter keinem Namen zählen</translation>
+        <source>Count as “Private”</source>
+        <translation>Als „Private“ zählen</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1288,7 +1288,7 @@
         <translation>Nach &amp;unten</translation>
     </message>
     <message>
-        <source>&amp;Titles Met…</source>
+        <source>&amp;Matching Titles…</source>
         <translation>&amp;Treffer…</translation>
     </message>
     <message>
@@ -1296,7 +1296,7 @@
         <translation>Auf &amp;Vergangenes anwenden…</translation>
     </message>
     <message>
-        <source>What these rules hide is never written. The first that fits decides.</source>
+        <source>What these rules hide is never written. The first rule that matches decides.</source>
         <translation>Was diese Regeln verbergen, wird nie geschrieben. Die erste passende entscheidet.</translation>
     </message>
     <message>
@@ -1304,7 +1304,7 @@
         <translation>Titel der letzten 7 Tage</translation>
     </message>
     <message>
-        <source>Nothing of the past is met by the rules.</source>
+        <source>The rules match nothing in the past.</source>
         <translation>Die Regeln treffen auf nichts Vergangenes zu.</translation>
     </message>
     <message>
@@ -1312,11 +1312,11 @@
         <translation>Timer: %@</translation>
     </message>
     <message>
-        <source>Hold the rules over the past?</source>
+        <source>Apply the rules to the past?</source>
         <translation>Die Regeln auf Vergangenes anwenden?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>Was sie verbergen, wird für immer aus Verlauf, Timern und Projekten entfernt. Das lässt sich nicht widerrufen, ebenso wenig, was davor getan wurde. Archive und Sicherungen bleiben, wie sie sind.</translation>
     </message>
     <message>

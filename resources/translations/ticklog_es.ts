@@ -68,7 +68,7 @@
         <translation>Iniciar</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
         <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano, por lo que no se puede contar el tiempo.</translation>
     </message>
     <message>
@@ -924,11 +924,11 @@
         <translation>Ticklog se ejecuta en un entorno aislado, desde el que no puede cambiar lo que inicia la sesión. Se puede hacer en la configuración del escritorio.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
         <translation>El escritorio ha dejado de responder. Hasta que lo haga, no se sabe qué ventana está en primer plano y no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
         <translation>La extensión de Ticklog no se ha probado con GNOME Shell %@, que por eso no la ejecuta.</translation>
     </message>
     <message>
@@ -940,7 +940,7 @@
         <translation>Mientras no esté activa, no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
-        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
     <message>
@@ -952,7 +952,7 @@
         <translation>Congelar</translation>
     </message>
     <message>
-        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <source>“%@” is in a folder where others may write: they could replace it.</source>
         <translation>«%@» está en una carpeta en la que otros pueden escribir y, por tanto, cambiarlo.</translation>
     </message>
     <message>
@@ -972,11 +972,11 @@
         <translation>No se puede guardar «%@».</translation>
     </message>
     <message>
-        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
         <translation>No se pudo leer «%@». El archivo se ha apartado y Ticklog ha empezado sin él.</translation>
     </message>
     <message>
-        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
         <translation>Algunas entradas de «%@» están dañadas y se han omitido. El archivo se conserva al lado.</translation>
     </message>
     <message>
@@ -1032,7 +1032,7 @@
         <translation>Ticklog sigue en la barra de tareas.</translation>
     </message>
     <message>
-        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
         <translation>Ningún icono de la bandeja lleva de vuelta a una ventana cerrada. Por eso, al cerrarla se minimiza y Ticklog sigue. «Salir» lo termina.</translation>
     </message>
     <message>
@@ -1044,7 +1044,7 @@
         <translation>Importando…</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano. Solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
     </message>
     <message>
@@ -1152,7 +1152,7 @@
         <translation>Nada</translation>
     </message>
     <message>
-        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
         <translation>El historial dice cuándo estuvo delante cada título. Se queda en este equipo, en un archivo que solo usted puede leer, y hace que los cronómetros no pierdan más de 15 segundos en un fallo.</translation>
     </message>
     <message>
@@ -1172,7 +1172,7 @@
         <translation>Título</translation>
     </message>
     <message>
-        <source>Nothing is found.</source>
+        <source>Nothing was found.</source>
         <translation>No se encuentra nada.</translation>
     </message>
     <message>
@@ -1260,8 +1260,8 @@
         <translation>Sustituir el título</translation>
     </message>
     <message>
-        <source>Credit nobody’s name</source>
-        <translation>Contar sin ningún nombre</translation>
+        <source>Count as “Private”</source>
+        <translation>Contar como «Private»</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1288,7 +1288,7 @@
         <translation>&amp;Bajar</translation>
     </message>
     <message>
-        <source>&amp;Titles Met…</source>
+        <source>&amp;Matching Titles…</source>
         <translation>&amp;Títulos hallados…</translation>
     </message>
     <message>
@@ -1296,7 +1296,7 @@
         <translation>Aplicar al &amp;pasado…</translation>
     </message>
     <message>
-        <source>What these rules hide is never written. The first that fits decides.</source>
+        <source>What these rules hide is never written. The first rule that matches decides.</source>
         <translation>Lo que estas reglas ocultan nunca se escribe. Decide la primera que encaja.</translation>
     </message>
     <message>
@@ -1304,7 +1304,7 @@
         <translation>Títulos de los últimos 7 días</translation>
     </message>
     <message>
-        <source>Nothing of the past is met by the rules.</source>
+        <source>The rules match nothing in the past.</source>
         <translation>Las reglas no afectan a nada del pasado.</translation>
     </message>
     <message>
@@ -1312,11 +1312,11 @@
         <translation>Cronómetros: %@</translation>
     </message>
     <message>
-        <source>Hold the rules over the past?</source>
+        <source>Apply the rules to the past?</source>
         <translation>¿Aplicar las reglas al pasado?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>Lo que ocultan se quita para siempre del historial, de los cronómetros y de los proyectos. Esto no se puede deshacer, ni tampoco lo hecho antes. Los archivos y las copias de seguridad quedan como están.</translation>
     </message>
     <message>

@@ -68,7 +68,7 @@
         <translation>Démarrer</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
         <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan&#xa0;: aucun temps ne peut donc être compté.</translation>
     </message>
     <message>
@@ -924,11 +924,11 @@
         <translation>Ticklog s’exécute dans un bac à sable, d’où il ne peut pas changer ce que la session démarre. Les paramètres du bureau le peuvent.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
         <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, on ne sait pas quelle fenêtre est au premier plan, et aucun temps n’est compté pour une fenêtre.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
         <translation>L’extension de Ticklog n’a pas été essayée avec GNOME Shell %@, qui ne l’exécute donc pas.</translation>
     </message>
     <message>
@@ -940,7 +940,7 @@
         <translation>Tant qu’elle n’est pas active, aucune fenêtre n’est comptée.</translation>
     </message>
     <message>
-        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
     </message>
     <message>
@@ -952,7 +952,7 @@
         <translation>Figer</translation>
     </message>
     <message>
-        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <source>“%@” is in a folder where others may write: they could replace it.</source>
         <translation>«&#xa0;%@&#xa0;» se trouve dans un dossier où d’autres peuvent écrire, et donc le remplacer.</translation>
     </message>
     <message>
@@ -972,11 +972,11 @@
         <translation>«&#xa0;%@&#xa0;» ne peut pas être enregistré.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
         <translation>«&#xa0;%@&#xa0;» n’a pas pu être lu. Le fichier est mis de côté et Ticklog a commencé sans lui.</translation>
     </message>
     <message>
-        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
         <translation>Certaines entrées de «&#xa0;%@&#xa0;» sont endommagées et ont été laissées de côté. Le fichier est conservé à côté.</translation>
     </message>
     <message>
@@ -1032,7 +1032,7 @@
         <translation>Ticklog continue dans la barre des tâches.</translation>
     </message>
     <message>
-        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
         <translation>Aucune icône de la zone de notification ne ramène à une fenêtre fermée. La fermer la réduit donc, et Ticklog continue. «&#xa0;Quitter&#xa0;» y met fin.</translation>
     </message>
     <message>
@@ -1044,7 +1044,7 @@
         <translation>Importation…</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan. Seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
     </message>
     <message>
@@ -1152,7 +1152,7 @@
         <translation>Pas du tout</translation>
     </message>
     <message>
-        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
         <translation>L’historique dit quand quel titre était au premier plan. Il reste sur cette machine, dans un fichier que vous seul pouvez lire ; grâce à lui, un plantage coûte au plus 15 secondes aux chronomètres.</translation>
     </message>
     <message>
@@ -1172,7 +1172,7 @@
         <translation>Titre</translation>
     </message>
     <message>
-        <source>Nothing is found.</source>
+        <source>Nothing was found.</source>
         <translation>Rien n’est trouvé.</translation>
     </message>
     <message>
@@ -1260,8 +1260,8 @@
         <translation>Remplacer le titre</translation>
     </message>
     <message>
-        <source>Credit nobody’s name</source>
-        <translation>Compter sans aucun nom</translation>
+        <source>Count as “Private”</source>
+        <translation>Compter comme « Private »</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1288,7 +1288,7 @@
         <translation>Desce&amp;ndre</translation>
     </message>
     <message>
-        <source>&amp;Titles Met…</source>
+        <source>&amp;Matching Titles…</source>
         <translation>&amp;Titres trouvés…</translation>
     </message>
     <message>
@@ -1296,7 +1296,7 @@
         <translation>Appliquer au &amp;passé…</translation>
     </message>
     <message>
-        <source>What these rules hide is never written. The first that fits decides.</source>
+        <source>What these rules hide is never written. The first rule that matches decides.</source>
         <translation>Ce que ces règles cachent n’est jamais écrit. La première qui convient décide.</translation>
     </message>
     <message>
@@ -1304,7 +1304,7 @@
         <translation>Titres des 7 derniers jours</translation>
     </message>
     <message>
-        <source>Nothing of the past is met by the rules.</source>
+        <source>The rules match nothing in the past.</source>
         <translation>Les règles ne touchent rien du passé.</translation>
     </message>
     <message>
@@ -1312,11 +1312,11 @@
         <translation>Chronomètres&#xa0;: %@</translation>
     </message>
     <message>
-        <source>Hold the rules over the past?</source>
+        <source>Apply the rules to the past?</source>
         <translation>Appliquer les règles au passé&#xa0;?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>Ce qu’elles cachent est retiré pour de bon de l’historique, des chronomètres et des projets. Cela ne peut pas être annulé, ni ce qui a été fait avant. Les archives et les sauvegardes restent telles quelles.</translation>
     </message>
     <message>

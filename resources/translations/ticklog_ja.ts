@@ -68,7 +68,7 @@
         <translation>開始</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
         <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせないため、時間を計測できません。</translation>
     </message>
     <message>
@@ -924,11 +924,11 @@
         <translation>Ticklog はサンドボックス内で動作しているため、セッションの開始時に起動するものを変更できません。デスクトップの設定で変更できます。</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
         <translation>デスクトップが応答しません。応答するまでは最前面のウィンドウがわからないため、どのウィンドウの時間も計測されません。</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
         <translation>Ticklog の拡張機能は GNOME Shell %@ でテストされていないため、実行されません。</translation>
     </message>
     <message>
@@ -940,7 +940,7 @@
         <translation>動作するまで、どのウィンドウも計測されません。</translation>
     </message>
     <message>
-        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
     <message>
@@ -952,7 +952,7 @@
         <translation>凍結</translation>
     </message>
     <message>
-        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <source>“%@” is in a folder where others may write: they could replace it.</source>
         <translation>「%@」は他の人も書き込めるフォルダーにあるため、差し替えられる可能性があります。</translation>
     </message>
     <message>
@@ -972,11 +972,11 @@
         <translation>「%@」を保存できません。</translation>
     </message>
     <message>
-        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
         <translation>「%@」を読み込めませんでした。ファイルは別名で残し、Ticklog はそれなしで開始しました。</translation>
     </message>
     <message>
-        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
         <translation>“%@”の一部の項目は破損していたため除外されました。元のファイルは隣に保存されます。</translation>
     </message>
     <message>
@@ -1032,7 +1032,7 @@
         <translation>Ticklog はタスクバーで動作を続けます。</translation>
     </message>
     <message>
-        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
         <translation>閉じたウィンドウに戻るためのトレイアイコンがありません。そのため閉じると最小化され、Ticklog は動作を続けます。終了するには「終了」を選びます。</translation>
     </message>
     <message>
@@ -1044,7 +1044,7 @@
         <translation>インポート中…</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせません。支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
     </message>
     <message>
@@ -1152,7 +1152,7 @@
         <translation>残さない</translation>
     </message>
     <message>
-        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
         <translation>履歴は、どのタイトルがいつ前面にあったかを記録します。このコンピューターの、自分だけが読めるファイルに残り、クラッシュしてもタイマーが失うのは15秒までになります。</translation>
     </message>
     <message>
@@ -1172,7 +1172,7 @@
         <translation>タイトル</translation>
     </message>
     <message>
-        <source>Nothing is found.</source>
+        <source>Nothing was found.</source>
         <translation>何も見つかりません。</translation>
     </message>
     <message>
@@ -1260,8 +1260,8 @@
         <translation>タイトルを置き換える</translation>
     </message>
     <message>
-        <source>Credit nobody’s name</source>
-        <translation>名前なしで数える</translation>
+        <source>Count as “Private”</source>
+        <translation>「Private」として数える</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1288,7 +1288,7 @@
         <translation>下へ(&amp;W)</translation>
     </message>
     <message>
-        <source>&amp;Titles Met…</source>
+        <source>&amp;Matching Titles…</source>
         <translation>該当タイトル(&amp;T)…</translation>
     </message>
     <message>
@@ -1296,7 +1296,7 @@
         <translation>過去に適用(&amp;P)…</translation>
     </message>
     <message>
-        <source>What these rules hide is never written. The first that fits decides.</source>
+        <source>What these rules hide is never written. The first rule that matches decides.</source>
         <translation>これらのルールが隠すものは書き込まれません。最初に一致したルールが決めます。</translation>
     </message>
     <message>
@@ -1304,7 +1304,7 @@
         <translation>過去7日間のタイトル</translation>
     </message>
     <message>
-        <source>Nothing of the past is met by the rules.</source>
+        <source>The rules match nothing in the past.</source>
         <translation>過去にルールに一致するものはありません。</translation>
     </message>
     <message>
@@ -1312,11 +1312,11 @@
         <translation>タイマー: %@</translation>
     </message>
     <message>
-        <source>Hold the rules over the past?</source>
+        <source>Apply the rules to the past?</source>
         <translation>ルールを過去にも適用しますか?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>隠されるものは履歴、タイマー、プロジェクトから永久に取り除かれます。これもそれ以前の操作も取り消せません。アーカイブとバックアップはそのまま残ります。</translation>
     </message>
     <message>

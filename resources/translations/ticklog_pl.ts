@@ -68,7 +68,7 @@
         <translation>Uruchom</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so that there is no time to credit.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
         <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu, więc czasu nie da się zliczać.</translation>
     </message>
     <message>
@@ -924,11 +924,11 @@
         <translation>Ticklog działa w piaskownicy i nie może z niej zmienić tego, co uruchamia sesja. Można to zrobić w ustawieniach pulpitu.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, it is not known which window is in front, and no window is credited.</source>
+        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
         <translation>Środowisko nie odpowiada. Dopóki nie odpowie, nie wiadomo, które okno jest na wierzchu, i czas żadnego okna nie jest zliczany.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, which does not run it therefore.</source>
+        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
         <translation>Rozszerzenie Ticklog nie było sprawdzane z powłoką GNOME %@, która go dlatego nie uruchamia.</translation>
     </message>
     <message>
@@ -940,7 +940,7 @@
         <translation>Dopóki nie będzie działać, czas żadnego okna nie jest liczony.</translation>
     </message>
     <message>
-        <source>Until it runs, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>Dopóki nie będzie działać, widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
     <message>
@@ -952,7 +952,7 @@
         <translation>Zamroź</translation>
     </message>
     <message>
-        <source>“%@” lies in a folder where others may write, and so may exchange it.</source>
+        <source>“%@” is in a folder where others may write: they could replace it.</source>
         <translation>„%@” leży w folderze, w którym inni mogą zapisywać, a więc mogą podmienić ten plik.</translation>
     </message>
     <message>
@@ -972,11 +972,11 @@
         <translation>Nie można zapisać „%@”.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. It is set aside, and Ticklog began without it.</source>
+        <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
         <translation>Nie udało się odczytać „%@”. Plik odłożono na bok, a Ticklog zaczął bez niego.</translation>
     </message>
     <message>
-        <source>Some entries of “%@” are damaged and were left out. The file is kept beside.</source>
+        <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
         <translation>Niektóre wpisy w „%@” są uszkodzone i zostały pominięte. Plik zachowano obok.</translation>
     </message>
     <message>
@@ -1032,7 +1032,7 @@
         <translation>Ticklog działa dalej na pasku zadań.</translation>
     </message>
     <message>
-        <source>No icon in the tray leads back to a closed window. Closing it therefore minimizes it, and Ticklog goes on. “Quit” ends it.</source>
+        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
         <translation>Żadna ikona na tacce nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
     </message>
     <message>
@@ -1044,7 +1044,7 @@
         <translation>Importowanie…</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front. Only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
         <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu. Widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
     </message>
     <message>
@@ -1152,7 +1152,7 @@
         <translation>Wcale</translation>
     </message>
     <message>
-        <source>The history says when which title was in front. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
+        <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
         <translation>Historia mówi, kiedy który tytuł był na wierzchu. Pozostaje na tym komputerze, w pliku, który tylko Ty możesz czytać; dzięki niej w razie awarii liczniki tracą najwyżej 15 sekund.</translation>
     </message>
     <message>
@@ -1172,7 +1172,7 @@
         <translation>Tytuł</translation>
     </message>
     <message>
-        <source>Nothing is found.</source>
+        <source>Nothing was found.</source>
         <translation>Nic nie znaleziono.</translation>
     </message>
     <message>
@@ -1260,8 +1260,8 @@
         <translation>Zastąp tytuł</translation>
     </message>
     <message>
-        <source>Credit nobody’s name</source>
-        <translation>Licz bez żadnej nazwy</translation>
+        <source>Count as “Private”</source>
+        <translation>Licz jako „Private”</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1288,7 +1288,7 @@
         <translation>&amp;W dół</translation>
     </message>
     <message>
-        <source>&amp;Titles Met…</source>
+        <source>&amp;Matching Titles…</source>
         <translation>&amp;Trafione tytuły…</translation>
     </message>
     <message>
@@ -1296,7 +1296,7 @@
         <translation>Zastosuj do &amp;przeszłości…</translation>
     </message>
     <message>
-        <source>What these rules hide is never written. The first that fits decides.</source>
+        <source>What these rules hide is never written. The first rule that matches decides.</source>
         <translation>To, co ukrywają te reguły, nigdy nie jest zapisywane. Decyduje pierwsza pasująca.</translation>
     </message>
     <message>
@@ -1304,7 +1304,7 @@
         <translation>Tytuły z ostatnich 7 dni</translation>
     </message>
     <message>
-        <source>Nothing of the past is met by the rules.</source>
+        <source>The rules match nothing in the past.</source>
         <translation>Reguły nie obejmują niczego z przeszłości.</translation>
     </message>
     <message>
@@ -1312,11 +1312,11 @@
         <translation>Liczniki: %@</translation>
     </message>
     <message>
-        <source>Hold the rules over the past?</source>
+        <source>Apply the rules to the past?</source>
         <translation>Zastosować reguły do przeszłości?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. This cannot be undone, nor can what was done before. Archives and backups stay as they are.</source>
+        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>To, co ukrywają, zostanie na zawsze usunięte z historii, liczników i projektów. Nie można cofnąć ani tego, ani wcześniejszych zmian. Archiwa i kopie zapasowe pozostają bez zmian.</translation>
     </message>
     <message>

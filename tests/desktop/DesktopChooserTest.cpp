@@ -186,7 +186,7 @@ TEST(DesktopChooserTest, aCompositorThatTellsNothingWithoutABus_creditsNobody) {
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
     Choice choice(environment);
     EXPECT_EQ(choice.desktop(), NoDesktop(choice.ground.entries, {}).describe());
-    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("no time to credit")));
+    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("no time can be credited")));
 }
 
 TEST(DesktopChooserTest, x11_isAskedWithItsOwnIdleTime) {

@@ -124,7 +124,8 @@ TEST(AccountTroubleAtLaunch, filesThatCannotBeRead_areNamedInTheWindow) {
     controller.displayMainWindow();
     QCoreApplication::processEvents();
     const auto* text = controller.window().obstacleBar().findChild<QLabel*>(QStringLiteral("obstacleText"));
-    EXPECT_EQ(str(text->text()),
-              "“Primary Database.tkd” could not be read. It is set aside, and Ticklog began without it.\n"
-              "“Ticklog Projects” could not be read. It is set aside, and Ticklog began without it.");
+    EXPECT_EQ(
+        str(text->text()),
+        "“Primary Database.tkd” could not be read. It was set aside, and Ticklog has started without it.\n"
+        "“Ticklog Projects” could not be read. It was set aside, and Ticklog has started without it.");
 }

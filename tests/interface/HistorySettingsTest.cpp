@@ -130,7 +130,7 @@ TEST_F(HistorySettingsTest, aProgramAndADay_narrowWhatIsFound) {
     auto& from = choice<QDateTimeEdit>("forgottenFrom");
     from.setDate(from.date().addDays(-1));
     seconds(0.5);
-    EXPECT_EQ(found(), u"Nothing is found."_s);
+    EXPECT_EQ(found(), u"Nothing was found."_s);
     EXPECT_FALSE(choice<QPushButton>("forgetFound").isEnabled());
     choice<QComboBox>("forgottenWhen").setCurrentIndex(0);
     seconds(0.5);

@@ -79,10 +79,10 @@ TEST_F(TitlesTabTest, fromTheStart_privateWindowsAreLeftOut) {
 
 TEST_F(TitlesTabTest, rulesAreAdded_editedMovedAndDeleted_andHoldAtOnce) {
     addRule("Browser", "doctor", "Leave the title out");
-    addRule("", "diary", "Credit nobody’s name");
+    addRule("", "diary", "Count as “Private”");
     EXPECT_EQ(list(), (QStringList{u"Any | Private windows of browsers | Leave the title out"_s,
                                    u"Browser | doctor | Leave the title out"_s,
-                                   u"Any | diary | Credit nobody’s name"_s}));
+                                   u"Any | diary | Count as “Private”"_s}));
     EXPECT_EQ(tab().selectedRow(), 2);
     press("moveTitleRuleUp");
     EXPECT_EQ(tab().selectedRow(), 1);
@@ -168,7 +168,7 @@ TEST_F(TitlesTabTest, heldOverThePast_whatTheyHideIsInNoFile_andCannotBeUndone) 
     controller.saveSettingsToDisk();
     EXPECT_EQ(filesWith("SECRETNAME"), QStringList());
     press("applyTitleRules");
-    EXPECT_EQ(alerts.notices, QStringList(u"Nothing of the past is met by the rules."_s));
+    EXPECT_EQ(alerts.notices, QStringList(u"The rules match nothing in the past."_s));
 }
 
 TEST_F(TitlesTabTest, withoutAHistory_thatIsSaid_andTheTimersAreRuledAllTheSame) {

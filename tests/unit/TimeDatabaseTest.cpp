@@ -443,7 +443,7 @@ TEST_F(TimeDatabaseTest, aStoreWhereOthersMayWrite_isToldToTheUser) {
     EXPECT_EQ(engine.trouble().text(), QString());
     ASSERT_TRUE(database.chooseDatabaseLocation(shared + QStringLiteral("/Times.tkd")));
     const QString told =
-        QStringLiteral("“Times.tkd” lies in a folder where others may write, and so may exchange it.");
+        QStringLiteral("“Times.tkd” is in a folder where others may write: they could replace it.");
     EXPECT_EQ(engine.trouble().text(), told);
     EXPECT_TRUE(engine.trouble().canBeAcknowledged());
     engine.trouble().acknowledge();

@@ -376,8 +376,8 @@ void drawAll(const QDir& folder) {
             localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
                       "belongs to Ticklog is not running.") +
             u' ' +
-            localized("Until it runs, only programs that tell assistive programs of their windows are seen, "
-                      "and all other time counts as “Desktop”.");
+            localized("Until it runs, Ticklog sees only programs that tell assistive programs about their "
+                      "windows; all other time counts as “Desktop”.");
         scene.controller.window().obstacleBar().offerRemedy([] {});
         scene.show();
         scene.save(folder);
