@@ -8,7 +8,7 @@
 
 // One reading of the time since the user's last input.
 struct IdleReading {
-    // Why there is none.
+    // Why there is no time.
     enum class Lack {
         // The display does not count it.
         NotCounted,
@@ -26,7 +26,7 @@ struct IdleReading {
         : lack(why) {}
 
     std::optional<std::chrono::nanoseconds> idle;
-    // Where the time is absent.
+    // Only if the time is absent.
     Lack lack = Lack::NotCounted;
 };
 

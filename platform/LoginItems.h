@@ -9,7 +9,7 @@
 
 // A helper that the user's session can start at login.
 struct LoginEntry {
-    // Of an autostart entry: its file's name without the ending.
+    // For an autostart entry: the name of its file without the ending.
     QString identifier;
     // Whether the session will start it at the next login.
     bool isStarted;
@@ -20,7 +20,7 @@ class LoginItems {
 public:
     virtual ~LoginItems() = default;
 
-    // All that the session knows, each once.
+    // All items that the session knows, each once.
     virtual std::vector<LoginEntry> items() const = 0;
     // Sets whether the helper with this identifier is started at login. Changes nothing if it fails.
     virtual Outcome setEnabled(const QString& identifier, bool isEnabled) = 0;

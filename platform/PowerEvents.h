@@ -5,19 +5,19 @@
 
 #include <functional>
 
-// Sleep and wake of the machine. Main thread only.
+// Sleep and waking of the machine. Main thread only.
 class PowerEvents {
 public:
     struct Handlers {
-        // The machine is about to sleep, or may be. It waits until this returns, though not for long.
+        // The machine will sleep, or may. It waits until this returns, but not for long.
         std::function<void()> aboutToSleep;
-        // It is awake again, or does not sleep after all.
+        // The machine has woken up, or does not sleep after all.
         std::function<void()> woke;
     };
 
     virtual ~PowerEvents() = default;
 
-    // Replaces the handlers; empty ones are not called. False when nobody tells of sleep.
+    // Replaces both handlers; empty ones are not called. False if nothing reports sleep.
     virtual bool observe(Handlers handlers) = 0;
     virtual QString describe() const = 0;
 };

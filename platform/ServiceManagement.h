@@ -15,7 +15,7 @@ public:
 
 // A privileged service that the machine knows.
 struct Service {
-    // What it is called on the system bus.
+    // Its name on the system bus.
     QString name;
     QString program;
 };
@@ -41,8 +41,8 @@ public:
     virtual std::unique_ptr<ServiceRight> requestRight() = 0;
     // Removes the service from those that the machine runs, if it is there.
     virtual void removeService(const QString& name, const ServiceRight& right) = 0;
-    // Sees to it that the service is installed, which may mean asking a person; `done` tells whether it is, at once or
-    // later. The right lives until then.
+    // Makes sure that the service is installed, which may ask a person; `done` gets whether it is, at once or
+    // later. The right must live until then.
     virtual void installService(const QString& name, const ServiceRight& right,
                                 std::function<void(bool isInstalled)> done) = 0;
     // Absent when the machine does not know the service.

@@ -13,7 +13,7 @@ struct WindowListEntry {
     std::int64_t number = 0;
     // As ApplicationRecord::processIdentifier.
     std::int64_t ownerProcessIdentifier = 0;
-    // Not a dock, a desktop, a splash or the like.
+    // False for docks, desktops, splash screens and the like.
     bool isOrdinary = true;
     // The title; absent when the window has none.
     std::optional<QString> name;
@@ -27,7 +27,7 @@ class WindowList {
 public:
     virtual ~WindowList() = default;
 
-    // Front to back; the window that has the focus comes before all others. Empty while the desktop
-    // cannot be reached; never an error. Valid until control returns to the event loop. Main thread only.
+    // Front to back; the window with the focus comes first. Empty while the desktop cannot be reached; never
+    // an error. Valid until control returns to the event loop. Main thread only.
     virtual std::span<const WindowListEntry> onScreenWindows() const = 0;
 };

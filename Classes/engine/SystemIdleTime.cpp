@@ -8,7 +8,7 @@ namespace {
 // A division by 2^30 instead of 10^9: these "seconds" are 7 % too long, but every account so far was recorded
 // with them.
 constexpr int kSecondShift = 30;
-// Whatever a display says, nobody has been away for longer.
+// Whatever a display says, nobody has been away for longer than this.
 constexpr std::chrono::nanoseconds kLongest = std::chrono::years(50);
 
 std::uint64_t secondsOf(std::chrono::nanoseconds time) {

@@ -4,17 +4,18 @@
 #include "Classes/projects/ProjectRecord.h"
 #include "Classes/rules/TitlePattern.h"
 
-// By what a project knows its own in the history, beside the timers that are its members: patterns of programs and titles,
-// which hold for the past as well. Those whose expression is wrong, and those that ask for nothing, fit nothing.
+// How a project recognises its time in the history, beside the timers that are its members: by patterns of
+// programs and titles, which apply to the past as well. A pattern whose expression is wrong, or that asks for
+// nothing, matches nothing.
 class ProjectPatterns {
 public:
-    // What more there is of a project is not looked at: files come from anywhere.
+    // Further patterns of a project are ignored, because files come from anywhere.
     static constexpr std::size_t kMost = 200;
 
     explicit ProjectPatterns(const ProjectRecord& project);
 
     bool isEmpty() const { return m_patterns.empty(); }
-    // Whether any asks what a title says.
+    // Whether any pattern looks at titles.
     bool lookAtTitles() const;
     bool fit(const QString& program, const QString& title) const;
 

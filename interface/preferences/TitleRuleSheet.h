@@ -10,15 +10,16 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-// The sheet in which one rule for titles is edited. A regular expression that cannot be read is said, and cannot be saved.
+// The sheet in which one rule for titles is edited. An invalid regular expression is reported and cannot be
+// saved.
 class TitleRuleSheet : public QDialog {
     Q_OBJECT
 public:
-    // `saved` gets the record when the user has it saved.
+    // `saved` gets the record when the user saves it.
     TitleRuleSheet(std::function<void(const PropertyListDictionary&)> saved, QWidget* parent);
 
     void openFor(const PropertyListDictionary& rule);
-    // What the controls say; what they do not show stays as it was.
+    // The rule in the controls; entries that they do not show keep their values.
     PropertyListDictionary rule() const;
 
 private:

@@ -14,7 +14,7 @@ PropertyListArray rulesIn(const UserDefaults& defaults) {
     if (!stored.asArray())
         return TitleRules::fromTheStart();
     PropertyListArray rules = *stored.asArray();
-    // What is no rule does nothing.
+    // Values that are no rules have no effect.
     std::erase_if(rules, [](const PropertyListValue& rule) { return !rule.asDictionary(); });
     return rules;
 }
@@ -171,7 +171,7 @@ bool TitleRulesTable::setData(const QModelIndex& index, const QVariant& value, i
     record.insert(kTitleRuleActive, value.toInt() != Qt::Unchecked);
     PropertyListArray rules = m_rules;
     rules[std::size_t(index.row())] = std::move(record);
-    // The row stays where it is, under the hand that has checked it.
+    // The row keeps its place, because the user has just clicked it.
     m_rules = rules;
     m_met.clear();
     Q_EMIT dataChanged(this->index(0, 0), this->index(rowCount() - 1, kColumnCount - 1));

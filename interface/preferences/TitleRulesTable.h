@@ -5,8 +5,9 @@
 
 #include <QAbstractTableModel>
 
-// The rules for titles as rows, the first that fits first: whether each is active, what it fits, what it does, and what of
-// the last days it meets. Changes are stored at once. The settings outlive it.
+// The rules for titles as rows, in the order in which they are tried: whether each is active, what it
+// matches, what it does, and what it matched in the last days. Changes are stored at once. The settings
+// outlive it.
 class TitleRulesTable : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -14,17 +15,17 @@ public:
 
     explicit TitleRulesTable(UserDefaults& defaults);
 
-    // As they are stored; those that are there from the start where none are.
+    // As in the settings; the built-in rules if there are none.
     const PropertyListArray& rules() const { return m_rules; }
     const PropertyListDictionary& rule(int row) const { return *m_rules[std::size_t(row)].asDictionary(); }
-    // Reads the settings afresh, if they are others.
+    // Reads the settings again if they have changed.
     void reload();
-    // In place of the rule in that row, or behind the last.
+    // Replaces the rule in this row, or appends it behind the last row.
     void put(int row, const PropertyListDictionary& rule);
     void remove(int row);
-    // The rows change places.
+    // Exchanges two rows.
     void exchange(int row, int other);
-    // By the place of the rules; none while it is not known.
+    // By the position of the rules; empty while it is not known.
     void showMet(std::vector<RuledTitles> met);
     // Null while it is not known.
     const RuledTitles* met(int row) const;

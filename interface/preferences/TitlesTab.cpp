@@ -211,7 +211,7 @@ void TitlesTab::reload() {
             return RuledTitles::metBy(history, rules, first);
         },
         [this](const Result<std::vector<RuledTitles>>& met) {
-            // It may have been switched off meanwhile.
+            // The history may have been switched off meanwhile.
             if (!isHistoryThere())
                 return;
             m_rules.showMet(met ? *met : std::vector<RuledTitles>());
@@ -255,7 +255,7 @@ void TitlesTab::applyToPast() {
         [rules = m_rules.rules()](SqliteDatabase& history) { return RuledPast::of(history, rules); },
         [this](const Result<RuledPast>& ruled) {
             m_apply->setEnabled(true);
-            // Nothing is left behind half done.
+            // Without an answer nothing is changed.
             if (ruled)
                 askBefore(*ruled);
             else

@@ -16,8 +16,8 @@ class QStandardItemModel;
 class QTreeView;
 class SettingsBinding;
 
-// The rules for titles: which there are and in what order, what of the last seven days each meets, and how they come to
-// hold for the past as well.
+// The rules for titles: a table of them in order, what each matched in the last seven days, and applying them
+// to the past.
 class TitlesTab : public QWidget {
     Q_OBJECT
 public:
@@ -25,11 +25,11 @@ public:
         SettingsBinding& settings;
         Alerts& alerts;
         const Clock& clock;
-        // Null where there is none.
+        // Null if none is kept.
         History* history;
-        // How many timers say more than may be known.
+        // How many timers have names that the rules do not allow.
         std::function<int(const PastTitles&)> countTimers;
-        // Has all that is kept say no more than may be known, by these rules.
+        // Applies these rules to everything that is kept.
         std::function<void(const PastTitles&, const PropertyListArray& rules)> holdOverPast;
     };
 
@@ -39,7 +39,7 @@ public:
 
     QTreeView& table() const { return *m_table; }
     TitleRuleSheet& sheet() { return m_sheet; }
-    // Null until it was asked for.
+    // Null until it is first opened.
     QDialog* metWindow() const { return m_metWindow; }
     // -1 without a selection.
     int selectedRow() const;
@@ -47,14 +47,14 @@ public:
 
     void add();
     void edit();
-    // After a question.
+    // After asking the user.
     void remove();
     void move(int by);
-    // Shows what the selected rule meets.
+    // Shows the titles that the selected rule matches.
     void showMet();
     // After a question that says what it will change.
     void applyToPast();
-    // Looks anew at what is met.
+    // Looks again what the rules match.
     void reload();
 
 protected:
@@ -73,7 +73,7 @@ private:
     Services m_services;
     TitleRulesTable m_rules;
     std::unique_ptr<HistoryReader> m_reader;
-    // Of its own, so that neither question takes the other's place.
+    // A reader of its own: in a shared one, a new question would drop the other.
     std::unique_ptr<HistoryReader> m_pastReader;
     QTreeView* m_table;
     QLabel* m_state;

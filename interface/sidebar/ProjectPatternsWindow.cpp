@@ -153,7 +153,7 @@ PropertyListArray ProjectPatternsWindow::patterns() const {
 void ProjectPatternsWindow::rowsChanged() {
     QString fault;
     for (int row = 0; row < m_rows->rowCount() && fault.isEmpty(); ++row)
-        // A row is not whole while it is being put in.
+        // A row that is being inserted is not complete yet.
         if (m_rows->item(row, Expression))
             fault = TitlePattern(pattern(row)).fault();
     m_fault->setText(

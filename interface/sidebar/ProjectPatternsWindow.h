@@ -12,8 +12,8 @@ class QPushButton;
 class QStandardItemModel;
 class QTreeView;
 
-// Edits by what the history knows what is a project's: a row for each pattern, written in place. A regular expression that
-// cannot be read is said, and cannot be saved.
+// Edits the patterns by which a project recognises its time in the history: one row for each, edited in
+// place. An invalid regular expression is reported and cannot be saved.
 class ProjectPatternsWindow : public QDialog {
     Q_OBJECT
 public:
@@ -21,9 +21,9 @@ public:
 
     explicit ProjectPatternsWindow(QWidget* parent);
 
-    // `saved` gets the patterns when the user has them saved.
+    // `saved` gets the patterns when the user saves them.
     void openFor(const QString& project, const PropertyListArray& patterns, Saved saved);
-    // What the rows say, without those that say nothing.
+    // The patterns in the rows, without empty ones.
     PropertyListArray patterns() const;
 
 private:

@@ -6,9 +6,9 @@
 
 #include <optional>
 
-// Sleep and wake that nobody told of. A clock that runs on while the machine sleeps, and has gained on one that does not,
-// shows a sleep that has just ended: both are told at once, one after the other. Wakes nobody up: it looks when it is told
-// to. The clock must outlive it.
+// Notices sleep that nobody announced. If a clock that runs on during sleep has gained on one that does not,
+// the machine has just slept: sleep and waking are told directly one after the other. It has no timer of its
+// own, but looks when check() is called. The clock must outlive it.
 class ClockJumpPower : public PowerEvents {
 public:
     // A smaller difference only means that the clocks were not read at the same instant.

@@ -9,7 +9,7 @@ class LinuxPower : public PowerEvents {
 public:
     LinuxPower(LogindPower& logind, ClockJumpPower& clocks);
 
-    // Never false: the clocks always serve.
+    // Never false, because the clocks always work.
     bool observe(Handlers handlers) override;
     QString describe() const override;
 

@@ -7,8 +7,8 @@
 #include <limits>
 
 // Puts the screen saver in front while the screen is locked, and the login window while nobody has logged in,
-// whatever the window system says: their windows are not among those it lists, so their process has no window
-// that counts. Both must outlive it.
+// whatever the window system says. Their windows are not in the window list, so their process has no ordinary
+// window. Both must outlive it.
 class LockAwareFrontApplication : public FrontCover {
 public:
     // No back end gives a client these numbers.

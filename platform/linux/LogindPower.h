@@ -4,8 +4,8 @@
 #include "platform/PowerEvents.h"
 #include "platform/linux/DelayInhibitor.h"
 
-// Sleep and wake as logind tells of them. It never asks whether the machine may sleep, and its patience with who is told
-// that it will is short. `systemBus` must outlive it.
+// Sleep and waking as logind reports them. logind never asks whether the machine may sleep, and does not wait
+// long for a handler. `systemBus` must outlive it.
 class LogindPower : public PowerEvents {
 public:
     LogindPower(Bus& systemBus, SystemLog& log);

@@ -5,8 +5,8 @@
 #include "platform/linux/DelayInhibitor.h"
 #include "platform/linux/OwnSession.h"
 
-// The session as logind tells of it. Before the machine goes down it waits for aboutToEnd to return, a few
-// seconds at the most. `session` must outlive it.
+// The session as logind reports it. Before the machine powers off, it waits a few seconds at most for
+// aboutToEnd to return. `session` must outlive it.
 class LogindSession : public SessionEvents {
 public:
     LogindSession(OwnSession& session, SystemLog& log);
