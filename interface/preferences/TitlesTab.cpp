@@ -255,7 +255,7 @@ void TitlesTab::applyToPast() {
         [rules = m_rules.rules()](SqliteDatabase& history) { return RuledPast::of(history, rules); },
         [this](const Result<RuledPast>& ruled) {
             m_apply->setEnabled(true);
-            // Without an answer nothing is changed.
+            // If the history cannot be read, nothing is changed at all, rather than half of it.
             if (ruled)
                 askBefore(*ruled);
             else

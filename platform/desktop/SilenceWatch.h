@@ -31,7 +31,8 @@ public:
         std::chrono::milliseconds quiet = std::chrono::seconds(55);
         // How long to wait for the answer.
         std::chrono::milliseconds patience = std::chrono::seconds(10);
-        // After so long without input no window is credited any more, and nobody is asked; absent where one always is.
+        // After this time without input no window is credited any more, and the desktop is not asked. Absent
+        // if windows are always credited.
         std::function<std::optional<std::chrono::nanoseconds>()> absence = [] {
             return std::optional<std::chrono::nanoseconds>();
         };
