@@ -126,9 +126,9 @@ void History::listen() {
     for (const auto& [name, subscription, isDeleted] :
          {std::tuple(kTicklogRemoveTimersNotification, &m_listening->removing, true),
           std::tuple(kTicklogPutBackTimersNotification, &m_listening->comingBack, false)})
-        *subscription = news.observe(name, [this, isDeleted = isDeleted](const Notification& notification) {
+        *subscription = news.observe(name, [this, areGone = isDeleted](const Notification& notification) {
             if (const auto* timers = std::any_cast<TimerReferences>(&notification.object))
-                deleted(*timers, isDeleted);
+                deleted(*timers, areGone);
         });
 }
 
