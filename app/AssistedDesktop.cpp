@@ -10,7 +10,7 @@ AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, 
     , m_remedy(std::move(remedy))
     , m_programs(sessionBus, runLoop, log, entries) {
     m_compositor->setHandlers({{}, {}, {}, {}, [this] { settle(); }});
-    m_programs.installSwitchHandler([this] { tell(); });
+    m_switches = m_programs.observeSwitches([this] { tell(); });
     m_programs.begin();
 }
 

@@ -27,4 +27,5 @@ private:
     const QString m_remedy;
     AtspiFrontDesktop m_programs;
     bool m_wasAlive = true;
+    Subscription m_switches;
 };

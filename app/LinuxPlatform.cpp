@@ -150,6 +150,6 @@ ShellExtension* LinuxPlatform::shellExtension() {
     return m_backEnds->desktop.shellExtension();
 }
 
-void LinuxPlatform::setDisplayLostHandler(std::function<void()> handler) {
-    m_backEnds->desktop.desktop().setLostHandler(std::move(handler));
+Subscription LinuxPlatform::observeDisplayLoss(News::Hearer hearer) {
+    return m_backEnds->desktop.desktop().observeLoss(std::move(hearer));
 }

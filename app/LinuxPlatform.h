@@ -25,8 +25,8 @@ public:
     ActivationService& activation();
     // The desktop's extension that tells what is in front; null where none is needed.
     ShellExtension* shellExtension();
-    // `handler` is called when the display is lost for good.
-    void setDisplayLostHandler(std::function<void()> handler);
+    // Calls `hearer` when the display is lost for good.
+    [[nodiscard]] Subscription observeDisplayLoss(News::Hearer hearer);
 
 private:
     struct BackEnds;

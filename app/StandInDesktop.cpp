@@ -9,20 +9,14 @@ StandInDesktop::StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& prog
     , m_shell(shell)
     , m_programs(programs)
     , m_runLoop(runLoop) {
-    m_shell.installSwitchHandler([this] { changeOver(); });
+    m_switches = m_shell.observeSwitches([this] { changeOver(); });
     // The extension may come or go while the same window is in front.
-    m_shell.setHeardHandler([this] {
+    m_signs = m_shell.observeSigns([this] {
         changeOver();
         hear();
     });
-    m_programs.installSwitchHandler([this] { tell(); });
+    m_programsSwitches = m_programs.observeSwitches([this] { tell(); });
     changeOver();
-}
-
-StandInDesktop::~StandInDesktop() {
-    m_shell.installSwitchHandler({});
-    m_shell.setHeardHandler({});
-    m_programs.installSwitchHandler({});
 }
 
 std::span<const WindowListEntry> StandInDesktop::onScreenWindows() const {

@@ -12,10 +12,9 @@ public:
     // How long the extension has to report before the programs are asked.
     static constexpr std::chrono::seconds kPatience{1};
 
-    // All arguments outlive this object, and the first two tell nobody else.
+    // All arguments outlive this object.
     StandInDesktop(GnomeShellDesktop& shell, AtspiFrontDesktop& programs, RunLoop& runLoop,
                    DesktopEntries& entries);
-    ~StandInDesktop() override;
 
     std::span<const WindowListEntry> onScreenWindows() const override;
     QString describe() const override;
@@ -33,4 +32,7 @@ private:
     RunLoop& m_runLoop;
     // Absent while the extension reports.
     std::unique_ptr<RunLoopTimer> m_patience;
+    Subscription m_switches;
+    Subscription m_signs;
+    Subscription m_programsSwitches;
 };

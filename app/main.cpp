@@ -73,7 +73,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
         QCoreApplication::exit(EXIT_SUCCESS);
     };
     const TerminationSignals signals(desktop.platform().runLoop, [&](int) { end(); });
-    desktop.setDisplayLostHandler(end);
+    const Subscription displayLoss = desktop.observeDisplayLoss(end);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
                      Qt::DirectConnection);
     // No file is forgotten while a question is open; files are asked about in order. Each keeps its ticket

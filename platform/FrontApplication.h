@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/News.h"
+
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 
 // Names for what is in front when it is not a program.
@@ -44,9 +45,9 @@ public:
     // desktop says that nothing has the focus, this is the record of "Desktop". The reference is valid until
     // control returns to the event loop.
     virtual const std::optional<ApplicationRecord>& activeApplication() const = 0;
-    // Calls `handler` after each change of the active application. A new handler replaces the old one; an
-    // empty one ends the calls. False when the desktop cannot report changes.
-    virtual bool installSwitchHandler(std::function<void()> handler) = 0;
+    // Calls `hearer` after each change of the active application. An empty subscription when the desktop cannot
+    // report changes.
+    virtual Subscription observeSwitches(News::Hearer hearer) = 0;
     // A name for the program at `path`, from the desktop entries that are installed there; for a record
     // without a name. May be empty.
     virtual QString nameOfProgram(const QString& path) const = 0;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/News.h"
 #include "platform/foundation/values/Result.h"
-
-#include <functional>
 
 // The extension of the desktop's shell that reports which window is in front; nothing else there does. Main
 // thread only.
@@ -29,9 +28,8 @@ public:
     virtual ~ShellExtension() = default;
 
     virtual State state() const = 0;
-    // Calls `changed` after each change of the state. Replaces the previous function; an empty one ends the
-    // calls.
-    virtual void observe(std::function<void()> changed) = 0;
+    // Calls `hearer` after each change of the state.
+    virtual Subscription observe(News::Hearer hearer) = 0;
     // Installs a copy for this user, which knows this program's path, where the shell finds it. Replaces an
     // older copy.
     virtual Outcome install() = 0;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "platform/foundation/observing/News.h"
 
-#include <functional>
+#include <QString>
 
 // Whether the desktop has a tray for our icon. The tray may come late, go and come back. Main thread only.
 class SystemTray {
@@ -23,8 +23,7 @@ public:
     // Do not make an icon before this is Embedded or Exported: the first icon that is made decides between
     // them for the life of the process.
     virtual Offer offer() const = 0;
-    // Calls `changed` after each change of the offer. Replaces the previous function; an empty one ends the
-    // calls.
-    virtual void observe(std::function<void()> changed) = 0;
+    // Calls `hearer` after each change of the offer.
+    virtual Subscription observe(News::Hearer hearer) = 0;
     virtual QString describe() const = 0;
 };

@@ -26,12 +26,11 @@ TimeActivator::TimeActivator(ActivityListener& tracker, ActivityServices& servic
     setupAppChangeNotification();
 }
 
-TimeActivator::~TimeActivator() {
-    m_services.frontApplication.installSwitchHandler({});
-}
+TimeActivator::~TimeActivator() = default;
 
 void TimeActivator::setupAppChangeNotification() {
-    if (!m_services.frontApplication.installSwitchHandler([this] { appDidChange(); }))
+    m_switches = m_services.frontApplication.observeSwitches([this] { appDidChange(); });
+    if (!m_switches)
         m_services.log.log(QStringLiteral("Could not install app change handler."));
 }
 

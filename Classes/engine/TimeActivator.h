@@ -108,6 +108,7 @@ private:
     std::optional<QString> m_currentAppName;
     std::optional<Instant> m_startDate;
     std::unique_ptr<RunLoopTimer> m_updateTimer;
+    Subscription m_switches;
     // Guards against re-entry from observers and timers, not against other threads.
     std::recursive_mutex m_lock;
 };

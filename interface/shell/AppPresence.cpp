@@ -61,16 +61,14 @@ AppPresence::AppPresence(MainWindow& window, StatusMenu& menu, Platform& platfor
     , m_alerts(alerts)
     , m_program(std::move(program)) {}
 
-AppPresence::~AppPresence() {
-    m_platform.systemTray.observe({});
-}
+AppPresence::~AppPresence() = default;
 
 void AppPresence::begin() {
     QWidget& window = m_program.shownWindow();
     m_hasBegunWithoutWindow = !window.isVisible();
     m_closing = std::make_unique<ClosingWindow>(window, [this] { sayThatClosingMinimizes(); });
     setShowMenuBarItem(showMenuBarItem());
-    m_platform.systemTray.observe([this] { trayChanged(); });
+    m_trayChanges = m_platform.systemTray.observe([this] { trayChanged(); });
     m_settings = m_platform.notifications.observe(kUserDefaultsDidChangeNotification,
                                                   [this](const Notification&) { settingsChanged(); });
     trayChanged();

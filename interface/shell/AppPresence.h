@@ -105,4 +105,5 @@ private:
     // Keeps windows out of the task bar; null while they are in it.
     std::unique_ptr<Listing> m_listing;
     Subscription m_settings;
+    Subscription m_trayChanges;
 };

@@ -57,13 +57,12 @@ Alerts::Question questionFor(State state) {
 } // namespace
 
 ExtensionOffer::ExtensionOffer(const Ground& ground)
-    : m_ground(ground) {
-    m_ground.extension.observe([this] { consider(); });
+    : m_ground(ground)
+    , m_changes(ground.extension.observe([this] { consider(); })) {
     consider();
 }
 
 ExtensionOffer::~ExtensionOffer() {
-    m_ground.extension.observe({});
     m_ground.showOffer({});
 }
 

@@ -48,4 +48,5 @@ private:
     ShellExtension::State m_questioned = ShellExtension::State::Unknown;
     std::function<void()> m_close;
     std::unique_ptr<RunLoopTimer> m_inVain;
+    Subscription m_changes;
 };

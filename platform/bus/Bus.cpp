@@ -38,8 +38,7 @@ Bus::Bus(Opener opener, RunLoop& runLoop, SystemLog& log)
     : m_opener(std::move(opener))
     , m_runLoop(runLoop)
     , m_log(log)
-    , m_connection(QString())
-    , m_observers(new Listeners<std::function<void()>>) {
+    , m_connection(QString()) {
     open();
 }
 
@@ -48,7 +47,7 @@ Bus::~Bus() {
 }
 
 Subscription Bus::observe(std::function<void()> observer) {
-    return m_observers->add(std::move(observer));
+    return m_observers.observe(std::move(observer));
 }
 
 void Bus::open() {
@@ -84,7 +83,7 @@ void Bus::lose() {
 }
 
 void Bus::tell() {
-    m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+    m_observers.tell();
 }
 
 void Bus::call(const QDBusMessage& message, QObject* context, Receiver receiver, int timeoutMs) {

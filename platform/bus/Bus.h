@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/observing/Listeners.h"
+#include "platform/foundation/observing/News.h"
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/SystemLog.h"
 
@@ -68,5 +68,5 @@ private:
     bool m_isConnected = false;
     std::chrono::milliseconds m_retryDelay = kFirstRetry;
     std::unique_ptr<RunLoopTimer> m_retry;
-    QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
+    News m_observers;
 };

@@ -18,7 +18,6 @@ BusName::BusName(Bus& bus, QString name, SystemLog& log)
     : m_bus(bus)
     , m_name(std::move(name))
     , m_log(log)
-    , m_observers(new Listeners<std::function<void()>>)
     , m_connection(bus.observe([this] { request(); })) {
     const auto listen = [this](const QString& member, bool isOwned) {
         return std::make_unique<BusSignal>(m_bus, BusMatch{kBusServicePath, kBusServiceName, member, m_name},
@@ -38,7 +37,7 @@ BusName::~BusName() {
 }
 
 Subscription BusName::observe(std::function<void()> observer) {
-    return m_observers->add(std::move(observer));
+    return m_observers.observe(std::move(observer));
 }
 
 void BusName::request() {
@@ -60,5 +59,5 @@ void BusName::takeInAnswer(const QDBusMessage& answer) {
 
 void BusName::setOwned(bool isOwned) {
     if (std::exchange(m_isOwned, isOwned) != isOwned)
-        m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+        m_observers.tell();
 }

@@ -28,7 +28,7 @@ private:
     QString m_name;
     SystemLog& m_log;
     bool m_isOwned = false;
-    QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
+    News m_observers;
     std::unique_ptr<BusSignal> m_acquired;
     std::unique_ptr<BusSignal> m_lost;
     Subscription m_connection;

@@ -4,13 +4,12 @@
 BusService::BusService(Bus& bus, QString name)
     : m_bus(bus)
     , m_name(std::move(name))
-    , m_observers(new Listeners<std::function<void()>>)
     , m_connection(bus.observe([this] { follow(); })) {
     follow();
 }
 
 Subscription BusService::observe(std::function<void()> observer) {
-    return m_observers->add(std::move(observer));
+    return m_observers.observe(std::move(observer));
 }
 
 void BusService::follow() {
@@ -42,7 +41,7 @@ void BusService::setOwner(const QString& owner) {
     if (owner == m_owner)
         return;
     m_owner = owner;
-    m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+    m_observers.tell();
 }
 
 void BusService::call(const QString& path, const QString& interface, const QString& member,

@@ -47,6 +47,6 @@ private:
     // The watcher has told of an owner since, so the answer to the question about the owner is out of date.
     bool m_isOwnerTold = false;
     std::unique_ptr<QDBusServiceWatcher> m_watcher;
-    QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
+    News m_observers;
     Subscription m_connection;
 };

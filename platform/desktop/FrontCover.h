@@ -11,17 +11,6 @@ public:
         return m_cover ? m_cover : m_covered.activeApplication();
     }
 
-    bool installSwitchHandler(std::function<void()> handler) override {
-        const bool isWanted = bool(handler);
-        SwitchTeller::installSwitchHandler(std::move(handler));
-        if (!isWanted)
-            return m_covered.installSwitchHandler({});
-        return m_covered.installSwitchHandler([this] {
-            if (!m_cover)
-                tellOfSwitch();
-        });
-    }
-
     QString nameOfProgram(const QString& path) const override { return m_covered.nameOfProgram(path); }
     QString describe() const override { return m_covered.describe(); }
     QString obstacle() const override { return m_covered.obstacle(); }
@@ -30,7 +19,11 @@ protected:
     // `covered` outlives this object.
     FrontCover(FrontApplication& covered, std::optional<ApplicationRecord> cover)
         : m_covered(covered)
-        , m_cover(std::move(cover)) {}
+        , m_cover(std::move(cover))
+        , m_coveredSwitches(covered.observeSwitches([this] {
+            if (!m_cover)
+                tellOfSwitch();
+        })) {}
 
     // Absent: nothing covers any more. Reports a switch if this is a change.
     void cover(const std::optional<ApplicationRecord>& cover) {
@@ -45,4 +38,5 @@ protected:
 private:
     FrontApplication& m_covered;
     std::optional<ApplicationRecord> m_cover;
+    Subscription m_coveredSwitches;
 };

@@ -13,7 +13,7 @@ public:
         : TellingDesktop(entries)
         , m_obstacle(std::move(obstacle)) {}
 
-    bool installSwitchHandler(std::function<void()>) override { return false; }
+    Subscription observeSwitches(News::Hearer) override { return {}; }
     QString describe() const override {
         return QStringLiteral("none: no window system that can be asked was found");
     }

@@ -19,13 +19,8 @@ SilenceWatch::SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& 
     , m_log(log)
     , m_isCounting(std::move(isCounting))
     , m_limits(limits)
-    , m_looks(runLoop.scheduleRepeating(limits.quiet, {}, [this] { look(); })) {
-    m_desktop.signs.setHeardHandler([this] { hear(); });
-}
-
-SilenceWatch::~SilenceWatch() {
-    m_desktop.signs.setHeardHandler({});
-}
+    , m_looks(runLoop.scheduleRepeating(limits.quiet, {}, [this] { look(); }))
+    , m_signs(desktop.signs.observeSigns([this] { hear(); })) {}
 
 const std::optional<ApplicationRecord>& SilenceWatch::activeApplication() const {
     const auto& application = m_desktop.front.activeApplication();

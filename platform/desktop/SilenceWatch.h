@@ -42,7 +42,6 @@ public:
     // the watch.
     SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& log, std::function<bool()> isCounting,
                  const Limits& limits);
-    ~SilenceWatch() override;
 
     const std::optional<ApplicationRecord>& activeApplication() const override;
     QString obstacle() const override;
@@ -68,4 +67,5 @@ private:
     // Runs while waiting for an answer.
     std::unique_ptr<RunLoopTimer> m_waiting;
     int m_turnsLeft = 0;
+    Subscription m_signs;
 };

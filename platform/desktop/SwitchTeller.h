@@ -3,21 +3,16 @@
 
 #include "platform/FrontApplication.h"
 
-// Calls the handler that was installed for switches.
+// Reports switches to whoever observes them.
 class SwitchTeller : public FrontApplication {
 public:
-    bool installSwitchHandler(std::function<void()> handler) override {
-        m_handler = std::move(handler);
-        return true;
+    Subscription observeSwitches(News::Hearer hearer) override {
+        return m_switches.observe(std::move(hearer));
     }
 
 protected:
-    void tellOfSwitch() const {
-        // A copy, because the handler may install another one.
-        if (const std::function<void()> handler = m_handler)
-            handler();
-    }
+    void tellOfSwitch() const { m_switches.tell(); }
 
 private:
-    std::function<void()> m_handler;
+    News m_switches;
 };

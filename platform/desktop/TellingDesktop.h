@@ -7,28 +7,24 @@
 // A desktop that reports its windows by itself, and may fall silent or go. Main thread only.
 class TellingDesktop : public KnownWindows, public SignsOfLife {
 public:
-    void setHeardHandler(std::function<void()> heard) override { m_heardHandler = std::move(heard); }
-    // Called when the display has gone, for this process perhaps for good. By then no window is listed.
-    void setLostHandler(std::function<void()> lost) { m_lostHandler = std::move(lost); }
+    Subscription observeSigns(News::Hearer hearer) override { return m_signs.observe(std::move(hearer)); }
+    // Calls `hearer` when the display has gone, for this process perhaps for good. By then no window is listed.
+    Subscription observeLoss(News::Hearer hearer) { return m_loss.observe(std::move(hearer)); }
 
 protected:
     using KnownWindows::KnownWindows;
 
     // The desktop has reported or answered something.
-    void hear() const {
-        if (m_heardHandler)
-            m_heardHandler();
-    }
+    void hear() const { m_signs.tell(); }
     // The display has gone: from now on there is no window, and `front` is in front.
     void lose(const std::optional<ApplicationRecord>& front) {
         const bool isSwitch = take({}, front);
-        if (m_lostHandler)
-            m_lostHandler();
+        m_loss.tell();
         if (isSwitch)
             tellOfSwitch();
     }
 
 private:
-    std::function<void()> m_heardHandler;
-    std::function<void()> m_lostHandler;
+    News m_signs;
+    News m_loss;
 };

@@ -130,9 +130,7 @@ ShellExtension::State GnomeExtension::stateAtRest(const QVariantMap& description
 void GnomeExtension::setState(State state) {
     if (std::exchange(m_state, state) == state)
         return;
-    // A copy, because it may be replaced while it runs.
-    if (const std::function<void()> observer = m_observer)
-        observer();
+    m_changes.tell();
 }
 
 bool GnomeExtension::isInstalled() const {

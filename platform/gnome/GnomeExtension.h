@@ -35,7 +35,7 @@ public:
     GnomeExtension(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, Places places);
 
     State state() const override { return m_state; }
-    void observe(std::function<void()> changed) override { m_observer = std::move(changed); }
+    Subscription observe(News::Hearer hearer) override { return m_changes.observe(std::move(hearer)); }
     Outcome install() override;
     void switchOn() override;
     Outcome remove() override;
@@ -61,7 +61,7 @@ private:
     SystemLog& m_log;
     Places m_places;
     State m_state = State::Unknown;
-    std::function<void()> m_observer;
+    News m_changes;
     bool m_isLocked = false;
     bool m_areAllOff = false;
     BusService m_shell;

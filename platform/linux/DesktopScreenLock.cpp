@@ -28,7 +28,6 @@ std::vector<ScreenSaverService::Name> screenSaverNames() {
 DesktopScreenLock::DesktopScreenLock(OwnSession& session, Bus& sessionBus, RunLoop& runLoop)
     : m_session(session)
     , m_runLoop(runLoop)
-    , m_observers(new Listeners<std::function<void()>>)
     , m_sessionChanges(session.observe([this] { follow(); }))
     , m_requests(session.observeRequests([this](bool shallLock) { request(shallLock); })) {
     for (const auto& name : screenSaverNames())
@@ -38,7 +37,7 @@ DesktopScreenLock::DesktopScreenLock(OwnSession& session, Bus& sessionBus, RunLo
 }
 
 Subscription DesktopScreenLock::observe(std::function<void()> observer) {
-    return m_observers->add(std::move(observer));
+    return m_observers.observe(std::move(observer));
 }
 
 void DesktopScreenLock::request(bool shallLock) {
@@ -62,5 +61,5 @@ void DesktopScreenLock::follow() {
     m_isLocked = isTold || m_request;
     m_isGreeter = m_session.isGreeter();
     if (before != std::tuple(m_isLocked, m_isGreeter))
-        m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+        m_observers.tell();
 }

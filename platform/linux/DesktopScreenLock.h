@@ -31,7 +31,7 @@ private:
     // Valid while there is a request that no locker has followed yet.
     std::unique_ptr<RunLoopTimer> m_request;
     std::vector<std::unique_ptr<ScreenSaverService>> m_screenSavers;
-    QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
+    News m_observers;
     Subscription m_sessionChanges;
     Subscription m_requests;
 };

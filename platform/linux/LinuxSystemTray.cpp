@@ -81,9 +81,7 @@ void LinuxSystemTray::setOffer(Offer offer) {
     if (std::exchange(m_offer, offer) == offer)
         return;
     m_log.log(describe());
-    // A copy, because it may be replaced while it runs.
-    if (const auto observer = m_observer)
-        observer();
+    m_changes.tell();
 }
 
 QString LinuxSystemTray::describe() const {

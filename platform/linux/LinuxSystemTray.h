@@ -22,7 +22,7 @@ public:
     void setEmbedding(bool isThere);
 
     Offer offer() const override { return m_offer; }
-    void observe(std::function<void()> changed) override { m_observer = std::move(changed); }
+    Subscription observe(News::Hearer hearer) override { return m_changes.observe(std::move(hearer)); }
     QString describe() const override;
 
 private:
@@ -35,7 +35,7 @@ private:
 
     RunLoop& m_runLoop;
     SystemLog& m_log;
-    std::function<void()> m_observer;
+    News m_changes;
     Offer m_offer = Offer::Unknown;
     // Once it was Embedded or Exported, it stays that.
     Offer m_choice = Offer::None;

@@ -26,7 +26,6 @@ OwnSession::OwnSession(Bus& systemBus, SystemLog& log, QString sessionId)
     : m_logind(systemBus, kLogindService)
     , m_log(log)
     , m_sessionId(std::move(sessionId))
-    , m_observers(new Listeners<std::function<void()>>)
     , m_requestObservers(new Listeners<std::function<void(bool)>>)
     , m_service(m_logind.observe([this] { follow(); })) {
     m_sessionNew = m_logind.listen({kLogindPath, kLogindManager, QStringLiteral("SessionNew"), QString()},
@@ -37,7 +36,7 @@ OwnSession::OwnSession(Bus& systemBus, SystemLog& log, QString sessionId)
 }
 
 Subscription OwnSession::observe(std::function<void()> observer) {
-    return m_observers->add(std::move(observer));
+    return m_observers.observe(std::move(observer));
 }
 
 Subscription OwnSession::observeRequests(std::function<void(bool)> observer) {
@@ -158,5 +157,5 @@ void OwnSession::adopt(const QVariantMap& properties) {
     if (const QVariant since = properties.value(QStringLiteral("IdleSinceHintMonotonic")); since.isValid())
         m_idleSince = std::chrono::microseconds(std::min(since.toULongLong(), kLastMicrosecond));
     if (before != std::tuple(m_isActive, m_isLocked, m_isGreeter))
-        m_observers->forEach([](const std::function<void()>& observer) { observer(); });
+        m_observers.tell();
 }

@@ -66,7 +66,7 @@ private:
     bool m_isGreeter = false;
     bool m_isIdle = false;
     std::chrono::nanoseconds m_idleSince{0};
-    QExplicitlySharedDataPointer<Listeners<std::function<void()>>> m_observers;
+    News m_observers;
     QExplicitlySharedDataPointer<Listeners<std::function<void(bool)>>> m_requestObservers;
     std::vector<std::unique_ptr<BusSignal>> m_signals;
     std::unique_ptr<BusSignal> m_sessionNew;

@@ -52,10 +52,9 @@ protected:
     // Whether the compositor answers.
     bool isHeard() {
         bool heard = false;
-        desktop->setHeardHandler([&] { heard = true; });
+        const Subscription signs = desktop->observeSigns([&] { heard = true; });
         desktop->askForSign();
         waitFor([&] { return heard; }, std::chrono::milliseconds(1000));
-        desktop->setHeardHandler({});
         return heard;
     }
 
@@ -100,7 +99,7 @@ TEST_F(AssistedDesktopTest, aCompositorThatIsGone_leavesNoWindowUntilItIsBack) {
     const auto writer = startWith(QStringLiteral("Letter"));
     EXPECT_SEEN(*this, "qt-client: Letter");
     int lost = 0;
-    desktop->setLostHandler([&] { ++lost; });
+    const Subscription loss = desktop->observeLoss([&] { ++lost; });
     compositor->kill();
     EXPECT_SEEN(*this, "Desktop: none");
     EXPECT_EQ(titles(), QStringList());

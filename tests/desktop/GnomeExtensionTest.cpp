@@ -64,7 +64,7 @@ TEST_F(GnomeExtensionTest, installed_runsAfterTheNextLoginUntilItIsRemoved) {
     ASSERT_TRUE(becomes(*extension, State::Missing));
     EXPECT_TRUE(installed("extension.js").isEmpty()) << "nobody has asked for it";
     int changes = 0;
-    extension->observe([&] { ++changes; });
+    const Subscription subscription = extension->observe([&] { ++changes; });
     ASSERT_TRUE(extension->install());
     ASSERT_TRUE(becomes(*extension, State::AwaitsLogin));
     EXPECT_EQ(changes, 1);
@@ -112,7 +112,7 @@ TEST_F(GnomeExtensionTest, whileTheScreenIsLocked_theExtensionIsNotTakenForSwitc
     extension->switchOn();
     ASSERT_TRUE(becomes(*extension, State::On));
     std::vector<State> states;
-    extension->observe([&] { states.push_back(extension->state()); });
+    const Subscription subscription = extension->observe([&] { states.push_back(extension->state()); });
     for (int round = 0; round < 2; ++round) {
         ASSERT_TRUE(scene.desk.coverScreen(true));
         ASSERT_TRUE(becomes(*extension, State::Paused));

@@ -54,10 +54,9 @@ protected:
     // Waits until everything sent so far has been handled.
     bool hasTakenInAll() {
         bool isThere = false;
-        desktop->setHeardHandler([&] { isThere = true; });
+        const Subscription signs = desktop->observeSigns([&] { isThere = true; });
         desktop->askForSign();
         waitFor([&] { return isThere; });
-        desktop->setHeardHandler({});
         return isThere;
     }
 

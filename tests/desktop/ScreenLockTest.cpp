@@ -160,9 +160,8 @@ class FakeFront : public FrontApplication {
 public:
     const std::optional<ApplicationRecord>& activeApplication() const override { return m_record; }
 
-    bool installSwitchHandler(std::function<void()> handler) override {
-        m_handler = std::move(handler);
-        return true;
+    Subscription observeSwitches(News::Hearer hearer) override {
+        return m_switches.observe(std::move(hearer));
     }
 
     QString nameOfProgram(const QString&) const override { return {}; }
@@ -171,13 +170,12 @@ public:
 
     void switchTo(const QString& name) {
         m_record = ApplicationRecord{name, QString(), 42};
-        if (m_handler)
-            m_handler();
+        m_switches.tell();
     }
 
 private:
     std::optional<ApplicationRecord> m_record;
-    std::function<void()> m_handler;
+    News m_switches;
 };
 
 class LockAwareFrontApplicationTest : public testing::Test {
@@ -194,7 +192,7 @@ protected:
 
 TEST_F(LockAwareFrontApplicationTest, theLock_isInFrontAndItsEdgesAreSwitches) {
     QStringList switches;
-    EXPECT_TRUE(m_front.installSwitchHandler([&] { switches << name(); }));
+    const Subscription subscription = m_front.observeSwitches([&] { switches << name(); });
     m_unlocked.switchTo(QStringLiteral("Mail"));
     m_lock.set(true, false);
     m_unlocked.switchTo(QStringLiteral("Editor"));
@@ -209,10 +207,10 @@ TEST_F(LockAwareFrontApplicationTest, beforeAnybodyHasLoggedIn_theLoginWindowIsI
     EXPECT_EQ(name(), kLoginWindowName);
 }
 
-TEST_F(LockAwareFrontApplicationTest, anEmptyHandler_endsTheCalls) {
+TEST_F(LockAwareFrontApplicationTest, aSubscriptionThatEnds_endsTheCalls) {
     int switches = 0;
-    m_front.installSwitchHandler([&] { ++switches; });
-    m_front.installSwitchHandler({});
+    Subscription subscription = m_front.observeSwitches([&] { ++switches; });
+    subscription.cancel();
     m_unlocked.switchTo(QStringLiteral("Mail"));
     m_lock.set(true, false);
     EXPECT_EQ(switches, 0);

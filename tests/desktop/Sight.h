@@ -26,7 +26,7 @@ public:
         m_windows = &desktop;
         if constexpr (std::is_base_of_v<SignsOfLife, Desktop>)
             m_signs = &desktop;
-        m_front->installSwitchHandler([this] { switches << front(); });
+        m_switches = m_front->observeSwitches([this] { switches << front(); });
     }
 
     FrontApplication& frontApplication() const { return *m_front; }
@@ -90,6 +90,7 @@ private:
     FrontApplication* m_front = nullptr;
     WindowList* m_windows = nullptr;
     SignsOfLife* m_signs = nullptr;
+    Subscription m_switches;
 };
 
 // Passes when `expected` comes to the front; otherwise says what was there instead.

@@ -36,7 +36,7 @@ TEST(SilentXServer, aServerThatHangs_isNoticedAndOneThatHasNothingToTellIsNot) {
     EXPECT_SEEN(scene, "Editor: Page");
     Watched watched(scene);
     int switches = 0;
-    watched.watch.installSwitchHandler([&] { ++switches; });
+    const Subscription subscription = watched.watch.observeSwitches([&] { ++switches; });
     // Long enough to ask, get no answer, and call it silence.
     turnEventLoopFor(2 * kLimits.quiet + kLimits.patience + 200ms);
     EXPECT_EQ(watched.front(), QStringLiteral("Editor"));

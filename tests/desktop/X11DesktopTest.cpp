@@ -186,7 +186,7 @@ TEST_F(X11DesktopTest, aMomentThatWasOverBeforeItWasNoticed_isNotTold) {
     };
     ASSERT_TRUE(waitFor(isEditorInFront));
     int switches = 0;
-    desktop->installSwitchHandler([&] { ++switches; });
+    const Subscription subscription = desktop->observeSwitches([&] { ++switches; });
     scene.desk.probe().sayActiveWindow(0);
     ASSERT_TRUE(waitFor([&] { return timers.activeTimers() == 1; }));
     scene.desk.probe().sayActiveWindow(window);
@@ -295,7 +295,7 @@ TEST_F(X11DesktopTest, aSwitchHandlerThatRunsALoopOfItsOwn_missesNothing) {
     client.activate(first);
     EXPECT_SEEN(scene, "Editor: First");
     bool isInside = false;
-    scene.desktop->installSwitchHandler([&] {
+    const Subscription subscription = scene.desktop->observeSwitches([&] {
         if (std::exchange(isInside, true))
             return;
         other.setTitle(second, "Third");
@@ -326,7 +326,7 @@ TEST(X11DesktopConnection, aServerThatDies_leavesNoAnswersAndOneLineInTheLog) {
     client.activate(client.open(editor("Page")));
     EXPECT_SEEN(scene, "Editor: Page");
     int lost = 0;
-    scene.desktop->setLostHandler([&] { ++lost; });
+    const Subscription loss = scene.desktop->observeLoss([&] { ++lost; });
     scene.switches.clear();
     scene.desk.killDisplay();
     ASSERT_TRUE(waitFor([&] { return lost > 0; }));

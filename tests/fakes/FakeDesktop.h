@@ -24,11 +24,8 @@ class FakeFrontApplication : public FrontApplication {
 public:
     const std::optional<ApplicationRecord>& activeApplication() const override { return record; }
 
-    bool installSwitchHandler(std::function<void()> handler) override {
-        if (!tellsOfSwitches)
-            return false;
-        m_handler = std::move(handler);
-        return true;
+    Subscription observeSwitches(News::Hearer hearer) override {
+        return tellsOfSwitches ? m_switches.observe(std::move(hearer)) : Subscription();
     }
 
     QString nameOfProgram(const QString& path) const override { return programNames.value(path); }
@@ -40,12 +37,10 @@ public:
     // The desktop brings an application to the front and reports it.
     void switchTo(std::optional<ApplicationRecord> front) {
         record = std::move(front);
-        // A copy, because the handler may be replaced while it runs.
-        if (const auto handler = m_handler)
-            handler();
+        m_switches.tell();
     }
 
-    bool isObserved() const { return bool(m_handler); }
+    bool isObserved() const { return m_switches.isHeard(); }
 
     // Changing this brings an application to the front without a report.
     std::optional<ApplicationRecord> record;
@@ -56,7 +51,7 @@ public:
     QString obstacleText;
 
 private:
-    std::function<void()> m_handler;
+    News m_switches;
 };
 
 class FakeWindowList : public WindowList {
@@ -74,7 +69,7 @@ public:
 
 class FakeSignsOfLife : public SignsOfLife {
 public:
-    void setHeardHandler(std::function<void()> heard) override { m_heard = std::move(heard); }
+    Subscription observeSigns(News::Hearer hearer) override { return m_signs.observe(std::move(hearer)); }
 
     void askForSign() override {
         ++asked;
@@ -83,16 +78,13 @@ public:
     }
 
     // The desktop reports or answers something.
-    void giveSign() {
-        if (const auto heard = m_heard)
-            heard();
-    }
+    void giveSign() { m_signs.tell(); }
 
     bool answersAtOnce = false;
     int asked = 0;
 
 private:
-    std::function<void()> m_heard;
+    News m_signs;
 };
 
 // Idle since the last input by the clock, which must outlive it.
@@ -209,17 +201,16 @@ public:
 class FakeSystemTray : public SystemTray {
 public:
     Offer offer() const override { return m_offer; }
-    void observe(std::function<void()> changed) override { m_changed = std::move(changed); }
+    Subscription observe(News::Hearer hearer) override { return m_changes.observe(std::move(hearer)); }
     QString describe() const override { return QStringLiteral("a fake"); }
 
     // The desktop offers something else.
     void give(Offer offer) {
         m_offer = offer;
-        if (const auto changed = m_changed)
-            changed();
+        m_changes.tell();
     }
 
 private:
     Offer m_offer = Offer::Embedded;
-    std::function<void()> m_changed;
+    News m_changes;
 };

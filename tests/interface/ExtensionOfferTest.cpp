@@ -16,7 +16,7 @@ using State = ShellExtension::State;
 class FakeShellExtension : public ShellExtension {
 public:
     State state() const override { return m_state; }
-    void observe(std::function<void()> changed) override { m_changed = std::move(changed); }
+    Subscription observe(News::Hearer hearer) override { return m_changes.observe(std::move(hearer)); }
     Outcome install() override {
         done << QStringLiteral("install");
         if (isDiskFull)
@@ -33,8 +33,7 @@ public:
 
     void become(State state) {
         m_state = state;
-        if (m_changed)
-            m_changed();
+        m_changes.tell();
     }
 
     QStringList done;
@@ -44,7 +43,7 @@ public:
 
 private:
     State m_state = State::Unknown;
-    std::function<void()> m_changed;
+    News m_changes;
 };
 
 class ExtensionOfferTest : public testing::Test {

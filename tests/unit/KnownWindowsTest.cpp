@@ -20,10 +20,7 @@ WindowListEntry window(std::int64_t number, const ApplicationRecord& owner) {
 class Desktop : public TellingDesktop {
 public:
     explicit Desktop(DesktopEntries& entries)
-        : TellingDesktop(entries) {
-        installSwitchHandler([this] { told << front(); });
-        setLostHandler([this] { told << QStringLiteral("lost"); });
-    }
+        : TellingDesktop(entries) {}
 
     using TellingDesktop::frontAfterwards;
     using TellingDesktop::lose;
@@ -44,6 +41,9 @@ public:
     }
 
     QStringList told;
+
+private:
+    Subscription m_switches = observeSwitches([this] { told << front(); });
 };
 
 class KnownWindowsTest : public testing::Test {
@@ -73,20 +73,22 @@ TEST_F(KnownWindowsTest, theWindowWithTheFocus_isInFrontEvenWhereItIsNotRaised) 
     EXPECT_EQ(desktop.numbers(), QList<std::int64_t>({1, 2})) << "it is not listed";
 }
 
-TEST_F(KnownWindowsTest, aHandlerThatInstallsAnother_isFinishedFirst) {
-    desktop.installSwitchHandler([this] {
-        desktop.installSwitchHandler({});
+TEST_F(KnownWindowsTest, whoStopsHearingWhileTold_isToldOnce) {
+    Subscription once;
+    once = desktop.observeSwitches([&] {
+        once.cancel();
         desktop.told << QStringLiteral("once");
     });
     desktop.show({}, kWriter);
     desktop.show({}, kMailer);
-    EXPECT_EQ(desktop.told, QStringList(QStringLiteral("once")));
+    EXPECT_EQ(desktop.told, QStringList({kWriter.name, QStringLiteral("once"), kMailer.name}));
 }
 
 TEST_F(KnownWindowsTest, aDisplayThatGoes_takesItsWindowsBeforeItIsTold) {
     EXPECT_FALSE(desktop.frontAfterwards()) << "nothing was ever known";
     desktop.show({window(1, kWriter)}, kWriter);
-    desktop.setLostHandler([this] { desktop.told << desktop.front() + QStringLiteral(", lost"); });
+    const Subscription loss =
+        desktop.observeLoss([this] { desktop.told << desktop.front() + QStringLiteral(", lost"); });
     desktop.lose(desktop.frontAfterwards());
     EXPECT_EQ(desktop.told, QStringList({kWriter.name, QStringLiteral("Desktop, lost"), kDesktopName}));
     EXPECT_EQ(desktop.numbers(), QList<std::int64_t>());

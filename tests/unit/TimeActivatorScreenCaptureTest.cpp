@@ -211,15 +211,15 @@ TEST_F(TimeActivatorScreenCaptureTest, withoutNewsOfSwitches_pollingStillFollows
 }
 
 TEST_F(TimeActivatorScreenCaptureTest, theSource_endsWithItsPollAndItsHandler) {
-    {
-        TestEngine engine;
-        EXPECT_TRUE(engine.fakes.frontApplication.isObserved());
-    }
+    FakeFrontApplication front;
+    const ActivityServices& day = m_day.activity;
+    ActivityServices services{front, day.windowList, day.accessibility, day.runLoop, day.clock, day.log};
     const int timers = m_day.fakes.runLoop.activeTimers();
-    auto made = TimeActivator::activatorForTracker(m_day.tracker, m_day.activity);
+    auto made = TimeActivator::activatorForTracker(m_day.tracker, services);
+    EXPECT_TRUE(front.isObserved());
     EXPECT_EQ(m_day.fakes.runLoop.activeTimers(), timers + 1);
     made.reset();
-    EXPECT_FALSE(m_day.fakes.frontApplication.isObserved());
+    EXPECT_FALSE(front.isObserved());
     EXPECT_EQ(m_day.fakes.runLoop.activeTimers(), timers);
 }
 

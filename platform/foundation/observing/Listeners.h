@@ -31,6 +31,9 @@ public:
     }
     ~Subscription() { cancel(); }
 
+    // False for one that stands for nothing, or was ended.
+    explicit operator bool() const { return bool(m_list); }
+
     void cancel() {
         if (const auto list = std::exchange(m_list, {}))
             list->remove(m_id);
