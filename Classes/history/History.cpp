@@ -15,6 +15,7 @@ namespace {
 
 // Together with the time that a write takes, a crash never costs more than fifteen seconds.
 constexpr auto kBetweenWrites = 14'500ms;
+constexpr Seconds kMostMissing = 10;
 constexpr auto kBetweenTries = 60s;
 constexpr auto kLongestEnd = 2000ms;
 constexpr std::int64_t kDay = 86'400'000;
@@ -43,7 +44,11 @@ public:
 
     void absent(Instant since, Instant noticed, Seconds booked) override {
         m_history.m_recorder.absent(since, noticed, booked);
-        m_history.newsHasCome();
+        // The tree got more at once than may be missing after a crash.
+        if (booked > kMostMissing)
+            m_history.write();
+        else
+            m_history.newsHasCome();
     }
 
 private:

@@ -268,7 +268,8 @@ void expectMadeUpFor(const std::map<std::string, double>& found, const std::map<
         const auto other = found.find(who);
         const double now = other == found.end() ? 0 : other->second;
         EXPECT_LE(now, time + 0.01) << who;
-        EXPECT_GE(now, time - missing) << who;
+        // An absence that is noticed by the tick in which the power goes has been booked in memory alone.
+        EXPECT_GE(now, time - missing - (who == "Idle" ? 65 : 0)) << who;
     }
     for (const auto& [who, time] : found)
         EXPECT_TRUE(before.contains(who)) << who;

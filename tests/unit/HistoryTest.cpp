@@ -224,6 +224,18 @@ TEST_F(HistoryTest, theIdleTimeOfBefore_isMadeUpForAsWell) {
     EXPECT_LE(second->day.secondsOf("Mail"), day.secondsOf("Mail") + 0.1);
 }
 
+TEST_F(HistoryTest, anAbsenceThatHasJustBeenNoticed_isMadeUpForAsWell) {
+    day.start();
+    day.front("Mail", "Inbox");
+    day.seconds(100);
+    scene.save();
+    day.idle(65);
+    ASSERT_GE(day.secondsOf("Idle"), 60);
+    const auto second = relaunched(scene);
+    EXPECT_NEAR(second->day.secondsOf("Idle"), day.secondsOf("Idle"), 15);
+    EXPECT_NEAR(second->day.secondsOf("Mail"), day.secondsOf("Mail"), 15);
+}
+
 TEST_F(HistoryTest, anOlderStoreThatIsPutBack_getsNothing) {
     const QString store = scene.database->mainStoreURL();
     day.start();
