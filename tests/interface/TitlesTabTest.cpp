@@ -151,6 +151,8 @@ TEST_F(TitlesTabTest, heldOverThePast_whatTheyHideIsInNoFile_andCannotBeUndone) 
     controller.saveSettingsToDisk();
     defaults().synchronize();
     EXPECT_GE(filesWith("SECRETNAME").size(), 3);
+    command(actions().addProject);
+    ASSERT_TRUE(actions().undo->isEnabled());
     addRule("", "doctor", "Leave the title out");
     press("applyTitleRules");
     EXPECT_TRUE(alerts.last.informativeText.startsWith(u"Titles: 1 · Time spent: 00:01:00 · Timers: 1"_s))
