@@ -128,6 +128,7 @@ TEST(TitleRules, nobodysName_isNoReasonToEndAnAbsence) {
     day.retitle("My bank");
     day.idle(100);
     EXPECT_NEAR(day.secondsOf("Idle"), idle + 100, 0.2);
+    EXPECT_EQ(day.tree().find("Private"), std::string::npos) << "nobody was there to look at it";
     day.seconds(10);
     EXPECT_NEAR(day.secondsOf("Private"), 10, 0.3);
 }
