@@ -22,7 +22,6 @@ struct HistoryFinding {
 
     static HistoryFinding of(SqliteDatabase& history, const HistoryChange::Forgotten& what);
 
-    std::int64_t stretches = 0;
     // Milliseconds.
     std::int64_t length = 0;
     // How many pairs of program and title there are.

@@ -9,9 +9,9 @@ namespace {
 
 // Idle time has no title, so no rule matches it.
 constexpr const char* kTitlesSince =
-    "SELECT programs.name, titles.text, sum(length) AS time FROM days JOIN programs ON programs.id = program "
-    "JOIN titles ON titles.id = title WHERE day >= ? AND presence <> 1 GROUP BY program, title ORDER BY time "
-    "DESC";
+    "SELECT programs.name, titles.text, time FROM (SELECT program, title, sum(length) AS time FROM days "
+    "WHERE day >= ? AND presence <> 1 GROUP BY program, title) AS sums "
+    "JOIN programs ON programs.id = sums.program JOIN titles ON titles.id = sums.title ORDER BY time DESC";
 
 void add(RuledTitles& to, const HistorySum& sum) {
     ++to.titles;

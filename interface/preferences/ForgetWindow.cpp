@@ -168,7 +168,7 @@ void ForgetWindow::show(const Result<HistoryFinding>& found) {
     if (m_nextLook && m_nextLook->isValid())
         return;
     SumsTable::show(*m_sums, found ? found->longest : std::vector<HistorySum>());
-    m_button->setEnabled(found && found->stretches > 0);
+    m_button->setEnabled(found && found->sums > 0);
     if (!found) {
         m_found->setText(localized("The history cannot be read."));
         return;
