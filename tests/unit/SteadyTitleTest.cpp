@@ -46,7 +46,45 @@ INSTANTIATE_TEST_SUITE_P(
                     Titles{"1:07 / 3:20 Blue Monday - VLC", "Blue Monday - VLC"},
                     Titles{"Blue Monday [01:07/03:20]", "Blue Monday"}, Titles{"12:45:10 - Clock", "Clock"},
                     Titles{"vim - 14:30 - tmux", "vim - tmux"}, Titles{"-0:45 Song", "Song"},
-                    Titles{"12:45", ""}, Titles{"57%", ""}));
+                    Titles{"Download 12%", "Download"}, Titles{"45 % of image.iso", "of image.iso"},
+                    Titles{"Copying: 45,5 % — Files", "Copying — Files"},
+                    Titles{"backup.sh — 45 %", "backup.sh"}, Titles{"Notes — 14:30", "Notes"},
+                    Titles{"Blue Monday 01:07 / 03:20", "Blue Monday"}));
+
+INSTANTIATE_TEST_SUITE_P(NumbersOfDocuments, SteadyTitleTest, testing::ValuesIn([] {
+                             std::vector<Titles> all;
+                             for (const char* title : {"Contract (11/2025).odt",
+                                                       "Contract (11/2025).odt - Editor",
+                                                       "Contract (11/2025)",
+                                                       "Contract (11/25) - Editor",
+                                                       "Report (2024/25).pdf",
+                                                       "scan (3/17).png",
+                                                       "(2024) Budget.ods",
+                                                       "[4711] Angebot",
+                                                       "Rabatt 10 %",
+                                                       "Rabatt 20 % Meier.odt",
+                                                       "10 % Rabatt Meier.odt",
+                                                       "Rabatt (10 %) - Editor",
+                                                       "Rabatt - 10 %.odt",
+                                                       "Download 10 %.odt",
+                                                       "Copying (10 %).odt",
+                                                       "John 3:16",
+                                                       "14:30 Meeting.odt",
+                                                       "Meeting 14:30 - Editor",
+                                                       "Stories (3 new).odt",
+                                                       "Inbox (2024).odt",
+                                                       "2025-11-2 new",
+                                                       "main() (3).cpp"})
+                                 all.push_back({title, title});
+                             return all;
+                         }()));
+
+INSTANTIATE_TEST_SUITE_P(NothingElse, SteadyTitleTest,
+                         testing::Values(Titles{"12:45", "12:45"}, Titles{"57%", "57%"},
+                                         Titles{"100%", "100%"}, Titles{"1:07 / 3:20", "1:07 / 3:20"},
+                                         Titles{"(3)", "(3)"}, Titles{"⠋", "⠋"},
+                                         Titles{"(3) main() - Editor", "main() - Editor"},
+                                         Titles{"(3) /home/user", "/home/user"}));
 
 INSTANTIATE_TEST_SUITE_P(OtherNumbers, SteadyTitleTest,
                          testing::Values(Titles{"report (1).pdf - Okular", "report (1).pdf - Okular"},
