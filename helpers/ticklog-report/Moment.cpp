@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "helpers/ticklog-report/Moment.h"
 
+#include "platform/foundation/time/LocalTime.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -11,10 +13,16 @@ const QStringList kWeekdays{QStringLiteral("monday"),    QStringLiteral("tuesday
                             QStringLiteral("friday"),    QStringLiteral("saturday"),
                             QStringLiteral("sunday")};
 
-QDateTime beginningOf(QDate day, int dayBegins) {
-    const QDateTime begin(day, QTime(dayBegins, 0));
-    // If the clock is set over this hour, the day begins with the next hour that exists.
-    return begin.isValid() ? begin : day.startOfDay();
+// When the clock on the wall shows this: the first time where it does so twice, and where it is set over it, the moment at
+// which it is set.
+QDateTime shownAs(QDate day, QTime time) {
+    const QDateTime moment = localTime(localInstant(day, time));
+    if (moment.date() == day && moment.time() == time)
+        return moment;
+    QDateTime set = localTime(localInstant(day, QTime(time.hour(), time.minute())));
+    while (set.addSecs(-60).offsetFromUtc() == set.offsetFromUtc())
+        set = set.addSecs(-60);
+    return set;
 }
 
 std::optional<QDateTime> beforeNow(const QString& text, const QDateTime& now) {
@@ -29,13 +37,17 @@ std::optional<QDateTime> beforeNow(const QString& text, const QDateTime& now) {
     case u'h':
         return now.addSecs(-count * 3600);
     case u'd':
-        return now.addDays(-count);
+        return shownAs(now.date().addDays(-count), now.time());
     default:
-        return now.addDays(-7 * count);
+        return shownAs(now.date().addDays(-7 * count), now.time());
     }
 }
 
 } // namespace
+
+QDateTime beginningOf(QDate day, int dayBegins) {
+    return shownAs(day, QTime(dayBegins, 0));
+}
 
 QDate dayOf(const QDateTime& moment, int dayBegins) {
     return moment.time().hour() < dayBegins ? moment.date().addDays(-1) : moment.date();
@@ -56,8 +68,11 @@ std::optional<QDateTime> momentOf(const QString& text, const QDateTime& now, int
         return moment;
     if (const QDate day = QDate::fromString(text, QStringLiteral("yyyy-MM-dd")); day.isValid())
         return beginningOf(day, dayBegins);
-    for (const char* form : {"yyyy-MM-ddTHH:mm", "yyyy-MM-ddTHH:mm:ss"})
-        if (const auto moment = QDateTime::fromString(text, QString::fromLatin1(form)); moment.isValid())
-            return moment;
+    // Apart from each other: together they need not exist.
+    const QDate date = QDate::fromString(text.section(u'T', 0, 0), QStringLiteral("yyyy-MM-dd"));
+    for (const char* form : {"HH:mm", "HH:mm:ss"})
+        if (const QTime time = QTime::fromString(text.section(u'T', 1), QString::fromLatin1(form));
+            date.isValid() && time.isValid())
+            return shownAs(date, time);
     return std::nullopt;
 }
