@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTextBoundaryFinder>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -35,7 +36,13 @@ QString durationText(qint64 milliseconds) {
 }
 
 QString cutToColumn(const QString& text) {
-    return text.size() > kWidestCell ? text.left(kWidestCell - 1) + QChar(0x2026) : text;
+    if (text.size() <= kWidestCell)
+        return text;
+    // Between two signs as people see them: many are several characters long.
+    QTextBoundaryFinder sign(QTextBoundaryFinder::Grapheme, text);
+    sign.setPosition(kWidestCell - 1);
+    const qsizetype end = sign.isAtBoundary() ? sign.position() : sign.toPreviousBoundary();
+    return text.left(end) + QChar(0x2026);
 }
 
 // Without needless digits: 1.5, not 1.500.
@@ -46,7 +53,9 @@ QByteArray secondsText(qint64 milliseconds) {
 QByteArray csvCell(const QString& text) {
     static const QString kFormulas = QStringLiteral("=+-@\t\r");
     QString cell = !text.isEmpty() && kFormulas.contains(text.at(0)) ? u'\'' + text : text;
-    if (std::ranges::any_of(cell, [](QChar c) { return c == u'"' || c == u',' || c == u'\n' || c == u'\r'; }))
+    // Spreadsheets may split at semicolons and tabs as well, and see a formula behind one.
+    static const QString kQuoted = QStringLiteral("\",;\t\n\r");
+    if (std::ranges::any_of(cell, [](QChar c) { return kQuoted.contains(c); }))
         cell = u'"' + cell.replace(u'"', QLatin1String("\"\"")) + u'"';
     return cell.toUtf8();
 }

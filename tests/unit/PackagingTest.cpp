@@ -6,6 +6,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
@@ -162,6 +163,30 @@ TEST(Packaging, theNamesThatFlatpakLetsReach_areThoseThatTheSourcesCall) {
     }
     for (const QString& name : flatpakPermissions().filter(u"talk-name"_s))
         EXPECT_TRUE(sources.contains(u'"' + name.section(u'=', 1) + u'"')) << qPrintable(name);
+}
+
+// What bash offers behind the words that it makes of a command line; the last one is being typed.
+std::string offered(const QStringList& words) {
+    QProcess bash;
+    bash.start(QStringLiteral("bash"),
+               QStringList{QStringLiteral("-c"),
+                           QStringLiteral(". '" TICKLOG_SOURCE_DIR "/resources/completions/ticklog-report'\n"
+                                          "COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _ticklog_report\n"
+                                          "echo -n \"${COMPREPLY[*]}\""),
+                           QStringLiteral("bash"), QStringLiteral("ticklog-report")} +
+                   words);
+    EXPECT_TRUE(bash.waitForFinished());
+    return bash.readAllStandardOutput().toStdString();
+}
+
+TEST(Packaging, theValueOfAnOption_isCompletedAlsoBehindAnEqualsSign) {
+    const QString format = QStringLiteral("--format");
+    const QString sign = QStringLiteral("=");
+    EXPECT_EQ(offered({format, QString()}), "table csv json ics");
+    EXPECT_EQ(offered({format, sign}), "table csv json ics");
+    EXPECT_EQ(offered({format, sign, QString()}), "table csv json ics");
+    EXPECT_EQ(offered({format, sign, QStringLiteral("c")}), "csv");
+    EXPECT_EQ(offered({QStringLiteral("--fo")}), "--format");
 }
 
 } // namespace

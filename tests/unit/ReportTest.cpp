@@ -178,6 +178,27 @@ TEST_F(ReportTest, aSpreadsheet_findsNoFormula) {
     EXPECT_EQ(csv(QStringLiteral("--by app --by title")), "app,title,seconds|'=1+1,\"a, \"\"b\"\"\",1|");
 }
 
+TEST_F(ReportTest, aSpreadsheetThatSplitsAtSemicolons_findsNoFormulaEither) {
+    add("09:00:00", 1, "Mail", "a;=1+1");
+    add("09:01:00", 1, "Mail", "a\t=1+1");
+    EXPECT_EQ(csv(QStringLiteral("--by title")), "title,seconds|\"a\t=1+1\",1|\"a;=1+1\",1|");
+}
+
+TEST_F(ReportTest, aLongTitle_isCutBetweenTwoSigns) {
+    // A sign of two characters, one of a letter and its accent, and one that is joined of several, at the end of the column.
+    for (const char* sign : {"\U0001f600", "e\u0301", "\U0001f469\u200d\U0001f4bb"}) {
+        m_stretches.clear();
+        add("09:00:00", 1, "Mail", (std::string(58, 'x') + sign + "yyyyyy").c_str());
+        EXPECT_NE(report({QStringLiteral("--by=title")}).find(std::string(58, 'x') + "\u2026"),
+                  std::string::npos)
+            << sign;
+    }
+    m_stretches.clear();
+    add("09:00:00", 1, "Mail", (std::string(57, 'x') + "\U0001f600yyyyyy").c_str());
+    EXPECT_NE(report({QStringLiteral("--by=title")}).find(std::string(57, 'x') + "\U0001f600\u2026"),
+              std::string::npos);
+}
+
 TEST_F(ReportTest, nothing_isAnEmptyArrayAndAHead) {
     EXPECT_EQ(csv(), "app,seconds|");
     EXPECT_EQ(report({QStringLiteral("--format=json")}), "[\n]\n");
