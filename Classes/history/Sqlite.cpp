@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/Sqlite.h"
 
+#include <QFileInfo>
+#include <QUrl>
+
 #include <sqlite3.h>
 
 namespace {
@@ -9,12 +12,20 @@ int flagsOf(SqliteDatabase::Mode mode) {
     switch (mode) {
     case SqliteDatabase::Mode::Read:
         return SQLITE_OPEN_READONLY;
+    case SqliteDatabase::Mode::AtRest:
+        return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
     case SqliteDatabase::Mode::ReadWrite:
         return SQLITE_OPEN_READWRITE;
     case SqliteDatabase::Mode::Create:
         break;
     }
     return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+}
+
+QByteArray nameOf(const QString& path, SqliteDatabase::Mode mode) {
+    if (mode != SqliteDatabase::Mode::AtRest)
+        return path.toUtf8();
+    return "file://" + QUrl::toPercentEncoding(QFileInfo(path).absoluteFilePath(), "/") + "?immutable=1";
 }
 
 } // namespace
@@ -34,7 +45,7 @@ void SqliteDatabase::Finishing::operator()(sqlite3_stmt* statement) const {
 SqliteDatabase::SqliteDatabase(const QString& path, Mode mode, int waitMs) {
     sqlite3* database = nullptr;
     // The file may be a link to anywhere: the user has put it there.
-    const int code = sqlite3_open_v2(path.toUtf8().constData(), &database,
+    const int code = sqlite3_open_v2(nameOf(path, mode).constData(), &database,
                                      flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     m_database.reset(database);
     check(code);

@@ -4,6 +4,8 @@
 #include "Classes/history/HistoryFile.h"
 #include "helpers/ticklog-report/Moment.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace {
@@ -32,7 +34,7 @@ Days wholeDaysOf(const ReportRequest& request, int dayBegins) {
     if (isFine)
         return {};
     Days days{dayOf(request.from, dayBegins), dayOf(request.to, dayBegins)};
-    if (request.from != QDateTime(days.first, QTime(dayBegins, 0)))
+    if (request.from != beginningOf(days.first, dayBegins))
         days.first = days.first.addDays(1);
     return days;
 }
@@ -101,6 +103,12 @@ void readWholeDays(Report& report, SqliteDatabase& history, const ReportRequest&
 
 } // namespace
 
+SqliteDatabase::Mode howToRead(const QString& path) {
+    // The journal of a link lies beside what it leads to.
+    const bool isAtRest = !QFileInfo::exists(QFileInfo(path).canonicalFilePath() + QStringLiteral("-wal"));
+    return isAtRest ? SqliteDatabase::Mode::AtRest : SqliteDatabase::Mode::Read;
+}
+
 void readInto(Report& report, SqliteDatabase& history, const ReportRequest& request, int dayBegins) {
     const qint64 from = request.from.toMSecsSinceEpoch();
     const qint64 to = request.to.toMSecsSinceEpoch();
@@ -109,8 +117,8 @@ void readInto(Report& report, SqliteDatabase& history, const ReportRequest& requ
         return readStretches(report, history, from - kLongest, to, days, dayBegins);
     // The parts of the range that are no whole days are read stretch by stretch. Days in other time zones
     // began at another moment, so they are read the same way.
-    const qint64 firstDay = QDateTime(days.first, QTime(dayBegins, 0)).toMSecsSinceEpoch();
-    const qint64 lastDay = QDateTime(days.end, QTime(dayBegins, 0)).toMSecsSinceEpoch();
+    const qint64 firstDay = beginningOf(days.first, dayBegins).toMSecsSinceEpoch();
+    const qint64 lastDay = beginningOf(days.end, dayBegins).toMSecsSinceEpoch();
     readStretches(report, history, from - kLongest, std::min(firstDay + kFarthestZone, to), days, dayBegins);
     if (lastDay - kFarthestZone > firstDay + kFarthestZone)
         readStretches(report, history, lastDay - kFarthestZone, to, days, dayBegins);

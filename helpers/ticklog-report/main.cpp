@@ -34,7 +34,8 @@ int reportFrom(const QString& path, const Folders& folders, const QStringList& a
                const QDateTime& now) {
     if (!QFileInfo(path).isFile())
         return fail(kUnreadable, QStringLiteral("there is no history at %1").arg(path));
-    SqliteDatabase history(path, SqliteDatabase::Mode::Read, kPatienceMs);
+    const SqliteDatabase::Mode mode = howToRead(path);
+    SqliteDatabase history(path, mode, kPatienceMs);
     const HistorySchema::Form form = HistorySchema::formOf(history);
     if (form != HistorySchema::Form::Ours)
         return fail(kUnreadable, form == HistorySchema::Form::Newer
@@ -51,7 +52,17 @@ int reportFrom(const QString& path, const Folders& folders, const QStringList& a
         return fail(kNotUnderstood, QStringLiteral("there is no project “%1”").arg(*request->project));
     Report report(*request, names, dayBegins);
     readInto(report, history, *request, dayBegins);
+    // Another program has begun to write meanwhile.
+    if (mode == SqliteDatabase::Mode::AtRest && howToRead(path) != mode)
+        return reportFrom(path, folders, arguments, now);
     return print(ReportFormats::text(report, request->format, now));
+}
+
+QString reasonFor(const SqliteError& error, const QString& path) {
+    if (howToRead(path) == SqliteDatabase::Mode::AtRest ||
+        QFileInfo(QFileInfo(path).canonicalPath()).isWritable())
+        return error.text();
+    return QStringLiteral("it has a journal beside it (-wal); copy both to a folder that you may write");
 }
 
 } // namespace
@@ -75,6 +86,6 @@ int main(int argc, char** argv) {
     try {
         return reportFrom(path, folders, arguments, now);
     } catch (const SqliteError& error) {
-        return fail(kUnreadable, QStringLiteral("%1 cannot be read: %2").arg(path, error.text()));
+        return fail(kUnreadable, QStringLiteral("%1 cannot be read: %2").arg(path, reasonFor(error, path)));
     }
 }

@@ -12,9 +12,11 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <random>
 
 namespace {
@@ -155,6 +157,78 @@ TEST_F(ReportReadingTest, projectsAndRules_areTheUsersOwn) {
         "project,app,seconds\r\nMeier,Letters,60\r\n");
     EXPECT_EQ(report(day + QStringList(QStringLiteral("--by=category"))).toStdString(),
               "category,seconds\r\noffice,60\r\ntalk,60\r\n");
+}
+
+TEST_F(ReportReadingTest, aFileThatNobodyHasOpen_isReadAndNothingIsLeftBesideIt) {
+    const QString path = m_folder.filePath(QStringLiteral("50% of #1?.sqlite"));
+    {
+        HistoryFile file(path);
+        SqliteTransaction transaction(file.database());
+        file.add(row(kHour, 60'000, QStringLiteral("Mail"), QString()));
+        transaction.commit();
+        EXPECT_EQ(howToRead(path), SqliteDatabase::Mode::Read) << "its journal has what the file lacks";
+    }
+    const QStringList before = QDir(m_folder.path()).entryList(QDir::Files);
+    {
+        SqliteDatabase history(path, howToRead(path), 0);
+        const SqliteTransaction reading(history);
+        EXPECT_EQ(history.number("SELECT count(*) FROM stretches"), 1);
+        EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before);
+    }
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before);
+}
+
+class ReportReadingInBerlinTest : public ReportReadingTest {
+protected:
+    ReportReadingInBerlinTest() {
+        m_zone = qgetenv("TZ");
+        qputenv("TZ", "Europe/Berlin");
+        ::tzset();
+    }
+    ~ReportReadingInBerlinTest() override {
+        if (m_zone.isNull())
+            qunsetenv("TZ");
+        else
+            qputenv("TZ", m_zone);
+        ::tzset();
+    }
+
+    // Every minute of this many hours.
+    void fill(QDate day, int hours) {
+        const qint64 begin = QDateTime(day, QTime(0, 0), QTimeZone::utc()).toMSecsSinceEpoch();
+        SqliteTransaction transaction(m_file.database());
+        for (int hour = 0; hour < hours; ++hour) {
+            HistoryRow each = row(begin + hour * kHour, kHour, QStringLiteral("Mail"), QString());
+            each.offset = QDateTime::fromMSecsSinceEpoch(each.start).offsetFromUtc() / 60;
+            m_file.add(each);
+        }
+        transaction.commit();
+    }
+
+    QByteArray m_zone;
+};
+
+TEST_F(ReportReadingInBerlinTest, aDayThatBeginsInTheHourTheClockSkipsOrRepeats_isWhole) {
+    m_dayBegins = 2;
+    m_file.setDayBegin(m_dayBegins);
+    fill(QDate(2026, 3, 26), 120);
+    fill(QDate(2026, 10, 22), 120);
+    const std::pair<const char*, int> days[]{{"2026-03-27", 24}, {"2026-03-28", 24}, {"2026-03-29", 23},
+                                             {"2026-10-23", 24}, {"2026-10-24", 24}, {"2026-10-25", 25}};
+    for (const auto& [day, hours] : days) {
+        const QString first = QString::fromLatin1(day);
+        const QString next = QDate::fromString(first, Qt::ISODate).addDays(1).toString(Qt::ISODate);
+        const auto total = [&] {
+            return report({QStringLiteral("--from"), first, QStringLiteral("--to"), next}).toStdString();
+        };
+        EXPECT_EQ(total(), "app,seconds\r\nMail," + std::to_string(hours * 3600) + "\r\n") << day;
+        for (const char* key : {"app", "day", "hour", "month"}) {
+            const QStringList arguments{QStringLiteral("--from"), first,
+                                        QStringLiteral("--to"),   next,
+                                        QStringLiteral("--by"),   QString::fromLatin1(key)};
+            EXPECT_EQ(report(arguments).toStdString(), plainReport(arguments).toStdString()) << day << key;
+        }
+    }
 }
 
 } // namespace
