@@ -42,7 +42,7 @@ TEST_F(LinuxSystemTrayTest, aServiceThatTakesIcons_isOfferedAtOnce) {
 
 TEST_F(LinuxSystemTrayTest, aProgramThatEmbedsIcons_isOfferedWhenNoServiceCame) {
     int told = 0;
-    m_tray.observe([&] { ++told; });
+    const Subscription subscription = m_tray.observe([&] { ++told; });
     m_tray.setEmbedding(true);
     EXPECT_TRUE(waitForOffer(Offer::Embedded));
     EXPECT_EQ(told, 1);
