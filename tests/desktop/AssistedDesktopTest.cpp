@@ -68,7 +68,7 @@ TEST_F(AssistedDesktopTest, programsThatTell_areSeenAndItIsSaidThatOthersAreNot)
     EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("no time can be credited")))
         << "nobody tells yet";
     EXPECT_SEEN(*this, "Desktop: none");
-    EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("Only programs that tell")));
+    EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("sees only programs that tell")));
     EXPECT_TRUE(desktop->describe().contains(QStringLiteral("AT-SPI")));
     const auto writer = startWith(QStringLiteral("Letter"));
     EXPECT_SEEN(*this, "qt-client: Letter");
