@@ -17,6 +17,7 @@ namespace {
 constexpr auto kBetweenWrites = 14'500ms;
 constexpr Seconds kMostMissing = 10;
 constexpr auto kBetweenTries = 60s;
+constexpr auto kBetweenTriesWhileBusy = 1s;
 constexpr auto kLongestEnd = 2000ms;
 constexpr std::int64_t kDay = 86'400'000;
 constexpr std::size_t kManyWaiting = 5000;
@@ -100,12 +101,45 @@ std::unique_ptr<HistoryReader> History::reader() const {
 
 void History::catchUp() {
     const QByteArray content = m_services.database.mainStoreContent();
-    const HistoryDebts debts = HistoryDebts::of(m_path, content);
-    m_recorder.setGeneration(debts.generation());
-    if (!debts.isKnown()) {
-        m_writer.noteStore(HistoryChange::StoreUnknown{content});
-        return;
+    bool isKnown = false;
+    std::int64_t generation = 0;
+    for (const QByteArray& read : m_services.database.contentsRead()) {
+        const HistoryDebts debts = HistoryDebts::of(m_path, read);
+        if (debts.isBusy()) {
+            m_undecided = true;
+            // Later than all that the file may hold.
+            m_recorder.setGeneration(now());
+            return;
+        }
+        isKnown = isKnown || (debts.isKnown() && read == content);
+        generation = std::max(generation, debts.generation());
+        pay(debts);
     }
+    m_recorder.setGeneration(generation);
+    if (isKnown)
+        return;
+    m_writer.noteStore(HistoryChange::StoreUnknown{content, m_services.database.isAwaitingMainStore()});
+    // It was written at this launch already, without what was paid now.
+    if (m_services.database.contentsRead().size() > 1)
+        m_services.database.saveSoon();
+}
+
+// The file was busy at launch. What was counted since then is owed to the same store, and nothing of it is in the file.
+bool History::decide() {
+    std::vector<HistoryDebts> all;
+    for (const QByteArray& read : m_services.database.contentsRead())
+        if (all.push_back(HistoryDebts::of(m_path, read)); all.back().isBusy())
+            return false;
+    m_undecided = false;
+    for (const HistoryDebts& debts : all)
+        pay(debts);
+    if (std::ranges::none_of(all, &HistoryDebts::isKnown))
+        beginAnew();
+    m_services.database.saveSoon();
+    return true;
+}
+
+void History::pay(const HistoryDebts& debts) {
     if (const Seconds paid = debts.pay(m_services.tracker); paid > 0)
         m_services.log.log(
             QStringLiteral("%1 seconds that the database lacked were added from the history").arg(paid));
@@ -151,18 +185,25 @@ void History::settingsChanged() {
         m_listening.reset();
         m_services.database.setWitness(nullptr);
         m_nextWrite.reset();
+        m_undecided = false;
         HistoryBatch unwanted;
         m_recorder.settle();
         m_recorder.takeInto(unwanted);
         m_writer.removeFile();
     } else if (days >= 0 && !m_listening) {
-        // What the store lacks is not known any more.
-        m_writer.noteStore(HistoryChange::StoreUnknown{QByteArray("none")});
+        beginAnew();
         begin();
     } else {
         m_sweptOn = 0;
         write();
     }
+}
+
+// The file does not know what the store lacks: from now on that is nothing.
+void History::beginAnew() {
+    m_writer.noteStore(
+        HistoryChange::StoreUnknown{QByteArray("none"), m_services.database.isAwaitingMainStore()});
+    m_services.database.saveSoon();
 }
 
 void History::renamed(const FrozenIdentities& identities) {
@@ -197,9 +238,19 @@ void History::change(HistoryChange::Any what) {
 }
 
 void History::finish() {
+    if (m_undecided) {
+        // Writing would delete what is owed.
+        if (!decide())
+            return;
+        static_cast<void>(m_services.database.saveSettingsToDiskAtURL());
+    }
     if (m_listening)
         m_recorder.takeInto(m_writer.next());
     m_writer.finish(kLongestEnd);
+}
+
+void History::storeIsRead(const QByteArray& content) {
+    pay(HistoryDebts::of(m_path, content));
 }
 
 void History::storeIsWhole(const QByteArray& content) {
@@ -208,7 +259,8 @@ void History::storeIsWhole(const QByteArray& content) {
 }
 
 void History::storeIsPlaced(const QByteArray& content) {
-    m_writer.noteStore(HistoryChange::StorePlaced{content, m_recorder.generation()});
+    m_writer.noteStore(HistoryChange::StorePlaced{content, m_recorder.generation(),
+                                                  m_services.database.isAwaitingMainStore()});
     write();
 }
 
@@ -217,23 +269,30 @@ void History::newsHasCome() {
         m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenWrites, [this] { write(); });
 }
 
+std::int64_t History::now() const {
+    return std::chrono::floor<std::chrono::milliseconds>(m_services.clock.now()).time_since_epoch().count();
+}
+
 void History::write() {
     m_nextWrite.reset();
     // Waiting rows will be joined, so the recorder must not change them any more.
     if (m_writer.waiting() > kManyWaiting)
         m_recorder.settle();
     m_recorder.takeInto(m_writer.next());
-    const std::int64_t now =
-        std::chrono::floor<std::chrono::milliseconds>(m_services.clock.now()).time_since_epoch().count();
-    if (m_days > 0 && std::exchange(m_sweptOn, now / kDay) != now / kDay)
-        m_writer.setOldest(now - m_days * kDay);
+    if (m_undecided && !decide()) {
+        noteWhetherHeldUp();
+        m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenTriesWhileBusy, [this] { write(); });
+        return;
+    }
+    if (const std::int64_t day = now() / kDay; m_days > 0 && std::exchange(m_sweptOn, day) != day)
+        m_writer.setOldest(now() - m_days * kDay);
     noteWhetherHeldUp();
     m_writer.write();
 }
 
 // The message does not ask the disk for a reason: asking would hang, too.
 void History::noteWhetherHeldUp() {
-    m_heldUp = m_writer.isWriting() ? m_heldUp + 1 : 0;
+    m_heldUp = m_writer.isWriting() || m_undecided ? m_heldUp + 1 : 0;
     if (m_heldUp >= kHangs)
         m_services.trouble.tell(Trouble::HistoryUnwritten,
                                 AccountTrouble::about(localized("“%@” cannot be saved."), m_path));
@@ -263,11 +322,15 @@ void History::told(const HistoryKeeper::Report& report) {
         return;
     }
     const bool isSaid = std::exchange(m_why, report.why) == report.why;
-    if (report.state == HistoryKeeper::State::Written)
+    if (report.state == HistoryKeeper::State::Written) {
+        if (report.isStrange && m_listening)
+            beginAnew();
         return trouble.end(Trouble::HistoryUnwritten);
+    }
     if (!isSaid)
         m_services.log.log(QStringLiteral("The history could not be written: ") + report.why);
     trouble.tell(Trouble::HistoryUnwritten, AccountTrouble::unwritten(m_path));
     // Tries again even if nothing new comes.
-    m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenTries, [this] { write(); });
+    m_nextWrite = m_services.runLoop.scheduleOnce(report.isBusy ? kBetweenTriesWhileBusy : kBetweenTries,
+                                                  [this] { write(); });
 }

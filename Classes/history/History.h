@@ -7,6 +7,8 @@
 #include "Classes/record/StoreWitness.h"
 #include "Classes/record/TimeDatabase.h"
 
+class HistoryDebts;
+
 // Records when time was spent: a journal of stretches beside the totals, in a file of its own. At launch it
 // adds to the totals what a crash took from them. It listens to the tracker and is told of each save, and
 // never holds either of them up. Main thread only.
@@ -55,6 +57,7 @@ public:
     // The program ends: writes all that waits, as far as the disk answers in time.
     void finish();
 
+    void storeIsRead(const QByteArray& content) override;
     void storeIsWhole(const QByteArray& content) override;
     void storeIsPlaced(const QByteArray& content) override;
 
@@ -73,6 +76,10 @@ private:
     void catchUp();
     void listen();
     void begin();
+    void beginAnew();
+    bool decide();
+    void pay(const HistoryDebts& debts);
+    std::int64_t now() const;
     void settingsChanged();
     void renamed(const FrozenIdentities& identities);
     void deleted(const TimerReferences& timers, bool isDeleted);
@@ -93,6 +100,8 @@ private:
     int m_dayBegins = 0;
     // The day on which old rows were last deleted.
     std::int64_t m_sweptOn = 0;
+    // The file was busy at launch, so it is not known yet what the store lacks. Nothing is written until then.
+    bool m_undecided = false;
     // How many writes in a row came due while the one before was still under way.
     int m_heldUp = 0;
     // Why the last write failed; empty if it did not.

@@ -93,12 +93,16 @@ struct StoreWhole {
 struct StorePlaced {
     QByteArray content;
     std::int64_t generation;
+    // It stands in for another one that is away, and what is owed to that one stays.
+    bool isAnotherAway = false;
 };
 
 // A store with this content was read, and the history does not know it. What is owed belongs to another
 // store.
 struct StoreUnknown {
     QByteArray content;
+    // That other store is only away, and what is owed to it stays.
+    bool isAnotherAway = false;
 };
 
 using Any = std::variant<Renamed, Deleted, Forgotten, Ruled, StoreWhole, StorePlaced, StoreUnknown>;

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -47,11 +48,14 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
         SqliteQuery store(file, "SELECT since FROM stores WHERE content = ?", content);
         if (!store.next())
             return debts;
-        debts.m_generation = store.integer(0);
+        const std::int64_t since = store.integer(0);
+        // What is owed to a store that is away lies below zero.
+        const std::int64_t end = since < 0 ? 0 : std::numeric_limits<std::int64_t>::max();
+        debts.m_generation = std::max<std::int64_t>(since, 0);
         for (SqliteQuery row(file,
                              "SELECT generation, application, program, window, document, length FROM owed "
-                             "WHERE generation >= ?",
-                             store.integer(0));
+                             "WHERE generation >= ? AND generation < ?",
+                             since, end);
              row.next();) {
             const auto window = Identity::fromBytes(row.bytes(3));
             debts.m_debts.push_back(
@@ -63,9 +67,10 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
             debts.m_generation = std::max(debts.m_generation, row.integer(0));
         }
         debts.m_isKnown = true;
-    } catch (const SqliteError&) {
+    } catch (const SqliteError& error) {
         // The thread that writes the file will notice and report what is wrong.
-        return {};
+        debts = {};
+        debts.m_isBusy = error.isBusy();
     }
     return debts;
 }

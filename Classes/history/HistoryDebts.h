@@ -12,6 +12,8 @@ public:
     // file that cannot be read owes nothing.
     static HistoryDebts of(const QString& path, const QByteArray& content);
 
+    // Another program has the file at this moment, so nothing is known yet.
+    bool isBusy() const { return m_isBusy; }
     // Whether the history knows this content. If not, nothing is owed.
     bool isKnown() const { return m_isKnown; }
     // The last generation from which something is owed.
@@ -29,6 +31,7 @@ private:
     void payApplication(TimeTracker& tracker, const Debt& debt) const;
     void payWindow(TimeTracker& tracker, const Debt& debt) const;
 
+    bool m_isBusy = false;
     bool m_isKnown = false;
     std::int64_t m_generation = 0;
     std::vector<Debt> m_debts;

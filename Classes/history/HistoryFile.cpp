@@ -13,6 +13,8 @@
 namespace {
 
 constexpr std::int64_t kMinute = 60'000;
+// Added to the generations of a store that is away: they are below zero, and in the same order.
+constexpr std::int64_t kAway = -(std::int64_t(1) << 60);
 constexpr std::int64_t kHour = 60 * kMinute;
 constexpr std::int64_t kDay = 24 * kHour;
 
@@ -215,15 +217,22 @@ void HistoryFile::apply(const HistoryChange::StoreWhole& change) {
 }
 
 void HistoryFile::apply(const HistoryChange::StorePlaced& change) {
-    sqliteRun(m_database, "DELETE FROM stores WHERE content <> ?", change.content);
+    const std::int64_t first = change.isAnotherAway ? 0 : kAway;
+    sqliteRun(m_database, "DELETE FROM stores WHERE content <> ? AND since >= ?", change.content, first);
     sqliteRun(m_database, "INSERT OR REPLACE INTO stores VALUES (?, ?)", change.content, change.generation);
-    sqliteRun(m_database, "DELETE FROM owed WHERE generation < ?", change.generation);
+    sqliteRun(m_database, "DELETE FROM owed WHERE generation >= ? AND generation < ?", first,
+              change.generation);
 }
 
 void HistoryFile::apply(const HistoryChange::StoreUnknown& change) {
-    sqliteRun(m_database, "DELETE FROM stores");
-    sqliteRun(m_database, "DELETE FROM owed");
-    sqliteRun(m_database, "INSERT INTO stores VALUES (?, 0)", change.content);
+    if (change.isAnotherAway && m_database.number("SELECT count(*) FROM stores WHERE since < 0") == 0) {
+        sqliteRun(m_database, "UPDATE stores SET since = since + ?", kAway);
+        sqliteRun(m_database, "UPDATE owed SET generation = generation + ?", kAway);
+    }
+    const std::int64_t first = change.isAnotherAway ? 0 : kAway;
+    sqliteRun(m_database, "DELETE FROM stores WHERE since >= ?", first);
+    sqliteRun(m_database, "DELETE FROM owed WHERE generation >= ?", first);
+    sqliteRun(m_database, "INSERT OR REPLACE INTO stores VALUES (?, 0)", change.content);
 }
 
 void HistoryFile::owe(const OwedTime& to, std::int64_t length) {

@@ -37,6 +37,8 @@ public:
     void setDayBegin(int hour);
 
     SqliteDatabase& database() { return m_database; }
+    // Whether it knows what any store lacks.
+    bool knowsStore() { return m_database.number("SELECT count(*) FROM stores") > 0; }
     bool hasMoved() const { return m_database.hasMoved(); }
     // Adds one row, within a transaction of the caller's.
     Key add(const HistoryRow& row);
@@ -73,6 +75,7 @@ private:
     void apply(const HistoryChange::StoreUnknown& change);
     void owe(const OwedTime& to, std::int64_t length);
 
+    void forget(const HistoryChange::Forgotten& what);
     void cutAt(std::int64_t time);
     void rulePairs(const TitleRules& rules);
     void moveTimers(const std::optional<Identity>& hidden);

@@ -15,16 +15,20 @@ constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ?
 } // namespace
 
 void HistoryFile::apply(const HistoryChange::Forgotten& change) {
-    if (change.from)
-        cutAt(*change.from);
-    if (change.to)
-        cutAt(*change.to);
-    forgetRows(change);
+    forget(change);
     // Time that was owed to the store is a trace as well.
     if (change.program && !change.title)
         sqliteRun(m_database, "DELETE FROM owed WHERE program = ?", *change.program);
     else
         sqliteRun(m_database, "DELETE FROM owed");
+}
+
+void HistoryFile::forget(const HistoryChange::Forgotten& what) {
+    if (what.from)
+        cutAt(*what.from);
+    if (what.to)
+        cutAt(*what.to);
+    forgetRows(what);
     dropUnused();
     m_hasToEmpty = true;
 }
@@ -111,7 +115,8 @@ void HistoryFile::sweep(std::optional<std::int64_t> before, bool isDeletedToGo) 
     if (before) {
         SqliteQuery first(m_database, "SELECT min(start) FROM stretches WHERE start < ?", *before);
         if (first.next() && first.integer(0) != 0)
-            apply(HistoryChange::Forgotten{.program = {}, .title = {}, .from = {}, .to = before});
+            // What is owed is not old: no save of the store goes with this.
+            forget(HistoryChange::Forgotten{.program = {}, .title = {}, .from = {}, .to = before});
     }
     transaction.commit();
     empty();

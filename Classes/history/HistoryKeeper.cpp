@@ -20,18 +20,19 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
     Report report;
     try {
         try {
-            attempt(batch, oldest, dayBegins);
+            report.isStrange = attempt(batch, oldest, dayBegins);
         } catch (const SqliteError& error) {
             if (!error.isDamage() || !QFileInfo(m_path).isFile())
                 throw;
             setAside(report);
-            attempt(batch, oldest, dayBegins);
+            report.isStrange = attempt(batch, oldest, dayBegins);
         }
     } catch (const HistoryFile::Newer&) {
         report.state = State::Newer;
     } catch (const SqliteError& error) {
         report.state = State::Unwritten;
         report.why = error.text();
+        report.isBusy = error.isBusy();
     }
     // Open it anew next time: whatever was wrong may be over by then.
     if (report.state != State::Written)
@@ -39,11 +40,14 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
     return report;
 }
 
-void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
+// Whether the file does not know what the store lacks.
+bool HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
                             std::optional<int> dayBegins) {
     // Somebody has removed the file, or put another in its place.
-    if (m_file && m_file->hasMoved())
+    if (m_file && m_file->hasMoved()) {
         m_file.reset();
+        m_isOther = true;
+    }
     if (!m_file)
         m_file.emplace(m_path);
     // Deleted timers can be brought back as long as the program runs, so their rows are removed only at its
@@ -56,6 +60,8 @@ void HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_
         m_file->setDayBegin(*dayBegins);
     if (!batch.isEmpty())
         m_file->write(batch, m_written);
+    const bool knowsStore = m_file->knowsStore();
+    return std::exchange(m_isOther, false) || !knowsStore;
 }
 
 void HistoryKeeper::setAside(Report& report) {

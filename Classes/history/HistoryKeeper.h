@@ -15,6 +15,10 @@ public:
         // Where a damaged file was set aside, and how many stretches were rescued from it.
         std::optional<QString> setAside;
         int takenOver = 0;
+        // The file is not the one of before, so it does not know what the store lacks.
+        bool isStrange = false;
+        // Another program has the file. It will be free soon.
+        bool isBusy = false;
     };
 
     explicit HistoryKeeper(QString path)
@@ -32,11 +36,13 @@ public:
     Report close();
 
 private:
-    void attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest, std::optional<int> dayBegins);
+    bool attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest, std::optional<int> dayBegins);
     void setAside(Report& report);
 
     QString m_path;
     std::optional<HistoryFile> m_file;
     HistoryFile::Written m_written;
     bool m_isSwept = false;
+    // The file was exchanged, and no write has told so yet.
+    bool m_isOther = false;
 };

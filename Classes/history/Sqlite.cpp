@@ -34,6 +34,10 @@ bool SqliteError::isDamage() const {
     return (m_code & 0xff) == SQLITE_CORRUPT || (m_code & 0xff) == SQLITE_NOTADB;
 }
 
+bool SqliteError::isBusy() const {
+    return (m_code & 0xff) == SQLITE_BUSY || (m_code & 0xff) == SQLITE_LOCKED;
+}
+
 void SqliteDatabase::Closing::operator()(sqlite3* database) const {
     sqlite3_close_v2(database);
 }

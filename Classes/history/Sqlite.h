@@ -23,6 +23,8 @@ public:
 
     // The content is no database, or one that is damaged.
     bool isDamage() const;
+    // Another program uses it at this moment.
+    bool isBusy() const;
     const QString& text() const { return m_text; }
     const char* what() const noexcept override { return "SqliteError"; }
 

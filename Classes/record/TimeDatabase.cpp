@@ -86,6 +86,9 @@ TimeDatabase::TimeDatabase(TimeTracker& tracker, TimeStoreServices& services, Us
     , m_mainStorePath(defaultMainStoreURL()) {
     // If this fails, writing into the folder will report it.
     static_cast<void>(PrivateFiles::makeFolder(m_applicationSupportFolder));
+    for (const QString& edit : {kTicklogRemoveTimersNotification, kTicklogPutBackTimersNotification,
+                                kTicklogBranchNodeNotification, kTicklogUnbranchNodeNotification})
+        m_edits.push_back(services.notifications.observe(edit, [this](const Notification&) { saveSoon(); }));
 }
 
 TimeDatabase::~TimeDatabase() = default;
@@ -156,6 +159,10 @@ Outcome TimeDatabase::writeMainStore(const std::function<void(PropertyListSink&)
 
 QByteArray TimeDatabase::mainStoreContent() const {
     return m_store->digest(m_mainStorePath);
+}
+
+void TimeDatabase::saveSoon() {
+    m_nextTry = m_services.runLoop.scheduleOnce({}, [this] { static_cast<void>(saveSettingsToDiskAtURL()); });
 }
 
 void TimeDatabase::mainStoreWritten(bool isWritten) {
@@ -232,6 +239,7 @@ void TimeDatabase::loadMainStore() {
 // A file that is no account, as far as we understand, must not be overwritten.
 bool TimeDatabase::loadOrSetAside(const QString& location) {
     tellWhetherExposed(location);
+    m_contentsRead = {m_store->digest(location)};
     const auto loaded = load(location);
     if (loaded && !m_hasLeftOut)
         return true;
@@ -271,6 +279,7 @@ void TimeDatabase::lookForMainStore() {
 
 void TimeDatabase::bringTogether() {
     const PropertyListArray meanwhile = m_tracker.arrayRepresentation();
+    const std::vector<QByteArray> meanwhileRead = m_contentsRead;
     const Date lastReset = m_tracker.lastResetDate();
     const QString location = *m_awaited;
     {
@@ -289,9 +298,12 @@ void TimeDatabase::bringTogether() {
     }
     if (!isIn) {
         m_tracker.putBack(meanwhile);
+        m_contentsRead.insert(m_contentsRead.end(), meanwhileRead.begin(), meanwhileRead.end());
         m_defaults.setObject(kMeanwhileNotYetIn, stateOf(location));
         m_defaults.synchronize();
     }
+    if (m_witness)
+        m_witness->storeIsRead(m_contentsRead.front());
     m_owesMeanwhile = true;
     m_services.log.log(QStringLiteral("%1 is back: what was counted meanwhile is added to it").arg(location));
     if (m_hooks.timersReplaced)

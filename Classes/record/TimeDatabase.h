@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class IncomingTimers;
 class StoreFile;
@@ -71,6 +72,9 @@ public:
     // Writes the main store; with a location, writes a copy there that holds the projects as well. On failure
     // the old file stays whole, and the main store is tried again every minute.
     Outcome saveSettingsToDiskAtURL(const std::optional<QString>& location = std::nullopt);
+    // Writes the main store in the loop's next turn, once however often it is asked. Timers that are deleted, frozen,
+    // or brought back are saved so: projects and history have written it at once, and a crash must not part them.
+    void saveSoon();
     // Replaces all timers by those of a file and answers what was read. Absent, and the timers are unchanged,
     // when the file cannot be read or is no account.
     std::optional<PropertyListDictionary> loadDictionaryFromURL(const QString& location);
@@ -98,6 +102,9 @@ public:
 
     // A digest of the main store on the disk; empty when there is none.
     QByteArray mainStoreContent() const;
+    // Digests of the files, as they were read, whose timers are in the tree. More than one if a store that was away has
+    // come back.
+    const std::vector<QByteArray>& contentsRead() const { return m_contentsRead; }
     // The witness is told of each save of the main store from now on. Null for none.
     void setWitness(StoreWitness* witness) { m_witness = witness; }
 
@@ -136,10 +143,13 @@ private:
     QString m_applicationSupportFolder;
     QString m_mainStorePath;
     std::optional<QString> m_awaited;
+    std::vector<QByteArray> m_contentsRead;
     // Some of what was last read was damaged.
     bool m_hasLeftOut = false;
     // The tree holds what was counted meanwhile, and the main store does not yet.
     bool m_owesMeanwhile = false;
     std::unique_ptr<RunLoopTimer> m_nextLook;
+    // Of a save: because the last one failed, or soon.
     std::unique_ptr<RunLoopTimer> m_nextTry;
+    std::vector<Subscription> m_edits;
 };
