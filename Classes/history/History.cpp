@@ -325,6 +325,8 @@ void History::told(const HistoryKeeper::Report& report) {
     if (report.state == HistoryKeeper::State::Written) {
         if (report.isStrange && m_listening)
             beginAnew();
+        if (report.isToEmpty && !m_nextWrite)
+            m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenWrites, [this] { write(); });
         return trouble.end(Trouble::HistoryUnwritten);
     }
     if (!isSaid)

@@ -35,6 +35,10 @@ public:
     void sweep(std::optional<std::int64_t> before, bool isDeletedToGo);
     // Sets the hour at which a day begins, 0 to 23, for future rows and for those in the file.
     void setDayBegin(int hour);
+    // Moves SQLite's journal into the file and overwrites it, if it may still hold what was forgotten. While
+    // another program reads, it stays to be done, and the next write tries again.
+    void empty();
+    bool hasToEmpty() const { return m_hasToEmpty; }
 
     SqliteDatabase& database() { return m_database; }
     // Whether it knows what any store lacks.
@@ -83,12 +87,11 @@ private:
     void sumDaysAgain(std::int64_t first, std::int64_t last);
     void sumMonthsAgain();
     void dropUnused();
-    void empty();
 
     SqliteDatabase m_database;
     std::int64_t m_dayBegin = 0;
-    // SQLite's journal may still hold what was forgotten.
-    bool m_hasToEmpty = false;
+    // At first, because a journal that was left behind may hold what was forgotten when another program read.
+    bool m_hasToEmpty = true;
 };
 
 // The number by which the file knows a day: 20261120.

@@ -132,7 +132,6 @@ void HistoryFile::setDayBegin(int hour) {
     transaction.commit();
 }
 
-// Moves SQLite's journal into the file and overwrites it. If another program is reading, this is done later.
 void HistoryFile::empty() {
     if (!m_hasToEmpty)
         return;

@@ -37,6 +37,7 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
     // Open it anew next time: whatever was wrong may be over by then.
     if (report.state != State::Written)
         m_file.reset();
+    report.isToEmpty = m_file && m_file->hasToEmpty();
     return report;
 }
 
@@ -60,6 +61,8 @@ bool HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_
         m_file->setDayBegin(*dayBegins);
     if (!batch.isEmpty())
         m_file->write(batch, m_written);
+    else
+        m_file->empty();
     const bool knowsStore = m_file->knowsStore();
     return std::exchange(m_isOther, false) || !knowsStore;
 }

@@ -19,6 +19,8 @@ public:
         bool isStrange = false;
         // Another program has the file. It will be free soon.
         bool isBusy = false;
+        // Another program reads, so what was forgotten is still in SQLite's journal.
+        bool isToEmpty = false;
     };
 
     explicit HistoryKeeper(QString path)

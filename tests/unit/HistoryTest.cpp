@@ -425,6 +425,52 @@ TEST_F(HistoryTest, whatIsForgotten_isInNoFile_andWhatFollowsIsKept) {
     EXPECT_FALSE(HistoryDiary::holdsText(scene.path(), QStringLiteral("Very private")));
 }
 
+// SQLite's journal, and the file.
+QByteArray contentOf(const QString& path) {
+    QByteArray content;
+    for (const QString& ending : {QString(), QStringLiteral("-wal")})
+        if (QFile file(path + ending); file.open(QIODevice::ReadOnly))
+            content += file.readAll();
+    return content;
+}
+
+TEST_F(HistoryTest, whatIsForgottenWhileAnotherProgramReads_goesWhenThatHasRead) {
+    day.start();
+    day.front("Mail", "Very private");
+    day.seconds(20);
+    day.stop();
+    {
+        SqliteDatabase reader(scene.path(), SqliteDatabase::Mode::Read, 0);
+        SqliteQuery reading(reader, "SELECT count(*) FROM stretches");
+        ASSERT_TRUE(reading.next());
+        scene.history->forget({.program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}});
+        day.seconds(1);
+        EXPECT_TRUE(contentOf(scene.path()).contains("Very private"));
+    }
+    day.seconds(20);
+    EXPECT_FALSE(contentOf(scene.path()).contains("Very private"));
+    const int writes = scene.writes;
+    day.seconds(600);
+    EXPECT_EQ(scene.writes, writes) << "it goes on trying";
+}
+
+TEST_F(HistoryTest, whatWasForgottenBeforeACrashWhileAnotherProgramRead_goesAtTheNextLaunch) {
+    day.start();
+    day.front("Mail", "Very private");
+    day.seconds(20);
+    day.stop();
+    SqliteDatabase reader(scene.path(), SqliteDatabase::Mode::Read, 0);
+    SqliteQuery reading(reader, "SELECT count(*) FROM stretches");
+    ASSERT_TRUE(reading.next());
+    scene.history->forget({.program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}});
+    day.seconds(1);
+    const auto next = relaunched(scene);
+    next->day.start();
+    next->day.front("Editor", "a.txt");
+    next->day.seconds(20);
+    EXPECT_FALSE(contentOf(next->path()).contains("Very private"));
+}
+
 TEST_F(HistoryTest, onADiskThatTakesNothing_itWaitsAndIsTold) {
     Scene another;
     ASSERT_TRUE(QDir().mkdir(another.path()));
