@@ -29,7 +29,7 @@ public:
               desk.start(QStringLiteral("dbus-monitor"),
                          {QStringLiteral("--address"), desk.bus().address(), QStringLiteral("--profile")},
                          Program::Output::Read)) {
-        turnEventLoopFor(1s);
+        static_cast<void>(passTime(1s));
         messages();
     }
 
@@ -69,10 +69,10 @@ void measure(const char* family, WaylandDesk& desk) {
     product.launch(desk.environment());
     const auto floor = desk.start(QStringLiteral(TICKLOG_BINARY_DIR "/IdleTimer"));
     desk.activate(QStringLiteral("Ticklog"));
-    turnEventLoopFor(3s);
+    static_cast<void>(passTime(3s));
     desk.putAway(QStringLiteral("Ticklog"));
     desk.activate(kLetter);
-    turnEventLoopFor(3s);
+    static_cast<void>(passTime(3s));
 
     const qint64 program = product.program().processIdentifier();
     const auto print = [&](const char* what, const std::function<void()>& eachSecond, double budget) {

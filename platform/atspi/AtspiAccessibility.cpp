@@ -74,10 +74,12 @@ private:
     Subscription m_watching;
 };
 
-AtspiAccessibility::AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log)
+AtspiAccessibility::AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log,
+                                       std::chrono::milliseconds patience)
     : m_sessionBus(sessionBus)
     , m_runLoop(runLoop)
     , m_log(log)
+    , m_patience(patience)
     , m_launcher(sessionBus, kAtspiLauncher)
     , m_notice(sessionBus, log, [this] { openPreferences(); })
     , m_watchers(new Watchers)
@@ -161,11 +163,12 @@ void AtspiAccessibility::setEnabled(const QVariant& value) {
 void AtspiAccessibility::begin() {
     if (m_link)
         return;
-    m_link =
-        std::make_unique<AtspiLink>(m_sessionBus, m_runLoop, m_log,
-                                    [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
-                                        tell(processIdentifier, change);
-                                    });
+    m_link = std::make_unique<AtspiLink>(
+        m_sessionBus, m_runLoop, m_log,
+        [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
+            tell(processIdentifier, change);
+        },
+        m_patience);
 }
 
 AtspiApplication* AtspiAccessibility::application(std::int64_t processIdentifier) const {

@@ -15,7 +15,8 @@ public:
     // report changes.
     static constexpr std::chrono::seconds kTitlePace{1};
 
-    AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log);
+    AtspiAccessibility(Bus& sessionBus, RunLoop& runLoop, SystemLog& log,
+                       std::chrono::milliseconds patience = AtspiApplication::kPatience);
     ~AtspiAccessibility() override;
 
     bool isProcessTrusted() const override { return m_isEnabled || m_isGranted; }
@@ -64,6 +65,7 @@ private:
     Bus& m_sessionBus;
     RunLoop& m_runLoop;
     SystemLog& m_log;
+    std::chrono::milliseconds m_patience;
     BusService m_launcher;
     TrustNotice m_notice;
     bool m_isEnabled = false;

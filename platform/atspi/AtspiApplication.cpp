@@ -33,12 +33,14 @@ bool isSilence(const QDBusMessage& reply) {
 
 } // namespace
 
-AtspiApplication::AtspiApplication(Bus& bus, RunLoop& runLoop, QString name, QString root, Changed changed)
+AtspiApplication::AtspiApplication(Bus& bus, RunLoop& runLoop, QString name, QString root, Changed changed,
+                                   std::chrono::milliseconds patience)
     : m_bus(bus)
     , m_runLoop(runLoop)
     , m_name(std::move(name))
     , m_root(std::move(root))
-    , m_changed(std::move(changed)) {
+    , m_changed(std::move(changed))
+    , m_patience(patience) {
     auto question = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
                                                    QStringLiteral("GetConnectionUnixProcessID"));
     question << m_name;
@@ -216,15 +218,16 @@ void AtspiApplication::fallSilent() {
 }
 
 void AtspiApplication::ask(const QString& path, const QString& interface, const QString& member,
-                           const QVariantList& arguments, Bus::Receiver receiver, int timeoutMs) {
+                           const QVariantList& arguments, Bus::Receiver receiver,
+                           std::optional<int> timeoutMs) {
     auto question = QDBusMessage::createMethodCall(m_name, path, interface, member);
     question.setArguments(arguments);
-    m_bus.call(question, this, std::move(receiver), timeoutMs);
+    m_bus.call(question, this, std::move(receiver), timeoutMs.value_or(int(m_patience.count())));
 }
 
 void AtspiApplication::askName(const QString& path,
                                std::function<void(const QDBusMessage&, const QString&)> receiver,
-                               int timeoutMs) {
+                               std::optional<int> timeoutMs) {
     ask(
         path, kPropertiesInterface, QStringLiteral("Get"), {kAtspiAccessible, QStringLiteral("Name")},
         [receiver = std::move(receiver)](const QDBusMessage& reply) {

@@ -27,10 +27,13 @@ public:
 
     // The state counts as settled this long after an event.
     static constexpr std::chrono::milliseconds kSettling{50};
+    // How long to wait for an answer. A program that takes longer counts as silent until it answers.
+    static constexpr std::chrono::milliseconds kPatience{5000};
 
     // `name` is the connection's unique name, `root` the path of the application object. Starts reading at
     // once.
-    AtspiApplication(Bus& bus, RunLoop& runLoop, QString name, QString root, Changed changed);
+    AtspiApplication(Bus& bus, RunLoop& runLoop, QString name, QString root, Changed changed,
+                     std::chrono::milliseconds patience = kPatience);
 
     const QString& connectionName() const { return m_name; }
 
@@ -61,10 +64,6 @@ public:
     void reread();
 
 private:
-    // How long to wait for an answer, in milliseconds. A program that takes longer counts as silent until it
-    // answers.
-    static constexpr int kPatienceMs = 5000;
-
     struct Window {
         QString path;
         QString title;
@@ -92,15 +91,16 @@ private:
               bool isActivity = false);
     void fallSilent();
     void ask(const QString& path, const QString& interface, const QString& member,
-             const QVariantList& arguments, Bus::Receiver receiver, int timeoutMs = kPatienceMs);
+             const QVariantList& arguments, Bus::Receiver receiver, std::optional<int> timeoutMs = {});
     void askName(const QString& path, std::function<void(const QDBusMessage&, const QString&)> receiver,
-                 int timeoutMs = kPatienceMs);
+                 std::optional<int> timeoutMs = {});
 
     Bus& m_bus;
     RunLoop& m_runLoop;
     QString m_name;
     QString m_root;
     Changed m_changed;
+    std::chrono::milliseconds m_patience;
     std::int64_t m_processIdentifier = 0;
     QString m_title;
     std::vector<Window> m_windows;

@@ -15,10 +15,12 @@ QString textOf(const QDBusMessage& signal) {
 
 } // namespace
 
-AtspiDesktop::AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplication::Changed changed)
+AtspiDesktop::AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplication::Changed changed,
+                           std::chrono::milliseconds patience)
     : m_bus(accessibilityBus)
     , m_runLoop(runLoop)
     , m_changed(std::move(changed))
+    , m_patience(patience)
     , m_registry(accessibilityBus, kAtspiRegistry)
     , m_presence(m_registry.observe([this] { follow(); })) {
     listenToEvents();
@@ -137,8 +139,8 @@ void AtspiDesktop::learn(const QDBusMessage& children) {
         list >> name >> root;
         list.endStructure();
         if (!name.isEmpty() && !named(name))
-            m_applications.emplace(
-                name, std::make_unique<AtspiApplication>(m_bus, m_runLoop, name, root.path(), m_changed));
+            m_applications.emplace(name, std::make_unique<AtspiApplication>(
+                                             m_bus, m_runLoop, name, root.path(), m_changed, m_patience));
     }
     list.endArray();
 }

@@ -16,7 +16,8 @@ public:
 
     // `changed` is called when a program's main window, its title, or its being active has changed; and with
     // process 0 when the registry has come or gone.
-    AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplication::Changed changed);
+    AtspiDesktop(Bus& accessibilityBus, RunLoop& runLoop, AtspiApplication::Changed changed,
+                 std::chrono::milliseconds patience = AtspiApplication::kPatience);
 
     // Whether the registry, which knows the programs, is on the bus.
     bool isServed() const { return m_registry.isServed(); }
@@ -44,6 +45,7 @@ private:
     Bus& m_bus;
     RunLoop& m_runLoop;
     AtspiApplication::Changed m_changed;
+    std::chrono::milliseconds m_patience;
     BusService m_registry;
     std::unordered_map<QString, std::unique_ptr<AtspiApplication>> m_applications;
     std::unique_ptr<RunLoopTimer> m_firstLook;

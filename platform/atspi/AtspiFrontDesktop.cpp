@@ -26,21 +26,23 @@ bool isInFront(const AtspiApplication& application) {
 } // namespace
 
 AtspiFrontDesktop::AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLog& log,
-                                     DesktopEntries& entries)
+                                     DesktopEntries& entries, std::chrono::milliseconds patience)
     : KnownWindows(entries)
     , m_sessionBus(sessionBus)
     , m_runLoop(runLoop)
-    , m_log(log) {}
+    , m_log(log)
+    , m_patience(patience) {}
 
 void AtspiFrontDesktop::begin() {
     if (m_link)
         return;
     m_log.log(QStringLiteral("Programs are asked for their windows by AT-SPI."));
-    m_link =
-        std::make_unique<AtspiLink>(m_sessionBus, m_runLoop, m_log,
-                                    [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
-                                        take(processIdentifier, change);
-                                    });
+    m_link = std::make_unique<AtspiLink>(
+        m_sessionBus, m_runLoop, m_log,
+        [this](std::int64_t processIdentifier, AtspiApplication::Change change) {
+            take(processIdentifier, change);
+        },
+        m_patience);
     m_link->start();
 }
 

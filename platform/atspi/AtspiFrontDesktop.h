@@ -19,7 +19,8 @@ public:
     static constexpr std::chrono::seconds kTitlePace{1};
 
     // All arguments outlive this object.
-    AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, DesktopEntries& entries);
+    AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, DesktopEntries& entries,
+                      std::chrono::milliseconds patience = AtspiApplication::kPatience);
 
     // Starts the accessibility bus if it does not run. Further calls do nothing.
     void begin();
@@ -47,6 +48,7 @@ private:
     Bus& m_sessionBus;
     RunLoop& m_runLoop;
     SystemLog& m_log;
+    std::chrono::milliseconds m_patience;
     // Numbers of windows, by connection and path.
     std::unordered_map<QString, std::int64_t> m_numbers;
     // Above all numbers that a shell uses: when its extension begins to report, its windows must not be taken

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/AtspiLink.h"
 
-AtspiLink::AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed)
+AtspiLink::AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed,
+                     std::chrono::milliseconds patience)
     : m_runLoop(runLoop)
     , m_log(log)
     , m_changed(std::move(changed))
+    , m_patience(patience)
     , m_launcher(sessionBus, kAtspiLauncher)
     , m_presence(m_launcher.observe([this] {
         if (m_launcher.isServed())
@@ -27,7 +29,7 @@ void AtspiLink::connectTo(const QString& address) {
         return;
     m_desktop.reset();
     m_bus = std::make_unique<Bus>(Bus::atAddress(address), m_runLoop, m_log);
-    m_desktop = std::make_unique<AtspiDesktop>(*m_bus, m_runLoop, m_changed);
+    m_desktop = std::make_unique<AtspiDesktop>(*m_bus, m_runLoop, m_changed, m_patience);
     m_connection = m_bus->observe([this] {
         // A launcher that restarts its bus does so at another address.
         if (!m_bus->isConnected())

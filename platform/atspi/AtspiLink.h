@@ -15,7 +15,8 @@ public:
     static constexpr std::chrono::seconds kAskingAgain{1};
 
     // `changed` is called as by AtspiDesktop.
-    AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed);
+    AtspiLink(Bus& sessionBus, RunLoop& runLoop, SystemLog& log, AtspiApplication::Changed changed,
+              std::chrono::milliseconds patience = AtspiApplication::kPatience);
 
     // Starts the launcher and its bus if they do not run. Without this, others have to start them.
     void start() { ask(); }
@@ -30,6 +31,7 @@ private:
     RunLoop& m_runLoop;
     SystemLog& m_log;
     AtspiApplication::Changed m_changed;
+    std::chrono::milliseconds m_patience;
     QString m_address;
     BusService m_launcher;
     Subscription m_presence;

@@ -56,7 +56,8 @@ TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong)
         watch.start();
         inFront = next;
         ++switches[next];
-        turnEventLoopFor(std::chrono::milliseconds(20 + random() % 100));
+        const qint64 staysFor = 20 + random() % 100;
+        ASSERT_TRUE(waitFor([&] { return watch.hasExpired(staysFor); }));
     }
     const Instant beforeEnd = engine.clock().instant();
     engine.timer().computeTime();

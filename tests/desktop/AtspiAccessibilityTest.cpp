@@ -2,7 +2,9 @@
 #include "platform/atspi/AtspiAccessibility.h"
 #include "platform/foundation/time/QtRunLoop.h"
 #include "tests/Places.h"
+#include "tests/desktop/RoundTrip.h"
 #include "tests/desktop/harness/Desk.h"
+#include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/RecordingLog.h"
 
 #include <QDBusVariant>
@@ -26,6 +28,16 @@ protected:
         bool isAnswered = false;
         m_bus.call(message, &m_context, [&](const QDBusMessage&) { isAnswered = true; });
         EXPECT_TRUE(waitFor([&] { return isAnswered; }));
+    }
+
+    QString accessibilityBus() {
+        QString address;
+        auto question = QDBusMessage::createMethodCall(kAtspiLauncher, kAtspiLauncherPath, kAtspiLauncher,
+                                                       QStringLiteral("GetAddress"));
+        m_bus.call(question, &m_context,
+                   [&](const QDBusMessage& reply) { address = reply.arguments().value(0).toString(); });
+        EXPECT_TRUE(waitFor([&] { return !address.isEmpty(); }));
+        return address;
     }
 
     void setEnabled(bool isEnabled) {
@@ -57,19 +69,22 @@ protected:
     }
 
     // The title of a program's main window, empty when there is none.
-    QString mainTitle(const Program& program) {
+    template<class Started>
+    QString mainTitle(const Started& program) {
         const auto window =
             m_accessibility.mainWindow(m_accessibility.applicationElement(program.processIdentifier()));
         return window ? m_accessibility.title(*window).value_or(QString()) : QString();
     }
 
-    bool waitForMainTitle(const Program& program, const char* title) {
+    template<class Started>
+    bool waitForMainTitle(const Started& program, const char* title) {
         const bool isSo = waitFor([&] { return mainTitle(program) == QString::fromUtf8(title); });
         EXPECT_EQ(mainTitle(program), QString::fromUtf8(title));
         return isSo;
     }
 
-    std::unique_ptr<AccessibilityObserver> observe(const Program& program, const QStringList& notifications) {
+    template<class Started>
+    std::unique_ptr<AccessibilityObserver> observe(const Started& program, const QStringList& notifications) {
         const auto element = m_accessibility.applicationElement(program.processIdentifier());
         auto observer = m_accessibility.makeObserver(program.processIdentifier(), [this] { ++m_calls; });
         for (const QString& notification : notifications)
@@ -86,7 +101,7 @@ protected:
     QtRunLoop m_runLoop{m_log};
     QObject m_context;
     Bus m_bus{Bus::atAddress(m_daemon.address()), m_runLoop, m_log};
-    AtspiAccessibility m_accessibility{m_bus, m_runLoop, m_log};
+    AtspiAccessibility m_accessibility{m_bus, m_runLoop, m_log, std::chrono::seconds(1)};
     int m_calls = 0;
 };
 
@@ -114,7 +129,9 @@ TEST_F(AtspiAccessibilityTest, aWarning_wakesTheServiceWithoutTurningAnythingOn)
     EXPECT_EQ(accessibility.describe(), QStringLiteral("AT-SPI (not there now)"));
     accessibility.sendTrustWarning();
     EXPECT_TRUE(waitFor([&] { return accessibility.describe() == QStringLiteral("AT-SPI"); }));
-    turnEventLoopFor(std::chrono::milliseconds(200));
+    // It asks, too, as soon as the service is there.
+    EXPECT_TRUE(roundTrip(bus, kAtspiLauncher, kAtspiLauncherPath, QStringLiteral("org.a11y.Status"),
+                          QStringLiteral("IsEnabled")));
     EXPECT_FALSE(accessibility.isProcessTrusted());
 }
 
@@ -196,17 +213,19 @@ TEST_F(AtspiAccessibilityTest, aProgramThatIsGone_hasNoWindow) {
 }
 
 TEST_F(AtspiAccessibilityTest, aProgramThatHangs_keepsItsLastTitleAndStopsNobody) {
-    const auto client = startQtClient();
-    tell(*client, "open First");
-    ASSERT_TRUE(waitForMainTitle(*client, "First"));
-    const auto observer = observe(*client, {kAXTitleChanged});
-    ASSERT_EQ(::kill(pid_t(client->processIdentifier()), SIGSTOP), 0);
+    setEnabled(true);
+    ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
+                      {accessibilityBus(), QStringLiteral("well")});
+    ASSERT_TRUE(waitForMainTitle(odd, "Window"));
+    const auto observer = observe(odd, {kAXTitleChanged});
+    odd.ask("hang");
+    const int atTheHang = odd.ask("asked").toInt();
     const auto other = startQtClient();
     tell(*other, "open Other");
     EXPECT_TRUE(waitForMainTitle(*other, "Other"));
-    // Longer than Ticklog waits for an answer.
-    turnEventLoopFor(std::chrono::milliseconds(6500));
-    EXPECT_EQ(mainTitle(*client), QStringLiteral("First"));
+    // Twice to be read, and when it has been found out that it does not answer, to be told when it does.
+    EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() >= atTheHang + 3; }));
+    EXPECT_EQ(mainTitle(odd), QStringLiteral("Window"));
     EXPECT_EQ(m_calls, 0);
 }
 

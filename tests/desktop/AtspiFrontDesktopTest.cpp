@@ -3,6 +3,7 @@
 #include "platform/atspi/AtspiFrontDesktop.h"
 #include "platform/atspi/Atspi.h"
 #include "tests/Places.h"
+#include "tests/desktop/RoundTrip.h"
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/services/ServiceScript.h"
@@ -73,7 +74,7 @@ protected:
     Desk m_desk;
     SessionBus m_daemon{m_desk.environment(), m_desk.home().runtimeFolder()};
     Bus m_bus{Bus::atAddress(m_daemon.address()), runLoop, log};
-    AtspiFrontDesktop m_front{m_bus, runLoop, log, entries};
+    AtspiFrontDesktop m_front{m_bus, runLoop, log, entries, std::chrono::seconds(1)};
 };
 
 TEST_F(AtspiFrontDesktopTest, programsThatTell_areInFrontWithTheirWindows) {
@@ -160,10 +161,11 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsBehindOthers_isNotBelievedForAMom
     const int before = odd.ask("asked").toInt();
     EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > before; }));
     odd.ask("hang");
+    const int atTheHang = odd.ask("asked").toInt();
     const auto editor = start(QStringLiteral("mousepad"));
     EXPECT_TRUE(seesMousepad());
-    // Long enough to notice that it does not answer.
-    turnEventLoopFor(std::chrono::milliseconds(5500));
+    // Twice to be read, and when it has been found out that it does not answer, to be told when it does.
+    EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() >= atTheHang + 3; }));
     switches.clear();
     const auto terminal = start(QStringLiteral("xterm"));
     EXPECT_SEEN(*this, "Desktop: none");
@@ -174,8 +176,8 @@ TEST_F(AtspiFrontDesktopTest, aProgramThatHangsAtItsStart_isSeenWhenItAnswers) {
     ServiceScript odd(m_desk.home(), QStringLiteral("odd_program.py"),
                       {accessibilityBus(), QStringLiteral("late")});
     EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() > 0; }));
-    // Longer than Ticklog waits for two answers.
-    turnEventLoopFor(std::chrono::milliseconds(10500));
+    // Twice at first, once when it has not answered, and twice more some seconds later.
+    EXPECT_TRUE(waitFor([&] { return odd.ask("asked").toInt() >= 5; }));
     EXPECT_EQ(seen(), QStringLiteral("Desktop: none"));
     odd.ask("answer");
     EXPECT_SEEN(*this, "Odd: Window");
@@ -188,8 +190,12 @@ TEST_F(AtspiFrontDesktopTest, theShellsOwnPrograms_areNobodyAtWork) {
         ServiceScript shells(m_desk.home(), QStringLiteral("odd_program.py"),
                              {accessibilityBus(), QStringLiteral("well"), QLatin1String(name)});
         EXPECT_TRUE(waitFor([&] { return shells.ask("asked").toInt() > 1; }));
-        shells.ask("activate");
-        turnEventLoopFor(std::chrono::milliseconds(500));
+        // Four questions make a reading, and the second begins when the first has been taken in.
+        const int before = shells.ask("asked").toInt();
+        for (const int asked : {4, 8}) {
+            shells.ask("activate");
+            EXPECT_TRUE(waitFor([&] { return shells.ask("asked").toInt() >= before + asked; }));
+        }
         EXPECT_EQ(seen(), QStringLiteral("qt-client: Letter")) << "which says that it is active, too";
         writer->kill();
         EXPECT_SEEN(*this, "Desktop: none");
@@ -266,7 +272,7 @@ TEST(AtspiFrontDesktop, aSessionWithoutABus_tellsNothing) {
     AtspiFrontDesktop front(bus, sight.runLoop, sight.log, sight.entries);
     sight.lookThrough(front);
     front.begin();
-    turnEventLoopFor(std::chrono::milliseconds(300));
+    EXPECT_TRUE(roundTrip(bus)) << "that there is no bus is told by now";
     EXPECT_FALSE(front.isTelling());
     EXPECT_EQ(sight.seen(), QStringLiteral("none: none"));
 }

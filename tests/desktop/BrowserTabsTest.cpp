@@ -96,8 +96,11 @@ protected:
 
     void watch(std::chrono::milliseconds duration) {
         QElapsedTimer all;
-        for (all.start(); all.elapsed() < duration.count(); look())
-            turnEventLoopFor(5ms);
+        all.start();
+        EXPECT_TRUE(waitFor([&] {
+            look();
+            return all.hasExpired(duration.count());
+        }));
     }
 
     // Ticklog runs, and the browser is in front again.

@@ -2,6 +2,7 @@
 #include "platform/linux/LinuxSystemTray.h"
 #include "platform/foundation/time/QtRunLoop.h"
 #include "platform/x11/X11TrayManager.h"
+#include "tests/desktop/RoundTrip.h"
 #include "tests/desktop/harness/Desk.h"
 #include "tests/desktop/harness/Packaged.h"
 #include "tests/desktop/services/ServiceScript.h"
@@ -48,7 +49,11 @@ TEST_F(LinuxSystemTrayTest, aProgramThatEmbedsIcons_isOfferedWhenNoServiceCame) 
     EXPECT_EQ(told, 1);
     ServiceScript panel(m_home, QStringLiteral("tray.py"), {m_daemon.address()});
     panel.ask("watch");
-    turnEventLoopFor(std::chrono::milliseconds(300));
+    // The tray has heard of the service and asked it when this is answered.
+    EXPECT_TRUE(roundTrip(m_bus));
+    EXPECT_TRUE(roundTrip(
+        m_bus, QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
+        QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("IsStatusNotifierHostRegistered")));
     EXPECT_EQ(m_tray.offer(), Offer::Embedded) << "which of the two it is holds for the life of the process";
     m_tray.setEmbedding(false);
     EXPECT_EQ(m_tray.offer(), Offer::Embedded) << "a panel that is started anew is back soon";

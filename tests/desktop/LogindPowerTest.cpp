@@ -2,6 +2,7 @@
 #include "platform/foundation/time/QtRunLoop.h"
 #include "platform/foundation/values/Assertions.h"
 #include "platform/linux/LinuxPower.h"
+#include "tests/desktop/RoundTrip.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/ManualRunLoop.h"
 #include "tests/fakes/RecordingLog.h"
@@ -131,13 +132,7 @@ TEST_F(LogindPowerTest, aSignalFromAnybodyElse_isNotBelieved) {
                                              QStringLiteral("PrepareForSleep"));
     forged << true;
     m_bus.connection().send(forged);
-    // The bus keeps the order: this answer comes after the forged signal.
-    QObject context;
-    bool isThrough = false;
-    m_bus.call(QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
-                                              QStringLiteral("GetId")),
-               &context, [&](const QDBusMessage&) { isThrough = true; });
-    ASSERT_TRUE(waitFor([&] { return isThrough; }));
+    ASSERT_TRUE(roundTrip(m_bus));
     EXPECT_EQ(m_diary.told, QStringList());
     m_machine.ask("prepare-for-sleep true");
     ASSERT_TRUE(waitFor([this] { return !m_diary.told.isEmpty(); }));

@@ -3,6 +3,7 @@
 #include "platform/foundation/time/QtRunLoop.h"
 #include "tests/desktop/harness/TemporaryHome.h"
 #include "tests/desktop/harness/WaitFor.h"
+#include "tests/fakes/ManualRunLoop.h"
 #include "tests/fakes/RecordingLog.h"
 
 #include <QDir>
@@ -34,7 +35,18 @@ protected:
     }
 
     bool reads(int minutes) {
-        return waitFor([&] { return m_defaults.integerForKey(kMinutes) == minutes; });
+        return waitFor([&] {
+            m_timers.advance(SettingsWatch::kPatience);
+            return m_defaults.integerForKey(kMinutes) == minutes;
+        });
+    }
+
+    // Whether all that has been noticed of the file has been looked into.
+    bool isCalm() {
+        return waitFor([&] {
+            m_timers.advance(SettingsWatch::kPatience);
+            return m_timers.activeTimers() == 0;
+        });
     }
 
     TemporaryHome m_home;
@@ -44,7 +56,9 @@ protected:
     NotificationCenter m_othersNotifications;
     QString m_path = m_home.path() + QStringLiteral("/not/yet/there/settings.plist");
     UserDefaults m_defaults{m_path, m_notifications, m_runLoop, m_log};
-    SettingsWatch m_watch{m_defaults, m_runLoop};
+    HandClock m_clock;
+    ManualRunLoop m_timers{m_clock};
+    SettingsWatch m_watch{m_defaults, m_timers};
 };
 
 TEST_F(SettingsWatchTest, aFileThatAppears_isReadAndFollowedFromThenOn) {
@@ -67,8 +81,10 @@ TEST_F(SettingsWatchTest, aFileWrittenInPlace_isReadWhenItIsWhole) {
 TEST_F(SettingsWatchTest, aFileThatGoesAndComesBack_isFollowedAgain) {
     otherProgramSets(7);
     EXPECT_TRUE(reads(7));
+    ASSERT_TRUE(isCalm());
     QFile::remove(m_path);
-    turnEventLoopFor(2 * SettingsWatch::kPatience);
+    ASSERT_TRUE(waitFor([this] { return m_timers.activeTimers() > 0; }));
+    m_timers.advance(SettingsWatch::kPatience);
     EXPECT_EQ(m_defaults.integerForKey(kMinutes), 7);
     otherProgramSets(9);
     EXPECT_TRUE(reads(9));
@@ -80,7 +96,8 @@ TEST_F(SettingsWatchTest, whatWeWriteOurselves_isNoNews) {
     const Subscription token = m_notifications.observe(kUserDefaultsDidChangeNotification,
                                                        [&](const Notification&) { ++announcements; });
     m_defaults.synchronize();
-    turnEventLoopFor(2 * SettingsWatch::kPatience);
+    ASSERT_TRUE(waitFor([this] { return m_timers.activeTimers() > 0; }));
+    ASSERT_TRUE(isCalm());
     EXPECT_EQ(announcements, 0);
     EXPECT_EQ(m_defaults.integerForKey(kMinutes), 7);
 }

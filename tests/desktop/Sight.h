@@ -71,6 +71,18 @@ public:
         return seen();
     }
 
+    // Waits until what the desktop has been made to do by now has been taken in, and what was asked of it then.
+    bool catchUp() const {
+        bool isThrough = true;
+        for (int turn = 0; turn < 3 && isThrough; ++turn) {
+            bool heard = false;
+            const Subscription hearing = m_signs->observeSigns([&] { heard = true; });
+            m_signs->askForSign();
+            isThrough = waitFor([&] { return heard; });
+        }
+        return isThrough;
+    }
+
     // The titles of ordinary windows, front to back.
     QStringList titles() const {
         QStringList titles;

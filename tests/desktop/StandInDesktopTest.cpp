@@ -5,7 +5,9 @@
 #include "platform/desktop/NoDesktop.h"
 #include "platform/desktop/SilenceWatch.h"
 #include "tests/Places.h"
+#include "tests/desktop/CountedSigns.h"
 #include "tests/desktop/GnomeScene.h"
+#include "tests/desktop/RoundTrip.h"
 #include "tests/desktop/services/ServiceScript.h"
 
 #include <gtest/gtest.h>
@@ -124,10 +126,11 @@ TEST_F(StandInDesktopTest, aShellThatHangs_isNoticedAndNobodyIsCreditedForIt) {
     ASSERT_TRUE(bringToFront("Page"));
     EXPECT_SEEN(m_scene, "Editor: Page");
     NoIdleTime somebodyIsThere;
-    const SilenceWatch watch({m_desktop, m_desktop, m_desktop, somebodyIsThere}, m_scene.runLoop, m_scene.log,
+    CountedSigns signs(m_desktop);
+    const SilenceWatch watch({m_desktop, m_desktop, signs, somebodyIsThere}, m_scene.runLoop, m_scene.log,
                              [] { return true; }, {std::chrono::milliseconds(300), std::chrono::seconds(3)});
     const auto front = [&] { return watch.activeApplication().value_or(ApplicationRecord()).name; };
-    turnEventLoopFor(std::chrono::milliseconds(4000));
+    ASSERT_TRUE(waitFor([&] { return signs.asked >= 2; }));
     EXPECT_EQ(front(), QStringLiteral("Editor")) << "it has nothing to tell, and answers";
     m_scene.desk.pause();
     EXPECT_TRUE(waitFor([&] { return front() == kDesktopName; }));
@@ -160,7 +163,7 @@ struct ScriptedShell {
 TEST(StandIn, whereNeitherTells_nobodyIsCreditedAndItIsSaidWhy) {
     ScriptedShell session(QStringLiteral("43.9"), QStringLiteral("unix:path=/nowhere"));
     EXPECT_TRUE(waitFor([&] { return session.sight.log.mentions(QStringLiteral("AT-SPI")); }));
-    turnEventLoopFor(std::chrono::milliseconds(500));
+    EXPECT_TRUE(roundTrip(session.otherBus)) << "that there is no bus is told by now";
     EXPECT_EQ(session.sight.seen(), QStringLiteral("none: none"));
     EXPECT_TRUE(session.desktop.obstacle().endsWith(QStringLiteral("no window is credited.")));
 }

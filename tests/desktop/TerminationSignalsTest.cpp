@@ -5,9 +5,40 @@
 #include "tests/desktop/harness/WaitFor.h"
 #include "tests/fakes/RecordingLog.h"
 
+#include <QSocketNotifier>
+
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
+
+// Something to read that has come just now, and is heard of together with whatever came before.
+class LaterInput {
+public:
+    LaterInput() {
+        EXPECT_EQ(::pipe(m_ends), 0);
+        EXPECT_EQ(::write(m_ends[1], "!", 1), 1);
+        m_notifier.emplace(m_ends[0], QSocketNotifier::Read);
+        QObject::connect(&*m_notifier, &QSocketNotifier::activated, &*m_notifier, [this] {
+            m_notifier->setEnabled(false);
+            m_isHeard = true;
+        });
+    }
+    ~LaterInput() {
+        m_notifier.reset();
+        ::close(m_ends[0]);
+        ::close(m_ends[1]);
+    }
+    LaterInput(const LaterInput&) = delete;
+    LaterInput& operator=(const LaterInput&) = delete;
+
+    bool isHeard() const { return m_isHeard; }
+
+private:
+    int m_ends[2] = {-1, -1};
+    std::optional<QSocketNotifier> m_notifier;
+    bool m_isHeard = false;
+};
 
 class TerminationSignalsTest : public testing::Test {
 protected:
@@ -33,8 +64,9 @@ TEST_F(TerminationSignalsTest, aSignalWhileTheCallRuns_waitsForItsEndAndIsNotLos
         if (m_told.size() == 1) {
             std::raise(SIGTERM);
             std::raise(SIGINT);
-            // Like a question to the user.
-            turnEventLoopFor(std::chrono::milliseconds(50));
+            const LaterInput later;
+            // As a question to the user would, until what came after them has been heard.
+            EXPECT_TRUE(waitFor([&] { return later.isHeard(); }));
         }
         --running;
     });

@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kIdleMs = 60'000;
+constexpr int kImpatientMs = 300;
 
 class TrustHelperTest : public testing::Test {
 protected:
@@ -289,7 +290,7 @@ TEST_F(TrustHelperTest, otherMessages_doNotReachIt) {
 
 struct ImpatientHelperTest : TrustHelperTest {
     ImpatientHelperTest()
-        : TrustHelperTest(300) {}
+        : TrustHelperTest(kImpatientMs) {}
 };
 
 TEST_F(ImpatientHelperTest, aHelperThatNobodyCalls_endsAndComesAgain) {
@@ -305,7 +306,22 @@ TEST_F(ImpatientHelperTest, aHelperWithARequestOpen_stays) {
     const auto bus = connect();
     send(*bus, "Authorize", {program()});
     ASSERT_TRUE(waitForQuestion());
-    turnEventLoopFor(std::chrono::milliseconds(900));
+    // Another one, started later, of which nobody asks anything, has lost its patience meanwhile.
+    const TemporaryHome home;
+    const SystemBus machine(home, kImpatientMs);
+    Bus otherBus(Bus::atAddress(machine.address()), m_runLoop, m_log);
+    BusService other(otherBus, u"org.ticklog.TKAXTrusted"_s);
+    bool hasCome = false;
+    bool hasGone = false;
+    const Subscription presence = other.observe([&] {
+        hasGone = hasCome && !other.isServed();
+        hasCome |= other.isServed();
+    });
+    auto start = QDBusMessage::createMethodCall(kBusServiceName, kBusServicePath, kBusServiceName,
+                                                u"StartServiceByName"_s);
+    start << u"org.ticklog.TKAXTrusted"_s << 0U;
+    otherBus.call(start, &m_receiver, {});
+    EXPECT_TRUE(waitFor([&] { return hasGone; }));
     EXPECT_TRUE(isServed());
     m_polkit.ask("decide yes");
     EXPECT_TRUE(waitFor([this] { return answers == QStringList{u"done"_s}; }));

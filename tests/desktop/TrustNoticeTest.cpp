@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atspi/TrustNotice.h"
 #include "platform/foundation/time/QtRunLoop.h"
+#include "tests/desktop/RoundTrip.h"
 #include "tests/desktop/harness/SessionBus.h"
 #include "tests/desktop/services/ServiceScript.h"
 #include "tests/fakes/RecordingLog.h"
@@ -52,7 +53,7 @@ TEST_F(TrustNoticeTest, otherAnswers_allowNothing) {
     const QString number = desktop.hear().section(u' ', 0, 0);
     press(desktop, number, "default");
     desktop.ask("press 6 allow");
-    turnEventLoopFor(std::chrono::milliseconds(300));
+    EXPECT_TRUE(roundTrip(m_bus));
     EXPECT_EQ(m_allowed, 0);
 }
 

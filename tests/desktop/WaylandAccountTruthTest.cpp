@@ -166,7 +166,8 @@ TEST_P(WaylandAccountTruth, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelon
         stopwatch.start();
         inFront = next;
         ++switches[next];
-        turnEventLoopFor(std::chrono::milliseconds(20 + random() % 100));
+        const qint64 staysFor = 20 + random() % 100;
+        ASSERT_TRUE(waitFor([&] { return stopwatch.hasExpired(staysFor); }));
     }
     const Instant beforeEnd = engine().clock().instant();
     engine().timer().computeTime();
@@ -214,7 +215,8 @@ TEST_P(WaylandAccountTruth, aCompositorThatHangs_leavesNoWindowToCreditUntilItGo
     desk().pause();
     ASSERT_TRUE(waitFor([&] { return !watch().obstacle().isEmpty(); }));
     const Seconds writing = timeOf(engine().tracker(), name);
-    turnEventLoopFor(400ms);
+    const Seconds before = timeOf(engine().tracker(), kDesktopName);
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), kDesktopName) > before + 0.3; }));
     EXPECT_EQ(timeOf(engine().tracker(), name), writing);
     EXPECT_TRUE(watch().onScreenWindows().empty());
     desk().resume();
@@ -233,7 +235,8 @@ TEST_P(WaylandAccountTruth, aCompositorThatIsGone_leavesNoWindowToCredit) {
     desk().kill();
     ASSERT_TRUE(waitFor([&] { return !watch().obstacle().isEmpty(); }));
     const Seconds writing = timeOf(engine().tracker(), name);
-    turnEventLoopFor(400ms);
+    const Seconds before = timeOf(engine().tracker(), kDesktopName);
+    ASSERT_TRUE(waitFor([&] { return timeOf(engine().tracker(), kDesktopName) > before + 0.3; }));
     EXPECT_EQ(timeOf(engine().tracker(), name), writing);
     EXPECT_TRUE(watch().onScreenWindows().empty());
     desk().restart();

@@ -163,14 +163,20 @@ TEST_F(X11DesktopTest, aWindowThatIsPutAwayAndComesBack_keepsItsNumber) {
 TEST_F(X11DesktopTest, aMomentWithoutFrontWindow_isNotTold) {
     const xcb_window_t window = openInFront(editor("Page"));
     EXPECT_SEEN(scene, "Editor: Page");
+    HandClock hand;
+    ManualRunLoop timers(hand);
+    scene.open(timers);
+    EXPECT_SEEN(scene, "Editor: Page");
     scene.switches.clear();
     for (int i = 0; i < 5; ++i) {
         client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {0});
-        client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {window});
-        turnEventLoopFor(std::chrono::milliseconds(30));
+        ASSERT_TRUE(waitFor([&] { return timers.activeTimers() == 1; }));
+        timers.advance(EmptyMoment::kLength - std::chrono::milliseconds(1));
         EXPECT_EQ(scene.seen(), QStringLiteral("Editor: Page"));
+        client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {window});
+        ASSERT_TRUE(waitFor([&] { return timers.activeTimers() == 0; }));
     }
-    turnEventLoopFor(std::chrono::milliseconds(150));
+    timers.advance(2 * EmptyMoment::kLength);
     EXPECT_EQ(scene.switches, QStringList());
 }
 
@@ -208,7 +214,7 @@ TEST_F(X11DesktopTest, aMinimisedWindowThatIsStillNamed_isNotInFront) {
     client.minimise(window);
     EXPECT_SEEN(scene, "Desktop: none");
     client.setNumbers(0, "_NET_ACTIVE_WINDOW", "WINDOW", {window});
-    turnEventLoopFor(std::chrono::milliseconds(50));
+    EXPECT_TRUE(scene.catchUp());
     EXPECT_EQ(scene.seen(), QStringLiteral("Desktop: none"));
 }
 
@@ -273,7 +279,7 @@ TEST_F(X11DesktopTest, aWindowOfOurOwn_isAlwaysTicklog) {
 TEST_F(X11DesktopTest, aPoll_asksTheServerNothing) {
     openInFront(editor("Page"));
     EXPECT_SEEN(scene, "Editor: Page");
-    turnEventLoopFor(std::chrono::milliseconds(50));
+    EXPECT_TRUE(scene.catchUp());
     const quint64 before = scene.desktop->roundTrips();
     for (int i = 0; i < 1000; ++i)
         ASSERT_EQ(scene.seen(), QStringLiteral("Editor: Page"));
@@ -322,6 +328,9 @@ TEST_F(X11DesktopTest, windowsThatComeAndGoQuickly_leaveNothingBehind) {
 
 TEST(X11DesktopConnection, aServerThatDies_leavesNoAnswersAndOneLineInTheLog) {
     X11Scene scene(QStringLiteral("openbox"), VirtualDisplay::Number::Kept);
+    HandClock hand;
+    ManualRunLoop timers(hand);
+    scene.open(timers);
     XClient client(scene.desk);
     client.activate(client.open(editor("Page")));
     EXPECT_SEEN(scene, "Editor: Page");
@@ -333,9 +342,10 @@ TEST(X11DesktopConnection, aServerThatDies_leavesNoAnswersAndOneLineInTheLog) {
     EXPECT_EQ(scene.front(), QStringLiteral("none"));
     EXPECT_TRUE(scene.desktop->onScreenWindows().empty());
     EXPECT_EQ(scene.switches, QStringList{QStringLiteral("none")});
-    turnEventLoopFor(std::chrono::milliseconds(600));
-    EXPECT_EQ(scene.log.lines.size(), 1);
+    timers.advance(std::chrono::hours(1));
+    EXPECT_EQ(scene.log.lines.size(), 1) << "however often it was tried again";
     scene.desk.restartDisplay();
+    timers.advance(std::chrono::minutes(1));
     XClient next(scene.desk);
     next.activate(next.open(mail("Letter")));
     EXPECT_SEEN(scene, "Mail: Letter");

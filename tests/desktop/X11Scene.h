@@ -20,8 +20,10 @@ public:
         open();
     }
 
-    void open() {
-        auto opened = X11Desktop::open(desk.display().name().toLatin1(), runLoop, log, entries);
+    void open() { open(runLoop); }
+    // Anew, with timers that outlive the scene's use of it.
+    void open(RunLoop& timers) {
+        auto opened = X11Desktop::open(desk.display().name().toLatin1(), timers, log, entries);
         if (!opened)
             qFatal("%s", qPrintable(opened.failure().text));
         desktop = std::move(*opened);

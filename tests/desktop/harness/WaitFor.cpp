@@ -19,6 +19,9 @@ bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds l
     return true;
 }
 
-void turnEventLoopFor(std::chrono::milliseconds duration) {
+double passTime(std::chrono::milliseconds duration) {
+    QElapsedTimer elapsed;
+    elapsed.start();
     waitFor([] { return false; }, duration);
+    return double(elapsed.nsecsElapsed()) / 1e9;
 }

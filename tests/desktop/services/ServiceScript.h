@@ -36,6 +36,7 @@ public:
     }
 
     void kill() { m_program.kill(); }
+    qint64 processIdentifier() const { return m_program.processIdentifier(); }
 
 private:
     QString line() {
