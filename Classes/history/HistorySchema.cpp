@@ -45,10 +45,14 @@ static_assert(kSteps.size() == HistorySchema::kNumber);
 
 namespace HistorySchema {
 
+// In one statement, so that a file that another program is just making is seen before or after, never half made.
 Form formOf(SqliteDatabase& database) {
-    const auto number = database.number("PRAGMA user_version");
-    const auto application = database.number("PRAGMA application_id");
-    if (application == 0 && number == 0 && database.number("SELECT count(*) FROM sqlite_schema") == 0)
+    SqliteQuery file(database, "SELECT application_id, user_version, (SELECT count(*) FROM sqlite_schema) "
+                               "FROM pragma_application_id, pragma_user_version");
+    file.next();
+    const auto application = file.integer(0);
+    const auto number = file.integer(1);
+    if (application == 0 && number == 0 && file.integer(2) == 0)
         return Form::Ours;
     if (application != kApplicationId || number < 1)
         return Form::Foreign;
@@ -56,12 +60,16 @@ Form formOf(SqliteDatabase& database) {
 }
 
 void bringUp(SqliteDatabase& database) {
-    auto number = std::size_t(database.number("PRAGMA user_version"));
-    if (number == 0)
+    const auto numberNow = [&] { return std::size_t(database.number("PRAGMA user_version")); };
+    if (numberNow() == 0)
         // Before the first table. One page holds what fifteen seconds bring.
         database.execute("PRAGMA page_size = 4096");
-    for (; number < kSteps.size(); ++number) {
+    while (numberNow() < kSteps.size()) {
         SqliteTransaction transaction(database);
+        // Another program may have done this step while we waited for it.
+        const auto number = numberNow();
+        if (number >= kSteps.size())
+            return;
         // In the same transaction as the first tables: a file without the number counts as new, and one with
         // it must have tables.
         if (number == 0)

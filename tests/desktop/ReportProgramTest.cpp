@@ -47,6 +47,20 @@ protected:
         return batch;
     }
 
+    // What finds the file busy is written again, as Ticklog does; any other refusal counts.
+    static int refusalsOf60Writes(const QString& file, int first) {
+        HistoryKeeper keeper(file);
+        int refusals = 0;
+        for (int i = 0; i < 60; ++i) {
+            HistoryKeeper::Report report;
+            do
+                report = keeper.write(batch(first + i * 3, 3));
+            while (report.isBusy);
+            refusals += report.state != HistoryKeeper::State::Written;
+        }
+        return refusals;
+    }
+
     TemporaryHome m_home;
 };
 
@@ -98,18 +112,9 @@ TEST_F(ReportProgramTest, whileTicklogWrites_itAndAnyOtherReaderSeeWholeStates) 
 TEST_F(ReportProgramTest, twoProgramsThatWriteAtOnce_loseNothing) {
     const QString file = m_home.path() + QStringLiteral("/History.sqlite");
     const pid_t other = ::fork();
-    if (other == 0) {
-        HistoryKeeper keeper(file);
-        int refused = 0;
-        for (int i = 0; i < 60; ++i)
-            refused += keeper.write(batch(100'000 + i * 3, 3)).state != HistoryKeeper::State::Written;
-        ::_exit(refused);
-    }
-    HistoryKeeper keeper(file);
-    for (int i = 0; i < 60; ++i) {
-        const auto report = keeper.write(batch(i * 3, 3));
-        EXPECT_EQ(report.state, HistoryKeeper::State::Written) << qPrintable(report.why);
-    }
+    if (other == 0)
+        ::_exit(refusalsOf60Writes(file, 100'000));
+    EXPECT_EQ(refusalsOf60Writes(file, 0), 0);
     int status = -1;
     ::waitpid(other, &status, 0);
     EXPECT_EQ(status, 0) << "writes that were refused";
