@@ -2,12 +2,12 @@
 // What ten years of history cost: reading, searching, recording and starting, beside the program without a history and a
 // plain scan of the same table, in one run. `TenYearsBench FILE` takes the file from there, or makes it there.
 #include "Classes/history/HistoryKeeper.h"
+#include "Classes/report/RecordedNames.h"
+#include "Classes/report/ReportFormats.h"
+#include "Classes/report/ReportReading.h"
 #include "bench/BusyPerson.h"
 #include "bench/ProcessFigures.h"
 #include "bench/Stopwatch.h"
-#include "helpers/ticklog-report/RecordedNames.h"
-#include "helpers/ticklog-report/ReportFormats.h"
-#include "helpers/ticklog-report/ReportReading.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/desktop/harness/XClient.h"
 

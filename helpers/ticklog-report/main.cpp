@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Prints where the time went, from what Ticklog has recorded.
 #include "Classes/history/HistorySchema.h"
-#include "helpers/ticklog-report/RecordedNames.h"
-#include "helpers/ticklog-report/ReportFormats.h"
-#include "helpers/ticklog-report/ReportReading.h"
+#include "Classes/report/RecordedNames.h"
+#include "Classes/report/ReportFormats.h"
+#include "Classes/report/ReportReading.h"
 #include "platform/foundation/time/Clock.h"
 #include "platform/foundation/time/LocalTime.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A day of titles of every kind, from the windows to what ticklog-report prints. TICKLOG_TITLES says how many.
 #include "Classes/history/History.h"
-#include "helpers/ticklog-report/RecordedNames.h"
-#include "helpers/ticklog-report/ReportFormats.h"
-#include "helpers/ticklog-report/ReportReading.h"
+#include "Classes/report/RecordedNames.h"
+#include "Classes/report/ReportFormats.h"
+#include "Classes/report/ReportReading.h"
 #include "tests/fakes/Day.h"
 #include "tests/fakes/HistoryDiary.h"
 

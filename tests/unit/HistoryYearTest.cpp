@@ -2,8 +2,8 @@
 // Days in which anything may happen, through tracker and history, held against a plain journal of the same days.
 // TICKLOG_RANDOM_DAYS says how many.
 #include "Classes/history/History.h"
-#include "helpers/ticklog-report/RecordedNames.h"
-#include "helpers/ticklog-report/ReportReading.h"
+#include "Classes/report/RecordedNames.h"
+#include "Classes/report/ReportReading.h"
 #include "tests/fakes/Day.h"
 #include "tests/fakes/HistoryDiary.h"
 #include "tests/fakes/PlainHistory.h"

@@ -4,9 +4,9 @@
 #include "Classes/history/HistoryFile.h"
 #include "Classes/projects/ProjectFile.h"
 #include "Classes/projects/ProjectList.h"
-#include "helpers/ticklog-report/RecordedNames.h"
-#include "helpers/ticklog-report/ReportFormats.h"
-#include "helpers/ticklog-report/ReportReading.h"
+#include "Classes/report/RecordedNames.h"
+#include "Classes/report/ReportFormats.h"
+#include "Classes/report/ReportReading.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/TestEngine.h"
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // ticklog-report on a real history, compared with adding up every stretch.
-#include "helpers/ticklog-report/ReportReading.h"
+#include "Classes/report/ReportReading.h"
 #include "Classes/history/HistoryFile.h"
 #include "Classes/projects/ProjectFile.h"
 #include "Classes/projects/ProjectRecord.h"
+#include "Classes/report/RecordedNames.h"
+#include "Classes/report/ReportFormats.h"
 #include "Classes/rules/RuleCategories.h"
 #include "Classes/rules/Ruleset.h"
-#include "helpers/ticklog-report/RecordedNames.h"
-#include "helpers/ticklog-report/ReportFormats.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What ticklog-report makes of stretches, and what it understands on its command line.
-#include "helpers/ticklog-report/ReportFormats.h"
+#include "Classes/report/ReportFormats.h"
 
 #include <gtest/gtest.h>
 

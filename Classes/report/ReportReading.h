@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Classes/history/Sqlite.h"
-#include "helpers/ticklog-report/Report.h"
+#include "Classes/report/Report.h"
 
 // How to open this history: at rest if there is no journal beside it. Then nothing is left beside a file that
 // no other program has open, and a backup can be read where nothing can be written.

@@ -3,7 +3,7 @@
 
 #include "Classes/history/Sqlite.h"
 #include "Classes/projects/ProjectPatterns.h"
-#include "helpers/ticklog-report/ReportNames.h"
+#include "Classes/report/ReportNames.h"
 #include "platform/Folders.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "helpers/ticklog-report/ReportNames.h"
-#include "helpers/ticklog-report/ReportRequest.h"
+#include "Classes/report/ReportNames.h"
+#include "Classes/report/ReportRequest.h"
 
 #include <QHash>
 #include <QJsonValue>

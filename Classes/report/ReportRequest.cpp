@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "helpers/ticklog-report/ReportRequest.h"
+#include "Classes/report/ReportRequest.h"
 
-#include "helpers/ticklog-report/Moment.h"
+#include "Classes/report/Moment.h"
 
 #include <algorithm>
 #include <array>

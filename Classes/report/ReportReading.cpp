@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "helpers/ticklog-report/ReportReading.h"
+#include "Classes/report/ReportReading.h"
 
 #include "Classes/history/HistoryFile.h"
-#include "helpers/ticklog-report/Moment.h"
+#include "Classes/report/Moment.h"
 
 #include <QFileInfo>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helpers/ticklog-report/Moment.h"
+#include "Classes/report/Moment.h"
 
 #include "platform/foundation/time/LocalTime.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helpers/ticklog-report/RecordedNames.h"
+#include "Classes/report/RecordedNames.h"
 
 #include "Classes/projects/ProjectFile.h"
 #include "Classes/projects/ProjectRecord.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helpers/ticklog-report/Report.h"
+#include "Classes/report/Report.h"
 
 #include <QJsonArray>
 #include <QTimeZone>

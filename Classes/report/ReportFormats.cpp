@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helpers/ticklog-report/ReportFormats.h"
+#include "Classes/report/ReportFormats.h"
 
 #include <QCryptographicHash>
 #include <QJsonArray>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "helpers/ticklog-report/Report.h"
+#include "Classes/report/Report.h"
 
 #include <QDateTime>
 
