@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/report/ReportNames.h"
+
+#include <QDate>
+
+#include <vector>
+
+// What the history says about a range of time, as the window shows it. All lengths are milliseconds; names are those
+// that the user sees.
+struct RangeAnswer {
+    // A program or a project with its time, and what it consists of: a program's titles, a project's programs. The
+    // most time comes first. A stretch without a title counts for its program alone; a stretch that belongs to
+    // several projects counts for each of them.
+    struct Entry {
+        QString name;
+        qint64 length = 0;
+        std::vector<Entry> parts{};
+    };
+    // One stretch, for the picture of a day, of whatever presence. In order of time, and never overlapping.
+    struct Piece {
+        // Milliseconds since 1970, UTC.
+        qint64 start = 0;
+        qint64 length = 0;
+        QString program;
+        QString title;
+        // In the sidebar's order; empty for none.
+        QStringList projects;
+        RecordedStretch::Presence presence = RecordedStretch::Presence::Work;
+
+        qint64 end() const { return start + length; }
+    };
+    // A day, a week or a month, for the pictures of longer ranges. Those without work are left out.
+    struct Bar {
+        // Its first day.
+        QDate first;
+        // The most time of the whole range comes first, not of this bar.
+        std::vector<Entry> programs;
+        std::vector<Entry> projects;
+    };
+
+    // Work alone, and what was booked by hand.
+    std::vector<Entry> programs;
+    std::vector<Entry> projects;
+    qint64 work = 0;
+    // For a day or a part of one; else empty.
+    std::vector<Piece> pieces;
+    // For longer ranges; else empty.
+    std::vector<Bar> bars;
+};
