@@ -41,10 +41,11 @@ void MainCommands::connectDatabase() {
     const MainActions& actions = m_controller.window().actions();
     connectTo(actions.importDatabase, m_receiver, [this] { m_controller.documents().openDocument(); });
     connectTo(actions.saveCopy, m_receiver, [this] { m_controller.documents().saveCopy(); });
-    connectTo(actions.chooseDatabaseLocation, m_receiver, [this] { m_controller.chooseDatabaseDirectory(); });
+    connectTo(actions.chooseDatabaseLocation, m_receiver,
+              [this] { m_controller.documents().chooseDatabaseDirectory(); });
     connectTo(actions.restoreDefaultDatabaseLocation, m_receiver,
-              [this] { m_controller.restoreDefaultDatabaseLocation(); });
-    connectTo(actions.revealDatabase, m_receiver, [this] { m_controller.revealDatabase(); });
+              [this] { m_controller.database().restoreDefaultDatabaseLocation(); });
+    connectTo(actions.revealDatabase, m_receiver, [this] { m_controller.documents().revealDatabase(); });
     connectTo(actions.exportShown, m_receiver, [this] { m_controller.exportShown(); });
     connectTo(actions.exportAll, m_receiver, [this] { m_controller.exporting().exportAllToCSV(); });
     connectTo(actions.exportProject, m_receiver, [this] { m_controller.exportProject(); });

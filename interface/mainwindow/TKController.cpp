@@ -24,19 +24,9 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
                           .makeActivator = makeActivator})
     , m_projectNodes(m_engine.services().store)
     , m_projects(m_engine.services().store, platform.defaults, platform.folders.documents)
-    , m_appTreeController(TimeTreeModel::sourceOf(m_engine.tracker()), platform.runLoop,
-                          [this](const auto& item, const QString& name) { rename(item, name); })
-    , m_categoryTreeController(std::nullopt, platform.runLoop,
-                               [this](const auto& item, const QString& name) { rename(item, name); })
-    , m_programCell(
-          {.isProjectShown = [this] { return !mainItemIsSelected(); },
-           .tags = [this](const Identity& timer) { return m_projects.reverseProjectCache()->tags(timer); },
-           .applications = [this] { return m_engine.tracker().timeSet(); }})
-    , m_appSelection(&m_appTreeController)
-    , m_categorySelection(&m_categoryTreeController)
+    , m_shown(m_window, m_engine.tracker(), m_projects, platform.runLoop,
+              [this](const auto& item, const QString& name) { rename(item, name); })
     , m_pasteboard(m_engine.tracker(), m_projects)
-    , m_expansion(m_window.mainTable(), m_projects)
-    , m_sum(m_engine.tracker(), m_window, [this] { return m_searchedProject.get(); })
     , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
     , m_database(
           m_engine.tracker(), m_engine.services().store, platform.defaults, platform.folders,
@@ -44,26 +34,16 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
            .setProjects = [this](const PropertyListValue& records) { m_projects.setProjects(records); },
            .computeTime = [this] { m_timer.refreshDisplay(); },
            .timersReplaced = [this] { m_undoStack.clear(); }})
-    , m_documents(m_database, alerts, [this] { m_undoStack.clear(); })
+    , m_documents(m_database, alerts, platform.fileViewer,
+                  {.save = [this] { saveSettingsToDisk(); }, .imported = [this] { m_undoStack.clear(); }})
     , m_loginItem(platform.loginItems)
     , m_appDelegate(*this, platform, alerts)
     , m_obstacle(m_window, m_appDelegate.presence(), m_engine.trouble(), platform) {
-    m_appTreeController.setLive(false);
-    m_categoryTreeController.setLive(false);
-    for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController})
-        tree->setIsFrozen([this](TimeStoreItem& item, bool isTopLevel) {
-            return m_programCell.isFrozen(item, isTopLevel);
-        });
-    showTree(m_appTreeController);
     connectFields();
     connectOutline();
     TKController::showToggle(QStringLiteral("ToolbarStart"), localized("Start"));
     m_database.loadMainStore();
-    m_projectController.emplace(m_projects, m_projectNodes, platform.notifications, m_window.projectOutline(),
-                                alerts, m_undoStack, projectServices());
-    m_exportController.emplace(m_engine.tracker(), m_database, m_engine.services().store, platform, alerts,
-                               [this] { timersCleared(); });
-    m_commands.emplace(*this, m_undoStack);
+    makeControllers();
     connectSidebar();
     m_timer.registerForSystemSleep(platform.power);
     m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
@@ -78,7 +58,31 @@ TKController::~TKController() {
     TimePasteboard::keepClipboard();
     // Closing the window must not call a controller that is partly destroyed.
     m_reactions.reset();
-    m_window.mainTable().setModel(nullptr);
+}
+
+void TKController::makeControllers() {
+    m_projectController.emplace(m_projects, m_projectNodes, m_platform.notifications,
+                                m_window.projectOutline(), m_alerts, m_undoStack, projectServices());
+    m_exportController.emplace(m_engine.tracker(), m_database, m_engine.services().store, m_platform,
+                               m_alerts, [this] { timersCleared(); });
+    m_commands.emplace(*this, m_undoStack);
+}
+
+std::shared_ptr<TimeStoreCategory>
+TKController::timeStoreCategoryForProjectDict(const ProjectRecord& record) {
+    auto category = m_projectNodes.timeStoreCategoryForProjectDict(record);
+    m_engine.tracker().updateTimeStoreCategory(*category, record.flattenedMembers());
+    return category;
+}
+
+void TKController::searchText(const QString& text) {
+    m_shown.searchText(text);
+    m_projectController->refreshProject();
+}
+
+void TKController::find() {
+    m_window.searchAppField().setFocus(Qt::ShortcutFocusReason);
+    m_window.searchAppField().selectAll();
 }
 
 TKProjectController::MainController TKController::projectServices() {
@@ -101,10 +105,8 @@ void TKController::connectFields() {
                      [this](const QString& text) { searchText(text); });
     QObject::connect(&m_window.sumBar().cutoff(), &CutoffSlider::secondsChanged, &*m_reactions,
                      [this](float seconds) { setCutoffValue(seconds); });
-    setCutoffValue(0);
     QObject::connect(&m_undoStack, &QUndoStack::indexChanged, &*m_reactions, [this] {
-        m_isRenamed = true;
-        m_sum.forgetRows();
+        m_shown.timersEdited();
         refreshTimeSum();
     });
 }
@@ -128,8 +130,8 @@ void TKController::connectSidebar() {
 
 void TKController::connectOutline() {
     TKOutlineDisplayView& table = m_window.mainTable();
-    QObject::connect(&table, &TKOutlineDisplayView::selectionDidChange, &*m_reactions,
-                     [this] { selectionChanged(); });
+    QObject::connect(&m_shown, &ShownTimers::selectionChanged, &*m_reactions, [this] { selectionChanged(); });
+    QObject::connect(&m_window, &MainWindow::seenChanged, &*m_reactions, [this] { refreshTimeSum(); });
     QObject::connect(&table, &TKOutlineDisplayView::itemDidExpand, &*m_reactions, [this](const auto& item) {
         if (item->uuid() && m_projectController)
             m_projectController->expandUUID(*item->uuid());
@@ -143,29 +145,11 @@ void TKController::connectOutline() {
             m_window.popUp(QStringLiteral("timerContextMenu"), m_window.actions().forTimers(), place);
         });
     table.setHighlightOnMouseOver(true);
-    table.setInvitation([this] { return invitation(); });
+    table.setInvitation([this] { return m_shown.invitation(); });
     table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
     table.setBranchNode([this](const auto& item) { branchNode(item->node()); });
     table.setWriteItems([this](const QModelIndexList& rows) { return m_pasteboard.writeItems(rows); });
-    table.setDataCell([this](const QModelIndex& row) {
-        return m_programCell.cell(*m_shown->item(row), !row.parent().isValid());
-    });
-    for (TimeTreeModel* tree : {&m_appTreeController, &m_categoryTreeController}) {
-        // If a selected application gets another window, the sum includes it without a change of the
-        // selection.
-        QObject::connect(tree, &QAbstractItemModel::rowsInserted, &*m_reactions,
-                         [this] { m_sum.forgetRows(); });
-        QObject::connect(tree, &QAbstractItemModel::rowsRemoved, &*m_reactions,
-                         [this] { m_sum.forgetRows(); });
-        QObject::connect(tree, &QAbstractItemModel::modelReset, &*m_reactions,
-                         [this] { m_sum.forgetRows(); });
-    }
-    QObject::connect(&m_window, &MainWindow::seenChanged, &*m_reactions, [this](bool isSeen) {
-        m_shown->setLive(isSeen);
-        followCounting();
-        refreshTimeSum();
-        restoreExpansion();
-    });
+    table.setDataCell([this](const QModelIndex& row) { return m_shown.cell(row); });
 }
 
 void TKController::awakeFromNib() {
@@ -223,7 +207,7 @@ void TKController::showRecordingBadge(bool isRecording) {
 }
 
 void TKController::refreshTimeSum() {
-    m_sum.refresh();
+    m_shown.sum().refresh();
     m_obstacle.show();
 }
 
@@ -233,7 +217,6 @@ void TKController::showLastReset() {
 }
 
 void TKController::selectionChanged() {
-    m_sum.forgetRows();
     if (m_commands)
         m_commands->update();
     refreshTimeSum();

@@ -7,24 +7,20 @@
 #include "interface/export/TKExportController.h"
 #include "interface/mainwindow/MainCommands.h"
 #include "interface/mainwindow/MainWindow.h"
-#include "interface/mainwindow/RowExpansion.h"
 #include "interface/mainwindow/ShownObstacle.h"
-#include "interface/mainwindow/ShownSum.h"
+#include "interface/mainwindow/ShownTimers.h"
 #include "interface/mainwindow/TKDocumentController.h"
-#include "interface/outline/ProgramCell.h"
-#include "interface/outline/TimeTreeModel.h"
 #include "interface/pasteboard/TimePasteboard.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/LoginItemControl.h"
 #include "interface/shell/TKApplicationDelegate.h"
 #include "interface/sidebar/TKProjectController.h"
 
-#include <QItemSelectionModel>
 #include <QUndoStack>
 
 // The program's only document and the controller of its main window. It is made of the tracker, the timer
-// control, the database and the window; it connects what the user asks for with the code that does it, and
-// shows the timer's state. Nothing is formatted or painted while the window cannot be seen.
+// control, the database, the window and what the window shows; it connects what the user asks for with the
+// code that does it, and shows the timer's state.
 class TKController : public TimerDisplay {
 public:
     // Reads the main store. `exit` ends the process when there is no display at all. `makeActivator` makes
@@ -56,34 +52,34 @@ public:
 
     // The sum below the outline; see ShownSum::text().
     QString totalTimeStringForAllObjects(int kind, SumMode* outMode) const {
-        return m_sum.text(kind, outMode);
+        return m_shown.sum().text(kind, outMode);
     }
 
-    // Shows a project, or all timers without a `category`, and expands the rows that `record` names. Entries
-    // without a row are removed from the record.
+    // See ShownTimers::show().
     void showWithCategory(const std::shared_ptr<TimeStoreCategory>& category,
-                          const ProjectList::Project& record);
+                          const ProjectList::Project& record) {
+        m_shown.show(category, record);
+    }
     // The text in the search field has changed. A text narrows the rows and expands them; an empty one shows
     // all rows and expands those that were expanded before the search.
     void searchText(const QString& text);
     // Narrows "All Timers" only.
-    void setSearchString(const QString& text);
+    void setSearchString(const QString& text) { m_shown.setSearchString(text); }
     void find();
-    // The rows of "All Timers" in their order, as the search and the cut-off leave them, even while a project
-    // is shown.
-    TimeStoreItem::Children applicationObjects();
+    // See ShownTimers::allRows().
+    TimeStoreItem::Children applicationObjects() { return m_shown.allRows(); }
     // The node of a project, with its timers.
     std::shared_ptr<TimeStoreCategory> timeStoreCategoryForProjectDict(const ProjectRecord& record);
     // Hides timers with less time than this.
-    void setCutoffValue(float seconds);
+    void setCutoffValue(float seconds) { m_shown.setCutoff(seconds); }
     // Exports "All Timers" as the search and the cut-off leave them, even while a project is shown.
     void exportShown();
     // Exports the selected project, whole.
     void exportProject();
 
     // Whether all timers are shown rather than a project.
-    bool mainItemIsSelected() const { return m_shown == &m_appTreeController; }
-    bool blockExpansionSaveWhileSearching() const { return m_expansion.isSearching(); }
+    bool mainItemIsSelected() const { return m_shown.areAll(); }
+    bool blockExpansionSaveWhileSearching() const { return m_shown.isSearching(); }
 
     void deselectAll();
     // Without `forceDelete`, removes the selected rows from the project that is shown or, among all timers,
@@ -97,10 +93,6 @@ public:
     void branchSelected();
     // Copies the sum as shown, in words.
     void copySummaryTime();
-
-    void chooseDatabaseDirectory();
-    void restoreDefaultDatabaseLocation() { m_database.restoreDefaultDatabaseLocation(); }
-    void revealDatabase();
 
     // The toolbar's control for where Ticklog appears: what it does and what it shows.
     void toggleDockIcon() { m_appDelegate.presence().toggleDockIcon(); }
@@ -139,18 +131,11 @@ public:
     void updateMenus() override { m_appDelegate.updateMenus(); }
 
 private:
+    void makeControllers();
     void connectFields();
     void connectOutline();
     void connectSidebar();
     TKProjectController::MainController projectServices();
-    QString invitation() const;
-    bool isNarrowed() const;
-    // While rows are narrowed and seen, looks every few seconds for rows that now match or have passed the
-    // limit.
-    void followCounting();
-    void filterAgain();
-    void showTree(TimeTreeModel& tree);
-    void restoreExpansion();
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
     void frozen(std::vector<FrozenTimer> timers);
     void selectionChanged();
@@ -163,20 +148,9 @@ private:
     QUndoStack m_undoStack;
     ProjectNodes m_projectNodes;
     ProjectList m_projects;
-    TimeTreeModel m_appTreeController;
-    TimeTreeModel m_categoryTreeController;
-    // One of the two models.
-    TimeTreeModel* m_shown = nullptr;
-    ProgramCell m_programCell;
-    // Each tree keeps its own selection.
-    QItemSelectionModel m_appSelection;
-    QItemSelectionModel m_categorySelection;
     MainWindow m_window;
+    ShownTimers m_shown;
     TimePasteboard m_pasteboard;
-    // The project that is shown and searched; null while all timers are shown.
-    std::shared_ptr<TimeStoreCategory> m_searchedProject;
-    RowExpansion m_expansion;
-    ShownSum m_sum;
     // Receives all connections. Destroyed first, so that nothing is called any more while the rest is
     // destroyed.
     std::optional<QObject> m_reactions{std::in_place};
@@ -186,21 +160,10 @@ private:
     LoginItemControl m_loginItem;
     TKApplicationDelegate m_appDelegate;
     ShownObstacle m_obstacle;
-    // Seconds.
-    float m_cutoff = 0;
-    // Null while nothing is narrowed or the window cannot be seen.
-    std::unique_ptr<RunLoopTimer> m_nextFiltering;
-    // The tracker's count of changes when the shown rows were last found.
-    std::uint64_t m_filteredChanges = 0;
-    // The user has renamed a timer since then.
-    bool m_isRenamed = false;
-    // Null before anything is shown.
-    ProjectList::Project m_shownRecord;
     Subscription m_defaultsChanges;
     Subscription m_resets;
-    // Made after the timers have been read, because it expands their rows.
+    // These are made after the timers have been read, because they expand their rows and archive them.
     std::optional<TKProjectController> m_projectController;
-    // Made after the timers have been read, because it archives them.
     std::optional<TKExportController> m_exportController;
     std::optional<MainCommands> m_commands;
     // Only if trust was missing at launch.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does to the timers and to their file.
+// What the user does to the timers, and what they take out of them.
 #include "Classes/rules/PastTitles.h"
 #include "interface/mainwindow/DeleteTimersCommand.h"
 #include "interface/mainwindow/FreezeCommand.h"
@@ -116,20 +116,20 @@ void TKController::saveSettingsToDisk() {
     m_projects.writeChanges();
 }
 
-void TKController::chooseDatabaseDirectory() {
-    const auto location = m_alerts.chooseSaveLocation(localized("Set storage database location."),
-                                                      m_database.mainStoreURL(), false);
-    if (!location)
-        return;
-    const QString suffix = QStringLiteral(".tkd");
-    const QString whole = location->endsWith(suffix, Qt::CaseInsensitive) ? *location : *location + suffix;
-    // The file itself is copied, so it must be up to date, and must exist.
-    saveSettingsToDisk();
-    const Outcome chosen = m_database.chooseDatabaseLocation(whole);
-    if (!chosen)
-        m_alerts.showError(localized("The database could not be copied."), chosen.failure().text);
+void TKController::exportShown() {
+    m_shown.narrowAll();
+    const QString title = mainItemIsSelected() ? localized("Export to CSV")
+                          : m_shown.isNarrowed()
+                              ? localized("Export All Timers to CSV, Narrowed by the Search")
+                              : localized("Export All Timers to CSV");
+    m_exportController->exportShownToCSV(title);
 }
 
-void TKController::revealDatabase() {
-    m_platform.fileViewer.reveal(m_database.mainStoreURL());
+void TKController::exportProject() {
+    const ProjectList::Project project = m_projectController->currentProject();
+    const std::vector<Identity> members = project->flattenedMembers();
+    const auto timers = m_engine.tracker().timeChildrenForChildUUIDs({members.begin(), members.end()}, false);
+    QString name = project->label();
+    m_exportController->exportSet(timers, localized("Export Project to CSV"), name.replace(u'/', u'-'),
+                                  summedTime(timers));
 }

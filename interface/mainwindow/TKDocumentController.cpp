@@ -6,6 +6,7 @@
 #include "Classes/store/IncomingTimers.h"
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
+#include "platform/FileViewer.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFileInfo>
@@ -18,11 +19,12 @@ constexpr double kIsRead = 0.5;
 
 } // namespace
 
-TKDocumentController::TKDocumentController(TimeDatabase& database, Alerts& alerts,
-                                           std::function<void()> imported)
+TKDocumentController::TKDocumentController(TimeDatabase& database, Alerts& alerts, FileViewer& fileViewer,
+                                           MainController mainController)
     : m_database(database)
     , m_alerts(alerts)
-    , m_imported(std::move(imported)) {}
+    , m_fileViewer(fileViewer)
+    , m_mainController(std::move(mainController)) {}
 
 void TKDocumentController::openDocumentWithContentsOfURL(const QString& location,
                                                          const Completion& completion) {
@@ -53,7 +55,7 @@ void TKDocumentController::importFrom(const QString& location) {
     if (!m_alerts.waitFor(localized("Importing…"), done))
         return;
     const Outcome imported = m_database.importDatabase(location, *timers);
-    m_imported();
+    m_mainController.imported();
     if (!imported)
         m_alerts.showError(localized("The timers could not be imported."), imported.failure().text);
 }
@@ -74,4 +76,22 @@ void TKDocumentController::saveCopy() {
     const Outcome saved = m_database.saveSettingsToDiskAtURL(*location);
     if (!saved)
         m_alerts.showError(localized("The copy could not be saved."), saved.failure().text);
+}
+
+void TKDocumentController::chooseDatabaseDirectory() {
+    const auto location = m_alerts.chooseSaveLocation(localized("Set storage database location."),
+                                                      m_database.mainStoreURL(), false);
+    if (!location)
+        return;
+    const QString suffix = QStringLiteral(".tkd");
+    const QString whole = location->endsWith(suffix, Qt::CaseInsensitive) ? *location : *location + suffix;
+    // The file itself is copied, so it must be up to date, and must exist.
+    m_mainController.save();
+    const Outcome chosen = m_database.chooseDatabaseLocation(whole);
+    if (!chosen)
+        m_alerts.showError(localized("The database could not be copied."), chosen.failure().text);
+}
+
+void TKDocumentController::revealDatabase() {
+    m_fileViewer.reveal(m_database.mainStoreURL());
 }

@@ -69,9 +69,9 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
 }
 
 ArchiveTab::Actions TKSetupController::archiveActions() {
-    return {.chooseDatabaseLocation = [this] { m_tkController.chooseDatabaseDirectory(); },
-            .restoreDefaultDatabaseLocation = [this] { m_tkController.restoreDefaultDatabaseLocation(); },
-            .revealDatabase = [this] { m_tkController.revealDatabase(); },
+    return {.chooseDatabaseLocation = [this] { m_tkController.documents().chooseDatabaseDirectory(); },
+            .restoreDefaultDatabaseLocation = [this] { m_tkController.database().restoreDefaultDatabaseLocation(); },
+            .revealDatabase = [this] { m_tkController.documents().revealDatabase(); },
             .setPeriodicSaveDirectory = [this] { m_tkController.exporting().setPeriodicSaveDirectory(); },
             .setPeriodicDaysOfWeek =
                 [this](const PeriodicSave::Segments& segments) {
