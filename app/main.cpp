@@ -6,6 +6,7 @@
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
+#include "interface/history/HistoryController.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/Preferences.h"
@@ -61,6 +62,13 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     Preferences preferences(
         controller, desktop.platform(), setupAlerts,
         [&](PrefWindow& window) { setupAlerts.setWindow(&window); }, &history);
+
+    HistoryController historyController({.window = controller.window(),
+                                         .platform = desktop.platform(),
+                                         .alerts = alerts,
+                                         .project = [&] { return controller.shownProject(); },
+                                         .isCounting = [&] { return controller.timer().isRunning(); }},
+                                        history);
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();

@@ -37,6 +37,12 @@ inline const QString kTKSaidThatClosingMinimizes = QStringLiteral("kTKSaidThatCl
 inline const QString kHistoryDays = QStringLiteral("kTKHistoryDays");
 // The hour of the clock at which a day of the history begins, from 0 to 23.
 inline const QString kHistoryDayBegins = QStringLiteral("kTKHistoryDayBegins");
+// Whether the main window shows the history rather than the timers.
+inline const QString kHistoryShown = QStringLiteral("kTKHistoryShown");
+// The kind of range that the history shows: 0 day, 1 week, 2 month, 3 year.
+inline const QString kHistoryRange = QStringLiteral("kTKHistoryRange");
+// Whether the history goes by projects rather than by programs.
+inline const QString kHistoryByProject = QStringLiteral("kTKHistoryByProject");
 // Which rows are expanded under "All Timers": a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

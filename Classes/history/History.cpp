@@ -95,6 +95,16 @@ QString History::obstacle() const {
     return m_why.isEmpty() ? QString() : AccountTrouble::unwritten(m_path);
 }
 
+std::vector<HistoryRow> History::unwritten() const {
+    std::map<std::uint64_t, HistoryRow> rows = m_writer.unwritten();
+    m_recorder.addNewsTo(rows);
+    std::vector<HistoryRow> ordered;
+    ordered.reserve(rows.size());
+    for (auto& [serial, row] : rows)
+        ordered.push_back(std::move(row));
+    return ordered;
+}
+
 std::unique_ptr<HistoryReader> History::reader() const {
     return std::make_unique<HistoryReader>(m_services.runLoop, m_path, m_background);
 }

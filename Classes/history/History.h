@@ -45,6 +45,8 @@ public:
     // Why there is nothing to read and nothing to forget, as a sentence for the user; empty when there is
     // something.
     QString obstacle() const;
+    // What is newer than the file, in order of time.
+    std::vector<HistoryRow> unwritten() const;
     // For questions about what is already in the file.
     std::unique_ptr<HistoryReader> reader() const;
 

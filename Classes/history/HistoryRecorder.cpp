@@ -186,6 +186,14 @@ void HistoryRecorder::takeInto(HistoryBatch& batch) {
         m_isOpen = false;
 }
 
+void HistoryRecorder::addNewsTo(std::map<std::uint64_t, HistoryRow>& rows) const {
+    for (const auto& [serial, row] : m_settled)
+        rows.insert_or_assign(serial, row);
+    for (const Span& span : m_spans)
+        if (span.hasChanged)
+            rows.insert_or_assign(span.serial, rowOf(span));
+}
+
 void HistoryRecorder::settle() {
     for (const Span& span : m_spans)
         if (span.hasChanged)

@@ -23,6 +23,8 @@ public:
     bool hasNews() const { return m_hasNews; }
     // Hands over what has changed.
     void takeInto(HistoryBatch& batch);
+    // The same, by serial numbers, but still to be handed over.
+    void addNewsTo(std::map<std::uint64_t, HistoryRow>& rows) const;
     // No row so far will be extended or cut any more.
     void settle();
     // Timers of this identity get another one; so do their rows that may still change.

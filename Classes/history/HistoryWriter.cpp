@@ -190,6 +190,14 @@ std::size_t HistoryWriter::waiting() const {
     return count;
 }
 
+std::map<std::uint64_t, HistoryRow> HistoryWriter::unwritten() const {
+    std::map<std::uint64_t, HistoryRow> rows;
+    for (const auto& batch : m_waiting)
+        for (const auto& [serial, row] : batch->rows)
+            rows.insert_or_assign(serial, row);
+    return rows;
+}
+
 // Joins neighbours within an hour; the longer one stands for both. The time stays the same.
 void HistoryWriter::shrink(HistoryBatch& batch) {
     qsizetype text = 0;

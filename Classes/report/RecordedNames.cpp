@@ -19,8 +19,9 @@ PropertyListValue contentOf(const QString& path) {
 
 } // namespace
 
-RecordedNames::RecordedNames(SqliteDatabase& history, const Folders& folders)
-    : m_history(history) {
+RecordedNames::RecordedNames(SqliteDatabase& history, const Folders& folders, UnwrittenRows unwritten)
+    : m_history(history)
+    , m_unwritten(std::move(unwritten)) {
     const PropertyListValue settings = contentOf(folders.settingsFile);
     if (const auto* entries = settings.asDictionary())
         if (const auto* rules = entries->value(kRulesetKey).asDictionary())
@@ -51,6 +52,8 @@ void RecordedNames::readProjects(const QString& path) {
 }
 
 QString RecordedNames::recordedProgram(qint64 number) const {
+    if (number < 0)
+        return cleanText(m_unwritten.program(number));
     SqliteQuery row(m_history, "SELECT name FROM programs WHERE id = ?", std::int64_t(number));
     return row.next() ? cleanText(row.text(0)) : QString();
 }
@@ -68,6 +71,8 @@ std::optional<QString> RecordedNames::program(qint64 number) const {
 }
 
 QString RecordedNames::title(qint64 number) const {
+    if (number < 0)
+        return cleanText(m_unwritten.title(number));
     SqliteQuery row(m_history, "SELECT text FROM titles WHERE id = ?", std::int64_t(number));
     return row.next() ? cleanText(row.text(0)) : QString();
 }
@@ -87,14 +92,21 @@ const QList<qsizetype>& RecordedNames::fitting(qint64 program, qint64 title) con
     return *m_fitting.insert(key, places);
 }
 
-QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
-    QList<qsizetype> places;
-    SqliteQuery row(m_history, "SELECT application, window FROM timers WHERE id = ?", std::int64_t(timer));
-    if (row.next()) {
-        places = m_memberships.value(row.bytes(0));
-        // The row of an application has no window, and an empty window is no project's member.
-        places += m_memberships.value(row.bytes(1));
+std::pair<QByteArray, QByteArray> RecordedNames::recordedTimer(qint64 number) const {
+    if (number < 0) {
+        const RowTimer& timer = m_unwritten.timer(number);
+        return {timer.application ? timer.application->bytes() : QByteArray(),
+                timer.window ? timer.window->bytes() : QByteArray()};
     }
+    SqliteQuery row(m_history, "SELECT application, window FROM timers WHERE id = ?", std::int64_t(number));
+    return row.next() ? std::pair(row.bytes(0), row.bytes(1)) : std::pair<QByteArray, QByteArray>();
+}
+
+QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
+    const auto [application, window] = recordedTimer(timer);
+    // What has no identity is no project's member.
+    QList<qsizetype> places = m_memberships.value(application);
+    places += m_memberships.value(window);
     if (m_belonging != Belonging::Timer)
         places += fitting(program, title);
     std::ranges::sort(places);

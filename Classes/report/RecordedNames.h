@@ -4,6 +4,7 @@
 #include "Classes/history/Sqlite.h"
 #include "Classes/projects/ProjectPatterns.h"
 #include "Classes/report/ReportNames.h"
+#include "Classes/report/UnwrittenRows.h"
 #include "platform/Folders.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 
@@ -12,8 +13,9 @@
 // The names in a history, as changed by this user's rules, and their projects.
 class RecordedNames : public ReportNames {
 public:
-    // The database outlives it. Rules or projects that cannot be read count as empty.
-    RecordedNames(SqliteDatabase& history, const Folders& folders);
+    // The database outlives it. Rules or projects that cannot be read count as empty. `unwritten` is what the
+    // database does not have yet.
+    RecordedNames(SqliteDatabase& history, const Folders& folders, UnwrittenRows unwritten = {});
 
     std::optional<QString> program(qint64 number) const override;
     QString title(qint64 number) const override;
@@ -26,9 +28,12 @@ public:
 private:
     void readProjects(const QString& path);
     QString recordedProgram(qint64 number) const;
+    // The identities of its application and its window, in the history's form.
+    std::pair<QByteArray, QByteArray> recordedTimer(qint64 number) const;
     const QList<qsizetype>& fitting(qint64 program, qint64 title) const;
 
     SqliteDatabase& m_history;
+    UnwrittenRows m_unwritten;
     // By program name.
     PropertyListDictionary m_rules;
     QStringList m_projectNames;

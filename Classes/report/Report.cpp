@@ -113,8 +113,9 @@ const Report::Program& Report::program(qint64 number) {
     if (known != m_programs.constEnd())
         return *known;
     const auto name = m_names.program(number);
+    const bool isShown = name && (!m_request.program || *name == *m_request.program);
     Program program{
-        name.has_value(), isFound(name.value_or(QString())), m_texts.numberOf(name.value_or(QString())), {}};
+        isShown, isFound(name.value_or(QString())), m_texts.numberOf(name.value_or(QString())), {}};
     for (const QString& category : m_names.categoriesOf(number))
         program.categories.push_back(m_texts.numberOf(category));
     if (program.categories.empty())

@@ -27,14 +27,6 @@ QString textOf(const QJsonValue& cell) {
     return texts.join(QStringLiteral("; "));
 }
 
-QString durationText(qint64 milliseconds) {
-    const qint64 seconds = (milliseconds + 500) / 1000;
-    return QStringLiteral("%1:%2:%3")
-        .arg(seconds / 3600)
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-}
-
 QString cutToColumn(const QString& text) {
     if (text.size() <= kWidestCell)
         return text;
@@ -48,16 +40,6 @@ QString cutToColumn(const QString& text) {
 // Without needless digits: 1.5, not 1.500.
 QByteArray secondsText(qint64 milliseconds) {
     return QByteArray::number(double(milliseconds) / 1000, 'g', 15);
-}
-
-QByteArray csvCell(const QString& text) {
-    static const QString kFormulas = QStringLiteral("=+-@\t\r");
-    QString cell = !text.isEmpty() && kFormulas.contains(text.at(0)) ? u'\'' + text : text;
-    // Spreadsheets may split at semicolons and tabs as well, and see a formula behind one.
-    static const QString kQuoted = QStringLiteral("\",;\t\n\r");
-    if (std::ranges::any_of(cell, [](QChar c) { return kQuoted.contains(c); }))
-        cell = u'"' + cell.replace(u'"', QLatin1String("\"\"")) + u'"';
-    return cell.toUtf8();
 }
 
 // A line of a calendar, folded between characters.
@@ -111,6 +93,28 @@ QByteArray event(const ReportLine& line, qint64 now) {
 }
 
 } // namespace
+
+QString ReportFormats::durationText(qint64 milliseconds) {
+    const qint64 seconds = (milliseconds + 500) / 1000;
+    return QStringLiteral("%1:%2:%3")
+        .arg(seconds / 3600)
+        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
+        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
+
+QString ReportFormats::disarmed(const QString& text) {
+    static const QString kFormulas = QStringLiteral("=+-@\t\r");
+    return !text.isEmpty() && kFormulas.contains(text.at(0)) ? u'\'' + text : text;
+}
+
+QByteArray ReportFormats::csvCell(const QString& text) {
+    QString cell = disarmed(text);
+    // Spreadsheets may split at semicolons and tabs as well, and see a formula behind one.
+    static const QString kQuoted = QStringLiteral("\",;\t\n\r");
+    if (std::ranges::any_of(cell, [](QChar c) { return kQuoted.contains(c); }))
+        cell = u'"' + cell.replace(u'"', QLatin1String("\"\"")) + u'"';
+    return cell.toUtf8();
+}
 
 namespace ReportFormats {
 

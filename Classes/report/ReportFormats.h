@@ -17,6 +17,13 @@ QByteArray json(const Report& report);
 // A calendar with one event for each stretch. `now` is the time at which it is made.
 QByteArray ics(const Report& report, const QDateTime& now);
 
+// What a spreadsheet would take for a formula, with an apostrophe before it; other texts as they are.
+QString disarmed(const QString& text);
+// A cell of RFC 4180 in UTF-8, disarmed.
+QByteArray csvCell(const QString& text);
+// "12:03:05".
+QString durationText(qint64 milliseconds);
+
 QByteArray text(const Report& report, ReportFormat format, const QDateTime& now);
 
 } // namespace ReportFormats

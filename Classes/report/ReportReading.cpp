@@ -28,7 +28,7 @@ struct Days {
     bool have(QDate day) const { return first <= day && day < end; }
 };
 
-Days wholeDaysOf(const ReportRequest& request, int dayBegins) {
+Days wholeDaysOf(const ReportRequest& request, int dayBegins, const UnwrittenRows& unwritten) {
     const bool isFine = std::ranges::any_of(
         request.keys, [](ReportKey key) { return key == ReportKey::Hour || key == ReportKey::Stretch; });
     if (isFine)
@@ -36,11 +36,14 @@ Days wholeDaysOf(const ReportRequest& request, int dayBegins) {
     Days days{dayOf(request.from, dayBegins), dayOf(request.to, dayBegins)};
     if (request.from != beginningOf(days.first, dayBegins))
         days.first = days.first.addDays(1);
+    // The sums of a day are out of date when one of its rows is.
+    for (const RecordedStretch& stretch : unwritten.stretches())
+        days.end = std::min(days.end, Report::dayOf(stretch, dayBegins));
     return days;
 }
 
 void readStretches(Report& report, SqliteDatabase& history, qint64 from, qint64 to, const Days& left,
-                   int dayBegins) {
+                   int dayBegins, const UnwrittenRows& unwritten) {
     SqliteQuery row(history,
                     "SELECT start, length, offset, program, title, timer, presence FROM stretches "
                     "JOIN timers ON timers.id = timer WHERE start >= ? AND start < ? AND NOT deleted "
@@ -50,7 +53,8 @@ void readStretches(Report& report, SqliteDatabase& history, qint64 from, qint64 
         const RecordedStretch stretch{
             row.integer(0), row.integer(1), int(row.integer(2)),       row.integer(3),
             row.integer(4), row.integer(5), presenceOf(row.integer(6))};
-        if (left.areNone() || !left.have(Report::dayOf(stretch, dayBegins)))
+        if (!unwritten.replace(stretch.start) &&
+            (left.areNone() || !left.have(Report::dayOf(stretch, dayBegins))))
             report.add(stretch);
     }
 }
@@ -109,20 +113,23 @@ SqliteDatabase::Mode howToRead(const QString& path) {
     return isAtRest ? SqliteDatabase::Mode::AtRest : SqliteDatabase::Mode::Read;
 }
 
-void readInto(Report& report, SqliteDatabase& history, const ReportRequest& request, int dayBegins) {
+void readInto(Report& report, SqliteDatabase& history, const ReportRequest& request, int dayBegins,
+              const UnwrittenRows& unwritten) {
     const qint64 from = request.from.toMSecsSinceEpoch();
     const qint64 to = request.to.toMSecsSinceEpoch();
-    const Days days = wholeDaysOf(request, dayBegins);
+    const Days days = wholeDaysOf(request, dayBegins, unwritten);
+    const auto readPart = [&](qint64 begin, qint64 end) {
+        readStretches(report, history, begin, end, days, dayBegins, unwritten);
+    };
+    for (const RecordedStretch& stretch : unwritten.stretches())
+        report.add(stretch);
     if (days.areNone())
-        return readStretches(report, history, from - kLongest, to, days, dayBegins);
+        return readPart(from - kLongest, to);
     // The parts of the range that are no whole days are read stretch by stretch. Days in other time zones
     // began at another moment, so they are read the same way.
     const qint64 firstDay = beginningOf(days.first, dayBegins).toMSecsSinceEpoch();
     const qint64 lastDay = beginningOf(days.end, dayBegins).toMSecsSinceEpoch();
-    readStretches(report, history, from - kLongest, std::min(firstDay + kFarthestZone, to), days, dayBegins);
-    if (lastDay - kFarthestZone > firstDay + kFarthestZone)
-        readStretches(report, history, lastDay - kFarthestZone, to, days, dayBegins);
-    else
-        readStretches(report, history, firstDay + kFarthestZone, to, days, dayBegins);
+    readPart(from - kLongest, std::min(firstDay + kFarthestZone, to));
+    readPart(std::max(lastDay, firstDay + 2 * kFarthestZone) - kFarthestZone, to);
     readWholeDays(report, history, request, days);
 }

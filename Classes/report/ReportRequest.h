@@ -36,6 +36,8 @@ struct ReportRequest {
     std::vector<ReportKey> keys{ReportKey::App};
     // Absent: time of all projects and of none.
     std::optional<QString> project;
+    // Absent: time of all programs. As the user knows it.
+    std::optional<QString> program;
     // Part of the title or the program's name, upper or lower case. Empty matches everything.
     QString search;
     ReportPresence presence = ReportPresence::Work;

@@ -4,6 +4,7 @@
 #include "interface/shell/Images.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
+#include <QActionGroup>
 #include <QMenuBar>
 
 namespace {
@@ -59,6 +60,8 @@ MainActions::MainActions(QObject* window)
     , find(make(window, "find", localized("&Find"), QKeySequence::Find))
     , showPrefWindow(make(window, "showPrefWindow", localized("&Preferences…"), Qt::CTRL | Qt::Key_Comma))
     , editRules(make(window, "editRules", localized("Edit Ru&les…")))
+    , showTimers(make(window, "showTimers", localized("&Timers"), Qt::CTRL | Qt::Key_1))
+    , showHistory(make(window, "showHistory", localized("&History"), Qt::CTRL | Qt::Key_2))
     , expandAll(make(window, "expandAll", localized("&Expand All"), Qt::CTRL | Qt::Key_Plus))
     , collapseAll(make(window, "collapseAll", localized("C&ollapse All"), Qt::CTRL | Qt::Key_Minus))
     , showSidebar(make(window, "showSidebar", localized("&Projects"), Qt::Key_F9))
@@ -74,6 +77,12 @@ MainActions::MainActions(QObject* window)
     , clearTimers(make(window, "clearTimersItem", localized("Clear Timers")))
     , about(make(window, "about", localized("&About Ticklog"))) {
     clearTimers->setIcon(Images::named(QStringLiteral("ToolbarClear")));
+    auto* sides = new QActionGroup(window);
+    for (QAction* side : {showTimers, showHistory}) {
+        side->setCheckable(true);
+        sides->addAction(side);
+    }
+    showTimers->setChecked(true);
     showSidebar->setCheckable(true);
     showSidebar->setChecked(true);
     quit->setMenuRole(QAction::QuitRole);
@@ -88,7 +97,8 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
     addMenu(menuBar, "editMenu", localized("&Edit"),
             {undo, redo, nullptr, copy, copySummaryTime, nullptr, rename, deleteRows, forceDelete, nullptr,
              selectAll, deselectAll, nullptr, find, nullptr, editRules, showPrefWindow});
-    addMenu(menuBar, "viewMenu", localized("&View"), {showSidebar, nullptr, expandAll, collapseAll});
+    addMenu(menuBar, "viewMenu", localized("&View"),
+            {showTimers, showHistory, nullptr, showSidebar, nullptr, expandAll, collapseAll});
     QMenu* projectMenu = addMenu(menuBar, "projectMenu", localized("&Project"),
                                  {addProject, renameProject, editPatterns, nullptr, moveProjectUp,
                                   moveProjectDown, nullptr, branchProject, nullptr, removeProject, nullptr});

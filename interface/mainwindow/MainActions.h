@@ -42,6 +42,9 @@ struct MainActions {
     QAction* showPrefWindow;
     QAction* editRules;
 
+    // Which of its two sides the window shows. One is checked.
+    QAction* showTimers;
+    QAction* showHistory;
     QAction* expandAll;
     QAction* collapseAll;
     QAction* showSidebar;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/MainCommands.h"
 
+#include "interface/history/HistoryOutline.h"
+#include "interface/history/HistoryPane.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
@@ -34,6 +36,8 @@ MainCommands::MainCommands(TKController& controller, QUndoStack& undoStack)
     connectTimers();
     connectProjects();
     followFocus();
+    QObject::connect(&controller.window(), &MainWindow::historyShownChanged, &m_receiver,
+                     [this] { update(); });
     update();
 }
 
@@ -46,7 +50,10 @@ void MainCommands::connectDatabase() {
     connectTo(actions.restoreDefaultDatabaseLocation, m_receiver,
               [this] { m_controller.database().restoreDefaultDatabaseLocation(); });
     connectTo(actions.revealDatabase, m_receiver, [this] { m_controller.documents().revealDatabase(); });
-    connectTo(actions.exportShown, m_receiver, [this] { m_controller.exportShown(); });
+    connectTo(actions.exportShown, m_receiver, [this] {
+        MainWindow& window = m_controller.window();
+        window.isHistoryShown() ? window.historyPane().exportWanted() : m_controller.exportShown();
+    });
     connectTo(actions.exportAll, m_receiver, [this] { m_controller.exporting().exportAllToCSV(); });
     connectTo(actions.exportProject, m_receiver, [this] { m_controller.exportProject(); });
     connectTo(actions.closeWindow, m_receiver, [this] { m_controller.window().close(); });
@@ -59,13 +66,24 @@ void MainCommands::connectDatabase() {
 
 void MainCommands::connectEditing() {
     const MainActions& actions = m_controller.window().actions();
-    connectTo(actions.copy, m_receiver, [this] { m_focusedOutline->copy(); });
+    connectTo(actions.copy, m_receiver, [this] {
+        areForHistory() ? m_controller.window().historyPane().outline().copy() : m_focusedOutline->copy();
+    });
     connectTo(actions.copySummaryTime, m_receiver, [this] { m_controller.copySummaryTime(); });
     connectTo(actions.rename, m_receiver, [this] { m_focusedOutline->editName(); });
     connectTo(actions.deleteRows, m_receiver, [this] { m_focusedOutline->deleteRows(); });
     connectTo(actions.forceDelete, m_receiver, [this] { m_focusedOutline->forceDelete(); });
-    connectTo(actions.selectAll, m_receiver, [this] { m_controller.window().mainTable().selectAll(); });
-    connectTo(actions.deselectAll, m_receiver, [this] { m_controller.deselectAll(); });
+    connectTo(actions.selectAll, m_receiver, [this] {
+        MainWindow& window = m_controller.window();
+        (window.isHistoryShown() ? static_cast<QTreeView&>(window.historyPane().outline())
+                                 : window.mainTable())
+            .selectAll();
+    });
+    connectTo(actions.deselectAll, m_receiver, [this] {
+        MainWindow& window = m_controller.window();
+        window.isHistoryShown() ? window.historyPane().outline().clearSelection()
+                                : m_controller.deselectAll();
+    });
     connectTo(actions.find, m_receiver, [this] { m_controller.find(); });
 }
 
@@ -90,8 +108,14 @@ void MainCommands::connectUndo(QUndoStack& undoStack) {
 void MainCommands::connectTimers() {
     const MainActions& actions = m_controller.window().actions();
     TKOutlineDisplayView& table = m_controller.window().mainTable();
-    connectTo(actions.expandAll, m_receiver, [&table] { table.expandAllRows(); });
-    connectTo(actions.collapseAll, m_receiver, [&table] { table.collapseAllRows(); });
+    connectTo(actions.expandAll, m_receiver, [this, &table] {
+        MainWindow& window = m_controller.window();
+        window.isHistoryShown() ? window.historyPane().outline().expandAll() : table.expandAllRows();
+    });
+    connectTo(actions.collapseAll, m_receiver, [this, &table] {
+        MainWindow& window = m_controller.window();
+        window.isHistoryShown() ? window.historyPane().outline().collapseAll() : table.collapseAllRows();
+    });
     connectTo(actions.toggleCounting, m_receiver, [this] { m_controller.timer().toggleCounting(); });
     connectTo(actions.branch, m_receiver, [this] { m_controller.branchSelected(); });
     connectTo(actions.clearTimers, m_receiver, [this] { m_controller.clearTimers(); });
@@ -112,8 +136,10 @@ void MainCommands::connectProjects() {
 void MainCommands::followFocus() {
     // A menu opened by keyboard takes the focus, so the outline that had it last is remembered.
     QObject::connect(qApp, &QApplication::focusChanged, &m_receiver, [this](QWidget*, QWidget* focused) {
-        auto* outline = qobject_cast<TKOutlineDisplayView*>(focused);
         const MainWindow& window = m_controller.window();
+        auto* outline = focused == &window.historyPane().outline()
+                            ? &window.mainTable()
+                            : qobject_cast<TKOutlineDisplayView*>(focused);
         if (outline != &window.mainTable() && outline != &window.projectOutline())
             return;
         m_focusedOutline = outline;
@@ -121,17 +147,24 @@ void MainCommands::followFocus() {
     });
 }
 
+bool MainCommands::areForHistory() const {
+    const MainWindow& window = m_controller.window();
+    return window.isHistoryShown() && m_focusedOutline == &window.mainTable();
+}
+
 void MainCommands::update() {
     const MainActions& actions = m_controller.window().actions();
     const TKOutlineDisplayView& table = m_controller.window().mainTable();
-    const bool hasSelection = table.selectionModel()->hasSelection();
-    for (QAction* action : {actions.deselectAll, actions.branch})
-        action->setEnabled(hasSelection);
+    const bool isHistory = m_controller.window().isHistoryShown();
+    // What only timers can have done to them waits until they are shown again.
+    const bool hasSelection = !isHistory && table.selectionModel()->hasSelection();
+    actions.deselectAll->setEnabled(isHistory || hasSelection);
+    actions.branch->setEnabled(hasSelection);
     const TKProjectController& projects = m_controller.projectController();
     const bool hasProject = !projects.isMainItemSelected();
     const bool isForTimers = m_focusedOutline == &table;
     // In the sidebar, "All Timers" can be copied but not renamed or deleted.
-    actions.copy->setEnabled(!isForTimers || hasSelection);
+    actions.copy->setEnabled(!isForTimers || isHistory || hasSelection);
     for (QAction* action : {actions.rename, actions.deleteRows})
         action->setEnabled(isForTimers ? hasSelection : hasProject);
     actions.forceDelete->setEnabled(isForTimers && hasSelection);

@@ -23,9 +23,12 @@ private:
     void connectTimers();
     void connectProjects();
     void followFocus();
+    // Whether commands for rows apply to those of the history.
+    bool areForHistory() const;
 
     TKController& m_controller;
-    // The outline that had the focus last; commands for rows apply to it.
+    // The outline that had the focus last; commands for rows apply to it. While the history is shown, the table stands
+    // for the history's outline.
     TKOutlineDisplayView* m_focusedOutline;
     // Receives all connections; its end disconnects them.
     QObject m_receiver;

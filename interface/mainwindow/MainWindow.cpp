@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/MainWindow.h"
 
+#include "interface/history/HistoryOutline.h"
+#include "interface/history/HistoryPane.h"
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/ObstacleBar.h"
@@ -16,6 +18,8 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QStackedWidget>
+#include <QTabBar>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -33,13 +37,17 @@ constexpr int kToolMargin = 6;
 } // namespace
 
 MainWindow::MainWindow()
-    : m_actions(this) {
+    : m_actions(this)
+    , m_historyActions(this) {
     setWindowTitle(QStringLiteral("Ticklog"));
     named(this, QStringLiteral("mainWindow"));
     setAccessibleName(QStringLiteral("Ticklog"));
     setContextMenuPolicy(Qt::NoContextMenu);
     named(menuBar(), QStringLiteral("mainMenuBar"));
     m_projectMenu = m_actions.fill(*menuBar());
+    auto* historyMenu = named(new QMenu(localized("H&istory"), menuBar()), QStringLiteral("historyMenu"));
+    menuBar()->insertMenu(m_projectMenu->menuAction(), historyMenu);
+    m_historyActions.fill(*historyMenu);
     m_tkLabelProjectViewController = new TKLabelViewController(*m_projectMenu);
     makeToolBar();
     m_splitView = named(new TKConstrainedSplitView(this), QStringLiteral("splitView"));
@@ -51,6 +59,7 @@ MainWindow::MainWindow()
     setCentralWidget(m_splitView);
     connect(m_actions.showSidebar, &QAction::toggled, m_sidebar, &QWidget::setVisible);
     m_searchAppField->setOutlineView(m_mainTable);
+    connectSides();
     // Clicking the sum shows the sum of all rows again.
     connect(m_sumBar, &SumBar::sumClicked, m_mainTable, &QAbstractItemView::clearSelection);
     connect(m_sumBar, &SumBar::captionPressed, m_actions.copySummaryTime, &QAction::trigger);
@@ -93,6 +102,26 @@ QWidget* MainWindow::makeOutlinePane() {
     rows->setSpacing(0);
     m_obstacleBar = named(new ObstacleBar, QStringLiteral("obstacleBar"));
     rows->addWidget(m_obstacleBar);
+    m_sides = named(new QTabBar, QStringLiteral("sides"));
+    m_sides->setDocumentMode(true);
+    m_sides->setExpanding(false);
+    m_sides->setDrawBase(false);
+    for (const QAction* side : {m_actions.showTimers, m_actions.showHistory})
+        m_sides->addTab(side->text().remove(u'&'));
+    rows->addWidget(m_sides);
+    m_pages = named(new QStackedWidget, QStringLiteral("pages"));
+    m_historyPane = named(new HistoryPane(m_historyActions), QStringLiteral("historyPane"));
+    m_pages->addWidget(makeTimersPage());
+    m_pages->addWidget(m_historyPane);
+    rows->addWidget(m_pages, 1);
+    return pane;
+}
+
+QWidget* MainWindow::makeTimersPage() {
+    auto* pane = named(new QWidget, QStringLiteral("timersPage"));
+    auto* rows = new QVBoxLayout(pane);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
     m_mainTable = named(new TKOutlineDisplayView, QStringLiteral("mainTable"));
     named(m_mainTable->header(), QStringLiteral("mainTableHeader"));
     rows->addWidget(m_mainTable, 1);
@@ -161,8 +190,36 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+void MainWindow::connectSides() {
+    // The commands, the tabs and what is shown follow each other.
+    connect(m_sides, &QTabBar::currentChanged, this, [this](int side) { setHistoryShown(side == 1); });
+    for (const QAction* side : {m_actions.showTimers, m_actions.showHistory})
+        connect(side, &QAction::triggered, this, [this] { setHistoryShown(isHistoryShown()); });
+    for (QAction* action : m_historyActions.all())
+        action->setEnabled(false);
+}
+
+void MainWindow::setHistoryShown(bool isShown) {
+    (isShown ? m_actions.showHistory : m_actions.showTimers)->setChecked(true);
+    m_sides->setCurrentIndex(isShown);
+    if (m_pages->currentIndex() == int(isShown))
+        return;
+    const bool hadFocus = m_pages->currentWidget()->isAncestorOf(focusWidget());
+    m_pages->setCurrentIndex(isShown);
+    for (QAction* action : m_historyActions.all())
+        action->setEnabled(isShown);
+    if (hadFocus)
+        (isShown ? static_cast<QWidget*>(&m_historyPane->outline()) : m_mainTable)->setFocus();
+    updateSeen();
+    Q_EMIT historyShownChanged(isShown);
+}
+
 void MainWindow::updateSeen() {
-    const bool isSeen = isVisible() && !isMinimized() && !m_isOutOfSight;
+    const bool isInSight = isVisible() && !isMinimized() && !m_isOutOfSight;
+    const bool isSeen = isInSight && !isHistoryShown();
+    const bool isHistorySeen = isInSight && isHistoryShown();
     if (std::exchange(m_isSeen, isSeen) != isSeen)
         Q_EMIT seenChanged(isSeen);
+    if (std::exchange(m_isHistorySeen, isHistorySeen) != isHistorySeen)
+        Q_EMIT historySeenChanged(isHistorySeen);
 }

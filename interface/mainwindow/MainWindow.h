@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/history/HistoryActions.h"
 #include "interface/mainwindow/MainActions.h"
 #include "interface/mainwindow/TKSearchField.h"
 
 #include <QMainWindow>
 
 class AppTypeControl;
+class HistoryPane;
 class ObstacleBar;
+class QStackedWidget;
+class QTabBar;
 class QToolBar;
 class SidebarPane;
 class SumBar;
@@ -15,14 +19,15 @@ class TKConstrainedSplitView;
 class TKLabelViewController;
 class TKOutlineDisplayView;
 
-// The main window: the projects on the left, the outline of timers with the sum below it, the toolbar with
-// the search, the menus. It draws and forwards; its actions are connected from outside.
+// The main window: the projects on the left, the outline of timers with the sum below it or the history, the
+// toolbar with the search, the menus. It draws and forwards; its actions are connected from outside.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     MainWindow();
 
     const MainActions& actions() const { return m_actions; }
+    const HistoryActions& historyActions() const { return m_historyActions; }
 
     TKOutlineDisplayView& mainTable() const { return *m_mainTable; }
 
@@ -35,14 +40,22 @@ public:
     AppTypeControl& appTypeToolbar() const { return *m_appTypeToolbar; }
     ObstacleBar& obstacleBar() const { return *m_obstacleBar; }
 
+    HistoryPane& historyPane() const { return *m_historyPane; }
+    // Which side is shown.
+    bool isHistoryShown() const { return m_actions.showHistory->isChecked(); }
+    void setHistoryShown(bool isShown);
+
     QMenu& projectMenu() const { return *m_projectMenu; }
 
     // The colour labels in the menu of projects.
     TKLabelViewController& tkLabelProjectViewController() const { return *m_tkLabelProjectViewController; }
 
-    // Whether the user can see the window: it is neither closed nor minimised, and the desktop does not say
-    // that it is hidden. Under Wayland that is the only way to learn of minimising and of workspaces.
+    // Whether the user can see the timers: the window is neither closed nor minimised, it does not show the
+    // history, and the desktop does not say that it is hidden. Under Wayland that is the only way to learn of
+    // minimising and of workspaces.
     bool isSeen() const { return m_isSeen; }
+    // The same for the history.
+    bool isHistorySeen() const { return m_isHistorySeen; }
 
     // The commands that have shortcuts.
     QList<QAction*> appMenu() const;
@@ -56,6 +69,8 @@ public:
 
 Q_SIGNALS:
     void seenChanged(bool isSeen);
+    void historySeenChanged(bool isSeen);
+    void historyShownChanged(bool isShown);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -66,9 +81,12 @@ protected:
 private:
     void makeToolBar();
     QWidget* makeOutlinePane();
+    QWidget* makeTimersPage();
+    void connectSides();
     void updateSeen();
 
     MainActions m_actions;
+    HistoryActions m_historyActions;
     QMenu* m_projectMenu = nullptr;
     TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     QToolBar* m_toolBar = nullptr;
@@ -77,9 +95,13 @@ private:
     TKConstrainedSplitView* m_splitView = nullptr;
     SidebarPane* m_sidebar = nullptr;
     ObstacleBar* m_obstacleBar = nullptr;
+    QTabBar* m_sides = nullptr;
+    QStackedWidget* m_pages = nullptr;
+    HistoryPane* m_historyPane = nullptr;
     TKOutlineDisplayView* m_mainTable = nullptr;
     SumBar* m_sumBar = nullptr;
     bool m_isSeen = false;
+    bool m_isHistorySeen = false;
     // The window is shown, but the desktop does not let it paint.
     bool m_isOutOfSight = false;
 };

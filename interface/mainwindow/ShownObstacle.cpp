@@ -26,7 +26,7 @@ void ShownObstacle::show() {
     const QString obstacle = m_platform.frontApplication.obstacle();
     m_presence.showObstacle(obstacle);
     m_presence.showTrouble(m_trouble.text());
-    if (!m_window.isSeen())
+    if (!m_window.isSeen() && !m_window.isHistorySeen())
         return;
     QStringList lines{obstacle, m_trouble.text()};
     lines.removeAll(QString());

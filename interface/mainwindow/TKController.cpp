@@ -222,6 +222,12 @@ void TKController::selectionChanged() {
     refreshTimeSum();
 }
 
+std::optional<QString> TKController::shownProject() const {
+    return m_projectController->isMainItemSelected()
+               ? std::nullopt
+               : std::optional(m_projectController->currentProject()->label());
+}
+
 QString TKController::versionString() {
     QString text = localized("%@ (build %@)");
     const qsizetype first = text.indexOf(QLatin1String("%@"));

@@ -77,6 +77,8 @@ public:
     // Exports the selected project, whole.
     void exportProject();
 
+    // The name of the project that is selected in the sidebar; absent for all timers.
+    std::optional<QString> shownProject() const;
     // Whether all timers are shown rather than a project.
     bool mainItemIsSelected() const { return m_shown.areAll(); }
     bool blockExpansionSaveWhileSearching() const { return m_shown.isSearching(); }

@@ -1363,5 +1363,101 @@
         <source>Change Patterns</source>
         <translation>Muster ändern</translation>
     </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>Vo&amp;rwärts</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>&amp;Heute</translation>
+    </message>
+    <message>
+        <source>&amp;Day</source>
+        <translation>&amp;Tag</translation>
+    </message>
+    <message>
+        <source>&amp;Week</source>
+        <translation>&amp;Woche</translation>
+    </message>
+    <message>
+        <source>&amp;Month</source>
+        <translation>&amp;Monat</translation>
+    </message>
+    <message>
+        <source>&amp;Year</source>
+        <translation>&amp;Jahr</translation>
+    </message>
+    <message>
+        <source>F&amp;rom – To…</source>
+        <translation>V&amp;on – bis…</translation>
+    </message>
+    <message>
+        <source>By &amp;Program</source>
+        <translation>Nach &amp;Programm</translation>
+    </message>
+    <message>
+        <source>By Pro&amp;ject</source>
+        <translation>Nach Proje&amp;kt</translation>
+    </message>
+    <message>
+        <source>Nothing here has as much time as you ask for.</source>
+        <translation>Hier hat nichts so viel Zeit, wie Sie verlangen.</translation>
+    </message>
+    <message>
+        <source>Nothing in this time matches the search.</source>
+        <translation>In dieser Zeit passt nichts zur Suche.</translation>
+    </message>
+    <message>
+        <source>No work for this project in this time.</source>
+        <translation>In dieser Zeit wurde nicht für dieses Projekt gearbeitet.</translation>
+    </message>
+    <message>
+        <source>This time is still to come.</source>
+        <translation>Diese Zeit kommt erst noch.</translation>
+    </message>
+    <message>
+        <source>No work was recorded in this time.</source>
+        <translation>In dieser Zeit wurde keine Arbeit aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>Ticklog History</source>
+        <translation>Ticklog-Verlauf</translation>
+    </message>
+    <message>
+        <source>The history could not be exported.</source>
+        <translation>Der Verlauf konnte nicht exportiert werden.</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Anteil</translation>
+    </message>
+    <message>
+        <source>Opens a calendar</source>
+        <translation>Öffnet einen Kalender</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Timers</source>
+        <translation>&amp;Timer</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>H&amp;istory</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
 </context>
 </TS>

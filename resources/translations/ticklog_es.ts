@@ -1363,5 +1363,101 @@
         <source>Change Patterns</source>
         <translation>Cambiar los patrones</translation>
     </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>A&amp;trás</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>Ade&amp;lante</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>&amp;Hoy</translation>
+    </message>
+    <message>
+        <source>&amp;Day</source>
+        <translation>&amp;Día</translation>
+    </message>
+    <message>
+        <source>&amp;Week</source>
+        <translation>&amp;Semana</translation>
+    </message>
+    <message>
+        <source>&amp;Month</source>
+        <translation>&amp;Mes</translation>
+    </message>
+    <message>
+        <source>&amp;Year</source>
+        <translation>&amp;Año</translation>
+    </message>
+    <message>
+        <source>F&amp;rom – To…</source>
+        <translation>D&amp;esde – hasta…</translation>
+    </message>
+    <message>
+        <source>By &amp;Program</source>
+        <translation>Por &amp;programa</translation>
+    </message>
+    <message>
+        <source>By Pro&amp;ject</source>
+        <translation>Por pro&amp;yecto</translation>
+    </message>
+    <message>
+        <source>Nothing here has as much time as you ask for.</source>
+        <translation>Nada tiene aquí tanto tiempo como pide.</translation>
+    </message>
+    <message>
+        <source>Nothing in this time matches the search.</source>
+        <translation>Nada de este período coincide con la búsqueda.</translation>
+    </message>
+    <message>
+        <source>No work for this project in this time.</source>
+        <translation>No hay trabajo para este proyecto en este período.</translation>
+    </message>
+    <message>
+        <source>This time is still to come.</source>
+        <translation>Este período aún no ha llegado.</translation>
+    </message>
+    <message>
+        <source>No work was recorded in this time.</source>
+        <translation>No se registró trabajo en este período.</translation>
+    </message>
+    <message>
+        <source>Ticklog History</source>
+        <translation>Historial de Ticklog</translation>
+    </message>
+    <message>
+        <source>The history could not be exported.</source>
+        <translation>No se pudo exportar el historial.</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Proporción</translation>
+    </message>
+    <message>
+        <source>Opens a calendar</source>
+        <translation>Abre un calendario</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Hasta</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Mostrar</translation>
+    </message>
+    <message>
+        <source>&amp;Timers</source>
+        <translation>&amp;Cronómetros</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Historial</translation>
+    </message>
+    <message>
+        <source>H&amp;istory</source>
+        <translation>&amp;Historial</translation>
+    </message>
 </context>
 </TS>

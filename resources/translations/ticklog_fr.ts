@@ -1363,5 +1363,101 @@
         <source>Change Patterns</source>
         <translation>Modifier les motifs</translation>
     </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Précédent</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>Sui&amp;vant</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>Aujourd’&amp;hui</translation>
+    </message>
+    <message>
+        <source>&amp;Day</source>
+        <translation>&amp;Jour</translation>
+    </message>
+    <message>
+        <source>&amp;Week</source>
+        <translation>&amp;Semaine</translation>
+    </message>
+    <message>
+        <source>&amp;Month</source>
+        <translation>&amp;Mois</translation>
+    </message>
+    <message>
+        <source>&amp;Year</source>
+        <translation>&amp;Année</translation>
+    </message>
+    <message>
+        <source>F&amp;rom – To…</source>
+        <translation>&amp;Du – au…</translation>
+    </message>
+    <message>
+        <source>By &amp;Program</source>
+        <translation>Par p&amp;rogramme</translation>
+    </message>
+    <message>
+        <source>By Pro&amp;ject</source>
+        <translation>Par proje&amp;t</translation>
+    </message>
+    <message>
+        <source>Nothing here has as much time as you ask for.</source>
+        <translation>Rien ici n’a autant de temps que vous le demandez.</translation>
+    </message>
+    <message>
+        <source>Nothing in this time matches the search.</source>
+        <translation>Rien dans cette période ne correspond à la recherche.</translation>
+    </message>
+    <message>
+        <source>No work for this project in this time.</source>
+        <translation>Aucun travail pour ce projet dans cette période.</translation>
+    </message>
+    <message>
+        <source>This time is still to come.</source>
+        <translation>Cette période est encore à venir.</translation>
+    </message>
+    <message>
+        <source>No work was recorded in this time.</source>
+        <translation>Aucun travail n’a été enregistré dans cette période.</translation>
+    </message>
+    <message>
+        <source>Ticklog History</source>
+        <translation>Historique Ticklog</translation>
+    </message>
+    <message>
+        <source>The history could not be exported.</source>
+        <translation>L’historique n’a pas pu être exporté.</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Part</translation>
+    </message>
+    <message>
+        <source>Opens a calendar</source>
+        <translation>Ouvre un calendrier</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Au</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>&amp;Timers</source>
+        <translation>&amp;Chronomètres</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Historique</translation>
+    </message>
+    <message>
+        <source>H&amp;istory</source>
+        <translation>&amp;Historique</translation>
+    </message>
 </context>
 </TS>

@@ -1363,5 +1363,101 @@
         <source>Change Patterns</source>
         <translation>パターンを変更</translation>
     </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>戻る(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>進む(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>今日(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Day</source>
+        <translation>日(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Week</source>
+        <translation>週(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Month</source>
+        <translation>月(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Year</source>
+        <translation>年(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>F&amp;rom – To…</source>
+        <translation>期間(&amp;R)…</translation>
+    </message>
+    <message>
+        <source>By &amp;Program</source>
+        <translation>プログラム別(&amp;P)</translation>
+    </message>
+    <message>
+        <source>By Pro&amp;ject</source>
+        <translation>プロジェクト別(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Nothing here has as much time as you ask for.</source>
+        <translation>指定した時間に達するものはありません。</translation>
+    </message>
+    <message>
+        <source>Nothing in this time matches the search.</source>
+        <translation>この期間に検索と一致するものはありません。</translation>
+    </message>
+    <message>
+        <source>No work for this project in this time.</source>
+        <translation>この期間にこのプロジェクトの作業はありません。</translation>
+    </message>
+    <message>
+        <source>This time is still to come.</source>
+        <translation>この期間はまだ先です。</translation>
+    </message>
+    <message>
+        <source>No work was recorded in this time.</source>
+        <translation>この期間に記録された作業はありません。</translation>
+    </message>
+    <message>
+        <source>Ticklog History</source>
+        <translation>Ticklog の履歴</translation>
+    </message>
+    <message>
+        <source>The history could not be exported.</source>
+        <translation>履歴を書き出せませんでした。</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>割合</translation>
+    </message>
+    <message>
+        <source>Opens a calendar</source>
+        <translation>カレンダーを開きます</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>終了日</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>&amp;Timers</source>
+        <translation>タイマー(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>履歴(&amp;H)</translation>
+    </message>
+    <message>
+        <source>H&amp;istory</source>
+        <translation>履歴(&amp;I)</translation>
+    </message>
 </context>
 </TS>

@@ -1363,5 +1363,101 @@
         <source>Change Patterns</source>
         <translation>Zmień wzorce</translation>
     </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Wstecz</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>&amp;Naprzód</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>Dz&amp;iś</translation>
+    </message>
+    <message>
+        <source>&amp;Day</source>
+        <translation>&amp;Dzień</translation>
+    </message>
+    <message>
+        <source>&amp;Week</source>
+        <translation>&amp;Tydzień</translation>
+    </message>
+    <message>
+        <source>&amp;Month</source>
+        <translation>&amp;Miesiąc</translation>
+    </message>
+    <message>
+        <source>&amp;Year</source>
+        <translation>&amp;Rok</translation>
+    </message>
+    <message>
+        <source>F&amp;rom – To…</source>
+        <translation>&amp;Od – do…</translation>
+    </message>
+    <message>
+        <source>By &amp;Program</source>
+        <translation>Według &amp;programu</translation>
+    </message>
+    <message>
+        <source>By Pro&amp;ject</source>
+        <translation>Według pro&amp;jektu</translation>
+    </message>
+    <message>
+        <source>Nothing here has as much time as you ask for.</source>
+        <translation>Nic tutaj nie ma tyle czasu, ile wskazano.</translation>
+    </message>
+    <message>
+        <source>Nothing in this time matches the search.</source>
+        <translation>W tym czasie nic nie pasuje do wyszukiwania.</translation>
+    </message>
+    <message>
+        <source>No work for this project in this time.</source>
+        <translation>W tym czasie nie pracowano nad tym projektem.</translation>
+    </message>
+    <message>
+        <source>This time is still to come.</source>
+        <translation>Ten czas dopiero nadejdzie.</translation>
+    </message>
+    <message>
+        <source>No work was recorded in this time.</source>
+        <translation>W tym czasie nie zapisano żadnej pracy.</translation>
+    </message>
+    <message>
+        <source>Ticklog History</source>
+        <translation>Historia Ticklog</translation>
+    </message>
+    <message>
+        <source>The history could not be exported.</source>
+        <translation>Nie udało się wyeksportować historii.</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Udział</translation>
+    </message>
+    <message>
+        <source>Opens a calendar</source>
+        <translation>Otwiera kalendarz</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Pokaż</translation>
+    </message>
+    <message>
+        <source>&amp;Timers</source>
+        <translation>&amp;Liczniki</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Historia</translation>
+    </message>
+    <message>
+        <source>H&amp;istory</source>
+        <translation>&amp;Historia</translation>
+    </message>
 </context>
 </TS>

@@ -53,7 +53,7 @@ struct AppPresenceTest : testing::Test, Desk {
     void choose(QAction& item) { command(&item); }
 };
 
-const std::string kAllMenus = "File, Edit, View, Project, Timer, Help";
+const std::string kAllMenus = "File, Edit, View, History, Project, Timer, Help";
 
 } // namespace
 
@@ -96,7 +96,7 @@ TEST_F(AppPresenceTest, theDockIconHidden_emptiesTheMainMenuAndLeavesTheTaskBar)
     choose(control().dockIconMenuItem());
     EXPECT_EQ(storedType(), 0);
     EXPECT_EQ(menus(), "");
-    EXPECT_EQ(presence().rootItemArray().size(), 6);
+    EXPECT_EQ(presence().rootItemArray().size(), 7);
     EXPECT_FALSE(fakes.taskBar.isListed);
     EXPECT_EQ(fakes.taskBar.told.last(), controller.window().winId());
     EXPECT_EQ(control().image(), QStringLiteral("Display-Menubar"));
@@ -175,7 +175,7 @@ TEST_F(AppPresenceTest, settingsThatLeaveNoWayIn_bringTheDockIconBack) {
     // Like a program that finds these settings at its launch.
     TKController launched(fakes.platform, otherAlerts, [](int) {});
     EXPECT_EQ(storedType(), 1);
-    EXPECT_EQ(launched.window().menuBar()->actions().size(), 6);
+    EXPECT_EQ(launched.window().menuBar()->actions().size(), 7);
     EXPECT_EQ(launched.window().appTypeToolbar().image(), QStringLiteral("Display-Dock"));
 }
 
@@ -403,7 +403,7 @@ TEST(AppPresencePreferences, aChoiceInThePreferences_holdsAtOnce) {
     EXPECT_NE(presence.statusBarItem(), nullptr);
     choose("Task bar");
     EXPECT_TRUE(desk.fakes.taskBar.isListed);
-    EXPECT_EQ(desk.controller.window().menuBar()->actions().size(), 6);
+    EXPECT_EQ(desk.controller.window().menuBar()->actions().size(), 7);
     EXPECT_EQ(presence.statusBarItem(), nullptr);
     choose("Task bar and system tray");
     EXPECT_NE(presence.statusBarItem(), nullptr);

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/history/HistoryBatch.h"
+#include "Classes/report/CalendarRange.h"
+#include "Classes/report/RangeAnswer.h"
+#include "platform/Folders.h"
+
+class SqliteDatabase;
+
+// What the window asks of the history. A plain value, so that it can be answered on another thread.
+struct RangeQuestion {
+    // Throws SqliteError.
+    RangeAnswer answeredBy(SqliteDatabase& history) const;
+    // The titles of one program in the range, the most time first. For ranges whose answer has none.
+    std::vector<RangeAnswer::Entry> titlesOf(const QString& program, SqliteDatabase& history) const;
+    // Whether the answer has each program's titles. Those of a longer range are read only when they are wanted,
+    // because nothing shorter than the sums by day has them.
+    bool hasTitles() const { return days.days() <= kMostDaysWithTitles; }
+
+    CalendarRange days;
+    // Only this piece of one day: from the first moment to the second, in milliseconds since 1970.
+    std::optional<std::pair<qint64, qint64>> piece;
+    // As ReportRequest has them.
+    QString search;
+    std::optional<QString> project;
+    // For the rules and the projects.
+    Folders folders;
+    // What the file does not have yet.
+    std::vector<HistoryRow> unwritten;
+
+private:
+    static constexpr int kMostDaysWithTitles = 62;
+};

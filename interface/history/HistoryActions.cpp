@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "interface/history/HistoryActions.h"
+
+#include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QActionGroup>
+#include <QMenu>
+
+namespace {
+
+// The object name lets tests and assistive programs find the command.
+QAction* make(QObject* window, const char* name, const QString& text, const QKeySequence& shortcut = {}) {
+    auto* action = new QAction(text, window);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(shortcut);
+    return action;
+}
+
+} // namespace
+
+HistoryActions::HistoryActions(QObject* window)
+    : back(make(window, "historyBack", localized("&Back"), Qt::ALT | Qt::Key_Left))
+    , forward(make(window, "historyForward", localized("&Forward"), Qt::ALT | Qt::Key_Right))
+    , today(make(window, "historyToday", localized("&Today"), Qt::ALT | Qt::Key_Home))
+    , kinds{make(window, "historyDay", localized("&Day"), Qt::ALT | Qt::Key_1),
+            make(window, "historyWeek", localized("&Week"), Qt::ALT | Qt::Key_2),
+            make(window, "historyMonth", localized("&Month"), Qt::ALT | Qt::Key_3),
+            make(window, "historyYear", localized("&Year"), Qt::ALT | Qt::Key_4),
+            make(window, "historySpan", localized("F&rom – To…"), Qt::ALT | Qt::Key_5)}
+    , byProgram(make(window, "historyByProgram", localized("By &Program"), Qt::ALT | Qt::Key_6))
+    , byProject(make(window, "historyByProject", localized("By Pro&ject"), Qt::ALT | Qt::Key_7)) {
+    auto* kindGroup = new QActionGroup(window);
+    for (QAction* kind : kinds)
+        kindGroup->addAction(kind);
+    auto* byGroup = new QActionGroup(window);
+    for (QAction* by : {byProgram, byProject})
+        byGroup->addAction(by);
+    for (const QActionGroup* group : {kindGroup, byGroup})
+        for (QAction* action : group->actions())
+            action->setCheckable(true);
+    byProgram->setChecked(true);
+}
+
+void HistoryActions::fill(QMenu& menu) const {
+    for (QAction* kind : kinds)
+        menu.addAction(kind);
+    menu.addSeparator();
+    for (QAction* step : {back, forward, today})
+        menu.addAction(step);
+    menu.addSeparator();
+    for (QAction* by : {byProgram, byProject})
+        menu.addAction(by);
+}
+
+QList<QAction*> HistoryActions::all() const {
+    QList<QAction*> all{back, forward, today, byProgram, byProject};
+    for (QAction* kind : kinds)
+        all << kind;
+    return all;
+}

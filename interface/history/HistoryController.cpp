@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include "interface/history/HistoryController.h"
+
+#include "Classes/common/Settings.h"
+#include "Classes/engine/TimeTracker.h"
+#include "Classes/record/WholeFile.h"
+#include "Classes/report/Moment.h"
+#include "interface/export/FileExtension.h"
+#include "interface/history/HistoryOutline.h"
+#include "interface/history/HistoryPane.h"
+#include "interface/history/RangeBar.h"
+#include "interface/mainwindow/CutoffSlider.h"
+#include "interface/mainwindow/MainWindow.h"
+#include "interface/mainwindow/SumBar.h"
+#include "interface/mainwindow/TimeSum.h"
+#include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/shell/Alerts.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/time/LocalTime.h"
+
+#include <QLineEdit>
+#include <QLocale>
+#include <QStackedWidget>
+
+#include <cmath>
+
+namespace {
+
+constexpr std::chrono::seconds kBetweenAskings{1};
+constexpr std::chrono::milliseconds kAskingTolerance{200};
+// For longer ranges nobody sees a second.
+constexpr int kMostDaysBySecond = 31;
+constexpr std::chrono::seconds kBetweenLongAskings{15};
+
+Qt::DayOfWeek firstDayOfWeek() {
+    return QLocale().firstDayOfWeek();
+}
+
+QString timeText(qint64 milliseconds) {
+    return TimeTracker::timeStringForDouble(double(milliseconds) / 1000);
+}
+
+} // namespace
+
+HistoryController::HistoryController(Ground ground, History& history)
+    : m_ground(std::move(ground))
+    , m_history(history)
+    , m_pane(m_ground.window.historyPane())
+    , m_actions(m_ground.window.historyActions())
+    , m_reader(history.reader())
+    , m_titleReader(history.reader())
+    , m_range(CalendarRange::around(CalendarRange::Kind::Day, today(), firstDayOfWeek())) {
+    const auto kind = std::clamp(m_ground.platform.defaults.integerForKey(kHistoryRange), std::int64_t(0),
+                                 std::int64_t(CalendarRange::Kind::Year));
+    m_range = m_range.as(CalendarRange::Kind(kind), today(), firstDayOfWeek());
+    if (m_ground.platform.defaults.boolForKey(kHistoryByProject))
+        m_actions.byProject->setChecked(true);
+    m_pane.sumBar().showCutoff(timeText(0));
+    connectRange();
+    connectRows();
+    showRange(m_range);
+    m_ground.window.setHistoryShown(m_ground.platform.defaults.boolForKey(kHistoryShown));
+}
+
+void HistoryController::connectRange() {
+    const auto on = [this](QAction* action, auto react) {
+        QObject::connect(action, &QAction::triggered, &m_receiver, react);
+    };
+    for (std::size_t kind = 0; kind < m_actions.kinds.size(); ++kind)
+        on(m_actions.kinds[kind], [this, kind] {
+            m_ground.platform.defaults.setObject(kHistoryRange, std::int64_t(kind));
+            showRange(m_range.as(CalendarRange::Kind(kind), today(), firstDayOfWeek()));
+            if (CalendarRange::Kind(kind) == CalendarRange::Kind::Span)
+                m_pane.rangeBar().openCalendar();
+        });
+    on(m_actions.back, [this] { showRange(m_range.previous()); });
+    on(m_actions.forward, [this] { showRange(m_range.next()); });
+    on(m_actions.today, [this] {
+        const bool isSpan = m_range.kind() == CalendarRange::Kind::Span;
+        showRange(CalendarRange::around(isSpan ? CalendarRange::Kind::Day : m_range.kind(), today(),
+                                        firstDayOfWeek()));
+    });
+    for (QAction* by : {m_actions.byProgram, m_actions.byProject})
+        on(by, [this] {
+            m_ground.platform.defaults.setObject(kHistoryByProject, m_actions.byProject->isChecked());
+            show(m_answer);
+        });
+    QObject::connect(&m_pane.rangeBar(), &RangeBar::dayChosen, &m_receiver, [this](QDate day) {
+        showRange(CalendarRange::around(m_range.kind(), day, firstDayOfWeek()));
+    });
+    QObject::connect(&m_pane.rangeBar(), &RangeBar::spanChosen, &m_receiver,
+                     [this](QDate first, QDate last) { showRange(CalendarRange::span(first, last)); });
+}
+
+void HistoryController::connectRows() {
+    MainWindow& window = m_ground.window;
+    HistoryOutline& outline = m_pane.outline();
+    QObject::connect(&window, &MainWindow::historySeenChanged, &m_receiver, [this](bool isSeen) {
+        m_isSeen = isSeen;
+        askAnew();
+    });
+    QObject::connect(&window.searchAppField(), &QLineEdit::textChanged, &m_receiver, [this] { askAnew(); });
+    QObject::connect(&window.projectOutline(), &TKOutlineDisplayView::selectionDidChange, &m_receiver,
+                     [this] { askAnew(); });
+    QObject::connect(&m_pane, &HistoryPane::exportWanted, &m_receiver, [this] { exportShown(); });
+    QObject::connect(&window, &MainWindow::historyShownChanged, &m_receiver,
+                     [this](bool isShown) { m_ground.platform.defaults.setObject(kHistoryShown, isShown); });
+    QObject::connect(&outline, &HistoryOutline::selectionDidChange, &m_receiver, [this] { showSum(); });
+    QObject::connect(&outline.rows(), &HistoryModel::partsWanted, &m_receiver,
+                     [this](const QString& name) { askForTitles(name); });
+    QObject::connect(&m_pane.sumBar(), &SumBar::sumClicked, &outline, &QAbstractItemView::clearSelection);
+    QObject::connect(&m_pane.sumBar().cutoff(), &CutoffSlider::secondsChanged, &m_receiver,
+                     [this](float seconds) {
+                         m_pane.outline().setCutoff(std::llround(double(seconds) * 1000));
+                         m_pane.sumBar().showCutoff(TimeTracker::timeStringForDouble(double(seconds)));
+                         m_pane.outline().setInvitation(invitation());
+                     });
+}
+
+QDate HistoryController::today() const {
+    return dayOf(localTime(m_ground.platform.clock.now()), m_history.dayBegins());
+}
+
+void HistoryController::showRange(const CalendarRange& range) {
+    m_range = range;
+    m_piece.reset();
+    m_actions.forKind(range.kind())->setChecked(true);
+    m_pane.rangeBar().show(range, {});
+    askAnew();
+}
+
+void HistoryController::showPiece(std::optional<std::pair<qint64, qint64>> piece) {
+    m_piece = piece;
+    QString times;
+    if (piece) {
+        const auto timeOf = [](qint64 moment) {
+            return QLocale().toString(QDateTime::fromMSecsSinceEpoch(moment).time(), QLocale::ShortFormat);
+        };
+        times = timeOf(piece->first) + QStringLiteral(" – ") + timeOf(piece->second);
+    }
+    m_pane.rangeBar().show(m_range, times);
+    askAnew();
+}
+
+void HistoryController::askAnew() {
+    followCounting();
+    if (!m_isSeen)
+        return;
+    m_pane.outline().forgetParts();
+    ask();
+}
+
+void HistoryController::askAgain() {
+    if (m_ground.isCounting() && !m_isAsking)
+        ask();
+}
+
+void HistoryController::ask() {
+    m_isAsking = true;
+    m_reader->ask<RangeAnswer>(
+        [question = question()](SqliteDatabase& file) { return question.answeredBy(file); },
+        [this](const Result<RangeAnswer>& answer) {
+            m_isAsking = false;
+            if (answer)
+                show(*answer);
+            else
+                showFailure();
+        });
+}
+
+void HistoryController::askForTitles(const QString& program) {
+    m_titleReader->ask<std::vector<RangeAnswer::Entry>>(
+        [question = question(), program](SqliteDatabase& file) { return question.titlesOf(program, file); },
+        [this, program](const Result<std::vector<RangeAnswer::Entry>>& titles) {
+            if (titles)
+                m_pane.outline().rows().showParts(program, *titles);
+        });
+}
+
+RangeQuestion HistoryController::question() const {
+    return {.days = m_range,
+            .piece = m_piece,
+            .search = m_ground.window.searchAppField().text(),
+            .project = m_ground.project(),
+            .folders = m_ground.platform.folders,
+            .unwritten = m_history.unwritten()};
+}
+
+void HistoryController::show(const RangeAnswer& answer) {
+    if (&answer != &m_answer)
+        m_answer = answer;
+    const bool isByProject = m_actions.byProject->isChecked();
+    HistoryOutline& outline = m_pane.outline();
+    outline.rows().setNameHeading(isByProject ? localized("Project") : localized("Program"));
+    outline.rows().show(isByProject ? m_answer.projects : m_answer.programs, m_answer.work,
+                        !isByProject && !question().hasTitles());
+    outline.setInvitation(invitation());
+    showSum();
+}
+
+// There is nothing to read yet, or nothing that can be read.
+void HistoryController::showFailure() {
+    show(RangeAnswer());
+}
+
+void HistoryController::showSum() {
+    const auto selected = m_pane.outline().selectedLength();
+    const bool isFound = !m_ground.window.searchAppField().text().isEmpty();
+    const SumMode mode = selected             ? isFound ? SumMode::FoundInSelection : SumMode::Selected
+                         : isFound            ? SumMode::Found
+                         : m_ground.project() ? SumMode::Project
+                                              : SumMode::Total;
+    m_pane.sumBar().showSum(timeText(selected.value_or(m_answer.work)));
+    m_pane.sumBar().showSumMode(sumImage(mode), sumCaption(mode));
+}
+
+QString HistoryController::invitation() const {
+    if (const QString obstacle = m_history.obstacle(); !obstacle.isEmpty())
+        return obstacle;
+    if (!m_answer.programs.empty())
+        return localized("Nothing here has as much time as you ask for.");
+    if (!m_ground.window.searchAppField().text().isEmpty())
+        return localized("Nothing in this time matches the search.");
+    if (m_ground.project())
+        return localized("No work for this project in this time.");
+    return m_range.first() > today() ? localized("This time is still to come.")
+                                     : localized("No work was recorded in this time.");
+}
+
+void HistoryController::followCounting() {
+    const bool canGrow = m_isSeen && !m_piece && m_range.contains(today());
+    if (!canGrow) {
+        m_nextAsking = nullptr;
+        return;
+    }
+    const auto interval = m_range.days() <= kMostDaysBySecond ? kBetweenAskings : kBetweenLongAskings;
+    m_nextAsking =
+        m_ground.platform.runLoop.scheduleRepeating(interval, kAskingTolerance, [this] { askAgain(); });
+}
+
+void HistoryController::exportShown() {
+    const QString suffix = QStringLiteral(".csv");
+    const QString name = localized("Ticklog History") + u' ' + m_range.first().toString(Qt::ISODate) + suffix;
+    const auto chosen = m_ground.alerts.chooseExportFile(localized("Export to CSV"),
+                                                         m_ground.platform.folders.documents + u'/' + name);
+    const auto path = chosen ? withExtension(m_ground.alerts, *chosen, suffix) : std::nullopt;
+    if (!path)
+        return;
+    if (const Outcome written = WholeFile::write(m_pane.outline().csv(), *path); !written)
+        m_ground.alerts.showError(localized("The history could not be exported."), written.failure().text);
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Classes/history/History.h"
+#include "Classes/report/RangeQuestion.h"
+#include "interface/history/HistoryActions.h"
+#include "platform/Platform.h"
+
+#include <QObject>
+
+class Alerts;
+class HistoryPane;
+class MainWindow;
+
+// Shows the history: asks for the range that the user looks at, narrowed by the search and the project, and shows the
+// answer. While today is looked at and time is counted, asks again every second. Asks nothing while it is not seen.
+class HistoryController {
+public:
+    // Everything outlives the controller.
+    struct Ground {
+        MainWindow& window;
+        const Platform& platform;
+        Alerts& alerts;
+        // The name of the project that is selected in the sidebar; absent for all timers.
+        std::function<std::optional<QString>()> project;
+        std::function<bool()> isCounting;
+    };
+
+    // `history` is made after the window, and outlives this as well.
+    HistoryController(Ground ground, History& history);
+    HistoryController(const HistoryController&) = delete;
+    HistoryController& operator=(const HistoryController&) = delete;
+
+    const CalendarRange& range() const { return m_range; }
+    void showRange(const CalendarRange& range);
+    // Only this piece of the day that is shown (milliseconds since 1970); absent for the whole day.
+    void showPiece(std::optional<std::pair<qint64, qint64>> piece);
+    // Exports the rows to a file that the user chooses.
+    void exportShown();
+
+private:
+    void connectRange();
+    void connectRows();
+    // What is asked for has changed.
+    void askAnew();
+    // The same again, unless it is being asked.
+    void askAgain();
+    void ask();
+    void askForTitles(const QString& program);
+    RangeQuestion question() const;
+    void show(const RangeAnswer& answer);
+    void showFailure();
+    void showSum();
+    QString invitation() const;
+    void followCounting();
+    QDate today() const;
+
+    Ground m_ground;
+    History& m_history;
+    HistoryPane& m_pane;
+    const HistoryActions& m_actions;
+    std::unique_ptr<HistoryReader> m_reader;
+    // Beside the other, so that neither question makes the other one void.
+    std::unique_ptr<HistoryReader> m_titleReader;
+    CalendarRange m_range;
+    std::optional<std::pair<qint64, qint64>> m_piece;
+    // The answer that is shown.
+    RangeAnswer m_answer;
+    bool m_isAsking = false;
+    bool m_isSeen = false;
+    // Null while nothing can grow, or nobody looks.
+    std::unique_ptr<RunLoopTimer> m_nextAsking;
+    // Receives all connections; its end disconnects them.
+    QObject m_receiver;
+};

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "interface/history/HistoryModel.h"
+
+#include <QSortFilterProxyModel>
+#include <QTreeView>
+
+// The outline of a range: its programs or projects, with titles or programs below, sorted by any column, those with
+// less time than the cut-off left out.
+class HistoryOutline : public QTreeView {
+    Q_OBJECT
+public:
+    explicit HistoryOutline(QWidget* parent = nullptr);
+    ~HistoryOutline() override;
+
+    HistoryModel& rows() { return m_rows; }
+    // Another range, search or project is asked for: parts of a longer range must be asked for again.
+    void forgetParts();
+    // Milliseconds.
+    void setCutoff(qint64 length);
+    // Selects the top row of this name, and scrolls to it. Does nothing if there is none.
+    void choose(const QString& name);
+    // Of the selected rows, without those whose parent is selected as well, in milliseconds; absent when nothing is
+    // selected.
+    std::optional<qint64> selectedLength() const;
+    // Puts the selected rows, or all when none is, on the clipboard: as a table with durations that spreadsheets add
+    // up, and as text with tabs.
+    void copy() const;
+    // The same rows as a table with a heading, by RFC 4180, in UTF-8.
+    QByteArray csv() const;
+    // Shown while there are no rows.
+    void setInvitation(const QString& text);
+    const QString& invitation() const { return m_invitation; }
+
+Q_SIGNALS:
+    void selectionDidChange();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+private:
+    class Order;
+    struct Line {
+        QString name;
+        QString part;
+        qint64 length;
+    };
+
+    // What is copied or exported, from top to bottom. Their sum is that of the rows: in place of an expanded row
+    // stand its parts and what they leave over.
+    std::vector<Line> lines(bool isSelectedOnly) const;
+    void addLines(const QModelIndex& parent, bool isSelectedOnly, std::vector<Line>& lines) const;
+
+    HistoryModel m_rows;
+    std::unique_ptr<Order> m_order;
+    QString m_invitation;
+};

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "tests/interface/HistoryViewDesk.h"
+
+#include "interface/history/RangeBar.h"
+#include "interface/mainwindow/CutoffSlider.h"
+#include "interface/mainwindow/SumBar.h"
+
+#include <QClipboard>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct HistoryViewTest : testing::Test, HistoryViewDesk {
+    void aDay() {
+        past(today(9), 1800, "Mail", "Inbox");
+        past(today(9, 30), 900, "Mail", "Letter to Anna");
+        past(today(10), 600, "Draw", "Poster");
+        past(today(10, 10), 600, "Idle", "", RowPresence::Idle);
+        past(today(9).addDays(-1), 300, "Notes", "Yesterday");
+    }
+
+    QString title() {
+        return controller.window().findChild<QToolButton*>(QStringLiteral("historyTitle"))->text();
+    }
+
+    QString clipboard() { return QGuiApplication::clipboard()->text(); }
+};
+
+TEST_F(HistoryViewTest, theFirstLaunch_showsTheTimersAndRemembersWhatIsChosenLater) {
+    show();
+    EXPECT_FALSE(controller.window().isHistoryShown());
+    EXPECT_TRUE(table().isVisible());
+    command(actions().showHistory);
+    EXPECT_TRUE(outline().isVisible());
+    EXPECT_FALSE(table().isVisible());
+    EXPECT_EQ(controller.window().findChild<QTabBar*>(QStringLiteral("sides"))->currentIndex(), 1);
+    EXPECT_TRUE(fakes.defaults.boolForKey(kHistoryShown));
+    command(actions().showTimers);
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_FALSE(fakes.defaults.boolForKey(kHistoryShown));
+}
+
+TEST_F(HistoryViewTest, aTab_showsTheOtherSide) {
+    show();
+    controller.window().findChild<QTabBar*>(QStringLiteral("sides"))->setCurrentIndex(1);
+    EXPECT_TRUE(controller.window().isHistoryShown());
+    EXPECT_TRUE(outline().isVisible());
+}
+
+TEST_F(HistoryViewTest, today_hasItsProgramsWithTheirTitles) {
+    aDay();
+    showHistory();
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:45:00 [Inbox 00:30:00, Letter to Anna 00:15:00], "
+                                     "Draw 00:10:00 [Poster 00:10:00]"));
+    EXPECT_EQ(historySum(), QStringLiteral("00:55:00"));
+    EXPECT_EQ(historyRow("Mail").siblingAtColumn(HistoryModel::ShareColumn).data(HistoryModel::ShareRole),
+              45.0 / 55);
+}
+
+TEST_F(HistoryViewTest, backAndForward_showTheDaysBesideAndTodayComesBack) {
+    aDay();
+    showHistory();
+    const QString now = title();
+    command(historyActions().back);
+    EXPECT_EQ(rows(), QStringLiteral("Notes 00:05:00 [Yesterday 00:05:00]"));
+    EXPECT_NE(title(), now);
+    command(historyActions().back);
+    EXPECT_EQ(rows(), QString());
+    command(historyActions().today);
+    EXPECT_EQ(title(), now);
+    command(historyActions().forward);
+    EXPECT_EQ(rows(), QString());
+}
+
+TEST_F(HistoryViewTest, longerRanges_addUpAndAreRemembered) {
+    past(today(9), 600, "Mail", "Inbox");
+    past(today(9).addDays(-300), 1200, "Mail", "Outbox");
+    past(today(9).addDays(-800), 1200, "Mail");
+    showHistory();
+    view.showRange(CalendarRange::span(today(9).date().addDays(-400), today(9).date()));
+    settle();
+    EXPECT_EQ(historySum(), QStringLiteral("00:30:00"));
+    // Titles of long ranges come when a row is opened.
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:30:00"));
+    outline().expand(historyRow("Mail"));
+    settle();
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:30:00 [Outbox 00:20:00, Inbox 00:10:00]"));
+    command(historyActions().forKind(CalendarRange::Kind::Year));
+    EXPECT_EQ(fakes.defaults.integerForKey(kHistoryRange), 3);
+    EXPECT_EQ(view.range().kind(), CalendarRange::Kind::Year);
+}
+
+TEST_F(HistoryViewTest, theSearchAndTheCutOff_narrowTheRows) {
+    aDay();
+    showHistory();
+    controller.window().searchAppField().setText(QStringLiteral("anna"));
+    settle();
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:15:00 [Letter to Anna 00:15:00]"));
+    EXPECT_EQ(historySum(), QStringLiteral("00:15:00"));
+    controller.window().searchAppField().clear();
+    settle();
+    outline().setCutoff(20 * 60'000);
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:45:00 [Inbox 00:30:00]"));
+}
+
+TEST_F(HistoryViewTest, aProjectInTheSidebar_showsItsTimeOnly) {
+    account("Mail", 10, {{QStringLiteral("Inbox"), 10}});
+    const Identity mail = *(*controller.tracker().fullTimeSet().begin())->uuid();
+    const auto project = controller.projects().addNewProjectWithItems({mail});
+    controller.projects().setLabel(*project, QStringLiteral("Meier"));
+    controller.saveSettingsToDisk();
+    past(today(9), 600, "Mail", "Inbox", RowPresence::Work, {.application = mail, .window = {}});
+    past(today(10), 300, "Draw");
+    showHistory();
+    command(historyActions().byProject);
+    EXPECT_EQ(rows(), QStringLiteral("Meier 00:10:00 [Mail 00:10:00], No project 00:05:00 [Draw 00:05:00]"));
+    auto& sidebar = controller.window().projectOutline();
+    sidebar.setCurrentIndex(sidebar.model()->index(1, 0));
+    settle();
+    EXPECT_EQ(rows(), QStringLiteral("Meier 00:10:00 [Mail 00:10:00]"));
+    EXPECT_EQ(historySum(), QStringLiteral("00:10:00"));
+}
+
+TEST_F(HistoryViewTest, theSelection_isSummedAndCopiedAsATable) {
+    aDay();
+    showHistory();
+    outline().selectionModel()->select(historyRow("Mail"),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    EXPECT_EQ(historySum(), QStringLiteral("00:45:00"));
+    command(actions().copy);
+    EXPECT_EQ(clipboard(), QStringLiteral("Mail\t\t0:45:00\n"));
+    command(actions().deselectAll);
+    command(actions().expandAll);
+    command(actions().copy);
+    EXPECT_EQ(clipboard(), QStringLiteral("Mail\tInbox\t0:30:00\nMail\tLetter to Anna\t0:15:00\n"
+                                          "Draw\tPoster\t0:10:00\n"));
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(QStringLiteral("<td>Inbox</td>")));
+}
+
+TEST_F(HistoryViewTest, commandsThatOnlyTimersKnow_waitForTheTimers) {
+    account("Mail", 10);
+    show();
+    select({row("Mail")});
+    EXPECT_TRUE(actions().deleteRows->isEnabled());
+    EXPECT_FALSE(historyActions().back->isEnabled());
+    command(actions().showHistory);
+    for (const QAction* action :
+         {actions().deleteRows, actions().forceDelete, actions().rename, actions().branch})
+        EXPECT_FALSE(action->isEnabled()) << qPrintable(action->text());
+    EXPECT_TRUE(historyActions().back->isEnabled());
+    command(actions().showTimers);
+    EXPECT_TRUE(actions().deleteRows->isEnabled());
+}
+
+TEST_F(HistoryViewTest, whileOneLooks_todayGrowsBeforeAnythingIsWritten) {
+    showHistory();
+    EXPECT_EQ(rows(), QString());
+    front("Mail", "Inbox");
+    controller.timer().startTimer();
+    command(actions().showTimers);
+    command(actions().showHistory);
+    seconds(5);
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:00:05 [Inbox 00:00:05]"));
+    seconds(3);
+    EXPECT_EQ(historySum(), QStringLiteral("00:00:08"));
+    seconds(30);
+    EXPECT_EQ(historySum(), QStringLiteral("00:00:38"));
+    controller.timer().stopTimer();
+}
+
+TEST_F(HistoryViewTest, theTimerThatStartsWhileOneLooks_isSeenAtOnce) {
+    showHistory();
+    front("Mail", "Inbox");
+    controller.timer().startTimer();
+    seconds(4);
+    EXPECT_EQ(historySum(), QStringLiteral("00:00:04"));
+    controller.timer().stopTimer();
+}
+
+TEST_F(HistoryViewTest, whatIsOpenAndSelected_staysWhileTheDayGrows) {
+    past(today(0), 5, "Draw", "Poster");
+    showHistory();
+    front("Mail", "Inbox");
+    controller.timer().startTimer();
+    seconds(2);
+    outline().expand(historyRow("Mail"));
+    outline().choose(QStringLiteral("Draw"));
+    seconds(10);
+    EXPECT_TRUE(outline().isExpanded(historyRow("Mail")));
+    EXPECT_TRUE(outline().selectionModel()->isSelected(historyRow("Draw")));
+    // The longest comes first, however long it has been so.
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:00:12 [Inbox 00:00:12], Draw 00:00:05 [Poster 00:00:05]"));
+    controller.timer().stopTimer();
+}
+
+TEST_F(HistoryViewTest, emptyRanges_sayWhy) {
+    showHistory();
+    EXPECT_EQ(outline().invitation(), QStringLiteral("No work was recorded in this time."));
+    command(historyActions().forward);
+    EXPECT_EQ(outline().invitation(), QStringLiteral("This time is still to come."));
+    controller.window().searchAppField().setText(QStringLiteral("x"));
+    settle();
+    EXPECT_EQ(outline().invitation(), QStringLiteral("Nothing in this time matches the search."));
+    controller.window().searchAppField().clear();
+    fakes.defaults.setObject(kHistoryDays, -1);
+    settle();
+    command(historyActions().today);
+    EXPECT_EQ(outline().invitation(), QStringLiteral("No history is kept."));
+}
+
+TEST_F(HistoryViewTest, theDayThatBeginsAtFour_endsAtFour) {
+    fakes.defaults.setObject(kHistoryDayBegins, 4);
+    settle();
+    past(today(3).addDays(1), 60, "Late");
+    past(today(3), 60, "Early");
+    past(today(9), 60, "Mail");
+    showHistory();
+    view.showRange(CalendarRange::span(today(9).date(), today(9).date()));
+    settle();
+    EXPECT_FALSE(rows().contains(QStringLiteral("Early"))) << qPrintable(rows());
+}
+
+TEST_F(HistoryViewTest, theExport_isATableWithAHeading) {
+    aDay();
+    past(today(11), 60, "=cmd()", "a \"quoted\", title");
+    showHistory();
+    outline().expandAll();
+    EXPECT_EQ(outline().csv(),
+              "Program,Title,Time Spent\r\nMail,Inbox,0:30:00\r\nMail,Letter to Anna,0:15:00\r\n"
+              "Draw,Poster,0:10:00\r\n'=cmd(),\"a \"\"quoted\"\", title\",0:01:00\r\n");
+}
+
+} // namespace

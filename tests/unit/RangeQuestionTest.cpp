@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "Classes/report/RangeQuestion.h"
+
+#include "Classes/history/HistoryFile.h"
+#include "Classes/projects/ProjectFile.h"
+#include "Classes/projects/ProjectRecord.h"
+#include "Classes/report/Moment.h"
+#include "platform/foundation/propertylists/PropertyList.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+using Kind = CalendarRange::Kind;
+
+const QDate kToday(2026, 6, 10);
+const Identity kMail = *Identity::fromBytes("mailmail");
+
+QString textOf(const std::vector<RangeAnswer::Entry>& entries) {
+    QStringList texts;
+    for (const auto& entry : entries)
+        texts << entry.name + QStringLiteral(" %1").arg(entry.length / 1000) +
+                     (entry.parts.empty() ? QString() : QStringLiteral(" [%1]").arg(textOf(entry.parts)));
+    return texts.join(QStringLiteral(", "));
+}
+
+QString textOf(const RangeAnswer& answer) {
+    QString text = textOf(answer.programs) + QStringLiteral("; ") + textOf(answer.projects) +
+                   QStringLiteral("; %1;").arg(answer.work);
+    for (const auto& piece : answer.pieces)
+        text += QStringLiteral(" %1+%2 %3 “%4” %5 %6")
+                    .arg(piece.start)
+                    .arg(piece.length)
+                    .arg(piece.program, piece.title, piece.projects.join(u'/'))
+                    .arg(int(piece.presence));
+    for (const auto& bar : answer.bars)
+        text += u' ' + bar.first.toString(Qt::ISODate) + u' ' + textOf(bar.programs) + u'/' +
+                textOf(bar.projects);
+    return text;
+}
+
+class RangeQuestionTest : public testing::Test {
+protected:
+    RangeQuestionTest() {
+        m_folders.applicationSupport = m_folder.path();
+        m_folders.settingsFile = m_folder.filePath(QStringLiteral("settings.plist"));
+        m_folders.documents = m_folder.filePath(QStringLiteral("Documents"));
+        QDir().mkpath(m_folders.documents);
+    }
+
+    static HistoryRow row(QDate day, int hour, int seconds, const char* program, const char* title,
+                          const RowTimer& timer = {}, RowPresence presence = RowPresence::Work) {
+        const QDateTime start(day, QTime(hour, 0));
+        return {.start = start.toMSecsSinceEpoch(),
+                .length = seconds * 1000,
+                .offset = start.offsetFromUtc() / 60,
+                .program = QString::fromUtf8(program),
+                .title = QString::fromUtf8(title),
+                .timer = timer,
+                .presence = presence};
+    }
+
+    static void write(HistoryFile& file, const HistoryRow& row) {
+        SqliteTransaction transaction(file.database());
+        file.add(row);
+        transaction.commit();
+    }
+    void write(const HistoryRow& row) { write(m_file, row); }
+
+    RangeQuestion question(const CalendarRange& range) const {
+        return {
+            .days = range, .piece = {}, .search = {}, .project = {}, .folders = m_folders, .unwritten = {}};
+    }
+    RangeAnswer answer(const CalendarRange& range) { return question(range).answeredBy(m_file.database()); }
+
+    QTemporaryDir m_folder;
+    Folders m_folders;
+    HistoryFile m_file{m_folder.filePath(QStringLiteral("History.sqlite"))};
+};
+
+TEST_F(RangeQuestionTest, aDay_hasProgramsTitlesAndEachStretch) {
+    write(row(kToday, 9, 60, "Mail", "Inbox"));
+    write(row(kToday, 10, 30, "Mail", ""));
+    write(row(kToday, 11, 20, "Idle", "", {}, RowPresence::Idle));
+    write(row(kToday.addDays(1), 9, 60, "Tomorrow", ""));
+    const RangeAnswer day = answer(CalendarRange::span(kToday, kToday));
+    EXPECT_EQ(textOf(day.programs), QStringLiteral("Mail 90 [Inbox 60]"));
+    EXPECT_EQ(day.work, 90'000);
+    ASSERT_EQ(day.pieces.size(), 3U);
+    EXPECT_EQ(day.pieces[2].presence, RecordedStretch::Presence::Idle);
+    EXPECT_TRUE(day.bars.empty());
+}
+
+TEST_F(RangeQuestionTest, aWeek_hasABarForEachDayWithWork) {
+    write(row(kToday, 9, 60, "Mail", "Inbox"));
+    write(row(kToday.addDays(-1), 9, 100, "Draw", ""));
+    write(row(kToday.addDays(-1), 10, 50, "Mail", ""));
+    const RangeAnswer week = answer(CalendarRange::around(Kind::Week, kToday, Qt::Monday));
+    EXPECT_TRUE(week.pieces.empty());
+    ASSERT_EQ(week.bars.size(), 2U);
+    EXPECT_EQ(week.bars[0].first, kToday.addDays(-1));
+    // The order of the whole range, so that colours lie on each other in the same order.
+    EXPECT_EQ(textOf(week.bars[0].programs), QStringLiteral("Mail 50, Draw 100"));
+    EXPECT_EQ(textOf(week.programs), QStringLiteral("Mail 110 [Inbox 60], Draw 100"));
+}
+
+TEST_F(RangeQuestionTest, barsOfLongRanges_areWeeksAndMonths) {
+    write(row(QDate(2026, 1, 1), 9, 60, "Mail", ""));
+    write(row(QDate(2026, 6, 10), 9, 60, "Mail", ""));
+    const auto barsOf = [this](const CalendarRange& range) {
+        QStringList firsts;
+        for (const auto& bar : answer(range).bars)
+            firsts << bar.first.toString(Qt::ISODate);
+        return firsts.join(u' ');
+    };
+    EXPECT_EQ(barsOf(CalendarRange::span(QDate(2025, 12, 1), QDate(2026, 7, 1))),
+              QStringLiteral("2025-12-29 2026-06-08"));
+    EXPECT_EQ(barsOf(CalendarRange::around(Kind::Year, kToday, Qt::Monday)),
+              QStringLiteral("2026-01-01 2026-06-01"));
+}
+
+TEST_F(RangeQuestionTest, titlesOfALongRange_areAskedForByProgram) {
+    write(row(kToday, 9, 60, "Mail", "Inbox"));
+    write(row(kToday.addDays(-90), 9, 100, "Mail", "Sent"));
+    write(row(kToday, 10, 50, "Draw", "Poster"));
+    write(row(kToday, 11, 50, "Mail", ""));
+    const RangeQuestion year = question(CalendarRange::around(Kind::Year, kToday, Qt::Monday));
+    EXPECT_FALSE(year.hasTitles());
+    EXPECT_EQ(textOf(year.answeredBy(m_file.database()).programs), QStringLiteral("Mail 210, Draw 50"));
+    EXPECT_EQ(textOf(year.titlesOf(QStringLiteral("Mail"), m_file.database())),
+              QStringLiteral("Sent 100, Inbox 60"));
+}
+
+TEST_F(RangeQuestionTest, aPieceOfADay_cutsWhatReachesOutOfIt) {
+    write(row(kToday, 9, 3600, "Mail", "Inbox"));
+    RangeQuestion piece = question(CalendarRange::span(kToday, kToday));
+    const qint64 nine = QDateTime(kToday, QTime(9, 0)).toMSecsSinceEpoch();
+    piece.piece = {nine + 600'000, nine + 900'000};
+    EXPECT_EQ(textOf(piece.answeredBy(m_file.database()).programs), QStringLiteral("Mail 300 [Inbox 300]"));
+}
+
+// However much of it is not in the file yet, or is there with another length.
+TEST_F(RangeQuestionTest, whatIsNotWrittenYet_makesNoDifference) {
+    ProjectRecord record;
+    record.setLabel(QStringLiteral("Meier"));
+    record.addMembers({kMail});
+    ASSERT_TRUE(PropertyList::writeBinaryFile(PropertyListArray{record.entries()},
+                                              ProjectFile::pathIn(m_folders.documents)));
+    std::mt19937 random(7);
+    const auto below = [&](int limit) { return int(random() % std::uint32_t(limit)); };
+    for (int round = 0; round < 20; ++round) {
+        HistoryFile whole(m_folder.filePath(QStringLiteral("whole%1").arg(round)));
+        HistoryFile part(m_folder.filePath(QStringLiteral("part%1").arg(round)));
+        std::vector<HistoryRow> unwritten;
+        const int written = 40 + below(40);
+        for (int i = 0; i < 96; ++i) {
+            const char* programs[] = {"Mail", "Draw", "Notes"};
+            const char* titles[] = {"", "Inbox", "Plan"};
+            const HistoryRow each =
+                row(kToday.addDays(i / 24 - 3), i % 24, 1 + below(3000), programs[below(3)], titles[below(3)],
+                    below(2) ? RowTimer{.application = kMail, .window = {}} : RowTimer(),
+                    below(5) ? RowPresence::Work : RowPresence::Idle);
+            write(whole, each);
+            if (i < written)
+                write(part, each);
+            if (i < written - 3)
+                continue;
+            unwritten.push_back(each);
+            // The file has the last ones, but shorter.
+            if (i < written) {
+                SqliteTransaction transaction(part.database());
+                sqliteRun(part.database(), "UPDATE stretches SET length = 500 WHERE start = ?", each.start);
+                transaction.commit();
+            }
+        }
+        for (const CalendarRange& range :
+             {CalendarRange::span(kToday, kToday), CalendarRange::around(Kind::Week, kToday, Qt::Monday),
+              CalendarRange::around(Kind::Year, kToday, Qt::Monday)}) {
+            RangeQuestion asked = question(range);
+            const QString expected = textOf(asked.answeredBy(whole.database()));
+            asked.unwritten = unwritten;
+            EXPECT_EQ(textOf(asked.answeredBy(part.database())), expected);
+        }
+    }
+}
+
+} // namespace
