@@ -1459,5 +1459,69 @@
         <source>H&amp;istory</source>
         <translation>&amp;Historial</translation>
     </message>
+    <message>
+        <source>The day</source>
+        <translation>El día</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>Programas</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>Proyectos</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Inactividad</translation>
+    </message>
+    <message>
+        <source>Project %@</source>
+        <translation>Proyecto %@</translation>
+    </message>
+    <message>
+        <source>%@ more</source>
+        <translation>%@ más</translation>
+    </message>
+    <message>
+        <source>The period</source>
+        <translation>El periodo</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Otros</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Media</translation>
+    </message>
+    <message>
+        <source>Week of %@</source>
+        <translation>Semana del %@</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 a %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1 %</translation>
+    </message>
 </context>
 </TS>

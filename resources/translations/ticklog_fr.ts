@@ -1459,5 +1459,69 @@
         <source>H&amp;istory</source>
         <translation>&amp;Historique</translation>
     </message>
+    <message>
+        <source>The day</source>
+        <translation>La journée</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>Programmes</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>Projets</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Inactivité</translation>
+    </message>
+    <message>
+        <source>Project %@</source>
+        <translation>Projet %@</translation>
+    </message>
+    <message>
+        <source>%@ more</source>
+        <translation>%@ de plus</translation>
+    </message>
+    <message>
+        <source>The period</source>
+        <translation>La période</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Autres</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Moyenne</translation>
+    </message>
+    <message>
+        <source>Week of %@</source>
+        <translation>Semaine du %@</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1 %</translation>
+    </message>
 </context>
 </TS>

@@ -1459,5 +1459,69 @@
         <source>H&amp;istory</source>
         <translation>履歴(&amp;I)</translation>
     </message>
+    <message>
+        <source>The day</source>
+        <translation>この日</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>プログラム</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>プロジェクト</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>アイドル</translation>
+    </message>
+    <message>
+        <source>Project %@</source>
+        <translation>プロジェクト %@</translation>
+    </message>
+    <message>
+        <source>%@ more</source>
+        <translation>ほか %@ 件</translation>
+    </message>
+    <message>
+        <source>The period</source>
+        <translation>この期間</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>平均</translation>
+    </message>
+    <message>
+        <source>Week of %@</source>
+        <translation>%@の週</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1秒</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1分</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1時間</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1時間%2分</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1から%2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
 </context>
 </TS>

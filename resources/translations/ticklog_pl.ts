@@ -1459,5 +1459,69 @@
         <source>H&amp;istory</source>
         <translation>&amp;Historia</translation>
     </message>
+    <message>
+        <source>The day</source>
+        <translation>Dzień</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>Programy</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>Projekty</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Bezczynność</translation>
+    </message>
+    <message>
+        <source>Project %@</source>
+        <translation>Projekt %@</translation>
+    </message>
+    <message>
+        <source>%@ more</source>
+        <translation>%@ więcej</translation>
+    </message>
+    <message>
+        <source>The period</source>
+        <translation>Okres</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Inne</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Średnia</translation>
+    </message>
+    <message>
+        <source>Week of %@</source>
+        <translation>Tydzień od %@</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 do %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
 </context>
 </TS>

@@ -13,6 +13,7 @@
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
 #include "tests/interface/HistoryDesk.h"
+#include "tests/interface/pictures/TimePictures.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -437,6 +438,7 @@ void drawAll(const QDir& folder) {
     drawAuthorization(folder);
     drawSetup(folder);
     drawStatus(folder);
+    drawTimePictures(folder);
     Scene scene("labels");
     scene.work();
     scene.show();
@@ -471,5 +473,9 @@ int main(int argc, char** argv) {
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("."));
     folder.mkpath(QStringLiteral("."));
-    drawAll(folder);
+    // The pictures of time alone, while one works at them.
+    if (qEnvironmentVariableIsSet("TICKLOG_TIMES"))
+        drawTimePictures(folder);
+    else
+        drawAll(folder);
 }

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include "interface/history/DayPicture.h"
+
+#include "interface/history/PictureTexts.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kMargin = 6;
+constexpr int kBetweenLanes = 5;
+constexpr int kHighestLane = 56;
+constexpr int kSmallestHeight = 110;
+constexpr int kNarrowestItem = 3;
+
+} // namespace
+
+DayPicture::DayPicture(const PictureColors& colors, QWidget* parent)
+    : TimePicture(colors, parent) {
+    setObjectName(QStringLiteral("dayPicture"));
+    setAccessibleName(localized("The day"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+}
+
+void DayPicture::show(qint64 begin, qint64 end, std::vector<Piece> pieces, qint64 now) {
+    const bool isSame = m_view.begin() == double(begin);
+    const int current = isSame && pieces.size() >= m_pieces.size() ? currentItem() : -1;
+    m_pieces = std::move(pieces);
+    m_now = now;
+    if (isSame)
+        m_view.setWhole(begin, end);
+    else
+        m_view = TimeView(begin, end);
+    if (!isSame || m_view.begin() == m_chosen.value_or(std::pair(0.0, 0.0)).first) {
+        m_chosen.reset();
+        m_drag.reset();
+    }
+    m_hovered = -1;
+    for (const Lane lane : {Programs, Projects})
+        fillLane(lane);
+    if (current < 0)
+        itemsChanged();
+    else
+        stillChanged();
+}
+
+void DayPicture::setNow(qint64 now) {
+    m_now = now;
+    update();
+}
+
+QStringList DayPicture::namesIn(Lane lane, const Piece& piece) const {
+    if (piece.presence == RecordedStretch::Presence::Idle)
+        return {};
+    if (lane == Programs)
+        return {piece.program};
+    return piece.projects.isEmpty() ? QStringList(QString()) : piece.projects;
+}
+
+void DayPicture::fillLane(Lane lane) {
+    LaneContent& content = m_lanes[lane];
+    content = {};
+    QHash<QStringList, int> numbers;
+    for (const Piece& piece : m_pieces) {
+        const QStringList names = namesIn(lane, piece);
+        auto number = numbers.find(names);
+        if (number == numbers.end()) {
+            number = numbers.insert(names, int(content.entries.size()));
+            content.entries.push_back({names, names.isEmpty()});
+        }
+        content.spans.push_back({piece.start, piece.end(), *number});
+    }
+    findColors(content);
+}
+
+void DayPicture::findColors(LaneContent& lane) const {
+    const auto kind =
+        &lane == &m_lanes[Programs] ? PictureColors::Kind::Program : PictureColors::Kind::Project;
+    // Who has most of the day chooses first.
+    std::vector<qint64> times(lane.entries.size());
+    for (const LaneSpan& span : lane.spans)
+        times[std::size_t(span.entry)] += span.end - span.start;
+    std::vector<std::size_t> order(lane.entries.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    std::ranges::stable_sort(order, std::ranges::greater(), [&](std::size_t i) { return times[i]; });
+    QStringList names;
+    for (const std::size_t i : order)
+        names += lane.entries[i].names;
+    const QList<QColor> found = colors().colors(kind, names, palette());
+    qsizetype next = 0;
+    for (const std::size_t i : order) {
+        LaneEntry& entry = lane.entries[i];
+        entry.colors = entry.isIdle ? QList<QColor>{PictureColors::idle(palette())}
+                                    : found.sliced(next, entry.names.size());
+        next += entry.names.size();
+    }
+    lane.colorOf.clear();
+    for (const LaneEntry& entry : lane.entries) {
+        const auto same = std::ranges::find(lane.entries, entry.colors, &LaneEntry::colors);
+        lane.colorOf.push_back(int(same - lane.entries.begin()));
+    }
+}
+
+void DayPicture::lookChanged() {
+    for (LaneContent& lane : m_lanes)
+        findColors(lane);
+}
+
+void DayPicture::zoomIn() {
+    m_view.zoom(0.5, (m_view.from() + m_view.to()) / 2);
+    viewChanged();
+}
+
+void DayPicture::zoomOut() {
+    m_view.zoom(2, (m_view.from() + m_view.to()) / 2);
+    viewChanged();
+}
+
+void DayPicture::showAll() {
+    m_view.showAll();
+    viewChanged();
+}
+
+void DayPicture::viewChanged() {
+    tellNothing();
+    m_hovered = -1;
+    stillChanged();
+}
+
+QSize DayPicture::sizeHint() const {
+    const int lines = fontMetrics().height();
+    return {600, std::max(kSmallestHeight + 10, axisHeight() + 2 * (lines * 5 / 2) + 3 * kBetweenLanes)};
+}
+
+QSize DayPicture::minimumSizeHint() const {
+    const int lines = fontMetrics().height();
+    return {nameWidth() + 160, std::max(kSmallestHeight, axisHeight() + 2 * (lines + 8) + 3 * kBetweenLanes)};
+}
+
+QString DayPicture::nameOf(Lane lane) const {
+    return lane == Programs ? localized("Programs") : localized("Projects");
+}
+
+int DayPicture::nameWidth() const {
+    const QFontMetrics metrics = fontMetrics();
+    return kMargin +
+           std::max(metrics.horizontalAdvance(nameOf(Programs)),
+                    metrics.horizontalAdvance(nameOf(Projects))) +
+           10;
+}
+
+int DayPicture::axisHeight() const {
+    return fontMetrics().height() + 8;
+}
+
+int DayPicture::laneHeight() const {
+    return std::min((height() - axisHeight() - 2 * kBetweenLanes) / 2, kHighestLane);
+}
+
+QRect DayPicture::chart() const {
+    const QRect rect(nameWidth(), 0, std::max(1, width() - nameWidth() - kMargin),
+                     axisHeight() + 2 * laneHeight() + kBetweenLanes);
+    return isMirrored() ? rect.translated(width() - rect.right() - 1 - rect.left(), 0) : rect;
+}
+
+QRect DayPicture::laneRect(Lane lane) const {
+    const QRect all = chart();
+    const int top = axisHeight() + (lane == Projects ? laneHeight() + kBetweenLanes : 0);
+    return {all.left(), top, all.width(), laneHeight()};
+}
+
+std::optional<DayPicture::Lane> DayPicture::laneAt(const QPoint& position) const {
+    for (const Lane lane : {Programs, Projects})
+        if (laneRect(lane).adjusted(-3, 0, 3, 0).contains(position))
+            return lane;
+    return std::nullopt;
+}
+
+double DayPicture::timePerPixel() const {
+    return m_view.length() / chart().width();
+}
+
+double DayPicture::xOf(double moment) const {
+    const QRect rect = chart();
+    const double along = (moment - m_view.from()) / timePerPixel();
+    return isMirrored() ? rect.left() + rect.width() - along : rect.left() + along;
+}
+
+double DayPicture::momentAt(double x) const {
+    const QRect rect = chart();
+    const double along = isMirrored() ? rect.left() + rect.width() - x : x - rect.left();
+    return m_view.from() + along * timePerPixel();
+}
+
+QString DayPicture::projectsText(const Piece& piece) const {
+    return piece.projects.join(QStringLiteral(", "));
+}
+
+QString DayPicture::itemText(int item) const {
+    const Piece& piece = m_pieces[std::size_t(item)];
+    QStringList parts{PictureTexts::fromTo(piece.start, piece.end())};
+    if (piece.presence == RecordedStretch::Presence::Idle)
+        parts << localized("Idle");
+    else
+        parts << piece.program;
+    if (!piece.projects.isEmpty())
+        parts << localized("Project %@").replace(QLatin1String("%@"), projectsText(piece));
+    parts << PictureTexts::lengthInWords(piece.length);
+    return parts.join(QStringLiteral(", "));
+}
+
+QString DayPicture::itemDetail(int item) const {
+    return m_pieces[std::size_t(item)].title;
+}
+
+QRect DayPicture::itemRect(int item) const {
+    const Piece& piece = m_pieces[std::size_t(item)];
+    const QRect lane = laneRect(m_lane);
+    const double one = xOf(double(piece.start));
+    const double other = xOf(double(piece.end()));
+    int left = int(std::floor(std::min(one, other)));
+    int right = int(std::ceil(std::max(one, other)));
+    if (right - left < kNarrowestItem) {
+        left -= 1;
+        right = left + kNarrowestItem;
+    }
+    return {left, lane.top(), right - left, lane.height()};
+}
+
+void DayPicture::choose(int item) {
+    const Piece piece = m_pieces[std::size_t(item)];
+    if (m_lane == Programs)
+        Q_EMIT programChosen(piece.program);
+    else if (piece.presence != RecordedStretch::Presence::Idle)
+        Q_EMIT projectChosen(piece.projects.isEmpty() ? kNoProject : piece.projects.front());
+}
