@@ -56,13 +56,13 @@ void aWrite(benchmark::State& state) {
 
 void aTick(benchmark::State& state) {
     TestEngine engine;
-    const TimeStoreApp mail(engine.store, QStringLiteral("Mail"));
+    const auto mail = std::make_shared<TimeStoreApp>(engine.store, QStringLiteral("Mail"));
     HistoryRecorder recorder(engine.fakes.clock);
     const QString title = QStringLiteral("(3) The title of a window as long as they are");
     for (auto _ : state) {
         const Instant from = engine.fakes.clock.instant();
         engine.fakes.clock.advance(std::chrono::milliseconds(100));
-        recorder.credited({from, engine.fakes.clock.instant(), &mail, nullptr, title, Presence::Work});
+        recorder.credited({from, engine.fakes.clock.instant(), mail, nullptr, title, Presence::Work});
     }
 }
 

@@ -15,16 +15,17 @@ public:
 
     // Another application is in front.
     virtual void appDidChange() = 0;
-    // Tells the application in front, its front window, and the document that the window's title names.
+    // Tells the application in front, its front window, and the document that the window's title names. A
+    // report for which the listener did not ask is also credited at once.
     virtual void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                               const std::optional<WindowElement>& mainWindowName,
                                               const std::optional<QString>& documentName) = 0;
     // The window being credited has another title. Does nothing without a name. While the timer is stopped,
     // does nothing for any other window either: the source goes on looking then, but nothing is credited.
     virtual void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) = 0;
-    // Called before the source restarts its clock for another application. The time since the last tick is
-    // credited to the application that was in front, and to its window if `hadWindow`.
-    virtual void creditTimeBeforeSwitch(bool hadWindow) = 0;
+    // Called before the source looks at another application's windows. The time since the last tick is
+    // credited to the application and the window that were in front.
+    virtual void creditTimeBeforeSwitch() = 0;
     // Whether the user is away; then the source tells no switch.
     virtual bool isIdle() const = 0;
 };

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <memory>
+
 class TimeStoreApp;
 class TimeStoreWindow;
 
@@ -17,17 +19,17 @@ enum class Presence : unsigned char { Work, Idle };
 struct Stretch {
     Instant from;
     Instant to;
-    // Valid only during the call that tells the stretch. `window` is null when there was none.
-    const TimeStoreApp* program;
-    const TimeStoreWindow* window;
+    std::shared_ptr<TimeStoreApp> program;
+    // Null when there was none.
+    std::shared_ptr<TimeStoreWindow> window;
     // The whole, cleaned title of the front window during the stretch; empty when there was none.
     QString title;
     Presence presence;
 };
 
-// Hears where the time goes. It does not hear of later corrections of the tree: joining, renaming and undoing
-// are no work. Called in the middle of a tick, after the tree has got its time; must change neither the tree
-// nor the timer.
+// Hears where the time goes. It does not hear of corrections of the tree: joining, renaming and undoing are no
+// work. Called in the middle of a tick, after the tree has got the same time; must change neither the tree nor
+// the timer.
 class StretchListener {
 public:
     virtual ~StretchListener() = default;

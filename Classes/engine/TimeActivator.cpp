@@ -65,6 +65,12 @@ std::optional<QString> TimeActivator::getDocStringNameForName(const std::optiona
     return document.isEmpty() ? std::nullopt : std::optional(document);
 }
 
+TimeActivator::Period TimeActivator::endPeriod() {
+    const std::optional<Instant> from = m_startDate;
+    resetObservations();
+    return {from, m_startDate.value_or(m_services.clock.instant()), windowTitle()};
+}
+
 void TimeActivator::createComputeTimerForController(ComputeTarget& controller) {
     if (TimeActivator::computeTimerIsValid())
         return;

@@ -72,6 +72,14 @@ public:
     std::optional<Instant> startDate() const { return m_startDate; }
     // The whole title of the front window, cleaned; absent while the application in front has none.
     virtual std::optional<QString> windowTitle() const { return std::nullopt; }
+    struct Period {
+        // Absent when nothing can be credited.
+        std::optional<Instant> from;
+        Instant to;
+        std::optional<QString> title;
+    };
+    // Ends the period to credit; the next one begins at the same instant.
+    Period endPeriod();
 
     // With a compute timer, the controller's computeTime() is called ten times a second.
     virtual void createComputeTimerForController(ComputeTarget& controller);

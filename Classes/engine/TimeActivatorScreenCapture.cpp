@@ -98,7 +98,7 @@ TimeActivatorScreenCapture::buildAppNameForDictionary(const std::optional<Applic
 void TimeActivatorScreenCapture::computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) {
     // The clock restarts for the new application; the time measured so far belongs to the previous one.
     if (timeTracker())
-        timeTracker()->creditTimeBeforeSwitch(m_windowUpdatingName.has_value());
+        timeTracker()->creditTimeBeforeSwitch();
     resetObservations();
     fastUpdateWindowNameForPID(processOf(record));
 }

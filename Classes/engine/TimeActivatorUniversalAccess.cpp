@@ -64,9 +64,9 @@ void TimeActivatorUniversalAccess::mainWindowDidChange() {
     Accessibility& accessibility = services().accessibility;
     const auto window = accessibility.mainWindow(*m_currentObservation.element);
     // An application without a title of its own is never credited with a window.
-    if (!window || !accessibility.title(*m_currentObservation.element))
-        return;
-    const auto title = accessibility.title(*window);
+    const bool isKnown = window && accessibility.title(*m_currentObservation.element);
+    const auto title = isKnown ? accessibility.title(*window) : std::nullopt;
+    m_currentObservation.title = title;
     if (!title)
         return;
     const auto document = getDocStringNameForName(title);
@@ -74,7 +74,6 @@ void TimeActivatorUniversalAccess::mainWindowDidChange() {
         timeTracker()->renameWindowToName(document, *window);
     timeTracker()->mainWindowDidChangeToAppName(currentAppName(), window, document);
     m_currentObservation.windowElement = window;
-    m_currentObservation.title = title;
 }
 
 void TimeActivatorUniversalAccess::resetNotifications() {

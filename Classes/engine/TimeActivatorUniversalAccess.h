@@ -30,7 +30,7 @@ private:
         std::optional<WindowElement> windowElement;
         // Absent when the subscription failed, and before the first one.
         std::optional<QString> notification;
-        // The main window's title, as last told to the tracker.
+        // The main window's title; absent while nothing is to be credited to a window.
         std::optional<QString> title;
     };
 

@@ -8,6 +8,8 @@
 #include "Classes/store/TimeStoreCategory.h"
 #include "platform/foundation/values/Assertions.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeActivator)
@@ -57,6 +59,12 @@ void TimeTracker::appDidChange() {
     updateDisplayTime(false);
     setCurrentApp(m_timeActivator->currentAppName());
     resetInternalTimes();
+    lookAtWindow();
+}
+
+// Who asks what is in front also credits the time; the answer does not.
+void TimeTracker::lookAtWindow() {
+    const QScopedValueRollback looking(m_isLooking, true);
     m_timeActivator->mainWindowDidChange();
 }
 
@@ -80,7 +88,8 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
         window->setName(*documentName);
         m_narrowing.noteChange();
     }
-    updateActiveTimeInStore(window.get(), m_timeActivator->startDate());
+    if (!m_isLooking)
+        creditSoFar();
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
@@ -104,13 +113,11 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     m_narrowing.noteChange();
 }
 
-void TimeTracker::creditTimeBeforeSwitch(bool hadWindow) {
+void TimeTracker::creditTimeBeforeSwitch() {
     if (!m_isRunning)
         return;
     const std::lock_guard guard(m_lock);
-    if (hadWindow && !m_wasIdle)
-        updateActiveTimeInStore(activeStoreWindow(), m_timeActivator->startDate());
-    creditCurrentApp();
+    creditSoFar();
 }
 
 void TimeTracker::updateDisplayTime(bool idle) {
@@ -126,20 +133,8 @@ void TimeTracker::updateDisplayTime(bool idle) {
     if (!m_isRunning)
         return;
     if (m_timeActivator->trackDocumentTiming() && !idle)
-        m_timeActivator->mainWindowDidChange();
-    creditCurrentApp();
-    resetInternalTimes();
-}
-
-void TimeTracker::creditCurrentApp() {
-    const auto app = m_activeStoreApp.lock();
-    const std::optional<Instant> start = m_timeActivator->startDate();
-    updateActiveTimeInStore(app.get(), start);
-    if (!app || !start)
-        return;
-    if (app->isNamed(kIdleName))
-        m_idleBookings.add(*start, instant());
-    tellOfStretch(app, *start, instant());
+        lookAtWindow();
+    creditSoFar();
 }
 
 // Null when the window belongs to another application: one without windows leaves the previous one's window
@@ -150,27 +145,60 @@ static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
     return current && app.holds(*current) ? current : nullptr;
 }
 
-void TimeTracker::tellOfStretch(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to) {
-    if (m_listeners->isEmpty() || from >= to)
+void TimeTracker::creditSoFar() {
+    const TimeActivator::Period period = m_timeActivator->endPeriod();
+    const auto app = m_activeStoreApp.lock();
+    if (app && period.from)
+        credit(stretchOf(app, *period.from, period.to, period.title));
+}
+
+Stretch TimeTracker::stretchOf(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to,
+                               const std::optional<QString>& title) const {
+    if (app->isNamed(kIdleName))
+        return {from, to, app, nullptr, QString(), Presence::Idle};
+    return {from,
+            to,
+            app,
+            title ? windowOf(*app, m_activeStoreWindow) : nullptr,
+            title.value_or(QString()),
+            Presence::Work};
+}
+
+void TimeTracker::credit(const Stretch& stretch) {
+    if (stretch.from >= stretch.to)
         return;
-    const bool isIdle = app->isNamed(kIdleName);
-    const std::optional<QString> title = isIdle ? std::nullopt : m_timeActivator->windowTitle();
-    const auto window = title ? windowOf(*app, m_activeStoreWindow) : nullptr;
-    const Stretch stretch{from,
-                          to,
-                          app.get(),
-                          window.get(),
-                          title.value_or(QString()),
-                          isIdle ? Presence::Idle : Presence::Work};
+    updateActiveTimeInStore(stretch.window.get(), stretch.from, stretch.to);
+    updateActiveTimeInStore(stretch.program.get(), stretch.from, stretch.to);
+    if (stretch.presence == Presence::Idle)
+        m_idleBookings.add(stretch.from, stretch.to);
     m_listeners->forEach([&](StretchListener* listener) { listener->credited(stretch); });
+}
+
+void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start,
+                                          const std::optional<Instant>& end) {
+    if (!node || !start)
+        return;
+    const Seconds seconds = secondsBetween(*start, end.value_or(instant()));
+    noteGrowth(*node, seconds);
+    node->addTimeInterval(seconds);
+}
+
+void TimeTracker::correct(TimeStoreNode& node, Seconds seconds) {
+    noteGrowth(node, seconds);
+    node.correctTime(seconds);
+}
+
+void TimeTracker::noteGrowth(const TimeStoreNode& node, Seconds seconds) {
+    const Seconds before = node.TimeStoreNode::activeTime();
+    m_narrowing.noteTime(before, before + seconds);
 }
 
 void TimeTracker::bookIdleOnset() {
     const std::uint64_t idleCount = m_services.idleTime.seconds();
     const Seconds idle = float(idleCount);
     const Instant lastInput = m_services.idleTime.lastInput(idleCount);
-    const Instant start = m_timeActivator->startDate().value_or(instant());
-    const Seconds gap = secondsBetween(start, instant());
+    const TimeActivator::Period period = m_timeActivator->endPeriod();
+    const Seconds gap = secondsBetween(period.from.value_or(period.to), period.to);
     // The time since the last tick has not been credited to anybody yet.
     const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
     const auto current = m_activeStoreApp.lock();
@@ -179,19 +207,15 @@ void TimeTracker::bookIdleOnset() {
     // Normally only one tick has passed, less than any idle time. More means that the ticks stood still for a
     // while.
     const bool isGap = gap > idle;
-    if (isGap) {
-        takeAbsenceFromGap(gap, idle);
-        if (current)
-            tellOfStretch(current, start, m_services.idleTime.lastInput());
-    }
+    if (isGap && current)
+        creditGap(stretchOf(current, *period.from, period.to, period.title), gap - idle);
     const Instant since = std::max(m_services.idleTime.lastInput(), m_countingSince);
-    m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, instant(), unbooked); });
+    m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, period.to, unbooked); });
     setCurrentApp(kIdleName);
     m_activeStoreWindow.reset();
     if (const auto app = m_activeStoreApp.lock())
-        addTime(*app, unbooked);
-    m_idleBookings.settle(lastInput, instant());
-    resetInternalTimes();
+        correct(*app, unbooked);
+    m_idleBookings.settle(lastInput, period.to);
     // Thrown last, when all bookings are done.
     if (isGap && windowTime - idle < 0)
         throw InternalInconsistency(QStringLiteral("Classes/TimeTracker"), 432,
@@ -205,28 +229,14 @@ Seconds TimeTracker::unbookedIdle(Seconds idle, Instant lastInput) const {
 }
 
 // The ticks stood still for longer than the user has been away: the application gets the time until the user
-// left.
-void TimeTracker::takeAbsenceFromGap(Seconds gap, Seconds idle) {
-    const auto app = m_activeStoreApp.lock();
-    if (!app)
-        return;
-    app->addTimeInterval(gap - idle);
-    if (const auto window = windowOf(*app, m_activeStoreWindow))
-        window->addTimeInterval(gap - idle);
-}
-
-void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start) {
-    if (!node || !start)
-        return;
-    // An observer may remove the node while being told.
-    const auto alive = node->weak_from_this().lock();
-    addTime(*node, secondsBetween(*start, instant()));
-}
-
-void TimeTracker::addTime(TimeStoreNode& node, Seconds seconds) {
-    const Seconds before = node.TimeStoreNode::activeTime();
-    m_narrowing.noteTime(before, before + seconds);
-    node.addTimeInterval(seconds);
+// left. The tree counts an absence in longer seconds, so what these leave of the gap differs a little.
+void TimeTracker::creditGap(Stretch stretch, Seconds worked) {
+    stretch.to = std::clamp(m_services.idleTime.lastInput(), stretch.from, stretch.to);
+    credit(stretch);
+    const Seconds rest = worked - secondsBetween(stretch.from, stretch.to);
+    correct(*stretch.program, rest);
+    if (stretch.window)
+        correct(*stretch.window, rest);
 }
 
 void TimeTracker::setCurrentApp(const std::optional<QString>& name) {

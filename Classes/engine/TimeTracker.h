@@ -50,7 +50,7 @@ public:
                                       const std::optional<WindowElement>& mainWindowName,
                                       const std::optional<QString>& documentName) override;
     void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) override;
-    void creditTimeBeforeSwitch(bool hadWindow) override;
+    void creditTimeBeforeSwitch() override;
     bool isIdle() const override { return m_wasIdle; }
 
     // The listener is told every stretch for as long as the subscription lives, and must outlive it.
@@ -58,8 +58,10 @@ public:
 
     // The tick.
     void updateDisplayTime(bool idle);
-    // Adds the time since `start` to the node. Does nothing without a node or a start.
-    void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start);
+    // Adds the time from `start` to `end`, or else to now, to the node. Does nothing without a node or a
+    // start. In the program only credit() calls it.
+    void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start,
+                                 const std::optional<Instant>& end = {});
     // Finds or makes the application to credit. Without a name the current one stays.
     void setCurrentApp(const std::optional<QString>& name);
     void resetInternalTimes();
@@ -171,12 +173,20 @@ private:
     Date now() const { return m_services.activity.clock.now(); }
     Instant instant() const { return m_services.activity.clock.instant(); }
 
-    void creditCurrentApp();
-    void tellOfStretch(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to);
-    void addTime(TimeStoreNode& node, Seconds seconds);
+    // The only door for work: gives the stretch to its window, then to its application, and then tells it.
+    // Does nothing if no time has passed.
+    void credit(const Stretch& stretch);
+    // The door for everything else: time that an absence takes, or that comes from other timers.
+    void correct(TimeStoreNode& node, Seconds seconds);
+    // Credits the time since the last credit to what is in front.
+    void creditSoFar();
+    Stretch stretchOf(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to,
+                      const std::optional<QString>& title) const;
+    void noteGrowth(const TimeStoreNode& node, Seconds seconds);
+    void lookAtWindow();
     void bookIdleOnset();
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
-    void takeAbsenceFromGap(Seconds gap, Seconds idle);
+    void creditGap(Stretch stretch, Seconds worked);
     std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
     void branch(TimeStoreNode& node, FrozenTimer& frozen);
     void branchWindow(TimeStoreWindow& window, FrozenTimer& frozen);
@@ -217,6 +227,7 @@ private:
         new Listeners<StretchListener*>};
     bool m_isRunning = false;
     bool m_wasIdle = false;
+    bool m_isLooking = false;
     std::unique_ptr<TimeActivator> m_timeActivator;
     Subscription m_defaultsChanges;
     Subscription m_namesToKeep;

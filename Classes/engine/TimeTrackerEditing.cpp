@@ -74,7 +74,7 @@ void TimeTracker::dissolve(const AppSet& applications) {
         const auto other = m_tree.named(app->name());
         if (!other || other == app)
             continue;
-        other->addTimeInterval(app->activeTime());
+        other->correctTime(app->activeTime());
         m_tree.remove(app);
     }
 }

@@ -239,7 +239,7 @@ void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
 // `other` has already left the tree.
 void TimeTracker::joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen,
                            FrozenIdentities& joined) {
-    node.addTimeInterval(other.activeTime());
+    node.correctTime(other.activeTime());
     if (const auto renamed = other.renamedNameStorage())
         node.setRenamedNameFormatted({{kRecordName, *renamed}});
     if (other.uuid() && node.uuid() && other.uuid() != node.uuid()) {

@@ -83,7 +83,7 @@ void TimeTracker::putBack(const PropertyListArray& entries) {
             continue;
         }
         if (const auto time = record.value(kRecordActiveTime).asReal())
-            app->addTimeInterval(*time);
+            app->correctTime(*time);
         for (const PropertyListValue& window : *entry.asDictionary()->value(kEntryWindows).asArray())
             app->putBack(*window.asDictionary());
     }

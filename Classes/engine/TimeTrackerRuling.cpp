@@ -58,7 +58,7 @@ std::unordered_set<Identity> TimeTracker::sayNoMoreThan(const PastTitles& past) 
         const auto known = m_tree.named(kPrivateName);
         const auto app =
             known ? known : addApplication(std::make_shared<TimeStoreApp>(m_services.store, kPrivateName));
-        app->addTimeInterval(gone.time);
+        app->correctTime(gone.time);
     }
     m_narrowing.drop([&](const TimeStoreItem& item) {
         return std::ranges::any_of(gone.applications,
@@ -98,7 +98,7 @@ void TimeTracker::hide(TimeStoreApp& app, const PastTitles& past, Gone& gone) {
     // Windows that may be known keep their application, with their time.
     const Seconds time = std::min(app.activeTime(), isHidden ? app.activeTime() - ofWindows : ofNobody);
     if (time > 0) {
-        app.addTimeInterval(-time);
+        app.correctTime(-time);
         gone.time += time;
     }
     if (!isHidden || app.windowCount() > 0)

@@ -90,7 +90,7 @@ Seconds HistoryDebts::pay(TimeTracker& tracker) const {
 
 void HistoryDebts::payApplication(TimeTracker& tracker, const Debt& debt) const {
     if (const auto app = applicationOf(tracker, debt.to))
-        return app->addTimeInterval(debt.time);
+        return app->correctTime(debt.time);
     tracker.putBack(
         {PropertyListDictionary{{kEntryApp, record(debt.to.program, debt.to.timer.application, debt.time)},
                                 {kEntryWindows, PropertyListArray()}}});
@@ -103,6 +103,6 @@ void HistoryDebts::payWindow(TimeTracker& tracker, const Debt& debt) const {
         return;
     const auto window = debt.to.timer.window ? app->windowOfIdentity(*debt.to.timer.window) : nullptr;
     if (window)
-        return window->addTimeInterval(debt.time);
+        return window->correctTime(debt.time);
     app->putBack(record(*debt.to.window, debt.to.timer.window, debt.time));
 }

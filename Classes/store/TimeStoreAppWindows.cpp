@@ -111,7 +111,7 @@ void TimeStoreApp::putBack(const PropertyListDictionary& record) {
     if (known != m_windows.end() && !isFrozen && !known->second.window->branched()) {
         const auto window = known->second.window;
         const QByteArray* bytes = record.value(kRecordUUID).asData();
-        window->addTimeInterval(record.value(kRecordActiveTime).number().value_or(0));
+        window->correctTime(record.value(kRecordActiveTime).number().value_or(0));
         if (const QString* called = record.value(kRecordRenamedName).asString();
             called && !window->renamedNameStorage())
             window->setRenamedNameFormatted({{kRecordName, *called}});
@@ -216,8 +216,8 @@ void TimeStoreApp::leaveTitle(const TimeStoreWindow& joined, const TimeStoreWind
 // Takes the time from `from`, because somebody may still hold that window.
 void TimeStoreApp::moveTime(TimeStoreWindow& from, TimeStoreWindow& to) {
     const Seconds time = from.activeTime();
-    to.addTimeInterval(time);
-    from.addTimeInterval(-time);
+    to.correctTime(time);
+    from.correctTime(-time);
     if (const auto name = from.renamedNameStorage(); name && !to.renamedNameStorage())
         to.setRenamedNameFormatted({{kRecordName, *name}});
 }

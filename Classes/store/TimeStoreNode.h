@@ -46,7 +46,7 @@ struct TimeStoreServices {
     AccountTrouble& trouble;
 };
 
-// What all timers have in common. Time is added only by addTimeInterval(); the identity is fixed at
+// What all timers have in common. Time changes only by addTimeInterval(); the identity is fixed at
 // construction and changes only by freezing.
 class TimeStoreNode : public TimeStoreItem, public Observable {
 public:
@@ -102,8 +102,12 @@ public:
     void setBranched(bool branched) { m_branched = branched; }
 
     // Adds seconds, which may be negative, up to a total of kLongestTime, and tells observers of
-    // activeTimeString.
+    // activeTimeString. The tracker calls it when it credits a stretch of work; everybody else calls
+    // correctTime().
     void addTimeInterval(Seconds seconds);
+    // The same for time that is no work of this moment: it comes from another timer or goes to one, comes back
+    // by undoing, or was found to be an absence.
+    void correctTime(Seconds seconds) { addTimeInterval(seconds); }
 
     // Adds a window from its record. Nodes that cannot have children ignore it.
     virtual void addChildFromDictionary(const PropertyListDictionary& record);

@@ -184,23 +184,23 @@ private:
             pick(3) == 0 ? QString() : QStringLiteral("Title %1").arg(QChar(u'a' + pick(6)));
         const bool isAway = pick(12) == 0;
         for (int ticks = 1 + pick(20); ticks > 0; --ticks)
-            tick(isAway ? *m_idle : *program, isAway ? QString() : title, isAway,
+            tick(isAway ? m_idle : program, isAway ? QString() : title, isAway,
                  pick(40) == 0 ? pick(9'000'000) : 1 + pick(300));
     }
 
     // While the timer runs, changes of the wall clock are seen within a tick.
-    void tickOnce() { tick(*m_programs.front(), QString(), false, 100); }
+    void tickOnce() { tick(m_programs.front(), QString(), false, 100); }
 
-    void tick(const TimeStoreApp& program, const QString& title, bool isIdle, int milliseconds) {
+    void tick(const std::shared_ptr<TimeStoreApp>& program, const QString& title, bool isIdle,
+              int milliseconds) {
         const Instant from = now();
         const std::int64_t begin = wall();
         pass(milliseconds);
         if (from == now())
             return;
-        m_recorder.credited(
-            {from, now(), &program, nullptr, title, isIdle ? Presence::Idle : Presence::Work});
+        m_recorder.credited({from, now(), program, nullptr, title, isIdle ? Presence::Idle : Presence::Work});
         plain.credit(from, now(), begin,
-                     QStringLiteral("%1/%2/%3").arg(program.name(), title).arg(isIdle ? 1 : 0));
+                     QStringLiteral("%1/%2/%3").arg(program->name(), title).arg(isIdle ? 1 : 0));
         m_hasTold = true;
     }
 

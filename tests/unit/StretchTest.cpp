@@ -44,6 +44,13 @@ public:
         return lines.join(QStringLiteral(", ")).toStdString();
     }
 
+    Seconds total() const {
+        Seconds sum = 0;
+        for (const Line& line : m_lines)
+            sum += secondsBetween(line.from, line.to);
+        return sum;
+    }
+
 private:
     struct Line {
         QString who;
@@ -72,6 +79,42 @@ TEST_F(StretchTest, work_isToldOneStretchAfterTheOther) {
     m_day.front("Player");
     m_day.seconds(5);
     EXPECT_EQ(m_diary.text(), "Mail [Inbox] 40, Editor [a.txt] 20, Editor [b.txt] 10, Player - 5");
+}
+
+TEST_F(StretchTest, aStretch_isToldWhenItsWindowAndThenItsApplicationHaveTheirTime) {
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(1);
+    QStringList order;
+    struct Last : StretchListener {
+        explicit Last(QStringList& told)
+            : order(told) {}
+        void credited(const Stretch& stretch) override { order << stretch.title; }
+        void absent(Instant, Instant, Seconds) override {}
+        QStringList& order;
+    } last(order);
+    const Subscription listening = m_day.tracker.listen(last);
+    const auto note = [&](const char* what) {
+        return [&order, what](const auto&) { order << QLatin1String(what); };
+    };
+    const Subscription ofApp = m_day.node("Mail").observe(kActiveTimeStringKey, note("Mail"));
+    const Subscription ofWindow = m_day.node("Mail", "Inbox").observe(kActiveTimeStringKey, note("window"));
+    m_day.seconds(0.1);
+    EXPECT_EQ(order.join(u' '), QStringLiteral("window Mail Inbox"));
+}
+
+TEST_F(StretchTest, theTimeThatObserversTake_isNeitherLostNorToldToThePast) {
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(1);
+    const Instant begin = m_day.fakes.clock.instant();
+    const Subscription slow =
+        m_day.node("Mail").observe(kActiveTimeStringKey, [&](const auto&) { m_day.stall(0.01); });
+    m_day.seconds(10);
+    const Seconds passed = secondsBetween(begin, m_day.fakes.clock.instant());
+    EXPECT_NEAR(m_day.secondsOf("Mail"), 1 + passed, 0.15);
+    EXPECT_DOUBLE_EQ(m_day.secondsOf("Mail"), m_day.secondsOf("Mail", "Inbox"));
+    EXPECT_NEAR(m_diary.total(), m_day.secondsOf("Mail"), 1e-9);
 }
 
 TEST_F(StretchTest, theTitle_isToldWholeAndAsItWasAtItsTime) {

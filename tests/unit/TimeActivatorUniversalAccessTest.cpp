@@ -93,6 +93,19 @@ TEST_F(TimeActivatorUniversalAccessTest, time_goesToApplicationAndWindow) {
     EXPECT_EQ(m_day.tree(), "Mail 15 [Drafts 5, Inbox 10]");
 }
 
+TEST_F(TimeActivatorUniversalAccessTest, aReportBetweenTwoTicks_creditsWindowAndApplicationOnce) {
+    m_day.start();
+    front("Mail", "Inbox");
+    m_day.seconds(10);
+    show("Mail", "Drafts");
+    m_day.stall(0.05);
+    accessibility().tell();
+    EXPECT_NEAR(m_day.secondsOf("Mail", "Drafts"), 0.05, 1e-9);
+    m_day.seconds(5);
+    EXPECT_NEAR(m_day.secondsOf("Mail", "Inbox") + m_day.secondsOf("Mail", "Drafts"), m_day.secondsOf("Mail"),
+                1e-9);
+}
+
 TEST_F(TimeActivatorUniversalAccessTest, aNewTitleOfTheSameWindow_renamesItsTimer) {
     m_day.start();
     front("Editor", "a.txt");

@@ -257,6 +257,30 @@ TEST_F(TimeTrackerTest, idleOnsetAfterAGapWithoutAWindow_takesItFromTheApplicati
     EXPECT_TRUE(m_day.fakes.runLoop.failures().isEmpty());
 }
 
+TEST_F(TimeTrackerTest, aRowThatPassesTheLimitInAGap_isFoundAgain) {
+    m_tracker.addWindowWithName(u"Idle"_s, 9000.0);
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(2000);
+    m_tracker.setCutoffTime(2050);
+    ASSERT_EQ(shown(), "Idle");
+    setIdleCount(900);
+    tickAfterGap(1000);
+    EXPECT_EQ(m_day.tree(), "Idle 9900, Mail 2100 [Inbox 2100]");
+    EXPECT_TRUE(m_tracker.narrowing().isStale());
+}
+
+TEST_F(TimeTrackerTest, aWindowFrozenBetweenTwoTicks_givesNoTimeTwice) {
+    m_day.start();
+    m_day.front("Mail", "Inbox");
+    m_day.seconds(1);
+    m_day.stall(0.05);
+    TimeStoreNode& frozen = m_day.node("Mail", "Inbox");
+    m_tracker.branchNode(frozen);
+    m_day.seconds(1);
+    EXPECT_NEAR(m_day.secondsOf("Mail", "Inbox") + frozen.activeTime(), m_day.secondsOf("Mail"), 1e-9);
+}
+
 TEST_F(TimeTrackerTest, theScreenSaverAndTheLoginWindow_areIdleTime) {
     m_day.start();
     m_day.front("ScreenSaverEngine");
