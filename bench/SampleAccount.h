@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/engine/TimeTracker.h"
+#include "Classes/store/AccountEntries.h"
 
 #include <QRandomGenerator>
 

@@ -15,8 +15,8 @@ public:
 
     // Another application is in front.
     virtual void appDidChange() = 0;
-    // Tells the application in front, its front window, and the document that the window's title names. A
-    // report for which the listener did not ask is also credited at once.
+    // Tells the application in front, its front window, and the document that the window's title names. They
+    // get the time since the last credit: at once, or in the tick that has asked.
     virtual void mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                               const std::optional<WindowElement>& mainWindowName,
                                               const std::optional<QString>& documentName) = 0;

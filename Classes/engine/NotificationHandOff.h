@@ -11,8 +11,8 @@
 #include <thread>
 
 // Moves notifications that arrive on other threads to the main thread and processes them there in the order
-// in which they came. Make and destroy it on the main thread. The program makes none today, because no
-// notification of its own comes from another thread; it is kept for code that will send some.
+// in which they came. Make and destroy it on the main thread. This is how a notification gets to the main
+// thread; none comes from another thread so far, so the program makes none of these.
 class NotificationHandOff {
 public:
     // `process` is called on the thread that makes this. The run loop must outlive it.

@@ -10,6 +10,9 @@
 class TimeStoreApp;
 class TimeStoreWindow;
 
+// The name of the pseudo-application that idle time is credited to.
+inline const QString kIdleName = QStringLiteral("Idle");
+
 // Whether the user was at work or away during a stretch.
 enum class Presence : unsigned char { Work, Idle };
 

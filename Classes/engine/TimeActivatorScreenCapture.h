@@ -30,9 +30,9 @@ public:
     bool isAXEnabled() override { return true; }
     bool trackDocumentTiming() const override { return true; }
 
-    // The last title seen of the front window; absent while the application in front has none.
+    // The last title seen of the front window, which is what windowTitle() answers.
     const std::optional<QString>& windowUpdatingName() const { return m_windowUpdatingName; }
-    // The last entry seen of the front window.
+    // The last entry seen of the front window. The next poll is compared with it.
     const std::optional<WindowListEntry>& lastUpdateWindowDict() const { return m_lastUpdateWindowDict; }
 
 private:

@@ -3,10 +3,10 @@
 
 #include "Classes/engine/TimeActivator.h"
 
-// Follows the front window through what applications tell assistive programs. The program does not make this
-// source: on desktops that tell nothing, AtspiFrontDesktop offers the same facts as a window list, so the
-// tick is the same everywhere. It is kept, with its tests, for an engine that runs without any window list.
-// It has no tick of its own: only a controller's compute timer makes it tick.
+// Follows the front window through what applications tell assistive programs. A second source with the same
+// interface; the program does not choose it. Where a desktop tells nothing, AtspiFrontDesktop offers the same
+// facts as a window list, so the tick is the same everywhere. This source has no tick of its own: only a
+// controller's compute timer makes it tick.
 class TimeActivatorUniversalAccess : public TimeActivator {
 public:
     TimeActivatorUniversalAccess(ActivityListener& tracker, ActivityServices& services);

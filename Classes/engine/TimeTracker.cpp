@@ -14,6 +14,7 @@
 
 TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeActivator)
     : m_services(services)
+    , m_timers(services.store, *this)
     , m_categories(std::make_unique<RuleCategories>())
     , m_lastResetDate(now())
     , m_countingSince(instant()) {
@@ -24,7 +25,7 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
     m_namesToKeep = services.store.notifications.observe(
         kTicklogKeepNamesNotification, [this](const Notification& notification) {
             if (const auto* used = std::any_cast<std::unordered_set<Identity>>(&notification.object))
-                m_tree.enterInRegistry(m_services.store.registry, used);
+                m_timers.tree().enterInRegistry(m_services.store.registry, used);
         });
     userDefaultsChanged();
 }
@@ -39,7 +40,7 @@ bool TimeTracker::setIsRunning(bool run) {
             m_services.checkAccessibilityTrust();
         return false;
     }
-    const std::lock_guard guard(m_lock);
+    const std::lock_guard guard(m_timers.lock());
     if (!m_isRunning) {
         resetInternalTimes();
         m_countingSince = instant();
@@ -55,14 +56,14 @@ bool TimeTracker::setIsRunning(bool run) {
 void TimeTracker::appDidChange() {
     if (!m_isRunning)
         return;
-    const std::lock_guard guard(m_lock);
+    const std::lock_guard guard(m_timers.lock());
     updateDisplayTime(false);
     setCurrentApp(m_timeActivator->currentAppName());
     resetInternalTimes();
     lookAtWindow();
 }
 
-// Who asks what is in front also credits the time; the answer does not.
+// For whoever credits the time itself: this answer of the source does not.
 void TimeTracker::lookAtWindow() {
     const QScopedValueRollback looking(m_isLooking, true);
     m_timeActivator->mainWindowDidChange();
@@ -71,22 +72,21 @@ void TimeTracker::lookAtWindow() {
 void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& appName,
                                                const std::optional<WindowElement>& mainWindowName,
                                                const std::optional<QString>& documentName) {
-    const std::lock_guard guard(m_lock);
+    const std::lock_guard guard(m_timers.lock());
     // Freezing and removing timers come through here too. During an absence, the window in front gets no
     // time.
     if (m_isRunning && m_wasIdle)
         return;
     setCurrentApp(appName);
-    const auto app = m_activeStoreApp.lock();
+    const auto app = m_timers.app();
     const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
-    if (window != std::exchange(m_activeStoreWindow, window).lock())
-        m_narrowing.noteChange();
+    m_timers.setWindow(window);
     if (!m_isRunning || !window)
         return;
     // The title has changed while the window was behind others, or while the timer was stopped.
     if (!window->isNamed(*documentName)) {
         window->setName(*documentName);
-        m_narrowing.noteChange();
+        m_timers.narrowing().noteChange();
     }
     if (!m_isLooking)
         creditSoFar();
@@ -94,15 +94,15 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
     // A title without a document in it does not rename the window.
-    const auto app = m_activeStoreApp.lock();
-    const auto current = m_activeStoreWindow.lock();
+    const auto app = m_timers.app();
+    const auto current = m_timers.window();
     if (!newName || !app || !current)
         return;
     const bool isCurrent = current->windowElement() && *current->windowElement() == window;
     if (!m_isRunning && !isCurrent)
         return;
     // The window being credited belongs to another application, so this title is not its new one.
-    if (!isCurrent && m_tree.applicationHolding(*current) != app)
+    if (!isCurrent && m_timers.tree().applicationHolding(*current) != app)
         return;
     if (const auto found = isCurrent ? nullptr : app->windowStoreForName(newName, window);
         found && found != current)
@@ -110,18 +110,18 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     // If another window of the application has this name, setName() joins the two.
     if (current->name() != *newName)
         current->setName(*newName);
-    m_narrowing.noteChange();
+    m_timers.narrowing().noteChange();
 }
 
 void TimeTracker::creditTimeBeforeSwitch() {
     if (!m_isRunning)
         return;
-    const std::lock_guard guard(m_lock);
+    const std::lock_guard guard(m_timers.lock());
     creditSoFar();
 }
 
 void TimeTracker::updateDisplayTime(bool idle) {
-    const std::lock_guard guard(m_lock);
+    const std::lock_guard guard(m_timers.lock());
     // While the timer is stopped, no absence begins.
     if (!m_wasIdle && idle && m_isRunning) {
         m_wasIdle = true;
@@ -137,31 +137,19 @@ void TimeTracker::updateDisplayTime(bool idle) {
     creditSoFar();
 }
 
-// Null when the window belongs to another application: one without windows leaves the previous one's window
-// current.
-static std::shared_ptr<TimeStoreWindow> windowOf(const TimeStoreApp& app,
-                                                 const std::weak_ptr<TimeStoreWindow>& window) {
-    auto current = window.lock();
-    return current && app.holds(*current) ? current : nullptr;
-}
-
 void TimeTracker::creditSoFar() {
-    const TimeActivator::Period period = m_timeActivator->endPeriod();
-    const auto app = m_activeStoreApp.lock();
-    if (app && period.from)
-        credit(stretchOf(app, *period.from, period.to, period.title));
+    if (const auto stretch = stretchOf(m_timeActivator->endPeriod()))
+        credit(*stretch);
 }
 
-Stretch TimeTracker::stretchOf(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to,
-                               const std::optional<QString>& title) const {
+std::optional<Stretch> TimeTracker::stretchOf(const TimeActivator::Period& period) const {
+    const auto app = m_timers.app();
+    if (!app || !period.from)
+        return std::nullopt;
     if (app->isNamed(kIdleName))
-        return {from, to, app, nullptr, QString(), Presence::Idle};
-    return {from,
-            to,
-            app,
-            title ? windowOf(*app, m_activeStoreWindow) : nullptr,
-            title.value_or(QString()),
-            Presence::Work};
+        return Stretch{*period.from, period.to, app, nullptr, QString(), Presence::Idle};
+    const auto window = period.title ? m_timers.windowOfApp() : nullptr;
+    return Stretch{*period.from, period.to, app, window, period.title.value_or(QString()), Presence::Work};
 }
 
 void TimeTracker::credit(const Stretch& stretch) {
@@ -178,19 +166,7 @@ void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::option
                                           const std::optional<Instant>& end) {
     if (!node || !start)
         return;
-    const Seconds seconds = secondsBetween(*start, end.value_or(instant()));
-    noteGrowth(*node, seconds);
-    node->addTimeInterval(seconds);
-}
-
-void TimeTracker::correct(TimeStoreNode& node, Seconds seconds) {
-    noteGrowth(node, seconds);
-    node.correctTime(seconds);
-}
-
-void TimeTracker::noteGrowth(const TimeStoreNode& node, Seconds seconds) {
-    const Seconds before = node.TimeStoreNode::activeTime();
-    m_narrowing.noteTime(before, before + seconds);
+    m_timers.addTime(*node, secondsBetween(*start, end.value_or(instant())));
 }
 
 void TimeTracker::bookIdleOnset() {
@@ -201,20 +177,19 @@ void TimeTracker::bookIdleOnset() {
     const Seconds gap = secondsBetween(period.from.value_or(period.to), period.to);
     // The time since the last tick has not been credited to anybody yet.
     const Seconds unbooked = std::max(unbookedIdle(idle, lastInput), std::min(gap, idle));
-    const auto current = m_activeStoreApp.lock();
-    const auto window = current ? windowOf(*current, m_activeStoreWindow) : nullptr;
+    const auto window = m_timers.windowOfApp();
     const Seconds windowTime = window ? window->activeTime() : idle;
     // Normally only one tick has passed, less than any idle time. More means that the ticks stood still for a
     // while.
     const bool isGap = gap > idle;
-    if (isGap && current)
-        creditGap(stretchOf(current, *period.from, period.to, period.title), gap - idle);
+    if (const auto stretch = isGap ? stretchOf(period) : std::nullopt)
+        creditGap(*stretch, gap - idle);
     const Instant since = std::max(m_services.idleTime.lastInput(), m_countingSince);
     m_listeners->forEach([&](StretchListener* listener) { listener->absent(since, period.to, unbooked); });
     setCurrentApp(kIdleName);
-    m_activeStoreWindow.reset();
-    if (const auto app = m_activeStoreApp.lock())
-        correct(*app, unbooked);
+    m_timers.forgetWindow();
+    if (const auto app = m_timers.app())
+        m_timers.correctTime(*app, unbooked);
     m_idleBookings.settle(lastInput, period.to);
     // Thrown last, when all bookings are done.
     if (isGap && windowTime - idle < 0)
@@ -228,40 +203,15 @@ Seconds TimeTracker::unbookedIdle(Seconds idle, Instant lastInput) const {
     return std::max(0.0, counted - m_idleBookings.bookedSince(lastInput));
 }
 
-// The ticks stood still for longer than the user has been away: the application gets the time until the user
-// left. The tree counts an absence in longer seconds, so what these leave of the gap differs a little.
+// The ticks stood still for longer than the user has been away: until the last input it was work. The tree
+// counts an absence in longer and so fewer seconds; what they leave of the gap is the application's as well.
 void TimeTracker::creditGap(Stretch stretch, Seconds worked) {
     stretch.to = std::clamp(m_services.idleTime.lastInput(), stretch.from, stretch.to);
     credit(stretch);
     const Seconds rest = worked - secondsBetween(stretch.from, stretch.to);
-    correct(*stretch.program, rest);
+    m_timers.correctTime(*stretch.program, rest);
     if (stretch.window)
-        correct(*stretch.window, rest);
-}
-
-void TimeTracker::setCurrentApp(const std::optional<QString>& name) {
-    if (!name)
-        return;
-    const bool isAway = *name == kScreenSaverName || *name == kLoginWindowName;
-    const QString& credited = isAway ? kIdleName : *name;
-    if (const auto known = m_tree.named(credited)) {
-        m_activeStoreApp = known;
-        return;
-    }
-    willChange(kTimeSetKey);
-    {
-        const std::lock_guard guard(m_lock);
-        m_activeStoreApp = addApplication(std::make_shared<TimeStoreApp>(m_services.store, credited));
-    }
-    m_activeStoreWindow.reset();
-    didChange(kTimeSetKey);
-    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
-}
-
-std::shared_ptr<TimeStoreApp> TimeTracker::addApplication(std::shared_ptr<TimeStoreApp> app) {
-    m_tree.add(app);
-    m_narrowing.noteChange();
-    return app;
+        m_timers.correctTime(*stretch.window, rest);
 }
 
 void TimeTracker::resetInternalTimes() {
@@ -276,11 +226,11 @@ void TimeTracker::awakeFromSleep() {
 }
 
 Seconds TimeTracker::totalTime() const {
-    const std::lock_guard guard(m_lock);
+    const std::lock_guard guard(m_timers.lock());
     const bool countsSelf = m_services.defaults.boolForKey(kIncludeSelfInSumofTimes);
     const bool countsIdle = m_services.defaults.boolForKey(kIncludeIdleInSumofTimes);
     Seconds total = 0;
-    for (const auto& app : m_tree.applications()) {
+    for (const auto& app : m_timers.tree().applications()) {
         // Ticklog itself is recognised by the name shown, Idle by its original name: a timer that the user
         // has renamed to "Ticklog" is meant to be left out as well.
         if (!countsSelf && app->isShownAs(kOwnName))
@@ -293,10 +243,10 @@ Seconds TimeTracker::totalTime() const {
 }
 
 TimeStoreItem::Children TimeTracker::timeSet() const {
-    const std::lock_guard guard(m_lock);
-    if (m_narrowing.survivors())
-        return *m_narrowing.survivors();
-    return {m_tree.applications().begin(), m_tree.applications().end()};
+    const std::lock_guard guard(m_timers.lock());
+    if (m_timers.narrowing().survivors())
+        return *m_timers.narrowing().survivors();
+    return {m_timers.tree().applications().begin(), m_timers.tree().applications().end()};
 }
 
 void TimeTracker::updateTimeStoreCategory(TimeStoreCategory& category,
@@ -306,20 +256,13 @@ void TimeTracker::updateTimeStoreCategory(TimeStoreCategory& category,
 }
 
 void TimeTracker::setSearchString(const QString& searchString) {
-    if (m_narrowing.setText(searchString))
+    if (m_timers.narrowing().setText(searchString))
         reloadSearchFiltering();
 }
 
 void TimeTracker::setCutoffTime(float cutoffTime) {
-    m_narrowing.setLimit(cutoffTime);
+    m_timers.narrowing().setLimit(cutoffTime);
     reloadSearchFiltering();
-}
-
-void TimeTracker::reloadSearchFiltering() {
-    const std::lock_guard guard(m_lock);
-    const ChangeAnnouncement announcement(*this, kTimeSetKey);
-    m_narrowing.giveUp();
-    m_narrowing.find(m_tree.applications());
 }
 
 void TimeTracker::userDefaultsChanged() {

@@ -2,31 +2,24 @@
 #pragma once
 
 #include "Classes/engine/ActivityListener.h"
+#include "Classes/engine/CountedTimers.h"
 #include "Classes/engine/IdleBookings.h"
-#include "Classes/engine/Narrowing.h"
 #include "Classes/engine/Stretch.h"
 #include "Classes/engine/TimeActivator.h"
 #include "Classes/engine/TrackerServices.h"
-#include "Classes/store/AccountEntries.h"
 #include "Classes/store/FrozenTimer.h"
-#include "Classes/store/TimerTree.h"
 #include "platform/Sandbox.h"
 #include "platform/foundation/files/UserDefaults.h"
 #include "platform/foundation/observing/Listeners.h"
 
-#include <mutex>
-
+class Freezing;
 class IncomingTimers;
 class PastTitles;
 class RuleCategories;
 class TimeStoreCategory;
 
-inline constexpr ObservedKey kTimeSetKey{"timeSet"};
 inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
 inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDisplayString"};
-
-// The name of the pseudo-application that idle time is credited to.
-inline const QString kIdleName = QStringLiteral("Idle");
 
 // Owns the tree of timers and the activity source, and credits time: at every tick, what has passed since the
 // last one goes to the node of the current application and, separately, to the node of the current window.
@@ -63,7 +56,7 @@ public:
     void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start,
                                  const std::optional<Instant>& end = {});
     // Finds or makes the application to credit. Without a name the current one stays.
-    void setCurrentApp(const std::optional<QString>& name);
+    void setCurrentApp(const std::optional<QString>& name) { m_timers.setCurrentApp(name); }
     void resetInternalTimes();
     void awakeFromSleep();
 
@@ -74,13 +67,13 @@ public:
     TimeStoreItem::Children timeSet() const;
 
     // All timers.
-    const TimerTree& tree() const { return m_tree; }
-    const AppSet& fullTimeSet() const { return m_tree.applications(); }
-    std::vector<Identity> primaryUUIDs() const { return m_tree.identities(); }
+    const TimerTree& tree() const { return m_timers.tree(); }
+    const AppSet& fullTimeSet() const { return tree().applications(); }
+    std::vector<Identity> primaryUUIDs() const { return tree().identities(); }
     // As TimerTree::timersOf().
     TimeStoreItem::Children timeChildrenForChildUUIDs(const std::unordered_set<Identity>& childUUIDs,
                                                       bool excludingIncludedChildren) const {
-        return m_tree.timersOf(childUUIDs, excludingIncludedChildren);
+        return tree().timersOf(childUUIDs, excludingIncludedChildren);
     }
     // Gives a project's node the nodes of its members as children.
     void updateTimeStoreCategory(TimeStoreCategory& category, const std::vector<Identity>& childUUIDs) const;
@@ -88,27 +81,19 @@ public:
     void setSearchString(const QString& searchString);
     // In seconds: rows with less time are hidden.
     void setCutoffTime(float cutoffTime);
-    void reloadSearchFiltering();
+    void reloadSearchFiltering() { m_timers.reloadSearchFiltering(); }
     // What the search and the cut-off leave, and whether that is out of date.
-    const Narrowing& narrowing() const { return m_narrowing; }
+    const Narrowing& narrowing() const { return m_timers.narrowing(); }
 
-    // Freezes a timer: it keeps its time under a dated name and a new identity, and counting goes on in a
-    // fresh timer with the old name.
+    // Freezes a timer, undoes it, and freezes it again: see Freezing.
     FrozenTimer branchNode(TimeStoreNode& node);
+    bool unbranchNode(FrozenTimer& frozen);
+    bool branchNodeAgain(FrozenTimer& frozen);
     // Freezes the timers of these identities, found as timeChildrenForChildUUIDs() finds them. Leaves out
     // those already frozen.
     std::vector<FrozenTimer> branchUUIDs(const std::vector<Identity>& childUUIDs);
-    // Undoes a freezing. The frozen timer gets its name and identity back, and takes in the timer that has
-    // that name by now: its time, its windows, and the name that the user gave it meanwhile. Answers false
-    // and does nothing when the frozen timer no longer exists.
-    bool unbranchNode(FrozenTimer& frozen);
-    // Freezes a timer again, under the identities of the first time. Answers false and does nothing when it
-    // no longer exists.
-    bool branchNodeAgain(FrozenTimer& frozen);
-    // "Current App" (number): whether the frozen application was the current one; "Old Name": what it was
-    // called.
-    void refreshProjects(const PropertyListDictionary& info);
-    // Adds an application with this name and time. The oldest database files hold nothing but such pairs.
+    // Adds an application, despite its name, with this name and time. The oldest database files hold nothing
+    // but such pairs; they come in by take(), like all others.
     void addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent);
     // Clears all timers.
     void reset();
@@ -121,17 +106,14 @@ public:
     // same name has come since, it takes the time.
     void putBack(const PropertyListArray& entries);
 
-    // How many timers have names that the rules do not allow.
+    // How many timers have names that the rules for titles do not allow.
     int countSayingMoreThan(const PastTitles& past) const;
-    // Applies the rules for titles to the timers. A window that is left out loses its row, while its
-    // application keeps the time; a replaced title renames the window; the time of a program that must not be
-    // known goes to kPrivateName. No hidden name is left anywhere, nor told as a removal, so it cannot come
-    // back. Answers the identities that no timer has any more.
+    // Applies the rules to the timers: see PastRuling. Answers the identities that no timer has any more.
     std::unordered_set<Identity> sayNoMoreThan(const PastTitles& past);
 
     PropertyListArray arrayRepresentation() const;
     // Writes the records of all timers, piece by piece.
-    void writeArrayRepresentation(PropertyListSink& sink) const { m_tree.write(sink); }
+    void writeArrayRepresentation(PropertyListSink& sink) const { tree().write(sink); }
     // Adds the applications in `entries` to the tree. Leaves out entries of other types and logs how many;
     // answers that number.
     int setArrayRepresentation(const PropertyListArray& entries);
@@ -159,8 +141,8 @@ public:
     const TimeActivator& timeActivator() const { return *m_timeActivator; }
 
     // The nodes being credited; null when there is none. Valid until the tree changes.
-    TimeStoreApp* activeStoreApp() const { return m_activeStoreApp.lock().get(); }
-    TimeStoreWindow* activeStoreWindow() const { return m_activeStoreWindow.lock().get(); }
+    TimeStoreApp* activeStoreApp() const { return m_timers.app().get(); }
+    TimeStoreWindow* activeStoreWindow() const { return m_timers.window().get(); }
 
     static Identity brandNewUUID() { return Identity::brandNew(); }
 
@@ -176,57 +158,29 @@ private:
     // The only door for work: gives the stretch to its window, then to its application, and then tells it.
     // Does nothing if no time has passed.
     void credit(const Stretch& stretch);
-    // The door for everything else: time that an absence takes, or that comes from other timers.
-    void correct(TimeStoreNode& node, Seconds seconds);
     // Credits the time since the last credit to what is in front.
     void creditSoFar();
-    Stretch stretchOf(const std::shared_ptr<TimeStoreApp>& app, Instant from, Instant to,
-                      const std::optional<QString>& title) const;
-    void noteGrowth(const TimeStoreNode& node, Seconds seconds);
+    std::optional<Stretch> stretchOf(const TimeActivator::Period& period) const;
     void lookAtWindow();
     void bookIdleOnset();
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
     void creditGap(Stretch stretch, Seconds worked);
-    std::shared_ptr<TimeStoreApp> addApplication(std::shared_ptr<TimeStoreApp> app);
-    void branch(TimeStoreNode& node, FrozenTimer& frozen);
-    void branchWindow(TimeStoreWindow& window, FrozenTimer& frozen);
-    void branchApplication(TimeStoreApp& app, FrozenTimer& frozen);
-    std::optional<Identity> tellApart(const TimeStoreWindow& window);
-    void postBranching(const FrozenTimer::Pair& identities);
-    void bringSuccessorsBack(const FrozenTimer& frozen) const;
-    // Answers which identities were joined into which, as kTicklogUnbranchNodeNotification tells it.
-    FrozenIdentities unbranchWindow(TimeStoreWindow& window, TimeStoreApp& app, FrozenTimer& frozen);
-    FrozenIdentities unbranchApplication(const std::shared_ptr<TimeStoreApp>& app, FrozenTimer& frozen);
-    void enterNamesAgain(const FrozenIdentities& joined) const;
-    void joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen, FrozenIdentities& joined);
     void remove(const TimerTree::IsMeant& isMeant);
-    // Collects what sayNoMoreThan() removes.
-    struct Gone {
-        std::unordered_set<Identity> identities;
-        std::unordered_set<QString> names;
-        AppSet applications;
-        Seconds time = 0;
-    };
-    void hide(TimeStoreApp& app, const PastTitles& past, Gone& gone);
-    void forgetNames(const PastTitles& past, Gone& gone);
+    Freezing freezing();
 
     TrackerServices& m_services;
-    mutable std::recursive_mutex m_lock;
-    TimerTree m_tree;
+    CountedTimers m_timers;
     std::unique_ptr<RuleCategories> m_categories;
     Date m_lastResetDate;
-    // Not owned: observers may take any node out of the tree, even the one being credited.
-    std::weak_ptr<TimeStoreApp> m_activeStoreApp;
-    std::weak_ptr<TimeStoreWindow> m_activeStoreWindow;
     // When the timer was last started or the timers were last cleared, whichever is later. No absence from
     // before is booked.
     Instant m_countingSince;
     IdleBookings m_idleBookings;
-    Narrowing m_narrowing;
     const QExplicitlySharedDataPointer<Listeners<StretchListener*>> m_listeners{
         new Listeners<StretchListener*>};
     bool m_isRunning = false;
     bool m_wasIdle = false;
+    // Asks what is in front, in order to credit the time itself.
     bool m_isLooking = false;
     std::unique_ptr<TimeActivator> m_timeActivator;
     Subscription m_defaultsChanges;

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Changes of the whole tree: clearing, reading and writing it.
+// Changes of the whole tree: clearing, reading and writing it, freezing and ruling in it.
+#include "Classes/engine/Freezing.h"
+#include "Classes/engine/PastRuling.h"
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/store/IncomingTimers.h"
 #include "Classes/store/TKUUIDManager.h"
@@ -7,32 +9,72 @@
 #include <algorithm>
 
 void TimeTracker::addWindowWithName(const PropertyListValue& name, const PropertyListValue& timeSpent) {
-    const ChangeAnnouncement announcement(*this, kTimeSetKey);
-    addApplication(std::make_shared<TimeStoreApp>(m_services.store, name, timeSpent));
+    const ChangeAnnouncement announcement = m_timers.changeOfSet();
+    m_timers.add(std::make_shared<TimeStoreApp>(m_services.store, name, timeSpent));
 }
 
 void TimeTracker::enterNames() const {
-    m_tree.enterInRegistry(m_services.store.registry, nullptr);
+    m_timers.tree().enterInRegistry(m_services.store.registry, nullptr);
 }
 
 void TimeTracker::reset() {
     enterNames();
     {
-        const std::lock_guard guard(m_lock);
+        const std::lock_guard guard(m_timers.lock());
         willChange(kTimeSetKey);
-        const AppSet cleared = m_tree.takeAll();
-        m_activeStoreApp.reset();
+        const AppSet cleared = m_timers.tree().takeAll();
+        m_timers.forgetApp();
         // Observers are told next: nothing may point to the cleared timers by then.
-        m_activeStoreWindow.reset();
-        m_narrowing.drop([](const TimeStoreItem&) { return true; });
+        m_timers.forgetWindow();
+        m_timers.narrowing().drop([](const TimeStoreItem&) { return true; });
         didChange(kTimeSetKey);
-        m_tree.forgetAllNames();
+        m_timers.tree().forgetAllNames();
         m_timeActivator->resetNotifications();
         setLastResetDate(now());
         // An absence that is under way counts from now on in the empty tree.
         m_countingSince = instant();
     }
     appDidChange();
+}
+
+FrozenTimer TimeTracker::branchNode(TimeStoreNode& node) {
+    return freezing().freeze(node);
+}
+
+std::vector<FrozenTimer> TimeTracker::branchUUIDs(const std::vector<Identity>& childUUIDs) {
+    std::vector<FrozenTimer> frozen;
+    for (const auto& item : timeChildrenForChildUUIDs({childUUIDs.begin(), childUUIDs.end()}, false))
+        if (!item->branched())
+            frozen.push_back(branchNode(item->node()));
+    return frozen;
+}
+
+bool TimeTracker::unbranchNode(FrozenTimer& frozen) {
+    return freezing().undo(frozen);
+}
+
+bool TimeTracker::branchNodeAgain(FrozenTimer& frozen) {
+    return freezing().freezeAgain(frozen);
+}
+
+Freezing TimeTracker::freezing() {
+    return {m_timers, *m_timeActivator, m_services.activity.clock};
+}
+
+int TimeTracker::countSayingMoreThan(const PastTitles& past) const {
+    return PastRuling::countOf(tree(), past);
+}
+
+std::unordered_set<Identity> TimeTracker::sayNoMoreThan(const PastTitles& past) {
+    // The time so far is credited under the old names; from now on the rules apply to what is in front.
+    m_timeActivator->appDidChange();
+    const std::lock_guard guard(m_timers.lock());
+    const bool findsAppAgain = m_timers.app() != nullptr;
+    PastRuling ruling(m_timers, past);
+    ruling.hide();
+    if (findsAppAgain)
+        appDidChange();
+    return ruling.forgetNames();
 }
 
 PropertyListArray TimeTracker::arrayRepresentation() const {
@@ -51,13 +93,13 @@ int TimeTracker::setArrayRepresentation(const PropertyListArray& entries) {
 int TimeTracker::take(IncomingTimers& timers) {
     TKUUIDManager& registry = m_services.store.registry;
     {
-        const ChangeAnnouncement announcement(*this, kTimeSetKey);
+        const ChangeAnnouncement announcement = m_timers.changeOfSet();
         for (auto& app : timers.take()) {
             // The tree may have been cleared since this was made, and have entered identities of its own.
             if (const auto uuid = app->uuid();
                 uuid && registry.knownUUID(app->registryKey(app->name())) != uuid)
                 registry.setUUID(*uuid, app->registryKey(app->name()));
-            addApplication(std::move(app));
+            m_timers.add(std::move(app));
         }
     }
     if (!timers.successions().empty())
@@ -69,13 +111,13 @@ int TimeTracker::take(IncomingTimers& timers) {
 }
 
 void TimeTracker::dissolve(const AppSet& applications) {
-    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+    const ChangeAnnouncement announcement = m_timers.changeOfSet();
     for (const auto& app : applications) {
-        const auto other = m_tree.named(app->name());
+        const auto other = m_timers.tree().named(app->name());
         if (!other || other == app)
             continue;
-        other->correctTime(app->activeTime());
-        m_tree.remove(app);
+        m_timers.correctTime(*other, app->activeTime());
+        m_timers.tree().remove(app);
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Timers leave the tree and come back; what the registry keeps of their names.
 #include "Classes/engine/TimeTracker.h"
-#include "Classes/store/TKUUIDManager.h"
+#include "Classes/store/AccountEntries.h"
 
 #include <algorithm>
 
@@ -49,23 +49,21 @@ void TimeTracker::removeTimers(const TimerReferences& timers) {
 }
 
 void TimeTracker::remove(const TimerTree::IsMeant& isMeant) {
-    const auto currentApp = m_activeStoreApp.lock();
-    const auto currentWindow = m_activeStoreWindow.lock();
-    const auto holder = currentWindow ? m_tree.applicationHolding(*currentWindow) : nullptr;
+    const auto currentApp = m_timers.app();
+    const auto currentWindow = m_timers.window();
+    const auto holder = currentWindow ? m_timers.tree().applicationHolding(*currentWindow) : nullptr;
     const bool findsWindowAgain = holder && isMeant(*holder, *currentWindow);
-    const std::unordered_set<Identity> going = m_tree.identitiesOf(isMeant);
-    m_tree.enterInRegistry(m_services.store.registry, &going);
-    m_services.store.notifications.post(kTicklogRemoveTimersNotification, m_tree.meant(isMeant));
+    const std::unordered_set<Identity> going = m_timers.tree().identitiesOf(isMeant);
+    m_timers.tree().enterInRegistry(m_services.store.registry, &going);
+    m_services.store.notifications.post(kTicklogRemoveTimersNotification, m_timers.tree().meant(isMeant));
     willChange(kTimeSetKey);
-    const AppSet removed = m_tree.takeOut(isMeant);
-    m_narrowing.drop([&](const TimeStoreItem& item) {
-        return std::ranges::any_of(removed, [&](const auto& app) { return app.get() == &item.node(); });
-    });
+    const AppSet removed = m_timers.tree().takeOut(isMeant);
+    m_timers.dropRows(removed);
     // The current application is looked up again, whether it was removed or not.
-    const bool findsAppAgain = m_activeStoreApp.lock() != nullptr;
-    m_activeStoreApp.reset();
+    const bool findsAppAgain = m_timers.app() != nullptr;
+    m_timers.forgetApp();
     if (findsWindowAgain || std::ranges::find(removed, holder) != removed.end())
-        m_activeStoreWindow.reset();
+        m_timers.forgetWindow();
     didChange(kTimeSetKey);
     if (findsAppAgain)
         appDidChange();
@@ -77,13 +75,13 @@ void TimeTracker::putBack(const PropertyListArray& entries) {
     PropertyListArray gone;
     for (const PropertyListValue& entry : entries) {
         const PropertyListDictionary& record = *entry.asDictionary()->value(kEntryApp).asDictionary();
-        const auto app = m_tree.applicationOf(record);
+        const auto app = m_timers.tree().applicationOf(record);
         if (!app) {
             gone.push_back(entry);
             continue;
         }
         if (const auto time = record.value(kRecordActiveTime).asReal())
-            app->correctTime(*time);
+            m_timers.correctTime(*app, *time);
         for (const PropertyListValue& window : *entry.asDictionary()->value(kEntryWindows).asArray())
             app->putBack(*window.asDictionary());
     }

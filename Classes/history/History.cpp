@@ -3,6 +3,7 @@
 
 #include "Classes/common/AccountTrouble.h"
 #include "Classes/common/Settings.h"
+#include "Classes/engine/TimeTracker.h"
 #include "Classes/history/HistoryDebts.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 

@@ -6,8 +6,11 @@
 #include "Classes/history/HistoryWriter.h"
 #include "Classes/record/StoreWitness.h"
 #include "Classes/record/TimeDatabase.h"
+#include "Classes/store/FrozenTimer.h"
 
+class AccountTrouble;
 class HistoryDebts;
+class NotificationCenter;
 
 // Records when time was spent: a journal of stretches beside the totals, in a file of its own. At launch it
 // adds to the totals what a crash took from them. It listens to the tracker and is told of each save, and

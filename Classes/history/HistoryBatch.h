@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/engine/TimeTracker.h"
+#include "Classes/store/TimerReference.h"
+#include "platform/foundation/propertylists/PropertyListValue.h"
 
 #include <QDate>
 

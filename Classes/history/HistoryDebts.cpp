@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/HistoryDebts.h"
 
+#include "Classes/engine/TimeTracker.h"
 #include "Classes/history/HistorySchema.h"
 #include "Classes/history/Sqlite.h"
+#include "Classes/store/AccountEntries.h"
 
 #include <QFileInfo>
 

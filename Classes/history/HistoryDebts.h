@@ -2,8 +2,11 @@
 #pragma once
 
 #include "Classes/history/HistoryBatch.h"
+#include "platform/foundation/time/Date.h"
 
 #include <vector>
+
+class TimeTracker;
 
 // After a crash: the time that the history knows of and the store lacks.
 class HistoryDebts {

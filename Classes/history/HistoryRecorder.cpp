@@ -2,6 +2,7 @@
 #include "Classes/history/HistoryRecorder.h"
 
 #include "Classes/history/SteadyTitle.h"
+#include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimeStoreWindow.h"
 #include "platform/foundation/time/LocalTime.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/engine/Stretch.h"
 #include "Classes/history/HistoryBatch.h"
 #include "platform/foundation/time/Clock.h"
 

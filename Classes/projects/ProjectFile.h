@@ -15,8 +15,8 @@ public:
 
     // The path of the projects file for this documents folder.
     static QString pathIn(const QString& documentsFolder);
-    // "Ticklog Projects" in the documents folder. Absent without such a folder: then nothing is read or
-    // written.
+    // Where the projects are read and written: "Ticklog Projects" in the documents folder. Absent without such
+    // a folder: then nothing is read or written.
     const std::optional<QString>& urlForTKProjects() const { return m_path; }
 
     // Empty when there is no file or it cannot be read. A file that cannot be read is set aside before the

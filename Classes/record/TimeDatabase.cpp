@@ -7,6 +7,7 @@
 #include "Classes/record/StoreFile.h"
 #include "Classes/record/StoreWitness.h"
 #include "Classes/record/WholeFile.h"
+#include "Classes/store/AccountEntries.h"
 #include "Classes/store/IncomingTimers.h"
 #include "Classes/store/TKUUIDManager.h"
 #include "platform/foundation/files/PrivateFiles.h"

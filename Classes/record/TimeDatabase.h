@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Classes/record/FileCalls.h"
-#include "Classes/store/AccountEntries.h"
 #include "platform/Folders.h"
 #include "platform/foundation/files/UserDefaults.h"
 #include "platform/foundation/observing/KeyValueObserving.h"
@@ -75,8 +74,8 @@ public:
     // Writes the main store in the loop's next turn, once however often it is asked. Timers that are deleted, frozen,
     // or brought back are saved so: projects and history have written it at once, and a crash must not part them.
     void saveSoon();
-    // Replaces all timers by those of a file and answers what was read. Absent, and the timers are unchanged,
-    // when the file cannot be read or is no account.
+    // Replaces all timers by those of a file, at once and without asking, and answers what was read. Absent,
+    // and the timers are unchanged, when the file cannot be read or is no account.
     std::optional<PropertyListDictionary> loadDictionaryFromURL(const QString& location);
     // Reads the main store: from the recorded location if a file is there, else from the default location.
     void loadMainStore();

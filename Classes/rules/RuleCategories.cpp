@@ -27,8 +27,3 @@ void RuleCategories::read(const PropertyListValue& ruleset) {
         }
     }
 }
-
-std::set<QString> RuleCategories::rulesForCategory(const QString& category) const {
-    const auto found = m_categories.find(category);
-    return found == m_categories.end() ? std::set<QString>() : found->second;
-}

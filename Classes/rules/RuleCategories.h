@@ -19,8 +19,7 @@ public:
     // Reads the rules anew. Records of other types are left out.
     void read(const PropertyListValue& ruleset);
 
-    // The applications whose rules name `category`.
-    std::set<QString> rulesForCategory(const QString& category) const;
+    // For each category the applications whose rules name it.
     const std::map<QString, std::set<QString>>& all() const { return m_categories; }
 
 private:

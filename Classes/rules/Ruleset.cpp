@@ -70,9 +70,3 @@ void Ruleset::remove(const QString& name) {
     changed.remove(name);
     m_defaults.setObject(kRulesetKey, changed);
 }
-
-void Ruleset::setRecord(const QString& name, const PropertyListDictionary& record) {
-    PropertyListDictionary changed = rules();
-    changed.insert(name, record);
-    m_defaults.setObject(kRulesetKey, changed);
-}

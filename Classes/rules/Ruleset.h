@@ -45,8 +45,6 @@ public:
     void save(const std::optional<QString>& originalName, const QString& name, const Rule& rule,
               const std::function<void()>& reload);
     void remove(const QString& name);
-    // Stores a record under `name`, replacing any other.
-    void setRecord(const QString& name, const PropertyListDictionary& record);
 
 private:
     PropertyListDictionary rules() const;

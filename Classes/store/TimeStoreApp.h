@@ -37,7 +37,7 @@ public:
     std::shared_ptr<TimeStoreWindow> windowStoreForName(const std::optional<QString>& name,
                                                         const std::optional<WindowElement>& windowElement);
     // Stores the window called `name` under the text of a new identity instead, so that a fresh window can
-    // have the name. Does not mark it as branched. REQUIRES: there is a window of that name.
+    // have the name. Does not mark it as branched. Freezing does without: there the new name moves the window.
     void branchWindowForName(const QString& name);
     // `survivor` takes in `joined`: its time, and the user's name for it if `survivor` has none. Projects
     // hear of it, and observers of children and isLeaf are told. The same happens whenever a window gets

@@ -6,8 +6,8 @@
 inline constexpr ObservedKey kAppKey{"app"};
 
 // Stands for one application in the display of a project. The last of its children is `app`, which answers
-// most questions. The program makes none, because a project shows its members directly; but rows, cells and
-// drags can handle it.
+// most questions. Projects show their members directly and make none of these; rows, cells and drags take it
+// like any other timer.
 class TimeStoreAppProxy : public TimeStoreCategory {
 public:
     TimeStoreAppProxy(TimeStoreServices& services, const PropertyListValue& name, const Children& children);

@@ -65,6 +65,7 @@ public:
 
     TimeStoreNode& node() override { return *this; }
     QString name() const override { return m_name.isNull() ? QLatin1String("") : m_name; }
+    // The timer's own name, whatever the user calls it. All that is shown asks for renamedName() instead.
     QString displayName() const { return name(); }
     // Compare without copying a text, because many nodes are asked ten times a second.
     bool isNamed(const QString& text) const { return m_name == text; }
@@ -97,6 +98,7 @@ public:
     virtual void setName(const PropertyListValue& name);
     // The user's own name; absent when the timer is not renamed.
     std::optional<QString> renamedNameStorage() const;
+    // Sets it and tells nobody; the user's own edits come by setRenamedNameFormatted().
     void setRenamedNameStorage(const std::optional<QString>& name);
     void setUuid(const std::optional<Identity>& uuid) { m_uuid = uuid; }
     void setBranched(bool branched) { m_branched = branched; }

@@ -42,7 +42,7 @@ public:
     void editRule();
     // Throws std::out_of_range if no row is selected.
     void duplicateRule();
-    // Only reloads the table; removes nothing.
+    // Reloads the table, and leaves every rule where it is: deleteRule() removes one.
     void removeRule();
     // Removes the selected rule after asking the user.
     void deleteRule();

@@ -3,6 +3,7 @@
 
 #include "Classes/engine/Engine.h"
 #include "Classes/record/TimeDatabase.h"
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/FakePlatform.h"
 

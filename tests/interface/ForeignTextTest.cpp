@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Names of windows, files and projects from outside, at every place where they are shown.
+#include "Classes/store/AccountEntries.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/shell/PlainText.h"
 #include "interface/shell/QtAlerts.h"

@@ -45,7 +45,7 @@ TEST_F(RulesTest, onePlainLine_saysWhatRulesDoAndWhatTheyDoNot) {
 
 TEST_F(RulesTest, theTracker_learnsOfTheCategoriesAfterTheyAreWritten) {
     addRule("Mail", "work");
-    EXPECT_EQ(controller.tracker().categories().rulesForCategory(u"work"_s), std::set<QString>{u"Mail"_s});
+    EXPECT_EQ(controller.tracker().categories().all().at(u"work"_s), std::set<QString>{u"Mail"_s});
 }
 
 TEST_F(RulesTest, cancelling_changesNothing) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/interface/Desk.h"
 

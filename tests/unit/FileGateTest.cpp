@@ -4,6 +4,7 @@
 #include "Classes/projects/ProjectRecord.h"
 #include "Classes/record/StoreFile.h"
 #include "Classes/rules/RuleCategories.h"
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/propertylists/PropertyListPlainReader.h"
 #include "platform/foundation/propertylists/PropertyListXml.h"
 #include "platform/foundation/propertylists/PropertyListXmlReader.h"

@@ -115,6 +115,17 @@ TEST(HouseRules, foreignText_isShownThroughPlainText) {
                                "PlainText::toolTip from interface/shell/PlainText.h")});
 }
 
+TEST(HouseRules, work_isCreditedThroughOneDoor) {
+    expectKept(
+        {kProduct,
+         QStringLiteral("^Classes/(engine/(CountedTimers\\.cpp|TimeTracker\\.(cpp|h))|"
+                        "store/TimeStoreNode\\.(cpp|h))$"),
+         QStringLiteral("addTimeInterval|updateActiveTimeInStore|[.>]addTime\\("),
+         QStringLiteral("window->addTimeInterval(time);"),
+         QStringLiteral("whoever listens would miss it: work is credited as a stretch by the tracker, and "
+                        "all other time comes by correctTime()")});
+}
+
 TEST(HouseRules, theTime_isReadFromTheClockAlone) {
     expectKept(
         {kProduct, QStringLiteral("^platform/foundation/time/Clock\\.cpp$"),

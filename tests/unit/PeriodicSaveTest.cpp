@@ -3,6 +3,7 @@
 
 #include "Classes/engine/Engine.h"
 #include "Classes/record/TimeDatabase.h"
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/FakePlatform.h"
@@ -67,7 +68,7 @@ protected:
 
     std::string firing() {
         const auto next = save.nextFiring();
-        return next ? str(QDateTime::fromMSecsSinceEpoch(qint64(unixSeconds(*next) * 1000))
+        return next ? str(QDateTime::fromMSecsSinceEpoch(qint64(secondsBetween(Date(), *next) * 1000))
                               .toString(QStringLiteral("yyyy-MM-dd hh:mm")))
                     : "none";
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/record/TimeDatabase.h"
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "tests/fakes/Database.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/time/DateStyles.h"
 #include "tests/fakes/Announcements.h"
 #include "tests/fakes/Day.h"

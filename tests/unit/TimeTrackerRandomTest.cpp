@@ -30,7 +30,7 @@ protected:
         return sum;
     }
 
-    double wallSeconds() const { return unixSeconds(m_day.fakes.clock.now()); }
+    double wallSeconds() const { return secondsBetween(Date(), m_day.fakes.clock.now()); }
 
     // Every window is found under its key, and what is current is in the tree.
     void expectSound(const std::string& after) {

@@ -487,7 +487,7 @@ TEST_F(TimeTrackerTest, theRules_areReadAtEveryChangeOfTheSettings) {
     m_day.fakes.defaults.setObject(
         kRulesetKey,
         PropertyListDictionary{{u"Mail"_s, PropertyListDictionary{{kRuleCategories, u"work"_s}}}});
-    EXPECT_EQ(m_tracker.categories().rulesForCategory(u"work"_s), std::set{u"Mail"_s});
+    EXPECT_EQ(m_tracker.categories().all().at(u"work"_s), std::set{u"Mail"_s});
     m_day.fakes.defaults.removeObject(kRulesetKey);
     EXPECT_TRUE(m_tracker.categories().all().empty());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // One day through all steps, from the window list to the files, compared as text.
 #include "Classes/record/TimeDatabase.h"
+#include "Classes/store/AccountEntries.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 #include "platform/foundation/time/DateStyles.h"
 #include "tests/fakes/Announcements.h"
@@ -128,9 +129,9 @@ TEST_F(WholeDayTest, theNextLaunch_goesOnWhereTheLastOneEnded) {
 TEST_F(WholeDayTest, theMorningsSum_isWhatPassedAndWhatWasBookedAsIdle) {
     Day day;
     Launch launch(day);
-    const double start = unixSeconds(day.fakes.clock.now());
+    const Date start = day.fakes.clock.now();
     liveTheMorning(day);
-    const double awake = unixSeconds(day.fakes.clock.now()) - start - 3600;
+    const double awake = secondsBetween(start, day.fakes.clock.now()) - 3600;
     double sum = 0;
     for (const auto& app : day.tracker.fullTimeSet())
         sum += app->activeTime();

@@ -23,12 +23,3 @@ inline Seconds secondsBetween(Instant from, Instant to) {
 inline Seconds secondsBetween(Date from, Date to) {
     return std::chrono::duration<double>(to - from).count();
 }
-
-// The date this many seconds after the Unix epoch, in the resolution of dates.
-inline Date dateFromUnixSeconds(double seconds) {
-    return Date(std::chrono::duration_cast<Date::duration>(std::chrono::duration<double>(seconds)));
-}
-
-inline double unixSeconds(Date date) {
-    return std::chrono::duration<double>(date.time_since_epoch()).count();
-}

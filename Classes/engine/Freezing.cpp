@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Freezing timers, and undoing it.
-#include "Classes/engine/TimeTracker.h"
+#include "Classes/engine/Freezing.h"
+
+#include "Classes/engine/CountedTimers.h"
+#include "Classes/engine/TimeActivator.h"
 #include "Classes/store/TKUUIDManager.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/time/DateStyles.h"
@@ -32,89 +34,80 @@ void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities, 
 
 } // namespace
 
-FrozenTimer TimeTracker::branchNode(TimeStoreNode& node) {
+FrozenTimer Freezing::freeze(TimeStoreNode& node) {
     FrozenTimer frozen(node);
-    branch(node, frozen);
+    freeze(node, frozen);
     return frozen;
 }
 
-std::vector<FrozenTimer> TimeTracker::branchUUIDs(const std::vector<Identity>& childUUIDs) {
-    std::vector<FrozenTimer> frozen;
-    for (const auto& item : timeChildrenForChildUUIDs({childUUIDs.begin(), childUUIDs.end()}, false))
-        if (!item->branched())
-            frozen.push_back(branchNode(item->node()));
-    return frozen;
-}
-
-bool TimeTracker::branchNodeAgain(FrozenTimer& frozen) {
+bool Freezing::freezeAgain(FrozenTimer& frozen) {
     const auto identity = frozen.own().before;
     if (!identity)
         return false;
-    for (const auto& item : timeChildrenForChildUUIDs({*identity}, false)) {
+    for (const auto& item : m_timers.tree().timersOf({*identity}, false)) {
         if (item->isApp() != frozen.isApp() || item->branched())
             continue;
         FrozenTimer again(item->node(), &frozen);
-        branch(item->node(), again);
+        freeze(item->node(), again);
         frozen = std::move(again);
         return true;
     }
     return false;
 }
 
-void TimeTracker::branch(TimeStoreNode& node, FrozenTimer& frozen) {
+void Freezing::freeze(TimeStoreNode& node, FrozenTimer& frozen) {
     if (auto* app = dynamic_cast<TimeStoreApp*>(&node))
-        branchApplication(*app, frozen);
+        freezeApplication(*app, frozen);
     else if (auto* window = dynamic_cast<TimeStoreWindow*>(&node))
-        branchWindow(*window, frozen);
+        freezeWindow(*window, frozen);
 }
 
-void TimeTracker::branchWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
+void Freezing::freezeWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
     // The table may hold the last reference but this one, and drops it while the window changes its key.
     const auto alive = window.shared_from_this();
     const QString oldName = window.name();
     const std::optional<Identity> known = tellApart(window);
     window.setBranched(true);
-    window.setName(frozenName(oldName, now()));
+    window.setName(frozenName(oldName, m_clock.now()));
     window.setRenamedNameFormatted({{kRecordName, oldName}});
     window.setUuid(frozen.replace(window.uuid()));
     // From now on the window on the screen belongs to the fresh timer.
     window.setWindowElement(WindowElement());
-    postBranching({known, *window.uuid()});
+    post({known, *window.uuid()});
     bringSuccessorsBack(frozen);
-    m_activeStoreWindow.reset();
-    m_timeActivator->mainWindowDidChange();
+    m_timers.forgetWindow();
+    m_source.mainWindowDidChange();
 }
 
-void TimeTracker::branchApplication(TimeStoreApp& app, FrozenTimer& frozen) {
+void Freezing::freezeApplication(TimeStoreApp& app, FrozenTimer& frozen) {
     const auto alive = std::static_pointer_cast<TimeStoreApp>(app.shared_from_this());
     const QString oldName = app.name();
-    const bool wasCurrent = alive == m_activeStoreApp.lock();
-    m_tree.forgetName(oldName);
-    app.setName(frozenName(oldName, now()));
+    const bool wasCurrent = alive == m_timers.app();
+    m_timers.tree().forgetName(oldName);
+    app.setName(frozenName(oldName, m_clock.now()));
     app.setRenamedNameFormatted({{kRecordName, oldName}});
     app.setBranched(true);
     const Identity newIdentity = frozen.replace(app.uuid());
-    willChange(kTimeSetKey);
     {
-        const std::lock_guard guard(m_lock);
-        m_tree.remove(alive);
+        const ChangeAnnouncement announcement = m_timers.changeOfSet();
+        const std::lock_guard guard(m_timers.lock());
+        m_timers.tree().remove(alive);
         app.setUuid(newIdentity);
         for (const auto& window : app.windows()) {
             const std::optional<Identity> known = tellApart(*window);
             window->setUuid(frozen.replace(window->uuid()));
-            postBranching({known, *window->uuid()});
+            post({known, *window->uuid()});
         }
-        m_tree.putLast(alive);
+        m_timers.tree().putLast(alive);
     }
-    didChange(kTimeSetKey);
-    postBranching(frozen.own());
+    post(frozen.own());
     bringSuccessorsBack(frozen);
     refreshProjects({{kInfoCurrentApp, wasCurrent ? 1 : 0}, {kInfoOldName, oldName}});
 }
 
 // Answers the identity by which projects know this window. If another application's window shares it, this
 // window gets one of its own first, so that projects keep the other window.
-std::optional<Identity> TimeTracker::tellApart(const TimeStoreWindow& window) {
+std::optional<Identity> Freezing::tellApart(const TimeStoreWindow& window) {
     const std::optional<Identity> shared = window.uuid();
     const auto goesByIt = [&](const std::shared_ptr<TimeStoreWindow>& other) {
         return other.get() != &window && other->uuid() == shared;
@@ -122,63 +115,62 @@ std::optional<Identity> TimeTracker::tellApart(const TimeStoreWindow& window) {
     const auto holdsSuch = [&](const std::shared_ptr<TimeStoreApp>& app) {
         return std::ranges::any_of(app->windows(), goesByIt);
     };
-    if (!shared || std::ranges::none_of(m_tree.applications(), holdsSuch))
+    if (!shared || std::ranges::none_of(m_timers.tree().applications(), holdsSuch))
         return shared;
-    const Identity own = brandNewUUID();
-    m_services.store.notifications.post(kTicklogSucceedNodeNotification, Successions{{*shared, own}});
+    const Identity own = Identity::brandNew();
+    m_timers.services().notifications.post(kTicklogSucceedNodeNotification, Successions{{*shared, own}});
     return own;
 }
 
-void TimeTracker::postBranching(const FrozenTimer::Pair& identities) {
+void Freezing::post(const FrozenTimer::Pair& identities) {
     FrozenIdentities frozen;
     if (identities.before)
         frozen.emplace(*identities.before, identities.after);
-    m_services.store.notifications.post(kTicklogBranchNodeNotification, std::move(frozen));
+    m_timers.services().notifications.post(kTicklogBranchNodeNotification, std::move(frozen));
 }
 
-void TimeTracker::bringSuccessorsBack(const FrozenTimer& frozen) const {
+void Freezing::bringSuccessorsBack(const FrozenTimer& frozen) const {
     if (frozen.successors().empty())
         return;
     // This may save the projects, and saving removes unused names from the registry. So the names are entered
     // after it.
-    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
+    m_timers.services().notifications.post(kTicklogRefreshProjectsNotification);
     for (const auto& [key, identity] : frozen.successors())
-        m_services.store.registry.setUUID(identity, key);
+        m_timers.services().registry.setUUID(identity, key);
 }
 
-void TimeTracker::refreshProjects(const PropertyListDictionary& info) {
+void Freezing::refreshProjects(const PropertyListDictionary& info) {
     if (info.value(kInfoCurrentApp).toBool()) {
-        setCurrentApp(info.value(kInfoOldName).toString());
-        m_activeStoreWindow.reset();
-        m_timeActivator->mainWindowDidChange();
+        m_timers.setCurrentApp(info.value(kInfoOldName).toString());
+        m_timers.forgetWindow();
+        m_source.mainWindowDidChange();
     }
-    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
+    m_timers.services().notifications.post(kTicklogRefreshProjectsNotification);
 }
 
-bool TimeTracker::unbranchNode(FrozenTimer& frozen) {
+bool Freezing::undo(FrozenTimer& frozen) {
     std::optional<FrozenIdentities> joined;
-    for (const auto& app : AppSet(m_tree.applications())) {
+    for (const auto& app : TimerTree::AppSet(m_timers.tree().applications())) {
         if (frozen.isApp() && app->uuid() == frozen.own().after)
-            joined = unbranchApplication(app, frozen);
+            joined = undoApplication(app, frozen);
         else if (!frozen.isApp())
             if (const auto window = app->windowOfIdentity(frozen.own().after))
-                joined = unbranchWindow(*window, *app, frozen);
+                joined = undoWindow(*window, *app, frozen);
         if (joined)
             break;
     }
     if (!joined)
         return false;
     enterNamesAgain(*joined);
-    m_services.store.notifications.post(kTicklogUnbranchNodeNotification, *std::move(joined));
+    m_timers.services().notifications.post(kTicklogUnbranchNodeNotification, *std::move(joined));
     // The search result may still hold timers that no longer exist.
-    reloadSearchFiltering();
-    m_services.store.notifications.post(kTicklogRefreshProjectsNotification);
+    m_timers.reloadSearchFiltering();
+    m_timers.services().notifications.post(kTicklogRefreshProjectsNotification);
     return true;
 }
 
-FrozenIdentities TimeTracker::unbranchWindow(TimeStoreWindow& window, TimeStoreApp& app,
-                                             FrozenTimer& frozen) {
-    const std::lock_guard guard(m_lock);
+FrozenIdentities Freezing::undoWindow(TimeStoreWindow& window, TimeStoreApp& app, FrozenTimer& frozen) {
+    const std::lock_guard guard(m_timers.lock());
     const ChangeAnnouncement children(app, kChildrenKey);
     const ChangeAnnouncement leaf(app, kIsLeafKey);
     FrozenIdentities joined;
@@ -192,22 +184,21 @@ FrozenIdentities TimeTracker::unbranchWindow(TimeStoreWindow& window, TimeStoreA
     return joined;
 }
 
-FrozenIdentities TimeTracker::unbranchApplication(const std::shared_ptr<TimeStoreApp>& app,
-                                                  FrozenTimer& frozen) {
-    const std::lock_guard guard(m_lock);
-    const ChangeAnnouncement announcement(*this, kTimeSetKey);
+FrozenIdentities Freezing::undoApplication(const std::shared_ptr<TimeStoreApp>& app, FrozenTimer& frozen) {
+    const std::lock_guard guard(m_timers.lock());
+    const ChangeAnnouncement announcement = m_timers.changeOfSet();
     FrozenIdentities joined;
-    m_tree.forgetNames(*app);
-    const auto successor = m_tree.named(frozen.name());
+    m_timers.tree().forgetNames(*app);
+    const auto successor = m_timers.tree().named(frozen.name());
     nameAgain(*app, frozen);
     takeIdentityBack(*app, frozen.own(), joined);
     for (const FrozenTimer::Pair& pair : frozen.windows())
         if (const auto window = app->windowOfIdentity(pair.after))
             takeIdentityBack(*window, pair, joined);
-    m_tree.giveName(frozen.name(), app);
+    m_timers.tree().giveName(frozen.name(), app);
     if (!successor)
         return joined;
-    m_tree.remove(successor);
+    m_timers.tree().remove(successor);
     joinInto(*app, *successor, frozen, joined);
     for (const auto& [own, other] : app->takeOver(*successor))
         joinInto(*own, *other, frozen, joined);
@@ -215,8 +206,8 @@ FrozenIdentities TimeTracker::unbranchApplication(const std::shared_ptr<TimeStor
 }
 
 // Enters names again, except where a title now belongs to another application's window.
-void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
-    TKUUIDManager& registry = m_services.store.registry;
+void Freezing::enterNamesAgain(const FrozenIdentities& joined) const {
+    TKUUIDManager& registry = m_timers.services().registry;
     std::unordered_set<Identity> kept;
     for (const auto& [gone, identity] : joined)
         kept.insert(identity);
@@ -228,7 +219,7 @@ void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
         if (node.isApp() || (known && joined.contains(*known)))
             registry.setUUID(*node.uuid(), key);
     };
-    for (const auto& app : m_tree.applications()) {
+    for (const auto& app : m_timers.tree().applications()) {
         enter(*app);
         for (const auto& window : app->windows())
             enter(*window);
@@ -237,18 +228,14 @@ void TimeTracker::enterNamesAgain(const FrozenIdentities& joined) const {
 }
 
 // `other` has already left the tree.
-void TimeTracker::joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen,
-                           FrozenIdentities& joined) {
-    node.correctTime(other.activeTime());
+void Freezing::joinInto(TimeStoreNode& node, TimeStoreNode& other, FrozenTimer& frozen,
+                        FrozenIdentities& joined) {
+    m_timers.correctTime(node, other.activeTime());
     if (const auto renamed = other.renamedNameStorage())
         node.setRenamedNameFormatted({{kRecordName, *renamed}});
     if (other.uuid() && node.uuid() && other.uuid() != node.uuid()) {
         frozen.remember(other.registryKey(other.name()), *other.uuid());
         joined.emplace(*other.uuid(), *node.uuid());
     }
-    const auto self = node.shared_from_this();
-    if (&other == activeStoreApp())
-        m_activeStoreApp = std::static_pointer_cast<TimeStoreApp>(self);
-    else if (&other == activeStoreWindow())
-        m_activeStoreWindow = std::static_pointer_cast<TimeStoreWindow>(self);
+    m_timers.passOn(other, node);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Applying the rules for titles to the timers of the past.
-#include "Classes/engine/TimeTracker.h"
+#include "Classes/engine/PastRuling.h"
+
+#include "Classes/engine/Stretch.h"
+#include "Classes/engine/TimeActivator.h"
 #include "Classes/rules/PastTitles.h"
 #include "Classes/store/TKUUIDManager.h"
 
@@ -32,9 +34,9 @@ bool isExempt(const TimeStoreApp& app) {
 
 } // namespace
 
-int TimeTracker::countSayingMoreThan(const PastTitles& past) const {
+int PastRuling::countOf(const TimerTree& tree, const PastTitles& past) {
     int count = 0;
-    for (const auto& app : m_tree.applications()) {
+    for (const auto& app : tree.applications()) {
         if (isExempt(*app))
             continue;
         count += isProgramHidden(*app, past);
@@ -44,95 +46,85 @@ int TimeTracker::countSayingMoreThan(const PastTitles& past) const {
     return count;
 }
 
-std::unordered_set<Identity> TimeTracker::sayNoMoreThan(const PastTitles& past) {
-    // The time so far is credited under the old names; from now on the rules apply to what is in front.
-    m_timeActivator->appDidChange();
-    const std::lock_guard guard(m_lock);
-    Gone gone;
-    willChange(kTimeSetKey);
+void PastRuling::hide() {
+    const ChangeAnnouncement announcement = m_timers.changeOfSet();
     // Works on a copy, because observers of an application's windows may change the list.
-    for (const auto& app : AppSet(m_tree.applications()))
+    for (const auto& app : TimerTree::AppSet(m_timers.tree().applications()))
         if (!isExempt(*app))
-            hide(*app, past, gone);
-    if (gone.time > 0) {
-        const auto known = m_tree.named(kPrivateName);
-        const auto app =
-            known ? known : addApplication(std::make_shared<TimeStoreApp>(m_services.store, kPrivateName));
-        app->correctTime(gone.time);
+            hide(*app);
+    if (m_time > 0) {
+        const auto known = m_timers.tree().named(kPrivateName);
+        m_timers.correctTime(
+            known ? *known : *m_timers.add(std::make_shared<TimeStoreApp>(m_timers.services(), kPrivateName)),
+            m_time);
     }
-    m_narrowing.drop([&](const TimeStoreItem& item) {
-        return std::ranges::any_of(gone.applications,
-                                   [&](const auto& app) { return app.get() == &item.node(); });
-    });
-    const bool findsAppAgain = m_activeStoreApp.lock() != nullptr;
-    m_activeStoreApp.reset();
-    m_activeStoreWindow.reset();
-    didChange(kTimeSetKey);
-    if (findsAppAgain)
-        appDidChange();
-    forgetNames(past, gone);
-    return gone.identities;
+    m_timers.dropRows(m_applications);
+    m_timers.forgetApp();
+    m_timers.forgetWindow();
 }
 
-void TimeTracker::hide(TimeStoreApp& app, const PastTitles& past, Gone& gone) {
-    const bool isHidden = isProgramHidden(app, past);
+void PastRuling::hide(TimeStoreApp& app) {
+    const bool isHidden = isProgramHidden(app, m_past);
     std::unordered_set<const TimeStoreWindow*> unwanted;
     Seconds ofWindows = 0;
     Seconds ofNobody = 0;
     for (const auto& window : app.windows()) {
-        const auto allowed = allowedOf(app, *window, past);
+        const auto allowed = allowedOf(app, *window, m_past);
         const QString document = allowed ? documentOf(*allowed) : QString();
         (allowed ? ofWindows : ofNobody) += window->activeTime();
         if (allowed == window->name())
             continue;
-        gone.names.insert(window->name());
+        m_names.insert(window->name());
         if (!document.isEmpty()) {
             window->setName(document);
             continue;
         }
         unwanted.insert(window.get());
         if (window->uuid())
-            gone.identities.insert(*window->uuid());
+            m_identities.insert(*window->uuid());
     }
     app.removeWindows([&](const TimeStoreWindow& window) { return unwanted.contains(&window); });
     // Windows that may be known keep their application, with their time.
     const Seconds time = std::min(app.activeTime(), isHidden ? app.activeTime() - ofWindows : ofNobody);
     if (time > 0) {
-        app.correctTime(-time);
-        gone.time += time;
+        m_timers.correctTime(app, -time);
+        m_time += time;
     }
-    if (!isHidden || app.windowCount() > 0)
-        return;
-    const auto whole = std::static_pointer_cast<TimeStoreApp>(app.shared_from_this());
-    m_tree.forgetNames(app);
-    m_services.store.registry.forget(app.registryKey(app.name()));
-    if (app.uuid())
-        gone.identities.insert(*app.uuid());
-    m_tree.remove(whole);
-    gone.applications.push_back(whole);
+    if (isHidden && app.windowCount() == 0)
+        remove(app);
 }
 
-// Forgets also names of timers that were cleared, which a project may still have. A title that another
-// program still has stays.
-void TimeTracker::forgetNames(const PastTitles& past, Gone& gone) {
+void PastRuling::remove(TimeStoreApp& app) {
+    const auto whole = std::static_pointer_cast<TimeStoreApp>(app.shared_from_this());
+    m_timers.tree().forgetNames(app);
+    m_timers.services().registry.forget(app.registryKey(app.name()));
+    if (app.uuid())
+        m_identities.insert(*app.uuid());
+    m_timers.tree().remove(whole);
+    m_applications.push_back(whole);
+}
+
+std::unordered_set<Identity> PastRuling::forgetNames() {
     std::unordered_set<QString> present;
-    for (const auto& app : m_tree.applications()) {
+    for (const auto& app : m_timers.tree().applications()) {
         if (app->uuid())
-            gone.identities.erase(*app->uuid());
+            m_identities.erase(*app->uuid());
         for (const auto& window : app->windows()) {
             present.insert(window->name());
             if (window->uuid())
-                gone.identities.erase(*window->uuid());
+                m_identities.erase(*window->uuid());
         }
     }
     const QString prefix = TimeStoreWindow::keyOf(QString());
-    m_services.store.registry.forgetNames([&](const QString& key) {
+    m_timers.services().registry.forgetNames([&](const QString& key) {
         if (!key.startsWith(prefix))
             return false;
         const QString title = key.mid(prefix.size()).section(u'\n', 0, 0);
         const QString program = key.section(u'\n', 1);
         if (!program.isEmpty())
-            return past.allowed(program, title, documentOf(title)) != title;
-        return !present.contains(title) && (gone.names.contains(title) || past.hidesSomewhere(title));
+            return m_past.allowed(program, title, documentOf(title)) != title;
+        // A title that another program still has stays.
+        return !present.contains(title) && (m_names.contains(title) || m_past.hidesSomewhere(title));
     });
+    return m_identities;
 }
