@@ -17,6 +17,7 @@ public:
         : m_subscription(tracker.listen(*this)) {}
 
     void credited(const Stretch& stretch) override {
+        ++m_count;
         EXPECT_LT(stretch.from, stretch.to);
         EXPECT_TRUE(m_lines.empty() || stretch.from >= m_lines.back().to) << "no moment is told twice";
         const QString who =
@@ -44,6 +45,8 @@ public:
         return lines.join(QStringLiteral(", ")).toStdString();
     }
 
+    int count() const { return m_count; }
+
     Seconds total() const {
         Seconds sum = 0;
         for (const Line& line : m_lines)
@@ -59,6 +62,7 @@ private:
     };
 
     std::vector<Line> m_lines;
+    int m_count = 0;
     Subscription m_subscription;
 };
 
@@ -108,10 +112,12 @@ TEST_F(StretchTest, theTimeThatObserversTake_isNeitherLostNorToldToThePast) {
     m_day.front("Mail", "Inbox");
     m_day.seconds(1);
     const Instant begin = m_day.fakes.clock.instant();
+    const int before = m_diary.count();
     const Subscription slow =
         m_day.node("Mail").observe(kActiveTimeStringKey, [&](const auto&) { m_day.stall(0.01); });
     m_day.seconds(10);
     const Seconds passed = secondsBetween(begin, m_day.fakes.clock.instant());
+    EXPECT_EQ(m_diary.count() - before, 100) << "each tick tells one stretch";
     EXPECT_NEAR(m_day.secondsOf("Mail"), 1 + passed, 0.15);
     EXPECT_DOUBLE_EQ(m_day.secondsOf("Mail"), m_day.secondsOf("Mail", "Inbox"));
     EXPECT_NEAR(m_diary.total(), m_day.secondsOf("Mail"), 1e-9);
