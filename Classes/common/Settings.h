@@ -43,6 +43,12 @@ inline const QString kHistoryShown = QStringLiteral("kTKHistoryShown");
 inline const QString kHistoryRange = QStringLiteral("kTKHistoryRange");
 // Whether the history goes by projects rather than by programs.
 inline const QString kHistoryByProject = QStringLiteral("kTKHistoryByProject");
+// Of time sheets: the name on them, and by its place in its menu how times are rounded and written.
+inline const QString kSheetName = QStringLiteral("kTKSheetName");
+inline const QString kSheetRounding = QStringLiteral("kTKSheetRounding");
+inline const QString kSheetRoundingUp = QStringLiteral("kTKSheetRoundingUp");
+inline const QString kSheetRoundingByDay = QStringLiteral("kTKSheetRoundingByDay");
+inline const QString kSheetDecimal = QStringLiteral("kTKSheetDecimal");
 // Which rows are expanded under "All Timers": a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

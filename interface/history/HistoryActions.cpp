@@ -28,7 +28,8 @@ HistoryActions::HistoryActions(QObject* window)
             make(window, "historyYear", localized("&Year"), Qt::ALT | Qt::Key_4),
             make(window, "historySpan", localized("F&rom – To…"), Qt::ALT | Qt::Key_5)}
     , byProgram(make(window, "historyByProgram", localized("By &Program"), Qt::ALT | Qt::Key_6))
-    , byProject(make(window, "historyByProject", localized("By Pro&ject"), Qt::ALT | Qt::Key_7)) {
+    , byProject(make(window, "historyByProject", localized("By Pro&ject"), Qt::ALT | Qt::Key_7))
+    , timeSheet(make(window, "timeSheet", localized("Time &Sheet…"), Qt::CTRL | Qt::SHIFT | Qt::Key_T)) {
     auto* kindGroup = new QActionGroup(window);
     for (QAction* kind : kinds)
         kindGroup->addAction(kind);
@@ -50,10 +51,12 @@ void HistoryActions::fill(QMenu& menu) const {
     menu.addSeparator();
     for (QAction* by : {byProgram, byProject})
         menu.addAction(by);
+    menu.addSeparator();
+    menu.addAction(timeSheet);
 }
 
 QList<QAction*> HistoryActions::all() const {
-    QList<QAction*> all{back, forward, today, byProgram, byProject};
+    QList<QAction*> all{back, forward, today, byProgram, byProject, timeSheet};
     for (QAction* kind : kinds)
         all << kind;
     return all;

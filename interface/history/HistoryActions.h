@@ -26,4 +26,6 @@ struct HistoryActions {
     // What the picture and the outline go by. One of the two is checked.
     QAction* byProgram;
     QAction* byProject;
+    // Of the days that are shown, or of the week around them.
+    QAction* timeSheet;
 };

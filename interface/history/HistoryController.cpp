@@ -9,6 +9,7 @@
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
 #include "interface/history/RangeBar.h"
+#include "interface/history/TimeSheetWindow.h"
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/SumBar.h"
@@ -31,6 +32,7 @@ constexpr std::chrono::milliseconds kAskingTolerance{200};
 // For longer ranges nobody sees a second.
 constexpr int kMostDaysBySecond = 31;
 constexpr std::chrono::seconds kBetweenLongAskings{15};
+constexpr int kMostDaysOnSheet = 31;
 
 Qt::DayOfWeek firstDayOfWeek() {
     return QLocale().firstDayOfWeek();
@@ -49,6 +51,7 @@ HistoryController::HistoryController(Ground ground, History& history)
     , m_actions(m_ground.window.historyActions())
     , m_reader(history.reader())
     , m_titleReader(history.reader())
+    , m_sheetReader(history.reader())
     , m_range(CalendarRange::around(CalendarRange::Kind::Day, today(), firstDayOfWeek())) {
     const auto kind = std::clamp(m_ground.platform.defaults.integerForKey(kHistoryRange), std::int64_t(0),
                                  std::int64_t(CalendarRange::Kind::Year));
@@ -80,6 +83,7 @@ void HistoryController::connectRange() {
         showRange(CalendarRange::around(isSpan ? CalendarRange::Kind::Day : m_range.kind(), today(),
                                         firstDayOfWeek()));
     });
+    on(m_actions.timeSheet, [this] { showTimeSheet(); });
     for (QAction* by : {m_actions.byProgram, m_actions.byProject})
         on(by, [this] {
             m_ground.platform.defaults.setObject(kHistoryByProject, m_actions.byProject->isChecked());
@@ -236,6 +240,26 @@ void HistoryController::followCounting() {
     const auto interval = m_range.days() <= kMostDaysBySecond ? kBetweenAskings : kBetweenLongAskings;
     m_nextAsking =
         m_ground.platform.runLoop.scheduleRepeating(interval, kAskingTolerance, [this] { askAgain(); });
+}
+
+void HistoryController::showTimeSheet() {
+    const bool hasRoom = m_range.days() > 1 && m_range.days() <= kMostDaysOnSheet;
+    const CalendarRange days =
+        hasRoom ? m_range
+                : CalendarRange::around(CalendarRange::Kind::Week, m_range.first(), firstDayOfWeek());
+    RangeQuestion asked = question();
+    asked.days = days;
+    asked.piece.reset();
+    asked.search.clear();
+    m_sheetReader->ask<RangeAnswer>(
+        [asked](SqliteDatabase& file) { return asked.answeredBy(file); },
+        [this, days](const Result<RangeAnswer>& answer) {
+            if (!m_timeSheet)
+                m_timeSheet = new TimeSheetWindow(m_ground.platform.defaults, m_ground.alerts,
+                                                  m_ground.platform.folders.documents, &m_ground.window);
+            m_timeSheet->show(answer ? answer->bars : std::vector<RangeAnswer::Bar>(), days.first(),
+                              days.last());
+        });
 }
 
 void HistoryController::exportShown() {

@@ -11,6 +11,7 @@
 class Alerts;
 class HistoryPane;
 class MainWindow;
+class TimeSheetWindow;
 
 // Shows the history: asks for the range that the user looks at, narrowed by the search and the project, and shows the
 // answer. While today is looked at and time is counted, asks again every second. Asks nothing while it is not seen.
@@ -35,6 +36,11 @@ public:
     void showRange(const CalendarRange& range);
     // Only this piece of the day that is shown (milliseconds since 1970); absent for the whole day.
     void showPiece(std::optional<std::pair<qint64, qint64>> piece);
+    // Opens the time sheet of the days that are shown; of the week around a single day, or at the beginning of a range
+    // that is too long for a page.
+    void showTimeSheet();
+    // Null until it was opened once.
+    TimeSheetWindow* timeSheet() const { return m_timeSheet; }
     // Exports the rows to a file that the user chooses.
     void exportShown();
 
@@ -62,6 +68,9 @@ private:
     std::unique_ptr<HistoryReader> m_reader;
     // Beside the other, so that neither question makes the other one void.
     std::unique_ptr<HistoryReader> m_titleReader;
+    std::unique_ptr<HistoryReader> m_sheetReader;
+    // Belongs to the main window.
+    TimeSheetWindow* m_timeSheet = nullptr;
     CalendarRange m_range;
     std::optional<std::pair<qint64, qint64>> m_piece;
     // The answer that is shown.

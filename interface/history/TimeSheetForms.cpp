@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "interface/history/TimeSheetForms.h"
+
+#include "Classes/exchange/RtfTable.h"
+#include "Classes/report/ReportFormats.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QBuffer>
+#include <QLocale>
+#include <QMimeData>
+#include <QPdfWriter>
+#include <QTextDocument>
+
+namespace {
+
+// Millimetres.
+constexpr int kPageMargin = 18;
+
+// The cells of a row: its name, its times, its sum.
+template<class Text>
+QStringList cellsOf(const QString& name, const std::vector<qint64>& times, qint64 sum, Text text) {
+    QStringList cells{name};
+    for (const qint64 time : times)
+        cells << text(time);
+    return cells << text(sum);
+}
+
+// All rows from the heading to the sums.
+template<class Text>
+QList<QStringList> tableOf(const TimeSheet& sheet, Text text) {
+    QList<QStringList> rows{TimeSheetForms::heads(sheet)};
+    for (const TimeSheet::Row& row : sheet.rows())
+        rows << cellsOf(row.project == kNoProject ? localized("No Project") : row.project, row.cells,
+                        row.sum(), text);
+    return rows << cellsOf(localized("Sum"), sheet.sums(), sheet.sum(), text);
+}
+
+QString htmlTable(const SheetPage& page) {
+    const QList<QStringList> rows = TimeSheetForms::table(page);
+    QString html = QStringLiteral("<table width=\"100%\" cellpadding=\"4\" cellspacing=\"0\" border=\"1\" "
+                                  "style=\"border-collapse:collapse; border-style:solid;\">");
+    for (const QStringList& row : rows) {
+        // The heading and the sums.
+        const bool isBold = &row == &rows.front() || &row == &rows.back();
+        const QString tag = isBold ? QStringLiteral("th") : QStringLiteral("td");
+        html += QStringLiteral("<tr>");
+        for (const QString& cell : row)
+            html += QStringLiteral("<%1 align=\"%2\">%3</%1>")
+                        .arg(tag, &cell == &row.front() ? QStringLiteral("left") : QStringLiteral("right"),
+                             cell.toHtmlEscaped());
+        html += QStringLiteral("</tr>");
+    }
+    return html + QStringLiteral("</table>");
+}
+
+QString paragraph(const QString& text) {
+    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
+}
+
+} // namespace
+
+QStringList TimeSheetForms::heads(const TimeSheet& sheet) {
+    const QLocale locale;
+    QStringList heads{localized("Project")};
+    for (int day = 0; day < sheet.days(); ++day) {
+        const QDate date = sheet.first().addDays(day);
+        heads << locale.dayName(date.dayOfWeek(), QLocale::ShortFormat) + u' ' + QString::number(date.day());
+    }
+    return heads << localized("Sum");
+}
+
+QList<QStringList> TimeSheetForms::table(const SheetPage& page) {
+    const bool isExact = hasSeconds(page.sheet);
+    return tableOf(page.sheet, [&](qint64 time) { return timeText(time, page, isExact); });
+}
+
+QString TimeSheetForms::timeText(qint64 seconds, const SheetPage& page, bool hasSeconds) {
+    if (seconds == 0)
+        return {};
+    if (page.isDecimal)
+        return QLocale().toString(double(seconds) / 3600, 'f', 2);
+    const QString text = ReportFormats::durationText(seconds * 1000);
+    return hasSeconds ? text : text.chopped(3);
+}
+
+bool TimeSheetForms::hasSeconds(const TimeSheet& sheet) {
+    return std::ranges::any_of(sheet.rows(), [](const TimeSheet::Row& row) {
+        return std::ranges::any_of(row.cells, [](qint64 cell) { return cell % 60 != 0; });
+    });
+}
+
+QString TimeSheetForms::period(const TimeSheet& sheet) {
+    const QLocale locale;
+    return locale.toString(sheet.first(), QLocale::ShortFormat) + QStringLiteral(" – ") +
+           locale.toString(sheet.first().addDays(sheet.days() - 1), QLocale::ShortFormat);
+}
+
+std::unique_ptr<QTextDocument> TimeSheetForms::document(const SheetPage& page) {
+    QString html = QStringLiteral("<h2>%1</h2>").arg(localized("Time Sheet").toHtmlEscaped());
+    if (!page.name.isEmpty())
+        html += paragraph(page.name);
+    html += paragraph(period(page.sheet)) + htmlTable(page);
+    if (page.sheet.measured() != page.sheet.sum())
+        html += paragraph(
+            localized("Measured: %@")
+                .replace(QLatin1String("%@"), ReportFormats::durationText(page.sheet.measured() * 1000)));
+    if (!page.notes.isEmpty())
+        html += paragraph(page.notes);
+    auto document = std::make_unique<QTextDocument>();
+    document->setHtml(html);
+    return document;
+}
+
+QPageLayout TimeSheetForms::pageLayout() {
+    const bool isLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+    return {QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4), QPageLayout::Landscape,
+            QMarginsF(kPageMargin, kPageMargin, kPageMargin, kPageMargin), QPageLayout::Millimeter};
+}
+
+QByteArray TimeSheetForms::pdf(const SheetPage& page) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setPageLayout(pageLayout());
+    writer.setTitle(localized("Time Sheet") + u' ' + period(page.sheet));
+    // Numbers the pages by itself.
+    document(page)->print(&writer);
+    return buffer.data();
+}
+
+QByteArray TimeSheetForms::csv(const SheetPage& page) {
+    QByteArray text;
+    for (const QStringList& row :
+         tableOf(page.sheet, [](qint64 time) { return ReportFormats::durationText(time * 1000); })) {
+        QByteArrayList cells;
+        for (const QString& cell : row)
+            cells << ReportFormats::csvCell(cell);
+        text += cells.join(',') + "\r\n";
+    }
+    return text;
+}
+
+std::unique_ptr<QMimeData> TimeSheetForms::copy(const SheetPage& page) {
+    const QList<QStringList> rows = table(page);
+    QString text;
+    RtfTable rtf(int(rows.front().size()), rows.front());
+    for (const QStringList& row : rows) {
+        QStringList cells;
+        for (const QString& cell : row)
+            cells << ReportFormats::disarmed(cell);
+        text += cells.join(u'\t') + u'\n';
+        if (&row != &rows.front())
+            rtf.add(row);
+    }
+    auto forms = std::make_unique<QMimeData>();
+    forms->setText(text);
+    forms->setHtml(QStringLiteral("<html><head><meta charset=\"utf-8\"></head><body>%1</body></html>")
+                       .arg(htmlTable(page)));
+    forms->setData(QStringLiteral("text/rtf"), std::move(rtf).finished());
+    return forms;
+}
