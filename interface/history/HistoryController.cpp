@@ -38,6 +38,19 @@ Qt::DayOfWeek firstDayOfWeek() {
     return QLocale().firstDayOfWeek();
 }
 
+// Files and other programs have a name of their own for what belongs to no project.
+RangeAnswer withShownNames(RangeAnswer answer) {
+    const auto rename = [](std::vector<RangeAnswer::Entry>& projects) {
+        for (auto& project : projects)
+            if (project.name == kNoProject)
+                project.name = localized("No Project");
+    };
+    rename(answer.projects);
+    for (auto& bar : answer.bars)
+        rename(bar.projects);
+    return answer;
+}
+
 QString timeText(qint64 milliseconds) {
     return TimeTracker::timeStringForDouble(double(milliseconds) / 1000);
 }
@@ -165,10 +178,8 @@ void HistoryController::ask() {
         [question = question()](SqliteDatabase& file) { return question.answeredBy(file); },
         [this](const Result<RangeAnswer>& answer) {
             m_isAsking = false;
-            if (answer)
-                show(*answer);
-            else
-                showFailure();
+            // There may be nothing to read yet, or nothing that can be read.
+            show(answer ? withShownNames(*answer) : RangeAnswer());
         });
 }
 
@@ -200,11 +211,6 @@ void HistoryController::show(const RangeAnswer& answer) {
                         !isByProject && !question().hasTitles());
     outline.setInvitation(invitation());
     showSum();
-}
-
-// There is nothing to read yet, or nothing that can be read.
-void HistoryController::showFailure() {
-    show(RangeAnswer());
 }
 
 void HistoryController::showSum() {

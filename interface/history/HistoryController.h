@@ -55,7 +55,6 @@ private:
     void askForTitles(const QString& program);
     RangeQuestion question() const;
     void show(const RangeAnswer& answer);
-    void showFailure();
     void showSum();
     QString invitation() const;
     void followCounting();

@@ -118,7 +118,7 @@ TEST_F(HistoryViewTest, aProjectInTheSidebar_showsItsTimeOnly) {
     past(today(10), 300, "Draw");
     showHistory();
     command(historyActions().byProject);
-    EXPECT_EQ(rows(), QStringLiteral("Meier 00:10:00 [Mail 00:10:00], No project 00:05:00 [Draw 00:05:00]"));
+    EXPECT_EQ(rows(), QStringLiteral("Meier 00:10:00 [Mail 00:10:00], No Project 00:05:00 [Draw 00:05:00]"));
     auto& sidebar = controller.window().projectOutline();
     sidebar.setCurrentIndex(sidebar.model()->index(1, 0));
     settle();
