@@ -63,12 +63,14 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
         controller, desktop.platform(), setupAlerts,
         [&](PrefWindow& window) { setupAlerts.setWindow(&window); }, &history);
 
-    HistoryController historyController({.window = controller.window(),
-                                         .platform = desktop.platform(),
-                                         .alerts = alerts,
-                                         .project = [&] { return controller.shownProject(); },
-                                         .isCounting = [&] { return controller.timer().isRunning(); }},
-                                        history);
+    HistoryController historyController(
+        {.window = controller.window(),
+         .platform = desktop.platform(),
+         .alerts = alerts,
+         .project = [&] { return controller.shownProject(); },
+         .isCounting = [&] { return controller.timer().isRunning(); },
+         .labelOf = [&](const QString& name) { return controller.colorOfProject(name); }},
+        history);
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();

@@ -6,8 +6,10 @@
 #include "Classes/record/WholeFile.h"
 #include "Classes/report/Moment.h"
 #include "interface/export/FileExtension.h"
+#include "interface/history/DayPicture.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
+#include "interface/history/PeriodPicture.h"
 #include "interface/history/RangeBar.h"
 #include "interface/history/TimeSheetWindow.h"
 #include "interface/mainwindow/CutoffSlider.h"
@@ -38,17 +40,9 @@ Qt::DayOfWeek firstDayOfWeek() {
     return QLocale().firstDayOfWeek();
 }
 
-// Files and other programs have a name of their own for what belongs to no project.
-RangeAnswer withShownNames(RangeAnswer answer) {
-    const auto rename = [](std::vector<RangeAnswer::Entry>& projects) {
-        for (auto& project : projects)
-            if (project.name == kNoProject)
-                project.name = localized("No Project");
-    };
-    rename(answer.projects);
-    for (auto& bar : answer.bars)
-        rename(bar.projects);
-    return answer;
+// The pictures, files and other programs have a name of their own for what belongs to no project.
+QString shownProject(const QString& name) {
+    return name == kNoProject ? localized("No Project") : name;
 }
 
 QString timeText(qint64 milliseconds) {
@@ -60,6 +54,7 @@ QString timeText(qint64 milliseconds) {
 HistoryController::HistoryController(Ground ground, History& history)
     : m_ground(std::move(ground))
     , m_history(history)
+    , m_colors(m_ground.platform.defaults, m_ground.labelOf)
     , m_pane(m_ground.window.historyPane())
     , m_actions(m_ground.window.historyActions())
     , m_reader(history.reader())
@@ -72,8 +67,10 @@ HistoryController::HistoryController(Ground ground, History& history)
     if (m_ground.platform.defaults.boolForKey(kHistoryByProject))
         m_actions.byProject->setChecked(true);
     m_pane.sumBar().showCutoff(timeText(0));
+    m_pane.setColors(m_colors);
     connectRange();
     connectRows();
+    connectPictures();
     showRange(m_range);
     m_ground.window.setHistoryShown(m_ground.platform.defaults.boolForKey(kHistoryShown));
 }
@@ -134,6 +131,39 @@ void HistoryController::connectRows() {
                      });
 }
 
+// What is seen is clicked, and the rest follows.
+void HistoryController::connectPictures() {
+    HistoryOutline& outline = m_pane.outline();
+    const DayPicture& day = m_pane.dayPicture();
+    QObject::connect(&day, &DayPicture::rangeChosen, &m_receiver,
+                     [this](qint64 begin, qint64 end) { showPiece(std::pair(begin, end)); });
+    QObject::connect(&day, &DayPicture::rangeReset, &m_receiver, [this] {
+        if (m_piece)
+            showPiece(std::nullopt);
+    });
+    QObject::connect(&day, &DayPicture::programChosen, &m_receiver, [this, &outline](const QString& name) {
+        if (m_actions.byProgram->isChecked())
+            outline.choose(name);
+    });
+    QObject::connect(&day, &DayPicture::projectChosen, &m_receiver, [this, &outline](const QString& name) {
+        if (m_actions.byProject->isChecked())
+            outline.choose(shownProject(name));
+    });
+    const PeriodPicture& period = m_pane.periodPicture();
+    QObject::connect(&period, &PeriodPicture::entryChosen, &m_receiver,
+                     [&outline](const QString& name) { outline.choose(shownProject(name)); });
+    QObject::connect(&period, &PeriodPicture::barChosen, &m_receiver, [this](QDate first) {
+        switch (m_range.step()) {
+        case CalendarRange::Step::Month:
+            return showRange(CalendarRange::around(CalendarRange::Kind::Month, first, firstDayOfWeek()));
+        case CalendarRange::Step::Week:
+            return showRange(CalendarRange::around(CalendarRange::Kind::Week, first, Qt::Monday));
+        default:
+            return showRange(CalendarRange::around(CalendarRange::Kind::Day, first, firstDayOfWeek()));
+        }
+    });
+}
+
 QDate HistoryController::today() const {
     return dayOf(localTime(m_ground.platform.clock.now()), m_history.dayBegins());
 }
@@ -179,7 +209,7 @@ void HistoryController::ask() {
         [this](const Result<RangeAnswer>& answer) {
             m_isAsking = false;
             // There may be nothing to read yet, or nothing that can be read.
-            show(answer ? withShownNames(*answer) : RangeAnswer());
+            show(answer ? *answer : RangeAnswer());
         });
 }
 
@@ -207,10 +237,31 @@ void HistoryController::show(const RangeAnswer& answer) {
     const bool isByProject = m_actions.byProject->isChecked();
     HistoryOutline& outline = m_pane.outline();
     outline.rows().setNameHeading(isByProject ? localized("Project") : localized("Program"));
-    outline.rows().show(isByProject ? m_answer.projects : m_answer.programs, m_answer.work,
-                        !isByProject && !question().hasTitles());
+    std::vector<RangeAnswer::Entry> entries = isByProject ? m_answer.projects : m_answer.programs;
+    if (isByProject)
+        for (auto& project : entries)
+            project.name = shownProject(project.name);
+    outline.rows().show(entries, m_answer.work, !isByProject && !question().hasTitles());
     outline.setInvitation(invitation());
+    showPicture();
     showSum();
+}
+
+void HistoryController::showPicture() {
+    if (m_range.step() != CalendarRange::Step::Stretch) {
+        const auto by =
+            m_actions.byProject->isChecked() ? PeriodPicture::By::Projects : PeriodPicture::By::Programs;
+        m_pane.periodPicture().show(m_range, m_answer.bars, by, today());
+        return m_pane.showPicture(m_pane.periodPicture());
+    }
+    const auto beginOf = [this](QDate day) {
+        return beginningOf(day, m_history.dayBegins()).toMSecsSinceEpoch();
+    };
+    const auto [begin, end] =
+        m_piece.value_or(std::pair(beginOf(m_range.first()), beginOf(m_range.last().addDays(1))));
+    m_pane.dayPicture().show(begin, end, m_answer.pieces,
+                             localTime(m_ground.platform.clock.now()).toMSecsSinceEpoch());
+    m_pane.showPicture(m_pane.dayPicture());
 }
 
 void HistoryController::showSum() {

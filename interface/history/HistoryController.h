@@ -4,6 +4,7 @@
 #include "Classes/history/History.h"
 #include "Classes/report/RangeQuestion.h"
 #include "interface/history/HistoryActions.h"
+#include "interface/history/PictureColors.h"
 #include "platform/Platform.h"
 
 #include <QObject>
@@ -25,6 +26,8 @@ public:
         // The name of the project that is selected in the sidebar; absent for all timers.
         std::function<std::optional<QString>()> project;
         std::function<bool()> isCounting;
+        // A project's colour label by its name; 0 for none.
+        std::function<int(const QString&)> labelOf;
     };
 
     // `history` is made after the window, and outlives this as well.
@@ -47,6 +50,7 @@ public:
 private:
     void connectRange();
     void connectRows();
+    void connectPictures();
     // What is asked for has changed.
     void askAnew();
     // The same again, unless it is being asked.
@@ -55,6 +59,7 @@ private:
     void askForTitles(const QString& program);
     RangeQuestion question() const;
     void show(const RangeAnswer& answer);
+    void showPicture();
     void showSum();
     QString invitation() const;
     void followCounting();
@@ -62,6 +67,7 @@ private:
 
     Ground m_ground;
     History& m_history;
+    PictureColors m_colors;
     HistoryPane& m_pane;
     const HistoryActions& m_actions;
     std::unique_ptr<HistoryReader> m_reader;

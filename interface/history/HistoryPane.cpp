@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/HistoryPane.h"
 
+#include "interface/history/DayPicture.h"
 #include "interface/history/HistoryOutline.h"
+#include "interface/history/PeriodPicture.h"
 #include "interface/history/RangeBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/shell/Named.h"
@@ -13,6 +15,9 @@
 #include <QVBoxLayout>
 
 namespace {
+
+// In pixels: the bars, and some rows. With less than this beside the picture, the rows alone are shown.
+constexpr int kRoomForRows = 220;
 
 QFrame* line() {
     auto* line = new QFrame;
@@ -46,4 +51,30 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
     rows->addWidget(m_outline, 1);
     rows->addWidget(line());
     rows->addWidget(m_sumBar);
+}
+
+void HistoryPane::setColors(const PictureColors& colors) {
+    m_dayPicture = named(new DayPicture(colors), QStringLiteral("dayPicture"));
+    m_periodPicture = named(new PeriodPicture(colors), QStringLiteral("periodPicture"));
+    m_pictures->addWidget(m_dayPicture);
+    m_pictures->addWidget(m_periodPicture);
+}
+
+void HistoryPane::showPicture(QWidget& picture) {
+    m_pictures->setCurrentWidget(&picture);
+    fitPicture();
+}
+
+void HistoryPane::fitPicture() {
+    const QWidget* picture = m_pictures->currentWidget();
+    if (!picture)
+        return;
+    // Otherwise the higher picture would make room for itself.
+    m_pictures->setFixedHeight(picture->sizeHint().height());
+    m_pictures->setVisible(height() >= m_pictures->height() + kRoomForRows);
+}
+
+void HistoryPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fitPicture();
 }

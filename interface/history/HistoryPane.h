@@ -3,7 +3,10 @@
 
 #include <QWidget>
 
+class DayPicture;
 class HistoryOutline;
+class PeriodPicture;
+class PictureColors;
 class QStackedWidget;
 class RangeBar;
 class SumBar;
@@ -15,9 +18,14 @@ class HistoryPane : public QWidget {
 public:
     explicit HistoryPane(const HistoryActions& actions, QWidget* parent = nullptr);
 
+    // Makes the pictures; there are none before. The colours outlive the pane.
+    void setColors(const PictureColors& colors);
+
     RangeBar& rangeBar() const { return *m_rangeBar; }
-    // One picture is shown at a time.
-    QStackedWidget& pictures() const { return *m_pictures; }
+    DayPicture& dayPicture() const { return *m_dayPicture; }
+    PeriodPicture& periodPicture() const { return *m_periodPicture; }
+    // Shows one of the two.
+    void showPicture(QWidget& picture);
     HistoryOutline& outline() const { return *m_outline; }
     SumBar& sumBar() const { return *m_sumBar; }
 
@@ -25,9 +33,16 @@ Q_SIGNALS:
     // The rows are to be exported.
     void exportWanted();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void fitPicture();
+
     RangeBar* m_rangeBar;
     QStackedWidget* m_pictures;
+    DayPicture* m_dayPicture = nullptr;
+    PeriodPicture* m_periodPicture = nullptr;
     HistoryOutline* m_outline;
     SumBar* m_sumBar;
 };

@@ -228,6 +228,13 @@ std::optional<QString> TKController::shownProject() const {
                : std::optional(m_projectController->currentProject()->label());
 }
 
+int TKController::colorOfProject(const QString& name) const {
+    for (const ProjectList::Project& project : m_projects.projects())
+        if (project->label() == name)
+            return project->colorTag();
+    return 0;
+}
+
 QString TKController::versionString() {
     QString text = localized("%@ (build %@)");
     const qsizetype first = text.indexOf(QLatin1String("%@"));

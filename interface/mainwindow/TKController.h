@@ -79,6 +79,8 @@ public:
 
     // The name of the project that is selected in the sidebar; absent for all timers.
     std::optional<QString> shownProject() const;
+    // The colour label of the first project of this name; 0 without one.
+    int colorOfProject(const QString& name) const;
     // Whether all timers are shown rather than a project.
     bool mainItemIsSelected() const { return m_shown.areAll(); }
     bool blockExpansionSaveWhileSearching() const { return m_shown.isSearching(); }

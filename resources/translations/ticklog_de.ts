@@ -1523,5 +1523,125 @@
         <source>%1%</source>
         <translation>%1 %</translation>
     </message>
+    <message>
+        <source>Time &amp;Sheet…</source>
+        <translation>&amp;Stundenzettel…</translation>
+    </message>
+    <message>
+        <source>No Project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Sum</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>Time Sheet</source>
+        <translation>Stundenzettel</translation>
+    </message>
+    <message>
+        <source>Measured: %@</source>
+        <translation>Gemessen: %@</translation>
+    </message>
+    <message>
+        <source>Rounding</source>
+        <translation>Rundung</translation>
+    </message>
+    <message>
+        <source>No Rounding</source>
+        <translation>Nicht runden</translation>
+    </message>
+    <message>
+        <source>6 Minutes</source>
+        <translation>6 Minuten</translation>
+    </message>
+    <message>
+        <source>15 Minutes</source>
+        <translation>15 Minuten</translation>
+    </message>
+    <message>
+        <source>30 Minutes</source>
+        <translation>30 Minuten</translation>
+    </message>
+    <message>
+        <source>Direction of rounding</source>
+        <translation>Richtung der Rundung</translation>
+    </message>
+    <message>
+        <source>To the Nearest</source>
+        <translation>Kaufmännisch</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Aufrunden</translation>
+    </message>
+    <message>
+        <source>What is rounded</source>
+        <translation>Was gerundet wird</translation>
+    </message>
+    <message>
+        <source>Each Cell</source>
+        <translation>Jede Zelle</translation>
+    </message>
+    <message>
+        <source>Each Day</source>
+        <translation>Jeder Tag</translation>
+    </message>
+    <message>
+        <source>Form of times</source>
+        <translation>Form der Zeiten</translation>
+    </message>
+    <message>
+        <source>Hours and Minutes</source>
+        <translation>Stunden und Minuten</translation>
+    </message>
+    <message>
+        <source>Decimal Hours</source>
+        <translation>Dezimalstunden</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Notes:</source>
+        <translation>Notizen:</translation>
+    </message>
+    <message>
+        <source>Save as C&amp;SV…</source>
+        <translation>Als C&amp;SV sichern…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Als P&amp;DF sichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Drucken…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>Sch&amp;ließen</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as CSV</source>
+        <translation>Den Stundenzettel als CSV sichern</translation>
+    </message>
+    <message>
+        <source>The time sheet could not be saved.</source>
+        <translation>Der Stundenzettel konnte nicht gesichert werden.</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as PDF</source>
+        <translation>Den Stundenzettel als PDF sichern</translation>
+    </message>
 </context>
 </TS>

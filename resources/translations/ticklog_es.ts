@@ -1523,5 +1523,125 @@
         <source>%1%</source>
         <translation>%1 %</translation>
     </message>
+    <message>
+        <source>Time &amp;Sheet…</source>
+        <translation>Ho&amp;ja de horas…</translation>
+    </message>
+    <message>
+        <source>No Project</source>
+        <translation>Sin proyecto</translation>
+    </message>
+    <message>
+        <source>Sum</source>
+        <translation>Suma</translation>
+    </message>
+    <message>
+        <source>Time Sheet</source>
+        <translation>Hoja de horas</translation>
+    </message>
+    <message>
+        <source>Measured: %@</source>
+        <translation>Medido: %@</translation>
+    </message>
+    <message>
+        <source>Rounding</source>
+        <translation>Redondeo</translation>
+    </message>
+    <message>
+        <source>No Rounding</source>
+        <translation>Sin redondeo</translation>
+    </message>
+    <message>
+        <source>6 Minutes</source>
+        <translation>6 minutos</translation>
+    </message>
+    <message>
+        <source>15 Minutes</source>
+        <translation>15 minutos</translation>
+    </message>
+    <message>
+        <source>30 Minutes</source>
+        <translation>30 minutos</translation>
+    </message>
+    <message>
+        <source>Direction of rounding</source>
+        <translation>Sentido del redondeo</translation>
+    </message>
+    <message>
+        <source>To the Nearest</source>
+        <translation>Al más cercano</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Hacia arriba</translation>
+    </message>
+    <message>
+        <source>What is rounded</source>
+        <translation>Qué se redondea</translation>
+    </message>
+    <message>
+        <source>Each Cell</source>
+        <translation>Cada celda</translation>
+    </message>
+    <message>
+        <source>Each Day</source>
+        <translation>Cada día</translation>
+    </message>
+    <message>
+        <source>Form of times</source>
+        <translation>Forma de las horas</translation>
+    </message>
+    <message>
+        <source>Hours and Minutes</source>
+        <translation>Horas y minutos</translation>
+    </message>
+    <message>
+        <source>Decimal Hours</source>
+        <translation>Horas decimales</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notas</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nombre:</translation>
+    </message>
+    <message>
+        <source>Notes:</source>
+        <translation>Notas:</translation>
+    </message>
+    <message>
+        <source>Save as C&amp;SV…</source>
+        <translation>Guardar como C&amp;SV…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Guardar como P&amp;DF…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Imprimir…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>C&amp;errar</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as CSV</source>
+        <translation>Guardar la hoja de horas como CSV</translation>
+    </message>
+    <message>
+        <source>The time sheet could not be saved.</source>
+        <translation>No se pudo guardar la hoja de horas.</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as PDF</source>
+        <translation>Guardar la hoja de horas como PDF</translation>
+    </message>
 </context>
 </TS>

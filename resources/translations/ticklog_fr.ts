@@ -1523,5 +1523,125 @@
         <source>%1%</source>
         <translation>%1 %</translation>
     </message>
+    <message>
+        <source>Time &amp;Sheet…</source>
+        <translation>&amp;Feuille de temps…</translation>
+    </message>
+    <message>
+        <source>No Project</source>
+        <translation>Sans projet</translation>
+    </message>
+    <message>
+        <source>Sum</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>Time Sheet</source>
+        <translation>Feuille de temps</translation>
+    </message>
+    <message>
+        <source>Measured: %@</source>
+        <translation>Mesuré : %@</translation>
+    </message>
+    <message>
+        <source>Rounding</source>
+        <translation>Arrondi</translation>
+    </message>
+    <message>
+        <source>No Rounding</source>
+        <translation>Sans arrondi</translation>
+    </message>
+    <message>
+        <source>6 Minutes</source>
+        <translation>6 minutes</translation>
+    </message>
+    <message>
+        <source>15 Minutes</source>
+        <translation>15 minutes</translation>
+    </message>
+    <message>
+        <source>30 Minutes</source>
+        <translation>30 minutes</translation>
+    </message>
+    <message>
+        <source>Direction of rounding</source>
+        <translation>Sens de l’arrondi</translation>
+    </message>
+    <message>
+        <source>To the Nearest</source>
+        <translation>Au plus proche</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Vers le haut</translation>
+    </message>
+    <message>
+        <source>What is rounded</source>
+        <translation>Ce qui est arrondi</translation>
+    </message>
+    <message>
+        <source>Each Cell</source>
+        <translation>Chaque cellule</translation>
+    </message>
+    <message>
+        <source>Each Day</source>
+        <translation>Chaque jour</translation>
+    </message>
+    <message>
+        <source>Form of times</source>
+        <translation>Forme des durées</translation>
+    </message>
+    <message>
+        <source>Hours and Minutes</source>
+        <translation>Heures et minutes</translation>
+    </message>
+    <message>
+        <source>Decimal Hours</source>
+        <translation>Heures décimales</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nom :</translation>
+    </message>
+    <message>
+        <source>Notes:</source>
+        <translation>Notes :</translation>
+    </message>
+    <message>
+        <source>Save as C&amp;SV…</source>
+        <translation>Enregistrer en C&amp;SV…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Enregistrer en P&amp;DF…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Imprimer…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as CSV</source>
+        <translation>Enregistrer la feuille de temps en CSV</translation>
+    </message>
+    <message>
+        <source>The time sheet could not be saved.</source>
+        <translation>La feuille de temps n’a pas pu être enregistrée.</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as PDF</source>
+        <translation>Enregistrer la feuille de temps en PDF</translation>
+    </message>
 </context>
 </TS>

@@ -1523,5 +1523,125 @@
         <source>%1%</source>
         <translation>%1%</translation>
     </message>
+    <message>
+        <source>Time &amp;Sheet…</source>
+        <translation>タイムシート(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>No Project</source>
+        <translation>プロジェクトなし</translation>
+    </message>
+    <message>
+        <source>Sum</source>
+        <translation>合計</translation>
+    </message>
+    <message>
+        <source>Time Sheet</source>
+        <translation>タイムシート</translation>
+    </message>
+    <message>
+        <source>Measured: %@</source>
+        <translation>計測値: %@</translation>
+    </message>
+    <message>
+        <source>Rounding</source>
+        <translation>丸め</translation>
+    </message>
+    <message>
+        <source>No Rounding</source>
+        <translation>丸めない</translation>
+    </message>
+    <message>
+        <source>6 Minutes</source>
+        <translation>6 分</translation>
+    </message>
+    <message>
+        <source>15 Minutes</source>
+        <translation>15 分</translation>
+    </message>
+    <message>
+        <source>30 Minutes</source>
+        <translation>30 分</translation>
+    </message>
+    <message>
+        <source>Direction of rounding</source>
+        <translation>丸めの方向</translation>
+    </message>
+    <message>
+        <source>To the Nearest</source>
+        <translation>四捨五入</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>切り上げ</translation>
+    </message>
+    <message>
+        <source>What is rounded</source>
+        <translation>丸める対象</translation>
+    </message>
+    <message>
+        <source>Each Cell</source>
+        <translation>セルごと</translation>
+    </message>
+    <message>
+        <source>Each Day</source>
+        <translation>日ごと</translation>
+    </message>
+    <message>
+        <source>Form of times</source>
+        <translation>時間の表記</translation>
+    </message>
+    <message>
+        <source>Hours and Minutes</source>
+        <translation>時間と分</translation>
+    </message>
+    <message>
+        <source>Decimal Hours</source>
+        <translation>小数の時間</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>メモ</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>名前:</translation>
+    </message>
+    <message>
+        <source>Notes:</source>
+        <translation>メモ:</translation>
+    </message>
+    <message>
+        <source>Save as C&amp;SV…</source>
+        <translation>CSV で保存(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>PDF で保存(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>印刷(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>閉じる(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as CSV</source>
+        <translation>タイムシートを CSV で保存</translation>
+    </message>
+    <message>
+        <source>The time sheet could not be saved.</source>
+        <translation>タイムシートを保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as PDF</source>
+        <translation>タイムシートを PDF で保存</translation>
+    </message>
 </context>
 </TS>

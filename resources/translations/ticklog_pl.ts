@@ -1523,5 +1523,125 @@
         <source>%1%</source>
         <translation>%1%</translation>
     </message>
+    <message>
+        <source>Time &amp;Sheet…</source>
+        <translation>&amp;Karta czasu…</translation>
+    </message>
+    <message>
+        <source>No Project</source>
+        <translation>Bez projektu</translation>
+    </message>
+    <message>
+        <source>Sum</source>
+        <translation>Suma</translation>
+    </message>
+    <message>
+        <source>Time Sheet</source>
+        <translation>Karta czasu</translation>
+    </message>
+    <message>
+        <source>Measured: %@</source>
+        <translation>Zmierzono: %@</translation>
+    </message>
+    <message>
+        <source>Rounding</source>
+        <translation>Zaokrąglanie</translation>
+    </message>
+    <message>
+        <source>No Rounding</source>
+        <translation>Bez zaokrąglania</translation>
+    </message>
+    <message>
+        <source>6 Minutes</source>
+        <translation>6 minut</translation>
+    </message>
+    <message>
+        <source>15 Minutes</source>
+        <translation>15 minut</translation>
+    </message>
+    <message>
+        <source>30 Minutes</source>
+        <translation>30 minut</translation>
+    </message>
+    <message>
+        <source>Direction of rounding</source>
+        <translation>Kierunek zaokrąglania</translation>
+    </message>
+    <message>
+        <source>To the Nearest</source>
+        <translation>Do najbliższej</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>W górę</translation>
+    </message>
+    <message>
+        <source>What is rounded</source>
+        <translation>Co się zaokrągla</translation>
+    </message>
+    <message>
+        <source>Each Cell</source>
+        <translation>Każda komórka</translation>
+    </message>
+    <message>
+        <source>Each Day</source>
+        <translation>Każdy dzień</translation>
+    </message>
+    <message>
+        <source>Form of times</source>
+        <translation>Zapis czasu</translation>
+    </message>
+    <message>
+        <source>Hours and Minutes</source>
+        <translation>Godziny i minuty</translation>
+    </message>
+    <message>
+        <source>Decimal Hours</source>
+        <translation>Godziny dziesiętne</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nazwa</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notatki</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nazwa:</translation>
+    </message>
+    <message>
+        <source>Notes:</source>
+        <translation>Notatki:</translation>
+    </message>
+    <message>
+        <source>Save as C&amp;SV…</source>
+        <translation>Zapisz jako C&amp;SV…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Zapisz jako P&amp;DF…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Drukuj…</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>&amp;Zamknij</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as CSV</source>
+        <translation>Zapisz kartę czasu jako CSV</translation>
+    </message>
+    <message>
+        <source>The time sheet could not be saved.</source>
+        <translation>Nie udało się zapisać karty czasu.</translation>
+    </message>
+    <message>
+        <source>Save the Time Sheet as PDF</source>
+        <translation>Zapisz kartę czasu jako PDF</translation>
+    </message>
 </context>
 </TS>

@@ -19,7 +19,8 @@ struct HistoryViewDesk : HistoryDesk {
         // As it is recorded: no row crosses a full hour.
         QDateTime start = at;
         for (qint64 left = seconds * 1000; left > 0;) {
-            const qint64 length = std::min<qint64>(left, 3'600'000 - start.time().msecsSinceStartOfDay() % 3'600'000);
+            const qint64 length =
+                std::min<qint64>(left, 3'600'000 - start.time().msecsSinceStartOfDay() % 3'600'000);
             file.add({.start = start.toMSecsSinceEpoch(),
                       .length = length,
                       .offset = start.offsetFromUtc() / 60,
@@ -56,10 +57,12 @@ struct HistoryViewDesk : HistoryDesk {
     }
     QString historySum() { return pane().findChild<QLineEdit*>(QStringLiteral("history timeSum"))->text(); }
 
-    HistoryController view{{.window = controller.window(),
-                            .platform = fakes.platform,
-                            .alerts = alerts,
-                            .project = [this] { return controller.shownProject(); },
-                            .isCounting = [this] { return controller.timer().isRunning(); }},
-                           history};
+    HistoryController view{
+        {.window = controller.window(),
+         .platform = fakes.platform,
+         .alerts = alerts,
+         .project = [this] { return controller.shownProject(); },
+         .isCounting = [this] { return controller.timer().isRunning(); },
+         .labelOf = [this](const QString& name) { return controller.colorOfProject(name); }},
+        history};
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/interface/HistoryViewDesk.h"
 
+#include "interface/history/DayPicture.h"
+#include "interface/history/PeriodPicture.h"
 #include "interface/history/RangeBar.h"
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/SumBar.h"
@@ -196,6 +198,45 @@ TEST_F(HistoryViewTest, whatIsOpenAndSelected_staysWhileTheDayGrows) {
     // The longest comes first, however long it has been so.
     EXPECT_EQ(rows(), QStringLiteral("Mail 00:00:12 [Inbox 00:00:12], Draw 00:00:05 [Poster 00:00:05]"));
     controller.timer().stopTimer();
+}
+
+TEST_F(HistoryViewTest, whatIsClickedInThePicture_isChosenBelow) {
+    aDay();
+    showHistory();
+    EXPECT_TRUE(pane().dayPicture().isVisible());
+    Q_EMIT pane().dayPicture().programChosen(QStringLiteral("Draw"));
+    EXPECT_EQ(historySum(), QStringLiteral("00:10:00"));
+    Q_EMIT pane().dayPicture().rangeChosen(today(9, 15).toMSecsSinceEpoch(),
+                                           today(9, 35).toMSecsSinceEpoch());
+    settle();
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:20:00 [Inbox 00:15:00, Letter to Anna 00:05:00]"));
+    Q_EMIT pane().dayPicture().rangeReset();
+    settle();
+    EXPECT_TRUE(rows().contains(QStringLiteral("Draw")));
+}
+
+TEST_F(HistoryViewTest, aBar_opensItsDayAndThatOfAYearItsMonth) {
+    aDay();
+    showHistory();
+    command(historyActions().forKind(CalendarRange::Kind::Year));
+    EXPECT_TRUE(pane().periodPicture().isVisible());
+    const QDate month(today(0).date().year(), today(0).date().month(), 1);
+    Q_EMIT pane().periodPicture().barChosen(month);
+    EXPECT_EQ(view.range(), CalendarRange::around(CalendarRange::Kind::Month, month, Qt::Monday));
+    Q_EMIT pane().periodPicture().barChosen(today(0).date());
+    EXPECT_EQ(view.range().first(), today(0).date());
+    EXPECT_EQ(view.range().kind(), CalendarRange::Kind::Day);
+}
+
+TEST_F(HistoryViewTest, aWindowWithoutRoom_showsTheRowsAlone) {
+    aDay();
+    showHistory();
+    controller.window().resize(480, 300);
+    settle();
+    EXPECT_FALSE(pane().dayPicture().isVisible());
+    controller.window().resize(900, 600);
+    settle();
+    EXPECT_TRUE(pane().dayPicture().isVisible());
 }
 
 TEST_F(HistoryViewTest, emptyRanges_sayWhy) {

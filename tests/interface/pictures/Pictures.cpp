@@ -13,9 +13,8 @@
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
-#include "tests/interface/HistoryDesk.h"
-#include "tests/interface/pictures/TimePictures.h"
 #include "tests/interface/HistoryViewDesk.h"
+#include "tests/interface/pictures/TimePictures.h"
 
 #include <QApplication>
 #include <QCheckBox>
