@@ -2,20 +2,24 @@
 // Puts the program together, along the way of a second of time: the desktop's back ends, the engine that
 // credits, the window that shows.
 #include "Classes/history/History.h"
+#include "Classes/report/Moment.h"
 #include "app/AccountLock.h"
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
 #include "interface/history/HistoryController.h"
+#include "interface/history/HistoryToday.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/Preferences.h"
 #include "interface/shell/ExtensionOffer.h"
+#include "interface/shell/PauseMenu.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/foundation/files/PrivateFiles.h"
 #include "platform/foundation/programs/LoginStart.h"
 #include "platform/foundation/text/Translations.h"
+#include "platform/foundation/time/LocalTime.h"
 #include "platform/linux/TerminationSignals.h"
 
 #include <QApplication>
@@ -71,6 +75,19 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
          .isCounting = [&] { return controller.timer().isRunning(); },
          .labelOf = [&](const QString& name) { return controller.colorOfProject(name); }},
         history);
+
+    const HistoryToday today({.history = history,
+                              .runLoop = desktop.platform().runLoop,
+                              .clock = desktop.platform().clock,
+                              .folders = desktop.platform().folders,
+                              .menu = delegate.statusMenu().mainMenu(),
+                              .isCounting = [&] { return controller.timer().isRunning(); }},
+                             [&](const QString& line) { delegate.presence().showToday(line); });
+    PauseMenu pauses(controller.timer(), desktop.platform().runLoop, desktop.platform().clock, [&] {
+        const QDateTime now = localTime(desktop.platform().clock.now());
+        return beginningOf(dayOf(now, history.dayBegins()).addDays(1), history.dayBegins());
+    });
+    delegate.statusMenu().offerPauses(pauses.menu());
 
     const auto powerOff = [&] {
         delegate.willPowerOffHandler();

@@ -168,3 +168,11 @@ std::vector<RangeAnswer::Entry> RangeQuestion::titlesOf(const QString& program,
     std::erase_if(titles, [](const Entry& title) { return title.name.isEmpty(); });
     return titles;
 }
+
+qint64 RangeQuestion::workIn(SqliteDatabase& history) const {
+    const SqliteTransaction reading(history);
+    qint64 work = 0;
+    for (const ReportLine& line : Reading(*this, history).linesBy({ReportKey::App}))
+        work += line.milliseconds;
+    return work;
+}

@@ -14,6 +14,8 @@ struct RangeQuestion {
     RangeAnswer answeredBy(SqliteDatabase& history) const;
     // The titles of one program in the range, the most time first. For ranges whose answer has none.
     std::vector<RangeAnswer::Entry> titlesOf(const QString& program, SqliteDatabase& history) const;
+    // How long was worked in the range, in milliseconds.
+    qint64 workIn(SqliteDatabase& history) const;
     // Whether the answer has each program's titles. Those of a longer range are read only when they are wanted,
     // because nothing shorter than the sums by day has them.
     bool hasTitles() const { return days.days() <= kMostDaysWithTitles; }

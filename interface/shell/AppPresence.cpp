@@ -124,10 +124,17 @@ void AppPresence::updateMenuIconState() {
         return;
     m_statusBarItem->setImages(isRunning ? QStringLiteral("MenuBar-Active") : QStringLiteral("MenuBar-Idle"),
                                QStringLiteral("MenuBar-Pressed"));
+    const QString state = isRunning ? localized("Ticklog is counting") : localized("Ticklog is paused");
     m_statusBarItem->setTip(!m_trouble.isEmpty() ? m_trouble
                             : hasObstacle        ? m_obstacle
-                            : isRunning          ? localized("Ticklog is counting")
-                                                 : localized("Ticklog is paused"));
+                            : m_today.isEmpty()  ? state
+                                                 : state + u'\n' + m_today);
+}
+
+void AppPresence::showToday(const QString& text) {
+    m_menu.showToday(text);
+    if (std::exchange(m_today, text) != text)
+        updateMenuIconState();
 }
 
 void AppPresence::showObstacle(const QString& text) {

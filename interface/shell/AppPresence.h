@@ -56,6 +56,8 @@ public:
     void toggleMenuItem();
 
     void updateMenuIconState();
+    // How long was worked today, in the tray menu and its tip; empty for none.
+    void showToday(const QString& text);
     // Shows in the tray why windows are not counted while the timer runs; an empty text shows nothing.
     void showObstacle(const QString& text);
     // Shows in the tray what troubles the account, one line each, whether the timer runs or not; an empty
@@ -90,6 +92,7 @@ private:
     Alerts& m_alerts;
     Program m_program;
     QString m_obstacle;
+    QString m_today;
     QString m_trouble;
     std::int64_t m_appType = 1;
     bool m_showsMenuBarItem = false;

@@ -34,6 +34,11 @@ StatusMenu::StatusMenu(Program program, RunLoop& runLoop)
     QObject::connect(
         &m_obstacleItem, &QAction::triggered, &m_mainMenu, [this] { m_program.showTimeWindow(); },
         Qt::QueuedConnection);
+    m_todayItem.setObjectName(QStringLiteral("todayItem"));
+    // The main window shows more.
+    QObject::connect(
+        &m_todayItem, &QAction::triggered, &m_mainMenu, [this] { m_program.showTimeWindow(); },
+        Qt::QueuedConnection);
     follow(m_mainMenu);
     follow(m_applicationTimesMenu);
 }
@@ -54,6 +59,15 @@ void StatusMenu::setForm(MenuForm form) {
     // Their texts were made for the other form, so they are made anew.
     m_shownProjects.clear();
     empty(m_applicationTimesMenu);
+    empty(m_mainMenu);
+}
+
+void StatusMenu::showToday(const QString& text) {
+    m_todayItem.setText(text);
+}
+
+void StatusMenu::offerPauses(QMenu& pauses) {
+    m_pauses = &pauses;
     empty(m_mainMenu);
 }
 
@@ -111,6 +125,7 @@ bool StatusMenu::isUpToDate() const {
     const ProjectList::Projects projects = m_program.projects.projects();
     return !m_mainMenu.isEmpty() && m_shownTrouble == m_trouble &&
            m_mainMenu.actions().contains(&m_obstacleItem) == m_hasObstacle &&
+           m_mainMenu.actions().contains(&m_todayItem) == !m_todayItem.text().isEmpty() &&
            std::ranges::equal(m_shownProjects, projects, [](const ProjectEntry& shown, const auto& project) {
                return shown.project == project && shown.label == project->label();
            });
@@ -122,9 +137,13 @@ void StatusMenu::updateMainMenu() {
         return;
     empty(m_mainMenu);
     addTrouble();
+    if (!m_todayItem.text().isEmpty())
+        m_mainMenu.addActions({&m_todayItem, m_mainMenu.addSeparator()});
     if (m_hasObstacle)
         m_mainMenu.addActions({&m_obstacleItem, m_mainMenu.addSeparator()});
     m_mainMenu.addAction(&m_startPauseMenuItem);
+    if (m_pauses)
+        m_mainMenu.addAction(m_pauses->menuAction());
     addCommand(localized("Show Time Window"), m_program.showTimeWindow);
     m_mainMenu.addSeparator();
     m_mainMenu.addAction(m_applicationTimesMenu.menuAction());
@@ -226,7 +245,8 @@ void StatusMenu::empty(QMenu& menu) {
             m_menuItemUpdateSet.erase(timer);
         menu.removeAction(action);
         if (action == &m_startPauseMenuItem || action == &m_obstacleItem || action == &m_mainTitleItem ||
-            action == m_applicationTimesMenu.menuAction())
+            action == &m_todayItem || action == m_applicationTimesMenu.menuAction() ||
+            (m_pauses && action == m_pauses->menuAction()))
             continue;
         if (auto* submenu = action->menu()) {
             empty(*submenu);

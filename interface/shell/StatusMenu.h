@@ -58,6 +58,10 @@ public:
     // Whether the menu begins with a command that shows why windows are not counted. Takes effect when the
     // menu next opens.
     void showObstacle(bool isThere) { m_hasObstacle = isThere; }
+    // How long was worked today, as the menu's first line but for trouble; empty for none.
+    void showToday(const QString& text);
+    // Commands that pause the timer for a while, offered below the one that pauses it. They outlive the menu.
+    void offerPauses(QMenu& pauses);
     // What troubles the account, one line each, shown at the top. Takes effect when the menu next opens.
     void showTrouble(const QString& text) { m_trouble = text; }
     // Rebuilds the menu if it is out of date.
@@ -108,6 +112,8 @@ private:
     QAction m_startPauseMenuItem;
     QAction m_obstacleItem;
     QAction m_mainTitleItem;
+    QAction m_todayItem;
+    QMenu* m_pauses = nullptr;
     std::vector<ProjectEntry> m_shownProjects;
     std::unordered_map<const QMenu*, ProjectList::Project> m_projectMenus;
     UpdateSet m_menuItemUpdateSet;

@@ -1643,5 +1643,21 @@
         <source>Save the Time Sheet as PDF</source>
         <translation>Den Stundenzettel als PDF sichern</translation>
     </message>
+    <message>
+        <source>Today: %@</source>
+        <translation>Heute: %@</translation>
+    </message>
+    <message>
+        <source>Pause For</source>
+        <translation>Pause für</translation>
+    </message>
+    <message>
+        <source>An Hour</source>
+        <translation>Eine Stunde</translation>
+    </message>
+    <message>
+        <source>Until Tomorrow</source>
+        <translation>Bis morgen</translation>
+    </message>
 </context>
 </TS>

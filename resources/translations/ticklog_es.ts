@@ -1643,5 +1643,21 @@
         <source>Save the Time Sheet as PDF</source>
         <translation>Guardar la hoja de horas como PDF</translation>
     </message>
+    <message>
+        <source>Today: %@</source>
+        <translation>Hoy: %@</translation>
+    </message>
+    <message>
+        <source>Pause For</source>
+        <translation>Pausa durante</translation>
+    </message>
+    <message>
+        <source>An Hour</source>
+        <translation>Una hora</translation>
+    </message>
+    <message>
+        <source>Until Tomorrow</source>
+        <translation>Hasta mañana</translation>
+    </message>
 </context>
 </TS>

@@ -1643,5 +1643,21 @@
         <source>Save the Time Sheet as PDF</source>
         <translation>Enregistrer la feuille de temps en PDF</translation>
     </message>
+    <message>
+        <source>Today: %@</source>
+        <translation>Aujourd’hui : %@</translation>
+    </message>
+    <message>
+        <source>Pause For</source>
+        <translation>Pause pendant</translation>
+    </message>
+    <message>
+        <source>An Hour</source>
+        <translation>Une heure</translation>
+    </message>
+    <message>
+        <source>Until Tomorrow</source>
+        <translation>Jusqu’à demain</translation>
+    </message>
 </context>
 </TS>

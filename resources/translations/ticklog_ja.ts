@@ -1643,5 +1643,21 @@
         <source>Save the Time Sheet as PDF</source>
         <translation>タイムシートを PDF で保存</translation>
     </message>
+    <message>
+        <source>Today: %@</source>
+        <translation>今日: %@</translation>
+    </message>
+    <message>
+        <source>Pause For</source>
+        <translation>一時停止する時間</translation>
+    </message>
+    <message>
+        <source>An Hour</source>
+        <translation>1 時間</translation>
+    </message>
+    <message>
+        <source>Until Tomorrow</source>
+        <translation>明日まで</translation>
+    </message>
 </context>
 </TS>

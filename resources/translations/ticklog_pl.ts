@@ -1643,5 +1643,21 @@
         <source>Save the Time Sheet as PDF</source>
         <translation>Zapisz kartę czasu jako PDF</translation>
     </message>
+    <message>
+        <source>Today: %@</source>
+        <translation>Dziś: %@</translation>
+    </message>
+    <message>
+        <source>Pause For</source>
+        <translation>Wstrzymaj na</translation>
+    </message>
+    <message>
+        <source>An Hour</source>
+        <translation>Godzinę</translation>
+    </message>
+    <message>
+        <source>Until Tomorrow</source>
+        <translation>Do jutra</translation>
+    </message>
 </context>
 </TS>
