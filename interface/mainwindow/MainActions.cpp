@@ -75,6 +75,7 @@ MainActions::MainActions(QObject* window)
     , toggleCounting(make(window, "toggleCounting", localized("Start"), Qt::CTRL | Qt::Key_T))
     , branch(make(window, "branch", localized("&Freeze"), Qt::CTRL | Qt::Key_B))
     , clearTimers(make(window, "clearTimersItem", localized("Clear Timers")))
+    , showManual(make(window, "showManual", localized("&Manual"), QKeySequence::HelpContents))
     , about(make(window, "about", localized("&About Ticklog"))) {
     clearTimers->setIcon(Images::named(QStringLiteral("ToolbarClear")));
     auto* sides = new QActionGroup(window);
@@ -104,7 +105,7 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
                                   moveProjectDown, nullptr, branchProject, nullptr, removeProject, nullptr});
     addMenu(menuBar, "timerMenu", localized("&Timer"),
             {toggleCounting, nullptr, branch, nullptr, clearTimers});
-    addMenu(menuBar, "helpMenu", localized("&Help"), {about});
+    addMenu(menuBar, "helpMenu", localized("&Help"), {showManual, about});
     return projectMenu;
 }
 

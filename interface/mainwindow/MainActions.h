@@ -61,5 +61,6 @@ struct MainActions {
     QAction* branch;
     QAction* clearTimers;
 
+    QAction* showManual;
     QAction* about;
 };

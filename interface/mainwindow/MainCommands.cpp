@@ -6,6 +6,7 @@
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/shell/ManualWindow.h"
 
 #include <QApplication>
 
@@ -31,6 +32,7 @@ MainCommands::MainCommands(TKController& controller, QUndoStack& undoStack)
     : m_controller(controller)
     , m_focusedOutline(&controller.window().mainTable()) {
     connectDatabase();
+    connectHelp();
     connectEditing();
     connectUndo(undoStack);
     connectTimers();
@@ -58,10 +60,21 @@ void MainCommands::connectDatabase() {
     connectTo(actions.exportProject, m_receiver, [this] { m_controller.exportProject(); });
     connectTo(actions.closeWindow, m_receiver, [this] { m_controller.window().close(); });
     connectTo(actions.quit, m_receiver, [this] { m_controller.appDelegate().terminate(); });
-    connectTo(actions.about, m_receiver, [this] { m_controller.appDelegate().showAboutBox(); });
     AppTypeControl& appType = m_controller.window().appTypeToolbar();
     connectTo(&appType.dockIconMenuItem(), m_receiver, [this] { m_controller.toggleDockIcon(); });
     connectTo(&appType.menuItemMenuItem(), m_receiver, [this] { m_controller.toggleMenuItem(); });
+}
+
+void MainCommands::connectHelp() {
+    const MainActions& actions = m_controller.window().actions();
+    connectTo(actions.showManual, m_receiver, [this] {
+        if (!m_manual)
+            m_manual = new ManualWindow(&m_controller.window());
+        m_manual->show();
+        m_manual->raise();
+        m_manual->activateWindow();
+    });
+    connectTo(actions.about, m_receiver, [this] { m_controller.appDelegate().showAboutBox(); });
 }
 
 void MainCommands::connectEditing() {

@@ -3,6 +3,7 @@
 
 #include <QObject>
 
+class ManualWindow;
 class QUndoStack;
 class TKController;
 class TKOutlineDisplayView;
@@ -18,6 +19,7 @@ public:
 
 private:
     void connectDatabase();
+    void connectHelp();
     void connectEditing();
     void connectUndo(QUndoStack& undoStack);
     void connectTimers();
@@ -30,6 +32,8 @@ private:
     // The outline that had the focus last; commands for rows apply to it. While the history is shown, the table stands
     // for the history's outline.
     TKOutlineDisplayView* m_focusedOutline;
+    // Belongs to the main window; null until it was opened once.
+    ManualWindow* m_manual = nullptr;
     // Receives all connections; its end disconnects them.
     QObject m_receiver;
 };

@@ -1659,5 +1659,17 @@
         <source>Until Tomorrow</source>
         <translation>Bis morgen</translation>
     </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Handbuch</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>Kapitel</translation>
+    </message>
 </context>
 </TS>

@@ -1659,5 +1659,17 @@
         <source>Until Tomorrow</source>
         <translation>Hasta mañana</translation>
     </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>&amp;Manual</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manual</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>Capítulos</translation>
+    </message>
 </context>
 </TS>

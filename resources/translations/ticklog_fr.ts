@@ -1659,5 +1659,17 @@
         <source>Until Tomorrow</source>
         <translation>Jusqu’à demain</translation>
     </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>&amp;Manuel</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>Chapitres</translation>
+    </message>
 </context>
 </TS>

@@ -1659,5 +1659,17 @@
         <source>Until Tomorrow</source>
         <translation>明日まで</translation>
     </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>マニュアル(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>マニュアル</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>章</translation>
+    </message>
 </context>
 </TS>

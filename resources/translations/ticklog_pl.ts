@@ -1659,5 +1659,17 @@
         <source>Until Tomorrow</source>
         <translation>Do jutra</translation>
     </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>&amp;Podręcznik</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Podręcznik</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>Rozdziały</translation>
+    </message>
 </context>
 </TS>

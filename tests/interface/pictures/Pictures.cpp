@@ -22,6 +22,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QLocale>
 #include <QMenu>
 #include <QStyleFactory>
@@ -212,6 +213,8 @@ void drawHistory(const QDir& folder) {
             at = at.addSecs(length);
         }
     }
+    // The end of a working day.
+    desk.seconds(8 * 3600 + 20 * 60);
     desk.showHistory();
     desk.outline().expand(desk.outline().model()->index(0, 0));
     grab(desk.controller.window(), folder, "history-day");
@@ -228,6 +231,11 @@ void drawHistory(const QDir& folder) {
     grab(desk.controller.window(), folder, "history-month");
     desk.command(desk.historyActions().forKind(CalendarRange::Kind::Year));
     grab(desk.controller.window(), folder, "history-year");
+    desk.command(desk.actions().showManual);
+    auto& manual = *desk.controller.window().findChild<QDialog*>(QStringLiteral("manualWindow"));
+    manual.findChild<QListWidget*>()->setCurrentRow(3);
+    grab(manual, folder, "manual");
+    manual.close();
     desk.view.showRange(desk.view.range().next());
     desk.settle();
     grab(desk.controller.window(), folder, "history-empty");
