@@ -22,6 +22,7 @@ bool ProjectPatterns::lookAtTitles() const {
 }
 
 bool ProjectPatterns::fit(const QString& program, const QString& title) const {
-    return std::ranges::any_of(m_patterns,
-                               [&](const TitlePattern& pattern) { return pattern.fits(program, title); });
+    return std::ranges::any_of(m_patterns, [&](const TitlePattern& pattern) {
+        return pattern.fit(program, title) == TitlePattern::Fit::Yes;
+    });
 }

@@ -16,10 +16,16 @@ QString TitlePattern::fault() const {
     return m_title && !m_title->isValid() ? m_title->errorString() : QString();
 }
 
-bool TitlePattern::fits(const QString& program, const QString& title) const {
-    return (m_program.isEmpty() || program.contains(m_program, Qt::CaseInsensitive)) && fitsTitle(title);
+TitlePattern::Fit TitlePattern::fit(const QString& program, const QString& title) const {
+    return m_program.isEmpty() || program.contains(m_program, Qt::CaseInsensitive) ? fitOfTitle(title)
+                                                                                   : Fit::No;
 }
 
-bool TitlePattern::fitsTitle(const QString& title) const {
-    return !looksAtTitle() || m_title->match(title).hasMatch();
+TitlePattern::Fit TitlePattern::fitOfTitle(const QString& title) const {
+    if (!looksAtTitle())
+        return Fit::Yes;
+    const QRegularExpressionMatch match = m_title->match(title);
+    if (match.hasMatch())
+        return Fit::Yes;
+    return match.isValid() ? Fit::No : Fit::Unknown;
 }

@@ -17,6 +17,9 @@ inline const QString kTitleRuleIsExpression = QStringLiteral("Expression");
 // What a title is found by: its program and what it says.
 class TitlePattern {
 public:
+    // "Unknown": an expression for which this title takes so long that matching was given up.
+    enum class Fit : unsigned char { No, Unknown, Yes };
+
     explicit TitlePattern(const PropertyListDictionary& record);
 
     // In the words of who reads expressions; empty for an expression that is right. One that is wrong fits every title.
@@ -25,9 +28,9 @@ public:
     bool looksAtTitle() const { return m_title && m_title->isValid(); }
     // Whether nothing is asked for.
     bool fitsAll() const { return m_program.isEmpty() && !m_title; }
-    bool fits(const QString& program, const QString& title) const;
+    Fit fit(const QString& program, const QString& title) const;
     // Whatever the program.
-    bool fitsTitle(const QString& title) const;
+    Fit fitOfTitle(const QString& title) const;
 
 private:
     QString m_program;

@@ -58,19 +58,26 @@ TitleRules::Rule TitleRules::ruleOf(const PropertyListDictionary& record, std::s
     return rule;
 }
 
-const TitleRules::Rule* TitleRules::ruleFor(const QString& program, const QString& title) const {
-    const auto rule =
-        std::ranges::find_if(m_rules, [&](const Rule& each) { return each.pattern.fits(program, title); });
-    return rule == m_rules.end() ? nullptr : &*rule;
+std::optional<TitleRules::Decision> TitleRules::decisionOn(const QString& program,
+                                                           const QString& title) const {
+    for (const Rule& rule : m_rules) {
+        const TitlePattern::Fit fit = rule.pattern.fit(program, title);
+        // The title may be one that a later rule hides.
+        if (fit == TitlePattern::Fit::Unknown && rule.effect == Effect::Keep)
+            return Decision{rule, Effect::LeaveOut};
+        if (fit != TitlePattern::Fit::No)
+            return Decision{rule, rule.effect};
+    }
+    return std::nullopt;
 }
 
 std::optional<QString> TitleRules::allowed(const QString& program, const QString& title) const {
-    const Rule* rule = ruleFor(program, title);
-    switch (rule ? rule->effect : Effect::Keep) {
+    const auto decision = decisionOn(program, title);
+    switch (decision ? decision->effect : Effect::Keep) {
     case Effect::LeaveOut:
         return QString();
     case Effect::Replace:
-        return rule->replacement;
+        return decision->rule.replacement;
     case Effect::Private:
         return std::nullopt;
     case Effect::Keep:
@@ -80,12 +87,16 @@ std::optional<QString> TitleRules::allowed(const QString& program, const QString
 }
 
 std::optional<std::size_t> TitleRules::deciding(const QString& program, const QString& title) const {
-    const Rule* rule = ruleFor(program, title);
-    return rule ? std::optional(rule->place) : std::nullopt;
+    const auto decision = decisionOn(program, title);
+    return decision ? std::optional(decision->rule.place) : std::nullopt;
 }
 
 bool TitleRules::hidesSomewhere(const QString& title) const {
     return std::ranges::any_of(m_rules, [&](const Rule& rule) {
-        return rule.effect != Effect::Keep && rule.pattern.looksAtTitle() && rule.pattern.fitsTitle(title);
+        if (!rule.pattern.looksAtTitle())
+            return false;
+        const TitlePattern::Fit fit = rule.pattern.fitOfTitle(title);
+        return fit == TitlePattern::Fit::Unknown ||
+               (fit == TitlePattern::Fit::Yes && rule.effect != Effect::Keep);
     });
 }

@@ -38,7 +38,7 @@ public:
 
     // Reads the rules anew. If a record has the wrong type or an expression is invalid, that part is ignored
     // and the rule leaves out whatever the rest matches: a rule that is half understood must hide too much
-    // rather than too little.
+    // rather than too little. So must one whose expression cannot be decided for a title.
     void read(const PropertyListValue& rules);
     // Grows with each call of read().
     int reading() const { return m_reading; }
@@ -60,8 +60,13 @@ private:
         QString replacement;
     };
 
+    struct Decision {
+        const Rule& rule;
+        Effect effect;
+    };
+
     static Rule ruleOf(const PropertyListDictionary& record, std::size_t place);
-    const Rule* ruleFor(const QString& program, const QString& title) const;
+    std::optional<Decision> decisionOn(const QString& program, const QString& title) const;
 
     std::vector<Rule> m_rules;
     int m_reading = 0;

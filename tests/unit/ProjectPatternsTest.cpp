@@ -65,6 +65,12 @@ TEST(ProjectPatterns, ofAFileFromAnywhere_areBounded) {
         fits({pattern("", QByteArray(5000, 'a').constData())}, "Editor", QByteArray(5000, 'a').constData()));
 }
 
+TEST(ProjectPatterns, whatCannotBeDecided_belongsToNoProject) {
+    const QByteArray longest = QByteArray(40, 'x') + " diary";
+    EXPECT_FALSE(fits({pattern("", "(x+x+)+y|diary", true)}, "Editor", longest.constData()));
+    EXPECT_TRUE(fits({pattern("", "(x+x+)+y|diary", true)}, "Editor", "My diary"));
+}
+
 TEST(ProjectPatterns, areInTheRecordOnlyWhereThereAreAny) {
     ProjectRecord project;
     project.setLabel(QStringLiteral("Meier"));

@@ -62,6 +62,23 @@ TEST(TitleRules, whatIsHalfUnderstood_hidesTooMuchAndNotTooLittle) {
     EXPECT_EQ(allowed(rules, "Player", "Song"), "Song");
 }
 
+TEST(TitleRules, whatCannotBeDecided_isHidden) {
+    const std::string longest = std::string(40, 'x') + " diary";
+    TitleRules rules;
+    for (const auto& [effect, becomes] :
+         {std::pair("leave out", ""), std::pair("keep", ""), std::pair("replace", "Letters"),
+          std::pair("private", "nobody's")}) {
+        PropertyListDictionary slow = rule("Editor", "(x+x+)+y|diary", effect);
+        slow.insert(kTitleRuleIsExpression, true);
+        slow.insert(kTitleRuleReplacement, QStringLiteral("Letters"));
+        rules.read(PropertyListArray{slow});
+        EXPECT_EQ(allowed(rules, "Editor", longest.c_str()), becomes) << effect;
+        EXPECT_EQ(allowed(rules, "Editor", "a.txt"), "a.txt") << effect;
+        EXPECT_EQ(allowed(rules, "Mail", longest.c_str()), longest) << effect;
+        EXPECT_TRUE(rules.hidesSomewhere(QString::fromStdString(longest))) << effect;
+    }
+}
+
 TEST(TitleRules, noneAndThoseAsleep_keepEverything) {
     TitleRules rules;
     rules.read(PropertyListArray{});
