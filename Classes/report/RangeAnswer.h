@@ -18,7 +18,8 @@ struct RangeAnswer {
         qint64 length = 0;
         std::vector<Entry> parts{};
     };
-    // One stretch, for the picture of a day, of whatever presence. In order of time, and never overlapping.
+    // One stretch, for the picture of a day, of whatever presence: neighbours differ in something. In order of time,
+    // and never overlapping.
     struct Piece {
         // Milliseconds since 1970, UTC.
         qint64 start = 0;

@@ -92,8 +92,6 @@ std::vector<RangeAnswer::Piece> piecesOf(const std::vector<ReportLine>& lines) {
         for (const QJsonValue& project : line.cells[4].toArray())
             pieces.back().projects << project.toString();
     }
-    // Rows that were not written yet come last.
-    std::ranges::stable_sort(pieces, std::ranges::less(), &RangeAnswer::Piece::start);
     return pieces;
 }
 

@@ -160,11 +160,34 @@ const Report::Belonging& Report::belonging(const RecordedStretch& stretch) {
 }
 
 void Report::addAlone(const RecordedStretch& stretch) {
-    m_alone.push_back({{isoTime(stretch.start, stretch.offset), isoTime(stretch.end(), stretch.offset),
-                        m_texts[program(stretch.program).name], m_texts[title(stretch.title).text],
-                        QJsonArray::fromStringList(belonging(stretch).names), wordFor(stretch.presence)},
-                       stretch.length,
-                       stretch.start});
+    m_alone.push_back({stretch.start, stretch.length, stretch.offset, stretch.presence,
+                       program(stretch.program).name, title(stretch.title).text, belonging(stretch).names});
+}
+
+bool Report::Alone::goesOnIn(const Alone& next) const {
+    return end() == next.start && offset == next.offset && presence == next.presence &&
+           program == next.program && title == next.title && projects == next.projects;
+}
+
+// In order of time.
+std::vector<Report::Alone> Report::joined() const {
+    std::vector<Alone> stretches = m_alone;
+    std::ranges::stable_sort(stretches, std::ranges::less(), &Alone::start);
+    std::vector<Alone> whole;
+    for (const Alone& stretch : stretches)
+        if (!whole.empty() && whole.back().goesOnIn(stretch))
+            whole.back().length += stretch.length;
+        else
+            whole.push_back(stretch);
+    return whole;
+}
+
+ReportLine Report::lineOf(const Alone& stretch) const {
+    return {{isoTime(stretch.start, stretch.offset), isoTime(stretch.end(), stretch.offset),
+             m_texts[stretch.program], m_texts[stretch.title], QJsonArray::fromStringList(stretch.projects),
+             wordFor(stretch.presence)},
+            stretch.length,
+            stretch.start};
 }
 
 void Report::addPieces(const RecordedStretch& stretch) {
@@ -254,8 +277,12 @@ QStringList Report::heads() const {
 }
 
 std::vector<ReportLine> Report::lines() const {
-    if (m_request.keys.front() == ReportKey::Stretch)
-        return m_alone;
+    std::vector<ReportLine> lines;
+    if (m_request.keys.front() == ReportKey::Stretch) {
+        for (const Alone& stretch : joined())
+            lines.push_back(lineOf(stretch));
+        return lines;
+    }
     struct Sum {
         Codes codes;
         std::vector<qint64> times;
@@ -281,7 +308,6 @@ std::vector<ReportLine> Report::lines() const {
             a.line.cells, b.line.cells,
             [](const QJsonValue& x, const QJsonValue& y) { return x.toString() < y.toString(); });
     });
-    std::vector<ReportLine> lines;
     lines.reserve(sums.size());
     for (Sum& sum : sums)
         lines.push_back(std::move(sum.line));

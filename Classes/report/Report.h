@@ -18,7 +18,8 @@ struct ReportLine {
     qint64 start = 0;
 };
 
-// Computes what was asked for, from stretches given one after the other in order of time.
+// Computes what was asked for, from stretches. Stretches by themselves are joined again where only the recorder has
+// divided them.
 class Report {
 public:
     // Both outlive it.
@@ -82,6 +83,20 @@ private:
         std::vector<qint64> projects;
     };
 
+    // A stretch by itself, as it is told.
+    struct Alone {
+        qint64 end() const { return start + length; }
+        bool goesOnIn(const Alone& next) const;
+
+        qint64 start;
+        qint64 length;
+        int offset;
+        RecordedStretch::Presence presence;
+        qint64 program;
+        qint64 title;
+        QStringList projects;
+    };
+
     const Program& program(qint64 number);
     const Title& title(qint64 number);
     const Belonging& belonging(const RecordedStretch& stretch);
@@ -89,6 +104,8 @@ private:
     bool isWanted(const RecordedStretch& stretch);
     bool isFound(const QString& text) const;
     void addAlone(const RecordedStretch& stretch);
+    std::vector<Alone> joined() const;
+    ReportLine lineOf(const Alone& stretch) const;
     void addPieces(const RecordedStretch& stretch);
     void addSums(const RecordedStretch& piece);
     void addSum(const RecordedStretch& piece, std::size_t key, Codes& codes);
@@ -108,5 +125,5 @@ private:
     // By timer and, where they count, program and title.
     QHash<Codes, Belonging> m_belongings;
     QHash<Codes, qint64> m_sums;
-    std::vector<ReportLine> m_alone;
+    std::vector<Alone> m_alone;
 };

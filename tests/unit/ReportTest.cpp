@@ -163,6 +163,33 @@ TEST_F(ReportTest, stretches_areToldOneByOneWithTheTimeOfTheirPlace) {
               "\"title\":\"Inbox\"}\n]\n");
 }
 
+TEST_F(ReportTest, neighboursThatDifferInNothing_areOneStretch) {
+    const std::string heads = "start,end,app,title,project,presence,seconds|";
+    const auto stretches = [&] {
+        const std::string text = csv(QStringLiteral("--by stretch"));
+        return text.starts_with(heads) ? text.substr(heads.size()) : "no heads";
+    };
+    add("11:00:00", 1800, "Mail", "Inbox");
+    add("09:50:00", 600, "Mail", "Inbox");
+    add("10:00:00", 3600, "Mail", "Inbox");
+    EXPECT_EQ(stretches(),
+              "2026-11-20T09:50:00.000+00:00,2026-11-20T11:30:00.000+00:00,Mail,Inbox,,work,6000|");
+    const QByteArray calendar = QByteArray::fromStdString(report({QStringLiteral("--format=ics")}));
+    EXPECT_EQ(calendar.count("BEGIN:VEVENT"), 1);
+    EXPECT_TRUE(calendar.contains("DTSTART:20261120T095000Z\r\nDTEND:20261120T113000Z\r\n"));
+    const auto count = [&] { return std::ranges::count(stretches(), '|'); };
+    add("11:30:00.001", 60, "Mail", "Inbox");
+    EXPECT_EQ(count(), 2) << "a gap, however short";
+    add("12:00:00", 60, "Editor", "a.txt");
+    add("12:01:00", 60, "Editor", "b.txt");
+    EXPECT_EQ(count(), 4) << "another title";
+    add("12:02:00", 60, "Editor", "b.txt", RecordedStretch::Presence::ByHand);
+    EXPECT_EQ(count(), 5) << "booked by hand";
+    m_offset = 60;
+    add("12:03:00", 60, "Editor", "b.txt", RecordedStretch::Presence::ByHand);
+    EXPECT_EQ(count(), 6) << "in another time zone";
+}
+
 TEST_F(ReportTest, aTable_isForPeople) {
     add("09:00:00", 3725, "Mail", "Inbox");
     add("11:00:00", 60, "Text editor", "a.txt");
