@@ -171,6 +171,7 @@ std::string offered(const QStringList& words) {
     bash.start(QStringLiteral("bash"),
                QStringList{QStringLiteral("-c"),
                            QStringLiteral(". '" TICKLOG_SOURCE_DIR "/resources/completions/ticklog-report'\n"
+                                          "compopt() { echo -n \"bash's own: $*\"; }\n"
                                           "COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _ticklog_report\n"
                                           "echo -n \"${COMPREPLY[*]}\""),
                            QStringLiteral("bash"), QStringLiteral("ticklog-report")} +
@@ -187,6 +188,25 @@ TEST(Packaging, theValueOfAnOption_isCompletedAlsoBehindAnEqualsSign) {
     EXPECT_EQ(offered({format, sign, QString()}), "table csv json ics");
     EXPECT_EQ(offered({format, sign, QStringLiteral("c")}), "csv");
     EXPECT_EQ(offered({QStringLiteral("--fo")}), "--format");
+}
+
+TEST(Packaging, theNameOfAFile_isCompletedAndQuotedByBash) {
+    for (const QStringList& words :
+         {QStringList{u"--history"_s, u"His"_s}, {u"--history"_s, u"="_s, u"His"_s}})
+        EXPECT_EQ(offered(words), "bash's own: -o default");
+}
+
+TEST(Packaging, zshCompletesAValueAlsoBehindAnEqualsSign) {
+    const QString completion = contentOf(u"completions/_ticklog-report"_s);
+    // "--by=[what it is]:what follows:" takes its value from the next word or from the same; without the sign only
+    // from the next.
+    static const QRegularExpression taking(u"--([a-z]+)(=?)\\[[^]]*\\]:"_s);
+    int options = 0;
+    for (const QRegularExpressionMatch& option : taking.globalMatch(completion)) {
+        ++options;
+        EXPECT_EQ(option.captured(2), u"="_s) << qPrintable(option.captured(1));
+    }
+    EXPECT_EQ(options, 8);
 }
 
 } // namespace
