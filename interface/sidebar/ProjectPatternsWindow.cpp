@@ -11,12 +11,23 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QStandardItemModel>
-#include <QTreeView>
+#include <QTableView>
 
 namespace {
 
 constexpr QSize kSize(520, 340);
 enum Column { Program, Title, Expression };
+
+// The tab key goes from cell to cell, and out at both ends, so that nobody is caught in it.
+class CellTable : public QTableView {
+protected:
+    bool focusNextPrevChild(bool next) override {
+        const QModelIndex end =
+            next ? model()->index(model()->rowCount() - 1, model()->columnCount() - 1) : model()->index(0, 0);
+        return currentIndex() == end ? QWidget::focusNextPrevChild(next)
+                                     : QTableView::focusNextPrevChild(next);
+    }
+};
 
 QString textAt(const QStandardItemModel& rows, int row, int column) {
     return cleanText(rows.item(row, column)->text()).trimmed();
@@ -27,7 +38,7 @@ QString textAt(const QStandardItemModel& rows, int row, int column) {
 ProjectPatternsWindow::ProjectPatternsWindow(QWidget* parent)
     : QDialog(parent, Qt::Sheet)
     , m_rows(new QStandardItemModel(this))
-    , m_table(new QTreeView)
+    , m_table(new CellTable)
     , m_project(new PlainLabel)
     , m_fault(new PlainLabel)
     , m_remove(new QPushButton(localized("&Remove"))) {
@@ -50,14 +61,17 @@ void ProjectPatternsWindow::addControls() {
     m_table->setObjectName(QStringLiteral("patternTable"));
     m_table->setAccessibleName(localized("Patterns"));
     m_table->setModel(m_rows);
-    m_table->setRootIsDecorated(false);
-    m_table->setUniformRowHeights(true);
     m_table->setAlternatingRowColors(true);
+    m_table->setShowGrid(false);
+    m_table->setWordWrap(false);
+    m_table->verticalHeader()->hide();
     m_table->setEditTriggers(QAbstractItemView::AllEditTriggers);
     m_table->setTabKeyNavigation(true);
-    m_table->header()->setStretchLastSection(false);
-    m_table->header()->setSectionResizeMode(QHeaderView::Stretch);
-    m_table->header()->setSectionResizeMode(Expression, QHeaderView::ResizeToContents);
+    QHeaderView& header = *m_table->horizontalHeader();
+    header.setHighlightSections(false);
+    header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header.setSectionResizeMode(QHeaderView::Stretch);
+    header.setSectionResizeMode(Expression, QHeaderView::ResizeToContents);
     m_project->setObjectName(QStringLiteral("patternProject"));
     m_project->setWordWrap(true);
     m_fault->setObjectName(QStringLiteral("patternFault"));

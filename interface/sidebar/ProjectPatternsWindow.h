@@ -10,7 +10,7 @@
 class QLabel;
 class QPushButton;
 class QStandardItemModel;
-class QTreeView;
+class QTableView;
 
 // Edits the patterns by which a project recognises its time in the history: one row for each, edited in
 // place. An invalid regular expression is reported and cannot be saved.
@@ -36,7 +36,7 @@ private:
 
     Saved m_saved;
     QStandardItemModel* m_rows;
-    QTreeView* m_table;
+    QTableView* m_table;
     QLabel* m_project;
     QLabel* m_fault;
     QPushButton* m_remove;

@@ -4,11 +4,12 @@
 #include "Classes/rules/TitlePattern.h"
 #include "tests/interface/Desk.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QStandardItemModel>
+#include <QTableView>
 #include <QTest>
-#include <QTreeView>
 
 #include <gtest/gtest.h>
 
@@ -33,7 +34,7 @@ struct ProjectPatternsWindowTest : testing::Test, Desk {
         return found ? *found : throw std::invalid_argument(name);
     }
 
-    QAbstractItemModel& rows() { return *part<QTreeView>("patternTable").model(); }
+    QAbstractItemModel& rows() { return *part<QTableView>("patternTable").model(); }
 
     void write(int row, int column, const char* text) {
         rows().setData(rows().index(row, column), QString::fromUtf8(text));
@@ -73,7 +74,7 @@ TEST_F(ProjectPatternsWindowTest, whatIsSaved_isTheProjects_andCanBeUndone) {
     command(actions().editPatterns);
     EXPECT_EQ(rows().rowCount(), 2);
     EXPECT_EQ(rows().index(1, 1).data().toString(), u"meier|huber"_s);
-    part<QTreeView>("patternTable").setCurrentIndex(rows().index(0, 0));
+    part<QTableView>("patternTable").setCurrentIndex(rows().index(0, 0));
     part<QPushButton>("removePattern").click();
     QTest::keyClick(&window(), Qt::Key_Escape);
     EXPECT_EQ(patterns().size(), 2U) << "not saved";
@@ -88,6 +89,37 @@ TEST_F(ProjectPatternsWindowTest, aWrongExpression_isSaidAndCannotBeSaved) {
     EXPECT_TRUE(part<QLabel>("patternFault").text().startsWith(u"This expression cannot be read"_s));
     write(0, 1, "(a)");
     EXPECT_TRUE(part<QPushButton>("savePatterns").isEnabled());
+}
+
+TEST_F(ProjectPatternsWindowTest, withKeysAlone_allOfARowIsFilledIn) {
+    command(actions().editPatterns);
+    const auto type = [](const QByteArray& text) {
+        for (const char each : text)
+            QTest::keyClick(QApplication::focusWidget(), each);
+    };
+    const auto press = [](Qt::Key key, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, with);
+    };
+    type("Editor");
+    press(Qt::Key_Tab);
+    type("a+");
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+    press(Qt::Key_Left);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(part<QTableView>("patternTable").currentIndex(), rows().index(0, 1));
+    press(Qt::Key_Right);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &part<QPushButton>("addPattern")) << "the way out";
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(part<QTableView>("patternTable").hasFocus());
+    part<QPushButton>("savePatterns").click();
+    settle();
+    ASSERT_EQ(patterns().size(), 1U);
+    const PropertyListDictionary& written = *patterns()[0].asDictionary();
+    EXPECT_EQ(written.value(kTitleRuleProgram).toString().toStdString(), "Editor");
+    EXPECT_EQ(written.value(kTitleRuleTitle).toString().toStdString(), "a+");
+    EXPECT_TRUE(written.value(kTitleRuleIsExpression).toBool());
 }
 
 } // namespace
