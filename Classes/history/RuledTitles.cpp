@@ -7,11 +7,15 @@
 
 namespace {
 
-// Idle time has no title, so no rule matches it.
+// Idle time has no title, so no rule matches it. Deleted rows can come back, and are in the file until then.
 constexpr const char* kTitlesSince =
     "SELECT programs.name, titles.text, time FROM (SELECT program, title, sum(length) AS time FROM days "
-    "WHERE day >= ? AND presence <> 1 GROUP BY program, title) AS sums "
+    "WHERE day >= ? AND presence <> 1 AND (? OR timer NOT IN (SELECT id FROM timers WHERE deleted)) GROUP BY "
+    "program, title) AS sums "
     "JOIN programs ON programs.id = sums.program JOIN titles ON titles.id = sums.title ORDER BY time DESC";
+
+constexpr std::int64_t kWithoutDeleted = 0;
+constexpr std::int64_t kWithDeleted = 1;
 
 void add(RuledTitles& to, const HistorySum& sum) {
     ++to.titles;
@@ -35,7 +39,7 @@ std::vector<RuledTitles> RuledTitles::metBy(SqliteDatabase& history, const Prope
                                             QDate first) {
     const TitleRules rules{PropertyListValue(list)};
     std::vector<RuledTitles> met(list.size());
-    for (SqliteQuery row(history, kTitlesSince, historyDay(first)); row.next();) {
+    for (SqliteQuery row(history, kTitlesSince, historyDay(first), kWithoutDeleted); row.next();) {
         const HistorySum sum{row.text(0), row.text(1), row.integer(2)};
         if (const auto place = rules.deciding(sum.program, sum.title))
             add(met[*place], sum);
@@ -47,7 +51,7 @@ RuledPast RuledPast::of(SqliteDatabase& history, const PropertyListArray& list) 
     RuledPast ruled{{}, PastTitles(PropertyListValue(list))};
     const TitleRules& rules = ruled.past.rules();
     std::vector<std::pair<QString, QString>> kept;
-    for (SqliteQuery row(history, kTitlesSince, std::int64_t(0)); row.next();) {
+    for (SqliteQuery row(history, kTitlesSince, std::int64_t(0), kWithDeleted); row.next();) {
         const HistorySum sum{row.text(0), row.text(1), row.integer(2)};
         const auto allowed = recordedTitleUnder(rules, sum.program, sum.title);
         const auto document = TimeActivator::getDocStringNameForName(sum.title);

@@ -16,7 +16,7 @@ struct RuledTitles {
     std::vector<HistorySum> longest;
 
     // For each rule, by its position in the list: the titles that it decides about, from the day `first` on.
-    // What a rule already hides is in no history, so it is not among them.
+    // What a rule already hides is in no history, so it is not among them; nor are deleted rows.
     static std::vector<RuledTitles> metBy(SqliteDatabase& history, const PropertyListArray& rules,
                                           QDate first);
 };

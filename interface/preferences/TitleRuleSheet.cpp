@@ -29,6 +29,11 @@ QLineEdit* field(const char* name) {
     return edit;
 }
 
+// Blanks around a text come from copying, and with them nothing would match.
+QString textIn(const QLineEdit& edit) {
+    return cleanText(edit.text()).trimmed();
+}
+
 } // namespace
 
 TitleRuleSheet::TitleRuleSheet(std::function<void(const PropertyListDictionary&)> saved, QWidget* parent)
@@ -62,15 +67,16 @@ TitleRuleSheet::TitleRuleSheet(std::function<void(const PropertyListDictionary&)
 void TitleRuleSheet::addControls() {
     m_program->setPlaceholderText(localized("Any"));
     m_title->setPlaceholderText(localized("Any"));
-    auto* title = new QHBoxLayout;
-    title->addWidget(m_match);
-    title->addWidget(m_title, 1);
+    // One below the other, for the expressions are long.
+    auto* title = new QVBoxLayout;
+    title->addWidget(m_match, 0, Qt::AlignLeft);
+    title->addWidget(m_title);
+    title->addWidget(m_fault);
     auto* form = new QFormLayout;
     form->addRow(localized("&Program contains:"), m_program);
     auto* titleLabel = new PlainLabel(localized("&Title:"));
     titleLabel->setBuddy(m_title);
     form->addRow(titleLabel, title);
-    form->addRow(QString(), m_fault);
     form->addRow(localized("&Effect:"), m_effect);
     form->addRow(localized("&New text:"), m_replacement);
     m_title->setAccessibleName(localized("Title"));
@@ -100,6 +106,7 @@ void TitleRuleSheet::openFor(const PropertyListDictionary& rule) {
     choiceChanged();
     m_program->setFocus();
     open();
+    makeRoom();
 }
 
 PropertyListDictionary TitleRuleSheet::rule() const {
@@ -109,12 +116,12 @@ PropertyListDictionary TitleRuleSheet::rule() const {
         if (!text.isEmpty())
             rule.insert(key, text);
     };
-    set(kTitleRuleProgram, m_program->text());
-    set(kTitleRuleTitle, m_title->text());
+    set(kTitleRuleProgram, textIn(*m_program));
+    set(kTitleRuleTitle, textIn(*m_title));
     rule.insert(kTitleRuleIsExpression, m_match->currentIndex() == 1);
     rule.insert(kTitleRuleEffect, m_effect->currentData().toString());
     set(kTitleRuleReplacement,
-        TitleRules::effectOf(rule) == TitleRules::Effect::Replace ? m_replacement->text() : QString());
+        TitleRules::effectOf(rule) == TitleRules::Effect::Replace ? textIn(*m_replacement) : QString());
     return rule;
 }
 
@@ -125,6 +132,14 @@ void TitleRuleSheet::choiceChanged() {
         fault.isEmpty()
             ? QString()
             : localized("This expression cannot be read: %@").replace(QLatin1String("%@"), fault));
+    m_fault->setVisible(!fault.isEmpty());
     m_save->setEnabled(fault.isEmpty());
     m_replacement->setEnabled(TitleRules::effectOf(now) == TitleRules::Effect::Replace);
+    if (isVisible())
+        makeRoom();
+}
+
+// A window does not grow by itself when a text in it takes a second line.
+void TitleRuleSheet::makeRoom() {
+    m_fault->setMinimumHeight(m_fault->heightForWidth(m_title->width()));
 }

@@ -25,6 +25,7 @@ public:
 private:
     void addControls();
     void choiceChanged();
+    void makeRoom();
 
     std::function<void(const PropertyListDictionary&)> m_saved;
     PropertyListDictionary m_rule;

@@ -2,6 +2,7 @@
 #include "interface/preferences/TitlesTab.h"
 
 #include "Classes/history/History.h"
+#include "Classes/report/Moment.h"
 #include "interface/preferences/SettingsBinding.h"
 #include "interface/preferences/SumsTable.h"
 #include "interface/shell/Alerts.h"
@@ -125,6 +126,10 @@ bool TitlesTab::eventFilter(QObject*, QEvent* event) {
     case Qt::Key_Delete:
         remove();
         return true;
+    // Of whole rows it does not matter which cell was clicked.
+    case Qt::Key_Space:
+        toggle();
+        return true;
     default:
         return false;
     }
@@ -137,7 +142,7 @@ int TitlesTab::selectedRow() const {
 
 void TitlesTab::select(int row) {
     if (row >= 0 && row < m_rules.rowCount())
-        m_table->setCurrentIndex(m_rules.index(row, TitleRulesTable::Title));
+        m_table->setCurrentIndex(m_rules.index(row, TitleRulesTable::Active));
 }
 
 void TitlesTab::updateButtons() {
@@ -178,6 +183,12 @@ void TitlesTab::remove() {
     select(std::min(row, m_rules.rowCount() - 1));
 }
 
+void TitlesTab::toggle() {
+    const QModelIndex active = m_rules.index(selectedRow(), TitleRulesTable::Active);
+    const bool isActive = active.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    m_rules.setData(active, isActive ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
 void TitlesTab::move(int by) {
     const int row = selectedRow();
     if (row < 0 || row + by < 0 || row + by >= m_rules.rowCount())
@@ -204,8 +215,7 @@ void TitlesTab::reload() {
                                             : localized("No history is kept."));
         return m_rules.showMet({});
     }
-    const QDate today =
-        localTime(m_services.clock.now()).addSecs(-3600 * m_services.history->dayBegins()).date();
+    const QDate today = dayOf(localTime(m_services.clock.now()), m_services.history->dayBegins());
     m_reader->ask<std::vector<RuledTitles>>(
         [rules = m_rules.rules(), first = today.addDays(1 - kDays)](SqliteDatabase& history) {
             return RuledTitles::metBy(history, rules, first);

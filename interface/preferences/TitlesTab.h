@@ -50,6 +50,8 @@ public:
     // After asking the user.
     void remove();
     void move(int by);
+    // Switches the selected rule on or off.
+    void toggle();
     // Shows the titles that the selected rule matches.
     void showMet();
     // After a question that says what it will change.

@@ -116,6 +116,21 @@ TEST_F(TitlesTabTest, aRuleThatIsSwitchedOff_isAsleep) {
     EXPECT_EQ(HistoryDiary::sums(history.path()), "Editor [Dear diary] 10");
 }
 
+TEST_F(TitlesTabTest, theSpaceKey_switchesTheSelectedRule_whereverItWasMovedOrClicked) {
+    addRule("", "diary", "Leave the title out");
+    press("moveTitleRuleUp");
+    const auto pressSpace = [this] {
+        QTest::keyClick(&tab().table(), Qt::Key_Space);
+        settle();
+        return rules().index(0, 0).data(Qt::CheckStateRole).toInt();
+    };
+    EXPECT_EQ(tab().table().currentIndex(), rules().index(0, 0)) << "its text is that of the whole row";
+    EXPECT_EQ(pressSpace(), Qt::Unchecked);
+    tab().table().setCurrentIndex(rules().index(0, 2));
+    EXPECT_EQ(pressSpace(), Qt::Checked);
+    EXPECT_EQ(rules().index(1, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+}
+
 TEST_F(TitlesTabTest, aWrongExpression_isSaidAndCannotBeSaved) {
     press("addTitleRule");
     fillIn("", "(", "Leave the title out");
@@ -127,6 +142,30 @@ TEST_F(TitlesTabTest, aWrongExpression_isSaidAndCannotBeSaved) {
     EXPECT_TRUE(field<QPushButton>("saveTitleRule").isEnabled());
     field<QPushButton>("saveTitleRule").click();
     EXPECT_EQ(cell(1, 2), u"/(a|b)/"_s);
+}
+
+TEST_F(TitlesTabTest, aLongFault_isShownWhole) {
+    press("addTitleRule");
+    fillIn("", "[[:abcdefghijklmnopqrstuvwxyz:]]", "Leave the title out");
+    field<QComboBox>("titleRuleMatch").setCurrentIndex(1);
+    settle();
+    auto& fault = field<QLabel>("titleRuleFault");
+    field<QLineEdit>("titleRuleTitle").setText(u"(?<name>a)(?<name>b)"_s);
+    settle();
+    EXPECT_GE(fault.height(), fault.heightForWidth(fault.width()));
+    EXPECT_GT(fault.height(), 2 * fault.fontMetrics().height() - 4) << "two lines";
+    EXPECT_EQ(field<QLineEdit>("titleRuleTitle").width(), field<QLineEdit>("titleRuleProgram").width());
+}
+
+TEST_F(TitlesTabTest, blanksAroundTheTextsOfARule_areNotMeant) {
+    press("addTitleRule");
+    fillIn(" Browser ", "  doctor ", "Replace the title");
+    field<QLineEdit>("titleRuleReplacement").setText(u" Health "_s);
+    field<QPushButton>("saveTitleRule").click();
+    EXPECT_EQ(list().last(), u"Browser | doctor | Replace the title: Health"_s);
+    press("addTitleRule");
+    fillIn("", "   ", "Leave the title out");
+    EXPECT_EQ(tab().sheet().rule().value(kTitleRuleTitle).toString(), QString());
 }
 
 TEST_F(TitlesTabTest, whatTheLastDaysHaveOfARule_isShown) {
@@ -141,6 +180,24 @@ TEST_F(TitlesTabTest, whatTheLastDaysHaveOfARule_isShown) {
     tab().metWindow()->close();
     tab().select(0);
     EXPECT_FALSE(control<QPushButton>("showMetTitles").isEnabled());
+}
+
+TEST_F(TitlesTabTest, aDeletedRow_isNotShownToMatch_butRuledAllTheSame) {
+    show();
+    work("Browser", "Doctor Meier", 60);
+    work("Browser", "Doctor Huber", 30);
+    addRule("", "doctor", "Leave the title out");
+    table().expandAll();
+    select({row("Doctor Meier", row("Browser"))});
+    alerts.answer = Alerts::Alternate;
+    command(actions().deleteRows);
+    history.finish();
+    tab().reload();
+    settle();
+    EXPECT_EQ(cell(1, 4), u"1 · 00:00:30"_s);
+    press("applyTitleRules");
+    EXPECT_TRUE(alerts.last.informativeText.startsWith(u"Titles: 2 · Time spent: 00:01:30"_s))
+        << qPrintable(alerts.last.informativeText);
 }
 
 TEST_F(TitlesTabTest, heldOverThePast_whatTheyHideIsInNoFile_andCannotBeUndone) {
