@@ -231,9 +231,18 @@ void History::deleted(const TimerReferences& timers, bool isDeleted) {
         change(HistoryChange::Deleted{timers, isDeleted});
 }
 
-void History::forget(const HistoryChange::Forgotten& what) {
-    if (m_listening)
-        change(what);
+void History::forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told) {
+    if (!m_listening)
+        return;
+    if (told)
+        m_forgetting.push_back(std::move(told));
+    change(what);
+}
+
+void History::tellOfForgetting(bool isDone) {
+    const auto waiting = isDone ? std::exchange(m_forgetting, {}) : m_forgetting;
+    for (const auto& told : waiting)
+        told(isDone);
 }
 
 void History::holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden) {
@@ -304,9 +313,11 @@ void History::write() {
 // The message does not ask the disk for a reason: asking would hang, too.
 void History::noteWhetherHeldUp() {
     m_heldUp = m_writer.isWriting() || m_undecided ? m_heldUp + 1 : 0;
-    if (m_heldUp >= kHangs)
-        m_services.trouble.tell(Trouble::HistoryUnwritten,
-                                AccountTrouble::about(localized("“%@” cannot be saved."), m_path));
+    if (m_heldUp < kHangs)
+        return;
+    m_services.trouble.tell(Trouble::HistoryUnwritten,
+                            AccountTrouble::about(localized("“%@” cannot be saved."), m_path));
+    tellOfForgetting(false);
 }
 
 void History::told(const HistoryKeeper::Report& report) {
@@ -332,8 +343,11 @@ void History::told(const HistoryKeeper::Report& report) {
         m_nextWrite.reset();
         return;
     }
+    const bool isWritten = report.state == HistoryKeeper::State::Written;
+    if (const bool isGone = isWritten && !report.isToEmpty; !isGone || !m_writer.hasToForget())
+        tellOfForgetting(isGone);
     const bool isSaid = std::exchange(m_why, report.why) == report.why;
-    if (report.state == HistoryKeeper::State::Written) {
+    if (isWritten) {
         if (report.isStrange && m_listening)
             beginAnew();
         if (report.isToEmpty && !m_nextWrite)

@@ -54,8 +54,9 @@ public:
     std::unique_ptr<HistoryReader> reader() const;
 
     // Deletes all that matches, for good, in the file and in what waits to be written. Time that was owed to
-    // the store is deleted too, so the caller must save the store.
-    void forget(const HistoryChange::Forgotten& what);
+    // the store is deleted too, so the caller must save the store. `told` hears false whenever that could not be
+    // done yet, and in the end true, once: when nothing of it is in any file.
+    void forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told = {});
     // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they replace is
     // replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
@@ -93,6 +94,7 @@ private:
     void noteWhetherHeldUp();
     void newsHasCome();
     void told(const HistoryKeeper::Report& report);
+    void tellOfForgetting(bool isDone);
 
     Services m_services;
     BackgroundMove::Background m_background;
@@ -111,6 +113,8 @@ private:
     int m_heldUp = 0;
     // Why the last write failed; empty if it did not.
     QString m_why;
+    // Those who wait for something to be forgotten.
+    std::vector<std::function<void(bool)>> m_forgetting;
     std::unique_ptr<RunLoopTimer> m_nextWrite;
     Subscription m_settings;
 };

@@ -190,6 +190,14 @@ std::size_t HistoryWriter::waiting() const {
     return count;
 }
 
+bool HistoryWriter::hasToForget() const {
+    return std::ranges::any_of(m_waiting, [](const auto& batch) {
+        return std::ranges::any_of(batch->changes, [](const HistoryChange::Any& change) {
+            return std::holds_alternative<HistoryChange::Forgotten>(change);
+        });
+    });
+}
+
 std::map<std::uint64_t, HistoryRow> HistoryWriter::unwritten() const {
     std::map<std::uint64_t, HistoryRow> rows;
     for (const auto& batch : m_waiting)

@@ -43,6 +43,8 @@ public:
     bool isWriting() const { return m_flight != nullptr; }
     // How many rows wait.
     std::size_t waiting() const;
+    // Whether something that waits is to be forgotten.
+    bool hasToForget() const;
     // The rows that may not be in the file yet, by serial numbers.
     std::map<std::uint64_t, HistoryRow> unwritten() const;
 

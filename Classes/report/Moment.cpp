@@ -13,18 +13,6 @@ const QStringList kWeekdays{QStringLiteral("monday"),    QStringLiteral("tuesday
                             QStringLiteral("friday"),    QStringLiteral("saturday"),
                             QStringLiteral("sunday")};
 
-// When the clock on the wall shows this: the first time where it does so twice, and where it is set over it, the moment at
-// which it is set.
-QDateTime shownAs(QDate day, QTime time) {
-    const QDateTime moment = localTime(localInstant(day, time));
-    if (moment.date() == day && moment.time() == time)
-        return moment;
-    QDateTime set = localTime(localInstant(day, QTime(time.hour(), time.minute())));
-    while (set.addSecs(-60).offsetFromUtc() == set.offsetFromUtc())
-        set = set.addSecs(-60);
-    return set;
-}
-
 std::optional<QDateTime> beforeNow(const QString& text, const QDateTime& now) {
     static const QRegularExpression form(QStringLiteral("^-(\\d{1,6})([mhdw])$"));
     const QRegularExpressionMatch match = form.match(text);
@@ -44,6 +32,16 @@ std::optional<QDateTime> beforeNow(const QString& text, const QDateTime& now) {
 }
 
 } // namespace
+
+QDateTime shownAs(QDate day, QTime time) {
+    const QDateTime moment = localTime(localInstant(day, time));
+    if (moment.date() == day && moment.time() == time)
+        return moment;
+    QDateTime set = localTime(localInstant(day, QTime(time.hour(), time.minute())));
+    while (set.addSecs(-60).offsetFromUtc() == set.offsetFromUtc())
+        set = set.addSecs(-60);
+    return set;
+}
 
 QDateTime beginningOf(QDate day, int dayBegins) {
     return shownAs(day, QTime(dayBegins, 0));

@@ -11,6 +11,9 @@
 // moment at which it does. Absent for any other text.
 std::optional<QDateTime> momentOf(const QString& text, const QDateTime& now, int dayBegins);
 
+// When the clock on the wall shows this: the first time where it does so twice, and where it is set over it, the moment at
+// which it is set.
+QDateTime shownAs(QDate day, QTime time);
 // When this day begins, if days begin at this hour, even if the clock skips or repeats it.
 QDateTime beginningOf(QDate day, int dayBegins);
 // The day that a moment belongs to, if days begin at this hour.

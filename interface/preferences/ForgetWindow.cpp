@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/ForgetWindow.h"
 
-#include "Classes/engine/TimeTracker.h"
+#include "Classes/report/Moment.h"
 #include "interface/preferences/SumsTable.h"
 #include "interface/shell/Alerts.h"
 #include "interface/shell/PlainText.h"
@@ -13,6 +13,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTreeView>
@@ -37,6 +38,7 @@ ForgetWindow::ForgetWindow(std::unique_ptr<HistoryReader> reader, RunLoop& runLo
     , m_program(new QComboBox)
     , m_title(new QLineEdit)
     , m_when(new QComboBox)
+    , m_day(new QDateTimeEdit)
     , m_from(new QDateTimeEdit)
     , m_until(new PlainLabel(localized("until")))
     , m_to(new QDateTimeEdit)
@@ -51,6 +53,7 @@ ForgetWindow::ForgetWindow(std::unique_ptr<HistoryReader> reader, RunLoop& runLo
     for (QComboBox* box : {m_program, m_when})
         connect(box, &QComboBox::currentIndexChanged, this, &ForgetWindow::choiceChanged);
     connect(m_title, &QLineEdit::textChanged, this, &ForgetWindow::choiceChanged);
+    connect(m_day, &QDateTimeEdit::dateTimeChanged, this, &ForgetWindow::dayChanged);
     for (QDateTimeEdit* edit : {m_from, m_to})
         connect(edit, &QDateTimeEdit::dateTimeChanged, this, &ForgetWindow::choiceChanged);
     connect(m_button, &QPushButton::clicked, this, &ForgetWindow::ask);
@@ -64,6 +67,11 @@ void ForgetWindow::addControls() {
     m_title->setPlaceholderText(localized("Any title"));
     m_when->setObjectName(QStringLiteral("forgottenWhen"));
     m_when->addItems({localized("At any time"), localized("On the day"), localized("From")});
+    m_day->setObjectName(QStringLiteral("forgottenDay"));
+    m_day->setAccessibleName(localized("On the day"));
+    m_day->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+    for (QDateTimeEdit* edit : {m_from, m_to})
+        edit->setDisplayFormat(QLocale().dateTimeFormat(QLocale::ShortFormat));
     m_from->setObjectName(QStringLiteral("forgottenFrom"));
     m_from->setAccessibleName(localized("Begin"));
     m_to->setObjectName(QStringLiteral("forgottenTo"));
@@ -71,7 +79,7 @@ void ForgetWindow::addControls() {
     m_found->setObjectName(QStringLiteral("forgottenFound"));
     m_found->setWordWrap(true);
     auto* times = new QHBoxLayout;
-    for (QWidget* part : std::initializer_list<QWidget*>{m_when, m_from, m_until, m_to})
+    for (QWidget* part : std::initializer_list<QWidget*>{m_when, m_day, m_from, m_until, m_to})
         times->addWidget(part);
     times->addStretch(1);
     auto* form = new QFormLayout;
@@ -100,15 +108,15 @@ void ForgetWindow::openFor(const QDate& today, int dayBegins) {
     m_dayBegins = dayBegins;
     {
         const QSignalBlocker quiet[] = {QSignalBlocker(m_program), QSignalBlocker(m_title),
-                                        QSignalBlocker(m_when), QSignalBlocker(m_from), QSignalBlocker(m_to)};
+                                        QSignalBlocker(m_when), QSignalBlocker(m_day)};
         m_program->clear();
         m_program->addItem(localized("All programs"));
         m_title->clear();
         // "Today" rather than "all": nothing should be chosen to be lost for good by opening a window.
         m_when->setCurrentIndex(Day);
-        m_from->setDateTime(QDateTime(today, QTime(m_dayBegins, 0)));
-        m_to->setDateTime(QDateTime(today.addDays(1), QTime(m_dayBegins, 0)));
+        m_day->setDateTime(QDateTime(today, QTime(12, 0)));
     }
+    dayChanged();
     open();
     readPrograms();
 }
@@ -135,23 +143,29 @@ HistoryChange::Forgotten ForgetWindow::choice() const {
     if (!m_title->text().isEmpty())
         what.title = m_title->text();
     if (when() == Range) {
-        what.from = m_from->dateTime().toMSecsSinceEpoch();
-        what.to = m_to->dateTime().toMSecsSinceEpoch();
+        what.from = shownAs(m_from->date(), m_from->time()).toMSecsSinceEpoch();
+        what.to = shownAs(m_to->date(), m_to->time()).toMSecsSinceEpoch();
     } else if (when() == Day) {
-        const QTime begin(m_dayBegins, 0);
-        what.from = QDateTime(m_from->date(), begin).toMSecsSinceEpoch();
-        what.to = QDateTime(m_from->date().addDays(1), begin).toMSecsSinceEpoch();
+        what.from = beginningOf(m_day->date(), m_dayBegins).toMSecsSinceEpoch();
+        what.to = beginningOf(m_day->date().addDays(1), m_dayBegins).toMSecsSinceEpoch();
     }
     return what;
 }
 
+// A range begins as the day that was chosen before.
+void ForgetWindow::dayChanged() {
+    const QSignalBlocker quiet[] = {QSignalBlocker(m_from), QSignalBlocker(m_to)};
+    m_from->setDateTime(beginningOf(m_day->date(), m_dayBegins));
+    m_to->setDateTime(beginningOf(m_day->date().addDays(1), m_dayBegins));
+    choiceChanged();
+}
+
 void ForgetWindow::choiceChanged() {
-    const QString day = QLocale().dateFormat(QLocale::ShortFormat);
-    m_from->setDisplayFormat(when() == Range ? QLocale().dateTimeFormat(QLocale::ShortFormat) : day);
-    m_to->setDisplayFormat(QLocale().dateTimeFormat(QLocale::ShortFormat));
-    m_from->setVisible(when() != Always);
+    m_day->setVisible(when() == Day);
+    m_from->setVisible(when() == Range);
     m_until->setVisible(when() == Range);
     m_to->setVisible(when() == Range);
+    m_isForgetting = false;
     m_finding.reset();
     m_button->setEnabled(false);
     m_nextLook = m_runLoop.scheduleOnce(kWhileTyping, [this] { look(); });
@@ -191,9 +205,16 @@ void ForgetWindow::ask() {
          .otherButton = {}});
     if (answer != Alerts::Alternate)
         return;
-    m_forget(what);
+    m_isForgetting = true;
     m_finding.reset();
     m_button->setEnabled(false);
     SumsTable::show(*m_sums, {});
-    m_found->setText(localized("It is forgotten."));
+    m_found->setText(localized("It is being forgotten…"));
+    m_forget(what, [window = QPointer(this)](bool isDone) {
+        if (window && window->m_isForgetting)
+            window->m_found->setText(
+                isDone ? localized("It is forgotten.")
+                       : localized("It is not forgotten yet: the history cannot be saved now. Ticklog "
+                                   "tries again until it can."));
+    });
 }

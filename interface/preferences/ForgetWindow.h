@@ -19,7 +19,7 @@ class QStandardItemModel;
 class ForgetWindow : public QDialog {
     Q_OBJECT
 public:
-    using Forget = std::function<void(const HistoryChange::Forgotten&)>;
+    using Forget = std::function<void(const HistoryChange::Forgotten&, std::function<void(bool)> told)>;
 
     // Days begin at the hour `dayBegins`. The other arguments outlive the window, except `reader`, which it
     // owns.
@@ -36,6 +36,7 @@ private:
 
     void addControls();
     void readPrograms();
+    void dayChanged();
     void choiceChanged();
     void look();
     void show(const Result<HistoryFinding>& found);
@@ -50,6 +51,8 @@ private:
     QComboBox* m_program;
     QLineEdit* m_title;
     QComboBox* m_when;
+    // Shows a day and holds its noon: the clock may be set over any other hour.
+    QDateTimeEdit* m_day;
     QDateTimeEdit* m_from;
     QLabel* m_until;
     QDateTimeEdit* m_to;
@@ -59,4 +62,6 @@ private:
     std::unique_ptr<RunLoopTimer> m_nextLook;
     // What was last found and shown; absent while a search is under way.
     std::optional<HistoryFinding> m_finding;
+    // What is shown is what has become of the last forgetting.
+    bool m_isForgetting = false;
 };

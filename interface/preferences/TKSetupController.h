@@ -84,7 +84,7 @@ private:
     void holdOverPast(const PastTitles& past, const PropertyListArray& rules);
     HistoryTab::Actions historyActions();
     bool mayKeepFor(std::int64_t days);
-    void forget(const HistoryChange::Forgotten& what);
+    void forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told);
     void openSheet();
     void reloadTable();
     void showWeekdays();

@@ -2,6 +2,7 @@
 // The part of the preferences that concerns the history.
 #include "Classes/common/Settings.h"
 #include "Classes/history/History.h"
+#include "Classes/report/Moment.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/shell/Alerts.h"
@@ -40,14 +41,13 @@ void TKSetupController::forgetHistory() {
     if (!m_forgetWindow)
         m_forgetWindow = std::make_unique<ForgetWindow>(
             m_history->reader(), m_platform.runLoop, m_alerts,
-            [this](const HistoryChange::Forgotten& what) { forget(what); }, &m_prefWindow);
+            [this](const auto& what, auto told) { forget(what, std::move(told)); }, &m_prefWindow);
     const int dayBegins = m_history->dayBegins();
-    const QDate today = localTime(m_platform.clock.now()).addSecs(-3600 * dayBegins).date();
-    m_forgetWindow->openFor(today, dayBegins);
+    m_forgetWindow->openFor(dayOf(localTime(m_platform.clock.now()), dayBegins), dayBegins);
 }
 
-void TKSetupController::forget(const HistoryChange::Forgotten& what) {
-    m_history->forget(what);
+void TKSetupController::forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told) {
+    m_history->forget(what, std::move(told));
     // The history no longer knows what a crash would cost the timers: from now on their own file has it.
     m_tkController.saveSettingsToDisk();
 }

@@ -1128,8 +1128,16 @@
         <translation>Es wird sofort aus der Datei entfernt. Das lässt sich nicht widerrufen.</translation>
     </message>
     <message>
+        <source>It is being forgotten…</source>
+        <translation>Es wird vergessen…</translation>
+    </message>
+    <message>
         <source>It is forgotten.</source>
         <translation>Es ist vergessen.</translation>
+    </message>
+    <message>
+        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
+        <translation>Es ist noch nicht vergessen: Der Verlauf kann gerade nicht gesichert werden. Ticklog versucht es, bis es geht.</translation>
     </message>
     <message>
         <source>For ever</source>

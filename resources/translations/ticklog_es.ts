@@ -1128,8 +1128,16 @@
         <translation>Se quita del archivo en el acto. Esto no se puede deshacer.</translation>
     </message>
     <message>
+        <source>It is being forgotten…</source>
+        <translation>Se está olvidando…</translation>
+    </message>
+    <message>
         <source>It is forgotten.</source>
         <translation>Está olvidado.</translation>
+    </message>
+    <message>
+        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
+        <translation>Aún no está olvidado: ahora mismo no se puede guardar el historial. Ticklog lo intenta hasta conseguirlo.</translation>
     </message>
     <message>
         <source>For ever</source>

@@ -1128,8 +1128,16 @@
         <translation>C’est retiré du fichier aussitôt. Cela ne peut pas être annulé.</translation>
     </message>
     <message>
+        <source>It is being forgotten…</source>
+        <translation>Oubli en cours…</translation>
+    </message>
+    <message>
         <source>It is forgotten.</source>
         <translation>C’est oublié.</translation>
+    </message>
+    <message>
+        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
+        <translation>Ce n’est pas encore oublié&#xa0;: l’historique ne peut pas être enregistré pour l’instant. Ticklog réessaie jusqu’à ce que cela marche.</translation>
     </message>
     <message>
         <source>For ever</source>

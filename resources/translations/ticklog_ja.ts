@@ -1128,8 +1128,16 @@
         <translation>ファイルからすぐに取り除かれます。取り消すことはできません。</translation>
     </message>
     <message>
+        <source>It is being forgotten…</source>
+        <translation>忘れています…</translation>
+    </message>
+    <message>
         <source>It is forgotten.</source>
         <translation>忘れました。</translation>
+    </message>
+    <message>
+        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
+        <translation>まだ忘れていません: 現在、履歴を保存できません。Ticklog はできるまで試みます。</translation>
     </message>
     <message>
         <source>For ever</source>

@@ -1128,8 +1128,16 @@
         <translation>Zostanie to od razu usunięte z pliku. Tego nie można cofnąć.</translation>
     </message>
     <message>
+        <source>It is being forgotten…</source>
+        <translation>Trwa zapominanie…</translation>
+    </message>
+    <message>
         <source>It is forgotten.</source>
         <translation>Zapomniano.</translation>
+    </message>
+    <message>
+        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
+        <translation>Jeszcze nie zapomniano: historii nie można teraz zapisać. Ticklog próbuje aż do skutku.</translation>
     </message>
     <message>
         <source>For ever</source>

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 // What the preferences say about the history, and what is forgotten by them.
 #include "interface/preferences/ForgetWindow.h"
+#include "platform/foundation/time/LocalTime.h"
 #include "tests/fakes/HistoryDiary.h"
 #include "tests/interface/HistoryDesk.h"
+#include "tests/interface/InTimeZone.h"
 
 #include <QDateTimeEdit>
 #include <QStandardItemModel>
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -107,6 +111,23 @@ TEST_F(HistorySettingsTest, whatWouldBeForgotten_isShownBefore_andIsGoneAfterThe
     EXPECT_FALSE(HistoryDiary::holdsText(history.path(), u"Meier"_s));
 }
 
+TEST_F(HistorySettingsTest, whileTheHistoryCannotBeWritten_nothingIsSaidToBeForgotten) {
+    work("Browser", "Doctor Meier", 60);
+    openForget();
+    seconds(0.5);
+    alerts.answer = Alerts::Alternate;
+    {
+        SqliteDatabase other(history.path(), SqliteDatabase::Mode::ReadWrite, 0);
+        other.execute("BEGIN IMMEDIATE");
+        choice<QPushButton>("forgetFound").click();
+        settle();
+        EXPECT_TRUE(found().startsWith(u"It is not forgotten yet"_s)) << qPrintable(found());
+    }
+    seconds(2);
+    EXPECT_EQ(found(), u"It is forgotten."_s);
+    EXPECT_FALSE(HistoryDiary::holdsText(history.path(), u"Meier"_s));
+}
+
 TEST_F(HistorySettingsTest, whatIsForgotten_costsTheTimersNothing) {
     // Stopping the timer would save the store.
     front("Browser", "Cats");
@@ -134,14 +155,54 @@ TEST_F(HistorySettingsTest, aProgramAndADay_narrowWhatIsFound) {
     programs.setCurrentIndex(programs.findText(u"Mail"_s));
     seconds(0.5);
     EXPECT_EQ(found(), u"Titles: 1 · Time spent: 00:00:10"_s);
-    auto& from = choice<QDateTimeEdit>("forgottenFrom");
-    from.setDate(from.date().addDays(-1));
+    auto& day = choice<QDateTimeEdit>("forgottenDay");
+    day.setDate(day.date().addDays(-1));
     seconds(0.5);
     EXPECT_EQ(found(), u"Nothing was found."_s);
     EXPECT_FALSE(choice<QPushButton>("forgetFound").isEnabled());
     choice<QComboBox>("forgottenWhen").setCurrentIndex(0);
     seconds(0.5);
     EXPECT_EQ(found(), u"Titles: 1 · Time spent: 00:00:10"_s);
+}
+
+struct ForgetOnOddDays : testing::TestWithParam<std::array<const char*, 5>>, HistoryDesk {};
+
+// The clock is set in this zone; it shows this time, and days begin at this hour.
+INSTANTIATE_TEST_SUITE_P(
+    WhereTheClockIsSet, ForgetOnOddDays,
+    testing::Values(
+        std::array{"America/Santiago", "2026-09-06T12:00", "0", "2026-09-06 01:00", "2026-09-07 00:00"},
+        std::array{"Europe/Berlin", "2026-03-29T12:00", "2", "2026-03-29 03:00", "2026-03-30 02:00"},
+        std::array{"Europe/Berlin", "2026-03-29T01:00", "2", "2026-03-28 02:00", "2026-03-29 03:00"},
+        std::array{"Europe/Berlin", "2026-03-29T04:30", "4", "2026-03-29 04:00", "2026-03-30 04:00"},
+        std::array{"Europe/Berlin", "2026-10-25T12:00", "2", "2026-10-25 02:00", "2026-10-26 02:00"}));
+
+TEST_P(ForgetOnOddDays, theDayIsWholeAndNoOther) {
+    const auto [zone, now, dayBegins, first, end] = GetParam();
+    const InTimeZone there(zone);
+    fakes.clock.setWall(dateOf(QDateTime::fromString(QLatin1String(now), Qt::ISODate)));
+    defaults().setObject(kHistoryDayBegins, QByteArray(dayBegins).toInt());
+    setup.showPrefWindow();
+    setup.prefWindow().selectTab(u"History"_s);
+    settle();
+    press("forgetHistory");
+    const auto chosen = [this] {
+        const HistoryChange::Forgotten choice = setup.forgetWindow()->choice();
+        const auto text = [](std::int64_t moment) {
+            return QDateTime::fromMSecsSinceEpoch(moment).toString(u"yyyy-MM-dd HH:mm"_s).toStdString();
+        };
+        return text(*choice.from) + " to " + text(*choice.to);
+    };
+    EXPECT_EQ(chosen(), std::string(first) + " to " + end);
+    const auto range = setup.forgetWindow()->choice();
+    setup.forgetWindow()->findChild<QComboBox*>(u"forgottenWhen"_s)->setCurrentIndex(2);
+    EXPECT_EQ(chosen(), std::string(first) + " to " + end) << "the same as a range";
+    EXPECT_EQ(setup.forgetWindow()->choice().from, range.from);
+    setup.forgetWindow()->findChild<QComboBox*>(u"forgottenWhen"_s)->setCurrentIndex(1);
+    auto* day = setup.forgetWindow()->findChild<QDateTimeEdit*>(u"forgottenDay"_s);
+    day->stepDown();
+    day->stepUp();
+    EXPECT_EQ(chosen(), std::string(first) + " to " + end) << "by the arrow keys";
 }
 
 } // namespace

@@ -38,7 +38,7 @@ struct LanguagesTest : testing::TestWithParam<int>, Spoken, SetupDesk {
 
     ProjectPatternsWindow patternsWindow{nullptr};
     ForgetWindow forgetWindow{std::make_unique<HistoryReader>(fakes.runLoop, QString(), [](const auto&) {}),
-                              fakes.runLoop, alerts, [](const HistoryChange::Forgotten&) {}, nullptr};
+                              fakes.runLoop, alerts, [](const auto&...) {}, nullptr};
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, LanguagesTest, testing::Range(0, int(kLanguages.size())),

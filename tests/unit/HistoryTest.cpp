@@ -368,6 +368,38 @@ TEST_F(HistoryTest, whatIsForgottenWhileAnotherProgramReads_goesWhenThatHasRead)
     EXPECT_EQ(scene.writes, writes) << "it goes on trying";
 }
 
+TEST_F(HistoryTest, whoForgets_isToldWhenNothingIsLeft_andBeforeThatItIsNotYetSo) {
+    day.start();
+    day.front("Mail", "Very private");
+    day.seconds(20);
+    day.stop();
+    day.seconds(1);
+    std::string said;
+    const auto forget = [&](SqliteDatabase& other, const char* hold) {
+        said.clear();
+        other.execute(hold);
+        other.number("SELECT count(*) FROM stretches");
+        scene.history->forget({.program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}},
+                              [&](bool isDone) { said += isDone ? "done" : "not yet, "; });
+        EXPECT_EQ(said, "") << "not before it was tried";
+        day.seconds(1);
+        EXPECT_TRUE(contentOf(scene.path()).contains("Very private")) << hold;
+        EXPECT_TRUE(QString::fromStdString(said).startsWith(QLatin1String("not yet, "))) << hold;
+        other.execute("COMMIT");
+        day.seconds(30);
+        EXPECT_FALSE(contentOf(scene.path()).contains("Very private")) << hold;
+        EXPECT_TRUE(QString::fromStdString(said).endsWith(QLatin1String("not yet, done"))) << hold;
+    };
+    SqliteDatabase other(scene.path(), SqliteDatabase::Mode::ReadWrite, 0);
+    forget(other, "BEGIN IMMEDIATE");
+    day.start();
+    day.seconds(20);
+    day.stop();
+    day.seconds(1);
+    ASSERT_TRUE(contentOf(scene.path()).contains("Very private"));
+    forget(other, "BEGIN");
+}
+
 TEST_F(HistoryTest, whatWasForgottenBeforeACrashWhileAnotherProgramRead_goesAtTheNextLaunch) {
     day.start();
     day.front("Mail", "Very private");
