@@ -8,8 +8,8 @@
 
 namespace {
 
-// Programs of GNOME Shell in which nobody works: its own stage, which is the desktop, and the frames that it draws
-// around the windows of X programs. Each frame says by itself whether it is active, or nothing.
+// Programs of GNOME Shell in which nobody works: its own stage, which is the desktop, and the frames that it
+// draws around the windows of X programs. Each frame says by itself whether it is active, or nothing.
 bool isOfShell(const QString& program) {
     return program == QLatin1String("gnome-shell") || program == QLatin1String("mutter-x11-frames");
 }
@@ -31,7 +31,9 @@ AtspiFrontDesktop::AtspiFrontDesktop(Bus& sessionBus, RunLoop& runLoop, SystemLo
     , m_sessionBus(sessionBus)
     , m_runLoop(runLoop)
     , m_log(log)
-    , m_patience(patience) {}
+    , m_patience(patience)
+    , m_emptyMoment(
+          runLoop, [this] { look(); }, kEmptyMoment) {}
 
 void AtspiFrontDesktop::begin() {
     if (m_link)
@@ -74,8 +76,8 @@ void AtspiFrontDesktop::look() {
         showProgram(*application);
     else if (!isTelling())
         showNothing(std::nullopt);
-    else if (!m_emptyMoment)
-        m_emptyMoment = m_runLoop.scheduleOnce(kEmptyMoment, [this] { showNothing(nothingInFront()); });
+    else if (m_emptyMoment.isOver(false))
+        showNothing(nothingInFront());
 }
 
 const AtspiApplication* AtspiFrontDesktop::findActive() {
@@ -119,14 +121,14 @@ void AtspiFrontDesktop::showProgram(const AtspiApplication& program) {
             if (auto* latest = programs() ? programs()->named(m_latest) : nullptr)
                 latest->reread();
         });
-    m_emptyMoment.reset();
+    m_emptyMoment.end();
     show({WindowListEntry{entry->second, application.processIdentifier, true,
                           title.isEmpty() ? std::nullopt : std::optional(title), application.name}},
          application);
 }
 
 void AtspiFrontDesktop::showNothing(const std::optional<ApplicationRecord>& front) {
-    m_emptyMoment.reset();
+    m_emptyMoment.end();
     m_rereading.reset();
     show({}, front);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/atspi/AtspiLink.h"
+#include "platform/desktop/EmptyMoment.h"
 #include "platform/desktop/KnownWindows.h"
 
 #include <unordered_map>
@@ -11,8 +12,8 @@
 // last one. Does nothing before begin(), and lists only the window in front. Main thread only.
 class AtspiFrontDesktop : public KnownWindows {
 public:
-    // When the user changes between two programs, none is active for a moment. A moment this short is not
-    // reported.
+    // Longer than where a desktop tells of all windows: here each program tells of its own, and the one that
+    // comes up may be busy.
     static constexpr std::chrono::milliseconds kEmptyMoment{250};
     // How often the program in front is asked for its title: Qt programs do not report changes, and a program
     // that hangs still counts as active.
@@ -58,7 +59,7 @@ private:
     QString m_latest;
     // Absent before begin().
     std::unique_ptr<AtspiLink> m_link;
-    std::unique_ptr<RunLoopTimer> m_emptyMoment;
+    EmptyMoment m_emptyMoment;
     // Runs while a program is in front.
     std::unique_ptr<RunLoopTimer> m_rereading;
 };

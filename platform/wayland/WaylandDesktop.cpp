@@ -19,22 +19,21 @@ const QStringList& ownAppIds() {
 
 WaylandDesktop::WaylandDesktop(std::unique_ptr<WaylandConnection> connection, RunLoop& runLoop,
                                SystemLog& log, DesktopEntries& entries)
-    : TellingDesktop(entries)
-    , m_connection(std::move(connection))
-    , m_log(log)
     // Asks whether it has said everything.
-    , m_emptyMoment(runLoop, [this] { m_connection->askForSign(); }) {
+    : FollowedDesktop(entries, runLoop, [this] { m_connection->askForSign(); })
+    , m_connection(std::move(connection))
+    , m_log(log) {
     m_connection->setHandlers({[this] { beginTelling(); },
-                               [this] {
-                                   endTelling();
-                                   m_isLossUntold = true;
-                               },
-                               {},
-                               {},
-                               [this] {
-                                   settle();
-                                   hear();
-                               }});
+                                    [this] {
+                                        endTelling();
+                                        m_isLossUntold = true;
+                                    },
+                                    {},
+                                    {},
+                                    [this] {
+                                        settle();
+                                        hear();
+                                    }});
 }
 
 WaylandDesktop::~WaylandDesktop() = default;
@@ -57,7 +56,7 @@ void WaylandDesktop::setWindow(std::int64_t number, const Window& window) {
     Known& known = found->second;
     if (!isNew && known.window == window)
         return;
-    m_areEntriesStale = true;
+    noteChange();
     if (isNew || window.appId != known.window.appId || window.process != known.window.process)
         known.application = applicationOf(window);
     const bool comesToFront = window.isActive && (isNew || !known.window.isActive);
@@ -74,7 +73,7 @@ void WaylandDesktop::setWindow(std::int64_t number, const Window& window) {
 void WaylandDesktop::removeWindow(std::int64_t number) {
     m_windows.erase(number);
     std::erase(m_frontToBack, number);
-    m_areEntriesStale = true;
+    noteChange();
 }
 
 void WaylandDesktop::setOrder(const std::vector<std::int64_t>& frontToBack) {
@@ -85,7 +84,7 @@ void WaylandDesktop::setOrder(const std::vector<std::int64_t>& frontToBack) {
     }
     std::ranges::copy(m_frontToBack, std::back_inserter(order));
     m_frontToBack = std::move(order);
-    m_areEntriesStale = true;
+    noteChange();
 }
 
 void WaylandDesktop::beginTelling() {
@@ -96,10 +95,9 @@ void WaylandDesktop::beginTelling() {
 
 void WaylandDesktop::endTelling() {
     unbind();
-    m_emptyMoment.end();
+    forgetFront();
     m_windows.clear();
     m_frontToBack.clear();
-    m_frontWindow = 0;
     m_isTelling = false;
 }
 
@@ -115,15 +113,12 @@ void WaylandDesktop::settle() {
         tellOfEnd();
         return;
     }
-    const auto active = activeWindow();
-    const Known* known = active ? &m_windows.at(*active) : nullptr;
-    if (known && !known->window.isDesktop)
-        bringToFront(*active, known->application);
-    else if (known || (activeApplication() != nothingInFront() &&
-                       m_emptyMoment.isOver(m_connection->isAwaitingAnswers())))
-        bringToFront(0, nothingInFront());
-    if (m_areEntriesStale)
-        showAnew(activeApplication());
+    std::optional<Front> front;
+    if (const auto active = activeWindow()) {
+        const Known& known = m_windows.at(*active);
+        front = known.window.isDesktop ? desktopInFront() : Front{*active, known.application};
+    }
+    settleFront(front, m_connection->isAwaitingAnswers());
 }
 
 std::optional<std::int64_t> WaylandDesktop::activeWindow() const {
@@ -142,15 +137,7 @@ ApplicationRecord WaylandDesktop::applicationOf(const Window& window) {
     return recordOf(process, {window.appId}, isOwn);
 }
 
-void WaylandDesktop::bringToFront(std::int64_t window, const ApplicationRecord& application) {
-    m_emptyMoment.end();
-    m_areEntriesStale |= std::exchange(m_frontWindow, window) != window || activeApplication() != application;
-    if (m_areEntriesStale)
-        showAnew(application);
-}
-
-void WaylandDesktop::showAnew(const std::optional<ApplicationRecord>& front) {
-    m_areEntriesStale = false;
+std::vector<WindowListEntry> WaylandDesktop::listed() const {
     std::vector<WindowListEntry> entries;
     for (const std::int64_t number : m_frontToBack) {
         const auto& [window, application] = m_windows.at(number);
@@ -159,5 +146,5 @@ void WaylandDesktop::showAnew(const std::optional<ApplicationRecord>& front) {
                                window.title.isEmpty() ? std::nullopt : std::optional(window.title),
                                application.name});
     }
-    show(std::move(entries), m_frontWindow, front);
+    return entries;
 }

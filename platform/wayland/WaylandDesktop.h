@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/desktop/EmptyMoment.h"
-#include "platform/desktop/TellingDesktop.h"
+#include "platform/desktop/FollowedDesktop.h"
 #include "platform/foundation/programs/MadeUpProcesses.h"
 #include "platform/wayland/WaylandConnection.h"
 
@@ -11,7 +10,7 @@
 // The windows of a Wayland desktop and the application in front, for any protocol; a back end for each
 // protocol interprets its events. When the compositor goes, no window is listed and the desktop is in front
 // until it is back. Main thread only.
-class WaylandDesktop : public TellingDesktop {
+class WaylandDesktop : public FollowedDesktop {
 public:
     ~WaylandDesktop() override;
 
@@ -44,9 +43,6 @@ protected:
 
     WaylandConnection& connection() const { return *m_connection; }
 
-    // A new number for a window, never used before in this process.
-    std::int64_t newNumber() { return ++m_lastNumber; }
-
     // From now on the window looks like this. A new window is behind all others unless it is active. Nobody
     // is told before the desktop has settled.
     void setWindow(std::int64_t number, const Window& window);
@@ -70,22 +66,15 @@ private:
     void tellOfEnd();
     ApplicationRecord applicationOf(const Window& window);
     std::optional<std::int64_t> activeWindow() const;
-    void bringToFront(std::int64_t window, const ApplicationRecord& application);
-    void showAnew(const std::optional<ApplicationRecord>& front);
+    std::vector<WindowListEntry> listed() const override;
 
     std::unique_ptr<WaylandConnection> m_connection;
     SystemLog& m_log;
 
     std::unordered_map<std::int64_t, Known> m_windows;
     std::vector<std::int64_t> m_frontToBack;
-    std::int64_t m_lastNumber = 0;
     // Made up by app id, if the protocol tells no process.
     MadeUpProcesses m_processes;
-    // 0 while no window is in front.
-    std::int64_t m_frontWindow = 0;
-    // The moment in which nothing is in front and nobody has been told.
-    EmptyMoment m_emptyMoment;
-    bool m_areEntriesStale = false;
     bool m_isTelling = false;
     bool m_isLossUntold = false;
 };

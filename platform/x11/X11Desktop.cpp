@@ -49,24 +49,24 @@ Result<std::unique_ptr<X11Desktop>> X11Desktop::open(const QByteArray& display, 
 }
 
 X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, DesktopEntries& entries)
-    : TellingDesktop(entries)
+    : FollowedDesktop(entries, runLoop,
+                      [this] {
+                          m_isActiveUnasked = m_areWindowsUnasked = true;
+                          settle();
+                          m_connection->flush();
+                      })
     , m_connection(std::move(connection))
-    , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); })
-    , m_emptyMoment(runLoop, [this] {
-        m_isActiveUnasked = m_areWindowsUnasked = true;
-        settle();
-        m_connection->flush();
-    }) {
+    , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); }) {
     m_connection->setHandlers({[this] { begin(); },
-                               [this] {
-                                   end();
-                                   hear();
-                               },
-                               [this](const xcb_generic_event_t& event) { takeIn(event); },
-                               [this] {
-                                   settle();
-                                   hear();
-                               }});
+                                    [this] {
+                                        end();
+                                        hear();
+                                    },
+                                    [this](const xcb_generic_event_t& event) { takeIn(event); },
+                                    [this] {
+                                        settle();
+                                        hear();
+                                    }});
 }
 
 QString X11Desktop::describe() const {
@@ -95,11 +95,11 @@ void X11Desktop::begin() {
 }
 
 void X11Desktop::end() {
-    m_emptyMoment.end();
+    forgetFront();
     m_clients.clear();
     m_numbers.clear();
     m_frontToBack.clear();
-    m_manager = m_activeWindow = m_frontWindow = 0;
+    m_manager = m_activeWindow = 0;
     lose(std::nullopt);
 }
 
@@ -143,8 +143,10 @@ void X11Desktop::takeInEnd(xcb_window_t window) {
         m_isManagerUnasked = true;
     // If the same id is listed again, it is another window.
     m_numbers.erase(window);
-    if (m_clients.erase(window) != 0)
-        m_areWindowsUnasked = m_areEntriesStale = true;
+    if (m_clients.erase(window) == 0)
+        return;
+    m_areWindowsUnasked = true;
+    noteChange();
 }
 
 void X11Desktop::settle() {
@@ -232,7 +234,7 @@ void X11Desktop::takeInWindows(std::vector<xcb_window_t> frontToBack) {
                       [&](const auto& client) { return !std::ranges::binary_search(sorted, client.first); });
     }
     m_frontToBack = std::move(frontToBack);
-    m_areEntriesStale = true;
+    noteChange();
 }
 
 void X11Desktop::takeInFocus(xcb_window_t window) {
@@ -264,14 +266,15 @@ void X11Desktop::takeInFact(xcb_window_t window, X11Window::Fact fact, const voi
     const bool isDifferent = client.window.takeIn(fact, reply, *m_connection);
     if (!client.window.isKnown() || (wasKnown && !isDifferent))
         return;
-    m_areEntriesStale = true;
+    noteChange();
     if (!wasKnown || X11Window::isAboutProgram(fact))
         client.application = applicationOf(client.window);
 }
 
 std::int64_t X11Desktop::numberOf(xcb_window_t window) {
-    const auto [entry, isNew] = m_numbers.try_emplace(window, m_lastNumber + 1);
-    m_lastNumber += isNew;
+    const auto [entry, isNew] = m_numbers.try_emplace(window);
+    if (isNew)
+        entry->second = newNumber();
     return entry->second;
 }
 
@@ -287,38 +290,22 @@ ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
     return recordOf(process, window.classes(), isOwn);
 }
 
-bool X11Desktop::isInFront(const Client& client) const {
-    return !client.window.isHidden() && client.window.kind() != X11Window::Kind::Desktop;
-}
-
 void X11Desktop::updateFront() {
     const Client* active = client(m_activeWindow);
     // It is reported when all of it is known, including its title.
-    if (active && !active->window.isKnown()) {
-        m_emptyMoment.end();
-        return;
-    }
+    if (active && !active->window.isKnown())
+        return awaitFront();
     // EWMH: the active window may be gone already. Then nothing has the focus and the desktop itself is in
     // front; otherwise the last application would go on being credited.
-    if (active && isInFront(*active))
-        bringToFront(m_activeWindow, active->application);
-    else if ((active && active->window.kind() == X11Window::Kind::Desktop) ||
-             (activeApplication() != nothingInFront() &&
-              m_emptyMoment.isOver(m_connection->isAwaitingReplies())))
-        bringToFront(XCB_WINDOW_NONE, nothingInFront());
-    if (m_areEntriesStale)
-        showAnew(activeApplication());
+    std::optional<Front> front;
+    if (active && active->window.kind() == X11Window::Kind::Desktop)
+        front = desktopInFront();
+    else if (active && !active->window.isHidden())
+        front = {.window = active->number, .application = active->application};
+    settleFront(front, m_connection->isAwaitingReplies());
 }
 
-void X11Desktop::bringToFront(xcb_window_t window, const ApplicationRecord& application) {
-    m_emptyMoment.end();
-    m_areEntriesStale |= std::exchange(m_frontWindow, window) != window || activeApplication() != application;
-    if (m_areEntriesStale)
-        showAnew(application);
-}
-
-void X11Desktop::showAnew(const std::optional<ApplicationRecord>& front) {
-    m_areEntriesStale = false;
+std::vector<WindowListEntry> X11Desktop::listed() const {
     std::vector<WindowListEntry> entries;
     for (const xcb_window_t window : m_frontToBack) {
         const Client* listed = client(window);
@@ -327,6 +314,5 @@ void X11Desktop::showAnew(const std::optional<ApplicationRecord>& front) {
                                listed->window.kind() == X11Window::Kind::Ordinary, listed->window.title(),
                                listed->application.name});
     }
-    const Client* focused = client(m_frontWindow);
-    show(std::move(entries), focused ? focused->number : 0, front);
+    return entries;
 }

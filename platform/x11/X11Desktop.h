@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/desktop/EmptyMoment.h"
-#include "platform/desktop/TellingDesktop.h"
+#include "platform/desktop/FollowedDesktop.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11FocusWindow.h"
 #include "platform/x11/X11Window.h"
@@ -11,7 +10,7 @@
 
 // The windows of an X desktop and the application in front, as the window manager reports them (EWMH) or,
 // without one, by the input focus. Everything is kept up to date by the server's events. Main thread only.
-class X11Desktop : public TellingDesktop {
+class X11Desktop : public FollowedDesktop {
 public:
     // `display` is a display name; empty for the one in the environment. Its answers are there when this
     // returns. Refused if the X server belongs to a Wayland compositor: its programs would be credited while
@@ -63,10 +62,8 @@ private:
     std::int64_t numberOf(xcb_window_t window);
     const Client* client(xcb_window_t window) const;
     ApplicationRecord applicationOf(const X11Window& window) const;
-    bool isInFront(const Client& client) const;
     void updateFront();
-    void bringToFront(xcb_window_t window, const ApplicationRecord& application);
-    void showAnew(const std::optional<ApplicationRecord>& front);
+    std::vector<WindowListEntry> listed() const override;
 
     std::unique_ptr<X11Connection> m_connection;
     X11FocusWindow m_focus;
@@ -75,17 +72,11 @@ private:
     // The numbers of all windows seen, for as long as they exist. The server gives a free id to the next
     // client, and that is another window.
     std::unordered_map<xcb_window_t, std::int64_t> m_numbers;
-    std::int64_t m_lastNumber = 0;
     std::vector<xcb_window_t> m_frontToBack;
     // The window by which the window manager shows that it runs; 0 without one.
     xcb_window_t m_manager = 0;
     xcb_window_t m_activeWindow = 0;
-    // The active window when the application in front was last reported.
-    xcb_window_t m_frontWindow = 0;
-    // The moment in which nothing is in front and nobody has been told.
-    EmptyMoment m_emptyMoment;
     bool m_isManagerUnasked = false;
     bool m_isActiveUnasked = false;
     bool m_areWindowsUnasked = false;
-    bool m_areEntriesStale = false;
 };
