@@ -9,7 +9,7 @@ AssistedDesktop::AssistedDesktop(std::unique_ptr<WaylandConnection> compositor, 
     , m_compositor(std::move(compositor))
     , m_remedy(std::move(remedy))
     , m_programs(sessionBus, runLoop, log, entries) {
-    m_compositor->setHandlers({{}, {}, {}, {}, [this] { settle(); }});
+    m_news = m_compositor->observe({{}, {}, {}, {}, [this] { settle(); }});
     m_switches = m_programs.observeSwitches([this] { tell(); });
     m_programs.begin();
 }

@@ -27,5 +27,6 @@ private:
     const QString m_remedy;
     AtspiFrontDesktop m_programs;
     bool m_wasAlive = true;
+    Subscription m_news;
     Subscription m_switches;
 };

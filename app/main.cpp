@@ -44,102 +44,151 @@ QStringList listOf(const std::optional<QString>& file) {
     return file ? QStringList(*file) : QStringList();
 }
 
+// What the history of this account needs.
+History::Services servicesOf(TKController& controller, Platform& platform) {
+    return {.tracker = controller.tracker(),
+            .database = controller.database(),
+            .trouble = controller.trouble(),
+            .notifications = platform.notifications,
+            .defaults = platform.defaults,
+            .runLoop = platform.runLoop,
+            .clock = platform.clock,
+            .log = platform.log};
+}
+
+// What the window and the tray show of the history.
+class ShownHistory {
+public:
+    ShownHistory(TKController& controller, Platform& platform, Alerts& alerts, History& history)
+        : m_side({.window = controller.window(),
+                  .platform = platform,
+                  .alerts = alerts,
+                  .project = [&] { return controller.shownProject(); },
+                  .isCounting = [&] { return controller.timer().isRunning(); },
+                  .labelOf = [&](const QString& name) { return controller.colorOfProject(name); }},
+                 history)
+        , m_today({.history = history,
+                   .runLoop = platform.runLoop,
+                   .clock = platform.clock,
+                   .folders = platform.folders,
+                   .menu = controller.appDelegate().statusMenu().mainMenu(),
+                   .isCounting = [&] { return controller.timer().isRunning(); }},
+                  [&](const QString& line) { controller.appDelegate().presence().showToday(line); })
+        , m_pauses(controller.timer(), platform.runLoop, platform.clock, [&] {
+            const QDateTime now = localTime(platform.clock.now());
+            return beginningOf(dayOf(now, history.dayBegins()).addDays(1), history.dayBegins());
+        }) {
+        controller.appDelegate().statusMenu().offerPauses(m_pauses.menu());
+    }
+
+private:
+    HistoryController m_side;
+    HistoryToday m_today;
+    PauseMenu m_pauses;
+};
+
+// No file is forgotten while a question is open; files are asked about in order. Each keeps its ticket until
+// then.
+void openFiles(TKController& controller, QtAlerts& alerts, const QStringList& files,
+               const Admission::Ticket& ticket) {
+    for (const QString& file : files)
+        alerts.whenFree(
+            [&controller, file, ticket] { controller.documents().openDocumentWithContentsOfURL(file); });
+}
+
+// From now on comes to the front and opens files when a second start or a launcher asks for it.
+void takeRequests(SingleInstance& instance, LinuxPlatform& desktop, TKController& controller,
+                  QtAlerts& alerts) {
+    const auto beCalled = [&](const QStringList& files, const Admission::Ticket& ticket) {
+        controller.displayMainWindow();
+        openFiles(controller, alerts, files, ticket);
+    };
+    instance.listen(desktop.admission(),
+                    [beCalled](const std::optional<QString>& file, const Admission::Ticket& ticket) {
+                        beCalled(listOf(file), ticket);
+                    });
+    desktop.activation().listen(beCalled);
+}
+
+// Null where the desktop needs no extension.
+std::unique_ptr<ExtensionOffer> offerExtension(LinuxPlatform& desktop, Alerts& alerts, ObstacleBar& bar) {
+    ShellExtension* extension = desktop.shellExtension();
+    if (!extension)
+        return nullptr;
+    const Platform& platform = desktop.platform();
+    auto offer = std::make_unique<ExtensionOffer>(
+        ExtensionOffer::Ground{*extension, alerts, platform.defaults, platform.runLoop, platform.log,
+                               [&bar](bool isOffered) { bar.offerRemedy(isOffered); }});
+    // The button is hidden before the offer goes.
+    QObject::connect(&bar, &ObstacleBar::remedyWanted, &bar, [asked = offer.get()] { asked->offer(); });
+    return offer;
+}
+
+// Shows the window, except at login, where the tray's icon is enough.
+void appear(TKController& controller) {
+    controller.awakeFromNib();
+    // Whether a new window comes to the front is left to the window manager.
+    if (!LoginStart::take() || !controller.appDelegate().presence().showMenuBarItem())
+        controller.shownWindow().show();
+    controller.appDelegate().applicationDidFinishLaunching();
+}
+
 // Runs from the first window to the last save; answers the exit status. Opens `files` once it runs.
 int run(QApplication& application, SingleInstance& instance, const QStringList& files) {
     const Translations translations(QLocale().uiLanguages());
     LinuxPlatform desktop;
+    Platform& platform = desktop.platform();
     QtAlerts alerts;
-    TKController controller(desktop.platform(), alerts, [](int status) { ExitGuard::exit(status); });
+    TKController controller(platform, alerts, [](int status) { ExitGuard::exit(status); });
     alerts.setWindow(&controller.window());
-    TKApplicationDelegate& delegate = controller.appDelegate();
     // Before anything runs, adds to the timers what a crash has cost them.
-    History history({.tracker = controller.tracker(),
-                     .database = controller.database(),
-                     .trouble = controller.trouble(),
-                     .notifications = desktop.platform().notifications,
-                     .defaults = desktop.platform().defaults,
-                     .runLoop = desktop.platform().runLoop,
-                     .clock = desktop.platform().clock,
-                     .log = desktop.platform().log});
+    History history(servicesOf(controller, platform));
     // Questions of the preferences belong to their window, not to the main window.
     QtAlerts setupAlerts(alerts);
     Preferences preferences(
-        controller, desktop.platform(), setupAlerts,
-        [&](PrefWindow& window) { setupAlerts.setWindow(&window); }, &history);
-
-    HistoryController historyController(
-        {.window = controller.window(),
-         .platform = desktop.platform(),
-         .alerts = alerts,
-         .project = [&] { return controller.shownProject(); },
-         .isCounting = [&] { return controller.timer().isRunning(); },
-         .labelOf = [&](const QString& name) { return controller.colorOfProject(name); }},
-        history);
-
-    const HistoryToday today({.history = history,
-                              .runLoop = desktop.platform().runLoop,
-                              .clock = desktop.platform().clock,
-                              .folders = desktop.platform().folders,
-                              .menu = delegate.statusMenu().mainMenu(),
-                              .isCounting = [&] { return controller.timer().isRunning(); }},
-                             [&](const QString& line) { delegate.presence().showToday(line); });
-    PauseMenu pauses(controller.timer(), desktop.platform().runLoop, desktop.platform().clock, [&] {
-        const QDateTime now = localTime(desktop.platform().clock.now());
-        return beginningOf(dayOf(now, history.dayBegins()).addDays(1), history.dayBegins());
-    });
-    delegate.statusMenu().offerPauses(pauses.menu());
-
+        controller, platform, setupAlerts, [&](PrefWindow& window) { setupAlerts.setWindow(&window); },
+        &history);
+    const ShownHistory shownHistory(controller, platform, alerts, history);
     const auto powerOff = [&] {
-        delegate.willPowerOffHandler();
+        controller.appDelegate().willPowerOffHandler();
         history.finish();
-        desktop.platform().defaults.synchronize();
+        platform.defaults.synchronize();
     };
     const ExitGuard exitGuard(powerOff);
     const auto end = [&] {
         powerOff();
         QCoreApplication::exit(EXIT_SUCCESS);
     };
-    const TerminationSignals signals(desktop.platform().runLoop, [&](int) { end(); });
+    const TerminationSignals signals(platform.runLoop, [&](int) { end(); });
     const Subscription displayLoss = desktop.observeDisplayLoss(end);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, powerOff,
                      Qt::DirectConnection);
-    // No file is forgotten while a question is open; files are asked about in order. Each keeps its ticket
-    // until then.
-    const auto openFiles = [&](const QStringList& given, const Admission::Ticket& ticket) {
-        for (const QString& file : given)
-            alerts.whenFree(
-                [&controller, file, ticket] { controller.documents().openDocumentWithContentsOfURL(file); });
-    };
-    const auto beCalled = [&](const QStringList& given, const Admission::Ticket& ticket) {
-        controller.displayMainWindow();
-        openFiles(given, ticket);
-    };
-    instance.listen(desktop.admission(),
-                    [&](const std::optional<QString>& file, const Admission::Ticket& ticket) {
-                        beCalled(listOf(file), ticket);
-                    });
-    desktop.activation().listen(beCalled);
-
-    controller.awakeFromNib();
-    // Whether a new window comes to the front is left to the window manager. At login the tray icon is
-    // enough.
-    if (!LoginStart::take() || !delegate.presence().showMenuBarItem())
-        controller.shownWindow().show();
-    delegate.applicationDidFinishLaunching();
-    std::unique_ptr<ExtensionOffer> offer;
-    if (ShellExtension* extension = desktop.shellExtension())
-        offer = std::make_unique<ExtensionOffer>(ExtensionOffer::Ground{
-            *extension, alerts, desktop.platform().defaults, desktop.platform().runLoop,
-            desktop.platform().log, [&](std::function<void()> remedy) {
-                controller.window().obstacleBar().offerRemedy(std::move(remedy));
-            }});
-    desktop.platform().runLoop.performSoon([&] { openFiles(files, {}); });
+    takeRequests(instance, desktop, controller, alerts);
+    appear(controller);
+    const auto offer = offerExtension(desktop, alerts, controller.window().obstacleBar());
+    platform.runLoop.performSoon([&] { openFiles(controller, alerts, files, {}); });
     QApplication::exec();
     // However the loop ended, saves what was credited since the last save.
     controller.saveSettingsToDisk();
     history.finish();
     // Newer toolkits end the loop with 1 when the display goes. Everything is saved, so that is no failure.
     return EXIT_SUCCESS;
+}
+
+// Hands the file to the first start. Answers the exit status; absent if this is the first start.
+std::optional<int> handOver(SingleInstance& instance, const std::optional<QString>& file) {
+    const auto answer = instance.isFirst() ? SingleInstance::Answer::None : instance.handOver(file);
+    switch (answer) {
+    case SingleInstance::Answer::Heard:
+        return EXIT_SUCCESS;
+    case SingleInstance::Answer::Busy:
+        std::fputs("Ticklog is running already and waits for answers to what it was handed before.\n",
+                   stderr);
+        return EXIT_FAILURE;
+    case SingleInstance::Answer::None:
+        break;
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -166,15 +215,8 @@ int main(int argc, char** argv) {
     QCoreApplication::setQuitLockEnabled(false);
 
     SingleInstance instance(InstanceAddress::ofThisSession());
-    const auto answer =
-        instance.isFirst() ? SingleInstance::Answer::None : instance.handOver(commandLine.file);
-    if (answer == SingleInstance::Answer::Heard)
-        return EXIT_SUCCESS;
-    if (answer == SingleInstance::Answer::Busy) {
-        std::fputs("Ticklog is running already and waits for answers to what it was handed before.\n",
-                   stderr);
-        return EXIT_FAILURE;
-    }
+    if (const auto status = handOver(instance, commandLine.file))
+        return *status;
     const QString account = Folders::forUser().applicationSupport;
     const AccountLock accountLock(account);
     if (PrivateFiles::belongsToOthers(account)) {

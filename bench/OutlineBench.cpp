@@ -36,9 +36,9 @@ struct Bench {
         engine.tracker.setArrayRepresentation(SampleAccount(kApplications, kWindows).entries());
         model.setSource(TimeTreeModel::sourceOf(engine.tracker));
         table.setTimeModel(model);
-        table.setDataCell([this](const QModelIndex& row) {
+        table.serve({.dataCell = [this](const QModelIndex& row) {
             return programCell.cell(*model.item(row), !row.parent().isValid());
-        });
+        }});
         table.resize(760, 540);
         table.show();
         settle();

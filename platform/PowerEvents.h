@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "platform/foundation/observing/News.h"
 
-#include <functional>
+#include <QString>
 
 // Sleep and waking of the machine. Main thread only.
 class PowerEvents {
 public:
-    struct Handlers {
-        // The machine will sleep, or may. It waits until this returns, but not for long.
+    struct Hearer {
+        // The machine will sleep, or may. It waits until all who hear of it have returned, but not for long.
         std::function<void()> aboutToSleep;
         // The machine has woken up, or does not sleep after all.
         std::function<void()> woke;
@@ -17,7 +17,11 @@ public:
 
     virtual ~PowerEvents() = default;
 
-    // Replaces both handlers; empty ones are not called. False if nothing reports sleep.
-    virtual bool observe(Handlers handlers) = 0;
+    // Whether sleep is reported at all.
+    virtual bool tellsOfSleep() const = 0;
+    Subscription observe(Hearer hearer) { return m_news.observe(std::move(hearer)); }
     virtual QString describe() const = 0;
+
+protected:
+    NewsOf<Hearer> m_news;
 };

@@ -1,26 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "platform/foundation/observing/News.h"
 
-#include <functional>
+#include <QString>
 
 // What happens to the user's session. Main thread only.
 class SessionEvents {
 public:
-    struct Handlers {
+    struct Hearer {
         // Another session has come to the front.
         std::function<void()> wentToBackground;
         // This session is in front again.
         std::function<void()> cameToFront;
-        // The machine powers off or the session ends. After it has returned, the process may be ended at any
-        // moment.
+        // The machine powers off or the session ends. After all who hear of it have returned, the process may
+        // be ended at any moment.
         std::function<void()> aboutToEnd;
     };
 
     virtual ~SessionEvents() = default;
 
-    // Replaces all handlers; empty ones are not called.
-    virtual void observe(Handlers handlers) = 0;
+    Subscription observe(Hearer hearer) { return m_news.observe(std::move(hearer)); }
     virtual QString describe() const = 0;
+
+protected:
+    NewsOf<Hearer> m_news;
 };

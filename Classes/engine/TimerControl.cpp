@@ -30,8 +30,6 @@ TimerControl::TimerControl(TimeTracker& tracker, TrackerServices& services, Time
 
 TimerControl::~TimerControl() {
     destroyComputeTimer();
-    if (m_power)
-        m_power->observe({});
 }
 
 void TimerControl::toggleCounting() {
@@ -101,12 +99,14 @@ bool TimerControl::computeTimerIsValid() const {
 }
 
 void TimerControl::registerForSystemSleep(PowerEvents& power) {
-    if (m_power)
+    if (m_sleeps)
         return;
-    if (power.observe({[this] { stopTimerWithCondition(); }, [this] { conditionallyStartTimer(); }}))
-        m_power = &power;
-    else
+    if (!power.tellsOfSleep()) {
         m_services.store.log.print(QStringLiteral("IORegisterForSystemPower failed"));
+        return;
+    }
+    m_sleeps = power.observe({.aboutToSleep = [this] { stopTimerWithCondition(); },
+                              .woke = [this] { conditionallyStartTimer(); }});
 }
 
 void TimerControl::stopTimerWithCondition() {

@@ -75,8 +75,7 @@ private:
     Save m_save;
     // The timer ran when the machine went to sleep.
     bool m_wasRunning = false;
-    // Null until somebody tells of sleep.
-    PowerEvents* m_power = nullptr;
+    Subscription m_sleeps;
     std::unique_ptr<RunLoopTimer> m_heartbeat;
     std::unique_ptr<RunLoopTimer> m_firstHeartbeat;
 };

@@ -27,7 +27,8 @@ std::optional<uid_t> userOf(const QDBusMessage& credentials) {
 
 } // namespace
 
-TrustService::TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log)
+TrustService::TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log,
+                           std::chrono::milliseconds patience, std::function<void()> idle)
     : m_bus(bus)
     , m_record(std::move(record))
     , m_log(log)
@@ -37,9 +38,6 @@ TrustService::TrustService(Bus& bus, TrustRecord record, const Clock& clock, Sys
     m_callers.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     connect(&m_callers, &QDBusServiceWatcher::serviceUnregistered, this, &TrustService::left);
     m_idle.setSingleShot(true);
-}
-
-void TrustService::setIdleHandler(std::chrono::milliseconds patience, std::function<void()> idle) {
     connect(&m_idle, &QTimer::timeout, this, std::move(idle));
     m_idle.start(patience);
 }

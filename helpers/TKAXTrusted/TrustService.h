@@ -12,7 +12,7 @@
 
 // The helper's service on the system bus: adds a program to the record of trusted programs or removes it, if
 // polkit allows the caller to. Believes nothing that callers say about themselves. A request is dropped when
-// its caller leaves. All arguments must outlive it.
+// its caller leaves.
 class TrustService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.ticklog.TKAXTrusted")
@@ -23,10 +23,10 @@ public:
     static constexpr std::size_t kMostPending = 8;
     static constexpr std::ptrdiff_t kMostPendingOfUser = 2;
 
-    TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log);
-
-    // Calls `idle` when nothing has been asked for this long.
-    void setIdleHandler(std::chrono::milliseconds patience, std::function<void()> idle);
+    // Calls `idle` when nothing has been asked for as long as the `patience`. The bus, the clock and the log
+    // must outlive it.
+    TrustService(Bus& bus, TrustRecord record, const Clock& clock, SystemLog& log,
+                 std::chrono::milliseconds patience, std::function<void()> idle);
 
 public Q_SLOTS:
     // The messages of the interface. Each has one argument, the program's full path, and an empty answer.

@@ -49,10 +49,10 @@ int main(int argc, char** argv) {
         std::fputs("There is no system bus.\n", stderr);
         return EXIT_FAILURE;
     }
-    TrustService service(bus, TrustRecord(parser.value(folder)), clock, log);
+    TrustService service(bus, TrustRecord(parser.value(folder)), clock, log,
+                         std::chrono::milliseconds(parser.value(patience).toInt()),
+                         [] { QCoreApplication::quit(); });
     const Subscription loss = bus.observe([] { QCoreApplication::quit(); });
-    service.setIdleHandler(std::chrono::milliseconds(parser.value(patience).toInt()),
-                           [] { QCoreApplication::quit(); });
     if (!serve(service, bus)) {
         std::fputs("The name org.ticklog.TKAXTrusted cannot be had: this is started by the system bus.\n",
                    stderr);

@@ -34,9 +34,10 @@ constexpr std::array<Label, 7> kLabels = {{{"colorNone", QT_TRANSLATE_NOOP("Tick
 
 } // namespace
 
-TKLabelViewController::TKLabelViewController(QMenu& menu)
+TKLabelViewController::TKLabelViewController(QMenu& menu, ProjectController projectController)
     : m_menu(menu)
-    , m_mainLabel(named(new PlainLabel(localized("Label:")), QStringLiteral("mainLabel"))) {
+    , m_mainLabel(named(new PlainLabel(localized("Label:")), QStringLiteral("mainLabel")))
+    , m_projectController(std::move(projectController)) {
     named(this, QStringLiteral("tkLabelMenuItem"));
     setFocusPolicy(Qt::StrongFocus);
     auto* rows = new QVBoxLayout(this);
@@ -60,18 +61,13 @@ TKLabelViewController::TKLabelViewController(QMenu& menu)
     menu.addAction(action);
 }
 
-void TKLabelViewController::setProjectController(std::function<void(int)> setSelectedColorTag) {
-    m_setSelectedColorTag = std::move(setSelectedColorTag);
-}
-
 void TKLabelViewController::setColoring(TKLabelButton& button) {
     for (TKLabelButton* label : m_labels) {
         label->setSelectedColor(label == &button);
         label->repaint();
     }
     m_menu.close();
-    if (m_setSelectedColorTag)
-        m_setSelectedColorTag(button.colorTag());
+    m_projectController(button.colorTag());
 }
 
 void TKLabelViewController::setSelectedTag(int tag) {

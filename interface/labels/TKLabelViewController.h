@@ -17,11 +17,12 @@ public:
     // The tag for "no project is selected": no label can be chosen then.
     static constexpr int kNoProject = -1;
 
-    // Appends itself to `menu`, which owns it from then on.
-    explicit TKLabelViewController(QMenu& menu);
+    // Gets the tag that the user chose.
+    using ProjectController = std::function<void(int tag)>;
 
-    // The function gets the tag that the user chose.
-    void setProjectController(std::function<void(int tag)> setSelectedColorTag);
+    // Appends itself to `menu`, which owns it from then on.
+    TKLabelViewController(QMenu& menu, ProjectController projectController);
+
     // The tag of the current project.
     void setSelectedTag(int tag);
     // Shows that a button was pressed, closes the menu, and only then passes the tag on.
@@ -43,5 +44,5 @@ private:
     QMenu& m_menu;
     QLabel* m_mainLabel;
     std::array<TKLabelButton*, 7> m_labels{};
-    std::function<void(int)> m_setSelectedColorTag;
+    ProjectController m_projectController;
 };

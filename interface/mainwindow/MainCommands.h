@@ -29,8 +29,8 @@ private:
     bool areForHistory() const;
 
     TKController& m_controller;
-    // The outline that had the focus last; commands for rows apply to it. While the history is shown, the table stands
-    // for the history's outline.
+    // The outline that had the focus last; commands for rows apply to it. While the history is shown, the
+    // table stands for the history's outline.
     TKOutlineDisplayView* m_focusedOutline;
     // Belongs to the main window; null until it was opened once.
     ManualWindow* m_manual = nullptr;

@@ -3,7 +3,6 @@
 
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
-#include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
@@ -48,7 +47,6 @@ MainWindow::MainWindow()
     auto* historyMenu = named(new QMenu(localized("H&istory"), menuBar()), QStringLiteral("historyMenu"));
     menuBar()->insertMenu(m_projectMenu->menuAction(), historyMenu);
     m_historyActions.fill(*historyMenu);
-    m_tkLabelProjectViewController = new TKLabelViewController(*m_projectMenu);
     makeToolBar();
     m_splitView = named(new TKConstrainedSplitView(this), QStringLiteral("splitView"));
     m_sidebar =

@@ -16,7 +16,6 @@ class QToolBar;
 class SidebarPane;
 class SumBar;
 class TKConstrainedSplitView;
-class TKLabelViewController;
 class TKOutlineDisplayView;
 
 // The main window: the projects on the left, the outline of timers with the sum below it or the history, the
@@ -46,9 +45,6 @@ public:
     void setHistoryShown(bool isShown);
 
     QMenu& projectMenu() const { return *m_projectMenu; }
-
-    // The colour labels in the menu of projects.
-    TKLabelViewController& tkLabelProjectViewController() const { return *m_tkLabelProjectViewController; }
 
     // Whether the user can see the timers: the window is neither closed nor minimised, it does not show the
     // history, and the desktop does not say that it is hidden. Under Wayland that is the only way to learn of
@@ -88,7 +84,6 @@ private:
     MainActions m_actions;
     HistoryActions m_historyActions;
     QMenu* m_projectMenu = nullptr;
-    TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     QToolBar* m_toolBar = nullptr;
     TKSearchField* m_searchAppField = nullptr;
     AppTypeControl* m_appTypeToolbar = nullptr;

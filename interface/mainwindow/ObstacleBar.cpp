@@ -40,20 +40,15 @@ ObstacleBar::ObstacleBar(QWidget* parent)
     cells->addWidget(m_text, 1);
     cells->addWidget(m_remedyButton, 0, Qt::AlignTop);
     cells->addWidget(m_acknowledgeButton, 0, Qt::AlignTop);
-    connect(m_remedyButton, &QPushButton::clicked, this, [this] {
-        // A copy: it may be replaced while it asks its question.
-        const auto remedy = m_remedy;
-        remedy();
-    });
-    connect(m_acknowledgeButton, &QPushButton::clicked, this, [this] { m_acknowledged(); });
+    connect(m_remedyButton, &QPushButton::clicked, this, &ObstacleBar::remedyWanted);
+    connect(m_acknowledgeButton, &QPushButton::clicked, this, &ObstacleBar::acknowledged);
     m_remedyButton->hide();
     m_acknowledgeButton->hide();
     hide();
 }
 
-void ObstacleBar::offerRemedy(std::function<void()> remedy) {
-    m_remedy = std::move(remedy);
-    m_remedyButton->setVisible(bool(m_remedy));
+void ObstacleBar::offerRemedy(bool isOffered) {
+    m_remedyButton->setVisible(isOffered);
 }
 
 void ObstacleBar::offerAcknowledgement(bool isOffered) {

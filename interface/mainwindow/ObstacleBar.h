@@ -3,8 +3,6 @@
 
 #include <QFrame>
 
-#include <functional>
-
 class QLabel;
 class QPushButton;
 
@@ -17,16 +15,18 @@ public:
 
     // Hides the bar for an empty text. Assistive programs read a new text aloud.
     void showObstacle(const QString& text);
-    // Shows or hides a button "I know", which calls the function given to setAcknowledged().
+    // Show or hide a button, which is signalled when it is pressed.
     void offerAcknowledgement(bool isOffered);
-    void setAcknowledged(std::function<void()> acknowledged) { m_acknowledged = std::move(acknowledged); }
-    // Shows a button that calls `remedy`; hides it for an empty function.
-    void offerRemedy(std::function<void()> remedy);
+    void offerRemedy(bool isOffered);
+
+Q_SIGNALS:
+    // The user knows of the trouble.
+    void acknowledged();
+    // The user wants to do something about the obstacle.
+    void remedyWanted();
 
 private:
     QLabel* m_text;
     QPushButton* m_remedyButton;
     QPushButton* m_acknowledgeButton;
-    std::function<void()> m_remedy;
-    std::function<void()> m_acknowledged;
 };

@@ -19,7 +19,8 @@ ShownObstacle::ShownObstacle(MainWindow& window, AppPresence& presence, AccountT
     , m_trouble(trouble)
     , m_platform(platform)
     , m_troubles(trouble.observe(kAccountTroubleKey, [this](const ObservedChange&) { show(); })) {
-    m_window.obstacleBar().setAcknowledged([this] { m_trouble.acknowledge(); });
+    QObject::connect(&m_window.obstacleBar(), &ObstacleBar::acknowledged, &m_receiver,
+                     [this] { m_trouble.acknowledge(); });
 }
 
 void ShownObstacle::show() {

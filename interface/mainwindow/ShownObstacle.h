@@ -3,6 +3,8 @@
 
 #include "platform/Platform.h"
 
+#include <QObject>
+
 #include <memory>
 
 class AccountTrouble;
@@ -28,4 +30,6 @@ private:
     // Null while there is no obstacle.
     std::unique_ptr<RunLoopTimer> m_nextLook;
     Subscription m_troubles;
+    // Receives the bar's signals.
+    QObject m_receiver;
 };

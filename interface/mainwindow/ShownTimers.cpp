@@ -24,22 +24,18 @@ ShownTimers::ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& 
     : m_window(window)
     , m_tracker(tracker)
     , m_runLoop(runLoop)
-    , m_all(TimeTreeModel::sourceOf(tracker), runLoop, rename)
-    , m_ofProject(std::nullopt, runLoop, rename)
     , m_programCell(
           {.isProjectShown = [this] { return !areAll(); },
            .tags = [&projects](const Identity& timer) { return projects.reverseProjectCache()->tags(timer); },
            .applications = [&tracker] { return tracker.timeSet(); }})
+    , m_all(TimeTreeModel::sourceOf(tracker), runLoop, rename, isFrozen())
+    , m_ofProject(std::nullopt, runLoop, rename, isFrozen())
     , m_selectionOfAll(&m_all)
     , m_selectionOfProject(&m_ofProject)
     , m_expansion(window.mainTable(), projects)
     , m_sum(tracker, window, [this] { return m_project.get(); }) {
-    for (TimeTreeModel* tree : {&m_all, &m_ofProject}) {
-        tree->setLive(false);
-        tree->setIsFrozen([this](TimeStoreItem& item, bool isTopLevel) {
-            return m_programCell.isFrozen(item, isTopLevel);
-        });
-    }
+    m_all.setLive(false);
+    m_ofProject.setLive(false);
     showTree(m_all);
     connectWindow();
     setCutoff(0);
@@ -48,6 +44,10 @@ ShownTimers::ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& 
 ShownTimers::~ShownTimers() {
     m_reactions.reset();
     m_window.mainTable().setModel(nullptr);
+}
+
+TimeTreeModel::IsFrozen ShownTimers::isFrozen() const {
+    return [this](TimeStoreItem& item, bool isTopLevel) { return m_programCell.isFrozen(item, isTopLevel); };
 }
 
 void ShownTimers::connectWindow() {

@@ -54,6 +54,7 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
+    TimeTreeModel::IsFrozen isFrozen() const;
     void connectWindow();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
@@ -65,11 +66,11 @@ private:
     MainWindow& m_window;
     TimeTracker& m_tracker;
     RunLoop& m_runLoop;
+    ProgramCell m_programCell;
     TimeTreeModel m_all;
     TimeTreeModel m_ofProject;
     // One of the two models.
     TimeTreeModel* m_shown = nullptr;
-    ProgramCell m_programCell;
     // Each tree keeps its own selection.
     QItemSelectionModel m_selectionOfAll;
     QItemSelectionModel m_selectionOfProject;

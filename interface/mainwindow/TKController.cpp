@@ -61,6 +61,8 @@ TKController::~TKController() {
 }
 
 void TKController::makeControllers() {
+    m_tkLabelProjectViewController = new TKLabelViewController(
+        m_window.projectMenu(), [this](int tag) { m_projectController->setSelectedColorTag(tag); });
     m_projectController.emplace(m_projects, m_projectNodes, m_platform.notifications,
                                 m_window.projectOutline(), m_alerts, m_undoStack, projectServices());
     m_exportController.emplace(m_engine.tracker(), m_database, m_engine.services().store, m_platform,
@@ -86,13 +88,12 @@ void TKController::find() {
 }
 
 TKProjectController::MainController TKController::projectServices() {
-    return {
-        .showWithCategory = [this](const auto& category,
-                                   const auto& record) { showWithCategory(category, record); },
-        .branchUUIDs = [this](const auto& timers) { branchUUIDs(timers); },
-        .blockExpansionSaveWhileSearching = [this] { return blockExpansionSaveWhileSearching(); },
-        .setSelectedTag = [this](int tag) { m_window.tkLabelProjectViewController().setSelectedTag(tag); },
-        .writeProject = [this](int row) { return m_pasteboard.writeProject(row); }};
+    return {.showWithCategory = [this](const auto& category,
+                                       const auto& record) { showWithCategory(category, record); },
+            .branchUUIDs = [this](const auto& timers) { branchUUIDs(timers); },
+            .blockExpansionSaveWhileSearching = [this] { return blockExpansionSaveWhileSearching(); },
+            .setSelectedTag = [this](int tag) { m_tkLabelProjectViewController->setSelectedTag(tag); },
+            .writeProject = [this](int row) { return m_pasteboard.writeProject(row); }};
 }
 
 void TKController::reload() {
@@ -113,9 +114,6 @@ void TKController::connectFields() {
 
 void TKController::connectSidebar() {
     TKOutlineDisplayView& outline = m_window.projectOutline();
-    outline.setDeleteHandler([this](bool) { m_projectController->tableViewDidRecieveDeleteKey(); });
-    m_window.tkLabelProjectViewController().setProjectController(
-        [this](int tag) { m_projectController->setSelectedColorTag(tag); });
     outline.setRedirectToOutlineView(&m_window.mainTable());
     QObject::connect(
         &outline, &TKOutlineDisplayView::menuRequested, &*m_reactions, [this](const QPoint& place) {
@@ -145,11 +143,11 @@ void TKController::connectOutline() {
             m_window.popUp(QStringLiteral("timerContextMenu"), m_window.actions().forTimers(), place);
         });
     table.setHighlightOnMouseOver(true);
-    table.setInvitation([this] { return m_shown.invitation(); });
-    table.setDeleteHandler([this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); });
-    table.setBranchNode([this](const auto& item) { branchNode(item->node()); });
-    table.setWriteItems([this](const QModelIndexList& rows) { return m_pasteboard.writeItems(rows); });
-    table.setDataCell([this](const QModelIndex& row) { return m_shown.cell(row); });
+    table.serve({.dataCell = [this](const QModelIndex& row) { return m_shown.cell(row); },
+                 .branchNode = [this](const auto& item) { branchNode(item->node()); },
+                 .deleteKey = [this](bool forceDelete) { tableViewDidReceiveDeleteKey(forceDelete); },
+                 .writeItems = [this](const QModelIndexList& rows) { return m_pasteboard.writeItems(rows); },
+                 .invitation = [this] { return m_shown.invitation(); }});
 }
 
 void TKController::awakeFromNib() {

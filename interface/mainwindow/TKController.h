@@ -18,6 +18,8 @@
 
 #include <QUndoStack>
 
+class TKLabelViewController;
+
 // The program's only document and the controller of its main window. It is made of the tracker, the timer
 // control, the database, the window and what the window shows; it connects what the user asks for with the
 // code that does it, and shows the timer's state.
@@ -166,6 +168,8 @@ private:
     ShownObstacle m_obstacle;
     Subscription m_defaultsChanges;
     Subscription m_resets;
+    // The colour labels in the menu of projects, which owns them.
+    TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     // These are made after the timers have been read, because they expand their rows and archive them.
     std::optional<TKProjectController> m_projectController;
     std::optional<TKExportController> m_exportController;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/OutlineCellDelegate.h"
 
+#include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"
 

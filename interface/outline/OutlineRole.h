@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/store/TimeStoreItem.h"
-
 #include <QtCore/qnamespace.h>
 
 // What an outline asks its model for beyond Qt's own roles.

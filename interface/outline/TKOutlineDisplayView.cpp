@@ -2,7 +2,9 @@
 #include "interface/outline/TKOutlineDisplayView.h"
 
 #include "interface/outline/OutlineCellDelegate.h"
+#include "interface/outline/OutlineRole.h"
 #include "interface/outline/TimeTreeModel.h"
+#include "platform/foundation/values/Assertions.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -130,16 +132,21 @@ std::shared_ptr<TimeStoreItem> TKOutlineDisplayView::itemAt(const QModelIndex& r
 }
 
 TKTableLabelCell TKOutlineDisplayView::dataCell(const QModelIndex& row) const {
-    return m_dataCell ? m_dataCell(row) : TKTableLabelCell();
+    return m_owner.dataCell ? m_owner.dataCell(row) : TKTableLabelCell();
 }
 
-void TKOutlineDisplayView::setInvitation(std::function<QString()> invitation) {
-    m_invitation = std::move(invitation);
+void TKOutlineDisplayView::serve(Owner owner) {
+    if (std::exchange(m_isServing, true))
+        throw InternalInconsistency(QStringLiteral("interface/TKOutlineDisplayView"), __LINE__,
+                                    QStringLiteral("the view serves somebody already"));
+    m_owner = std::move(owner);
+    setDragEnabled(bool(m_owner.writeItems));
     readOutInvitation();
 }
 
 QString TKOutlineDisplayView::shownInvitation() const {
-    return !m_invitation || (model() && model()->rowCount() > 0) ? QString() : m_invitation();
+    const bool isEmpty = !model() || model()->rowCount() == 0;
+    return m_owner.invitation && isEmpty ? m_owner.invitation() : QString();
 }
 
 void TKOutlineDisplayView::readOutInvitation() {
@@ -150,21 +157,16 @@ void TKOutlineDisplayView::readOutInvitation() {
     viewport()->update();
 }
 
-void TKOutlineDisplayView::setWriteItems(WriteItems writeItems) {
-    m_writeItems = std::move(writeItems);
-    setDragEnabled(bool(m_writeItems));
-}
-
 void TKOutlineDisplayView::copy() {
-    if (!m_writeItems)
+    if (!m_owner.writeItems)
         return;
-    if (auto written = m_writeItems(selectedRows()))
+    if (auto written = m_owner.writeItems(selectedRows()))
         QGuiApplication::clipboard()->setMimeData(written.release());
 }
 
 void TKOutlineDisplayView::askToDelete(bool forceDelete) {
-    if (m_deleteKey)
-        m_deleteKey(forceDelete);
+    if (m_owner.deleteKey)
+        m_owner.deleteKey(forceDelete);
 }
 
 void TKOutlineDisplayView::deselectAndTell() {

@@ -12,42 +12,44 @@
 class QMimeData;
 class TimeTreeModel;
 
-// An outline of timers or of projects. It draws and forwards: handlers that are set from outside delete,
-// freeze and copy, and renaming goes through the model. Rows are numbered from 0, from top to bottom,
-// including expanded children.
+// An outline of timers or of projects. It draws and forwards: whoever it serves deletes, freezes and copies,
+// and renaming goes through the model. Rows are numbered from 0, from top to bottom, including expanded
+// children.
 class TKOutlineDisplayView : public QTreeView {
     Q_OBJECT
 public:
-    using DataCell = std::function<TKTableLabelCell(const QModelIndex& row)>;
-    using BranchNode = std::function<void(const std::shared_ptr<TimeStoreItem>& item)>;
-    using DeleteKey = std::function<void(bool forceDelete)>;
     static constexpr int kNowhere = -1;
-    // Where to draw the line for a row that is dragged over `onto` (invalid when beside the rows): before
-    // this row, or kNowhere if it cannot be dropped. Absent for a drop that does not go between rows.
-    using DropLine = std::function<std::optional<int>(const QDropEvent& dragged, const QModelIndex& onto)>;
-    using WriteItems = std::function<std::unique_ptr<QMimeData>(const QModelIndexList& rows)>;
+
+    // What the view needs of whom it serves. Each may be missing.
+    struct Owner {
+        // What the cells of the first column show besides their text.
+        std::function<TKTableLabelCell(const QModelIndex& row)> dataCell = {};
+        // Freezes a timer.
+        std::function<void(const std::shared_ptr<TimeStoreItem>& item)> branchNode = {};
+        // Deletes the selected rows. Without it nothing can be deleted.
+        std::function<void(bool forceDelete)> deleteKey = {};
+        // Makes the data of a copy or a drag from rows, given from top to bottom; may answer null for none.
+        // Without it rows cannot be copied or dragged.
+        std::function<std::unique_ptr<QMimeData>(const QModelIndexList& rows)> writeItems = {};
+        // Where to draw the line for a row that is dragged over `onto` (invalid when beside the rows): before
+        // this row, or kNowhere if it cannot be dropped. Absent for a drop that does not go between rows.
+        // Without it a frame is drawn around the row below the pointer.
+        std::function<std::optional<int>(const QDropEvent& dragged, const QModelIndex& onto)> dropLine = {};
+        // The text shown while there are no rows; asked for only then.
+        std::function<QString()> invitation = {};
+    };
 
     explicit TKOutlineDisplayView(QWidget* parent = nullptr);
 
+    // REQUIRES: it serves nobody yet.
+    void serve(Owner owner);
+
     // Shows timers. The model must outlive the view or be replaced first. The rows keep their order.
     void setTimeModel(TimeTreeModel& model);
-    // What the cells of the first column show besides their text.
-    void setDataCell(DataCell dataCell) { m_dataCell = std::move(dataCell); }
-    // Freezes a timer.
-    void setBranchNode(BranchNode branchNode) { m_branchNode = std::move(branchNode); }
-    // Deletes the selected rows. Without a handler nothing can be deleted.
-    void setDeleteHandler(DeleteKey deleteKey) { m_deleteKey = std::move(deleteKey); }
-    bool offersDelete() const { return bool(m_deleteKey); }
-    // Makes the data of a copy or a drag from rows, given from top to bottom; may answer null for none.
-    // Without this handler rows cannot be copied or dragged.
-    void setWriteItems(WriteItems writeItems);
-    // Shows a line between rows where a drop would go, instead of a frame around the row below the pointer.
-    void setDropLine(DropLine dropLine) { m_dropLine = std::move(dropLine); }
+    bool offersDelete() const { return bool(m_owner.deleteKey); }
     // The view in which "select none" and "expand all" take effect. Null for this view.
     void setRedirectToOutlineView(TKOutlineDisplayView* view) { m_redirectToOutlineView = view; }
-    // The text shown while there are no rows; asked for only then.
-    void setInvitation(std::function<QString()> invitation);
-    // The text may have changed: lets assistive programs read it.
+    // The invitation may have changed: lets assistive programs read it.
     void readOutInvitation();
 
     void copy();
@@ -147,15 +149,11 @@ private:
     void drawDropLine();
 
     TimeTreeModel* m_model = nullptr;
-    DataCell m_dataCell;
-    BranchNode m_branchNode;
-    DeleteKey m_deleteKey;
-    WriteItems m_writeItems;
-    DropLine m_dropLine;
+    Owner m_owner;
+    bool m_isServing = false;
     // The line is drawn before this row.
     std::optional<int> m_shownDropLine;
     TKOutlineDisplayView* m_redirectToOutlineView = nullptr;
-    std::function<QString()> m_invitation;
     SteadyScroll m_steadyScroll{*this};
     std::vector<QPersistentModelIndex> m_folded;
     int m_highlightedRow = -1;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the pointer does in an outline.
 #include "Classes/store/TimeStoreAppProxy.h"
-#include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"
 
@@ -73,7 +72,7 @@ void TKOutlineDisplayView::setHighlightedRow(int row) {
 }
 
 void TKOutlineDisplayView::rehighlightFromMouseMoved(const QPoint& globalPosition) {
-    if (!m_highlightOnMouseOver)
+    if (!highlightOnMouseOver())
         return;
     const QPoint point = viewport()->mapFromGlobal(globalPosition);
     setHighlightedRow(viewport()->rect().contains(point) ? rowAtPoint(point) : -1);
@@ -149,9 +148,9 @@ bool TKOutlineDisplayView::freeze(const QModelIndex& row) {
     if (!item)
         return true;
     const std::shared_ptr<TimeStoreItem> timer = timerOf(item);
-    if (!timer || timer->branched() || !m_branchNode)
+    if (!timer || timer->branched() || !m_owner.branchNode)
         return false;
-    m_branchNode(timer);
+    m_owner.branchNode(timer);
     // Freezing may have moved the row.
     if (m_model)
         m_model->synchronize();
@@ -182,7 +181,8 @@ bool TKOutlineDisplayView::editRowOf(const TimeStoreNode& node) {
 
 void TKOutlineDisplayView::startDrag(Qt::DropActions supportedActions) {
     const QModelIndexList rows = selectedRows();
-    std::unique_ptr<QMimeData> written = m_writeItems && !rows.isEmpty() ? m_writeItems(rows) : nullptr;
+    std::unique_ptr<QMimeData> written =
+        m_owner.writeItems && !rows.isEmpty() ? m_owner.writeItems(rows) : nullptr;
     if (!written)
         return;
     auto* drag = new QDrag(this);
@@ -198,8 +198,8 @@ void TKOutlineDisplayView::dragMoveEvent(QDragMoveEvent* event) {
     QTreeView::dragMoveEvent(event);
     const QModelIndex onto =
         dropIndicatorPosition() == OnItem ? indexAt(event->position().toPoint()) : QModelIndex();
-    const bool isShownHere = m_dropLine && event->isAccepted();
-    showDropLine(isShownHere ? m_dropLine(*event, onto) : std::nullopt);
+    const bool isShownHere = m_owner.dropLine && event->isAccepted();
+    showDropLine(isShownHere ? m_owner.dropLine(*event, onto) : std::nullopt);
 }
 
 void TKOutlineDisplayView::dragLeaveEvent(QDragLeaveEvent* event) {

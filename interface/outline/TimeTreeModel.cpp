@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TimeTreeModel.h"
 
+#include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKAppDisplayFormatter.h"
 #include "interface/outline/TimeTreeRow.h"
 #include "interface/shell/PlainText.h"
@@ -12,9 +13,10 @@
 #include <cmath>
 #include <unordered_set>
 
-TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename)
+TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, IsFrozen isFrozen)
     : m_runLoop(runLoop)
     , m_rename(std::move(rename))
+    , m_isFrozen(std::move(isFrozen))
     , m_root(std::make_unique<Row>()) {
     m_root->isLeaf = false;
     m_root->isFetched = true;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Classes/engine/TimeTracker.h"
-#include "interface/outline/OutlineRole.h"
 #include "interface/outline/TimeTreeOrder.h"
 
 #include <QAbstractItemModel>
@@ -33,8 +32,8 @@ public:
     // Whether assistive programs are told that a row is frozen. `isTopLevel`: it is not below another row.
     using IsFrozen = std::function<bool(TimeStoreItem&, bool isTopLevel)>;
 
-    // Without a source there are no rows.
-    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename);
+    // Without a source there are no rows. Without `isFrozen`, a row counts as frozen when its timer is.
+    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, IsFrozen isFrozen = {});
     ~TimeTreeModel() override;
 
     // What the tracker's search and cut-off leave. The tracker must outlive the model.
@@ -44,9 +43,6 @@ public:
     // Shows the rows of another source, at once or when the model is next live. Rows that are in both sources
     // stay the same rows, unless most differ.
     void setSource(std::optional<Source> source);
-
-    // Without it, a row counts as frozen when its timer is.
-    void setIsFrozen(IsFrozen isFrozen) { m_isFrozen = std::move(isFrozen); }
 
     // Set it to false while nobody sees the rows: then nothing is told and nothing formatted. Catches up when
     // set to true.

@@ -35,8 +35,8 @@ public:
         QString otherButton;
         // The answer when the question is closed: the button that changes nothing.
         Answer whenClosed = Default;
-        // Called as it comes to the screen, with what closes it there when it does not hold any more. That is of use until
-        // `ask` returns.
+        // Called as it comes to the screen, with what closes it there when it does not hold any more. That is
+        // of use until `ask` returns.
         std::function<void(std::function<void()> close)> opened = {};
     };
 

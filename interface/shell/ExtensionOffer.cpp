@@ -7,8 +7,8 @@ namespace {
 
 const QString kWanted = QStringLiteral("wanted");
 const QString kDeclined = QStringLiteral("declined");
-// By then the main window is shown and the shell is settled: while it locks the screen, it disables extensions
-// first and says that it is locked as soon as the screen is covered.
+// By then the main window is shown and the shell is settled: while it locks the screen, it disables
+// extensions first and says that it is locked as soon as the screen is covered.
 constexpr std::chrono::seconds kBeforeAsking{2};
 
 using State = ShellExtension::State;
@@ -63,7 +63,7 @@ ExtensionOffer::ExtensionOffer(const Ground& ground)
 }
 
 ExtensionOffer::~ExtensionOffer() {
-    m_ground.showOffer({});
+    m_ground.showOffer(false);
 }
 
 void ExtensionOffer::consider() {
@@ -71,7 +71,7 @@ void ExtensionOffer::consider() {
     const State state = m_ground.extension.state();
     if (!isOff(state))
         m_inVain.reset();
-    m_ground.showOffer(canHelp(state) ? [this] { offer(); } : std::function<void()>());
+    m_ground.showOffer(canHelp(state));
     if (state == State::On && isDecision(kWanted))
         // If the user disables it later, that is meant.
         decide(QString());

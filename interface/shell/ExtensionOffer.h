@@ -21,13 +21,16 @@ public:
         UserDefaults& defaults;
         RunLoop& runLoop;
         SystemLog& log;
-        // Shows where the user finds the offer again; an empty function hides it.
-        std::function<void(std::function<void()> offer)> showOffer;
+        // Shows or hides where the user finds the offer again.
+        std::function<void(bool isOffered)> showOffer;
     };
 
     // Follows the extension's state from now on.
     explicit ExtensionOffer(const Ground& ground);
     ~ExtensionOffer();
+
+    // Asks now, because the user has looked for the offer.
+    void offer();
 
 private:
     void consider();
@@ -35,7 +38,6 @@ private:
     void withdraw();
     void askSoon();
     void ask();
-    void offer();
     void fulfil();
     void switchOn();
     bool isDecision(const QString& decision) const;

@@ -2,6 +2,7 @@
 #include "interface/shell/SingleInstance.h"
 
 #include "platform/foundation/text/CleanText.h"
+#include "platform/foundation/values/Assertions.h"
 
 #include <QFile>
 #include <QTimer>
@@ -130,6 +131,9 @@ struct SingleInstance::Guest {
 };
 
 void SingleInstance::listen(const Admission& admission, Reopen reopen) {
+    if (m_reopen)
+        throw InternalInconsistency(QStringLiteral("interface/SingleInstance"), __LINE__,
+                                    QStringLiteral("somebody listens already"));
     m_admission = &admission;
     m_reopen = std::move(reopen);
     if (!m_server.isOpen())

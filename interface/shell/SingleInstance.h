@@ -36,7 +36,7 @@ public:
     // none.
     bool isFirst();
     // Waits for nobody: a guest that has not said everything soon is sent away. `admission` outlives this
-    // object. REQUIRES: isFirst() is true.
+    // object. REQUIRES: isFirst() is true, and this has not been called before.
     void listen(const Admission& admission, Reopen reopen);
     // Sends the first start the full path of a file, or none. Waits a few seconds at most for its answer.
     Answer handOver(const std::optional<QString>& file) const;

@@ -4,7 +4,6 @@
 #include "Classes/common/Settings.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/shell/Alerts.h"
-#include "interface/shell/Images.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QGuiApplication>
@@ -49,16 +48,14 @@ TKApplicationDelegate::TKApplicationDelegate(TKController& controller, Platform&
     m_presence.setShowDockIcon(m_presence.showDockIcon(), true);
 }
 
-TKApplicationDelegate::~TKApplicationDelegate() {
-    m_platform.session.observe({});
-}
+TKApplicationDelegate::~TKApplicationDelegate() = default;
 
 void TKApplicationDelegate::applicationDidFinishLaunching() {
     m_statusMenu.makeTitle();
     m_presence.begin();
-    m_platform.session.observe({.wentToBackground = [this] { switchHandler(true); },
-                                .cameToFront = [this] { switchHandler(false); },
-                                .aboutToEnd = [this] { willPowerOffHandler(); }});
+    m_sessionNews = m_platform.session.observe({.wentToBackground = [this] { switchHandler(true); },
+                                                .cameToFront = [this] { switchHandler(false); },
+                                                .aboutToEnd = [this] { willPowerOffHandler(); }});
     m_saveTimer = m_platform.runLoop.scheduleRepeating(kSaveInterval, kSaveTolerance,
                                                        [this] { m_controller.saveSettingsToDisk(); });
     updateMenuIconState();

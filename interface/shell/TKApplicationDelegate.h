@@ -29,7 +29,9 @@ public:
     bool applicationShouldTerminate();
     // Quits if it may.
     void terminate();
-    // The program was started a second time. Always false: the caller has nothing else to do.
+    // For a desktop that says that the program was started a second time, and whether a window of it can be
+    // seen. Nothing on Linux does: there the second start itself brings the window to the front
+    // (SingleInstance). Always false: the caller has nothing else to do.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
     void activateIgnoringOtherApps(bool isWanted);
     void showTimeWindow();
@@ -61,6 +63,7 @@ private:
     StatusMenu m_statusMenu;
     AppPresence m_presence;
     std::unique_ptr<RunLoopTimer> m_saveTimer;
+    Subscription m_sessionNews;
     // Receives Qt's signals.
     QObject m_receiver;
 };

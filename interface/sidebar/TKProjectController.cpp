@@ -47,12 +47,15 @@ TKProjectController::TKProjectController(ProjectList& projects, ProjectNodes& no
     , m_refreshes(notifications.observe(kTicklogRefreshProjectsNotification,
                                         [this](const Notification&) { refreshProject(); })) {
     m_projectOutline.setModel(&m_model);
-    m_projectOutline.setDataCell([this](const QModelIndex& row) { return cell(row); });
-    m_projectOutline.setDropLine([this](const QDropEvent& dragged, const QModelIndex& onto) {
-        return m_model.dropLine(*dragged.mimeData(), dragged.dropAction(), onto);
-    });
-    m_projectOutline.setWriteItems(
-        [this](const QModelIndexList& rows) { return m_mainController.writeProject(rows.last().row()); });
+    m_projectOutline.serve(
+        {.dataCell = [this](const QModelIndex& row) { return cell(row); },
+         .deleteKey = [this](bool) { tableViewDidRecieveDeleteKey(); },
+         .writeItems =
+             [this](const QModelIndexList& rows) { return m_mainController.writeProject(rows.last().row()); },
+         .dropLine =
+             [this](const QDropEvent& dragged, const QModelIndex& onto) {
+                 return m_model.dropLine(*dragged.mimeData(), dragged.dropAction(), onto);
+             }});
     selectRow(0);
     QObject::connect(&m_projectOutline, &TKOutlineDisplayView::selectionDidChange, &m_receiver,
                      [this] { selectionDidChange(); });
@@ -189,8 +192,7 @@ void TKProjectController::setSelectedColorTag(int tag) {
 
 void TKProjectController::addColorLabels(QMenu& menu) {
     menu.addSeparator();
-    auto* labels = new TKLabelViewController(menu);
-    labels->setProjectController([this](int tag) { setSelectedColorTag(tag); });
+    auto* labels = new TKLabelViewController(menu, [this](int tag) { setSelectedColorTag(tag); });
     labels->setSelectedTag(isMainItemSelected() ? kNoProject : currentProject()->colorTag());
 }
 

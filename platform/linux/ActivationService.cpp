@@ -2,6 +2,7 @@
 #include "platform/linux/ActivationService.h"
 
 #include "platform/foundation/text/CleanText.h"
+#include "platform/foundation/values/Assertions.h"
 
 #include <QDBusError>
 #include <QPointer>
@@ -49,6 +50,9 @@ ActivationService::~ActivationService() {
 }
 
 void ActivationService::listen(Handler handler) {
+    if (m_handler)
+        throw InternalInconsistency(QStringLiteral("platform/ActivationService"), __LINE__,
+                                    QStringLiteral("somebody listens already"));
     m_handler = std::move(handler);
     for (Request& request : std::exchange(m_kept, {}))
         carryOutSoon(std::move(request));

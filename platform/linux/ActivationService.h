@@ -33,6 +33,7 @@ public:
     ActivationService(Bus& sessionBus, const Admission& admission, RunLoop& runLoop, SystemLog& log);
     ~ActivationService() override;
 
+    // REQUIRES: this has not been called before.
     void listen(Handler handler);
 
 public Q_SLOTS:

@@ -11,14 +11,8 @@ void ClockJumpPower::check() {
     if (now - m_slept < kShortestSleep)
         return;
     m_slept = now;
-    for (const auto& handler : {m_handlers.aboutToSleep, m_handlers.woke})
-        if (handler)
-            handler();
-}
-
-bool ClockJumpPower::observe(Handlers handlers) {
-    m_handlers = std::move(handlers);
-    return true;
+    m_news.tell(&Hearer::aboutToSleep);
+    m_news.tell(&Hearer::woke);
 }
 
 QString ClockJumpPower::describe() const {

@@ -19,7 +19,7 @@ public:
     // Call it from a tick that runs anyway. It reads two clocks.
     void check();
 
-    bool observe(Handlers handlers) override;
+    bool tellsOfSleep() const override { return true; }
     QString describe() const override;
 
 private:
@@ -28,5 +28,4 @@ private:
     const Clock& m_clock;
     // How long the machine has slept in all since it was started.
     std::chrono::nanoseconds m_slept;
-    Handlers m_handlers;
 };

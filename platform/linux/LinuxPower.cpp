@@ -3,13 +3,13 @@
 
 LinuxPower::LinuxPower(LogindPower& logind, ClockJumpPower& clocks)
     : m_logind(logind)
-    , m_clocks(clocks) {}
+    , m_clocks(clocks)
+    , m_ofLogind(logind.observe(repeated()))
+    , m_ofClocks(clocks.observe(repeated())) {}
 
-bool LinuxPower::observe(Handlers handlers) {
-    m_logind.observe(handlers);
-    // Also while logind is there, because not every way to sleep goes through it. A sleep that both report is
-    // handled twice; the second time has no effect.
-    return m_clocks.observe(std::move(handlers));
+PowerEvents::Hearer LinuxPower::repeated() const {
+    return {.aboutToSleep = [this] { m_news.tell(&Hearer::aboutToSleep); },
+            .woke = [this] { m_news.tell(&Hearer::woke); }};
 }
 
 QString LinuxPower::describe() const {

@@ -15,12 +15,7 @@ LogindPower::LogindPower(Bus& systemBus, SystemLog& log)
     m_prepareForSleep = m_logind.listen(
         {kLogindPath, kLogindManager, QStringLiteral("PrepareForSleep"), QString()},
         [this](const QDBusMessage& signal) { setPreparing(signal.arguments().value(0).toBool()); });
-}
-
-bool LogindPower::observe(Handlers handlers) {
-    m_handlers = std::move(handlers);
     m_inhibitor.take();
-    return m_bus.isConnected();
 }
 
 QString LogindPower::describe() const {
@@ -39,15 +34,16 @@ void LogindPower::follow() {
 }
 
 void LogindPower::setPreparing(bool isPreparing) {
-    if (!m_handlers.aboutToSleep || std::exchange(m_isPreparing, isPreparing) == isPreparing)
+    if (std::exchange(m_isPreparing, isPreparing) == isPreparing)
         return;
-    if (!isPreparing)
+    if (!isPreparing) {
         m_inhibitor.take();
+        m_news.tell(&Hearer::woke);
+        return;
+    }
     const auto letGo = qScopeGuard([this] {
         if (m_isPreparing)
             m_inhibitor.release();
     });
-    // A copy, because the handler may replace itself.
-    if (const auto handler = isPreparing ? m_handlers.aboutToSleep : m_handlers.woke)
-        handler();
+    m_news.tell(&Hearer::aboutToSleep);
 }

@@ -5,13 +5,13 @@
 #include "platform/linux/DelayInhibitor.h"
 
 // Sleep and waking as logind reports them. logind never asks whether the machine may sleep, and does not wait
-// long for a handler. `systemBus` must outlive it.
+// long for those who hear of it. `systemBus` must outlive it.
 class LogindPower : public PowerEvents {
 public:
     LogindPower(Bus& systemBus, SystemLog& log);
 
-    // False while there is no system bus; the handlers are kept and called once there is one.
-    bool observe(Handlers handlers) override;
+    // False while there is no system bus; sleep is reported once there is one.
+    bool tellsOfSleep() const override { return m_bus.isConnected(); }
     QString describe() const override;
 
     // Whether logind is there and reports every sleep.
@@ -27,7 +27,6 @@ private:
     Bus& m_bus;
     BusService m_logind;
     DelayInhibitor m_inhibitor;
-    Handlers m_handlers;
     bool m_isPreparing = false;
     std::unique_ptr<BusSignal> m_prepareForSleep;
     Subscription m_service;

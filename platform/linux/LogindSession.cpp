@@ -13,14 +13,7 @@ LogindSession::LogindSession(OwnSession& session, SystemLog& log)
     m_prepareForShutdown = session.logind().listen(
         {kLogindPath, kLogindManager, QStringLiteral("PrepareForShutdown"), QString()},
         [this](const QDBusMessage& signal) { prepareForShutdown(signal.arguments().value(0).toBool()); });
-}
-
-void LogindSession::observe(Handlers handlers) {
-    m_handlers = std::move(handlers);
-    if (m_handlers.aboutToEnd)
-        m_inhibitor.take();
-    else
-        m_inhibitor.release();
+    m_inhibitor.take();
 }
 
 QString LogindSession::describe() const {
@@ -31,14 +24,11 @@ void LogindSession::follow() {
     if (m_session.isActive() == m_wasActive)
         return;
     m_wasActive = m_session.isActive();
-    // A copy, because the handler may replace itself.
-    const auto handler = m_wasActive ? m_handlers.cameToFront : m_handlers.wentToBackground;
-    if (handler)
-        handler();
+    m_news.tell(m_wasActive ? &Hearer::cameToFront : &Hearer::wentToBackground);
 }
 
 void LogindSession::prepareForShutdown(bool isPreparing) {
-    if (std::exchange(m_isPreparing, isPreparing) == isPreparing || !m_handlers.aboutToEnd)
+    if (std::exchange(m_isPreparing, isPreparing) == isPreparing)
         return;
     if (!isPreparing) {
         // Cancelled: the next shutdown must wait for this process again.
@@ -46,6 +36,5 @@ void LogindSession::prepareForShutdown(bool isPreparing) {
         return;
     }
     const auto letGo = qScopeGuard([this] { m_inhibitor.release(); });
-    const auto aboutToEnd = m_handlers.aboutToEnd;
-    aboutToEnd();
+    m_news.tell(&Hearer::aboutToEnd);
 }

@@ -6,12 +6,11 @@
 #include "platform/linux/OwnSession.h"
 
 // The session as logind reports it. Before the machine powers off, it waits a few seconds at most for
-// aboutToEnd to return. `session` must outlive it.
+// those who hear of it. `session` must outlive it.
 class LogindSession : public SessionEvents {
 public:
     LogindSession(OwnSession& session, SystemLog& log);
 
-    void observe(Handlers handlers) override;
     QString describe() const override;
 
     // Whether the machine would wait for this process before it powers off.
@@ -23,7 +22,6 @@ private:
 
     OwnSession& m_session;
     DelayInhibitor m_inhibitor;
-    Handlers m_handlers;
     bool m_wasActive = true;
     bool m_isPreparing = false;
     std::unique_ptr<BusSignal> m_prepareForShutdown;

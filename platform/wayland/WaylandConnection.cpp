@@ -64,8 +64,7 @@ void WaylandConnection::beIntroduced() {
     m_retryDelay = kFirstRetry;
     if (std::exchange(m_wasLost, false))
         m_log.log(QStringLiteral("The Wayland compositor is back."));
-    if (m_handlers.connected)
-        m_handlers.connected();
+    m_news.tell(&Hearer::connected);
 }
 
 const WaylandGlobal* WaylandConnection::find(const char* interface) const {
@@ -119,16 +118,14 @@ void WaylandConnection::dispatch() {
     isWell = isWell && wl_display_read_events(display) == 0 && wl_display_dispatch_pending(display) >= 0;
     if (!isWell)
         lose();
-    if (m_handlers.settled)
-        m_handlers.settled();
+    m_news.tell(&Hearer::settled);
     flush();
 }
 
 void WaylandConnection::lose() {
     m_arrivals.reset();
     m_room.reset();
-    if (m_handlers.lost)
-        m_handlers.lost();
+    m_news.tell(&Hearer::lost);
     m_awaited.clear();
     m_globals.clear();
     m_registry.reset();
@@ -153,8 +150,8 @@ void WaylandConnection::takeInGlobal(void* self, wl_registry*, std::uint32_t nam
                                      std::uint32_t version) {
     auto& connection = *static_cast<WaylandConnection*>(self);
     connection.m_globals.push_back({name, interface, version});
-    if (connection.m_isIntroduced && connection.m_handlers.offered)
-        connection.m_handlers.offered(connection.m_globals.back());
+    if (connection.m_isIntroduced)
+        connection.m_news.tell(&Hearer::offered, WaylandGlobal(connection.m_globals.back()));
 }
 
 void WaylandConnection::takeInRemoval(void* self, wl_registry*, std::uint32_t name) {
@@ -164,8 +161,8 @@ void WaylandConnection::takeInRemoval(void* self, wl_registry*, std::uint32_t na
         return;
     const WaylandGlobal removed = *found;
     connection.m_globals.erase(found);
-    if (connection.m_isIntroduced && connection.m_handlers.withdrawn)
-        connection.m_handlers.withdrawn(removed);
+    if (connection.m_isIntroduced)
+        connection.m_news.tell(&Hearer::withdrawn, removed);
 }
 
 void WaylandConnection::takeInAnswer(void* self, wl_callback* callback, std::uint32_t) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/News.h"
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/Result.h"
 #include "platform/foundation/values/SystemLog.h"
@@ -28,8 +29,8 @@ struct WaylandGlobal {
 // thread only.
 class WaylandConnection {
 public:
-    // What the connection's one user is told. All may be empty. None may destroy the connection.
-    struct Handlers {
+    // What a user of the connection is told. All may be empty. None may destroy the connection.
+    struct Hearer {
         // A compositor has been reached and has said what it offers: bind now.
         std::function<void()> connected;
         // The compositor is gone. Destroy every bound object within this call, and tell nobody before
@@ -51,7 +52,7 @@ public:
     WaylandConnection(const WaylandConnection&) = delete;
     WaylandConnection& operator=(const WaylandConnection&) = delete;
 
-    void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
+    Subscription observe(Hearer hearer) { return m_news.observe(std::move(hearer)); }
 
     bool isAlive() const { return m_display != nullptr; }
 
@@ -109,7 +110,7 @@ private:
     QByteArray m_name;
     RunLoop& m_runLoop;
     SystemLog& m_log;
-    Handlers m_handlers;
+    NewsOf<Hearer> m_news;
     std::unique_ptr<wl_display, Disconnect> m_display;
     std::unique_ptr<wl_registry, Disconnect> m_registry;
     std::vector<WaylandGlobal> m_globals;

@@ -23,7 +23,7 @@ WaylandDesktop::WaylandDesktop(std::unique_ptr<WaylandConnection> connection, Ru
     : FollowedDesktop(entries, runLoop, [this] { m_connection->askForSign(); })
     , m_connection(std::move(connection))
     , m_log(log) {
-    m_connection->setHandlers({[this] { beginTelling(); },
+    m_news = m_connection->observe({[this] { beginTelling(); },
                                     [this] {
                                         endTelling();
                                         m_isLossUntold = true;

@@ -77,4 +77,5 @@ private:
     MadeUpProcesses m_processes;
     bool m_isTelling = false;
     bool m_isLossUntold = false;
+    Subscription m_news;
 };

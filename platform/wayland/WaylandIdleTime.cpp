@@ -59,11 +59,11 @@ WaylandIdleTime::WaylandIdleTime(std::unique_ptr<WaylandConnection> connection, 
                 act(global);
         };
     };
-    m_connection->setHandlers({[this] { bind(); },
-                               [this] { unbind(); },
-                               ifSeat([this](const WaylandGlobal& global) { addSeat(global); }),
-                               ifSeat([this](const WaylandGlobal& global) { removeSeat(global); }),
-                               {}});
+    m_news = m_connection->observe({[this] { bind(); },
+                                    [this] { unbind(); },
+                                    ifSeat([this](const WaylandGlobal& global) { addSeat(global); }),
+                                    ifSeat([this](const WaylandGlobal& global) { removeSeat(global); }),
+                                    {}});
 }
 
 WaylandIdleTime::~WaylandIdleTime() = default;

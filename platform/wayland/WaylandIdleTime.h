@@ -60,4 +60,5 @@ private:
     std::unique_ptr<ext_idle_notifier_v1, Destroy> m_notifier;
     std::unique_ptr<org_kde_kwin_idle, Destroy> m_kdeIdle;
     std::vector<std::unique_ptr<Seat>> m_seats;
+    Subscription m_news;
 };

@@ -141,8 +141,8 @@ void X11Connection::dispatch() {
         const bool hadEvents = handOutEvents();
         const bool hadReplies = handOutReplies();
         isBusy = hadEvents || hadReplies;
-        if (isBusy && m_handlers.settled)
-            m_handlers.settled();
+        if (isBusy)
+            m_news.tell(&Hearer::settled);
         flush();
     }
     if (isAlive() && xcb_connection_has_error(xcb()))
@@ -162,8 +162,7 @@ bool X11Connection::handOutEvents() {
         if (!event)
             return hadAny;
         hadAny = true;
-        if (m_handlers.event)
-            m_handlers.event(*event);
+        m_news.tell(&Hearer::event, *event);
     }
 }
 
@@ -195,8 +194,7 @@ void X11Connection::lose() {
     m_log.log(QStringLiteral("The X server is gone; trying to reach it again."));
     m_retryDelay = kFirstRetry;
     scheduleRetry();
-    if (m_handlers.lost)
-        m_handlers.lost();
+    m_news.tell(&Hearer::lost);
 }
 
 void X11Connection::scheduleRetry() {
@@ -210,7 +208,6 @@ void X11Connection::retry() {
         return;
     }
     m_log.log(QStringLiteral("The X server is back."));
-    if (m_handlers.connected)
-        m_handlers.connected();
+    m_news.tell(&Hearer::connected);
     flush();
 }

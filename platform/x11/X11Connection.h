@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/News.h"
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/Result.h"
 #include "platform/foundation/values/SystemLog.h"
@@ -28,8 +29,8 @@ using X11Owned = std::unique_ptr<Reply, X11Free>;
 // a normal state: it is tried again, less and less often, until the server is back. Main thread only.
 class X11Connection {
 public:
-    // What the connection's one user is told. All may be empty. None may destroy the connection.
-    struct Handlers {
+    // What a user of the connection is told. All may be empty. None may destroy the connection.
+    struct Hearer {
         // A server has been reached; everything known of an earlier one is invalid.
         std::function<void()> connected;
         std::function<void()> lost;
@@ -50,7 +51,7 @@ public:
     X11Connection(const X11Connection&) = delete;
     X11Connection& operator=(const X11Connection&) = delete;
 
-    void setHandlers(Handlers handlers) { m_handlers = std::move(handlers); }
+    Subscription observe(Hearer hearer) { return m_news.observe(std::move(hearer)); }
 
     bool isAlive() const { return m_connection != nullptr; }
 
@@ -104,7 +105,7 @@ private:
     QByteArray m_display;
     RunLoop& m_runLoop;
     SystemLog& m_log;
-    Handlers m_handlers;
+    NewsOf<Hearer> m_news;
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
     xcb_window_t m_root = 0;

@@ -57,7 +57,7 @@ X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLo
                       })
     , m_connection(std::move(connection))
     , m_focus(*m_connection, [this](xcb_window_t window) { takeInFocus(window); }) {
-    m_connection->setHandlers({[this] { begin(); },
+    m_news = m_connection->observe({[this] { begin(); },
                                     [this] {
                                         end();
                                         hear();

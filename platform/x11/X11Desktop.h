@@ -79,4 +79,5 @@ private:
     bool m_isManagerUnasked = false;
     bool m_isActiveUnasked = false;
     bool m_areWindowsUnasked = false;
+    Subscription m_news;
 };

@@ -10,10 +10,10 @@ constexpr quint8 kSentEvent = 0x80;
 X11TrayManager::X11TrayManager(std::unique_ptr<X11Connection> connection, std::function<void()> changed)
     : m_connection(std::move(connection))
     , m_changed(std::move(changed)) {
-    m_connection->setHandlers({.connected = [this] { begin(); },
-                               .lost = [this] { setOwner(XCB_NONE); },
-                               .event = [this](const xcb_generic_event_t& event) { takeIn(event); },
-                               .settled = {}});
+    m_news = m_connection->observe({.connected = [this] { begin(); },
+                                    .lost = [this] { setOwner(XCB_NONE); },
+                                    .event = [this](const xcb_generic_event_t& event) { takeIn(event); },
+                                    .settled = {}});
     begin();
     m_connection->flush();
 }

@@ -24,4 +24,5 @@ private:
     std::unique_ptr<X11Connection> m_connection;
     std::function<void()> m_changed;
     xcb_window_t m_owner = XCB_NONE;
+    Subscription m_news;
 };

@@ -17,13 +17,14 @@ const QString kNone;
 // Records what it is told: "sleep", "wake".
 class PowerDiary {
 public:
-    PowerEvents::Handlers handlers() {
-        return {[this] {
-                    told << QStringLiteral("sleep");
-                    if (whileFallingAsleep)
-                        whileFallingAsleep();
-                },
-                [this] { told << QStringLiteral("wake"); }};
+    void hear(PowerEvents& power) {
+        m_news = power.observe({.aboutToSleep =
+                                    [this] {
+                                        told << QStringLiteral("sleep");
+                                        if (whileFallingAsleep)
+                                            whileFallingAsleep();
+                                    },
+                                .woke = [this] { told << QStringLiteral("wake"); }});
     }
 
     bool waitFor(const QStringList& lines) {
@@ -32,6 +33,9 @@ public:
 
     QStringList told;
     std::function<void()> whileFallingAsleep;
+
+private:
+    Subscription m_news;
 };
 
 QStringList lines(const char* text) {
@@ -52,7 +56,8 @@ TEST_F(LogindPowerTest, aSleep_waitsUntilWhoIsToldIsDoneAndIsDelayedAgainAfterTh
     m_machine.ask("start-logind");
     bool isDelayingMeanwhile = false;
     m_diary.whileFallingAsleep = [&] { isDelayingMeanwhile = m_power.isDelaying(); };
-    EXPECT_TRUE(m_power.observe(m_diary.handlers()));
+    m_diary.hear(m_power);
+    EXPECT_TRUE(m_power.tellsOfSleep());
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
     ASSERT_TRUE(m_diary.waitFor(lines("sleep")));
@@ -68,7 +73,7 @@ TEST_F(LogindPowerTest, aContractBrokenBeforeASleep_doesNotHoldItUp) {
     m_diary.whileFallingAsleep = [] {
         throw InternalInconsistency(QStringLiteral("here"), 1, QStringLiteral("broken"));
     };
-    m_power.observe(m_diary.handlers());
+    m_diary.hear(m_power);
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
     EXPECT_TRUE(m_machine.waitForInhibitors(kNone));
@@ -76,7 +81,7 @@ TEST_F(LogindPowerTest, aContractBrokenBeforeASleep_doesNotHoldItUp) {
 
 TEST_F(LogindPowerTest, aSecondSleep_isDelayedAsTheFirst) {
     m_machine.ask("start-logind");
-    m_power.observe(m_diary.handlers());
+    m_diary.hear(m_power);
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     for (const char* news : {"prepare-for-sleep true", "prepare-for-sleep false", "prepare-for-sleep true"})
         m_machine.ask(news);
@@ -85,7 +90,8 @@ TEST_F(LogindPowerTest, aSecondSleep_isDelayedAsTheFirst) {
 }
 
 TEST_F(LogindPowerTest, aLogindThatComesLateOrComesBack_isAskedForTheDelay) {
-    EXPECT_TRUE(m_power.observe(m_diary.handlers()));
+    m_diary.hear(m_power);
+    EXPECT_TRUE(m_power.tellsOfSleep());
     EXPECT_FALSE(m_power.isServed());
     m_machine.ask("start-logind");
     EXPECT_TRUE(m_machine.waitForInhibitors(kHeld));
@@ -99,7 +105,7 @@ TEST_F(LogindPowerTest, aLogindThatComesLateOrComesBack_isAskedForTheDelay) {
 
 TEST_F(LogindPowerTest, aWakeThatLogindDidNotLiveToTell_isToldWhenItIsBack) {
     m_machine.ask("start-logind");
-    m_power.observe(m_diary.handlers());
+    m_diary.hear(m_power);
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("prepare-for-sleep true");
     ASSERT_TRUE(m_diary.waitFor(lines("sleep")));
@@ -111,7 +117,7 @@ TEST_F(LogindPowerTest, aWakeThatLogindDidNotLiveToTell_isToldWhenItIsBack) {
 
 TEST_F(LogindPowerTest, aBusThatGoesAndComesBack_isConnectedToAgain) {
     m_machine.ask("start-logind");
-    m_power.observe(m_diary.handlers());
+    m_diary.hear(m_power);
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     m_machine.ask("stop-bus");
     ASSERT_TRUE(waitFor([this] { return !m_bus.isConnected(); }));
@@ -125,7 +131,7 @@ TEST_F(LogindPowerTest, aBusThatGoesAndComesBack_isConnectedToAgain) {
 
 TEST_F(LogindPowerTest, aSignalFromAnybodyElse_isNotBelieved) {
     m_machine.ask("start-logind");
-    m_power.observe(m_diary.handlers());
+    m_diary.hear(m_power);
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     auto forged = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/login1"),
                                              QStringLiteral("org.freedesktop.login1.Manager"),
@@ -145,7 +151,8 @@ TEST_F(LogindPowerTest, aSleepThatLogindMissed_isToldOfByTheClocks) {
     HandClock clock;
     ClockJumpPower clocks(clock);
     LinuxPower both(m_power, clocks);
-    EXPECT_TRUE(both.observe(m_diary.handlers()));
+    m_diary.hear(both);
+    EXPECT_TRUE(both.tellsOfSleep());
     m_machine.ask("start-logind");
     ASSERT_TRUE(m_machine.waitForInhibitors(kHeld));
     clock.sleepFor(std::chrono::minutes(5));
@@ -160,14 +167,14 @@ TEST(LogindPower, withoutAnyBus_nobodyTells) {
     QtRunLoop runLoop(log);
     Bus bus(Bus::atAddress(QStringLiteral("unix:path=/nowhere/bus")), runLoop, log);
     LogindPower power(bus, log);
-    EXPECT_FALSE(power.observe({}));
+    EXPECT_FALSE(power.tellsOfSleep());
 }
 
 TEST(ClockJumpPower, aSleep_isToldOnceItHasEnded) {
     HandClock clock;
     ClockJumpPower power(clock);
     PowerDiary diary;
-    power.observe(diary.handlers());
+    diary.hear(power);
     clock.advance(std::chrono::hours(1));
     power.check();
     EXPECT_EQ(diary.told, QStringList());
@@ -177,11 +184,28 @@ TEST(ClockJumpPower, aSleep_isToldOnceItHasEnded) {
     EXPECT_EQ(diary.told, lines("sleep, wake"));
 }
 
+TEST(ClockJumpPower, aSecondWhoHears_isToldBesideTheFirst) {
+    HandClock clock;
+    ClockJumpPower power(clock);
+    PowerDiary first;
+    first.hear(power);
+    {
+        PowerDiary second;
+        second.hear(power);
+        clock.sleepFor(std::chrono::seconds(2));
+        power.check();
+        EXPECT_EQ(second.told, lines("sleep, wake"));
+    }
+    clock.sleepFor(std::chrono::seconds(2));
+    power.check();
+    EXPECT_EQ(first.told, lines("sleep, wake, sleep, wake"));
+}
+
 TEST(ClockJumpPower, manySmallDifferences_addUpToASleep) {
     HandClock clock;
     ClockJumpPower power(clock);
     PowerDiary diary;
-    power.observe(diary.handlers());
+    diary.hear(power);
     for (int i = 0; i < 9; ++i) {
         clock.sleepFor(std::chrono::milliseconds(100));
         power.check();
@@ -196,7 +220,7 @@ TEST(ClockJumpPower, aWallClockThatIsSet_isNoSleep) {
     HandClock clock;
     ClockJumpPower power(clock);
     PowerDiary diary;
-    power.observe(diary.handlers());
+    diary.hear(power);
     clock.setWall(clock.now() + std::chrono::hours(24));
     power.check();
     EXPECT_EQ(diary.told, QStringList());

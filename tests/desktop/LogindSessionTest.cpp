@@ -15,12 +15,12 @@ protected:
     void begin(const QString& sessionId = QString()) {
         m_ownSession.emplace(m_bus, m_log, sessionId);
         m_session.emplace(*m_ownSession, m_log);
-        m_session->observe({[this] { m_told << QStringLiteral("resigned"); },
-                            [this] { m_told << QStringLiteral("became active"); },
-                            [this] {
-                                m_wasDelayedAtPowerOff = m_session->isDelaying();
-                                m_told << QStringLiteral("power off");
-                            }});
+        m_news = m_session->observe({[this] { m_told << QStringLiteral("resigned"); },
+                                     [this] { m_told << QStringLiteral("became active"); },
+                                     [this] {
+                                         m_wasDelayedAtPowerOff = m_session->isDelaying();
+                                         m_told << QStringLiteral("power off");
+                                     }});
     }
 
     bool waitUntilKnown() {
@@ -37,6 +37,7 @@ protected:
     Bus m_bus{Bus::atAddress(m_machine.address()), m_runLoop, m_log};
     std::optional<OwnSession> m_ownSession;
     std::optional<LogindSession> m_session;
+    Subscription m_news;
     QStringList m_told;
     bool m_wasDelayedAtPowerOff = false;
 };

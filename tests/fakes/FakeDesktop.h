@@ -124,50 +124,32 @@ private:
 
 class FakePowerEvents : public PowerEvents {
 public:
-    bool observe(Handlers handlers) override {
+    bool tellsOfSleep() const override {
         ++registrations;
-        m_handlers = std::move(handlers);
         return tells;
     }
 
     QString describe() const override { return QStringLiteral("a fake"); }
 
     // When it returns, the machine may sleep.
-    void aboutToSleep() { call(m_handlers.aboutToSleep); }
-    void wake() { call(m_handlers.woke); }
+    void aboutToSleep() { m_news.tell(&Hearer::aboutToSleep); }
+    void wake() { m_news.tell(&Hearer::woke); }
 
     // Whether the system reports power events.
     bool tells = true;
-    int registrations = 0;
-
-private:
-    static void call(std::function<void()> handler) {
-        if (handler)
-            handler();
-    }
-
-    Handlers m_handlers;
+    // How often somebody wanted to know that, before hearing of them.
+    mutable int registrations = 0;
 };
 
 class FakeSessionEvents : public SessionEvents {
 public:
-    void observe(Handlers handlers) override { m_handlers = std::move(handlers); }
-
     QString describe() const override { return QStringLiteral("a fake"); }
 
-    void resignActive() { call(m_handlers.wentToBackground); }
+    void resignActive() { m_news.tell(&Hearer::wentToBackground); }
 
-    void becomeActive() { call(m_handlers.cameToFront); }
+    void becomeActive() { m_news.tell(&Hearer::cameToFront); }
 
-    void powerOff() { call(m_handlers.aboutToEnd); }
-
-private:
-    static void call(std::function<void()> handler) {
-        if (handler)
-            handler();
-    }
-
-    Handlers m_handlers;
+    void powerOff() { m_news.tell(&Hearer::aboutToEnd); }
 };
 
 class FakeFileViewer : public FileViewer {

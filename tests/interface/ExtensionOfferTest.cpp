@@ -52,9 +52,8 @@ protected:
     void launch(State state) {
         offer.reset();
         extension.become(State::Unknown);
-        offer = std::make_unique<ExtensionOffer>(
-            ExtensionOffer::Ground{extension, alerts, defaults, runLoop, log,
-                                   [this](std::function<void()> offered) { shown = std::move(offered); }});
+        offer = std::make_unique<ExtensionOffer>(ExtensionOffer::Ground{
+            extension, alerts, defaults, runLoop, log, [this](bool isOffered) { isShown = isOffered; }});
         extension.become(state);
         runLoop.advance(5s);
     }
@@ -67,8 +66,8 @@ protected:
     UserDefaults defaults{home.filePath(QStringLiteral("settings")), notifications, runLoop, log};
     FakeShellExtension extension;
     FakeAlerts alerts;
-    // What the button beside the timers would do; empty if there is none.
-    std::function<void()> shown;
+    // Whether there is a button beside the timers.
+    bool isShown = false;
     std::unique_ptr<ExtensionOffer> offer;
 };
 
@@ -139,19 +138,19 @@ TEST_F(ExtensionOfferTest, whoHasSaidNo_findsTheOfferAgain) {
     launch(State::Missing);
     launch(State::Missing);
     EXPECT_EQ(alerts.questions.size(), 1);
-    ASSERT_TRUE(shown);
+    ASSERT_TRUE(isShown);
     alerts.answer = Alerts::Alternate;
-    shown();
+    offer->offer();
     EXPECT_EQ(alerts.questions.size(), 2);
     EXPECT_EQ(extension.done, QStringList{QStringLiteral("install")});
-    EXPECT_FALSE(shown) << "all that is missing is a login";
+    EXPECT_FALSE(isShown) << "all that is missing is a login";
 }
 
 TEST_F(ExtensionOfferTest, whileTheScreenIsLocked_nothingIsAskedOfAnExtensionThatRuns) {
     launch(State::On);
     extension.become(State::Paused);
     runLoop.advance(1min);
-    EXPECT_FALSE(shown);
+    EXPECT_FALSE(isShown);
     // Unlocked, it may be off for a moment.
     extension.become(State::Off);
     extension.become(State::On);
@@ -219,10 +218,10 @@ TEST_F(ExtensionOfferTest, switchedOffAgainAtOnce_isNotToldToBeInVain) {
 TEST_F(ExtensionOfferTest, whatCannotBeHelped_isNotOffered) {
     for (const State state : {State::Unknown, State::AwaitsLogin, State::Paused, State::On, State::Refused}) {
         launch(state);
-        EXPECT_FALSE(shown);
+        EXPECT_FALSE(isShown);
     }
     launch(State::Off);
-    EXPECT_TRUE(shown);
+    EXPECT_TRUE(isShown);
     offer.reset();
-    EXPECT_FALSE(shown);
+    EXPECT_FALSE(isShown);
 }

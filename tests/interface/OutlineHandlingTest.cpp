@@ -4,9 +4,7 @@
 #include "interface/outline/ProgramCell.h"
 #include "tests/interface/Desk.h"
 
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QMimeData>
 #include <QPaintEvent>
 #include <QSignalSpy>
 #include <QStandardItemModel>
@@ -148,7 +146,7 @@ TEST_F(OutlineHandlingTest, aPressAtTheRightOfAProject_doesNothing) {
     mailAndNotes();
     Sidebar sidebar(&table());
     bool isAsked = false;
-    sidebar.view.setBranchNode([&](const auto&) { isAsked = true; });
+    sidebar.view.serve({.branchNode = [&](const auto&) { isAsked = true; }});
     select({row("Notes")});
     const QRect frame = sidebar.view.frameOfCell(sidebar.model.index(1, 0));
     press(sidebar.view, {frame.right() - 3, frame.center().y()});
@@ -289,45 +287,6 @@ TEST_F(OutlineHandlingTest, rows_areNumberedAsTheyStandBeneathOneAnother) {
     EXPECT_FALSE(table().indexOfRow(4).isValid());
     EXPECT_FALSE(table().indexOfRow(-1).isValid());
     EXPECT_EQ(table().rowAtPoint(table().visualRect(row("Notes")).center()), 3);
-}
-
-TEST_F(OutlineHandlingTest, delete_isOfferedOnlyWhereSomebodyDeletes) {
-    mailAndNotes();
-    Sidebar sidebar(nullptr);
-    EXPECT_FALSE(sidebar.view.offersDelete());
-    sidebar.view.deleteRows();
-    QTest::keyClick(&sidebar.view, Qt::Key_Delete);
-    std::vector<bool> asked;
-    sidebar.view.setDeleteHandler([&](bool isForced) { asked.push_back(isForced); });
-    EXPECT_TRUE(sidebar.view.offersDelete());
-    QTest::keyClick(&sidebar.view, Qt::Key_Delete);
-    QTest::keyClick(&sidebar.view, Qt::Key_Delete, Qt::ShiftModifier);
-    sidebar.view.deleteRows();
-    sidebar.view.forceDelete();
-    EXPECT_EQ(asked, (std::vector<bool>{false, true, false, true}));
-}
-
-TEST_F(OutlineHandlingTest, copy_writesTheSelectedRowsFromTopToBottom) {
-    mailAndNotes();
-    table().expand(row("Mail"));
-    select({row("Notes"), row("Sent", row("Mail")), row("Mail")});
-    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
-    table().setWriteItems({});
-    table().copy();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before")) << "nobody writes";
-    table().setWriteItems([](const QModelIndexList& rows) {
-        QStringList names;
-        for (const QModelIndex& index : rows)
-            names << index.data().toString();
-        auto written = std::make_unique<QMimeData>();
-        written->setText(names.join(u' '));
-        return written;
-    });
-    table().copy();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Mail Sent Notes"));
-    table().setWriteItems([](const QModelIndexList&) { return std::unique_ptr<QMimeData>(); });
-    table().copy();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Mail Sent Notes"));
 }
 
 TEST_F(OutlineHandlingTest, manyDraggedRows_hangAtThePointerAsAFew) {

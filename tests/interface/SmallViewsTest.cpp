@@ -104,10 +104,11 @@ TEST_F(SmallViewsTest, whereAnObstacleCanBeRemoved_aButtonBesideItDoesSo) {
     auto* button = bar.findChild<QPushButton*>(QStringLiteral("obstacleRemedy"));
     EXPECT_FALSE(button->isVisible());
     int asked = 0;
-    bar.offerRemedy([&] {
+    QObject::connect(&bar, &ObstacleBar::remedyWanted, &bar, [&] {
         ++asked;
-        bar.offerRemedy({});
+        bar.offerRemedy(false);
     });
+    bar.offerRemedy(true);
     EXPECT_TRUE(button->isVisible());
     QTest::keyClick(button, Qt::Key_Space);
     EXPECT_EQ(asked, 1);

@@ -18,13 +18,7 @@
 namespace {
 
 struct TKLabelTest : testing::Test {
-    TKLabelTest() {
-        row.setProjectController([this](int tag) {
-            stored << tag;
-            wasMenuOpen = menu.isVisible();
-        });
-        row.setSelectedTag(0);
-    }
+    TKLabelTest() { row.setSelectedTag(0); }
 
     void open() {
         menu.popup(QPoint(10, 10));
@@ -60,7 +54,10 @@ struct TKLabelTest : testing::Test {
     }
 
     QMenu menu;
-    TKLabelViewController& row = *new TKLabelViewController(menu);
+    TKLabelViewController& row = *new TKLabelViewController(menu, [this](int tag) {
+        stored << tag;
+        wasMenuOpen = menu.isVisible();
+    });
     QList<int> stored;
     bool wasMenuOpen = false;
 };

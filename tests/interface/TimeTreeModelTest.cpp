@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TimeTreeModel.h"
+#include "interface/outline/OutlineRole.h"
 #include "tests/fakes/TestEngine.h"
 #include "tests/interface/Desk.h"
 

@@ -461,11 +461,11 @@ void drawAll(const QDir& folder) {
             u' ' +
             localized("Until it runs, Ticklog sees only programs that tell assistive programs about their "
                       "windows; all other time counts as “Desktop”.");
-        scene.controller.window().obstacleBar().offerRemedy([] {});
+        scene.controller.window().obstacleBar().offerRemedy(true);
         scene.show();
         scene.save(folder);
         scene.fakes.frontApplication.obstacleText.clear();
-        scene.controller.window().obstacleBar().offerRemedy({});
+        scene.controller.window().obstacleBar().offerRemedy(false);
         trouble(scene.controller);
         scene.name = QStringLiteral("trouble");
         scene.save(folder);
