@@ -3,7 +3,6 @@
 
 #include "platform/Accessibility.h"
 #include "platform/FileViewer.h"
-#include "platform/Folders.h"
 #include "platform/FrontApplication.h"
 #include "platform/IdleTime.h"
 #include "platform/LoginItems.h"
@@ -15,6 +14,7 @@
 #include "platform/SystemTray.h"
 #include "platform/TaskBar.h"
 #include "platform/WindowList.h"
+#include "platform/foundation/files/Folders.h"
 #include "platform/foundation/files/UserDefaults.h"
 #include "platform/foundation/observing/NotificationCenter.h"
 #include "platform/foundation/time/Clock.h"

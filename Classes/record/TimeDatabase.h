@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Classes/record/FileCalls.h"
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 #include "platform/foundation/files/UserDefaults.h"
 #include "platform/foundation/observing/KeyValueObserving.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
@@ -71,8 +71,9 @@ public:
     // Writes the main store; with a location, writes a copy there that holds the projects as well. On failure
     // the old file stays whole, and the main store is tried again every minute.
     Outcome saveSettingsToDiskAtURL(const std::optional<QString>& location = std::nullopt);
-    // Writes the main store in the loop's next turn, once however often it is asked. Timers that are deleted, frozen,
-    // or brought back are saved so: projects and history have written it at once, and a crash must not part them.
+    // Writes the main store in the loop's next turn, once however often it is asked. Timers that are deleted,
+    // frozen, or brought back are saved so: projects and history have written it at once, and a crash must
+    // not part them.
     void saveSoon();
     // Replaces all timers by those of a file, at once and without asking, and answers what was read. Absent,
     // and the timers are unchanged, when the file cannot be read or is no account.
@@ -101,8 +102,8 @@ public:
 
     // A digest of the main store on the disk; empty when there is none.
     QByteArray mainStoreContent() const;
-    // Digests of the files, as they were read, whose timers are in the tree. More than one if a store that was away has
-    // come back.
+    // Digests of the files, as they were read, whose timers are in the tree. More than one if a store that
+    // was away has come back.
     const std::vector<QByteArray>& contentsRead() const { return m_contentsRead; }
     // The witness is told of each save of the main store from now on. Null for none.
     void setWitness(StoreWitness* witness) { m_witness = witness; }

@@ -7,12 +7,12 @@
 
 #include <vector>
 
-// What the history says about a range of time, as the window shows it. All lengths are milliseconds; names are those
-// that the user sees.
+// What the history says about a range of time, as the window shows it. All lengths are milliseconds; names
+// are those that the user sees.
 struct RangeAnswer {
-    // A program or a project with its time, and what it consists of: a program's titles, a project's programs. The
-    // most time comes first. A stretch without a title counts for its program alone; a stretch that belongs to
-    // several projects counts for each of them.
+    // A program or a project with its time, and what it consists of: a program's titles, a project's
+    // programs. The most time comes first. A stretch without a title counts for its program alone; a stretch
+    // that belongs to several projects counts for each of them.
     struct Entry {
         QString name;
         qint64 length = 0;

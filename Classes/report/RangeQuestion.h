@@ -4,7 +4,7 @@
 #include "Classes/history/HistoryBatch.h"
 #include "Classes/report/CalendarRange.h"
 #include "Classes/report/RangeAnswer.h"
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 
 class SqliteDatabase;
 

@@ -5,7 +5,7 @@
 #include "Classes/projects/ProjectPatterns.h"
 #include "Classes/report/ReportNames.h"
 #include "Classes/report/UnwrittenRows.h"
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 
 #include <QHash>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Classes/history/History.h"
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 #include "platform/foundation/time/Clock.h"
 
 #include <QObject>

@@ -75,7 +75,7 @@ const std::vector<Room>& rooms() {
          {"Classes/exchange", "Classes/report"},
          "the interface reaches the desktop through platform/*.h alone; app/ chooses the back end"},
         {"helpers/TKAXTrusted", {"platform/linux"}, kHelper},
-        {"helpers/TicklogLaunchHelper", {"platform/linux"}, kHelper},
+        {"helpers/TicklogLaunchHelper", {"platform/foundation/programs"}, kHelper},
         {"helpers/ticklog-report", {"Classes/report"}, "it reads what was recorded, and knows no screen"},
     };
     return all;

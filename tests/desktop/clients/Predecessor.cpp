@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Holds what a running Ticklog holds, and at a line on standard input starts the program given as argument in its place, as
-// Ticklog does with itself. It is heavy, so that it takes its time to be gone. Without an argument it is a light successor
-// that leaves the file "free" or "taken" in its home, for the locks as it found them.
+// Holds what a running Ticklog holds, and at a line on standard input starts the program given as argument in
+// its place, as Ticklog does with itself. It is heavy, so that it takes its time to be gone. Without an
+// argument it is a light successor that leaves the file "free" or "taken" in its home, for the locks as it
+// found them.
 #include "app/AccountLock.h"
 #include "interface/shell/SingleInstance.h"
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 #include "platform/linux/LinuxOwnProgram.h"
 
 #include <QCoreApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Folders.h"
+#include "platform/foundation/files/Folders.h"
 #include "platform/linux/LinuxOwnProgram.h"
 #include "platform/linux/LinuxSandbox.h"
 #include "platform/linux/SandboxedLoginItems.h"
@@ -15,9 +15,9 @@
 
 namespace {
 
-class UserFoldersTest : public testing::Test {
+class FoldersTest : public testing::Test {
 protected:
-    UserFoldersTest() {
+    FoldersTest() {
         for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
             qunsetenv(variable);
         qputenv("HOME", m_home.path().toUtf8());
@@ -26,14 +26,14 @@ protected:
     TemporaryHome m_home;
 };
 
-TEST_F(UserFoldersTest, withAHomeAlone_theUsualPlacesAreUsed) {
+TEST_F(FoldersTest, withAHomeAlone_theUsualPlacesAreUsed) {
     const Folders folders = Folders::forUser();
     EXPECT_EQ(folders.applicationSupport, m_home.path() + QStringLiteral("/.local/share/Ticklog"));
     EXPECT_EQ(folders.settingsFile, m_home.path() + QStringLiteral("/.config/org.ticklog.Ticklog.plist"));
     EXPECT_EQ(folders.documents, m_home.path() + QStringLiteral("/Documents"));
 }
 
-TEST_F(UserFoldersTest, theBaseDirectories_areFollowed) {
+TEST_F(FoldersTest, theBaseDirectories_areFollowed) {
     qputenv("XDG_DATA_HOME", "/data/");
     qputenv("XDG_CONFIG_HOME", m_home.configurationFolder().toUtf8());
     m_home.write(QStringLiteral("config/user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
@@ -44,12 +44,12 @@ TEST_F(UserFoldersTest, theBaseDirectories_areFollowed) {
     EXPECT_EQ(folders.documents, m_home.path() + QStringLiteral("/Dokumente"));
 }
 
-TEST_F(UserFoldersTest, relativeBaseDirectories_countAsUnset) {
+TEST_F(FoldersTest, relativeBaseDirectories_countAsUnset) {
     qputenv("XDG_DATA_HOME", "data");
     EXPECT_EQ(Folders::forUser().applicationSupport, m_home.path() + QStringLiteral("/.local/share/Ticklog"));
 }
 
-TEST_F(UserFoldersTest, withoutAHome_thePasswordFilesServes) {
+TEST_F(FoldersTest, withoutAHome_thePasswordFilesServes) {
     const QString home = QFile::decodeName(::getpwuid(::getuid())->pw_dir);
     for (const char* none : {"", "home", "./"}) {
         qputenv("HOME", none);
@@ -61,7 +61,7 @@ TEST_F(UserFoldersTest, withoutAHome_thePasswordFilesServes) {
     }
 }
 
-TEST_F(UserFoldersTest, withAHome_itStaysAsItIs) {
+TEST_F(FoldersTest, withAHome_itStaysAsItIs) {
     EXPECT_TRUE(Folders::ensureHome());
     EXPECT_EQ(qEnvironmentVariable("HOME"), m_home.path());
 }
