@@ -10,7 +10,8 @@
 #include <memory>
 #include <optional>
 
-// Names of accessibility notifications.
+// What can be heard of an application. On Linux another of its windows becomes active (the first two, which
+// are the same there), or its active window gets another title.
 inline const QString kAXMainWindowChanged = QStringLiteral("AXMainWindowChanged");
 inline const QString kAXFocusedWindowChanged = QStringLiteral("AXFocusedWindowChanged");
 inline const QString kAXTitleChanged = QStringLiteral("AXTitleChanged");
@@ -23,9 +24,9 @@ public:
     // Each answers whether it succeeded.
     virtual bool addNotification(const WindowElement& element, const QString& notification) = 0;
     virtual bool removeNotification(const WindowElement& element, const QString& notification) = 0;
-    // The callback is called only while the observer is added to the run loop.
-    virtual void addToRunLoop() = 0;
-    virtual void removeFromRunLoop() = 0;
+    // The callback is called only between these two.
+    virtual void begin() = 0;
+    virtual void end() = 0;
 };
 
 // The windows of other applications, as their toolkits describe them to assistive programs. Answers from

@@ -53,7 +53,7 @@ void TimeActivatorUniversalAccess::subscribe(std::int64_t processIdentifier) {
     for (const QString& notification : {kAXMainWindowChanged, kAXFocusedWindowChanged, kAXTitleChanged})
         if (!observer->addNotification(*m_currentObservation.element, notification))
             m_currentObservation.notification.reset();
-    observer->addToRunLoop();
+    observer->begin();
     m_currentObservation.observer = std::move(observer);
 }
 
@@ -88,5 +88,5 @@ void TimeActivatorUniversalAccess::resetNotifications() {
     if (observer->removeNotification(element, *m_currentObservation.notification) &&
         observer->removeNotification(element, kAXFocusedWindowChanged) &&
         observer->removeNotification(element, kAXTitleChanged))
-        observer->removeFromRunLoop();
+        observer->end();
 }

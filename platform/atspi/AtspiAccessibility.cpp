@@ -42,7 +42,7 @@ public:
         return std::erase(m_notifications, std::pair(element, notification)) > 0;
     }
 
-    void addToRunLoop() override {
+    void begin() override {
         if (!*m_accessibility)
             return;
         m_watching =
@@ -50,7 +50,7 @@ public:
         (*m_accessibility)->startRereading();
     }
 
-    void removeFromRunLoop() override { m_watching.cancel(); }
+    void end() override { m_watching.cancel(); }
 
 private:
     bool isWanted(const QString& notification) const {

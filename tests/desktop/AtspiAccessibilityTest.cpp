@@ -89,7 +89,7 @@ protected:
         auto observer = m_accessibility.makeObserver(program.processIdentifier(), [this] { ++m_calls; });
         for (const QString& notification : notifications)
             EXPECT_TRUE(observer->addNotification(element, notification));
-        observer->addToRunLoop();
+        observer->begin();
         return observer;
     }
 
@@ -173,7 +173,7 @@ TEST_F(AtspiAccessibilityTest, anObserver_isToldOfWhatItAskedForWhileItIsOnTheRu
     tell(*client, "open Second");
     ASSERT_TRUE(waitForMainTitle(*client, "Second"));
     EXPECT_EQ(m_calls, 1);
-    observer->removeFromRunLoop();
+    observer->end();
     tell(*client, "activate 0");
     ASSERT_TRUE(waitForMainTitle(*client, "First"));
     EXPECT_EQ(m_calls, 1);

@@ -15,7 +15,7 @@ struct FakeAccessibilityState {
     // Notifications that cannot be added, or removed.
     QSet<QString> refusedAdditions;
     QSet<QString> refusedRemovals;
-    // Every call on an observer, in order: "add AXTitleChanged", "run loop +", "gone".
+    // Every call on an observer, in order: "add AXTitleChanged", "begin", "gone".
     QStringList calls;
     // The callbacks of the observers that are in the run loop, by observer.
     std::unordered_map<const void*, std::function<void()>> running;
@@ -42,13 +42,13 @@ public:
         return !m_state->refusedRemovals.contains(notification);
     }
 
-    void addToRunLoop() override {
-        m_state->calls << QStringLiteral("run loop +");
+    void begin() override {
+        m_state->calls << QStringLiteral("begin");
         m_state->running.insert_or_assign(this, m_callback);
     }
 
-    void removeFromRunLoop() override {
-        m_state->calls << QStringLiteral("run loop -");
+    void end() override {
+        m_state->calls << QStringLiteral("end");
         m_state->running.erase(this);
     }
 

@@ -44,7 +44,7 @@ protected:
 
 TEST_F(TimeActivatorUniversalAccessTest, aSwitch_subscribesToThreeNotifications) {
     front("Mail", "Inbox");
-    EXPECT_EQ(calls(), "add AXMainWindowChanged, add AXFocusedWindowChanged, add AXTitleChanged, run loop +");
+    EXPECT_EQ(calls(), "add AXMainWindowChanged, add AXFocusedWindowChanged, add AXTitleChanged, begin");
 }
 
 TEST_F(TimeActivatorUniversalAccessTest, theNextSwitch_removesThemOneAfterTheOtherFirst) {
@@ -52,8 +52,8 @@ TEST_F(TimeActivatorUniversalAccessTest, theNextSwitch_removesThemOneAfterTheOth
     calls();
     front("Editor", "a.txt");
     EXPECT_EQ(calls(), "remove AXMainWindowChanged, remove AXFocusedWindowChanged, remove AXTitleChanged, "
-                       "run loop -, gone, "
-                       "add AXMainWindowChanged, add AXFocusedWindowChanged, add AXTitleChanged, run loop +");
+                       "end, gone, "
+                       "add AXMainWindowChanged, add AXFocusedWindowChanged, add AXTitleChanged, begin");
 }
 
 TEST_F(TimeActivatorUniversalAccessTest, aRemovalThatFails_endsTheRemovalsButTheObserverGoes) {
@@ -69,7 +69,7 @@ TEST_F(TimeActivatorUniversalAccessTest, aRemovalThatFails_endsTheRemovalsButThe
 TEST_F(TimeActivatorUniversalAccessTest, aSubscriptionThatFails_stillTriesTheOthersAndIsNotUndone) {
     accessibility().state->refusedAdditions.insert(kAXMainWindowChanged);
     front("Mail", "Inbox");
-    EXPECT_EQ(calls(), "add AXMainWindowChanged, add AXFocusedWindowChanged, add AXTitleChanged, run loop +");
+    EXPECT_EQ(calls(), "add AXMainWindowChanged, add AXFocusedWindowChanged, add AXTitleChanged, begin");
     source().resetNotifications();
     EXPECT_EQ(calls(), "");
 }
