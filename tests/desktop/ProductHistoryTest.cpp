@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The built program killed at any moment, and what the next one knows of the time before. TICKLOG_KILLS says how often in
-// all, TICKLOG_DESKS on how many desks; ctest -j has these side by side.
+// The built program killed at any moment, and what the next one knows of the time before. TICKLOG_KILLS says
+// how often in all, TICKLOG_DESKS on how many desks; ctest -j has these side by side.
 #include "tests/desktop/harness/Lateness.h"
 #include "tests/desktop/harness/Product.h"
 #include "tests/fakes/HistoryDiary.h"

@@ -67,13 +67,15 @@ TEST_F(ProductSessionTest, aSleep_isSavedBeforeAndNeverCredited) {
     ASSERT_TRUE(m_machine.waitForInhibitors(QStringLiteral("shutdown:Ticklog:delay")));
     EXPECT_NEAR(written(), before, offBy(0.3));
     const double savedBefore = written();
-    const double asleep = passTime(1500ms);
+    // As much work as would be credited if the timer ran.
+    workUntil(before + 1.5);
+    const double asleep = passed() - before;
     m_machine.ask("prepare-for-sleep false");
     QElapsedTimer awake;
     awake.start();
     ASSERT_TRUE(m_machine.waitForInhibitors(kBothHeld));
-    const double working = passTime(500ms);
-    SCOPED_TRACE(testing::Message() << asleep << " seconds asleep, and then " << working << " at work");
+    workUntil(passed() + 0.5);
+    SCOPED_TRACE(testing::Message() << "after " << asleep << " seconds asleep");
     endAfterCounting(double(awake.nsecsElapsed()) / 1e9, savedBefore);
 }
 

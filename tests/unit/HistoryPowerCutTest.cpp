@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The power goes at any call to the disk, and what was not synced is partly lost. TICKLOG_POWER_CUTS says how often.
+// The power goes at any call to the disk, and what was not synced is partly lost. TICKLOG_POWER_CUTS says how
+// often.
 #include "Classes/history/History.h"
 #include "tests/fakes/CrashingVfs.h"
 #include "tests/fakes/Day.h"
@@ -68,8 +69,8 @@ private:
 
 class HistoryPowerCutTest : public testing::Test {
 protected:
-    // Writes until the power goes. Answers after how many batches, each of which was said to be written; `states` are what
-    // the file says after each.
+    // Writes until the power goes. Answers after how many batches, each of which was said to be written;
+    // `states` are what the file says after each.
     static int write(const QString& path, Telling telling, const CrashingDisk& disk,
                      std::vector<std::string>* states = nullptr) {
         std::optional<HistoryKeeper> keeper(std::in_place, path);
@@ -126,8 +127,8 @@ TEST_F(HistoryPowerCutTest, whateverWasNotSynced_whatIsSaidToBeWrittenIsThere) {
     EXPECT_GT(inTheMiddle, cuts(12) / 3);
 }
 
-// A disk that is full, or a cable that is loose, at any call and for some more: what was refused is written by the next try, as a thread
-// that writes for the history tries.
+// A disk that is full, or a cable that is loose, at any call and for some more: what was refused is written
+// by the next try, as a thread that writes for the history tries.
 TEST_F(HistoryPowerCutTest, whateverIsRefused_theNextTryWritesItOnce) {
     const auto live = [](const QString& path, CrashingDisk& disk, int failing, int error) {
         disk.arm(failing > 0 ? Fault::Fails : Fault::None, failing, error);

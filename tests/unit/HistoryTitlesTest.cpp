@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A day of titles of every kind, from the windows to what ticklog-report prints. TICKLOG_TITLES says how many.
+// A day of titles of every kind, from the windows to what ticklog-report prints. TICKLOG_TITLES says how
+// many.
 #include "Classes/history/History.h"
 #include "Classes/report/RecordedNames.h"
 #include "Classes/report/ReportFormats.h"

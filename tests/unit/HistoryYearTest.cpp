@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Days in which anything may happen, through tracker and history, held against a plain journal of the same days.
-// TICKLOG_RANDOM_DAYS says how many.
+// Days in which anything may happen, through tracker and history, held against a plain journal of the same
+// days. TICKLOG_RANDOM_DAYS says how many.
 #include "Classes/history/History.h"
 #include "Classes/report/RecordedNames.h"
 #include "Classes/report/ReportReading.h"
