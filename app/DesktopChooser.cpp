@@ -109,7 +109,8 @@ Result<DesktopChooser::Desktop> DesktopChooser::gnome() const {
                       "outside of one, Ticklog can be told.")};
     if (!m_ground.sessionBus.isConnected())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no session bus")};
-    // Other desktops bear this name too. If the shell is the compositor, it owns its name before it listens.
+    // Other desktops call themselves GNOME too. GNOME's own shell has its name on the bus before programs can
+    // reach its display, so where the name is missing there is none.
     const QDBusConnectionInterface* bus = m_ground.sessionBus.connection().interface();
     if (!bus || !bus->isServiceRegistered(kGnomeShell).value())
         return Failure{Failure::Kind::NotFound, QStringLiteral("there is no GNOME Shell on the session bus")};

@@ -6,9 +6,10 @@
 #include <cmath>
 #include <random>
 
-// The history of a busy person, always the same for the same first day: 1,500 stretches a day on 250 days a year, from eight
-// in the morning. A stretch lasts 18 seconds on average (exponential, half a second at least). 30,000 titles of 55
-// characters belong to 40 programs; 200 of them are met on a day, the first ones more often than the last (geometric).
+// The history of a busy person, always the same for the same first day: 1,500 stretches a day on 250 days a
+// year, from eight in the morning. A stretch lasts 18 seconds on average (exponential, half a second at
+// least). 30,000 titles of 55 characters belong to 40 programs; 200 of them are met on a day, the first ones
+// more often than the last (geometric).
 class BusyPerson {
 public:
     static constexpr int kStretches = 1500;

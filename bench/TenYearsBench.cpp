@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What ten years of history cost: reading, searching, recording and starting, beside the program without a history and a
-// plain scan of the same table, in one run. `TenYearsBench FILE` takes the file from there, or makes it there.
+// What ten years of history cost: reading, searching, recording and starting, beside the program without a
+// history and a plain scan of the same table, in one run. `TenYearsBench FILE` takes the file from there, or
+// makes it there.
 #include "Classes/history/HistoryKeeper.h"
 #include "Classes/report/RecordedNames.h"
 #include "Classes/report/ReportFormats.h"

@@ -45,8 +45,8 @@ public:
     // desktop says that nothing has the focus, this is the record of "Desktop". The reference is valid until
     // control returns to the event loop.
     virtual const std::optional<ApplicationRecord>& activeApplication() const = 0;
-    // Calls `hearer` after each change of the active application. An empty subscription when the desktop cannot
-    // report changes.
+    // Calls `hearer` after each change of the active application. An empty subscription when the desktop
+    // cannot report changes.
     virtual Subscription observeSwitches(News::Hearer hearer) = 0;
     // A name for the program at `path`, from the desktop entries that are installed there; for a record
     // without a name. May be empty.

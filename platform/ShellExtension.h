@@ -33,8 +33,9 @@ public:
     // Installs a copy for this user, which knows this program's path, where the shell finds it. Replaces an
     // older copy.
     virtual Outcome install() = 0;
-    // Tells the shell to run it, now and after each login. If all extensions are switched off, switches on all that
-    // the user has enabled. The state says when it runs; if the shell must not run it, the state stays.
+    // Tells the shell to run it, now and after each login. If all extensions are switched off, switches on
+    // all that the user has enabled. The state says when it runs; if the shell must not run it, the state
+    // stays.
     virtual void switchOn() = 0;
     // Tells the shell not to run it any more, and removes this user's copy.
     virtual Outcome remove() = 0;

@@ -38,8 +38,8 @@ public:
     virtual ~StretchListener() = default;
 
     virtual void credited(const Stretch& stretch) = 0;
-    // At `noticed` it turned out that nobody had been there since `since`, the last input. All time between the
-    // two was an absence: what has already been told of it as work, and what has not been told yet since the
-    // last stretch ended. `booked` is what the tree has given to Idle for it, in its own longer seconds.
+    // At `noticed` it turned out that nobody had been there since `since`, the last input. All time between
+    // the two was an absence: what has already been told of it as work, and what has not been told yet since
+    // the last stretch ended. `booked` is what the tree has given to Idle for it, in its own longer seconds.
     virtual void absent(Instant since, Instant noticed, Seconds booked) = 0;
 };

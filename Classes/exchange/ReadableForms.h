@@ -6,7 +6,8 @@
 // Timers in forms that other programs read.
 namespace ReadableForms {
 
-// A document with one table: the timers, and below each its children. Names are escaped, so that no title can break it.
+// A document with one table: the timers, and below each its children. Names are escaped, so that no title can
+// break it.
 QString html(const TimeStoreItem::Children& timers);
 // The same table as Rich Text.
 QByteArray rtf(const TimeStoreItem::Children& timers);

@@ -135,7 +135,8 @@ void History::catchUp() {
         m_services.database.saveSoon();
 }
 
-// The file was busy at launch. What was counted since then is owed to the same store, and nothing of it is in the file.
+// The file was busy at launch. What was counted since then is owed to the same store, and nothing of it is in
+// the file.
 bool History::decide() {
     std::vector<HistoryDebts> all;
     for (const QByteArray& read : m_services.database.contentsRead())

@@ -107,7 +107,8 @@ private:
     int m_dayBegins = 0;
     // The day on which old rows were last deleted.
     std::int64_t m_sweptOn = 0;
-    // The file was busy at launch, so it is not known yet what the store lacks. Nothing is written until then.
+    // The file was busy at launch, so it is not known yet what the store lacks. Nothing is written until
+    // then.
     bool m_undecided = false;
     // How many writes in a row came due while the one before was still under way.
     int m_heldUp = 0;

@@ -77,8 +77,8 @@ struct Forgotten {
     bool isTitlePart = false;
 };
 
-// Applies the rules for titles to all rows; the texts that they hide are deleted as by Forgotten. `hidden` is the
-// timer of the rows whose program must not be known.
+// Applies the rules for titles to all rows; the texts that they hide are deleted as by Forgotten. `hidden` is
+// the timer of the rows whose program must not be known.
 struct Ruled {
     PropertyListValue rules;
     std::optional<Identity> hidden;

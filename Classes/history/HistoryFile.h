@@ -27,8 +27,8 @@ public:
     // `waitMs`: how long to wait for other programs that write to the file.
     explicit HistoryFile(const QString& path, int waitMs = 2000);
 
-    // Writes the whole batch or nothing, and keeps the sums up to date. A batch that is tried again is written
-    // only once.
+    // Writes the whole batch or nothing, and keeps the sums up to date. A batch that is tried again is
+    // written only once.
     void write(const HistoryBatch& batch, Written& written);
     // Deletes what is older than `before` (milliseconds since 1970). With `isDeletedToGo`, deletes the rows
     // of deleted timers as well.
@@ -90,7 +90,8 @@ private:
 
     SqliteDatabase m_database;
     std::int64_t m_dayBegin = 0;
-    // At first, because a journal that was left behind may hold what was forgotten when another program read.
+    // True at first: while another program read, the journal could not be emptied, and it may still hold what
+    // was forgotten then.
     bool m_hasToEmpty = true;
 };
 

@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::int64_t kLongestRow = 3'600'000;
 
-// Looks the texts up last, when everything is added up. With ten years of history that is thirty times as fast.
+// Looks the texts up last, when everything is added up. With ten years of history that is thirty times as
+// fast.
 constexpr const char* kInRange =
     "SELECT programs.name, titles.text, time FROM (SELECT program, title, "
     "sum(min(start + length, ?) - max(start, ?)) AS time FROM stretches "

@@ -182,7 +182,8 @@ void HistoryRecorder::takeInto(HistoryBatch& batch) {
     m_owed.clear();
     batch.settledBefore = m_spans.empty() ? m_lastSerial + 1 : m_spans.front().serial;
     m_hasNews = false;
-    // Who has come to another zone may have the same window in front. To ask at each tick would be to ask the disk.
+    // Who has come to another zone may have the same window in front. To ask at each tick would be to ask the
+    // disk.
     if (m_isOpen && offsetAt(m_spans.back().anchor.wallOf(m_spans.back().to)) != m_spans.back().offset)
         m_isOpen = false;
 }

@@ -45,7 +45,8 @@ static_assert(kSteps.size() == HistorySchema::kNumber);
 
 namespace HistorySchema {
 
-// In one statement, so that a file that another program is just making is seen before or after, never half made.
+// In one statement, so that a file that another program is just making is seen before or after, never half
+// made.
 Form formOf(SqliteDatabase& database) {
     SqliteQuery file(database, "SELECT application_id, user_version, (SELECT count(*) FROM sqlite_schema) "
                                "FROM pragma_application_id, pragma_user_version");

@@ -36,7 +36,8 @@ private:
 // An open database. One thread at a time.
 class SqliteDatabase {
 public:
-    // AtRest reads a file that nobody has open: without a lock, leaving nothing beside it, also where nothing can be written.
+    // AtRest reads a file that nobody has open: without a lock, leaving nothing beside it, also where nothing
+    // can be written.
     enum class Mode { Read, AtRest, ReadWrite, Create };
 
     // `waitMs`: how long to wait while another program writes.

@@ -26,8 +26,8 @@ struct Rule {
     QString by;
 };
 
-// What <...> stands for in the rules. <progress> are words that say of a percentage beside them that it grows, in our
-// languages.
+// What <...> stands for in the rules. <progress> are words that say of a percentage beside them that it
+// grows, in our languages.
 const std::array<std::pair<const char*, const char16_t*>, 4> kParts{{
     {"<sep>", u"[-\u2013\u2014|\u00b7]"},
     {"<clock>", u"\\d{1,3}(?::\\d{2}){1,2}"},

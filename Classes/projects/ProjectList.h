@@ -15,8 +15,8 @@ struct ProjectListChange {
 
     Kind kind;
     ChangePhase phase;
-    // The position in the list, which is one less than the row in the sidebar. Absent for Replace, and for the main
-    // item.
+    // The position in the list, which is one less than the row in the sidebar. Absent for Replace, and for
+    // the main item.
     std::optional<std::size_t> position;
 };
 

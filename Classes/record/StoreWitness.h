@@ -9,7 +9,8 @@ class StoreWitness {
 public:
     virtual ~StoreWitness() = default;
 
-    // A store that was away was read, and its timers are in the tree beside the others. They get what it lacks.
+    // A store that was away was read, and its timers are in the tree beside the others. They get what it
+    // lacks.
     virtual void storeIsRead(const QByteArray& content) = 0;
     // All timers as they are now are whole on the disk, beside the store. After a crash either this content
     // or the one before is read.

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-// The entries of a record by which titles are found. Program and title are found as a part, whatever their case; what is absent
-// or empty fits all.
+// The entries of a record by which titles are found. Program and title are found as a part, whatever their
+// case; what is absent or empty fits all.
 inline const QString kTitleRuleProgram = QStringLiteral("Program");
 inline const QString kTitleRuleTitle = QStringLiteral("Title");
 // Whether the title is a regular expression.
@@ -22,7 +22,8 @@ public:
 
     explicit TitlePattern(const PropertyListDictionary& record);
 
-    // In the words of who reads expressions; empty for an expression that is right. One that is wrong fits every title.
+    // In the words of who reads expressions; empty for an expression that is right. One that is wrong fits
+    // every title.
     QString fault() const;
     // Whether it asks what the title says.
     bool looksAtTitle() const { return m_title && m_title->isValid(); }

@@ -55,7 +55,8 @@ public:
     // and name.
     explicit TimeStoreNode(TimeStoreServices& services, const PropertyListValue& name,
                            const PropertyListValue& timeSpent = 0.0);
-    // From a record as dictionaryRepresentation() makes it. An identity in the record wins over the registry's.
+    // From a record as dictionaryRepresentation() makes it. An identity in the record wins over the
+    // registry's.
     TimeStoreNode(TimeStoreServices& services, const PropertyListDictionary& record);
 
     // The name of a node's class in registry keys.

@@ -95,6 +95,20 @@ void ArchiveTab::makeDatabasePart(QFormLayout& form) {
     form.addRow(QString(), buttons);
 }
 
+QLayout* ArchiveTab::makeWeekdays() {
+    m_periodicDaysOfWeek->setObjectName(QStringLiteral("periodicDaysOfWeek"));
+    m_periodicDaysOfWeek->setAccessibleName(localized("Weekdays of the archive"));
+    connect(m_periodicDaysOfWeek, &WeekdaySelector::segmentsChosen, this,
+            [this] { m_actions.setPeriodicDaysOfWeek(m_periodicDaysOfWeek->segments()); });
+    m_weekdays->setObjectName(QStringLiteral("weekdaysOfTheArchive"));
+    // Directly below the buttons, because it explains what they mean.
+    auto* weekdays = new QVBoxLayout;
+    weekdays->setSpacing(kBelowWeekdays);
+    weekdays->addWidget(m_periodicDaysOfWeek);
+    weekdays->addWidget(m_weekdays);
+    return weekdays;
+}
+
 void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     m_bottomView->setObjectName(QStringLiteral("bottomViewToResizeTo"));
     auto* time = new QTimeEdit;
@@ -111,14 +125,6 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     auto* form = new QFormLayout(m_bottomView);
     form->setContentsMargins(0, kMargin, 0, 0);
     form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    m_periodicDaysOfWeek->setObjectName(QStringLiteral("periodicDaysOfWeek"));
-    m_periodicDaysOfWeek->setAccessibleName(localized("Weekdays of the archive"));
-    m_weekdays->setObjectName(QStringLiteral("weekdaysOfTheArchive"));
-    // Directly below the buttons, because it explains what they mean.
-    auto* weekdays = new QVBoxLayout;
-    weekdays->setSpacing(kBelowWeekdays);
-    weekdays->addWidget(m_periodicDaysOfWeek);
-    weekdays->addWidget(m_weekdays);
     auto* cells = new QHBoxLayout;
     cells->addWidget(folder, 1);
     cells->addWidget(
@@ -126,7 +132,7 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     form->addRow(localized("&Time of day:"), time);
     auto* weekdaysLabel = new PlainLabel(localized("&Weekdays:"));
     weekdaysLabel->setBuddy(m_periodicDaysOfWeek);
-    form->addRow(weekdaysLabel, weekdays);
+    form->addRow(weekdaysLabel, makeWeekdays());
     form->addRow(localized("&Format:"), format);
     auto* folderLabel = new PlainLabel(localized("F&older:"));
     folderLabel->setBuddy(folder);
@@ -136,8 +142,6 @@ void ArchiveTab::makeBottomView(SettingsBinding& settings) {
     settings.bind(*format, kPeriodicFormatType);
     settings.bind(*folder, kPeriodicSaveDirectory);
     settings.observe([this, &settings] { showWeekdays(settings.defaults()); });
-    connect(m_periodicDaysOfWeek, &WeekdaySelector::segmentsChosen, this,
-            [this] { m_actions.setPeriodicDaysOfWeek(m_periodicDaysOfWeek->segments()); });
 }
 
 // The setting's bits are in the reverse order of the buttons: this line says on which days archives are

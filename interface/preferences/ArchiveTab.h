@@ -43,6 +43,7 @@ public:
 
 private:
     void makeDatabasePart(QFormLayout& form);
+    QLayout* makeWeekdays();
     void makeBottomView(SettingsBinding& settings);
     QPushButton* makeButton(const char* name, const QString& text, const std::function<void()>& action);
     void showWeekdays(UserDefaults& defaults);

@@ -2,7 +2,6 @@
 #include "interface/preferences/PrefWindow.h"
 
 #include "Classes/common/Settings.h"
-#include "interface/shell/Images.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QLayout>

@@ -2,7 +2,6 @@
 #include "interface/preferences/TKSetupController.h"
 
 #include "Classes/common/Settings.h"
-#include "Classes/rules/RuleCategories.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/preferences/WeekdaySelector.h"
@@ -70,7 +69,8 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
 
 ArchiveTab::Actions TKSetupController::archiveActions() {
     return {.chooseDatabaseLocation = [this] { m_tkController.documents().chooseDatabaseDirectory(); },
-            .restoreDefaultDatabaseLocation = [this] { m_tkController.database().restoreDefaultDatabaseLocation(); },
+            .restoreDefaultDatabaseLocation =
+                [this] { m_tkController.database().restoreDefaultDatabaseLocation(); },
             .revealDatabase = [this] { m_tkController.documents().revealDatabase(); },
             .setPeriodicSaveDirectory = [this] { m_tkController.exporting().setPeriodicSaveDirectory(); },
             .setPeriodicDaysOfWeek =

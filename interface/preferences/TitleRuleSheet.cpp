@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/TitleRuleSheet.h"
 
+#include "Classes/rules/TitleRules.h"
 #include "interface/preferences/TitleRulesTable.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/CleanText.h"

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/rules/TitleRules.h"
+#include "platform/foundation/propertylists/PropertyListValue.h"
 
 #include <QDialog>
+
+#include <functional>
 
 class QComboBox;
 class QLabel;

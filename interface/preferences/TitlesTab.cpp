@@ -65,7 +65,7 @@ QPushButton* TitlesTab::makeButton(const char* name, const QString& text, void (
     return button;
 }
 
-void TitlesTab::addControls() {
+void TitlesTab::makeTable() {
     m_table->setObjectName(QStringLiteral("titleRuleTable"));
     m_table->setAccessibleName(localized("Rules for titles"));
     m_table->setRootIsDecorated(false);
@@ -83,6 +83,10 @@ void TitlesTab::addControls() {
     header.resizeSection(TitleRulesTable::Program, kNarrowest);
     m_table->installEventFilter(this);
     connect(m_table, &QTreeView::doubleClicked, this, &TitlesTab::edit);
+}
+
+void TitlesTab::addControls() {
+    makeTable();
     m_up = makeButton("moveTitleRuleUp", localized("&Up"), &TitlesTab::moveUp);
     m_down = makeButton("moveTitleRuleDown", localized("Do&wn"), &TitlesTab::moveDown);
     m_ofSelection = {makeButton("editTitleRule", localized("&Edit…"), &TitlesTab::edit),

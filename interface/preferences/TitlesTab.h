@@ -67,6 +67,7 @@ private:
     QPushButton* makeButton(const char* name, const QString& text, void (TitlesTab::*request)());
     void moveUp() { move(-1); }
     void moveDown() { move(1); }
+    void makeTable();
     void addControls();
     void updateButtons();
     bool isHistoryThere() const;

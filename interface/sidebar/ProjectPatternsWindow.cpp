@@ -57,7 +57,7 @@ ProjectPatternsWindow::ProjectPatternsWindow(QWidget* parent)
     resize(kSize);
 }
 
-void ProjectPatternsWindow::addControls() {
+void ProjectPatternsWindow::makeTable() {
     m_table->setObjectName(QStringLiteral("patternTable"));
     m_table->setAccessibleName(localized("Patterns"));
     m_table->setModel(m_rows);
@@ -72,6 +72,10 @@ void ProjectPatternsWindow::addControls() {
     header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header.setSectionResizeMode(QHeaderView::Stretch);
     header.setSectionResizeMode(Expression, QHeaderView::ResizeToContents);
+}
+
+void ProjectPatternsWindow::addControls() {
+    makeTable();
     m_project->setObjectName(QStringLiteral("patternProject"));
     m_project->setWordWrap(true);
     m_fault->setObjectName(QStringLiteral("patternFault"));

@@ -27,6 +27,7 @@ public:
     PropertyListArray patterns() const;
 
 private:
+    void makeTable();
     void addControls();
     void addRow(const PropertyListDictionary& pattern);
     void addEmptyRow();

@@ -8,7 +8,8 @@
 class TellingDesktop : public KnownWindows, public SignsOfLife {
 public:
     Subscription observeSigns(News::Hearer hearer) override { return m_signs.observe(std::move(hearer)); }
-    // Calls `hearer` when the display has gone, for this process perhaps for good. By then no window is listed.
+    // Calls `hearer` when the display has gone, for this process perhaps for good. By then no window is
+    // listed.
     Subscription observeLoss(News::Hearer hearer) { return m_loss.observe(std::move(hearer)); }
 
 protected:

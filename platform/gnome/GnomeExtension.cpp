@@ -83,7 +83,8 @@ void GnomeExtension::learnVersion() {
 }
 
 void GnomeExtension::ask() {
-    // Answers come in the order of the questions. A shell that cannot lock the screen has nothing to answer to the first.
+    // Answers come in the order of the questions. A shell that cannot lock the screen has nothing to answer
+    // to the first.
     m_shell.call(
         kScreenSaverPath, kScreenSaver, QStringLiteral("GetActive"), {}, [this](const QDBusMessage& answer) {
             m_isLocked = answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
@@ -121,7 +122,8 @@ ShellExtension::State GnomeExtension::stateOf(const QVariantMap& description) co
 }
 
 ShellExtension::State GnomeExtension::stateAtRest(const QVariantMap& description) const {
-    // Shells from 46 on tell which are switched on, and bring them back one after the other when the screen is unlocked.
+    // Shells from 46 on tell which are switched on, and bring them back one after the other when the screen
+    // is unlocked.
     if (m_isLocked || description.value(QStringLiteral("enabled")).toBool())
         return State::Paused;
     return m_areAllOff ? State::AllOff : State::Off;

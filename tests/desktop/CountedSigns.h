@@ -3,7 +3,8 @@
 
 #include "platform/SignsOfLife.h"
 
-// Counts how often a desktop is asked for a sign of life. Who asks again has had an answer to the question before.
+// Counts how often a desktop is asked for a sign of life. Who asks again has had an answer to the question
+// before.
 class CountedSigns : public SignsOfLife {
 public:
     explicit CountedSigns(SignsOfLife& signs)

@@ -119,7 +119,8 @@ TEST_F(GnomeExtensionTest, whileTheScreenIsLocked_theExtensionIsNotTakenForSwitc
         ASSERT_TRUE(scene.desk.coverScreen(false));
         ASSERT_TRUE(becomes(*extension, State::On));
     }
-    // Shells that do not tell whether it is switched on take it away before they say that the screen is covered.
+    // Shells that do not tell whether it is switched on take it away before they say that the screen is
+    // covered.
     if (GnomeDesk::shellVersion() < kFirstThatTellsChoice)
         std::erase(states, State::Off);
     EXPECT_EQ(states, (std::vector{State::Paused, State::On, State::Paused, State::On}));

@@ -4,8 +4,8 @@
 #include "platform/bus/BusService.h"
 #include "tests/desktop/harness/WaitFor.h"
 
-// Whether the bus, or the error of one that is not there, answers. The bus keeps the order: what was sent through it before
-// has come, and what was asked of it before has been answered.
+// Whether the bus, or the error of one that is not there, answers. The bus keeps the order: what was sent
+// through it before has come, and what was asked of it before has been answered.
 inline bool roundTrip(Bus& bus) {
     QObject context;
     bool isThrough = false;

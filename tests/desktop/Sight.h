@@ -71,7 +71,8 @@ public:
         return seen();
     }
 
-    // Waits until what the desktop has been made to do by now has been taken in, and what was asked of it then.
+    // Waits until what the desktop has been made to do by now has been taken in, and what was asked of it
+    // then.
     bool catchUp() const {
         bool isThrough = true;
         for (int turn = 0; turn < 3 && isThrough; ++turn) {

@@ -65,7 +65,8 @@ TEST_F(TerminationSignalsTest, aSignalWhileTheCallRuns_waitsForItsEndAndIsNotLos
             std::raise(SIGTERM);
             std::raise(SIGINT);
             const LaterInput later;
-            // As a question to the user would, until what came after them has been heard.
+            // Runs the loop as an open question to the user would, until input that came after both signals
+            // has been heard.
             EXPECT_TRUE(waitFor([&] { return later.isHeard(); }));
         }
         --running;

@@ -104,7 +104,7 @@ TEST(WaylandProductRefused, whereTheDesktopRefuses_noOtherScreensProgramIsCredit
     EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
     EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip").contains(QLatin1String("Install Ticklog")); }));
     panel.ask("open");
-    EXPECT_TRUE(panel.ask("menu").startsWith(QLatin1String("Why Are Windows Not Counted? | - | Pause | ")));
+    EXPECT_TRUE(panel.ask("menu").contains(QLatin1String("Why Are Windows Not Counted? | - | Pause | ")));
     // By then any other program would have been credited too.
     EXPECT_TRUE(waitFor([&] {
         panel.ask("open");

@@ -116,7 +116,8 @@ void PlainHistory::absent() {
     noteWall();
     const Time gap = m_now - m_from;
     const Time absence = m_now - m_lastInput;
-    // The totals count the display's seconds, which are longer, and so take fewer of them from what nobody has seen pass.
+    // The totals count the display's seconds, which are longer, and so take fewer of them from what nobody
+    // has seen pass.
     const double counted = std::floor(double(absence) / kCountedSecond + 1e-9) * 1000;
     m_before[m_seen.program] +=
         std::max(double(gap) - counted, 0.0) - double(std::max(gap - absence, Time(0)));

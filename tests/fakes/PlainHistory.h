@@ -6,13 +6,15 @@
 #include <string>
 #include <vector>
 
-// What an honest journal says of when it was, worked out from what happened and from nothing else: somebody looks each tenth
-// of a second, what has passed since the last look is whose the look finds there, and an absence is one from the last input
-// on. Milliseconds throughout, by a clock that only moves on and by one on the wall.
+// What an honest journal says of when it was, worked out from what happened and from nothing else: somebody
+// looks each tenth of a second, what has passed since the last look is whose the look finds there, and an
+// absence is one from the last input on. Milliseconds throughout, by a clock that only moves on and by one on
+// the wall.
 class PlainHistory {
 public:
     using Time = std::int64_t;
-    // "20260329/14/Mail/Inbox/0": what that hour has of it, by the clock on the wall, and the presence as in the file.
+    // "20260329/14/Mail/Inbox/0": what that hour has of it, by the clock on the wall, and the presence as in
+    // the file.
     using Sums = std::map<std::string, Time>;
 
     explicit PlainHistory(Time wall)
@@ -44,8 +46,8 @@ public:
     // What nobody has: the timer was stopped, or the next look has not come.
     Time gaps() const { return m_gaps + (m_isRunning ? m_now - m_from : 0); }
     Time of(const std::string& program) const;
-    // What the totals of a program have beyond that: it was in front until its absence was noticed, by a second of 2^30
-    // nanoseconds.
+    // What the totals of a program have beyond that: it was in front until its absence was noticed, by a
+    // second of 2^30 nanoseconds.
     double beforeAbsences(const std::string& program) const;
 
 private:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// By what the history knows what is a project's, beside its members: in its record, in its file and in reports.
+// By what the history knows what is a project's, beside its members: in its record, in its file and in
+// reports.
 #include "Classes/projects/ProjectPatterns.h"
 #include "Classes/history/HistoryFile.h"
 #include "Classes/projects/ProjectFile.h"

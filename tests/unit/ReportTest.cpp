@@ -212,7 +212,8 @@ TEST_F(ReportTest, aSpreadsheetThatSplitsAtSemicolons_findsNoFormulaEither) {
 }
 
 TEST_F(ReportTest, aLongTitle_isCutBetweenTwoSigns) {
-    // A sign of two characters, one of a letter and its accent, and one that is joined of several, at the end of the column.
+    // A sign of two characters, one of a letter and its accent, and one that is joined of several, at the end
+    // of the column.
     for (const char* sign : {"\U0001f600", "e\u0301", "\U0001f469\u200d\U0001f4bb"}) {
         m_stretches.clear();
         add("09:00:00", 1, "Mail", (std::string(58, 'x') + sign + "yyyyyy").c_str());

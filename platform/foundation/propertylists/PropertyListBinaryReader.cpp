@@ -131,19 +131,9 @@ PropertyListValue PropertyListBinaryReader::valueAt(std::uint64_t offset, int de
         grow(object, span.count * kExpandedByte);
         return QByteArray(at(span), qsizetype(span.count));
     }
-    case kAscii: {
-        const Span span = contents(offset, 1);
-        QString text = QString::fromLatin1(at(span), qsizetype(span.count));
-        grow(object, expandedSize(text));
-        return text;
-    }
-    case kUtf16: {
-        const Span span = contents(offset, 2);
-        QString text(qsizetype(span.count), Qt::Uninitialized);
-        qFromBigEndian<char16_t>(at(span), qsizetype(span.count), text.data());
-        grow(object, expandedSize(text));
-        return text;
-    }
+    case kAscii:
+    case kUtf16:
+        return textAt(offset, (marker & 0xF0) == kAscii, object);
     // An identifier of an archived object: only its number matters here.
     case kUid: {
         const unsigned size = (marker & 0x0F) + 1;
@@ -160,6 +150,19 @@ PropertyListValue PropertyListBinaryReader::valueAt(std::uint64_t offset, int de
         require(false, offset, u"an unknown kind of object");
     }
     return {};
+}
+
+PropertyListValue PropertyListBinaryReader::textAt(std::uint64_t offset, bool isAscii, Object& object) {
+    const Span span = contents(offset, isAscii ? 1 : 2);
+    QString text;
+    if (isAscii) {
+        text = QString::fromLatin1(at(span), qsizetype(span.count));
+    } else {
+        text = QString(qsizetype(span.count), Qt::Uninitialized);
+        qFromBigEndian<char16_t>(at(span), qsizetype(span.count), text.data());
+    }
+    grow(object, expandedSize(text));
+    return text;
 }
 
 PropertyListValue PropertyListBinaryReader::integerAt(std::uint64_t offset, unsigned sizeExponent) const {

@@ -55,6 +55,7 @@ private:
     void readTrailer();
     const Object& object(std::uint64_t number, int depth);
     PropertyListValue valueAt(std::uint64_t offset, int depth, Object& object);
+    PropertyListValue textAt(std::uint64_t offset, bool isAscii, Object& object);
     PropertyListValue integerAt(std::uint64_t offset, unsigned sizeExponent) const;
     PropertyListValue realAt(std::uint64_t offset, unsigned sizeExponent) const;
     PropertyListValue dateAt(std::uint64_t offset) const;

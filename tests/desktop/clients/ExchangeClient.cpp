@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A program to exchange text with, in a window of 240 x 240 at (X, Y): ExchangeClient X Y [TYPE BASE64]. A press and a pull
-// on its window drags what the arguments say. Obeys, line by line on standard input:
+// A program to exchange text with, in a window of 240 x 240 at (X, Y): ExchangeClient X Y [TYPE BASE64]. A
+// press and a pull on its window drags what the arguments say. Obeys, line by line on standard input:
 //   formats       the types of the clipboard, with blanks between
 //   data TYPE     what the clipboard has of that type, in Base64
 //   paste         what a rich editor makes of a paste, in Base64

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A compositor without screen, input or windows that tells of windows nevertheless, exactly as it is told line by line on
-// standard input: what real ones do not do when they are asked to. Listens at the socket in $XDG_RUNTIME_DIR that its
-// first argument names, and says "ok" when it has obeyed. A second argument, "mute": it offers nothing of the kind.
+// A compositor without screen, input or windows that tells of windows nevertheless, exactly as it is told
+// line by line on standard input: what real ones do not do when they are asked to. Listens at the socket in
+// $XDG_RUNTIME_DIR that its first argument names, and says "ok" when it has obeyed. A second argument,
+// "mute": it offers nothing of the kind.
 //   open                    a window; windows are numbered from 0
 //   title N TEXT, app N TEXT   TEXT in percent signs, "=" before it
 //   state N NUMBER...       the numbers of the states

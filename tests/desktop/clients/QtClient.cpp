@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A Qt program with windows that does as it is told, line by line on standard input:
 //   open TITLE, title NUMBER TITLE, activate NUMBER, await NUMBER, close NUMBER
-// Windows are numbered from 0 in the order in which they were opened. Says "ok" when it has obeyed; when it awaits a
-// window, as soon as this has the focus. Its last argument, if any, is the name of a desktop entry, which its windows
-// then bear.
+// Windows are numbered from 0 in the order in which they were opened. Says "ok" when it has obeyed; when it
+// awaits a window, as soon as this has the focus. Its last argument, if any, is the name of a desktop entry,
+// which its windows then bear.
 #include <QApplication>
 #include <QSocketNotifier>
 #include <QTextStream>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A session manager for the programs that find it in SESSION_MANAGER, which is the first line it writes. Then it does what
-// its standard input says, a command a line, and answers "ok" when every program has done its part: "save" what a session
-// that goes on would come back with, "leave" the session, which asks for the same, "stay" after all, or "die".
+// A session manager for the programs that find it in SESSION_MANAGER, which is the first line it writes. Then
+// it does what its standard input says, a command a line, and answers "ok" when every program has done its
+// part: "save" what a session that goes on would come back with, "leave" the session, which asks for the
+// same, "stay" after all, or "die".
 #include <X11/ICE/ICElib.h>
 #include <X11/ICE/ICEutil.h>
 #include <X11/SM/SMlib.h>
@@ -42,7 +43,7 @@ public:
 
     ~Manager() { IceFreeListenObjs(m_listenerCount, m_listeners); }
 
-    // Until standard input ends.
+    // Serves programs and obeys what it reads until standard input ends.
     void serve() {
         while (turn())
             obeyWhatIsRead();

@@ -8,7 +8,8 @@
 // it starts our helper when that is called.
 class SystemBus {
 public:
-    // The helper keeps its record below `home` and ends after `idleMs`. Aborts the test program when no bus can be started.
+    // The helper keeps its record below `home` and ends after `idleMs`. Aborts the test program when no bus
+    // can be started.
     SystemBus(const TemporaryHome& home, int idleMs);
 
     // What to put into DBUS_SYSTEM_BUS_ADDRESS.
