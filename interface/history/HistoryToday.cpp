@@ -11,6 +11,11 @@
 
 namespace {
 
+QString lineFor(qint64 work) {
+    return localized("Today: %@")
+        .replace(QLatin1String("%@"), TimeTracker::timeStringForDouble(double(work) / 1000));
+}
+
 constexpr std::chrono::seconds kBetweenAskings{60};
 constexpr std::chrono::seconds kAskingTolerance{10};
 
@@ -25,6 +30,8 @@ HistoryToday::HistoryToday(Ground ground, Told told)
         if (m_ground.isCounting())
             ask();
     });
+    // Until the file has answered.
+    m_told(m_ground.history.isKept() ? lineFor(0) : QString());
     ask();
 }
 
@@ -38,11 +45,6 @@ void HistoryToday::ask() {
                                  .project = {},
                                  .folders = m_ground.folders,
                                  .unwritten = m_ground.history.unwritten()};
-    m_reader->ask<qint64>(
-        [question](SqliteDatabase& file) { return question.workIn(file); },
-        [this](const Result<qint64>& work) {
-            const double seconds = work ? double(*work) / 1000 : 0;
-            m_told(localized("Today: %@")
-                       .replace(QLatin1String("%@"), TimeTracker::timeStringForDouble(seconds)));
-        });
+    m_reader->ask<qint64>([question](SqliteDatabase& file) { return question.workIn(file); },
+                          [this](const Result<qint64>& work) { m_told(lineFor(work ? *work : 0)); });
 }

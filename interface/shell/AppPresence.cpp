@@ -128,7 +128,7 @@ void AppPresence::updateMenuIconState() {
     m_statusBarItem->setTip(!m_trouble.isEmpty() ? m_trouble
                             : hasObstacle        ? m_obstacle
                             : m_today.isEmpty()  ? state
-                                                 : state + u'\n' + m_today);
+                                                 : state + QStringLiteral(" · ") + m_today);
 }
 
 void AppPresence::showToday(const QString& text) {

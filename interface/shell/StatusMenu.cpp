@@ -68,11 +68,15 @@ void StatusMenu::showToday(const QString& text) {
 
 void StatusMenu::offerPauses(QMenu& pauses) {
     m_pauses = &pauses;
+    pauses.menuAction()->setEnabled(m_isRunning);
     empty(m_mainMenu);
 }
 
 void StatusMenu::showRunning(bool isRunning) {
     m_startPauseMenuItem.setText(isRunning ? localized("Pause") : localized("Start"));
+    m_isRunning = isRunning;
+    if (m_pauses)
+        m_pauses->menuAction()->setEnabled(isRunning);
 }
 
 void StatusMenu::menuNeedsUpdate(QMenu& menu) {

@@ -114,6 +114,7 @@ private:
     QAction m_mainTitleItem;
     QAction m_todayItem;
     QMenu* m_pauses = nullptr;
+    bool m_isRunning = false;
     std::vector<ProjectEntry> m_shownProjects;
     std::unordered_map<const QMenu*, ProjectList::Project> m_projectMenus;
     UpdateSet m_menuItemUpdateSet;

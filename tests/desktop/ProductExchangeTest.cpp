@@ -34,7 +34,8 @@ constexpr int kOtherLeft = 940;
 constexpr int kOtherTop = 100;
 // Within Ticklog's window.
 constexpr int kRowHeight = 24;
-constexpr int kFirstRow = 90;
+// Below the tabs and the header.
+constexpr int kFirstRow = 117;
 constexpr int kSidebarFirstRow = 72;
 constexpr int kOutlineX = 400;
 constexpr int kSidebarX = 80;

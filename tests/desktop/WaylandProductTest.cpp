@@ -47,11 +47,12 @@ TEST_P(WaylandProduct, aPanelOnTheBus_startsTheTimerThroughTheMenu) {
     panel.ask("watch");
     product.launch(desk.environment());
     EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
-    EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip") == QLatin1String("Ticklog is paused"); }));
+    EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip").startsWith(QLatin1String("Ticklog is paused")); }));
     panel.ask("open");
-    EXPECT_TRUE(panel.ask("menu").startsWith(QLatin1String("Start | Show Time Window | ")));
+    EXPECT_TRUE(panel.ask("menu").contains(QLatin1String(" | Start | Pause For > | Show Time Window | ")));
     panel.ask("click Start");
-    EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip") == QLatin1String("Ticklog is counting"); }));
+    EXPECT_TRUE(
+        waitFor([&] { return panel.ask("tooltip").startsWith(QLatin1String("Ticklog is counting")); }));
     product.program().terminate();
     EXPECT_EQ(product.program().exitStatus(), 0);
 }
