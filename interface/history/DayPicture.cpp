@@ -24,28 +24,27 @@ DayPicture::DayPicture(const PictureColors& colors, QWidget* parent)
     setObjectName(QStringLiteral("dayPicture"));
     setAccessibleName(localized("The day"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    measureNames();
 }
 
 void DayPicture::show(qint64 begin, qint64 end, std::vector<Piece> pieces, qint64 now) {
     const bool isSame = m_view.begin() == double(begin);
-    const int current = isSame && pieces.size() >= m_pieces.size() ? currentItem() : -1;
+    const int current = isSame && currentItem() < int(pieces.size()) ? currentItem() : -1;
     m_pieces = std::move(pieces);
     m_now = now;
     if (isSame)
         m_view.setWhole(begin, end);
     else
         m_view = TimeView(begin, end);
-    if (!isSame || m_view.begin() == m_chosen.value_or(std::pair(0.0, 0.0)).first) {
-        m_chosen.reset();
+    if (!isSame)
         m_drag.reset();
-    }
+    // Who hears of a choice shows that piece as the whole, or else lets it be marked.
+    if (!isSame || m_chosen == std::pair(m_view.begin(), m_view.end()))
+        m_chosen.reset();
     m_hovered = -1;
     for (const Lane lane : {Programs, Projects})
         fillLane(lane);
-    if (current < 0)
-        itemsChanged();
-    else
-        stillChanged();
+    itemsChanged(current);
 }
 
 void DayPicture::setNow(qint64 now) {
@@ -98,6 +97,10 @@ void DayPicture::findColors(LaneContent& lane) const {
         entry.colors = entry.isIdle ? QList<QColor>{PictureColors::idle(palette())}
                                     : found.sliced(next, entry.names.size());
         next += entry.names.size();
+        entry.fills.clear();
+        for (const QColor& color : entry.colors)
+            entry.fills.push_back(color.rgb());
+        entry.edge = PictureColors::outline(entry.colors.front(), palette()).rgb();
     }
     lane.colorOf.clear();
     for (const LaneEntry& entry : lane.entries) {
@@ -107,6 +110,7 @@ void DayPicture::findColors(LaneContent& lane) const {
 }
 
 void DayPicture::lookChanged() {
+    measureNames();
     for (LaneContent& lane : m_lanes)
         findColors(lane);
 }
@@ -146,12 +150,11 @@ QString DayPicture::nameOf(Lane lane) const {
     return lane == Programs ? localized("Programs") : localized("Projects");
 }
 
-int DayPicture::nameWidth() const {
+void DayPicture::measureNames() {
     const QFontMetrics metrics = fontMetrics();
-    return kMargin +
-           std::max(metrics.horizontalAdvance(nameOf(Programs)),
-                    metrics.horizontalAdvance(nameOf(Projects))) +
-           10;
+    m_nameWidth =
+        kMargin + 10 +
+        std::max(metrics.horizontalAdvance(nameOf(Programs)), metrics.horizontalAdvance(nameOf(Projects)));
 }
 
 int DayPicture::axisHeight() const {
@@ -195,6 +198,12 @@ double DayPicture::momentAt(double x) const {
     const QRect rect = chart();
     const double along = isMirrored() ? rect.left() + rect.width() - x : x - rect.left();
     return m_view.from() + along * timePerPixel();
+}
+
+void DayPicture::reveal(int item) {
+    const Piece& piece = m_pieces[std::size_t(item)];
+    m_view.reveal(double(piece.start), double(piece.end()));
+    stillChanged();
 }
 
 QString DayPicture::projectsText(const Piece& piece) const {

@@ -60,7 +60,9 @@ Q_SIGNALS:
 protected:
     void paintStill(QPainter& painter) override;
     void paintMoving(QPainter& painter) override;
+    void reveal(int item) override;
     void tellOfCurrent() override;
+    void tellAt(const QPoint& position) override;
     void lookChanged() override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -78,6 +80,9 @@ private:
         QStringList names;
         bool isIdle = false;
         QList<QColor> colors{};
+        // The same as they are painted, and that of its outline.
+        std::vector<QRgb> fills{};
+        QRgb edge = 0;
     };
     struct LaneContent {
         std::vector<LaneSpan> spans;
@@ -100,7 +105,8 @@ private:
     QRect chart() const;
     int axisHeight() const;
     int laneHeight() const;
-    int nameWidth() const;
+    int nameWidth() const { return m_nameWidth; }
+    void measureNames();
     QString nameOf(Lane lane) const;
     std::optional<Lane> laneAt(const QPoint& position) const;
     double timePerPixel() const;
@@ -121,7 +127,6 @@ private:
     // The pieces that the pointer touches, and the one that it means.
     std::vector<int> piecesAt(double x) const;
     int pieceAt(double x) const;
-    void tellAt(const QPoint& position);
     void tellOfDrag(int x);
     PictureTip::Line lineOf(int piece, Lane lane) const;
     QString projectsText(const Piece& piece) const;
@@ -135,6 +140,7 @@ private:
 
     std::vector<Piece> m_pieces;
     qint64 m_now = 0;
+    int m_nameWidth = 0;
     TimeView m_view;
     std::array<LaneContent, 2> m_lanes;
     Lane m_lane = Programs;

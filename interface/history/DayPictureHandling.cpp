@@ -64,6 +64,11 @@ PictureTip::Line DayPicture::lineOf(int item, Lane lane) const {
 }
 
 void DayPicture::tellAt(const QPoint& position) {
+    if (m_drag) {
+        if (m_drag->isMoved)
+            tellOfDrag(position.x());
+        return;
+    }
     const auto lane = laneAt(position);
     const std::vector<int> found = lane ? piecesAt(position.x()) : std::vector<int>();
     const int hovered = lane ? pieceAt(position.x()) : -1;
@@ -93,9 +98,6 @@ void DayPicture::tellAt(const QPoint& position) {
 }
 
 void DayPicture::tellOfCurrent() {
-    const Piece& piece = m_pieces[std::size_t(currentItem())];
-    m_view.reveal(double(piece.start), double(piece.end()));
-    stillChanged();
     tell({lineOf(currentItem(), m_lane)}, chart(), itemRect(currentItem()).center().x(), false);
 }
 
@@ -138,10 +140,9 @@ void DayPicture::mousePressEvent(QMouseEvent* event) {
 }
 
 void DayPicture::mouseMoveEvent(QMouseEvent* event) {
-    if (!m_drag) {
-        tellAt(event->pos());
+    pointTo(event->pos());
+    if (!m_drag)
         return;
-    }
     const double x = event->position().x();
     if (!m_drag->isMoved) {
         if (std::abs(x - xOf(m_drag->from)) < QApplication::startDragDistance())
@@ -151,7 +152,7 @@ void DayPicture::mouseMoveEvent(QMouseEvent* event) {
         m_hovered = -1;
     }
     m_drag->to = snapped(x);
-    tellOfDrag(event->pos().x());
+    tellAt(event->pos());
     update();
 }
 
@@ -200,7 +201,7 @@ void DayPicture::wheelEvent(QWheelEvent* event) {
     const double along = -turned.y() / kNotch;
     m_view.moveBy((across + along) * kMove * m_view.length());
     viewChanged();
-    tellAt(event->position().toPoint());
+    pointTo(event->position().toPoint());
     event->accept();
 }
 

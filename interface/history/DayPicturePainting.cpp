@@ -25,13 +25,33 @@ QRect pixelsOf(const QRect& rect, double scale) {
             int(std::round((rect.top() + rect.height()) * scale)) - top};
 }
 
-// The colours of a column from top to bottom.
+// The colours of a column from top to bottom, all of the same height.
 struct ColumnPaint {
-    const QList<QColor>* fill = nullptr;
+    const QRgb* fills = nullptr;
+    int count = 0;
     QRgb edge = 0;
     bool isEdge = false;
     bool isSparse = false;
 };
+
+QImage imageOf(const std::vector<ColumnPaint>& paints, QSize size, int stripe) {
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const bool isEdge = y == 0 || y == image.height() - 1;
+        for (std::size_t x = 0; x < paints.size(); ++x) {
+            const ColumnPaint& paint = paints[x];
+            if (paint.count == 0 || (paint.isSparse && (int(x) + y) / stripe % 2 != 0))
+                continue;
+            const bool isLine = !paint.isSparse && (isEdge || paint.isEdge);
+            line[x] = isLine             ? paint.edge
+                      : paint.count == 1 ? *paint.fills
+                                         : paint.fills[y * paint.count / image.height()];
+        }
+    }
+    return image;
+}
 
 } // namespace
 
@@ -87,6 +107,10 @@ void DayPicture::paintLane(QPainter& painter, Lane lane) const {
     QColor track = palette().color(QPalette::Base);
     track.setAlphaF(0.55F);
     painter.fillRect(pixels, track);
+    // Where window and track are of one colour, one sees nevertheless how far the day reaches.
+    const int line = std::max(1, int(scale));
+    painter.fillRect(QRect(pixels.left(), pixels.top(), pixels.width(), line), shade(0.14));
+    painter.fillRect(QRect(pixels.left(), pixels.bottom() + 1 - line, pixels.width(), line), shade(0.14));
     paintRuns(painter, pixels, content, columns);
     painter.restore();
 }
@@ -100,37 +124,18 @@ void DayPicture::paintRuns(QPainter& painter, const QRect& pixels, const LaneCon
             runs.push_back({x, x, column});
         runs.back().end = x + 1;
     }
-    std::vector<QRgb> edges;
-    for (const LaneEntry& entry : content.entries)
-        edges.push_back(PictureColors::outline(entry.colors.front(), palette()).rgb());
     std::vector<ColumnPaint> paints(columns.size());
     for (const Run& run : runs) {
         if (run.column.entry < 0)
             continue;
-        const auto entry = std::size_t(run.column.entry);
+        const LaneEntry& entry = content.entries[std::size_t(run.column.entry)];
+        const bool hasEnds = run.end - run.first >= kNarrowest;
         for (int x = run.first; x < run.end; ++x)
-            paints[std::size_t(x)] = {&content.entries[entry].colors, edges[entry],
-                                      run.end - run.first >= kNarrowest &&
-                                          (x == run.first || x == run.end - 1),
-                                      run.column.isSparse};
+            paints[std::size_t(x)] = {entry.fills.data(), int(entry.fills.size()), entry.edge,
+                                      hasEnds && (x == run.first || x == run.end - 1), run.column.isSparse};
     }
-    QImage image(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
     const int stripe = std::max(2, int(std::round(2 * devicePixelRatioF())));
-    for (int y = 0; y < image.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        const bool isEdge = y == 0 || y == image.height() - 1;
-        for (std::size_t x = 0; x < paints.size(); ++x) {
-            const ColumnPaint& paint = paints[x];
-            if (!paint.fill)
-                continue;
-            if (paint.isSparse && (int(x) + y) / stripe % 2 != 0)
-                continue;
-            line[x] = !paint.isSparse && (isEdge || paint.isEdge)
-                          ? paint.edge
-                          : (*paint.fill)[y * paint.fill->size() / image.height()].rgb();
-        }
-    }
+    const QImage image = imageOf(paints, pixels.size(), stripe);
     painter.drawImage(pixels.topLeft(), image);
     paintNames(painter, pixels, content, runs);
 }

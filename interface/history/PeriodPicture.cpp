@@ -41,9 +41,9 @@ PeriodPicture::PeriodPicture(const PictureColors& colors, QWidget* parent)
 void PeriodPicture::show(const CalendarRange& range, const std::vector<RangeAnswer::Bar>& bars, By by,
                          QDate today) {
     const PeriodPlaces places(range);
-    const auto current = places == m_places && by == m_by && currentItem() >= 0
-                             ? std::optional(m_items[std::size_t(currentItem())])
-                             : std::nullopt;
+    std::optional<Item> current;
+    if (places == m_places && by == m_by && currentItem() >= 0)
+        current = m_items[std::size_t(currentItem())];
     m_places = places;
     m_by = by;
     m_today = today;
@@ -52,14 +52,13 @@ void PeriodPicture::show(const CalendarRange& range, const std::vector<RangeAnsw
     findLegend(bars);
     fillBars(bars);
     findColors();
-    if (current && numberOf(*current) >= 0) {
-        if (numberOf(*current) != currentItem())
-            setCurrentItem(numberOf(*current));
-        stillChanged();
-    } else {
-        itemsChanged();
-    }
+    m_measures.reset();
+    itemsChanged(current ? numberOf(*current) : -1);
     updateGeometry();
+}
+
+QString PeriodPicture::LegendEntry::shownName() const {
+    return name == kNoProject ? localized("No Project") : name;
 }
 
 void PeriodPicture::findLegend(const std::vector<RangeAnswer::Bar>& bars) {
@@ -79,7 +78,7 @@ void PeriodPicture::findLegend(const std::vector<RangeAnswer::Bar>& bars) {
     // A single small one needs no other name.
     if (m_legend.size() <= kMostInLegend + 1)
         return;
-    LegendEntry other{localized("Other"), 0, {}, true};
+    LegendEntry other{.name = localized("Other"), .isOther = true};
     for (std::size_t i = kMostInLegend; i < m_legend.size(); ++i)
         other.length += m_legend[i].length;
     m_legend.resize(kMostInLegend);
@@ -128,18 +127,27 @@ void PeriodPicture::findColors() {
             names << entry.name;
     const auto kind = m_by == By::Programs ? PictureColors::Kind::Program : PictureColors::Kind::Project;
     const QList<QColor> found = colors().colors(kind, names, palette());
-    for (qsizetype i = 0; i < qsizetype(m_legend.size()); ++i)
-        m_legend[std::size_t(i)].color = i < found.size() ? found[i] : PictureColors::other(palette());
+    for (qsizetype i = 0; i < qsizetype(m_legend.size()); ++i) {
+        LegendEntry& entry = m_legend[std::size_t(i)];
+        entry.color = i < found.size() ? found[i] : PictureColors::other(palette());
+        entry.outline = PictureColors::outline(entry.color, palette());
+    }
 }
 
 void PeriodPicture::lookChanged() {
     findColors();
+    m_measures.reset();
+}
+
+void PeriodPicture::resizeEvent(QResizeEvent* event) {
+    TimePicture::resizeEvent(event);
+    m_measures.reset();
 }
 
 QStringList PeriodPicture::legend() const {
     QStringList names;
     for (const LegendEntry& entry : m_legend)
-        names << entry.name;
+        names << entry.shownName();
     return names;
 }
 
@@ -156,10 +164,9 @@ int PeriodPicture::legendRowHeight() const {
     return fontMetrics().height() + kRowAir;
 }
 
-int PeriodPicture::axisWidth() const {
-    const qint64 each = step();
+int PeriodPicture::axisWidth(qint64 each, qint64 top) const {
     int widest = 0;
-    for (qint64 length = 0; length <= top(); length += each)
+    for (qint64 length = 0; length <= top; length += each)
         widest = std::max(widest, fontMetrics().horizontalAdvance(PictureTexts::length(length)));
     return kMargin + widest + 6;
 }
@@ -179,7 +186,7 @@ int PeriodPicture::legendWidth() const {
         return 0;
     int widest = 0;
     for (const LegendEntry& entry : m_legend)
-        widest = std::max(widest, fontMetrics().horizontalAdvance(entry.name.left(100)));
+        widest = std::max(widest, fontMetrics().horizontalAdvance(entry.shownName().left(100)));
     return std::min({widest, kWidestLegend, width() / 4}) + legendRowHeight() + 2 * kMargin;
 }
 
@@ -187,12 +194,17 @@ QRect PeriodPicture::mirrored(const QRect& rect) const {
     return isMirrored() ? rect.translated(width() - rect.right() - 1 - rect.left(), 0) : rect;
 }
 
-QRect PeriodPicture::plot() const {
-    const int left = axisWidth();
+const PeriodPicture::Measures& PeriodPicture::measures() const {
+    if (m_measures)
+        return *m_measures;
+    Measures found{.step = step(), .averageWidth = averageWidth(), .legendWidth = legendWidth()};
+    found.top = (highest() + found.step - 1) / found.step * found.step;
+    const int left = axisWidth(found.step, found.top);
     const int bottom = fontMetrics().height() + 8;
-    const int up = fontMetrics().height() / 2 + 4;
-    return {left, up, std::max(1, width() - left - averageWidth() - legendWidth()),
-            std::max(1, height() - up - bottom)};
+    const int up = fontMetrics().height() + 2;
+    found.plot = {left, up, std::max(1, width() - left - found.averageWidth - found.legendWidth),
+                  std::max(1, height() - up - bottom)};
+    return m_measures.emplace(found);
 }
 
 qint64 PeriodPicture::highest() const {
@@ -212,14 +224,9 @@ qint64 PeriodPicture::step() const {
     return found != kSteps.end() ? *found : highest();
 }
 
-qint64 PeriodPicture::top() const {
-    const qint64 each = step();
-    return (highest() + each - 1) / each * each;
-}
-
 double PeriodPicture::yOf(qint64 length) const {
     const QRect rect = plot();
-    return rect.bottom() + 1 - double(length) / double(top()) * rect.height();
+    return rect.bottom() + 1 - double(length) / double(measures().top) * rect.height();
 }
 
 QRect PeriodPicture::placeRect(std::size_t place) const {
@@ -235,12 +242,11 @@ QRect PeriodPicture::placeRect(QDate first) const {
     return place ? placeRect(*place) : QRect();
 }
 
-QRect PeriodPicture::partRect(const Bar& bar, std::size_t place, const Part& part) const {
+QRect PeriodPicture::partRect(std::size_t place, const Part& part) const {
     const QRect whole = placeRect(place);
     const int wide = std::max(1, std::min(kWidestBar, int(std::round(whole.width() * kBarShare))));
     const int top = int(std::round(yOf(part.below + part.length)));
     const int bottom = int(std::round(yOf(part.below)));
-    Q_UNUSED(bar);
     return {whole.left() + (whole.width() - wide) / 2, top, wide, bottom - top};
 }
 
@@ -250,16 +256,21 @@ QRect PeriodPicture::partRect(QDate first, const QString& name) const {
         return {};
     for (const Part& part : m_bars[*place].parts)
         if (m_legend[part.entry].name == name)
-            return partRect(m_bars[*place], *place, part);
+            return partRect(*place, part);
     return {};
 }
 
 QRect PeriodPicture::legendRow(std::size_t entry) const {
-    const int wide = legendWidth();
+    const int wide = measures().legendWidth;
     const int rows = int(m_legend.size()) * legendRowHeight();
     const int top = std::max(0, (plot().top() + plot().bottom() + 1 - rows) / 2);
     return mirrored({width() - wide + kMargin, top + int(entry) * legendRowHeight(), wide - 2 * kMargin,
                      legendRowHeight()});
+}
+
+QRect PeriodPicture::legendRect(const QString& name) const {
+    const auto entry = std::ranges::find(m_legend, name, &LegendEntry::name);
+    return entry != m_legend.end() ? legendRow(std::size_t(entry - m_legend.begin())) : QRect();
 }
 
 int PeriodPicture::numberOf(const Item& item) const {
@@ -273,7 +284,7 @@ QString PeriodPicture::itemText(int number) const {
     if (!item.part)
         return m_places.name(item.bar) + QStringLiteral(": ") + PictureTexts::lengthInWords(bar.length);
     const Part& part = bar.parts[*item.part];
-    return QStringList{m_legend[part.entry].name, PictureTexts::lengthInWords(part.length),
+    return QStringList{m_legend[part.entry].shownName(), PictureTexts::lengthInWords(part.length),
                        PictureTexts::share(part.length, bar.length), m_places.name(item.bar)}
         .join(QStringLiteral(", "));
 }
@@ -286,7 +297,7 @@ QRect PeriodPicture::itemRect(int number) const {
     const Item& item = m_items[std::size_t(number)];
     if (!item.part)
         return placeRect(item.bar);
-    return partRect(m_bars[item.bar], item.bar, m_bars[item.bar].parts[*item.part]);
+    return partRect(item.bar, m_bars[item.bar].parts[*item.part]);
 }
 
 void PeriodPicture::choose(int number) {

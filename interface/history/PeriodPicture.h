@@ -22,12 +22,13 @@ public:
     // The bars in any order; where there is none, the place is empty. The cursor stays if only the bars are others.
     void show(const CalendarRange& range, const std::vector<RangeAnswer::Bar>& bars, By by, QDate today);
 
-    // The largest first; the last may be "Other".
+    // As shown, the largest first; the last may be "Other".
     QStringList legend() const;
     // Milliseconds, of the bars that have work; 0 if none has.
     qint64 average() const { return m_average; }
     // The part of a bar for an entry of the legend; empty where it has none. In the widget's coordinates.
     QRect partRect(QDate first, const QString& name) const;
+    QRect legendRect(const QString& name) const;
     // The whole place of a bar, from top to bottom.
     QRect placeRect(QDate first) const;
 
@@ -49,7 +50,9 @@ protected:
     void paintStill(QPainter& painter) override;
     void paintMoving(QPainter& painter) override;
     void tellOfCurrent() override;
+    void tellAt(const QPoint& position) override;
     void lookChanged() override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -60,7 +63,11 @@ private:
         QString name;
         qint64 length = 0;
         QColor color{};
+        QColor outline{};
         bool isOther = false;
+
+        // In the user's language.
+        QString shownName() const;
     };
     struct Part {
         // In the legend.
@@ -75,6 +82,14 @@ private:
         qint64 length = 0;
         std::vector<Part> parts{};
         qint64 height() const { return parts.empty() ? 0 : parts.back().below + parts.back().length; }
+    };
+    // Where everything is, found once for all bars.
+    struct Measures {
+        qint64 step = 0;
+        qint64 top = 0;
+        int averageWidth = 0;
+        int legendWidth = 0;
+        QRect plot{};
     };
     // A bar, or one of its parts.
     struct Item {
@@ -91,22 +106,23 @@ private:
         return m_by == By::Programs ? bar.programs : bar.projects;
     }
 
-    QRect plot() const;
+    const Measures& measures() const;
+    const QRect& plot() const { return measures().plot; }
     QRect mirrored(const QRect& rect) const;
-    int axisWidth() const;
+    int axisWidth(qint64 step, qint64 top) const;
     int averageWidth() const;
     int legendWidth() const;
     int legendRowHeight() const;
     QRect legendRow(std::size_t entry) const;
     qint64 highest() const;
     qint64 step() const;
-    qint64 top() const;
     double yOf(qint64 length) const;
     QRect placeRect(std::size_t bar) const;
-    QRect partRect(const Bar& bar, std::size_t place, const Part& part) const;
+    QRect partRect(std::size_t place, const Part& part) const;
 
     void paintAxis(QPainter& painter) const;
     void paintBars(QPainter& painter) const;
+    void paintSums(QPainter& painter) const;
     void paintLabels(QPainter& painter) const;
     void paintAverage(QPainter& painter) const;
     void paintLegend(QPainter& painter) const;
@@ -126,6 +142,8 @@ private:
     std::vector<Bar> m_bars;
     std::vector<Item> m_items;
     qint64 m_average = 0;
+    // Absent until it is next needed.
+    mutable std::optional<Measures> m_measures;
     std::optional<Item> m_hovered;
     std::optional<std::size_t> m_hoveredEntry;
 };

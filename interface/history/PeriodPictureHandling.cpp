@@ -19,7 +19,7 @@ std::optional<PeriodPicture::Item> PeriodPicture::itemAt(const QPoint& position)
             continue;
         const auto& parts = m_bars[place].parts;
         for (std::size_t part = 0; part < parts.size(); ++part)
-            if (partRect(m_bars[place], place, parts[part]).contains(position))
+            if (partRect(place, parts[part]).contains(position))
                 return Item{place, part};
         return Item{place, {}};
     }
@@ -27,7 +27,7 @@ std::optional<PeriodPicture::Item> PeriodPicture::itemAt(const QPoint& position)
 }
 
 std::optional<std::size_t> PeriodPicture::legendAt(const QPoint& position) const {
-    if (legendWidth() == 0)
+    if (measures().legendWidth == 0)
         return std::nullopt;
     for (std::size_t entry = 0; entry < m_legend.size(); ++entry)
         if (legendRow(entry).contains(position))
@@ -40,7 +40,7 @@ void PeriodPicture::tellOf(const Item& item) {
     std::vector<PictureTip::Line> lines{{{}, m_places.name(item.bar), PictureTexts::length(bar.length)}};
     const auto add = [&](const Part& part) {
         const LegendEntry& entry = m_legend[part.entry];
-        lines.push_back({entry.color, entry.name,
+        lines.push_back({entry.color, entry.shownName(),
                          PictureTexts::length(part.length) + QStringLiteral("  ") +
                              PictureTexts::share(part.length, bar.length)});
     };
@@ -57,13 +57,16 @@ void PeriodPicture::tellOfCurrent() {
 }
 
 void PeriodPicture::mouseMoveEvent(QMouseEvent* event) {
-    const auto item = itemAt(event->pos());
-    const auto entry = legendAt(event->pos());
-    if (item == m_hovered && entry == m_hoveredEntry)
-        return;
+    pointTo(event->pos());
+}
+
+void PeriodPicture::tellAt(const QPoint& position) {
+    const auto item = itemAt(position);
+    const auto entry = legendAt(position);
+    if (item != m_hovered || entry != m_hoveredEntry)
+        update();
     m_hovered = item;
     m_hoveredEntry = entry;
-    update();
     if (item)
         tellOf(*item);
     else

@@ -22,6 +22,7 @@ void PeriodPicture::paintStill(QPainter& painter) {
     paintBars(painter);
     paintLabels(painter);
     paintAverage(painter);
+    paintSums(painter);
     paintLegend(painter);
 }
 
@@ -29,8 +30,8 @@ void PeriodPicture::paintAxis(QPainter& painter) const {
     const QRect rect = plot();
     const double scale = painter.worldTransform().m11();
     const QFontMetrics metrics = fontMetrics();
-    const qint64 each = step();
-    for (qint64 length = 0; length <= top(); length += each) {
+    const qint64 each = measures().step;
+    for (qint64 length = 0; length <= measures().top; length += each) {
         const double y = std::round(yOf(length) * scale) / scale;
         const QRect line = mirrored({rect.left(), 0, rect.width(), 1});
         painter.fillRect(QRectF(line.left(), y, line.width(), 1 / scale), shade(length == 0 ? 0.45 : 0.14));
@@ -46,16 +47,39 @@ void PeriodPicture::paintAxis(QPainter& painter) const {
 void PeriodPicture::paintBars(QPainter& painter) const {
     for (std::size_t place = 0; place < m_bars.size(); ++place)
         for (const Part& part : m_bars[place].parts) {
-            const QRect rect = partRect(m_bars[place], place, part);
-            const QColor color = m_legend[part.entry].color;
+            const QRect rect = partRect(place, part);
+            const QColor& color = m_legend[part.entry].color;
             if (rect.height() < kSmallest || rect.width() < kSmallest) {
                 painter.fillRect(rect, color);
                 continue;
             }
             const double line = 1 / std::floor(painter.worldTransform().m11());
-            painter.fillRect(rect, PictureColors::outline(color, palette()));
+            painter.fillRect(rect, m_legend[part.entry].outline);
             painter.fillRect(QRectF(rect).adjusted(line, line, -line, 0), color);
         }
+}
+
+// Above each bar, where each has room for it.
+void PeriodPicture::paintSums(QPainter& painter) const {
+    const QFontMetrics metrics = fontMetrics();
+    int widest = 0;
+    for (const Bar& bar : m_bars)
+        widest = std::max(widest, metrics.horizontalAdvance(PictureTexts::length(bar.length)));
+    if (m_bars.empty() || widest + 6 > plot().width() / int(m_bars.size()))
+        return;
+    for (std::size_t place = 0; place < m_bars.size(); ++place) {
+        const Bar& bar = m_bars[place];
+        if (bar.length == 0)
+            continue;
+        const QString text = PictureTexts::length(bar.length);
+        const int wide = metrics.horizontalAdvance(text) + 4;
+        const QRect rect(placeRect(place).center().x() + 1 - wide / 2,
+                         int(yOf(bar.height())) - metrics.height() - 1, wide, metrics.height());
+        // The line of the average may pass here.
+        painter.fillRect(rect, palette().color(QPalette::Window));
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(rect, Qt::AlignCenter | Qt::TextSingleLine, text);
+    }
 }
 
 void PeriodPicture::paintLabels(QPainter& painter) const {
@@ -102,14 +126,14 @@ void PeriodPicture::paintAverage(QPainter& painter) const {
     painter.setPen(text);
     const int high = fontMetrics().height();
     const int top = std::clamp(int(y) - high, 0, std::max(0, height() - 2 * high));
-    const QRect figure = mirrored({rect.right() + 7, top, averageWidth() - 8, 2 * high});
+    const QRect figure = mirrored({rect.right() + 7, top, measures().averageWidth - 8, 2 * high});
     const int side = Qt::TextSingleLine | (isMirrored() ? Qt::AlignRight : Qt::AlignLeft);
     painter.drawText(figure, side | Qt::AlignTop, localized("Average"));
     painter.drawText(figure, side | Qt::AlignBottom, PictureTexts::length(m_average));
 }
 
 void PeriodPicture::paintLegend(QPainter& painter) const {
-    if (legendWidth() == 0)
+    if (measures().legendWidth == 0)
         return;
     const QFontMetrics metrics = fontMetrics();
     const int size = metrics.ascent() - 2;
@@ -119,13 +143,13 @@ void PeriodPicture::paintLegend(QPainter& painter) const {
             return QStyle::visualRect(layoutDirection(), row, rect);
         };
         const QRect box(row.left(), row.top() + (row.height() - size) / 2, size, size);
-        painter.fillRect(placed(box), PictureColors::outline(m_legend[i].color, palette()));
+        painter.fillRect(placed(box), m_legend[i].outline);
         painter.fillRect(placed(box).adjusted(1, 1, -1, -1), m_legend[i].color);
         const QRect text = placed(row.adjusted(size + 6, 0, 0, 0));
         painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(
             text, Qt::AlignVCenter | Qt::TextSingleLine | (isMirrored() ? Qt::AlignRight : Qt::AlignLeft),
-            metrics.elidedText(m_legend[i].name.left(200), Qt::ElideRight, text.width()));
+            metrics.elidedText(m_legend[i].shownName().left(200), Qt::ElideRight, text.width()));
     }
 }
 
@@ -143,7 +167,7 @@ void PeriodPicture::paintMoving(QPainter& painter) {
         painter.setPen(QPen(palette().color(QPalette::WindowText), 1));
         painter.drawRect(itemRect(number).adjusted(0, 0, -1, -1));
     }
-    if (entry && legendWidth() > 0) {
+    if (entry && measures().legendWidth > 0) {
         QColor wash = palette().color(QPalette::WindowText);
         wash.setAlphaF(0.1F);
         painter.fillRect(legendRow(*entry).adjusted(-3, 0, 3, 0), wash);

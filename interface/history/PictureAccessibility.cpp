@@ -126,7 +126,28 @@ private:
     mutable QHash<int, QAccessible::Id> m_items;
 };
 
+class AccessibleTip : public QAccessibleWidget {
+public:
+    explicit AccessibleTip(PictureTip* tip)
+        : QAccessibleWidget(tip, QAccessible::ToolTip)
+        , m_tip(*tip) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Name)
+            return {};
+        QStringList lines;
+        for (const PictureTip::Line& line : m_tip.lines())
+            lines << line.text + u' ' + line.figure;
+        return lines.join(u'\n');
+    }
+
+private:
+    PictureTip& m_tip;
+};
+
 QAccessibleInterface* describe(const QString&, QObject* object) {
+    if (auto* tip = qobject_cast<PictureTip*>(object))
+        return new AccessibleTip(tip);
     auto* picture = qobject_cast<TimePicture*>(object);
     return picture ? new AccessiblePicture(picture) : nullptr;
 }

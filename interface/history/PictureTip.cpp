@@ -20,10 +20,12 @@ constexpr int kWidest = 380;
 constexpr int kBetween = 16;
 constexpr int kMostDetailLines = 4;
 
-std::unique_ptr<QTextLayout> laidOut(const QString& text, const QFont& font, int width) {
+std::unique_ptr<QTextLayout> laidOut(const QString& text, const QFont& font, int width,
+                                     Qt::LayoutDirection direction) {
     auto layout = std::make_unique<QTextLayout>(PlainText::cut(text, PlainText::kLongestTip), font);
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setAlignment((direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute);
     layout->setTextOption(option);
     layout->beginLayout();
     double y = 0;
@@ -91,7 +93,7 @@ void PictureTip::lay() {
     m_laid.clear();
     int y = kAir - 2;
     for (const Line& line : m_lines) {
-        m_laid.push_back({y, laidOut(line.detail, font(), width - swatch)});
+        m_laid.push_back({y, laidOut(line.detail, font(), width - swatch, layoutDirection())});
         y += lineHeight();
         if (!line.detail.isEmpty())
             y += int(std::ceil(m_laid.back().detail->boundingRect().height())) + 3;
@@ -112,6 +114,7 @@ QPoint PictureTip::belowOrAbove(const QRect& place, int x) const {
 
 void PictureTip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     const QColor text = palette().color(QPalette::ToolTipText);
     QColor faint = text;
     faint.setAlphaF(0.75F);

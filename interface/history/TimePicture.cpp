@@ -9,6 +9,7 @@
 #include <QStyleOptionFocusRect>
 
 #include <cmath>
+#include <utility>
 
 TimePicture::TimePicture(const PictureColors& colors, QWidget* parent)
     : QWidget(parent)
@@ -31,6 +32,7 @@ void TimePicture::setCurrentItem(int item) {
         tellNothing();
         return;
     }
+    reveal(item);
     tellOfCurrent();
     if (!QAccessible::isActive())
         return;
@@ -39,11 +41,19 @@ void TimePicture::setCurrentItem(int item) {
     QAccessible::updateAccessibility(&focus);
 }
 
-void TimePicture::itemsChanged() {
-    m_current = -1;
-    tellNothing();
+void TimePicture::itemsChanged(int current) {
+    const bool isTelling = tip() != nullptr;
+    m_current = current;
     stillChanged();
-    if (!QAccessible::isActive())
+    if (m_pointer)
+        tellAt(*m_pointer);
+    else if (isTelling && m_current >= 0)
+        tellOfCurrent();
+    else
+        tellNothing();
+    const int before = std::exchange(m_count, itemCount());
+    // A list that is told anew every second cannot be read.
+    if (m_count == before || !QAccessible::isActive())
         return;
     QAccessibleEvent changed(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&changed);
@@ -67,6 +77,11 @@ void TimePicture::tellNothing() {
         m_tip->hide();
 }
 
+void TimePicture::pointTo(const QPoint& position) {
+    m_pointer = position;
+    tellAt(position);
+}
+
 void TimePicture::paintEvent(QPaintEvent*) {
     const double scale = devicePixelRatioF();
     const QSize pixels(int(std::ceil(width() * scale)), int(std::ceil(height() * scale)));
@@ -74,6 +89,8 @@ void TimePicture::paintEvent(QPaintEvent*) {
         m_still = QPixmap(pixels);
         m_still.fill(Qt::transparent);
         QPainter painter(&m_still);
+        // Each text has the direction of its own language, and is aligned by whoever draws it.
+        painter.setLayoutDirection(Qt::LayoutDirectionAuto);
         painter.scale(scale, scale);
         painter.setFont(font());
         paintStill(painter);
@@ -106,11 +123,13 @@ void TimePicture::changeEvent(QEvent* event) {
 
 void TimePicture::leaveEvent(QEvent* event) {
     QWidget::leaveEvent(event);
+    m_pointer.reset();
     tellNothing();
 }
 
 void TimePicture::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
+    m_pointer.reset();
     tellNothing();
 }
 

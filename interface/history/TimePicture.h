@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QPointer>
 
+#include <optional>
+
 // What the pictures of the history have in common. They consist of items, in reading order. One of them may have
 // the keyboard's cursor; assistive programs read them as a list. Beside what is pointed at, or has the cursor,
 // is a tip. What does not change from frame to frame is painted once and kept.
@@ -38,19 +40,26 @@ protected:
     virtual void paintStill(QPainter& painter) = 0;
     // What moves, over it; in the widget's own coordinates.
     virtual void paintMoving(QPainter& painter) = 0;
+    // Brings an item into view.
+    virtual void reveal(int) {}
     // Tells of the item with the cursor.
     virtual void tellOfCurrent() = 0;
+    // Tells of what lies there, or nothing.
+    virtual void tellAt(const QPoint& position) = 0;
     // Fonts, palette or direction are others.
     virtual void lookChanged() {}
 
     const PictureColors& colors() const { return m_colors; }
     bool isMirrored() const { return layoutDirection() == Qt::RightToLeft; }
-    // The items are others: the cursor goes.
-    void itemsChanged();
+    // The items are others; what was the one with the cursor is now `current`, below 0 for none. What is being
+    // told is told anew.
+    void itemsChanged(int current);
     // What is painted once is to be painted again.
     void stillChanged();
     void tell(const std::vector<PictureTip::Line>& lines, const QRect& place, int x, bool isBar);
     void tellNothing();
+    // The pointer is there, until it leaves.
+    void pointTo(const QPoint& position);
 
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -71,6 +80,9 @@ private:
     QPixmap m_still;
     bool m_isStillCurrent = false;
     int m_current = -1;
+    // As assistive programs were last told.
+    int m_count = 0;
+    std::optional<QPoint> m_pointer;
     bool m_isFocusShown = false;
     QPointer<PictureTip> m_tip;
 };

@@ -382,6 +382,41 @@ TEST_F(DayPictureTest, aDayThatGrows_keepsZoomAndCursor) {
     EXPECT_EQ(picture.currentItem(), -1);
 }
 
+TEST_F(DayPictureTest, aDayThatGrowsUnderThePointer_goesOnTelling) {
+    show({piece(at(9), at(10), "Mail")});
+    QTest::mouseMove(&picture, placeOf(at(9, 59)));
+    EXPECT_EQ(told(), QStringList{u"Mail|1 h|9:00 AM to 10:00 AM"_s});
+    show({piece(at(9), at(10, 1), "Mail")});
+    EXPECT_EQ(told(), QStringList{u"Mail|1 h 1 min|9:00 AM to 10:01 AM"_s});
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&picture, &leave);
+    show({piece(at(9), at(10, 2), "Mail")});
+    EXPECT_EQ(picture.tip(), nullptr);
+}
+
+TEST_F(DayPictureTest, aDayThatGrowsWhileOneDrags_letsOneDragOn) {
+    showWork();
+    QSignalSpy chosen(&picture, &DayPicture::rangeChosen);
+    QTest::mousePress(&picture, Qt::LeftButton, {}, placeOf(at(9)));
+    QTest::mouseMove(&picture, placeOf(at(11)));
+    showWork();
+    QTest::mouseMove(&picture, placeOf(at(12)));
+    QTest::mouseRelease(&picture, Qt::LeftButton, {}, placeOf(at(12)));
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen[0][0].toLongLong(), at(9));
+    EXPECT_EQ(chosen[0][1].toLongLong(), at(12));
+}
+
+TEST_F(DayPictureTest, thePieceThatWasChosen_isTheWholeWhenItIsShown) {
+    showWork();
+    drag(at(9), at(12));
+    picture.show(at(9), at(12), {piece(at(9), at(12), "Mail")}, at(22));
+    const QRect lane = picture.laneRect(DayPicture::Programs);
+    EXPECT_NEAR(picture.xOf(double(at(9))), lane.left(), 1);
+    EXPECT_NEAR(picture.xOf(double(at(12))), lane.right() + 1, 1);
+    EXPECT_EQ(seenAt(at(10)), colorOf("Mail")) << "and not marked any more";
+}
+
 TEST_F(DayPictureTest, now_isALine) {
     picture.show(at(0), at(0) + 24 * kHour, {}, at(12));
     const QColor text = picture.palette().color(QPalette::WindowText);

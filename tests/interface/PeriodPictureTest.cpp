@@ -209,6 +209,33 @@ TEST_F(PeriodPictureTest, fromRightToLeft_allIsMirrored) {
     EXPECT_EQ(picture.itemText(picture.currentItem()), u"Tuesday, November 17, 2026: 4 hours"_s);
 }
 
+TEST_F(PeriodPictureTest, workOfNoProject_isCalledSoInTheUsersLanguage) {
+    picture.show(CalendarRange::around(Kind::Week, kMonday, Qt::Monday),
+                 {bar(kMonday, {{u"Mail"_s, kHour}}, {{kNoProject, kHour}})}, By::Projects, kMonday);
+    EXPECT_EQ(picture.legend(), QStringList{u"No Project"_s});
+    QSignalSpy entries(&picture, &PeriodPicture::entryChosen);
+    QTest::mouseClick(&picture, Qt::LeftButton, {}, picture.partRect(kMonday, kNoProject).center());
+    ASSERT_EQ(entries.count(), 1);
+    EXPECT_EQ(entries[0][0].toString(), kNoProject);
+}
+
+TEST_F(PeriodPictureTest, aBarThatGrowsUnderThePointer_goesOnTelling) {
+    showWeek();
+    QTest::mouseMove(&picture, picture.partRect(kMonday, u"Mail"_s).center());
+    showWeek();
+    EXPECT_EQ(told(), (QStringList{u"Monday, November 16, 2026|8 h"_s, u"Mail|2 h  25%"_s}));
+}
+
+TEST_F(PeriodPictureTest, anEntryOfTheLegend_canBeChosen) {
+    showWeek();
+    QSignalSpy days(&picture, &PeriodPicture::barChosen);
+    QSignalSpy entries(&picture, &PeriodPicture::entryChosen);
+    QTest::mouseClick(&picture, Qt::LeftButton, {}, picture.legendRect(u"Mail"_s).center());
+    EXPECT_EQ(days.count(), 0);
+    ASSERT_EQ(entries.count(), 1);
+    EXPECT_EQ(entries[0][0].toString(), u"Mail"_s);
+}
+
 TEST_F(PeriodPictureTest, aBarThatGrows_keepsTheCursor) {
     showWeek();
     press(Qt::Key_Right);

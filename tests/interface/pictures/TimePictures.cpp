@@ -136,7 +136,7 @@ public:
     }
 
     template<class Picture>
-    void draw(Picture& shown, const char* name, QSize size = {760, 300}) {
+    void draw(Picture& shown, const char* name, QSize size = {760, 400}) {
         day.setVisible(static_cast<QWidget*>(&day) == &shown);
         period.setVisible(static_cast<QWidget*>(&period) == &shown);
         m_window.resize(size);
@@ -200,6 +200,24 @@ void drawDays(Stage& stage) {
     stage.draw(day, "day-empty");
 }
 
+// Black and white alone, and yellow for what is chosen.
+void drawContrast(Stage& stage) {
+    const QDate date(2026, 11, 19);
+    for (const auto& [ground, text, name] : {std::tuple(Qt::black, Qt::white, "contrast-dark"),
+                                             std::tuple(Qt::white, Qt::black, "contrast-light")}) {
+        QPalette palette(text, ground, text, text, text, text, text, ground, ground);
+        palette.setColor(QPalette::Window, ground);
+        palette.setColor(QPalette::Highlight, ground == Qt::black ? Qt::yellow : Qt::darkBlue);
+        stage.m_window.setPalette(palette);
+        stage.day.show(at(date, 0), at(date.addDays(1), 0), workOf(date, 7), at(date, 21, 3));
+        stage.draw(stage.day, (std::string("day-") + name).c_str());
+        const auto week = CalendarRange::around(CalendarRange::Kind::Week, date, Qt::Monday);
+        stage.period.show(week, barsOf(week), PeriodPicture::By::Programs, date);
+        stage.draw(stage.period, (std::string("week-") + name).c_str());
+    }
+    stage.m_window.setPalette({});
+}
+
 void drawPeriods(Stage& stage) {
     const QDate today(2026, 11, 19);
     PeriodPicture& period = stage.period;
@@ -243,4 +261,5 @@ void drawTimePictures(const QDir& folder) {
     Stage stage(folder);
     drawDays(stage);
     drawPeriods(stage);
+    drawContrast(stage);
 }
