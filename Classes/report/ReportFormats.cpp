@@ -125,10 +125,11 @@ QByteArray table(const Report& report) {
     rows[0].push_back(QStringLiteral("time"));
     qint64 total = 0;
     for (const ReportLine& line : report.lines()) {
-        std::vector<QString>& row = rows.emplace_back();
+        std::vector<QString> row;
         for (const QJsonValue& cell : line.cells)
             row.push_back(cutToColumn(textOf(cell)));
         row.push_back(durationText(line.milliseconds));
+        rows.push_back(std::move(row));
         total += line.milliseconds;
     }
     if (rows.size() == 1)

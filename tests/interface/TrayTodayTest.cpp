@@ -35,12 +35,12 @@ struct TrayTodayTest : testing::Test, HistoryViewDesk {
     bool isCounting() { return controller.timer().isRunning(); }
 
     HistoryToday line{{.history = history,
-                        .runLoop = fakes.runLoop,
-                        .clock = fakes.clock,
-                        .folders = fakes.platform.folders,
-                        .menu = menu().mainMenu(),
-                        .isCounting = [this] { return isCounting(); }},
-                       [this](const QString& text) { controller.appDelegate().presence().showToday(text); }};
+                       .runLoop = fakes.runLoop,
+                       .clock = fakes.clock,
+                       .folders = fakes.platform.folders,
+                       .menu = menu().mainMenu(),
+                       .isCounting = [this] { return isCounting(); }},
+                      [this](const QString& text) { controller.appDelegate().presence().showToday(text); }};
     PauseMenu pauses{controller.timer(), fakes.runLoop, fakes.clock, [this] {
                          const QDateTime now = localTime(fakes.clock.now());
                          return beginningOf(now.date().addDays(1), 0);
