@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/rules/RuleCategories.h"
 
+#include <QList>
+
 namespace {
 
 // A settings file has room for millions of commas, and each category takes 200 bytes. Nobody types this many.
