@@ -2,6 +2,7 @@
 // Puts the program together, along the way of a second of time: the desktop's back ends, the engine that
 // credits, the window that shows.
 #include "Classes/history/History.h"
+#include "Classes/history/NameKeeping.h"
 #include "Classes/report/Moment.h"
 #include "app/AccountLock.h"
 #include "app/CommandLine.h"
@@ -143,6 +144,8 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     alerts.setWindow(&controller.window());
     // Before anything runs, adds to the timers what a crash has cost them.
     History history(servicesOf(controller, platform));
+    const NameKeeping names(controller.registry(), controller.tracker(), history,
+                            [&] { return controller.projects().allMembers(); });
     // Questions of the preferences belong to their window, not to the main window.
     QtAlerts setupAlerts(alerts);
     Preferences preferences(

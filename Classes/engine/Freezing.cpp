@@ -32,6 +32,26 @@ void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities, 
     joined.emplace(identities.after, *identities.before);
 }
 
+// Which timers of the past follow when freezing an application, or a window of it, is undone. The application comes
+// first: its windows are then found under the identity that it has again.
+TimerMoves movesBy(const FrozenIdentities& joined, const TimeStoreApp& app) {
+    TimerMoves moves;
+    if (!app.uuid())
+        return moves;
+    for (const auto& [gone, kept] : joined)
+        if (kept == app.uuid())
+            moves.push_back({{gone, std::nullopt}, {kept, std::nullopt}});
+    for (const auto& [gone, kept] : joined)
+        if (kept != app.uuid())
+            moves.push_back({{*app.uuid(), gone}, {*app.uuid(), kept}});
+    return moves;
+}
+
+void add(TimerMoves& moves, const std::optional<Identity>& application, const FrozenTimer::Pair& window) {
+    if (application && window.before)
+        moves.push_back({{*application, *window.before}, {*application, window.after}});
+}
+
 } // namespace
 
 FrozenTimer Freezing::freeze(TimeStoreNode& node) {
@@ -66,6 +86,7 @@ void Freezing::freezeWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
     // The table may hold the last reference but this one, and drops it while the window changes its key.
     const auto alive = window.shared_from_this();
     const QString oldName = window.name();
+    const auto holder = m_timers.tree().applicationHolding(window);
     const std::optional<Identity> known = tellApart(window);
     window.setBranched(true);
     window.setName(frozenName(oldName, m_clock.now()));
@@ -74,6 +95,9 @@ void Freezing::freezeWindow(TimeStoreWindow& window, FrozenTimer& frozen) {
     // From now on the window on the screen belongs to the fresh timer.
     window.setWindowElement(WindowElement());
     post({known, *window.uuid()});
+    TimerMoves moves;
+    add(moves, holder ? holder->uuid() : std::nullopt, frozen.own());
+    m_timers.services().notifications.post(kTicklogMoveTimersNotification, std::move(moves));
     bringSuccessorsBack(frozen);
     m_timers.forgetWindow();
     m_source.mainWindowDidChange();
@@ -88,6 +112,7 @@ void Freezing::freezeApplication(TimeStoreApp& app, FrozenTimer& frozen) {
     app.setRenamedNameFormatted({{kRecordName, oldName}});
     app.setBranched(true);
     const Identity newIdentity = frozen.replace(app.uuid());
+    TimerMoves moves;
     {
         const ChangeAnnouncement announcement = m_timers.changeOfSet();
         const std::lock_guard guard(m_timers.lock());
@@ -97,10 +122,14 @@ void Freezing::freezeApplication(TimeStoreApp& app, FrozenTimer& frozen) {
             const std::optional<Identity> known = tellApart(*window);
             window->setUuid(frozen.replace(window->uuid()));
             post({known, *window->uuid()});
+            add(moves, frozen.own().before, frozen.windows().back());
         }
         m_timers.tree().putLast(alive);
     }
     post(frozen.own());
+    if (const auto& old = frozen.own().before)
+        moves.push_back({{*old, std::nullopt}, {newIdentity, std::nullopt}});
+    m_timers.services().notifications.post(kTicklogMoveTimersNotification, std::move(moves));
     bringSuccessorsBack(frozen);
     refreshProjects({{kInfoCurrentApp, wasCurrent ? 1 : 0}, {kInfoOldName, oldName}});
 }
@@ -150,19 +179,23 @@ void Freezing::refreshProjects(const PropertyListDictionary& info) {
 
 bool Freezing::undo(FrozenTimer& frozen) {
     std::optional<FrozenIdentities> joined;
+    TimerMoves moves;
     for (const auto& app : TimerTree::AppSet(m_timers.tree().applications())) {
         if (frozen.isApp() && app->uuid() == frozen.own().after)
             joined = undoApplication(app, frozen);
         else if (!frozen.isApp())
             if (const auto window = app->windowOfIdentity(frozen.own().after))
                 joined = undoWindow(*window, *app, frozen);
-        if (joined)
-            break;
+        if (!joined)
+            continue;
+        moves = movesBy(*joined, *app);
+        break;
     }
     if (!joined)
         return false;
     enterNamesAgain(*joined);
     m_timers.services().notifications.post(kTicklogUnbranchNodeNotification, *std::move(joined));
+    m_timers.services().notifications.post(kTicklogMoveTimersNotification, std::move(moves));
     // The search result may still hold timers that no longer exist.
     m_timers.reloadSearchFiltering();
     m_timers.services().notifications.post(kTicklogRefreshProjectsNotification);

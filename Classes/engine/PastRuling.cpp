@@ -116,7 +116,7 @@ std::unordered_set<Identity> PastRuling::forgetNames() {
         }
     }
     const QString prefix = TimeStoreWindow::keyOf(QString());
-    m_timers.services().registry.forgetNames([&](const QString& key) {
+    m_timers.services().registry.forgetNames([&](const QString& key, const Identity&) {
         if (!key.startsWith(prefix))
             return false;
         const QString title = key.mid(prefix.size()).section(u'\n', 0, 0);

@@ -41,6 +41,10 @@ public:
 
     void credited(const Stretch& stretch) override {
         m_history.m_recorder.credited(stretch);
+        for (const TimeStoreNode* node : {static_cast<const TimeStoreNode*>(stretch.program),
+                                          static_cast<const TimeStoreNode*>(stretch.window)})
+            if (node && node->uuid())
+                m_history.m_sinceThen.insert(*node->uuid());
         m_history.newsHasCome();
     }
 
@@ -75,6 +79,8 @@ History::History(const Services& services, BackgroundMove::Background background
         begin();
     } else if (QFileInfo::exists(m_path)) {
         m_writer.removeFile();
+    } else {
+        m_inFile.emplace();
     }
 }
 
@@ -104,6 +110,20 @@ std::vector<HistoryRow> History::unwritten() const {
     for (auto& [serial, row] : rows)
         ordered.push_back(std::move(row));
     return ordered;
+}
+
+bool History::hasPastOf(const Identity& identity) const {
+    return !m_inFile || m_inFile->contains(identity) || m_sinceThen.contains(identity);
+}
+
+void History::learnTimers(std::unordered_set<Identity> inFile) {
+    m_inFile = std::move(inFile);
+    m_sinceThen.clear();
+    for (const HistoryRow& row : unwritten())
+        for (const auto& identity : {row.timer.application, row.timer.window})
+            if (identity)
+                m_sinceThen.insert(*identity);
+    m_losses.tell();
 }
 
 std::unique_ptr<HistoryReader> History::reader() const {
@@ -167,12 +187,15 @@ void History::listen() {
     NotificationCenter& news = m_services.notifications;
     m_listening.emplace();
     m_listening->stretches = m_services.tracker.listen(*m_prompter);
-    for (const auto& [name, subscription] :
-         {std::pair(kTicklogBranchNodeNotification, &m_listening->freezing),
-          std::pair(kTicklogUnbranchNodeNotification, &m_listening->thawing)})
-        *subscription = news.observe(name, [this](const Notification& notification) {
-            if (const auto* identities = std::any_cast<FrozenIdentities>(&notification.object))
-                renamed(*identities);
+    m_listening->moving =
+        news.observe(kTicklogMoveTimersNotification, [this](const Notification& notification) {
+            if (const auto* moves = std::any_cast<TimerMoves>(&notification.object))
+                moved(*moves);
+        });
+    m_listening->merging =
+        news.observe(kTicklogSucceedNodeNotification, [this](const Notification& notification) {
+            if (const auto* successions = std::any_cast<Successions>(&notification.object))
+                merged(*successions);
         });
     for (const auto& [name, subscription, isDeleted] :
          {std::tuple(kTicklogRemoveTimersNotification, &m_listening->removing, true),
@@ -195,6 +218,8 @@ void History::settingsChanged() {
     }
     if (days < 0 && m_listening) {
         m_listening.reset();
+        m_merged.clear();
+        m_sinceThen.clear();
         m_services.database.setWitness(nullptr);
         m_nextWrite.reset();
         m_undecided = false;
@@ -218,18 +243,37 @@ void History::beginAnew() {
     m_services.database.saveSoon();
 }
 
-void History::renamed(const FrozenIdentities& identities) {
+void History::moved(const TimerMoves& moves) {
+    followMerged();
     m_recorder.takeInto(m_writer.next());
-    for (const auto& [from, to] : identities) {
-        m_writer.change(HistoryChange::Renamed{from, to});
-        m_recorder.rename(from, to);
+    for (const TimerMove& move : moves) {
+        m_writer.change(HistoryChange::Moved{move});
+        m_recorder.move(move);
+        m_sinceThen.insert(move.to.window.value_or(move.to.application));
     }
     write();
 }
 
+void History::merged(const Successions& successions) {
+    for (const auto& [former, successor, application] : successions)
+        if (application)
+            m_merged.push_back({{*application, former}, {*application, successor}});
+}
+
+// Before any other change of identities, which may be about the timers that are left.
+void History::followMerged() {
+    if (const TimerMoves moves = std::exchange(m_merged, {}); !moves.empty())
+        moved(moves);
+}
+
 void History::deleted(const TimerReferences& timers, bool isDeleted) {
-    if (!timers.empty())
-        change(HistoryChange::Deleted{timers, isDeleted});
+    if (timers.empty())
+        return;
+    // What comes back may have been taken in by a timer that has its name by now.
+    if (isDeleted)
+        followMerged();
+    change(HistoryChange::Deleted{timers, isDeleted});
+    followMerged();
 }
 
 void History::forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told) {
@@ -280,6 +324,7 @@ void History::storeIsWhole(const QByteArray& content) {
 }
 
 void History::storeIsPlaced(const QByteArray& content) {
+    followMerged();
     m_writer.noteStore(HistoryChange::StorePlaced{content, m_recorder.generation(),
                                                   m_services.database.isAwaitingMainStore()});
     write();
@@ -306,7 +351,7 @@ void History::write() {
         return;
     }
     if (const std::int64_t day = now() / kDay; m_days > 0 && std::exchange(m_sweptOn, day) != day)
-        m_writer.setOldest(now() - m_days * kDay);
+        m_writer.setAge(HistoryAge{.now = now(), .kept = m_days * kDay});
     noteWhetherHeldUp();
     m_writer.write();
 }
@@ -344,6 +389,8 @@ void History::told(const HistoryKeeper::Report& report) {
         m_nextWrite.reset();
         return;
     }
+    if (report.timers)
+        learnTimers(*report.timers);
     const bool isWritten = report.state == HistoryKeeper::State::Written;
     if (const bool isGone = isWritten && !report.isToEmpty; !isGone || !m_writer.hasToForget())
         tellOfForgetting(isGone);

@@ -6,7 +6,8 @@
 #include "Classes/history/HistoryWriter.h"
 #include "Classes/record/StoreWitness.h"
 #include "Classes/record/TimeDatabase.h"
-#include "Classes/store/FrozenTimer.h"
+#include "Classes/store/Succession.h"
+#include "platform/foundation/observing/News.h"
 
 class AccountTrouble;
 class HistoryDebts;
@@ -50,6 +51,10 @@ public:
     QString obstacle() const;
     // What is newer than the file, in order of time.
     std::vector<HistoryRow> unwritten() const;
+    // Whether a timer of this identity has a past here. True for any while the file has not told yet.
+    bool hasPastOf(const Identity& identity) const;
+    // Told whenever timers may have lost their past.
+    Subscription observeLoss(std::function<void()> told) { return m_losses.observe(std::move(told)); }
     // For questions about what is already in the file.
     std::unique_ptr<HistoryReader> reader() const;
 
@@ -71,8 +76,8 @@ private:
     // Its subscriptions, while the history is kept.
     struct Listening {
         Subscription stretches;
-        Subscription freezing;
-        Subscription thawing;
+        Subscription moving;
+        Subscription merging;
         Subscription removing;
         Subscription comingBack;
     };
@@ -87,7 +92,9 @@ private:
     void pay(const HistoryDebts& debts);
     std::int64_t now() const;
     void settingsChanged();
-    void renamed(const FrozenIdentities& identities);
+    void moved(const TimerMoves& moves);
+    void merged(const Successions& successions);
+    void followMerged();
     void deleted(const TimerReferences& timers, bool isDeleted);
     void change(HistoryChange::Any what);
     void write();
@@ -95,6 +102,7 @@ private:
     void newsHasCome();
     void told(const HistoryKeeper::Report& report);
     void tellOfForgetting(bool isDone);
+    void learnTimers(std::unordered_set<Identity> inFile);
 
     Services m_services;
     BackgroundMove::Background m_background;
@@ -103,6 +111,13 @@ private:
     std::unique_ptr<Prompter> m_prompter;
     HistoryWriter m_writer;
     std::optional<Listening> m_listening;
+    // Windows that were taken in by others since the timers were last written. Until then their past stays with them,
+    // because a crash would bring them back.
+    TimerMoves m_merged;
+    // The timers with a past: what the file has told last, and whose rows came since.
+    std::optional<std::unordered_set<Identity>> m_inFile;
+    std::unordered_set<Identity> m_sinceThen;
+    const News m_losses;
     std::int64_t m_days = 0;
     int m_dayBegins = 0;
     // The day on which old rows were last deleted.

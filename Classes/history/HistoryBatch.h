@@ -54,10 +54,9 @@ struct OwedTime {
 // Changes to what is already in the history, in order.
 namespace HistoryChange {
 
-// A timer, with its past, gets another identity.
-struct Renamed {
-    Identity from;
-    Identity to;
+// A timer, with its past, gets another identity. What is deleted stays what it was.
+struct Moved {
+    TimerMove move;
 };
 
 // Timers are deleted or come back. Rows of deleted timers are removed for good when the file is next opened.
@@ -106,9 +105,17 @@ struct StoreUnknown {
     bool isAnotherAway = false;
 };
 
-using Any = std::variant<Renamed, Deleted, Forgotten, Ruled, StoreWhole, StorePlaced, StoreUnknown>;
+using Any = std::variant<Moved, Deleted, Forgotten, Ruled, StoreWhole, StorePlaced, StoreUnknown>;
 
 } // namespace HistoryChange
+
+// How old the history may get. Milliseconds, `now` since 1970 by the wall clock.
+struct HistoryAge {
+    std::int64_t now;
+    std::int64_t kept;
+
+    friend bool operator==(const HistoryAge&, const HistoryAge&) = default;
+};
 
 // What is written in one transaction. When a row is written twice, by its serial number, only the latest
 // state is kept, so a waiting batch stays small.

@@ -188,11 +188,17 @@ std::int64_t HistoryFile::dayOf(std::int64_t start, std::int64_t offset) const {
     return historyDay(QDate(1970, 1, 1).addDays(day));
 }
 
-void HistoryFile::apply(const HistoryChange::Renamed& change) {
-    const QByteArray from = change.from.bytes();
-    const QByteArray to = change.to.bytes();
-    sqliteRun(m_database, "UPDATE timers SET application = ? WHERE application = ?", to, from);
-    sqliteRun(m_database, "UPDATE timers SET window = ? WHERE window = ?", to, from);
+void HistoryFile::apply(const HistoryChange::Moved& change) {
+    const auto& [from, to] = change.move;
+    m_isToTellTimers = true;
+    if (from.window && to.window)
+        sqliteRun(m_database,
+                  "UPDATE timers SET application = ?, window = ? WHERE application = ? AND window = ? AND "
+                  "NOT deleted",
+                  to.application.bytes(), to.window->bytes(), from.application.bytes(), from.window->bytes());
+    else
+        sqliteRun(m_database, "UPDATE timers SET application = ? WHERE application = ? AND NOT deleted",
+                  to.application.bytes(), from.application.bytes());
 }
 
 // Deleting an application deletes its windows. When it comes back, so do they, except those that were deleted
@@ -233,6 +239,17 @@ void HistoryFile::apply(const HistoryChange::StoreUnknown& change) {
     sqliteRun(m_database, "DELETE FROM stores WHERE since >= ?", first);
     sqliteRun(m_database, "DELETE FROM owed WHERE generation >= ?", first);
     sqliteRun(m_database, "INSERT OR REPLACE INTO stores VALUES (?, 0)", change.content);
+}
+
+std::optional<std::unordered_set<Identity>> HistoryFile::takeTimers() {
+    if (!std::exchange(m_isToTellTimers, false))
+        return std::nullopt;
+    std::unordered_set<Identity> timers;
+    for (SqliteQuery row(m_database, "SELECT application, window FROM timers"); row.next();)
+        for (const int column : {0, 1})
+            if (const auto identity = Identity::fromBytes(row.bytes(column)))
+                timers.insert(*identity);
+    return timers;
 }
 
 void HistoryFile::owe(const OwedTime& to, std::int64_t length) {

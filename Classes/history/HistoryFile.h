@@ -30,9 +30,9 @@ public:
     // Writes the whole batch or nothing, and keeps the sums up to date. A batch that is tried again is
     // written only once.
     void write(const HistoryBatch& batch, Written& written);
-    // Deletes what is older than `before` (milliseconds since 1970). With `isDeletedToGo`, deletes the rows
-    // of deleted timers as well.
-    void sweep(std::optional<std::int64_t> before, bool isDeletedToGo);
+    // Deletes what is older than it is kept, once the clock is believed. With `isDeletedToGo`, deletes the rows of
+    // deleted timers as well.
+    void sweep(const std::optional<HistoryAge>& age, bool isDeletedToGo);
     // Sets the hour at which a day begins, 0 to 23, for future rows and for those in the file.
     void setDayBegin(int hour);
     // Moves SQLite's journal into the file and overwrites it, if it may still hold what was forgotten. While
@@ -43,6 +43,8 @@ public:
     SqliteDatabase& database() { return m_database; }
     // Whether it knows what any store lacks.
     bool knowsStore() { return m_database.number("SELECT count(*) FROM stores") > 0; }
+    // The identities of all timers in it: once when it was opened, and whenever some may have left it.
+    std::optional<std::unordered_set<Identity>> takeTimers();
     bool hasMoved() const { return m_database.hasMoved(); }
     // Adds one row, within a transaction of the caller's.
     Key add(const HistoryRow& row);
@@ -70,7 +72,7 @@ private:
     std::int64_t timerId(const RowTimer& timer);
     std::int64_t dayOf(std::int64_t start, std::int64_t offset) const;
 
-    void apply(const HistoryChange::Renamed& change);
+    void apply(const HistoryChange::Moved& change);
     void apply(const HistoryChange::Deleted& change);
     void apply(const HistoryChange::Forgotten& change);
     void apply(const HistoryChange::Ruled& change);
@@ -87,12 +89,14 @@ private:
     void sumDaysAgain(std::int64_t first, std::int64_t last);
     void sumMonthsAgain();
     void dropUnused();
+    std::int64_t believed(std::int64_t now);
 
     SqliteDatabase m_database;
     std::int64_t m_dayBegin = 0;
     // True at first: while another program read, the journal could not be emptied, and it may still hold what
     // was forgotten then.
     bool m_hasToEmpty = true;
+    bool m_isToTellTimers = true;
 };
 
 // The number by which the file knows a day: 20261120.

@@ -6,6 +6,12 @@
 namespace {
 
 constexpr std::int64_t kLongestRow = 3'600'000;
+constexpr std::int64_t kDay = 24 * kLongestRow;
+// A date that lies further ahead of the last known one is doubted...
+constexpr std::int64_t kMostAhead = 7 * kDay;
+// ...until it still holds so much later.
+constexpr std::int64_t kUntilBelieved = 18 * kLongestRow;
+constexpr std::int64_t kLongestDoubt = 90 * kDay;
 
 // The conditions, in the order of the question marks. One that is not asked for matches everything.
 constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ? AND start < ? "
@@ -96,12 +102,35 @@ void HistoryFile::sumMonthsAgain() {
 }
 
 void HistoryFile::dropUnused() {
+    m_isToTellTimers = true;
     sqliteRun(m_database, "DELETE FROM titles WHERE id <> 0 AND id NOT IN (SELECT title FROM days)");
     sqliteRun(m_database, "DELETE FROM programs WHERE id NOT IN (SELECT program FROM days)");
     sqliteRun(m_database, "DELETE FROM timers WHERE id <> 0 AND id NOT IN (SELECT timer FROM days)");
 }
 
-void HistoryFile::sweep(std::optional<std::int64_t> before, bool isDeletedToGo) {
+// What is deleted does not come back when a clock that was wrong is set right.
+std::int64_t HistoryFile::believed(std::int64_t now) {
+    const auto number = [&](const char* sql) {
+        SqliteQuery value(m_database, sql);
+        return value.next() ? std::optional(value.integer(0)) : std::nullopt;
+    };
+    auto known = number("SELECT value FROM settings WHERE name = 'date known'");
+    if (!known)
+        known = number("SELECT start + length FROM stretches ORDER BY start DESC LIMIT 1");
+    const auto doubted = number("SELECT value FROM settings WHERE name = 'date doubted'");
+    const std::int64_t since = doubted ? now - *doubted : 0;
+    const bool isBelieved =
+        now - known.value_or(now) <= kMostAhead || (since >= kUntilBelieved && since <= kLongestDoubt);
+    const std::int64_t date = isBelieved ? std::max(known.value_or(now), now) : *known;
+    sqliteRun(m_database, "INSERT OR REPLACE INTO settings VALUES ('date known', ?)", date);
+    if (isBelieved)
+        sqliteRun(m_database, "DELETE FROM settings WHERE name = 'date doubted'");
+    else if (!doubted || since < 0 || since > kLongestDoubt)
+        sqliteRun(m_database, "INSERT OR REPLACE INTO settings VALUES ('date doubted', ?)", now);
+    return std::min(date, now);
+}
+
+void HistoryFile::sweep(const std::optional<HistoryAge>& age, bool isDeletedToGo) {
     SqliteTransaction transaction(m_database);
     const bool hasDeleted =
         isDeletedToGo && m_database.number("SELECT count(*) FROM timers WHERE deleted") > 0;
@@ -112,8 +141,9 @@ void HistoryFile::sweep(std::optional<std::int64_t> before, bool isDeletedToGo) 
         dropUnused();
         m_hasToEmpty = true;
     }
-    if (before) {
-        SqliteQuery first(m_database, "SELECT min(start) FROM stretches WHERE start < ?", *before);
+    if (age) {
+        const std::int64_t before = believed(age->now) - age->kept;
+        SqliteQuery first(m_database, "SELECT min(start) FROM stretches WHERE start < ?", before);
         if (first.next() && first.integer(0) != 0)
             // What is owed is not old: no save of the store goes with this.
             forget(HistoryChange::Forgotten{.program = {}, .title = {}, .from = {}, .to = before});

@@ -15,18 +15,19 @@ const QString kIndex = QStringLiteral("-shm");
 
 } // namespace
 
-HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
+HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
                                            std::optional<int> dayBegins) {
     Report report;
     try {
         try {
-            report.isStrange = attempt(batch, oldest, dayBegins);
+            report.isStrange = attempt(batch, age, dayBegins);
         } catch (const SqliteError& error) {
             if (!error.isDamage() || !QFileInfo(m_path).isFile())
                 throw;
             setAside(report);
-            report.isStrange = attempt(batch, oldest, dayBegins);
+            report.isStrange = attempt(batch, age, dayBegins);
         }
+        report.timers = m_file->takeTimers();
     } catch (const HistoryFile::Newer&) {
         report.state = State::Newer;
     } catch (const SqliteError& error) {
@@ -42,7 +43,7 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, std::optio
 }
 
 // Whether the file does not know what the store lacks.
-bool HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest,
+bool HistoryKeeper::attempt(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
                             std::optional<int> dayBegins) {
     // Somebody has removed the file, or put another in its place.
     if (m_file && m_file->hasMoved()) {
@@ -53,8 +54,8 @@ bool HistoryKeeper::attempt(const HistoryBatch& batch, std::optional<std::int64_
         m_file.emplace(m_path);
     // Deleted timers can be brought back as long as the program runs, so their rows are removed only at its
     // first write.
-    if (!m_isSwept || oldest)
-        m_file->sweep(oldest, !m_isSwept);
+    if (!m_isSwept || age)
+        m_file->sweep(age, !m_isSwept);
     m_isSwept = true;
     // Also for a file that is new or has replaced the old one.
     if (dayBegins)
@@ -82,6 +83,7 @@ void HistoryKeeper::setAside(Report& report) {
 HistoryKeeper::Report HistoryKeeper::remove() {
     m_file.reset();
     Report report;
+    report.timers.emplace();
     for (const QString& path : {m_path, QString(m_path + kJournal), QString(m_path + kIndex)})
         if (QFileInfo(path).isFile() && !QFile::remove(path)) {
             report.state = State::Unwritten;

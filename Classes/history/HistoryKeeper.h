@@ -21,15 +21,17 @@ public:
         bool isBusy = false;
         // Another program reads, so what was forgotten is still in SQLite's journal.
         bool isToEmpty = false;
+        // Which timers have a past, whenever some may have lost theirs.
+        std::optional<std::unordered_set<Identity>> timers;
     };
 
     explicit HistoryKeeper(QString path)
         : m_path(std::move(path)) {}
 
     const QString& path() const { return m_path; }
-    // Writes the whole batch or nothing. `oldest` (milliseconds since 1970) deletes what is older;
+    // Writes the whole batch or nothing. `age` deletes what is older;
     // `dayBegins` sets the hour at which days begin, for the past as well.
-    Report write(const HistoryBatch& batch, std::optional<std::int64_t> oldest = std::nullopt,
+    Report write(const HistoryBatch& batch, const std::optional<HistoryAge>& age = std::nullopt,
                  std::optional<int> dayBegins = std::nullopt);
     // Removes the file and all that lies beside it.
     Report remove();
@@ -38,7 +40,8 @@ public:
     Report close();
 
 private:
-    bool attempt(const HistoryBatch& batch, std::optional<std::int64_t> oldest, std::optional<int> dayBegins);
+    bool attempt(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
+                 std::optional<int> dayBegins);
     void setAside(Report& report);
 
     QString m_path;

@@ -204,14 +204,15 @@ void HistoryRecorder::settle() {
     m_isOpen = false;
 }
 
-void HistoryRecorder::rename(const Identity& from, const Identity& to) {
-    const auto follow = [&](std::optional<Identity>& identity) {
-        if (identity == from)
-            identity = to;
-    };
+void HistoryRecorder::move(const TimerMove& timer) {
+    const auto& [from, to] = timer;
     for (Span& span : m_spans) {
-        follow(span.who.timer.application);
-        follow(span.who.timer.window);
+        RowTimer& whose = span.who.timer;
+        if (whose.application != from.application || (from.window && whose.window != from.window))
+            continue;
+        whose.application = to.application;
+        if (from.window)
+            whose.window = to.window;
     }
 }
 

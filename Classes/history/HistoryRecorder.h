@@ -28,8 +28,8 @@ public:
     void addNewsTo(std::map<std::uint64_t, HistoryRow>& rows) const;
     // No row so far will be extended or cut any more.
     void settle();
-    // Timers of this identity get another one; so do their rows that may still change.
-    void rename(const Identity& from, const Identity& to);
+    // A timer gets another identity; so do its rows that may still change.
+    void move(const TimerMove& timer);
     // A save begins: what timers get from now on is not in it. Answers the new generation.
     std::int64_t beginGeneration();
     std::int64_t generation() const { return m_generation; }

@@ -25,7 +25,7 @@ struct HistoryWriter::Flight {
     HistoryKeeper::Report doneBy(HistoryKeeper& keeper) const {
         switch (work) {
         case Work::Write:
-            return keeper.write(*batch, oldest, dayBegins);
+            return keeper.write(*batch, age, dayBegins);
         case Work::Remove:
             return keeper.remove();
         case Work::Close:
@@ -36,7 +36,7 @@ struct HistoryWriter::Flight {
 
     Work work;
     std::shared_ptr<HistoryBatch> batch;
-    std::optional<std::int64_t> oldest;
+    std::optional<HistoryAge> age;
     int dayBegins = 0;
     bool isDone = false;
     HistoryKeeper::Report report;
@@ -118,7 +118,7 @@ void HistoryWriter::write() {
 }
 
 void HistoryWriter::start() {
-    if (m_waiting.empty() && !m_isToBeRemoved && !m_oldest)
+    if (m_waiting.empty() && !m_isToBeRemoved && !m_age)
         return;
     fly(std::exchange(m_isToBeRemoved, false) ? Work::Remove : Work::Write);
 }
@@ -132,7 +132,7 @@ void HistoryWriter::fly(Work work) {
         m_flight->batch = m_waiting.front();
         if (m_flight->batch->number == 0)
             m_flight->batch->number = ++m_lastNumber;
-        m_flight->oldest = m_oldest;
+        m_flight->age = m_age;
         m_flight->dayBegins = m_dayBegins;
     }
     m_background([shared = m_shared, flight = m_flight] { shared->fly(shared, flight); });
@@ -154,8 +154,8 @@ void HistoryWriter::settle(const Flight& flight) {
         return;
     if (!m_waiting.empty() && m_waiting.front() == flight.batch)
         m_waiting.pop_front();
-    if (flight.work == Work::Write && m_oldest == flight.oldest)
-        m_oldest.reset();
+    if (flight.work == Work::Write && m_age == flight.age)
+        m_age.reset();
 }
 
 void HistoryWriter::removeFile() {

@@ -27,8 +27,8 @@ public:
     // Adds news about a store. Its place among other changes does not matter, only among other news about
     // stores.
     void noteStore(HistoryChange::Any what);
-    // The next write deletes what is older than this (milliseconds since 1970).
-    void setOldest(std::optional<std::int64_t> oldest) { m_oldest = oldest; }
+    // The next write deletes what is older.
+    void setAge(const HistoryAge& age) { m_age = age; }
     // The next write sets the hour at which days begin.
     void setDayBegins(int hour) { m_dayBegins = hour; }
     // Starts a write unless one is under way.
@@ -64,7 +64,7 @@ private:
     Told m_told;
     BackgroundMove::Background m_background;
     std::deque<std::shared_ptr<HistoryBatch>> m_waiting;
-    std::optional<std::int64_t> m_oldest;
+    std::optional<HistoryAge> m_age;
     int m_dayBegins = 0;
     bool m_isToBeRemoved = false;
     // While this is set, the first waiting batch is being written.

@@ -58,10 +58,12 @@ public:
     // nothing.
     void setProjects(const PropertyListValue& records);
     PropertyListArray arrayRepresentation() const;
+    // The members of all projects.
+    std::unordered_set<Identity> allMembers() const;
 
     // Writes the file. Then tidies up: forgets expanded rows that are not members (for the main item, rows
     // that are in no project), enters the names of all members in the registry, and removes from the registry
-    // what no project refers to.
+    // what no project refers to and nobody else needs.
     void saveData();
 
     // Called after each writing of the timers. Drops members that other timers have taken in, and writes any
@@ -134,7 +136,6 @@ private:
     bool addSuccessors(const Successions& successions);
     void identitiesChanged();
     void settleFreezing();
-    std::unordered_set<Identity> allMembers() const;
     std::unordered_set<Identity> keepNames();
     void bringNamesBack(const QHash<QString, Identity>& names);
     void letFormerGo();

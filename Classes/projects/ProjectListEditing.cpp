@@ -18,7 +18,7 @@ void ProjectList::projectDupeNode(const FrozenIdentities& frozen) {
 
 void ProjectList::succeedNodes(const Successions& successions) {
     // Also for members of no project: undoing may bring back a project that had one.
-    for (const auto& [former, successor] : successions)
+    for (const auto& [former, successor, application] : successions)
         m_identityChanges.push_back({former, successor, true});
     if (!addSuccessors(successions))
         return;

@@ -193,7 +193,7 @@ void ProjectRecord::addSuccessors(const Successions& successions, std::unordered
             if (const auto identity = identityOf(value))
                 present.insert(*identity);
         PropertyListArray added;
-        for (const auto& [former, successor] : successions) {
+        for (const auto& [former, successor, application] : successions) {
             if (!present.contains(former) || !present.insert(successor).second)
                 continue;
             added.emplace_back(entryOf(successor));

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 // A timer has taken another one in, or one identity was split into two: from now on, projects that have the
@@ -13,5 +14,7 @@ inline const QString kTicklogSucceedNodeNotification = QStringLiteral("kTicklogS
 struct Succession {
     Identity former;
     Identity successor;
+    // Whose window took in another of its windows. Absent where an identity was split.
+    std::optional<Identity> application = std::nullopt;
 };
 using Successions = std::vector<Succession>;

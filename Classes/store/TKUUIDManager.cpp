@@ -62,8 +62,9 @@ void TKUUIDManager::forget(const QString& key) {
         requestSave();
 }
 
-void TKUUIDManager::forgetNames(const std::function<bool(const QString& key)>& isUnwanted) {
-    if (m_namesToUUIDs.removeIf([&](auto entry) { return isUnwanted(entry.key()); }) > 0)
+void TKUUIDManager::forgetNames(
+    const std::function<bool(const QString& key, const Identity& identity)>& isUnwanted) {
+    if (m_namesToUUIDs.removeIf([&](auto entry) { return isUnwanted(entry.key(), entry.value()); }) > 0)
         requestSave();
 }
 
@@ -80,7 +81,12 @@ void TKUUIDManager::setUUIDSet(const std::optional<std::unordered_set<Identity>>
     // could remove.
     if (!used || qsizetype(used->size()) == m_namesToUUIDs.size())
         return;
-    m_namesToUUIDs.removeIf([&](auto entry) { return !used->contains(entry.value()); });
+    const auto isNeeded = [&](const Identity& identity) {
+        bool isIt = used->contains(identity);
+        m_keepers->forEach([&](const IsNeeded& asked) { isIt = isIt || asked(identity); });
+        return isIt;
+    };
+    m_namesToUUIDs.removeIf([&](auto entry) { return !isNeeded(entry.value()); });
     requestSave();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/Listeners.h"
 #include "platform/foundation/time/RunLoop.h"
 #include "platform/foundation/values/Identity.h"
 #include "platform/foundation/values/SystemLog.h"
@@ -52,10 +53,13 @@ public:
     void renameName(const QString& oldKey, const QString& newKey);
     // Drops the key's entry and asks for a write, if there is one.
     void forget(const QString& key);
-    // The same for every key for which `isUnwanted` answers true.
-    void forgetNames(const std::function<bool(const QString& key)>& isUnwanted);
+    // The same for every entry for which `isUnwanted` answers true.
+    void forgetNames(const std::function<bool(const QString& key, const Identity& identity)>& isUnwanted);
     // The entries of these identities, by key.
     QHash<QString, Identity> namesOf(const std::unordered_set<Identity>& identities) const;
+    // While the subscription lives, setUUIDSet() also leaves the entries for which `isNeeded` answers true.
+    using IsNeeded = std::function<bool(const Identity& identity)>;
+    Subscription keep(IsNeeded isNeeded) { return m_keepers->add(std::move(isNeeded)); }
     // Removes every entry whose identity is not in `used`. Does nothing when `used` is absent, or has as many
     // members as the registry has entries, even if they are different ones.
     void setUUIDSet(const std::optional<std::unordered_set<Identity>>& used);
@@ -75,5 +79,6 @@ private:
     RunLoop& m_runLoop;
     SystemLog& m_log;
     QHash<QString, Identity> m_namesToUUIDs;
+    const QExplicitlySharedDataPointer<Listeners<IsNeeded>> m_keepers{new Listeners<IsNeeded>};
     std::unique_ptr<RunLoopTimer> m_owedWrite;
 };

@@ -225,6 +225,8 @@ void TimeStoreApp::moveTime(TimeStoreWindow& from, TimeStoreWindow& to) {
 void TimeStoreApp::succeed(const std::optional<Identity>& former, const std::optional<Identity>& successor) {
     Successions successions;
     add({former, successor}, successions);
+    for (Succession& succession : successions)
+        succession.application = uuid();
     tell(successions);
 }
 

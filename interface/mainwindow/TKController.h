@@ -123,6 +123,7 @@ public:
     TimeTracker& tracker() { return m_engine.tracker(); }
     TimeDatabase& database() { return m_database; }
     AccountTrouble& trouble() { return m_engine.trouble(); }
+    TKUUIDManager& registry() { return m_engine.registry(); }
     TKDocumentController& documents() { return m_documents; }
     TKExportController& exporting() { return *m_exportController; }
     TKApplicationDelegate& appDelegate() { return m_appDelegate; }

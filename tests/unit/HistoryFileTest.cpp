@@ -108,7 +108,7 @@ TEST_F(HistoryFileTest, theFile_isTheUsersAlone) {
 
 TEST_F(HistoryFileTest, aFrozenTimer_takesItsPastAlong) {
     write({{1, row(kNine, 1000, "Mail", "Inbox", {kMail, kInbox})}});
-    change(HistoryChange::Renamed{kInbox, kFrozen});
+    change(HistoryChange::Moved{{{kMail, kInbox}, {kMail, kFrozen}}});
     write({{2, row(kNine + 1000, 5000, "Mail", "Inbox", {kMail, kInbox})}});
     const auto timeOf = [&](const Identity& window) {
         SqliteDatabase file = byHand();
@@ -119,7 +119,7 @@ TEST_F(HistoryFileTest, aFrozenTimer_takesItsPastAlong) {
     };
     EXPECT_EQ(timeOf(kFrozen), 1000);
     EXPECT_EQ(timeOf(kInbox), 5000);
-    change(HistoryChange::Renamed{kFrozen, kInbox});
+    change(HistoryChange::Moved{{{kMail, kFrozen}, {kMail, kInbox}}});
     EXPECT_EQ(timeOf(kInbox), 6000);
 }
 
@@ -175,7 +175,7 @@ TEST_F(HistoryFileTest, aForgottenRange_cutsWhatLiesAcrossItsEnds) {
 TEST_F(HistoryFileTest, whatIsOlderThanItIsKept_goes) {
     write(
         {{1, row(kNine, 60'000, "Mail", "Inbox")}, {2, row(kNine + 90 * 60'000, 60'000, "Editor", "a.txt")}});
-    keeper->write({}, kNine + 60 * 60'000);
+    keeper->write({}, HistoryAge{.now = kNine + 120 * 60'000, .kept = 60 * 60'000});
     EXPECT_EQ(diary(), "Editor [a.txt] 60");
     EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Inbox")));
 }
