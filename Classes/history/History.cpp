@@ -41,10 +41,13 @@ public:
 
     void credited(const Stretch& stretch) override {
         m_history.m_recorder.credited(stretch);
-        for (const TimeStoreNode* node : {static_cast<const TimeStoreNode*>(stretch.program),
-                                          static_cast<const TimeStoreNode*>(stretch.window)})
-            if (node && node->uuid())
-                m_history.m_sinceThen.insert(*node->uuid());
+        const auto note = [this](const std::optional<Identity>& identity) {
+            if (identity)
+                m_history.m_sinceThen.insert(*identity);
+        };
+        note(stretch.program->uuid());
+        if (stretch.window)
+            note(stretch.window->uuid());
         m_history.newsHasCome();
     }
 

@@ -9,6 +9,8 @@
 #include "Classes/store/Succession.h"
 #include "platform/foundation/observing/News.h"
 
+#include <unordered_set>
+
 class AccountTrouble;
 class HistoryDebts;
 class NotificationCenter;

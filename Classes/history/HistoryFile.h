@@ -4,6 +4,8 @@
 #include "Classes/history/HistoryBatch.h"
 #include "Classes/history/Sqlite.h"
 
+#include <unordered_set>
+
 class TitleRules;
 
 // The history on the disk, open for writing. Makes the file if there is none, for the user alone, and brings

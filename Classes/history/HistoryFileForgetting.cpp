@@ -11,7 +11,7 @@ constexpr std::int64_t kDay = 24 * kLongestRow;
 constexpr std::int64_t kMostAhead = 7 * kDay;
 // ...until it still holds so much later.
 constexpr std::int64_t kUntilBelieved = 18 * kLongestRow;
-constexpr std::int64_t kLongestDoubt = 90 * kDay;
+constexpr std::int64_t kLongestDoubt = 14 * kDay;
 
 // The conditions, in the order of the question marks. One that is not asked for matches everything.
 constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ? AND start < ? "

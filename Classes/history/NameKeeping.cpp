@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/NameKeeping.h"
 
+#include "Classes/engine/TimeTracker.h"
+
 NameKeeping::NameKeeping(TKUUIDManager& registry, TimeTracker& tracker, History& history, Members members)
     : m_registry(registry)
     , m_tracker(tracker)
