@@ -32,8 +32,8 @@ void takeIdentityBack(TimeStoreNode& node, const FrozenTimer::Pair& identities, 
     joined.emplace(identities.after, *identities.before);
 }
 
-// Which timers of the past follow when freezing an application, or a window of it, is undone. The application comes
-// first: its windows are then found under the identity that it has again.
+// Which timers of the past follow when freezing an application, or a window of it, is undone. The application
+// comes first: its windows are then found under the identity that it has again.
 TimerMoves movesBy(const FrozenIdentities& joined, const TimeStoreApp& app) {
     TimerMoves moves;
     if (!app.uuid())

@@ -61,11 +61,11 @@ public:
     std::unique_ptr<HistoryReader> reader() const;
 
     // Deletes all that matches, for good, in the file and in what waits to be written. Time that was owed to
-    // the store is deleted too, so the caller must save the store. `told` hears false whenever that could not be
-    // done yet, and in the end true, once: when nothing of it is in any file.
+    // the store is deleted too, so the caller must save the store. `told` hears false whenever that could not
+    // be done yet, and in the end true, once: when nothing of it is in any file.
     void forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told = {});
-    // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they replace is
-    // replaced. `hidden` is the timer that gets the time whose program must not be known.
+    // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they
+    // replace is replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
     // The program ends: writes all that waits, as far as the disk answers in time.
     void finish();
@@ -113,8 +113,8 @@ private:
     std::unique_ptr<Prompter> m_prompter;
     HistoryWriter m_writer;
     std::optional<Listening> m_listening;
-    // Windows that were taken in by others since the timers were last written. Until then their past stays with them,
-    // because a crash would bring them back.
+    // Windows that were taken in by others since the timers were last written. Until then their past stays
+    // with them, because a crash would bring them back.
     TimerMoves m_merged;
     // The timers with a past: what the file has told last, and whose rows came since.
     std::optional<std::unordered_set<Identity>> m_inFile;

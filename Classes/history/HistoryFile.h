@@ -32,8 +32,8 @@ public:
     // Writes the whole batch or nothing, and keeps the sums up to date. A batch that is tried again is
     // written only once.
     void write(const HistoryBatch& batch, Written& written);
-    // Deletes what is older than it is kept, once the clock is believed. With `isDeletedToGo`, deletes the rows of
-    // deleted timers as well.
+    // Deletes what is older than it is kept, once the clock is believed. With `isDeletedToGo`, deletes the
+    // rows of deleted timers as well.
     void sweep(const std::optional<HistoryAge>& age, bool isDeletedToGo);
     // Sets the hour at which a day begins, 0 to 23, for future rows and for those in the file.
     void setDayBegin(int hour);

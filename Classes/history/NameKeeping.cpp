@@ -17,7 +17,11 @@ NameKeeping::NameKeeping(TKUUIDManager& registry, TimeTracker& tracker, History&
 void NameKeeping::tidy() {
     std::unordered_set<Identity> needed = m_members();
     needed.merge(m_tracker.tree().identitiesOf([](const auto&, const auto&) { return true; }));
+    const auto before = m_registry.count();
     m_registry.forgetNames([&](const QString&, const Identity& identity) {
         return !needed.contains(identity) && !m_history.hasPastOf(identity);
     });
+    // What is to be forgotten must not stay in the file for a while.
+    if (m_registry.count() < before)
+        m_registry.saveData();
 }

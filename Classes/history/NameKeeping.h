@@ -4,9 +4,10 @@
 #include "Classes/history/History.h"
 #include "Classes/store/TKUUIDManager.h"
 
-// Names say what somebody did, so the registry keeps only those that are needed: of timers, of members of projects,
-// and of timers with a past in the history. These keep theirs, so that a timer that comes back after the timers were
-// cleared is still the one whose past the history has. Main thread only; all arguments outlive it.
+// Names say what somebody did, so the registry keeps only those that are needed: of timers, of members of
+// projects, and of timers with a past in the history. These keep theirs, so that a timer that comes back
+// after the timers were cleared is still the one whose past the history has. Main thread only; all arguments
+// outlive it.
 class NameKeeping {
 public:
     // Answers the members of all projects.

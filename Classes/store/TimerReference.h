@@ -20,8 +20,9 @@ struct TimerReference {
 };
 using TimerReferences = std::set<TimerReference>;
 
-// Timers were frozen, or that was undone: each goes on under another identity, and so does what is known of its past.
-// An application takes its windows along. The object is a TimerMoves, in the order in which they happened.
+// Timers were frozen, or that was undone: each goes on under another identity, and so does what is known of
+// its past. An application takes its windows along. The object is a TimerMoves, in the order in which they
+// happened.
 inline const QString kTicklogMoveTimersNotification = QStringLiteral("kTicklogMoveTimersNotification");
 struct TimerMove {
     TimerReference from;
