@@ -232,7 +232,8 @@ TEST_F(HistoryIdentityTest, aClearedTitleThatIsForgotten_isInNoFile) {
     day.seconds(40);
     day.tracker.reset();
     ASSERT_TRUE(isKnown("Inbox"));
-    scene.history->forget({.program = {}, .title = QStringLiteral("inbox"), .isTitlePart = true});
+    scene.history->forget(
+        {.program = {}, .title = QStringLiteral("inbox"), .from = {}, .to = {}, .isTitlePart = true});
     day.fakes.runLoop.runPending();
     EXPECT_FALSE(isKnown("Inbox"));
     EXPECT_TRUE(isKnown("Drafts"));
