@@ -54,8 +54,11 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
 }
 
 void HistoryPane::setColors(const PictureColors& colors) {
-    m_dayPicture = named(new DayPicture(colors), QStringLiteral("dayPicture"));
-    m_periodPicture = named(new PeriodPicture(colors), QStringLiteral("periodPicture"));
+    m_dayPicture = new DayPicture(colors);
+    m_periodPicture = new PeriodPicture(colors);
+    // They bring what assistive programs call them.
+    m_dayPicture->setObjectName(QStringLiteral("dayPicture"));
+    m_periodPicture->setObjectName(QStringLiteral("periodPicture"));
     m_pictures->addWidget(m_dayPicture);
     m_pictures->addWidget(m_periodPicture);
 }
