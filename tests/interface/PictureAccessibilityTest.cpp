@@ -28,7 +28,8 @@ struct PictureAccessibilityTest : testing::Test {
         window.show();
         const qint64 nine = QDateTime(kDay, QTime(9, 0)).toMSecsSinceEpoch();
         day.show(nine - 9 * kHour, nine + 15 * kHour,
-                 {{nine, kHour, u"Mail"_s, u"Inbox"_s, {u"Meier"_s}}, {nine + kHour, 2 * kHour, u"Writer"_s}},
+                 {{nine, kHour, u"Mail"_s, u"Inbox"_s, {u"Meier"_s}},
+                  {nine + kHour, 2 * kHour, u"Writer"_s, {}, {}}},
                  nine);
         period.show(CalendarRange::around(CalendarRange::Kind::Week, kDay, Qt::Monday),
                     {{kDay, {{u"Mail"_s, kHour}}, {}}}, PeriodPicture::By::Programs, kDay);
