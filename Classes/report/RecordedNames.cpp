@@ -27,28 +27,37 @@ RecordedNames::RecordedNames(SqliteDatabase& history, const Folders& folders, Un
         if (const auto* rules = entries->value(kRulesetKey).asDictionary())
             m_rules = *rules;
     if (!folders.documents.isEmpty())
-        readProjects(ProjectFile::pathIn(folders.documents));
+        m_projectsPath = ProjectFile::pathIn(folders.documents);
 }
 
-void RecordedNames::readProjects(const QString& path) {
-    const PropertyListValue projects = contentOf(path);
-    const auto* records = projects.asArray();
+const RecordedNames::Projects& RecordedNames::projects() const {
+    if (!m_projects)
+        m_projects = m_projectsPath.isEmpty() ? Projects() : readProjects(m_projectsPath);
+    return *m_projects;
+}
+
+RecordedNames::Projects RecordedNames::readProjects(const QString& path) {
+    Projects projects;
+    const PropertyListValue content = contentOf(path);
+    const auto* records = content.asArray();
     if (!records)
-        return;
+        return projects;
     for (const PropertyListValue& entry : *records) {
         const auto* record = entry.asDictionary();
         if (!record)
             continue;
         const ProjectRecord project(*record);
-        m_projectNames << project.label();
+        projects.names << project.label();
         for (const Identity& member : project.flattenedMembers())
-            m_memberships[member.bytes()] << m_projectNames.size() - 1;
+            projects.memberships[member.bytes()] << projects.names.size() - 1;
         ProjectPatterns patterns(project);
         if (patterns.isEmpty())
             continue;
-        m_belonging = std::max(m_belonging, patterns.lookAtTitles() ? Belonging::Title : Belonging::Program);
-        m_patterns.emplace_back(m_projectNames.size() - 1, std::move(patterns));
+        projects.belonging =
+            std::max(projects.belonging, patterns.lookAtTitles() ? Belonging::Title : Belonging::Program);
+        projects.patterns.emplace_back(projects.names.size() - 1, std::move(patterns));
     }
+    return projects;
 }
 
 QString RecordedNames::recordedProgram(qint64 number) const {
@@ -79,14 +88,14 @@ QString RecordedNames::title(qint64 number) const {
 
 // Patterns know a program by its own name, not by the one that a rule gives it.
 const QList<qsizetype>& RecordedNames::fitting(qint64 program, qint64 title) const {
-    const std::pair key(program, m_belonging == Belonging::Title ? title : 0);
+    const std::pair key(program, projects().belonging == Belonging::Title ? title : 0);
     const auto known = m_fitting.constFind(key);
     if (known != m_fitting.constEnd())
         return *known;
     QList<qsizetype> places;
     const QString name = recordedProgram(program);
-    const QString text = m_belonging == Belonging::Title ? this->title(title) : QString();
-    for (const auto& [place, patterns] : m_patterns)
+    const QString text = projects().belonging == Belonging::Title ? this->title(title) : QString();
+    for (const auto& [place, patterns] : projects().patterns)
         if (patterns.fit(name, text))
             places << place;
     return *m_fitting.insert(key, places);
@@ -105,15 +114,15 @@ std::pair<QByteArray, QByteArray> RecordedNames::recordedTimer(qint64 number) co
 QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
     const auto [application, window] = recordedTimer(timer);
     // What has no identity is no project's member.
-    QList<qsizetype> places = m_memberships.value(application);
-    places += m_memberships.value(window);
-    if (m_belonging != Belonging::Timer)
+    QList<qsizetype> places = projects().memberships.value(application);
+    places += projects().memberships.value(window);
+    if (projects().belonging != Belonging::Timer)
         places += fitting(program, title);
     std::ranges::sort(places);
     QStringList names;
     for (const qsizetype place : places)
-        if (!names.contains(m_projectNames[place]))
-            names << m_projectNames[place];
+        if (!names.contains(projects().names[place]))
+            names << projects().names[place];
     return names;
 }
 

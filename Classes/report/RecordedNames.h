@@ -19,14 +19,25 @@ public:
 
     std::optional<QString> program(qint64 number) const override;
     QString title(qint64 number) const override;
-    Belonging belonging() const override { return m_belonging; }
+    Belonging belonging() const override { return projects().belonging; }
     QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const override;
     QStringList categoriesOf(qint64 program) const override;
 
-    bool hasProject(const QString& name) const { return m_projectNames.contains(name); }
+    bool hasProject(const QString& name) const { return projects().names.contains(name); }
 
 private:
-    void readProjects(const QString& path);
+    struct Projects {
+        QStringList names;
+        // From a member's identity, in the history's form, to the positions of its projects among the names.
+        QHash<QByteArray, QList<qsizetype>> memberships;
+        // By position among the names, of those that have any.
+        std::vector<std::pair<qsizetype, ProjectPatterns>> patterns;
+        Belonging belonging = Belonging::Timer;
+    };
+
+    // Reads them when they are first asked for: not every question is about projects, and they may be many.
+    const Projects& projects() const;
+    static Projects readProjects(const QString& path);
     QString recordedProgram(qint64 number) const;
     // The identities of its application and its window, in the history's form.
     std::pair<QByteArray, QByteArray> recordedTimer(qint64 number) const;
@@ -36,12 +47,8 @@ private:
     UnwrittenRows m_unwritten;
     // By program name.
     PropertyListDictionary m_rules;
-    QStringList m_projectNames;
-    // From a member's identity, in the history's form, to the positions of its projects in m_projectNames.
-    QHash<QByteArray, QList<qsizetype>> m_memberships;
-    // Places in the list of names, of those that have any.
-    std::vector<std::pair<qsizetype, ProjectPatterns>> m_patterns;
-    Belonging m_belonging = Belonging::Timer;
+    QString m_projectsPath;
+    mutable std::optional<Projects> m_projects;
     // By program and title, found out once.
     mutable QHash<std::pair<qint64, qint64>, QList<qsizetype>> m_fitting;
 };

@@ -94,7 +94,8 @@ QDate Report::dayOf(const RecordedStretch& stretch, int dayBegins) {
 }
 
 bool Report::isWanted(const RecordedStretch& stretch) {
-    return isWanted(stretch.presence) && program(stretch.program).isShown && belonging(stretch).isWanted &&
+    return isWanted(stretch.presence) && program(stretch.program).isShown &&
+           (!m_request.project || belonging(stretch).isWanted) &&
            (program(stretch.program).isFound || title(stretch.title).isFound);
 }
 
