@@ -94,18 +94,20 @@ private:
 
     const QString& textOf(const char* sql, std::int64_t id,
                           std::unordered_map<std::int64_t, QString>& known) {
-        const auto [text, isNew] = known.try_emplace(id);
+        const auto [place, isNew] = known.try_emplace(id);
+        QString& text = place->second;
         if (isNew)
             attempt([&] {
                 if (SqliteQuery row(m_damaged, sql, id); row.next())
-                    text->second = row.text(0);
+                    text = row.text(0);
             });
-        return text->second;
+        return text;
     }
 
     // Absent for a timer that was deleted.
     std::optional<RowTimer> timerOf(std::int64_t id) {
-        const auto [timer, isNew] = m_timers.try_emplace(id, RowTimer());
+        const auto [place, isNew] = m_timers.try_emplace(id, RowTimer());
+        std::optional<RowTimer>& timer = place->second;
         if (isNew)
             attempt([&] {
                 SqliteQuery row(m_damaged, "SELECT application, window, deleted FROM timers WHERE id = ?",
@@ -113,12 +115,11 @@ private:
                 if (!row.next())
                     return;
                 if (row.integer(2))
-                    timer->second.reset();
+                    timer.reset();
                 else
-                    timer->second =
-                        RowTimer{Identity::fromBytes(row.bytes(0)), Identity::fromBytes(row.bytes(1))};
+                    timer = RowTimer{Identity::fromBytes(row.bytes(0)), Identity::fromBytes(row.bytes(1))};
             });
-        return timer->second;
+        return timer;
     }
 
     SqliteDatabase m_damaged;
