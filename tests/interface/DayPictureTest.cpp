@@ -3,6 +3,7 @@
 
 #include "tests/fakes/FakePlatform.h"
 #include "tests/interface/InTimeZone.h"
+#include "tests/interface/PlainSpaces.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -106,7 +107,7 @@ struct DayPictureTest : testing::Test {
         if (picture.tip())
             for (const PictureTip::Line& line : picture.tip()->lines())
                 told << line.text + u'|' + line.figure + u'|' +
-                            QString(line.detail).replace(QChar::LineSeparator, u'|');
+                            withPlainSpaces(line.detail).replace(QChar::LineSeparator, u'|');
         return told;
     }
 
@@ -177,7 +178,7 @@ TEST_F(DayPictureTest, aDayOf25Hours_isDrawnWholeAndTrue) {
     const QRect lane = picture.laneRect(DayPicture::Programs);
     EXPECT_NEAR(picture.xOf(double(begin + 24 * kHour)), lane.left() + lane.width() * 24 / 25.0, 1);
     EXPECT_EQ(seenAt(end - kHour / 2), colorOf("Mail"));
-    EXPECT_EQ(picture.itemText(0), u"11:00 PM to 12:00 AM, Mail, 1 hour"_s);
+    EXPECT_EQ(withPlainSpaces(picture.itemText(0)), u"11:00 PM to 12:00 AM, Mail, 1 hour"_s);
 }
 
 TEST_F(DayPictureTest, fromRightToLeft_allIsMirrored) {
@@ -360,10 +361,10 @@ TEST_F(DayPictureTest, theCursor_isDrawnAndBroughtIntoView) {
 
 TEST_F(DayPictureTest, anItem_isASentence) {
     showWork();
-    EXPECT_EQ(picture.itemText(0), u"9:00 AM to 10:00 AM, Mail, Project Meier, 1 hour"_s);
+    EXPECT_EQ(withPlainSpaces(picture.itemText(0)), u"9:00 AM to 10:00 AM, Mail, Project Meier, 1 hour"_s);
     EXPECT_EQ(picture.itemDetail(0), u"Inbox"_s);
-    EXPECT_EQ(picture.itemText(1), u"10:00:00 AM to 10:00:04 AM, Browser, 4 seconds"_s);
-    EXPECT_EQ(picture.itemText(3), u"12:00 PM to 1:00 PM, Idle, 1 hour"_s);
+    EXPECT_EQ(withPlainSpaces(picture.itemText(1)), u"10:00:00 AM to 10:00:04 AM, Browser, 4 seconds"_s);
+    EXPECT_EQ(withPlainSpaces(picture.itemText(3)), u"12:00 PM to 1:00 PM, Idle, 1 hour"_s);
 }
 
 TEST_F(DayPictureTest, aDayThatGrows_keepsZoomAndCursor) {
