@@ -170,11 +170,15 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     appear(controller);
     const auto offer = offerExtension(desktop, alerts, controller.window().obstacleBar());
     platform.runLoop.performSoon([&] { openFiles(controller, alerts, files, {}); });
-    QApplication::exec();
-    // However the loop ended, saves what was credited since the last save.
+    // Newer toolkits end the loop with a failure of their own when the display goes, before its loss is told here.
+    // Everything is saved and goes on at the next start, so that is no failure.
+    if (QApplication::exec() != EXIT_SUCCESS) {
+        powerOff();
+        return EXIT_SUCCESS;
+    }
+    // However else the loop ended, saves what was credited since the last save.
     controller.saveSettingsToDisk();
     history.finish();
-    // Newer toolkits end the loop with 1 when the display goes. Everything is saved, so that is no failure.
     return EXIT_SUCCESS;
 }
 
