@@ -5,6 +5,7 @@
 #include "Classes/common/Settings.h"
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/history/HistoryDebts.h"
+#include "platform/foundation/text/CleanText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFileInfo>
@@ -298,6 +299,26 @@ void History::holdRules(const PropertyListValue& rules, const std::optional<Iden
         change(HistoryChange::Ruled{rules, hidden});
 }
 
+std::optional<std::int64_t> History::amend(const Amendment& amendment) {
+    Amendment past = amendment;
+    // What is still to come will be measured.
+    for (Amendment::Piece& piece : past.pieces)
+        piece.to = std::min(piece.to, now());
+    std::erase_if(past.pieces, [](const Amendment::Piece& piece) { return piece.from >= piece.to; });
+    if (past.name)
+        past.name = cleanText(*past.name).trimmed();
+    if (!m_listening || past.pieces.empty())
+        return std::nullopt;
+    m_lastAmended = std::max(m_lastAmended + 1, now());
+    change(HistoryChange::Amended{std::move(past), m_lastAmended});
+    return m_lastAmended;
+}
+
+void History::takeBack(std::int64_t amendment) {
+    if (m_listening)
+        change(HistoryChange::TakenBack{amendment});
+}
+
 void History::change(HistoryChange::Any what) {
     m_recorder.takeInto(m_writer.next());
     m_recorder.settle();
@@ -394,6 +415,8 @@ void History::told(const HistoryKeeper::Report& report) {
     }
     if (report.timers)
         learnTimers(*report.timers);
+    if (report.isAmended)
+        m_amendings.tell();
     const bool isWritten = report.state == HistoryKeeper::State::Written;
     if (const bool isGone = isWritten && !report.isToEmpty; !isGone || !m_writer.hasToForget())
         tellOfForgetting(isGone);

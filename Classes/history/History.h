@@ -67,6 +67,13 @@ public:
     // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they
     // replace is replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
+    // Has written down what a person says about the past, up to now. The timers and their totals stay what
+    // they are. Answers by what takeBack() knows it; absent while no history is kept, or if nothing is said.
+    std::optional<std::int64_t> amend(const Amendment& amendment);
+    // Undoes it: everything is exactly as before. The last one first.
+    void takeBack(std::int64_t amendment);
+    // Told whenever either is in the file.
+    Subscription observeAmending(std::function<void()> told) { return m_amendings.observe(std::move(told)); }
     // The program ends: writes all that waits, as far as the disk answers in time.
     void finish();
 
@@ -120,6 +127,9 @@ private:
     std::optional<std::unordered_set<Identity>> m_inFile;
     std::unordered_set<Identity> m_sinceThen;
     const News m_losses;
+    const News m_amendings;
+    // When the last amendment was made, which tells it from all others.
+    std::int64_t m_lastAmended = 0;
     std::int64_t m_days = 0;
     int m_dayBegins = 0;
     // The day on which old rows were last deleted.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/history/Amendment.h"
 #include "Classes/store/TimerReference.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 
@@ -17,6 +18,8 @@ enum class RowPresence : std::int64_t { Work = 0, Idle = 1, ByHand = 2 };
 struct RowTimer {
     std::optional<Identity> application;
     std::optional<Identity> window;
+    // Absent while nobody has given the stretch to a project by hand.
+    std::optional<RowProject> project = {};
 
     friend bool operator==(const RowTimer&, const RowTimer&) = default;
 };
@@ -83,6 +86,18 @@ struct Ruled {
     std::optional<Identity> hidden;
 };
 
+// A person has said what a piece of the past was. `made`, in milliseconds since 1970, tells it from all
+// others.
+struct Amended {
+    Amendment what;
+    std::int64_t made;
+};
+
+// That was undone: everything is as it was before.
+struct TakenBack {
+    std::int64_t made;
+};
+
 // A store with this content is about to be written. It lacks what is owed from this generation on.
 struct StoreWhole {
     QByteArray content;
@@ -105,7 +120,8 @@ struct StoreUnknown {
     bool isAnotherAway = false;
 };
 
-using Any = std::variant<Moved, Deleted, Forgotten, Ruled, StoreWhole, StorePlaced, StoreUnknown>;
+using Any =
+    std::variant<Moved, Deleted, Forgotten, Ruled, Amended, TakenBack, StoreWhole, StorePlaced, StoreUnknown>;
 
 } // namespace HistoryChange
 

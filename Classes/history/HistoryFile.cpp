@@ -172,13 +172,16 @@ std::int64_t HistoryFile::titleId(const QString& text) {
 std::int64_t HistoryFile::timerId(const RowTimer& timer) {
     const QByteArray application = bytesOf(timer.application);
     const QByteArray window = bytesOf(timer.window);
+    const QByteArray project = historyBytes(timer.project);
     // A name that was deleted and comes back has the same identity as before, but not its past.
-    if (SqliteQuery known(m_database,
-                          "SELECT id FROM timers WHERE application = ? AND window = ? AND NOT deleted",
-                          application, window);
+    if (SqliteQuery known(
+            m_database,
+            "SELECT id FROM timers WHERE application = ? AND window = ? AND project = ? AND NOT deleted",
+            application, window, project);
         known.next())
         return known.integer(0);
-    sqliteRun(m_database, "INSERT INTO timers (application, window) VALUES (?, ?)", application, window);
+    sqliteRun(m_database, "INSERT INTO timers (application, window, project) VALUES (?, ?, ?)", application,
+              window, project);
     return m_database.lastInsertId();
 }
 

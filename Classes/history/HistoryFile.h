@@ -50,6 +50,15 @@ public:
     bool hasMoved() const { return m_database.hasMoved(); }
     // Adds one row, within a transaction of the caller's.
     Key add(const HistoryRow& row);
+    // What a row was before it was amended, by its numbers in this file. Program 0 was forgotten.
+    struct Before {
+        std::int64_t program;
+        std::int64_t title;
+        std::int64_t timer;
+        // kNothing where nothing was measured.
+        std::int64_t presence;
+    };
+    static constexpr std::int64_t kNothing = -1;
 
 private:
     // A row with numbers in place of its texts.
@@ -72,12 +81,15 @@ private:
     std::int64_t programId(const QString& name);
     std::int64_t titleId(const QString& text);
     std::int64_t timerId(const RowTimer& timer);
+    std::int64_t givenTimerId(std::int64_t timer, const RowProject& project);
     std::int64_t dayOf(std::int64_t start, std::int64_t offset) const;
 
     void apply(const HistoryChange::Moved& change);
     void apply(const HistoryChange::Deleted& change);
     void apply(const HistoryChange::Forgotten& change);
     void apply(const HistoryChange::Ruled& change);
+    void apply(const HistoryChange::Amended& change);
+    void apply(const HistoryChange::TakenBack& change);
     void apply(const HistoryChange::StoreWhole& change);
     void apply(const HistoryChange::StorePlaced& change);
     void apply(const HistoryChange::StoreUnknown& change);
@@ -85,6 +97,14 @@ private:
 
     void forget(const HistoryChange::Forgotten& what);
     void cutAt(std::int64_t time);
+    std::vector<Key> keysIn(const Amendment::Piece& piece);
+    void changeRow(const Key& key, const Amendment& amendment, std::int64_t made);
+    void bookRow(const Key& key, const HistoryRow& booked, std::int64_t made);
+    void bookGaps(const Amendment::Piece& piece, const HistoryRow& booked, std::int64_t made);
+    void become(const Key& key, const Numbers& before, const Numbers& after);
+    void remember(const Key& key, const Before& before, std::int64_t made);
+    bool handOn(const Key& key, const Before& before, std::int64_t made);
+    void bringBack(const Key& key, const Before& before);
     void rulePairs(const TitleRules& rules);
     void moveTimers(const std::optional<Identity>& hidden);
     void forgetRows(const HistoryChange::Forgotten& what);
@@ -103,3 +123,7 @@ private:
 
 // The number by which the file knows a day: 20261120.
 std::int64_t historyDay(QDate day);
+// By which the file knows what project a row was given to: the identity, one zero for none, nothing if it was
+// not given.
+QByteArray historyBytes(const std::optional<RowProject>& project);
+std::optional<RowProject> historyProject(const QByteArray& bytes);

@@ -2,21 +2,29 @@
 // Forgetting and deleting, so that no trace is left in the file.
 #include "Classes/history/HistoryFile.h"
 #include "Classes/history/HistoryFinding.h"
+#include "Classes/history/LocalHours.h"
 
 namespace {
 
-constexpr std::int64_t kLongestRow = 3'600'000;
-constexpr std::int64_t kDay = 24 * kLongestRow;
+using LocalHours::kHour;
+
+constexpr std::int64_t kDay = 24 * kHour;
 // A date that lies further ahead of the last known one is doubted...
 constexpr std::int64_t kMostAhead = 7 * kDay;
 // ...until it still holds so much later.
-constexpr std::int64_t kUntilBelieved = 18 * kLongestRow;
+constexpr std::int64_t kUntilBelieved = 18 * kHour;
 constexpr std::int64_t kLongestDoubt = 14 * kDay;
 
 // The conditions, in the order of the question marks. One that is not asked for matches everything.
 constexpr const char* kDeleteStretches = "DELETE FROM stretches WHERE start >= ? AND start < ? "
                                          "AND (? = 0 OR program = ?) "
                                          "AND (? = 0 OR title IN (SELECT id FROM chosen))";
+
+constexpr const char* kForgetBefore =
+    "UPDATE amended SET program = 0, title = 0, timer = 0 WHERE start >= ? AND start < ? "
+    "AND (? = 0 OR program = ?) AND (? = 0 OR title IN (SELECT id FROM chosen))";
+constexpr const char* kDropOrphans = "DELETE FROM amended WHERE NOT EXISTS (SELECT 1 FROM stretches "
+                                     "WHERE stretches.start = amended.start AND stretches.n = amended.n)";
 
 } // namespace
 
@@ -49,7 +57,7 @@ void HistoryFile::cutAt(std::int64_t time) {
     for (SqliteQuery row(
              m_database,
              "SELECT start, n, length FROM stretches WHERE start > ? AND start < ? AND start + length > ?",
-             time - kLongestRow, time, time);
+             time - kHour, time, time);
          row.next();)
         cuts.push_back({{row.integer(0), row.integer(1)}, row.integer(2)});
     for (const auto& [key, length] : cuts) {
@@ -59,6 +67,11 @@ void HistoryFile::cutAt(std::int64_t time) {
                   "= ?), ?, "
                   "offset, program, title, timer, presence FROM stretches WHERE start = ? AND n = ?",
                   time, time, length - before, key.start, key.n);
+        sqliteRun(
+            m_database,
+            "INSERT INTO amended SELECT ?, (SELECT max(n) FROM stretches WHERE start = ?), made, program, "
+            "title, timer, presence FROM amended WHERE start = ? AND n = ?",
+            time, time, key.start, key.n);
         sqliteRun(m_database, "UPDATE stretches SET length = ? WHERE start = ? AND n = ?", before, key.start,
                   key.n);
     }
@@ -76,13 +89,15 @@ void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
     sqliteRun(m_database, kDeleteStretches, from, to, program, program, isByTitle);
     if (m_database.changes() > 0)
         sumDaysAgain(first, last);
+    // That it was amended stays known, but nobody can bring it back.
+    sqliteRun(m_database, kForgetBefore, from, to, program, program, isByTitle);
 }
 
 void HistoryFile::sumDaysAgain(std::int64_t first, std::int64_t last) {
     sqliteRun(m_database, "DELETE FROM days WHERE day BETWEEN ? AND ?", first, last);
     const auto startOf = [](std::int64_t day) {
         const QDate date(int(day / 10'000), int(day / 100 % 100), int(day % 100));
-        return (date.toJulianDay() - QDate(1970, 1, 1).toJulianDay()) * 24 * kLongestRow;
+        return (date.toJulianDay() - QDate(1970, 1, 1).toJulianDay()) * 24 * kHour;
     };
     // The days of local time differ from those of UTC by less than two days.
     sqliteRun(
@@ -90,7 +105,7 @@ void HistoryFile::sumDaysAgain(std::int64_t first, std::int64_t last) {
         "INSERT INTO days SELECT CAST(strftime('%Y%m%d', (start + offset * 60000 - ? * 3600000) / 1000, "
         "'unixepoch') AS INTEGER) AS day, program, title, timer, presence, sum(length) FROM stretches "
         "WHERE start >= ? AND start < ? GROUP BY 1, 2, 3, 4, 5 HAVING day BETWEEN ? AND ?",
-        m_dayBegin, startOf(first) - 48 * kLongestRow, startOf(last) + 72 * kLongestRow, first, last);
+        m_dayBegin, startOf(first) - 48 * kHour, startOf(last) + 72 * kHour, first, last);
     sumMonthsAgain();
 }
 
@@ -103,9 +118,14 @@ void HistoryFile::sumMonthsAgain() {
 
 void HistoryFile::dropUnused() {
     m_isToTellTimers = true;
-    sqliteRun(m_database, "DELETE FROM titles WHERE id <> 0 AND id NOT IN (SELECT title FROM days)");
-    sqliteRun(m_database, "DELETE FROM programs WHERE id NOT IN (SELECT program FROM days)");
-    sqliteRun(m_database, "DELETE FROM timers WHERE id <> 0 AND id NOT IN (SELECT timer FROM days)");
+    sqliteRun(m_database, kDropOrphans);
+    sqliteRun(m_database, "DELETE FROM titles WHERE id <> 0 AND id NOT IN (SELECT title FROM days) "
+                          "AND id NOT IN (SELECT title FROM amended)");
+    sqliteRun(m_database, "DELETE FROM programs WHERE id NOT IN (SELECT program FROM days) "
+                          "AND id NOT IN (SELECT program FROM amended)");
+    sqliteRun(m_database, "DELETE FROM timers WHERE id <> 0 AND id NOT IN (SELECT timer FROM days) "
+                          "AND id NOT IN (SELECT timer FROM amended)");
+    sqliteRun(m_database, "DELETE FROM projects WHERE identity NOT IN (SELECT project FROM timers)");
 }
 
 // What is deleted does not come back when a clock that was wrong is set right.

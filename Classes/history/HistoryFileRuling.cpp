@@ -24,6 +24,25 @@ constexpr const char* kMoveStretches =
     "WHERE presence <> 1 AND EXISTS (SELECT 1 FROM ruled "
     "WHERE ruled.program = stretches.program AND ruled.title = stretches.title)";
 
+constexpr const char* kMoveBefore =
+    "UPDATE amended SET (program, title, timer) = (SELECT newProgram, newTitle, "
+    "ifnull((SELECT other FROM moved WHERE moved.timer = amended.timer AND moved.kind = ruled.kind), "
+    "amended.timer) FROM ruled WHERE ruled.program = amended.program AND ruled.title = amended.title) "
+    "WHERE presence <> 1 AND EXISTS (SELECT 1 FROM ruled "
+    "WHERE ruled.program = amended.program AND ruled.title = amended.title)";
+
+// All that rows are, and were before they were amended.
+constexpr const char* kPairs = "SELECT program, title, programs.name, titles.text FROM "
+                               "(SELECT program, title FROM days WHERE presence <> 1 UNION "
+                               "SELECT program, title FROM amended WHERE presence <> 1) "
+                               "JOIN programs ON programs.id = program JOIN titles ON titles.id = title";
+constexpr const char* kTimers =
+    "SELECT DISTINCT timer, kind, application, project FROM "
+    "(SELECT program, title, timer FROM days WHERE presence <> 1 UNION "
+    "SELECT program, title, timer FROM amended WHERE presence <> 1) AS used CROSS JOIN ruled "
+    "ON ruled.program = used.program AND ruled.title = used.title "
+    "JOIN timers ON timers.id = timer WHERE kind > 0 AND NOT deleted";
+
 constexpr const char* kGatherSums =
     "INSERT INTO sums SELECT day, newProgram, newTitle, ifnull(other, days.timer), presence, sum(length) "
     "FROM days CROSS JOIN ruled ON ruled.program = days.program AND ruled.title = days.title "
@@ -43,6 +62,7 @@ void HistoryFile::apply(const HistoryChange::Ruled& change) {
     rulePairs(TitleRules(change.rules));
     moveTimers(change.hidden);
     sqliteRun(m_database, kMoveStretches);
+    sqliteRun(m_database, kMoveBefore);
     sqliteRun(m_database, kGatherSums);
     sqliteRun(m_database, kDropSums);
     sqliteRun(m_database, kPutSums);
@@ -61,10 +81,7 @@ void HistoryFile::rulePairs(const TitleRules& rules) {
         std::optional<QString> allowed;
     };
     std::vector<Pair> changed;
-    for (SqliteQuery row(m_database, "SELECT DISTINCT program, title, programs.name, titles.text FROM days "
-                                     "JOIN programs ON programs.id = program "
-                                     "JOIN titles ON titles.id = title WHERE presence <> 1");
-         row.next();) {
+    for (SqliteQuery row(m_database, kPairs); row.next();) {
         const QString title = row.text(3);
         auto allowed = recordedTitleUnder(rules, row.text(2), title);
         if (allowed != title)
@@ -84,16 +101,15 @@ void HistoryFile::moveTimers(const std::optional<Identity>& hidden) {
         std::int64_t timer;
         std::int64_t kind;
         std::optional<Identity> application;
+        // What a person has said stays said.
+        std::optional<RowProject> project;
     };
     std::vector<Move> moves;
-    for (SqliteQuery row(m_database,
-                         "SELECT DISTINCT timer, kind, application FROM days CROSS JOIN ruled "
-                         "ON ruled.program = days.program AND ruled.title = days.title "
-                         "JOIN timers ON timers.id = timer WHERE presence <> 1 AND kind > 0 AND NOT deleted");
-         row.next();)
+    for (SqliteQuery row(m_database, kTimers); row.next();)
         moves.push_back({row.integer(0), row.integer(1),
-                         row.integer(1) == ToNobody ? hidden : Identity::fromBytes(row.bytes(2))});
-    for (const auto& [timer, kind, application] : moves)
+                         row.integer(1) == ToNobody ? hidden : Identity::fromBytes(row.bytes(2)),
+                         historyProject(row.bytes(3))});
+    for (const auto& [timer, kind, application, project] : moves)
         sqliteRun(m_database, "INSERT INTO moved VALUES (?, ?, ?)", timer, kind,
-                  application ? timerId({application, std::nullopt}) : 0);
+                  application || project ? timerId({application, std::nullopt, project}) : 0);
 }

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 // The files that SQLite keeps beside the database.
@@ -28,6 +30,10 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, const std:
             report.isStrange = attempt(batch, age, dayBegins);
         }
         report.timers = m_file->takeTimers();
+        report.isAmended = std::ranges::any_of(batch.changes, [](const HistoryChange::Any& change) {
+            return std::holds_alternative<HistoryChange::Amended>(change) ||
+                   std::holds_alternative<HistoryChange::TakenBack>(change);
+        });
     } catch (const HistoryFile::Newer&) {
         report.state = State::Newer;
     } catch (const SqliteError& error) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/HistoryRecorder.h"
 
+#include "Classes/history/LocalHours.h"
 #include "Classes/history/SteadyTitle.h"
 #include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimeStoreWindow.h"
-#include "platform/foundation/time/LocalTime.h"
 
 #include <cmath>
 
@@ -12,7 +12,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::int64_t kHour = 3'600'000;
 // If the wall clock differs by more than this, it was set or the machine slept.
 constexpr auto kMostOff = 1s;
 // Two stretches in a row read the clock one after the other; a gap as short as this is no gap.
@@ -23,15 +22,6 @@ constexpr std::size_t kMostSpans = 8192;
 
 std::int64_t milliseconds(Date date) {
     return std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count();
-}
-
-// Minutes.
-std::int64_t offsetAt(std::int64_t time) {
-    return QDateTime::fromMSecsSinceEpoch(time).offsetFromUtc() / 60;
-}
-
-std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
-    return a / b - (a % b < 0);
 }
 
 } // namespace
@@ -99,13 +89,11 @@ bool HistoryRecorder::goesOn(Instant at, const Anchor& anchor, const Who& who) c
 void HistoryRecorder::begin(Instant at, const Anchor& anchor, const Who& who) {
     forgetOldSpans();
     const std::int64_t start = anchor.wallOf(at);
-    const std::int64_t offset = offsetAt(start);
-    const std::int64_t local = start + offset * 60'000;
-    const std::int64_t hour = (floorDivided(local, kHour) + 1) * kHour - offset * 60'000;
+    const std::int64_t offset = LocalHours::offsetAt(start);
     m_spans.push_back({.serial = ++m_lastSerial,
                        .from = at,
                        .to = at,
-                       .end = anchor.instantOf(hour),
+                       .end = anchor.instantOf(LocalHours::after(start, offset)),
                        .anchor = anchor,
                        .offset = offset,
                        .who = who,
@@ -184,7 +172,8 @@ void HistoryRecorder::takeInto(HistoryBatch& batch) {
     m_hasNews = false;
     // Who has come to another zone may have the same window in front. To ask at each tick would be to ask the
     // disk.
-    if (m_isOpen && offsetAt(m_spans.back().anchor.wallOf(m_spans.back().to)) != m_spans.back().offset)
+    if (m_isOpen &&
+        LocalHours::offsetAt(m_spans.back().anchor.wallOf(m_spans.back().to)) != m_spans.back().offset)
         m_isOpen = false;
 }
 

@@ -38,6 +38,25 @@ CREATE VIEW diary AS SELECT
   FROM stretches JOIN programs ON programs.id = program JOIN titles ON titles.id = title
   JOIN timers ON timers.id = timer WHERE NOT timers.deleted ORDER BY start, n;
 PRAGMA user_version = 1;
+)",
+                            R"(
+ALTER TABLE timers ADD COLUMN project BLOB NOT NULL DEFAULT x'';
+CREATE TABLE projects (identity BLOB PRIMARY KEY, name TEXT NOT NULL) WITHOUT ROWID;
+CREATE TABLE amended (start INTEGER NOT NULL, n INTEGER NOT NULL, made INTEGER NOT NULL, program INTEGER NOT NULL,
+  title INTEGER NOT NULL, timer INTEGER NOT NULL, presence INTEGER NOT NULL,
+  PRIMARY KEY (start, n, made)) WITHOUT ROWID;
+CREATE INDEX amended_by_made ON amended (made);
+CREATE VIEW amendments AS SELECT
+  datetime(made / 1000 + offset * 60, 'unixepoch') AS made,
+  datetime((start + offset * 60000) / 1000, 'unixepoch') AS begin, length / 1000.0 AS seconds,
+  was.name AS was_program, wast.text AS was_title,
+  CASE amended.presence WHEN 0 THEN 'work' WHEN 1 THEN 'idle' WHEN 2 THEN 'byhand' ELSE 'nothing' END AS was_presence,
+  programs.name AS program, titles.text AS title,
+  CASE stretches.presence WHEN 0 THEN 'work' WHEN 1 THEN 'idle' ELSE 'byhand' END AS presence
+  FROM amended JOIN stretches USING (start, n) JOIN programs ON programs.id = stretches.program
+  JOIN titles ON titles.id = stretches.title LEFT JOIN programs AS was ON was.id = amended.program
+  LEFT JOIN titles AS wast ON wast.id = amended.title ORDER BY made, start, n;
+PRAGMA user_version = 2;
 )"};
 static_assert(kSteps.size() == HistorySchema::kNumber);
 
@@ -78,6 +97,10 @@ void bringUp(SqliteDatabase& database) {
         database.execute(kSteps[number]);
         transaction.commit();
     }
+}
+
+bool hasAmendments(SqliteDatabase& database) {
+    return database.number("PRAGMA user_version") >= 2;
 }
 
 } // namespace HistorySchema

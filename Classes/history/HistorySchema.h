@@ -10,7 +10,7 @@ namespace HistorySchema {
 // "tklh": tells other programs whose file this is.
 inline constexpr int kApplicationId = 0x746b6c68;
 // The number of the form that this program writes. A file with a higher one is left alone.
-inline constexpr int kNumber = 1;
+inline constexpr int kNumber = 2;
 
 enum class Form { Ours, Newer, Foreign };
 // "Foreign" includes a file whose header is damaged. A new file is ours.
@@ -18,5 +18,8 @@ Form formOf(SqliteDatabase& database);
 
 // Makes the tables in a new file, or raises an older one to this number, one number in each transaction.
 void bringUp(SqliteDatabase& database);
+
+// Whether it has what people said about the past: older files, read before they are brought up, do not.
+bool hasAmendments(SqliteDatabase& database);
 
 } // namespace HistorySchema

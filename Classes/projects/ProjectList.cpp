@@ -144,7 +144,9 @@ void ProjectList::deleteProject(const ProjectRecord& project) {
 bool ProjectList::copyProject(std::size_t position, std::size_t destination) {
     if (position >= m_projects.size())
         return false;
-    insert(std::make_shared<ProjectRecord>(*m_projects[position]), destination);
+    auto copy = std::make_shared<ProjectRecord>(*m_projects[position]);
+    copy->setHistoryIdentity(std::nullopt);
+    insert(std::move(copy), destination);
     saveData();
     return true;
 }
@@ -185,6 +187,17 @@ void ProjectList::setPatterns(const ProjectRecord& project, const PropertyListAr
     record->setPatterns(patterns);
     tellChanged(Kind::Patterns, project);
     saveData();
+}
+
+std::optional<Identity> ProjectList::historyIdentity(const ProjectRecord& project) {
+    const Record record = editable(project);
+    if (!record || record == m_mainItem)
+        return std::nullopt;
+    if (!record->historyIdentity()) {
+        record->setHistoryIdentity(Identity::brandNew());
+        saveData();
+    }
+    return record->historyIdentity();
 }
 
 void ProjectList::addMembers(const ProjectRecord& project, const std::vector<Identity>& identities) {

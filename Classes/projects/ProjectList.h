@@ -83,6 +83,9 @@ public:
     void setSelectedColorTag(const ProjectRecord& project, int tag);
     // By what the history knows what is the project's; saves.
     void setPatterns(const ProjectRecord& project, const PropertyListArray& patterns);
+    // By which the history knows it, for time that is given to it by hand. Made and saved when it is first
+    // asked for; absent for the main item and for what is not in the list.
+    std::optional<Identity> historyIdentity(const ProjectRecord& project);
     void addMembers(const ProjectRecord& project, const std::vector<Identity>& identities);
     // Does not save: the change is written with the next save.
     void removeMembers(const ProjectRecord& project, const std::unordered_set<Identity>& identities);
@@ -101,7 +104,8 @@ public:
     // timer still has its identity. Saves.
     void succeedNodes(const Successions& successions);
 
-    // Inserts a copy of the project at `position`, so that it stands at `destination`, and saves. A move
+    // Inserts a copy of the project at `position`, so that it stands at `destination`, and saves. Time that was
+    // given to the project by hand stays with it alone. A move
     // first removes the project: what then stands at the destination is a copy, that is another object.
     // Answers false and changes nothing for a position that does not exist; a destination beyond the end
     // means the end.

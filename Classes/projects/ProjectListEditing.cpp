@@ -75,6 +75,7 @@ bool ProjectList::Snapshot::isLike(const Snapshot& other) const {
     const auto seen = [](const Saved& saved) {
         PropertyListDictionary entries = saved.entries;
         entries.remove(kProjectExpandedUUIDs);
+        entries.remove(kProjectHistoryIdentity);
         // Colour 0 shows the same as no colour at all.
         if (ProjectRecord(entries).colorTag() == 0)
             entries.remove(kProjectColorTag);
@@ -90,8 +91,12 @@ void ProjectList::restore(const Snapshot& snapshot) {
         const bool isThere = positionOf(*record).has_value();
         const PropertyListValue expanded =
             isThere ? record->expandedEntry() : entries.value(kProjectExpandedUUIDs);
+        const auto identity = record->historyIdentity();
         *record = ProjectRecord(entries);
         record->setExpandedEntry(expanded);
+        // It may be newer than the snapshot, and the history has it.
+        if (!record->historyIdentity())
+            record->setHistoryIdentity(identity);
         records.push_back(record);
     }
     m_projects = std::move(records);

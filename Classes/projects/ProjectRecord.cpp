@@ -104,6 +104,17 @@ void ProjectRecord::setPatterns(const PropertyListArray& patterns) {
         m_entries.insert(kProjectPatterns, patterns);
 }
 
+std::optional<Identity> ProjectRecord::historyIdentity() const {
+    return identityOf(m_entries.value(kProjectHistoryIdentity));
+}
+
+void ProjectRecord::setHistoryIdentity(const std::optional<Identity>& identity) {
+    if (identity)
+        m_entries.insert(kProjectHistoryIdentity, identity->bytes());
+    else
+        m_entries.remove(kProjectHistoryIdentity);
+}
+
 std::optional<Identity> ProjectRecord::uuid() const {
     return identityOf(m_entries.value(kProjectUUID));
 }

@@ -15,6 +15,8 @@ inline const QString kProjectColorTag = QStringLiteral("kTKColorTagKey");
 inline const QString kProjectUUID = QStringLiteral("UUID");
 // Only where there are any: what the history has of it beside its members. Records, see ProjectPatterns.
 inline const QString kProjectPatterns = QStringLiteral("kTKPatterns");
+// Only where time was given to it by hand: by which the history knows it.
+inline const QString kProjectHistoryIdentity = QStringLiteral("kTKHistoryIdentity");
 
 // One project, as it is in the file. Two records are the same project only if they are the same object.
 // Entries of unknown keys are kept; so are values of the wrong type, until they are replaced, but they count
@@ -39,6 +41,10 @@ public:
     // None if absent.
     PropertyListArray patterns() const;
     void setPatterns(const PropertyListArray& patterns);
+
+    // By which the history knows it. Absent until time is given to it by hand.
+    std::optional<Identity> historyIdentity() const;
+    void setHistoryIdentity(const std::optional<Identity>& identity);
 
     // The identity of the project's node; this program never makes one.
     std::optional<Identity> uuid() const;

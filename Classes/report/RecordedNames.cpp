@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/report/RecordedNames.h"
 
+#include "Classes/history/HistoryFile.h"
+#include "Classes/history/HistorySchema.h"
 #include "Classes/projects/ProjectFile.h"
 #include "Classes/projects/ProjectRecord.h"
 #include "Classes/rules/RuleCategories.h"
@@ -50,6 +52,8 @@ RecordedNames::Projects RecordedNames::readProjects(const QString& path) {
         projects.names << project.label();
         for (const Identity& member : project.flattenedMembers())
             projects.memberships[member.bytes()] << projects.names.size() - 1;
+        if (const auto identity = project.historyIdentity())
+            projects.given.insert(identity->bytes(), projects.names.size() - 1);
         ProjectPatterns patterns(project);
         if (patterns.isEmpty())
             continue;
@@ -101,21 +105,41 @@ const QList<qsizetype>& RecordedNames::fitting(qint64 program, qint64 title) con
     return *m_fitting.insert(key, places);
 }
 
-std::pair<QByteArray, QByteArray> RecordedNames::recordedTimer(qint64 number) const {
-    if (number < 0) {
-        const RowTimer& timer = m_unwritten.timer(number);
-        return {timer.application ? timer.application->bytes() : QByteArray(),
-                timer.window ? timer.window->bytes() : QByteArray()};
-    }
-    SqliteQuery row(m_history, "SELECT application, window FROM timers WHERE id = ?", std::int64_t(number));
-    return row.next() ? std::pair(row.bytes(0), row.bytes(1)) : std::pair<QByteArray, QByteArray>();
+RowTimer RecordedNames::recordedTimer(qint64 number) const {
+    if (number < 0)
+        return m_unwritten.timer(number);
+    SqliteQuery row(m_history,
+                    HistorySchema::hasAmendments(m_history)
+                        ? "SELECT application, window, project FROM timers WHERE id = ?"
+                        : "SELECT application, window, x'' FROM timers WHERE id = ?",
+                    std::int64_t(number));
+    if (!row.next())
+        return {};
+    return {Identity::fromBytes(row.bytes(0)), Identity::fromBytes(row.bytes(1)),
+            historyProject(row.bytes(2))};
+}
+
+QStringList RecordedNames::givenTo(const RowProject& project) const {
+    if (!project.identity)
+        return {};
+    const QByteArray identity = project.identity->bytes();
+    if (const auto place = projects().given.constFind(identity); place != projects().given.constEnd())
+        return {projects().names[*place]};
+    // The file of projects was lost, or this is another account's history.
+    SqliteQuery row(m_history, "SELECT name FROM projects WHERE identity = ?", identity);
+    const QString name = row.next() ? row.text(0) : QString();
+    return projects().names.contains(name) ? QStringList(name) : QStringList();
 }
 
 QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
-    const auto [application, window] = recordedTimer(timer);
+    const RowTimer whose = recordedTimer(timer);
+    if (whose.project)
+        return givenTo(*whose.project);
     // What has no identity is no project's member.
-    QList<qsizetype> places = projects().memberships.value(application);
-    places += projects().memberships.value(window);
+    QList<qsizetype> places;
+    for (const auto& identity : {whose.application, whose.window})
+        if (identity)
+            places += projects().memberships.value(identity->bytes());
     if (projects().belonging != Belonging::Timer)
         places += fitting(program, title);
     std::ranges::sort(places);

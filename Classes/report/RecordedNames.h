@@ -30,6 +30,8 @@ private:
         QStringList names;
         // From a member's identity, in the history's form, to the positions of its projects among the names.
         QHash<QByteArray, QList<qsizetype>> memberships;
+        // From the identity by which the history knows a project to its position.
+        QHash<QByteArray, qsizetype> given;
         // By position among the names, of those that have any.
         std::vector<std::pair<qsizetype, ProjectPatterns>> patterns;
         Belonging belonging = Belonging::Timer;
@@ -39,8 +41,9 @@ private:
     const Projects& projects() const;
     static Projects readProjects(const QString& path);
     QString recordedProgram(qint64 number) const;
-    // The identities of its application and its window, in the history's form.
-    std::pair<QByteArray, QByteArray> recordedTimer(qint64 number) const;
+    RowTimer recordedTimer(qint64 number) const;
+    // The project that time was given to by hand; none for one that is not there any more.
+    QStringList givenTo(const RowProject& project) const;
     const QList<qsizetype>& fitting(qint64 program, qint64 title) const;
 
     SqliteDatabase& m_history;

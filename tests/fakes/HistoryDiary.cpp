@@ -88,6 +88,12 @@ QStringList flaws(const QString& path) {
         {"a text is nobody's",
          "SELECT count(*) FROM stretches WHERE program NOT IN (SELECT id FROM programs) OR "
          "title NOT IN (SELECT id FROM titles) OR timer NOT IN (SELECT id FROM timers)"},
+        {"something that was amended is nothing's",
+         "SELECT count(*) FROM amended LEFT JOIN stretches USING (start, n) WHERE stretches.length IS NULL OR "
+         "amended.title NOT IN (SELECT id FROM titles) OR amended.timer NOT IN (SELECT id FROM timers) OR "
+         "(amended.program <> 0 AND amended.program NOT IN (SELECT id FROM programs))"},
+        {"a project is unknown", "SELECT count(*) FROM timers WHERE length(project) = 8 AND "
+                                 "project NOT IN (SELECT identity FROM projects)"},
     };
     for (const auto& [flaw, sql] : counts)
         if (const auto count = file.number(sql); count != 0)

@@ -189,7 +189,7 @@ TEST_F(HistoryFileTest, withoutAFile_nothingIsLeft) {
 TEST_F(HistoryFileTest, aNewerProgramsFile_isLeftAlone) {
     write({{1, row(kNine, 60'000, "Mail", "Inbox")}});
     keeper.emplace(path);
-    byHand().execute("PRAGMA user_version = 2");
+    byHand().execute("PRAGMA user_version = 3");
     EXPECT_EQ(write({{2, row(kNine + 60'000, 60'000, "Mail", "Inbox")}}).state, State::Newer);
     EXPECT_EQ(byHand().number("SELECT count(*) FROM stretches"), 1);
     EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("*damaged*")}), QStringList());
