@@ -41,14 +41,13 @@ public:
         : m_history(history) {}
 
     void credited(const Stretch& stretch) override {
-        m_history.m_recorder.credited(stretch);
-        const auto note = [this](const std::optional<Identity>& identity) {
-            if (identity)
-                m_history.m_sinceThen.insert(*identity);
-        };
-        note(stretch.program->uuid());
-        if (stretch.window)
-            note(stretch.window->uuid());
+        HistoryRecorder& recorder = m_history.m_recorder;
+        recorder.credited(stretch);
+        if (std::exchange(m_lastSerial, recorder.lastSerial()) != recorder.lastSerial()) {
+            note(stretch.program->uuid());
+            if (stretch.window)
+                note(stretch.window->uuid());
+        }
         m_history.newsHasCome();
     }
 
@@ -62,7 +61,13 @@ public:
     }
 
 private:
+    void note(const std::optional<Identity>& identity) {
+        if (identity)
+            m_history.m_sinceThen.insert(*identity);
+    }
+
     History& m_history;
+    std::uint64_t m_lastSerial = 0;
 };
 
 History::History(const Services& services, BackgroundMove::Background background)

@@ -34,16 +34,21 @@ Instant HistoryRecorder::Anchor::instantOf(std::int64_t time) const {
     return at + std::chrono::milliseconds(time - wall);
 }
 
+bool HistoryRecorder::Anchor::agrees(Instant instant, Date now) const {
+    return std::chrono::abs(std::chrono::milliseconds(milliseconds(now) - wallOf(instant))) <= kMostOff;
+}
+
 void HistoryRecorder::holdAnchor(Instant since) {
     const Instant instant = m_clock.instant();
     const Date now = m_clock.now();
-    if (m_anchor && std::chrono::abs(
-                        std::chrono::milliseconds(milliseconds(now) - m_anchor->wallOf(instant))) <= kMostOff)
+    if (m_anchor && m_anchor->agrees(instant, now))
         return;
     m_anchor = Anchor{since, milliseconds(now - std::chrono::floor<Date::duration>(instant - since))};
 }
 
 void HistoryRecorder::credited(const Stretch& stretch) {
+    if (extend(stretch))
+        return;
     const bool isIdle = stretch.presence == Presence::Idle;
     Who who{.program = stretch.program->name(),
             .title = steady(stretch.title),
@@ -54,6 +59,22 @@ void HistoryRecorder::credited(const Stretch& stretch) {
     owe(stretch);
     holdAnchor(stretch.from);
     append(stretch.from, stretch.to, *m_anchor, who);
+}
+
+bool HistoryRecorder::extend(const Stretch& stretch) {
+    if (!m_isOpen || !isOwedToSame(stretch) || stretch.title != m_title)
+        return false;
+    Span& span = m_spans.back();
+    const bool isIdle = stretch.presence == Presence::Idle;
+    if (isIdle != (span.who.presence == RowPresence::Idle) || span.anchor != m_anchor ||
+        stretch.from - span.to >= kBetweenReadings || stretch.to <= span.to || stretch.to > span.end ||
+        !span.anchor.agrees(stretch.to, m_clock.now()))
+        return false;
+    span.to = stretch.to;
+    span.hasChanged = true;
+    m_hasNews = m_hasNews || !isIdle;
+    m_running += stretch.to - stretch.from;
+    return true;
 }
 
 const QString& HistoryRecorder::steady(const QString& title) {
@@ -211,18 +232,21 @@ std::int64_t HistoryRecorder::beginGeneration() {
     return ++m_generation;
 }
 
-void HistoryRecorder::owe(const Stretch& stretch) {
-    const RowTimer application{stretch.program->uuid(), std::nullopt};
+bool HistoryRecorder::isOwedToSame(const Stretch& stretch) const {
     const bool isSameWindow = stretch.window ? m_window && m_window->timer.window == stretch.window->uuid() &&
                                                    *m_window->window == stretch.window->name()
                                              : !m_window;
-    if (!isSameWindow || m_application.timer != application ||
-        !stretch.program->isNamed(m_application.program)) {
+    return isSameWindow && m_application.timer.application == stretch.program->uuid() &&
+           stretch.program->isNamed(m_application.program);
+}
+
+void HistoryRecorder::owe(const Stretch& stretch) {
+    if (!isOwedToSame(stretch)) {
         settleDebt();
         m_application = {.generation = m_generation,
                          .program = stretch.program->name(),
                          .window = {},
-                         .timer = application};
+                         .timer = {stretch.program->uuid(), std::nullopt}};
         m_window.reset();
         if (stretch.window) {
             m_window = m_application;

@@ -19,6 +19,8 @@ public:
     void credited(const Stretch& stretch) override;
     void absent(Instant since, Instant noticed, Seconds booked) override;
 
+    // The serial number of the row that was begun last.
+    std::uint64_t lastSerial() const { return m_lastSerial; }
     // Whether something must be written within a quarter of a minute. An absence that only goes on does not
     // count.
     bool hasNews() const { return m_hasNews; }
@@ -41,6 +43,8 @@ private:
     struct Anchor {
         std::int64_t wallOf(Instant instant) const;
         Instant instantOf(std::int64_t wall) const;
+        // Whether the wall clock that shows `now` at `instant` has neither been set nor missed a sleep.
+        bool agrees(Instant instant, Date now) const;
         friend bool operator==(const Anchor&, const Anchor&) = default;
 
         Instant at;
@@ -67,12 +71,16 @@ private:
         bool hasChanged;
     };
 
+    // Nearly every stretch goes on with the last one, ten times a second: the way that touches least.
+    // Answers whether it did.
+    bool extend(const Stretch& stretch);
     void holdAnchor(Instant since);
     void append(Instant from, Instant to, const Anchor& anchor, const Who& who);
     bool goesOn(Instant at, const Anchor& anchor, const Who& who) const;
     void begin(Instant at, const Anchor& anchor, const Who& who);
     const QString& steady(const QString& title);
     void forgetOldSpans();
+    bool isOwedToSame(const Stretch& stretch) const;
     void owe(const Stretch& stretch);
     void settleDebt();
     static HistoryRow rowOf(const Span& span);
