@@ -34,6 +34,8 @@ TEST_P(AccountTruthUnder, quickSwitches_addUpToTheWallTimeAndGoToWhomTheyBelong)
         programs.push_back(std::make_unique<XClient>(desk));
         windows.push_back(programs.back()->open({.title = name + " window", .className = name}));
     }
+    // A window manager may take a while to give the first windows the focus; until then nobody gets the time.
+    ASSERT_TRUE(waitFor([&] { return std::ranges::count(windows, desk.probe().activeWindow()) > 0; }));
     X11LiveEngine engine(desk);
     const unsigned seed = std::random_device()();
     SCOPED_TRACE(seed);
