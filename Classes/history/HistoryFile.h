@@ -50,17 +50,20 @@ public:
     bool hasMoved() const { return m_database.hasMoved(); }
     // Adds one row, within a transaction of the caller's.
     Key add(const HistoryRow& row);
-    // What a row was before it was amended, by its numbers in this file. Program 0 was forgotten.
+    // Adds what that row was before it was amended, within a transaction of the caller's: absent where nothing was
+    // measured, and without a program where that was forgotten. Does nothing if there is no such row.
+    void addBefore(const Key& key, std::int64_t made, const std::optional<HistoryRow>& before);
+    // In place of a presence, where nothing was measured.
+    static constexpr std::int64_t kNothing = -1;
+
+private:
+    // What a row was before it was amended. Program 0 was forgotten.
     struct Before {
         std::int64_t program;
         std::int64_t title;
         std::int64_t timer;
-        // kNothing where nothing was measured.
         std::int64_t presence;
     };
-    static constexpr std::int64_t kNothing = -1;
-
-private:
     // A row with numbers in place of its texts.
     struct Numbers {
         std::int64_t length;

@@ -135,6 +135,17 @@ void HistoryFile::remember(const Key& key, const Before& before, std::int64_t ma
               made, before.program, before.title, before.timer, before.presence);
 }
 
+void HistoryFile::addBefore(const Key& key, std::int64_t made, const std::optional<HistoryRow>& before) {
+    if (!numbersAt(key))
+        return;
+    if (!before)
+        return remember(key, {0, 0, 0, kNothing}, made);
+    if (before->program.isEmpty())
+        return remember(key, {0, 0, 0, std::int64_t(before->presence)}, made);
+    const Numbers numbers = numbersOf(*before);
+    remember(key, {numbers.program, numbers.title, numbers.timer, numbers.presence}, made);
+}
+
 void HistoryFile::apply(const HistoryChange::TakenBack& change) {
     std::vector<std::pair<Key, Before>> rows;
     for (SqliteQuery row(m_database,

@@ -22,14 +22,13 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, const std:
     Report report;
     try {
         try {
-            report.isStrange = attempt(batch, age, dayBegins);
+            attempt(batch, age, dayBegins, report);
         } catch (const SqliteError& error) {
             if (!error.isDamage() || !QFileInfo(m_path).isFile())
                 throw;
             setAside(report);
-            report.isStrange = attempt(batch, age, dayBegins);
+            attempt(batch, age, dayBegins, report);
         }
-        report.timers = m_file->takeTimers();
         report.isAmended = std::ranges::any_of(batch.changes, [](const HistoryChange::Any& change) {
             return std::holds_alternative<HistoryChange::Amended>(change) ||
                    std::holds_alternative<HistoryChange::TakenBack>(change);
@@ -48,9 +47,8 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, const std:
     return report;
 }
 
-// Whether the file does not know what the store lacks.
-bool HistoryKeeper::attempt(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
-                            std::optional<int> dayBegins) {
+void HistoryKeeper::attempt(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
+                            std::optional<int> dayBegins, Report& report) {
     // Somebody has removed the file, or put another in its place.
     if (m_file && m_file->hasMoved()) {
         m_file.reset();
@@ -58,6 +56,8 @@ bool HistoryKeeper::attempt(const HistoryBatch& batch, const std::optional<Histo
     }
     if (!m_file)
         m_file.emplace(m_path);
+    // If this part of the file is damaged, that is met before anything is written.
+    report.timers = m_file->takeTimers();
     // Deleted timers can be brought back as long as the program runs, so their rows are removed only at its
     // first write.
     if (!m_isSwept || age)
@@ -70,8 +70,10 @@ bool HistoryKeeper::attempt(const HistoryBatch& batch, const std::optional<Histo
         m_file->write(batch, m_written);
     else
         m_file->empty();
+    if (auto fewer = m_file->takeTimers())
+        report.timers = std::move(fewer);
     const bool knowsStore = m_file->knowsStore();
-    return std::exchange(m_isOther, false) || !knowsStore;
+    report.isStrange = std::exchange(m_isOther, false) || !knowsStore;
 }
 
 void HistoryKeeper::setAside(Report& report) {

@@ -42,8 +42,8 @@ public:
     Report close();
 
 private:
-    bool attempt(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
-                 std::optional<int> dayBegins);
+    void attempt(const HistoryBatch& batch, const std::optional<HistoryAge>& age,
+                 std::optional<int> dayBegins, Report& report);
     void setAside(Report& report);
 
     QString m_path;

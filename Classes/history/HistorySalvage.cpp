@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/HistorySalvage.h"
 
+#include "Classes/history/HistorySchema.h"
+
 #include <limits>
 #include <unordered_map>
 
@@ -20,8 +22,13 @@ public:
     }
 
     int takeRows() {
+        m_hasAmendments = HistorySchema::hasAmendments(m_damaged);
         // From 1970 to 2106.
         takeBetween(0, 1LL << 42);
+        if (m_hasAmendments) {
+            attempt([this] { takeProjects(); });
+            attempt([this] { takeAmended(); });
+        }
         return m_count;
     }
 
@@ -54,7 +61,7 @@ private:
     // are taken together or not at all.
     void takeForward(std::int64_t& from, std::int64_t to) {
         SqliteQuery row(m_damaged,
-                        "SELECT start, length, offset, program, title, timer, presence FROM stretches "
+                        "SELECT start, length, offset, program, title, timer, presence, n FROM stretches "
                         "WHERE start >= ? AND start < ? ORDER BY start, n",
                         from, to);
         while (row.next()) {
@@ -65,7 +72,7 @@ private:
 
     void takeBackward(std::int64_t from, std::int64_t& to) {
         SqliteQuery row(m_damaged,
-                        "SELECT start, length, offset, program, title, timer, presence FROM stretches "
+                        "SELECT start, length, offset, program, title, timer, presence, n FROM stretches "
                         "WHERE start >= ? AND start < ? ORDER BY start DESC, n DESC",
                         from, to);
         while (row.next()) {
@@ -88,8 +95,33 @@ private:
                                 taken.offset < 1440 && row.integer(6) >= 0 && row.integer(6) <= 2;
         if (!timer || !isPossible)
             return;
-        m_into.add(taken);
+        const HistoryFile::Key key = m_into.add(taken);
+        if (key.n != row.integer(7))
+            m_moved.insert_or_assign({key.start, row.integer(7)}, key);
         ++m_count;
+    }
+
+    void takeProjects() {
+        for (SqliteQuery row(m_damaged, "SELECT identity, name FROM projects"); row.next();)
+            sqliteRun(m_into.database(), "INSERT OR IGNORE INTO projects VALUES (?, ?)", row.bytes(0),
+                      row.text(1));
+    }
+
+    // The record of what was changed by hand, as far as the stretches themselves were taken.
+    void takeAmended() {
+        SqliteQuery row(m_damaged, "SELECT start, n, made, program, title, timer, presence FROM amended");
+        while (row.next()) {
+            const auto moved = m_moved.find({row.integer(0), row.integer(1)});
+            const auto key =
+                moved != m_moved.end() ? moved->second : HistoryFile::Key{row.integer(0), row.integer(1)};
+            HistoryRow before;
+            before.program = textOf("SELECT name FROM programs WHERE id = ?", row.integer(3), m_programs);
+            before.title = textOf("SELECT text FROM titles WHERE id = ?", row.integer(4), m_titles);
+            before.timer = timerOf(row.integer(5)).value_or(RowTimer());
+            before.presence = RowPresence(row.integer(6));
+            m_into.addBefore(key, row.integer(2),
+                             row.integer(6) == HistoryFile::kNothing ? std::nullopt : std::optional(before));
+        }
     }
 
     const QString& textOf(const char* sql, std::int64_t id,
@@ -110,14 +142,18 @@ private:
         std::optional<RowTimer>& timer = place->second;
         if (isNew)
             attempt([&] {
-                SqliteQuery row(m_damaged, "SELECT application, window, deleted FROM timers WHERE id = ?",
+                SqliteQuery row(m_damaged,
+                                m_hasAmendments
+                                    ? "SELECT application, window, deleted, project FROM timers WHERE id = ?"
+                                    : "SELECT application, window, deleted, x'' FROM timers WHERE id = ?",
                                 id);
                 if (!row.next())
                     return;
                 if (row.integer(2))
                     timer.reset();
                 else
-                    timer = RowTimer{Identity::fromBytes(row.bytes(0)), Identity::fromBytes(row.bytes(1))};
+                    timer = RowTimer{Identity::fromBytes(row.bytes(0)), Identity::fromBytes(row.bytes(1)),
+                                     historyProject(row.bytes(3))};
             });
         return timer;
     }
@@ -127,6 +163,9 @@ private:
     std::unordered_map<std::int64_t, QString> m_programs;
     std::unordered_map<std::int64_t, QString> m_titles;
     std::unordered_map<std::int64_t, std::optional<RowTimer>> m_timers;
+    // Where stretches of one moment lie now, if not all of them could be taken.
+    std::map<std::pair<std::int64_t, std::int64_t>, HistoryFile::Key> m_moved;
+    bool m_hasAmendments = false;
     int m_count = 0;
     int m_tries = 0;
 };

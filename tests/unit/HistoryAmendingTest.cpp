@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "tests/Places.h"
 #include "tests/fakes/HistoryDiary.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -52,6 +55,13 @@ protected:
     }
 
     void takeBack(std::int64_t amendment) { change(HistoryChange::TakenBack{amendment}); }
+
+    // About all titles with "private" in them.
+    static HistoryChange::Any rule(const char* effect) {
+        const PropertyListDictionary rule{{QStringLiteral("Title"), QStringLiteral("private")},
+                                          {QStringLiteral("Effect"), QString::fromUtf8(effect)}};
+        return HistoryChange::Ruled{PropertyListArray{rule}, std::nullopt};
+    }
 
     static Amendment named(std::int64_t from, std::int64_t to, const char* name) {
         return {.kind = Kind::Change, .pieces = {{from, to}}, .name = QString::fromUtf8(name)};
@@ -168,6 +178,158 @@ TEST_F(HistoryAmendingTest, whatIsBooked_isDividedAtFullHours) {
     takeBack(made);
     takeBack(booking);
     EXPECT_EQ(diary(), "Mail [Inbox] 60");
+}
+
+TEST_F(HistoryAmendingTest, whatIsForgotten_leavesNoTraceInWhatWasBefore) {
+    write({row(kNine, 60'000, "Mail", "Very private"), row(kNine + 60'000, 60'000, "Editor", "a.txt")});
+    const auto meeting = amend(named(kNine, kNine + 120'000, "Meeting"));
+    change(HistoryChange::Forgotten{
+        .program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}});
+    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Very private")));
+    EXPECT_EQ(diary(), "Mail [Meeting] 60, Editor [Meeting] 60");
+    EXPECT_EQ(number("SELECT count(*) FROM amendments"), 2) << "that it was changed stays known";
+    takeBack(meeting);
+    EXPECT_EQ(diary(), "Mail [Meeting] 60, Editor [a.txt] 60") << "what was forgotten stays forgotten";
+}
+
+TEST_F(HistoryAmendingTest, aForgottenPiece_takesItsRecordAlong) {
+    write({row(kNine, 60'000, "Mail", "Inbox")});
+    const auto meeting = amend(named(kNine, kNine + 60'000, "Meeting"));
+    change(
+        HistoryChange::Forgotten{.program = {}, .title = {}, .from = kNine + 20'000, .to = kNine + 40'000});
+    EXPECT_EQ(diary(), "Mail [Meeting] 20, Mail [Meeting] 20");
+    EXPECT_EQ(number("SELECT count(*) FROM amended"), 2);
+    takeBack(meeting);
+    EXPECT_EQ(diary(), "Mail [Inbox] 20, Mail [Inbox] 20");
+}
+
+TEST_F(HistoryAmendingTest, whatWasForgottenByItsNewName_doesNotComeBack) {
+    write({row(kNine, 60'000, "Mail", "Inbox")});
+    const auto meeting = amend(named(kNine, kNine + 30'000, "Meeting"));
+    change(HistoryChange::Forgotten{.program = {}, .title = QStringLiteral("Meeting"), .from = {}, .to = {}});
+    takeBack(meeting);
+    EXPECT_EQ(diary(), "Mail [Inbox] 30");
+    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Meeting")));
+}
+
+TEST_F(HistoryAmendingTest, whatIsTooOld_takesItsRecordAlong) {
+    write({row(kNine, 60'000, "Mail", "Inbox"), row(kNine + 90 * kMinute, 60'000, "Editor", "a.txt")});
+    amend(named(kNine, kNine + 120'000, "Meeting"));
+    keeper.write({}, HistoryAge{.now = kNine + 120 * kMinute, .kept = 60 * kMinute});
+    EXPECT_EQ(diary(), "Editor [a.txt] 60");
+    EXPECT_EQ(number("SELECT count(*) FROM amended"), 0);
+    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Inbox")));
+}
+
+TEST_F(HistoryAmendingTest, whatARuleHides_isHiddenInWhatWasBefore) {
+    write({row(kNine, 60'000, "Mail", "Very private"), row(kNine + 60'000, 60'000, "Mail", "Inbox")});
+    const auto meeting = amend(named(kNine, kNine + 120'000, "Meeting"));
+    const auto gift = amend(given(kNine, kNine + 120'000));
+    change(rule("leave out"));
+    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Very private")));
+    EXPECT_EQ(diary(), "Mail [Meeting] 120");
+    EXPECT_EQ(lengthOfMeier(), 120'000);
+    takeBack(gift);
+    takeBack(meeting);
+    EXPECT_EQ(diary(), "Mail 60, Mail [Inbox] 60");
+}
+
+TEST_F(HistoryAmendingTest, aRuleForItsNewName_leavesTheProject) {
+    write({row(kNine, 60'000, "Mail", "Inbox")});
+    amend(named(kNine, kNine + 60'000, "Very private"));
+    amend(given(kNine, kNine + 60'000));
+    change(rule("private"));
+    EXPECT_EQ(diary(), "Private 60");
+    EXPECT_EQ(lengthOfMeier(), 60'000);
+}
+
+TEST_F(HistoryAmendingTest, aDeletedTimersPast_isNeitherChangedNorInTheWay) {
+    write({row(kNine, 60'000, "Mail", "Inbox")});
+    change(HistoryChange::Deleted{{{kMail, kInbox}}, true});
+    const auto booking = amend(booked(kNine, kNine + 60'000, "Meeting"));
+    EXPECT_EQ(diary(), "By Hand [Meeting] by hand 60");
+    takeBack(booking);
+    change(HistoryChange::Deleted{{{kMail, kInbox}}, false});
+    EXPECT_EQ(diary(), "Mail [Inbox] 60");
+}
+
+// The wall clock was set back: two stretches begin at the same moment, and each keeps its own past.
+TEST_F(HistoryAmendingTest, stretchesOfOneMoment_comeBackAsTheyWere) {
+    write({row(kNine, 60'000, "Mail", "Inbox"), row(kNine, 30'000, "Editor", "a.txt")});
+    const auto meeting = amend(named(kNine + 10'000, kNine + 20'000, "Meeting"));
+    EXPECT_EQ(HistoryDiary::sums(path),
+              "Editor [Meeting] 10, Editor [a.txt] 20, Mail [Inbox] 50, Mail [Meeting] 10");
+    takeBack(meeting);
+    EXPECT_EQ(HistoryDiary::sums(path), "Editor [a.txt] 30, Mail [Inbox] 60");
+}
+
+TEST_F(HistoryAmendingTest, aBatchThatIsTriedAgain_amendsOnce) {
+    write({row(kNine, 60'000, "Mail", "Inbox")});
+    HistoryBatch batch;
+    batch.changes = {HistoryChange::Amended{named(kNine, kNine + 60'000, "Meeting"), ++made}};
+    batch.number = 7;
+    EXPECT_EQ(keeper.write(batch).state, State::Written);
+    EXPECT_EQ(keeper.write(batch).state, State::Written);
+    takeBack(made);
+    EXPECT_EQ(diary(), "Mail [Inbox] 60");
+}
+
+// Written by the first version, whatever today's program writes.
+TEST_F(HistoryAmendingTest, aFileOfTheFirstForm_isAmended) {
+    ASSERT_TRUE(QFile::copy(QStringLiteral(TICKLOG_SOURCE_DIR "/tests/data/history/1.sqlite"), path));
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
+    const auto first = number("SELECT min(start) FROM stretches");
+    amend(named(first, first + 30'000, "Meeting"));
+    amend(given(first, first + 120'000));
+    EXPECT_EQ(diary(), "Mail [Meeting] 30, Mail [Inbox] 30, Editor [a.txt] 30");
+    EXPECT_EQ(lengthOfMeier(), 90'000);
+}
+
+// With one page damaged, what was changed by hand is still told from what was measured.
+TEST_F(HistoryAmendingTest, damagedAtAnyPage_theRecordIsTakenOver) {
+    std::vector<HistoryRow> rows;
+    for (std::int64_t i = 0; i < 600; ++i)
+        rows.push_back(row(kNine + i * 20'000, 10'000, i % 2 ? "Mail" : "Browser",
+                           qPrintable(QStringLiteral("Title %1").arg(i % 50))));
+    write(std::move(rows));
+    for (std::int64_t i = 0; i < 300; ++i)
+        amend(i % 2 ? named(kNine + i * 40'000, kNine + i * 40'000 + 15'000, "Meeting")
+                    : booked(kNine + i * 40'000, kNine + i * 40'000 + 40'000, "By phone"));
+    amend(given(kNine, kNine + 3 * 3'600'000));
+    const auto amended = number("SELECT count(*) FROM amended");
+    SqliteDatabase(path, SqliteDatabase::Mode::ReadWrite, 0).execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    keeper.close();
+    ASSERT_TRUE(QFile::rename(path, path + QStringLiteral(".whole")));
+    const qint64 pages = QFileInfo(path + QStringLiteral(".whole")).size() / 4096;
+    std::int64_t tries = 0;
+    std::int64_t taken = 0;
+    for (qint64 page = 0; page < pages; ++page) {
+        keeper.remove();
+        ASSERT_TRUE(QFile::copy(path + QStringLiteral(".whole"), path));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QFile::ReadWrite) && file.seek(page * 4096));
+        file.write(QByteArray(4096, char(0xa5)));
+        file.close();
+        HistoryKeeper again(path);
+        const auto report =
+            again.write({.changes = {HistoryChange::Forgotten{
+                             .program = QStringLiteral("Nothing"), .title = {}, .from = {}, .to = {}}},
+                         .rows = {},
+                         .owed = {},
+                         .settledBefore = 0});
+        EXPECT_EQ(report.state, State::Written) << "page " << page << qPrintable(report.why);
+        if (!report.setAside)
+            continue;
+        ++tries;
+        taken += number("SELECT count(*) FROM amended");
+        EXPECT_EQ(number("SELECT count(*) FROM amended LEFT JOIN stretches USING (start, n) "
+                         "WHERE stretches.length IS NULL"),
+                  0);
+    }
+    EXPECT_GT(tries, 5);
+    EXPECT_GT(taken, tries * amended / 2) << "more than half, on average";
+    keeper.remove();
+    write({});
 }
 
 } // namespace
