@@ -77,6 +77,8 @@ struct Forgotten {
     std::optional<std::int64_t> to;
     // Whether `title` means all titles that contain it, upper or lower case.
     bool isTitlePart = false;
+    // Only what lies in one of these, if there are any. Without other conditions.
+    std::vector<Amendment::Piece> pieces = {};
 };
 
 // Applies the rules for titles to all rows; the texts that they hide are deleted as by Forgotten. `hidden` is

@@ -99,6 +99,7 @@ private:
     void owe(const OwedTime& to, std::int64_t length);
 
     void forget(const HistoryChange::Forgotten& what);
+    void forgetPiece(const Amendment::Piece& piece);
     void cutAt(std::int64_t time);
     std::vector<Key> keysIn(const Amendment::Piece& piece);
     void changeRow(const Key& key, const Amendment& amendment, std::int64_t made);

@@ -42,7 +42,10 @@ void HistoryFile::forget(const HistoryChange::Forgotten& what) {
         cutAt(*what.from);
     if (what.to)
         cutAt(*what.to);
-    forgetRows(what);
+    if (what.pieces.empty())
+        forgetRows(what);
+    for (const Amendment::Piece& piece : what.pieces)
+        forgetPiece(piece);
     dropUnused();
     m_hasToEmpty = true;
 }
@@ -91,6 +94,19 @@ void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
         sumDaysAgain(first, last);
     // That it was amended stays known, but nobody can bring it back.
     sqliteRun(m_database, kForgetBefore, from, to, program, program, isByTitle);
+}
+
+// Of deleted timers as well: what is forgotten does not come back with them.
+void HistoryFile::forgetPiece(const Amendment::Piece& piece) {
+    cutAt(piece.from);
+    cutAt(piece.to);
+    std::vector<Key> keys;
+    for (SqliteQuery row(m_database, "SELECT start, n FROM stretches WHERE start >= ? AND start < ?",
+                         piece.from, piece.to);
+         row.next();)
+        keys.push_back({row.integer(0), row.integer(1)});
+    for (const Key& key : keys)
+        change(key, *numbersAt(key), 0);
 }
 
 void HistoryFile::sumDaysAgain(std::int64_t first, std::int64_t last) {

@@ -5,6 +5,7 @@
 
 #include <QDate>
 
+#include <optional>
 #include <vector>
 
 // What the history says about a range of time, as the window shows it. All lengths are milliseconds; names
@@ -17,6 +18,18 @@ struct RangeAnswer {
         QString name;
         qint64 length = 0;
         std::vector<Entry> parts{};
+        // A title that was given by hand to some of this time.
+        bool isNamedByHand = false;
+    };
+    // What a piece was before it was changed by hand.
+    struct Amended {
+        // When it was changed last, in milliseconds since 1970.
+        qint64 made;
+        // Else there was nothing, or it was idle: time was booked.
+        bool wasWork;
+        // Those it had, where they were others.
+        QStringList titles;
+        QStringList projects;
     };
     // One stretch, for the picture of a day, of whatever presence: neighbours differ in something. In order of time,
     // and never overlapping.
@@ -29,6 +42,8 @@ struct RangeAnswer {
         // In the sidebar's order; empty for none.
         QStringList projects;
         RecordedStretch::Presence presence = RecordedStretch::Presence::Work;
+        // Absent for what is as it was measured.
+        std::optional<Amended> amended{};
 
         qint64 end() const { return start + length; }
     };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/report/RangeQuestion.h"
 
+#include "Classes/report/AmendedStretches.h"
 #include "Classes/report/Moment.h"
 #include "Classes/report/RecordedNames.h"
 #include "Classes/report/ReportReading.h"
@@ -12,6 +13,9 @@
 namespace {
 
 using Entry = RangeAnswer::Entry;
+
+// Milliseconds.
+constexpr qint64 kDay = 86'400'000;
 
 // Reads one file for one question, once for each kind of sum.
 class Reading {
@@ -42,12 +46,20 @@ public:
         return report.lines();
     }
 
+    const AmendedStretches& amended() {
+        if (!m_amended)
+            m_amended = AmendedStretches::in(m_history, m_request.from.toMSecsSinceEpoch(),
+                                             m_request.to.toMSecsSinceEpoch(), m_names);
+        return *m_amended;
+    }
+
 private:
     SqliteDatabase& m_history;
     UnwrittenRows m_unwritten;
     RecordedNames m_names;
     int m_dayBegins;
     ReportRequest m_request;
+    std::optional<AmendedStretches> m_amended;
 };
 
 QString textIn(const ReportLine& line, std::size_t cell) {
@@ -76,7 +88,22 @@ std::vector<Entry> entriesOf(const std::vector<ReportLine>& lines) {
     return entries;
 }
 
-std::vector<RangeAnswer::Piece> piecesOf(const std::vector<ReportLine>& lines) {
+void markNamed(std::vector<Entry>& titles, const QString& program, const AmendedStretches& amended) {
+    for (Entry& title : titles)
+        title.isNamedByHand = amended.haveNamed(program, title.name);
+}
+
+bool isMeant(const RowChoice& row, const ReportLine& line) {
+    const QString program = textIn(line, 2);
+    if (!row.isProject)
+        return program == row.name && (!row.part || *row.part == textIn(line, 3));
+    const QJsonArray projects = line.cells[4].toArray();
+    const bool isOfProject = projects.isEmpty() ? row.name == kNoProject : projects.contains(row.name);
+    return isOfProject && (!row.part || *row.part == program);
+}
+
+std::vector<RangeAnswer::Piece> piecesOf(const std::vector<ReportLine>& lines,
+                                         const AmendedStretches& amended) {
     std::vector<RangeAnswer::Piece> pieces;
     pieces.reserve(lines.size());
     for (const ReportLine& line : lines) {
@@ -91,6 +118,7 @@ std::vector<RangeAnswer::Piece> piecesOf(const std::vector<ReportLine>& lines) {
                                                                 : RecordedStretch::Presence::Work});
         for (const QJsonValue& project : line.cells[4].toArray())
             pieces.back().projects << project.toString();
+        pieces.back().amended = amended.in(line.start, line.start + line.milliseconds);
     }
     return pieces;
 }
@@ -142,10 +170,12 @@ RangeAnswer RangeQuestion::answeredBy(SqliteDatabase& history) const {
     answer.programs = entriesOf(hasTitles() ? range.linesBy({ReportKey::App, ReportKey::Title})
                                             : range.linesBy({ReportKey::App}));
     answer.projects = entriesOf(range.linesBy({ReportKey::Project, ReportKey::App}));
-    for (const Entry& program : answer.programs)
+    for (Entry& program : answer.programs) {
         answer.work += program.length;
+        markNamed(program.parts, program.name, range.amended());
+    }
     if (days.step() == CalendarRange::Step::Stretch) {
-        answer.pieces = piecesOf(range.linesBy({ReportKey::Stretch}, ReportPresence::All));
+        answer.pieces = piecesOf(range.linesBy({ReportKey::Stretch}, ReportPresence::All), range.amended());
         return answer;
     }
     const ReportKey key = keyOf(days.step());
@@ -161,9 +191,10 @@ RangeAnswer RangeQuestion::answeredBy(SqliteDatabase& history) const {
 std::vector<RangeAnswer::Entry> RangeQuestion::titlesOf(const QString& program,
                                                         SqliteDatabase& history) const {
     const SqliteTransaction reading(history);
-    std::vector<Entry> titles =
-        entriesOf(Reading(*this, history).linesBy({ReportKey::Title}, ReportPresence::Work, program));
+    Reading range(*this, history);
+    std::vector<Entry> titles = entriesOf(range.linesBy({ReportKey::Title}, ReportPresence::Work, program));
     std::erase_if(titles, [](const Entry& title) { return title.name.isEmpty(); });
+    markNamed(titles, program, range.amended());
     return titles;
 }
 
@@ -173,4 +204,33 @@ qint64 RangeQuestion::workIn(SqliteDatabase& history) const {
     for (const ReportLine& line : Reading(*this, history).linesBy({ReportKey::App}))
         work += line.milliseconds;
     return work;
+}
+
+std::vector<Amendment::Piece> RangeQuestion::timesOf(const std::vector<RowChoice>& rows,
+                                                     SqliteDatabase& history) const {
+    const SqliteTransaction reading(history);
+    std::vector<Amendment::Piece> pieces;
+    for (const ReportLine& line : Reading(*this, history).linesBy({ReportKey::Stretch})) {
+        if (std::ranges::none_of(rows, [&](const RowChoice& row) { return isMeant(row, line); }))
+            continue;
+        const Amendment::Piece time{line.start, line.start + line.milliseconds};
+        if (!pieces.empty() && pieces.back().to == time.from)
+            pieces.back().to = time.to;
+        else
+            pieces.push_back(time);
+    }
+    return pieces;
+}
+
+std::vector<Amendment::Piece> RangeQuestion::wholeStretch(qint64 moment, const QString& program,
+                                                          const QString& title,
+                                                          SqliteDatabase& history) const {
+    const SqliteTransaction reading(history);
+    RangeQuestion around = *this;
+    around.piece = {moment - kDay, moment + kDay};
+    for (const ReportLine& line : Reading(around, history).linesBy({ReportKey::Stretch}, ReportPresence::All))
+        if (line.start <= moment && moment < line.start + line.milliseconds && textIn(line, 2) == program &&
+            textIn(line, 3) == title)
+            return {{line.start, line.start + line.milliseconds}};
+    return {};
 }

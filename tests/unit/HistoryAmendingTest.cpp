@@ -203,6 +203,18 @@ TEST_F(HistoryAmendingTest, aForgottenPiece_takesItsRecordAlong) {
     EXPECT_EQ(diary(), "Mail [Inbox] 20, Mail [Inbox] 20");
 }
 
+TEST_F(HistoryAmendingTest, forgottenPieces_areGoneAtOnce_andNothingElseIs) {
+    write({row(kNine, 60'000, "Mail", "Very private"), row(kNine + 60'000, 60'000, "Editor", "a.txt"),
+           row(kNine + 120'000, 60'000, "Mail", "Very private")});
+    amend(given(kNine + 30'000, kNine + 180'000));
+    HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
+    what.pieces = {{kNine, kNine + 60'000}, {kNine + 120'000, kNine + 200'000}};
+    change(what);
+    EXPECT_EQ(diary(), "Editor [a.txt] 60");
+    EXPECT_EQ(HistoryDiary::sums(path), "Editor [a.txt] 60");
+    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Very private")));
+}
+
 TEST_F(HistoryAmendingTest, whatWasForgottenByItsNewName_doesNotComeBack) {
     write({row(kNine, 60'000, "Mail", "Inbox")});
     const auto meeting = amend(named(kNine, kNine + 30'000, "Meeting"));

@@ -7,7 +7,10 @@
 #include "Classes/report/Moment.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 
+#include "tests/Places.h"
+
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -187,6 +190,152 @@ TEST_F(RangeQuestionTest, whatIsNotWrittenYet_makesNoDifference) {
             EXPECT_EQ(textOf(asked.answeredBy(part.database())), expected);
         }
     }
+}
+
+struct AmendedRangeTest : RangeQuestionTest {
+    AmendedRangeTest() { writeProjects({QStringLiteral("Meier"), QStringLiteral("Huber")}); }
+
+    // Each with an identity for the history; all have the mails as a member.
+    void writeProjects(const QStringList& names) {
+        PropertyListArray records;
+        for (const QString& name : names) {
+            ProjectRecord record;
+            record.setLabel(name);
+            record.addMembers({kMail});
+            record.setHistoryIdentity(identities.at(name));
+            records.push_back(record.entries());
+        }
+        ASSERT_TRUE(PropertyList::writeBinaryFile(records, ProjectFile::pathIn(m_folders.documents)));
+    }
+
+    void amend(const Amendment& what) {
+        HistoryFile::Written written;
+        HistoryBatch batch;
+        batch.changes = {HistoryChange::Amended{what, ++made}};
+        m_file.write(batch, written);
+    }
+    void give(int hour, int seconds, const QString& project) {
+        const auto identity = identities.find(project);
+        amend({.kind = Amendment::Kind::Change,
+               .pieces = {{at(hour), at(hour) + seconds * 1000}},
+               .project = RowProject{identity != identities.end() ? identity->second : std::nullopt},
+               .projectName = project});
+    }
+
+    static qint64 at(int hour) { return QDateTime(kToday, QTime(hour, 0)).toMSecsSinceEpoch(); }
+    // All that can be asked agrees.
+    QString projects() {
+        const QString day = textOf(answer(CalendarRange::span(kToday, kToday)).projects);
+        for (const CalendarRange& range : {CalendarRange::around(Kind::Week, kToday, Qt::Monday),
+                                           CalendarRange::around(Kind::Year, kToday, Qt::Monday)}) {
+            EXPECT_EQ(textOf(answer(range).projects), day);
+            EXPECT_EQ(answer(range).bars.front().projects.front().length,
+                      answer(range).projects.front().length);
+        }
+        return day;
+    }
+
+    std::map<QString, std::optional<Identity>> identities{
+        {QStringLiteral("Meier"), Identity::fromBytes("meiermei")},
+        {QStringLiteral("Huber"), Identity::fromBytes("huberhub")},
+        {QStringLiteral("Schmidt"), Identity::fromBytes("meiermei")}};
+    qint64 made = at(20);
+};
+
+TEST_F(AmendedRangeTest, whatIsGivenToAProject_isThatProjectsAlone) {
+    write(row(kToday, 9, 600, "Mail", "Inbox", {kMail, {}}));
+    write(row(kToday, 10, 60, "Draw", "Poster"));
+    EXPECT_EQ(projects(),
+              QStringLiteral("Huber 600 [Mail 600], Meier 600 [Mail 600], No project 60 [Draw 60]"));
+    give(9, 200, QStringLiteral("Meier"));
+    give(10, 60, QStringLiteral("Huber"));
+    EXPECT_EQ(projects(), QStringLiteral("Meier 600 [Mail 600], Huber 460 [Mail 400, Draw 60]"));
+    give(9, 600, QStringLiteral("No project"));
+    EXPECT_EQ(projects(), QStringLiteral("No project 600 [Mail 600], Huber 60 [Draw 60]"));
+}
+
+TEST_F(AmendedRangeTest, aRenamedProject_keepsWhatItWasGiven_aDeletedOneDoesNot) {
+    write(row(kToday, 10, 60, "Draw", "Poster"));
+    give(10, 60, QStringLiteral("Meier"));
+    writeProjects({QStringLiteral("Schmidt")});
+    EXPECT_EQ(projects(), QStringLiteral("Schmidt 60 [Draw 60]"));
+    writeProjects({QStringLiteral("Huber")});
+    EXPECT_EQ(projects(), QStringLiteral("No project 60 [Draw 60]"));
+    identities[QStringLiteral("Meier")].reset();
+    writeProjects({QStringLiteral("Meier")});
+    EXPECT_EQ(projects(), QStringLiteral("Meier 60 [Draw 60]")) << "found by its name";
+}
+
+TEST_F(AmendedRangeTest, aPiece_saysWhatItWasBefore) {
+    write(row(kToday, 9, 600, "Mail", "Inbox", {kMail, {}}));
+    write(row(kToday, 10, 60, "Draw", "Poster"));
+    amend({.kind = Amendment::Kind::Change,
+           .pieces = {{at(9), at(9) + 300'000}},
+           .name = QStringLiteral("Meeting")});
+    amend({.kind = Amendment::Kind::Book,
+           .pieces = {{at(11), at(12)}},
+           .name = QStringLiteral("By phone"),
+           .project = RowProject{identities.at(QStringLiteral("Meier"))}});
+    const RangeAnswer day = answer(CalendarRange::span(kToday, kToday));
+    ASSERT_EQ(day.pieces.size(), 4U);
+    ASSERT_TRUE(day.pieces[0].amended);
+    EXPECT_TRUE(day.pieces[0].amended->wasWork);
+    EXPECT_EQ(day.pieces[0].amended->titles, QStringList(QStringLiteral("Inbox")));
+    EXPECT_EQ(day.pieces[0].amended->made, at(20) + 1);
+    EXPECT_FALSE(day.pieces[1].amended);
+    EXPECT_FALSE(day.pieces[2].amended);
+    ASSERT_TRUE(day.pieces[3].amended);
+    EXPECT_FALSE(day.pieces[3].amended->wasWork);
+    EXPECT_EQ(day.pieces[3].presence, RecordedStretch::Presence::ByHand);
+    EXPECT_EQ(day.pieces[3].projects, QStringList(QStringLiteral("Meier")));
+    EXPECT_EQ(textOf(day.programs),
+              QStringLiteral(
+                  "By Hand 3600 [By phone 3600], Mail 600 [Inbox 300, Meeting 300], Draw 60 [Poster 60]"));
+    EXPECT_FALSE(day.programs[1].parts[0].isNamedByHand);
+    EXPECT_TRUE(day.programs[1].parts[1].isNamedByHand);
+    EXPECT_TRUE(day.programs[0].parts[0].isNamedByHand);
+    const auto year = question(CalendarRange::around(Kind::Year, kToday, Qt::Monday));
+    EXPECT_TRUE(year.titlesOf(kByHandName, m_file.database())[0].isNamedByHand);
+}
+
+TEST_F(AmendedRangeTest, rowsThatAreChosen_haveTheirTimes) {
+    write(row(kToday, 9, 600, "Mail", "Inbox", {kMail, {}}));
+    write(row(kToday, 10, 60, "Draw", "Poster"));
+    write(row(kToday, 11, 60, "Mail", "Inbox"));
+    write(row(kToday, 12, 60, "Mail", "Sent"));
+    const auto times = [&](const RowChoice& choice) {
+        QStringList texts;
+        for (const auto& [from, to] :
+             question(CalendarRange::span(kToday, kToday)).timesOf({choice}, m_file.database()))
+            texts << QStringLiteral("%1+%2").arg((from - at(0)) / 3'600'000).arg((to - from) / 1000);
+        return texts.join(u' ');
+    };
+    EXPECT_EQ(times({false, QStringLiteral("Mail"), {}}), QStringLiteral("9+600 11+60 12+60"));
+    EXPECT_EQ(times({false, QStringLiteral("Mail"), QStringLiteral("Inbox")}), QStringLiteral("9+600 11+60"));
+    EXPECT_EQ(times({true, QStringLiteral("Meier"), {}}), QStringLiteral("9+600"));
+    EXPECT_EQ(times({true, kNoProject, QStringLiteral("Mail")}), QStringLiteral("11+60 12+60"));
+}
+
+TEST_F(AmendedRangeTest, aStretchThatReachesOutOfTheRange_isMeantAsAWhole) {
+    for (int hour = 9; hour < 12; ++hour)
+        write(row(kToday, hour, 3600, "Mail", "Inbox", {kMail, {}}));
+    RangeQuestion piece = question(CalendarRange::span(kToday, kToday));
+    piece.piece = {at(10), at(10) + 60'000};
+    const auto whole =
+        piece.wholeStretch(at(10) + 1000, QStringLiteral("Mail"), QStringLiteral("Inbox"), m_file.database());
+    ASSERT_EQ(whole.size(), 1U);
+    EXPECT_EQ(whole[0].from, at(9));
+    EXPECT_EQ(whole[0].to, at(12));
+}
+
+// A file that Ticklog has not opened since: ticklog-report and the window read it.
+TEST_F(AmendedRangeTest, aFileOfTheFirstForm_isReadAsItIs) {
+    const QString path = m_folder.filePath(QStringLiteral("old.sqlite"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(TICKLOG_SOURCE_DIR "/tests/data/history/1.sqlite"), path));
+    SqliteDatabase old(path, SqliteDatabase::Mode::Read, 0);
+    const QDate day = QDateTime::fromMSecsSinceEpoch(old.number("SELECT min(start) FROM stretches")).date();
+    EXPECT_EQ(textOf(question(CalendarRange::span(day, day)).answeredBy(old).projects),
+              QStringLiteral("Huber 60 [Mail 60], Meier 60 [Mail 60], No project 30 [Editor 30]"));
 }
 
 } // namespace

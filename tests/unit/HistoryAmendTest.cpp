@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// What a person says about the past, with the program around the file.
+#include "Classes/engine/TimeTracker.h"
+#include "Classes/report/RangeQuestion.h"
+#include "tests/unit/HistoryScene.h"
+
+#include <random>
+
+namespace {
+
+struct HistoryAmendTest : HistoryTest {
+    std::int64_t now() const {
+        return std::chrono::floor<std::chrono::milliseconds>(scene.day.fakes.clock.now())
+            .time_since_epoch()
+            .count();
+    }
+    Amendment last(std::int64_t seconds, const char* name, Amendment::Kind kind = Amendment::Kind::Change) {
+        return {.kind = kind, .pieces = {{now() - seconds * 1000, now()}}, .name = QString::fromUtf8(name)};
+    }
+};
+
+TEST_F(HistoryAmendTest, whatGoesOn_isNamedUpToNow) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(40);
+    int told = 0;
+    const auto listening = scene.history->observeAmending([&] { ++told; });
+    const auto meeting = scene.history->amend(last(30, "  Meeting\n"));
+    ASSERT_TRUE(meeting);
+    EXPECT_TRUE(scene.history->unwritten().empty() || told == 0);
+    day.fakes.runLoop.runPending();
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(scene.history->unwritten().empty());
+    day.seconds(20);
+    scene.history->takeBack(*meeting);
+    day.fakes.runLoop.runPending();
+    EXPECT_EQ(told, 2);
+    day.seconds(5);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 65");
+    scene.history->amend(last(55, "Meeting"));
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 10, Mail [Meeting] 55");
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
+TEST_F(HistoryAmendTest, whatIsStillToCome_isNotBooked) {
+    Amendment later = last(10, "Meeting", Amendment::Kind::Book);
+    later.pieces.front().to = now() + 3'600'000;
+    later.pieces.push_back({now() + 1000, now() + 2000});
+    ASSERT_TRUE(scene.history->amend(later));
+    EXPECT_EQ(scene.diary(), "By Hand [Meeting] by hand 10");
+    EXPECT_FALSE(scene.history->amend({.kind = Amendment::Kind::Book, .pieces = {{now(), now() + 5000}}}));
+}
+
+TEST_F(HistoryAmendTest, noHistory_nothingIsAmended) {
+    day.fakes.defaults.setObject(kHistoryDays, std::int64_t(-1));
+    day.fakes.runLoop.runPending();
+    EXPECT_FALSE(scene.history->amend(last(10, "Meeting", Amendment::Kind::Book)));
+}
+
+// The timers say what was measured, whatever is said about it, also after a crash.
+TEST_F(HistoryAmendTest, afterACrash_theTimersAreWhatTheyWere) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(100);
+    scene.save();
+    day.seconds(50);
+    scene.history->amend(last(120, "Meeting"));
+    scene.history->amend({.kind = Amendment::Kind::Book,
+                          .pieces = {{now() - 7'200'000, now()}},
+                          .name = QStringLiteral("By phone")});
+    day.fakes.runLoop.runPending();
+    const auto next = relaunched(scene);
+    EXPECT_EQ(next->day.tree(), "Mail 150 [Inbox 150]");
+    EXPECT_EQ(next->diary(), "By Hand [By phone] by hand 7050, Mail [Inbox] 30, Mail [Meeting] 120");
+}
+
+TEST_F(HistoryAmendTest, aDiskThatHangs_hasItWhenItAnswers) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(40);
+    scene.isHanging = true;
+    scene.history->amend(last(30, "Meeting"));
+    day.seconds(40);
+    scene.isHanging = false;
+    for (const auto& work : std::exchange(scene.held, {}))
+        work();
+    day.fakes.runLoop.runPending();
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 10, Mail [Meeting] 30, Mail [Inbox] 40");
+}
+
+} // namespace
