@@ -8,6 +8,7 @@
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
+#include "interface/history/Amending.h"
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryToday.h"
 #include "interface/mainwindow/ObstacleBar.h"
@@ -68,6 +69,14 @@ public:
                   .isCounting = [&] { return controller.timer().isRunning(); },
                   .labelOf = [&](const QString& name) { return controller.colorOfProject(name); }},
                  history)
+        , m_amending({.window = controller.window(),
+                      .view = m_side,
+                      .history = history,
+                      .projects = controller.projects(),
+                      .undoStack = controller.undoStack(),
+                      .alerts = alerts,
+                      .clock = platform.clock,
+                      .save = [&] { controller.saveSettingsToDisk(); }})
         , m_today({.history = history,
                    .runLoop = platform.runLoop,
                    .clock = platform.clock,
@@ -84,6 +93,7 @@ public:
 
 private:
     HistoryController m_side;
+    Amending m_amending;
     HistoryToday m_today;
     PauseMenu m_pauses;
 };

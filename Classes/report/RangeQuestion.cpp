@@ -211,7 +211,8 @@ std::vector<Amendment::Piece> RangeQuestion::timesOf(const std::vector<RowChoice
     const SqliteTransaction reading(history);
     std::vector<Amendment::Piece> pieces;
     for (const ReportLine& line : Reading(*this, history).linesBy({ReportKey::Stretch})) {
-        if (std::ranges::none_of(rows, [&](const RowChoice& row) { return isMeant(row, line); }))
+        if (!rows.empty() &&
+            std::ranges::none_of(rows, [&](const RowChoice& row) { return isMeant(row, line); }))
             continue;
         const Amendment::Piece time{line.start, line.start + line.milliseconds};
         if (!pieces.empty() && pieces.back().to == time.from)

@@ -24,7 +24,7 @@ struct RangeQuestion {
     std::vector<RangeAnswer::Entry> titlesOf(const QString& program, SqliteDatabase& history) const;
     // How long was worked in the range, in milliseconds.
     qint64 workIn(SqliteDatabase& history) const;
-    // When the rows were that a person has chosen, without idle time. In order of time.
+    // When the rows were that a person has chosen, or all rows if none is, without idle time. In order of time.
     std::vector<Amendment::Piece> timesOf(const std::vector<RowChoice>& rows, SqliteDatabase& history) const;
     // From when to when the stretch was whose middle is at this moment, even if it reaches out of the range. Empty
     // when there is none of this program and title.

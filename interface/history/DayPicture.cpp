@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/DayPicture.h"
 
+#include "interface/history/AmendTexts.h"
 #include "interface/history/PictureTexts.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -224,7 +225,10 @@ QString DayPicture::itemText(int item) const {
 }
 
 QString DayPicture::itemDetail(int item) const {
-    return m_pieces[std::size_t(item)].title;
+    const Piece& piece = m_pieces[std::size_t(item)];
+    QStringList details{piece.title, AmendTexts::of(piece)};
+    details.removeAll(QString());
+    return details.join(QStringLiteral(". "));
 }
 
 QRect DayPicture::itemRect(int item) const {

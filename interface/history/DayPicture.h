@@ -38,6 +38,8 @@ public:
     double momentAt(double x) const;
     QRect laneRect(Lane lane) const;
     Lane currentLane() const { return m_lane; }
+    // What a click there means; below 0 for nothing.
+    int itemAt(const QPoint& position) const { return laneAt(position) ? pieceAt(position.x()) : -1; }
 
     int itemCount() const override { return int(m_pieces.size()); }
     QString itemText(int item) const override;

@@ -2,6 +2,7 @@
 // Mouse and keyboard in a day.
 #include "interface/history/DayPicture.h"
 
+#include "interface/history/AmendTexts.h"
 #include "interface/history/PictureTexts.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -59,6 +60,8 @@ PictureTip::Line DayPicture::lineOf(int item, Lane lane) const {
     QString detail = PictureTexts::fromTo(piece.start, piece.end());
     if (!piece.title.isEmpty())
         detail += u'\n' + piece.title;
+    if (const QString amended = AmendTexts::of(piece); !amended.isEmpty())
+        detail += u'\n' + amended;
     return {entry.colors.front(), text, PictureTexts::length(piece.length),
             detail.replace(u'\n', QChar::LineSeparator)};
 }

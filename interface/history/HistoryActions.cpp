@@ -18,7 +18,7 @@ QAction* make(QObject* window, const char* name, const QString& text, const QKey
 
 } // namespace
 
-HistoryActions::HistoryActions(QObject* window)
+HistoryActions::HistoryActions(QWidget* window)
     : back(make(window, "historyBack", localized("&Back"), Qt::ALT | Qt::Key_Left))
     , forward(make(window, "historyForward", localized("&Forward"), Qt::ALT | Qt::Key_Right))
     , today(make(window, "historyToday", localized("&Today"), Qt::ALT | Qt::Key_Home))
@@ -29,7 +29,8 @@ HistoryActions::HistoryActions(QObject* window)
             make(window, "historySpan", localized("F&rom – To…"), Qt::ALT | Qt::Key_5)}
     , byProgram(make(window, "historyByProgram", localized("By &Program"), Qt::ALT | Qt::Key_6))
     , byProject(make(window, "historyByProject", localized("By Pro&ject"), Qt::ALT | Qt::Key_7))
-    , timeSheet(make(window, "timeSheet", localized("Time &Sheet…"), Qt::CTRL | Qt::SHIFT | Qt::Key_T)) {
+    , timeSheet(make(window, "timeSheet", localized("Time &Sheet…"), Qt::CTRL | Qt::SHIFT | Qt::Key_T))
+    , amend(window) {
     auto* kindGroup = new QActionGroup(window);
     for (QAction* kind : kinds)
         kindGroup->addAction(kind);
@@ -52,6 +53,8 @@ void HistoryActions::fill(QMenu& menu) const {
     for (QAction* by : {byProgram, byProject})
         menu.addAction(by);
     menu.addSeparator();
+    amend.fill(menu);
+    menu.addSeparator();
     menu.addAction(timeSheet);
 }
 
@@ -59,5 +62,5 @@ QList<QAction*> HistoryActions::all() const {
     QList<QAction*> all{back, forward, today, byProgram, byProject, timeSheet};
     for (QAction* kind : kinds)
         all << kind;
-    return all;
+    return all + amend.all();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/report/CalendarRange.h"
+#include "interface/history/AmendActions.h"
 
 #include <QAction>
 
@@ -12,7 +13,7 @@ class QMenu;
 // The commands of the history, made once for the menu, the buttons and the keyboard. They belong to `window`; what
 // they do is connected from outside.
 struct HistoryActions {
-    explicit HistoryActions(QObject* window);
+    explicit HistoryActions(QWidget* window);
 
     void fill(QMenu& menu) const;
     QList<QAction*> all() const;
@@ -28,4 +29,5 @@ struct HistoryActions {
     QAction* byProject;
     // Of the days that are shown, or of the week around them.
     QAction* timeSheet;
+    AmendActions amend;
 };

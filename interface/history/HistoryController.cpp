@@ -6,6 +6,7 @@
 #include "Classes/record/WholeFile.h"
 #include "Classes/report/Moment.h"
 #include "interface/export/FileExtension.h"
+#include "interface/history/AmendTexts.h"
 #include "interface/history/DayPicture.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
@@ -97,7 +98,7 @@ void HistoryController::connectRange() {
     for (QAction* by : {m_actions.byProgram, m_actions.byProject})
         on(by, [this] {
             m_ground.platform.defaults.setObject(kHistoryByProject, m_actions.byProject->isChecked());
-            show(m_answer);
+            showAnswer();
         });
     QObject::connect(&m_pane.rangeBar(), &RangeBar::dayChosen, &m_receiver, [this](QDate day) {
         showRange(CalendarRange::around(m_range.kind(), day, firstDayOfWeek()));
@@ -209,13 +210,17 @@ void HistoryController::ask() {
         [this](const Result<RangeAnswer>& answer) {
             m_isAsking = false;
             // There may be nothing to read yet, or nothing that can be read.
-            show(answer ? *answer : RangeAnswer());
+            m_answer = answer ? *answer : RangeAnswer();
+            AmendTexts::translate(m_answer);
+            showAnswer();
         });
 }
 
 void HistoryController::askForTitles(const QString& program) {
     m_titleReader->ask<std::vector<RangeAnswer::Entry>>(
-        [question = question(), program](SqliteDatabase& file) { return question.titlesOf(program, file); },
+        [question = question(), name = AmendTexts::recordedProgram(program)](SqliteDatabase& file) {
+            return question.titlesOf(name, file);
+        },
         [this, program](const Result<std::vector<RangeAnswer::Entry>>& titles) {
             if (titles)
                 m_pane.outline().rows().showParts(program, *titles);
@@ -231,9 +236,7 @@ RangeQuestion HistoryController::question() const {
             .unwritten = m_history.unwritten()};
 }
 
-void HistoryController::show(const RangeAnswer& answer) {
-    if (&answer != &m_answer)
-        m_answer = answer;
+void HistoryController::showAnswer() {
     const bool isByProject = m_actions.byProject->isChecked();
     HistoryOutline& outline = m_pane.outline();
     outline.rows().setNameHeading(isByProject ? localized("Project") : localized("Program"));
@@ -245,6 +248,7 @@ void HistoryController::show(const RangeAnswer& answer) {
     outline.setInvitation(invitation());
     showPicture();
     showSum();
+    m_shown.tell();
 }
 
 void HistoryController::showPicture() {

@@ -39,6 +39,13 @@ public:
     void showRange(const CalendarRange& range);
     // Only this piece of the day that is shown (milliseconds since 1970); absent for the whole day.
     void showPiece(std::optional<std::pair<qint64, qint64>> piece);
+    const std::optional<std::pair<qint64, qint64>>& piece() const { return m_piece; }
+    // What is asked, and the answer that is shown.
+    RangeQuestion question() const;
+    const RangeAnswer& answer() const { return m_answer; }
+    Subscription observeAnswers(std::function<void()> told) { return m_shown.observe(std::move(told)); }
+    // The history was changed: shows what it says now.
+    void lookAgain() { askAnew(); }
     // Opens the time sheet of the days that are shown; of the week around a single day, or at the beginning of a range
     // that is too long for a page.
     void showTimeSheet();
@@ -57,8 +64,7 @@ private:
     void askAgain();
     void ask();
     void askForTitles(const QString& program);
-    RangeQuestion question() const;
-    void show(const RangeAnswer& answer);
+    void showAnswer();
     void showPicture();
     void showSum();
     QString invitation() const;
@@ -80,6 +86,7 @@ private:
     std::optional<std::pair<qint64, qint64>> m_piece;
     // The answer that is shown.
     RangeAnswer m_answer;
+    const News m_shown;
     bool m_isAsking = false;
     bool m_isSeen = false;
     // Null while nothing can grow, or nobody looks.

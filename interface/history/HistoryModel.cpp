@@ -15,6 +15,7 @@ struct HistoryModel::Row {
     Row* parent = nullptr;
     Rows rows{};
     bool arePartsKnown = true;
+    bool isNamedByHand = false;
 };
 
 HistoryModel::HistoryModel(QObject* parent)
@@ -88,6 +89,7 @@ void HistoryModel::change(const QModelIndex& parent, const std::vector<RangeAnsw
     for (const auto& entry : entries) {
         const int row = places.value(entry.name);
         rows[std::size_t(row)]->length = entry.length;
+        rows[std::size_t(row)]->isNamedByHand = entry.isNamedByHand;
         // Known titles of a longer range stay until they are asked for again.
         if (!m_arePartsAsked && !parent.isValid())
             change(index(row, NameColumn), entry.parts);
@@ -169,7 +171,13 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         return index.column() == NameColumn ? QVariant() : QVariant(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::ToolTipRole:
-        return index.column() == NameColumn ? QVariant(PlainText::toolTip(row.name)) : QVariant();
+        if (index.column() != NameColumn)
+            return {};
+        return PlainText::toolTip(row.isNamedByHand ? row.name + u'\n' + localized("Named by hand")
+                                                    : row.name);
+    case Qt::AccessibleDescriptionRole:
+        return index.column() == NameColumn && row.isNamedByHand ? QVariant(localized("Named by hand"))
+                                                                 : QVariant();
     default:
         return {};
     }

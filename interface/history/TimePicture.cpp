@@ -26,7 +26,8 @@ TimePicture::~TimePicture() {
 void TimePicture::setCurrentItem(int item) {
     if (item >= itemCount())
         item = -1;
-    m_current = item;
+    if (std::exchange(m_current, item) != item)
+        Q_EMIT currentItemChanged();
     update();
     if (item < 0) {
         tellNothing();
@@ -43,7 +44,8 @@ void TimePicture::setCurrentItem(int item) {
 
 void TimePicture::itemsChanged(int current) {
     const bool isTelling = tip() != nullptr;
-    m_current = current;
+    if (std::exchange(m_current, current) != current)
+        Q_EMIT currentItemChanged();
     stillChanged();
     if (m_pointer)
         tellAt(*m_pointer);

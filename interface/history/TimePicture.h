@@ -36,6 +36,9 @@ public:
     // Null while nothing is told.
     const PictureTip* tip() const { return m_tip && !m_tip->isHidden() ? m_tip.data() : nullptr; }
 
+Q_SIGNALS:
+    void currentItemChanged();
+
 protected:
     virtual void paintStill(QPainter& painter) = 0;
     // What moves, over it; in the widget's own coordinates.

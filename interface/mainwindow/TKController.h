@@ -130,6 +130,7 @@ public:
     LoginItemControl& loginItem() { return m_loginItem; }
     MainWindow& window() { return m_window; }
     ProjectList& projects() { return m_projects; }
+    QUndoStack& undoStack() { return m_undoStack; }
     TKProjectController& projectController() { return *m_projectController; }
 
     void showToggle(const QString& image, const QString& label) override;

@@ -1679,5 +1679,101 @@
         <source>Chapters</source>
         <translation>Kapitel</translation>
     </message>
+    <message>
+        <source>&amp;Give to Project</source>
+        <translation>&amp;Einem Projekt geben</translation>
+    </message>
+    <message>
+        <source>&amp;Name This Time…</source>
+        <translation>&amp;Benennen…</translation>
+    </message>
+    <message>
+        <source>Boo&amp;k Time…</source>
+        <translation>Zeit bu&amp;chen…</translation>
+    </message>
+    <message>
+        <source>Forg&amp;et This Time…</source>
+        <translation>Diese Zeit &amp;vergessen…</translation>
+    </message>
+    <message>
+        <source>Booked by hand on %1</source>
+        <translation>Von Hand gebucht am %1</translation>
+    </message>
+    <message>
+        <source>Given to its project by hand on %1</source>
+        <translation>Dem Projekt von Hand gegeben am %1</translation>
+    </message>
+    <message>
+        <source>Named by hand on %1, before: %2</source>
+        <translation>Von Hand benannt am %1, vorher: %2</translation>
+    </message>
+    <message>
+        <source>By Hand</source>
+        <translation>Von Hand</translation>
+    </message>
+    <message>
+        <source>&amp;No Project</source>
+        <translation>&amp;Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Give to Project</source>
+        <translation>Einem Projekt geben</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>Buchen</translation>
+    </message>
+    <message>
+        <source>&amp;Book</source>
+        <translation>&amp;Buchen</translation>
+    </message>
+    <message>
+        <source>Book Time</source>
+        <translation>Zeit buchen</translation>
+    </message>
+    <message>
+        <source>&amp;Begin:</source>
+        <translation>B&amp;eginn:</translation>
+    </message>
+    <message>
+        <source>&amp;End:</source>
+        <translation>E&amp;nde:</translation>
+    </message>
+    <message>
+        <source>&amp;What was it?</source>
+        <translation>&amp;Was war es?</translation>
+    </message>
+    <message>
+        <source>&amp;Project:</source>
+        <translation>&amp;Projekt:</translation>
+    </message>
+    <message>
+        <source>It ends before it begins.</source>
+        <translation>Das Ende liegt vor dem Beginn.</translation>
+    </message>
+    <message>
+        <source>Nothing is free there: it was worked, or is still to come.</source>
+        <translation>Dort ist nichts frei: Es wurde gearbeitet, oder die Zeit kommt noch.</translation>
+    </message>
+    <message>
+        <source>%1 are free there. What was worked stays as it is.</source>
+        <translation>Davon sind %1 frei. Was gearbeitet wurde, bleibt.</translation>
+    </message>
+    <message>
+        <source>Named by hand</source>
+        <translation>Von Hand benannt</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Benennen</translation>
+    </message>
+    <message>
+        <source>Name This Time</source>
+        <translation>Zeit benennen</translation>
+    </message>
+    <message>
+        <source>The time stays with its programs. The history notes what was changed by hand.</source>
+        <translation>Die Zeit bleibt bei ihren Programmen. Der Verlauf hält fest, was von Hand geändert wurde.</translation>
+    </message>
 </context>
 </TS>

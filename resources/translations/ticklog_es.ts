@@ -1679,5 +1679,101 @@
         <source>Chapters</source>
         <translation>Capítulos</translation>
     </message>
+    <message>
+        <source>&amp;Give to Project</source>
+        <translation>Asi&amp;gnar a un proyecto</translation>
+    </message>
+    <message>
+        <source>&amp;Name This Time…</source>
+        <translation>Dar &amp;nombre a este tiempo…</translation>
+    </message>
+    <message>
+        <source>Boo&amp;k Time…</source>
+        <translation>&amp;Registrar tiempo…</translation>
+    </message>
+    <message>
+        <source>Forg&amp;et This Time…</source>
+        <translation>Ol&amp;vidar este tiempo…</translation>
+    </message>
+    <message>
+        <source>Booked by hand on %1</source>
+        <translation>Registrado a mano el %1</translation>
+    </message>
+    <message>
+        <source>Given to its project by hand on %1</source>
+        <translation>Asignado al proyecto a mano el %1</translation>
+    </message>
+    <message>
+        <source>Named by hand on %1, before: %2</source>
+        <translation>Nombrado a mano el %1, antes: %2</translation>
+    </message>
+    <message>
+        <source>By Hand</source>
+        <translation>A mano</translation>
+    </message>
+    <message>
+        <source>&amp;No Project</source>
+        <translation>&amp;Sin proyecto</translation>
+    </message>
+    <message>
+        <source>Give to Project</source>
+        <translation>Asignar a un proyecto</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>Registrar</translation>
+    </message>
+    <message>
+        <source>&amp;Book</source>
+        <translation>&amp;Registrar</translation>
+    </message>
+    <message>
+        <source>Book Time</source>
+        <translation>Registrar tiempo</translation>
+    </message>
+    <message>
+        <source>&amp;Begin:</source>
+        <translation>&amp;Inicio:</translation>
+    </message>
+    <message>
+        <source>&amp;End:</source>
+        <translation>&amp;Fin:</translation>
+    </message>
+    <message>
+        <source>&amp;What was it?</source>
+        <translation>¿&amp;Qué era?</translation>
+    </message>
+    <message>
+        <source>&amp;Project:</source>
+        <translation>&amp;Proyecto:</translation>
+    </message>
+    <message>
+        <source>It ends before it begins.</source>
+        <translation>Termina antes de empezar.</translation>
+    </message>
+    <message>
+        <source>Nothing is free there: it was worked, or is still to come.</source>
+        <translation>Allí no hay nada libre: se trabajó o está aún por venir.</translation>
+    </message>
+    <message>
+        <source>%1 are free there. What was worked stays as it is.</source>
+        <translation>Hay %1 libres. Lo trabajado queda como está.</translation>
+    </message>
+    <message>
+        <source>Named by hand</source>
+        <translation>Nombrado a mano</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nombrar</translation>
+    </message>
+    <message>
+        <source>Name This Time</source>
+        <translation>Dar nombre a este tiempo</translation>
+    </message>
+    <message>
+        <source>The time stays with its programs. The history notes what was changed by hand.</source>
+        <translation>El tiempo sigue siendo de sus programas. El historial anota lo que se cambió a mano.</translation>
+    </message>
 </context>
 </TS>

@@ -1679,5 +1679,101 @@
         <source>Chapters</source>
         <translation>Chapitres</translation>
     </message>
+    <message>
+        <source>&amp;Give to Project</source>
+        <translation>Attri&amp;buer à un projet</translation>
+    </message>
+    <message>
+        <source>&amp;Name This Time…</source>
+        <translation>&amp;Nommer ce temps…</translation>
+    </message>
+    <message>
+        <source>Boo&amp;k Time…</source>
+        <translation>Sa&amp;isir du temps…</translation>
+    </message>
+    <message>
+        <source>Forg&amp;et This Time…</source>
+        <translation>&amp;Oublier ce temps…</translation>
+    </message>
+    <message>
+        <source>Booked by hand on %1</source>
+        <translation>Saisi à la main le %1</translation>
+    </message>
+    <message>
+        <source>Given to its project by hand on %1</source>
+        <translation>Attribué au projet à la main le %1</translation>
+    </message>
+    <message>
+        <source>Named by hand on %1, before: %2</source>
+        <translation>Nommé à la main le %1, avant&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>By Hand</source>
+        <translation>À la main</translation>
+    </message>
+    <message>
+        <source>&amp;No Project</source>
+        <translation>&amp;Sans projet</translation>
+    </message>
+    <message>
+        <source>Give to Project</source>
+        <translation>Attribuer à un projet</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>Saisir</translation>
+    </message>
+    <message>
+        <source>&amp;Book</source>
+        <translation>&amp;Saisir</translation>
+    </message>
+    <message>
+        <source>Book Time</source>
+        <translation>Saisir du temps</translation>
+    </message>
+    <message>
+        <source>&amp;Begin:</source>
+        <translation>&amp;Début&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;End:</source>
+        <translation>&amp;Fin&#xa0;:</translation>
+    </message>
+    <message>
+        <source>&amp;What was it?</source>
+        <translation>&amp;Qu’était-ce&#xa0;?</translation>
+    </message>
+    <message>
+        <source>&amp;Project:</source>
+        <translation>&amp;Projet&#xa0;:</translation>
+    </message>
+    <message>
+        <source>It ends before it begins.</source>
+        <translation>La fin précède le début.</translation>
+    </message>
+    <message>
+        <source>Nothing is free there: it was worked, or is still to come.</source>
+        <translation>Rien n’y est libre&#xa0;: on y a travaillé, ou ce temps est encore à venir.</translation>
+    </message>
+    <message>
+        <source>%1 are free there. What was worked stays as it is.</source>
+        <translation>%1 y sont libres. Ce qui a été travaillé reste tel quel.</translation>
+    </message>
+    <message>
+        <source>Named by hand</source>
+        <translation>Nommé à la main</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nommer</translation>
+    </message>
+    <message>
+        <source>Name This Time</source>
+        <translation>Nommer ce temps</translation>
+    </message>
+    <message>
+        <source>The time stays with its programs. The history notes what was changed by hand.</source>
+        <translation>Le temps reste à ses programmes. L’historique note ce qui a été changé à la main.</translation>
+    </message>
 </context>
 </TS>

@@ -1679,5 +1679,101 @@
         <source>Chapters</source>
         <translation>章</translation>
     </message>
+    <message>
+        <source>&amp;Give to Project</source>
+        <translation>プロジェクトに割り当てる(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Name This Time…</source>
+        <translation>この時間に名前を付ける(&amp;N)…</translation>
+    </message>
+    <message>
+        <source>Boo&amp;k Time…</source>
+        <translation>時間を記入(&amp;K)…</translation>
+    </message>
+    <message>
+        <source>Forg&amp;et This Time…</source>
+        <translation>この時間を忘れる(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Booked by hand on %1</source>
+        <translation>%1に手で記入</translation>
+    </message>
+    <message>
+        <source>Given to its project by hand on %1</source>
+        <translation>%1に手でプロジェクトに割り当て</translation>
+    </message>
+    <message>
+        <source>Named by hand on %1, before: %2</source>
+        <translation>%1に手で命名、以前: %2</translation>
+    </message>
+    <message>
+        <source>By Hand</source>
+        <translation>手で記入</translation>
+    </message>
+    <message>
+        <source>&amp;No Project</source>
+        <translation>プロジェクトなし(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Give to Project</source>
+        <translation>プロジェクトに割り当てる</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>記入</translation>
+    </message>
+    <message>
+        <source>&amp;Book</source>
+        <translation>記入(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Book Time</source>
+        <translation>時間を記入</translation>
+    </message>
+    <message>
+        <source>&amp;Begin:</source>
+        <translation>開始(&amp;E):</translation>
+    </message>
+    <message>
+        <source>&amp;End:</source>
+        <translation>終了(&amp;N):</translation>
+    </message>
+    <message>
+        <source>&amp;What was it?</source>
+        <translation>何でしたか(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Project:</source>
+        <translation>プロジェクト(&amp;P):</translation>
+    </message>
+    <message>
+        <source>It ends before it begins.</source>
+        <translation>終了が開始より前です。</translation>
+    </message>
+    <message>
+        <source>Nothing is free there: it was worked, or is still to come.</source>
+        <translation>空いている時間がありません。作業済みか、まだ来ていない時間です。</translation>
+    </message>
+    <message>
+        <source>%1 are free there. What was worked stays as it is.</source>
+        <translation>空いているのは%1です。作業した時間はそのままです。</translation>
+    </message>
+    <message>
+        <source>Named by hand</source>
+        <translation>手で命名</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名前を付ける(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Name This Time</source>
+        <translation>この時間に名前を付ける</translation>
+    </message>
+    <message>
+        <source>The time stays with its programs. The history notes what was changed by hand.</source>
+        <translation>時間はプログラムのもののままです。履歴には手で変更したことが記録されます。</translation>
+    </message>
 </context>
 </TS>

@@ -1679,5 +1679,101 @@
         <source>Chapters</source>
         <translation>Rozdziały</translation>
     </message>
+    <message>
+        <source>&amp;Give to Project</source>
+        <translation>Prz&amp;ypisz do projektu</translation>
+    </message>
+    <message>
+        <source>&amp;Name This Time…</source>
+        <translation>Nazwij ten &amp;czas…</translation>
+    </message>
+    <message>
+        <source>Boo&amp;k Time…</source>
+        <translation>Do&amp;licz czas…</translation>
+    </message>
+    <message>
+        <source>Forg&amp;et This Time…</source>
+        <translation>&amp;Zapomnij ten czas…</translation>
+    </message>
+    <message>
+        <source>Booked by hand on %1</source>
+        <translation>Doliczono ręcznie %1</translation>
+    </message>
+    <message>
+        <source>Given to its project by hand on %1</source>
+        <translation>Przypisano do projektu ręcznie %1</translation>
+    </message>
+    <message>
+        <source>Named by hand on %1, before: %2</source>
+        <translation>Nazwano ręcznie %1, wcześniej: %2</translation>
+    </message>
+    <message>
+        <source>By Hand</source>
+        <translation>Ręcznie</translation>
+    </message>
+    <message>
+        <source>&amp;No Project</source>
+        <translation>&amp;Bez projektu</translation>
+    </message>
+    <message>
+        <source>Give to Project</source>
+        <translation>Przypisz do projektu</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>Dolicz</translation>
+    </message>
+    <message>
+        <source>&amp;Book</source>
+        <translation>&amp;Dolicz</translation>
+    </message>
+    <message>
+        <source>Book Time</source>
+        <translation>Dolicz czas</translation>
+    </message>
+    <message>
+        <source>&amp;Begin:</source>
+        <translation>&amp;Początek:</translation>
+    </message>
+    <message>
+        <source>&amp;End:</source>
+        <translation>&amp;Koniec:</translation>
+    </message>
+    <message>
+        <source>&amp;What was it?</source>
+        <translation>&amp;Co to było?</translation>
+    </message>
+    <message>
+        <source>&amp;Project:</source>
+        <translation>P&amp;rojekt:</translation>
+    </message>
+    <message>
+        <source>It ends before it begins.</source>
+        <translation>Koniec jest przed początkiem.</translation>
+    </message>
+    <message>
+        <source>Nothing is free there: it was worked, or is still to come.</source>
+        <translation>Nic tam nie jest wolne: pracowano wtedy albo ten czas jeszcze nie nadszedł.</translation>
+    </message>
+    <message>
+        <source>%1 are free there. What was worked stays as it is.</source>
+        <translation>Wolne jest tam %1. To, co przepracowano, zostaje.</translation>
+    </message>
+    <message>
+        <source>Named by hand</source>
+        <translation>Nazwano ręcznie</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nazwij</translation>
+    </message>
+    <message>
+        <source>Name This Time</source>
+        <translation>Nazwij ten czas</translation>
+    </message>
+    <message>
+        <source>The time stays with its programs. The history notes what was changed by hand.</source>
+        <translation>Czas zostaje przy swoich programach. Historia zapisuje, co zmieniono ręcznie.</translation>
+    </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/history/HistoryFile.h"
+#include "interface/history/Amending.h"
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
@@ -65,4 +66,12 @@ struct HistoryViewDesk : HistoryDesk {
          .isCounting = [this] { return controller.timer().isRunning(); },
          .labelOf = [this](const QString& name) { return controller.colorOfProject(name); }},
         history};
+    Amending amending{{.window = controller.window(),
+                       .view = view,
+                       .history = history,
+                       .projects = controller.projects(),
+                       .undoStack = controller.undoStack(),
+                       .alerts = alerts,
+                       .clock = fakes.clock,
+                       .save = [this] { controller.saveSettingsToDisk(); }}};
 };
