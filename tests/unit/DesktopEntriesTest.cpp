@@ -185,4 +185,27 @@ TEST(DesktopEntriesPlaces, aLocale_givesItsSuffixesBestFirst) {
     EXPECT_EQ(languages(""), QString());
 }
 
+TEST_F(DesktopEntriesTest, theIcon_isThatOfTheProgramOfThisName) {
+    install(QStringLiteral("shared/applications/org.example.Files.desktop"),
+            "Name=Files\nName[de]=Dateien\nIcon=file-manager\nExec=nautilus\nStartupWMClass=Nautilus\n");
+    // Another name than its class, which is somebody else's name.
+    install(QStringLiteral("shared/applications/other.desktop"), "Name=nautilus\nIcon=shell\nExec=x\n");
+    install(QStringLiteral("shared/applications/plain.desktop"), "Name=Plain\nExec=plain\n");
+    EXPECT_EQ(entries.iconOf(QStringLiteral("Dateien")), QStringLiteral("file-manager"));
+    // As a history of another language has it.
+    EXPECT_EQ(entries.iconOf(QStringLiteral("Files")), QStringLiteral("file-manager"));
+    EXPECT_EQ(entries.iconOf(QStringLiteral("Nautilus")), QStringLiteral("file-manager"));
+    EXPECT_EQ(entries.iconOf(QStringLiteral("nautilus")), QStringLiteral("shell"));
+    EXPECT_EQ(entries.iconOf(QStringLiteral("org.example.files")), QStringLiteral("file-manager"));
+    EXPECT_EQ(entries.iconOf(QStringLiteral("Plain")), std::nullopt);
+    EXPECT_EQ(entries.iconOf(QStringLiteral("Nobody")), std::nullopt);
+}
+
+TEST_F(DesktopEntriesTest, theIconInTheMenu_comesBeforeThatOfAPart) {
+    install(QStringLiteral("shared/applications/a-part.desktop"),
+            "Name=Writer\nIcon=part\nExec=office --writer\nNoDisplay=true\n");
+    install(QStringLiteral("shared/applications/writer.desktop"), "Name=Writer\nIcon=writer\nExec=office\n");
+    EXPECT_EQ(entries.iconOf(QStringLiteral("Writer")), QStringLiteral("writer"));
+}
+
 } // namespace

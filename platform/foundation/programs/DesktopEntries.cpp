@@ -141,6 +141,18 @@ std::optional<QString> DesktopEntries::nameForExecutable(const QString& executab
     return nameForWindow({}, executable);
 }
 
+std::optional<QString> DesktopEntries::iconOf(const QString& program) {
+    scanIfChanged();
+    const QString folded = program.toCaseFolded();
+    for (const auto* index : {&m_byName, &m_byStartupClass, &m_byId, &m_byExecutable}) {
+        const auto entry =
+            index->constFind(index == &m_byName || index == &m_byExecutable ? program : folded);
+        if (entry != index->constEnd() && !m_entries[*entry].icon.isEmpty())
+            return m_entries[*entry].icon;
+    }
+    return std::nullopt;
+}
+
 std::optional<QString> DesktopEntries::find(const QStringList& classes, const QString& executable) const {
     const QString program = fileName(executable);
     const bool isOnPurpose = !classes.isEmpty() && isGivenOnPurpose(classes.last(), program);
@@ -179,6 +191,7 @@ void DesktopEntries::scan() {
     m_byStartupClass.clear();
     m_byId.clear();
     m_byExecutable.clear();
+    m_byName.clear();
     m_folders.clear();
     m_answers.clear();
     for (const QString& folder : m_places.dataFolders)
@@ -215,6 +228,8 @@ void DesktopEntries::addEntry(const QString& path, const QString& id) {
     };
     enter(m_byStartupClass, entry->startupClass.toCaseFolded());
     enter(m_byExecutable, entry->executable);
+    enter(m_byName, entry->name);
+    enter(m_byName, entry->plainName);
 }
 
 std::optional<DesktopEntries::Entry> DesktopEntries::readEntry(const QString& path) const {
@@ -229,12 +244,12 @@ std::optional<DesktopEntries::Entry> DesktopEntries::readEntry(const QString& pa
         if (entry.name.isEmpty())
             entry.name = values.value(QStringLiteral("Name[") + language + u']');
     }
-    if (entry.name.isEmpty())
-        entry.name = values.value(QStringLiteral("Name"));
-    entry.name = cleanText(entry.name);
+    entry.plainName = cleanText(values.value(QStringLiteral("Name")));
+    entry.name = entry.name.isEmpty() ? entry.plainName : cleanText(entry.name);
     if (entry.name.isEmpty())
         return std::nullopt;
     const auto isTrue = [&](const char* key) { return values.value(QLatin1String(key)) == u"true"; };
+    entry.icon = values.value(QStringLiteral("Icon"));
     entry.startupClass = values.value(QStringLiteral("StartupWMClass"));
     const QStringList command = programAndArguments(values.value(QStringLiteral("Exec")));
     entry.remoteness = (isTrue("NoDisplay") || isTrue("Hidden") ? 2 : 0) + (hasOptions(command) ? 1 : 0);

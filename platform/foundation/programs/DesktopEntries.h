@@ -37,10 +37,16 @@ public:
     std::optional<QString> nameForWindow(const QStringList& classes, const QString& executable);
     // The name of the program at a full path; absent if no entry starts it.
     std::optional<QString> nameForExecutable(const QString& executable);
+    // The icon of the program that is called so: by its entry, in the user's language or untranslated, or by its
+    // windows' class or its executable where no entry has this name. The name of an icon in a theme, or a full path;
+    // absent if there is none.
+    std::optional<QString> iconOf(const QString& program);
 
 private:
     struct Entry {
         QString name;
+        QString plainName;
+        QString icon;
         QString startupClass;
         // The file name of the program that it starts, without the folder.
         QString executable;
@@ -66,10 +72,11 @@ private:
     Places m_places;
     const Clock& m_clock;
     std::vector<Entry> m_entries;
-    // From startup class, lower-case id, and executable name to the entry.
+    // From startup class, lower-case id, executable name, and the program's own names to the entry.
     QHash<QString, std::size_t> m_byStartupClass;
     QHash<QString, std::size_t> m_byId;
     QHash<QString, std::size_t> m_byExecutable;
+    QHash<QString, std::size_t> m_byName;
     // All folders that were searched, also those that do not exist.
     std::vector<Folder> m_folders;
     // The answers so far; a null text means that there is no entry.
