@@ -146,6 +146,10 @@ ActivationService& LinuxPlatform::activation() {
     return m_backEnds->activation;
 }
 
+DesktopEntries& LinuxPlatform::desktopEntries() {
+    return m_backEnds->desktopEntries;
+}
+
 ShellExtension* LinuxPlatform::shellExtension() {
     return m_backEnds->desktop.shellExtension();
 }

@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 
+class DesktopEntries;
+
 // The real desktop. Opens the connections, chooses a back end for each service, and keeps them for the life
 // of the process. The choices and their reasons are logged.
 class LinuxPlatform {
@@ -25,6 +27,8 @@ public:
     ActivationService& activation();
     // The desktop's extension that tells what is in front; null where none is needed.
     ShellExtension* shellExtension();
+    // What is installed.
+    DesktopEntries& desktopEntries();
     // Calls `hearer` when the display is lost for good.
     [[nodiscard]] Subscription observeDisplayLoss(News::Hearer hearer);
 

@@ -16,9 +16,11 @@
 #include "interface/preferences/Preferences.h"
 #include "interface/shell/ExtensionOffer.h"
 #include "interface/shell/PauseMenu.h"
+#include "interface/shell/ProgramIcons.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/foundation/files/PrivateFiles.h"
+#include "platform/foundation/programs/DesktopEntries.h"
 #include "platform/foundation/programs/LoginStart.h"
 #include "platform/foundation/text/Translations.h"
 #include "platform/foundation/time/LocalTime.h"
@@ -61,13 +63,16 @@ History::Services servicesOf(TKController& controller, Platform& platform) {
 // What the window and the tray show of the history.
 class ShownHistory {
 public:
-    ShownHistory(TKController& controller, Platform& platform, Alerts& alerts, History& history)
-        : m_side({.window = controller.window(),
+    ShownHistory(TKController& controller, const Platform& platform, DesktopEntries& entries, Alerts& alerts,
+                 History& history)
+        : m_icons([&](const QString& program) { return entries.iconOf(program); })
+        , m_side({.window = controller.window(),
                   .platform = platform,
                   .alerts = alerts,
                   .project = [&] { return controller.shownProject(); },
                   .isCounting = [&] { return controller.timer().isRunning(); },
-                  .labelOf = [&](const QString& name) { return controller.colorOfProject(name); }},
+                  .labelOf = [&](const QString& name) { return controller.colorOfProject(name); },
+                  .icons = m_icons},
                  history)
         , m_amending({.window = controller.window(),
                       .view = m_side,
@@ -92,6 +97,7 @@ public:
     }
 
 private:
+    ProgramIcons m_icons;
     HistoryController m_side;
     Amending m_amending;
     HistoryToday m_today;
@@ -161,7 +167,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     Preferences preferences(
         controller, platform, setupAlerts, [&](PrefWindow& window) { setupAlerts.setWindow(&window); },
         &history);
-    const ShownHistory shownHistory(controller, platform, alerts, history);
+    const ShownHistory shownHistory(controller, platform, desktop.desktopEntries(), alerts, history);
     const auto powerOff = [&] {
         controller.appDelegate().willPowerOffHandler();
         history.finish();

@@ -11,7 +11,7 @@ apt_test="xvfb openbox icewm metacity xfwm4 kwin-x11 muffin cinnamon-settings-da
   fonts-dejavu-core dbus-daemon at-spi2-core python3 python3-dbus python3-gi python3-dbusmock gir1.2-gtk-3.0
   gir1.2-gtk-4.0 mousepad featherpad libreoffice-calc-nogui sway labwc phoc miriway mir-platform-graphics-virtual
   mir-platform-rendering-egl-generic foot wtype kwin-wayland gnome-shell xwayland x11-xserver-utils qt6-wayland
-  desktop-file-utils sqlite3"
+  desktop-file-utils sqlite3 poppler-utils"
 apt_bench="$apt_demo python3 sway kwin-wayland gnome-shell qt6-wayland dbus-bin"
 # For the pictures in Japanese.
 apt_pictures="fonts-vlgothic"
@@ -27,7 +27,7 @@ dnf_build="gcc-c++ cmake ninja-build pkgconf-pkg-config ccache qt6-qtbase-devel 
 dnf_demo="xorg-x11-server-Xvfb openbox xterm xcalc xprop xdotool ImageMagick dejavu-sans-mono-fonts dbus-daemon"
 dnf_test="xorg-x11-server-Xvfb openbox icewm metacity trayer xterm xdotool dejavu-sans-mono-fonts dbus-daemon at-spi2-core
   python3-dbus python3-gobject python3-dbusmock gtk3 gtk4 mousepad featherpad libreoffice-calc
-  sway foot wtype kwin-wayland gnome-shell xorg-x11-server-Xwayland xhost qt6-qtwayland desktop-file-utils"
+  sway foot wtype kwin-wayland gnome-shell xorg-x11-server-Xwayland xhost qt6-qtwayland desktop-file-utils poppler-utils"
 dnf_bench="$dnf_demo python3 sway kwin-wayland gnome-shell qt6-qtwayland dbus-tools"
 dnf_pictures="vlgothic-fonts"
 dnf_lint="clang-tools-extra cppcheck ShellCheck desktop-file-utils libxml2"
@@ -42,7 +42,7 @@ pacman_build="gcc cmake ninja pkgconf ccache qt6-base qt6-svg qt6-tools libxcb s
 pacman_demo="xorg-server-xvfb openbox xterm xorg-xcalc xorg-xprop xdotool imagemagick ttf-dejavu dbus"
 pacman_test="xorg-server-xvfb openbox icewm metacity trayer xterm xdotool ttf-dejavu dbus at-spi2-core
   python-dbus python-gobject python-dbusmock gtk3 gtk4 mousepad featherpad libreoffice-fresh
-  sway foot wtype kwin gnome-shell xorg-xwayland xorg-xhost qt6-wayland desktop-file-utils"
+  sway foot wtype kwin gnome-shell xorg-xwayland xorg-xhost qt6-wayland desktop-file-utils poppler"
 pacman_bench="$pacman_demo python sway kwin gnome-shell qt6-wayland"
 pacman_pictures="otf-ipafont"
 pacman_lint="clang cppcheck shellcheck desktop-file-utils libxml2"

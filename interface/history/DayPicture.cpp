@@ -2,6 +2,7 @@
 #include "interface/history/DayPicture.h"
 
 #include "interface/history/AmendTexts.h"
+#include "interface/history/HourTicks.h"
 #include "interface/history/PictureTexts.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -17,6 +19,12 @@ constexpr int kBetweenLanes = 5;
 constexpr int kHighestLane = 56;
 constexpr int kSmallestHeight = 110;
 constexpr int kNarrowestItem = 3;
+// In milliseconds: beside the first work and the last, and what a working day has at the least.
+constexpr qint64 kHour = 3600 * 1000;
+constexpr qint64 kRoom = kHour / 6;
+constexpr qint64 kShortestDay = 4 * kHour;
+// What is shorter is a piece that somebody chose.
+constexpr double kWholeDay = 22 * kHour;
 
 } // namespace
 
@@ -37,6 +45,9 @@ void DayPicture::show(qint64 begin, qint64 end, std::vector<Piece> pieces, qint6
         m_view.setWhole(begin, end);
     else
         m_view = TimeView(begin, end);
+    m_isAsOpened = m_isAsOpened || !isSame;
+    if (m_isAsOpened)
+        std::apply([this](double from, double to) { m_view.showPiece(from, to); }, workingDay());
     if (!isSame)
         m_drag.reset();
     // Who hears of a choice shows that piece as the whole, or else lets it be marked.
@@ -110,6 +121,13 @@ void DayPicture::findColors(LaneContent& lane) const {
     }
 }
 
+QColor DayPicture::colorOf(Lane lane, const QString& name) const {
+    for (const LaneEntry& entry : m_lanes[lane].entries)
+        if (const qsizetype place = entry.names.indexOf(name); place >= 0)
+            return entry.colors[place];
+    return {};
+}
+
 void DayPicture::lookChanged() {
     measureNames();
     for (LaneContent& lane : m_lanes)
@@ -131,7 +149,29 @@ void DayPicture::showAll() {
     viewChanged();
 }
 
+void DayPicture::showWorkingDay() {
+    std::apply([this](double from, double to) { m_view.showPiece(from, to); }, workingDay());
+    viewChanged();
+    m_isAsOpened = true;
+}
+
+std::pair<double, double> DayPicture::workingDay() const {
+    const auto isWork = [](const Piece& piece) { return piece.presence != RecordedStretch::Presence::Idle; };
+    const auto first = std::ranges::find_if(m_pieces, isWork);
+    const std::pair all(m_view.begin(), m_view.end());
+    if (first == m_pieces.end() || m_view.end() - m_view.begin() < kWholeDay)
+        return all;
+    const auto last = std::ranges::find_if(m_pieces.rbegin(), m_pieces.rend(), isWork);
+    const qint64 from = HourTicks::fullHour(first->start - kRoom);
+    const qint64 to = HourTicks::fullHour(last->end() + kRoom + kHour - 1);
+    const double length = std::max(double(to - from), double(kShortestDay));
+    // What is added lies ahead, unless the day is over by then.
+    const double begin = std::clamp(double(from), all.first, std::max(all.first, all.second - length));
+    return {begin, std::min(begin + length, all.second)};
+}
+
 void DayPicture::viewChanged() {
+    m_isAsOpened = false;
     tellNothing();
     m_hovered = -1;
     stillChanged();
@@ -203,7 +243,9 @@ double DayPicture::momentAt(double x) const {
 
 void DayPicture::reveal(int item) {
     const Piece& piece = m_pieces[std::size_t(item)];
+    const double from = m_view.from();
     m_view.reveal(double(piece.start), double(piece.end()));
+    m_isAsOpened = m_isAsOpened && m_view.from() == from;
     stillChanged();
 }
 

@@ -9,11 +9,12 @@
 #include <array>
 
 // A day, or a piece of one: an hour axis, a lane for programs and one for projects. Idle time is pale, what lies
-// between stretches is empty, and a line says where now is. Elapsed time is drawn, local time is written.
+// between stretches is empty, and a line says where now is. Elapsed time is drawn, local time is written. A day opens
+// on its working day: the full hours from the first work to the last, and a few at the least.
 //
 // Ctrl and the wheel, and the keys + - 0, zoom; the wheel, Shift and the arrow keys, and Page Up and Down move the
 // piece that is shown. Left and Right walk from stretch to stretch, Up and Down between the lanes, Enter chooses.
-// Dragging chooses a piece; 0 and Escape ask for all again.
+// Dragging chooses a piece; 0 and Escape ask for all again, which first shows the working day, then all hours.
 class DayPicture : public TimePicture {
     Q_OBJECT
 public:
@@ -23,7 +24,7 @@ public:
 
     using QWidget::show;
     // Milliseconds since 1970; `end` is not included. Zoom and cursor stay if only the end or the pieces are
-    // others.
+    // others; the working day grows with them.
     void show(qint64 begin, qint64 end, std::vector<RangeAnswer::Piece> pieces, qint64 now);
     // Moves only the line.
     void setNow(qint64 now);
@@ -32,6 +33,9 @@ public:
     void zoomIn();
     void zoomOut();
     void showAll();
+    void showWorkingDay();
+    // What 0 does.
+    void reset();
 
     // In the widget's coordinates.
     double xOf(double moment) const;
@@ -40,6 +44,8 @@ public:
     Lane currentLane() const { return m_lane; }
     // What a click there means; below 0 for nothing.
     int itemAt(const QPoint& position) const { return laneAt(position) ? pieceAt(position.x()) : -1; }
+    // Of what a lane shows; invalid for a name that it does not show.
+    QColor colorOf(Lane lane, const QString& name) const;
 
     int itemCount() const override { return int(m_pieces.size()); }
     QString itemText(int item) const override;
@@ -133,17 +139,21 @@ private:
     PictureTip::Line lineOf(int piece, Lane lane) const;
     QString projectsText(const Piece& piece) const;
     double snapped(double x) const;
+    // From the first work to the last, in full hours; all if there is none.
+    std::pair<double, double> workingDay() const;
+    // The user has chosen what is seen.
     void viewChanged();
     void walk(int steps);
     bool takeKey(int key, Qt::KeyboardModifiers modifiers);
     // Ends dragging, or else asks for all again.
     void cancel();
-    void reset();
 
     std::vector<Piece> m_pieces;
     qint64 m_now = 0;
     int m_nameWidth = 0;
     TimeView m_view;
+    // Nobody has zoomed or moved since the day was opened.
+    bool m_isAsOpened = true;
     std::array<LaneContent, 2> m_lanes;
     Lane m_lane = Programs;
     std::optional<Drag> m_drag;

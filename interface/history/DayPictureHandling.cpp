@@ -238,7 +238,10 @@ void DayPicture::reset() {
     m_drag.reset();
     m_chosen.reset();
     setCurrentItem(-1);
-    showAll();
+    if (const auto day = workingDay(); std::pair(m_view.from(), m_view.to()) == day)
+        showAll();
+    else
+        showWorkingDay();
     Q_EMIT rangeReset();
 }
 

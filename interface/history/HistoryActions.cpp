@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/HistoryActions.h"
 
+#include "interface/shell/ButtonText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QActionGroup>
@@ -29,6 +30,9 @@ HistoryActions::HistoryActions(QWidget* window)
             make(window, "historySpan", localized("F&rom – To…"), Qt::ALT | Qt::Key_5)}
     , byProgram(make(window, "historyByProgram", localized("By &Program"), Qt::ALT | Qt::Key_6))
     , byProject(make(window, "historyByProject", localized("By Pro&ject"), Qt::ALT | Qt::Key_7))
+    , zoomIn(make(window, "historyZoomIn", localized("Zoom &In")))
+    , zoomOut(make(window, "historyZoomOut", localized("Zoom &Out")))
+    , resetZoom(make(window, "historyResetZoom", localized("Reset &Zoom")))
     , timeSheet(make(window, "timeSheet", localized("Time &Sheet…"), Qt::CTRL | Qt::SHIFT | Qt::Key_T))
     , amend(window) {
     auto* kindGroup = new QActionGroup(window);
@@ -41,6 +45,11 @@ HistoryActions::HistoryActions(QWidget* window)
         for (QAction* action : group->actions())
             action->setCheckable(true);
     byProgram->setChecked(true);
+    for (QAction* action : all())
+        action->setIconText(buttonText(action->text()));
+    // Shorter, for the buttons; beside each other they say the same.
+    byProgram->setIconText(localized("Programs"));
+    byProject->setIconText(localized("Projects"));
 }
 
 void HistoryActions::fill(QMenu& menu) const {
@@ -55,11 +64,24 @@ void HistoryActions::fill(QMenu& menu) const {
     menu.addSeparator();
     amend.fill(menu);
     menu.addSeparator();
+    for (QAction* zoom : {zoomIn, zoomOut, resetZoom})
+        menu.addAction(zoom);
+    menu.addSeparator();
     menu.addAction(timeSheet);
 }
 
+void HistoryActions::offerZoom(bool isOffered) const {
+    using Keys = QList<QKeySequence>;
+    // A plus is typed with Shift on many keyboards, without which the key is an equals sign.
+    zoomIn->setShortcuts(isOffered ? Keys{Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal} : Keys());
+    zoomOut->setShortcuts(isOffered ? Keys{Qt::CTRL | Qt::Key_Minus} : Keys());
+    resetZoom->setShortcuts(isOffered ? Keys{Qt::CTRL | Qt::Key_0} : Keys());
+    for (QAction* zoom : {zoomIn, zoomOut, resetZoom})
+        zoom->setEnabled(isOffered);
+}
+
 QList<QAction*> HistoryActions::all() const {
-    QList<QAction*> all{back, forward, today, byProgram, byProject, timeSheet};
+    QList<QAction*> all{back, forward, today, byProgram, byProject, zoomIn, zoomOut, resetZoom, timeSheet};
     for (QAction* kind : kinds)
         all << kind;
     return all + amend.all();

@@ -17,6 +17,8 @@ struct HistoryActions {
 
     void fill(QMenu& menu) const;
     QList<QAction*> all() const;
+    // The zoom has keys that mean something else beside the timers, so it has them only while it is offered.
+    void offerZoom(bool isOffered) const;
     QAction* forKind(CalendarRange::Kind kind) const { return kinds[std::size_t(kind)]; }
 
     QAction* back;
@@ -27,6 +29,10 @@ struct HistoryActions {
     // What the picture and the outline go by. One of the two is checked.
     QAction* byProgram;
     QAction* byProject;
+    // In the picture of a day.
+    QAction* zoomIn;
+    QAction* zoomOut;
+    QAction* resetZoom;
     // Of the days that are shown, or of the week around them.
     QAction* timeSheet;
     AmendActions amend;

@@ -69,6 +69,8 @@ HistoryController::HistoryController(Ground ground, History& history)
         m_actions.byProject->setChecked(true);
     m_pane.sumBar().showCutoff(timeText(0));
     m_pane.setColors(m_colors);
+    m_pane.outline().setIcons(m_ground.icons);
+    m_pane.outline().setColors([this](const QString& name) { return colorOf(name); });
     connectRange();
     connectRows();
     connectPictures();
@@ -94,6 +96,9 @@ void HistoryController::connectRange() {
         showRange(CalendarRange::around(isSpan ? CalendarRange::Kind::Day : m_range.kind(), today(),
                                         firstDayOfWeek()));
     });
+    on(m_actions.zoomIn, [this] { m_pane.dayPicture().zoomIn(); });
+    on(m_actions.zoomOut, [this] { m_pane.dayPicture().zoomOut(); });
+    on(m_actions.resetZoom, [this] { m_pane.dayPicture().reset(); });
     on(m_actions.timeSheet, [this] { showTimeSheet(); });
     for (QAction* by : {m_actions.byProgram, m_actions.byProject})
         on(by, [this] {
@@ -239,7 +244,7 @@ RangeQuestion HistoryController::question() const {
 void HistoryController::showAnswer() {
     const bool isByProject = m_actions.byProject->isChecked();
     HistoryOutline& outline = m_pane.outline();
-    outline.rows().setNameHeading(isByProject ? localized("Project") : localized("Program"));
+    outline.rows().setByProject(isByProject);
     std::vector<RangeAnswer::Entry> entries = isByProject ? m_answer.projects : m_answer.programs;
     if (isByProject)
         for (auto& project : entries)
@@ -252,7 +257,9 @@ void HistoryController::showAnswer() {
 }
 
 void HistoryController::showPicture() {
-    if (m_range.step() != CalendarRange::Step::Stretch) {
+    const bool isDay = m_range.step() == CalendarRange::Step::Stretch;
+    m_actions.offerZoom(isDay && m_ground.window.isHistoryShown());
+    if (!isDay) {
         const auto by =
             m_actions.byProject->isChecked() ? PeriodPicture::By::Projects : PeriodPicture::By::Programs;
         m_pane.periodPicture().show(m_range, m_answer.bars, by, today());
@@ -266,6 +273,15 @@ void HistoryController::showPicture() {
     m_pane.dayPicture().show(begin, end, m_answer.pieces,
                              localTime(m_ground.platform.clock.now()).toMSecsSinceEpoch());
     m_pane.showPicture(m_pane.dayPicture());
+}
+
+QColor HistoryController::colorOf(const QString& shownName) const {
+    const bool isByProject = m_actions.byProject->isChecked();
+    if (isByProject && shownName == shownProject(kNoProject))
+        return PictureColors::nobody(m_pane.palette());
+    if (m_range.step() != CalendarRange::Step::Stretch)
+        return m_pane.periodPicture().colorOf(shownName);
+    return m_pane.dayPicture().colorOf(isByProject ? DayPicture::Projects : DayPicture::Programs, shownName);
 }
 
 void HistoryController::showSum() {
@@ -288,8 +304,12 @@ QString HistoryController::invitation() const {
         return localized("Nothing in this time matches the search.");
     if (m_ground.project())
         return localized("No work for this project in this time.");
-    return m_range.first() > today() ? localized("This time is still to come.")
-                                     : localized("No work was recorded in this time.");
+    if (m_range.first() > today())
+        return localized("This time is still to come.");
+    const QString nothing = localized("No work was recorded in this time.");
+    return m_range.contains(today()) && !m_ground.isCounting()
+               ? nothing + u' ' + localized("Start the timer to record when your time goes where.")
+               : nothing;
 }
 
 void HistoryController::followCounting() {

@@ -12,6 +12,7 @@
 class Alerts;
 class HistoryPane;
 class MainWindow;
+class ProgramIcons;
 class TimeSheetWindow;
 
 // Shows the history: asks for the range that the user looks at, narrowed by the search and the project, and shows the
@@ -28,6 +29,7 @@ public:
         std::function<bool()> isCounting;
         // A project's colour label by its name; 0 for none.
         std::function<int(const QString&)> labelOf;
+        ProgramIcons& icons;
     };
 
     // `history` is made after the window, and outlives this as well.
@@ -66,6 +68,8 @@ private:
     void askForTitles(const QString& program);
     void showAnswer();
     void showPicture();
+    // As the picture has it; invalid where it has none.
+    QColor colorOf(const QString& shownName) const;
     void showSum();
     QString invitation() const;
     void followCounting();

@@ -47,8 +47,8 @@ void HistoryModel::showParts(const QString& name, const std::vector<RangeAnswer:
         }
 }
 
-void HistoryModel::setNameHeading(const QString& heading) {
-    m_nameHeading = heading;
+void HistoryModel::setByProject(bool isByProject) {
+    m_isByProject = isByProject;
     Q_EMIT headerDataChanged(Qt::Horizontal, NameColumn, NameColumn);
 }
 
@@ -156,6 +156,8 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case LengthRole:
         return row.length;
+    case ProgramRole:
+        return index.parent().isValid() == m_isByProject ? row.name : QString();
     case ShareRole:
         return share;
     case SortRole:
@@ -183,6 +185,11 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+Qt::ItemFlags HistoryModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
 QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole && section != NameColumn)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
@@ -190,7 +197,7 @@ QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int 
         return {};
     switch (section) {
     case NameColumn:
-        return m_nameHeading;
+        return m_isByProject ? localized("Project") : localized("Program");
     case TimeSpentColumn:
         return localized("Time Spent");
     default:

@@ -18,6 +18,8 @@ public:
         LengthRole,
         // Of 1.
         ShareRole,
+        // The name of the program that the row is about; empty for projects and titles.
+        ProgramRole,
     };
 
     explicit HistoryModel(QObject* parent = nullptr);
@@ -31,8 +33,9 @@ public:
     void forgetParts();
     // The parts of one top row, which were asked for.
     void showParts(const QString& name, const std::vector<RangeAnswer::Entry>& parts);
-    // The heading of the first column.
-    void setNameHeading(const QString& heading);
+    // Whether the top rows are projects and programs are below them, or programs and titles.
+    void setByProject(bool isByProject);
+    bool isByProject() const { return m_isByProject; }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& child) const override;
@@ -42,6 +45,8 @@ public:
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 Q_SIGNALS:
@@ -57,7 +62,7 @@ private:
     void removeMissing(const QModelIndex& parent, const std::vector<RangeAnswer::Entry>& entries);
 
     std::unique_ptr<Row> m_root;
-    QString m_nameHeading;
     qint64 m_total = 0;
     bool m_arePartsAsked = false;
+    bool m_isByProject = false;
 };

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/HistoryOutline.h"
 
-#include "Classes/report/ReportFormats.h"
+#include "interface/history/HistoryCell.h"
+#include "interface/shell/ProgramIcons.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QClipboard>
@@ -9,52 +10,21 @@
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
-#include <QStyledItemDelegate>
-
-#include <algorithm>
 
 namespace {
 
-constexpr int kRowAir = 10;
 constexpr int kIndentation = 20;
 constexpr int kTimeWidth = 110;
 constexpr int kShareWidth = 130;
-constexpr int kBarMargin = 4;
-constexpr double kBarStrength = 0.28;
 constexpr int kInvitationMargin = 32;
-
-// Rows with some space, and behind a share a bar as long.
-class CellDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        return {0, option.fontMetrics.height() + kRowAir};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        if (index.column() == HistoryModel::ShareColumn && !option.state.testFlag(QStyle::State_Selected))
-            drawBar(*painter, option, index.data(HistoryModel::ShareRole).toDouble());
-        QStyledItemDelegate::paint(painter, option, index);
-    }
-
-private:
-    static void drawBar(QPainter& painter, const QStyleOptionViewItem& option, double share) {
-        QRect bar = option.rect.adjusted(kBarMargin, kBarMargin, -kBarMargin, -kBarMargin);
-        bar.setWidth(int(std::lround(bar.width() * std::clamp(share, 0.0, 1.0))));
-        QColor color = option.palette.color(QPalette::Highlight);
-        color.setAlphaF(float(kBarStrength));
-        painter.fillRect(QStyle::visualRect(option.direction, option.rect, bar), color);
-    }
-};
 
 } // namespace
 
 // Sorts, and leaves out what is below the cut-off.
 class HistoryOutline::Order : public QSortFilterProxyModel {
 public:
-    explicit Order(HistoryModel& rows) {
+    Order(HistoryModel& rows, std::function<std::unique_ptr<QMimeData>()> dragged)
+        : m_dragged(std::move(dragged)) {
         setSortRole(HistoryModel::SortRole);
         setSortLocaleAware(true);
         setSortCaseSensitivity(Qt::CaseInsensitive);
@@ -67,23 +37,28 @@ public:
         invalidateFilter();
     }
 
+    QMimeData* mimeData(const QModelIndexList&) const override { return m_dragged().release(); }
+
 protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
         return sourceModel()->index(row, 0, parent).data(HistoryModel::LengthRole).toLongLong() >= m_cutoff;
     }
 
 private:
+    std::function<std::unique_ptr<QMimeData>()> m_dragged;
     qint64 m_cutoff = 0;
 };
 
 HistoryOutline::HistoryOutline(QWidget* parent)
     : QTreeView(parent)
-    , m_order(new Order(m_rows)) {
+    , m_order(new Order(m_rows, [this] { return HistoryForms::copied(heads(), lines(true)); }))
+    , m_cells(new HistoryCell(this)) {
     setModel(m_order.get());
-    setItemDelegate(new CellDelegate(this));
+    setItemDelegate(m_cells);
     setUniformRowHeights(true);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
+    setDragDropMode(DragOnly);
     setTextElideMode(Qt::ElideMiddle);
     setIndentation(kIndentation);
     setFrameShape(QFrame::NoFrame);
@@ -104,6 +79,16 @@ void HistoryOutline::forgetParts() {
         return;
     collapseAll();
     m_rows.forgetParts();
+}
+
+void HistoryOutline::setIcons(ProgramIcons& icons) {
+    m_cells->setIcons(icons);
+    connect(&icons, &ProgramIcons::found, viewport(), qOverload<>(&QWidget::update));
+}
+
+void HistoryOutline::setColors(std::function<QColor(const QString& name)> colorOf) {
+    m_cells->setColors(std::move(colorOf));
+    viewport()->update();
 }
 
 void HistoryOutline::setCutoff(qint64 length) {
@@ -133,36 +118,20 @@ std::optional<qint64> HistoryOutline::selectedLength() const {
 }
 
 void HistoryOutline::copy() const {
-    QString text;
-    QString html;
-    for (const Line& line : lines(selectionModel()->hasSelection())) {
-        const QStringList cells{ReportFormats::disarmed(line.name), ReportFormats::disarmed(line.part),
-                                ReportFormats::durationText(line.length)};
-        text += cells.join(u'\t') + u'\n';
-        html += QStringLiteral("<tr>");
-        for (const QString& cell : cells)
-            html += QStringLiteral("<td>%1</td>").arg(cell.toHtmlEscaped());
-        html += QStringLiteral("</tr>");
-    }
-    auto* forms = new QMimeData;
-    forms->setText(text);
-    forms->setHtml(
-        QStringLiteral("<html><head><meta charset=\"utf-8\"></head><body><table>%1</table></body></html>")
-            .arg(html));
-    QGuiApplication::clipboard()->setMimeData(forms);
+    const bool isSelectedOnly = selectionModel()->hasSelection();
+    QGuiApplication::clipboard()->setMimeData(HistoryForms::copied(heads(), lines(isSelectedOnly)).release());
 }
 
 QByteArray HistoryOutline::csv() const {
-    using ReportFormats::csvCell;
-    const auto heading = [this](HistoryModel::Column column) {
-        return csvCell(m_rows.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    return HistoryForms::csv(heads(), lines(false));
+}
+
+QStringList HistoryOutline::heads() const {
+    const auto head = [this](HistoryModel::Column column) {
+        return m_rows.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     };
-    QByteArray text = heading(HistoryModel::NameColumn) + ',' + csvCell(localized("Title")) + ',' +
-                      heading(HistoryModel::TimeSpentColumn) + "\r\n";
-    for (const Line& line : lines(false))
-        text += csvCell(line.name) + ',' + csvCell(line.part) + ',' +
-                ReportFormats::durationText(line.length).toLatin1() + "\r\n";
-    return text;
+    return {head(HistoryModel::NameColumn), m_rows.isByProject() ? localized("Program") : localized("Title"),
+            head(HistoryModel::TimeSpentColumn)};
 }
 
 std::vector<HistoryOutline::Line> HistoryOutline::lines(bool isSelectedOnly) const {

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/history/HistoryForms.h"
 #include "interface/history/HistoryModel.h"
 
 #include <QSortFilterProxyModel>
 #include <QTreeView>
+
+class HistoryCell;
+class ProgramIcons;
 
 // The outline of a range: its programs or projects, with titles or programs below, sorted by any column, those with
 // less time than the cut-off left out.
@@ -15,6 +19,10 @@ public:
     ~HistoryOutline() override;
 
     HistoryModel& rows() { return m_rows; }
+    // Rows of programs have none before. They outlive the outline.
+    void setIcons(ProgramIcons& icons);
+    // The colours of the picture, by the name of a top row; an invalid one for none.
+    void setColors(std::function<QColor(const QString& name)> colorOf);
     // Another range, search or project is asked for: parts of a longer range must be asked for again.
     void forgetParts();
     // Milliseconds.
@@ -24,8 +32,7 @@ public:
     // Of the selected rows, without those whose parent is selected as well, in milliseconds; absent when nothing is
     // selected.
     std::optional<qint64> selectedLength() const;
-    // Puts the selected rows, or all when none is, on the clipboard: as a table with durations that spreadsheets add
-    // up, and as text with tabs.
+    // Puts the selected rows, or all when none is, on the clipboard. Dragging them gives the same.
     void copy() const;
     // The same rows as a table with a heading, by RFC 4180, in UTF-8.
     QByteArray csv() const;
@@ -42,18 +49,16 @@ protected:
 
 private:
     class Order;
-    struct Line {
-        QString name;
-        QString part;
-        qint64 length;
-    };
+    using Line = HistoryForms::Line;
 
     // What is copied or exported, from top to bottom. Their sum is that of the rows: in place of an expanded row
     // stand its parts and what they leave over.
     std::vector<Line> lines(bool isSelectedOnly) const;
+    QStringList heads() const;
     void addLines(const QModelIndex& parent, bool isSelectedOnly, std::vector<Line>& lines) const;
 
     HistoryModel m_rows;
     std::unique_ptr<Order> m_order;
+    HistoryCell* m_cells;
     QString m_invitation;
 };

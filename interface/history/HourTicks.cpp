@@ -41,6 +41,10 @@ std::vector<qint64> ticks(double from, double to, qint64 step) {
     return ticks;
 }
 
+qint64 fullHour(qint64 moment) {
+    return moment - timeOfDay(moment) % kHour;
+}
+
 QString label(qint64 moment, qint64 step) {
     const QLocale locale;
     const QString format = locale.timeFormat(QLocale::ShortFormat);

@@ -13,6 +13,8 @@ namespace HourTicks {
 qint64 stepFor(double pixelsPerHour, double room);
 // The moments from `from` to `to` at which the local clock shows a whole multiple of the step.
 std::vector<qint64> ticks(double from, double to, qint64 step);
+// The last full hour of the local clock, at the moment or before it.
+qint64 fullHour(qint64 moment);
 // "9 AM", "09:00", "09:15", as short as the locale allows for this step.
 QString label(qint64 moment, qint64 step);
 

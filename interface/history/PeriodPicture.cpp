@@ -144,6 +144,12 @@ void PeriodPicture::resizeEvent(QResizeEvent* event) {
     m_measures.reset();
 }
 
+QColor PeriodPicture::colorOf(const QString& name) const {
+    const auto entry = std::ranges::find_if(
+        m_legend, [&](const LegendEntry& each) { return !each.isOther && each.name == name; });
+    return entry != m_legend.end() ? entry->color : PictureColors::other(palette());
+}
+
 QStringList PeriodPicture::legend() const {
     QStringList names;
     for (const LegendEntry& entry : m_legend)

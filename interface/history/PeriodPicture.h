@@ -24,6 +24,8 @@ public:
 
     // As shown, the largest first; the last may be "Other".
     QStringList legend() const;
+    // Of what has a colour in the legend, and grey for all others.
+    QColor colorOf(const QString& name) const;
     // Milliseconds, of the bars that have work; 0 if none has.
     qint64 average() const { return m_average; }
     // The part of a bar for an entry of the legend; empty where it has none. In the widget's coordinates.

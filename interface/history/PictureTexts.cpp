@@ -26,6 +26,43 @@ QString filled(QString text, const QString& first, const QString& second = {}) {
     return text.replace(QLatin1String("%1"), first).replace(QLatin1String("%2"), second);
 }
 
+// How the locale orders the parts of a date.
+struct DayFormats {
+    QString number;
+    // With the month.
+    QString day;
+    // With the month and the year.
+    QString full;
+    // With the year but without the month, where the month comes first.
+    QString numberAndYear{};
+    bool isMonthFirst = false;
+    bool isYearFirst = false;
+};
+
+DayFormats formats() {
+    static const QRegularExpression words(QStringLiteral("'[^']*'"));
+    const QString format = QLocale().dateFormat(QLocale::LongFormat).remove(words);
+    if (format.contains(u'日'))
+        return {.number = QStringLiteral("d日"),
+                .day = QStringLiteral("M月d日"),
+                .full = QStringLiteral("yyyy年M月d日"),
+                .isMonthFirst = true,
+                .isYearFirst = true};
+    if (format.lastIndexOf(u'd') < format.indexOf(u'M')) {
+        // "16. Nov", where days are written as ordinals.
+        const QString number =
+            format.contains(QStringLiteral("d.")) ? QStringLiteral("d.") : QStringLiteral("d");
+        return {.number = number,
+                .day = number + QStringLiteral(" MMM"),
+                .full = number + QStringLiteral(" MMM yyyy")};
+    }
+    return {.number = QStringLiteral("d"),
+            .day = QStringLiteral("MMM d"),
+            .full = QStringLiteral("MMM d, yyyy"),
+            .numberAndYear = QStringLiteral("d, yyyy"),
+            .isMonthFirst = true};
+}
+
 } // namespace
 
 namespace PictureTexts {
@@ -69,13 +106,24 @@ QString share(qint64 part, qint64 whole) {
 }
 
 QString shortDay(QDate day) {
+    return QLocale().toString(day, formats().day);
+}
+
+QString days(QDate first, QDate last) {
     const QLocale locale;
-    static const QRegularExpression words(QStringLiteral("'[^']*'"));
-    const QString format = locale.dateFormat(QLocale::LongFormat).remove(words);
-    if (format.contains(u'日'))
-        return locale.toString(day, QStringLiteral("M月d日"));
-    return locale.toString(day, format.lastIndexOf(u'd') < format.indexOf(u'M') ? QStringLiteral("d MMM")
-                                                                                : QStringLiteral("MMM d"));
+    const DayFormats used = formats();
+    const bool isSameYear = first.year() == last.year();
+    const bool isSameMonth = isSameYear && first.month() == last.month();
+    // What both have in common is written once: where the larger unit comes first, with the first day.
+    QString from = used.full;
+    QString to = used.full;
+    if (isSameYear)
+        (used.isYearFirst ? to : from) = used.day;
+    if (isSameMonth)
+        (used.isMonthFirst ? to : from) = used.number;
+    if (isSameMonth && used.isMonthFirst && !used.isYearFirst)
+        to = used.numberAndYear;
+    return locale.toString(first, from) + QStringLiteral(" – ") + locale.toString(last, to);
 }
 
 } // namespace PictureTexts

@@ -20,5 +20,7 @@ QString fromTo(qint64 from, qint64 to);
 QString share(qint64 part, qint64 whole);
 // "16 Nov", in the locale's order.
 QString shortDay(QDate day);
+// "16 Nov – 22 Nov 2026", in the locale's order.
+QString days(QDate first, QDate last);
 
 } // namespace PictureTexts

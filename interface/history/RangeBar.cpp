@@ -2,13 +2,15 @@
 #include "interface/history/RangeBar.h"
 
 #include "interface/history/HistoryActions.h"
+#include "interface/history/PictureTexts.h"
+#include "interface/shell/ButtonText.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCalendarWidget>
 #include <QDateEdit>
-#include <QDialogButtonBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QMenu>
@@ -19,6 +21,8 @@
 
 namespace {
 
+constexpr int kBetweenBars = 8;
+
 QDateEdit* dateField(const QString& name, const QString& label, QDate date) {
     auto* field = named(new QDateEdit(date), name);
     field->setAccessibleName(label);
@@ -26,19 +30,15 @@ QDateEdit* dateField(const QString& name, const QString& label, QDate date) {
     return field;
 }
 
-// "16 – 22 November 2026", as short as the two days allow.
-QString spanTitle(QDate first, QDate last) {
-    const QLocale locale;
-    return locale.toString(first, QLocale::ShortFormat) + QStringLiteral(" – ") +
-           locale.toString(last, QLocale::ShortFormat);
-}
-
 } // namespace
 
 RangeBar::RangeBar(const HistoryActions& actions, QWidget* parent)
     : QWidget(parent)
-    , m_buttons(named(new QToolBar, QStringLiteral("historyToolBar")))
-    , m_title(named(new QToolButton, QStringLiteral("historyTitle"))) {
+    , m_steps(makeBar(QStringLiteral("historySteps")))
+    , m_kinds(makeBar(QStringLiteral("historyKinds")))
+    , m_by(makeBar(QStringLiteral("historyBy")))
+    , m_title(named(new QToolButton, QStringLiteral("historyTitle")))
+    , m_rows(new QBoxLayout(QBoxLayout::LeftToRight, this)) {
     QFont strong = m_title->font();
     strong.setBold(true);
     m_title->setFont(strong);
@@ -46,44 +46,80 @@ RangeBar::RangeBar(const HistoryActions& actions, QWidget* parent)
     m_title->setFocusPolicy(Qt::TabFocus);
     m_title->setToolTip(localized("Opens a calendar"));
     connect(m_title, &QToolButton::clicked, this, &RangeBar::openCalendar);
-    auto* room = new QWidget;
-    room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    // What has no room moves into a menu at the bar's end.
-    m_buttons->setToolButtonStyle(Qt::ToolButtonTextOnly);
     addStep(actions.back, isRightToLeft() ? Qt::RightArrow : Qt::LeftArrow);
-    addButton(actions.today);
+    addButton(*m_steps, actions.today);
     addStep(actions.forward, isRightToLeft() ? Qt::LeftArrow : Qt::RightArrow);
-    m_buttons->addWidget(m_title);
-    m_buttons->addWidget(room);
+    m_steps->addWidget(m_title);
     for (QAction* kind : actions.kinds)
-        addButton(kind);
-    m_buttons->addSeparator();
+        addButton(*m_kinds, kind);
     for (QAction* by : {actions.byProgram, actions.byProject})
-        addButton(by);
-    auto* cells = new QHBoxLayout(this);
-    cells->setContentsMargins(0, 0, 0, 0);
-    cells->addWidget(m_buttons);
+        addButton(*m_by, by);
+    auto* choices = new QHBoxLayout;
+    choices->setSpacing(kBetweenBars);
+    choices->addWidget(m_kinds, 1);
+    choices->addWidget(m_by);
+    m_rows->setContentsMargins(0, 0, 0, 0);
+    m_rows->setSpacing(0);
+    m_rows->addWidget(m_steps, 1);
+    m_rows->addLayout(choices);
 }
 
-QToolButton& RangeBar::addButton(QAction* action) {
-    m_buttons->addAction(action);
-    auto* button = qobject_cast<QToolButton*>(m_buttons->widgetForAction(action));
+// What has no room in the window moves into a menu at a bar's end.
+QToolBar* RangeBar::makeBar(const QString& name) {
+    auto* bar = named(new QToolBar, name);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    bar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    return bar;
+}
+
+QToolButton& RangeBar::addButton(QToolBar& bar, QAction* action) {
+    bar.addAction(action);
+    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
     named(button, action->objectName() + QStringLiteral("Button"));
-    button->setAccessibleName(action->iconText());
+    button->setAccessibleName(buttonText(action->text()));
     button->setFocusPolicy(Qt::TabFocus);
     return *button;
 }
 
 void RangeBar::addStep(QAction* action, Qt::ArrowType arrow) {
-    QToolButton& button = addButton(action);
+    QToolButton& button = addButton(*m_steps, action);
     button.setArrowType(arrow);
     button.setToolButtonStyle(Qt::ToolButtonIconOnly);
 }
 
 void RangeBar::show(const CalendarRange& range, const QString& piece) {
     m_range = range;
-    m_title->setText(piece.isEmpty() ? titleOf(range) : titleOf(range) + QStringLiteral(", ") + piece);
-    m_title->setAccessibleName(m_title->text());
+    const QString more = piece.isEmpty() ? QString() : QStringLiteral(", ") + piece;
+    m_longTitle = titleOf(range) + more;
+    m_shortTitle = shortTitleOf(range) + more;
+    m_title->setAccessibleName(m_longTitle);
+    fit();
+}
+
+void RangeBar::fit() {
+    const auto widthWith = [this](const QString& title) {
+        if (m_title->text() != title)
+            m_title->setText(title);
+        m_steps->layout()->invalidate();
+        return m_steps->sizeHint().width();
+    };
+    const int choices = m_kinds->sizeHint().width() + kBetweenBars + m_by->sizeHint().width();
+    // The long title comes before the single row: the second row costs less than a date that must be guessed at.
+    const bool isOneRow = widthWith(m_longTitle) + choices <= width();
+    m_rows->setDirection(isOneRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    if (!isOneRow && widthWith(m_longTitle) > width())
+        widthWith(m_shortTitle);
+}
+
+void RangeBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fit();
+}
+
+void RangeBar::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fit();
 }
 
 QString RangeBar::titleOf(const CalendarRange& range) {
@@ -98,8 +134,16 @@ QString RangeBar::titleOf(const CalendarRange& range) {
         return QString::number(range.first().year());
     default:
         return range.days() == 1 ? locale.toString(range.first(), QLocale::LongFormat)
-                                 : spanTitle(range.first(), range.last());
+                                 : PictureTexts::days(range.first(), range.last());
     }
+}
+
+QString RangeBar::shortTitleOf(const CalendarRange& range) {
+    if (range.days() != 1)
+        return titleOf(range);
+    const QLocale locale;
+    return locale.dayName(range.first().dayOfWeek(), QLocale::ShortFormat) + u' ' +
+           locale.toString(range.first(), QLocale::ShortFormat);
 }
 
 void RangeBar::openCalendar() {

@@ -6,12 +6,13 @@
 #include <QWidget>
 
 class QAction;
+class QBoxLayout;
 class QToolBar;
 class QToolButton;
 struct HistoryActions;
 
-// The bar above the picture: which range is shown, and buttons for the ranges beside it and of other kinds. Its title
-// opens a calendar.
+// The bar above the picture: which range is shown, and buttons for the ranges beside it, of other kinds, and for what
+// the picture goes by. Its title opens a calendar. Where one row has no room for all, there are two.
 class RangeBar : public QWidget {
     Q_OBJECT
 public:
@@ -22,19 +23,33 @@ public:
     // Opens the calendar for a day, or for a first and a last one if a span is shown.
     void openCalendar();
 
-    // "Saturday, 22 November 2026", "16 – 22 November 2026", "November 2026", "2026", in the user's language.
+    // "Saturday, 22 November 2026", "16 Nov – 22 Nov 2026", "November 2026", "2026", in the user's language.
     static QString titleOf(const CalendarRange& range);
+    // "Sat 22/11/2026" for a day; otherwise the same.
+    static QString shortTitleOf(const CalendarRange& range);
 
 Q_SIGNALS:
     void dayChosen(QDate day);
     void spanChosen(QDate first, QDate last);
 
-private:
-    QToolButton& addButton(QAction* action);
-    void addStep(QAction* action, Qt::ArrowType arrow);
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
-    QToolBar* m_buttons;
+private:
+    QToolBar* makeBar(const QString& name);
+    QToolButton& addButton(QToolBar& bar, QAction* action);
+    void addStep(QAction* action, Qt::ArrowType arrow);
+    // In one row or in two, as the width allows.
+    void fit();
+
+    QToolBar* m_steps;
+    QToolBar* m_kinds;
+    QToolBar* m_by;
     QToolButton* m_title;
+    QBoxLayout* m_rows;
+    QString m_longTitle;
+    QString m_shortTitle;
     // Absent before the first is shown.
     std::optional<CalendarRange> m_range;
 };

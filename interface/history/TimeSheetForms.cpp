@@ -3,6 +3,7 @@
 
 #include "Classes/exchange/RtfTable.h"
 #include "Classes/report/ReportFormats.h"
+#include "interface/history/PictureTexts.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QBuffer>
@@ -35,26 +36,40 @@ QList<QStringList> tableOf(const TimeSheet& sheet, Text text) {
     return rows << cellsOf(localized("Sum"), sheet.sums(), sheet.sum(), text);
 }
 
+// So small that as many days stand beside each other.
+double pointsFor(int days) {
+    return days > 16 ? 6 : days > 8 ? 8 : 10;
+}
+
+// A line below the heading and above the sums, and a pale one between the projects.
 QString htmlTable(const SheetPage& page) {
     const QList<QStringList> rows = TimeSheetForms::table(page);
-    QString html = QStringLiteral("<table width=\"100%\" cellpadding=\"4\" cellspacing=\"0\" border=\"1\" "
-                                  "style=\"border-collapse:collapse; border-style:solid;\">");
-    for (const QStringList& row : rows) {
-        // The heading and the sums.
-        const bool isBold = &row == &rows.front() || &row == &rows.back();
-        const QString tag = isBold ? QStringLiteral("th") : QStringLiteral("td");
+    QString html = QStringLiteral("<table width=\"100%\" cellpadding=\"5\" cellspacing=\"0\" "
+                                  "style=\"border-collapse:collapse; font-size:%1pt;\">")
+                       .arg(pointsFor(page.sheet.days()));
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        const bool isHeading = row == 0;
+        const bool isSum = row == rows.size() - 1;
+        const bool isStrongLine = isHeading || row == rows.size() - 2;
         html += QStringLiteral("<tr>");
-        for (const QString& cell : row)
-            html += QStringLiteral("<%1 align=\"%2\">%3</%1>")
-                        .arg(tag, &cell == &row.front() ? QStringLiteral("left") : QStringLiteral("right"),
-                             cell.toHtmlEscaped());
+        for (qsizetype cell = 0; cell < rows[row].size(); ++cell) {
+            const bool isBold = isHeading || isSum || cell == rows[row].size() - 1;
+            html += QStringLiteral("<%1 align=\"%2\" style=\"border-bottom:%3;\">%4</%1>")
+                        .arg(isBold ? QStringLiteral("th") : QStringLiteral("td"),
+                             cell == 0 ? QStringLiteral("left") : QStringLiteral("right"),
+                             isStrongLine ? QStringLiteral("1px solid #303030")
+                             : isSum      ? QStringLiteral("none")
+                                          : QStringLiteral("1px solid #d0d0d0"),
+                             rows[row][cell].toHtmlEscaped());
+        }
         html += QStringLiteral("</tr>");
     }
     return html + QStringLiteral("</table>");
 }
 
-QString paragraph(const QString& text) {
-    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
+QString paragraph(const QString& text, const char* style = "") {
+    return QStringLiteral("<p style=\"%1\">%2</p>")
+        .arg(QLatin1String(style), text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
 }
 
 } // namespace
@@ -90,16 +105,16 @@ bool TimeSheetForms::hasSeconds(const TimeSheet& sheet) {
 }
 
 QString TimeSheetForms::period(const TimeSheet& sheet) {
-    const QLocale locale;
-    return locale.toString(sheet.first(), QLocale::ShortFormat) + QStringLiteral(" – ") +
-           locale.toString(sheet.first().addDays(sheet.days() - 1), QLocale::ShortFormat);
+    return PictureTexts::days(sheet.first(), sheet.first().addDays(sheet.days() - 1));
 }
 
 std::unique_ptr<QTextDocument> TimeSheetForms::document(const SheetPage& page) {
-    QString html = QStringLiteral("<h2>%1</h2>").arg(localized("Time Sheet").toHtmlEscaped());
+    QString html =
+        paragraph(localized("Time Sheet"), "font-size:22pt; margin-bottom:2pt;") +
+        paragraph(period(page.sheet), "font-size:13pt; color:#505050; margin-top:0pt; margin-bottom:14pt;");
     if (!page.name.isEmpty())
-        html += paragraph(page.name);
-    html += paragraph(period(page.sheet)) + htmlTable(page);
+        html += paragraph(page.name, "font-size:11pt; font-weight:bold; margin-bottom:14pt;");
+    html += htmlTable(page);
     if (page.sheet.measured() != page.sheet.sum())
         html += paragraph(
             localized("Measured: %@")
@@ -107,6 +122,9 @@ std::unique_ptr<QTextDocument> TimeSheetForms::document(const SheetPage& page) {
     if (!page.notes.isEmpty())
         html += paragraph(page.notes);
     auto document = std::make_unique<QTextDocument>();
+    QFont font = document->defaultFont();
+    font.setPointSize(10);
+    document->setDefaultFont(font);
     document->setHtml(html);
     return document;
 }

@@ -5,6 +5,7 @@
 #include "Classes/record/WholeFile.h"
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
+#include "interface/shell/ButtonText.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/files/UserDefaults.h"
@@ -52,6 +53,7 @@ TimeSheetWindow::TimeSheetWindow(UserDefaults& defaults, Alerts& alerts, QString
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view->verticalHeader()->hide();
     m_view->setTabKeyNavigation(false);
+    m_view->setWordWrap(false);
     named(m_view->horizontalHeader(), QStringLiteral("timeSheetHeader"));
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(makeChoices());
@@ -114,7 +116,7 @@ QWidget* TimeSheetWindow::makeButtons() {
     cells->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char* name, const QString& text, auto act) {
         auto* button = named(new QPushButton(text), QLatin1String(name));
-        button->setAccessibleName(QString(text).remove(u'&').remove(u'…'));
+        button->setAccessibleName(buttonText(text));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, act);
         cells->addWidget(button);
@@ -176,6 +178,7 @@ void TimeSheetWindow::refresh() {
     const QList<QStringList> rows = TimeSheetForms::table(shown);
     m_table->clear();
     m_table->setHorizontalHeaderLabels(rows.front());
+    m_table->horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     for (qsizetype row = 1; row < rows.size(); ++row) {
         QList<QStandardItem*> items;
         for (const QString& text : rows[row]) {
@@ -189,8 +192,11 @@ void TimeSheetWindow::refresh() {
         }
         m_table->appendRow(items);
     }
-    m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_view->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    // The projects get what the days leave, but never less than they need.
+    QHeaderView& heading = *m_view->horizontalHeader();
+    heading.setSectionResizeMode(QHeaderView::ResizeToContents);
+    if (heading.length() < m_view->viewport()->width())
+        heading.setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 void TimeSheetWindow::copy() const {

@@ -3,6 +3,8 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
+
 // The piece of a day that is shown, within the whole of it. In milliseconds since 1970; fractions are kept, so
 // that zooming in and out at one place ends where it began.
 class TimeView {
@@ -29,6 +31,8 @@ public:
         m_from = m_begin;
         m_to = m_end;
     }
+    // As much of this piece as lies within.
+    void showPiece(double from, double to) { clamp(from, std::min(to, m_end) - std::max(from, m_begin)); }
     // Shows `factor` times as much; `moment` stays where it is, unless the day ends there.
     void zoom(double factor, double moment);
     void moveBy(double time);

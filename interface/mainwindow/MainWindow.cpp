@@ -8,6 +8,7 @@
 #include "interface/mainwindow/SumBar.h"
 #include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/shell/ButtonText.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
 #include "interface/sidebar/SidebarPane.h"
@@ -105,7 +106,7 @@ QWidget* MainWindow::makeOutlinePane() {
     m_sides->setExpanding(false);
     m_sides->setDrawBase(false);
     for (const QAction* side : {m_actions.showTimers, m_actions.showHistory})
-        m_sides->addTab(side->text().remove(u'&'));
+        m_sides->addTab(buttonText(side->text()));
     rows->addWidget(m_sides);
     m_pages = named(new QStackedWidget, QStringLiteral("pages"));
     m_historyPane = named(new HistoryPane(m_historyActions), QStringLiteral("historyPane"));
@@ -141,7 +142,8 @@ QList<QAction*> MainWindow::appMenu() const {
 
 void MainWindow::setMenuBarShown(bool isShown) {
     menuBar()->setVisible(isShown);
-    for (QAction* command : appMenu())
+    // Also those that have shortcuts at times only.
+    for (QAction* command : findChildren<QAction*>(Qt::FindDirectChildrenOnly))
         isShown ? removeAction(command) : addAction(command);
 }
 
@@ -206,6 +208,10 @@ void MainWindow::setHistoryShown(bool isShown) {
     m_pages->setCurrentIndex(isShown);
     for (QAction* action : m_historyActions.all())
         action->setEnabled(isShown);
+    // In the history these keys zoom.
+    m_actions.expandAll->setShortcut(isShown ? Qt::ALT | Qt::Key_Plus : Qt::CTRL | Qt::Key_Plus);
+    m_actions.collapseAll->setShortcut(isShown ? Qt::ALT | Qt::Key_Minus : Qt::CTRL | Qt::Key_Minus);
+    m_historyActions.offerZoom(isShown);
     if (hadFocus)
         (isShown ? static_cast<QWidget*>(&m_historyPane->outline()) : m_mainTable)->setFocus();
     updateSeen();

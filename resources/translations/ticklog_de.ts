@@ -1775,5 +1775,21 @@
         <source>The time stays with its programs. The history notes what was changed by hand.</source>
         <translation>Die Zeit bleibt bei ihren Programmen. Der Verlauf hält fest, was von Hand geändert wurde.</translation>
     </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset &amp;Zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start the timer to record when your time goes where.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 </TS>

@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +32,10 @@ Piece piece(qint64 start, qint64 end, const char* program, const char* title = "
     return {start, end - start, QString::fromUtf8(program), QString::fromUtf8(title), projects};
 }
 
+Piece idle(int hour) {
+    return {at(hour), kHour, u"Idle"_s, {}, {}, RecordedStretch::Presence::Idle};
+}
+
 // A day on the screen, as a person has it before them.
 struct DayPictureTest : testing::Test {
     DayPictureTest() {
@@ -45,8 +50,17 @@ struct DayPictureTest : testing::Test {
 
     ~DayPictureTest() override { picture.setParent(nullptr); }
 
+    // The first time, with all of its hours.
     void show(std::vector<Piece> pieces) {
         picture.show(at(0), at(0) + 24 * kHour, std::move(pieces), at(22));
+        if (!std::exchange(isOpened, true))
+            picture.showAll();
+    }
+
+    // "9-17": what is seen of the day.
+    QString seen() const {
+        const auto hour = [](double moment) { return QString::number((moment - double(at(0))) / kHour); };
+        return hour(picture.view().from()) + u'-' + hour(picture.view().to());
     }
 
     // Mail, a short look at a page, writing for two projects, nobody there, a gap, and writing again.
@@ -113,6 +127,7 @@ struct DayPictureTest : testing::Test {
 
     FakePlatform fakes;
     PictureColors colors{fakes.defaults};
+    bool isOpened = false;
     QWidget window;
     DayPicture picture{colors};
 };
@@ -175,6 +190,7 @@ TEST_F(DayPictureTest, aDayOf25Hours_isDrawnWholeAndTrue) {
     const qint64 end = QDateTime(QDate(2026, 10, 26), QTime(0, 0)).toMSecsSinceEpoch();
     ASSERT_EQ(end - begin, 25 * kHour);
     picture.show(begin, end, {piece(begin + 24 * kHour, end, "Mail")}, begin);
+    picture.showAll();
     const QRect lane = picture.laneRect(DayPicture::Programs);
     EXPECT_NEAR(picture.xOf(double(begin + 24 * kHour)), lane.left() + lane.width() * 24 / 25.0, 1);
     EXPECT_EQ(seenAt(end - kHour / 2), colorOf("Mail"));
@@ -271,12 +287,46 @@ TEST_F(DayPictureTest, theKeys_zoomAndShowAllAgain) {
     press(Qt::Key_Minus);
     EXPECT_EQ(picture.view().length(), double(12 * kHour));
     press(Qt::Key_0, Qt::ControlModifier);
-    EXPECT_FALSE(picture.view().isZoomed());
+    EXPECT_EQ(seen(), u"8-17"_s) << "the working day first";
     EXPECT_EQ(reset.count(), 1);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(seen(), u"0-24"_s) << "then all of it";
     press(Qt::Key_Plus);
     press(Qt::Key_Escape);
-    EXPECT_FALSE(picture.view().isZoomed());
-    EXPECT_EQ(reset.count(), 2);
+    EXPECT_EQ(seen(), u"8-17"_s);
+    EXPECT_EQ(reset.count(), 3);
+}
+
+TEST_F(DayPictureTest, aDay_opensOnItsFullHoursOfWork) {
+    isOpened = true;
+    showWork();
+    EXPECT_EQ(seen(), u"8-17"_s);
+    picture.zoomOut();
+    picture.zoomOut();
+    EXPECT_EQ(seen(), u"0-24"_s);
+    const auto opened = [&](std::vector<Piece> pieces) {
+        picture.show(at(0) - 24 * kHour, at(0), {}, 0);
+        show(std::move(pieces));
+        return seen();
+    };
+    EXPECT_EQ(opened({}), u"0-24"_s);
+    EXPECT_EQ(opened({piece(at(9, 15), at(9, 20), "Mail")}), u"9-13"_s) << "what is added lies ahead";
+    EXPECT_EQ(opened({piece(at(23, 15), at(23, 50), "Mail")}), u"20-24"_s);
+    EXPECT_EQ(opened({piece(at(0, 5), at(0, 6), "Mail")}), u"0-4"_s);
+    EXPECT_EQ(opened({idle(1), piece(at(9, 30), at(14, 30), "Mail"), idle(19)}), u"9-15"_s)
+        << "nobody worked in the night";
+}
+
+TEST_F(DayPictureTest, aWorkingDayThatGrows_isSeenWholeUntilSomebodyZooms) {
+    isOpened = true;
+    show({piece(at(9, 15), at(12, 45), "Mail")});
+    EXPECT_EQ(seen(), u"9-13"_s);
+    show({piece(at(9, 15), at(13, 5), "Mail")});
+    EXPECT_EQ(seen(), u"9-14"_s);
+    picture.zoomIn();
+    const QString zoomed = seen();
+    show({piece(at(9, 15), at(18), "Mail")});
+    EXPECT_EQ(seen(), zoomed);
 }
 
 TEST_F(DayPictureTest, dragging_choosesAPiece) {

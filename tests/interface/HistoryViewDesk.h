@@ -6,6 +6,7 @@
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
+#include "interface/shell/ProgramIcons.h"
 #include "platform/foundation/time/LocalTime.h"
 #include "tests/interface/HistoryDesk.h"
 
@@ -58,13 +59,20 @@ struct HistoryViewDesk : HistoryDesk {
     }
     QString historySum() { return pane().findChild<QLineEdit*>(QStringLiteral("history timeSum"))->text(); }
 
+    // By the name of the program: a name in a theme, or the path of a picture.
+    QHash<QString, QString> iconNames;
+    ProgramIcons icons{[this](const QString& program) {
+        const QString name = iconNames.value(program);
+        return name.isEmpty() ? std::nullopt : std::optional(name);
+    }};
     HistoryController view{
         {.window = controller.window(),
          .platform = fakes.platform,
          .alerts = alerts,
          .project = [this] { return controller.shownProject(); },
          .isCounting = [this] { return controller.timer().isRunning(); },
-         .labelOf = [this](const QString& name) { return controller.colorOfProject(name); }},
+         .labelOf = [this](const QString& name) { return controller.colorOfProject(name); },
+         .icons = icons},
         history};
     Amending amending{{.window = controller.window(),
                        .view = view,

@@ -9,8 +9,10 @@
 
 #include <QClipboard>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QTest>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -144,6 +146,123 @@ TEST_F(HistoryViewTest, theSelection_isSummedAndCopiedAsATable) {
     EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(QStringLiteral("<td>Inbox</td>")));
 }
 
+TEST_F(HistoryViewTest, rowsThatAreDragged_areWhatIsCopied) {
+    aDay();
+    past(today(11), 60, "=cmd()");
+    showHistory();
+    command(actions().selectAll);
+    const QAbstractItemModel& rows = *outline().model();
+    EXPECT_TRUE(rows.flags(historyRow("Mail")).testFlag(Qt::ItemIsDragEnabled));
+    EXPECT_TRUE(outline().dragEnabled());
+    const std::unique_ptr<QMimeData> dragged(rows.mimeData(outline().selectionModel()->selectedRows()));
+    command(actions().copy);
+    const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
+    const QStringList forms{QStringLiteral("text/html"), QStringLiteral("text/tab-separated-values"),
+                            QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
+                            QStringLiteral("text/plain")};
+    EXPECT_EQ(dragged->formats(), forms) << "as the timers give them";
+    for (const QString& form : forms)
+        EXPECT_EQ(dragged->data(form), copied.data(form)) << qPrintable(form);
+    EXPECT_EQ(dragged->text(), QStringLiteral("Mail\t\t0:45:00\nDraw\t\t0:10:00\n'=cmd()\t\t0:01:00\n"));
+    EXPECT_TRUE(dragged->data(forms[2]).contains("Time Spent"));
+}
+
+TEST_F(HistoryViewTest, programs_haveTheirIconsWhereverTheyAreRows) {
+    aDay();
+    showHistory();
+    const auto program = [](const QModelIndex& row) {
+        return row.data(HistoryModel::ProgramRole).toString();
+    };
+    EXPECT_EQ(program(historyRow("Mail")), QStringLiteral("Mail"));
+    EXPECT_EQ(program(historyRow("Mail").model()->index(0, 0, historyRow("Mail"))), QString());
+    command(historyActions().byProject);
+    const QModelIndex nobody = historyRow("No Project");
+    EXPECT_EQ(program(nobody), QString());
+    EXPECT_EQ(program(nobody.model()->index(0, 0, nobody)), QStringLiteral("Mail"));
+}
+
+TEST_F(HistoryViewTest, onlyTheIconsOfRowsThatAreSeen_areLookedFor) {
+    int asked = 0;
+    ProgramIcons counted([&](const QString&) { return ++asked, std::optional<QString>(); });
+    outline().setIcons(counted);
+    for (int number = 0; number < 200; ++number)
+        past(today(9, number / 60).addSecs(number % 60), 1, qPrintable(QStringLiteral("P%1").arg(number)));
+    show();
+    EXPECT_EQ(asked, 0);
+    command(actions().showHistory);
+    for (int turn = 0; turn < 100; ++turn)
+        settle();
+    EXPECT_GT(asked, 5);
+    EXPECT_LT(asked, 40);
+}
+
+// Where a click would meet it.
+bool isWithin(const QWidget& window, const QWidget* button) {
+    return button && button->isVisible() &&
+           window.rect().contains(QRect(button->mapTo(&window, QPoint()), button->size()));
+}
+
+TEST_F(HistoryViewTest, theWeekOfAProject_isThreeClicksAwayInTheFirstWindow) {
+    past(today(9), 600, "Mail");
+    show();
+    MainWindow& window = controller.window();
+    window.resize(900, 600);
+    int clicks = 0;
+    const auto click = [&](QWidget* widget, const QPoint& place) {
+        ASSERT_TRUE(isWithin(window, widget));
+        QTest::mouseClick(widget, Qt::LeftButton, {}, place);
+        settle();
+        ++clicks;
+    };
+    auto* sides = window.findChild<QTabBar*>(QStringLiteral("sides"));
+    click(sides, sides->tabRect(1).center());
+    for (const char* name : {"historyWeekButton", "historyByProjectButton"}) {
+        auto* button = window.findChild<QToolButton*>(QLatin1String(name));
+        click(button, button->rect().center());
+    }
+    EXPECT_EQ(view.range().kind(), CalendarRange::Kind::Week);
+    EXPECT_TRUE(rows().startsWith(QStringLiteral("No Project 00:10:00")));
+    EXPECT_LE(clicks, 3);
+}
+
+TEST_F(HistoryViewTest, atEveryWidth_everyRangeIsSeenWithItsTitle) {
+    showHistory();
+    MainWindow& window = controller.window();
+    for (const int width : {640, 760, 900, 1100, 1400}) {
+        window.resize(width, 600);
+        settle();
+        for (const char* name : {"historyTitle", "historyDayButton", "historyYearButton",
+                                 "historyByProgramButton", "historyByProjectButton"})
+            EXPECT_TRUE(isWithin(window, window.findChild<QToolButton*>(QLatin1String(name))))
+                << name << " at " << width;
+    }
+    // With room for it, all is in one row.
+    EXPECT_EQ(pane().rangeBar().height(),
+              window.findChild<QWidget*>(QStringLiteral("historySteps"))->height());
+}
+
+TEST_F(HistoryViewTest, theKeysOfTheZoom_workWhereverTheFocusIsAndExpandTheTimers) {
+    aDay();
+    showHistory();
+    const TimeView& day = pane().dayPicture().view();
+    EXPECT_EQ(day.length(), 4.0 * 3600'000) << "from nine, and four hours at the least";
+    outline().setFocus();
+    QTest::keyClick(&outline(), Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(day.length(), 8.0 * 3600'000);
+    controller.window().searchAppField().setFocus();
+    QTest::keyClick(&controller.window().searchAppField(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(day.length(), 4.0 * 3600'000);
+    QTest::keyClick(&outline(), Qt::Key_0, Qt::ControlModifier);
+    EXPECT_FALSE(day.isZoomed());
+    command(historyActions().forKind(CalendarRange::Kind::Week));
+    EXPECT_FALSE(historyActions().zoomIn->isEnabled());
+    command(actions().showTimers);
+    table().setFocus();
+    QSignalSpy expanded(actions().expandAll, &QAction::triggered);
+    QTest::keyClick(&table(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(expanded.count(), 1);
+}
+
 TEST_F(HistoryViewTest, commandsThatOnlyTimersKnow_waitForTheTimers) {
     account("Mail", 10);
     show();
@@ -241,7 +360,13 @@ TEST_F(HistoryViewTest, aWindowWithoutRoom_showsTheRowsAlone) {
 
 TEST_F(HistoryViewTest, emptyRanges_sayWhy) {
     showHistory();
+    EXPECT_EQ(outline().invitation(),
+              QStringLiteral(
+                  "No work was recorded in this time. Start the timer to record when your time goes where."));
+    controller.timer().startTimer();
+    command(historyActions().today);
     EXPECT_EQ(outline().invitation(), QStringLiteral("No work was recorded in this time."));
+    controller.timer().stopTimer();
     command(historyActions().forward);
     EXPECT_EQ(outline().invitation(), QStringLiteral("This time is still to come."));
     controller.window().searchAppField().setText(QStringLiteral("x"));

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The windows in every language: nothing is cut off, and each menu entry has its own accelerator.
+#include "interface/history/HistoryPane.h"
+#include "interface/history/RangeBar.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
 #include "platform/foundation/text/Translations.h"
@@ -145,6 +147,26 @@ TEST_P(LanguagesTest, theMainWindow_hasRoomForItsTexts) {
     account("Mail", 40);
     settle();
     EXPECT_GT(expectRoomForTexts(window), 3);
+}
+
+TEST_P(LanguagesTest, theHistorysRanges_haveRoomForTheirTexts) {
+    MainWindow& window = controller.window();
+    show();
+    window.setHistoryShown(true);
+    RangeBar& bar = window.historyPane().rangeBar();
+    bar.show(CalendarRange::around(CalendarRange::Kind::Day, QDate(2026, 9, 23), Qt::Monday), {});
+    QStringList buttons{u"historyTitle"_s,           u"historyTodayButton"_s,    u"historyDayButton"_s,
+                        u"historyWeekButton"_s,      u"historyMonthButton"_s,    u"historyYearButton"_s,
+                        u"historyByProgramButton"_s, u"historyByProjectButton"_s};
+    for (const int width : {640, 900}) {
+        window.resize(width, 600);
+        settle();
+        expectRoomForTexts(bar);
+        for (const QString& name : buttons)
+            EXPECT_TRUE(bar.findChild<QWidget*>(name)->isVisible()) << qPrintable(name) << " at " << width;
+        // In a narrow window, it may move into the menu at the bar's end.
+        buttons << u"historySpanButton"_s;
+    }
 }
 
 TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {

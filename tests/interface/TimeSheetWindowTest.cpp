@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/TimeSheetWindow.h"
 
+#include "tests/desktop/harness/Packaged.h"
 #include "tests/interface/HistoryViewDesk.h"
 
 #include <QClipboard>
@@ -52,6 +53,18 @@ struct TimeSheetWindowTest : testing::Test, HistoryViewDesk {
         Q_EMIT box->activated(index);
     }
 
+    // What another program finds on the pages.
+    QString readAgain(const QByteArray& pdf) {
+        const QString path = fakes.platform.folders.documents + QStringLiteral("/sheet.pdf");
+        QFile file(path);
+        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(pdf) == pdf.size());
+        file.close();
+        QProcess reader;
+        reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+        EXPECT_TRUE(reader.waitForFinished(30'000)) << qPrintable(reader.errorString());
+        return QString::fromUtf8(reader.readAllStandardOutput());
+    }
+
     const QDate kMonday{2026, 11, 16};
 };
 
@@ -101,6 +114,22 @@ TEST_F(TimeSheetWindowTest, thePage_saysWhoseTimeItIsAndWhatWasMeasured) {
     EXPECT_TRUE(text.contains(QStringLiteral("Anna <b>Berg</b>")));
     EXPECT_TRUE(text.contains(QStringLiteral("Measured: 1:40:10")));
     EXPECT_TRUE(TimeSheetForms::pdf(sheet().page()).startsWith("%PDF"));
+}
+
+TEST_F(TimeSheetWindowTest, thePdf_isReadByAnotherProgram) {
+    SKIP_WHERE_NOT_PACKAGED(QStringLiteral("pdftotext"));
+    aWeek();
+    SheetPage page = sheet().page();
+    page.name = QStringLiteral("Anna Berg");
+    page.notes = QStringLiteral("Thank you.\n").repeated(80);
+    const QString text = readAgain(TimeSheetForms::pdf(page));
+    for (const char* part : {"Time Sheet", "Anna Berg", "Nov 16 – 22, 2026", "Meier & Sons", "0:30:10",
+                             "1:30:10", "1:40:10", "Thank you."})
+        EXPECT_TRUE(text.contains(QString::fromUtf8(part))) << part << " in " << qPrintable(text);
+    const QStringList pages = text.split(u'\f', Qt::SkipEmptyParts);
+    ASSERT_GE(pages.size(), 2);
+    for (qsizetype number = 1; number <= pages.size(); ++number)
+        EXPECT_EQ(pages[number - 1].trimmed().section(u'\n', -1).trimmed(), QString::number(number));
 }
 
 TEST_F(TimeSheetWindowTest, aSingleDay_opensTheWeekAroundIt) {

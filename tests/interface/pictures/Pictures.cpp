@@ -2,7 +2,6 @@
 // pictures FOLDER: draws the main window, one PNG for each scene, in the palette, language and scale of the
 // environment (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED, QT_SCALE_FACTOR). For people to look at.
 #include "Classes/rules/RuleCategories.h"
-#include "interface/history/TimeSheetWindow.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
@@ -14,6 +13,8 @@
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
 #include "tests/interface/HistoryViewDesk.h"
+#include "tests/interface/pictures/Grab.h"
+#include "tests/interface/pictures/HistoryPictures.h"
 #include "tests/interface/pictures/TimePictures.h"
 
 #include <QApplication>
@@ -22,7 +23,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QLocale>
 #include <QMenu>
 #include <QStyleFactory>
@@ -120,13 +120,6 @@ struct Scene : Desk {
     QString name;
 };
 
-void grab(QWidget& widget, const QDir& folder, const char* name) {
-    QCoreApplication::processEvents();
-    const QString path = folder.filePath(QLatin1String(name) + QStringLiteral(".png"));
-    widget.grab().save(path);
-    std::printf("%s\n", qPrintable(path));
-}
-
 PropertyListDictionary rulesOfAWriter() {
     return {
         {QStringLiteral("Firefox"), PropertyListDictionary{{kRuleCategories, QStringLiteral("reading")}}},
@@ -161,86 +154,6 @@ void drawPreferences(const QDir& folder) {
     grab(window, folder, "preferences-archive");
     window.selectTab(QStringLiteral("General"));
     grab(window, folder, "preferences-general-unfolded");
-}
-
-// A week of somebody who works for two clients: the day, the week, the year, the time sheet.
-void drawHistory(const QDir& folder) {
-    HistoryViewDesk desk;
-    desk.controller.window().resize(1000, 640);
-    const char* programs[] = {"Firefox", "Writer", "Thunderbird", "Inkscape", "Terminal"};
-    const char* titles[] = {"Timetable of the western railway", "Offer for Meier", "Letter to Anna", "Poster",
-                            "make test"};
-    std::vector<Identity> timers;
-    PropertyListArray entries;
-    for (const char* program : programs)
-        entries.emplace_back(PropertyListDictionary{
-            {kEntryApp,
-             PropertyListDictionary{{kRecordName, QString::fromUtf8(program)}, {kRecordActiveTime, 1.0}}},
-            {kEntryWindows, PropertyListArray()}});
-    desk.controller.tracker().setArrayRepresentation(entries);
-    for (const char* program : programs)
-        for (const auto& app : desk.controller.tracker().fullTimeSet())
-            if (app->name() == QLatin1String(program))
-                timers.push_back(*app->uuid());
-    const auto project = [&](const char* label, std::vector<Identity> members, int tag) {
-        const auto added = desk.controller.projects().addNewProjectWithItems(members);
-        desk.controller.projects().setLabel(*added, QString::fromUtf8(label));
-        desk.controller.projects().setSelectedColorTag(*added, tag);
-    };
-    project("Meier", {timers[1]}, 2);
-    project("Garden plan", {timers[3]}, 4);
-    desk.controller.saveSettingsToDisk();
-    unsigned random = 11;
-    const auto below = [&](unsigned limit) {
-        random = random * 1103515245U + 12345U;
-        return (random >> 16) % limit;
-    };
-    const QDate today = desk.today(0).date();
-    for (int day = -40; day <= 0; ++day) {
-        if (today.addDays(day).dayOfWeek() > 5 && day != 0)
-            continue;
-        QDateTime at(today.addDays(day), QTime(8, int(below(50))));
-        const QDateTime end(today.addDays(day), QTime(16, int(below(59))));
-        while (at < end) {
-            const auto which = below(5);
-            const qint64 length = 60 + below(which == 1 ? 3000 : 900);
-            const bool isAway = below(12) == 0;
-            if (isAway)
-                desk.past(at, length, "Idle", "", RowPresence::Idle);
-            else if (below(15) != 0)
-                desk.past(at, length, programs[which], titles[which], RowPresence::Work,
-                          {.application = timers[which], .window = {}});
-            at = at.addSecs(length);
-        }
-    }
-    // The end of a working day.
-    desk.seconds(8 * 3600 + 20 * 60);
-    desk.showHistory();
-    desk.outline().expand(desk.outline().model()->index(0, 0));
-    grab(desk.controller.window(), folder, "history-day");
-    desk.command(desk.historyActions().byProject);
-    grab(desk.controller.window(), folder, "history-day-projects");
-    desk.command(desk.historyActions().forKind(CalendarRange::Kind::Week));
-    grab(desk.controller.window(), folder, "history-week-projects");
-    desk.command(desk.historyActions().byProgram);
-    grab(desk.controller.window(), folder, "history-week");
-    desk.command(desk.historyActions().timeSheet);
-    grab(*desk.view.timeSheet(), folder, "time-sheet");
-    desk.view.timeSheet()->close();
-    desk.command(desk.historyActions().forKind(CalendarRange::Kind::Month));
-    grab(desk.controller.window(), folder, "history-month");
-    desk.command(desk.historyActions().forKind(CalendarRange::Kind::Year));
-    grab(desk.controller.window(), folder, "history-year");
-    desk.command(desk.actions().showManual);
-    auto& manual = *desk.controller.window().findChild<QDialog*>(QStringLiteral("manualWindow"));
-    manual.findChild<QListWidget*>()->setCurrentRow(3);
-    grab(manual, folder, "manual");
-    manual.close();
-    desk.view.showRange(desk.view.range().next());
-    desk.settle();
-    grab(desk.controller.window(), folder, "history-empty");
-    desk.controller.window().resize(480, 360);
-    grab(desk.controller.window(), folder, "history-small");
 }
 
 // What the history keeps, and what is forgotten of it.
@@ -516,7 +429,7 @@ void drawAll(const QDir& folder) {
         scene.save(folder);
     }
     drawPreferences(folder);
-    drawHistory(folder);
+    drawHistoryPictures(folder);
     drawHistorySettings(folder);
     drawAuthorization(folder);
     drawSetup(folder);
@@ -556,9 +469,11 @@ int main(int argc, char** argv) {
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("."));
     folder.mkpath(QStringLiteral("."));
-    // The pictures of time alone, while one works at them.
+    // The pictures of time or of the history alone, while one works at them.
     if (qEnvironmentVariableIsSet("TICKLOG_TIMES"))
         drawTimePictures(folder);
+    else if (qEnvironmentVariableIsSet("TICKLOG_HISTORY"))
+        drawHistoryPictures(folder);
     else
         drawAll(folder);
 }
