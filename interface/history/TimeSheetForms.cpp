@@ -109,12 +109,12 @@ QString TimeSheetForms::period(const TimeSheet& sheet) {
 }
 
 std::unique_ptr<QTextDocument> TimeSheetForms::document(const SheetPage& page) {
-    QString html =
-        paragraph(localized("Time Sheet"), "font-size:22pt; margin-bottom:2pt;") +
-        paragraph(period(page.sheet), "font-size:13pt; color:#505050; margin-top:0pt; margin-bottom:14pt;");
+    QString html = paragraph(localized("Time Sheet"), "font-size:22pt; margin-bottom:2pt;") +
+                   paragraph(period(page.sheet), "font-size:13pt; color:#505050; margin-top:0pt;");
     if (!page.name.isEmpty())
-        html += paragraph(page.name, "font-size:11pt; font-weight:bold; margin-bottom:14pt;");
-    html += htmlTable(page);
+        html += paragraph(page.name, "font-size:11pt; font-weight:bold;");
+    // Tables have no margin of their own.
+    html += paragraph(QStringLiteral("\u00a0"), "font-size:4pt;") + htmlTable(page);
     if (page.sheet.measured() != page.sheet.sum())
         html += paragraph(
             localized("Measured: %@")
