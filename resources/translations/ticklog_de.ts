@@ -1777,19 +1777,19 @@
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>Ver&amp;größern</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Verk&amp;leinern</translation>
     </message>
     <message>
         <source>Reset &amp;Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößerung z&amp;urücksetzen</translation>
     </message>
     <message>
         <source>Start the timer to record when your time goes where.</source>
-        <translation type="unfinished"></translation>
+        <translation>Starten Sie den Timer, um aufzuzeichnen, wann Ihre Zeit wohin geht.</translation>
     </message>
 </context>
 </TS>

@@ -1777,19 +1777,19 @@
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>Ampl&amp;iar</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Redu&amp;cir</translation>
     </message>
     <message>
         <source>Reset &amp;Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Restablecer el &amp;zoom</translation>
     </message>
     <message>
         <source>Start the timer to record when your time goes where.</source>
-        <translation type="unfinished"></translation>
+        <translation>Inicie el cronómetro para registrar en qué y cuándo se va su tiempo.</translation>
     </message>
 </context>
 </TS>

@@ -1777,19 +1777,19 @@
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;grandir</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Réd&amp;uire</translation>
     </message>
     <message>
         <source>Reset &amp;Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir le &amp;zoom</translation>
     </message>
     <message>
         <source>Start the timer to record when your time goes where.</source>
-        <translation type="unfinished"></translation>
+        <translation>Démarrez le chronomètre pour enregistrer où passe votre temps, et quand.</translation>
     </message>
 </context>
 </TS>

@@ -1777,19 +1777,19 @@
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>拡大(&amp;I)</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>縮小(&amp;O)</translation>
     </message>
     <message>
         <source>Reset &amp;Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>拡大率を戻す(&amp;Z)</translation>
     </message>
     <message>
         <source>Start the timer to record when your time goes where.</source>
-        <translation type="unfinished"></translation>
+        <translation>タイマーを開始すると、いつ何に時間を使ったかが記録されます。</translation>
     </message>
 </context>
 </TS>

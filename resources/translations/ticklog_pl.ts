@@ -1777,19 +1777,19 @@
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>Powięk&amp;sz</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Pomni&amp;ejsz</translation>
     </message>
     <message>
         <source>Reset &amp;Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Przywróć sk&amp;alę</translation>
     </message>
     <message>
         <source>Start the timer to record when your time goes where.</source>
-        <translation type="unfinished"></translation>
+        <translation>Uruchom licznik, aby zapisywać, kiedy i na co idzie Twój czas.</translation>
     </message>
 </context>
 </TS>
