@@ -201,6 +201,7 @@ TEST_F(AmendingTest, whereNothingIsChosen_onlyBookingIsOffered) {
 
 TEST_F(AmendingTest, aGapThatIsClicked_isWhatIsBooked) {
     aDay();
+    picture().showAll();
     const QPoint place(int(picture().xOf(double(today(14).toMSecsSinceEpoch()))),
                        picture().laneRect(DayPicture::Programs).center().y());
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, picture().mapToGlobal(place));
