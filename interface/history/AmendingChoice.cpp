@@ -105,9 +105,10 @@ void Amending::find(const Chosen& chosen, std::function<void(const Pieces&)> tol
         });
 }
 
-// What is chosen; else the last hour, or one of the day that is looked at.
+// What is chosen, unless it was worked; else the last hour, or one of the day that is looked at.
 Amendment::Piece Amending::firstBooking(const Chosen& chosen) const {
-    if (chosen.kind != Chosen::Kind::Nothing && chosen.kind != Chosen::Kind::Rows)
+    const bool isWorked = chosen.kind == Chosen::Kind::Stretch && !chosen.isIdle;
+    if (chosen.kind != Chosen::Kind::Nothing && chosen.kind != Chosen::Kind::Rows && !isWorked)
         return chosen.piece;
     const std::int64_t last = now() - now() % 60'000;
     const QDate day = m_ground.view.range().first();

@@ -190,6 +190,15 @@ TEST_F(AmendingTest, idleTime_canBeBookedAndForgotten_butNotNamed) {
     EXPECT_EQ(part<QDateTimeEdit>("bookedTo").dateTime(), today(10, 20));
 }
 
+TEST_F(AmendingTest, whereWorkIsChosen_theLastHourIsOfferedForBooking) {
+    aDay();
+    picture().setFocus();
+    picture().setCurrentItem(1);
+    command(amend().book);
+    EXPECT_EQ(part<QDateTimeEdit>("bookedFrom").dateTime(), today(17));
+    EXPECT_EQ(part<QDateTimeEdit>("bookedTo").dateTime(), today(18));
+}
+
 TEST_F(AmendingTest, whereNothingIsChosen_onlyBookingIsOffered) {
     aDay();
     EXPECT_FALSE(amend().name->isEnabled());

@@ -231,4 +231,38 @@ TEST_F(ReportReadingInBerlinTest, aDayThatBeginsInTheHourTheClockSkipsOrRepeats_
     }
 }
 
+// What people say about the past, as other programs read it.
+TEST_F(ReportReadingTest, whatWasAmended_isToldAsItIsNow) {
+    const qint64 nine = QDateTime(kNow.date(), QTime(9, 0)).toMSecsSinceEpoch();
+    add(row(nine, 600'000, QStringLiteral("Mail"), QStringLiteral("Inbox"), {kMail, kInbox}));
+    ProjectRecord record;
+    record.setLabel(QStringLiteral("Meier"));
+    record.setHistoryIdentity(kMail);
+    ASSERT_TRUE(PropertyList::writeBinaryFile(PropertyListArray{record.entries()},
+                                              ProjectFile::pathIn(m_folders.documents)));
+    HistoryBatch batch;
+    batch.changes = {HistoryChange::Amended{{.kind = Amendment::Kind::Change,
+                                             .pieces = {{nine, nine + 300'000}},
+                                             .name = QStringLiteral("Meeting"),
+                                             .project = RowProject{kMail},
+                                             .projectName = QStringLiteral("Meier")},
+                                            1},
+                     HistoryChange::Amended{{.kind = Amendment::Kind::Book,
+                                             .pieces = {{nine, nine + 1'200'000}},
+                                             .name = QStringLiteral("By phone"),
+                                             .project = RowProject{kMail}},
+                                            2}};
+    HistoryFile::Written written;
+    m_file.write(batch, written);
+    EXPECT_EQ(report({QStringLiteral("--by=stretch")}).replace("\r\n", "|").toStdString(),
+              "start,end,app,title,project,presence,seconds|"
+              "2026-06-01T09:00:00.000+00:00,2026-06-01T09:05:00.000+00:00,Mail,Meeting,Meier,work,300|"
+              "2026-06-01T09:05:00.000+00:00,2026-06-01T09:10:00.000+00:00,Mail,Inbox,,work,300|"
+              "2026-06-01T09:10:00.000+00:00,2026-06-01T09:20:00.000+00:00,By Hand,By phone,Meier,byhand,600|");
+    EXPECT_EQ(report({QStringLiteral("--by=project")}).replace("\r\n", "|").toStdString(),
+              "project,seconds|Meier,900|No project,300|");
+    EXPECT_EQ(report({QStringLiteral("--project=Meier"), QStringLiteral("--by=day")}).replace("\r\n", "|"),
+              "day,seconds|2026-06-01,900|");
+}
+
 } // namespace
