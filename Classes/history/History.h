@@ -72,7 +72,7 @@ public:
     std::optional<std::int64_t> amend(const Amendment& amendment);
     // Undoes it: everything is exactly as before. The last one first.
     void takeBack(std::int64_t amendment);
-    // Told whenever either is in the file.
+    // Told whenever either is in the file, and when something was forgotten.
     Subscription observeAmending(std::function<void()> told) { return m_amendings.observe(std::move(told)); }
     // The program ends: writes all that waits, as far as the disk answers in time.
     void finish();

@@ -158,7 +158,8 @@ void HistoryFile::apply(const HistoryChange::TakenBack& change) {
     for (const auto& [key, before] : rows)
         if (!handOn(key, before, change.made))
             bringBack(key, before);
-    dropUnused();
+    // To look through years for who else has such a name takes long: the next launch does.
+    sqliteRun(m_database, "INSERT OR REPLACE INTO settings VALUES ('to tidy', 1)");
 }
 
 // What was amended once more since then stays as it is now. Answers whether it was.

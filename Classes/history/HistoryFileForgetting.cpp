@@ -134,6 +134,7 @@ void HistoryFile::sumMonthsAgain() {
 
 void HistoryFile::dropUnused() {
     m_isToTellTimers = true;
+    sqliteRun(m_database, "DELETE FROM settings WHERE name = 'to tidy'");
     sqliteRun(m_database, kDropOrphans);
     sqliteRun(m_database, "DELETE FROM titles WHERE id <> 0 AND id NOT IN (SELECT title FROM days) "
                           "AND id NOT IN (SELECT title FROM amended)");
@@ -174,6 +175,10 @@ void HistoryFile::sweep(const std::optional<HistoryAge>& age, bool isDeletedToGo
         sqliteRun(m_database, "DELETE FROM stretches WHERE timer IN (SELECT id FROM timers WHERE deleted)");
         sqliteRun(m_database, "DELETE FROM days WHERE timer IN (SELECT id FROM timers WHERE deleted)");
         sqliteRun(m_database, "DELETE FROM months WHERE timer IN (SELECT id FROM timers WHERE deleted)");
+    }
+    const bool isToTidy =
+        isDeletedToGo && m_database.number("SELECT count(*) FROM settings WHERE name = 'to tidy'") > 0;
+    if (hasDeleted || isToTidy) {
         dropUnused();
         m_hasToEmpty = true;
     }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/history/HistoryFinding.h"
 
+#include "Classes/history/HistorySchema.h"
 #include "Classes/history/Sqlite.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -21,6 +23,15 @@ constexpr const char* kAtAnyTime =
     "SELECT programs.name, titles.text, time FROM (SELECT program, title, sum(length) AS time FROM days "
     "WHERE (? = 0 OR program = ?) AND (? = 0 OR title IN (SELECT id FROM chosen)) "
     "GROUP BY program, title) AS sums "
+    "JOIN programs ON programs.id = sums.program JOIN titles ON titles.id = sums.title ORDER BY time DESC";
+
+// What stretches were before they were amended.
+constexpr const char* kBefore =
+    "SELECT programs.name, titles.text, time FROM (SELECT amended.program, amended.title, "
+    "sum(min(start + length, ?) - max(start, ?)) AS time FROM amended JOIN stretches USING (start, n) "
+    "WHERE start >= ? AND start < ? AND start + length > ? AND amended.program <> 0 "
+    "AND (? = 0 OR amended.program = ?) AND (? = 0 OR amended.title IN (SELECT id FROM chosen)) "
+    "GROUP BY amended.program, amended.title) AS sums "
     "JOIN programs ON programs.id = sums.program JOIN titles ON titles.id = sums.title ORDER BY time DESC";
 
 // Finds all matching titles, upper or lower case.
@@ -51,8 +62,15 @@ HistoryChoice HistoryChoice::of(SqliteDatabase& history, const HistoryChange::Fo
 HistoryFinding HistoryFinding::of(SqliteDatabase& history, const HistoryChange::Forgotten& what) {
     const HistoryChoice choice = HistoryChoice::of(history, what);
     HistoryFinding finding;
-    const auto add = [&](SqliteQuery&& row) {
+    const auto isListed = [&](const QString& program, const QString& title) {
+        return std::ranges::any_of(finding.longest, [&](const HistorySum& sum) {
+            return sum.program == program && sum.title == title;
+        });
+    };
+    const auto add = [&](SqliteQuery&& row, bool isBefore = false) {
         while (row.next()) {
+            if (isBefore && isListed(row.text(0), row.text(1)))
+                continue;
             ++finding.sums;
             finding.length += row.integer(2);
             if (finding.sums <= kMostListed)
@@ -65,6 +83,11 @@ HistoryFinding HistoryFinding::of(SqliteDatabase& history, const HistoryChange::
                         choice.program, choice.program, choice.isByTitle));
     else
         add(SqliteQuery(history, kAtAnyTime, choice.program, choice.program, choice.isByTitle));
+    if (HistorySchema::hasAmendments(history))
+        add(SqliteQuery(history, kBefore, choice.to, choice.from,
+                        what.from ? choice.from - kLongestRow : choice.from, choice.to, choice.from,
+                        choice.program, choice.program, choice.isByTitle),
+            true);
     return finding;
 }
 

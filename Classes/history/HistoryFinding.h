@@ -15,7 +15,8 @@ struct HistorySum {
     std::int64_t length = 0;
 };
 
-// What the conditions match, shown before it is forgotten.
+// What the conditions match, shown before it is forgotten. What is only known as what it was before it was changed by
+// hand is among it.
 struct HistoryFinding {
     // At most this many are listed; the rest are only counted.
     static constexpr int kMostListed = 500;

@@ -21,7 +21,7 @@ public:
         bool isBusy = false;
         // Another program reads, so what was forgotten is still in SQLite's journal.
         bool isToEmpty = false;
-        // What a person said about the past is in the file now.
+        // What a person said about the past is in the file now, or what was to be forgotten is not any more.
         bool isAmended = false;
         // Which timers have a past, whenever some may have lost theirs.
         std::optional<std::unordered_set<Identity>> timers;

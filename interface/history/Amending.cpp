@@ -128,10 +128,7 @@ void Amending::forget() {
             return;
         HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
         what.pieces = pieces;
-        m_ground.history.forget(what, [view = QPointer(this)](bool) {
-            if (view)
-                view->m_ground.view.lookAgain();
-        });
+        m_ground.history.forget(what);
         // The history no longer knows what a crash would cost the timers: from now on their own file has it.
         m_ground.save();
     });

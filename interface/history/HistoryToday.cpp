@@ -30,6 +30,7 @@ HistoryToday::HistoryToday(Ground ground, Told told)
         if (m_ground.isCounting())
             ask();
     });
+    m_amendings = m_ground.history.observeAmending([this] { ask(); });
     // Until the file has answered.
     m_told(m_ground.history.isKept() ? lineFor(0) : QString());
     ask();

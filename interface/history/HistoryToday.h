@@ -34,5 +34,6 @@ private:
     Told m_told;
     std::unique_ptr<HistoryReader> m_reader;
     std::unique_ptr<RunLoopTimer> m_nextAsking;
+    Subscription m_amendings;
     QObject m_receiver;
 };

@@ -53,6 +53,21 @@ TEST_F(TrayTodayTest, theMenu_beginsWithTodaysWork) {
     EXPECT_EQ(opened().front(), QStringLiteral("Today: 01:00:00"));
 }
 
+TEST_F(TrayTodayTest, whatIsBooked_isInTheLineAtOnce) {
+    const qint64 end = localTime(fakes.clock.now()).toMSecsSinceEpoch();
+    const auto booked = history.amend({.kind = Amendment::Kind::Book, .pieces = {{end - 600'000, end}}});
+    settle();
+    // Before the menu asks.
+    const auto shown = [this] { return menu().mainMenu().actions().front()->text(); };
+    Q_EMIT menu().mainMenu().aboutToShow();
+    EXPECT_EQ(shown(), QStringLiteral("Today: 00:10:00"));
+    settle();
+    history.takeBack(*booked);
+    settle();
+    Q_EMIT menu().mainMenu().aboutToShow();
+    EXPECT_EQ(shown(), QStringLiteral("Today: 00:00:00"));
+}
+
 TEST_F(TrayTodayTest, whileTheTimerRuns_theLineGrowsEachMinute) {
     front("Mail", "Inbox");
     controller.timer().startTimer();

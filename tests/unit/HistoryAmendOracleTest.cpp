@@ -172,6 +172,7 @@ TEST(HistoryAmendOracleTest, whateverIsSaid_everySecondIsOnce_andUndoingIsExact)
             oracle.takeBack();
         EXPECT_EQ(oracle.recorded(), oracle.seconds);
         EXPECT_EQ(HistoryDiary::flaws(oracle.path), QStringList());
+        HistoryKeeper(oracle.path).write({});
         SqliteDatabase file(oracle.path, SqliteDatabase::Mode::Read, 0);
         EXPECT_EQ(file.number("SELECT count(*) FROM amended"), 0);
         EXPECT_EQ(file.number("SELECT count(*) FROM titles WHERE text LIKE 'Name%'"), 0);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Classes/history/HistoryFinding.h"
 #include "tests/Places.h"
 #include "tests/fakes/HistoryDiary.h"
 
@@ -106,9 +107,9 @@ TEST_F(HistoryAmendingTest, aNamedPiece_isCutOutOfItsStretches_andComesBackWhenU
               "Editor [Meeting] 30, Editor [a.txt] 30, Mail [Inbox] 20, Mail [Meeting] 40");
     takeBack(meeting);
     EXPECT_EQ(diary(), "Mail [Inbox] 60, Editor [a.txt] 60");
-    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Meeting")) &&
-                 number("SELECT count(*) FROM titles WHERE text = 'Meeting'") > 0);
     EXPECT_EQ(number("SELECT count(*) FROM amended"), 0);
+    HistoryKeeper(path).write({});
+    EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Meeting"))) << "after the next launch";
 }
 
 TEST_F(HistoryAmendingTest, idleTime_isNeitherNamedNorGiven) {
@@ -132,6 +133,7 @@ TEST_F(HistoryAmendingTest, aGivenPiece_keepsItsTimer_andGoesWhereThatGoes) {
     EXPECT_EQ(lengthOfMeier(), 30'000);
     takeBack(gift);
     EXPECT_EQ(lengthOfMeier(), 0);
+    HistoryKeeper(path).write({});
     EXPECT_EQ(number("SELECT count(*) FROM projects"), 0);
     EXPECT_EQ(number("SELECT sum(length) FROM stretches JOIN timers ON timers.id = timer "
                      "WHERE window = CAST('frozenfr' AS BLOB) AND project = x''"),
@@ -183,8 +185,15 @@ TEST_F(HistoryAmendingTest, whatIsBooked_isDividedAtFullHours) {
 TEST_F(HistoryAmendingTest, whatIsForgotten_leavesNoTraceInWhatWasBefore) {
     write({row(kNine, 60'000, "Mail", "Very private"), row(kNine + 60'000, 60'000, "Editor", "a.txt")});
     const auto meeting = amend(named(kNine, kNine + 120'000, "Meeting"));
-    change(HistoryChange::Forgotten{
-        .program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}});
+    const HistoryChange::Forgotten what{
+        .program = {}, .title = QStringLiteral("Very private"), .from = {}, .to = {}};
+    {
+        SqliteDatabase file(path, SqliteDatabase::Mode::Read, 0);
+        const HistoryFinding found = HistoryFinding::of(file, what);
+        EXPECT_EQ(found.sums, 1) << "so that the window offers to forget it";
+        EXPECT_EQ(found.length, 60'000);
+    }
+    change(what);
     EXPECT_FALSE(HistoryDiary::holdsText(path, QStringLiteral("Very private")));
     EXPECT_EQ(diary(), "Mail [Meeting] 60, Editor [Meeting] 60");
     EXPECT_EQ(number("SELECT count(*) FROM amendments"), 2) << "that it was changed stays known";
