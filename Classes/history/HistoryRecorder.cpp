@@ -110,7 +110,10 @@ bool HistoryRecorder::goesOn(Instant at, const Anchor& anchor, const Who& who) c
 void HistoryRecorder::begin(Instant at, const Anchor& anchor, const Who& who) {
     forgetOldSpans();
     const std::int64_t start = anchor.wallOf(at);
-    const std::int64_t offset = LocalHours::offsetAt(start);
+    const bool isSameHour =
+        m_isOffsetKnown && !m_spans.empty() && m_spans.back().anchor == anchor && at < m_spans.back().end;
+    const std::int64_t offset = isSameHour ? m_spans.back().offset : LocalHours::offsetAt(start);
+    m_isOffsetKnown = true;
     m_spans.push_back({.serial = ++m_lastSerial,
                        .from = at,
                        .to = at,
@@ -176,40 +179,46 @@ HistoryRow HistoryRecorder::rowOf(const Span& span) {
             .presence = span.who.presence};
 }
 
+std::size_t HistoryRecorder::firstChanged() const {
+    std::size_t first = m_spans.size();
+    while (first > 0 && m_spans[first - 1].hasChanged)
+        --first;
+    return first;
+}
+
 void HistoryRecorder::takeInto(HistoryBatch& batch) {
     for (auto& [serial, row] : m_settled)
         batch.rows.insert_or_assign(serial, std::move(row));
     m_settled.clear();
-    for (Span& span : m_spans)
-        if (std::exchange(span.hasChanged, false)) {
-            span.isHandedOver = true;
-            batch.rows.insert_or_assign(span.serial, rowOf(span));
-        }
+    for (std::size_t i = firstChanged(); i < m_spans.size(); ++i) {
+        Span& span = m_spans[i];
+        span.hasChanged = false;
+        span.isHandedOver = true;
+        batch.rows.insert_or_assign(span.serial, rowOf(span));
+    }
     settleDebt();
     for (const auto& [to, time] : m_owed)
         batch.owed[to] += std::chrono::round<std::chrono::milliseconds>(time).count();
     m_owed.clear();
     batch.settledBefore = m_spans.empty() ? m_lastSerial + 1 : m_spans.front().serial;
     m_hasNews = false;
-    // Who has come to another zone may have the same window in front. To ask at each tick would be to ask the
-    // disk.
-    if (m_isOpen &&
+    // Who has come to another zone may have the same window in front. To ask at each tick or row would be to ask
+    // the disk.
+    if (!m_spans.empty() &&
         LocalHours::offsetAt(m_spans.back().anchor.wallOf(m_spans.back().to)) != m_spans.back().offset)
-        m_isOpen = false;
+        m_isOpen = m_isOffsetKnown = false;
 }
 
 void HistoryRecorder::addNewsTo(std::map<std::uint64_t, HistoryRow>& rows) const {
     for (const auto& [serial, row] : m_settled)
         rows.insert_or_assign(serial, row);
-    for (const Span& span : m_spans)
-        if (span.hasChanged)
-            rows.insert_or_assign(span.serial, rowOf(span));
+    for (std::size_t i = firstChanged(); i < m_spans.size(); ++i)
+        rows.insert_or_assign(m_spans[i].serial, rowOf(m_spans[i]));
 }
 
 void HistoryRecorder::settle() {
-    for (const Span& span : m_spans)
-        if (span.hasChanged)
-            m_settled.insert_or_assign(span.serial, rowOf(span));
+    for (std::size_t i = firstChanged(); i < m_spans.size(); ++i)
+        m_settled.insert_or_assign(m_spans[i].serial, rowOf(m_spans[i]));
     m_spans.clear();
     m_isOpen = false;
 }

@@ -78,6 +78,8 @@ private:
     void append(Instant from, Instant to, const Anchor& anchor, const Who& who);
     bool goesOn(Instant at, const Anchor& anchor, const Who& who) const;
     void begin(Instant at, const Anchor& anchor, const Who& who);
+    // The changed spans are always the last ones.
+    std::size_t firstChanged() const;
     const QString& steady(const QString& title);
     void forgetOldSpans();
     bool isOwedToSame(const Stretch& stretch) const;
@@ -93,6 +95,8 @@ private:
     std::map<std::uint64_t, HistoryRow> m_settled;
     std::uint64_t m_lastSerial = 0;
     bool m_isOpen = false;
+    // Whether the last span's distance from UTC holds until its hour ends: to ask anew is to ask the disk.
+    bool m_isOffsetKnown = false;
     bool m_hasNews = false;
     // The last title and what is left of it, because titles are asked for ten times a second.
     QString m_title;
