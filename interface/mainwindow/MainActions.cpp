@@ -73,6 +73,7 @@ MainActions::MainActions(QObject* window)
     , branchProject(make(window, "branchProject", localized("&Freeze All Timers of the Project")))
     , removeProject(make(window, "removeProject", localized("D&elete Project…")))
     , toggleCounting(make(window, "toggleCounting", localized("Start"), Qt::CTRL | Qt::Key_T))
+    , addToProject(make(window, "addToProject", localized("Add to &Project")))
     , branch(make(window, "branch", localized("&Freeze"), Qt::CTRL | Qt::Key_B))
     , clearTimers(make(window, "clearTimersItem", localized("Clear Timers")))
     , showManual(make(window, "showManual", localized("&Manual"), QKeySequence::HelpContents))
@@ -104,13 +105,13 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
                                  {addProject, renameProject, editPatterns, nullptr, moveProjectUp,
                                   moveProjectDown, nullptr, branchProject, nullptr, removeProject, nullptr});
     addMenu(menuBar, "timerMenu", localized("&Timer"),
-            {toggleCounting, nullptr, branch, nullptr, clearTimers});
+            {toggleCounting, nullptr, addToProject, branch, nullptr, clearTimers});
     addMenu(menuBar, "helpMenu", localized("&Help"), {showManual, about});
     return projectMenu;
 }
 
 QList<QAction*> MainActions::forTimers() const {
-    return {copy, rename, branch, nullptr, deleteRows, nullptr, expandAll, collapseAll};
+    return {copy, rename, addToProject, branch, nullptr, deleteRows, nullptr, expandAll, collapseAll};
 }
 
 QList<QAction*> MainActions::forProjects() const {

@@ -58,6 +58,7 @@ struct MainActions {
     QAction* removeProject;
 
     QAction* toggleCounting;
+    QAction* addToProject;
     QAction* branch;
     QAction* clearTimers;
 

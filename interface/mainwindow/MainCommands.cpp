@@ -7,8 +7,11 @@
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/ManualWindow.h"
+#include "interface/sidebar/ProjectMenu.h"
 
 #include <QApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -37,6 +40,7 @@ MainCommands::MainCommands(TKController& controller, QUndoStack& undoStack)
     connectUndo(undoStack);
     connectTimers();
     connectProjects();
+    connectAddingToProject();
     followFocus();
     QObject::connect(&controller.window(), &MainWindow::historyShownChanged, &m_receiver,
                      [this] { update(); });
@@ -134,6 +138,33 @@ void MainCommands::connectTimers() {
     connectTo(actions.clearTimers, m_receiver, [this] { m_controller.clearTimers(); });
 }
 
+void MainCommands::connectAddingToProject() {
+    MainWindow& window = m_controller.window();
+    TKProjectController& projects = m_controller.projectController();
+    const auto selected = [&table = window.mainTable()] {
+        std::vector<Identity> timers;
+        for (const auto& item : table.selectedItems())
+            if (const auto identity = item->uuid())
+                timers.push_back(*identity);
+        return timers;
+    };
+    const auto hasAll = [selected](const ProjectRecord& project) {
+        const auto timers = selected();
+        const auto members = project.flattenedMembers();
+        return !timers.empty() && std::ranges::all_of(timers, [&](const Identity& timer) {
+            return std::ranges::count(members, timer) > 0;
+        });
+    };
+    auto* menu = new ProjectMenu(
+        window.actions().addToProject->text(), m_controller.projects(),
+        {.project = [=, &projects](const auto& project) { projects.addToProject(selected(), project); },
+         .newProject = [=, &projects] { projects.addToNewProject(selected()); },
+         .isChosen = hasAll},
+        &window);
+    menu->setObjectName(QStringLiteral("addToProjectMenu"));
+    window.actions().addToProject->setMenu(menu);
+}
+
 void MainCommands::connectProjects() {
     const MainActions& actions = m_controller.window().actions();
     TKProjectController& projects = m_controller.projectController();
@@ -172,7 +203,8 @@ void MainCommands::update() {
     // What only timers can have done to them waits until they are shown again.
     const bool hasSelection = !isHistory && table.selectionModel()->hasSelection();
     actions.deselectAll->setEnabled(isHistory || hasSelection);
-    actions.branch->setEnabled(hasSelection);
+    for (QAction* action : {actions.addToProject, actions.branch})
+        action->setEnabled(hasSelection);
     const TKProjectController& projects = m_controller.projectController();
     const bool hasProject = !projects.isMainItemSelected();
     const bool isForTimers = m_focusedOutline == &table;

@@ -24,6 +24,7 @@ private:
     void connectUndo(QUndoStack& undoStack);
     void connectTimers();
     void connectProjects();
+    void connectAddingToProject();
     void followFocus();
     // Whether commands for rows apply to those of the history.
     bool areForHistory() const;

@@ -32,16 +32,13 @@ TKProjectController::TKProjectController(ProjectList& projects, ProjectNodes& no
     , m_alerts(alerts)
     , m_undoStack(undoStack)
     , m_mainController(std::move(mainController))
-    , m_model(projects,
-              {.rename = [this](const auto& project, const QString& label) { rename(project, label); },
-               .dropOnProject =
-                   [this](const auto& items, const auto& project) {
-                       change(localized("Add to Project"),
-                              [&] { ProjectDrops(m_projects).acceptItems(items, *project); });
-                   },
-               .dropBetween = [this](const auto& items, int index) { dropBetween(items, index); },
-               .dropProject = [this](int row, int position,
-                                     DropOperation operation) { dropProject(row, position, operation); }})
+    , m_model(
+          projects,
+          {.rename = [this](const auto& project, const QString& label) { rename(project, label); },
+           .dropOnProject = [this](const auto& items, const auto& project) { addToProject(items, project); },
+           .dropBetween = [this](const auto& items, int index) { dropBetween(items, index); },
+           .dropProject = [this](int row, int position,
+                                 DropOperation operation) { dropProject(row, position, operation); }})
     , m_changes(
           projects.observeChanges([this](const ProjectListChange& change) { followReplacement(change); }))
     , m_refreshes(notifications.observe(kTicklogRefreshProjectsNotification,
@@ -235,6 +232,16 @@ TKTableLabelCell TKProjectController::cell(const QModelIndex& index) const {
     cell.setSelectedTag(m_model.project(index)->colorTag());
     cell.selected = m_projectOutline.selectionModel()->isSelected(index);
     return cell;
+}
+
+void TKProjectController::addToProject(const std::vector<Identity>& timers,
+                                       const ProjectList::Project& project) {
+    change(localized("Add to Project"), [&] { ProjectDrops(m_projects).acceptItems(timers, *project); });
+}
+
+void TKProjectController::addToNewProject(const std::vector<Identity>& timers) {
+    // Beyond the last project's index, which counts the main item.
+    dropBetween(timers, int(m_projects.count()) + 1);
 }
 
 void TKProjectController::dropBetween(const std::vector<Identity>& items, int childIndex) {

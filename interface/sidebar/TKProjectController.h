@@ -59,6 +59,9 @@ public:
     bool canMoveProject(int by) const;
     // Freezes every member of the current project.
     void branchProject();
+    void addToProject(const std::vector<Identity>& timers, const ProjectList::Project& project);
+    // Makes a project of them and starts editing its name.
+    void addToNewProject(const std::vector<Identity>& timers);
     // Removes timers from the project that is shown; does nothing while all timers are shown.
     void removeFromSelectedProject(const std::unordered_set<Identity>& timers);
     void setSelectedColorTag(int tag);

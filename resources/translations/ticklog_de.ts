@@ -1791,5 +1791,13 @@
         <source>Start the timer to record when your time goes where.</source>
         <translation>Starten Sie den Timer, um aufzuzeichnen, wann Ihre Zeit wohin geht.</translation>
     </message>
+    <message>
+        <source>Add to &amp;Project</source>
+        <translation>Zum &amp;Projekt hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Neues Projekt…</translation>
+    </message>
 </context>
 </TS>

@@ -1791,5 +1791,13 @@
         <source>Start the timer to record when your time goes where.</source>
         <translation>Inicie el cronómetro para registrar en qué y cuándo se va su tiempo.</translation>
     </message>
+    <message>
+        <source>Add to &amp;Project</source>
+        <translation>Añadir al &amp;proyecto</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Nuevo proyecto…</translation>
+    </message>
 </context>
 </TS>

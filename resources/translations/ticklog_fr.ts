@@ -1791,5 +1791,13 @@
         <source>Start the timer to record when your time goes where.</source>
         <translation>Démarrez le chronomètre pour enregistrer où passe votre temps, et quand.</translation>
     </message>
+    <message>
+        <source>Add to &amp;Project</source>
+        <translation>Ajouter au &amp;projet</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Nouveau projet…</translation>
+    </message>
 </context>
 </TS>

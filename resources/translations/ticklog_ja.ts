@@ -1791,5 +1791,13 @@
         <source>Start the timer to record when your time goes where.</source>
         <translation>タイマーを開始すると、いつ何に時間を使ったかが記録されます。</translation>
     </message>
+    <message>
+        <source>Add to &amp;Project</source>
+        <translation>プロジェクトに追加(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>新規プロジェクト(&amp;N)…</translation>
+    </message>
 </context>
 </TS>

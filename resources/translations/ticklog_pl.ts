@@ -1791,5 +1791,13 @@
         <source>Start the timer to record when your time goes where.</source>
         <translation>Uruchom licznik, aby zapisywać, kiedy i na co idzie Twój czas.</translation>
     </message>
+    <message>
+        <source>Add to &amp;Project</source>
+        <translation>Dodaj do &amp;projektu</translation>
+    </message>
+    <message>
+        <source>&amp;New Project…</source>
+        <translation>&amp;Nowy projekt…</translation>
+    </message>
 </context>
 </TS>

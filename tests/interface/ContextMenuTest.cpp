@@ -5,6 +5,7 @@
 #include "tests/interface/ProjectDesk.h"
 
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 
@@ -39,6 +40,53 @@ TEST_F(ContextMenuTest, aTimersMenu_offersWhatCanBeDoneToIt) {
     EXPECT_TRUE(menu->actions().contains(actions().branch));
     EXPECT_TRUE(menu->actions().contains(actions().deleteRows));
     EXPECT_TRUE(actions().branch->isEnabled());
+}
+
+TEST_F(ContextMenuTest, aTimersMenu_putsItIntoAProjectWithoutTheMouse) {
+    account("Mail", 10);
+    account("Notes", 10);
+    addProject("Poster");
+    addProject("Letters & more", {QStringLiteral("Mail")});
+    show();
+    select({row("Mail"), row("Notes")});
+    QMenu* menu = actions().addToProject->menu();
+    EXPECT_TRUE(
+        openedOver(table(), row("Mail"), "timerContextMenu")->actions().contains(actions().addToProject));
+    Q_EMIT menu->aboutToShow();
+    EXPECT_EQ(menu->actions()[1]->text(), QStringLiteral("Letters && more"));
+    menu->actions()[0]->trigger();
+    EXPECT_EQ(membersOf(0), "Mail, Notes");
+    actions().undo->trigger();
+    EXPECT_EQ(membersOf(0), "");
+}
+
+TEST_F(ContextMenuTest, aTimersMenu_showsWhichProjectHasItAlready) {
+    account("Mail", 10);
+    account("Notes", 10);
+    addProject("Poster");
+    addProject("Letters", {QStringLiteral("Mail")});
+    show();
+    select({row("Mail")});
+    QMenu* menu = actions().addToProject->menu();
+    Q_EMIT menu->aboutToShow();
+    EXPECT_TRUE(menu->actions()[0]->isEnabled());
+    EXPECT_FALSE(menu->actions()[1]->isEnabled());
+    EXPECT_TRUE(menu->actions()[1]->isChecked());
+    select({row("Mail"), row("Notes")});
+    Q_EMIT menu->aboutToShow();
+    EXPECT_TRUE(menu->actions()[1]->isEnabled()) << "only one of them is in it";
+}
+
+TEST_F(ContextMenuTest, aTimersMenu_makesAProjectOfItAndAsksForItsName) {
+    account("Mail", 10);
+    show();
+    select({row("Mail")});
+    QMenu* menu = actions().addToProject->menu();
+    Q_EMIT menu->aboutToShow();
+    menu->actions().constLast()->trigger();
+    settle();
+    EXPECT_EQ(membersOf(0), "Mail");
+    EXPECT_NE(sidebar().findChild<QLineEdit*>(), nullptr);
 }
 
 TEST_F(ContextMenuTest, theMainItemsMenu_offersNothingThatOnlyProjectsHave) {
