@@ -42,11 +42,11 @@ struct Walk : ProjectDesk {
         return found;
     }
 
-    // The commands of a menu; separators and rows of widgets are none.
+    // The commands of a menu; separators, rows of widgets and menus below it are none.
     static QList<QAction*> commands(const QMenu& menu) {
         QList<QAction*> found;
         for (QAction* action : menu.actions())
-            if (!action->isSeparator() && !action->objectName().isEmpty())
+            if (!action->isSeparator() && !action->menu() && !action->objectName().isEmpty())
                 found << action;
         return found;
     }
@@ -176,6 +176,20 @@ TEST_F(WalksTest, aProject_canBeMadeNamedMovedAndChosenByTheKeyboardAlone) {
     press(Qt::Key_Down);
     EXPECT_EQ(sidebarText(), "All Timers, Letters, [Poster], Taxes, Garden");
     EXPECT_EQ(outlineText(), "Mail, Sketches");
+}
+
+TEST_F(WalksTest, aTimer_canBePutIntoAProjectByTheKeyboardAlone) {
+    choose(0);
+    table().setFocus();
+    select({row("Notes")});
+    actions().addToProject->menu()->popup({});
+    settle();
+    QMenu& projectsMenu = *actions().addToProject->menu();
+    QTest::keyClick(&projectsMenu, Qt::Key_Down);
+    QTest::keyClick(&projectsMenu, Qt::Key_Down);
+    QTest::keyClick(&projectsMenu, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(membersOf(1), "Mail, Paint, Notes");
 }
 
 TEST_F(WalksTest, theToolbar_startsPausesAndClearsByTheMouse) {
