@@ -7,6 +7,7 @@
 #include "tests/desktop/services/ServiceScript.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -107,13 +108,16 @@ TEST(WaylandProductRefused, whereTheDesktopRefuses_noOtherScreensProgramIsCredit
     panel.ask("open");
     EXPECT_TRUE(panel.ask("menu").contains(QLatin1String("Why Are Windows Not Counted? | - | Pause | ")));
     // By then any other program would have been credited too.
+    static const QRegularExpression kASecond(QStringLiteral("total\u2003/00:00:(?!00)"));
     EXPECT_TRUE(waitFor([&] {
         panel.ask("open");
-        return panel.ask("submenu All Timers").contains(kDesktopName + QStringLiteral("\u2003/00:00:01"));
+        return panel.ask("submenu All Timers").contains(kASecond);
     }));
     product.program().terminate();
     EXPECT_EQ(product.program().exitStatus(), 0);
-    EXPECT_EQ(product.applicationTimes().keys(), QStringList(kDesktopName));
+    // Whether its own window has the focus it knows by itself; compositors differ in giving it.
+    for (const QString& credited : product.applicationTimes().keys())
+        EXPECT_TRUE(credited == kDesktopName || credited == kOwnName) << qPrintable(credited);
     EXPECT_TRUE(log.contains("Install Ticklog")) << log.constData();
 }
 
