@@ -56,8 +56,14 @@ Amending::Chosen Amending::stretch(int item) const {
 
 Amending::Chosen Amending::gapAt(qint64 moment) const {
     Chosen gap{.kind = Chosen::Kind::Gap};
-    const DayPicture& picture = m_ground.window.historyPane().dayPicture();
-    gap.piece = {std::int64_t(picture.view().from()), std::min(std::int64_t(picture.view().to()), now())};
+    const QDate day = m_ground.view.range().first();
+    const auto beginOf = [this](QDate date) {
+        return std::int64_t(beginningOf(date, m_ground.history.dayBegins()).toMSecsSinceEpoch());
+    };
+    gap.piece = {beginOf(day), beginOf(day.addDays(1))};
+    if (const auto& piece = m_ground.view.piece())
+        gap.piece = {piece->first, piece->second};
+    gap.piece.to = std::min(gap.piece.to, now());
     for (const RangeAnswer::Piece& piece : m_ground.view.answer().pieces) {
         if (piece.end() <= moment)
             gap.piece.from = std::max(gap.piece.from, std::int64_t(piece.end()));

@@ -222,6 +222,24 @@ TEST_F(AmendingTest, aGapThatIsClicked_isWhatIsBooked) {
     delete controller.window().findChild<QMenu*>(QStringLiteral("amendMenu"));
 }
 
+TEST_F(AmendingTest, aGapThatReachesOutOfSight_isBookedAsAWhole) {
+    aDay();
+    picture().showAll();
+    for (int step = 0; step < 2; ++step)
+        picture().zoomIn();
+    ASSERT_LT(picture().view().to(), double(today(18).toMSecsSinceEpoch()));
+    ASSERT_GT(picture().view().to(), double(today(14).toMSecsSinceEpoch()));
+    const QPoint place(int(picture().xOf(double(today(14).toMSecsSinceEpoch()))),
+                       picture().laneRect(DayPicture::Programs).center().y());
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, picture().mapToGlobal(place));
+    QCoreApplication::sendEvent(&picture(), &event);
+    EXPECT_FALSE(amend().name->isEnabled());
+    command(amend().book);
+    EXPECT_EQ(part<QDateTimeEdit>("bookedFrom").dateTime(), today(10, 20));
+    EXPECT_EQ(part<QDateTimeEdit>("bookedTo").dateTime(), today(18));
+    delete controller.window().findChild<QMenu*>(QStringLiteral("amendMenu"));
+}
+
 TEST_F(AmendingTest, aStretchThatIsClicked_isTheOneTheMenuIsAbout) {
     aDay();
     const QPoint place(int(picture().xOf(double(today(10, 5).toMSecsSinceEpoch()))),

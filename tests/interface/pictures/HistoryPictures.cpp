@@ -9,6 +9,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QListWidget>
+#include <QMenu>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -217,6 +218,41 @@ void drawSheet(Scene& scene, const QDir& folder) {
     sheet.close();
 }
 
+// A gap is booked, and a stretch is called what it was.
+void drawAmending(Scene& scene, const QDir& folder) {
+    scene.command(scene.historyActions().today);
+    scene.kind(CalendarRange::Kind::Day);
+    DayPicture& picture = scene.pane().dayPicture();
+    const auto child = [&](const char* name) {
+        return scene.controller.window().findChild<QDialog*>(QLatin1String(name));
+    };
+    scene.view.showPiece(std::pair(scene.today(12).toMSecsSinceEpoch(), scene.today(14).toMSecsSinceEpoch()));
+    scene.settle();
+    scene.command(scene.historyActions().amend.book);
+    child("bookingWindow")
+        ->findChild<QLineEdit*>(QStringLiteral("bookedName"))
+        ->setText(QStringLiteral("Lunch with Meier"));
+    grab(*child("bookingWindow"), folder, "history-book");
+    child("bookingWindow")->accept();
+    scene.view.showPiece(std::nullopt);
+    scene.settle();
+    picture.setFocus();
+    picture.setCurrentItem(2);
+    scene.command(scene.historyActions().amend.name);
+    child("namingWindow")->findChild<QLineEdit*>()->setText(QStringLiteral("Meeting with Meier"));
+    grab(*child("namingWindow"), folder, "history-name");
+    child("namingWindow")->accept();
+    scene.settle();
+    picture.setCurrentItem(-1);
+    picture.setCurrentItem(2);
+    scene.save("history-amended");
+    picture.setCurrentItem(-1);
+    auto* menu = scene.controller.window().findChild<QMenu*>(QStringLiteral("historyMenu"));
+    menu->ensurePolished();
+    menu->adjustSize();
+    grab(*menu, folder, "history-menu");
+}
+
 void drawManual(Scene& scene, const QDir& folder) {
     scene.command(scene.actions().showManual);
     auto& manual = *scene.controller.window().findChild<QDialog*>(QStringLiteral("manualWindow"));
@@ -238,6 +274,7 @@ void drawHistoryPictures(const QDir& folder) {
     drawRanges(scene);
     drawWidths(scene);
     drawSheet(scene, folder);
+    drawAmending(scene, folder);
     drawManual(scene, folder);
     drawEmptyStates(scene);
 }
