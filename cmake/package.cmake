@@ -44,6 +44,9 @@ install(FILES resources/gnome-extension/service.js resources/gnome-extension/win
 install(CODE "file(WRITE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${extension_folder}/executable\"
   \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/ticklog\\n\")")
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
+# For readers without the program, which has it inside.
+install(FILES docs/manual.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.png")
 
 # Manuals and changes are compressed, without the time of compression in them.
 function(install_compressed source name folder)

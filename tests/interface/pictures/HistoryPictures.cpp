@@ -134,6 +134,7 @@ private:
 void drawRanges(Scene& scene) {
     using Kind = CalendarRange::Kind;
     scene.showHistory();
+    scene.command(scene.historyActions().today);
     scene.outline().expand(scene.outline().model()->index(0, 0));
     scene.save("history-day");
     scene.command(scene.historyActions().byProject);
