@@ -43,6 +43,9 @@ inline const QString kHistoryShown = QStringLiteral("kTKHistoryShown");
 inline const QString kHistoryRange = QStringLiteral("kTKHistoryRange");
 // Whether the history goes by projects rather than by programs.
 inline const QString kHistoryByProject = QStringLiteral("kTKHistoryByProject");
+// Whether Ticklog asks what an absence was, and from how many minutes on.
+inline const QString kAskAfterAbsence = QStringLiteral("kTKAskAfterAbsence");
+inline const QString kAskAfterMinutes = QStringLiteral("kTKAskAfterMinutes");
 // Of time sheets: the name on them, and by its place in its menu how times are rounded and written.
 inline const QString kSheetName = QStringLiteral("kTKSheetName");
 inline const QString kSheetRounding = QStringLiteral("kTKSheetRounding");
