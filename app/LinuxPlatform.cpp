@@ -12,6 +12,7 @@
 #include "platform/linux/AutostartEntries.h"
 #include "platform/linux/DesktopScreenLock.h"
 #include "platform/linux/FreedesktopFileViewer.h"
+#include "platform/linux/FreedesktopNotices.h"
 #include "platform/linux/JournalLog.h"
 #include "platform/linux/LinuxOwnProgram.h"
 #include "platform/linux/LinuxPower.h"
@@ -79,6 +80,7 @@ struct LinuxPlatform::BackEnds {
     LockAwareFrontApplication frontApplication{silenceWatch, screenLock};
     AtspiAccessibility accessibility{sessionBus, runLoop, log};
     FreedesktopFileViewer fileViewer{sessionBus, log, FreedesktopFileViewer::xdgOpen()};
+    FreedesktopNotices notices{sessionBus, log};
     LinuxServiceManagement serviceManagement{systemBus, log, LinuxServiceManagement::Places::ofThisMachine()};
     LinuxOwnProgram ownProgram;
     SandboxedProgram sandboxedProgram{ownProgram};
@@ -148,6 +150,10 @@ ActivationService& LinuxPlatform::activation() {
 
 DesktopEntries& LinuxPlatform::desktopEntries() {
     return m_backEnds->desktopEntries;
+}
+
+Notices& LinuxPlatform::notices() {
+    return m_backEnds->notices;
 }
 
 ShellExtension* LinuxPlatform::shellExtension() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Notices.h"
 #include "platform/Platform.h"
 #include "platform/ShellExtension.h"
 #include "platform/linux/ActivationService.h"
@@ -25,6 +26,7 @@ public:
     const Admission& admission() const;
     // Requests of launchers over the session bus.
     ActivationService& activation();
+    Notices& notices();
     // The desktop's extension that tells what is in front; null where none is needed.
     ShellExtension* shellExtension();
     // What is installed.

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/text/CleanText.h"
 #include "platform/foundation/values/Assertions.h"
+#include "platform/linux/ActivationToken.h"
 
 #include <QDBusError>
 #include <QPointer>
@@ -11,9 +12,6 @@
 #include <utility>
 
 namespace {
-
-constexpr const char* kTokenVariable = "XDG_ACTIVATION_TOKEN";
-constexpr qsizetype kLongestToken = 256;
 
 // The full path of a file on this machine; empty for anything else.
 QString localPath(const QString& uri) {
@@ -28,8 +26,7 @@ QString localPath(const QString& uri) {
 
 QByteArray tokenIn(const QVariantMap& platformData) {
     const QVariant value = platformData.value(QStringLiteral("activation-token"));
-    const QByteArray token = value.typeId() == QMetaType::QString ? value.toString().toUtf8() : QByteArray();
-    return token.size() <= kLongestToken ? token : QByteArray();
+    return value.typeId() == QMetaType::QString ? ActivationToken::from(value.toString()) : QByteArray();
 }
 
 } // namespace
@@ -110,11 +107,9 @@ void ActivationService::carryOutSoon(Request request) {
 
 void ActivationService::carryOut(const Request& request) {
     if (!request.token.isEmpty()) {
-        // The toolkit takes the token from there when a window asks to come to the front. Programs that are
-        // started while the files are asked about must not inherit it.
-        qputenv(kTokenVariable, request.token);
+        // Gone before the files are asked about: programs may be started then.
+        const ActivationToken token(request.token);
         m_handler({}, request.ticket);
-        qunsetenv(kTokenVariable);
     }
     if (request.token.isEmpty() || !request.files.isEmpty())
         m_handler(request.files, request.ticket);
