@@ -13,11 +13,10 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLocale>
-#include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
-#include <QWidgetAction>
 
 namespace {
 
@@ -149,10 +148,12 @@ QString RangeBar::shortTitleOf(const CalendarRange& range) {
 void RangeBar::openCalendar() {
     if (!m_range)
         return;
-    auto* popup = named(new QMenu(this), QStringLiteral("historyCalendar"));
+    // Not a menu: that would take Tab and the arrows for itself.
+    auto* popup = named(new QFrame(this, Qt::Popup), QStringLiteral("historyCalendar"));
     popup->setAttribute(Qt::WA_DeleteOnClose);
-    auto* page = new QWidget;
-    auto* rows = new QVBoxLayout(page);
+    popup->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
+    auto* rows = new QVBoxLayout(popup);
+    QWidget* beginning = nullptr;
     if (m_range->kind() == CalendarRange::Kind::Span) {
         auto* first = dateField(QStringLiteral("historyFirstDay"), localized("From"), m_range->first());
         auto* last = dateField(QStringLiteral("historyLastDay"), localized("To"), m_range->last());
@@ -166,6 +167,7 @@ void RangeBar::openCalendar() {
         rows->addLayout(cells);
         auto* show = named(new QPushButton(localized("Show")), QStringLiteral("historyShowSpan"));
         rows->addWidget(show);
+        beginning = first;
         connect(show, &QPushButton::clicked, this, [this, popup, first, last] {
             popup->close();
             Q_EMIT spanChosen(first->date(), last->date());
@@ -174,6 +176,7 @@ void RangeBar::openCalendar() {
         auto* calendar = named(new QCalendarWidget, QStringLiteral("historyDays"));
         calendar->setSelectedDate(m_range->first());
         rows->addWidget(calendar);
+        beginning = calendar;
         connect(calendar, &QCalendarWidget::clicked, this, [this, popup](QDate day) {
             popup->close();
             Q_EMIT dayChosen(day);
@@ -183,9 +186,11 @@ void RangeBar::openCalendar() {
             Q_EMIT dayChosen(day);
         });
     }
-    auto* action = new QWidgetAction(popup);
-    action->setDefaultWidget(page);
-    popup->addAction(action);
-    popup->popup(m_title->mapToGlobal(QPoint(0, m_title->height())));
-    page->setFocus();
+    popup->adjustSize();
+    const QRect room = screen()->availableGeometry();
+    const QPoint place = m_title->mapToGlobal(QPoint(0, m_title->height()));
+    popup->move(std::clamp(place.x(), room.left(), std::max(room.left(), room.right() - popup->width())),
+                std::clamp(place.y(), room.top(), std::max(room.top(), room.bottom() - popup->height())));
+    popup->show();
+    beginning->setFocus(Qt::PopupFocusReason);
 }
