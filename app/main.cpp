@@ -8,6 +8,7 @@
 #include "app/CommandLine.h"
 #include "app/ExitGuard.h"
 #include "app/LinuxPlatform.h"
+#include "interface/absences/AbsenceBookings.h"
 #include "interface/history/Amending.h"
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryToday.h"
@@ -60,12 +61,16 @@ History::Services servicesOf(TKController& controller, Platform& platform) {
             .log = platform.log};
 }
 
-// What the window and the tray show of the history.
+// What the window and the tray show of the history, and what they ask for it.
 class ShownHistory {
 public:
-    ShownHistory(TKController& controller, const Platform& platform, DesktopEntries& entries, Alerts& alerts,
+    ShownHistory(TKController& controller, LinuxPlatform& desktop, Alerts& alerts, History& history)
+        : ShownHistory(controller, desktop.platform(), desktop, alerts, history) {}
+
+private:
+    ShownHistory(TKController& controller, const Platform& platform, LinuxPlatform& desktop, Alerts& alerts,
                  History& history)
-        : m_icons([&](const QString& program) { return entries.iconOf(program); })
+        : m_icons([&](const QString& program) { return desktop.desktopEntries().iconOf(program); })
         , m_side({.window = controller.window(),
                   .platform = platform,
                   .alerts = alerts,
@@ -89,19 +94,34 @@ public:
                    .menu = controller.appDelegate().statusMenu().mainMenu(),
                    .isCounting = [&] { return controller.timer().isRunning(); }},
                   [&](const QString& line) { controller.appDelegate().presence().showToday(line); })
-        , m_pauses(controller.timer(), platform.runLoop, platform.clock, [&] {
-            const QDateTime now = localTime(platform.clock.now());
-            return beginningOf(dayOf(now, history.dayBegins()).addDays(1), history.dayBegins());
-        }) {
+        , m_pauses(controller.timer(), platform.runLoop, platform.clock,
+                   [&] {
+                       const QDateTime now = localTime(platform.clock.now());
+                       return beginningOf(dayOf(now, history.dayBegins()).addDays(1), history.dayBegins());
+                   })
+        , m_bookings(history, controller.projects(), controller.undoStack(), platform.clock)
+        , m_comingBack({.tracker = controller.tracker(),
+                        .projects = controller.projects(),
+                        .bar = [&]() -> AbsenceBar& { return controller.window().absenceBar(); },
+                        .notices = desktop.notices(),
+                        .notifications = platform.notifications,
+                        .defaults = platform.defaults,
+                        .clock = platform.clock,
+                        .runLoop = platform.runLoop,
+                        .hasHistory = [&] { return history.isKept(); },
+                        .showWindow = [&] { controller.displayMainWindow(); },
+                        .askForNames = [this](auto told) { m_bookings.askForNames(std::move(told)); },
+                        .book = [this](const auto& answer) { m_bookings.book(answer); }}) {
         controller.appDelegate().statusMenu().offerPauses(m_pauses.menu());
     }
 
-private:
     ProgramIcons m_icons;
     HistoryController m_side;
     Amending m_amending;
     HistoryToday m_today;
     PauseMenu m_pauses;
+    AbsenceBookings m_bookings;
+    ComingBack m_comingBack;
 };
 
 // No file is forgotten while a question is open; files are asked about in order. Each keeps its ticket until
@@ -167,7 +187,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     Preferences preferences(
         controller, platform, setupAlerts, [&](PrefWindow& window) { setupAlerts.setWindow(&window); },
         &history);
-    const ShownHistory shownHistory(controller, platform, desktop.desktopEntries(), alerts, history);
+    const ShownHistory shownHistory(controller, desktop, alerts, history);
     const auto powerOff = [&] {
         controller.appDelegate().willPowerOffHandler();
         history.finish();

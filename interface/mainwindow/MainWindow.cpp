@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/MainWindow.h"
 
+#include "interface/absences/AbsenceBar.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
 #include "interface/mainwindow/AppTypeControl.h"
@@ -114,6 +115,20 @@ QWidget* MainWindow::makeOutlinePane() {
     m_pages->addWidget(m_historyPane);
     rows->addWidget(m_pages, 1);
     return pane;
+}
+
+AbsenceBar& MainWindow::absenceBar() {
+    if (!m_absenceBar) {
+        m_absenceBar = new AbsenceBar;
+        auto* rows = qobject_cast<QVBoxLayout*>(m_obstacleBar->parentWidget()->layout());
+        rows->insertWidget(rows->indexOf(m_obstacleBar) + 1, m_absenceBar);
+        QWidget* before = m_sides->previousInFocusChain();
+        for (QWidget* control : m_absenceBar->controls()) {
+            QWidget::setTabOrder(before, control);
+            before = control;
+        }
+    }
+    return *m_absenceBar;
 }
 
 QWidget* MainWindow::makeTimersPage() {

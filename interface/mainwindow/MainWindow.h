@@ -7,6 +7,7 @@
 
 #include <QMainWindow>
 
+class AbsenceBar;
 class AppTypeControl;
 class HistoryPane;
 class ObstacleBar;
@@ -38,6 +39,9 @@ public:
 
     AppTypeControl& appTypeToolbar() const { return *m_appTypeToolbar; }
     ObstacleBar& obstacleBar() const { return *m_obstacleBar; }
+
+    // Made when it is first wanted: most people are never asked.
+    AbsenceBar& absenceBar();
 
     HistoryPane& historyPane() const { return *m_historyPane; }
     // Which side is shown.
@@ -90,6 +94,8 @@ private:
     TKConstrainedSplitView* m_splitView = nullptr;
     SidebarPane* m_sidebar = nullptr;
     ObstacleBar* m_obstacleBar = nullptr;
+    // Null until it is wanted.
+    AbsenceBar* m_absenceBar = nullptr;
     QTabBar* m_sides = nullptr;
     QStackedWidget* m_pages = nullptr;
     HistoryPane* m_historyPane = nullptr;

@@ -2,10 +2,13 @@
 #include "interface/preferences/HistoryTab.h"
 
 #include "Classes/common/Settings.h"
+#include "Classes/engine/AbsenceWatch.h"
 #include "interface/preferences/SettingsBinding.h"
 #include "interface/shell/PlainText.h"
+#include "platform/foundation/text/DurationText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLocale>
@@ -29,6 +32,9 @@ constexpr Keeping kKeepings[] = {{0, QT_TRANSLATE_NOOP("Ticklog", "For ever")},
                                  {90, QT_TRANSLATE_NOOP("Ticklog", "For 90 days")},
                                  {-1, QT_TRANSLATE_NOOP("Ticklog", "Not at all")}};
 
+// From which length on an absence is asked about, in minutes.
+constexpr int kAbsences[] = {5, 15, 30, 60};
+
 QLabel* paragraph(const QString& text) {
     auto* label = new PlainLabel(text);
     label->setWordWrap(true);
@@ -42,6 +48,8 @@ HistoryTab::HistoryTab(SettingsBinding& settings, Actions actions)
     : m_actions(std::move(actions))
     , m_days(new QComboBox)
     , m_obstacle(new PlainLabel)
+    , m_ask(new QCheckBox(localized("&Ask what an absence was")))
+    , m_askLength(new QComboBox)
     , m_forget(new QPushButton(localized("&Forget…"))) {
     setObjectName(QStringLiteral("History"));
     auto* rows = new QVBoxLayout(this);
@@ -57,6 +65,13 @@ HistoryTab::HistoryTab(SettingsBinding& settings, Actions actions)
         localized("The history records which title was in front, and when. It stays on this machine, in a "
                   "file that only you can "
                   "read, and lets the timers lose no more than 15 seconds in a crash.")));
+    auto* asking = new QFormLayout;
+    asking->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    addAsking(*asking, settings);
+    rows->addLayout(asking);
+    rows->addWidget(
+        paragraph(localized("When you come back, a notice and a bar in the window ask what you did. Your "
+                            "answer is booked by hand; without one, the time stays idle.")));
     m_forget->setObjectName(QStringLiteral("forgetHistory"));
     connect(m_forget, &QPushButton::clicked, this, [this] { m_actions.forget(); });
     auto* buttons = new QHBoxLayout;
@@ -85,6 +100,35 @@ void HistoryTab::addKeeping(QFormLayout& form, SettingsBinding& settings) {
     settings.bind(*begins, kHistoryDayBegins);
 }
 
+void HistoryTab::addAsking(QFormLayout& form, SettingsBinding& settings) {
+    m_ask->setObjectName(QStringLiteral("askAfterAbsence"));
+    m_askLength->setObjectName(QStringLiteral("askAfterMinutes"));
+    form.addRow(m_ask);
+    form.addRow(localized("&Shortest absence:"), m_askLength);
+    settings.bind(*m_ask, kAskAfterAbsence);
+    settings.observe([this, &settings] {
+        const std::int64_t minutes = AbsenceWatch::shortestAbsence(settings.defaults()).count();
+        const QSignalBlocker quiet(m_askLength);
+        m_askLength->clear();
+        for (const int choice : kAbsences)
+            m_askLength->addItem(durationInWords(60.0 * choice, false), choice);
+        if (m_askLength->findData(qlonglong(minutes)) < 0)
+            m_askLength->addItem(durationInWords(60.0 * double(minutes), false), qlonglong(minutes));
+        m_askLength->setCurrentIndex(m_askLength->findData(qlonglong(minutes)));
+        offerAsking();
+    });
+    connect(m_askLength, &QComboBox::activated, this, [this, &settings](int choice) {
+        settings.defaults().setObject(kAskAfterMinutes, m_askLength->itemData(choice).toInt());
+    });
+}
+
+// Without a history, answers would have no place.
+void HistoryTab::offerAsking() {
+    const bool isKept = m_obstacle->text().isEmpty();
+    m_ask->setEnabled(isKept);
+    m_askLength->setEnabled(isKept && m_ask->isChecked());
+}
+
 // The settings may hold a number of days that is not among the choices.
 void HistoryTab::showDays(std::int64_t days) {
     const QSignalBlocker quiet(m_days);
@@ -104,4 +148,5 @@ void HistoryTab::reload() {
     m_obstacle->setText(obstacle);
     m_obstacle->setVisible(!obstacle.isEmpty());
     m_forget->setEnabled(obstacle.isEmpty());
+    offerAsking();
 }

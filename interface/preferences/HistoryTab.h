@@ -5,13 +5,14 @@
 
 #include <functional>
 
+class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLabel;
 class QPushButton;
 class SettingsBinding;
 
-// The preferences for how long the history is kept, when its days begin, and what to forget.
+// The preferences for how long the history is kept, when its days begin, what to ask of who comes back, and what to forget.
 class HistoryTab : public QWidget {
     Q_OBJECT
 public:
@@ -31,10 +32,14 @@ public:
 
 private:
     void addKeeping(QFormLayout& form, SettingsBinding& settings);
+    void addAsking(QFormLayout& form, SettingsBinding& settings);
+    void offerAsking();
     void showDays(std::int64_t days);
 
     Actions m_actions;
     QComboBox* m_days;
     QLabel* m_obstacle;
+    QCheckBox* m_ask;
+    QComboBox* m_askLength;
     QPushButton* m_forget;
 };

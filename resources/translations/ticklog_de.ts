@@ -1799,5 +1799,73 @@
         <source>&amp;New Project…</source>
         <translation>&amp;Neues Projekt…</translation>
     </message>
+    <message>
+        <source>Absences</source>
+        <translation>Abwesenheiten</translation>
+    </message>
+    <message>
+        <source>Do not ask about these absences</source>
+        <translation>Nicht nach diesen Abwesenheiten fragen</translation>
+    </message>
+    <message>
+        <source>What the absence was</source>
+        <translation>Was die Abwesenheit war</translation>
+    </message>
+    <message>
+        <source>Project of the absence</source>
+        <translation>Projekt der Abwesenheit</translation>
+    </message>
+    <message>
+        <source>Book the absence as work</source>
+        <translation>Die Abwesenheit als Arbeit buchen</translation>
+    </message>
+    <message>
+        <source>Break</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>The absence was no work</source>
+        <translation>Die Abwesenheit war keine Arbeit</translation>
+    </message>
+    <message>
+        <source>&amp;What did you do?</source>
+        <translation>&amp;Was haben Sie getan?</translation>
+    </message>
+    <message>
+        <source>You were away: %@</source>
+        <translation>Sie waren weg: %@</translation>
+    </message>
+    <message>
+        <source>Book the Absence</source>
+        <translation>Abwesenheit buchen</translation>
+    </message>
+    <message>
+        <source>You were away for %@</source>
+        <translation>%@ weg gewesen</translation>
+    </message>
+    <message>
+        <source>%@. What was it?</source>
+        <translation>%@. Was war das?</translation>
+    </message>
+    <message>
+        <source>Say…</source>
+        <translation>Sagen…</translation>
+    </message>
+    <message>
+        <source>%@ – %@ (%@)</source>
+        <translation>%@ – %@ (%@)</translation>
+    </message>
+    <message>
+        <source>&amp;Ask what an absence was</source>
+        <translation>&amp;Fragen, was eine Abwesenheit war</translation>
+    </message>
+    <message>
+        <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
+        <translation>Wenn Sie zurückkommen, fragen eine Meldung und eine Leiste im Fenster, was Sie getan haben. Ihre Antwort wird von Hand gebucht; ohne Antwort bleibt die Zeit Leerlauf.</translation>
+    </message>
+    <message>
+        <source>&amp;Shortest absence:</source>
+        <translation>&amp;Kürzeste Abwesenheit:</translation>
+    </message>
 </context>
 </TS>

@@ -1799,5 +1799,73 @@
         <source>&amp;New Project…</source>
         <translation>&amp;Nuevo proyecto…</translation>
     </message>
+    <message>
+        <source>Absences</source>
+        <translation>Ausencias</translation>
+    </message>
+    <message>
+        <source>Do not ask about these absences</source>
+        <translation>No preguntar por estas ausencias</translation>
+    </message>
+    <message>
+        <source>What the absence was</source>
+        <translation>Qué fue la ausencia</translation>
+    </message>
+    <message>
+        <source>Project of the absence</source>
+        <translation>Proyecto de la ausencia</translation>
+    </message>
+    <message>
+        <source>Book the absence as work</source>
+        <translation>Anotar la ausencia como trabajo</translation>
+    </message>
+    <message>
+        <source>Break</source>
+        <translation>Descanso</translation>
+    </message>
+    <message>
+        <source>The absence was no work</source>
+        <translation>La ausencia no fue trabajo</translation>
+    </message>
+    <message>
+        <source>&amp;What did you do?</source>
+        <translation>¿&amp;Qué hizo?</translation>
+    </message>
+    <message>
+        <source>You were away: %@</source>
+        <translation>Ausencia: %@</translation>
+    </message>
+    <message>
+        <source>Book the Absence</source>
+        <translation>Anotar la ausencia</translation>
+    </message>
+    <message>
+        <source>You were away for %@</source>
+        <translation>Ausencia de %@</translation>
+    </message>
+    <message>
+        <source>%@. What was it?</source>
+        <translation>%@. ¿Qué fue?</translation>
+    </message>
+    <message>
+        <source>Say…</source>
+        <translation>Decir…</translation>
+    </message>
+    <message>
+        <source>%@ – %@ (%@)</source>
+        <translation>%@ – %@ (%@)</translation>
+    </message>
+    <message>
+        <source>&amp;Ask what an absence was</source>
+        <translation>&amp;Preguntar qué fue una ausencia</translation>
+    </message>
+    <message>
+        <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
+        <translation>Cuando vuelve, una notificación y una barra en la ventana preguntan qué hizo. Su respuesta se anota a mano; sin ella, el tiempo sigue siendo inactividad.</translation>
+    </message>
+    <message>
+        <source>&amp;Shortest absence:</source>
+        <translation>Ausencia &amp;más corta:</translation>
+    </message>
 </context>
 </TS>

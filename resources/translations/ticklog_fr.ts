@@ -1799,5 +1799,73 @@
         <source>&amp;New Project…</source>
         <translation>&amp;Nouveau projet…</translation>
     </message>
+    <message>
+        <source>Absences</source>
+        <translation>Absences</translation>
+    </message>
+    <message>
+        <source>Do not ask about these absences</source>
+        <translation>Ne rien demander sur ces absences</translation>
+    </message>
+    <message>
+        <source>What the absence was</source>
+        <translation>Ce qu’était l’absence</translation>
+    </message>
+    <message>
+        <source>Project of the absence</source>
+        <translation>Projet de l’absence</translation>
+    </message>
+    <message>
+        <source>Book the absence as work</source>
+        <translation>Enregistrer l’absence comme travail</translation>
+    </message>
+    <message>
+        <source>Break</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>The absence was no work</source>
+        <translation>L’absence n’était pas du travail</translation>
+    </message>
+    <message>
+        <source>&amp;What did you do?</source>
+        <translation>&amp;Qu’avez-vous fait ?</translation>
+    </message>
+    <message>
+        <source>You were away: %@</source>
+        <translation>Absence : %@</translation>
+    </message>
+    <message>
+        <source>Book the Absence</source>
+        <translation>Enregistrer l’absence</translation>
+    </message>
+    <message>
+        <source>You were away for %@</source>
+        <translation>Absence de %@</translation>
+    </message>
+    <message>
+        <source>%@. What was it?</source>
+        <translation>%@. Qu’était-ce ?</translation>
+    </message>
+    <message>
+        <source>Say…</source>
+        <translation>Préciser…</translation>
+    </message>
+    <message>
+        <source>%@ – %@ (%@)</source>
+        <translation>%@ – %@ (%@)</translation>
+    </message>
+    <message>
+        <source>&amp;Ask what an absence was</source>
+        <translation>&amp;Demander ce qu’était une absence</translation>
+    </message>
+    <message>
+        <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
+        <translation>À votre retour, une notification et une barre dans la fenêtre demandent ce que vous avez fait. Votre réponse est saisie à la main ; sans réponse, le temps reste de l’inactivité.</translation>
+    </message>
+    <message>
+        <source>&amp;Shortest absence:</source>
+        <translation>Absence la &amp;plus courte :</translation>
+    </message>
 </context>
 </TS>

@@ -1799,5 +1799,73 @@
         <source>&amp;New Project…</source>
         <translation>新規プロジェクト(&amp;N)…</translation>
     </message>
+    <message>
+        <source>Absences</source>
+        <translation>不在の時間</translation>
+    </message>
+    <message>
+        <source>Do not ask about these absences</source>
+        <translation>これらの不在について尋ねない</translation>
+    </message>
+    <message>
+        <source>What the absence was</source>
+        <translation>不在の内容</translation>
+    </message>
+    <message>
+        <source>Project of the absence</source>
+        <translation>不在のプロジェクト</translation>
+    </message>
+    <message>
+        <source>Book the absence as work</source>
+        <translation>不在を作業として記入</translation>
+    </message>
+    <message>
+        <source>Break</source>
+        <translation>休憩</translation>
+    </message>
+    <message>
+        <source>The absence was no work</source>
+        <translation>不在は作業ではない</translation>
+    </message>
+    <message>
+        <source>&amp;What did you do?</source>
+        <translation>何をしていましたか(&amp;W)？</translation>
+    </message>
+    <message>
+        <source>You were away: %@</source>
+        <translation>席を外していた時間: %@</translation>
+    </message>
+    <message>
+        <source>Book the Absence</source>
+        <translation>不在の記入</translation>
+    </message>
+    <message>
+        <source>You were away for %@</source>
+        <translation>席を外していました（%@）</translation>
+    </message>
+    <message>
+        <source>%@. What was it?</source>
+        <translation>%@。何をしていましたか？</translation>
+    </message>
+    <message>
+        <source>Say…</source>
+        <translation>入力…</translation>
+    </message>
+    <message>
+        <source>%@ – %@ (%@)</source>
+        <translation>%@ – %@（%@）</translation>
+    </message>
+    <message>
+        <source>&amp;Ask what an absence was</source>
+        <translation>不在の内容を尋ねる(&amp;A)</translation>
+    </message>
+    <message>
+        <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
+        <translation>戻ったときに、通知とウィンドウのバーで何をしていたかを尋ねます。答えは手動で記入され、答えがなければアイドルのままです。</translation>
+    </message>
+    <message>
+        <source>&amp;Shortest absence:</source>
+        <translation>最短の不在(&amp;S):</translation>
+    </message>
 </context>
 </TS>

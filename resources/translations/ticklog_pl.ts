@@ -1799,5 +1799,73 @@
         <source>&amp;New Project…</source>
         <translation>&amp;Nowy projekt…</translation>
     </message>
+    <message>
+        <source>Absences</source>
+        <translation>Nieobecności</translation>
+    </message>
+    <message>
+        <source>Do not ask about these absences</source>
+        <translation>Nie pytaj o te nieobecności</translation>
+    </message>
+    <message>
+        <source>What the absence was</source>
+        <translation>Czym była nieobecność</translation>
+    </message>
+    <message>
+        <source>Project of the absence</source>
+        <translation>Projekt nieobecności</translation>
+    </message>
+    <message>
+        <source>Book the absence as work</source>
+        <translation>Zapisz nieobecność jako pracę</translation>
+    </message>
+    <message>
+        <source>Break</source>
+        <translation>Przerwa</translation>
+    </message>
+    <message>
+        <source>The absence was no work</source>
+        <translation>Nieobecność nie była pracą</translation>
+    </message>
+    <message>
+        <source>&amp;What did you do?</source>
+        <translation>Co ro&amp;biono?</translation>
+    </message>
+    <message>
+        <source>You were away: %@</source>
+        <translation>Nieobecność: %@</translation>
+    </message>
+    <message>
+        <source>Book the Absence</source>
+        <translation>Zapisanie nieobecności</translation>
+    </message>
+    <message>
+        <source>You were away for %@</source>
+        <translation>Nieobecność: %@</translation>
+    </message>
+    <message>
+        <source>%@. What was it?</source>
+        <translation>%@. Co to było?</translation>
+    </message>
+    <message>
+        <source>Say…</source>
+        <translation>Powiedz…</translation>
+    </message>
+    <message>
+        <source>%@ – %@ (%@)</source>
+        <translation>%@ – %@ (%@)</translation>
+    </message>
+    <message>
+        <source>&amp;Ask what an absence was</source>
+        <translation>P&amp;ytaj, czym była nieobecność</translation>
+    </message>
+    <message>
+        <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
+        <translation>Po powrocie powiadomienie i pasek w oknie pytają, co robiono. Odpowiedź jest zapisywana ręcznie; bez niej czas pozostaje bezczynnością.</translation>
+    </message>
+    <message>
+        <source>&amp;Shortest absence:</source>
+        <translation>&amp;Najkrótsza nieobecność:</translation>
+    </message>
 </context>
 </TS>

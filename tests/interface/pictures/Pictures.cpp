@@ -13,6 +13,7 @@
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/Desk.h"
 #include "tests/interface/HistoryViewDesk.h"
+#include "tests/interface/pictures/AbsencePictures.h"
 #include "tests/interface/pictures/Grab.h"
 #include "tests/interface/pictures/HistoryPictures.h"
 #include "tests/interface/pictures/TimePictures.h"
@@ -382,6 +383,12 @@ void drawAll(const QDir& folder) {
         trouble(scene.controller);
         scene.name = QStringLiteral("trouble");
         scene.save(folder);
+    }
+    {
+        Scene scene("absence");
+        scene.work();
+        scene.show();
+        drawAbsences(scene, folder);
     }
     {
         Scene scene("project");
