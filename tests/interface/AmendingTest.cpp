@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QDateTimeEdit>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QUndoStack>
 
@@ -277,6 +278,33 @@ TEST_F(AmendingTest, aDeletedProject_leavesItsTimeToNone_andComesBackWithIt) {
     view.lookAgain();
     settle();
     EXPECT_EQ(view.answer().projects.size(), 2U);
+}
+
+TEST_F(AmendingTest, byTheKeyboardAlone_aStretchIsFoundAndNamed) {
+    aDay();
+    picture().setFocus();
+    QTest::keyClick(&picture(), Qt::Key_Home);
+    QTest::keyClick(&picture(), Qt::Key_Right);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&picture(), &event);
+    const QPointer<QMenu> menu = controller.window().findChild<QMenu*>(QStringLiteral("amendMenu"));
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions(), amend().all());
+    name("Meeting");
+    delete menu.data();
+    EXPECT_TRUE(rows().contains(QStringLiteral("Meeting 00:15:00"))) << qPrintable(rows());
+}
+
+TEST_F(AmendingTest, rowsOfTheOutline_haveAMenu) {
+    aDay();
+    outline().choose(QStringLiteral("Draw"));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(outline().viewport(), &event);
+    const QPointer<QMenu> menu = controller.window().findChild<QMenu*>(QStringLiteral("amendMenu"));
+    ASSERT_TRUE(menu);
+    name("Flyer");
+    delete menu.data();
+    EXPECT_TRUE(rows().contains(QStringLiteral("Draw 00:10:00 [Flyer 00:10:00]"))) << qPrintable(rows());
 }
 
 } // namespace
