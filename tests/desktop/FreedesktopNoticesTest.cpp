@@ -32,7 +32,10 @@ protected:
     }
 
     // The service has said the number before this process has it.
-    void waitForNumber() { EXPECT_TRUE(roundTrip(m_bus)); }
+    void waitForNumber() {
+        const QString name = u"org.freedesktop.Notifications"_s;
+        EXPECT_TRUE(roundTrip(m_bus, name, u"/org/freedesktop/Notifications"_s, name, u"nothing"_s));
+    }
 
     bool waitForAnswers(const QString& answers) {
         return waitFor([&] { return m_answers.join(u", "_s) == answers; });

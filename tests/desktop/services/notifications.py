@@ -68,7 +68,7 @@ def obey(service, command, number="0", action="", token=None):
     elif command == "close":
         service.NotificationClosed(number, dbus.UInt32(2))
     else:
-        return {"body": service.body, "closed": " ".join(map(str, service.taken)), "asked": service.asked}[command]
+        return {"body": service.body, "closed": " ".join(map(str, service.taken)), "asked": str(service.asked)}[command]
     return ""
 
 
