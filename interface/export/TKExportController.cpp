@@ -52,6 +52,17 @@ void TKExportController::exportSet(const TimeStoreItem::Children& timers, const 
         exportCSVSetToFilename(timers, *path, total);
 }
 
+void TKExportController::exportTable(const QByteArray& table, const QString& title) {
+    const QString suffix = QStringLiteral(".csv");
+    const auto chosen =
+        m_alerts.chooseExportFile(title, m_documents + u'/' + localized("Ticklog Times") + suffix);
+    const auto path = chosen ? withExtension(m_alerts, *chosen, suffix) : std::nullopt;
+    if (!path)
+        return;
+    if (const Outcome written = WholeFile::write(table, *path); !written)
+        m_alerts.showError(localized("The times could not be exported."), written.failure().text);
+}
+
 void TKExportController::exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path,
                                                 const std::optional<Seconds>& total) {
     // The table is made before the progress panel lets the timers run on, so all its times are of one moment.

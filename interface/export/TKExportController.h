@@ -49,6 +49,8 @@ public:
     // The panel proposes `name`. The sum in the table's head is that of all timers unless one is given.
     void exportSet(const TimeStoreItem::Children& timers, const QString& title, const QString& name,
                    const std::optional<Seconds>& total = std::nullopt);
+    // Writes a table to a file that the user chooses, and says so where that fails.
+    void exportTable(const QByteArray& table, const QString& title);
     // A failure is only logged.
     void exportCSVSetToFilename(const TimeStoreItem::Children& timers, const QString& path,
                                 const std::optional<Seconds>& total = std::nullopt);

@@ -44,13 +44,17 @@ MainActions::MainActions(QObject* window)
     , exportAll(make(window, "exportAllToCSV", localized("Export &All Timers to CSV…"),
                      Qt::CTRL | Qt::SHIFT | Qt::Key_E))
     , exportProject(make(window, "exportProjectToCSV", localized("Export &Project…")))
+    , exportForSpreadsheet(
+          make(window, "exportForSpreadsheet", localized("Export Shown &Timers for Spreadsheets…")))
     , closeWindow(make(window, "closeWindow", localized("C&lose Window"), QKeySequence::Close))
     , quit(make(window, "quit", localized("&Quit"), Qt::CTRL | Qt::Key_Q))
     , undo(make(window, "undo", localized("&Undo"), QKeySequence::Undo))
     , redo(make(window, "redo", localized("&Redo"), QKeySequence::Redo))
     , copy(make(window, "copy", localized("&Copy"), QKeySequence::Copy))
+    , copyForSpreadsheet(make(window, "copyForSpreadsheet", localized("Copy for Spreadshee&t"),
+                              Qt::CTRL | Qt::SHIFT | Qt::Key_C))
     , copySummaryTime(
-          make(window, "copySummaryTime", localized("Copy &Summary Time"), Qt::CTRL | Qt::SHIFT | Qt::Key_C))
+          make(window, "copySummaryTime", localized("Copy &Summary Time"), Qt::CTRL | Qt::ALT | Qt::Key_C))
     , rename(make(window, "rename", localized("Re&name"), Qt::Key_F2))
     , deleteRows(make(window, "delete", localized("&Delete"), QKeySequence::Delete))
     , forceDelete(
@@ -95,10 +99,12 @@ MainActions::MainActions(QObject* window)
 QMenu* MainActions::fill(QMenuBar& menuBar) const {
     addMenu(menuBar, "fileMenu", localized("&File"),
             {importDatabase, saveCopy, nullptr, chooseDatabaseLocation, restoreDefaultDatabaseLocation,
-             revealDatabase, nullptr, exportShown, exportAll, exportProject, nullptr, closeWindow, quit});
+             revealDatabase, nullptr, exportShown, exportAll, exportProject, exportForSpreadsheet, nullptr,
+             closeWindow, quit});
     addMenu(menuBar, "editMenu", localized("&Edit"),
-            {undo, redo, nullptr, copy, copySummaryTime, nullptr, rename, deleteRows, forceDelete, nullptr,
-             selectAll, deselectAll, nullptr, find, nullptr, editRules, showPrefWindow});
+            {undo, redo, nullptr, copy, copyForSpreadsheet, copySummaryTime, nullptr, rename, deleteRows,
+             forceDelete, nullptr, selectAll, deselectAll, nullptr, find, nullptr, editRules,
+             showPrefWindow});
     addMenu(menuBar, "viewMenu", localized("&View"),
             {showTimers, showHistory, nullptr, showSidebar, nullptr, expandAll, collapseAll});
     QMenu* projectMenu = addMenu(menuBar, "projectMenu", localized("&Project"),
@@ -111,7 +117,8 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
 }
 
 QList<QAction*> MainActions::forTimers() const {
-    return {copy, rename, addToProject, branch, nullptr, deleteRows, nullptr, expandAll, collapseAll};
+    return {copy,    copyForSpreadsheet, rename,  addToProject, branch,
+            nullptr, deleteRows,         nullptr, expandAll,    collapseAll};
 }
 
 QList<QAction*> MainActions::forProjects() const {

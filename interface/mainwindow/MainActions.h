@@ -26,12 +26,14 @@ struct MainActions {
     QAction* exportShown;
     QAction* exportAll;
     QAction* exportProject;
+    QAction* exportForSpreadsheet;
     QAction* closeWindow;
     QAction* quit;
 
     QAction* undo;
     QAction* redo;
     QAction* copy;
+    QAction* copyForSpreadsheet;
     QAction* copySummaryTime;
     QAction* rename;
     QAction* deleteRows;

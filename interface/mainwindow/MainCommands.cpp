@@ -61,6 +61,10 @@ void MainCommands::connectDatabase() {
         window.isHistoryShown() ? window.historyPane().exportWanted() : m_controller.exportShown();
     });
     connectTo(actions.exportAll, m_receiver, [this] { m_controller.exporting().exportAllToCSV(); });
+    connectTo(actions.exportForSpreadsheet, m_receiver, [this] {
+        MainWindow& window = m_controller.window();
+        window.isHistoryShown() ? window.historyPane().exportWanted() : m_controller.exportForSpreadsheet();
+    });
     connectTo(actions.exportProject, m_receiver, [this] { m_controller.exportProject(); });
     connectTo(actions.closeWindow, m_receiver, [this] { m_controller.window().close(); });
     connectTo(actions.quit, m_receiver, [this] { m_controller.appDelegate().terminate(); });
@@ -85,6 +89,10 @@ void MainCommands::connectEditing() {
     const MainActions& actions = m_controller.window().actions();
     connectTo(actions.copy, m_receiver, [this] {
         areForHistory() ? m_controller.window().historyPane().outline().copy() : m_focusedOutline->copy();
+    });
+    connectTo(actions.copyForSpreadsheet, m_receiver, [this] {
+        areForHistory() ? m_controller.window().historyPane().outline().copy()
+                        : m_controller.copyForSpreadsheet();
     });
     connectTo(actions.copySummaryTime, m_receiver, [this] { m_controller.copySummaryTime(); });
     connectTo(actions.rename, m_receiver, [this] { m_focusedOutline->editName(); });

@@ -76,6 +76,8 @@ public:
     void setCutoffValue(float seconds) { m_shown.setCutoff(seconds); }
     // Exports "All Timers" as the search and the cut-off leave them, even while a project is shown.
     void exportShown();
+    // The same, of what is shown, as a table of which a spreadsheet can add up the times.
+    void exportForSpreadsheet();
     // Exports the selected project, whole.
     void exportProject();
 
@@ -97,6 +99,8 @@ public:
     void branchNode(TimeStoreNode& node);
     void branchUUIDs(const std::vector<Identity>& timers);
     void branchSelected();
+    // Copies the selected rows, or all that are shown, as such a table.
+    void copyForSpreadsheet();
     // Copies the sum as shown, in words.
     void copySummaryTime();
 

@@ -5,9 +5,12 @@
 #include "interface/mainwindow/FreezeCommand.h"
 #include "interface/mainwindow/RenameCommand.h"
 #include "interface/mainwindow/TKController.h"
+#include "interface/mainwindow/TimeSum.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/pasteboard/TimerTable.h"
 #include "interface/shell/Alerts.h"
 #include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/time/LocalTime.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -70,6 +73,13 @@ void TKController::frozen(std::vector<FrozenTimer> timers) {
         m_undoStack.push(new FreezeCommand(m_engine.tracker(), std::move(timers)));
 }
 
+void TKController::copyForSpreadsheet() {
+    const TimeStoreItem::Children selected = m_window.mainTable().selectedItems();
+    const SpreadsheetTable table = timerTable(
+        selected.empty() ? m_window.mainTable().topItems() : withoutDoubleCounting(selected), m_projects);
+    QApplication::clipboard()->setMimeData(table.copied(true).release());
+}
+
 void TKController::copySummaryTime() {
     constexpr int kInWords = 2;
     SumMode mode = SumMode::None;
@@ -123,6 +133,16 @@ void TKController::exportShown() {
                               ? localized("Export All Timers to CSV, Narrowed by the Search")
                               : localized("Export All Timers to CSV");
     m_exportController->exportShownToCSV(title);
+}
+
+void TKController::exportForSpreadsheet() {
+    SpreadsheetTable table = timerTable(m_window.mainTable().topItems(), m_projects);
+    table.heads << localized("From") << localized("To");
+    const QString from = localTime(m_engine.tracker().lastResetDate()).toString(Qt::ISODate);
+    const QString to = localTime(m_platform.clock.now()).toString(Qt::ISODate);
+    for (QStringList& row : table.rows)
+        row << from << to;
+    m_exportController->exportTable(table.csv(), localized("Export to CSV"));
 }
 
 void TKController::exportProject() {

@@ -119,6 +119,14 @@ QModelIndexList TKOutlineDisplayView::selectedRows() const {
     return rows;
 }
 
+TimeStoreItem::Children TKOutlineDisplayView::topItems() const {
+    TimeStoreItem::Children items;
+    for (int row = 0; row < model()->rowCount(); ++row)
+        if (auto item = itemAt(model()->index(row, 0)))
+            items.push_back(std::move(item));
+    return items;
+}
+
 TimeStoreItem::Children TKOutlineDisplayView::selectedItems() const {
     TimeStoreItem::Children items;
     for (const QModelIndex& row : selectedRows())

@@ -82,6 +82,8 @@ public:
     QModelIndexList selectedRows() const;
     // The timers of the selected rows, from top to bottom.
     TimeStoreItem::Children selectedItems() const;
+    // Those of all top rows.
+    TimeStoreItem::Children topItems() const;
     // Null for a row without a timer.
     static std::shared_ptr<TimeStoreItem> itemAt(const QModelIndex& row);
 

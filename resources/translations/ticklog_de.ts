@@ -1867,5 +1867,25 @@
         <source>&amp;Shortest absence:</source>
         <translation>&amp;Kürzeste Abwesenheit:</translation>
     </message>
+    <message>
+        <source>The times could not be exported.</source>
+        <translation>Die Zeiten konnten nicht exportiert werden.</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Identity</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Export Shown &amp;Timers for Spreadsheets…</source>
+        <translation>An&amp;gezeigte Timer für Tabellenkalkulation exportieren…</translation>
+    </message>
+    <message>
+        <source>Copy for Spreadshee&amp;t</source>
+        <translation>Für &amp;Tabellenkalkulation kopieren</translation>
+    </message>
 </context>
 </TS>

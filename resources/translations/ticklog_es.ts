@@ -1867,5 +1867,25 @@
         <source>&amp;Shortest absence:</source>
         <translation>Ausencia &amp;más corta:</translation>
     </message>
+    <message>
+        <source>The times could not be exported.</source>
+        <translation>No se pudieron exportar los tiempos.</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Ventana</translation>
+    </message>
+    <message>
+        <source>Identity</source>
+        <translation>Identidad</translation>
+    </message>
+    <message>
+        <source>Export Shown &amp;Timers for Spreadsheets…</source>
+        <translation>Exportar los cronómetros mostrados para hoja de cálcu&amp;lo…</translation>
+    </message>
+    <message>
+        <source>Copy for Spreadshee&amp;t</source>
+        <translation>Copiar para hoja de cálcu&amp;lo</translation>
+    </message>
 </context>
 </TS>

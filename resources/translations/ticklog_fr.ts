@@ -1829,11 +1829,11 @@
     </message>
     <message>
         <source>&amp;What did you do?</source>
-        <translation>&amp;Qu’avez-vous fait ?</translation>
+        <translation>&amp;Qu’avez-vous fait&#xa0;?</translation>
     </message>
     <message>
         <source>You were away: %@</source>
-        <translation>Absence : %@</translation>
+        <translation>Absence&#xa0;: %@</translation>
     </message>
     <message>
         <source>Book the Absence</source>
@@ -1845,7 +1845,7 @@
     </message>
     <message>
         <source>%@. What was it?</source>
-        <translation>%@. Qu’était-ce ?</translation>
+        <translation>%@. Qu’était-ce&#xa0;?</translation>
     </message>
     <message>
         <source>Say…</source>
@@ -1861,11 +1861,31 @@
     </message>
     <message>
         <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
-        <translation>À votre retour, une notification et une barre dans la fenêtre demandent ce que vous avez fait. Votre réponse est saisie à la main ; sans réponse, le temps reste de l’inactivité.</translation>
+        <translation>À votre retour, une notification et une barre dans la fenêtre demandent ce que vous avez fait. Votre réponse est saisie à la main&#xa0;; sans réponse, le temps reste de l’inactivité.</translation>
     </message>
     <message>
         <source>&amp;Shortest absence:</source>
-        <translation>Absence la &amp;plus courte :</translation>
+        <translation>Absence la &amp;plus courte&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The times could not be exported.</source>
+        <translation>Les temps n’ont pas pu être exportés.</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenêtre</translation>
+    </message>
+    <message>
+        <source>Identity</source>
+        <translation>Identifiant</translation>
+    </message>
+    <message>
+        <source>Export Shown &amp;Timers for Spreadsheets…</source>
+        <translation>Exporter les chronomètres affichés pour un ta&amp;bleur…</translation>
+    </message>
+    <message>
+        <source>Copy for Spreadshee&amp;t</source>
+        <translation>Copier pour un ta&amp;bleur</translation>
     </message>
 </context>
 </TS>

@@ -1867,5 +1867,25 @@
         <source>&amp;Shortest absence:</source>
         <translation>最短の不在(&amp;S):</translation>
     </message>
+    <message>
+        <source>The times could not be exported.</source>
+        <translation>時間をエクスポートできませんでした。</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>ウインドウ</translation>
+    </message>
+    <message>
+        <source>Identity</source>
+        <translation>識別子</translation>
+    </message>
+    <message>
+        <source>Export Shown &amp;Timers for Spreadsheets…</source>
+        <translation>表示中のタイマーを表計算用にエクスポート(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>Copy for Spreadshee&amp;t</source>
+        <translation>表計算用にコピー(&amp;T)</translation>
+    </message>
 </context>
 </TS>

@@ -1867,5 +1867,25 @@
         <source>&amp;Shortest absence:</source>
         <translation>&amp;Najkrótsza nieobecność:</translation>
     </message>
+    <message>
+        <source>The times could not be exported.</source>
+        <translation>Nie udało się wyeksportować czasów.</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Okno</translation>
+    </message>
+    <message>
+        <source>Identity</source>
+        <translation>Identyfikator</translation>
+    </message>
+    <message>
+        <source>Export Shown &amp;Timers for Spreadsheets…</source>
+        <translation>Ek&amp;sportuj widoczne liczniki do arkusza…</translation>
+    </message>
+    <message>
+        <source>Copy for Spreadshee&amp;t</source>
+        <translation>Kopiuj &amp;do arkusza</translation>
+    </message>
 </context>
 </TS>

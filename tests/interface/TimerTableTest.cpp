@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// The timers as a table that a spreadsheet adds up.
+#include "tests/interface/ProjectDesk.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QMimeData>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct TimerTableTest : testing::Test, ProjectDesk {
+    // What lies on the clipboard, without the identities, which are random.
+    static std::string copied() {
+        QStringList lines = QGuiApplication::clipboard()->text().split(u'\n');
+        for (QString& line : lines)
+            line = line.section(u'\t', 0, 3);
+        return lines.join(u'\n').toStdString();
+    }
+};
+
+} // namespace
+
+TEST_F(TimerTableTest, aCopy_hasARowForEachWindowAndOneForTheRest) {
+    account("Mail", 100, {{QStringLiteral("Inbox"), 40}, {QStringLiteral("Offer"), 50}});
+    account("Notes", 10);
+    addProject("Meier", {QStringLiteral("Offer")});
+    addProject("Office", {QStringLiteral("Mail")});
+    show();
+    command(actions().copyForSpreadsheet);
+    EXPECT_EQ(copied(), "Program\tWindow\tTime Spent\tProjects\n"
+                        "Mail\tInbox\t0:00:40\tOffice\n"
+                        "Mail\tOffer\t0:00:50\tOffice, Meier\n"
+                        "Mail\t\t0:00:10\tOffice\n"
+                        "Notes\t\t0:00:10\t\n");
+}
+
+TEST_F(TimerTableTest, aCopyOfSelectedRows_hasThoseAndNoTimeTwice) {
+    account("Mail", 100, {{QStringLiteral("Inbox"), 40}, {QStringLiteral("Offer"), 60}});
+    account("Notes", 10);
+    show();
+    table().expandAllRows();
+    const QModelIndex mail = row("Mail");
+    select({mail, mail.model()->index(0, 0, mail)});
+    command(actions().copyForSpreadsheet);
+    EXPECT_EQ(copied(), "Program\tWindow\tTime Spent\tProjects\n"
+                        "Mail\tInbox\t0:00:40\t\n"
+                        "Mail\tOffer\t0:01:00\t\n");
+}
+
+TEST_F(TimerTableTest, aFormulaInATitle_isText) {
+    account("Calc", 5, {{QStringLiteral("=SUM(A1:A9)"), 5}});
+    show();
+    command(actions().copyForSpreadsheet);
+    EXPECT_NE(copied().find("Calc\t'=SUM(A1:A9)\t0:00:05"), std::string::npos) << copied();
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(u"<td>'=SUM(A1:A9)</td>"));
+}
+
+TEST_F(TimerTableTest, anExport_quotesItsCellsAndTellsFromWhenToWhen) {
+    account("Mail", 60, {{QStringLiteral("One, \"two\""), 60}});
+    show();
+    const QTemporaryDir folder;
+    alerts.location = folder.filePath(QStringLiteral("table.csv"));
+    command(actions().exportForSpreadsheet);
+    QFile file(alerts.location.value());
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    EXPECT_EQ(str(QString::fromUtf8(file.readLine())),
+              "Program,Window,Time Spent,Projects,Identity,From,To\r\n");
+    EXPECT_TRUE(file.readLine().startsWith("Mail,\"One, \"\"two\"\"\",0:01:00,,"));
+}
+
+TEST_F(TimerTableTest, anExportThatFails_isTold) {
+    account("Mail", 60);
+    show();
+    alerts.location = QStringLiteral("/nowhere/table.csv");
+    command(actions().exportForSpreadsheet);
+    ASSERT_EQ(alerts.errors.size(), 1);
+    EXPECT_TRUE(alerts.errors.first().startsWith(QLatin1String("The times could not be exported.")));
+}
