@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // pictures FOLDER: draws the main window, one PNG for each scene, in the palette, language and scale of the
-// environment (TICKLOG_DARK, TICKLOG_LANGUAGE, TICKLOG_MIRRORED, QT_SCALE_FACTOR). For people to look at.
+// environment (TICKLOG_DARK, TICKLOG_CONTRAST, TICKLOG_LANGUAGE, TICKLOG_MIRRORED, QT_SCALE_FACTOR). For people to look at.
 #include "Classes/rules/RuleCategories.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/preferences/TKSetupController.h"
@@ -53,6 +53,16 @@ void wearDark() {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         dark.setColor(QPalette::Disabled, role, QColor(0x75, 0x79, 0x7e));
     QApplication::setPalette(dark);
+}
+
+// Black, white, and yellow for what is chosen.
+void wearContrast() {
+    QPalette palette(Qt::white, Qt::black, Qt::white, Qt::white, Qt::white, Qt::white, Qt::white, Qt::black,
+                     Qt::black);
+    palette.setColor(QPalette::Window, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    QApplication::setPalette(palette);
 }
 
 struct Scene : Desk {
@@ -469,6 +479,8 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (qEnvironmentVariableIsSet("TICKLOG_DARK"))
         wearDark();
+    if (qEnvironmentVariableIsSet("TICKLOG_CONTRAST"))
+        wearContrast();
     const QString language = qEnvironmentVariable("TICKLOG_LANGUAGE", QStringLiteral("en"));
     QLocale::setDefault(QLocale(language));
     const Translations translations({language});
