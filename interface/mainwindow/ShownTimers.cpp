@@ -76,6 +76,7 @@ void ShownTimers::show(const std::shared_ptr<TimeStoreCategory>& category,
     const QString search = m_window.searchAppField().text();
     m_project = category;
     m_record = record;
+    m_window.sumBar().setCutoffApplies(!category);
     m_sum.forgetRows();
     m_filteredChanges = m_tracker.narrowing().changes();
     if (category) {

@@ -43,8 +43,7 @@ SumBar::SumBar(QWidget* parent)
     , m_timeSum(named(new SumOfTimesLabel, QStringLiteral("timeSum"))) {
     m_cutoff->setMinimumWidth(kSmallestSlider);
     m_cutoff->setMaximumWidth(kLargestSlider);
-    m_cutoff->setToolTip(localized("Leaves out timers that have less time than this"));
-    m_cutoff->setAccessibleDescription(m_cutoff->toolTip());
+    nameCutoff();
     m_cutoffCaption->setForegroundRole(QPalette::PlaceholderText);
     m_cutOffValueDisplay->setMinimumWidth(digitsWide(font(), kCutoffDigits));
     m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);
@@ -72,7 +71,22 @@ SumBar::SumBar(QWidget* parent)
 }
 
 void SumBar::showCutoff(const QString& time) {
-    m_cutOffValueDisplay->setText(time);
+    m_cutoffTime = time;
+    m_cutOffValueDisplay->setText(m_cutoff->isEnabled() ? time : QString());
+}
+
+void SumBar::setCutoffApplies(bool applies) {
+    m_cutoff->setEnabled(applies);
+    nameCutoff();
+    showCutoff(m_cutoffTime);
+}
+
+void SumBar::nameCutoff() {
+    const QString meaning = m_cutoff->isEnabled()
+                                ? localized("Leaves out timers that have less time than this")
+                                : localized("A project shows all its timers, however little time they have");
+    m_cutoff->setToolTip(PlainText::toolTip(meaning));
+    m_cutoff->setAccessibleDescription(meaning);
 }
 
 void SumBar::showSum(const QString& time) {

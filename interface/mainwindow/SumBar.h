@@ -17,6 +17,8 @@ public:
     CutoffSlider& cutoff() const { return *m_cutoff; }
 
     void showCutoff(const QString& time);
+    // Where it does not apply, it cannot be changed, shows no time and says why.
+    void setCutoffApplies(bool applies);
     void showSum(const QString& time);
     // Shows a picture by its name, and the word for the kind of sum.
     void showSumMode(const QString& image, const QString& caption);
@@ -31,9 +33,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void nameCutoff();
+
     CutoffSlider* m_cutoff;
     QLabel* m_cutoffCaption;
     QLabel* m_cutOffValueDisplay;
+    QString m_cutoffTime;
     QLabel* m_timeSumIcon;
     TKTimeSummaryTextField* m_timeSumCaption;
     SumOfTimesLabel* m_timeSum;

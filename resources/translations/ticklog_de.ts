@@ -1887,5 +1887,9 @@
         <source>Copy for Spreadshee&amp;t</source>
         <translation>Für &amp;Tabellenkalkulation kopieren</translation>
     </message>
+    <message>
+        <source>A project shows all its timers, however little time they have</source>
+        <translation>Ein Projekt zeigt alle seine Timer, auch die mit wenig Zeit</translation>
+    </message>
 </context>
 </TS>

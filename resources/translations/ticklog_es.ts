@@ -1887,5 +1887,9 @@
         <source>Copy for Spreadshee&amp;t</source>
         <translation>Copiar para hoja de cálcu&amp;lo</translation>
     </message>
+    <message>
+        <source>A project shows all its timers, however little time they have</source>
+        <translation>Un proyecto muestra todos sus cronómetros, por poco tiempo que tengan</translation>
+    </message>
 </context>
 </TS>

@@ -1887,5 +1887,9 @@
         <source>Copy for Spreadshee&amp;t</source>
         <translation>Copier pour un ta&amp;bleur</translation>
     </message>
+    <message>
+        <source>A project shows all its timers, however little time they have</source>
+        <translation>Un projet montre tous ses chronomètres, même ceux qui ont peu de temps</translation>
+    </message>
 </context>
 </TS>

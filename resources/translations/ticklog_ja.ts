@@ -1887,5 +1887,9 @@
         <source>Copy for Spreadshee&amp;t</source>
         <translation>表計算用にコピー(&amp;T)</translation>
     </message>
+    <message>
+        <source>A project shows all its timers, however little time they have</source>
+        <translation>プロジェクトには、時間が短いものも含めてすべてのタイマーが表示されます</translation>
+    </message>
 </context>
 </TS>

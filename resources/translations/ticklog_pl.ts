@@ -1887,5 +1887,9 @@
         <source>Copy for Spreadshee&amp;t</source>
         <translation>Kopiuj &amp;do arkusza</translation>
     </message>
+    <message>
+        <source>A project shows all its timers, however little time they have</source>
+        <translation>Projekt pokazuje wszystkie swoje liczniki, nawet te z krótkim czasem</translation>
+    </message>
 </context>
 </TS>

@@ -96,6 +96,21 @@ TEST_F(CutoffTest, aProject_showsAllItsTimersWhateverTheirTime) {
     EXPECT_EQ(outlineText(), "");
 }
 
+TEST_F(CutoffTest, inAProject_noLimitIsShownBecauseNoneIsInForce) {
+    addProject("Poster", {QStringLiteral("Mail")});
+    cutOff(60);
+    const auto& value = *controller.window().findChild<QLabel*>(QStringLiteral("cutOffValueDisplay"));
+    EXPECT_EQ(str(value.text()), "00:01:00");
+    choose(1);
+    EXPECT_EQ(str(value.text()), "");
+    EXPECT_FALSE(controller.window().sumBar().cutoff().isEnabled());
+    EXPECT_EQ(str(controller.window().sumBar().cutoff().accessibleDescription()),
+              "A project shows all its timers, however little time they have");
+    choose(0);
+    EXPECT_EQ(str(value.text()), "00:01:00");
+    EXPECT_TRUE(controller.window().sumBar().cutoff().isEnabled());
+}
+
 TEST_F(CutoffTest, aTimerThatHasGrownEnough_isShownWhenTheCutOffIsAskedForAgain) {
     cutOff(45);
     front("Paint", "Sketch");
