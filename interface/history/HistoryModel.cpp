@@ -4,6 +4,7 @@
 #include "Classes/engine/TimeTracker.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/text/ShownTitle.h"
 
 #include <QHash>
 #include <QLocale>
@@ -150,6 +151,12 @@ void HistoryModel::fetchMore(const QModelIndex& parent) {
     Q_EMIT partsWanted(rowOf(parent)->name);
 }
 
+QString HistoryModel::shownName(const QModelIndex& index) const {
+    const Row& row = *rowOf(index);
+    const bool isTitle = index.parent().isValid() && !m_isByProject;
+    return isTitle ? shownTitle(row.name, rowOf(index.parent())->name) : row.name;
+}
+
 QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     const Row& row = *rowOf(index);
     const double share = m_total > 0 ? double(row.length) / double(m_total) : 0;
@@ -164,7 +171,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
         return index.column() == NameColumn ? QVariant(row.name) : QVariant(row.length);
     case Qt::DisplayRole:
         if (index.column() == NameColumn)
-            return PlainText::cut(row.name, PlainText::kLongestEntry);
+            return PlainText::cut(shownName(index), PlainText::kLongestEntry);
         return index.column() == TimeSpentColumn
                    ? TimeTracker::timeStringForDouble(double(row.length) / 1000)
                    : QLocale().toString(share * 100, 'f', 1) + QLocale().percent();

@@ -57,6 +57,8 @@ private:
     using Rows = std::vector<std::unique_ptr<Row>>;
 
     Row* rowOf(const QModelIndex& index) const;
+    // A title goes without the name of its program, which stands above it.
+    QString shownName(const QModelIndex& index) const;
     Rows& rowsOf(const QModelIndex& parent);
     void change(const QModelIndex& parent, const std::vector<RangeAnswer::Entry>& entries);
     void removeMissing(const QModelIndex& parent, const std::vector<RangeAnswer::Entry>& entries);

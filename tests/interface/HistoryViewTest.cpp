@@ -66,6 +66,17 @@ TEST_F(HistoryViewTest, today_hasItsProgramsWithTheirTitles) {
               45.0 / 55);
 }
 
+TEST_F(HistoryViewTest, aTitle_isShownWithoutItsProgramAndCopiedWhole) {
+    past(today(9), 60, "Writer", "Offer.odt - Writer");
+    showHistory();
+    outline().expandAll();
+    settle();
+    const QModelIndex title = historyRow("Writer").model()->index(0, 0, historyRow("Writer"));
+    EXPECT_EQ(title.data().toString(), QStringLiteral("Offer.odt"));
+    outline().copy();
+    EXPECT_TRUE(clipboard().contains(u"Offer.odt - Writer"));
+}
+
 TEST_F(HistoryViewTest, backAndForward_showTheDaysBesideAndTodayComesBack) {
     aDay();
     showHistory();
