@@ -5,6 +5,8 @@
 #include "Classes/common/Settings.h"
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/history/HistoryDebts.h"
+#include "Classes/history/RemovedRows.h"
+#include "Classes/rules/TitleRules.h"
 #include "platform/foundation/text/CleanText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -232,6 +234,9 @@ void History::settingsChanged() {
         m_services.database.setWitness(nullptr);
         m_nextWrite.reset();
         m_undecided = false;
+        for (const auto& known : std::exchange(m_forgotten, {}))
+            if (const auto forgotten = known.lock())
+                forgotten->removed.reset();
         HistoryBatch unwanted;
         m_recorder.settle();
         m_recorder.takeInto(unwanted);
@@ -257,6 +262,7 @@ void History::moved(const TimerMoves& moves) {
     m_recorder.takeInto(m_writer.next());
     for (const TimerMove& move : moves) {
         m_writer.change(HistoryChange::Moved{move});
+        tellForgotten(HistoryChange::Moved{move});
         m_recorder.move(move);
         m_sinceThen.insert(move.to.window.value_or(move.to.application));
     }
@@ -282,6 +288,7 @@ void History::deleted(const TimerReferences& timers, bool isDeleted) {
     if (isDeleted)
         followMerged();
     change(HistoryChange::Deleted{timers, isDeleted});
+    tellForgotten(HistoryChange::Deleted{timers, isDeleted});
     followMerged();
 }
 
@@ -290,7 +297,35 @@ void History::forget(const HistoryChange::Forgotten& what, std::function<void(bo
         return;
     if (told)
         m_forgetting.push_back(std::move(told));
+    tellForgotten(what);
     change(what);
+}
+
+std::shared_ptr<ForgottenPieces> History::forgetPieces(const std::vector<Amendment::Piece>& pieces) {
+    if (!m_listening)
+        return nullptr;
+    HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
+    what.pieces = pieces;
+    what.removed = std::make_shared<RemovedRows>();
+    auto forgotten = std::make_shared<ForgottenPieces>(ForgottenPieces{what.removed, {}});
+    m_forgotten.push_back(forgotten);
+    change(std::move(what));
+    return forgotten;
+}
+
+bool History::bringBack(const ForgottenPieces& forgotten) {
+    if (!m_listening || !forgotten.removed)
+        return false;
+    change(HistoryChange::PutBack{forgotten.removed, forgotten.since, m_services.defaults.object(kTitleRules),
+                                  age()});
+    return true;
+}
+
+void History::tellForgotten(const HistoryChange::Later& what) {
+    std::erase_if(m_forgotten, [](const auto& known) { return known.expired(); });
+    for (const auto& known : m_forgotten)
+        if (const auto forgotten = known.lock())
+            forgotten->since.push_back(what);
 }
 
 void History::tellOfForgetting(bool isDone) {
@@ -368,6 +403,10 @@ std::int64_t History::now() const {
     return std::chrono::floor<std::chrono::milliseconds>(m_services.clock.now()).time_since_epoch().count();
 }
 
+std::optional<HistoryAge> History::age() const {
+    return m_days > 0 ? std::optional(HistoryAge{.now = now(), .kept = m_days * kDay}) : std::nullopt;
+}
+
 void History::write() {
     m_nextWrite.reset();
     // Waiting rows will be joined, so the recorder must not change them any more.
@@ -380,7 +419,7 @@ void History::write() {
         return;
     }
     if (const std::int64_t day = now() / kDay; m_days > 0 && std::exchange(m_sweptOn, day) != day)
-        m_writer.setAge(HistoryAge{.now = now(), .kept = m_days * kDay});
+        m_writer.setAge(*age());
     noteWhetherHeldUp();
     m_writer.write();
 }

@@ -14,6 +14,7 @@
 class AccountTrouble;
 class HistoryDebts;
 class NotificationCenter;
+struct ForgottenPieces;
 
 // Records when time was spent: a journal of stretches beside the totals, in a file of its own. At launch it
 // adds to the totals what a crash took from them. It listens to the tracker and is told of each save, and
@@ -64,6 +65,11 @@ public:
     // the store is deleted too, so the caller must save the store. `told` hears false whenever that could not
     // be done yet, and in the end true, once: when nothing of it is in any file.
     void forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told = {});
+    // The same for pieces of the past, but they can be brought back as long as the answer lives and a history is
+    // kept; absent while none is.
+    std::shared_ptr<ForgottenPieces> forgetPieces(const std::vector<Amendment::Piece>& pieces);
+    // As they were, but for what happened meanwhile. Answers whether that can be.
+    bool bringBack(const ForgottenPieces& forgotten);
     // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they
     // replace is replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
@@ -106,6 +112,8 @@ private:
     void followMerged();
     void deleted(const TimerReferences& timers, bool isDeleted);
     void change(HistoryChange::Any what);
+    void tellForgotten(const HistoryChange::Later& what);
+    std::optional<HistoryAge> age() const;
     void write();
     void noteWhetherHeldUp();
     void newsHasCome();
@@ -141,7 +149,8 @@ private:
     int m_heldUp = 0;
     // Why the last write failed; empty if it did not.
     QString m_why;
-    // Those who wait for something to be forgotten.
+    // What can be brought back, and those who wait for something to be forgotten.
+    std::vector<std::weak_ptr<ForgottenPieces>> m_forgotten;
     std::vector<std::function<void(bool)>> m_forgetting;
     std::unique_ptr<RunLoopTimer> m_nextWrite;
     Subscription m_settings;

@@ -8,6 +8,7 @@
 #include <QDate>
 
 #include <map>
+#include <memory>
 #include <variant>
 #include <vector>
 
@@ -54,6 +55,16 @@ struct OwedTime {
     }
 };
 
+// How old the history may get. Milliseconds, `now` since 1970 by the wall clock.
+struct HistoryAge {
+    std::int64_t now;
+    std::int64_t kept;
+
+    friend bool operator==(const HistoryAge&, const HistoryAge&) = default;
+};
+
+struct RemovedRows;
+
 // Changes to what is already in the history, in order.
 namespace HistoryChange {
 
@@ -79,6 +90,20 @@ struct Forgotten {
     bool isTitlePart = false;
     // Only what lies in one of these, if there are any. Without other conditions.
     std::vector<Amendment::Piece> pieces = {};
+    // Gets what is removed from the pieces, so that it can be put back.
+    std::shared_ptr<RemovedRows> removed = {};
+};
+
+// What may happen to rows while they are away.
+using Later = std::variant<Moved, Deleted, Forgotten>;
+
+// What Forgotten has removed comes back, as it were now if it had stayed; without what the rules hide by now,
+// and without what is older than it may get.
+struct PutBack {
+    std::shared_ptr<const RemovedRows> removed;
+    std::vector<Later> since;
+    PropertyListValue rules;
+    std::optional<HistoryAge> age;
 };
 
 // Applies the rules for titles to all rows; the texts that they hide are deleted as by Forgotten. `hidden` is
@@ -122,18 +147,10 @@ struct StoreUnknown {
     bool isAnotherAway = false;
 };
 
-using Any =
-    std::variant<Moved, Deleted, Forgotten, Ruled, Amended, TakenBack, StoreWhole, StorePlaced, StoreUnknown>;
+using Any = std::variant<Moved, Deleted, Forgotten, PutBack, Ruled, Amended, TakenBack, StoreWhole,
+                         StorePlaced, StoreUnknown>;
 
 } // namespace HistoryChange
-
-// How old the history may get. Milliseconds, `now` since 1970 by the wall clock.
-struct HistoryAge {
-    std::int64_t now;
-    std::int64_t kept;
-
-    friend bool operator==(const HistoryAge&, const HistoryAge&) = default;
-};
 
 // What is written in one transaction. When a row is written twice, by its serial number, only the latest
 // state is kept, so a waiting batch stays small.

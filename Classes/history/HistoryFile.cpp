@@ -103,7 +103,7 @@ void HistoryFile::change(const Key& key, const Numbers& before, std::int64_t len
 HistoryFile::Key HistoryFile::add(const HistoryRow& row) {
     const Numbers numbers = numbersOf(row);
     addToSums(numbers, row.length);
-    return insert(row, numbers);
+    return insert(row.start, row.offset, numbers);
 }
 
 std::optional<HistoryFile::Numbers> HistoryFile::numbersAt(const Key& key) {
@@ -123,12 +123,12 @@ HistoryFile::Numbers HistoryFile::numbersOf(const HistoryRow& row) {
             titleId(row.title), timerId(row.timer),           std::int64_t(row.presence)};
 }
 
-HistoryFile::Key HistoryFile::insert(const HistoryRow& row, const Numbers& numbers) {
+HistoryFile::Key HistoryFile::insert(std::int64_t start, std::int64_t offset, const Numbers& numbers) {
     // After the clock was set back, the same time comes again.
-    SqliteQuery last(m_database, "SELECT max(n) + 1 FROM stretches WHERE start = ?", row.start);
-    const Key key{row.start, last.next() ? last.integer(0) : 0};
+    SqliteQuery last(m_database, "SELECT max(n) + 1 FROM stretches WHERE start = ?", start);
+    const Key key{start, last.next() ? last.integer(0) : 0};
     sqliteRun(m_database, "INSERT INTO stretches VALUES (?, ?, ?, ?, ?, ?, ?, ?)", key.start, key.n,
-              row.length, row.offset, numbers.program, numbers.title, numbers.timer, numbers.presence);
+              numbers.length, offset, numbers.program, numbers.title, numbers.timer, numbers.presence);
     return key;
 }
 
@@ -169,19 +169,19 @@ std::int64_t HistoryFile::titleId(const QString& text) {
     return m_database.lastInsertId();
 }
 
-std::int64_t HistoryFile::timerId(const RowTimer& timer) {
+std::int64_t HistoryFile::timerId(const RowTimer& timer, std::int64_t deleted) {
     const QByteArray application = bytesOf(timer.application);
     const QByteArray window = bytesOf(timer.window);
     const QByteArray project = historyBytes(timer.project);
     // A name that was deleted and comes back has the same identity as before, but not its past.
     if (SqliteQuery known(
             m_database,
-            "SELECT id FROM timers WHERE application = ? AND window = ? AND project = ? AND NOT deleted",
-            application, window, project);
+            "SELECT id FROM timers WHERE application = ? AND window = ? AND project = ? AND deleted = ?",
+            application, window, project, deleted);
         known.next())
         return known.integer(0);
-    sqliteRun(m_database, "INSERT INTO timers (application, window, project) VALUES (?, ?, ?)", application,
-              window, project);
+    sqliteRun(m_database, "INSERT INTO timers (application, window, project, deleted) VALUES (?, ?, ?, ?)",
+              application, window, project, deleted);
     return m_database.lastInsertId();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Classes/history/HistoryBatch.h"
+#include "Classes/history/RemovedRows.h"
 #include "Classes/history/Sqlite.h"
 
 #include <unordered_set>
@@ -58,12 +58,7 @@ public:
 
 private:
     // What a row was before it was amended. Program 0 was forgotten.
-    struct Before {
-        std::int64_t program;
-        std::int64_t title;
-        std::int64_t timer;
-        std::int64_t presence;
-    };
+    using Before = RemovedRows::What;
     // A row with numbers in place of its texts.
     struct Numbers {
         std::int64_t length;
@@ -79,17 +74,18 @@ private:
     void change(const Key& key, const Numbers& before, std::int64_t length);
     std::optional<Numbers> numbersAt(const Key& key);
     Numbers numbersOf(const HistoryRow& row);
-    Key insert(const HistoryRow& row, const Numbers& numbers);
+    Key insert(std::int64_t start, std::int64_t offset, const Numbers& numbers);
     void addToSums(const Numbers& row, std::int64_t length);
     std::int64_t programId(const QString& name);
     std::int64_t titleId(const QString& text);
-    std::int64_t timerId(const RowTimer& timer);
+    std::int64_t timerId(const RowTimer& timer, std::int64_t deleted = 0);
     std::int64_t givenTimerId(std::int64_t timer, const RowProject& project);
     std::int64_t dayOf(std::int64_t start, std::int64_t offset) const;
 
     void apply(const HistoryChange::Moved& change);
     void apply(const HistoryChange::Deleted& change);
     void apply(const HistoryChange::Forgotten& change);
+    void apply(const HistoryChange::PutBack& change);
     void apply(const HistoryChange::Ruled& change);
     void apply(const HistoryChange::Amended& change);
     void apply(const HistoryChange::TakenBack& change);
@@ -99,7 +95,11 @@ private:
     void owe(const OwedTime& to, std::int64_t length);
 
     void forget(const HistoryChange::Forgotten& what);
-    void forgetPiece(const Amendment::Piece& piece);
+    void forgetPiece(const Amendment::Piece& piece, RemovedRows* removed);
+    void forgetOlder(const HistoryAge& age);
+    void keep(const Key& key, RemovedRows& removed);
+    void keepNames(const Before& what, RemovedRows& removed);
+    Before numbersNow(const Before& then, const RemovedRows& removed, const TitleRules& rules);
     void cutAt(std::int64_t time);
     std::vector<Key> keysIn(const Amendment::Piece& piece);
     void changeRow(const Key& key, const Amendment& amendment, std::int64_t made);

@@ -44,8 +44,11 @@ void HistoryFile::forget(const HistoryChange::Forgotten& what) {
         cutAt(*what.to);
     if (what.pieces.empty())
         forgetRows(what);
+    // A try that failed may have left something there.
+    if (what.removed)
+        *what.removed = {};
     for (const Amendment::Piece& piece : what.pieces)
-        forgetPiece(piece);
+        forgetPiece(piece, what.removed.get());
     dropUnused();
     m_hasToEmpty = true;
 }
@@ -97,7 +100,7 @@ void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
 }
 
 // Of deleted timers as well: what is forgotten does not come back with them.
-void HistoryFile::forgetPiece(const Amendment::Piece& piece) {
+void HistoryFile::forgetPiece(const Amendment::Piece& piece, RemovedRows* removed) {
     cutAt(piece.from);
     cutAt(piece.to);
     std::vector<Key> keys;
@@ -105,8 +108,11 @@ void HistoryFile::forgetPiece(const Amendment::Piece& piece) {
                          piece.from, piece.to);
          row.next();)
         keys.push_back({row.integer(0), row.integer(1)});
-    for (const Key& key : keys)
+    for (const Key& key : keys) {
+        if (removed)
+            keep(key, *removed);
         change(key, *numbersAt(key), 0);
+    }
 }
 
 void HistoryFile::sumDaysAgain(std::int64_t first, std::int64_t last) {
@@ -182,15 +188,18 @@ void HistoryFile::sweep(const std::optional<HistoryAge>& age, bool isDeletedToGo
         dropUnused();
         m_hasToEmpty = true;
     }
-    if (age) {
-        const std::int64_t before = believed(age->now) - age->kept;
-        SqliteQuery first(m_database, "SELECT min(start) FROM stretches WHERE start < ?", before);
-        if (first.next() && first.integer(0) != 0)
-            // What is owed is not old: no save of the store goes with this.
-            forget(HistoryChange::Forgotten{.program = {}, .title = {}, .from = {}, .to = before});
-    }
+    if (age)
+        forgetOlder(*age);
     transaction.commit();
     empty();
+}
+
+void HistoryFile::forgetOlder(const HistoryAge& age) {
+    const std::int64_t before = believed(age.now) - age.kept;
+    SqliteQuery first(m_database, "SELECT min(start) FROM stretches WHERE start < ?", before);
+    if (first.next() && first.integer(0) != 0)
+        // What is owed is not old: no save of the store goes with this.
+        forget(HistoryChange::Forgotten{.program = {}, .title = {}, .from = {}, .to = before});
 }
 
 void HistoryFile::setDayBegin(int hour) {

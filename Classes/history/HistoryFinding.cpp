@@ -91,6 +91,15 @@ HistoryFinding HistoryFinding::of(SqliteDatabase& history, const HistoryChange::
     return finding;
 }
 
+std::int64_t stretchesIn(SqliteDatabase& history, const std::vector<Amendment::Piece>& pieces) {
+    std::int64_t count = 0;
+    for (const auto& [from, to] : pieces) {
+        SqliteQuery row(history, "SELECT count(*) FROM stretches WHERE start >= ? AND start < ?", from, to);
+        count += row.next() ? row.integer(0) : 0;
+    }
+    return count;
+}
+
 QStringList programsIn(SqliteDatabase& history) {
     QStringList names;
     for (SqliteQuery row(history, "SELECT name FROM programs ORDER BY name COLLATE NOCASE"); row.next();)

@@ -31,6 +31,9 @@ struct HistoryFinding {
     std::vector<HistorySum> longest;
 };
 
+// How many stretches begin in one of the pieces.
+std::int64_t stretchesIn(SqliteDatabase& history, const std::vector<Amendment::Piece>& pieces);
+
 // The names of all programs, sorted.
 QStringList programsIn(SqliteDatabase& history);
 

@@ -32,7 +32,8 @@ HistoryKeeper::Report HistoryKeeper::write(const HistoryBatch& batch, const std:
         report.isAmended = std::ranges::any_of(batch.changes, [](const HistoryChange::Any& change) {
             return std::holds_alternative<HistoryChange::Amended>(change) ||
                    std::holds_alternative<HistoryChange::TakenBack>(change) ||
-                   std::holds_alternative<HistoryChange::Forgotten>(change);
+                   std::holds_alternative<HistoryChange::Forgotten>(change) ||
+                   std::holds_alternative<HistoryChange::PutBack>(change);
         });
     } catch (const HistoryFile::Newer&) {
         report.state = State::Newer;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/Amending.h"
 
+#include "Classes/history/HistoryFinding.h"
 #include "interface/history/AmendActions.h"
 #include "interface/history/AmendCommand.h"
 #include "interface/history/AmendTexts.h"
 #include "interface/history/DayPicture.h"
+#include "interface/history/ForgetCommand.h"
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
@@ -117,21 +119,32 @@ void Amending::book() {
 
 void Amending::forget() {
     find(m_meant.value_or(chosen()), [this](const Pieces& pieces) {
-        const int answer = m_ground.alerts.ask(
-            {.message = localized("Forget this for good?"),
-             .informativeText = timesText(pieces) + u'\n' +
-                                localized("It is removed from the file at once. This cannot be undone."),
-             .defaultButton = localized("Cancel"),
-             .alternateButton = localized("Forget"),
-             .otherButton = {}});
-        if (answer != Alerts::Alternate)
-            return;
-        HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
-        what.pieces = pieces;
-        m_ground.history.forget(what);
-        // The history no longer knows what a crash would cost the timers: from now on their own file has it.
-        m_ground.save();
+        m_reader->ask<std::int64_t>([pieces](SqliteDatabase& file) { return stretchesIn(file, pieces); },
+                                    [this, pieces](const Result<std::int64_t>& count) {
+                                        askAndForget(pieces, count && *count > kMostUndone);
+                                    });
     });
+}
+
+void Amending::askAndForget(const Pieces& pieces, bool isTooMuch) {
+    const QString outlook =
+        isTooMuch ? localized("It is removed from the file at once. This cannot be undone.")
+                  : localized("It is removed from the file at once. It can be undone until Ticklog ends.");
+    const int answer = m_ground.alerts.ask(
+        {.message = isTooMuch ? localized("Forget this for good?") : localized("Forget this?"),
+         .informativeText = timesText(pieces) + u'\n' + outlook,
+         .defaultButton = localized("Cancel"),
+         .alternateButton = localized("Forget"),
+         .otherButton = {}});
+    if (answer != Alerts::Alternate)
+        return;
+    if (!isTooMuch)
+        return m_ground.undoStack.push(new ForgetCommand(m_ground.history, pieces, m_ground.save));
+    HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
+    what.pieces = pieces;
+    m_ground.history.forget(what);
+    // The history no longer knows what a crash would cost the timers: from now on their own file has it.
+    m_ground.save();
 }
 
 void Amending::askFree(const Amendment::Piece& piece, std::function<void(const Result<qint64>&)> told) {

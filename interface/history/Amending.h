@@ -22,6 +22,9 @@ struct AmendActions;
 // gap between two, or rows of the outline.
 class Amending : public QObject {
 public:
+    // So many stretches can be forgotten in one step that can be undone: they are kept in memory.
+    static constexpr std::int64_t kMostUndone = 200'000;
+
     // Everything outlives this.
     struct Ground {
         MainWindow& window;
@@ -70,6 +73,7 @@ private:
     void name();
     void book();
     void forget();
+    void askAndForget(const Pieces& pieces, bool isTooMuch);
     void askFree(const Amendment::Piece& piece, std::function<void(const Result<qint64>&)> told);
     Amendment::Piece firstBooking(const Chosen& chosen) const;
     QString timesText(const Pieces& pieces) const;

@@ -1891,5 +1891,13 @@
         <source>A project shows all its timers, however little time they have</source>
         <translation>Ein Projekt zeigt alle seine Timer, auch die mit wenig Zeit</translation>
     </message>
+    <message>
+        <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
+        <translation>Es wird sofort aus der Datei entfernt. Bis Ticklog endet, lässt sich das widerrufen.</translation>
+    </message>
+    <message>
+        <source>Forget this?</source>
+        <translation>Dies vergessen?</translation>
+    </message>
 </context>
 </TS>

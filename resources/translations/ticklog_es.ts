@@ -1891,5 +1891,13 @@
         <source>A project shows all its timers, however little time they have</source>
         <translation>Un proyecto muestra todos sus cronómetros, por poco tiempo que tengan</translation>
     </message>
+    <message>
+        <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
+        <translation>Se quita del archivo en el acto. Se puede deshacer hasta que Ticklog termine.</translation>
+    </message>
+    <message>
+        <source>Forget this?</source>
+        <translation>¿Olvidar esto?</translation>
+    </message>
 </context>
 </TS>

@@ -1891,5 +1891,13 @@
         <source>A project shows all its timers, however little time they have</source>
         <translation>Un projet montre tous ses chronomètres, même ceux qui ont peu de temps</translation>
     </message>
+    <message>
+        <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
+        <translation>C’est retiré du fichier aussitôt. Cela peut être annulé jusqu’à ce que Ticklog se termine.</translation>
+    </message>
+    <message>
+        <source>Forget this?</source>
+        <translation>Oublier ceci ?</translation>
+    </message>
 </context>
 </TS>

@@ -1891,5 +1891,13 @@
         <source>A project shows all its timers, however little time they have</source>
         <translation>プロジェクトには、時間が短いものも含めてすべてのタイマーが表示されます</translation>
     </message>
+    <message>
+        <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
+        <translation>ファイルからすぐに取り除かれます。Ticklog が終了するまでは取り消せます。</translation>
+    </message>
+    <message>
+        <source>Forget this?</source>
+        <translation>これを忘れますか?</translation>
+    </message>
 </context>
 </TS>

@@ -1891,5 +1891,13 @@
         <source>A project shows all its timers, however little time they have</source>
         <translation>Projekt pokazuje wszystkie swoje liczniki, nawet te z krótkim czasem</translation>
     </message>
+    <message>
+        <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
+        <translation>Zostanie to od razu usunięte z pliku. Można to cofnąć, dopóki Ticklog działa.</translation>
+    </message>
+    <message>
+        <source>Forget this?</source>
+        <translation>Zapomnieć to?</translation>
+    </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include "interface/history/AmendTexts.h"
 #include "interface/history/DayPicture.h"
 #include "interface/history/PictureTexts.h"
+#include "tests/fakes/HistoryDiary.h"
 #include "tests/interface/HistoryViewDesk.h"
 
 #include <QContextMenuEvent>
@@ -177,6 +178,58 @@ TEST_F(AmendingTest, aPieceIsForgotten_afterAQuestion) {
     view.showPiece(std::nullopt);
     settle();
     EXPECT_EQ(rows(), QStringLiteral("Mail 00:20:00 [Inbox 00:20:00], Draw 00:05:00 [Poster 00:05:00]"));
+}
+
+TEST_F(AmendingTest, whatIsForgotten_comesBackWhenThatIsUndone_andGoesAgain) {
+    aDay();
+    const QString before = rows();
+    drag(today(9, 20), today(10, 5));
+    alerts.answer = Alerts::Alternate;
+    command(amend().forget);
+    EXPECT_TRUE(alerts.last.informativeText.contains(QStringLiteral("until Ticklog ends")));
+    view.showPiece(std::nullopt);
+    settle();
+    const QString after = rows();
+    EXPECT_FALSE(HistoryDiary::holdsText(history.path(), QStringLiteral("Letter")));
+    EXPECT_EQ(controller.undoStack().undoText(), QStringLiteral("Forget"));
+    for (int round = 0; round < 2; ++round) {
+        command(actions().undo);
+        EXPECT_EQ(rows(), before);
+        command(actions().redo);
+        EXPECT_EQ(rows(), after);
+        EXPECT_FALSE(HistoryDiary::holdsText(history.path(), QStringLiteral("Letter")));
+    }
+    EXPECT_EQ(HistoryDiary::flaws(history.path()), QStringList());
+}
+
+TEST_F(AmendingTest, whenTheHistoryIsSwitchedOff_forgettingCanNoLongerBeUndone) {
+    aDay();
+    drag(today(9, 20), today(10, 5));
+    alerts.answer = Alerts::Alternate;
+    command(amend().forget);
+    defaults().setObject(kHistoryDays, std::int64_t(-1));
+    settle();
+    defaults().setObject(kHistoryDays, std::int64_t(0));
+    settle();
+    command(actions().undo);
+    EXPECT_EQ(rows(), QString());
+    EXPECT_EQ(controller.undoStack().count(), 0) << "the step is gone";
+}
+
+TEST_F(AmendingTest, moreThanMemoryShouldHold_isForgottenForGood_andTheQuestionSaysSo) {
+    aDay();
+    SqliteDatabase(history.path(), SqliteDatabase::Mode::ReadWrite, 0)
+        .execute(
+            "WITH RECURSIVE more(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM more WHERE n < 200000) "
+            "INSERT INTO stretches SELECT start, more.n, length, offset, program, title, timer, presence "
+            "FROM stretches, more WHERE start = (SELECT min(start) FROM stretches)");
+    drag(today(9, 20), today(10, 5));
+    alerts.answer = Alerts::Default;
+    command(amend().forget);
+    EXPECT_TRUE(alerts.last.informativeText.contains(QStringLiteral("can be undone")));
+    drag(today(9), today(10, 5));
+    command(amend().forget);
+    EXPECT_TRUE(alerts.last.informativeText.contains(QStringLiteral("cannot be undone")));
 }
 
 TEST_F(AmendingTest, idleTime_canBeBookedAndForgotten_butNotNamed) {

@@ -113,8 +113,28 @@ struct AmendOracle {
             second.project = historyBytes(what.project);
     }
 
+    void forget(const std::vector<Amendment::Piece>& pieces) {
+        before.push_back(seconds);
+        for (const auto& [from, to] : pieces)
+            for (auto second = (from - start) / 1000; second < (to - start) / 1000; ++second)
+                seconds[std::size_t(second)] = {};
+        const auto rows = std::make_shared<RemovedRows>();
+        removed.resize(before.size());
+        removed.back() = rows;
+        HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
+        what.pieces = pieces;
+        what.removed = rows;
+        write(what);
+    }
+
+    // The latest step.
     void takeBack() {
-        write(HistoryChange::TakenBack{start + kSeconds * 1000LL + std::int64_t(before.size())});
+        removed.resize(before.size());
+        if (removed.back())
+            write(HistoryChange::PutBack{removed.back(), {}, PropertyListArray(), {}});
+        else
+            write(HistoryChange::TakenBack{start + kSeconds * 1000LL + std::int64_t(before.size())});
+        removed.pop_back();
         seconds = before.back();
         before.pop_back();
     }
@@ -147,8 +167,9 @@ struct AmendOracle {
     std::int64_t start;
     std::mt19937 random;
     Seconds seconds = Seconds(kSeconds);
-    // The latest last.
+    // The latest last; with the rows of what was forgotten.
     std::vector<Seconds> before;
+    std::vector<std::shared_ptr<RemovedRows>> removed;
 };
 
 // The nights in which clocks are set forward and back, across midnight, and days that begin at four.
@@ -163,6 +184,8 @@ TEST(HistoryAmendOracleTest, whateverIsSaid_everySecondIsOnce_andUndoingIsExact)
         for (int step = 0; step < 30; ++step) {
             if (oracle.below(4) == 0 && !oracle.before.empty())
                 oracle.takeBack();
+            else if (oracle.below(4) == 0)
+                oracle.forget(oracle.anything().pieces);
             else
                 oracle.amend(oracle.anything());
             ASSERT_EQ(oracle.recorded(), oracle.seconds) << "step " << step;

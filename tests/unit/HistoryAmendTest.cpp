@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a person says about the past, with the program around the file.
 #include "Classes/engine/TimeTracker.h"
+#include "Classes/history/RemovedRows.h"
 #include "Classes/report/RangeQuestion.h"
 #include "tests/unit/HistoryScene.h"
 
@@ -13,6 +14,9 @@ struct HistoryAmendTest : HistoryTest {
         return std::chrono::floor<std::chrono::milliseconds>(scene.day.fakes.clock.now())
             .time_since_epoch()
             .count();
+    }
+    std::shared_ptr<ForgottenPieces> forgetLast(std::int64_t seconds) {
+        return scene.history->forgetPieces({{now() - seconds * 1000, now()}});
     }
     Amendment last(std::int64_t seconds, const char* name, Amendment::Kind kind = Amendment::Kind::Change) {
         return {.kind = kind, .pieces = {{now() - seconds * 1000, now()}}, .name = QString::fromUtf8(name)};
@@ -86,6 +90,94 @@ TEST_F(HistoryAmendTest, aDiskThatHangs_hasItWhenItAnswers) {
         work();
     day.fakes.runLoop.runPending();
     EXPECT_EQ(scene.diary(), "Mail [Inbox] 10, Mail [Meeting] 30, Mail [Inbox] 40");
+}
+
+TEST_F(HistoryAmendTest, whatGoesOn_isForgottenUpToNow_andComesBack) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(40);
+    int told = 0;
+    const auto listening = scene.history->observeAmending([&] { ++told; });
+    const auto forgotten = forgetLast(30);
+    day.seconds(20);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 10, Mail [Inbox] 20");
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    day.seconds(5);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 65");
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
+// Neither waits for the disk: what was removed is known to the writing thread alone.
+TEST_F(HistoryAmendTest, whileADiskHangs_forgettingAndUndoingKeepTheirOrder) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(40);
+    scene.isHanging = true;
+    auto forgotten = forgetLast(30);
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    forgotten = forgetLast(20);
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    forgotten = forgetLast(10);
+    scene.isHanging = false;
+    for (const auto& work : std::exchange(scene.held, {}))
+        work();
+    day.fakes.runLoop.runPending();
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 30");
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
+TEST_F(HistoryAmendTest, whatIsForgottenForGoodAfterwards_isNotBroughtBack) {
+    day.front("Mail", "Doctor");
+    day.start();
+    day.seconds(20);
+    day.front("Mail", "Inbox");
+    day.seconds(20);
+    const auto forgotten = forgetLast(40);
+    scene.history->forget({.program = {}, .title = QStringLiteral("Doctor"), .from = {}, .to = {}});
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 20");
+}
+
+TEST_F(HistoryAmendTest, aRuleOfMeanwhile_holdsForWhatIsBroughtBack) {
+    day.front("Mail", "Doctor");
+    day.start();
+    day.seconds(20);
+    const auto forgotten = forgetLast(20);
+    day.fakes.defaults.setObject(kTitleRules, PropertyListArray{PropertyListDictionary{
+                                                  {QStringLiteral("Title"), QStringLiteral("Doctor")},
+                                                  {kTitleRuleEffect, QStringLiteral("leave out")}}});
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    EXPECT_EQ(scene.diary(), "Mail 20");
+}
+
+TEST_F(HistoryAmendTest, whatIsTooOldByNow_isNotBroughtBack) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(20);
+    const auto forgotten = forgetLast(20);
+    day.fakes.clock.advance(std::chrono::hours(49));
+    day.fakes.defaults.setObject(kHistoryDays, std::int64_t(1));
+    day.fakes.runLoop.runPending();
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    scene.history->finish();
+    EXPECT_FALSE(HistoryDiary::holdsText(scene.path(), QStringLiteral("Inbox")));
+}
+
+TEST_F(HistoryAmendTest, aHistoryThatIsSwitchedOff_hasNothingToBringBack) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(40);
+    const auto forgotten = forgetLast(30);
+    day.fakes.defaults.setObject(kHistoryDays, std::int64_t(-1));
+    day.fakes.runLoop.runPending();
+    EXPECT_FALSE(forgetLast(30));
+    day.fakes.defaults.setObject(kHistoryDays, std::int64_t(0));
+    day.fakes.runLoop.runPending();
+    EXPECT_FALSE(forgotten->removed);
+    EXPECT_FALSE(scene.history->bringBack(*forgotten));
+    EXPECT_EQ(scene.diary(), "");
 }
 
 } // namespace
