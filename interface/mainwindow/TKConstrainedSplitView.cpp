@@ -14,7 +14,8 @@ TKConstrainedSplitView::TKConstrainedSplitView(QWidget* parent)
     : QSplitter(parent) {
     setChildrenCollapsible(false);
     connect(this, &QSplitter::splitterMoved, this, [this](int position, int index) {
-        const int allowed = constrainSplitPosition(position, width());
+        // A pane that needs more room holds against it: that is said again and again otherwise.
+        const int allowed = closestLegalPosition(constrainSplitPosition(position, width()), index);
         if (allowed != position)
             moveSplitter(allowed, index);
     });

@@ -42,6 +42,23 @@ TEST(TKConstrainedSplitView, theDivider_staysAwayFromBothEdges) {
         EXPECT_EQ(TKConstrainedSplitView::constrainSplitPosition(proposed, 300), 165) << proposed;
 }
 
+TEST(TKConstrainedSplitView, aPaneThatNeedsMoreRoom_keepsIt) {
+    TKConstrainedSplitView view;
+    view.addWidget(new QWidget);
+    view.addWidget(new QWidget);
+    view.widget(1)->setMinimumWidth(400);
+    view.resize(480, 100);
+    view.show();
+    QWidget* divider = view.handle(1);
+    const QPoint from = divider->rect().center();
+    for (const int pull : {30, -30, 300}) {
+        QTest::mousePress(divider, Qt::LeftButton, {}, from);
+        QTest::mouseMove(divider, from + QPoint(pull, 0));
+        QTest::mouseRelease(divider, Qt::LeftButton, {}, from + QPoint(pull, 0));
+        EXPECT_EQ(view.sizes().last(), 400) << pull;
+    }
+}
+
 TEST_F(SmallViewsTest, theDividerPulledToTheLeft_leavesTheSidebarItsWidth) {
     pull(-1000);
     EXPECT_EQ(splitView().sizes().first(), 165);
