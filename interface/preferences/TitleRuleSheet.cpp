@@ -142,5 +142,5 @@ void TitleRuleSheet::choiceChanged() {
 
 // A window does not grow by itself when a text in it takes a second line.
 void TitleRuleSheet::makeRoom() {
-    m_fault->setMinimumHeight(m_fault->heightForWidth(m_title->width()));
+    m_fault->setMinimumHeight(m_fault->text().isEmpty() ? 0 : m_fault->heightForWidth(m_title->width()));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The page of the rules for titles.
 #include "tests/fakes/HistoryDiary.h"
+#include "tests/interface/Complaints.h"
 #include "tests/interface/HistoryDesk.h"
 
 #include <QAbstractItemModelTester>
@@ -155,6 +156,16 @@ TEST_F(TitlesTabTest, aLongFault_isShownWhole) {
     EXPECT_GE(fault.height(), fault.heightForWidth(fault.width()));
     EXPECT_GT(fault.height(), 2 * fault.fontMetrics().height() - 4) << "two lines";
     EXPECT_EQ(field<QLineEdit>("titleRuleTitle").width(), field<QLineEdit>("titleRuleProgram").width());
+}
+
+TEST_F(TitlesTabTest, aRuleWithoutAFault_givesQtNothingToComplainOf) {
+    const Complaints complaints;
+    press("addTitleRule");
+    fillIn("", "(", "Leave the title out");
+    field<QComboBox>("titleRuleMatch").setCurrentIndex(1);
+    field<QLineEdit>("titleRuleTitle").clear();
+    EXPECT_EQ(field<QLabel>("titleRuleFault").minimumHeight(), 0);
+    EXPECT_EQ(complaints.all(), "");
 }
 
 TEST_F(TitlesTabTest, blanksAroundTheTextsOfARule_areNotMeant) {
