@@ -36,7 +36,7 @@ BookingWindow::BookingWindow(AskFree askFree, QWidget* parent)
     , m_name(new QLineEdit)
     , m_project(new QComboBox)
     , m_free(new PlainLabel)
-    , m_button(new QPushButton(localized("&Book"))) {
+    , m_button(new QPushButton(localized("Boo&k"))) {
     setObjectName(QStringLiteral("bookingWindow"));
     setWindowTitle(localized("Book Time"));
     setAccessibleName(windowTitle());

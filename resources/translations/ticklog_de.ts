@@ -1724,7 +1724,7 @@
         <translation>Buchen</translation>
     </message>
     <message>
-        <source>&amp;Book</source>
+        <source>Boo&amp;k</source>
         <translation>&amp;Buchen</translation>
     </message>
     <message>

@@ -1724,7 +1724,7 @@
         <translation>Registrar</translation>
     </message>
     <message>
-        <source>&amp;Book</source>
+        <source>Boo&amp;k</source>
         <translation>&amp;Registrar</translation>
     </message>
     <message>

@@ -1724,7 +1724,7 @@
         <translation>Saisir</translation>
     </message>
     <message>
-        <source>&amp;Book</source>
+        <source>Boo&amp;k</source>
         <translation>&amp;Saisir</translation>
     </message>
     <message>

@@ -1724,7 +1724,7 @@
         <translation>記入</translation>
     </message>
     <message>
-        <source>&amp;Book</source>
+        <source>Boo&amp;k</source>
         <translation>記入(&amp;B)</translation>
     </message>
     <message>

@@ -1724,7 +1724,7 @@
         <translation>Dolicz</translation>
     </message>
     <message>
-        <source>&amp;Book</source>
+        <source>Boo&amp;k</source>
         <translation>&amp;Dolicz</translation>
     </message>
     <message>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Everything the history's view and windows offer, reached as people do: by the mouse alone and by the keyboard alone.
+#include "interface/history/AmendActions.h"
 #include "interface/history/DayPicture.h"
 #include "interface/history/PeriodPicture.h"
 #include "interface/history/RangeBar.h"
@@ -10,6 +11,8 @@
 #include <QCalendarWidget>
 #include <QClipboard>
 #include <QDateEdit>
+#include <QDateTimeEdit>
+#include <QDialog>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QScrollBar>
@@ -18,6 +21,7 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolButton>
+#include <QUndoStack>
 
 #include <gtest/gtest.h>
 
@@ -95,6 +99,50 @@ struct HistoryWalk : HistoryViewDesk {
 };
 
 struct HistoryWalksTest : testing::Test, HistoryWalk {};
+
+// The same with a project, for what is set right.
+struct AmendingWalksTest : HistoryWalksTest {
+    AmendingWalksTest() {
+        // All of the day that is set right is over.
+        fakes.clock.advance(
+            std::chrono::hours(18) -
+            std::chrono::milliseconds(localTime(fakes.clock.now()).time().msecsSinceStartOfDay()));
+        view.lookAgain();
+        const auto project = controller.projects().addNewProjectWithItems({});
+        controller.projects().setLabel(*project, QStringLiteral("Meier"));
+        settle();
+    }
+
+    // By its shortcut, of which this is the key.
+    void open(const char* dialogue, Qt::Key key) {
+        press(key, Qt::ControlModifier | Qt::ShiftModifier);
+        auto& opened = part<QDialog>(dialogue);
+        if (!opened.isVisible())
+            throw std::logic_error(std::string("it did not come up: ") + dialogue);
+        opened.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&opened));
+    }
+
+    void closed(const char* dialogue) {
+        EXPECT_FALSE(part<QDialog>(dialogue).isVisible()) << dialogue;
+        window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        settle();
+    }
+
+    void type(const char* text) {
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
+        settle();
+    }
+
+    // On the day that is looked at.
+    double hoursOf(const char* project) {
+        for (const RangeAnswer::Entry& entry : view.answer().projects)
+            if (entry.name == QString::fromUtf8(project))
+                return double(entry.length) / 3'600'000;
+        return 0;
+    }
+};
 
 QList<QAction*> commandsOf(const QMenu& menu) {
     QList<QAction*> found;
@@ -390,4 +438,99 @@ TEST_F(HistoryWalksTest, aPause_isOrderedByTheKeyboardAloneAndByTheMouseAlone) {
         settle();
         EXPECT_FALSE(controller.timer().isRunning()) << qPrintable(pause->text());
     }
+}
+
+TEST_F(AmendingWalksTest, aStretch_isGivenToAProjectByTheKeyboardAloneAndTakenBack) {
+    ASSERT_TRUE(tabTo("dayPicture"));
+    press(Qt::Key_Home);
+    press(Qt::Key_Right);
+    auto& menu = part<QMenu>("historyMenu", &window());
+    const QMenu& give = *historyActions().amend.give;
+    press(accelerator(menu.title())[0].unicode(), Qt::AltModifier);
+    QTest::keyClick(&menu, Qt::Key(accelerator(give.title())[0].unicode()));
+    ASSERT_TRUE(give.isVisible());
+    for (int steps = 0; steps < 5 && !(give.activeAction() && give.activeAction()->text() == u"Meier");
+         ++steps)
+        press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(hoursOf("Meier"), 0.25);
+    EXPECT_EQ(focused(), QStringLiteral("dayPicture")) << "one is where one was";
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(hoursOf("Meier"), 0);
+}
+
+TEST_F(AmendingWalksTest, aStretch_isNamedByTheKeyboardAloneAndTakenBack) {
+    ASSERT_TRUE(tabTo("dayPicture"));
+    press(Qt::Key_Home);
+    open("namingWindow", Qt::Key_N);
+    EXPECT_EQ(focused(), QStringLiteral("timeName")) << "one can type at once";
+    type("Letters");
+    press(Qt::Key_Return);
+    closed("namingWindow");
+    EXPECT_TRUE(rows().contains(QStringLiteral("Mail 00:30:00 [Letters 00:30:00]"))) << qPrintable(rows());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(rows().contains(QStringLiteral("Letters"))) << qPrintable(rows());
+}
+
+TEST_F(AmendingWalksTest, aRow_isNamedByTheKeyboardAlone) {
+    ASSERT_TRUE(tabTo("historyOutline"));
+    press(Qt::Key_Home);
+    press(Qt::Key_Right);
+    press(Qt::Key_Down);
+    open("namingWindow", Qt::Key_N);
+    type("Letters");
+    ASSERT_TRUE(tabTo("nameIt"));
+    press(Qt::Key_Space);
+    closed("namingWindow");
+    EXPECT_TRUE(rows().contains(QStringLiteral("Letters 00:30:00"))) << qPrintable(rows());
+}
+
+TEST_F(AmendingWalksTest, time_isBookedByTheKeyboardAloneAndTakenBack) {
+    open("bookingWindow", Qt::Key_B);
+    EXPECT_EQ(focused(), QStringLiteral("bookedName")) << "one can type at once";
+    type("By phone");
+    press(Qt::Key_B, Qt::AltModifier);
+    auto& from = part<QDateTimeEdit>("bookedFrom");
+    EXPECT_TRUE(from.hasFocus()) << focused().toStdString();
+    const QDateTime before = from.dateTime();
+    from.setSelectedSection(QDateTimeEdit::HourSection);
+    press(Qt::Key_Down);
+    EXPECT_EQ(from.dateTime(), before.addSecs(-3600));
+    ASSERT_TRUE(tabTo("bookedProject"));
+    press(Qt::Key_Down);
+    ASSERT_TRUE(tabTo("bookIt"));
+    press(Qt::Key_Space);
+    closed("bookingWindow");
+    EXPECT_EQ(hoursOf("Meier"), 2);
+    EXPECT_TRUE(rows().contains(QStringLiteral("By phone 02:00:00"))) << qPrintable(rows());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(hoursOf("Meier"), 0);
+}
+
+TEST_F(AmendingWalksTest, escape_leavesTheDialoguesAndThePastAsTheyWere) {
+    const QString before = rows();
+    ASSERT_TRUE(tabTo("dayPicture"));
+    press(Qt::Key_Home);
+    for (const auto& [dialogue, key] :
+         {std::pair("namingWindow", Qt::Key_N), std::pair("bookingWindow", Qt::Key_B)}) {
+        open(dialogue, key);
+        type("Letters");
+        press(Qt::Key_Escape);
+        closed(dialogue);
+        EXPECT_EQ(focused(), QStringLiteral("dayPicture")) << "one is where one was";
+    }
+    EXPECT_EQ(rows(), before);
+    EXPECT_FALSE(controller.undoStack().canUndo());
+}
+
+TEST_F(AmendingWalksTest, aStretch_isForgottenByTheKeyboardAlone) {
+    ASSERT_TRUE(tabTo("dayPicture"));
+    press(Qt::Key_Home);
+    press(Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(alerts.questions, QStringList{QStringLiteral("Forget this for good?")});
+    EXPECT_TRUE(rows().contains(QStringLiteral("Mail"))) << "Return means to keep it";
+    alerts.answer = Alerts::Alternate;
+    press(Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(rows().contains(QStringLiteral("Mail"))) << qPrintable(rows());
 }

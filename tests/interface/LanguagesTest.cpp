@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The windows in every language: nothing is cut off, and each menu entry has its own accelerator.
+#include "interface/history/BookingWindow.h"
 #include "interface/history/HistoryPane.h"
+#include "interface/history/NamingWindow.h"
 #include "interface/history/RangeBar.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
@@ -103,6 +105,8 @@ TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
     expectDistinct(textsIn(forgetWindow), 4);
     expectDistinct(textsIn(setup.titlesTab().sheet()), 4);
     expectDistinct(textsIn(patternsWindow), 2);
+    expectDistinct(textsIn(BookingWindow({}, nullptr)), 5);
+    expectDistinct(textsIn(NamingWindow(nullptr)), 2);
 }
 
 // What a control needs for its text: less than its size hint, which includes margins.
