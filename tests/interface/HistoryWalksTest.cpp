@@ -524,13 +524,15 @@ TEST_F(AmendingWalksTest, escape_leavesTheDialoguesAndThePastAsTheyWere) {
     EXPECT_FALSE(controller.undoStack().canUndo());
 }
 
-TEST_F(AmendingWalksTest, aStretch_isForgottenByTheKeyboardAlone) {
+TEST_F(AmendingWalksTest, aStretch_isForgottenByTheKeyboardAloneAndTakenBack) {
     ASSERT_TRUE(tabTo("dayPicture"));
     press(Qt::Key_Home);
     press(Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(alerts.questions, QStringList{QStringLiteral("Forget this for good?")});
+    EXPECT_EQ(alerts.questions, QStringList{QStringLiteral("Forget this?")});
     EXPECT_TRUE(rows().contains(QStringLiteral("Mail"))) << "Return means to keep it";
     alerts.answer = Alerts::Alternate;
     press(Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_FALSE(rows().contains(QStringLiteral("Mail"))) << qPrintable(rows());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(rows().contains(QStringLiteral("Mail"))) << qPrintable(rows());
 }
