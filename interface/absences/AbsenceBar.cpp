@@ -30,6 +30,8 @@ constexpr int kMostRows = 3;
 constexpr int kNameWidth = 120;
 constexpr int kLettersOfProject = 8;
 constexpr int kLongestName = 400;
+// How much of the colour of what is chosen is in the bar's.
+constexpr double kTint = 0.15;
 
 template<class Control>
 Control* called(Control* control, const char* objectName, const QString& spoken) {
@@ -63,8 +65,6 @@ AbsenceBar::AbsenceBar(QWidget* parent)
     , m_break(called(new QPushButton(localized("Break")), "absenceWasBreak",
                      localized("The absence was no work"))) {
     setObjectName(QStringLiteral("absenceBar"));
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::ToolTipBase);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kAir, kMargin, kAir);
     rows->setSpacing(kAir);
@@ -91,7 +91,6 @@ QWidget* AbsenceBar::makeHead() {
     auto* head = new QWidget;
     auto* cells = new QHBoxLayout(head);
     cells->setContentsMargins(0, 0, 0, 0);
-    m_text->setForegroundRole(QPalette::ToolTipText);
     m_text->setWordWrap(true);
     m_dismiss->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     m_dismiss->setAutoRaise(true);
@@ -105,7 +104,6 @@ QWidget* AbsenceBar::makeHead() {
 
 QBoxLayout* AbsenceBar::makeAnswer() {
     auto* label = new PlainLabel(localized("&What did you do?"));
-    label->setForegroundRole(QPalette::ToolTipText);
     label->setBuddy(m_name);
     label->setAccessibleName(label->text().remove(u'&'));
     m_name->setMinimumWidth(kNameWidth);
@@ -232,6 +230,14 @@ QSize AbsenceBar::minimumSizeHint() const {
     const QSize buttons = m_answer->itemAt(1)->minimumSize();
     const QSize said = m_answer->itemAt(0)->minimumSize();
     return {std::max(buttons.width(), said.width()) + 2 * kMargin, whole.height()};
+}
+
+// Many dark themes leave the pale yellow of tips, which is too bright for a question that may wait for hours.
+void AbsenceBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    painter.setOpacity(kTint);
+    painter.fillRect(rect(), palette().color(QPalette::Active, QPalette::Highlight));
 }
 
 void AbsenceBar::resizeEvent(QResizeEvent* event) {

@@ -57,6 +57,7 @@ Q_SIGNALS:
     void dismissed();
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

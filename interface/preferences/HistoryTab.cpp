@@ -50,6 +50,7 @@ HistoryTab::HistoryTab(SettingsBinding& settings, Actions actions)
     , m_obstacle(new PlainLabel)
     , m_ask(new QCheckBox(localized("&Ask what an absence was")))
     , m_askLength(new QComboBox)
+    , m_askLengthLabel(new PlainLabel(localized("&Shortest absence:")))
     , m_forget(new QPushButton(localized("&Forget…"))) {
     setObjectName(QStringLiteral("History"));
     auto* rows = new QVBoxLayout(this);
@@ -104,7 +105,8 @@ void HistoryTab::addAsking(QFormLayout& form, SettingsBinding& settings) {
     m_ask->setObjectName(QStringLiteral("askAfterAbsence"));
     m_askLength->setObjectName(QStringLiteral("askAfterMinutes"));
     form.addRow(m_ask);
-    form.addRow(localized("&Shortest absence:"), m_askLength);
+    m_askLengthLabel->setBuddy(m_askLength);
+    form.addRow(m_askLengthLabel, m_askLength);
     settings.bind(*m_ask, kAskAfterAbsence);
     settings.observe([this, &settings] {
         const std::int64_t minutes = AbsenceWatch::shortestAbsence(settings.defaults()).count();
@@ -126,7 +128,8 @@ void HistoryTab::addAsking(QFormLayout& form, SettingsBinding& settings) {
 void HistoryTab::offerAsking() {
     const bool isKept = m_obstacle->text().isEmpty();
     m_ask->setEnabled(isKept);
-    m_askLength->setEnabled(isKept && m_ask->isChecked());
+    for (QWidget* control : {static_cast<QWidget*>(m_askLength), static_cast<QWidget*>(m_askLengthLabel)})
+        control->setEnabled(isKept && m_ask->isChecked());
 }
 
 // The settings may hold a number of days that is not among the choices.

@@ -5,6 +5,7 @@
 
 #include <functional>
 
+class PlainLabel;
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
@@ -41,5 +42,6 @@ private:
     QLabel* m_obstacle;
     QCheckBox* m_ask;
     QComboBox* m_askLength;
+    PlainLabel* m_askLengthLabel;
     QPushButton* m_forget;
 };

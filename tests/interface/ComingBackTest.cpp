@@ -81,6 +81,17 @@ struct ComingBackTest : testing::Test, ProjectDesk {
              }}};
 };
 
+TEST_F(ComingBackTest, inTheDark_theBarIsDarkAsWell) {
+    QPalette dark = controller.window().palette();
+    dark.setColor(QPalette::Window, QColor(0x2b, 0x2d, 0x30));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    controller.window().setPalette(dark);
+    away(10);
+    EXPECT_LT(bar().grab().toImage().pixelColor(2, 2).lightness(), 90);
+    EXPECT_EQ(part<QLabel>("absenceText").palette().color(part<QLabel>("absenceText").foregroundRole()),
+              QColor(Qt::white));
+}
+
 } // namespace
 
 TEST_F(ComingBackTest, whoComesBack_isAskedInTheWindowAndByTheDesktop) {
