@@ -17,6 +17,8 @@
 namespace {
 
 constexpr int kWidth = 460;
+// Milliseconds. Less would be told as nothing at all.
+constexpr qint64 kLeastFree = 1000;
 
 QDateTimeEdit* timeField(const char* objectName, const QString& name) {
     auto* field = new QDateTimeEdit;
@@ -54,7 +56,6 @@ void BookingWindow::addControls() {
     m_free->setObjectName(QStringLiteral("bookedFree"));
     m_free->setWordWrap(true);
     m_button->setObjectName(QStringLiteral("bookIt"));
-    m_button->setDefault(true);
     auto* form = new QFormLayout(this);
     form->addRow(localized("&Begin:"), m_from);
     form->addRow(localized("&End:"), m_to);
@@ -64,6 +65,8 @@ void BookingWindow::addControls() {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     buttons->addButton(m_button, QDialogButtonBox::AcceptRole);
     form->addRow(buttons);
+    // Only what is in the window can be its default.
+    m_button->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
@@ -104,11 +107,12 @@ void BookingWindow::show(const Amendment::Piece& asked, const Result<qint64>& fr
     if (const Amendment::Piece now = piece(); now.from != asked.from || now.to != asked.to)
         return;
     const qint64 length = free ? *free : 0;
-    m_button->setEnabled(length > 0);
-    m_free->setText(!free         ? localized("The history cannot be read.")
-                    : length <= 0 ? localized("Nothing is free there: it was worked, or is still to come.")
-                                  : localized("%1 are free there. What was worked stays as it is.")
-                                        .replace(QLatin1String("%1"), PictureTexts::length(length)));
+    const bool isFree = length >= kLeastFree;
+    m_button->setEnabled(isFree);
+    m_free->setText(!free     ? localized("The history cannot be read.")
+                    : !isFree ? localized("Nothing is free there: it was worked, or is still to come.")
+                              : localized("%1 are free there. What was worked stays as it is.")
+                                    .replace(QLatin1String("%1"), PictureTexts::length(length)));
     m_button->setAccessibleDescription(m_free->text());
 }
 

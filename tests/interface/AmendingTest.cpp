@@ -166,6 +166,40 @@ TEST_F(AmendingTest, whatWasWorked_cannotBeBookedAgain) {
     EXPECT_TRUE(part<QPushButton>("bookIt").isEnabled());
 }
 
+TEST_F(AmendingTest, returnBooks_evenWithoutAName) {
+    aDay();
+    drag(today(11), today(12));
+    command(amend().book);
+    QTest::keyClick(&part<QLineEdit>("bookedName"), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(view.answer().work, 60 * 60'000);
+}
+
+TEST_F(AmendingTest, whatIsAskedForABooking_isReachedByItsOwnKey) {
+    aDay();
+    command(amend().book);
+    auto& window = part<QDialog>("bookingWindow");
+    QStringList keys;
+    for (const QLabel* label : window.findChildren<QLabel*>())
+        keys << QKeySequence::mnemonic(label->text()).toString();
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        keys << QKeySequence::mnemonic(button->text()).toString();
+    keys.removeAll(QString());
+    EXPECT_GE(keys.size(), 5);
+    EXPECT_EQ(keys.removeDuplicates(), 0) << qPrintable(keys.join(u' '));
+}
+
+TEST_F(AmendingTest, lessThanASecond_isNotFreeForABooking) {
+    aDay();
+    drag(today(9, 10), today(9, 45).addMSecs(999));
+    command(amend().book);
+    EXPECT_FALSE(part<QPushButton>("bookIt").isEnabled()) << qPrintable(part<QLabel>("bookedFree").text());
+    EXPECT_TRUE(part<QLabel>("bookedFree").text().startsWith(QStringLiteral("Nothing is free")));
+    part<QDateTimeEdit>("bookedTo").setDateTime(today(9, 45).addSecs(1));
+    settle();
+    EXPECT_TRUE(part<QPushButton>("bookIt").isEnabled());
+}
+
 TEST_F(AmendingTest, aPieceIsForgotten_afterAQuestion) {
     aDay();
     drag(today(9, 20), today(10, 5));
