@@ -302,7 +302,8 @@ void History::forget(const HistoryChange::Forgotten& what, std::function<void(bo
 }
 
 std::shared_ptr<ForgottenPieces> History::forgetPieces(const std::vector<Amendment::Piece>& pieces) {
-    if (!m_listening)
+    // Without a piece, all of the past would be meant.
+    if (!m_listening || pieces.empty())
         return nullptr;
     HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
     what.pieces = pieces;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Classes/history/History.h"
+#include "interface/history/PastPieces.h"
 
 #include <QUndoCommand>
 
@@ -9,10 +10,12 @@
 class AmendCommand : public QUndoCommand {
 public:
     // The history outlives the command.
-    AmendCommand(const QString& text, History& history, Amendment amendment)
+    AmendCommand(const QString& text, History& history, Amendment amendment, const Clock& clock)
         : QUndoCommand(text)
         , m_history(history)
-        , m_amendment(std::move(amendment)) {}
+        , m_amendment(std::move(amendment)) {
+        m_amendment.pieces = pastPieces(std::move(m_amendment.pieces), clock);
+    }
 
     void redo() override {
         m_made = m_history.amend(m_amendment);

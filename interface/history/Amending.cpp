@@ -74,8 +74,8 @@ void Amending::give(const ProjectList::Project& project) {
             if (!amendment.project->identity)
                 return;
         }
-        m_ground.undoStack.push(
-            new AmendCommand(localized("Give to Project"), m_ground.history, std::move(amendment)));
+        m_ground.undoStack.push(new AmendCommand(localized("Give to Project"), m_ground.history,
+                                                 std::move(amendment), m_ground.clock));
     });
 }
 
@@ -89,7 +89,8 @@ void Amending::name() {
             isOneTitle ? what.rows.front().part.value_or(QString()) : PlainText::cut(what.title, 200);
         m_namingWindow->openFor(timesText(pieces), title, [this, pieces](const QString& name) {
             m_ground.undoStack.push(new AmendCommand(localized("Name"), m_ground.history,
-                                                     {.kind = Kind::Change, .pieces = pieces, .name = name}));
+                                                     {.kind = Kind::Change, .pieces = pieces, .name = name},
+                                                     m_ground.clock));
         });
     });
 }
@@ -113,7 +114,7 @@ void Amending::book() {
                 amendment.projectName = project->label();
             }
             m_ground.undoStack.push(
-                new AmendCommand(localized("Book"), m_ground.history, std::move(amendment)));
+                new AmendCommand(localized("Book"), m_ground.history, std::move(amendment), m_ground.clock));
         });
 }
 
@@ -139,7 +140,8 @@ void Amending::askAndForget(const Pieces& pieces, bool isTooMuch) {
     if (answer != Alerts::Alternate)
         return;
     if (!isTooMuch)
-        return m_ground.undoStack.push(new ForgetCommand(m_ground.history, pieces, m_ground.save));
+        return m_ground.undoStack.push(
+            new ForgetCommand(m_ground.history, pieces, m_ground.clock, m_ground.save));
     HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
     what.pieces = pieces;
     m_ground.history.forget(what);

@@ -200,6 +200,43 @@ TEST_F(AmendingTest, lessThanASecond_isNotFreeForABooking) {
     EXPECT_TRUE(part<QPushButton>("bookIt").isEnabled());
 }
 
+TEST_F(AmendingTest, aBookingThatIsRedoneLater_isWhatWasUndone) {
+    aDay();
+    drag(today(17), today(20));
+    command(amend().book);
+    press("bookIt");
+    EXPECT_EQ(view.answer().work, 60 * 60'000);
+    command(actions().undo);
+    fakes.clock.advance(std::chrono::hours(1));
+    command(actions().redo);
+    EXPECT_EQ(view.answer().work, 60 * 60'000);
+}
+
+TEST_F(AmendingTest, whatIsForgottenAgain_isWhatCameBack_notWhatWasDoneSince) {
+    aDay();
+    drag(today(10), today(20));
+    alerts.answer = Alerts::Alternate;
+    command(amend().forget);
+    command(actions().undo);
+    past(today(18, 30), 600, "Mail", "Later");
+    fakes.clock.advance(std::chrono::hours(1));
+    command(actions().redo);
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:10:00 [Later 00:10:00]"));
+}
+
+TEST_F(AmendingTest, whatWasToCome_isNotForgottenAgain) {
+    aDay();
+    drag(today(19), today(20));
+    alerts.answer = Alerts::Alternate;
+    command(amend().forget);
+    command(actions().undo);
+    command(actions().redo);
+    view.showPiece(std::nullopt);
+    settle();
+    EXPECT_EQ(view.answer().work, 55 * 60'000);
+    EXPECT_EQ(controller.undoStack().count(), 0) << "the step is gone";
+}
+
 TEST_F(AmendingTest, aPieceIsForgotten_afterAQuestion) {
     aDay();
     drag(today(9, 20), today(10, 5));
