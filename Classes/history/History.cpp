@@ -24,6 +24,8 @@ constexpr auto kBetweenTries = 60s;
 constexpr auto kBetweenTriesWhileBusy = 1s;
 constexpr auto kLongestEnd = 2000ms;
 constexpr std::int64_t kDay = 86'400'000;
+// Milliseconds. Somebody is credited at least as often while the timer runs.
+constexpr std::int64_t kJustTold = 2000;
 constexpr std::size_t kManyWaiting = 5000;
 // If so many writes come due while one is still under way, the disk hangs.
 constexpr int kHangs = 4;
@@ -342,9 +344,9 @@ void History::holdRules(const PropertyListValue& rules, const std::optional<Iden
 
 std::optional<std::int64_t> History::amend(const Amendment& amendment) {
     Amendment past = amendment;
-    // What is still to come will be measured.
+    const std::int64_t end = pastEnd();
     for (Amendment::Piece& piece : past.pieces)
-        piece.to = std::min(piece.to, now());
+        piece.to = std::min(piece.to, end);
     std::erase_if(past.pieces, [](const Amendment::Piece& piece) { return piece.from >= piece.to; });
     if (past.name)
         past.name = cleanText(*past.name).trimmed();
@@ -353,6 +355,12 @@ std::optional<std::int64_t> History::amend(const Amendment& amendment) {
     m_lastAmended = std::max(m_lastAmended + 1, now());
     change(HistoryChange::Amended{std::move(past), m_lastAmended});
     return m_lastAmended;
+}
+
+// What is still to come will be measured, and so will what has passed since the last tick.
+std::int64_t History::pastEnd() const {
+    const auto told = m_recorder.recordedTo();
+    return told && *told <= now() && now() - *told < kJustTold ? *told : now();
 }
 
 void History::takeBack(std::int64_t amendment) {
@@ -462,6 +470,7 @@ void History::told(const HistoryKeeper::Report& report) {
         learnTimers(*report.timers);
     if (report.isAmended)
         m_amendings.tell();
+    m_lastAmended = std::max(m_lastAmended, report.lastAmended);
     const bool isWritten = report.state == HistoryKeeper::State::Written;
     if (const bool isGone = isWritten && !report.isToEmpty; !isGone || !m_writer.hasToForget())
         tellOfForgetting(isGone);

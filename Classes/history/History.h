@@ -106,6 +106,7 @@ private:
     bool decide();
     void pay(const HistoryDebts& debts);
     std::int64_t now() const;
+    std::int64_t pastEnd() const;
     void settingsChanged();
     void moved(const TimerMoves& moves);
     void merged(const Successions& successions);

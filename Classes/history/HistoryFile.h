@@ -45,6 +45,8 @@ public:
     SqliteDatabase& database() { return m_database; }
     // Whether it knows what any store lacks.
     bool knowsStore() { return m_database.number("SELECT count(*) FROM stores") > 0; }
+    // The number of the last amendment; 0 without one.
+    std::int64_t lastAmended() { return m_database.number("SELECT ifnull(max(made), 0) FROM amended"); }
     // The identities of all timers in it: once when it was opened, and whenever some may have left it.
     std::optional<std::unordered_set<Identity>> takeTimers();
     bool hasMoved() const { return m_database.hasMoved(); }

@@ -56,8 +56,10 @@ void HistoryKeeper::attempt(const HistoryBatch& batch, const std::optional<Histo
         m_file.reset();
         m_isOther = true;
     }
-    if (!m_file)
+    if (!m_file) {
         m_file.emplace(m_path);
+        report.lastAmended = m_file->lastAmended();
+    }
     // If this part of the file is damaged, that is met before anything is written.
     report.timers = m_file->takeTimers();
     // Deleted timers can be brought back as long as the program runs, so their rows are removed only at its

@@ -23,6 +23,8 @@ public:
         bool isToEmpty = false;
         // What a person said about the past is in the file now, or what was to be forgotten is not any more.
         bool isAmended = false;
+        // The number of the last amendment in the file. A clock that was wrong may have made it later than now.
+        std::int64_t lastAmended = 0;
         // Which timers have a past, whenever some may have lost theirs.
         std::optional<std::unordered_set<Identity>> timers;
     };

@@ -131,6 +131,9 @@ void HistoryRecorder::absent(Instant since, Instant noticed, Seconds booked) {
         Instant to;
         Anchor anchor;
     };
+    // What is settled stays as it was told: a person has just done something about it, so somebody was there.
+    if (m_settledTo)
+        since = std::min(std::max(since, *m_settledTo), noticed);
     std::vector<Piece> pieces;
     holdAnchor(m_spans.empty() ? since : std::max(since, std::min(noticed, m_spans.back().to)));
     while (!m_spans.empty() && m_spans.back().to > since) {
@@ -216,7 +219,16 @@ void HistoryRecorder::addNewsTo(std::map<std::uint64_t, HistoryRow>& rows) const
         rows.insert_or_assign(m_spans[i].serial, rowOf(m_spans[i]));
 }
 
+std::optional<std::int64_t> HistoryRecorder::recordedTo() const {
+    if (!m_anchor)
+        return std::nullopt;
+    return m_spans.empty() ? m_settledTo ? std::optional(m_anchor->wallOf(*m_settledTo)) : std::nullopt
+                           : std::optional(m_spans.back().anchor.wallOf(m_spans.back().to));
+}
+
 void HistoryRecorder::settle() {
+    if (!m_spans.empty())
+        m_settledTo = m_spans.back().to;
     for (std::size_t i = firstChanged(); i < m_spans.size(); ++i)
         m_settled.insert_or_assign(m_spans[i].serial, rowOf(m_spans[i]));
     m_spans.clear();

@@ -30,6 +30,8 @@ public:
     void addNewsTo(std::map<std::uint64_t, HistoryRow>& rows) const;
     // No row so far will be extended or cut any more.
     void settle();
+    // Up to when something was told, in milliseconds since 1970; absent before the first stretch.
+    std::optional<std::int64_t> recordedTo() const;
     // A timer gets another identity; so do its rows that may still change.
     void move(const TimerMove& timer);
     // A save begins: what timers get from now on is not in it. Answers the new generation.
@@ -93,6 +95,8 @@ private:
     std::deque<Span> m_spans;
     // Older rows that are not written yet, or are to be deleted.
     std::map<std::uint64_t, HistoryRow> m_settled;
+    // Where the last row that was settled ends.
+    std::optional<Instant> m_settledTo;
     std::uint64_t m_lastSerial = 0;
     bool m_isOpen = false;
     // Whether the last span's distance from UTC holds until its hour ends: to ask anew is to ask the disk.

@@ -55,6 +55,50 @@ TEST_F(HistoryAmendTest, whatIsStillToCome_isNotBooked) {
     EXPECT_FALSE(scene.history->amend({.kind = Amendment::Kind::Book, .pieces = {{now(), now() + 5000}}}));
 }
 
+// A notice's button is no input at the desk.
+TEST_F(HistoryAmendTest, anAbsenceThatBeganBefore_countsNoTimeTwice) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(60);
+    day.idle(20);
+    scene.history->amend(last(50, "Meeting"));
+    day.idle(1200);
+    day.seconds(10);
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+    EXPECT_EQ(scene.diary(), "Mail [Inbox] 30, Mail [Meeting] 50, Idle 1200, Mail [Inbox] 10");
+}
+
+// The time since the last tick is credited with the next one.
+TEST_F(HistoryAmendTest, whatWasNotCreditedYet_isNotBookedBesides) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(40);
+    day.stall(0.9);
+    scene.history->amend(last(100, "Call", Amendment::Kind::Book));
+    day.seconds(19.1);
+    EXPECT_EQ(scene.diary(), "By Hand [Call] by hand 59.1, Mail [Inbox] 60");
+    EXPECT_EQ(HistoryDiary::flaws(scene.path()), QStringList());
+}
+
+TEST_F(HistoryAmendTest, anAmendmentOfAClockThatWasAhead_isNotTakenForALaterOne) {
+    day.front("Mail", "Inbox");
+    day.start();
+    day.seconds(60);
+    day.stop();
+    const Amendment::Piece piece{now() - 50'000, now()};
+    day.fakes.clock.setWall(day.fakes.clock.now() + std::chrono::hours(24));
+    ASSERT_TRUE(scene.history->amend({.pieces = {piece}, .name = QStringLiteral("First")}));
+    day.fakes.runLoop.runPending();
+    const auto next = relaunched(scene);
+    next->day.fakes.clock.advance(std::chrono::hours(1));
+    ASSERT_EQ(next->diary(), "Mail [Inbox] 10, Mail [First] 50");
+    const auto second = next->history->amend({.pieces = {piece}, .name = QStringLiteral("Second")});
+    ASSERT_TRUE(second);
+    EXPECT_EQ(next->diary(), "Mail [Inbox] 10, Mail [Second] 50");
+    next->history->takeBack(*second);
+    EXPECT_EQ(next->diary(), "Mail [Inbox] 10, Mail [First] 50");
+}
+
 TEST_F(HistoryAmendTest, noHistory_nothingIsAmended) {
     day.fakes.defaults.setObject(kHistoryDays, std::int64_t(-1));
     day.fakes.runLoop.runPending();
