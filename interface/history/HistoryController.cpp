@@ -36,6 +36,8 @@ constexpr std::chrono::milliseconds kAskingTolerance{200};
 constexpr int kMostDaysBySecond = 31;
 constexpr std::chrono::seconds kBetweenLongAskings{15};
 constexpr int kMostDaysOnSheet = 31;
+// So short that nobody takes the old figures for the new ones, so long that quick answers do not flicker.
+constexpr std::chrono::milliseconds kPatience{100};
 
 Qt::DayOfWeek firstDayOfWeek() {
     return QLocale().firstDayOfWeek();
@@ -196,6 +198,14 @@ void HistoryController::showPiece(std::optional<std::pair<qint64, qint64>> piece
 }
 
 void HistoryController::askAnew() {
+    // Who types on does not see the old figures for longer.
+    if (m_isSeen && !m_patience)
+        m_patience = m_ground.platform.runLoop.scheduleOnce(
+            kPatience, [this] { showOnly(Knowledge::Reading, RangeAnswer()); });
+    lookAgain();
+}
+
+void HistoryController::lookAgain() {
     followCounting();
     if (!m_isSeen)
         return;
@@ -214,11 +224,20 @@ void HistoryController::ask() {
         [question = question()](SqliteDatabase& file) { return question.answeredBy(file); },
         [this](const Result<RangeAnswer>& answer) {
             m_isAsking = false;
-            // There may be nothing to read yet, or nothing that can be read.
-            m_answer = answer ? *answer : RangeAnswer();
-            AmendTexts::translate(m_answer);
-            showAnswer();
+            m_patience = nullptr;
+            if (answer)
+                return showOnly(Knowledge::Known, *answer);
+            // There may be nothing to read yet.
+            const bool isMissing = answer.failure().kind == Failure::Kind::NotFound;
+            showOnly(isMissing ? Knowledge::Known : Knowledge::Unreadable, RangeAnswer());
         });
+}
+
+void HistoryController::showOnly(Knowledge knowledge, RangeAnswer answer) {
+    m_knowledge = knowledge;
+    m_answer = std::move(answer);
+    AmendTexts::translate(m_answer);
+    showAnswer();
 }
 
 void HistoryController::askForTitles(const QString& program) {
@@ -291,13 +310,18 @@ void HistoryController::showSum() {
                          : isFound            ? SumMode::Found
                          : m_ground.project() ? SumMode::Project
                                               : SumMode::Total;
-    m_pane.sumBar().showSum(timeText(selected.value_or(m_answer.work)));
+    const bool isKnown = m_knowledge == Knowledge::Known;
+    m_pane.sumBar().showSum(isKnown ? timeText(selected.value_or(m_answer.work)) : QString());
     m_pane.sumBar().showSumMode(sumImage(mode), sumCaption(mode));
 }
 
 QString HistoryController::invitation() const {
     if (const QString obstacle = m_history.obstacle(); !obstacle.isEmpty())
         return obstacle;
+    if (m_knowledge == Knowledge::Reading)
+        return localized("Reading…");
+    if (m_knowledge == Knowledge::Unreadable)
+        return localized("The history cannot be read at the moment.");
     if (!m_answer.programs.empty())
         return localized("Nothing here has as much time as you ask for.");
     if (!m_ground.window.searchAppField().text().isEmpty())
@@ -335,6 +359,9 @@ void HistoryController::showTimeSheet() {
     m_sheetReader->ask<RangeAnswer>(
         [asked](SqliteDatabase& file) { return asked.answeredBy(file); },
         [this, days](const Result<RangeAnswer>& answer) {
+            if (!answer && answer.failure().kind != Failure::Kind::NotFound)
+                return m_ground.alerts.showError(localized("The history cannot be read at the moment."),
+                                                 answer.failure().text);
             if (!m_timeSheet)
                 m_timeSheet = new TimeSheetWindow(m_ground.platform.defaults, m_ground.alerts,
                                                   m_ground.platform.folders.documents, &m_ground.window);
@@ -344,6 +371,8 @@ void HistoryController::showTimeSheet() {
 }
 
 void HistoryController::exportShown() {
+    if (m_knowledge != Knowledge::Known)
+        return;
     const QString suffix = QStringLiteral(".csv");
     const QString name = localized("Ticklog History") + u' ' + m_range.first().toString(Qt::ISODate) + suffix;
     const auto chosen = m_ground.alerts.chooseExportFile(localized("Export to CSV"),

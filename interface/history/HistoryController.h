@@ -42,29 +42,32 @@ public:
     // Only this piece of the day that is shown (milliseconds since 1970); absent for the whole day.
     void showPiece(std::optional<std::pair<qint64, qint64>> piece);
     const std::optional<std::pair<qint64, qint64>>& piece() const { return m_piece; }
-    // What is asked, and the answer that is shown.
+    // What is asked, and the answer that is shown: an empty one where a range is still being read, or cannot be.
     RangeQuestion question() const;
     const RangeAnswer& answer() const { return m_answer; }
     Subscription observeAnswers(std::function<void()> told) { return m_shown.observe(std::move(told)); }
     // The history was changed: shows what it says now.
-    void lookAgain() { askAnew(); }
+    void lookAgain();
     // Opens the time sheet of the days that are shown; of the week around a single day, or at the beginning of a range
     // that is too long for a page.
     void showTimeSheet();
     // Null until it was opened once.
     TimeSheetWindow* timeSheet() const { return m_timeSheet; }
-    // Exports the rows to a file that the user chooses.
+    // Exports the rows to a file that the user chooses; nothing while there is no answer.
     void exportShown();
 
 private:
+    enum class Knowledge : unsigned char { Reading, Known, Unreadable };
+
     void connectRange();
     void connectRows();
     void connectPictures();
-    // What is asked for has changed.
+    // What is asked for has changed: without an answer soon, the old figures go.
     void askAnew();
     // The same again, unless it is being asked.
     void askAgain();
     void ask();
+    void showOnly(Knowledge knowledge, RangeAnswer answer);
     void askForTitles(const QString& program);
     void showAnswer();
     void showPicture();
@@ -88,8 +91,11 @@ private:
     TimeSheetWindow* m_timeSheet = nullptr;
     CalendarRange m_range;
     std::optional<std::pair<qint64, qint64>> m_piece;
-    // The answer that is shown.
+    // The answer that is shown; empty unless it is known.
     RangeAnswer m_answer;
+    Knowledge m_knowledge = Knowledge::Reading;
+    // Null unless something else than what is shown is being asked.
+    std::unique_ptr<RunLoopTimer> m_patience;
     const News m_shown;
     bool m_isAsking = false;
     bool m_isSeen = false;

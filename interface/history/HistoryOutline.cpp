@@ -18,6 +18,12 @@ constexpr int kTimeWidth = 110;
 constexpr int kShareWidth = 130;
 constexpr int kInvitationMargin = 32;
 
+// Whole seconds, as they are shown.
+qint64 shownLength(const QModelIndex& row) {
+    const qint64 length = row.data(HistoryModel::LengthRole).toLongLong();
+    return length - length % 1000;
+}
+
 } // namespace
 
 // Sorts, and leaves out what is below the cut-off.
@@ -118,6 +124,8 @@ std::optional<qint64> HistoryOutline::selectedLength() const {
 }
 
 void HistoryOutline::copy() const {
+    if (m_order->rowCount() == 0)
+        return;
     const bool isSelectedOnly = selectionModel()->hasSelection();
     QGuiApplication::clipboard()->setMimeData(HistoryForms::copied(heads(), lines(isSelectedOnly)).release());
 }
@@ -143,11 +151,11 @@ std::vector<HistoryOutline::Line> HistoryOutline::lines(bool isSelectedOnly) con
 void HistoryOutline::addLines(const QModelIndex& parent, bool isSelectedOnly,
                               std::vector<Line>& lines) const {
     const QString above = parent.data(Qt::EditRole).toString();
-    qint64 rest = parent.data(HistoryModel::LengthRole).toLongLong();
+    qint64 rest = shownLength(parent);
     for (int row = 0; row < m_order->rowCount(parent); ++row) {
         const QModelIndex each = m_order->index(row, HistoryModel::NameColumn, parent);
         const QString name = each.data(Qt::EditRole).toString();
-        const qint64 length = each.data(HistoryModel::LengthRole).toLongLong();
+        const qint64 length = shownLength(each);
         const bool isTop = !parent.isValid();
         rest -= length;
         if (isSelectedOnly && selectionModel()->isRowSelected(row, parent))

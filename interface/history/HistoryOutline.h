@@ -32,7 +32,8 @@ public:
     // Of the selected rows, without those whose parent is selected as well, in milliseconds; absent when nothing is
     // selected.
     std::optional<qint64> selectedLength() const;
-    // Puts the selected rows, or all when none is, on the clipboard. Dragging them gives the same.
+    // Puts the selected rows, or all when none is, on the clipboard, with the times that are shown. Dragging them gives
+    // the same. Without any rows the clipboard stays as it is.
     void copy() const;
     // The same rows as a table with a heading, by RFC 4180, in UTF-8.
     QByteArray csv() const;

@@ -1899,5 +1899,13 @@
         <source>Forget this?</source>
         <translation>Dies vergessen?</translation>
     </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen …</translation>
+    </message>
+    <message>
+        <source>The history cannot be read at the moment.</source>
+        <translation>Der Verlauf kann gerade nicht gelesen werden.</translation>
+    </message>
 </context>
 </TS>

@@ -1899,5 +1899,13 @@
         <source>Forget this?</source>
         <translation>¿Olvidar esto?</translation>
     </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Leyendo…</translation>
+    </message>
+    <message>
+        <source>The history cannot be read at the moment.</source>
+        <translation>El historial no se puede leer en este momento.</translation>
+    </message>
 </context>
 </TS>

@@ -1897,7 +1897,15 @@
     </message>
     <message>
         <source>Forget this?</source>
-        <translation>Oublier ceci ?</translation>
+        <translation>Oublier ceci&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Lecture…</translation>
+    </message>
+    <message>
+        <source>The history cannot be read at the moment.</source>
+        <translation>L’historique ne peut pas être lu pour l’instant.</translation>
     </message>
 </context>
 </TS>

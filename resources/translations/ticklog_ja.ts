@@ -1899,5 +1899,13 @@
         <source>Forget this?</source>
         <translation>これを忘れますか?</translation>
     </message>
+    <message>
+        <source>Reading…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>The history cannot be read at the moment.</source>
+        <translation>現在、履歴を読み込めません。</translation>
+    </message>
 </context>
 </TS>

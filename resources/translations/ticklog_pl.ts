@@ -1899,5 +1899,13 @@
         <source>Forget this?</source>
         <translation>Zapomnieć to?</translation>
     </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Odczytywanie…</translation>
+    </message>
+    <message>
+        <source>The history cannot be read at the moment.</source>
+        <translation>Historii nie można teraz odczytać.</translation>
+    </message>
 </context>
 </TS>

@@ -10,8 +10,17 @@
 #include <QLabel>
 #include <QPushButton>
 
-// A person who keeps a history and changes its settings. Work for other threads is done at once here.
+// A person who keeps a history and changes its settings. Work for other threads is done at once here, unless the disk is
+// slow: then it waits for diskIsFast().
 struct HistoryDesk : Desk {
+    void diskIsSlow() { isSlow = true; }
+    void diskIsFast() {
+        isSlow = false;
+        for (const auto& work : std::exchange(waiting, {}))
+            work();
+        settle();
+    }
+
     template<class Control>
     Control& control(const char* name) {
         auto* found = setup.prefWindow().findChild<Control*>(QLatin1String(name));
@@ -37,6 +46,8 @@ struct HistoryDesk : Desk {
         history.finish();
     }
 
+    bool isSlow = false;
+    std::vector<std::function<void()>> waiting;
     History history{{.tracker = controller.tracker(),
                      .database = controller.database(),
                      .trouble = controller.trouble(),
@@ -45,6 +56,11 @@ struct HistoryDesk : Desk {
                      .runLoop = fakes.runLoop,
                      .clock = fakes.clock,
                      .log = fakes.log},
-                    [](const std::function<void()>& work) { work(); }};
+                    [this](const std::function<void()>& work) {
+                        if (isSlow)
+                            waiting.push_back(work);
+                        else
+                            work();
+                    }};
     TKSetupController setup{controller, fakes.platform, alerts, {}, &history};
 };

@@ -157,6 +157,30 @@ TEST_F(HistoryViewTest, theSelection_isSummedAndCopiedAsATable) {
     EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(QStringLiteral("<td>Inbox</td>")));
 }
 
+TEST_F(HistoryViewTest, theTimesThatAreCopied_areThoseThatAreShown) {
+    HistoryFile file(history.path());
+    const auto add = [&](int hour, qint64 length, const char* title) {
+        const QDateTime start = today(hour);
+        file.add({.start = start.toMSecsSinceEpoch(),
+                  .length = length,
+                  .offset = start.offsetFromUtc() / 60,
+                  .program = QStringLiteral("Mail"),
+                  .title = QString::fromUtf8(title),
+                  .timer = {},
+                  .presence = RowPresence::Work});
+    };
+    add(9, 59'900, "Inbox");
+    add(10, 30'700, "Outbox");
+    showHistory();
+    EXPECT_EQ(rows(), QStringLiteral("Mail 00:01:30 [Inbox 00:00:59, Outbox 00:00:30]"));
+    outline().copy();
+    EXPECT_EQ(clipboard(), QStringLiteral("Mail\t\t0:01:30\n"));
+    // The parts and what they leave over are as much as their row.
+    outline().expandAll();
+    outline().copy();
+    EXPECT_EQ(clipboard(), QStringLiteral("Mail\tInbox\t0:00:59\nMail\tOutbox\t0:00:30\nMail\t\t0:00:01\n"));
+}
+
 TEST_F(HistoryViewTest, rowsThatAreDragged_areWhatIsCopied) {
     aDay();
     past(today(11), 60, "=cmd()");
@@ -388,6 +412,76 @@ TEST_F(HistoryViewTest, emptyRanges_sayWhy) {
     settle();
     command(historyActions().today);
     EXPECT_EQ(outline().invitation(), QStringLiteral("No history is kept."));
+}
+
+TEST_F(HistoryViewTest, aFileThatCannotBeRead_isNotTakenForATimeWithoutWork) {
+    aDay();
+    showHistory();
+    const QString aside = history.path() + QStringLiteral(".aside");
+    ASSERT_TRUE(QFile::rename(history.path(), aside));
+    QFile damaged(history.path());
+    ASSERT_TRUE(damaged.open(QFile::WriteOnly) && damaged.write(QByteArray(8192, 'x')) > 0);
+    damaged.close();
+    command(historyActions().back);
+    EXPECT_EQ(outline().invitation(), QStringLiteral("The history cannot be read at the moment."));
+    EXPECT_EQ(rows(), QString());
+    EXPECT_EQ(historySum(), QString());
+    command(historyActions().timeSheet);
+    EXPECT_EQ(alerts.errors.size(), 1);
+    EXPECT_EQ(view.timeSheet(), nullptr);
+    ASSERT_TRUE(damaged.remove() && QFile::rename(aside, history.path()));
+    command(historyActions().today);
+    EXPECT_EQ(historySum(), QStringLiteral("00:55:00"));
+}
+
+TEST_F(HistoryViewTest, aSlowAnswer_leavesNoFiguresOfAnotherTime) {
+    aDay();
+    showHistory();
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    diskIsSlow();
+    view.showRange(CalendarRange::around(CalendarRange::Kind::Day, today(9).date().addDays(-1), Qt::Monday));
+    seconds(0.05);
+    EXPECT_EQ(historySum(), QStringLiteral("00:55:00")) << "quick answers do not flicker";
+    seconds(0.1);
+    EXPECT_EQ(rows(), QString());
+    EXPECT_EQ(historySum(), QString());
+    EXPECT_EQ(outline().invitation(), QStringLiteral("Reading…"));
+    EXPECT_TRUE(view.answer().pieces.empty());
+    command(actions().copy);
+    EXPECT_EQ(clipboard(), QStringLiteral("before"));
+    alerts.location = fakes.platform.folders.documents + QStringLiteral("/none.csv");
+    view.exportShown();
+    EXPECT_FALSE(QFile::exists(*alerts.location));
+    diskIsFast();
+    EXPECT_EQ(rows(), QStringLiteral("Notes 00:05:00 [Yesterday 00:05:00]"));
+    EXPECT_EQ(historySum(), QStringLiteral("00:05:00"));
+}
+
+TEST_F(HistoryViewTest, aSlowSearch_isReadWhileTheUserTypesOn) {
+    aDay();
+    showHistory();
+    diskIsSlow();
+    for (const char* text : {"D", "Dr", "Dra", "Draw"}) {
+        controller.window().searchAppField().setText(QString::fromUtf8(text));
+        seconds(0.04);
+    }
+    EXPECT_EQ(outline().invitation(), QStringLiteral("Reading…"));
+    diskIsFast();
+    EXPECT_EQ(rows(), QStringLiteral("Draw 00:10:00 [Poster 00:10:00]"));
+}
+
+TEST_F(HistoryViewTest, theSameTimeThatIsReadSlowly_keepsItsFigures) {
+    aDay();
+    showHistory();
+    controller.timer().startTimer();
+    settle();
+    diskIsSlow();
+    seconds(5);
+    view.lookAgain();
+    seconds(1);
+    EXPECT_EQ(historyRow("Draw").data(HistoryModel::LengthRole), 600'000);
+    controller.timer().stopTimer();
+    diskIsFast();
 }
 
 TEST_F(HistoryViewTest, theDayThatBeginsAtFour_endsAtFour) {
