@@ -21,7 +21,9 @@ struct SheetRounding {
 };
 
 // Projects down, days across: what one sends to a client. All times are seconds. The sums are those of the cells that
-// are shown, so whoever adds them up comes to the same.
+// are shown, so whoever adds them up comes to the same. Only time that belongs to several projects is in each of their
+// rows and counts once below: a day with such time has what was worked in it as its sum, rounded by itself, but never
+// more than its cells have.
 class TimeSheet {
 public:
     struct Row {
@@ -40,19 +42,26 @@ public:
     int days() const { return m_days; }
     // The most time comes first.
     const std::vector<Row>& rows() const { return m_rows; }
-    std::vector<qint64> sums() const;
+    // Of each day, and of all of them.
+    const std::vector<qint64>& sums() const { return m_sums; }
     qint64 sum() const;
-    // What was measured, without rounding.
+    // What was measured, each second once, without rounding.
     qint64 measured() const { return m_measured; }
+    // Whether any time is in several rows.
+    bool hasSharedTime() const { return m_hasSharedTime; }
 
 private:
-    void round(const SheetRounding& rounding);
-    void roundDay(std::size_t day, const SheetRounding& rounding);
+    qint64 cellsOf(std::size_t day) const;
+    // What was worked that day is `work` when it is rounded: no cell gets more.
+    void round(std::size_t day, qint64 work, const SheetRounding& rounding);
+    void spread(std::size_t day, qint64 work, const SheetRounding& rounding);
 
     QDate m_first;
     int m_days;
     std::vector<Row> m_rows;
+    std::vector<qint64> m_sums;
     qint64 m_measured = 0;
+    bool m_hasSharedTime = false;
 };
 
 // A time in seconds, rounded to multiples of the rounding's minutes. A multiple stays as it is.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/TimeSheetForms.h"
 
-#include "Classes/exchange/RtfTable.h"
 #include "Classes/report/ReportFormats.h"
 #include "interface/history/PictureTexts.h"
+#include "interface/pasteboard/SpreadsheetTable.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QBuffer>
@@ -42,11 +42,10 @@ double pointsFor(int days) {
 }
 
 // A line below the heading and above the sums, and a pale one between the projects.
-QString htmlTable(const SheetPage& page) {
-    const QList<QStringList> rows = TimeSheetForms::table(page);
+QString htmlTable(const QList<QStringList>& rows, int days) {
     QString html = QStringLiteral("<table width=\"100%\" cellpadding=\"5\" cellspacing=\"0\" "
                                   "style=\"border-collapse:collapse; font-size:%1pt;\">")
-                       .arg(pointsFor(page.sheet.days()));
+                       .arg(pointsFor(days));
     for (qsizetype row = 0; row < rows.size(); ++row) {
         const bool isHeading = row == 0;
         const bool isSum = row == rows.size() - 1;
@@ -65,6 +64,10 @@ QString htmlTable(const SheetPage& page) {
         html += QStringLiteral("</tr>");
     }
     return html + QStringLiteral("</table>");
+}
+
+SpreadsheetTable spreadsheet(const QList<QStringList>& rows) {
+    return {.heads = rows.front(), .rows = {rows.begin() + 1, rows.end()}};
 }
 
 QString paragraph(const QString& text, const char* style = "") {
@@ -98,10 +101,18 @@ QString TimeSheetForms::timeText(qint64 seconds, const SheetPage& page, bool has
     return hasSeconds ? text : text.chopped(3);
 }
 
+QString TimeSheetForms::sharingText(const TimeSheet& sheet) {
+    return sheet.hasSharedTime()
+               ? localized("Time that belongs to several projects is in each of their rows.")
+               : QString();
+}
+
 bool TimeSheetForms::hasSeconds(const TimeSheet& sheet) {
-    return std::ranges::any_of(sheet.rows(), [](const TimeSheet::Row& row) {
-        return std::ranges::any_of(row.cells, [](qint64 cell) { return cell % 60 != 0; });
-    });
+    const auto haveSeconds = [](const std::vector<qint64>& times) {
+        return std::ranges::any_of(times, [](qint64 time) { return time % 60 != 0; });
+    };
+    return haveSeconds(sheet.sums()) ||
+           std::ranges::any_of(sheet.rows(), haveSeconds, &TimeSheet::Row::cells);
 }
 
 QString TimeSheetForms::period(const TimeSheet& sheet) {
@@ -114,7 +125,9 @@ std::unique_ptr<QTextDocument> TimeSheetForms::document(const SheetPage& page) {
     if (!page.name.isEmpty())
         html += paragraph(page.name, "font-size:11pt; font-weight:bold;");
     // Tables have no margin of their own.
-    html += paragraph(QStringLiteral("\u00a0"), "font-size:4pt;") + htmlTable(page);
+    html += paragraph(QStringLiteral("\u00a0"), "font-size:4pt;") + htmlTable(table(page), page.sheet.days());
+    if (const QString text = sharingText(page.sheet); !text.isEmpty())
+        html += paragraph(text);
     if (page.sheet.measured() != page.sheet.sum())
         html += paragraph(
             localized("Measured: %@")
@@ -147,33 +160,19 @@ QByteArray TimeSheetForms::pdf(const SheetPage& page) {
 }
 
 QByteArray TimeSheetForms::csv(const SheetPage& page) {
-    QByteArray text;
-    for (const QStringList& row :
-         tableOf(page.sheet, [](qint64 time) { return ReportFormats::durationText(time * 1000); })) {
-        QByteArrayList cells;
-        for (const QString& cell : row)
-            cells << ReportFormats::csvCell(cell);
-        text += cells.join(',') + "\r\n";
-    }
-    return text;
+    return spreadsheet(
+               tableOf(page.sheet, [](qint64 time) { return ReportFormats::durationText(time * 1000); }))
+        .csv();
 }
 
 std::unique_ptr<QMimeData> TimeSheetForms::copy(const SheetPage& page) {
-    const QList<QStringList> rows = table(page);
-    QString text;
-    RtfTable rtf(int(rows.front().size()), rows.front());
-    for (const QStringList& row : rows) {
-        QStringList cells;
-        for (const QString& cell : row)
-            cells << ReportFormats::disarmed(cell);
-        text += cells.join(u'\t') + u'\n';
-        if (&row != &rows.front())
-            rtf.add(row);
-    }
-    auto forms = std::make_unique<QMimeData>();
-    forms->setText(text);
+    QList<QStringList> rows = table(page);
+    auto forms = spreadsheet(rows).copied(true);
+    for (QStringList& row : rows)
+        for (QString& cell : row)
+            cell = ReportFormats::disarmed(cell);
+    // With the lines and sides that the page has.
     forms->setHtml(QStringLiteral("<html><head><meta charset=\"utf-8\"></head><body>%1</body></html>")
-                       .arg(htmlTable(page)));
-    forms->setData(QStringLiteral("text/rtf"), std::move(rtf).finished());
+                       .arg(htmlTable(rows, page.sheet.days())));
     return forms;
 }

@@ -28,6 +28,8 @@ namespace TimeSheetForms {
 QStringList heads(const TimeSheet& sheet);
 // A time in seconds as the page shows it: "7:30", "7.50", or "7:30:15" where nothing is rounded. Empty for no time.
 QString timeText(qint64 seconds, const SheetPage& page, bool hasSeconds);
+// The line that says why the rows have more than their sum; empty where they have not.
+QString sharingText(const TimeSheet& sheet);
 // Whether any time has seconds.
 bool hasSeconds(const TimeSheet& sheet);
 // "16/11/2026 – 22/11/2026".
@@ -43,7 +45,7 @@ QPageLayout pageLayout();
 QByteArray pdf(const SheetPage& page);
 // For spreadsheets: RFC 4180 in UTF-8, times as [H]:MM:SS.
 QByteArray csv(const SheetPage& page);
-// The table as text with tabs, as HTML and as Rich Text. Belongs to the caller.
+// The table as HTML, as Rich Text, and as text with tabs. No name is taken for a formula. Belongs to the caller.
 std::unique_ptr<QMimeData> copy(const SheetPage& page);
 
 } // namespace TimeSheetForms

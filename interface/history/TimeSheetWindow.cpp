@@ -44,7 +44,8 @@ TimeSheetWindow::TimeSheetWindow(UserDefaults& defaults, Alerts& alerts, QString
     , m_alerts(alerts)
     , m_documents(std::move(documents))
     , m_table(new QStandardItemModel(this))
-    , m_view(named(new QTableView, QStringLiteral("timeSheet"))) {
+    , m_view(named(new QTableView, QStringLiteral("timeSheet")))
+    , m_sharing(named(new PlainLabel, QStringLiteral("sharedTime"))) {
     named(this, QStringLiteral("timeSheetWindow"));
     setWindowTitle(localized("Time Sheet"));
     setAccessibleName(windowTitle());
@@ -58,6 +59,8 @@ TimeSheetWindow::TimeSheetWindow(UserDefaults& defaults, Alerts& alerts, QString
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(makeChoices());
     rows->addWidget(m_view, 1);
+    m_sharing->setWordWrap(true);
+    rows->addWidget(m_sharing);
     rows->addWidget(makeWords());
     rows->addWidget(makeButtons());
     restoreChoices();
@@ -175,6 +178,8 @@ void TimeSheetWindow::refresh() {
         box->setEnabled(m_minutes->currentIndex() > 0);
     const SheetPage shown = page();
     setWindowTitle(localized("Time Sheet") + QStringLiteral(" – ") + TimeSheetForms::period(shown.sheet));
+    m_sharing->setText(TimeSheetForms::sharingText(shown.sheet));
+    m_sharing->setVisible(!m_sharing->text().isEmpty());
     const QList<QStringList> rows = TimeSheetForms::table(shown);
     m_table->clear();
     m_table->setHorizontalHeaderLabels(rows.front());

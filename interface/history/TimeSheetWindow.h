@@ -7,6 +7,7 @@
 
 class Alerts;
 class QComboBox;
+class PlainLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QStandardItemModel;
@@ -45,6 +46,7 @@ private:
     QString m_documents;
     QStandardItemModel* m_table;
     QTableView* m_view;
+    PlainLabel* m_sharing;
     QComboBox* m_minutes = nullptr;
     QComboBox* m_to = nullptr;
     QComboBox* m_of = nullptr;

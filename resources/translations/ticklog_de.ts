@@ -1907,5 +1907,9 @@
         <source>The history cannot be read at the moment.</source>
         <translation>Der Verlauf kann gerade nicht gelesen werden.</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of their rows.</source>
+        <translation>Zeit, die zu mehreren Projekten gehört, steht in jeder ihrer Zeilen.</translation>
+    </message>
 </context>
 </TS>

@@ -1907,5 +1907,9 @@
         <source>The history cannot be read at the moment.</source>
         <translation>El historial no se puede leer en este momento.</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of their rows.</source>
+        <translation>El tiempo que pertenece a varios proyectos está en la fila de cada uno.</translation>
+    </message>
 </context>
 </TS>

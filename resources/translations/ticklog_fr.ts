@@ -1907,5 +1907,9 @@
         <source>The history cannot be read at the moment.</source>
         <translation>L’historique ne peut pas être lu pour l’instant.</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of their rows.</source>
+        <translation>Le temps qui appartient à plusieurs projets figure dans la ligne de chacun.</translation>
+    </message>
 </context>
 </TS>

@@ -1907,5 +1907,9 @@
         <source>The history cannot be read at the moment.</source>
         <translation>現在、履歴を読み込めません。</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of their rows.</source>
+        <translation>複数のプロジェクトに属する時間は、それぞれの行に含まれています。</translation>
+    </message>
 </context>
 </TS>

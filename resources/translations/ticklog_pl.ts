@@ -1907,5 +1907,9 @@
         <source>The history cannot be read at the moment.</source>
         <translation>Historii nie można teraz odczytać.</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of their rows.</source>
+        <translation>Czas należący do kilku projektów jest w wierszu każdego z nich.</translation>
+    </message>
 </context>
 </TS>

@@ -55,9 +55,9 @@ protected:
     static TimeSheet week() {
         const QDate monday(2026, 11, 16);
         return TimeSheet(
-            {{monday, {}, {{QStringLiteral("Meier, Sons"), 5'415'000}}},
+            {{monday, {{QStringLiteral("Mail"), 5'415'000}}, {{QStringLiteral("Meier, Sons"), 5'415'000}}},
              {monday.addDays(1),
-              {},
+              {{QStringLiteral("Mail"), 93'600'000}},
               {{QStringLiteral("Meier, Sons"), 3'600'000}, {QStringLiteral("=Huber"), 90'000'000}}}},
             monday, monday.addDays(6), {});
     }

@@ -94,7 +94,21 @@ TEST_F(TimeSheetWindowTest, theCopy_hasAllFormsAndNoFormula) {
     const QMimeData* forms = QGuiApplication::clipboard()->mimeData();
     EXPECT_TRUE(forms->text().contains(QStringLiteral("\nMeier & Sons\t1:00:00\t0:30:10\t")));
     EXPECT_TRUE(forms->html().contains(QStringLiteral("Meier &amp; Sons")));
-    EXPECT_TRUE(forms->data(QStringLiteral("text/rtf")).startsWith("{\\rtf1"));
+    for (const char* name : {"text/rtf", "application/rtf"})
+        EXPECT_TRUE(forms->data(QLatin1String(name)).startsWith("{\\rtf1")) << name;
+    EXPECT_EQ(forms->data(QStringLiteral("text/tab-separated-values")), forms->text().toUtf8());
+}
+
+TEST_F(TimeSheetWindowTest, aProjectThatIsNamedLikeAFormula_isCopiedAsText) {
+    aWeek();
+    const ProjectList::Project project = controller.projects().projects().front();
+    controller.projects().setLabel(*project, QStringLiteral("=SUM(A1)"));
+    controller.saveSettingsToDisk();
+    command(historyActions().timeSheet);
+    sheet().copy();
+    const QMimeData* forms = QGuiApplication::clipboard()->mimeData();
+    EXPECT_TRUE(forms->text().contains(QStringLiteral("\n'=SUM(A1)\t"))) << qPrintable(forms->text());
+    EXPECT_FALSE(forms->html().contains(QStringLiteral(">=SUM")));
 }
 
 TEST_F(TimeSheetWindowTest, theCsv_isASpreadsheetsTable) {
@@ -130,6 +144,29 @@ TEST_F(TimeSheetWindowTest, thePdf_isReadByAnotherProgram) {
     ASSERT_GE(pages.size(), 2);
     for (qsizetype number = 1; number <= pages.size(); ++number)
         EXPECT_EQ(pages[number - 1].trimmed().section(u'\n', -1).trimmed(), QString::number(number));
+}
+
+TEST_F(TimeSheetWindowTest, timeOfTwoProjects_countsOnceInTheSumsAndTheSheetSaysSo) {
+    aWeek();
+    auto* note = sheet().findChild<QLabel*>(QStringLiteral("sharedTime"));
+    EXPECT_FALSE(note->isVisible());
+    const Identity mail = *(*controller.tracker().fullTimeSet().begin())->uuid();
+    const auto second = controller.projects().addNewProjectWithItems({mail});
+    controller.projects().setLabel(*second, QStringLiteral("Letters"));
+    controller.saveSettingsToDisk();
+    command(historyActions().timeSheet);
+    EXPECT_EQ(shown(), QStringLiteral("Letters|1:00:00|0:30:10||||||1:30:10\n"
+                                      "Meier & Sons|1:00:00|0:30:10||||||1:30:10\n"
+                                      "No Project||0:10:00||||||0:10:00\n"
+                                      "Sum|1:00:00|0:40:10||||||1:40:10"));
+    EXPECT_TRUE(note->isVisible());
+    const QString said = QStringLiteral("Time that belongs to several projects is in each of their rows.");
+    EXPECT_EQ(note->text(), said);
+    EXPECT_TRUE(TimeSheetForms::document(sheet().page())->toPlainText().contains(said));
+    choose("roundingMinutes", 3);
+    EXPECT_TRUE(TimeSheetForms::document(sheet().page())
+                    ->toPlainText()
+                    .contains(QStringLiteral("Measured: 1:40:10")));
 }
 
 TEST_F(TimeSheetWindowTest, aSingleDay_opensTheWeekAroundIt) {

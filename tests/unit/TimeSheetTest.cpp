@@ -13,10 +13,15 @@ using To = SheetRounding::To;
 
 const QDate kMonday(2026, 11, 16);
 
-RangeAnswer::Bar day(int number, std::vector<std::pair<const char*, int>> projects) {
+// `shared` seconds of the day belong to two of the projects.
+RangeAnswer::Bar day(int number, std::vector<std::pair<const char*, int>> projects, int shared = 0) {
     RangeAnswer::Bar bar{.first = kMonday.addDays(number), .programs = {}, .projects = {}};
-    for (const auto& [name, seconds] : projects)
+    qint64 work = -shared * qint64(1000);
+    for (const auto& [name, seconds] : projects) {
         bar.projects.push_back({QString::fromUtf8(name), seconds * qint64(1000)});
+        work += seconds * qint64(1000);
+    }
+    bar.programs.push_back({QStringLiteral("Mail"), work});
     return bar;
 }
 
@@ -98,6 +103,49 @@ TEST(TimeSheetTest, whateverTheTimes_aRoundedDayAddsUpBothWays) {
         for (const auto& row : week.rows())
             for (const qint64 cell : row.cells)
                 EXPECT_EQ(cell % (rounding.minutes * 60), 0);
+    }
+}
+
+TEST(TimeSheetTest, timeOfSeveralProjects_isInEachRowAndCountsOnceInTheSums) {
+    const TimeSheet week = sheet({day(0, {{"A", 60}, {"B", 45}}, 45), day(1, {{"A", 30}, {"B", 20}})});
+    EXPECT_EQ(textOf(week), QStringLiteral("A 60 30 0 0 0 0 0 = 90; B 45 20 0 0 0 0 0 = 65"));
+    EXPECT_EQ(week.sums(), (std::vector<qint64>{60, 50, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(week.sum(), 110);
+    EXPECT_EQ(week.measured(), 110);
+    EXPECT_TRUE(week.hasSharedTime());
+    EXPECT_FALSE(sheet({day(0, {{"A", 60}, {"B", 45}})}).hasSharedTime());
+}
+
+TEST(TimeSheetTest, sharedTimeOnOtherDays_isNotTheSheetsAffair) {
+    EXPECT_FALSE(sheet({day(-1, {{"A", 60}, {"B", 45}}, 45), day(0, {{"A", 60}})}).hasSharedTime());
+}
+
+TEST(TimeSheetTest, roundedCellsOfSharedTime_haveTheRoundedDayAsTheirSum) {
+    const SheetRounding up{.minutes = 15, .to = To::Up, .of = Of::Cell};
+    const TimeSheet week = sheet({day(0, {{"A", 50 * 60}, {"B", 40 * 60}}, 40 * 60)}, up);
+    EXPECT_EQ(textOf(week), QStringLiteral("A 3600 0 0 0 0 0 0 = 3600; B 2700 0 0 0 0 0 0 = 2700"));
+    EXPECT_EQ(week.sum(), 3600);
+    EXPECT_EQ(week.measured(), 50 * 60);
+}
+
+TEST(TimeSheetTest, whateverIsShared_aRoundedSumIsNoLessThanACellAndNoMoreThanAll) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 2000; ++round) {
+        const SheetRounding rounding{.minutes = std::vector{0, 6, 15, 30}[random() % 4],
+                                     .to = To(random() % 2),
+                                     .of = Of(random() % 2)};
+        const int a = 60 + int(random() % 4000);
+        const int b = 60 + int(random() % 4000);
+        const int shared = 1 + int(random() % unsigned(std::min(a, b)));
+        const TimeSheet week = sheet({day(0, {{"A", a}, {"B", b}}, shared)}, rounding);
+        const qint64 sum = week.sums().front();
+        const qint64 first = week.rows()[0].cells.front();
+        const qint64 second = week.rows()[1].cells.front();
+        EXPECT_EQ(week.measured(), a + b - shared);
+        EXPECT_EQ(sum, week.sum());
+        EXPECT_GE(sum, std::max(first, second)) << a << ' ' << b << ' ' << shared;
+        EXPECT_LE(sum, first + second) << a << ' ' << b << ' ' << shared;
+        EXPECT_EQ(sum, std::min(roundedTime(a + b - shared, rounding), first + second));
     }
 }
 
