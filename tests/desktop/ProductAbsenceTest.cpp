@@ -49,7 +49,15 @@ public:
     // The absence begins with it, and ends.
     void touch() { ASSERT_TRUE(desk.run(u"xdotool"_s, {u"key"_s, u"shift"_s})); }
 
-    // "Writer Meier 60" in minutes: what ticklog-report says of this program and project; empty for nothing.
+    // Answers the first notice. Whoever presses before the program knows its number presses again.
+    void press(const char* button) {
+        EXPECT_TRUE(waitFor([&] {
+            notices.ask(("press 7 " + std::string(button)).c_str());
+            return notices.ask("closed") == u"7"_s;
+        })) << button;
+    }
+
+    // The seconds that ticklog-report tells of this program and project; empty for none.
     QString reported(const QString& program, const QString& project) const {
         QProcess report;
         report.setProcessEnvironment(desk.environment());
@@ -90,8 +98,8 @@ TEST(ProductAbsenceTest, anAbsence_isAskedAboutOnlyWhereThatIsWished_andBookedAs
             person->notices.hear(),
             u"7 0 You were away for 1 minute [project, Meier, break, Break, default, Say…, say, Say…]"_s);
     EXPECT_TRUE(working.notices.ask("body").endsWith(u"What was it?"_s));
-    working.notices.ask("press 7 project");
-    eating.notices.ask("press 7 break");
+    working.press("project");
+    eating.press("break");
     EXPECT_TRUE(waitFor([&] { return !working.reported(u"By Hand"_s, u"Meier"_s).isEmpty(); }))
         << working.printed();
     EXPECT_NEAR(working.reported(u"By Hand"_s, u"Meier"_s).toDouble(), away, 4) << working.printed();
@@ -101,7 +109,8 @@ TEST(ProductAbsenceTest, anAbsence_isAskedAboutOnlyWhereThatIsWished_andBookedAs
         EXPECT_NEAR(person->reported(u"Idle"_s, u".*"_s).toDouble(), away, 4) << person->printed();
         EXPECT_TRUE(person->reported(u"By Hand"_s, u".*"_s).isEmpty()) << person->printed();
     }
-    EXPECT_EQ(unasked.notices.ask("asked").toStdString(), "0") << "the desktop is not even asked what it can show";
+    EXPECT_EQ(unasked.notices.ask("asked").toStdString(), "0")
+        << "the desktop is not even asked what it can show";
 }
 
 } // namespace
