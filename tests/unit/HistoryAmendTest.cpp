@@ -201,6 +201,8 @@ TEST_F(HistoryAmendTest, whatIsTooOldByNow_isNotBroughtBack) {
     day.start();
     day.seconds(20);
     const auto forgotten = forgetLast(20);
+    day.fakes.runLoop.runPending();
+    ASSERT_EQ(forgotten->removed->rows.size(), 1U);
     day.fakes.clock.advance(std::chrono::hours(49));
     day.fakes.defaults.setObject(kHistoryDays, std::int64_t(1));
     day.fakes.runLoop.runPending();
