@@ -227,19 +227,22 @@ void TimeTracker::awakeFromSleep() {
 
 Seconds TimeTracker::totalTime() const {
     const std::lock_guard guard(m_timers.lock());
+    const auto isLeftOut = isLeftOutOfTotal();
+    Seconds total = 0;
+    for (const auto& app : m_timers.tree().applications())
+        if (!isLeftOut(*app))
+            total += app->TimeStoreNode::activeTime();
+    return total;
+}
+
+std::function<bool(const TimeStoreApp&)> TimeTracker::isLeftOutOfTotal() const {
     const bool countsSelf = m_services.defaults.boolForKey(kIncludeSelfInSumofTimes);
     const bool countsIdle = m_services.defaults.boolForKey(kIncludeIdleInSumofTimes);
-    Seconds total = 0;
-    for (const auto& app : m_timers.tree().applications()) {
-        // Ticklog itself is recognised by the name shown, Idle by its original name: a timer that the user
-        // has renamed to "Ticklog" is meant to be left out as well.
-        if (!countsSelf && app->isShownAs(kOwnName))
-            continue;
-        if (!countsIdle && app->isNamed(kIdleName))
-            continue;
-        total += app->TimeStoreNode::activeTime();
-    }
-    return total;
+    // Ticklog itself is recognised by the name shown, Idle by its original name: a timer that the user has
+    // renamed to "Ticklog" is meant to be left out as well.
+    return [countsSelf, countsIdle](const TimeStoreApp& app) {
+        return (!countsSelf && app.isShownAs(kOwnName)) || (!countsIdle && app.isNamed(kIdleName));
+    };
 }
 
 TimeStoreItem::Children TimeTracker::timeSet() const {

@@ -63,6 +63,8 @@ public:
     // The sum over all applications, in seconds. Leaves out Ticklog itself and Idle where the settings say
     // so.
     Seconds totalTime() const;
+    // Answers for an application whether it is left out of that sum, as the settings are now.
+    std::function<bool(const TimeStoreApp&)> isLeftOutOfTotal() const;
     // The applications that the search and the cut-off leave; all of them while neither is set.
     TimeStoreItem::Children timeSet() const;
 

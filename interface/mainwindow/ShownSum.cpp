@@ -61,15 +61,30 @@ QString ShownSum::text(int kind, SumMode* outMode) const {
 void ShownSum::refresh() {
     if (!m_window.isSeen())
         return;
-    if (!m_rows)
+    const bool areOthers = !m_rows;
+    if (areOthers)
         m_rows = rowsToSum(0);
     const Seconds time = timeOf(*m_rows);
     const double second = std::floor(time);
     const SumMode mode = m_rows->mode;
-    if (mode == m_lastMode && second == m_lastSecond)
+    if (!areOthers && second == m_lastSecond)
         return;
     m_lastSecond = second;
     m_window.sumBar().showSum(TimeTracker::timeStringForDouble(time));
-    if (std::exchange(m_lastMode, mode) != mode)
-        m_window.sumBar().showSumMode(sumImage(mode), sumCaption(mode));
+    QStringList leftOut = m_rows->isTotal ? leftOutOfTotal() : QStringList();
+    if (mode == m_lastMode && leftOut == m_lastLeftOut)
+        return;
+    m_lastMode = mode;
+    m_lastLeftOut = std::move(leftOut);
+    m_window.sumBar().showSumMode(sumImage(mode), sumCaption(mode, m_lastLeftOut));
+}
+
+// As people know them; those of which no second is shown are not missed.
+QStringList ShownSum::leftOutOfTotal() const {
+    QStringList names;
+    const auto isLeftOut = m_tracker.isLeftOutOfTotal();
+    for (const auto& app : m_tracker.fullTimeSet())
+        if (isLeftOut(*app) && app->activeTime() >= 1 && !names.contains(app->renamedName()))
+            names << app->renamedName();
+    return names;
 }

@@ -41,6 +41,7 @@ private:
 
     Rows rowsToSum(int kind) const;
     Seconds timeOf(const Rows& rows) const;
+    QStringList leftOutOfTotal() const;
 
     const TimeTracker& m_tracker;
     const MainWindow& m_window;
@@ -48,5 +49,6 @@ private:
     // The rows of the sum that is shown; absent when they must be determined again.
     std::optional<Rows> m_rows;
     SumMode m_lastMode = SumMode::None;
+    QStringList m_lastLeftOut;
     double m_lastSecond = -1;
 };

@@ -24,8 +24,6 @@ constexpr int kSumDigits = 11;
 constexpr int kCutoffDigits = 9;
 constexpr int kSmallestSlider = 60;
 constexpr int kLargestSlider = 180;
-// In pixels. If the bar is narrower, the words beside the numbers are hidden.
-constexpr int kRoomForWords = 430;
 
 int digitsWide(const QFont& font, int digits) {
     return QFontMetrics(font).horizontalAdvance(u'0') * digits;
@@ -45,6 +43,9 @@ SumBar::SumBar(QWidget* parent)
     m_cutoff->setMaximumWidth(kLargestSlider);
     nameCutoff();
     m_cutoffCaption->setForegroundRole(QPalette::PlaceholderText);
+    // Where there is no room for them, the words beside the numbers are hidden.
+    for (QLabel* words : {m_cutoffCaption, static_cast<QLabel*>(m_timeSumCaption)})
+        words->setMinimumWidth(1);
     m_cutOffValueDisplay->setMinimumWidth(digitsWide(font(), kCutoffDigits));
     m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);
     m_timeSumCaption->setToolTip(localized("Copies the sum in words"));
@@ -100,11 +101,27 @@ void SumBar::showSumMode(const QString& image, const QString& caption) {
     m_timeSumIcon->setVisible(!icon.isNull());
     m_timeSumCaption->setText(caption);
     m_timeSum->setAccessibleDescription(caption);
+    fitWords();
 }
 
 void SumBar::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    const bool hasRoom = width() >= kRoomForWords;
-    m_cutoffCaption->setVisible(hasRoom);
-    m_timeSumCaption->setVisible(hasRoom);
+    fitWords();
+}
+
+void SumBar::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitWords();
+}
+
+// The kind of sum matters more than the word for the cut-off.
+void SumBar::fitWords() {
+    const int gap = layout()->spacing();
+    const int forNumbers = 2 * kMargin + kSmallestSlider + m_cutOffValueDisplay->minimumWidth() + kGap +
+                           kIconSize + m_timeSum->width() + 5 * gap;
+    const int forKind = m_timeSumCaption->sizeHint().width();
+    const int forCutoff = m_cutoffCaption->sizeHint().width() + gap;
+    m_timeSumCaption->setVisible(width() >= forNumbers + forKind);
+    m_cutoffCaption->setVisible(width() >= forNumbers + forKind + forCutoff);
 }

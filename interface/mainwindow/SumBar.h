@@ -31,9 +31,11 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void nameCutoff();
+    void fitWords();
 
     CutoffSlider* m_cutoff;
     QLabel* m_cutoffCaption;

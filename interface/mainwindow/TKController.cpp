@@ -98,6 +98,7 @@ TKProjectController::MainController TKController::projectServices() {
 
 void TKController::reload() {
     m_engine.tracker().userDefaultsChanged();
+    m_shown.sum().forgetRows();
     refreshTimeSum();
 }
 

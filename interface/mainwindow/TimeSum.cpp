@@ -8,6 +8,24 @@
 #include <iterator>
 #include <unordered_set>
 
+namespace {
+
+QString totalCaption(const QStringList& leftOut) {
+    if (leftOut.isEmpty())
+        return localized("Total");
+    QString text = leftOut.size() == 1 ? localized("Total without %@") : localized("Total without %@ and %@");
+    qsizetype place = 0;
+    for (const QString& name : leftOut.first(std::min<qsizetype>(leftOut.size(), 2))) {
+        // A name may look like the next place.
+        place = text.indexOf(QLatin1String("%@"), place);
+        text.replace(place, 2, name);
+        place += name.size();
+    }
+    return text;
+}
+
+} // namespace
+
 TimeStoreItem::Children withoutDoubleCounting(TimeStoreItem::Children rows) {
     std::unordered_set<const TimeStoreNode*> counted;
     for (const auto& row : rows)
@@ -58,10 +76,10 @@ QString sumImage(SumMode mode) {
     return {};
 }
 
-QString sumCaption(SumMode mode) {
+QString sumCaption(SumMode mode, const QStringList& leftOut) {
     switch (mode) {
     case SumMode::Total:
-        return localized("Total");
+        return totalCaption(leftOut);
     case SumMode::Project:
         return localized("Project");
     case SumMode::Selected:

@@ -3,6 +3,8 @@
 
 #include "Classes/store/TimeStoreItem.h"
 
+#include <QStringList>
+
 // What a sum includes.
 enum class SumMode : std::uint32_t { None = 0, Total, Project, Selected, Found, FoundInSelection };
 
@@ -15,7 +17,7 @@ Seconds summedTime(const TimeStoreItem::Children& rows);
 
 // The picture beside a sum; empty if it has none.
 QString sumImage(SumMode mode);
-// The word beside a sum, in the user's language.
-QString sumCaption(SumMode mode);
+// The word beside a sum, in the user's language. A total also names what it leaves out, at most two timers.
+QString sumCaption(SumMode mode, const QStringList& leftOut = {});
 // Both on two lines, in the user's language.
 QString sumTitle(SumMode mode, const QString& time);

@@ -1911,5 +1911,13 @@
         <source>Time that belongs to several projects is in each of their rows.</source>
         <translation>Zeit, die zu mehreren Projekten gehört, steht in jeder ihrer Zeilen.</translation>
     </message>
+    <message>
+        <source>Total without %@</source>
+        <translation>Gesamt ohne %@</translation>
+    </message>
+    <message>
+        <source>Total without %@ and %@</source>
+        <translation>Gesamt ohne %@ und %@</translation>
+    </message>
 </context>
 </TS>

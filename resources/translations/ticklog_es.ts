@@ -1911,5 +1911,13 @@
         <source>Time that belongs to several projects is in each of their rows.</source>
         <translation>El tiempo que pertenece a varios proyectos está en la fila de cada uno.</translation>
     </message>
+    <message>
+        <source>Total without %@</source>
+        <translation>Total sin %@</translation>
+    </message>
+    <message>
+        <source>Total without %@ and %@</source>
+        <translation>Total sin %@ ni %@</translation>
+    </message>
 </context>
 </TS>

@@ -1911,5 +1911,13 @@
         <source>Time that belongs to several projects is in each of their rows.</source>
         <translation>Le temps qui appartient à plusieurs projets figure dans la ligne de chacun.</translation>
     </message>
+    <message>
+        <source>Total without %@</source>
+        <translation>Total sans %@</translation>
+    </message>
+    <message>
+        <source>Total without %@ and %@</source>
+        <translation>Total sans %@ et %@</translation>
+    </message>
 </context>
 </TS>

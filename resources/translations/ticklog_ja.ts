@@ -1911,5 +1911,13 @@
         <source>Time that belongs to several projects is in each of their rows.</source>
         <translation>複数のプロジェクトに属する時間は、それぞれの行に含まれています。</translation>
     </message>
+    <message>
+        <source>Total without %@</source>
+        <translation>合計（%@ を除く）</translation>
+    </message>
+    <message>
+        <source>Total without %@ and %@</source>
+        <translation>合計（%@ と %@ を除く）</translation>
+    </message>
 </context>
 </TS>

@@ -1911,5 +1911,13 @@
         <source>Time that belongs to several projects is in each of their rows.</source>
         <translation>Czas należący do kilku projektów jest w wierszu każdego z nich.</translation>
     </message>
+    <message>
+        <source>Total without %@</source>
+        <translation>Razem bez: %@</translation>
+    </message>
+    <message>
+        <source>Total without %@ and %@</source>
+        <translation>Razem bez: %@ i %@</translation>
+    </message>
 </context>
 </TS>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the sum below the rows adds up, and how it is labelled.
+#include "Classes/common/Settings.h"
+#include "interface/outline/TKAppDisplayFormatter.h"
 #include "interface/shell/Images.h"
 #include "tests/interface/ProjectDesk.h"
 
@@ -42,6 +44,59 @@ struct SumModesTest : testing::Test, ProjectDesk {
 TEST_F(SumModesTest, allTimersWithoutASelection_areTheTotal) {
     EXPECT_EQ(shown("sidebar-time-total"), "00:03:10 Total");
     EXPECT_EQ(title(), "total\n00:03:10");
+}
+
+TEST_F(SumModesTest, aTotalThatLeavesSomethingOut_namesIt) {
+    account("Idle", 100);
+    account("Ticklog", 7);
+    controller.refreshTimeSum();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:03:17 Total without Idle");
+    fakes.defaults.setObject(kIncludeSelfInSumofTimes, false);
+    settle();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:03:10 Total without Idle and Ticklog");
+    fakes.defaults.setObject(kIncludeIdleInSumofTimes, true);
+    settle();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:04:50 Total without Ticklog");
+    select({row("Idle")});
+    EXPECT_EQ(shown("sidebar-time-selection"), "00:01:40 Selected");
+    controller.deselectAll();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:04:50 Total without Ticklog");
+    fakes.defaults.setObject(kIncludeSelfInSumofTimes, true);
+    settle();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:04:57 Total");
+}
+
+TEST_F(SumModesTest, whatIsLeftOut_isNamedAsItsRowIs) {
+    account("Idle", 100);
+    const auto idle = table().itemAt(row("Idle"));
+    idle->setRenamedNameFormatted(TKAppDisplayFormatter::objectValueForString(QStringLiteral("%@ away")));
+    account("Ticklog", 7);
+    fakes.defaults.setObject(kIncludeSelfInSumofTimes, false);
+    settle();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:03:10 Total without %@ away and Ticklog");
+}
+
+TEST_F(SumModesTest, timeOfWhichNoSecondIsShown_isNotSaidToBeLeftOut) {
+    account("Idle", 0.9);
+    controller.refreshTimeSum();
+    EXPECT_EQ(shown("sidebar-time-total"), "00:03:10 Total");
+}
+
+TEST_F(SumModesTest, wordsWithoutRoom_giveWayToTheTime) {
+    account("Idle", 100);
+    account("Ticklog", 7);
+    fakes.defaults.setObject(kIncludeSelfInSumofTimes, false);
+    const auto isShown = [&](const char* name) {
+        return controller.window().findChild<QLabel*>(QLatin1String(name))->isVisible();
+    };
+    controller.window().resize(1000, 500);
+    settle();
+    EXPECT_TRUE(isShown("timeSumCaption") && isShown("cutOffCaption"));
+    controller.window().resize(controller.window().minimumSize());
+    settle();
+    EXPECT_LE(controller.window().width(), 480) << "long words do not widen the window";
+    EXPECT_FALSE(isShown("timeSumCaption") || isShown("cutOffCaption"));
+    EXPECT_EQ(str(sumShown()), "00:03:10");
 }
 
 TEST_F(SumModesTest, aProjectWithoutASelection_isTheSumOfItsTopRows) {
