@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # translations.sh LUPDATE: updates resources/translations from the texts in the sources. New texts are added
-# untranslated, texts that are no longer shown are removed, translations are kept.
+# untranslated, texts that are no longer shown are removed, translations are kept. The English catalogue is kept by
+# hand: it has only the texts that people read otherwise than the sources have them.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -13,6 +14,7 @@ find Classes app helpers interface platform \( -name '*.cpp' -o -name '*.h' \) -
   while IFS= read -r -d '' text; do printf 'QT_TRANSLATE_NOOP("Ticklog", %s);\n' "$text"; done >"$texts"
 
 for catalogue in resources/translations/ticklog_*.ts; do
+  [[ $catalogue = *_en.ts ]] && continue
   # Without heuristics: a similar text may mean something else.
   "$1" -silent -locations none -no-obsolete -no-ui-lines -disable-heuristic sametext -disable-heuristic similartext \
     "$texts" -ts "$catalogue"

@@ -133,6 +133,25 @@ TEST_P(TranslationsTest, hasEveryTextOfTheSourcesAndNoOther) {
         ADD_FAILURE() << qPrintable(key) << "\n  is shown no longer: run ./dev translations";
 }
 
+TEST(EnglishTranslations, haveTextsOfTheSourcesThatReadOtherwise) {
+    const QSet<QString> wanted = keysInTheSources();
+    for (const Message& message : messagesIn(u"en"_s)) {
+        EXPECT_TRUE(wanted.contains(message.key)) << qPrintable(message.key) << "\n  is shown no longer";
+        EXPECT_NE(message.text, message.key);
+        EXPECT_EQ(message.state, QString()) << qPrintable(message.key);
+        EXPECT_EQ(acceleratorsIn(message.text), acceleratorsIn(message.key)) << qPrintable(message.text);
+        EXPECT_EQ(found(u"%(@|ld|n|\\d)"_s, message.text), found(u"%(@|ld|n|\\d)"_s, message.key));
+    }
+}
+
+TEST(EnglishTranslations, areThereForWhoeverReadsEnglishOrNoLanguageThatThereIs) {
+    for (const QStringList& languages : {QStringList{u"en-GB"_s}, QStringList{u"C"_s}, QStringList()}) {
+        const Translations english(languages);
+        EXPECT_EQ(localized("Hide Dock Icon"), u"Hide from Task Bar"_s);
+        EXPECT_EQ(localized("Quit"), u"Quit"_s);
+    }
+}
+
 TEST_P(TranslationsTest, leavesNothingUntranslated) {
     forEveryText([](const Message& message) {
         EXPECT_EQ(message.state, QString()) << qPrintable(message.key);

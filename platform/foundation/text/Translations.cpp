@@ -21,17 +21,20 @@ QString languageOf(const QString& name) {
 
 Translations::Translations(const QStringList& languages)
     : m_language(kEnglish) {
-    for (const QString& name : languages) {
-        const QString language = languageOf(name);
-        if (language == kEnglish)
+    for (const QString& name : languages)
+        if (take(languageOf(name)))
             return;
-        if (!m_ours.load(QStringLiteral(":/translations/ticklog_") + language + QStringLiteral(".qm")))
-            continue;
-        m_language = language;
-        QCoreApplication::installTranslator(&m_ours);
-        if (m_qts.load(QStringLiteral("qtbase_") + language,
-                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-            QCoreApplication::installTranslator(&m_qts);
-        return;
-    }
+    take(kEnglish);
+}
+
+bool Translations::take(const QString& language) {
+    if (!m_ours.load(QStringLiteral(":/translations/ticklog_") + language + QStringLiteral(".qm")))
+        return false;
+    m_language = language;
+    QCoreApplication::installTranslator(&m_ours);
+    // Qt's own texts are English.
+    if (language != kEnglish &&
+        m_qts.load(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&m_qts);
+    return true;
 }

@@ -9,14 +9,16 @@
 // language. Main thread only.
 class Translations {
 public:
-    // Uses the first of `languages` that exists ("de-AT"; the most wanted first, as in QLocale::uiLanguages).
-    // English is built in, so a user who prefers English does not get the next language in the list.
+    // Uses the first of `languages` that exists ("de-AT"; the most wanted first, as in QLocale::uiLanguages),
+    // else English. The English catalogue has only the texts that differ from their keys.
     explicit Translations(const QStringList& languages);
 
     // "de"; "en" if none of the languages exists.
     const QString& language() const { return m_language; }
 
 private:
+    bool take(const QString& language);
+
     QString m_language;
     QTranslator m_ours;
     QTranslator m_qts;
