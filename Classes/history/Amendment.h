@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -36,11 +37,32 @@ struct Amendment {
         std::int64_t to;
     };
 
+    // A program's time under one title, as it is recorded.
+    struct Whose {
+        QString program;
+        QString title;
+
+        friend std::strong_ordering operator<=>(const Whose&, const Whose&) = default;
+    };
+
     Kind kind = Kind::Change;
     std::vector<Piece> pieces = {};
+    // What of the pieces is changed; all of it without any. After the clock was set back, several were in front at
+    // the same time, and a piece alone does not tell them apart.
+    std::vector<Whose> only = {};
     std::optional<QString> name = {};
     // Its identity is from ProjectList::historyIdentity().
     std::optional<RowProject> project = {};
     // The project's name, by which it is found when its identity is lost with the file of projects.
     QString projectName = {};
+};
+
+// When chosen stretches of the past were, and whose they are.
+struct ChosenTimes {
+    bool isEmpty() const { return pieces.empty(); }
+
+    // In order of time.
+    std::vector<Amendment::Piece> pieces = {};
+    // As for an Amendment.
+    std::vector<Amendment::Whose> only = {};
 };

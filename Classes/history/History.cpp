@@ -303,12 +303,12 @@ void History::forget(const HistoryChange::Forgotten& what, std::function<void(bo
     change(what);
 }
 
-std::shared_ptr<ForgottenPieces> History::forgetPieces(const std::vector<Amendment::Piece>& pieces) {
+std::shared_ptr<ForgottenPieces> History::forgetTimes(const ChosenTimes& times) {
     // Without a piece, all of the past would be meant.
-    if (!m_listening || pieces.empty())
+    if (!m_listening || times.isEmpty())
         return nullptr;
     HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
-    what.pieces = pieces;
+    what.times = times;
     what.removed = std::make_shared<RemovedRows>();
     auto forgotten = std::make_shared<ForgottenPieces>(ForgottenPieces{what.removed, {}});
     m_forgotten.push_back(forgotten);
@@ -344,10 +344,7 @@ void History::holdRules(const PropertyListValue& rules, const std::optional<Iden
 
 std::optional<std::int64_t> History::amend(const Amendment& amendment) {
     Amendment past = amendment;
-    const std::int64_t end = pastEnd();
-    for (Amendment::Piece& piece : past.pieces)
-        piece.to = std::min(piece.to, end);
-    std::erase_if(past.pieces, [](const Amendment::Piece& piece) { return piece.from >= piece.to; });
+    past.pieces = pastOf(std::move(past.pieces));
     if (past.name)
         past.name = cleanText(*past.name).trimmed();
     if (!m_listening || past.pieces.empty())
@@ -358,9 +355,13 @@ std::optional<std::int64_t> History::amend(const Amendment& amendment) {
 }
 
 // What is still to come will be measured, and so will what has passed since the last tick.
-std::int64_t History::pastEnd() const {
+std::vector<Amendment::Piece> History::pastOf(std::vector<Amendment::Piece> pieces) const {
     const auto told = m_recorder.recordedTo();
-    return told && *told <= now() && now() - *told < kJustTold ? *told : now();
+    const std::int64_t end = told && *told <= now() && now() - *told < kJustTold ? *told : now();
+    for (Amendment::Piece& piece : pieces)
+        piece.to = std::min(piece.to, end);
+    std::erase_if(pieces, [](const Amendment::Piece& piece) { return piece.from >= piece.to; });
+    return pieces;
 }
 
 void History::takeBack(std::int64_t amendment) {

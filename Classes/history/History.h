@@ -44,6 +44,8 @@ public:
     // "History.sqlite" in the folder of the user's account.
     static QString pathIn(const QString& applicationSupport);
     const QString& path() const { return m_path; }
+    // Whether the user wants one.
+    bool isWanted() const { return m_days >= 0; }
     // Whether a history is kept.
     bool isKept() const { return m_listening.has_value(); }
 
@@ -65,14 +67,16 @@ public:
     // the store is deleted too, so the caller must save the store. `told` hears false whenever that could not
     // be done yet, and in the end true, once: when nothing of it is in any file.
     void forget(const HistoryChange::Forgotten& what, std::function<void(bool)> told = {});
-    // The same for pieces of the past, but they can be brought back as long as the answer lives and a history is
+    // The same for chosen times, but they can be brought back as long as the answer lives and a history is
     // kept; absent while none is.
-    std::shared_ptr<ForgottenPieces> forgetPieces(const std::vector<Amendment::Piece>& pieces);
+    std::shared_ptr<ForgottenPieces> forgetTimes(const ChosenTimes& times);
     // As they were, but for what happened meanwhile. Answers whether that can be.
     bool bringBack(const ForgottenPieces& forgotten);
     // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they
     // replace is replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
+    // What of the pieces is over, as far as it has been measured.
+    std::vector<Amendment::Piece> pastOf(std::vector<Amendment::Piece> pieces) const;
     // Has written down what a person says about the past, up to now. The timers and their totals stay what
     // they are. Answers by what takeBack() knows it; absent while no history is kept, or if nothing is said.
     std::optional<std::int64_t> amend(const Amendment& amendment);
@@ -106,7 +110,6 @@ private:
     bool decide();
     void pay(const HistoryDebts& debts);
     std::int64_t now() const;
-    std::int64_t pastEnd() const;
     void settingsChanged();
     void moved(const TimerMoves& moves);
     void merged(const Successions& successions);

@@ -88,8 +88,8 @@ struct Forgotten {
     std::optional<std::int64_t> to;
     // Whether `title` means all titles that contain it, upper or lower case.
     bool isTitlePart = false;
-    // Only what lies in one of these, if there are any. Without other conditions.
-    std::vector<Amendment::Piece> pieces = {};
+    // Only what lies in one of these, if there are any. Without the conditions above.
+    ChosenTimes times = {};
     // Gets what is removed from the pieces, so that it can be put back.
     std::shared_ptr<RemovedRows> removed = {};
 };

@@ -6,6 +6,7 @@
 
 #include <unordered_set>
 
+class MeantStretches;
 class TitleRules;
 
 // The history on the disk, open for writing. Makes the file if there is none, for the user alone, and brings
@@ -97,13 +98,13 @@ private:
     void owe(const OwedTime& to, std::int64_t length);
 
     void forget(const HistoryChange::Forgotten& what);
-    void forgetPiece(const Amendment::Piece& piece, RemovedRows* removed);
+    void forgetTimes(const ChosenTimes& times, RemovedRows* removed);
     void forgetOlder(const HistoryAge& age);
     void keep(const Key& key, RemovedRows& removed);
     void keepNames(const Before& what, RemovedRows& removed);
     Before numbersNow(const Before& then, const RemovedRows& removed, const TitleRules& rules);
     void cutAt(std::int64_t time);
-    std::vector<Key> keysIn(const Amendment::Piece& piece);
+    std::vector<Key> keysIn(const Amendment::Piece& piece, const MeantStretches& meant);
     void changeRow(const Key& key, const Amendment& amendment, std::int64_t made);
     void bookRow(const Key& key, const HistoryRow& booked, std::int64_t made);
     void bookGaps(const Amendment::Piece& piece, const HistoryRow& booked, std::int64_t made);

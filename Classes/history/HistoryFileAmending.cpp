@@ -2,6 +2,7 @@
 // What a person says about the past, and undoing that. A row that becomes another keeps its place, and what it
 // was is kept beside it, under the same key.
 #include "Classes/history/HistoryFile.h"
+#include "Classes/history/HistoryFinding.h"
 #include "Classes/history/LocalHours.h"
 
 #include <algorithm>
@@ -30,11 +31,12 @@ void HistoryFile::apply(const HistoryChange::Amended& change) {
     if (what.project && what.project->identity)
         sqliteRun(m_database, "INSERT OR REPLACE INTO projects VALUES (?, ?)",
                   what.project->identity->bytes(), what.projectName);
+    const MeantStretches meant(m_database, what.only);
     for (const Amendment::Piece& piece : what.pieces) {
         cutAt(piece.from);
         cutAt(piece.to);
         if (what.kind == Amendment::Kind::Change) {
-            for (const Key& key : keysIn(piece))
+            for (const Key& key : keysIn(piece, meant))
                 changeRow(key, what, made);
             continue;
         }
@@ -46,19 +48,21 @@ void HistoryFile::apply(const HistoryChange::Amended& change) {
                                 .timer = {.application = {}, .window = {}, .project = what.project},
                                 .presence = RowPresence::ByHand};
         bookGaps(piece, booked, made);
-        for (const Key& key : keysIn(piece))
+        for (const Key& key : keysIn(piece, meant))
             bookRow(key, booked, made);
     }
 }
 
-std::vector<HistoryFile::Key> HistoryFile::keysIn(const Amendment::Piece& piece) {
+std::vector<HistoryFile::Key> HistoryFile::keysIn(const Amendment::Piece& piece,
+                                                  const MeantStretches& meant) {
     std::vector<Key> keys;
     for (SqliteQuery row(m_database,
-                         "SELECT start, n FROM stretches JOIN timers ON timers.id = timer "
+                         "SELECT start, n, program, title FROM stretches JOIN timers ON timers.id = timer "
                          "WHERE start >= ? AND start < ? AND NOT deleted ORDER BY start, n",
                          piece.from, piece.to);
          row.next();)
-        keys.push_back({row.integer(0), row.integer(1)});
+        if (meant.have(row.integer(2), row.integer(3)))
+            keys.push_back({row.integer(0), row.integer(1)});
     return keys;
 }
 

@@ -42,13 +42,13 @@ void HistoryFile::forget(const HistoryChange::Forgotten& what) {
         cutAt(*what.from);
     if (what.to)
         cutAt(*what.to);
-    if (what.pieces.empty())
-        forgetRows(what);
     // A try that failed may have left something there.
     if (what.removed)
         *what.removed = {};
-    for (const Amendment::Piece& piece : what.pieces)
-        forgetPiece(piece, what.removed.get());
+    if (what.times.isEmpty())
+        forgetRows(what);
+    else
+        forgetTimes(what.times, what.removed.get());
     dropUnused();
     m_hasToEmpty = true;
 }
@@ -100,18 +100,23 @@ void HistoryFile::forgetRows(const HistoryChange::Forgotten& what) {
 }
 
 // Of deleted timers as well: what is forgotten does not come back with them.
-void HistoryFile::forgetPiece(const Amendment::Piece& piece, RemovedRows* removed) {
-    cutAt(piece.from);
-    cutAt(piece.to);
-    std::vector<Key> keys;
-    for (SqliteQuery row(m_database, "SELECT start, n FROM stretches WHERE start >= ? AND start < ?",
-                         piece.from, piece.to);
-         row.next();)
-        keys.push_back({row.integer(0), row.integer(1)});
-    for (const Key& key : keys) {
-        if (removed)
-            keep(key, *removed);
-        change(key, *numbersAt(key), 0);
+void HistoryFile::forgetTimes(const ChosenTimes& times, RemovedRows* removed) {
+    const MeantStretches meant(m_database, times.only);
+    for (const auto& [from, to] : times.pieces) {
+        cutAt(from);
+        cutAt(to);
+        std::vector<Key> keys;
+        for (SqliteQuery row(m_database,
+                             "SELECT start, n, program, title FROM stretches WHERE start >= ? AND start < ?",
+                             from, to);
+             row.next();)
+            if (meant.have(row.integer(2), row.integer(3)))
+                keys.push_back({row.integer(0), row.integer(1)});
+        for (const Key& key : keys) {
+            if (removed)
+                keep(key, *removed);
+            change(key, *numbersAt(key), 0);
+        }
     }
 }
 

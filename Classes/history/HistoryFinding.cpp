@@ -100,6 +100,18 @@ std::int64_t stretchesIn(SqliteDatabase& history, const std::vector<Amendment::P
     return count;
 }
 
+MeantStretches::MeantStretches(SqliteDatabase& history, const std::vector<Amendment::Whose>& only)
+    : m_areAll(only.empty()) {
+    for (const auto& [program, title] : only) {
+        SqliteQuery row(history,
+                        "SELECT programs.id, titles.id FROM programs, titles "
+                        "WHERE programs.name = ? AND titles.text = ?",
+                        program, title);
+        if (row.next())
+            m_numbers.emplace(row.integer(0), row.integer(1));
+    }
+}
+
 QStringList programsIn(SqliteDatabase& history) {
     QStringList names;
     for (SqliteQuery row(history, "SELECT name FROM programs ORDER BY name COLLATE NOCASE"); row.next();)

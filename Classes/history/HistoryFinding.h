@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <set>
+
 class SqliteDatabase;
 
 // How much time a program and a title have together.
@@ -31,11 +33,26 @@ struct HistoryFinding {
     std::vector<HistorySum> longest;
 };
 
-// How many stretches begin in one of the pieces.
+// How many stretches begin in one of the pieces, whosever they are.
 std::int64_t stretchesIn(SqliteDatabase& history, const std::vector<Amendment::Piece>& pieces);
 
 // The names of all programs, sorted.
 QStringList programsIn(SqliteDatabase& history);
+
+// Whose time is meant, by the file's own numbers.
+class MeantStretches {
+public:
+    // Without any in `only`, all are meant.
+    MeantStretches(SqliteDatabase& history, const std::vector<Amendment::Whose>& only);
+
+    bool have(std::int64_t program, std::int64_t title) const {
+        return m_areAll || m_numbers.contains({program, title});
+    }
+
+private:
+    bool m_areAll;
+    std::set<std::pair<std::int64_t, std::int64_t>> m_numbers;
+};
 
 // The conditions as the file's own numbers. The titles are in this connection's table "chosen".
 struct HistoryChoice {

@@ -11,8 +11,8 @@ bool liesIn(const HistoryChange::Forgotten& forgotten, const RemovedRows::Row& r
     const auto touches = [&](std::int64_t from, std::int64_t to) {
         return row.start < to && row.start + row.length > from;
     };
-    if (!forgotten.pieces.empty())
-        return std::ranges::any_of(forgotten.pieces,
+    if (!forgotten.times.isEmpty())
+        return std::ranges::any_of(forgotten.times.pieces,
                                    [&](const auto& piece) { return touches(piece.from, piece.to); });
     return touches(forgotten.from.value_or(std::numeric_limits<std::int64_t>::min()),
                    forgotten.to.value_or(std::numeric_limits<std::int64_t>::max()));
@@ -20,6 +20,9 @@ bool liesIn(const HistoryChange::Forgotten& forgotten, const RemovedRows::Row& r
 
 bool isMeant(const HistoryChange::Forgotten& forgotten, const QString& program, const QString& title) {
     if (forgotten.program && *forgotten.program != program)
+        return false;
+    if (const auto& only = forgotten.times.only;
+        !only.empty() && std::ranges::find(only, Amendment::Whose{program, title}) == only.end())
         return false;
     if (!forgotten.title)
         return true;

@@ -21,7 +21,7 @@ bool ProjectPatterns::lookAtTitles() const {
     return std::ranges::any_of(m_patterns, &TitlePattern::looksAtTitle);
 }
 
-bool ProjectPatterns::fit(const QString& program, const QString& title) const {
+bool ProjectPatterns::fit(const QString& program, const SoughtTitle& title) const {
     return std::ranges::any_of(m_patterns, [&](const TitlePattern& pattern) {
         return pattern.fit(program, title) == TitlePattern::Fit::Yes;
     });

@@ -17,7 +17,7 @@ public:
     bool isEmpty() const { return m_patterns.empty(); }
     // Whether any pattern looks at titles.
     bool lookAtTitles() const;
-    bool fit(const QString& program, const QString& title) const;
+    bool fit(const QString& program, const SoughtTitle& title) const;
 
 private:
     std::vector<TitlePattern> m_patterns;

@@ -3,12 +3,14 @@
 
 #include "Classes/report/AmendedStretches.h"
 #include "Classes/report/Moment.h"
+#include "Classes/report/OverlaidTime.h"
 #include "Classes/report/RecordedNames.h"
 #include "Classes/report/ReportReading.h"
 
 #include <QJsonArray>
 
 #include <map>
+#include <set>
 
 namespace {
 
@@ -44,6 +46,23 @@ public:
         Report report(m_request, m_names, m_dayBegins);
         readInto(report, m_history, m_request, m_dayBegins, m_unwritten);
         return report.lines();
+    }
+
+    // Stretches, by what people see of them.
+    ChosenTimes chosen(const std::vector<ReportLine>& lines) {
+        ChosenTimes times;
+        std::set<Amendment::Whose> shown;
+        for (const ReportLine& line : lines) {
+            const Amendment::Piece time{line.start, line.start + line.milliseconds};
+            if (!times.isEmpty() && times.pieces.back().to >= time.from)
+                times.pieces.back().to = std::max(times.pieces.back().to, time.to);
+            else
+                times.pieces.push_back(time);
+            shown.insert({line.cells[2].toString(), line.cells[3].toString()});
+        }
+        if (!times.isEmpty())
+            times.only = overlaid(m_history, m_unwritten, m_names, times.pieces, shown);
+        return times;
     }
 
     const AmendedStretches& amended() {
@@ -206,32 +225,26 @@ qint64 RangeQuestion::workIn(SqliteDatabase& history) const {
     return work;
 }
 
-std::vector<Amendment::Piece> RangeQuestion::timesOf(const std::vector<RowChoice>& rows,
-                                                     SqliteDatabase& history) const {
+ChosenTimes RangeQuestion::timesOf(const std::vector<RowChoice>& rows, SqliteDatabase& history) const {
     const SqliteTransaction reading(history);
-    std::vector<Amendment::Piece> pieces;
-    for (const ReportLine& line : Reading(*this, history).linesBy({ReportKey::Stretch})) {
-        if (!rows.empty() &&
-            std::ranges::none_of(rows, [&](const RowChoice& row) { return isMeant(row, line); }))
-            continue;
-        const Amendment::Piece time{line.start, line.start + line.milliseconds};
-        if (!pieces.empty() && pieces.back().to == time.from)
-            pieces.back().to = time.to;
-        else
-            pieces.push_back(time);
-    }
-    return pieces;
+    Reading range(*this, history);
+    std::vector<ReportLine> lines = range.linesBy({ReportKey::Stretch});
+    if (!rows.empty())
+        std::erase_if(lines, [&](const ReportLine& line) {
+            return std::ranges::none_of(rows, [&](const RowChoice& row) { return isMeant(row, line); });
+        });
+    return range.chosen(lines);
 }
 
-std::vector<Amendment::Piece> RangeQuestion::wholeStretch(qint64 moment, const QString& program,
-                                                          const QString& title,
-                                                          SqliteDatabase& history) const {
+ChosenTimes RangeQuestion::wholeStretch(qint64 moment, const QString& program, const QString& title,
+                                        SqliteDatabase& history) const {
     const SqliteTransaction reading(history);
     RangeQuestion around = *this;
     around.piece = {moment - kDay, moment + kDay};
-    for (const ReportLine& line : Reading(around, history).linesBy({ReportKey::Stretch}, ReportPresence::All))
+    Reading range(around, history);
+    for (const ReportLine& line : range.linesBy({ReportKey::Stretch}, ReportPresence::All))
         if (line.start <= moment && moment < line.start + line.milliseconds && textIn(line, 2) == program &&
             textIn(line, 3) == title)
-            return {{line.start, line.start + line.milliseconds}};
+            return range.chosen({line});
     return {};
 }

@@ -24,12 +24,12 @@ struct RangeQuestion {
     std::vector<RangeAnswer::Entry> titlesOf(const QString& program, SqliteDatabase& history) const;
     // How long was worked in the range, in milliseconds.
     qint64 workIn(SqliteDatabase& history) const;
-    // When the rows were that a person has chosen, or all rows if none is, without idle time. In order of time.
-    std::vector<Amendment::Piece> timesOf(const std::vector<RowChoice>& rows, SqliteDatabase& history) const;
+    // When the rows were that a person has chosen, or all rows if none is, without idle time.
+    ChosenTimes timesOf(const std::vector<RowChoice>& rows, SqliteDatabase& history) const;
     // From when to when the stretch was whose middle is at this moment, even if it reaches out of the range. Empty
     // when there is none of this program and title.
-    std::vector<Amendment::Piece> wholeStretch(qint64 moment, const QString& program, const QString& title,
-                                               SqliteDatabase& history) const;
+    ChosenTimes wholeStretch(qint64 moment, const QString& program, const QString& title,
+                             SqliteDatabase& history) const;
     // Whether the answer has each program's titles. Those of a longer range are read only when they are wanted,
     // because nothing shorter than the sums by day has them.
     bool hasTitles() const { return days.days() <= kMostDaysWithTitles; }

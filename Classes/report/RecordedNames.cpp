@@ -64,11 +64,26 @@ RecordedNames::Projects RecordedNames::readProjects(const QString& path) {
     return projects;
 }
 
-QString RecordedNames::recordedProgram(qint64 number) const {
+Amendment::Whose RecordedNames::recorded(qint64 program, qint64 title) const {
+    return {rawProgram(program), rawTitle(title)};
+}
+
+QString RecordedNames::rawProgram(qint64 number) const {
     if (number < 0)
-        return cleanText(m_unwritten.program(number));
+        return m_unwritten.program(number);
     SqliteQuery row(m_history, "SELECT name FROM programs WHERE id = ?", std::int64_t(number));
-    return row.next() ? cleanText(row.text(0)) : QString();
+    return row.next() ? row.text(0) : QString();
+}
+
+QString RecordedNames::rawTitle(qint64 number) const {
+    if (number < 0)
+        return m_unwritten.title(number);
+    SqliteQuery row(m_history, "SELECT text FROM titles WHERE id = ?", std::int64_t(number));
+    return row.next() ? row.text(0) : QString();
+}
+
+QString RecordedNames::recordedProgram(qint64 number) const {
+    return cleanText(rawProgram(number));
 }
 
 std::optional<QString> RecordedNames::program(qint64 number) const {
@@ -84,10 +99,7 @@ std::optional<QString> RecordedNames::program(qint64 number) const {
 }
 
 QString RecordedNames::title(qint64 number) const {
-    if (number < 0)
-        return cleanText(m_unwritten.title(number));
-    SqliteQuery row(m_history, "SELECT text FROM titles WHERE id = ?", std::int64_t(number));
-    return row.next() ? cleanText(row.text(0)) : QString();
+    return cleanText(rawTitle(number));
 }
 
 // Patterns know a program by its own name, not by the one that a rule gives it.
@@ -98,7 +110,7 @@ const QList<qsizetype>& RecordedNames::fitting(qint64 program, qint64 title) con
         return *known;
     QList<qsizetype> places;
     const QString name = recordedProgram(program);
-    const QString text = projects().belonging == Belonging::Title ? this->title(title) : QString();
+    const SoughtTitle text(projects().belonging == Belonging::Title ? this->title(title) : QString());
     for (const auto& [place, patterns] : projects().patterns)
         if (patterns.fit(name, text))
             places << place;

@@ -23,6 +23,8 @@ public:
     QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const override;
     QStringList categoriesOf(qint64 program) const override;
 
+    // As the history itself has them: neither changed by rules nor made fit to be shown.
+    Amendment::Whose recorded(qint64 program, qint64 title) const;
     bool hasProject(const QString& name) const { return projects().names.contains(name); }
 
 private:
@@ -40,6 +42,8 @@ private:
     // Reads them when they are first asked for: not every question is about projects, and they may be many.
     const Projects& projects() const;
     static Projects readProjects(const QString& path);
+    QString rawProgram(qint64 number) const;
+    QString rawTitle(qint64 number) const;
     QString recordedProgram(qint64 number) const;
     RowTimer recordedTimer(qint64 number) const;
     // The project that time was given to by hand; none for one that is not there any more.

@@ -10,21 +10,25 @@ TitlePattern::TitlePattern(const PropertyListDictionary& record)
     m_title.emplace(isExpression ? text : QRegularExpression::escape(text),
                     QRegularExpression::CaseInsensitiveOption |
                         QRegularExpression::UseUnicodePropertiesOption);
+    if (!isExpression)
+        m_needed = LetterPairs::neededBy(text);
 }
 
 QString TitlePattern::fault() const {
     return m_title && !m_title->isValid() ? m_title->errorString() : QString();
 }
 
-TitlePattern::Fit TitlePattern::fit(const QString& program, const QString& title) const {
+TitlePattern::Fit TitlePattern::fit(const QString& program, const SoughtTitle& title) const {
     return m_program.isEmpty() || program.contains(m_program, Qt::CaseInsensitive) ? fitOfTitle(title)
                                                                                    : Fit::No;
 }
 
-TitlePattern::Fit TitlePattern::fitOfTitle(const QString& title) const {
+TitlePattern::Fit TitlePattern::fitOfTitle(const SoughtTitle& title) const {
     if (!looksAtTitle())
         return Fit::Yes;
-    const QRegularExpressionMatch match = m_title->match(title);
+    if (!title.pairs.mayHave(m_needed))
+        return Fit::No;
+    const QRegularExpressionMatch match = m_title->match(title.text);
     if (match.hasMatch())
         return Fit::Yes;
     return match.isValid() ? Fit::No : Fit::Unknown;

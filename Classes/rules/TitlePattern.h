@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/rules/LetterPairs.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 
 #include <QRegularExpression>
@@ -13,6 +14,16 @@ inline const QString kTitleRuleProgram = QStringLiteral("Program");
 inline const QString kTitleRuleTitle = QStringLiteral("Title");
 // Whether the title is a regular expression.
 inline const QString kTitleRuleIsExpression = QStringLiteral("Expression");
+
+// A title that patterns are tried on. Made once for many.
+struct SoughtTitle {
+    SoughtTitle(const QString& title) // NOLINT(google-explicit-constructor): it is the title
+        : text(title)
+        , pairs(LetterPairs::of(title)) {}
+
+    QString text;
+    LetterPairs pairs;
+};
 
 // What a title is found by: its program and what it says.
 class TitlePattern {
@@ -29,12 +40,14 @@ public:
     bool looksAtTitle() const { return m_title && m_title->isValid(); }
     // Whether nothing is asked for.
     bool fitsAll() const { return m_program.isEmpty() && !m_title; }
-    Fit fit(const QString& program, const QString& title) const;
+    Fit fit(const QString& program, const SoughtTitle& title) const;
     // Whatever the program.
-    Fit fitOfTitle(const QString& title) const;
+    Fit fitOfTitle(const SoughtTitle& title) const;
 
 private:
     QString m_program;
     // Absent: any title.
     std::optional<QRegularExpression> m_title;
+    // None for an expression.
+    LetterPairs m_needed;
 };

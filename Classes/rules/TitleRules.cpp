@@ -60,8 +60,11 @@ TitleRules::Rule TitleRules::ruleOf(const PropertyListDictionary& record, std::s
 
 std::optional<TitleRules::Decision> TitleRules::decisionOn(const QString& program,
                                                            const QString& title) const {
+    if (m_rules.empty())
+        return std::nullopt;
+    const SoughtTitle sought(title);
     for (const Rule& rule : m_rules) {
-        const TitlePattern::Fit fit = rule.pattern.fit(program, title);
+        const TitlePattern::Fit fit = rule.pattern.fit(program, sought);
         // The title may be one that a later rule hides.
         if (fit == TitlePattern::Fit::Unknown && rule.effect == Effect::Keep)
             return Decision{rule, Effect::LeaveOut};
@@ -92,10 +95,11 @@ std::optional<std::size_t> TitleRules::deciding(const QString& program, const QS
 }
 
 bool TitleRules::hidesSomewhere(const QString& title) const {
+    const SoughtTitle sought(title);
     return std::ranges::any_of(m_rules, [&](const Rule& rule) {
         if (!rule.pattern.looksAtTitle())
             return false;
-        const TitlePattern::Fit fit = rule.pattern.fitOfTitle(title);
+        const TitlePattern::Fit fit = rule.pattern.fitOfTitle(sought);
         return fit == TitlePattern::Fit::Unknown ||
                (fit == TitlePattern::Fit::Yes && rule.effect != Effect::Keep);
     });

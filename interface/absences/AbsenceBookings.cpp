@@ -40,8 +40,7 @@ void AbsenceBookings::book(const ComingBack::Answer& answer) {
         amendment.project = RowProject{m_projects.historyIdentity(*answer.project)};
         amendment.projectName = answer.project->label();
     }
-    m_undoStack.push(
-        new AmendCommand(localized("Book the Absence"), m_history, std::move(amendment), m_clock));
+    m_undoStack.push(new AmendCommand(localized("Book the Absence"), m_history, std::move(amendment)));
 }
 
 void AbsenceBookings::askForNames(std::function<void(const QStringList&)> told) {

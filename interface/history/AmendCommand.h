@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Classes/history/History.h"
-#include "interface/history/PastPieces.h"
 
 #include <QUndoCommand>
 
@@ -10,11 +9,12 @@
 class AmendCommand : public QUndoCommand {
 public:
     // The history outlives the command.
-    AmendCommand(const QString& text, History& history, Amendment amendment, const Clock& clock)
+    AmendCommand(const QString& text, History& history, Amendment amendment)
         : QUndoCommand(text)
         , m_history(history)
         , m_amendment(std::move(amendment)) {
-        m_amendment.pieces = pastPieces(std::move(m_amendment.pieces), clock);
+        // Redone later, it means no more than that.
+        m_amendment.pieces = m_history.pastOf(std::move(m_amendment.pieces));
     }
 
     void redo() override {

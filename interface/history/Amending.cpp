@@ -65,8 +65,9 @@ void Amending::fillGive() {
 }
 
 void Amending::give(const ProjectList::Project& project) {
-    find(m_meant.value_or(chosen()), [this, project](const Pieces& pieces) {
-        Amendment amendment{.kind = Kind::Change, .pieces = pieces, .project = RowProject()};
+    find(m_meant.value_or(chosen()), [this, project](const ChosenTimes& times) {
+        Amendment amendment{
+            .kind = Kind::Change, .pieces = times.pieces, .only = times.only, .project = RowProject()};
         if (project) {
             amendment.project->identity = m_ground.projects.historyIdentity(*project);
             amendment.projectName = project->label();
@@ -74,23 +75,23 @@ void Amending::give(const ProjectList::Project& project) {
             if (!amendment.project->identity)
                 return;
         }
-        m_ground.undoStack.push(new AmendCommand(localized("Give to Project"), m_ground.history,
-                                                 std::move(amendment), m_ground.clock));
+        m_ground.undoStack.push(
+            new AmendCommand(localized("Give to Project"), m_ground.history, std::move(amendment)));
     });
 }
 
 void Amending::name() {
     const Chosen what = m_meant.value_or(chosen());
-    find(what, [this, what](const Pieces& pieces) {
+    find(what, [this, what](const ChosenTimes& times) {
         if (!m_namingWindow)
             m_namingWindow = new NamingWindow(&m_ground.window);
         const bool isOneTitle = what.rows.size() == 1 && !what.rows.front().isProject;
         const QString title =
             isOneTitle ? what.rows.front().part.value_or(QString()) : PlainText::cut(what.title, 200);
-        m_namingWindow->openFor(timesText(pieces), title, [this, pieces](const QString& name) {
-            m_ground.undoStack.push(new AmendCommand(localized("Name"), m_ground.history,
-                                                     {.kind = Kind::Change, .pieces = pieces, .name = name},
-                                                     m_ground.clock));
+        m_namingWindow->openFor(timesText(times), title, [this, times](const QString& name) {
+            m_ground.undoStack.push(new AmendCommand(
+                localized("Name"), m_ground.history,
+                {.kind = Kind::Change, .pieces = times.pieces, .only = times.only, .name = name}));
         });
     });
 }
@@ -114,36 +115,35 @@ void Amending::book() {
                 amendment.projectName = project->label();
             }
             m_ground.undoStack.push(
-                new AmendCommand(localized("Book"), m_ground.history, std::move(amendment), m_ground.clock));
+                new AmendCommand(localized("Book"), m_ground.history, std::move(amendment)));
         });
 }
 
 void Amending::forget() {
-    find(m_meant.value_or(chosen()), [this](const Pieces& pieces) {
-        m_reader->ask<std::int64_t>([pieces](SqliteDatabase& file) { return stretchesIn(file, pieces); },
-                                    [this, pieces](const Result<std::int64_t>& count) {
-                                        askAndForget(pieces, count && *count > kMostUndone);
+    find(m_meant.value_or(chosen()), [this](const ChosenTimes& times) {
+        m_reader->ask<std::int64_t>([times](SqliteDatabase& file) { return stretchesIn(file, times.pieces); },
+                                    [this, times](const Result<std::int64_t>& count) {
+                                        askAndForget(times, count && *count > kMostUndone);
                                     });
     });
 }
 
-void Amending::askAndForget(const Pieces& pieces, bool isTooMuch) {
+void Amending::askAndForget(const ChosenTimes& times, bool isTooMuch) {
     const QString outlook =
         isTooMuch ? localized("It is removed from the file at once. This cannot be undone.")
                   : localized("It is removed from the file at once. It can be undone until Ticklog ends.");
     const int answer = m_ground.alerts.ask(
         {.message = isTooMuch ? localized("Forget this for good?") : localized("Forget this?"),
-         .informativeText = timesText(pieces) + u'\n' + outlook,
+         .informativeText = timesText(times) + u'\n' + outlook,
          .defaultButton = localized("Cancel"),
          .alternateButton = localized("Forget"),
          .otherButton = {}});
     if (answer != Alerts::Alternate)
         return;
     if (!isTooMuch)
-        return m_ground.undoStack.push(
-            new ForgetCommand(m_ground.history, pieces, m_ground.clock, m_ground.save));
+        return m_ground.undoStack.push(new ForgetCommand(m_ground.history, times, m_ground.save));
     HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
-    what.pieces = pieces;
+    what.times = times;
     m_ground.history.forget(what);
     // The history no longer knows what a crash would cost the timers: from now on their own file has it.
     m_ground.save();
@@ -164,14 +164,14 @@ void Amending::askFree(const Amendment::Piece& piece, std::function<void(const R
         std::move(told));
 }
 
-QString Amending::timesText(const Pieces& pieces) const {
+QString Amending::timesText(const ChosenTimes& times) const {
     qint64 length = 0;
-    for (const Amendment::Piece& piece : pieces)
+    for (const Amendment::Piece& piece : times.pieces)
         length += piece.to - piece.from;
-    const QString day =
-        QLocale().toString(QDateTime::fromMSecsSinceEpoch(pieces.front().from).date(), QLocale::LongFormat);
-    const QString times = PictureTexts::fromTo(pieces.front().from, pieces.back().to);
-    return day + QStringLiteral(", ") + times + QStringLiteral(" · ") + PictureTexts::length(length);
+    const QString day = QLocale().toString(QDateTime::fromMSecsSinceEpoch(times.pieces.front().from).date(),
+                                           QLocale::LongFormat);
+    const QString between = PictureTexts::fromTo(times.pieces.front().from, times.pieces.back().to);
+    return day + QStringLiteral(", ") + between + QStringLiteral(" · ") + PictureTexts::length(length);
 }
 
 std::int64_t Amending::now() const {

@@ -55,8 +55,6 @@ private:
         bool isIdle = false;
         std::vector<RowChoice> rows{};
     };
-    using Pieces = std::vector<Amendment::Piece>;
-
     Chosen chosen() const;
     Chosen chosenPiece() const;
     Chosen chosenRows() const;
@@ -64,7 +62,7 @@ private:
     // The gap at a moment of the day's picture.
     Chosen gapAt(qint64 moment) const;
     // When it was: then or later, and never if it is not there any more.
-    void find(const Chosen& chosen, std::function<void(const Pieces&)> told);
+    void find(const Chosen& chosen, std::function<void(const ChosenTimes&)> told);
     void offer();
     void openMenu(const QPoint& globalPosition, const Chosen& chosen);
     bool openPictureMenu(const QPoint& position, bool isByKeyboard);
@@ -73,10 +71,10 @@ private:
     void name();
     void book();
     void forget();
-    void askAndForget(const Pieces& pieces, bool isTooMuch);
+    void askAndForget(const ChosenTimes& times, bool isTooMuch);
     void askFree(const Amendment::Piece& piece, std::function<void(const Result<qint64>&)> told);
     Amendment::Piece firstBooking(const Chosen& chosen) const;
-    QString timesText(const Pieces& pieces) const;
+    QString timesText(const ChosenTimes& times) const;
     std::int64_t now() const;
 
     Ground m_ground;

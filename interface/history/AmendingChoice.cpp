@@ -91,23 +91,23 @@ Amending::Chosen Amending::chosenRows() const {
     return rows.rows.empty() ? Chosen() : rows;
 }
 
-void Amending::find(const Chosen& chosen, std::function<void(const Pieces&)> told) {
+void Amending::find(const Chosen& chosen, std::function<void(const ChosenTimes&)> told) {
     const RangeQuestion question = m_ground.view.question();
     const bool isNarrowed = !question.search.isEmpty() || question.project;
     if (chosen.kind == Chosen::Kind::Nothing || chosen.kind == Chosen::Kind::Gap)
         return;
     if (chosen.kind == Chosen::Kind::Piece && !isNarrowed)
-        return told({chosen.piece});
-    m_reader->ask<Pieces>(
+        return told({.pieces = {chosen.piece}});
+    m_reader->ask<ChosenTimes>(
         [question, chosen](SqliteDatabase& file) {
             return chosen.kind == Chosen::Kind::Stretch
                        ? question.wholeStretch(chosen.piece.from, chosen.program, chosen.title, file)
                        // Of a piece that is narrowed, only what is shown is meant.
                        : question.timesOf(chosen.rows, file);
         },
-        [told = std::move(told)](const Result<Pieces>& pieces) {
-            if (pieces && !pieces->empty())
-                told(*pieces);
+        [told = std::move(told)](const Result<ChosenTimes>& times) {
+            if (times && !times->isEmpty())
+                told(*times);
         });
 }
 

@@ -3,28 +3,25 @@
 
 #include "Classes/history/History.h"
 #include "Classes/history/RemovedRows.h"
-#include "interface/history/PastPieces.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QUndoCommand>
 
-// Forgets pieces of the past. What undoing brings back is in memory only, and goes with this command.
+// Forgets chosen times. What undoing brings back is in memory only, and goes with this command.
 class ForgetCommand : public QUndoCommand {
 public:
-    // The history and the clock outlive the command. `save` writes the timers.
-    ForgetCommand(History& history, std::vector<Amendment::Piece> pieces, const Clock& clock,
-                  std::function<void()> save)
+    // The history outlives the command. `save` writes the timers.
+    ForgetCommand(History& history, ChosenTimes times, std::function<void()> save)
         : QUndoCommand(localized("Forget"))
         , m_history(history)
-        , m_pieces(std::move(pieces))
-        , m_clock(clock)
+        , m_times(std::move(times))
         , m_save(std::move(save)) {}
 
     void redo() override {
-        m_forgotten = m_history.forgetPieces(m_pieces);
+        m_forgotten = m_history.forgetTimes(m_times);
         // A clock that was set back may have left something ahead of now: that goes too, but what is measured from
         // here on is not meant.
-        m_pieces = pastPieces(std::move(m_pieces), m_clock);
+        m_times.pieces = m_history.pastOf(std::move(m_times.pieces));
         setObsolete(!m_forgotten);
         // The history no longer knows what a crash would cost the timers: from now on their own file has it.
         if (m_forgotten)
@@ -38,8 +35,7 @@ public:
 
 private:
     History& m_history;
-    std::vector<Amendment::Piece> m_pieces;
-    const Clock& m_clock;
+    ChosenTimes m_times;
     std::function<void()> m_save;
     std::shared_ptr<ForgottenPieces> m_forgotten;
 };

@@ -202,13 +202,20 @@ void HistoryController::askAnew() {
     if (m_isSeen && !m_patience)
         m_patience = m_ground.platform.runLoop.scheduleOnce(
             kPatience, [this] { showOnly(Knowledge::Reading, RangeAnswer()); });
-    lookAgain();
+    askForAll();
 }
 
 void HistoryController::lookAgain() {
+    askForAll();
+    if (m_timeSheet && m_timeSheet->isVisible())
+        askForSheet([this](const std::vector<RangeAnswer::Bar>& bars) { m_timeSheet->renew(bars); });
+}
+
+void HistoryController::askForAll() {
     followCounting();
     if (!m_isSeen)
         return;
+    ++m_questions;
     m_pane.outline().forgetParts();
     ask();
 }
@@ -245,8 +252,8 @@ void HistoryController::askForTitles(const QString& program) {
         [question = question(), name = AmendTexts::recordedProgram(program)](SqliteDatabase& file) {
             return question.titlesOf(name, file);
         },
-        [this, program](const Result<std::vector<RangeAnswer::Entry>>& titles) {
-            if (titles)
+        [this, program, asked = m_questions](const Result<std::vector<RangeAnswer::Entry>>& titles) {
+            if (titles && asked == m_questions)
                 m_pane.outline().rows().showParts(program, *titles);
         });
 }
@@ -316,6 +323,8 @@ void HistoryController::showSum() {
 }
 
 QString HistoryController::invitation() const {
+    if (!m_history.isWanted())
+        return localized("No history is kept. You can turn it on in the preferences, under History.");
     if (const QString obstacle = m_history.obstacle(); !obstacle.isEmpty())
         return obstacle;
     if (m_knowledge == Knowledge::Reading)
@@ -352,21 +361,27 @@ void HistoryController::showTimeSheet() {
     const CalendarRange days =
         hasRoom ? m_range
                 : CalendarRange::around(CalendarRange::Kind::Week, m_range.first(), firstDayOfWeek());
-    RangeQuestion asked = question();
-    asked.days = days;
-    asked.piece.reset();
-    asked.search.clear();
+    m_onSheet = question();
+    m_onSheet->days = days;
+    m_onSheet->piece.reset();
+    m_onSheet->search.clear();
+    askForSheet([this, days](const std::vector<RangeAnswer::Bar>& bars) {
+        if (!m_timeSheet)
+            m_timeSheet = new TimeSheetWindow(m_ground.platform.defaults, m_ground.alerts,
+                                              m_ground.platform.folders.documents, &m_ground.window);
+        m_timeSheet->show(bars, days.first(), days.last());
+    });
+}
+
+void HistoryController::askForSheet(std::function<void(const std::vector<RangeAnswer::Bar>&)> told) {
+    m_onSheet->unwritten = m_history.unwritten();
     m_sheetReader->ask<RangeAnswer>(
-        [asked](SqliteDatabase& file) { return asked.answeredBy(file); },
-        [this, days](const Result<RangeAnswer>& answer) {
+        [asked = *m_onSheet](SqliteDatabase& file) { return asked.answeredBy(file); },
+        [this, told = std::move(told)](const Result<RangeAnswer>& answer) {
             if (!answer && answer.failure().kind != Failure::Kind::NotFound)
                 return m_ground.alerts.showError(localized("The history cannot be read at the moment."),
                                                  answer.failure().text);
-            if (!m_timeSheet)
-                m_timeSheet = new TimeSheetWindow(m_ground.platform.defaults, m_ground.alerts,
-                                                  m_ground.platform.folders.documents, &m_ground.window);
-            m_timeSheet->show(answer ? answer->bars : std::vector<RangeAnswer::Bar>(), days.first(),
-                              days.last());
+            told(answer ? answer->bars : std::vector<RangeAnswer::Bar>());
         });
 }
 

@@ -46,7 +46,7 @@ public:
     RangeQuestion question() const;
     const RangeAnswer& answer() const { return m_answer; }
     Subscription observeAnswers(std::function<void()> told) { return m_shown.observe(std::move(told)); }
-    // The history was changed: shows what it says now.
+    // The history was changed: shows what it says now, on an open time sheet too.
     void lookAgain();
     // Opens the time sheet of the days that are shown; of the week around a single day, or at the beginning of a range
     // that is too long for a page.
@@ -64,11 +64,14 @@ private:
     void connectPictures();
     // What is asked for has changed: without an answer soon, the old figures go.
     void askAnew();
+    void askForAll();
     // The same again, unless it is being asked.
     void askAgain();
     void ask();
     void showOnly(Knowledge knowledge, RangeAnswer answer);
     void askForTitles(const QString& program);
+    // What is on the sheet, as it is now. Says itself when that cannot be read.
+    void askForSheet(std::function<void(const std::vector<RangeAnswer::Bar>&)> told);
     void showAnswer();
     void showPicture();
     // As the picture has it; invalid where it has none.
@@ -89,11 +92,15 @@ private:
     std::unique_ptr<HistoryReader> m_sheetReader;
     // Belongs to the main window.
     TimeSheetWindow* m_timeSheet = nullptr;
+    // What the sheet was asked for.
+    std::optional<RangeQuestion> m_onSheet;
     CalendarRange m_range;
     std::optional<std::pair<qint64, qint64>> m_piece;
     // The answer that is shown; empty unless it is known.
     RangeAnswer m_answer;
     Knowledge m_knowledge = Knowledge::Reading;
+    // How often something else was asked for: an answer may come when nobody wants it any more.
+    int m_questions = 0;
     // Null unless something else than what is shown is being asked.
     std::unique_ptr<RunLoopTimer> m_patience;
     const News m_shown;

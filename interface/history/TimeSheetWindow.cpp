@@ -163,6 +163,11 @@ void TimeSheetWindow::show(const std::vector<RangeAnswer::Bar>& bars, QDate firs
     activateWindow();
 }
 
+void TimeSheetWindow::renew(const std::vector<RangeAnswer::Bar>& bars) {
+    m_bars = bars;
+    refresh();
+}
+
 SheetPage TimeSheetWindow::page() const {
     const SheetRounding rounding{.minutes = kMinutes[std::size_t(m_minutes->currentIndex())],
                                  .to = SheetRounding::To(m_to->currentIndex()),

@@ -24,6 +24,8 @@ public:
 
     // Shows these days. `bars` are by day.
     void show(const std::vector<RangeAnswer::Bar>& bars, QDate first, QDate last);
+    // The same days, with what is known by now.
+    void renew(const std::vector<RangeAnswer::Bar>& bars);
     SheetPage page() const;
 
     void copy() const;

@@ -1919,5 +1919,9 @@
         <source>Total without %@ and %@</source>
         <translation>Gesamt ohne %@ und %@</translation>
     </message>
+    <message>
+        <source>No history is kept. You can turn it on in the preferences, under History.</source>
+        <translation>Es wird kein Verlauf geführt. Er lässt sich in den Einstellungen unter Verlauf einschalten.</translation>
+    </message>
 </context>
 </TS>

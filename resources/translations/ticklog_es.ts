@@ -1919,5 +1919,9 @@
         <source>Total without %@ and %@</source>
         <translation>Total sin %@ ni %@</translation>
     </message>
+    <message>
+        <source>No history is kept. You can turn it on in the preferences, under History.</source>
+        <translation>No se guarda ningún historial. Puede activarlo en las preferencias, en Historial.</translation>
+    </message>
 </context>
 </TS>

@@ -1919,5 +1919,9 @@
         <source>Total without %@ and %@</source>
         <translation>Total sans %@ et %@</translation>
     </message>
+    <message>
+        <source>No history is kept. You can turn it on in the preferences, under History.</source>
+        <translation>Aucun historique n’est conservé. Vous pouvez l’activer dans les préférences, sous Historique.</translation>
+    </message>
 </context>
 </TS>

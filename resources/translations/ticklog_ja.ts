@@ -1919,5 +1919,9 @@
         <source>Total without %@ and %@</source>
         <translation>合計（%@ と %@ を除く）</translation>
     </message>
+    <message>
+        <source>No history is kept. You can turn it on in the preferences, under History.</source>
+        <translation>履歴は残されていません。設定の「履歴」でオンにできます。</translation>
+    </message>
 </context>
 </TS>

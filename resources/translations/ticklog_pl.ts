@@ -1919,5 +1919,9 @@
         <source>Total without %@ and %@</source>
         <translation>Razem bez: %@ i %@</translation>
     </message>
+    <message>
+        <source>No history is kept. You can turn it on in the preferences, under History.</source>
+        <translation>Historia nie jest prowadzona. Można ją włączyć w preferencjach, na karcie Historia.</translation>
+    </message>
 </context>
 </TS>

@@ -3,6 +3,8 @@
 #include "interface/history/AmendTexts.h"
 #include "interface/history/DayPicture.h"
 #include "interface/history/PictureTexts.h"
+#include "interface/history/TimeSheetForms.h"
+#include "interface/history/TimeSheetWindow.h"
 #include "tests/fakes/HistoryDiary.h"
 #include "tests/interface/HistoryViewDesk.h"
 
@@ -402,6 +404,25 @@ TEST_F(AmendingTest, aDeletedProject_leavesItsTimeToNone_andComesBackWithIt) {
     view.lookAgain();
     settle();
     EXPECT_EQ(view.answer().projects.size(), 2U);
+}
+
+TEST_F(AmendingTest, anOpenTimeSheet_followsWhatIsSetRight) {
+    aDay();
+    view.showTimeSheet();
+    settle();
+    const auto firstCells = [&] {
+        QStringList cells;
+        for (const QStringList& row : TimeSheetForms::table(view.timeSheet()->page()))
+            cells << row.front();
+        return cells;
+    };
+    EXPECT_FALSE(firstCells().contains(QStringLiteral("Meier & Sons")));
+    drag(today(9), today(9, 30));
+    give(QStringLiteral("Meier && Sons"));
+    EXPECT_TRUE(firstCells().contains(QStringLiteral("Meier & Sons"))) << qPrintable(firstCells().join(u' '));
+    controller.undoStack().undo();
+    settle();
+    EXPECT_FALSE(firstCells().contains(QStringLiteral("Meier & Sons")));
 }
 
 TEST_F(AmendingTest, byTheKeyboardAlone_aStretchIsFoundAndNamed) {

@@ -411,7 +411,8 @@ TEST_F(HistoryViewTest, emptyRanges_sayWhy) {
     fakes.defaults.setObject(kHistoryDays, -1);
     settle();
     command(historyActions().today);
-    EXPECT_EQ(outline().invitation(), QStringLiteral("No history is kept."));
+    EXPECT_EQ(outline().invitation(),
+              QStringLiteral("No history is kept. You can turn it on in the preferences, under History."));
 }
 
 TEST_F(HistoryViewTest, aFileThatCannotBeRead_isNotTakenForATimeWithoutWork) {

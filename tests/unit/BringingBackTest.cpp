@@ -72,7 +72,7 @@ protected:
     static HistoryChange::Forgotten forgetting(std::int64_t from, std::int64_t to,
                                                const std::shared_ptr<RemovedRows>& removed) {
         HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
-        what.pieces = {{from, to}};
+        what.times.pieces = {{from, to}};
         what.removed = removed;
         return what;
     }

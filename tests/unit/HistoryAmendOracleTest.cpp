@@ -122,7 +122,7 @@ struct AmendOracle {
         removed.resize(before.size());
         removed.back() = rows;
         HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
-        what.pieces = pieces;
+        what.times.pieces = pieces;
         what.removed = rows;
         write(what);
     }

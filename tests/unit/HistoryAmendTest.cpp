@@ -16,7 +16,7 @@ struct HistoryAmendTest : HistoryTest {
             .count();
     }
     std::shared_ptr<ForgottenPieces> forgetLast(std::int64_t seconds) {
-        return scene.history->forgetPieces({{now() - seconds * 1000, now()}});
+        return scene.history->forgetTimes({.pieces = {{now() - seconds * 1000, now()}}});
     }
     Amendment last(std::int64_t seconds, const char* name, Amendment::Kind kind = Amendment::Kind::Change) {
         return {.kind = kind, .pieces = {{now() - seconds * 1000, now()}}, .name = QString::fromUtf8(name)};
@@ -182,6 +182,29 @@ TEST_F(HistoryAmendTest, whatIsForgottenForGoodAfterwards_isNotBroughtBack) {
     scene.history->forget({.program = {}, .title = QStringLiteral("Doctor"), .from = {}, .to = {}});
     EXPECT_TRUE(scene.history->bringBack(*forgotten));
     EXPECT_EQ(scene.diary(), "Mail [Inbox] 20");
+}
+
+// The clock was set back by a minute.
+TEST_F(HistoryAmendTest, whatOneProgramsTimeIsForgottenFor_staysForOthersOfTheSameTime) {
+    day.front("Mail", "Doctor");
+    day.start();
+    day.seconds(60);
+    day.fakes.clock.setWall(day.fakes.clock.now() - std::chrono::seconds(60));
+    day.front("Editor", "a.txt");
+    day.seconds(60);
+    const ChosenTimes doctor{.pieces = {{now() - 60'000, now()}},
+                             .only = {{QStringLiteral("Mail"), QStringLiteral("Doctor")}}};
+    const auto forgotten = scene.history->forgetTimes(doctor);
+    EXPECT_EQ(scene.diary(), "Editor [a.txt] 60");
+    EXPECT_TRUE(scene.history->bringBack(*forgotten));
+    EXPECT_EQ(HistoryDiary::sums(scene.path()), "Editor [a.txt] 60, Mail [Doctor] 60");
+    const auto editor = scene.history->forgetTimes(
+        {.pieces = doctor.pieces, .only = {{QStringLiteral("Editor"), QStringLiteral("a.txt")}}});
+    HistoryChange::Forgotten forGood{.program = {}, .title = {}, .from = {}, .to = {}};
+    forGood.times = doctor;
+    scene.history->forget(forGood);
+    EXPECT_TRUE(scene.history->bringBack(*editor));
+    EXPECT_EQ(scene.diary(), "Editor [a.txt] 60") << "only the other one was forgotten for good";
 }
 
 TEST_F(HistoryAmendTest, aRuleOfMeanwhile_holdsForWhatIsBroughtBack) {

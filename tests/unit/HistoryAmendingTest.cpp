@@ -217,7 +217,7 @@ TEST_F(HistoryAmendingTest, forgottenPieces_areGoneAtOnce_andNothingElseIs) {
            row(kNine + 120'000, 60'000, "Mail", "Very private")});
     amend(given(kNine + 30'000, kNine + 180'000));
     HistoryChange::Forgotten what{.program = {}, .title = {}, .from = {}, .to = {}};
-    what.pieces = {{kNine, kNine + 60'000}, {kNine + 120'000, kNine + 200'000}};
+    what.times.pieces = {{kNine, kNine + 60'000}, {kNine + 120'000, kNine + 200'000}};
     change(what);
     EXPECT_EQ(diary(), "Editor [a.txt] 60");
     EXPECT_EQ(HistoryDiary::sums(path), "Editor [a.txt] 60");
@@ -282,6 +282,21 @@ TEST_F(HistoryAmendingTest, stretchesOfOneMoment_comeBackAsTheyWere) {
               "Editor [Meeting] 10, Editor [a.txt] 20, Mail [Inbox] 50, Mail [Meeting] 10");
     takeBack(meeting);
     EXPECT_EQ(HistoryDiary::sums(path), "Editor [a.txt] 30, Mail [Inbox] 60");
+}
+
+TEST_F(HistoryAmendingTest, ofStretchesThatLieOverEachOther_onlyThoseThatAreMeantChange) {
+    write({row(kNine, 60'000, "Mail", "Inbox"), row(kNine + 10'000, 30'000, "Editor"),
+           row(kNine + 40'000, 20'000, "Mail", "Sent")});
+    Amendment meeting = named(kNine, kNine + 60'000, "Meeting");
+    meeting.only = {{QStringLiteral("Editor"), QString()}, {QStringLiteral("Mail"), QStringLiteral("Sent")}};
+    const auto before = HistoryDiary::sums(path);
+    const auto number = amend(meeting);
+    EXPECT_EQ(HistoryDiary::sums(path), "Editor [Meeting] 30, Mail [Inbox] 60, Mail [Meeting] 20");
+    takeBack(number);
+    EXPECT_EQ(HistoryDiary::sums(path), before);
+    meeting.only = {{QStringLiteral("Gone"), QStringLiteral("Gone")}};
+    amend(meeting);
+    EXPECT_EQ(HistoryDiary::sums(path), before);
 }
 
 TEST_F(HistoryAmendingTest, aBatchThatIsTriedAgain_amendsOnce) {

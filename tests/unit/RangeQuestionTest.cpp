@@ -5,6 +5,8 @@
 #include "Classes/projects/ProjectFile.h"
 #include "Classes/projects/ProjectRecord.h"
 #include "Classes/report/Moment.h"
+#include "Classes/rules/RuleCategories.h"
+#include "Classes/rules/Ruleset.h"
 #include "platform/foundation/propertylists/PropertyList.h"
 
 #include "tests/Places.h"
@@ -306,7 +308,7 @@ TEST_F(AmendedRangeTest, rowsThatAreChosen_haveTheirTimes) {
     const auto times = [&](const RowChoice& choice) {
         QStringList texts;
         for (const auto& [from, to] :
-             question(CalendarRange::span(kToday, kToday)).timesOf({choice}, m_file.database()))
+             question(CalendarRange::span(kToday, kToday)).timesOf({choice}, m_file.database()).pieces)
             texts << QStringLiteral("%1+%2").arg((from - at(0)) / 3'600'000).arg((to - from) / 1000);
         return texts.join(u' ');
     };
@@ -323,9 +325,42 @@ TEST_F(AmendedRangeTest, aStretchThatReachesOutOfTheRange_isMeantAsAWhole) {
     piece.piece = {at(10), at(10) + 60'000};
     const auto whole =
         piece.wholeStretch(at(10) + 1000, QStringLiteral("Mail"), QStringLiteral("Inbox"), m_file.database());
-    ASSERT_EQ(whole.size(), 1U);
-    EXPECT_EQ(whole[0].from, at(9));
-    EXPECT_EQ(whole[0].to, at(12));
+    ASSERT_EQ(whole.pieces.size(), 1U);
+    EXPECT_EQ(whole.pieces[0].from, at(9));
+    EXPECT_EQ(whole.pieces[0].to, at(12));
+    EXPECT_TRUE(whole.only.empty());
+}
+
+// The clock was set back: without names, a piece of time would mean whoever else was in front in it.
+TEST_F(AmendedRangeTest, whereStretchesLieOverEachOther_theChosenOnesAreTold) {
+    const PropertyListDictionary rule{
+        {kRuleActive, true}, {kRuleEnableRename, true}, {kRuleRename, QStringLiteral("Letters")}};
+    const PropertyListDictionary rules{{QStringLiteral("Mail"), rule}};
+    ASSERT_TRUE(
+        PropertyList::writeBinaryFile(PropertyListDictionary{{kRulesetKey, rules}}, m_folders.settingsFile));
+    write(row(kToday, 9, 600, "Mail", "Inbox"));
+    write(row(kToday, 9, 60, "Draw", "Poster"));
+    write(row(kToday, 9, 30, "Draw", ""));
+    const auto names = [](const ChosenTimes& times) {
+        QStringList texts;
+        for (const auto& [program, title] : times.only)
+            texts << program + u'/' + title;
+        return texts.join(u' ');
+    };
+    const RangeQuestion today = question(CalendarRange::span(kToday, kToday));
+    EXPECT_EQ(names(today.timesOf({{false, QStringLiteral("Letters"), {}}}, m_file.database())),
+              QStringLiteral("Mail/Inbox"));
+    const auto all = today.timesOf({}, m_file.database());
+    EXPECT_EQ(names(all), QStringLiteral("Mail/Inbox Draw/Poster Draw/"));
+    ASSERT_EQ(all.pieces.size(), 1U);
+    EXPECT_EQ(all.pieces[0].to - all.pieces[0].from, 600'000);
+    EXPECT_EQ(names(today.wholeStretch(at(9) + 10, QStringLiteral("Draw"), QString(), m_file.database())),
+              QStringLiteral("Draw/"));
+    RangeQuestion later = today;
+    later.unwritten = {row(kToday, 9, 660, "Mail", "Sent"), row(kToday, 9, 5, "Draw", "Sketch")};
+    EXPECT_EQ(names(later.timesOf({{false, QStringLiteral("Letters"), {}}}, m_file.database())),
+              QStringLiteral("Mail/Sent"))
+        << "as it is in the rows that are newer than the file";
 }
 
 // A file that Ticklog has not opened since: ticklog-report and the window read it.
