@@ -26,13 +26,12 @@ QString AssistedDesktop::obstacle() const {
     if (!m_remedy.isEmpty())
         return m_programs.isTelling()
                    ? m_remedy + u' ' +
-                         localized("Until then, only programs that tell assistive programs of "
-                                   "their windows are seen, and all other time counts as "
-                                   "“Desktop”.")
+                         localized("Until then, Ticklog sees only programs that tell assistive programs "
+                                   "about their windows; all other time counts as “Desktop”.")
                    : m_remedy;
     if (!m_programs.isTelling())
         return localized("This Wayland desktop does not tell other programs which window is in front, so no "
-                         "time can be credited.");
+                         "time can be counted.");
     return localized(
         "This Wayland desktop does not tell other programs which window is in front. Ticklog sees only "
         "programs that tell assistive programs about their windows; all other time counts as “Desktop”.");

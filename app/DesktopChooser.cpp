@@ -162,7 +162,7 @@ DesktopChooser::Desktop DesktopChooser::none(bool isWayland, const std::vector<F
     }
     QString obstacle = isWayland
                            ? localized("This Wayland desktop does not tell other programs which window is in "
-                                       "front, so no time can be credited.")
+                                       "front, so no time can be counted.")
                            : localized("There is no window system that tells which window is in front.");
     if (isRefused)
         obstacle = remedy;

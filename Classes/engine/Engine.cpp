@@ -42,7 +42,7 @@ Engine::Engine(Platform& platform, Hooks hooks)
         m_trouble.tell(
             AccountTrouble::Kind::SettingsSetAside,
             AccountTrouble::about(
-                localized("“%@” could not be read. Ticklog goes on with the settings it had kept."),
+                localized("“%@” could not be read. Ticklog continues with the last settings that it kept."),
                 platform.defaults.path()));
     else if (platform.defaults.reading() == UserDefaults::Reading::Nothing)
         m_trouble.tell(AccountTrouble::Kind::SettingsSetAside,

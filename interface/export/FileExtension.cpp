@@ -12,7 +12,7 @@ std::optional<QString> withExtension(Alerts& alerts, const QString& path, const 
     const QString whole = path + suffix;
     if (QFileInfo::exists(whole) &&
         alerts.ask({.message = localized("Replacing a file"),
-                    .informativeText = localized("A file of this name exists already.") + u'\n' + whole,
+                    .informativeText = localized("A file with this name already exists.") + u'\n' + whole,
                     .defaultButton = localized("Cancel"),
                     .alternateButton = localized("Replace"),
                     .otherButton = {}}) == Alerts::Default)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/AmendTexts.h"
 
-#include "Classes/history/Amendment.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QDateTime>
@@ -12,7 +12,7 @@ namespace {
 
 void translate(std::vector<RangeAnswer::Entry>& programs) {
     for (RangeAnswer::Entry& program : programs)
-        program.name = AmendTexts::shownProgram(program.name);
+        program.name = ShownNames::of(program.name);
 }
 
 } // namespace
@@ -35,20 +35,12 @@ QString of(const RangeAnswer::Piece& piece) {
         .replace(QLatin1String("%2"), before);
 }
 
-QString shownProgram(const QString& name) {
-    return name == kByHandName ? localized("By Hand") : name;
-}
-
-QString recordedProgram(const QString& shownName) {
-    return shownName == localized("By Hand") ? kByHandName : shownName;
-}
-
 void translate(RangeAnswer& answer) {
     ::translate(answer.programs);
     for (RangeAnswer::Entry& project : answer.projects)
         ::translate(project.parts);
     for (RangeAnswer::Piece& piece : answer.pieces)
-        piece.program = shownProgram(piece.program);
+        piece.program = ShownNames::of(piece.program);
     for (RangeAnswer::Bar& bar : answer.bars)
         ::translate(bar.programs);
 }

@@ -2,13 +2,13 @@
 // What a person has chosen in the history, and the menus over it.
 #include "Classes/report/Moment.h"
 #include "interface/history/AmendActions.h"
-#include "interface/history/AmendTexts.h"
 #include "interface/history/Amending.h"
 #include "interface/history/DayPicture.h"
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
 #include "interface/mainwindow/MainWindow.h"
+#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QContextMenuEvent>
@@ -49,7 +49,7 @@ Amending::Chosen Amending::stretch(int item) const {
     const RangeAnswer::Piece& piece = pieces[std::size_t(item)];
     return {.kind = Chosen::Kind::Stretch,
             .piece = {piece.start, piece.end()},
-            .program = AmendTexts::recordedProgram(piece.program),
+            .program = ShownNames::recorded(piece.program),
             .title = piece.title,
             .isIdle = piece.presence == RecordedStretch::Presence::Idle};
 }
@@ -80,11 +80,11 @@ Amending::Chosen Amending::chosenRows() const {
     for (const QModelIndex& row : m_ground.window.historyPane().outline().selectionModel()->selectedRows()) {
         const QModelIndex top = row.parent().isValid() ? row.parent() : row;
         const QString name = top.data(Qt::EditRole).toString();
-        RowChoice choice{.isProject = isByProject, .name = AmendTexts::recordedProgram(name), .part = {}};
+        RowChoice choice{.isProject = isByProject, .name = ShownNames::recorded(name), .part = {}};
         if (isByProject)
             choice.name = name == noProject ? kNoProject : name;
         if (row.parent().isValid())
-            choice.part = isByProject ? AmendTexts::recordedProgram(row.data(Qt::EditRole).toString())
+            choice.part = isByProject ? ShownNames::recorded(row.data(Qt::EditRole).toString())
                                       : row.data(Qt::EditRole).toString();
         rows.rows.push_back(choice);
     }

@@ -110,8 +110,8 @@ void BookingWindow::show(const Amendment::Piece& asked, const Result<qint64>& fr
     const bool isFree = length >= kLeastFree;
     m_button->setEnabled(isFree);
     m_free->setText(!free     ? localized("The history cannot be read.")
-                    : !isFree ? localized("Nothing is free there: it was worked, or is still to come.")
-                              : localized("%1 are free there. What was worked stays as it is.")
+                    : !isFree ? localized("No time is free there: you worked then, or it is still to come.")
+                              : localized("%1 of it is free. Time that you worked stays as it is.")
                                     .replace(QLatin1String("%1"), PictureTexts::length(length)));
     m_button->setAccessibleDescription(m_free->text());
 }

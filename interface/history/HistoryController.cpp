@@ -19,6 +19,7 @@
 #include "interface/mainwindow/TimeSum.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
+#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/time/LocalTime.h"
 
@@ -249,7 +250,7 @@ void HistoryController::showOnly(Knowledge knowledge, RangeAnswer answer) {
 
 void HistoryController::askForTitles(const QString& program) {
     m_titleReader->ask<std::vector<RangeAnswer::Entry>>(
-        [question = question(), name = AmendTexts::recordedProgram(program)](SqliteDatabase& file) {
+        [question = question(), name = ShownNames::recorded(program)](SqliteDatabase& file) {
             return question.titlesOf(name, file);
         },
         [this, program, asked = m_questions](const Result<std::vector<RangeAnswer::Entry>>& titles) {
@@ -332,7 +333,7 @@ QString HistoryController::invitation() const {
     if (m_knowledge == Knowledge::Unreadable)
         return localized("The history cannot be read at the moment.");
     if (!m_answer.programs.empty())
-        return localized("Nothing here has as much time as you ask for.");
+        return localized("Nothing here reaches the minimum time.");
     if (!m_ground.window.searchAppField().text().isEmpty())
         return localized("Nothing in this time matches the search.");
     if (m_ground.project())
@@ -341,7 +342,7 @@ QString HistoryController::invitation() const {
         return localized("This time is still to come.");
     const QString nothing = localized("No work was recorded in this time.");
     return m_range.contains(today()) && !m_ground.isCounting()
-               ? nothing + u' ' + localized("Start the timer to record when your time goes where.")
+               ? nothing + u' ' + localized("Start the timer to record where your time goes, and when.")
                : nothing;
 }
 

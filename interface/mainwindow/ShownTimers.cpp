@@ -174,13 +174,13 @@ QString ShownTimers::invitation() const {
                        : localized("No timer matches the search.");
     }
     if (m_tracker.fullTimeSet().empty())
-        return localized("Press Start and work on; the programs you use will appear here.");
+        return localized("Press Start and carry on working. Your programs will appear here.");
     if (search.isEmpty())
-        return localized("No timer has as much time as you ask for.");
+        return localized("No timer reaches the minimum time.");
     const bool isFound = std::ranges::any_of(m_tracker.fullTimeSet(), [&](const auto& app) {
         return app->prunedObjectForSearchString(search, 0) != nullptr;
     });
-    return isFound ? localized("No timer that matches the search has as much time as you ask for.")
+    return isFound ? localized("No timer that matches the search reaches the minimum time.")
                    : localized("No timer matches the search.");
 }
 

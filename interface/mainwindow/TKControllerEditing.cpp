@@ -37,11 +37,11 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
     }
     if (!forceDelete) {
         const int answer =
-            m_alerts.ask({.message = QStringLiteral("Delete selected times"),
-                          .informativeText = QStringLiteral(
-                              "Are you sure you wish permanently delete the selected timing rows?"),
-                          .defaultButton = QStringLiteral("Keep"),
-                          .alternateButton = QStringLiteral("Delete"),
+            m_alerts.ask({.message = localized("Delete selected times"),
+                          .informativeText =
+                              localized("Are you sure you wish permanently delete the selected timing rows?"),
+                          .defaultButton = localized("Keep"),
+                          .alternateButton = localized("Delete"),
                           .otherButton = {}});
         if (answer == Alerts::Default)
             return;

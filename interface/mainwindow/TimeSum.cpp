@@ -2,6 +2,7 @@
 #include "interface/mainwindow/TimeSum.h"
 
 #include "Classes/store/TimeStoreNode.h"
+#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <algorithm>
@@ -16,10 +17,11 @@ QString totalCaption(const QStringList& leftOut) {
     QString text = leftOut.size() == 1 ? localized("Total without %@") : localized("Total without %@ and %@");
     qsizetype place = 0;
     for (const QString& name : leftOut.first(std::min<qsizetype>(leftOut.size(), 2))) {
+        const QString shown = ShownNames::of(name);
         // A name may look like the next place.
         place = text.indexOf(QLatin1String("%@"), place);
-        text.replace(place, 2, name);
-        place += name.size();
+        text.replace(place, 2, shown);
+        place += shown.size();
     }
     return text;
 }

@@ -46,7 +46,8 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     // The field is only a frame; screen readers read its editor.
     m_ruleCategories->setAccessibleName(localized("Categories"));
     m_ruleCategories->editor().setAccessibleName(localized("Categories"));
-    m_ruleCategories->editor().setAccessibleDescription(localized("A comma or Return completes a category."));
+    m_ruleCategories->editor().setAccessibleDescription(
+        localized("Press comma or Enter to add; press Delete to remove."));
     auto* form = new QFormLayout;
     form->addRow(localized("&Application:"), m_ruleAppName);
     form->addRow(QString(), m_ruleBlockFromList);

@@ -55,7 +55,7 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     settings.bind(*isOn, kSaveTimerPeriodically);
     rows->addWidget(isOn);
     auto* explanation = new PlainLabel(localized(
-        "At the chosen time all timers are written to a file named after the day, and start anew."));
+        "At the chosen time all timers are saved to a file named after the day, and start again from zero."));
     explanation->setWordWrap(true);
     explanation->setForegroundRole(QPalette::PlaceholderText);
     rows->addWidget(explanation);
@@ -154,7 +154,7 @@ void ArchiveTab::showWeekdays(UserDefaults& defaults) {
     for (int day = 0; day < 7; ++day)
         if (weekdays & (1U << day))
             names << QLocale().standaloneDayName(day == 0 ? 7 : day, length);
-    m_weekdays->setText(names.isEmpty() ? localized("No day: nothing is archived.")
+    m_weekdays->setText(names.isEmpty() ? localized("No day is chosen: nothing is archived.")
                                         : localized("Archived on: ") + names.join(QStringLiteral(", ")));
     m_weekdays->setToolTip(PlainText::toolTip(m_weekdays->text()));
     m_weekdays->setAccessibleDescription(m_weekdays->text());

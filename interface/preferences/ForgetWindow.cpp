@@ -88,8 +88,8 @@ void ForgetWindow::addControls() {
     auto* whenLabel = new PlainLabel(localized("&When:"));
     whenLabel->setBuddy(m_when);
     form->addRow(whenLabel, times);
-    auto* explanation = new PlainLabel(localized(
-        "The history forgets it for good. Timers keep their names and times: delete their rows for that."));
+    auto* explanation = new PlainLabel(localized("The history forgets it for good. Timers keep their names "
+                                                 "and times; to remove those, delete their rows."));
     explanation->setWordWrap(true);
     explanation->setForegroundRole(QPalette::PlaceholderText);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
@@ -212,9 +212,8 @@ void ForgetWindow::ask() {
     m_found->setText(localized("It is being forgotten…"));
     m_forget(what, [window = QPointer(this)](bool isDone) {
         if (window && window->m_isForgetting)
-            window->m_found->setText(
-                isDone ? localized("It is forgotten.")
-                       : localized("It is not forgotten yet: the history cannot be saved now. Ticklog "
-                                   "tries again until it can."));
+            window->m_found->setText(isDone ? localized("It is forgotten.")
+                                            : localized("It is not forgotten yet, because the history cannot "
+                                                        "be saved at the moment. Ticklog keeps trying."));
     });
 }

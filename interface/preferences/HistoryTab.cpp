@@ -26,7 +26,7 @@ struct Keeping {
     const char* text;
 };
 
-constexpr Keeping kKeepings[] = {{0, QT_TRANSLATE_NOOP("Ticklog", "For ever")},
+constexpr Keeping kKeepings[] = {{0, QT_TRANSLATE_NOOP("Ticklog", "Forever")},
                                  {1826, QT_TRANSLATE_NOOP("Ticklog", "For five years")},
                                  {365, QT_TRANSLATE_NOOP("Ticklog", "For a year")},
                                  {90, QT_TRANSLATE_NOOP("Ticklog", "For 90 days")},

@@ -24,12 +24,12 @@ bool TKSetupController::mayKeepFor(std::int64_t days) {
     if (!isLess)
         return true;
     return m_alerts.ask(
-               {.message = days < 0 ? localized("Keep no history?") : localized("Forget what is older?"),
+               {.message =
+                    days < 0 ? localized("Stop keeping a history?") : localized("Forget what is older?"),
                 .informativeText =
-                    days < 0
-                        ? localized("Its file is removed at once. This cannot be undone. Timers keep their "
-                                    "times, and a crash may cost them the last 15 minutes.")
-                        : localized("It is removed from the file at once. This cannot be undone."),
+                    days < 0 ? localized("Its file is removed at once. This cannot be undone. Timers keep "
+                                         "their times, but a crash may cost them the last 15 minutes.")
+                             : localized("It is removed from the file at once. This cannot be undone."),
                 .defaultButton = localized("Cancel"),
                 .alternateButton = localized("Forget"),
                 .otherButton = {}}) == Alerts::Alternate;

@@ -24,7 +24,7 @@ QString titleText(const PropertyListDictionary& rule) {
     if (title.isEmpty())
         return localized("Any");
     if (!TitleRules::faultOf(rule).isEmpty())
-        return localized("Wrong expression: %@").replace(QLatin1String("%@"), title);
+        return localized("This expression is wrong: %@").replace(QLatin1String("%@"), title);
     const PropertyListArray start = TitleRules::fromTheStart();
     if (title == start.front().asDictionary()->value(kTitleRuleTitle).toString())
         return localized("Private windows of browsers");

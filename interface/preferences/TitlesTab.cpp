@@ -288,7 +288,7 @@ void TitlesTab::askBefore(const RuledPast& ruled) {
              SumsTable::text(ruled.changed.titles, ruled.changed.length) + QStringLiteral(" · ") + count +
              u'\n' +
              localized(
-                 "What they hide is removed from the history, the timers and the projects for good. Neither "
+                 "What they hide is removed for good from the history, the timers and the projects. Neither "
                  "this nor any earlier step can be undone. Archives and backups stay as they are."),
          .defaultButton = localized("Cancel"),
          .alternateButton = localized("Apply"),

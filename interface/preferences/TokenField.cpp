@@ -69,7 +69,7 @@ void TokenField::addToken(const QString& word) {
     token->setProperty("word", word);
     token->setToolTip(PlainText::toolTip(word));
     token->setAccessibleName(word);
-    token->setAccessibleDescription(localized("Category. Delete removes it."));
+    token->setAccessibleDescription(localized("Category. Press Delete to remove it."));
     token->setFocusPolicy(Qt::StrongFocus);
     token->installEventFilter(this);
     // In the order in which they are shown.

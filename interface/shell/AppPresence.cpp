@@ -244,7 +244,7 @@ void AppPresence::sayThatClosingMinimizes() {
     if (m_platform.defaults.boolForKey(kTKSaidThatClosingMinimizes))
         return;
     m_platform.defaults.setObject(kTKSaidThatClosingMinimizes, true);
-    m_alerts.showNotice(localized("Ticklog goes on in the task bar."),
-                        localized("No icon in the tray could bring a closed window back. Closing the window "
-                                  "therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog."));
+    m_alerts.showNotice(localized("Ticklog keeps running in the task bar."),
+                        localized("There is no tray icon that could bring a closed window back, so closing "
+                                  "the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog."));
 }

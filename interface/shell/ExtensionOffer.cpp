@@ -43,13 +43,12 @@ Alerts::Question questionFor(State state) {
     } else if (state == State::AllOff) {
         question.informativeText =
             reason + QStringLiteral("\n\n") +
-            localized(
-                "GNOME Shell's switch for all extensions is off. It is switched on as well, and with it "
-                "the other extensions that are chosen there.");
-        question.alternateButton = localized("Switch On");
+            localized("GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it "
+                      "the other extensions that are chosen there.");
+        question.alternateButton = localized("Turn On");
     } else {
         question.informativeText = reason;
-        question.alternateButton = localized("Switch On");
+        question.alternateButton = localized("Turn On");
     }
     return question;
 }
@@ -140,11 +139,10 @@ void ExtensionOffer::switchOn() {
     m_inVain = m_ground.runLoop.scheduleOnce(kUntilInVain, [this] {
         if (isOff(m_ground.extension.state()))
             m_ground.alerts.showError(
-                localized("GNOME Shell has not switched the extension on."),
+                localized("GNOME Shell has not turned the extension on."),
                 localized(
-                    "Switch it on in the program “Extensions”, and there the switch for all extensions as "
-                    "well. Where that is not possible, whoever looks after this computer does not allow "
-                    "it."));
+                    "Turn it on in the program “Extensions”, together with the switch for all extensions. If "
+                    "you cannot, the administrator of this computer does not allow it."));
     });
     m_ground.extension.switchOn();
 }

@@ -82,12 +82,12 @@ bool TKApplicationDelegate::applicationShouldTerminate() {
         return true;
     m_controller.setWindowStateShown(true);
     const int answer = m_alerts.ask(
-        {.message = QStringLiteral("Timer still running."),
-         .informativeText = QStringLiteral(
+        {.message = localized("Timer still running."),
+         .informativeText = localized(
              "There is a timer currently running. Ticklog must remain open in order to keep track of "
              "time. Are you sure you wish to quit?"),
-         .defaultButton = QStringLiteral("Remain Open"),
-         .alternateButton = QStringLiteral("Quit"),
+         .defaultButton = localized("Remain Open"),
+         .alternateButton = localized("Quit"),
          .otherButton = {}});
     if (answer != Alerts::Alternate)
         return false;

@@ -89,9 +89,9 @@ void ProjectPatternsWindow::addControls() {
     edit->addWidget(add);
     edit->addWidget(m_remove);
     edit->addStretch(1);
-    auto* explanation = new PlainLabel(localized("Whatever fits belongs to the project in the history and in "
-                                                 "reports, in the past as well. The timers of the "
-                                                 "project stay those that are in it."));
+    auto* explanation =
+        new PlainLabel(localized("Whatever matches belongs to the project in the history and in reports, "
+                                 "past time included. The project’s own timers stay as they are."));
     explanation->setWordWrap(true);
     explanation->setForegroundRole(QPalette::PlaceholderText);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);

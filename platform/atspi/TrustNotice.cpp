@@ -29,11 +29,11 @@ void TrustNotice::show() {
     m_notifications.call(
         kPath, m_notifications.name(), QStringLiteral("Notify"),
         {QStringLiteral("Ticklog"), m_shown, QStringLiteral("org.ticklog.Ticklog"),
-         localized("Ticklog cannot see other programs' windows"),
+         localized("Ticklog cannot see other programs’ windows"),
          localized(
              "To count the time spent in each window, it needs the accessibility services of the desktop. "
              "Start the timer again when they are turned on."),
-         QStringList{kAllow, localized("Turn on")}, hints, kNeverExpires},
+         QStringList{kAllow, localized("Turn On")}, hints, kNeverExpires},
         [this](const QDBusMessage& reply) {
             if (reply.type() == QDBusMessage::ReplyMessage)
                 m_shown = reply.arguments().value(0).toUInt();

@@ -35,8 +35,7 @@ QString SilenceWatch::obstacle() const {
     const QString known = m_desktop.front.obstacle();
     if (!known.isEmpty() || !isSilent())
         return known;
-    return localized("The desktop does not answer any more. Until it does, Ticklog cannot tell which window "
-                     "is in front, and credits none.");
+    return localized("The desktop has stopped responding. Until it responds, no window’s time is counted.");
 }
 
 void SilenceWatch::look() {

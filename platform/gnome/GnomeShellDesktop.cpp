@@ -33,8 +33,7 @@ QString GnomeShellDesktop::describe() const {
 
 QString GnomeShellDesktop::reasonForSilence() const {
     if (m_version.isUntested())
-        return localized("The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so "
-                         "the shell does not run it.")
+        return localized("Ticklog’s extension does not support GNOME Shell %@ yet.")
             .replace(QLatin1String("%@"), m_version.text());
     return localized("GNOME Shell tells which window is in front only to its extensions, and the one that "
                      "belongs to Ticklog is not running.");
@@ -43,7 +42,7 @@ QString GnomeShellDesktop::reasonForSilence() const {
 QString GnomeShellDesktop::obstacle() const {
     if (m_isTold)
         return {};
-    return reasonForSilence() + u' ' + localized("Until it runs, no window is credited.");
+    return reasonForSilence() + u' ' + localized("Until it runs, no window’s time is counted.");
 }
 
 void GnomeShellDesktop::follow() {

@@ -11,9 +11,8 @@ public:
     Outcome setEnabled(const QString&, bool isEnabled) override {
         if (!isEnabled)
             return Done{};
-        return Failure{
-            Failure::Kind::Refused,
-            localized("Ticklog runs in a sandbox, from which it cannot change what the session starts. "
-                      "The settings of the desktop can.")};
+        return Failure{Failure::Kind::Refused,
+                       localized("Ticklog runs in a sandbox and cannot change what starts with your session. "
+                                 "The desktop’s settings can.")};
     }
 };

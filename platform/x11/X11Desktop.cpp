@@ -39,9 +39,8 @@ Result<std::unique_ptr<X11Desktop>> X11Desktop::open(const QByteArray& display, 
     if (isXwayland(**connection))
         return Failure{
             Failure::Kind::Refused,
-            localized(
-                "Ticklog was started without knowing of the Wayland desktop, and its X display tells only of "
-                "the programs that run through it. Start Ticklog from the desktop's menu.")};
+            localized("Ticklog was started without knowing of the Wayland desktop, so it sees only programs "
+                      "that run through the X server. Start Ticklog from the desktop’s menu.")};
     std::unique_ptr<X11Desktop> desktop(new X11Desktop(std::move(*connection), runLoop, entries));
     desktop->begin();
     desktop->m_connection->awaitReplies();

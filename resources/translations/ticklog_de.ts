@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Database file (reset %@):</source>
-        <translation>Datenbankdatei (zurückgesetzt %@):</translation>
+        <translation>Timer zuletzt zurückgesetzt: %@</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -68,8 +68,8 @@
         <translation>Start</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
-        <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Deshalb kann keine Zeit gezählt werden.</translation>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be counted.</source>
+        <translation>Diese Wayland-Arbeitsumgebung teilt anderen Programmen nicht mit, welches Fenster vorn ist. Deshalb kann keine Zeit gezählt werden.</translation>
     </message>
     <message>
         <source>There is no window system that tells which window is in front.</source>
@@ -92,7 +92,7 @@
         <translation>Datei ersetzen</translation>
     </message>
     <message>
-        <source>A file of this name exists already.</source>
+        <source>A file with this name already exists.</source>
         <translation>Es gibt bereits eine Datei mit diesem Namen.</translation>
     </message>
     <message>
@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>No Label</source>
-        <translation>Keine Markierung</translation>
+        <translation>Keine Farbe</translation>
     </message>
     <message>
         <source>Red</source>
@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>Label:</source>
-        <translation>Markierung:</translation>
+        <translation>Farbe:</translation>
     </message>
     <message>
         <source>Where Ticklog is found</source>
@@ -277,7 +277,7 @@
     </message>
     <message>
         <source>Clear Timers</source>
-        <translation>Timer leeren</translation>
+        <translation>Timer zurücksetzen</translation>
     </message>
     <message>
         <source>&amp;About Ticklog</source>
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>Copies the sum in words</source>
-        <translation>Kopiert die Summe in Worten</translation>
+        <translation>Kopiert die Summe mit ausgeschriebenen Einheiten</translation>
     </message>
     <message>
         <source>%@ (build %@)</source>
@@ -333,11 +333,11 @@
     </message>
     <message>
         <source>Are you sure you wish to clear the currently visible timers?</source>
-        <translation>Möchten Sie die zurzeit sichtbaren Timer wirklich leeren?</translation>
+        <translation>Möchten Sie alle Timer zurücksetzen? Ihre Zeiten und Zeilen werden entfernt.</translation>
     </message>
     <message>
         <source>Set storage database location.</source>
-        <translation>Speicherort der Datenbank festlegen</translation>
+        <translation>Speicherort der Datenbank wählen</translation>
     </message>
     <message>
         <source>The database could not be copied.</source>
@@ -352,11 +352,11 @@
         <translation>Dieses Projekt ist leer. Ziehen Sie Timer aus „Alle Timer“ darauf.</translation>
     </message>
     <message>
-        <source>No timer has as much time as you ask for.</source>
-        <translation>Kein Timer hat so viel Zeit wie verlangt.</translation>
+        <source>No timer reaches the minimum time.</source>
+        <translation>Kein Timer erreicht die Mindestzeit.</translation>
     </message>
     <message>
-        <source>Press Start and work on; the programs you use will appear here.</source>
+        <source>Press Start and carry on working. Your programs will appear here.</source>
         <translation>Klicken Sie auf „Start“ und arbeiten Sie weiter. Die Programme, die Sie benutzen, erscheinen hier.</translation>
     </message>
     <message>
@@ -441,7 +441,7 @@
     </message>
     <message>
         <source>&amp;Block from the list</source>
-        <translation>&amp;In der Liste ausblenden</translation>
+        <translation>In &amp;Berichten auslassen</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
@@ -464,8 +464,8 @@
         <translation>Kategorien</translation>
     </message>
     <message>
-        <source>A comma or Return completes a category.</source>
-        <translation>Ein Komma oder die Eingabetaste schließt eine Kategorie ab.</translation>
+        <source>Press comma or Enter to add; press Delete to remove.</source>
+        <translation>Mit Komma oder Eingabetaste hinzufügen, mit Entf entfernen.</translation>
     </message>
     <message>
         <source>&amp;Application:</source>
@@ -473,11 +473,11 @@
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
-        <translation>Alle Timer nach &amp;Zeitplan archivieren und leeren</translation>
+        <translation>Alle Timer nach &amp;Zeitplan archivieren und zurücksetzen</translation>
     </message>
     <message>
-        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
-        <translation>Zur gewählten Zeit werden alle Timer in eine nach dem Tag benannte Datei geschrieben und beginnen von vorn.</translation>
+        <source>At the chosen time all timers are saved to a file named after the day, and start again from zero.</source>
+        <translation>Zur gewählten Zeit werden alle Timer in eine nach dem Tag benannte Datei gesichert und beginnen wieder bei null.</translation>
     </message>
     <message>
         <source>Data&amp;base:</source>
@@ -532,8 +532,8 @@
         <translation>&amp;Ordner:</translation>
     </message>
     <message>
-        <source>No day: nothing is archived.</source>
-        <translation>Kein Tag: Es wird nichts archiviert.</translation>
+        <source>No day is chosen: nothing is archived.</source>
+        <translation>Kein Tag gewählt: Es wird nichts archiviert.</translation>
     </message>
     <message>
         <source>Archived on: </source>
@@ -656,32 +656,32 @@
         <translation>Behalten</translation>
     </message>
     <message>
-        <source>Category. Delete removes it.</source>
-        <translation>Kategorie. Entf entfernt sie.</translation>
+        <source>Category. Press Delete to remove it.</source>
+        <translation>Kategorie. Mit Entf entfernen.</translation>
     </message>
     <message>
         <source>For Ticklog to function you must grant it access to your computer.</source>
-        <translation>Damit Ticklog funktioniert, müssen Sie ihm Zugriff auf Ihren Computer gewähren.</translation>
+        <translation>Ticklog braucht die Bedienungshilfen Ihrer Arbeitsumgebung.</translation>
     </message>
     <message>
         <source>Follow these simple steps and Ticklog will be running in no time.</source>
-        <translation>Folgen Sie diesen einfachen Schritten, und Ticklog läuft im Handumdrehen.</translation>
+        <translation>Folgen Sie diesen Schritten, dann kann Ticklog zählen.</translation>
     </message>
     <message>
         <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
-        <translation>Öffnen Sie in den Systemeinstellungen den Bereich „Sicherheit &amp; Datenschutz“.</translation>
+        <translation>Öffnen Sie die Einstellungen Ihrer Arbeitsumgebung.</translation>
     </message>
     <message>
         <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
-        <translation>Wählen Sie den Reiter „Datenschutz“ und öffnen Sie das Schloss, um Änderungen zu erlauben.</translation>
+        <translation>Gehen Sie zur Seite der Bedienungshilfen.</translation>
     </message>
     <message>
         <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
-        <translation>Wählen Sie die Gruppe „Barrierefreiheit“ und ziehen Sie Ticklog in die Liste rechts.</translation>
+        <translation>Schalten Sie die Dienste für Bedienungshilfen ein.</translation>
     </message>
     <message>
         <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
-        <translation>Setzen Sie zuletzt das Häkchen bei Ticklog und starten Sie Ticklog neu.</translation>
+        <translation>Starten Sie Ticklog neu.</translation>
     </message>
     <message>
         <source>Restart</source>
@@ -693,11 +693,11 @@
     </message>
     <message>
         <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
-        <translation>Ticklog erfasst die Zeit, die Sie in jeder Anwendung aktiv sind. Dazu müssen Sie Ticklog erlauben, diese Daten vom System abzufragen.</translation>
+        <translation>Ticklog zählt die Zeit, die Sie in jedem Programm verbringen. Dazu braucht es Ihre Erlaubnis, die Arbeitsumgebung zu fragen.</translation>
     </message>
     <message>
         <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
-        <translation>Die Schutzvorkehrungen des Systems verhindern, dass der Zustand anderer Anwendungen ohne Ihre Genehmigung beobachtet wird. Um Ihre Privatsphäre zu schützen, erhält nur Ticklog diese Genehmigung; die übrigen Schutzvorkehrungen des Systems bleiben in Kraft.</translation>
+        <translation>Die Arbeitsumgebung schützt Ihre Privatsphäre: Ohne Ihre Erlaubnis darf kein Programm die anderen beobachten. Hiermit erhält Ticklog die Erlaubnis; alles andere bleibt geschützt wie bisher.</translation>
     </message>
     <message>
         <source>Authorize Ticklog</source>
@@ -709,11 +709,11 @@
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
-        <translation>Bitte schalten Sie in den Systemeinstellungen unter „Sicherheit &gt; Datenschutz &gt; Barrierefreiheit“ den Zugriff für Hilfsgeräte ein.</translation>
+        <translation>Schalten Sie in den Einstellungen Ihrer Arbeitsumgebung die Bedienungshilfen ein.</translation>
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
-        <translation>Bitte schalten Sie in den Systemeinstellungen unter „Barrierefreiheit“ den Zugriff für Hilfsgeräte ein.</translation>
+        <translation>Schalten Sie in den Einstellungen Ihrer Arbeitsumgebung die Bedienungshilfen ein.</translation>
     </message>
     <message>
         <source>An error was encountered.</source>
@@ -757,15 +757,15 @@
     </message>
     <message>
         <source>Show Time Window</source>
-        <translation>Zeitfenster anzeigen</translation>
+        <translation>Ticklog anzeigen</translation>
     </message>
     <message>
         <source>Preferences...</source>
-        <translation>Einstellungen...</translation>
+        <translation>Einstellungen…</translation>
     </message>
     <message>
         <source>About...</source>
-        <translation>Über...</translation>
+        <translation>Über Ticklog</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -789,11 +789,11 @@
     </message>
     <message>
         <source>The timer set &quot;%@&quot; will be deleted.</source>
-        <translation>Der Timersatz „%@“ wird gelöscht.</translation>
+        <translation>Das Projekt „%@“ wird gelöscht.</translation>
     </message>
     <message>
         <source>Delete selected timer set?</source>
-        <translation>Ausgewählten Timersatz löschen?</translation>
+        <translation>Das ausgewählte Projekt löschen?</translation>
     </message>
     <message>
         <source>Move Project</source>
@@ -805,22 +805,22 @@
     </message>
     <message>
         <source>Label Project</source>
-        <translation>Projekt markieren</translation>
+        <translation>Projektfarbe ändern</translation>
     </message>
     <message>
         <source>Copy Project</source>
         <translation>Projekt kopieren</translation>
     </message>
     <message>
-        <source>Ticklog cannot see other programs&apos; windows</source>
+        <source>Ticklog cannot see other programs’ windows</source>
         <translation>Ticklog sieht die Fenster anderer Programme nicht</translation>
     </message>
     <message>
         <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
-        <translation>Um die Zeit in jedem Fenster zu zählen, braucht es die Barrierefreiheitsdienste der Arbeitsumgebung. Starten Sie den Timer erneut, wenn sie eingeschaltet sind.</translation>
+        <translation>Um die Zeit in jedem Fenster zu zählen, braucht es die Bedienungshilfen der Arbeitsumgebung. Starten Sie den Timer erneut, wenn sie eingeschaltet sind.</translation>
     </message>
     <message>
-        <source>Turn on</source>
+        <source>Turn On</source>
         <translation>Einschalten</translation>
     </message>
     <message>
@@ -853,7 +853,7 @@
     </message>
     <message>
         <source>This Wayland desktop no longer tells other programs which window is in front.</source>
-        <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mehr mit, welches Fenster vorn ist.</translation>
+        <translation>Diese Wayland-Arbeitsumgebung teilt anderen Programmen nicht mehr mit, welches Fenster vorn ist.</translation>
     </message>
     <message>
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
@@ -884,32 +884,28 @@
         <translation>Installieren</translation>
     </message>
     <message>
-        <source>Switch On</source>
-        <translation>Einschalten</translation>
-    </message>
-    <message>
         <source>The extension could not be installed.</source>
         <translation>Die Erweiterung konnte nicht installiert werden.</translation>
     </message>
     <message>
-        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>Bis dahin sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
+        <source>Until then, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
+        <translation>Bis dahin sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Arbeitsumgebung“.</translation>
     </message>
     <message>
-        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <source>GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it the other extensions that are chosen there.</source>
         <translation>In der GNOME Shell ist der Schalter für alle Erweiterungen aus. Er wird mit eingeschaltet, und damit auch die anderen Erweiterungen, die dort gewählt sind.</translation>
     </message>
     <message>
-        <source>GNOME Shell has not switched the extension on.</source>
+        <source>GNOME Shell has not turned the extension on.</source>
         <translation>Die GNOME Shell hat die Erweiterung nicht eingeschaltet.</translation>
     </message>
     <message>
-        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
-        <translation>Schalten Sie sie im Programm „Erweiterungen“ ein, und dort auch den Schalter für alle Erweiterungen. Ist das nicht möglich, so lässt es nicht zu, wer diesen Rechner betreut.</translation>
+        <source>Turn it on in the program “Extensions”, together with the switch for all extensions. If you cannot, the administrator of this computer does not allow it.</source>
+        <translation>Schalten Sie sie im Programm „Erweiterungen“ ein, zusammen mit dem Schalter für alle Erweiterungen. Geht das nicht, so lässt es die Verwaltung dieses Rechners nicht zu.</translation>
     </message>
     <message>
         <source>Set Up...</source>
-        <translation>Einrichten...</translation>
+        <translation>Einrichten…</translation>
     </message>
     <message>
         <source>Why Are Windows Not Counted?</source>
@@ -920,28 +916,28 @@
         <translation>GNOME Shell teilt Programmen in einer Sandbox nicht mit, welches Fenster vorn ist. Außerhalb einer Sandbox installiert, erfährt es Ticklog.</translation>
     </message>
     <message>
-        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
-        <translation>Ticklog läuft in einer Sandbox und kann von dort aus nicht ändern, was die Sitzung startet. In den Einstellungen der Arbeitsumgebung geht das.</translation>
+        <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
+        <translation>Ticklog läuft in einer Sandbox und kann nicht ändern, was mit Ihrer Sitzung startet. In den Einstellungen der Arbeitsumgebung geht das.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
-        <translation>Die Arbeitsfläche antwortet nicht mehr. Bis sie es tut, ist nicht bekannt, welches Fenster vorn ist, und für kein Fenster wird Zeit gezählt.</translation>
+        <source>The desktop has stopped responding. Until it responds, no window’s time is counted.</source>
+        <translation>Die Arbeitsumgebung antwortet nicht mehr. Bis sie wieder antwortet, wird für kein Fenster Zeit gezählt.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
-        <translation>Die Erweiterung von Ticklog wurde nicht mit der GNOME Shell %@ erprobt und wird von dieser daher nicht ausgeführt.</translation>
+        <source>Ticklog’s extension does not support GNOME Shell %@ yet.</source>
+        <translation>Die Erweiterung von Ticklog unterstützt die GNOME Shell %@ noch nicht.</translation>
     </message>
     <message>
-        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
-        <translation>Ticklog wurde gestartet, ohne von der Wayland-Arbeitsfläche zu wissen, und seine X-Anzeige kennt nur die Programme, die durch sie laufen. Starten Sie Ticklog aus dem Menü der Arbeitsfläche.</translation>
+        <source>Ticklog was started without knowing of the Wayland desktop, so it sees only programs that run through the X server. Start Ticklog from the desktop’s menu.</source>
+        <translation>Ticklog wurde gestartet, ohne von der Wayland-Arbeitsumgebung zu wissen, und sieht daher nur Programme, die über den X-Server laufen. Starten Sie Ticklog aus dem Menü der Arbeitsumgebung.</translation>
     </message>
     <message>
-        <source>Until it runs, no window is credited.</source>
+        <source>Until it runs, no window’s time is counted.</source>
         <translation>Bis sie läuft, wird für kein Fenster Zeit gezählt.</translation>
     </message>
     <message>
         <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
+        <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Arbeitsumgebung“.</translation>
     </message>
     <message>
         <source>Rules leave out, rename and categorize applications in reports only.</source>
@@ -980,8 +976,8 @@
         <translation>Einige Einträge von „%@“ sind beschädigt und wurden ausgelassen. Die Datei bleibt daneben erhalten.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
-        <translation>„%@“ konnte nicht gelesen werden. Ticklog verwendet die zuletzt aufbewahrten Einstellungen.</translation>
+        <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
+        <translation>„%@“ konnte nicht gelesen werden. Ticklog arbeitet mit den zuletzt aufbewahrten Einstellungen weiter.</translation>
     </message>
     <message>
         <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
@@ -1012,8 +1008,8 @@
         <translation>&amp;Projekt exportieren…</translation>
     </message>
     <message>
-        <source>No timer that matches the search has as much time as you ask for.</source>
-        <translation>Kein Timer, der der Suche entspricht, hat so viel Zeit wie verlangt.</translation>
+        <source>No timer that matches the search reaches the minimum time.</source>
+        <translation>Kein Timer, der der Suche entspricht, erreicht die Mindestzeit.</translation>
     </message>
     <message>
         <source>Export All Timers to CSV, Narrowed by the Search</source>
@@ -1028,11 +1024,11 @@
         <translation>Projekt als CSV exportieren</translation>
     </message>
     <message>
-        <source>Ticklog goes on in the task bar.</source>
+        <source>Ticklog keeps running in the task bar.</source>
         <translation>Ticklog läuft in der Taskleiste weiter.</translation>
     </message>
     <message>
-        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
+        <source>There is no tray icon that could bring a closed window back, so closing the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog.</source>
         <translation>Kein Symbol im Infobereich führt zu einem geschlossenen Fenster zurück. Schließen minimiert es deshalb, und Ticklog läuft weiter. „Beenden“ beendet es.</translation>
     </message>
     <message>
@@ -1045,7 +1041,7 @@
     </message>
     <message>
         <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Diese Wayland-Arbeitsfläche teilt anderen Programmen nicht mit, welches Fenster vorn ist. Ticklog sieht nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Desktop“.</translation>
+        <translation>Diese Wayland-Arbeitsumgebung teilt anderen Programmen nicht mit, welches Fenster vorn ist. Ticklog sieht nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Arbeitsumgebung“.</translation>
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
@@ -1104,8 +1100,8 @@
         <translation>&amp;Wann:</translation>
     </message>
     <message>
-        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
-        <translation>Der Verlauf vergisst es für immer. Timer behalten Namen und Zeit: dafür ihre Zeilen löschen.</translation>
+        <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
+        <translation>Der Verlauf vergisst es für immer. Timer behalten Namen und Zeit; um diese zu entfernen, löschen Sie ihre Zeilen.</translation>
     </message>
     <message>
         <source>What would be forgotten</source>
@@ -1136,11 +1132,11 @@
         <translation>Es ist vergessen.</translation>
     </message>
     <message>
-        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
-        <translation>Es ist noch nicht vergessen: Der Verlauf kann gerade nicht gesichert werden. Ticklog versucht es, bis es geht.</translation>
+        <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
+        <translation>Es ist noch nicht vergessen, weil der Verlauf gerade nicht gesichert werden kann. Ticklog versucht es weiter.</translation>
     </message>
     <message>
-        <source>For ever</source>
+        <source>Forever</source>
         <translation>Für immer</translation>
     </message>
     <message>
@@ -1196,16 +1192,16 @@
         <translation>Verlauf</translation>
     </message>
     <message>
-        <source>Keep no history?</source>
-        <translation>Keinen Verlauf führen?</translation>
+        <source>Stop keeping a history?</source>
+        <translation>Keinen Verlauf mehr führen?</translation>
     </message>
     <message>
         <source>Forget what is older?</source>
         <translation>Vergessen, was älter ist?</translation>
     </message>
     <message>
-        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
-        <translation>Seine Datei wird sofort entfernt. Das lässt sich nicht widerrufen. Timer behalten ihre Zeit, und ein Absturz kann sie die letzten 15 Minuten kosten.</translation>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
+        <translation>Seine Datei wird sofort entfernt. Das lässt sich nicht widerrufen. Timer behalten ihre Zeit, aber ein Absturz kann sie die letzten 15 Minuten kosten.</translation>
     </message>
     <message>
         <source>Titles</source>
@@ -1252,7 +1248,7 @@
         <translation>Dieser Ausdruck ist nicht lesbar: %@</translation>
     </message>
     <message>
-        <source>Wrong expression: %@</source>
+        <source>This expression is wrong: %@</source>
         <translation>Falscher Ausdruck: %@</translation>
     </message>
     <message>
@@ -1269,7 +1265,7 @@
     </message>
     <message>
         <source>Count as “Private”</source>
-        <translation>Als „Private“ zählen</translation>
+        <translation>Als „Privat“ zählen</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1324,7 +1320,7 @@
         <translation>Die Regeln auf Vergangenes anwenden?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
+        <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>Was sie verbergen, wird für immer aus Verlauf, Timern und Projekten entfernt. Das lässt sich nicht widerrufen, ebenso wenig, was davor getan wurde. Archive und Sicherungen bleiben, wie sie sind.</translation>
     </message>
     <message>
@@ -1360,8 +1356,8 @@
         <translation>&amp;Hinzufügen</translation>
     </message>
     <message>
-        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
-        <translation>Was passt, gehört im Verlauf und in Berichten zum Projekt, auch in der Vergangenheit. Die Timer des Projekts bleiben die, die darin sind.</translation>
+        <source>Whatever matches belongs to the project in the history and in reports, past time included. The project’s own timers stay as they are.</source>
+        <translation>Was passt, gehört im Verlauf und in Berichten zum Projekt, auch in der Vergangenheit. Die Timer des Projekts bleiben, wie sie sind.</translation>
     </message>
     <message>
         <source>The title is a regular expression</source>
@@ -1412,8 +1408,8 @@
         <translation>Nach Proje&amp;kt</translation>
     </message>
     <message>
-        <source>Nothing here has as much time as you ask for.</source>
-        <translation>Hier hat nichts so viel Zeit, wie Sie verlangen.</translation>
+        <source>Nothing here reaches the minimum time.</source>
+        <translation>Hier erreicht nichts die Mindestzeit.</translation>
     </message>
     <message>
         <source>Nothing in this time matches the search.</source>
@@ -1752,12 +1748,12 @@
         <translation>Das Ende liegt vor dem Beginn.</translation>
     </message>
     <message>
-        <source>Nothing is free there: it was worked, or is still to come.</source>
-        <translation>Dort ist nichts frei: Es wurde gearbeitet, oder die Zeit kommt noch.</translation>
+        <source>No time is free there: you worked then, or it is still to come.</source>
+        <translation>Dort ist keine Zeit frei: Sie haben gearbeitet, oder sie kommt erst noch.</translation>
     </message>
     <message>
-        <source>%1 are free there. What was worked stays as it is.</source>
-        <translation>Davon sind %1 frei. Was gearbeitet wurde, bleibt.</translation>
+        <source>%1 of it is free. Time that you worked stays as it is.</source>
+        <translation>Davon sind %1 frei. Gearbeitete Zeit bleibt, wie sie ist.</translation>
     </message>
     <message>
         <source>Named by hand</source>
@@ -1788,8 +1784,8 @@
         <translation>Vergrößerung z&amp;urücksetzen</translation>
     </message>
     <message>
-        <source>Start the timer to record when your time goes where.</source>
-        <translation>Starten Sie den Timer, um aufzuzeichnen, wann Ihre Zeit wohin geht.</translation>
+        <source>Start the timer to record where your time goes, and when.</source>
+        <translation>Starten Sie den Timer, um aufzuzeichnen, wohin Ihre Zeit geht und wann.</translation>
     </message>
     <message>
         <source>Add to &amp;Project</source>
@@ -1922,6 +1918,34 @@
     <message>
         <source>No history is kept. You can turn it on in the preferences, under History.</source>
         <translation>Es wird kein Verlauf geführt. Er lässt sich in den Einstellungen unter Verlauf einschalten.</translation>
+    </message>
+    <message>
+        <source>Delete selected times</source>
+        <translation>Die ausgewählten Zeilen löschen?</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish permanently delete the selected timing rows?</source>
+        <translation>Ihre Zeiten werden mit gelöscht. „Rückgängig“ bringt sie zurück.</translation>
+    </message>
+    <message>
+        <source>Desktop</source>
+        <translation>Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>Private</source>
+        <translation>Privat</translation>
+    </message>
+    <message>
+        <source>Timer still running.</source>
+        <translation>Der Timer läuft noch.</translation>
+    </message>
+    <message>
+        <source>There is a timer currently running. Ticklog must remain open in order to keep track of time. Are you sure you wish to quit?</source>
+        <translation>Ticklog muss offen bleiben, um Ihre Zeit zu zählen. Möchten Sie es beenden?</translation>
+    </message>
+    <message>
+        <source>Remain Open</source>
+        <translation>Offen lassen</translation>
     </message>
 </context>
 </TS>

@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Database file (reset %@):</source>
-        <translation>Archivo de la base de datos (restablecido el %@):</translation>
+        <translation>Última puesta a cero de los cronómetros: %@</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -68,7 +68,7 @@
         <translation>Iniciar</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be counted.</source>
         <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano, por lo que no se puede contar el tiempo.</translation>
     </message>
     <message>
@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>Archive Folder</source>
-        <translation>Carpeta de archivo</translation>
+        <translation>Carpeta de archivado</translation>
     </message>
     <message>
         <source>Export to CSV</source>
@@ -92,7 +92,7 @@
         <translation>Reemplazar un archivo</translation>
     </message>
     <message>
-        <source>A file of this name exists already.</source>
+        <source>A file with this name already exists.</source>
         <translation>Ya existe un archivo con este nombre.</translation>
     </message>
     <message>
@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>No Label</source>
-        <translation>Sin etiqueta</translation>
+        <translation>Sin color</translation>
     </message>
     <message>
         <source>Red</source>
@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>Label:</source>
-        <translation>Etiqueta:</translation>
+        <translation>Color:</translation>
     </message>
     <message>
         <source>Where Ticklog is found</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Hide Dock Icon</source>
-        <translation>Ocultar en la barra de tareas</translation>
+        <translation>No mostrar en la barra de tareas</translation>
     </message>
     <message>
         <source>Show Dock Icon</source>
@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>Hide Menubar Item</source>
-        <translation>Ocultar en la bandeja del sistema</translation>
+        <translation>No mostrar en la bandeja del sistema</translation>
     </message>
     <message>
         <source>Show Menubar Item</source>
@@ -277,7 +277,7 @@
     </message>
     <message>
         <source>Clear Timers</source>
-        <translation>Borrar los cronómetros</translation>
+        <translation>Poner a cero los cronómetros</translation>
     </message>
     <message>
         <source>&amp;About Ticklog</source>
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>Copies the sum in words</source>
-        <translation>Copia el total en palabras</translation>
+        <translation>Copia el total con las unidades escritas</translation>
     </message>
     <message>
         <source>%@ (build %@)</source>
@@ -333,7 +333,7 @@
     </message>
     <message>
         <source>Are you sure you wish to clear the currently visible timers?</source>
-        <translation>¿Seguro que desea borrar los cronómetros visibles en este momento?</translation>
+        <translation>¿Desea poner a cero todos los cronómetros? Se quitarán sus tiempos y sus filas.</translation>
     </message>
     <message>
         <source>Set storage database location.</source>
@@ -352,11 +352,11 @@
         <translation>Este proyecto está vacío. Arrastre a él cronómetros desde «Todos los cronómetros».</translation>
     </message>
     <message>
-        <source>No timer has as much time as you ask for.</source>
-        <translation>Ningún cronómetro alcanza el tiempo indicado.</translation>
+        <source>No timer reaches the minimum time.</source>
+        <translation>Ningún cronómetro alcanza el tiempo mínimo.</translation>
     </message>
     <message>
-        <source>Press Start and work on; the programs you use will appear here.</source>
+        <source>Press Start and carry on working. Your programs will appear here.</source>
         <translation>Pulse «Iniciar» y siga trabajando; los programas que use aparecerán aquí.</translation>
     </message>
     <message>
@@ -441,7 +441,7 @@
     </message>
     <message>
         <source>&amp;Block from the list</source>
-        <translation>&amp;Ocultar en la lista</translation>
+        <translation>&amp;Omitir en los informes</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
@@ -464,8 +464,8 @@
         <translation>Categorías</translation>
     </message>
     <message>
-        <source>A comma or Return completes a category.</source>
-        <translation>Una coma o Intro completa una categoría.</translation>
+        <source>Press comma or Enter to add; press Delete to remove.</source>
+        <translation>Coma o Intro para añadir; Supr para quitar.</translation>
     </message>
     <message>
         <source>&amp;Application:</source>
@@ -473,11 +473,11 @@
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
-        <translation>&amp;Archivar y borrar todos los cronómetros periódicamente</translation>
+        <translation>&amp;Archivar y poner a cero todos los cronómetros periódicamente</translation>
     </message>
     <message>
-        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
-        <translation>A la hora elegida, todos los cronómetros se guardan en un archivo con la fecha del día y empiezan de nuevo.</translation>
+        <source>At the chosen time all timers are saved to a file named after the day, and start again from zero.</source>
+        <translation>A la hora elegida, todos los cronómetros se guardan en un archivo con la fecha del día y vuelven a empezar desde cero.</translation>
     </message>
     <message>
         <source>Data&amp;base:</source>
@@ -509,7 +509,7 @@
     </message>
     <message>
         <source>Weekdays of the archive</source>
-        <translation>Días de archivo</translation>
+        <translation>Días de archivado</translation>
     </message>
     <message>
         <source>C&amp;hoose…</source>
@@ -532,8 +532,8 @@
         <translation>&amp;Carpeta:</translation>
     </message>
     <message>
-        <source>No day: nothing is archived.</source>
-        <translation>Ningún día: no se archiva nada.</translation>
+        <source>No day is chosen: nothing is archived.</source>
+        <translation>Ningún día elegido: no se archiva nada.</translation>
     </message>
     <message>
         <source>Archived on: </source>
@@ -589,7 +589,7 @@
     </message>
     <message>
         <source>&amp;Count time without input as idle</source>
-        <translation>&amp;Contar el tiempo sin actividad como inactivo</translation>
+        <translation>&amp;Contar el tiempo sin teclado ni ratón como inactivo</translation>
     </message>
     <message>
         <source> min</source>
@@ -597,7 +597,7 @@
     </message>
     <message>
         <source>Minutes without input until time counts as idle</source>
-        <translation>Minutos sin actividad hasta que el tiempo cuente como inactivo</translation>
+        <translation>Minutos sin teclado ni ratón hasta que el tiempo cuente como inactivo</translation>
     </message>
     <message>
         <source>Idleness:</source>
@@ -645,7 +645,7 @@
     </message>
     <message>
         <source>Archive</source>
-        <translation>Archivo</translation>
+        <translation>Archivado</translation>
     </message>
     <message>
         <source>Delete the rule?</source>
@@ -656,32 +656,32 @@
         <translation>Conservar</translation>
     </message>
     <message>
-        <source>Category. Delete removes it.</source>
-        <translation>Categoría. Supr la quita.</translation>
+        <source>Category. Press Delete to remove it.</source>
+        <translation>Categoría. Supr para quitarla.</translation>
     </message>
     <message>
         <source>For Ticklog to function you must grant it access to your computer.</source>
-        <translation>Para que Ticklog funcione, debe concederle acceso a su equipo.</translation>
+        <translation>Ticklog necesita los servicios de accesibilidad de su escritorio.</translation>
     </message>
     <message>
         <source>Follow these simple steps and Ticklog will be running in no time.</source>
-        <translation>Siga estos sencillos pasos y Ticklog funcionará en un momento.</translation>
+        <translation>Siga estos pasos y Ticklog podrá contar.</translation>
     </message>
     <message>
         <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
-        <translation>Abra el panel «Seguridad &amp; privacidad» en las preferencias del sistema.</translation>
+        <translation>Abra la configuración de su escritorio.</translation>
     </message>
     <message>
         <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
-        <translation>Seleccione la pestaña «Privacidad» y abra el candado para permitir cambios.</translation>
+        <translation>Vaya a la página de accesibilidad.</translation>
     </message>
     <message>
         <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
-        <translation>Seleccione el grupo «Accesibilidad» y arrastre Ticklog a la lista de la derecha.</translation>
+        <translation>Active los servicios para programas de asistencia.</translation>
     </message>
     <message>
         <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
-        <translation>Por último, marque la casilla de Ticklog y reinicie Ticklog.</translation>
+        <translation>Reinicie Ticklog.</translation>
     </message>
     <message>
         <source>Restart</source>
@@ -693,11 +693,11 @@
     </message>
     <message>
         <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
-        <translation>Ticklog mide el tiempo de actividad en cada aplicación. Para ello, debe darle permiso para obtener estos datos del sistema.</translation>
+        <translation>Ticklog cuenta el tiempo que pasa en cada programa. Para ello necesita su permiso para preguntar al escritorio.</translation>
     </message>
     <message>
         <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
-        <translation>Las protecciones del sistema impiden supervisar el estado de otras aplicaciones sin su autorización. Para proteger su privacidad, esta acción autoriza a Ticklog a seguir sus aplicaciones y mantiene las medidas de seguridad habituales del sistema.</translation>
+        <translation>El escritorio protege su privacidad: ningún programa puede observar a los demás sin su permiso. Con esto se le da a Ticklog; las demás protecciones siguen como están.</translation>
     </message>
     <message>
         <source>Authorize Ticklog</source>
@@ -709,11 +709,11 @@
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
-        <translation>Active el acceso para dispositivos de asistencia en las preferencias del sistema, en «Seguridad &gt; Privacidad &gt; Accesibilidad».</translation>
+        <translation>Active la accesibilidad en la configuración de su escritorio.</translation>
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
-        <translation>Active el acceso para dispositivos de asistencia en las preferencias del sistema, en «Acceso universal».</translation>
+        <translation>Active la accesibilidad en la configuración de su escritorio.</translation>
     </message>
     <message>
         <source>An error was encountered.</source>
@@ -757,15 +757,15 @@
     </message>
     <message>
         <source>Show Time Window</source>
-        <translation>Mostrar la ventana de tiempos</translation>
+        <translation>Mostrar Ticklog</translation>
     </message>
     <message>
         <source>Preferences...</source>
-        <translation>Preferencias...</translation>
+        <translation>Preferencias…</translation>
     </message>
     <message>
         <source>About...</source>
-        <translation>Acerca de...</translation>
+        <translation>Acerca de Ticklog</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -789,11 +789,11 @@
     </message>
     <message>
         <source>The timer set &quot;%@&quot; will be deleted.</source>
-        <translation>Se eliminará el conjunto de cronómetros «%@».</translation>
+        <translation>Se eliminará el proyecto «%@».</translation>
     </message>
     <message>
         <source>Delete selected timer set?</source>
-        <translation>¿Eliminar el conjunto de cronómetros seleccionado?</translation>
+        <translation>¿Eliminar el proyecto seleccionado?</translation>
     </message>
     <message>
         <source>Move Project</source>
@@ -805,14 +805,14 @@
     </message>
     <message>
         <source>Label Project</source>
-        <translation>Etiquetar el proyecto</translation>
+        <translation>Cambiar el color del proyecto</translation>
     </message>
     <message>
         <source>Copy Project</source>
         <translation>Copiar el proyecto</translation>
     </message>
     <message>
-        <source>Ticklog cannot see other programs&apos; windows</source>
+        <source>Ticklog cannot see other programs’ windows</source>
         <translation>Ticklog no puede ver las ventanas de otros programas</translation>
     </message>
     <message>
@@ -820,7 +820,7 @@
         <translation>Para contar el tiempo en cada ventana necesita los servicios de accesibilidad del escritorio. Vuelva a iniciar el cronómetro cuando estén activados.</translation>
     </message>
     <message>
-        <source>Turn on</source>
+        <source>Turn On</source>
         <translation>Activar</translation>
     </message>
     <message>
@@ -884,32 +884,28 @@
         <translation>Instalar</translation>
     </message>
     <message>
-        <source>Switch On</source>
-        <translation>Activar</translation>
-    </message>
-    <message>
         <source>The extension could not be installed.</source>
         <translation>No se pudo instalar la extensión.</translation>
     </message>
     <message>
-        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>Hasta entonces, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
+        <source>Until then, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
+        <translation>Hasta entonces, solo se ven los programas que informan de sus ventanas a los programas de asistencia; todo el tiempo restante cuenta como «Escritorio».</translation>
     </message>
     <message>
-        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <source>GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it the other extensions that are chosen there.</source>
         <translation>El interruptor de GNOME Shell para todas las extensiones está desactivado. También se activará, y con él las demás extensiones que estén elegidas allí.</translation>
     </message>
     <message>
-        <source>GNOME Shell has not switched the extension on.</source>
+        <source>GNOME Shell has not turned the extension on.</source>
         <translation>GNOME Shell no ha activado la extensión.</translation>
     </message>
     <message>
-        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
-        <translation>Actívela en el programa «Extensiones», y allí también el interruptor de todas las extensiones. Si no es posible, quien administra este equipo no lo permite.</translation>
+        <source>Turn it on in the program “Extensions”, together with the switch for all extensions. If you cannot, the administrator of this computer does not allow it.</source>
+        <translation>Actívela en el programa «Extensiones», junto con el interruptor de todas las extensiones. Si no puede, el administrador de este equipo no lo permite.</translation>
     </message>
     <message>
         <source>Set Up...</source>
-        <translation>Configurar...</translation>
+        <translation>Configurar…</translation>
     </message>
     <message>
         <source>Why Are Windows Not Counted?</source>
@@ -920,28 +916,28 @@
         <translation>GNOME Shell no dice a los programas de un entorno aislado qué ventana está delante. Instalado fuera de él, Ticklog puede saberlo.</translation>
     </message>
     <message>
-        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
-        <translation>Ticklog se ejecuta en un entorno aislado, desde el que no puede cambiar lo que inicia la sesión. Se puede hacer en la configuración del escritorio.</translation>
+        <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
+        <translation>Ticklog se ejecuta en un entorno aislado y no puede cambiar lo que se inicia con la sesión. Se puede hacer en la configuración del escritorio.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
-        <translation>El escritorio ha dejado de responder. Hasta que lo haga, no se sabe qué ventana está en primer plano y no se cuenta el tiempo de ninguna ventana.</translation>
+        <source>The desktop has stopped responding. Until it responds, no window’s time is counted.</source>
+        <translation>El escritorio ha dejado de responder. Hasta que responda, no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
-        <translation>La extensión de Ticklog no se ha probado con GNOME Shell %@, que por eso no la ejecuta.</translation>
+        <source>Ticklog’s extension does not support GNOME Shell %@ yet.</source>
+        <translation>La extensión de Ticklog aún no es compatible con GNOME Shell %@.</translation>
     </message>
     <message>
-        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
-        <translation>Ticklog se ha iniciado sin conocer el escritorio Wayland, y su pantalla X solo informa de los programas que funcionan a través de ella. Inicie Ticklog desde el menú del escritorio.</translation>
+        <source>Ticklog was started without knowing of the Wayland desktop, so it sees only programs that run through the X server. Start Ticklog from the desktop’s menu.</source>
+        <translation>Ticklog se ha iniciado sin conocer el escritorio Wayland, por lo que solo ve los programas que funcionan a través del servidor X. Inicie Ticklog desde el menú del escritorio.</translation>
     </message>
     <message>
-        <source>Until it runs, no window is credited.</source>
+        <source>Until it runs, no window’s time is counted.</source>
         <translation>Mientras no esté activa, no se cuenta el tiempo de ninguna ventana.</translation>
     </message>
     <message>
         <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
+        <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia; todo el tiempo restante cuenta como «Escritorio».</translation>
     </message>
     <message>
         <source>Rules leave out, rename and categorize applications in reports only.</source>
@@ -980,7 +976,7 @@
         <translation>Algunas entradas de «%@» están dañadas y se han omitido. El archivo se conserva al lado.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
         <translation>No se pudo leer «%@». Ticklog sigue con los últimos ajustes que conservaba.</translation>
     </message>
     <message>
@@ -1012,8 +1008,8 @@
         <translation>Exportar el &amp;proyecto…</translation>
     </message>
     <message>
-        <source>No timer that matches the search has as much time as you ask for.</source>
-        <translation>Ningún cronómetro que coincida con la búsqueda alcanza el tiempo indicado.</translation>
+        <source>No timer that matches the search reaches the minimum time.</source>
+        <translation>Ningún cronómetro que coincida con la búsqueda alcanza el tiempo mínimo.</translation>
     </message>
     <message>
         <source>Export All Timers to CSV, Narrowed by the Search</source>
@@ -1028,11 +1024,11 @@
         <translation>Exportar el proyecto a CSV</translation>
     </message>
     <message>
-        <source>Ticklog goes on in the task bar.</source>
+        <source>Ticklog keeps running in the task bar.</source>
         <translation>Ticklog sigue en la barra de tareas.</translation>
     </message>
     <message>
-        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
+        <source>There is no tray icon that could bring a closed window back, so closing the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog.</source>
         <translation>Ningún icono de la bandeja lleva de vuelta a una ventana cerrada. Por eso, al cerrarla se minimiza y Ticklog sigue. «Salir» lo termina.</translation>
     </message>
     <message>
@@ -1045,7 +1041,7 @@
     </message>
     <message>
         <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano. Solo se ven los programas que informan de sus ventanas a los programas de asistencia, y todo el tiempo restante cuenta como «Desktop».</translation>
+        <translation>Este escritorio Wayland no indica a otros programas qué ventana está en primer plano. Solo se ven los programas que informan de sus ventanas a los programas de asistencia; todo el tiempo restante cuenta como «Escritorio».</translation>
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
@@ -1104,8 +1100,8 @@
         <translation>&amp;Cuándo:</translation>
     </message>
     <message>
-        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
-        <translation>El historial lo olvida para siempre. Los cronómetros conservan nombre y tiempo: para eso, elimine sus filas.</translation>
+        <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
+        <translation>El historial lo olvida para siempre. Los cronómetros conservan nombre y tiempo; para quitarlos, elimine sus filas.</translation>
     </message>
     <message>
         <source>What would be forgotten</source>
@@ -1136,11 +1132,11 @@
         <translation>Está olvidado.</translation>
     </message>
     <message>
-        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
-        <translation>Aún no está olvidado: ahora mismo no se puede guardar el historial. Ticklog lo intenta hasta conseguirlo.</translation>
+        <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
+        <translation>Aún no está olvidado, porque ahora mismo no se puede guardar el historial. Ticklog lo sigue intentando.</translation>
     </message>
     <message>
-        <source>For ever</source>
+        <source>Forever</source>
         <translation>Para siempre</translation>
     </message>
     <message>
@@ -1196,16 +1192,16 @@
         <translation>Historial</translation>
     </message>
     <message>
-        <source>Keep no history?</source>
-        <translation>¿No guardar ningún historial?</translation>
+        <source>Stop keeping a history?</source>
+        <translation>¿Dejar de guardar el historial?</translation>
     </message>
     <message>
         <source>Forget what is older?</source>
         <translation>¿Olvidar lo que es más antiguo?</translation>
     </message>
     <message>
-        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
-        <translation>Su archivo se elimina en el acto. Esto no se puede deshacer. Los cronómetros conservan su tiempo, y un fallo puede costarles los últimos 15 minutos.</translation>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
+        <translation>Su archivo se elimina en el acto. Esto no se puede deshacer. Los cronómetros conservan su tiempo, pero un fallo puede costarles los últimos 15 minutos.</translation>
     </message>
     <message>
         <source>Titles</source>
@@ -1252,7 +1248,7 @@
         <translation>No se puede leer esta expresión: %@</translation>
     </message>
     <message>
-        <source>Wrong expression: %@</source>
+        <source>This expression is wrong: %@</source>
         <translation>Expresión errónea: %@</translation>
     </message>
     <message>
@@ -1269,7 +1265,7 @@
     </message>
     <message>
         <source>Count as “Private”</source>
-        <translation>Contar como «Private»</translation>
+        <translation>Contar como «Privado»</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1324,7 +1320,7 @@
         <translation>¿Aplicar las reglas al pasado?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
+        <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>Lo que ocultan se quita para siempre del historial, de los cronómetros y de los proyectos. Esto no se puede deshacer, ni tampoco lo hecho antes. Los archivos y las copias de seguridad quedan como están.</translation>
     </message>
     <message>
@@ -1360,8 +1356,8 @@
         <translation>&amp;Añadir</translation>
     </message>
     <message>
-        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
-        <translation>Lo que encaja pertenece al proyecto en el historial y en los informes, también en el pasado. Los cronómetros del proyecto siguen siendo los que están en él.</translation>
+        <source>Whatever matches belongs to the project in the history and in reports, past time included. The project’s own timers stay as they are.</source>
+        <translation>Lo que coincide pertenece al proyecto en el historial y en los informes, también en el pasado. Los cronómetros del proyecto quedan como están.</translation>
     </message>
     <message>
         <source>The title is a regular expression</source>
@@ -1412,8 +1408,8 @@
         <translation>Por pro&amp;yecto</translation>
     </message>
     <message>
-        <source>Nothing here has as much time as you ask for.</source>
-        <translation>Nada tiene aquí tanto tiempo como pide.</translation>
+        <source>Nothing here reaches the minimum time.</source>
+        <translation>Nada alcanza aquí el tiempo mínimo.</translation>
     </message>
     <message>
         <source>Nothing in this time matches the search.</source>
@@ -1752,12 +1748,12 @@
         <translation>Termina antes de empezar.</translation>
     </message>
     <message>
-        <source>Nothing is free there: it was worked, or is still to come.</source>
-        <translation>Allí no hay nada libre: se trabajó o está aún por venir.</translation>
+        <source>No time is free there: you worked then, or it is still to come.</source>
+        <translation>Allí no hay tiempo libre: trabajó entonces, o aún está por venir.</translation>
     </message>
     <message>
-        <source>%1 are free there. What was worked stays as it is.</source>
-        <translation>Hay %1 libres. Lo trabajado queda como está.</translation>
+        <source>%1 of it is free. Time that you worked stays as it is.</source>
+        <translation>Hay %1 libres. El tiempo trabajado queda como está.</translation>
     </message>
     <message>
         <source>Named by hand</source>
@@ -1788,7 +1784,7 @@
         <translation>Restablecer el &amp;zoom</translation>
     </message>
     <message>
-        <source>Start the timer to record when your time goes where.</source>
+        <source>Start the timer to record where your time goes, and when.</source>
         <translation>Inicie el cronómetro para registrar en qué y cuándo se va su tiempo.</translation>
     </message>
     <message>
@@ -1922,6 +1918,34 @@
     <message>
         <source>No history is kept. You can turn it on in the preferences, under History.</source>
         <translation>No se guarda ningún historial. Puede activarlo en las preferencias, en Historial.</translation>
+    </message>
+    <message>
+        <source>Delete selected times</source>
+        <translation>¿Eliminar las filas seleccionadas?</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish permanently delete the selected timing rows?</source>
+        <translation>Sus tiempos se eliminan con ellas. «Deshacer» las recupera.</translation>
+    </message>
+    <message>
+        <source>Desktop</source>
+        <translation>Escritorio</translation>
+    </message>
+    <message>
+        <source>Private</source>
+        <translation>Privado</translation>
+    </message>
+    <message>
+        <source>Timer still running.</source>
+        <translation>El cronómetro sigue en marcha.</translation>
+    </message>
+    <message>
+        <source>There is a timer currently running. Ticklog must remain open in order to keep track of time. Are you sure you wish to quit?</source>
+        <translation>Ticklog debe seguir abierto para contar su tiempo. ¿Desea salir?</translation>
+    </message>
+    <message>
+        <source>Remain Open</source>
+        <translation>Dejar abierto</translation>
     </message>
 </context>
 </TS>

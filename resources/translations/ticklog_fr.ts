@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Database file (reset %@):</source>
-        <translation>Fichier de base de données (remis à zéro le %@)&#xa0;:</translation>
+        <translation>Dernière remise à zéro des chronomètres : %@</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -68,8 +68,8 @@
         <translation>Démarrer</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
-        <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan&#xa0;: aucun temps ne peut donc être compté.</translation>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be counted.</source>
+        <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan : aucun temps ne peut donc être compté.</translation>
     </message>
     <message>
         <source>There is no window system that tells which window is in front.</source>
@@ -92,7 +92,7 @@
         <translation>Remplacement d’un fichier</translation>
     </message>
     <message>
-        <source>A file of this name exists already.</source>
+        <source>A file with this name already exists.</source>
         <translation>Un fichier portant ce nom existe déjà.</translation>
     </message>
     <message>
@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>No Label</source>
-        <translation>Aucune étiquette</translation>
+        <translation>Aucune couleur</translation>
     </message>
     <message>
         <source>Red</source>
@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>Label:</source>
-        <translation>Étiquette&#xa0;:</translation>
+        <translation>Couleur :</translation>
     </message>
     <message>
         <source>Where Ticklog is found</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Hide Dock Icon</source>
-        <translation>Masquer dans la barre des tâches</translation>
+        <translation>Ne pas afficher dans la barre des tâches</translation>
     </message>
     <message>
         <source>Show Dock Icon</source>
@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>Hide Menubar Item</source>
-        <translation>Masquer dans la zone de notification</translation>
+        <translation>Ne pas afficher dans la zone de notification</translation>
     </message>
     <message>
         <source>Show Menubar Item</source>
@@ -277,7 +277,7 @@
     </message>
     <message>
         <source>Clear Timers</source>
-        <translation>Effacer les chronomètres</translation>
+        <translation>Remettre les chronomètres à zéro</translation>
     </message>
     <message>
         <source>&amp;About Ticklog</source>
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>Copies the sum in words</source>
-        <translation>Copie le total en toutes lettres</translation>
+        <translation>Copie le total avec les unités en toutes lettres</translation>
     </message>
     <message>
         <source>%@ (build %@)</source>
@@ -333,7 +333,7 @@
     </message>
     <message>
         <source>Are you sure you wish to clear the currently visible timers?</source>
-        <translation>Voulez-vous vraiment effacer les chronomètres actuellement visibles&#xa0;?</translation>
+        <translation>Voulez-vous remettre tous les chronomètres à zéro ? Leurs temps et leurs lignes seront retirés.</translation>
     </message>
     <message>
         <source>Set storage database location.</source>
@@ -352,11 +352,11 @@
         <translation>Ce projet est vide. Faites-y glisser des chronomètres depuis «&#xa0;Tous les chronomètres&#xa0;».</translation>
     </message>
     <message>
-        <source>No timer has as much time as you ask for.</source>
-        <translation>Aucun chronomètre n’atteint le temps demandé.</translation>
+        <source>No timer reaches the minimum time.</source>
+        <translation>Aucun chronomètre n’atteint le temps minimum.</translation>
     </message>
     <message>
-        <source>Press Start and work on; the programs you use will appear here.</source>
+        <source>Press Start and carry on working. Your programs will appear here.</source>
         <translation>Cliquez sur «&#xa0;Démarrer&#xa0;» et continuez à travailler&#xa0;: les programmes utilisés apparaîtront ici.</translation>
     </message>
     <message>
@@ -441,7 +441,7 @@
     </message>
     <message>
         <source>&amp;Block from the list</source>
-        <translation>&amp;Masquer dans la liste</translation>
+        <translation>&amp;Omettre dans les rapports</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
@@ -464,8 +464,8 @@
         <translation>Catégories</translation>
     </message>
     <message>
-        <source>A comma or Return completes a category.</source>
-        <translation>Une virgule ou la touche Entrée valide une catégorie.</translation>
+        <source>Press comma or Enter to add; press Delete to remove.</source>
+        <translation>Virgule ou Entrée pour ajouter, Suppr pour retirer.</translation>
     </message>
     <message>
         <source>&amp;Application:</source>
@@ -473,11 +473,11 @@
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
-        <translation>&amp;Archiver et effacer tous les chronomètres périodiquement</translation>
+        <translation>&amp;Archiver et remettre à zéro tous les chronomètres périodiquement</translation>
     </message>
     <message>
-        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
-        <translation>À l’heure choisie, tous les chronomètres sont écrits dans un fichier portant la date du jour, puis repartent de zéro.</translation>
+        <source>At the chosen time all timers are saved to a file named after the day, and start again from zero.</source>
+        <translation>À l’heure choisie, tous les chronomètres sont enregistrés dans un fichier portant la date du jour, puis repartent de zéro.</translation>
     </message>
     <message>
         <source>Data&amp;base:</source>
@@ -532,8 +532,8 @@
         <translation>&amp;Dossier&#xa0;:</translation>
     </message>
     <message>
-        <source>No day: nothing is archived.</source>
-        <translation>Aucun jour&#xa0;: rien n’est archivé.</translation>
+        <source>No day is chosen: nothing is archived.</source>
+        <translation>Aucun jour choisi : rien n’est archivé.</translation>
     </message>
     <message>
         <source>Archived on: </source>
@@ -589,7 +589,7 @@
     </message>
     <message>
         <source>&amp;Count time without input as idle</source>
-        <translation>&amp;Compter le temps sans saisie comme inactivité</translation>
+        <translation>&amp;Compter le temps sans clavier ni souris comme inactivité</translation>
     </message>
     <message>
         <source> min</source>
@@ -597,7 +597,7 @@
     </message>
     <message>
         <source>Minutes without input until time counts as idle</source>
-        <translation>Minutes sans saisie avant que le temps compte comme inactivité</translation>
+        <translation>Minutes sans clavier ni souris avant que le temps compte comme inactivité</translation>
     </message>
     <message>
         <source>Idleness:</source>
@@ -656,32 +656,32 @@
         <translation>Conserver</translation>
     </message>
     <message>
-        <source>Category. Delete removes it.</source>
-        <translation>Catégorie. Suppr la retire.</translation>
+        <source>Category. Press Delete to remove it.</source>
+        <translation>Catégorie. Suppr pour la retirer.</translation>
     </message>
     <message>
         <source>For Ticklog to function you must grant it access to your computer.</source>
-        <translation>Pour que Ticklog fonctionne, vous devez lui accorder l’accès à votre ordinateur.</translation>
+        <translation>Ticklog a besoin des services d’accessibilité de votre bureau.</translation>
     </message>
     <message>
         <source>Follow these simple steps and Ticklog will be running in no time.</source>
-        <translation>Suivez ces étapes simples et Ticklog sera vite opérationnel.</translation>
+        <translation>Suivez ces étapes, et Ticklog pourra compter.</translation>
     </message>
     <message>
         <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
-        <translation>Ouvrez le panneau «&#xa0;Sécurité &amp; confidentialité&#xa0;» des paramètres du système.</translation>
+        <translation>Ouvrez les paramètres de votre bureau.</translation>
     </message>
     <message>
         <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
-        <translation>Sélectionnez l’onglet «&#xa0;Confidentialité&#xa0;» et ouvrez le cadenas pour autoriser les modifications.</translation>
+        <translation>Allez à la page de l’accessibilité.</translation>
     </message>
     <message>
         <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
-        <translation>Sélectionnez le groupe «&#xa0;Accessibilité&#xa0;» et faites glisser Ticklog dans la liste de droite.</translation>
+        <translation>Activez les services pour les programmes d’assistance.</translation>
     </message>
     <message>
         <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
-        <translation>Enfin, cochez la case correspondant à Ticklog et redémarrez Ticklog.</translation>
+        <translation>Redémarrez Ticklog.</translation>
     </message>
     <message>
         <source>Restart</source>
@@ -693,11 +693,11 @@
     </message>
     <message>
         <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
-        <translation>Ticklog mesure le temps d’activité passé dans chaque application. Pour cela, vous devez l’autoriser à recueillir ces données auprès du système.</translation>
+        <translation>Ticklog compte le temps que vous passez dans chaque programme. Pour cela, il lui faut votre permission d’interroger le bureau.</translation>
     </message>
     <message>
         <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
-        <translation>Les protections du système empêchent de surveiller l’état des autres applications sans votre autorisation. Pour préserver votre vie privée, cette action autorise Ticklog à suivre vos applications tout en maintenant les mesures de sécurité habituelles du système.</translation>
+        <translation>Le bureau protège votre vie privée : aucun programme ne peut observer les autres sans votre permission. Ceci la donne à Ticklog ; toutes les autres protections restent en place.</translation>
     </message>
     <message>
         <source>Authorize Ticklog</source>
@@ -709,11 +709,11 @@
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
-        <translation>Veuillez activer l’accès pour les périphériques d’aide dans les paramètres du système, sous «&#xa0;Sécurité &gt; Confidentialité &gt; Accessibilité&#xa0;».</translation>
+        <translation>Activez l’accessibilité dans les paramètres de votre bureau.</translation>
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
-        <translation>Veuillez activer l’accès pour les périphériques d’aide dans les paramètres du système, sous «&#xa0;Accès universel&#xa0;».</translation>
+        <translation>Activez l’accessibilité dans les paramètres de votre bureau.</translation>
     </message>
     <message>
         <source>An error was encountered.</source>
@@ -757,15 +757,15 @@
     </message>
     <message>
         <source>Show Time Window</source>
-        <translation>Afficher la fenêtre des temps</translation>
+        <translation>Afficher Ticklog</translation>
     </message>
     <message>
         <source>Preferences...</source>
-        <translation>Préférences...</translation>
+        <translation>Préférences…</translation>
     </message>
     <message>
         <source>About...</source>
-        <translation>À propos...</translation>
+        <translation>À propos de Ticklog</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -789,11 +789,11 @@
     </message>
     <message>
         <source>The timer set &quot;%@&quot; will be deleted.</source>
-        <translation>Le groupe de chronomètres «&#xa0;%@&#xa0;» sera supprimé.</translation>
+        <translation>Le projet « %@ » sera supprimé.</translation>
     </message>
     <message>
         <source>Delete selected timer set?</source>
-        <translation>Supprimer le groupe de chronomètres sélectionné&#xa0;?</translation>
+        <translation>Supprimer le projet sélectionné ?</translation>
     </message>
     <message>
         <source>Move Project</source>
@@ -805,14 +805,14 @@
     </message>
     <message>
         <source>Label Project</source>
-        <translation>Étiqueter le projet</translation>
+        <translation>Changer la couleur du projet</translation>
     </message>
     <message>
         <source>Copy Project</source>
         <translation>Copier le projet</translation>
     </message>
     <message>
-        <source>Ticklog cannot see other programs&apos; windows</source>
+        <source>Ticklog cannot see other programs’ windows</source>
         <translation>Ticklog ne voit pas les fenêtres des autres programmes</translation>
     </message>
     <message>
@@ -820,7 +820,7 @@
         <translation>Pour compter le temps passé dans chaque fenêtre, il a besoin des services d’accessibilité du bureau. Redémarrez le chronomètre une fois ces services activés.</translation>
     </message>
     <message>
-        <source>Turn on</source>
+        <source>Turn On</source>
         <translation>Activer</translation>
     </message>
     <message>
@@ -884,32 +884,28 @@
         <translation>Installer</translation>
     </message>
     <message>
-        <source>Switch On</source>
-        <translation>Activer</translation>
-    </message>
-    <message>
         <source>The extension could not be installed.</source>
         <translation>L’extension n’a pas pu être installée.</translation>
     </message>
     <message>
-        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>D’ici là, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
+        <source>Until then, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
+        <translation>D’ici là, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance ; tout autre temps est compté comme « Bureau ».</translation>
     </message>
     <message>
-        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <source>GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it the other extensions that are chosen there.</source>
         <translation>Dans GNOME Shell, l’interrupteur de toutes les extensions est désactivé. Il sera activé aussi, et avec lui les autres extensions qui y sont choisies.</translation>
     </message>
     <message>
-        <source>GNOME Shell has not switched the extension on.</source>
+        <source>GNOME Shell has not turned the extension on.</source>
         <translation>GNOME Shell n’a pas activé l’extension.</translation>
     </message>
     <message>
-        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
-        <translation>Activez-la dans le programme «&#xa0;Extensions&#xa0;», ainsi que l’interrupteur de toutes les extensions. Si ce n’est pas possible, la personne qui gère cet ordinateur ne le permet pas.</translation>
+        <source>Turn it on in the program “Extensions”, together with the switch for all extensions. If you cannot, the administrator of this computer does not allow it.</source>
+        <translation>Activez-la dans le programme « Extensions », ainsi que l’interrupteur de toutes les extensions. Si c’est impossible, l’administrateur de cet ordinateur ne le permet pas.</translation>
     </message>
     <message>
         <source>Set Up...</source>
-        <translation>Configurer...</translation>
+        <translation>Configurer…</translation>
     </message>
     <message>
         <source>Why Are Windows Not Counted?</source>
@@ -920,28 +916,28 @@
         <translation>GNOME Shell ne dit pas aux programmes d’un bac à sable quelle fenêtre est au premier plan. Installé en dehors, Ticklog peut le savoir.</translation>
     </message>
     <message>
-        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
-        <translation>Ticklog s’exécute dans un bac à sable, d’où il ne peut pas changer ce que la session démarre. Les paramètres du bureau le peuvent.</translation>
+        <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
+        <translation>Ticklog s’exécute dans un bac à sable et ne peut pas changer ce que la session démarre. Les paramètres du bureau le peuvent.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
-        <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, on ne sait pas quelle fenêtre est au premier plan, et aucun temps n’est compté pour une fenêtre.</translation>
+        <source>The desktop has stopped responding. Until it responds, no window’s time is counted.</source>
+        <translation>Le bureau ne répond plus. Tant qu’il ne répond pas, le temps d’aucune fenêtre n’est compté.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
-        <translation>L’extension de Ticklog n’a pas été essayée avec GNOME Shell %@, qui ne l’exécute donc pas.</translation>
+        <source>Ticklog’s extension does not support GNOME Shell %@ yet.</source>
+        <translation>L’extension de Ticklog n’a pas encore été testée avec GNOME Shell %@ et ne le prend pas en charge.</translation>
     </message>
     <message>
-        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
-        <translation>Ticklog a été démarré sans connaître le bureau Wayland, et son écran X ne connaît que les programmes qui passent par lui. Démarrez Ticklog depuis le menu du bureau.</translation>
+        <source>Ticklog was started without knowing of the Wayland desktop, so it sees only programs that run through the X server. Start Ticklog from the desktop’s menu.</source>
+        <translation>Ticklog a été démarré sans connaître le bureau Wayland et ne voit donc que les programmes qui passent par le serveur X. Démarrez Ticklog depuis le menu du bureau.</translation>
     </message>
     <message>
-        <source>Until it runs, no window is credited.</source>
-        <translation>Tant qu’elle n’est pas active, aucune fenêtre n’est comptée.</translation>
+        <source>Until it runs, no window’s time is counted.</source>
+        <translation>Tant qu’elle n’est pas active, le temps d’aucune fenêtre n’est compté.</translation>
     </message>
     <message>
         <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
+        <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance ; tout autre temps est compté comme « Bureau ».</translation>
     </message>
     <message>
         <source>Rules leave out, rename and categorize applications in reports only.</source>
@@ -980,8 +976,8 @@
         <translation>Certaines entrées de «&#xa0;%@&#xa0;» sont endommagées et ont été laissées de côté. Le fichier est conservé à côté.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
-        <translation>«&#xa0;%@&#xa0;» n’a pas pu être lu. Ticklog continue avec les derniers réglages conservés.</translation>
+        <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
+        <translation>« %@ » n’a pas pu être lu. Ticklog continue avec les derniers réglages conservés.</translation>
     </message>
     <message>
         <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
@@ -1012,8 +1008,8 @@
         <translation>Exporter le &amp;projet…</translation>
     </message>
     <message>
-        <source>No timer that matches the search has as much time as you ask for.</source>
-        <translation>Aucun chronomètre correspondant à la recherche n’atteint le temps demandé.</translation>
+        <source>No timer that matches the search reaches the minimum time.</source>
+        <translation>Aucun chronomètre correspondant à la recherche n’atteint le temps minimum.</translation>
     </message>
     <message>
         <source>Export All Timers to CSV, Narrowed by the Search</source>
@@ -1028,12 +1024,12 @@
         <translation>Exporter le projet en CSV</translation>
     </message>
     <message>
-        <source>Ticklog goes on in the task bar.</source>
+        <source>Ticklog keeps running in the task bar.</source>
         <translation>Ticklog continue dans la barre des tâches.</translation>
     </message>
     <message>
-        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
-        <translation>Aucune icône de la zone de notification ne ramène à une fenêtre fermée. La fermer la réduit donc, et Ticklog continue. «&#xa0;Quitter&#xa0;» y met fin.</translation>
+        <source>There is no tray icon that could bring a closed window back, so closing the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog.</source>
+        <translation>Aucune icône de la zone de notification ne ramène à une fenêtre fermée. La fermer la réduit donc, et Ticklog continue. « Quitter » y met fin.</translation>
     </message>
     <message>
         <source>There are more timers than one database can hold: %@ at the most.</source>
@@ -1045,7 +1041,7 @@
     </message>
     <message>
         <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan. Seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance, et tout autre temps est compté comme «&#xa0;Desktop&#xa0;».</translation>
+        <translation>Ce bureau Wayland n’indique pas aux autres programmes quelle fenêtre est au premier plan. Seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance ; tout autre temps est compté comme « Bureau ».</translation>
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
@@ -1104,8 +1100,8 @@
         <translation>&amp;Quand&#xa0;:</translation>
     </message>
     <message>
-        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
-        <translation>L’historique l’oublie pour de bon. Les chronomètres gardent leurs noms et leurs temps&#xa0;: pour cela, supprimez leurs lignes.</translation>
+        <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
+        <translation>L’historique l’oublie pour de bon. Les chronomètres gardent leurs noms et leurs temps ; pour les retirer, supprimez leurs lignes.</translation>
     </message>
     <message>
         <source>What would be forgotten</source>
@@ -1136,11 +1132,11 @@
         <translation>C’est oublié.</translation>
     </message>
     <message>
-        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
-        <translation>Ce n’est pas encore oublié&#xa0;: l’historique ne peut pas être enregistré pour l’instant. Ticklog réessaie jusqu’à ce que cela marche.</translation>
+        <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
+        <translation>Ce n’est pas encore oublié, car l’historique ne peut pas être enregistré pour l’instant. Ticklog réessaie.</translation>
     </message>
     <message>
-        <source>For ever</source>
+        <source>Forever</source>
         <translation>Pour toujours</translation>
     </message>
     <message>
@@ -1196,16 +1192,16 @@
         <translation>Historique</translation>
     </message>
     <message>
-        <source>Keep no history?</source>
-        <translation>Ne conserver aucun historique&#xa0;?</translation>
+        <source>Stop keeping a history?</source>
+        <translation>Ne plus conserver d’historique ?</translation>
     </message>
     <message>
         <source>Forget what is older?</source>
         <translation>Oublier ce qui est plus ancien&#xa0;?</translation>
     </message>
     <message>
-        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
-        <translation>Son fichier est supprimé aussitôt. Cela ne peut pas être annulé. Les chronomètres gardent leurs temps, et un plantage peut leur coûter les 15 dernières minutes.</translation>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
+        <translation>Son fichier est supprimé aussitôt. Cela ne peut pas être annulé. Les chronomètres gardent leurs temps, mais un plantage peut leur coûter les 15 dernières minutes.</translation>
     </message>
     <message>
         <source>Titles</source>
@@ -1252,8 +1248,8 @@
         <translation>Cette expression est illisible&#xa0;: %@</translation>
     </message>
     <message>
-        <source>Wrong expression: %@</source>
-        <translation>Expression fausse&#xa0;: %@</translation>
+        <source>This expression is wrong: %@</source>
+        <translation>Expression incorrecte : %@</translation>
     </message>
     <message>
         <source>Private windows of browsers</source>
@@ -1269,7 +1265,7 @@
     </message>
     <message>
         <source>Count as “Private”</source>
-        <translation>Compter comme « Private »</translation>
+        <translation>Compter comme « Privé »</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1324,7 +1320,7 @@
         <translation>Appliquer les règles au passé&#xa0;?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
+        <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>Ce qu’elles cachent est retiré pour de bon de l’historique, des chronomètres et des projets. Cela ne peut pas être annulé, ni ce qui a été fait avant. Les archives et les sauvegardes restent telles quelles.</translation>
     </message>
     <message>
@@ -1360,8 +1356,8 @@
         <translation>&amp;Ajouter</translation>
     </message>
     <message>
-        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
-        <translation>Ce qui convient appartient au projet dans l’historique et dans les rapports, dans le passé aussi. Les chronomètres du projet restent ceux qui y sont.</translation>
+        <source>Whatever matches belongs to the project in the history and in reports, past time included. The project’s own timers stay as they are.</source>
+        <translation>Ce qui correspond appartient au projet dans l’historique et dans les rapports, passé compris. Les chronomètres du projet restent tels quels.</translation>
     </message>
     <message>
         <source>The title is a regular expression</source>
@@ -1412,8 +1408,8 @@
         <translation>Par proje&amp;t</translation>
     </message>
     <message>
-        <source>Nothing here has as much time as you ask for.</source>
-        <translation>Rien ici n’a autant de temps que vous le demandez.</translation>
+        <source>Nothing here reaches the minimum time.</source>
+        <translation>Rien ici n’atteint le temps minimum.</translation>
     </message>
     <message>
         <source>Nothing in this time matches the search.</source>
@@ -1752,12 +1748,12 @@
         <translation>La fin précède le début.</translation>
     </message>
     <message>
-        <source>Nothing is free there: it was worked, or is still to come.</source>
-        <translation>Rien n’y est libre&#xa0;: on y a travaillé, ou ce temps est encore à venir.</translation>
+        <source>No time is free there: you worked then, or it is still to come.</source>
+        <translation>Aucun temps n’y est libre : vous avez travaillé, ou ce temps est encore à venir.</translation>
     </message>
     <message>
-        <source>%1 are free there. What was worked stays as it is.</source>
-        <translation>%1 y sont libres. Ce qui a été travaillé reste tel quel.</translation>
+        <source>%1 of it is free. Time that you worked stays as it is.</source>
+        <translation>%1 y sont libres. Le temps travaillé reste tel quel.</translation>
     </message>
     <message>
         <source>Named by hand</source>
@@ -1788,7 +1784,7 @@
         <translation>Rétablir le &amp;zoom</translation>
     </message>
     <message>
-        <source>Start the timer to record when your time goes where.</source>
+        <source>Start the timer to record where your time goes, and when.</source>
         <translation>Démarrez le chronomètre pour enregistrer où passe votre temps, et quand.</translation>
     </message>
     <message>
@@ -1922,6 +1918,34 @@
     <message>
         <source>No history is kept. You can turn it on in the preferences, under History.</source>
         <translation>Aucun historique n’est conservé. Vous pouvez l’activer dans les préférences, sous Historique.</translation>
+    </message>
+    <message>
+        <source>Delete selected times</source>
+        <translation>Supprimer les lignes sélectionnées ?</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish permanently delete the selected timing rows?</source>
+        <translation>Leurs temps sont supprimés avec elles. « Annuler » les fait revenir.</translation>
+    </message>
+    <message>
+        <source>Desktop</source>
+        <translation>Bureau</translation>
+    </message>
+    <message>
+        <source>Private</source>
+        <translation>Privé</translation>
+    </message>
+    <message>
+        <source>Timer still running.</source>
+        <translation>Le chronomètre tourne encore.</translation>
+    </message>
+    <message>
+        <source>There is a timer currently running. Ticklog must remain open in order to keep track of time. Are you sure you wish to quit?</source>
+        <translation>Ticklog doit rester ouvert pour compter votre temps. Voulez-vous quitter ?</translation>
+    </message>
+    <message>
+        <source>Remain Open</source>
+        <translation>Laisser ouvert</translation>
     </message>
 </context>
 </TS>

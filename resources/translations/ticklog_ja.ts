@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Database file (reset %@):</source>
-        <translation>データベースファイル (リセット: %@):</translation>
+        <translation>最後にタイマーを消去した日: %@</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -68,7 +68,7 @@
         <translation>開始</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be counted.</source>
         <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせないため、時間を計測できません。</translation>
     </message>
     <message>
@@ -92,7 +92,7 @@
         <translation>ファイルの置き換え</translation>
     </message>
     <message>
-        <source>A file of this name exists already.</source>
+        <source>A file with this name already exists.</source>
         <translation>この名前のファイルはすでに存在します。</translation>
     </message>
     <message>
@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>No Label</source>
-        <translation>ラベルなし</translation>
+        <translation>カラーなし</translation>
     </message>
     <message>
         <source>Red</source>
@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>Label:</source>
-        <translation>ラベル:</translation>
+        <translation>カラー:</translation>
     </message>
     <message>
         <source>Where Ticklog is found</source>
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>Copies the sum in words</source>
-        <translation>合計を文字で表してコピーします</translation>
+        <translation>合計を「2時間1分」の形でコピーします</translation>
     </message>
     <message>
         <source>%@ (build %@)</source>
@@ -333,11 +333,11 @@
     </message>
     <message>
         <source>Are you sure you wish to clear the currently visible timers?</source>
-        <translation>現在表示されているタイマーを消去してもよろしいですか?</translation>
+        <translation>すべてのタイマーを消去しますか? 時間と行が取り除かれます。</translation>
     </message>
     <message>
         <source>Set storage database location.</source>
-        <translation>データベースの保存場所を設定</translation>
+        <translation>データベースの場所を選択</translation>
     </message>
     <message>
         <source>The database could not be copied.</source>
@@ -352,11 +352,11 @@
         <translation>このプロジェクトは空です。「すべてのタイマー」からタイマーをドラッグしてください。</translation>
     </message>
     <message>
-        <source>No timer has as much time as you ask for.</source>
-        <translation>指定した時間に達しているタイマーはありません。</translation>
+        <source>No timer reaches the minimum time.</source>
+        <translation>最小時間に達しているタイマーはありません。</translation>
     </message>
     <message>
-        <source>Press Start and work on; the programs you use will appear here.</source>
+        <source>Press Start and carry on working. Your programs will appear here.</source>
         <translation>「開始」を押して作業を続けてください。使用したプログラムがここに表示されます。</translation>
     </message>
     <message>
@@ -437,11 +437,11 @@
     </message>
     <message>
         <source>Time Spent</source>
-        <translation>経過時間</translation>
+        <translation>使用時間</translation>
     </message>
     <message>
         <source>&amp;Block from the list</source>
-        <translation>リストに表示しない(&amp;B)</translation>
+        <translation>レポートから除く(&amp;B)</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
@@ -464,8 +464,8 @@
         <translation>カテゴリ</translation>
     </message>
     <message>
-        <source>A comma or Return completes a category.</source>
-        <translation>コンマまたは Enter でカテゴリを確定します。</translation>
+        <source>Press comma or Enter to add; press Delete to remove.</source>
+        <translation>コンマまたは Enter で追加、Delete で取り除きます。</translation>
     </message>
     <message>
         <source>&amp;Application:</source>
@@ -476,8 +476,8 @@
         <translation>予定した日時にすべてのタイマーをアーカイブして消去する(&amp;A)</translation>
     </message>
     <message>
-        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
-        <translation>指定した時刻に、すべてのタイマーを日付を名前とするファイルに書き出し、最初から計測し直します。</translation>
+        <source>At the chosen time all timers are saved to a file named after the day, and start again from zero.</source>
+        <translation>指定した時刻に、すべてのタイマーを日付を名前とするファイルに保存し、ゼロから計測し直します。</translation>
     </message>
     <message>
         <source>Data&amp;base:</source>
@@ -532,8 +532,8 @@
         <translation>フォルダー(&amp;O):</translation>
     </message>
     <message>
-        <source>No day: nothing is archived.</source>
-        <translation>曜日なし: アーカイブされません。</translation>
+        <source>No day is chosen: nothing is archived.</source>
+        <translation>曜日が選ばれていません: アーカイブされません。</translation>
     </message>
     <message>
         <source>Archived on: </source>
@@ -589,7 +589,7 @@
     </message>
     <message>
         <source>&amp;Count time without input as idle</source>
-        <translation>入力のない時間をアイドルとして数える(&amp;C)</translation>
+        <translation>操作のない時間をアイドルとして数える(&amp;C)</translation>
     </message>
     <message>
         <source> min</source>
@@ -597,7 +597,7 @@
     </message>
     <message>
         <source>Minutes without input until time counts as idle</source>
-        <translation>アイドルとして数えるまでの入力のない時間 (分)</translation>
+        <translation>アイドルとして数えるまでの操作のない時間 (分)</translation>
     </message>
     <message>
         <source>Idleness:</source>
@@ -605,7 +605,7 @@
     </message>
     <message>
         <source>&amp;After:</source>
-        <translation>経過時間(&amp;A):</translation>
+        <translation>アイドルまで(&amp;A):</translation>
     </message>
     <message>
         <source>Preferences</source>
@@ -656,32 +656,32 @@
         <translation>残す</translation>
     </message>
     <message>
-        <source>Category. Delete removes it.</source>
-        <translation>カテゴリ。Delete キーで削除します。</translation>
+        <source>Category. Press Delete to remove it.</source>
+        <translation>カテゴリ。Delete キーで取り除きます。</translation>
     </message>
     <message>
         <source>For Ticklog to function you must grant it access to your computer.</source>
-        <translation>Ticklog を使うには、コンピューターへのアクセスを許可する必要があります。</translation>
+        <translation>Ticklog にはデスクトップのアクセシビリティサービスが必要です。</translation>
     </message>
     <message>
         <source>Follow these simple steps and Ticklog will be running in no time.</source>
-        <translation>次の簡単な手順に従えば、すぐに Ticklog を使い始められます。</translation>
+        <translation>次の手順に従うと、Ticklog で計測できます。</translation>
     </message>
     <message>
         <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
-        <translation>システム設定の「セキュリティ &amp; プライバシー」パネルを開きます。</translation>
+        <translation>デスクトップの設定を開きます。</translation>
     </message>
     <message>
         <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
-        <translation>「プライバシー」タブを選択し、錠前を解除して設定を変更できるようにします。</translation>
+        <translation>アクセシビリティのページに移動します。</translation>
     </message>
     <message>
         <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
-        <translation>「アクセシビリティ」グループを選択し、Ticklog を右側のリストにドラッグします。</translation>
+        <translation>支援プログラム用のサービスを有効にします。</translation>
     </message>
     <message>
         <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
-        <translation>最後に Ticklog のチェックボックスをオンにし、Ticklog を再起動します。</translation>
+        <translation>Ticklog を再起動します。</translation>
     </message>
     <message>
         <source>Restart</source>
@@ -693,11 +693,11 @@
     </message>
     <message>
         <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
-        <translation>Ticklog は各アプリケーションの使用時間を計測します。計測するには、Ticklog がシステムからこのデータを取得することを許可する必要があります。</translation>
+        <translation>Ticklog は各プログラムの使用時間を計測します。そのためには、デスクトップに問い合わせる許可が必要です。</translation>
     </message>
     <message>
         <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
-        <translation>システムのセキュリティ保護により、ユーザーの許可なしに他のアプリケーションの状態を監視することはできません。プライバシーを守るため、この操作ではシステム全体の通常の保護を維持したまま、Ticklog にアプリケーションの計測を許可します。</translation>
+        <translation>デスクトップはプライバシーを守るため、許可なしにほかのプログラムを観察させません。この操作は Ticklog に許可を与えます。ほかの保護はそのままです。</translation>
     </message>
     <message>
         <source>Authorize Ticklog</source>
@@ -709,11 +709,11 @@
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
-        <translation>システム設定の「セキュリティ &gt; プライバシー &gt; アクセシビリティ」で、補助装置へのアクセスを有効にしてください。</translation>
+        <translation>デスクトップの設定でアクセシビリティを有効にしてください。</translation>
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
-        <translation>システム設定の「ユニバーサルアクセス」で、補助装置へのアクセスを有効にしてください。</translation>
+        <translation>デスクトップの設定でアクセシビリティを有効にしてください。</translation>
     </message>
     <message>
         <source>An error was encountered.</source>
@@ -757,15 +757,15 @@
     </message>
     <message>
         <source>Show Time Window</source>
-        <translation>時間ウィンドウを表示</translation>
+        <translation>Ticklog を表示</translation>
     </message>
     <message>
         <source>Preferences...</source>
-        <translation>設定...</translation>
+        <translation>設定…</translation>
     </message>
     <message>
         <source>About...</source>
-        <translation>Ticklog について...</translation>
+        <translation>Ticklog について</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -789,11 +789,11 @@
     </message>
     <message>
         <source>The timer set &quot;%@&quot; will be deleted.</source>
-        <translation>タイマーセット「%@」を削除します。</translation>
+        <translation>プロジェクト「%@」を削除します。</translation>
     </message>
     <message>
         <source>Delete selected timer set?</source>
-        <translation>選択したタイマーセットを削除しますか?</translation>
+        <translation>選択したプロジェクトを削除しますか?</translation>
     </message>
     <message>
         <source>Move Project</source>
@@ -805,14 +805,14 @@
     </message>
     <message>
         <source>Label Project</source>
-        <translation>プロジェクトにラベルを付ける</translation>
+        <translation>プロジェクトのカラーを変更</translation>
     </message>
     <message>
         <source>Copy Project</source>
         <translation>プロジェクトをコピー</translation>
     </message>
     <message>
-        <source>Ticklog cannot see other programs&apos; windows</source>
+        <source>Ticklog cannot see other programs’ windows</source>
         <translation>Ticklog から他のプログラムのウィンドウが見えません</translation>
     </message>
     <message>
@@ -820,7 +820,7 @@
         <translation>ウィンドウごとの時間を計測するには、デスクトップのアクセシビリティサービスが必要です。有効にしてから、タイマーをもう一度開始してください。</translation>
     </message>
     <message>
-        <source>Turn on</source>
+        <source>Turn On</source>
         <translation>有効にする</translation>
     </message>
     <message>
@@ -873,7 +873,7 @@
     </message>
     <message>
         <source>Don&apos;t Ask Again</source>
-        <translation>今後表示しない</translation>
+        <translation>今後確認しない</translation>
     </message>
     <message>
         <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
@@ -884,32 +884,28 @@
         <translation>インストール</translation>
     </message>
     <message>
-        <source>Switch On</source>
-        <translation>有効にする</translation>
-    </message>
-    <message>
         <source>The extension could not be installed.</source>
         <translation>拡張機能をインストールできませんでした。</translation>
     </message>
     <message>
-        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>それまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
+        <source>Until then, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
+        <translation>それまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「デスクトップ」に数えられます。</translation>
     </message>
     <message>
-        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <source>GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it the other extensions that are chosen there.</source>
         <translation>GNOME Shell のすべての拡張機能のスイッチがオフになっています。これも有効にされ、そこで選ばれているほかの拡張機能も有効になります。</translation>
     </message>
     <message>
-        <source>GNOME Shell has not switched the extension on.</source>
+        <source>GNOME Shell has not turned the extension on.</source>
         <translation>GNOME Shell は拡張機能を有効にしませんでした。</translation>
     </message>
     <message>
-        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
-        <translation>「拡張機能」アプリで有効にし、そこにあるすべての拡張機能のスイッチもオンにしてください。できない場合は、このコンピューターの管理者が許可していません。</translation>
+        <source>Turn it on in the program “Extensions”, together with the switch for all extensions. If you cannot, the administrator of this computer does not allow it.</source>
+        <translation>「拡張機能」アプリで、すべての拡張機能のスイッチとともに有効にしてください。できない場合は、このコンピューターの管理者が許可していません。</translation>
     </message>
     <message>
         <source>Set Up...</source>
-        <translation>設定する...</translation>
+        <translation>設定する…</translation>
     </message>
     <message>
         <source>Why Are Windows Not Counted?</source>
@@ -920,28 +916,28 @@
         <translation>GNOME Shell は、サンドボックス内のプログラムには最前面のウィンドウを知らせません。サンドボックスの外にインストールすると、Ticklog はそれを知ることができます。</translation>
     </message>
     <message>
-        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
+        <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
         <translation>Ticklog はサンドボックス内で動作しているため、セッションの開始時に起動するものを変更できません。デスクトップの設定で変更できます。</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
-        <translation>デスクトップが応答しません。応答するまでは最前面のウィンドウがわからないため、どのウィンドウの時間も計測されません。</translation>
+        <source>The desktop has stopped responding. Until it responds, no window’s time is counted.</source>
+        <translation>デスクトップが応答しなくなりました。応答するまで、どのウィンドウの時間も計測されません。</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
-        <translation>Ticklog の拡張機能は GNOME Shell %@ でテストされていないため、実行されません。</translation>
+        <source>Ticklog’s extension does not support GNOME Shell %@ yet.</source>
+        <translation>Ticklog の拡張機能は GNOME Shell %@ にまだ対応していません。</translation>
     </message>
     <message>
-        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
-        <translation>Ticklog は Wayland デスクトップの情報なしで起動されました。X ディスプレイからわかるのは、それを通して動くプログラムだけです。デスクトップのメニューから Ticklog を起動してください。</translation>
+        <source>Ticklog was started without knowing of the Wayland desktop, so it sees only programs that run through the X server. Start Ticklog from the desktop’s menu.</source>
+        <translation>Ticklog は Wayland デスクトップの情報なしで起動されたため、X サーバーを通して動くプログラムしか認識できません。デスクトップのメニューから Ticklog を起動してください。</translation>
     </message>
     <message>
-        <source>Until it runs, no window is credited.</source>
-        <translation>動作するまで、どのウィンドウも計測されません。</translation>
+        <source>Until it runs, no window’s time is counted.</source>
+        <translation>動作するまで、どのウィンドウの時間も計測されません。</translation>
     </message>
     <message>
         <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
+        <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「デスクトップ」に数えられます。</translation>
     </message>
     <message>
         <source>Rules leave out, rename and categorize applications in reports only.</source>
@@ -980,7 +976,7 @@
         <translation>“%@”の一部の項目は破損していたため除外されました。元のファイルは隣に保存されます。</translation>
     </message>
     <message>
-        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
+        <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
         <translation>「%@」を読み込めませんでした。Ticklog は最後に保存しておいた設定を使います。</translation>
     </message>
     <message>
@@ -1012,8 +1008,8 @@
         <translation>プロジェクトをエクスポート(&amp;P)…</translation>
     </message>
     <message>
-        <source>No timer that matches the search has as much time as you ask for.</source>
-        <translation>検索に一致するタイマーで、指定した時間に達しているものはありません。</translation>
+        <source>No timer that matches the search reaches the minimum time.</source>
+        <translation>検索に一致するタイマーで、最小時間に達しているものはありません。</translation>
     </message>
     <message>
         <source>Export All Timers to CSV, Narrowed by the Search</source>
@@ -1028,11 +1024,11 @@
         <translation>プロジェクトを CSV にエクスポート</translation>
     </message>
     <message>
-        <source>Ticklog goes on in the task bar.</source>
+        <source>Ticklog keeps running in the task bar.</source>
         <translation>Ticklog はタスクバーで動作を続けます。</translation>
     </message>
     <message>
-        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
+        <source>There is no tray icon that could bring a closed window back, so closing the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog.</source>
         <translation>閉じたウィンドウに戻るためのトレイアイコンがありません。そのため閉じると最小化され、Ticklog は動作を続けます。終了するには「終了」を選びます。</translation>
     </message>
     <message>
@@ -1045,7 +1041,7 @@
     </message>
     <message>
         <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせません。支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「Desktop」に数えられます。</translation>
+        <translation>この Wayland デスクトップは最前面のウィンドウを他のプログラムに知らせません。支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「デスクトップ」に数えられます。</translation>
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
@@ -1104,7 +1100,7 @@
         <translation>いつ(&amp;W):</translation>
     </message>
     <message>
-        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
+        <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
         <translation>履歴からは永久に消えます。タイマーの名前と時間は残ります。消すには行を削除してください。</translation>
     </message>
     <message>
@@ -1136,11 +1132,11 @@
         <translation>忘れました。</translation>
     </message>
     <message>
-        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
-        <translation>まだ忘れていません: 現在、履歴を保存できません。Ticklog はできるまで試みます。</translation>
+        <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
+        <translation>まだ忘れていません。現在、履歴を保存できないためです。Ticklog は引き続き試みます。</translation>
     </message>
     <message>
-        <source>For ever</source>
+        <source>Forever</source>
         <translation>ずっと</translation>
     </message>
     <message>
@@ -1189,14 +1185,14 @@
     </message>
     <message>
         <source>Time spent: %@</source>
-        <translation>経過時間: %@</translation>
+        <translation>使用時間: %@</translation>
     </message>
     <message>
         <source>History</source>
         <translation>履歴</translation>
     </message>
     <message>
-        <source>Keep no history?</source>
+        <source>Stop keeping a history?</source>
         <translation>履歴を残さないようにしますか?</translation>
     </message>
     <message>
@@ -1204,7 +1200,7 @@
         <translation>それより古いものを忘れますか?</translation>
     </message>
     <message>
-        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
         <translation>ファイルはすぐに削除され、取り消すことはできません。タイマーの時間は残りますが、クラッシュすると最後の15分を失うことがあります。</translation>
     </message>
     <message>
@@ -1252,8 +1248,8 @@
         <translation>この式は解釈できません: %@</translation>
     </message>
     <message>
-        <source>Wrong expression: %@</source>
-        <translation>誤った式: %@</translation>
+        <source>This expression is wrong: %@</source>
+        <translation>この式は正しくありません: %@</translation>
     </message>
     <message>
         <source>Private windows of browsers</source>
@@ -1269,7 +1265,7 @@
     </message>
     <message>
         <source>Count as “Private”</source>
-        <translation>「Private」として数える</translation>
+        <translation>「プライベート」として数える</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1324,7 +1320,7 @@
         <translation>ルールを過去にも適用しますか?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
+        <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>隠されるものは履歴、タイマー、プロジェクトから永久に取り除かれます。これもそれ以前の操作も取り消せません。アーカイブとバックアップはそのまま残ります。</translation>
     </message>
     <message>
@@ -1360,8 +1356,8 @@
         <translation>追加(&amp;A)</translation>
     </message>
     <message>
-        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
-        <translation>一致するものは、過去のものも含めて、履歴とレポートではプロジェクトに属します。プロジェクトのタイマーは、その中にあるもののままです。</translation>
+        <source>Whatever matches belongs to the project in the history and in reports, past time included. The project’s own timers stay as they are.</source>
+        <translation>一致するものは、過去のものも含めて、履歴とレポートではプロジェクトに属します。プロジェクトのタイマーはそのままです。</translation>
     </message>
     <message>
         <source>The title is a regular expression</source>
@@ -1412,8 +1408,8 @@
         <translation>プロジェクト別(&amp;J)</translation>
     </message>
     <message>
-        <source>Nothing here has as much time as you ask for.</source>
-        <translation>指定した時間に達するものはありません。</translation>
+        <source>Nothing here reaches the minimum time.</source>
+        <translation>最小時間に達するものはありません。</translation>
     </message>
     <message>
         <source>Nothing in this time matches the search.</source>
@@ -1752,11 +1748,11 @@
         <translation>終了が開始より前です。</translation>
     </message>
     <message>
-        <source>Nothing is free there: it was worked, or is still to come.</source>
+        <source>No time is free there: you worked then, or it is still to come.</source>
         <translation>空いている時間がありません。作業済みか、まだ来ていない時間です。</translation>
     </message>
     <message>
-        <source>%1 are free there. What was worked stays as it is.</source>
+        <source>%1 of it is free. Time that you worked stays as it is.</source>
         <translation>空いているのは%1です。作業した時間はそのままです。</translation>
     </message>
     <message>
@@ -1788,7 +1784,7 @@
         <translation>拡大率を戻す(&amp;Z)</translation>
     </message>
     <message>
-        <source>Start the timer to record when your time goes where.</source>
+        <source>Start the timer to record where your time goes, and when.</source>
         <translation>タイマーを開始すると、いつ何に時間を使ったかが記録されます。</translation>
     </message>
     <message>
@@ -1922,6 +1918,34 @@
     <message>
         <source>No history is kept. You can turn it on in the preferences, under History.</source>
         <translation>履歴は残されていません。設定の「履歴」でオンにできます。</translation>
+    </message>
+    <message>
+        <source>Delete selected times</source>
+        <translation>選択した行を削除しますか?</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish permanently delete the selected timing rows?</source>
+        <translation>時間も一緒に削除されます。「元に戻す」で取り消せます。</translation>
+    </message>
+    <message>
+        <source>Desktop</source>
+        <translation>デスクトップ</translation>
+    </message>
+    <message>
+        <source>Private</source>
+        <translation>プライベート</translation>
+    </message>
+    <message>
+        <source>Timer still running.</source>
+        <translation>タイマーはまだ動いています。</translation>
+    </message>
+    <message>
+        <source>There is a timer currently running. Ticklog must remain open in order to keep track of time. Are you sure you wish to quit?</source>
+        <translation>時間を計測するには Ticklog を開いたままにする必要があります。終了しますか?</translation>
+    </message>
+    <message>
+        <source>Remain Open</source>
+        <translation>開いたままにする</translation>
     </message>
 </context>
 </TS>

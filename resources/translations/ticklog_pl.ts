@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Database file (reset %@):</source>
-        <translation>Plik bazy danych (wyzerowano %@):</translation>
+        <translation>Liczniki ostatnio wyczyszczono: %@</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -68,7 +68,7 @@
         <translation>Uruchom</translation>
     </message>
     <message>
-        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be credited.</source>
+        <source>This Wayland desktop does not tell other programs which window is in front, so no time can be counted.</source>
         <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu, więc czasu nie da się zliczać.</translation>
     </message>
     <message>
@@ -85,14 +85,14 @@
     </message>
     <message>
         <source>Ticklog Times</source>
-        <translation>Czasy Ticklog</translation>
+        <translation>Czasy z programu Ticklog</translation>
     </message>
     <message>
         <source>Replacing a file</source>
         <translation>Zastępowanie pliku</translation>
     </message>
     <message>
-        <source>A file of this name exists already.</source>
+        <source>A file with this name already exists.</source>
         <translation>Plik o tej nazwie już istnieje.</translation>
     </message>
     <message>
@@ -109,7 +109,7 @@
     </message>
     <message>
         <source>No Label</source>
-        <translation>Bez etykiety</translation>
+        <translation>Bez koloru</translation>
     </message>
     <message>
         <source>Red</source>
@@ -137,15 +137,15 @@
     </message>
     <message>
         <source>Label:</source>
-        <translation>Etykieta:</translation>
+        <translation>Kolor:</translation>
     </message>
     <message>
         <source>Where Ticklog is found</source>
-        <translation>Gdzie znaleźć Ticklog</translation>
+        <translation>Gdzie znaleźć program Ticklog</translation>
     </message>
     <message>
         <source>Hide Dock Icon</source>
-        <translation>Ukryj na pasku zadań</translation>
+        <translation>Nie pokazuj na pasku zadań</translation>
     </message>
     <message>
         <source>Show Dock Icon</source>
@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>Hide Menubar Item</source>
-        <translation>Ukryj w tacce systemowej</translation>
+        <translation>Nie pokazuj w tacce systemowej</translation>
     </message>
     <message>
         <source>Show Menubar Item</source>
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>Copies the sum in words</source>
-        <translation>Kopiuje sumę słownie</translation>
+        <translation>Kopiuje sumę z jednostkami zapisanymi słownie</translation>
     </message>
     <message>
         <source>%@ (build %@)</source>
@@ -333,7 +333,7 @@
     </message>
     <message>
         <source>Are you sure you wish to clear the currently visible timers?</source>
-        <translation>Czy na pewno wyczyścić obecnie widoczne liczniki?</translation>
+        <translation>Czy wyczyścić wszystkie liczniki? Ich czasy i wiersze zostaną usunięte.</translation>
     </message>
     <message>
         <source>Set storage database location.</source>
@@ -352,11 +352,11 @@
         <translation>Ten projekt jest pusty. Przeciągnij na niego liczniki z pozycji „Wszystkie liczniki”.</translation>
     </message>
     <message>
-        <source>No timer has as much time as you ask for.</source>
-        <translation>Żaden licznik nie osiąga podanego czasu.</translation>
+        <source>No timer reaches the minimum time.</source>
+        <translation>Żaden licznik nie osiąga minimalnego czasu.</translation>
     </message>
     <message>
-        <source>Press Start and work on; the programs you use will appear here.</source>
+        <source>Press Start and carry on working. Your programs will appear here.</source>
         <translation>Naciśnij „Uruchom” i pracuj dalej. Tutaj pojawią się używane programy.</translation>
     </message>
     <message>
@@ -365,7 +365,7 @@
     </message>
     <message>
         <source>Importing timers will replace all current timers. Your current timers will be saved in a backup file next to the Ticklog database.</source>
-        <translation>Import zastąpi wszystkie obecne liczniki. Zostaną one zapisane w pliku kopii zapasowej obok bazy danych Ticklog.</translation>
+        <translation>Import zastąpi wszystkie obecne liczniki. Zostaną one zapisane w pliku kopii zapasowej obok bazy danych programu Ticklog.</translation>
     </message>
     <message>
         <source>Import Database</source>
@@ -441,7 +441,7 @@
     </message>
     <message>
         <source>&amp;Block from the list</source>
-        <translation>&amp;Ukryj na liście</translation>
+        <translation>&amp;Pomijaj w raportach</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
@@ -464,8 +464,8 @@
         <translation>Kategorie</translation>
     </message>
     <message>
-        <source>A comma or Return completes a category.</source>
-        <translation>Przecinek lub Enter kończy wpisywanie kategorii.</translation>
+        <source>Press comma or Enter to add; press Delete to remove.</source>
+        <translation>Przecinek lub Enter dodaje, Delete usuwa.</translation>
     </message>
     <message>
         <source>&amp;Application:</source>
@@ -476,8 +476,8 @@
         <translation>&amp;Archiwizuj i czyść wszystkie liczniki według harmonogramu</translation>
     </message>
     <message>
-        <source>At the chosen time all timers are written to a file named after the day, and start anew.</source>
-        <translation>O wybranej godzinie wszystkie liczniki są zapisywane w pliku z datą w nazwie i zaczynają od nowa.</translation>
+        <source>At the chosen time all timers are saved to a file named after the day, and start again from zero.</source>
+        <translation>O wybranej godzinie wszystkie liczniki są zapisywane w pliku z datą w nazwie i zaczynają od zera.</translation>
     </message>
     <message>
         <source>Data&amp;base:</source>
@@ -501,11 +501,11 @@
     </message>
     <message>
         <source>Ticklog database</source>
-        <translation>Baza danych Ticklog</translation>
+        <translation>Baza danych programu Ticklog</translation>
     </message>
     <message>
         <source>CSV table and Ticklog database</source>
-        <translation>Tabela CSV i baza danych Ticklog</translation>
+        <translation>Tabela CSV i baza danych programu Ticklog</translation>
     </message>
     <message>
         <source>Weekdays of the archive</source>
@@ -532,8 +532,8 @@
         <translation>F&amp;older:</translation>
     </message>
     <message>
-        <source>No day: nothing is archived.</source>
-        <translation>Brak dni: nic nie jest archiwizowane.</translation>
+        <source>No day is chosen: nothing is archived.</source>
+        <translation>Nie wybrano dnia: nic nie jest archiwizowane.</translation>
     </message>
     <message>
         <source>Archived on: </source>
@@ -557,7 +557,7 @@
     </message>
     <message>
         <source>Include time spent in &amp;Ticklog</source>
-        <translation>Uwzględniaj czas spędzony w &amp;Ticklog</translation>
+        <translation>Uwzględniaj czas spędzony w programie &amp;Ticklog</translation>
     </message>
     <message>
         <source>Include &amp;seconds</source>
@@ -577,7 +577,7 @@
     </message>
     <message>
         <source>Include time spent in Ticklog in the total</source>
-        <translation>Uwzględniaj w sumie czas spędzony w Ticklog</translation>
+        <translation>Uwzględniaj w sumie czas spędzony w programie Ticklog</translation>
     </message>
     <message>
         <source>Include seconds in copied times</source>
@@ -585,11 +585,11 @@
     </message>
     <message>
         <source>Start Ticklog when I &amp;log in</source>
-        <translation>Uruchamiaj Ticklog po za&amp;logowaniu</translation>
+        <translation>Uruchamiaj program Ticklog po za&amp;logowaniu</translation>
     </message>
     <message>
         <source>&amp;Count time without input as idle</source>
-        <translation>&amp;Czas bez aktywności traktuj jako bezczynność</translation>
+        <translation>&amp;Czas bez klawiatury i myszy traktuj jako bezczynność</translation>
     </message>
     <message>
         <source> min</source>
@@ -597,7 +597,7 @@
     </message>
     <message>
         <source>Minutes without input until time counts as idle</source>
-        <translation>Minuty bez aktywności, po których czas liczy się jako bezczynność</translation>
+        <translation>Minuty bez klawiatury i myszy, po których czas liczy się jako bezczynność</translation>
     </message>
     <message>
         <source>Idleness:</source>
@@ -656,32 +656,32 @@
         <translation>Zachowaj</translation>
     </message>
     <message>
-        <source>Category. Delete removes it.</source>
+        <source>Category. Press Delete to remove it.</source>
         <translation>Kategoria. Delete ją usuwa.</translation>
     </message>
     <message>
         <source>For Ticklog to function you must grant it access to your computer.</source>
-        <translation>Aby Ticklog mógł działać, musi otrzymać dostęp do komputera.</translation>
+        <translation>Program Ticklog potrzebuje usług dostępności środowiska.</translation>
     </message>
     <message>
         <source>Follow these simple steps and Ticklog will be running in no time.</source>
-        <translation>Wykonaj te proste kroki, a Ticklog będzie gotowy w jednej chwili.</translation>
+        <translation>Wykonaj te kroki, a program Ticklog zacznie liczyć.</translation>
     </message>
     <message>
         <source>Launch the Security &amp; Privacy panel in the System Preferences.</source>
-        <translation>Otwórz panel „Bezpieczeństwo &amp; prywatność” w ustawieniach systemu.</translation>
+        <translation>Otwórz ustawienia środowiska.</translation>
     </message>
     <message>
         <source>Select the Privacy tab and unlock the padlock to allow settings changes.</source>
-        <translation>Wybierz kartę „Prywatność” i otwórz kłódkę, aby zezwolić na zmiany.</translation>
+        <translation>Przejdź do strony ułatwień dostępu.</translation>
     </message>
     <message>
         <source>Select the Accessibility group and drag Ticklog into the list on the right.</source>
-        <translation>Wybierz grupę „Dostępność” i przeciągnij Ticklog na listę po prawej.</translation>
+        <translation>Włącz usługi dla programów wspomagających.</translation>
     </message>
     <message>
         <source>Finally tick the checkbox associated with Ticklog and restart Ticklog.</source>
-        <translation>Na koniec zaznacz pole przy Ticklog i uruchom Ticklog ponownie.</translation>
+        <translation>Uruchom program Ticklog ponownie.</translation>
     </message>
     <message>
         <source>Restart</source>
@@ -693,11 +693,11 @@
     </message>
     <message>
         <source>Ticklog monitors the active time spent in each application. To enable this tracking you must give Ticklog permission to gather this data from the system.</source>
-        <translation>Ticklog mierzy czas aktywności w każdej aplikacji. Aby to umożliwić, zezwól mu na pobieranie tych danych z systemu.</translation>
+        <translation>Program Ticklog liczy czas spędzany w każdym programie. Potrzebuje do tego pozwolenia na odpytywanie środowiska.</translation>
     </message>
     <message>
         <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
-        <translation>Zabezpieczenia systemu uniemożliwiają śledzenie stanu innych aplikacji bez zgody użytkownika. Aby chronić prywatność, ta czynność zezwala na śledzenie aplikacji tylko programowi Ticklog, a zwykłe zabezpieczenia systemu pozostają w mocy.</translation>
+        <translation>Środowisko chroni prywatność: bez pozwolenia żaden program nie może obserwować innych. Ta czynność daje pozwolenie programowi Ticklog; wszystkie inne zabezpieczenia pozostają w mocy.</translation>
     </message>
     <message>
         <source>Authorize Ticklog</source>
@@ -709,11 +709,11 @@
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Secuirty &gt; Privacy &gt; Accessibility system preferences.</source>
-        <translation>Włącz dostęp dla urządzeń wspomagających w ustawieniach systemu: „Bezpieczeństwo &gt; Prywatność &gt; Dostępność”.</translation>
+        <translation>Włącz usługi dostępności w ustawieniach środowiska.</translation>
     </message>
     <message>
         <source>Please choose the &apos;Enable access for assistive devices.&apos; checkbox in the Universal Access system preferences.</source>
-        <translation>Włącz dostęp dla urządzeń wspomagających w ustawieniach systemu: „Ułatwienia dostępu”.</translation>
+        <translation>Włącz usługi dostępności w ustawieniach środowiska.</translation>
     </message>
     <message>
         <source>An error was encountered.</source>
@@ -725,11 +725,11 @@
     </message>
     <message>
         <source>Ticklog is counting</source>
-        <translation>Ticklog liczy</translation>
+        <translation>Program Ticklog liczy czas</translation>
     </message>
     <message>
         <source>Ticklog is paused</source>
-        <translation>Ticklog jest wstrzymany</translation>
+        <translation>Program Ticklog jest wstrzymany</translation>
     </message>
     <message>
         <source>Free software under the MIT licence.</source>
@@ -741,11 +741,11 @@
     </message>
     <message>
         <source>Ticklog therefore stays in the task bar, and its menu is in the main window. It moves to the tray as soon as there is one.</source>
-        <translation>Ticklog pozostaje więc na pasku zadań, a jego menu jest w oknie głównym. Przeniesie się do tacki, gdy tylko się pojawi.</translation>
+        <translation>Program Ticklog pozostaje więc na pasku zadań, a jego menu jest w oknie głównym. Przeniesie się do tacki, gdy tylko się pojawi.</translation>
     </message>
     <message>
         <source>Ticklog databases</source>
-        <translation>Bazy danych Ticklog</translation>
+        <translation>Bazy danych programu Ticklog</translation>
     </message>
     <message>
         <source>CSV files</source>
@@ -757,15 +757,15 @@
     </message>
     <message>
         <source>Show Time Window</source>
-        <translation>Pokaż okno czasów</translation>
+        <translation>Pokaż program Ticklog</translation>
     </message>
     <message>
         <source>Preferences...</source>
-        <translation>Preferencje...</translation>
+        <translation>Preferencje…</translation>
     </message>
     <message>
         <source>About...</source>
-        <translation>O programie...</translation>
+        <translation>O programie Ticklog</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -789,11 +789,11 @@
     </message>
     <message>
         <source>The timer set &quot;%@&quot; will be deleted.</source>
-        <translation>Zestaw liczników „%@” zostanie usunięty.</translation>
+        <translation>Projekt „%@” zostanie usunięty.</translation>
     </message>
     <message>
         <source>Delete selected timer set?</source>
-        <translation>Usunąć zaznaczony zestaw liczników?</translation>
+        <translation>Usunąć zaznaczony projekt?</translation>
     </message>
     <message>
         <source>Move Project</source>
@@ -805,22 +805,22 @@
     </message>
     <message>
         <source>Label Project</source>
-        <translation>Oznacz projekt</translation>
+        <translation>Zmień kolor projektu</translation>
     </message>
     <message>
         <source>Copy Project</source>
         <translation>Kopiuj projekt</translation>
     </message>
     <message>
-        <source>Ticklog cannot see other programs&apos; windows</source>
-        <translation>Ticklog nie widzi okien innych programów</translation>
+        <source>Ticklog cannot see other programs’ windows</source>
+        <translation>Program Ticklog nie widzi okien innych programów</translation>
     </message>
     <message>
         <source>To count the time spent in each window, it needs the accessibility services of the desktop. Start the timer again when they are turned on.</source>
         <translation>Aby liczyć czas w każdym oknie, potrzebne są usługi dostępności środowiska. Po ich włączeniu uruchom licznik ponownie.</translation>
     </message>
     <message>
-        <source>Turn on</source>
+        <source>Turn On</source>
         <translation>Włącz</translation>
     </message>
     <message>
@@ -837,19 +837,19 @@
     </message>
     <message>
         <source>Sho&amp;w Ticklog in:</source>
-        <translation>Po&amp;kazuj Ticklog:</translation>
+        <translation>Po&amp;kazuj program Ticklog:</translation>
     </message>
     <message>
         <source>Ticklog cannot be started at login.</source>
-        <translation>Nie można uruchamiać Ticklog po zalogowaniu.</translation>
+        <translation>Nie można uruchamiać programu Ticklog po zalogowaniu.</translation>
     </message>
     <message>
         <source>Ticklog is still started at login.</source>
-        <translation>Ticklog nadal uruchamia się po zalogowaniu.</translation>
+        <translation>Program Ticklog nadal uruchamia się po zalogowaniu.</translation>
     </message>
     <message>
         <source>Plasma tells only installed programs which window is in front. Install Ticklog, and start it from the menu.</source>
-        <translation>Plasma podaje tylko zainstalowanym programom, które okno jest na wierzchu. Zainstaluj Ticklog i uruchom go z menu.</translation>
+        <translation>Plasma podaje tylko zainstalowanym programom, które okno jest na wierzchu. Zainstaluj program Ticklog i uruchom go z menu.</translation>
     </message>
     <message>
         <source>This Wayland desktop no longer tells other programs which window is in front.</source>
@@ -857,15 +857,15 @@
     </message>
     <message>
         <source>GNOME Shell tells which window is in front only to its extensions, and the one that belongs to Ticklog is not running.</source>
-        <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie Ticklog nie działa.</translation>
+        <translation>Powłoka GNOME podaje tylko swoim rozszerzeniom, które okno jest na wierzchu, a rozszerzenie programu Ticklog nie działa.</translation>
     </message>
     <message>
         <source>GNOME Shell tells this only to its extensions. The one that comes with Ticklog tells Ticklog, and no other program, which windows are on the screen. Without it Ticklog sees only some programs.</source>
-        <translation>Powłoka GNOME podaje to tylko swoim rozszerzeniom. Rozszerzenie dołączone do Ticklog przekazuje jemu, i żadnemu innemu programowi, jakie okna są na ekranie. Bez niego Ticklog widzi tylko niektóre programy.</translation>
+        <translation>Powłoka GNOME podaje to tylko swoim rozszerzeniom. Rozszerzenie dołączone do programu Ticklog przekazuje jemu, i żadnemu innemu programowi, jakie okna są na ekranie. Bez niego program Ticklog widzi tylko niektóre programy.</translation>
     </message>
     <message>
         <source>Ticklog needs an extension of GNOME Shell to see which window is in front.</source>
-        <translation>Ticklog potrzebuje rozszerzenia powłoki GNOME, aby widzieć, które okno jest na wierzchu.</translation>
+        <translation>Program Ticklog potrzebuje rozszerzenia powłoki GNOME, aby widzieć, które okno jest na wierzchu.</translation>
     </message>
     <message>
         <source>Not Now</source>
@@ -884,32 +884,28 @@
         <translation>Zainstaluj</translation>
     </message>
     <message>
-        <source>Switch On</source>
-        <translation>Włącz</translation>
-    </message>
-    <message>
         <source>The extension could not be installed.</source>
         <translation>Nie udało się zainstalować rozszerzenia.</translation>
     </message>
     <message>
-        <source>Until then, only programs that tell assistive programs of their windows are seen, and all other time counts as “Desktop”.</source>
-        <translation>Do tego czasu widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
+        <source>Until then, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
+        <translation>Do tego czasu program Ticklog widzi tylko programy, które informują programy wspomagające o swoich oknach; cały pozostały czas liczy się jako „Pulpit”.</translation>
     </message>
     <message>
-        <source>GNOME Shell&apos;s switch for all extensions is off. It is switched on as well, and with it the other extensions that are chosen there.</source>
+        <source>GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it the other extensions that are chosen there.</source>
         <translation>W powłoce GNOME przełącznik wszystkich rozszerzeń jest wyłączony. On także zostanie włączony, a wraz z nim inne wybrane tam rozszerzenia.</translation>
     </message>
     <message>
-        <source>GNOME Shell has not switched the extension on.</source>
+        <source>GNOME Shell has not turned the extension on.</source>
         <translation>Powłoka GNOME nie włączyła rozszerzenia.</translation>
     </message>
     <message>
-        <source>Switch it on in the program “Extensions”, and there the switch for all extensions as well. Where that is not possible, whoever looks after this computer does not allow it.</source>
-        <translation>Włącz je w programie „Rozszerzenia”, a także znajdujący się tam przełącznik wszystkich rozszerzeń. Jeśli to niemożliwe, nie pozwala na to osoba opiekująca się tym komputerem.</translation>
+        <source>Turn it on in the program “Extensions”, together with the switch for all extensions. If you cannot, the administrator of this computer does not allow it.</source>
+        <translation>Włącz je w programie „Rozszerzenia” razem z przełącznikiem wszystkich rozszerzeń. Jeśli to niemożliwe, nie pozwala na to administrator tego komputera.</translation>
     </message>
     <message>
         <source>Set Up...</source>
-        <translation>Skonfiguruj...</translation>
+        <translation>Skonfiguruj…</translation>
     </message>
     <message>
         <source>Why Are Windows Not Counted?</source>
@@ -917,31 +913,31 @@
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
-        <translation>GNOME Shell nie mówi programom w piaskownicy, które okno jest na wierzchu. Zainstalowany poza nią, Ticklog może się tego dowiedzieć.</translation>
+        <translation>Powłoka GNOME nie mówi programom w piaskownicy, które okno jest na wierzchu. Program Ticklog zainstalowany poza nią może się tego dowiedzieć.</translation>
     </message>
     <message>
-        <source>Ticklog runs in a sandbox, from which it cannot change what the session starts. The settings of the desktop can.</source>
-        <translation>Ticklog działa w piaskownicy i nie może z niej zmienić tego, co uruchamia sesja. Można to zrobić w ustawieniach pulpitu.</translation>
+        <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
+        <translation>Program Ticklog działa w piaskownicy i nie może zmienić tego, co uruchamia sesja. Można to zrobić w ustawieniach środowiska.</translation>
     </message>
     <message>
-        <source>The desktop does not answer any more. Until it does, Ticklog cannot tell which window is in front, and credits none.</source>
-        <translation>Środowisko nie odpowiada. Dopóki nie odpowie, nie wiadomo, które okno jest na wierzchu, i czas żadnego okna nie jest zliczany.</translation>
+        <source>The desktop has stopped responding. Until it responds, no window’s time is counted.</source>
+        <translation>Środowisko przestało odpowiadać. Dopóki nie odpowie, czas żadnego okna nie jest liczony.</translation>
     </message>
     <message>
-        <source>The extension that belongs to Ticklog has not been tested with GNOME Shell %@, so the shell does not run it.</source>
-        <translation>Rozszerzenie Ticklog nie było sprawdzane z powłoką GNOME %@, która go dlatego nie uruchamia.</translation>
+        <source>Ticklog’s extension does not support GNOME Shell %@ yet.</source>
+        <translation>Rozszerzenie programu Ticklog nie obsługuje jeszcze powłoki GNOME %@.</translation>
     </message>
     <message>
-        <source>Ticklog was started without knowing of the Wayland desktop, and its X display tells only of the programs that run through it. Start Ticklog from the desktop&apos;s menu.</source>
-        <translation>Program Ticklog uruchomiono bez wiedzy o środowisku Wayland, a jego ekran X zna tylko programy, które przez niego działają. Uruchom Ticklog z menu środowiska.</translation>
+        <source>Ticklog was started without knowing of the Wayland desktop, so it sees only programs that run through the X server. Start Ticklog from the desktop’s menu.</source>
+        <translation>Program Ticklog uruchomiono bez wiedzy o środowisku Wayland, więc widzi tylko programy działające przez serwer X. Uruchom program Ticklog z menu środowiska.</translation>
     </message>
     <message>
-        <source>Until it runs, no window is credited.</source>
+        <source>Until it runs, no window’s time is counted.</source>
         <translation>Dopóki nie będzie działać, czas żadnego okna nie jest liczony.</translation>
     </message>
     <message>
         <source>Until it runs, Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>Dopóki nie będzie działać, widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
+        <translation>Dopóki nie będzie działać, program Ticklog widzi tylko programy, które informują programy wspomagające o swoich oknach; cały pozostały czas liczy się jako „Pulpit”.</translation>
     </message>
     <message>
         <source>Rules leave out, rename and categorize applications in reports only.</source>
@@ -973,15 +969,15 @@
     </message>
     <message>
         <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
-        <translation>Nie udało się odczytać „%@”. Plik odłożono na bok, a Ticklog zaczął bez niego.</translation>
+        <translation>Nie udało się odczytać „%@”. Plik odłożono na bok, a program Ticklog zaczął bez niego.</translation>
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
         <translation>Niektóre wpisy w „%@” są uszkodzone i zostały pominięte. Plik zachowano obok.</translation>
     </message>
     <message>
-        <source>“%@” could not be read. Ticklog goes on with the settings it had kept.</source>
-        <translation>Nie udało się odczytać „%@”. Ticklog korzysta z ostatnich zachowanych ustawień.</translation>
+        <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
+        <translation>Nie udało się odczytać „%@”. Program Ticklog korzysta z ostatnich zachowanych ustawień.</translation>
     </message>
     <message>
         <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
@@ -1012,8 +1008,8 @@
         <translation>Eksportuj pro&amp;jekt…</translation>
     </message>
     <message>
-        <source>No timer that matches the search has as much time as you ask for.</source>
-        <translation>Żaden licznik pasujący do wyszukiwania nie osiąga podanego czasu.</translation>
+        <source>No timer that matches the search reaches the minimum time.</source>
+        <translation>Żaden licznik pasujący do wyszukiwania nie osiąga minimalnego czasu.</translation>
     </message>
     <message>
         <source>Export All Timers to CSV, Narrowed by the Search</source>
@@ -1028,12 +1024,12 @@
         <translation>Eksport projektu do CSV</translation>
     </message>
     <message>
-        <source>Ticklog goes on in the task bar.</source>
-        <translation>Ticklog działa dalej na pasku zadań.</translation>
+        <source>Ticklog keeps running in the task bar.</source>
+        <translation>Program Ticklog działa dalej na pasku zadań.</translation>
     </message>
     <message>
-        <source>No icon in the tray could bring a closed window back. Closing the window therefore minimizes it, and Ticklog goes on. “Quit” ends Ticklog.</source>
-        <translation>Żadna ikona na tacce nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
+        <source>There is no tray icon that could bring a closed window back, so closing the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog.</source>
+        <translation>Żadna ikona na tacce nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a program Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
     </message>
     <message>
         <source>There are more timers than one database can hold: %@ at the most.</source>
@@ -1045,7 +1041,7 @@
     </message>
     <message>
         <source>This Wayland desktop does not tell other programs which window is in front. Ticklog sees only programs that tell assistive programs about their windows; all other time counts as “Desktop”.</source>
-        <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu. Widoczne są tylko programy, które informują programy wspomagające o swoich oknach, a cały pozostały czas liczy się jako „Desktop”.</translation>
+        <translation>To środowisko Wayland nie podaje innym programom, które okno jest na wierzchu. Widoczne są tylko programy, które informują programy wspomagające o swoich oknach; cały pozostały czas liczy się jako „Pulpit”.</translation>
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
@@ -1104,8 +1100,8 @@
         <translation>&amp;Kiedy:</translation>
     </message>
     <message>
-        <source>The history forgets it for good. Timers keep their names and times: delete their rows for that.</source>
-        <translation>Historia zapomni to na zawsze. Liczniki zachowują nazwy i czasy: aby je usunąć, usuń ich wiersze.</translation>
+        <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
+        <translation>Historia zapomni to na zawsze. Liczniki zachowują nazwy i czasy; aby je usunąć, usuń ich wiersze.</translation>
     </message>
     <message>
         <source>What would be forgotten</source>
@@ -1136,11 +1132,11 @@
         <translation>Zapomniano.</translation>
     </message>
     <message>
-        <source>It is not forgotten yet: the history cannot be saved now. Ticklog tries again until it can.</source>
-        <translation>Jeszcze nie zapomniano: historii nie można teraz zapisać. Ticklog próbuje aż do skutku.</translation>
+        <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
+        <translation>Jeszcze nie zapomniano, bo historii nie można teraz zapisać. Program Ticklog próbuje dalej.</translation>
     </message>
     <message>
-        <source>For ever</source>
+        <source>Forever</source>
         <translation>Na zawsze</translation>
     </message>
     <message>
@@ -1196,16 +1192,16 @@
         <translation>Historia</translation>
     </message>
     <message>
-        <source>Keep no history?</source>
-        <translation>Nie prowadzić historii?</translation>
+        <source>Stop keeping a history?</source>
+        <translation>Przestać prowadzić historię?</translation>
     </message>
     <message>
         <source>Forget what is older?</source>
         <translation>Zapomnieć to, co starsze?</translation>
     </message>
     <message>
-        <source>Its file is removed at once. This cannot be undone. Timers keep their times, and a crash may cost them the last 15 minutes.</source>
-        <translation>Jej plik zostanie od razu usunięty. Tego nie można cofnąć. Liczniki zachowują czasy, a awaria może kosztować je ostatnie 15 minut.</translation>
+        <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
+        <translation>Jej plik zostanie od razu usunięty. Tego nie można cofnąć. Liczniki zachowują czasy, ale awaria może kosztować je ostatnie 15 minut.</translation>
     </message>
     <message>
         <source>Titles</source>
@@ -1252,7 +1248,7 @@
         <translation>Nie można odczytać tego wyrażenia: %@</translation>
     </message>
     <message>
-        <source>Wrong expression: %@</source>
+        <source>This expression is wrong: %@</source>
         <translation>Błędne wyrażenie: %@</translation>
     </message>
     <message>
@@ -1269,7 +1265,7 @@
     </message>
     <message>
         <source>Count as “Private”</source>
-        <translation>Licz jako „Private”</translation>
+        <translation>Licz jako „Prywatne”</translation>
     </message>
     <message>
         <source>Leave the title out</source>
@@ -1324,7 +1320,7 @@
         <translation>Zastosować reguły do przeszłości?</translation>
     </message>
     <message>
-        <source>What they hide is removed from the history, the timers and the projects for good. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
+        <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
         <translation>To, co ukrywają, zostanie na zawsze usunięte z historii, liczników i projektów. Nie można cofnąć ani tego, ani wcześniejszych zmian. Archiwa i kopie zapasowe pozostają bez zmian.</translation>
     </message>
     <message>
@@ -1360,8 +1356,8 @@
         <translation>&amp;Dodaj</translation>
     </message>
     <message>
-        <source>Whatever fits belongs to the project in the history and in reports, in the past as well. The timers of the project stay those that are in it.</source>
-        <translation>To, co pasuje, należy do projektu w historii i w raportach, także w przeszłości. Licznikami projektu pozostają te, które w nim są.</translation>
+        <source>Whatever matches belongs to the project in the history and in reports, past time included. The project’s own timers stay as they are.</source>
+        <translation>To, co pasuje, należy do projektu w historii i w raportach, także w przeszłości. Liczniki projektu pozostają bez zmian.</translation>
     </message>
     <message>
         <source>The title is a regular expression</source>
@@ -1412,8 +1408,8 @@
         <translation>Według pro&amp;jektu</translation>
     </message>
     <message>
-        <source>Nothing here has as much time as you ask for.</source>
-        <translation>Nic tutaj nie ma tyle czasu, ile wskazano.</translation>
+        <source>Nothing here reaches the minimum time.</source>
+        <translation>Nic tutaj nie osiąga minimalnego czasu.</translation>
     </message>
     <message>
         <source>Nothing in this time matches the search.</source>
@@ -1433,7 +1429,7 @@
     </message>
     <message>
         <source>Ticklog History</source>
-        <translation>Historia Ticklog</translation>
+        <translation>Historia z programu Ticklog</translation>
     </message>
     <message>
         <source>The history could not be exported.</source>
@@ -1752,12 +1748,12 @@
         <translation>Koniec jest przed początkiem.</translation>
     </message>
     <message>
-        <source>Nothing is free there: it was worked, or is still to come.</source>
-        <translation>Nic tam nie jest wolne: pracowano wtedy albo ten czas jeszcze nie nadszedł.</translation>
+        <source>No time is free there: you worked then, or it is still to come.</source>
+        <translation>Nie ma tam wolnego czasu: pracowano wtedy albo ten czas jeszcze nie nadszedł.</translation>
     </message>
     <message>
-        <source>%1 are free there. What was worked stays as it is.</source>
-        <translation>Wolne jest tam %1. To, co przepracowano, zostaje.</translation>
+        <source>%1 of it is free. Time that you worked stays as it is.</source>
+        <translation>Wolne jest tam %1. Przepracowany czas pozostaje bez zmian.</translation>
     </message>
     <message>
         <source>Named by hand</source>
@@ -1788,8 +1784,8 @@
         <translation>Przywróć sk&amp;alę</translation>
     </message>
     <message>
-        <source>Start the timer to record when your time goes where.</source>
-        <translation>Uruchom licznik, aby zapisywać, kiedy i na co idzie Twój czas.</translation>
+        <source>Start the timer to record where your time goes, and when.</source>
+        <translation>Uruchom licznik, aby zapisywać, na co i kiedy idzie Twój czas.</translation>
     </message>
     <message>
         <source>Add to &amp;Project</source>
@@ -1893,7 +1889,7 @@
     </message>
     <message>
         <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
-        <translation>Zostanie to od razu usunięte z pliku. Można to cofnąć, dopóki Ticklog działa.</translation>
+        <translation>Zostanie to od razu usunięte z pliku. Można to cofnąć, dopóki działa program Ticklog.</translation>
     </message>
     <message>
         <source>Forget this?</source>
@@ -1922,6 +1918,34 @@
     <message>
         <source>No history is kept. You can turn it on in the preferences, under History.</source>
         <translation>Historia nie jest prowadzona. Można ją włączyć w preferencjach, na karcie Historia.</translation>
+    </message>
+    <message>
+        <source>Delete selected times</source>
+        <translation>Usunąć zaznaczone wiersze?</translation>
+    </message>
+    <message>
+        <source>Are you sure you wish permanently delete the selected timing rows?</source>
+        <translation>Ich czasy zostaną usunięte razem z nimi. „Cofnij” je przywraca.</translation>
+    </message>
+    <message>
+        <source>Desktop</source>
+        <translation>Pulpit</translation>
+    </message>
+    <message>
+        <source>Private</source>
+        <translation>Prywatne</translation>
+    </message>
+    <message>
+        <source>Timer still running.</source>
+        <translation>Licznik jeszcze działa.</translation>
+    </message>
+    <message>
+        <source>There is a timer currently running. Ticklog must remain open in order to keep track of time. Are you sure you wish to quit?</source>
+        <translation>Program Ticklog musi pozostać otwarty, aby liczyć czas. Czy zakończyć?</translation>
+    </message>
+    <message>
+        <source>Remain Open</source>
+        <translation>Pozostaw otwarty</translation>
     </message>
 </context>
 </TS>

@@ -22,8 +22,8 @@ using namespace std::chrono_literals;
 const QString kAppType = QStringLiteral("kTKPrefAppType");
 const QString kWasRunning = QStringLiteral("kTKWasTimerRunning");
 const QString kWithoutProjects =
-    QStringLiteral("Today: 00:00:00 | - | Start | Pause For > | Show Time Window | - | All Timers > | - | "
-                   "Preferences... | About... | Quit");
+    QStringLiteral("Today: 00:00:00 | - | Start | Pause For > | Show Ticklog | - | All Timers > | - | "
+                   "Preferences… | About Ticklog | Quit");
 
 PropertyListDictionary timer(const char* name, double seconds) {
     return {{QStringLiteral("Name"), QString::fromUtf8(name)},

@@ -30,7 +30,7 @@ protected:
 TEST_F(TrustNoticeTest, theNotice_hasAButtonThatAllows) {
     ServiceScript desktop(m_home, u"notifications.py"_s, {m_daemon.address()});
     m_notice.show();
-    EXPECT_EQ(desktop.hear(), u"7 0 Ticklog cannot see other programs' windows [allow, Turn on]"_s);
+    EXPECT_EQ(desktop.hear(), u"7 0 Ticklog cannot see other programs’ windows [allow, Turn On]"_s);
     // The second notice replaces the first, which shows that its number has arrived.
     EXPECT_TRUE(waitFor([&] {
         m_notice.show();

@@ -50,7 +50,7 @@ TEST_P(WaylandProduct, aPanelOnTheBus_startsTheTimerThroughTheMenu) {
     EXPECT_TRUE(waitFor([&] { return panel.ask("item") == QLatin1String("ticklog"); }));
     EXPECT_TRUE(waitFor([&] { return panel.ask("tooltip").startsWith(QLatin1String("Ticklog is paused")); }));
     panel.ask("open");
-    EXPECT_TRUE(panel.ask("menu").contains(QLatin1String(" | Start | Pause For > | Show Time Window | ")));
+    EXPECT_TRUE(panel.ask("menu").contains(QLatin1String(" | Start | Pause For > | Show Ticklog | ")));
     panel.ask("click Start");
     EXPECT_TRUE(
         waitFor([&] { return panel.ask("tooltip").startsWith(QLatin1String("Ticklog is counting")); }));

@@ -196,7 +196,7 @@ TEST_F(AmendingTest, lessThanASecond_isNotFreeForABooking) {
     drag(today(9, 10), today(9, 45).addMSecs(999));
     command(amend().book);
     EXPECT_FALSE(part<QPushButton>("bookIt").isEnabled()) << qPrintable(part<QLabel>("bookedFree").text());
-    EXPECT_TRUE(part<QLabel>("bookedFree").text().startsWith(QStringLiteral("Nothing is free")));
+    EXPECT_TRUE(part<QLabel>("bookedFree").text().startsWith(QStringLiteral("No time is free")));
     part<QDateTimeEdit>("bookedTo").setDateTime(today(9, 45).addSecs(1));
     settle();
     EXPECT_TRUE(part<QPushButton>("bookIt").isEnabled());

@@ -282,7 +282,7 @@ TEST_F(AppPresenceTest, closedWithoutATray_theWindowIsMinimisedAndThatIsSaidOnce
     for (int time = 0; time < 2; ++time) {
         command(actions().closeWindow);
         EXPECT_TRUE(isMinimized()) << "or nothing would lead back to it";
-        EXPECT_EQ(alerts.notices, QStringList{QStringLiteral("Ticklog goes on in the task bar.")});
+        EXPECT_EQ(alerts.notices, QStringList{QStringLiteral("Ticklog keeps running in the task bar.")});
         controller.displayMainWindow();
         EXPECT_FALSE(controller.window().isMinimized());
     }

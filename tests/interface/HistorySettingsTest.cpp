@@ -50,11 +50,11 @@ struct HistorySettingsTest : testing::Test, HistoryDesk {
 };
 
 TEST_F(HistorySettingsTest, howLongItIsKept_isChosen_andLessOnlyAfterAQuestion) {
-    EXPECT_EQ(control<QComboBox>("historyDays").currentText(), u"For ever"_s);
+    EXPECT_EQ(control<QComboBox>("historyDays").currentText(), u"Forever"_s);
     keep("For a year");
     EXPECT_EQ(alerts.questions, QStringList(u"Forget what is older?"_s));
     EXPECT_EQ(defaults().integerForKey(kHistoryDays), 0) << "who only presses Return keeps it";
-    EXPECT_EQ(control<QComboBox>("historyDays").currentText(), u"For ever"_s);
+    EXPECT_EQ(control<QComboBox>("historyDays").currentText(), u"Forever"_s);
     alerts.answer = Alerts::Alternate;
     keep("For a year");
     EXPECT_EQ(defaults().integerForKey(kHistoryDays), 365);
@@ -71,11 +71,11 @@ TEST_F(HistorySettingsTest, notKept_isSaidAndNothingIsThereToForget) {
     alerts.answer = Alerts::Alternate;
     EXPECT_TRUE(control<QLabel>("historyObstacle").isHidden());
     keep("Not at all");
-    EXPECT_EQ(alerts.questions, QStringList(u"Keep no history?"_s));
+    EXPECT_EQ(alerts.questions, QStringList(u"Stop keeping a history?"_s));
     EXPECT_FALSE(QFileInfo::exists(history.path()));
     EXPECT_EQ(control<QLabel>("historyObstacle").text(), u"No history is kept."_s);
     EXPECT_FALSE(control<QPushButton>("forgetHistory").isEnabled());
-    keep("For ever");
+    keep("Forever");
     EXPECT_EQ(alerts.questions.size(), 1);
     EXPECT_TRUE(control<QPushButton>("forgetHistory").isEnabled());
 }

@@ -395,9 +395,10 @@ TEST_F(HistoryViewTest, aWindowWithoutRoom_showsTheRowsAlone) {
 
 TEST_F(HistoryViewTest, emptyRanges_sayWhy) {
     showHistory();
-    EXPECT_EQ(outline().invitation(),
-              QStringLiteral(
-                  "No work was recorded in this time. Start the timer to record when your time goes where."));
+    EXPECT_EQ(
+        outline().invitation(),
+        QStringLiteral(
+            "No work was recorded in this time. Start the timer to record where your time goes, and when."));
     controller.timer().startTimer();
     command(historyActions().today);
     EXPECT_EQ(outline().invitation(), QStringLiteral("No work was recorded in this time."));

@@ -216,7 +216,7 @@ TEST_F(PrefWindowTest, theLeftmostSegment_storesTheLastWeekdayAndShowsOnTheRight
     defaults().setObject(kPeriodicDaysOfWeek, 0b0011011);
     EXPECT_EQ(control<QLabel>("weekdaysOfTheArchive").text(), u"Archived on: Sun, Mon, Wed, Thu"_s);
     defaults().setObject(kPeriodicDaysOfWeek, 0);
-    EXPECT_EQ(control<QLabel>("weekdaysOfTheArchive").text(), u"No day: nothing is archived."_s);
+    EXPECT_EQ(control<QLabel>("weekdaysOfTheArchive").text(), u"No day is chosen: nothing is archived."_s);
 }
 
 TEST_F(PrefWindowTest, theDaysOfTheArchive_areToldRightUnderTheButtonsAndWithEachPress) {

@@ -141,7 +141,7 @@ TEST_F(SearchTest, theSlider_cutsOffByTheKeyboard) {
     settle();
     EXPECT_EQ(cutoffShown(), "08:00:00");
     EXPECT_EQ(outlineText(), "");
-    EXPECT_EQ(str(table().accessibleDescription()), "No timer has as much time as you ask for.");
+    EXPECT_EQ(str(table().accessibleDescription()), "No timer reaches the minimum time.");
     QTest::keyClick(&slider, Qt::Key_Home);
     settle();
     EXPECT_EQ(cutoffShown(), "00:00:00");
@@ -252,11 +252,11 @@ TEST_F(SearchTest, anEmptyOutline_blamesWhatEmptiesIt) {
     controller.setCutoffValue(3600);
     settle();
     EXPECT_EQ(outlineText(), "");
-    EXPECT_EQ(said(), "No timer that matches the search has as much time as you ask for.");
+    EXPECT_EQ(said(), "No timer that matches the search reaches the minimum time.");
     type("qqq");
     EXPECT_EQ(said(), "No timer matches the search.");
     type("");
-    EXPECT_EQ(said(), "No timer has as much time as you ask for.");
+    EXPECT_EQ(said(), "No timer reaches the minimum time.");
     addProject("Nothing");
     choose(1);
     type("in");

@@ -119,8 +119,8 @@ TEST(SettingsTrouble, settingsThatCouldNotBeRead_areToldWithWhatIsTakenInstead) 
                       fakes.loginItems};
     Engine engine(platform, {});
     EXPECT_EQ(str(engine.trouble().text()),
-              "“org.ticklog.Ticklog.plist” could not be read. Ticklog goes on with the "
-              "settings it had kept.");
+              "“org.ticklog.Ticklog.plist” could not be read. Ticklog continues with the last "
+              "settings that it kept.");
 }
 
 TEST(SettingsTrouble, settingsThatCannotBeWritten_areToldUntilTheyCan) {

@@ -81,7 +81,7 @@ TEST_F(SilenceWatchTest, noAnswer_leavesTheDesktopInFrontAndSaysWhyOnce) {
     runLoop.advance(55s + 10s);
     EXPECT_EQ(seen(), kNothing);
     EXPECT_EQ(switches, QStringList(kDesktopName));
-    EXPECT_TRUE(watch.obstacle().contains(QStringLiteral("does not answer")));
+    EXPECT_TRUE(watch.obstacle().contains(QStringLiteral("has stopped responding")));
     runLoop.advance(1h);
     EXPECT_EQ(signs.asked, 1) << "the question still stands";
     EXPECT_EQ(log.lines.size(), 1);

@@ -53,6 +53,15 @@ QList<Message> messagesIn(const QString& language) {
     return messages;
 }
 
+// What people read where the catalogue's key stands.
+QString english(const QString& key) {
+    static const QList<Message> messages = messagesIn(u"en"_s);
+    for (const Message& message : messages)
+        if (message.key == key)
+            return message.text;
+    return key;
+}
+
 // The text of one string literal, or of several in a row.
 QString meaningOf(const QString& literals) {
     static const QRegularExpression between(u"(?<!\\\\)\"\\s*\""_s);
@@ -170,10 +179,28 @@ TEST_P(TranslationsTest, keepsBlanksAtTheEndsAndEllipses) {
     forEveryText([](const Message& message) {
         for (const char* ends : {"^ *", " *$", "…|\\.\\.\\.$", "\n"})
             EXPECT_EQ(found(QString::fromUtf8(ends), message.text),
-                      found(QString::fromUtf8(ends), message.key))
+                      found(QString::fromUtf8(ends), english(message.key)))
                 << qPrintable(message.text) << ": " << ends;
         EXPECT_EQ(found(u"[ \u00a0]{2}"_s, message.text), QStringList()) << qPrintable(message.text);
     });
+}
+
+// One form of quotation marks and ellipses, and nothing that a desktop like this does not have.
+void expectWellWritten(const QString& text) {
+    EXPECT_EQ(found(u"\"|'|\\.\\.\\."_s, text), QStringList()) << qPrintable(text);
+    EXPECT_EQ(
+        found(u"\\bDock\\b|[Mm]enubar|OS X|timer set|System Preferences|[Ss]witch(ed)? (it )?on\\b"_s, text),
+        QStringList())
+        << qPrintable(text);
+}
+
+TEST_P(TranslationsTest, isWrittenByOneHand) {
+    forEveryText([](const Message& message) { expectWellWritten(message.text); });
+}
+
+TEST(EnglishTranslations, areWrittenByOneHand) {
+    for (const QString& key : keysInTheSources())
+        expectWellWritten(english(key));
 }
 
 TEST_P(TranslationsTest, hasAnAcceleratorWhereEnglishHasOne) {
