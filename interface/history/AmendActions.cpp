@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/AmendActions.h"
 
+#include "interface/shell/ButtonText.h"
+#include "interface/shell/Named.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QMenu>
@@ -22,7 +24,7 @@ AmendActions::AmendActions(QWidget* window)
     , book(make(window, "bookTime", localized("Boo&k Time…"), Qt::CTRL | Qt::SHIFT | Qt::Key_B))
     , forget(make(window, "forgetTime", localized("Forg&et This Time…"),
                   Qt::CTRL | Qt::SHIFT | Qt::Key_Delete)) {
-    give->setObjectName(QStringLiteral("giveMenu"));
+    named(give, QStringLiteral("giveMenu"), buttonText(give->title()));
     give->menuAction()->setObjectName(QStringLiteral("giveTime"));
 }
 

@@ -62,8 +62,10 @@ void BookingWindow::addControls() {
     form->addRow(localized("&What was it?"), m_name);
     form->addRow(localized("&Project:"), m_project);
     form->addRow(m_free);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    auto* buttons = new QDialogButtonBox;
+    // In the order in which they are shown: otherwise the toolkit's Tab would leave out the one that it made.
     buttons->addButton(m_button, QDialogButtonBox::AcceptRole);
+    buttons->addButton(QDialogButtonBox::Cancel);
     form->addRow(buttons);
     // Only what is in the window can be its default.
     m_button->setDefault(true);

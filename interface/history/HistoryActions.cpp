@@ -9,7 +9,7 @@
 
 namespace {
 
-// The object name lets tests and assistive programs find the command.
+// The object name lets tests find the command.
 QAction* make(QObject* window, const char* name, const QString& text, const QKeySequence& shortcut = {}) {
     auto* action = new QAction(text, window);
     action->setObjectName(QLatin1String(name));

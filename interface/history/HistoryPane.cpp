@@ -33,9 +33,8 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
     : QWidget(parent)
     , m_rangeBar(named(new RangeBar(actions), QStringLiteral("rangeBar")))
     , m_pictures(named(new QStackedWidget, QStringLiteral("historyPictures")))
-    , m_outline(named(new HistoryOutline, QStringLiteral("historyOutline")))
+    , m_outline(named(new HistoryOutline, QStringLiteral("historyOutline"), localized("History")))
     , m_sumBar(named(new SumBar, QStringLiteral("historySumBar"))) {
-    m_outline->setAccessibleName(localized("History"));
     named(m_outline->header(), QStringLiteral("historyOutlineHeader"));
     // The timers have a sum bar with these names.
     for (QWidget* part : m_sumBar->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))

@@ -35,8 +35,10 @@ NamingWindow::NamingWindow(QWidget* parent)
     note->setWordWrap(true);
     note->setForegroundRole(QPalette::PlaceholderText);
     form->addRow(note);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    auto* buttons = new QDialogButtonBox;
+    // In the order in which they are shown: otherwise the toolkit's Tab would leave out the one that it made.
     buttons->addButton(m_button, QDialogButtonBox::AcceptRole);
+    buttons->addButton(QDialogButtonBox::Cancel);
     form->addRow(buttons);
     m_button->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -6,6 +6,7 @@
 #include "interface/shell/ButtonText.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCalendarWidget>
@@ -23,8 +24,7 @@ namespace {
 constexpr int kBetweenBars = 8;
 
 QDateEdit* dateField(const QString& name, const QString& label, QDate date) {
-    auto* field = named(new QDateEdit(date), name);
-    field->setAccessibleName(label);
+    auto* field = named(new QDateEdit(date), name, label);
     field->setCalendarPopup(true);
     return field;
 }
@@ -33,9 +33,9 @@ QDateEdit* dateField(const QString& name, const QString& label, QDate date) {
 
 RangeBar::RangeBar(const HistoryActions& actions, QWidget* parent)
     : QWidget(parent)
-    , m_steps(makeBar(QStringLiteral("historySteps")))
-    , m_kinds(makeBar(QStringLiteral("historyKinds")))
-    , m_by(makeBar(QStringLiteral("historyBy")))
+    , m_steps(makeBar(QStringLiteral("historySteps"), localized("Range")))
+    , m_kinds(makeBar(QStringLiteral("historyKinds"), localized("Length of the range")))
+    , m_by(makeBar(QStringLiteral("historyBy"), localized("Grouping")))
     , m_title(named(new QToolButton, QStringLiteral("historyTitle")))
     , m_rows(new QBoxLayout(QBoxLayout::LeftToRight, this)) {
     QFont strong = m_title->font();
@@ -64,8 +64,8 @@ RangeBar::RangeBar(const HistoryActions& actions, QWidget* parent)
 }
 
 // What has no room in the window moves into a menu at a bar's end.
-QToolBar* RangeBar::makeBar(const QString& name) {
-    auto* bar = named(new QToolBar, name);
+QToolBar* RangeBar::makeBar(const QString& name, const QString& spoken) {
+    auto* bar = named(new QToolBar, name, spoken);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     bar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return bar;
@@ -74,8 +74,7 @@ QToolBar* RangeBar::makeBar(const QString& name) {
 QToolButton& RangeBar::addButton(QToolBar& bar, QAction* action) {
     bar.addAction(action);
     auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
-    named(button, action->objectName() + QStringLiteral("Button"));
-    button->setAccessibleName(buttonText(action->text()));
+    named(button, action->objectName() + QStringLiteral("Button"), buttonText(action->text()));
     button->setFocusPolicy(Qt::TabFocus);
     return *button;
 }
@@ -149,7 +148,9 @@ void RangeBar::openCalendar() {
     if (!m_range)
         return;
     // Not a menu: that would take Tab and the arrows for itself.
-    auto* popup = named(new QFrame(this, Qt::Popup), QStringLiteral("historyCalendar"));
+    auto* popup = new QFrame(this, Qt::Popup);
+    speakAs(*popup, QAccessible::Dialog);
+    named(popup, QStringLiteral("historyCalendar"), localized("Calendar"));
     popup->setAttribute(Qt::WA_DeleteOnClose);
     popup->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
     auto* rows = new QVBoxLayout(popup);
@@ -173,7 +174,7 @@ void RangeBar::openCalendar() {
             Q_EMIT spanChosen(first->date(), last->date());
         });
     } else {
-        auto* calendar = named(new QCalendarWidget, QStringLiteral("historyDays"));
+        auto* calendar = named(new QCalendarWidget, QStringLiteral("historyDays"), localized("Calendar"));
         calendar->setSelectedDate(m_range->first());
         rows->addWidget(calendar);
         beginning = calendar;

@@ -37,7 +37,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QToolBar* makeBar(const QString& name);
+    QToolBar* makeBar(const QString& name, const QString& spoken);
     QToolButton& addButton(QToolBar& bar, QAction* action);
     void addStep(QAction* action, Qt::ArrowType arrow);
     // In one row or in two, as the width allows.

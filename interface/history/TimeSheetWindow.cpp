@@ -44,13 +44,12 @@ TimeSheetWindow::TimeSheetWindow(UserDefaults& defaults, Alerts& alerts, QString
     , m_alerts(alerts)
     , m_documents(std::move(documents))
     , m_table(new QStandardItemModel(this))
-    , m_view(named(new QTableView, QStringLiteral("timeSheet")))
+    , m_view(named(new QTableView, QStringLiteral("timeSheet"), localized("Time Sheet")))
     , m_sharing(named(new PlainLabel, QStringLiteral("sharedTime"))) {
     named(this, QStringLiteral("timeSheetWindow"));
     setWindowTitle(localized("Time Sheet"));
     setAccessibleName(windowTitle());
     m_view->setModel(m_table);
-    m_view->setAccessibleName(localized("Time Sheet"));
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view->verticalHeader()->hide();
     m_view->setTabKeyNavigation(false);
@@ -68,8 +67,7 @@ TimeSheetWindow::TimeSheetWindow(UserDefaults& defaults, Alerts& alerts, QString
 }
 
 QComboBox* TimeSheetWindow::choice(const QString& name, const QString& label, const QStringList& texts) {
-    auto* box = named(new QComboBox, name);
-    box->setAccessibleName(label);
+    auto* box = named(new QComboBox, name, label);
     box->addItems(texts);
     connect(box, &QComboBox::activated, this, [this] { choicesChanged(); });
     return box;
@@ -99,10 +97,8 @@ QWidget* TimeSheetWindow::makeWords() {
     auto* page = new QWidget;
     auto* rows = new QFormLayout(page);
     rows->setContentsMargins(0, 0, 0, 0);
-    m_name = named(new QLineEdit, QStringLiteral("sheetName"));
-    m_name->setAccessibleName(localized("Name"));
-    m_notes = named(new QPlainTextEdit, QStringLiteral("sheetNotes"));
-    m_notes->setAccessibleName(localized("Notes"));
+    m_name = named(new QLineEdit, QStringLiteral("sheetName"), localized("Name"));
+    m_notes = named(new QPlainTextEdit, QStringLiteral("sheetNotes"), localized("Notes"));
     m_notes->setTabChangesFocus(true);
     m_notes->setFixedHeight(m_notes->fontMetrics().lineSpacing() * kNotesLines + 2 * m_notes->frameWidth() +
                             8);
@@ -118,8 +114,7 @@ QWidget* TimeSheetWindow::makeButtons() {
     auto* cells = new QHBoxLayout(page);
     cells->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char* name, const QString& text, auto act) {
-        auto* button = named(new QPushButton(text), QLatin1String(name));
-        button->setAccessibleName(buttonText(text));
+        auto* button = named(new QPushButton(text), QLatin1String(name), buttonText(text));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, act);
         cells->addWidget(button);

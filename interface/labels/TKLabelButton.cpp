@@ -2,10 +2,12 @@
 #include "interface/labels/TKLabelButton.h"
 
 #include "interface/labels/ColorDot.h"
+#include "interface/labels/LabelAccessibility.h"
 #include "interface/labels/TKLabelColorList.h"
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/shell/Images.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,6 +18,9 @@ namespace {
 constexpr int kSide = 22;
 constexpr qreal kFrameWidth = 2;
 constexpr qreal kInset = 2;
+constexpr qreal kFocusInset = 1;
+constexpr qreal kFocusWidth = 2;
+constexpr qreal kFocusRadius = 5;
 // How strong things are, 0 to 1.
 constexpr double kDisabled = 0.5;
 constexpr double kSelectedFrame = 0.3;
@@ -26,6 +31,7 @@ constexpr double kHoveredFrame = 0.75;
 TKLabelButton::TKLabelButton(TKLabelViewController& row)
     : QAbstractButton(&row)
     , m_labelViewController(row) {
+    installLabelAccessibility();
     setFocusPolicy(Qt::TabFocus);
     setFixedSize(kSide, kSide);
 }
@@ -47,6 +53,10 @@ void TKLabelButton::setSelectedColor(bool isSelected) {
         return;
     m_selectedColor = isSelected;
     update();
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent told(this, changed);
+    QAccessible::updateAccessibility(&told);
 }
 
 void TKLabelButton::setEnabled(bool isEnabled) {
@@ -87,10 +97,10 @@ void TKLabelButton::keyPressEvent(QKeyEvent* event) {
         choose();
         break;
     case Qt::Key_Left:
-        m_labelViewController.moveFocus(*this, -1);
+        m_labelViewController.moveFocus(*this, isRightToLeft() ? 1 : -1);
         break;
     case Qt::Key_Right:
-        m_labelViewController.moveFocus(*this, 1);
+        m_labelViewController.moveFocus(*this, isRightToLeft() ? -1 : 1);
         break;
     default:
         // Not accepted, so that the menu handles it as well.
@@ -101,6 +111,14 @@ void TKLabelButton::keyPressEvent(QKeyEvent* event) {
 void TKLabelButton::choose() {
     if (isEnabled())
         m_labelViewController.setColoring(*this);
+}
+
+// Inside the frame, so that the label that is chosen shows the focus as well.
+void TKLabelButton::drawFocus(QPainter& painter) const {
+    const QRectF ring = QRectF(rect()).adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset);
+    painter.setPen(QPen(palette().color(QPalette::WindowText), kFocusWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(ring, kFocusRadius, kFocusRadius);
 }
 
 void TKLabelButton::paintEvent(QPaintEvent*) {
@@ -118,6 +136,8 @@ void TKLabelButton::paintEvent(QPaintEvent*) {
     painter.drawLines(QList<QLineF>{
         {0.5, 0, w - 0.5, 0}, {w, 0.5, w, h - 0.5}, {w - 0.5, h, 0.5, h}, {0, h - 0.5, 0, 0.5}});
     const QRectF inner = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);
+    if (hasFocus())
+        drawFocus(painter);
     if (m_color.alphaF() > 0)
         drawColorDot(painter, inner, m_color, strength);
     else

@@ -25,6 +25,9 @@ public:
 
     bool isMouseOver() const { return m_mouseOver; }
 
+    // Makes this the label of the current project. Ignored while disabled.
+    void choose();
+
     QSize sizeHint() const override;
 
 protected:
@@ -36,7 +39,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void choose();
+    void drawFocus(QPainter& painter) const;
 
     TKLabelViewController& m_labelViewController;
     int m_colorTag = 0;

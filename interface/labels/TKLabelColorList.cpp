@@ -1,6 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "interface/labels/TKLabelColorList.h"
 
+#include "platform/foundation/text/LocalizedStrings.h"
+
+namespace {
+
+constexpr std::array<const char*, TKLabelColorList::kColors> kNames = {
+    QT_TRANSLATE_NOOP("Ticklog", "No Label"), QT_TRANSLATE_NOOP("Ticklog", "Red"),
+    QT_TRANSLATE_NOOP("Ticklog", "Orange"),   QT_TRANSLATE_NOOP("Ticklog", "Yellow"),
+    QT_TRANSLATE_NOOP("Ticklog", "Green"),    QT_TRANSLATE_NOOP("Ticklog", "Blue"),
+    QT_TRANSLATE_NOOP("Ticklog", "Purple")};
+
+} // namespace
+
 const TKLabelColorList& TKLabelColorList::sharedColorList() {
     static const TKLabelColorList kShared;
     return kShared;
@@ -16,4 +28,9 @@ QColor TKLabelColorList::colorForTag(int tag) const {
     // As unsigned numbers, negative tags are beyond the end.
     const auto place = unsigned(tag);
     return m_colorList[place < m_colorList.size() ? place : 0];
+}
+
+QString TKLabelColorList::nameForTag(int tag) {
+    const auto place = unsigned(tag);
+    return localized(kNames[place < kNames.size() ? place : 0]);
 }

@@ -16,6 +16,9 @@ public:
     // Transparent (every component 0) for tag 0 and for tags without a colour.
     QColor colorForTag(int tag) const;
 
+    // "Yellow", in the user's language; "No Label" for tag 0 and for tags without a colour.
+    static QString nameForTag(int tag);
+
 private:
     TKLabelColorList();
 

@@ -2,8 +2,10 @@
 #include "interface/labels/TKLabelViewController.h"
 
 #include "interface/labels/TKLabelButton.h"
+#include "interface/labels/TKLabelColorList.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QHBoxLayout>
@@ -19,18 +21,8 @@ constexpr int kIndent = 28;
 constexpr int kAir = 4;
 constexpr int kGap = 3;
 
-struct Label {
-    const char* name;
-    const char* meaning;
-};
-
-constexpr std::array<Label, 7> kLabels = {{{"colorNone", QT_TRANSLATE_NOOP("Ticklog", "No Label")},
-                                           {"color1", QT_TRANSLATE_NOOP("Ticklog", "Red")},
-                                           {"color2", QT_TRANSLATE_NOOP("Ticklog", "Orange")},
-                                           {"color3", QT_TRANSLATE_NOOP("Ticklog", "Yellow")},
-                                           {"color4", QT_TRANSLATE_NOOP("Ticklog", "Green")},
-                                           {"color5", QT_TRANSLATE_NOOP("Ticklog", "Blue")},
-                                           {"color6", QT_TRANSLATE_NOOP("Ticklog", "Purple")}}};
+constexpr std::array<const char*, 7> kNames = {"colorNone", "color1", "color2", "color3",
+                                               "color4",    "color5", "color6"};
 
 } // namespace
 
@@ -38,7 +30,8 @@ TKLabelViewController::TKLabelViewController(QMenu& menu, ProjectController proj
     : m_menu(menu)
     , m_mainLabel(named(new PlainLabel(localized("Label:")), QStringLiteral("mainLabel")))
     , m_projectController(std::move(projectController)) {
-    named(this, QStringLiteral("tkLabelMenuItem"));
+    speakAs(*this, QAccessible::Grouping);
+    named(this, QStringLiteral("tkLabelMenuItem"), m_mainLabel->text());
     setFocusPolicy(Qt::StrongFocus);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kIndent, kAir, kIndent, kAir);
@@ -48,15 +41,17 @@ TKLabelViewController::TKLabelViewController(QMenu& menu, ProjectController proj
     cells->setSpacing(kGap);
     rows->addLayout(cells);
     for (std::size_t tag = 0; tag < m_labels.size(); ++tag) {
-        auto* button = named(new TKLabelButton(*this), QLatin1String(kLabels[tag].name));
+        auto* button = named(new TKLabelButton(*this), QLatin1String(kNames[tag]),
+                             TKLabelColorList::nameForTag(int(tag)));
         button->setColorTag(int(tag));
-        button->setToolTip(localized(kLabels[tag].meaning));
-        button->setAccessibleDescription(button->toolTip());
+        button->setToolTip(PlainText::toolTip(button->accessibleName()));
         cells->addWidget(button);
         m_labels[tag] = button;
     }
     cells->addStretch(1);
+    // What a listener hears of this row of the menu.
     auto* action = new QWidgetAction(&menu);
+    action->setText(m_mainLabel->text());
     action->setDefaultWidget(this);
     menu.addAction(action);
 }

@@ -27,7 +27,8 @@ AppTypeControl::AppTypeControl() {
     setAutoRaise(true);
     setFocusPolicy(Qt::TabFocus);
     setToolTip(localized("Where Ticklog is found"));
-    setAccessibleDescription(toolTip());
+    setAccessibleName(toolTip());
+    m_pullDown.setAccessibleName(toolTip());
 }
 
 void AppTypeControl::reload(const State& state) {
@@ -52,6 +53,7 @@ void AppTypeControl::reload(const State& state) {
 void AppTypeControl::showDisplayStateMenu(QWidget* sender, QAction& command) {
     auto* menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("displayStateMenu"));
+    menu->setAccessibleName(toolTip());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(&command);
     menu->popup((sender ? sender : window())->mapToGlobal(QPoint(0, 0)));

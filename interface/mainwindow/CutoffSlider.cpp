@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/CutoffSlider.h"
 
+#include "interface/mainwindow/SumBarAccessibility.h"
+#include "platform/foundation/text/DurationText.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -38,11 +44,36 @@ constexpr std::array kPlaces = {0,
 
 CutoffSlider::CutoffSlider(QWidget* parent)
     : QSlider(Qt::Horizontal, parent) {
+    installSumBarAccessibility();
     setRange(0, int(kPlaces.size()) - 1);
     setPageStep(4);
-    connect(this, &QSlider::valueChanged, this, [this] { Q_EMIT secondsChanged(seconds()); });
+    nameStep();
+    connect(this, &QSlider::valueChanged, this, [this] {
+        nameStep();
+        Q_EMIT secondsChanged(seconds());
+    });
+}
+
+void CutoffSlider::nameStep() {
+    // Assistive programs read the numbers of a slider, and these are steps; a name that changes they read as well.
+    setAccessibleName(localized("At least") + u' ' + timeInWords());
+}
+
+QString CutoffSlider::timeInWords() const {
+    const double time = seconds();
+    const bool isWholeMinutes = time > 0 && std::fmod(time, kMinute) == 0;
+    return durationInWords(time, !isWholeMinutes);
 }
 
 float CutoffSlider::seconds() const {
     return float(kPlaces[std::size_t(value())]);
+}
+
+float CutoffSlider::mostSeconds() {
+    return float(kPlaces.back());
+}
+
+void CutoffSlider::setSeconds(float seconds) {
+    const auto distance = [seconds](int place) { return std::abs(float(place) - seconds); };
+    setValue(int(std::ranges::min_element(kPlaces, {}, distance) - kPlaces.begin()));
 }

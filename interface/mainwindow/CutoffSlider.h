@@ -12,7 +12,15 @@ public:
 
     // Seconds; 0 hides nothing.
     float seconds() const;
+    static float mostSeconds();
+    // To the nearest step.
+    void setSeconds(float seconds);
+    // "5 minutes": what the step means to people. It is part of the accessible name, too.
+    QString timeInWords() const;
 
 Q_SIGNALS:
     void secondsChanged(float seconds);
+
+private:
+    void nameStep();
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/MainActions.h"
 
+#include "interface/shell/ButtonText.h"
 #include "interface/shell/Images.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -9,7 +10,7 @@
 
 namespace {
 
-// The object name lets tests and assistive programs find the command.
+// The object name lets tests find the command.
 QAction* make(QObject* window, const char* name, const QString& text, const QKeySequence& shortcut = {}) {
     auto* action = new QAction(text, window);
     action->setObjectName(QLatin1String(name));
@@ -25,7 +26,7 @@ void addTo(QMenu& menu, const QList<QAction*>& items) {
 QMenu* addMenu(QMenuBar& menuBar, const char* name, const QString& title, const QList<QAction*>& items) {
     QMenu* menu = menuBar.addMenu(title);
     menu->setObjectName(QLatin1String(name));
-    menu->setAccessibleName(QLatin1String(name));
+    menu->setAccessibleName(buttonText(title));
     addTo(*menu, items);
     return menu;
 }

@@ -41,12 +41,12 @@ MainWindow::MainWindow()
     : m_actions(this)
     , m_historyActions(this) {
     setWindowTitle(QStringLiteral("Ticklog"));
-    named(this, QStringLiteral("mainWindow"));
-    setAccessibleName(QStringLiteral("Ticklog"));
+    named(this, QStringLiteral("mainWindow"), windowTitle());
     setContextMenuPolicy(Qt::NoContextMenu);
     named(menuBar(), QStringLiteral("mainMenuBar"));
     m_projectMenu = m_actions.fill(*menuBar());
-    auto* historyMenu = named(new QMenu(localized("H&istory"), menuBar()), QStringLiteral("historyMenu"));
+    auto* historyMenu = named(new QMenu(localized("H&istory"), menuBar()), QStringLiteral("historyMenu"),
+                              localized("History"));
     menuBar()->insertMenu(m_projectMenu->menuAction(), historyMenu);
     m_historyActions.fill(*historyMenu);
     makeToolBar();
@@ -73,7 +73,7 @@ TKOutlineDisplayView& MainWindow::projectOutline() const {
 }
 
 void MainWindow::makeToolBar() {
-    m_toolBar = named(addToolBar(localized("Toolbar")), QStringLiteral("toolBar"));
+    m_toolBar = named(addToolBar(localized("Toolbar")), QStringLiteral("toolBar"), localized("Toolbar"));
     m_toolBar->setMovable(false);
     m_toolBar->setIconSize({kToolIconSize, kToolIconSize});
     m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -136,7 +136,8 @@ QWidget* MainWindow::makeTimersPage() {
     auto* rows = new QVBoxLayout(pane);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
-    m_mainTable = named(new TKOutlineDisplayView, QStringLiteral("mainTable"));
+    m_mainTable = named(new TKOutlineDisplayView, QStringLiteral("mainTable"),
+                        buttonText(m_actions.showTimers->text()));
     named(m_mainTable->header(), QStringLiteral("mainTableHeader"));
     rows->addWidget(m_mainTable, 1);
     auto* line = new QFrame;
@@ -164,7 +165,9 @@ void MainWindow::setMenuBarShown(bool isShown) {
 
 void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const QPoint& globalPosition,
                        const std::function<void(QMenu&)>& complete) {
-    auto* menu = named(new QMenu(this), name);
+    // It is called what it is opened for.
+    auto* menu =
+        named(new QMenu(this), name, focusWidget() ? focusWidget()->accessibleName() : windowTitle());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* item : items)
         item ? menu->addAction(item) : void(menu->addSeparator());
@@ -176,7 +179,6 @@ void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const 
 void MainWindow::showToggle(const QString& image, const QString& label) {
     m_actions.toggleCounting->setIcon(Images::named(image));
     m_actions.toggleCounting->setText(label);
-    m_toolBar->widgetForAction(m_actions.toggleCounting)->setAccessibleDescription(label);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

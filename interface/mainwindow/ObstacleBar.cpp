@@ -59,7 +59,6 @@ void ObstacleBar::showObstacle(const QString& text) {
     if (m_text->text() == text)
         return;
     m_text->setText(text);
-    m_text->setAccessibleName(text);
     setVisible(!text.isEmpty());
     if (text.isEmpty())
         return;

@@ -28,8 +28,8 @@ ShownTimers::ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& 
           {.isProjectShown = [this] { return !areAll(); },
            .tags = [&projects](const Identity& timer) { return projects.reverseProjectCache()->tags(timer); },
            .applications = [&tracker] { return tracker.timeSet(); }})
-    , m_all(TimeTreeModel::sourceOf(tracker), runLoop, rename, isFrozen())
-    , m_ofProject(std::nullopt, runLoop, rename, isFrozen())
+    , m_all(TimeTreeModel::sourceOf(tracker), runLoop, rename, spokenMarks())
+    , m_ofProject(std::nullopt, runLoop, rename, spokenMarks())
     , m_selectionOfAll(&m_all)
     , m_selectionOfProject(&m_ofProject)
     , m_expansion(window.mainTable(), projects)
@@ -46,8 +46,9 @@ ShownTimers::~ShownTimers() {
     m_window.mainTable().setModel(nullptr);
 }
 
-TimeTreeModel::IsFrozen ShownTimers::isFrozen() const {
-    return [this](TimeStoreItem& item, bool isTopLevel) { return m_programCell.isFrozen(item, isTopLevel); };
+TimeTreeModel::Marks ShownTimers::spokenMarks() const {
+    return
+        [this](TimeStoreItem& item, bool isTopLevel) { return m_programCell.spokenMarks(item, isTopLevel); };
 }
 
 void ShownTimers::connectWindow() {

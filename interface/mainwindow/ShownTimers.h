@@ -54,7 +54,7 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
-    TimeTreeModel::IsFrozen isFrozen() const;
+    TimeTreeModel::Marks spokenMarks() const;
     void connectWindow();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();

@@ -20,6 +20,7 @@ constexpr int kAir = 9;
 constexpr int kGap = 24;
 // "10000:00:00"
 constexpr int kSumDigits = 11;
+constexpr int kSumAir = 4;
 // "00:00:00" and some space.
 constexpr int kCutoffDigits = 9;
 constexpr int kSmallestSlider = 60;
@@ -46,17 +47,13 @@ SumBar::SumBar(QWidget* parent)
     // Where there is no room for them, the words beside the numbers are hidden.
     for (QLabel* words : {m_cutoffCaption, static_cast<QLabel*>(m_timeSumCaption)})
         words->setMinimumWidth(1);
-    m_cutOffValueDisplay->setMinimumWidth(digitsWide(font(), kCutoffDigits));
     m_timeSumCaption->setForegroundRole(QPalette::PlaceholderText);
     m_timeSumCaption->setToolTip(localized("Copies the sum in words"));
     connect(m_timeSumCaption, &TKTimeSummaryTextField::pressed, this, &SumBar::captionPressed);
     QFont strong = m_timeSum->font();
     strong.setBold(true);
     m_timeSum->setFont(strong);
-    QPalette clear = m_timeSum->palette();
-    clear.setBrush(QPalette::Base, Qt::transparent);
-    m_timeSum->setPalette(clear);
-    m_timeSum->setFixedWidth(digitsWide(strong, kSumDigits));
+    fitNumbers();
     connect(m_timeSum, &SumOfTimesLabel::clicked, this, &SumBar::sumClicked);
     auto* cells = new QHBoxLayout(this);
     // The field has some space of its own on the right.
@@ -91,7 +88,7 @@ void SumBar::nameCutoff() {
 }
 
 void SumBar::showSum(const QString& time) {
-    m_timeSum->setText(time);
+    m_timeSum->showTime(time);
 }
 
 void SumBar::showSumMode(const QString& image, const QString& caption) {
@@ -100,8 +97,15 @@ void SumBar::showSumMode(const QString& image, const QString& caption) {
     m_timeSumIcon->setToolTip(PlainText::toolTip(caption));
     m_timeSumIcon->setVisible(!icon.isNull());
     m_timeSumCaption->setText(caption);
-    m_timeSum->setAccessibleDescription(caption);
+    m_timeSum->setAccessibleName(caption);
     fitWords();
+}
+
+void SumBar::fitNumbers() {
+    m_cutOffValueDisplay->setMinimumWidth(digitsWide(m_cutOffValueDisplay->font(), kCutoffDigits));
+    // As high with a time as without.
+    m_timeSum->setFixedSize(digitsWide(m_timeSum->font(), kSumDigits),
+                            m_timeSum->fontMetrics().height() + kSumAir);
 }
 
 void SumBar::resizeEvent(QResizeEvent* event) {
@@ -111,8 +115,10 @@ void SumBar::resizeEvent(QResizeEvent* event) {
 
 void SumBar::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        fitWords();
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
+        return;
+    fitNumbers();
+    fitWords();
 }
 
 // The kind of sum matters more than the word for the cut-off.

@@ -35,6 +35,8 @@ protected:
 
 private:
     void nameCutoff();
+    // Gives the numbers the room that they need in the font.
+    void fitNumbers();
     void fitWords();
 
     CutoffSlider* m_cutoff;

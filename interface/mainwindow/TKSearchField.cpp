@@ -10,9 +10,10 @@
 TKSearchField::TKSearchField(QWidget* parent)
     : QLineEdit(parent) {
     setPlaceholderText(localized("Search"));
+    setAccessibleName(placeholderText());
     setClearButtonEnabled(true);
     for (auto* button : findChildren<QToolButton*>())
-        named(button, QStringLiteral("searchClearButton"));
+        named(button, QStringLiteral("searchClearButton"), localized("Clear Search"));
 }
 
 bool TKSearchField::event(QEvent* event) {

@@ -4,6 +4,8 @@
 #include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"
+#include "interface/shell/Named.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -71,8 +73,7 @@ void OutlineCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& p
 QWidget* OutlineCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                            const QModelIndex&) const {
     auto* editor = new QLineEdit(parent);
-    editor->setObjectName(QStringLiteral("programEditor"));
-    editor->setAccessibleName(QStringLiteral("programEditor"));
+    named(editor, QStringLiteral("programEditor"), localized("Name"));
     editor->setAutoFillBackground(true);
     return editor;
 }

@@ -4,6 +4,8 @@
 #include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimeStoreAppProxy.h"
 #include "Classes/store/TimeStoreWindow.h"
+#include "interface/labels/TKLabelColorList.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <algorithm>
 
@@ -33,6 +35,17 @@ TKTableLabelCell ProgramCell::cell(TimeStoreItem& item, bool isTopLevel) const {
     cell.supportsFreeze = dynamic_cast<const TimeStoreNode*>(&item) != nullptr &&
                           dynamic_cast<const TimeStoreAppProxy*>(&item) == nullptr;
     return cell;
+}
+
+QStringList ProgramCell::spokenMarks(TimeStoreItem& item, bool isTopLevel) const {
+    const TKTableLabelCell shown = cell(item, isTopLevel);
+    QStringList marks;
+    if (shown.isFrozen)
+        marks << localized("frozen");
+    if (shown.selectedTags)
+        for (const int tag : *shown.selectedTags)
+            marks << TKLabelColorList::nameForTag(tag);
+    return marks;
 }
 
 bool ProgramCell::isFrozen(TimeStoreItem& item, bool isTopLevel) const {

@@ -25,6 +25,8 @@ public:
     TKTableLabelCell cell(TimeStoreItem& item, bool isTopLevel) const;
     // Whether the row is shown as frozen: its timer is frozen or, in a project, its application is.
     bool isFrozen(TimeStoreItem& item, bool isTopLevel) const;
+    // What the cell shows by pictures, in words: “frozen”, and the colours.
+    QStringList spokenMarks(TimeStoreItem& item, bool isTopLevel) const;
 
 private:
     Sources m_sources;

@@ -13,10 +13,10 @@
 #include <cmath>
 #include <unordered_set>
 
-TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, IsFrozen isFrozen)
+TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, Marks marks)
     : m_runLoop(runLoop)
     , m_rename(std::move(rename))
-    , m_isFrozen(std::move(isFrozen))
+    , m_marks(std::move(marks))
     , m_root(std::make_unique<Row>()) {
     m_root->isLeaf = false;
     m_root->isFetched = true;
@@ -159,10 +159,11 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
 QString TimeTreeModel::accessibleText(const Row& row) const {
     TimeStoreItem& item = *row.item;
     // For screen readers: the name, the time, and whatever only a picture shows.
-    QString text = TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()) +
-                   QStringLiteral(", ") + item.activeTimeString();
-    const bool isFrozen = m_isFrozen ? m_isFrozen(item, row.parent == m_root.get()) : item.branched();
-    return isFrozen ? text + QStringLiteral(", ") + localized("frozen") : text;
+    QStringList texts{TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()),
+                      item.activeTimeString()};
+    if (m_marks)
+        texts << m_marks(item, row.parent == m_root.get());
+    return texts.join(QStringLiteral(", "));
 }
 
 bool TimeTreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -29,11 +29,12 @@ public:
     // Renames a row as the user asks.
     using Rename = std::function<void(const std::shared_ptr<TimeStoreItem>&, const QString& name)>;
 
-    // Whether assistive programs are told that a row is frozen. `isTopLevel`: it is not below another row.
-    using IsFrozen = std::function<bool(TimeStoreItem&, bool isTopLevel)>;
+    // What only pictures show of a row, in words for assistive programs. `isTopLevel`: it is not below another
+    // row.
+    using Marks = std::function<QStringList(TimeStoreItem&, bool isTopLevel)>;
 
-    // Without a source there are no rows. Without `isFrozen`, a row counts as frozen when its timer is.
-    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, IsFrozen isFrozen = {});
+    // Without a source there are no rows. Without `marks`, a row has none.
+    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, Marks marks = {});
     ~TimeTreeModel() override;
 
     // What the tracker's search and cut-off leave. The tracker must outlive the model.
@@ -99,7 +100,7 @@ private:
     std::optional<Source> m_source;
     RunLoop& m_runLoop;
     Rename m_rename;
-    IsFrozen m_isFrozen;
+    Marks m_marks;
     TimeTreeOrder m_order;
     std::unique_ptr<Row> m_root;
     bool m_isLive = true;

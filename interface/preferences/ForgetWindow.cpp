@@ -92,9 +92,11 @@ void ForgetWindow::addControls() {
                                                  "and times; to remove those, delete their rows."));
     explanation->setWordWrap(true);
     explanation->setForegroundRole(QPalette::PlaceholderText);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    auto* buttons = new QDialogButtonBox;
     m_button->setObjectName(QStringLiteral("forgetFound"));
+    // In the order in which they are shown: otherwise the toolkit's Tab would leave out the one that it made.
     buttons->addButton(m_button, QDialogButtonBox::ActionRole);
+    buttons->addButton(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(form);

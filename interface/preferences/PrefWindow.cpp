@@ -2,6 +2,7 @@
 #include "interface/preferences/PrefWindow.h"
 
 #include "Classes/common/Settings.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QLayout>
@@ -20,6 +21,7 @@ PrefWindow::PrefWindow(UserDefaults& defaults)
     , m_prefTabView(new QTabWidget) {
     setObjectName(QStringLiteral("prefWindow"));
     setWindowTitle(localized("Preferences"));
+    speakAs(*this, QAccessible::Dialog);
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::Window);
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);

@@ -4,6 +4,7 @@
 #include "interface/setup/SetupAccessibility.h"
 #include "interface/setup/TKInstructionStepView.h"
 #include "interface/shell/Images.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCoreApplication>
@@ -37,6 +38,7 @@ SetupWindow::SetupWindow(Commands commands)
     , m_restartButton(new QPushButton(localized("Restart"), this)) {
     setObjectName(QStringLiteral("setupWindow"));
     setWindowTitle(QStringLiteral("Ticklog"));
+    speakAs(*this, QAccessible::Window);
     setAccessibleName(windowTitle());
     m_restartButton->setObjectName(QStringLiteral("restart"));
     m_restartButton->setAccessibleName(m_restartButton->text());

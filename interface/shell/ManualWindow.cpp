@@ -36,12 +36,11 @@ protected:
 
 ManualWindow::ManualWindow(QWidget* parent)
     : QDialog(parent)
-    , m_headings(named(new QListWidget, QStringLiteral("manualHeadings")))
+    , m_headings(named(new QListWidget, QStringLiteral("manualHeadings"), localized("Chapters")))
     , m_page(named<QTextBrowser>(new Page, QStringLiteral("manualPage"))) {
     named(this, QStringLiteral("manualWindow"));
     setWindowTitle(localized("Manual"));
     setAccessibleName(windowTitle());
-    m_headings->setAccessibleName(localized("Chapters"));
     m_page->setAccessibleName(windowTitle());
     m_page->setFrameShape(QFrame::NoFrame);
     m_page->setOpenLinks(false);

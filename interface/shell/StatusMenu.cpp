@@ -22,8 +22,10 @@ StatusMenu::StatusMenu(Program program, RunLoop& runLoop)
     , m_startPauseMenuItem(localized("Start"))
     , m_obstacleItem(localized("Why Are Windows Not Counted?")) {
     m_mainMenu.setObjectName(QStringLiteral("statusMenu"));
+    m_mainMenu.setAccessibleName(m_mainMenu.title());
     m_applicationTimesMenu.setObjectName(QStringLiteral("applicationTimesMenu"));
     m_applicationTimesMenu.menuAction()->setText(localized("All Timers"));
+    m_applicationTimesMenu.setAccessibleName(localized("All Timers"));
     m_startPauseMenuItem.setObjectName(QStringLiteral("startPauseMenuItem"));
     m_obstacleItem.setObjectName(QStringLiteral("obstacleItem"));
     m_mainTitleItem.setObjectName(QStringLiteral("mainTitleItem"));

@@ -2,6 +2,7 @@
 #include "interface/sidebar/ProjectListModel.h"
 
 #include "Classes/exchange/PasteboardTypes.h"
+#include "interface/labels/TKLabelColorList.h"
 #include "interface/shell/PlainText.h"
 
 using Kind = ProjectListChange::Kind;
@@ -64,14 +65,28 @@ int ProjectListModel::columnCount(const QModelIndex&) const {
     return 1;
 }
 
+// The colour is heard as well as seen.
+QString ProjectListModel::spokenLabel(const ProjectRecord& project) {
+    const int tag = int(project.colorTag());
+    const bool hasColor = TKLabelColorList::sharedColorList().colorForTag(tag).alpha() > 0;
+    return hasColor ? project.label() + QStringLiteral(", ") + TKLabelColorList::nameForTag(tag)
+                    : project.label();
+}
+
+// The sidebar's header is hidden. Left to Qt, it would be read aloud as “1”.
+QVariant ProjectListModel::headerData(int, Qt::Orientation, int) const {
+    return {};
+}
+
 QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::AccessibleTextRole:
         return project(index)->label();
+    case Qt::AccessibleTextRole:
+        return spokenLabel(*project(index));
     case Qt::ToolTipRole:
         return PlainText::toolTip(project(index)->label());
     default:

@@ -33,6 +33,7 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
@@ -48,6 +49,7 @@ public:
                       const QModelIndex& parent) override;
 
 private:
+    static QString spokenLabel(const ProjectRecord& project);
     void changed(const ProjectListChange& change);
 
     ProjectList& m_projects;

@@ -3,6 +3,7 @@
 
 #include "interface/labels/ColorDot.h"
 #include "interface/labels/TKLabelColorList.h"
+#include "interface/shell/ButtonText.h"
 #include "interface/shell/TimerMenuItem.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -34,6 +35,7 @@ ProjectMenu::ProjectMenu(const QString& title, const ProjectList& projects, Choi
     : QMenu(title, parent)
     , m_projects(projects)
     , m_choices(std::move(choices)) {
+    setAccessibleName(buttonText(title));
     connect(this, &QMenu::aboutToShow, this, &ProjectMenu::fill);
     fill();
 }

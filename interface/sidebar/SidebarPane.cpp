@@ -18,10 +18,9 @@ constexpr int kSmallestWidth = 120;
 constexpr int kBoxMargin = 6;
 
 QToolButton* boxButton(const char* name, const QString& text, const QString& description, QAction* action) {
-    auto* button = named(new QToolButton, QLatin1String(name));
+    auto* button = named(new QToolButton, QLatin1String(name), description);
     button->setText(text);
     button->setToolTip(PlainText::toolTip(description));
-    button->setAccessibleDescription(description);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     QObject::connect(button, &QToolButton::clicked, action, &QAction::trigger);
@@ -32,7 +31,8 @@ QToolButton* boxButton(const char* name, const QString& text, const QString& des
 } // namespace
 
 SidebarPane::SidebarPane(QAction* addProject, QAction* removeProject)
-    : m_projectOutline(named(new TKOutlineDisplayView, QStringLiteral("projectOutline"))) {
+    : m_projectOutline(
+          named(new TKOutlineDisplayView, QStringLiteral("projectOutline"), localized("Projects"))) {
     setMinimumWidth(kSmallestWidth);
     m_projectOutline->setHeaderHidden(true);
     named(m_projectOutline->header(), QStringLiteral("projectOutlineHeader"));

@@ -1947,5 +1947,25 @@
         <source>Remain Open</source>
         <translation>Offen lassen</translation>
     </message>
+    <message>
+        <source>Range</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>Length of the range</source>
+        <translation>Länge des Zeitraums</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>Gruppierung</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Suche leeren</translation>
+    </message>
 </context>
 </TS>

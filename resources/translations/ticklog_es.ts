@@ -1947,5 +1947,25 @@
         <source>Remain Open</source>
         <translation>Dejar abierto</translation>
     </message>
+    <message>
+        <source>Range</source>
+        <translation>Período</translation>
+    </message>
+    <message>
+        <source>Length of the range</source>
+        <translation>Duración del período</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>Agrupación</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendario</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Borrar la búsqueda</translation>
+    </message>
 </context>
 </TS>

@@ -1947,5 +1947,25 @@
         <source>Remain Open</source>
         <translation>Laisser ouvert</translation>
     </message>
+    <message>
+        <source>Range</source>
+        <translation>Période</translation>
+    </message>
+    <message>
+        <source>Length of the range</source>
+        <translation>Durée de la période</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>Regroupement</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendrier</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
 </context>
 </TS>

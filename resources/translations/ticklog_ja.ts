@@ -1947,5 +1947,25 @@
         <source>Remain Open</source>
         <translation>開いたままにする</translation>
     </message>
+    <message>
+        <source>Range</source>
+        <translation>期間</translation>
+    </message>
+    <message>
+        <source>Length of the range</source>
+        <translation>期間の長さ</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>グループ分け</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>カレンダー</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>検索を消去</translation>
+    </message>
 </context>
 </TS>

@@ -1947,5 +1947,25 @@
         <source>Remain Open</source>
         <translation>Pozostaw otwarty</translation>
     </message>
+    <message>
+        <source>Range</source>
+        <translation>Zakres</translation>
+    </message>
+    <message>
+        <source>Length of the range</source>
+        <translation>Długość zakresu</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>Grupowanie</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalendarz</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Wyczyść wyszukiwanie</translation>
+    </message>
 </context>
 </TS>

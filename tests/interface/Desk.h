@@ -8,6 +8,7 @@
 #include "tests/fakes/FakePlatform.h"
 
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 
 #include <stdexcept>
@@ -96,9 +97,7 @@ struct Desk {
 
     const MainActions& actions() { return controller.window().actions(); }
 
-    QString sumShown() {
-        return controller.window().findChild<QLineEdit*>(QStringLiteral("timeSum"))->text();
-    }
+    QString sumShown() { return controller.window().findChild<QLabel*>(QStringLiteral("timeSum"))->text(); }
 
     FakePlatform fakes;
     FakeAlerts alerts;

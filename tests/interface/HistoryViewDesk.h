@@ -57,7 +57,7 @@ struct HistoryViewDesk : HistoryDesk {
                 return rows.index(row, 0);
         throw std::invalid_argument(name);
     }
-    QString historySum() { return pane().findChild<QLineEdit*>(QStringLiteral("history timeSum"))->text(); }
+    QString historySum() { return pane().findChild<QLabel*>(QStringLiteral("history timeSum"))->text(); }
 
     // By the name of the program: a name in a theme, or the path of a picture.
     QHash<QString, QString> iconNames;

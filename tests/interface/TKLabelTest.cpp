@@ -176,7 +176,7 @@ TEST_F(TKLabelTest, theKeyboard_walksAlongTheRowAndChooses) {
 TEST_F(TKLabelTest, everyColour_hasANameThatCanBeRead) {
     QStringList names;
     for (const TKLabelButton* label : row.labels())
-        names << label->accessibleDescription();
+        names << label->accessibleName();
     EXPECT_EQ(names.removeDuplicates(), 0);
     EXPECT_EQ(names.first(), QStringLiteral("No Label"));
 }
