@@ -28,5 +28,9 @@ PropertyListDictionary registeredDefaults(const QString& applicationSupportFolde
         {kPeriodicSaveDirectory, applicationSupportFolder},
         {kTKPrefAppType, 1},
         {kTKPrefShowMenuItem, true},
+        {kListShortTitles, true},
+        {kListProjectTimes, true},
+        {kListIcons, true},
+        {kListShareBars, true},
     };
 }

@@ -17,6 +17,12 @@ inline const QString kPeriodicDaysOfWeek = QStringLiteral("periodicDaysOfWeek");
 inline const QString kPeriodicSaveDirectory = QStringLiteral("periodicSaveDirectory");
 inline const QString kTKPrefAppType = QStringLiteral("kTKPrefAppType");
 inline const QString kTKPrefShowMenuItem = QStringLiteral("kTKPrefShowMenuItem");
+// What lists show: titles without the program's name at their end, times and what is left in the sidebar, icons
+// of programs, bars behind times.
+inline const QString kListShortTitles = QStringLiteral("kTKListShortTitles");
+inline const QString kListProjectTimes = QStringLiteral("kTKListProjectTimes");
+inline const QString kListIcons = QStringLiteral("kTKListIcons");
+inline const QString kListShareBars = QStringLiteral("kTKListShareBars");
 
 // The path of the main store. A later launch reads that file if it exists.
 inline const QString kMainStorePath = QStringLiteral("MainStorePath");
@@ -52,6 +58,20 @@ inline const QString kSheetRounding = QStringLiteral("kTKSheetRounding");
 inline const QString kSheetRoundingUp = QStringLiteral("kTKSheetRoundingUp");
 inline const QString kSheetRoundingByDay = QStringLiteral("kTKSheetRoundingByDay");
 inline const QString kSheetDecimal = QStringLiteral("kTKSheetDecimal");
+// The main window as it was left: its frame (data of the toolkit); the sidebar's width in pixels and whether it is
+// hidden; of the timers the width of the column of times, by which column rows are sorted, counted from 0, and whether
+// the last comes first; the columns of the history (data of the toolkit).
+inline const QString kWindowFrame = QStringLiteral("kTKWindowFrame");
+inline const QString kSidebarWidth = QStringLiteral("kTKSidebarWidth");
+inline const QString kSidebarHidden = QStringLiteral("kTKSidebarHidden");
+inline const QString kTimesWidth = QStringLiteral("kTKTimesWidth");
+inline const QString kTimersSorting = QStringLiteral("kTKTimersSorting");
+inline const QString kTimersSortedDown = QStringLiteral("kTKTimersSortedDown");
+inline const QString kHistoryColumns = QStringLiteral("kTKHistoryColumns");
+// Which rows were open under "All Timers" when Ticklog ended, whether they are in a project or not.
+inline const QString kOpenTimers = QStringLiteral("kTKOpenTimers");
+// The user has seen the page of the first start.
+inline const QString kWelcomed = QStringLiteral("kTKWelcomed");
 // Which rows are expanded under "All Timers": a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

@@ -29,7 +29,7 @@ namespace {
 
 constexpr QSize kFirstSize(900, 600);
 constexpr QSize kSmallestSize(480, 300);
-constexpr int kSidebarWidth = 190;
+constexpr int kSidebarWidth = 230;
 constexpr int kToolIconSize = 24;
 constexpr int kSearchWidth = 220;
 constexpr int kSmallestSearchWidth = 110;
@@ -148,6 +148,18 @@ QWidget* MainWindow::makeTimersPage() {
     m_sumBar = named(new SumBar, QStringLiteral("sumBar"));
     rows->addWidget(m_sumBar);
     return pane;
+}
+
+void MainWindow::showInsteadOfTimers(QWidget* page) {
+    const bool hadFocus = m_insteadOfTimers && m_insteadOfTimers->isAncestorOf(focusWidget());
+    if (m_insteadOfTimers)
+        m_insteadOfTimers->hide();
+    m_insteadOfTimers = page;
+    m_mainTable->setVisible(!page);
+    if (page)
+        qobject_cast<QVBoxLayout*>(m_mainTable->parentWidget()->layout())->insertWidget(0, page, 1);
+    else if (hadFocus)
+        m_mainTable->setFocus();
 }
 
 QList<QAction*> MainWindow::appMenu() const {

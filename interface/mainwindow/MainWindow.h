@@ -32,8 +32,14 @@ public:
     TKOutlineDisplayView& mainTable() const { return *m_mainTable; }
 
     TKOutlineDisplayView& projectOutline() const;
+    SidebarPane& sidebar() const { return *m_sidebar; }
+    TKConstrainedSplitView& splitView() const { return *m_splitView; }
 
     TKSearchField& searchAppField() const { return *m_searchAppField; }
+
+    // Shows a page in the place of the outline of timers, or that again for null. The window owns the page, which stays
+    // its child.
+    void showInsteadOfTimers(QWidget* page);
 
     SumBar& sumBar() const { return *m_sumBar; }
 
@@ -101,6 +107,8 @@ private:
     HistoryPane* m_historyPane = nullptr;
     TKOutlineDisplayView* m_mainTable = nullptr;
     SumBar* m_sumBar = nullptr;
+    // Null while the timers are shown.
+    QWidget* m_insteadOfTimers = nullptr;
     bool m_isSeen = false;
     bool m_isHistorySeen = false;
     // The window is shown, but the desktop does not let it paint.

@@ -11,12 +11,15 @@ public:
     Preferences(TKController& tkController, Platform& platform, Alerts& alerts,
                 std::function<void(PrefWindow&)> didMake, History* history = nullptr);
 
+    // Opens the rules for titles.
+    void showTitles() { made().showTitles(); }
+    // Whether Ticklog starts at login; what the desktop refuses is reported. It must not outlive this object.
+    LoginItem loginItem();
     // Null before the window is first opened.
     TKSetupController* setup() { return m_setup ? &*m_setup : nullptr; }
 
 private:
     TKSetupController& made();
-    LoginItem loginItem();
 
     TKController& m_tkController;
     Platform& m_platform;

@@ -121,6 +121,11 @@ void TKSetupController::editRules() {
     m_prefWindow.makeKeyAndOrderFront([this] { prefWindowReload(); });
 }
 
+void TKSetupController::showTitles() {
+    m_prefWindow.selectTab(QStringLiteral("Titles"));
+    m_prefWindow.makeKeyAndOrderFront([this] { prefWindowReload(); });
+}
+
 void TKSetupController::prefWindowReload() {
     showWeekdays();
     m_generalTab->reload();

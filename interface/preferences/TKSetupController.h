@@ -33,6 +33,7 @@ public:
     void showPrefWindow();
     // The same, but shows the rules.
     void editRules();
+    void showTitles();
     // Call it before the window is shown: updates the weekdays, the login item and the rules.
     void prefWindowReload();
 

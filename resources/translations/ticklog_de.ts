@@ -1967,5 +1967,41 @@
         <source>Clear Search</source>
         <translation>Suche leeren</translation>
     </message>
+    <message>
+        <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
+        <translation>Solange die Zeitmessung läuft, notiert Ticklog, welches Programm und welches seiner Fenster, nach seinem Titel, vorn ist, und wie lange.</translation>
+    </message>
+    <message>
+        <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
+        <translation>Es notiert keine Tasten, keine Bilder und nichts vom Inhalt eines Fensters; Zeit ohne Eingaben geht an „Idle“.</translation>
+    </message>
+    <message>
+        <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
+        <translation>Die Aufzeichnung bleibt auf diesem Rechner, in Dateien, die nur Sie lesen können, und wird nirgendwohin gesendet.</translation>
+    </message>
+    <message>
+        <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
+        <translation>Titel können Sie jederzeit durch Regeln ausblenden, und was aufgezeichnet wurde, löschen oder vergessen lassen.</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I log in</source>
+        <translation>Ticklog bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Start the Timer</source>
+        <translation>Zeitmessung starten</translation>
+    </message>
+    <message>
+        <source>Welcome to Ticklog</source>
+        <translation>Willkommen bei Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Titles…</source>
+        <translation>Titel ausblenden…</translation>
+    </message>
+    <message>
+        <source>Not Yet</source>
+        <translation>Noch nicht</translation>
+    </message>
 </context>
 </TS>

@@ -1967,5 +1967,41 @@
         <source>Clear Search</source>
         <translation>Borrar la búsqueda</translation>
     </message>
+    <message>
+        <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
+        <translation>Mientras el cronómetro está en marcha, Ticklog anota qué programa y cuál de sus ventanas, según su título, está en primer plano, y durante cuánto tiempo.</translation>
+    </message>
+    <message>
+        <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
+        <translation>No anota teclas, imágenes ni nada del contenido de las ventanas; el tiempo sin actividad va a «Idle».</translation>
+    </message>
+    <message>
+        <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
+        <translation>El registro se queda en este equipo, en archivos que solo usted puede leer, y no se envía a ninguna parte.</translation>
+    </message>
+    <message>
+        <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
+        <translation>En cualquier momento puede ocultar títulos mediante reglas y eliminar u olvidar lo que se haya registrado.</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I log in</source>
+        <translation>Abrir Ticklog al iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Start the Timer</source>
+        <translation>Iniciar el cronómetro</translation>
+    </message>
+    <message>
+        <source>Welcome to Ticklog</source>
+        <translation>Bienvenido a Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Titles…</source>
+        <translation>Ocultar títulos…</translation>
+    </message>
+    <message>
+        <source>Not Yet</source>
+        <translation>Todavía no</translation>
+    </message>
 </context>
 </TS>

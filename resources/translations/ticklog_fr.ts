@@ -1967,5 +1967,41 @@
         <source>Clear Search</source>
         <translation>Effacer la recherche</translation>
     </message>
+    <message>
+        <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
+        <translation>Tant que son chronomètre tourne, Ticklog note quel programme et laquelle de ses fenêtres, d’après son titre, est au premier plan, et pendant combien de temps.</translation>
+    </message>
+    <message>
+        <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
+        <translation>Il ne note ni touches, ni images, ni rien du contenu des fenêtres ; le temps sans saisie va à « Idle ».</translation>
+    </message>
+    <message>
+        <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
+        <translation>L’enregistrement reste sur cet ordinateur, dans des fichiers que vous seul pouvez lire, et n’est envoyé nulle part.</translation>
+    </message>
+    <message>
+        <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
+        <translation>Vous pouvez à tout moment masquer des titres par des règles, et supprimer ou faire oublier ce qui a été enregistré.</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I log in</source>
+        <translation>Lancer Ticklog à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>Start the Timer</source>
+        <translation>Lancer le chronomètre</translation>
+    </message>
+    <message>
+        <source>Welcome to Ticklog</source>
+        <translation>Bienvenue dans Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Titles…</source>
+        <translation>Masquer des titres…</translation>
+    </message>
+    <message>
+        <source>Not Yet</source>
+        <translation>Pas encore</translation>
+    </message>
 </context>
 </TS>

@@ -1967,5 +1967,41 @@
         <source>Clear Search</source>
         <translation>検索を消去</translation>
     </message>
+    <message>
+        <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
+        <translation>タイマーの動作中、Ticklog は、どのプログラムのどのウィンドウ（タイトルで区別）がどれだけの時間前面にあったかを記録します。</translation>
+    </message>
+    <message>
+        <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
+        <translation>キー入力も画像もウィンドウの中身も記録しません。入力のない時間は「Idle」になります。</translation>
+    </message>
+    <message>
+        <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
+        <translation>記録はこのコンピューターの、あなただけが読めるファイルに残り、どこにも送られません。</translation>
+    </message>
+    <message>
+        <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
+        <translation>タイトルはいつでもルールで隠すことができ、記録したものはいつでも削除したり忘れさせたりできます。</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I log in</source>
+        <translation>ログイン時に Ticklog を起動</translation>
+    </message>
+    <message>
+        <source>Start the Timer</source>
+        <translation>タイマーを開始</translation>
+    </message>
+    <message>
+        <source>Welcome to Ticklog</source>
+        <translation>Ticklog へようこそ</translation>
+    </message>
+    <message>
+        <source>Hide Titles…</source>
+        <translation>タイトルを隠す…</translation>
+    </message>
+    <message>
+        <source>Not Yet</source>
+        <translation>あとで</translation>
+    </message>
 </context>
 </TS>

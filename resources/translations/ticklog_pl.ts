@@ -1967,5 +1967,41 @@
         <source>Clear Search</source>
         <translation>Wyczyść wyszukiwanie</translation>
     </message>
+    <message>
+        <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
+        <translation>Gdy pomiar czasu jest włączony, Ticklog zapisuje, który program i które z jego okien, według tytułu, jest na wierzchu i jak długo.</translation>
+    </message>
+    <message>
+        <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
+        <translation>Nie zapisuje klawiszy, obrazów ani niczego z zawartości okien; czas bez aktywności trafia do „Idle”.</translation>
+    </message>
+    <message>
+        <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
+        <translation>Zapis pozostaje na tym komputerze, w plikach, które tylko Ty możesz odczytać, i nigdzie nie jest wysyłany.</translation>
+    </message>
+    <message>
+        <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
+        <translation>W każdej chwili możesz ukryć tytuły za pomocą reguł oraz usunąć lub zapomnieć to, co zapisano.</translation>
+    </message>
+    <message>
+        <source>Start Ticklog when I log in</source>
+        <translation>Uruchamiaj Ticklog po zalogowaniu</translation>
+    </message>
+    <message>
+        <source>Start the Timer</source>
+        <translation>Włącz pomiar czasu</translation>
+    </message>
+    <message>
+        <source>Welcome to Ticklog</source>
+        <translation>Witamy w Ticklog</translation>
+    </message>
+    <message>
+        <source>Hide Titles…</source>
+        <translation>Ukryj tytuły…</translation>
+    </message>
+    <message>
+        <source>Not Yet</source>
+        <translation>Jeszcze nie</translation>
+    </message>
 </context>
 </TS>

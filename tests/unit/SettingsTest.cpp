@@ -31,7 +31,8 @@ TEST(Settings, theTable_isRegisteredInItsOrder) {
     EXPECT_EQ(str(keys.join(u' ')),
               "minutesUntilIdle enableIdleDetection includeIdleInSumofTimes includeSelfInSumofTimes "
               "periodicSaveTime saveTimerPeriodically periodicFormatType periodicDaysOfWeek "
-              "periodicSaveDirectory kTKPrefAppType kTKPrefShowMenuItem");
+              "periodicSaveDirectory kTKPrefAppType kTKPrefShowMenuItem kTKListShortTitles "
+              "kTKListProjectTimes kTKListIcons kTKListShareBars");
 }
 
 TEST(Settings, theTimeOfTheArchive_isSevenInTheEveningOnTheFirstDayOfAll) {
