@@ -12,8 +12,10 @@
 #include "interface/history/Amending.h"
 #include "interface/history/HistoryController.h"
 #include "interface/history/HistoryToday.h"
+#include "interface/mainwindow/FirstStart.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/TKController.h"
+#include "interface/mainwindow/WindowMemory.h"
 #include "interface/preferences/Preferences.h"
 #include "interface/shell/ExtensionOffer.h"
 #include "interface/shell/PauseMenu.h"
@@ -61,6 +63,11 @@ History::Services servicesOf(TKController& controller, Platform& platform) {
             .log = platform.log};
 }
 
+// Whether there was no account before this start.
+bool isNew(const TimeDatabase& database) {
+    return database.contentsRead().empty() && !database.isAwaitingMainStore();
+}
+
 // What the window and the tray show of the history, and what they ask for it.
 class ShownHistory {
 public:
@@ -70,14 +77,17 @@ public:
 private:
     ShownHistory(TKController& controller, const Platform& platform, LinuxPlatform& desktop, Alerts& alerts,
                  History& history)
-        : m_icons([&](const QString& program) { return desktop.desktopEntries().iconOf(program); })
-        , m_side({.window = controller.window(),
+        : m_side({.window = controller.window(),
                   .platform = platform,
                   .alerts = alerts,
                   .project = [&] { return controller.shownProject(); },
                   .isCounting = [&] { return controller.timer().isRunning(); },
                   .labelOf = [&](const QString& name) { return controller.colorOfProject(name); },
-                  .icons = m_icons},
+                  .showProjectTimes =
+                      [&](const RangeAnswer* answer) {
+                          answer ? controller.sidebarTimes().showRange(*answer)
+                                 : controller.sidebarTimes().clear();
+                      }},
                  history)
         , m_amending({.window = controller.window(),
                       .view = m_side,
@@ -115,7 +125,6 @@ private:
         controller.appDelegate().statusMenu().offerPauses(m_pauses.menu());
     }
 
-    ProgramIcons m_icons;
     HistoryController m_side;
     Amending m_amending;
     HistoryToday m_today;
@@ -176,7 +185,10 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
     LinuxPlatform desktop;
     Platform& platform = desktop.platform();
     QtAlerts alerts;
+    ProgramIcons icons([&](const QString& program) { return desktop.desktopEntries().iconOf(program); });
+    WindowMemory::openRows(platform.defaults);
     TKController controller(platform, alerts, [](int status) { ExitGuard::exit(status); });
+    controller.setProgramIcons(icons);
     alerts.setWindow(&controller.window());
     // Before anything runs, adds to the timers what a crash has cost them.
     History history(servicesOf(controller, platform));
@@ -188,6 +200,13 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
         controller, platform, setupAlerts, [&](PrefWindow& window) { setupAlerts.setWindow(&window); },
         &history);
     const ShownHistory shownHistory(controller, desktop, alerts, history);
+    const bool isNewAccount = isNew(controller.database());
+    const WindowMemory memory(controller.window(), platform.defaults,
+                              isNewAccount ? WindowMemory::Account::New : WindowMemory::Account::Existing);
+    std::optional<FirstStart> firstStart;
+    if (isNewAccount)
+        firstStart.emplace(controller, platform.defaults, preferences.loginItem(),
+                           [&] { preferences.showTitles(); });
     const auto powerOff = [&] {
         controller.appDelegate().willPowerOffHandler();
         history.finish();

@@ -19,6 +19,8 @@ ProjectList::ProjectList(TimeStoreServices& services, UserDefaults& defaults, co
           PropertyListDictionary{{kProjectSubtree, PropertyListArray()},
                                  {kProjectLabel, localized("All Timers")},
                                  {kProjectExpandedUUIDs, defaults.object(kTopLevelExpandedUUIDs)}}))
+    , m_restItem(
+          std::make_shared<ProjectRecord>(PropertyListDictionary{{kProjectLabel, localized("No Project")}}))
     , m_reverseProjectCache(std::make_shared<const ReverseProjectCache>(m_projects))
     , m_observers(new Listeners<Observer>) {
     m_freezing = services.notifications.observe(
@@ -222,7 +224,7 @@ void ProjectList::removeMembers(const ProjectRecord& project,
 }
 
 void ProjectList::expandUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked) {
-    const Record record = isBlocked ? nullptr : editable(project);
+    const Record record = isBlocked ? nullptr : expandable(project);
     if (!record)
         return;
     record->expand(uuid);
@@ -230,7 +232,7 @@ void ProjectList::expandUUID(const ProjectRecord& project, const Identity& uuid,
 }
 
 void ProjectList::collapseUUID(const ProjectRecord& project, const Identity& uuid, bool isBlocked) {
-    const Record record = isBlocked ? nullptr : editable(project);
+    const Record record = isBlocked ? nullptr : expandable(project);
     if (!record)
         return;
     record->collapse(uuid);
@@ -238,6 +240,16 @@ void ProjectList::collapseUUID(const ProjectRecord& project, const Identity& uui
 }
 
 void ProjectList::keepExpanded(const ProjectRecord& project, const std::vector<bool>& isShown) {
-    if (const Record record = editable(project))
+    if (const Record record = expandable(project))
         record->keepExpanded(isShown);
+}
+
+bool ProjectList::setRest(const std::vector<Identity>& members) {
+    if (m_restItem->members() == members)
+        return false;
+    const PropertyListValue expanded = m_restItem->expandedEntry();
+    *m_restItem = ProjectRecord({{kProjectLabel, m_restItem->label()}});
+    m_restItem->addMembers(members);
+    m_restItem->setExpandedEntry(expanded);
+    return true;
 }

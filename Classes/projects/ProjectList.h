@@ -44,6 +44,11 @@ public:
     // "All Timers". It is not in the list, has no members and is never written. Its expanded rows are a
     // setting.
     Project mainItem() const { return m_mainItem; }
+    // "No Project". It is not in the list and never written; its members are what was found last to belong to no
+    // project. Which of its rows are expanded is kept until the program ends.
+    Project restItem() const { return m_restItem; }
+    // Answers whether its members are others now.
+    bool setRest(const std::vector<Identity>& members);
     Projects projects() const { return {m_projects.begin(), m_projects.end()}; }
     std::size_t count() const { return m_projects.size(); }
     std::optional<std::size_t> positionOf(const ProjectRecord& project) const;
@@ -129,6 +134,7 @@ private:
 
     std::vector<Record> recordsFrom(const PropertyListArray& values) const;
     Record editable(const ProjectRecord& project) const;
+    Record expandable(const ProjectRecord& project) const;
     void insert(Record record, std::size_t position);
     void remove(std::size_t position);
     void replace(std::vector<Record> records);
@@ -152,6 +158,7 @@ private:
     ProjectFile m_file;
     std::vector<Record> m_projects;
     Record m_mainItem;
+    Record m_restItem;
     std::shared_ptr<const ReverseProjectCache> m_reverseProjectCache;
     QExplicitlySharedDataPointer<Listeners<Observer>> m_observers;
     // Identities that were replaced since the launch and not undone, in order.

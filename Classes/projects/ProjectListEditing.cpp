@@ -132,6 +132,10 @@ ProjectList::Record ProjectList::editable(const ProjectRecord& project) const {
     return position ? m_projects[*position] : nullptr;
 }
 
+ProjectList::Record ProjectList::expandable(const ProjectRecord& project) const {
+    return &project == m_restItem.get() ? m_restItem : editable(project);
+}
+
 void ProjectList::insert(Record record, std::size_t position) {
     position = std::min(position, m_projects.size());
     tell(Kind::Insert, ChangePhase::Will, position);
@@ -237,7 +241,7 @@ void ProjectList::letFormerGo() {
 void ProjectList::expansionChanged(const Record& project) {
     if (project == m_mainItem)
         storeTopLevelExpansion();
-    else
+    else if (project != m_restItem)
         m_hasUnwritten = true;
 }
 

@@ -3,6 +3,7 @@
 
 #include "interface/history/HistoryModel.h"
 #include "interface/history/PictureColors.h"
+#include "interface/outline/CutToWidth.h"
 #include "interface/shell/ProgramIcons.h"
 
 #include <QPainter>
@@ -38,8 +39,9 @@ void HistoryCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
 void HistoryCell::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     const bool isTop = !index.parent().isValid();
+    option->textElideMode = elisionOf(option->text);
     const bool isProgram = !index.data(HistoryModel::ProgramRole).toString().isEmpty();
-    if (index.column() != HistoryModel::NameColumn || !(isTop || isProgram))
+    if (index.column() != HistoryModel::NameColumn || !(isTop || isProgram) || (isProgram && !m_icons))
         return;
     option->features |= QStyleOptionViewItem::HasDecoration;
     option->decorationSize = QSize(kIconSize, kIconSize);

@@ -18,8 +18,8 @@ public:
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    // There are none before. They outlive the cells.
-    void setIcons(ProgramIcons& icons) { m_icons = &icons; }
+    // Null for none, as before it is called. They outlive the cells.
+    void setIcons(ProgramIcons* icons) { m_icons = icons; }
     void setColors(ColorOf colorOf) { m_colorOf = std::move(colorOf); }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;

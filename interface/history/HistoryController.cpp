@@ -64,6 +64,7 @@ HistoryController::HistoryController(Ground ground, History& history)
     , m_reader(history.reader())
     , m_titleReader(history.reader())
     , m_sheetReader(history.reader())
+    , m_projectReader(history.reader())
     , m_range(CalendarRange::around(CalendarRange::Kind::Day, today(), firstDayOfWeek())) {
     const auto kind = std::clamp(m_ground.platform.defaults.integerForKey(kHistoryRange), std::int64_t(0),
                                  std::int64_t(CalendarRange::Kind::Year));
@@ -72,7 +73,6 @@ HistoryController::HistoryController(Ground ground, History& history)
         m_actions.byProject->setChecked(true);
     m_pane.sumBar().showCutoff(timeText(0));
     m_pane.setColors(m_colors);
-    m_pane.outline().setIcons(m_ground.icons);
     m_pane.outline().setColors([this](const QString& name) { return colorOf(name); });
     connectRange();
     connectRows();
@@ -241,9 +241,26 @@ void HistoryController::ask() {
         });
 }
 
+// Of all projects, whichever is chosen.
+void HistoryController::askForProjectTimes() {
+    if (!m_ground.showProjectTimes)
+        return;
+    if (!m_ground.project())
+        return m_ground.showProjectTimes(m_knowledge == Knowledge::Known ? &m_answer : nullptr);
+    RangeQuestion ofAll = question();
+    ofAll.project.reset();
+    m_projectReader->ask<RangeAnswer>([ofAll](SqliteDatabase& file) { return ofAll.answeredBy(file); },
+                                      [this](const Result<RangeAnswer>& answer) {
+                                          if (m_isSeen)
+                                              m_ground.showProjectTimes(answer ? &*answer : nullptr);
+                                      });
+}
+
 void HistoryController::showOnly(Knowledge knowledge, RangeAnswer answer) {
     m_knowledge = knowledge;
     m_answer = std::move(answer);
+    if (m_isSeen)
+        askForProjectTimes();
     AmendTexts::translate(m_answer);
     showAnswer();
 }

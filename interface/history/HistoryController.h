@@ -12,7 +12,6 @@
 class Alerts;
 class HistoryPane;
 class MainWindow;
-class ProgramIcons;
 class TimeSheetWindow;
 
 // Shows the history: asks for the range that the user looks at, narrowed by the search and the project, and shows the
@@ -29,7 +28,9 @@ public:
         std::function<bool()> isCounting;
         // A project's colour label by its name; 0 for none.
         std::function<int(const QString&)> labelOf;
-        ProgramIcons& icons;
+        // Shows in the sidebar how long was worked in all, and for each project by its name; nothing is known of a
+        // range without an answer.
+        std::function<void(const RangeAnswer* answer)> showProjectTimes = {};
     };
 
     // `history` is made after the window, and outlives this as well.
@@ -68,6 +69,7 @@ private:
     // The same again, unless it is being asked.
     void askAgain();
     void ask();
+    void askForProjectTimes();
     void showOnly(Knowledge knowledge, RangeAnswer answer);
     void askForTitles(const QString& program);
     // What is on the sheet, as it is now. Says itself when that cannot be read.
@@ -90,6 +92,7 @@ private:
     // Beside the other, so that neither question makes the other one void.
     std::unique_ptr<HistoryReader> m_titleReader;
     std::unique_ptr<HistoryReader> m_sheetReader;
+    std::unique_ptr<HistoryReader> m_projectReader;
     // Belongs to the main window.
     TimeSheetWindow* m_timeSheet = nullptr;
     // What the sheet was asked for.

@@ -87,9 +87,12 @@ void HistoryOutline::forgetParts() {
     m_rows.forgetParts();
 }
 
-void HistoryOutline::setIcons(ProgramIcons& icons) {
+void HistoryOutline::setIcons(ProgramIcons* icons) {
+    disconnect(m_iconsFound);
     m_cells->setIcons(icons);
-    connect(&icons, &ProgramIcons::found, viewport(), qOverload<>(&QWidget::update));
+    if (icons)
+        m_iconsFound = connect(icons, &ProgramIcons::found, viewport(), qOverload<>(&QWidget::update));
+    viewport()->update();
 }
 
 void HistoryOutline::setColors(std::function<QColor(const QString& name)> colorOf) {

@@ -19,8 +19,8 @@ public:
     ~HistoryOutline() override;
 
     HistoryModel& rows() { return m_rows; }
-    // Rows of programs have none before. They outlive the outline.
-    void setIcons(ProgramIcons& icons);
+    // Null for none, as before it is called. They outlive the outline.
+    void setIcons(ProgramIcons* icons);
     // The colours of the picture, by the name of a top row; an invalid one for none.
     void setColors(std::function<QColor(const QString& name)> colorOf);
     // Another range, search or project is asked for: parts of a longer range must be asked for again.
@@ -61,5 +61,6 @@ private:
     HistoryModel m_rows;
     std::unique_ptr<Order> m_order;
     HistoryCell* m_cells;
+    QMetaObject::Connection m_iconsFound;
     QString m_invitation;
 };

@@ -214,7 +214,7 @@ void MainCommands::update() {
     for (QAction* action : {actions.addToProject, actions.branch})
         action->setEnabled(hasSelection);
     const TKProjectController& projects = m_controller.projectController();
-    const bool hasProject = !projects.isMainItemSelected();
+    const bool hasProject = projects.isProjectSelected();
     const bool isForTimers = m_focusedOutline == &table;
     // In the sidebar, "All Timers" can be copied but not renamed or deleted.
     actions.copy->setEnabled(!isForTimers || isHistory || hasSelection);

@@ -5,6 +5,7 @@
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/shell/ListOptions.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QLineEdit>
@@ -20,16 +21,19 @@ constexpr std::chrono::milliseconds kFilteringTolerance{500};
 } // namespace
 
 ShownTimers::ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& projects, RunLoop& runLoop,
-                         const TimeTreeModel::Rename& rename)
+                         const ListOptions& options, const TimeTreeModel::Rename& rename)
     : m_window(window)
     , m_tracker(tracker)
     , m_runLoop(runLoop)
+    , m_options(options)
     , m_programCell(
           {.isProjectShown = [this] { return !areAll(); },
            .tags = [&projects](const Identity& timer) { return projects.reverseProjectCache()->tags(timer); },
-           .applications = [&tracker] { return tracker.timeSet(); }})
-    , m_all(TimeTreeModel::sourceOf(tracker), runLoop, rename, spokenMarks())
-    , m_ofProject(std::nullopt, runLoop, rename, spokenMarks())
+           .applications = [&tracker] { return tracker.timeSet(); },
+           .hasShortTitles = [&options] { return options.hasShortTitles(); },
+           .programOf = [&tracker](const auto& shown) { return tracker.tree().applicationHolding(shown); }})
+    , m_all(TimeTreeModel::sourceOf(tracker), runLoop, rename, spokenMarks(), shownName())
+    , m_ofProject(std::nullopt, runLoop, rename, spokenMarks(), shownName())
     , m_selectionOfAll(&m_all)
     , m_selectionOfProject(&m_ofProject)
     , m_expansion(window.mainTable(), projects)
@@ -51,6 +55,10 @@ TimeTreeModel::Marks ShownTimers::spokenMarks() const {
         [this](TimeStoreItem& item, bool isTopLevel) { return m_programCell.spokenMarks(item, isTopLevel); };
 }
 
+TimeTreeModel::ShownName ShownTimers::shownName() const {
+    return [this](TimeStoreItem& item, TimeStoreItem* above) { return m_programCell.shownName(item, above); };
+}
+
 void ShownTimers::connectWindow() {
     const auto forgetRows = [this] { m_sum.forgetRows(); };
     QObject::connect(&m_window.mainTable(), &TKOutlineDisplayView::selectionDidChange, &*m_reactions, [this] {
@@ -64,6 +72,9 @@ void ShownTimers::connectWindow() {
         QObject::connect(tree, &QAbstractItemModel::rowsRemoved, &*m_reactions, forgetRows);
         QObject::connect(tree, &QAbstractItemModel::modelReset, &*m_reactions, forgetRows);
     }
+    // Titles may be shorter now.
+    QObject::connect(&m_options, &ListOptions::changed, &*m_reactions,
+                     [this] { m_window.mainTable().viewport()->update(); });
     QObject::connect(&m_window, &MainWindow::seenChanged, &*m_reactions, [this](bool isSeen) {
         m_shown->setLive(isSeen);
         followCounting();

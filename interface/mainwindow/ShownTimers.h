@@ -8,6 +8,8 @@
 
 #include <QItemSelectionModel>
 
+class ListOptions;
+
 // What the main window's outline shows: all timers, or those of one project, as the search and the cut-off
 // leave them. Expanded rows, the selection and the sum below the outline follow. Nothing is formatted or
 // painted while the window cannot be seen.
@@ -16,7 +18,7 @@ class ShownTimers : public QObject {
 public:
     // Shows all timers. `rename` is asked when the user has edited a name. All arguments outlive this object.
     ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& projects, RunLoop& runLoop,
-                const TimeTreeModel::Rename& rename);
+                const ListOptions& options, const TimeTreeModel::Rename& rename);
     ~ShownTimers() override;
 
     // Shows a project, or all timers without a `category`, and expands the rows that `record` names. Entries
@@ -31,6 +33,7 @@ public:
     void setSearchString(const QString& text);
     // Hides timers with less time than this.
     void setCutoff(float seconds);
+    float cutoff() const { return m_cutoff; }
     // Whether the search or the cut-off hides anything.
     bool isNarrowed() const;
     // Narrows the tracker's timers by the search and the cut-off, even while a project is shown.
@@ -55,6 +58,7 @@ Q_SIGNALS:
 
 private:
     TimeTreeModel::Marks spokenMarks() const;
+    TimeTreeModel::ShownName shownName() const;
     void connectWindow();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
@@ -66,6 +70,7 @@ private:
     MainWindow& m_window;
     TimeTracker& m_tracker;
     RunLoop& m_runLoop;
+    const ListOptions& m_options;
     ProgramCell m_programCell;
     TimeTreeModel m_all;
     TimeTreeModel m_ofProject;

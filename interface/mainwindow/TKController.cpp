@@ -2,6 +2,9 @@
 #include "interface/mainwindow/TKController.h"
 
 #include "Classes/common/Settings.h"
+#include "Classes/report/ReportNames.h"
+#include "interface/history/HistoryOutline.h"
+#include "interface/history/HistoryPane.h"
 #include "interface/labels/TKLabelViewController.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/CutoffSlider.h"
@@ -9,6 +12,7 @@
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/PlainText.h"
+#include "interface/sidebar/SidebarPane.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
@@ -24,7 +28,8 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
                           .makeActivator = makeActivator})
     , m_projectNodes(m_engine.services().store)
     , m_projects(m_engine.services().store, platform.defaults, platform.folders.documents)
-    , m_shown(m_window, m_engine.tracker(), m_projects, platform.runLoop,
+    , m_listOptions(platform.defaults, platform.notifications)
+    , m_shown(m_window, m_engine.tracker(), m_projects, platform.runLoop, m_listOptions,
               [this](const auto& item, const QString& name) { rename(item, name); })
     , m_pasteboard(m_engine.tracker(), m_projects)
     , m_timer(m_engine.tracker(), m_engine.services(), *this, [this] { saveSettingsToDisk(); })
@@ -45,6 +50,7 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     m_database.loadMainStore();
     makeControllers();
     connectSidebar();
+    makeSidebarTimes();
     m_timer.registerForSystemSleep(platform.power);
     m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
                                                        [this](const Notification&) { reload(); });
@@ -80,6 +86,8 @@ TKController::timeStoreCategoryForProjectDict(const ProjectRecord& record) {
 void TKController::searchText(const QString& text) {
     m_shown.searchText(text);
     m_projectController->refreshProject();
+    m_sidebarTimes->forgetRows();
+    m_sidebarTimes->refresh();
 }
 
 void TKController::find() {
@@ -93,12 +101,14 @@ TKProjectController::MainController TKController::projectServices() {
             .branchUUIDs = [this](const auto& timers) { branchUUIDs(timers); },
             .blockExpansionSaveWhileSearching = [this] { return blockExpansionSaveWhileSearching(); },
             .setSelectedTag = [this](int tag) { m_tkLabelProjectViewController->setSelectedTag(tag); },
-            .writeProject = [this](int row) { return m_pasteboard.writeProject(row); }};
+            .writeProject = [this](int row) { return m_pasteboard.writeProject(row); },
+            .findRest = [this] { m_sidebarTimes->findRest(); }};
 }
 
 void TKController::reload() {
     m_engine.tracker().userDefaultsChanged();
     m_shown.sum().forgetRows();
+    m_sidebarTimes->forgetRows();
     refreshTimeSum();
 }
 
@@ -109,6 +119,7 @@ void TKController::connectFields() {
                      [this](float seconds) { setCutoffValue(seconds); });
     QObject::connect(&m_undoStack, &QUndoStack::indexChanged, &*m_reactions, [this] {
         m_shown.timersEdited();
+        m_sidebarTimes->forgetRows();
         refreshTimeSum();
     });
 }
@@ -125,6 +136,47 @@ void TKController::connectSidebar() {
         m_commands->update();
         refreshTimeSum();
     });
+}
+
+void TKController::makeSidebarTimes() {
+    m_sidebarTimes.emplace(SidebarTimes::Ground{.tracker = m_engine.tracker(),
+                                                .projects = m_projects,
+                                                .rows = m_projectController->model(),
+                                                .options = m_listOptions,
+                                                .isSeen = [this] { return m_window.isSeen(); },
+                                                .search = [this] { return m_window.searchAppField().text(); },
+                                                .cutoff = [this] { return m_shown.cutoff(); },
+                                                .restChanged =
+                                                    [this] {
+                                                        if (m_projectController->currentProject() ==
+                                                            m_projects.restItem())
+                                                            m_projectController->refreshProject();
+                                                    }});
+    QObject::connect(&m_listOptions, &ListOptions::changed, &*m_reactions, [this] { showListOptions(); });
+    QObject::connect(&m_window, &MainWindow::seenChanged, &*m_reactions, [this] {
+        m_sidebarTimes->forgetRows();
+        m_sidebarTimes->refresh();
+    });
+    QObject::connect(&m_window, &MainWindow::historyShownChanged, &*m_reactions,
+                     [this] { m_sidebarTimes->clear(); });
+    showListOptions();
+}
+
+void TKController::showListOptions() {
+    m_window.sidebar().showTimes(m_listOptions.hasProjectTimes());
+    m_projectController->model().wantRest(m_listOptions.hasProjectTimes());
+    m_sidebarTimes->forgetRows();
+    m_sidebarTimes->refresh();
+    m_window.mainTable().setShareBars(m_listOptions.hasShareBars());
+    ProgramIcons* icons = m_listOptions.hasIcons() ? m_programIcons : nullptr;
+    m_window.mainTable().setIcons(icons);
+    m_window.historyPane().outline().setIcons(icons);
+    m_appDelegate.statusMenu().setIcons(icons);
+}
+
+void TKController::setProgramIcons(ProgramIcons& icons) {
+    m_programIcons = &icons;
+    showListOptions();
 }
 
 void TKController::connectOutline() {
@@ -207,6 +259,8 @@ void TKController::showRecordingBadge(bool isRecording) {
 
 void TKController::refreshTimeSum() {
     m_shown.sum().refresh();
+    if (m_sidebarTimes)
+        m_sidebarTimes->refresh();
     m_obstacle.show();
 }
 
@@ -222,9 +276,10 @@ void TKController::selectionChanged() {
 }
 
 std::optional<QString> TKController::shownProject() const {
-    return m_projectController->isMainItemSelected()
-               ? std::nullopt
-               : std::optional(m_projectController->currentProject()->label());
+    const ProjectList::Project shown = m_projectController->currentProject();
+    if (shown == m_projects.restItem())
+        return kNoProject;
+    return shown == m_projects.mainItem() ? std::nullopt : std::optional(shown->label());
 }
 
 int TKController::colorOfProject(const QString& name) const {

@@ -12,12 +12,15 @@
 #include "interface/mainwindow/TKDocumentController.h"
 #include "interface/pasteboard/TimePasteboard.h"
 #include "interface/setup/SetupWindow.h"
+#include "interface/shell/ListOptions.h"
 #include "interface/shell/LoginItemControl.h"
 #include "interface/shell/TKApplicationDelegate.h"
+#include "interface/sidebar/SidebarTimes.h"
 #include "interface/sidebar/TKProjectController.h"
 
 #include <QUndoStack>
 
+class ProgramIcons;
 class TKLabelViewController;
 
 // The program's only document and the controller of its main window. It is made of the tracker, the timer
@@ -81,7 +84,7 @@ public:
     // Exports the selected project, whole.
     void exportProject();
 
-    // The name of the project that is selected in the sidebar; absent for all timers.
+    // The name, as the history has it, of what is selected in the sidebar; absent for all timers.
     std::optional<QString> shownProject() const;
     // The colour label of the first project of this name; 0 without one.
     int colorOfProject(const QString& name) const;
@@ -134,8 +137,12 @@ public:
     LoginItemControl& loginItem() { return m_loginItem; }
     MainWindow& window() { return m_window; }
     ProjectList& projects() { return m_projects; }
+    ListOptions& listOptions() { return m_listOptions; }
+    // Shows these icons in its lists and menus, where the user wants any. They outlive the controller.
+    void setProgramIcons(ProgramIcons& icons);
     QUndoStack& undoStack() { return m_undoStack; }
     TKProjectController& projectController() { return *m_projectController; }
+    SidebarTimes& sidebarTimes() { return *m_sidebarTimes; }
 
     void showToggle(const QString& image, const QString& label) override;
     void showRecordingBadge(bool isRecording) override;
@@ -147,6 +154,8 @@ private:
     void connectFields();
     void connectOutline();
     void connectSidebar();
+    void makeSidebarTimes();
+    void showListOptions();
     TKProjectController::MainController projectServices();
     void rename(const std::shared_ptr<TimeStoreItem>& item, const QString& name);
     void frozen(std::vector<FrozenTimer> timers);
@@ -160,6 +169,9 @@ private:
     QUndoStack m_undoStack;
     ProjectNodes m_projectNodes;
     ProjectList m_projects;
+    ListOptions m_listOptions;
+    // Null until they are given.
+    ProgramIcons* m_programIcons = nullptr;
     MainWindow m_window;
     ShownTimers m_shown;
     TimePasteboard m_pasteboard;
@@ -178,6 +190,7 @@ private:
     TKLabelViewController* m_tkLabelProjectViewController = nullptr;
     // These are made after the timers have been read, because they expand their rows and archive them.
     std::optional<TKProjectController> m_projectController;
+    std::optional<SidebarTimes> m_sidebarTimes;
     std::optional<TKExportController> m_exportController;
     std::optional<MainCommands> m_commands;
     // Only if trust was missing at launch.

@@ -27,7 +27,7 @@ void TKController::rename(const std::shared_ptr<TimeStoreItem>& item, const QStr
 
 void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
     const TimeStoreItem::Children items = m_window.mainTable().selectedItems();
-    if (!forceDelete && !mainItemIsSelected()) {
+    if (!forceDelete && m_projectController->isProjectSelected()) {
         std::unordered_set<Identity> identities;
         for (const auto& item : items)
             if (const auto uuid = item->uuid())

@@ -23,3 +23,13 @@ QString cutToWidth(const QString& text, double width) {
         end.remove(0, 1);
     return start + u'\u2026' + end;
 }
+
+Qt::TextElideMode elisionOf(const QString& text) {
+    QStringView path = text;
+    // "anna@desk: ~/work", as terminals have it.
+    const qsizetype colon = path.indexOf(u':');
+    if (colon > 0 && path.first(colon).contains(u'@') && !path.first(colon).contains(u' '))
+        path = path.sliced(colon + 1).trimmed();
+    const bool isPath = path.startsWith(u'/') || path.startsWith(u"~/") || path.startsWith(u"file:///");
+    return isPath ? Qt::ElideLeft : Qt::ElideMiddle;
+}

@@ -11,10 +11,18 @@
 #include <QLineEdit>
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 constexpr int kRowAir = 10;
+constexpr int kIconAir = 4;
 constexpr int kTextMargin = 8;
+constexpr int kBarAir = 3;
+// The opacity of bars, and of those of rows below another one. Times must stay easy to read on them.
+constexpr float kBarStrength = 0.20F;
+constexpr float kPartStrength = 0.11F;
 
 int digitWidth(const QFontMetrics& metrics) {
     int widest = 0;
@@ -36,10 +44,25 @@ void drawTime(QPainter& painter, const QRect& rect, const QFontMetrics& metrics,
     }
 }
 
+void drawShare(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const double share = index.data(OutlineRole::Share).toDouble();
+    QRect bar = option.rect.adjusted(kBarAir, kBarAir, -kBarAir, -kBarAir);
+    bar.setWidth(int(std::lround(bar.width() * std::clamp(share, 0.0, 1.0))));
+    if (bar.width() < 1)
+        return;
+    QColor color = option.palette.color(QPalette::Highlight);
+    color.setAlphaF(index.parent().isValid() ? kPartStrength : kBarStrength);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(QStyle::visualRect(option.direction, option.rect, bar), 2, 2);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
 } // namespace
 
 QSize OutlineCellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
-    return {0, option.fontMetrics.height() + kRowAir};
+    return {0, std::max(option.fontMetrics.height() + kRowAir, TKTableLabelCell::kIconSize + kIconAir)};
 }
 
 void OutlineCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plain,
@@ -55,12 +78,17 @@ void OutlineCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& p
     const QColor color = option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
     painter->save();
     painter->setClipRect(option.rect);
+    const auto* view = qobject_cast<const TKOutlineDisplayView*>(widget);
+    const bool isTime = index.column() == TimeTreeModel::TimeSpentColumn;
+    if (isTime && !isSelected && view && view->hasShareBars())
+        drawShare(*painter, option, index);
     painter->setFont(option.font);
     painter->setPen(color);
-    const auto* view = qobject_cast<const TKOutlineDisplayView*>(widget);
-    if (index.column() == TimeTreeModel::TimeSpentColumn)
-        drawTime(*painter, option.rect.adjusted(0, 0, -kTextMargin * 2, 0), option.fontMetrics, option.text);
-    else if (view)
+    if (isTime) {
+        // Below a header's text, which has space for its arrow.
+        const int margin = view && view->isHeaderHidden() ? kTextMargin : 2 * kTextMargin;
+        drawTime(*painter, option.rect.adjusted(0, 0, -margin, 0), option.fontMetrics, option.text);
+    } else if (view)
         view->dataCell(index).drawWithFrame(*painter, option.rect, view->isHighlighted(option.rect),
                                             {.text = option.text,
                                              .dimmedLength = index.data(OutlineRole::DimmedLength).toInt(),

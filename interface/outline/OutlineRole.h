@@ -11,6 +11,8 @@ enum {
     DimmedLength = Qt::UserRole,
     // The row's timer, a std::shared_ptr<TimeStoreItem>; absent for a row that is no timer.
     Item,
+    // The part of the time of all top rows that a row has, 0 to 1; absent where there is none.
+    Share,
 };
 
 } // namespace OutlineRole

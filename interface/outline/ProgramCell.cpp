@@ -5,7 +5,9 @@
 #include "Classes/store/TimeStoreAppProxy.h"
 #include "Classes/store/TimeStoreWindow.h"
 #include "interface/labels/TKLabelColorList.h"
+#include "interface/outline/TKAppDisplayFormatter.h"
 #include "platform/foundation/text/LocalizedStrings.h"
+#include "platform/foundation/text/ShownTitle.h"
 
 #include <algorithm>
 
@@ -23,6 +25,10 @@ bool holds(const TimeStoreItem& application, const TimeStoreNode& node) {
 
 } // namespace
 
+QString programOf(const TimeStoreItem& application) {
+    return application.branched() ? application.renamedName() : application.name();
+}
+
 TKTableLabelCell ProgramCell::cell(TimeStoreItem& item, bool isTopLevel) const {
     TKTableLabelCell cell;
     if (!m_sources.isProjectShown())
@@ -30,6 +36,8 @@ TKTableLabelCell ProgramCell::cell(TimeStoreItem& item, bool isTopLevel) const {
             if (ColorTags tags = m_sources.tags(*uuid); !tags.isEmpty())
                 cell.selectedTags = std::move(tags);
     cell.showWindowIcon = isWindow(item);
+    if (!cell.showWindowIcon)
+        cell.program = programOf(item);
     cell.isFrozen = isFrozen(item, isTopLevel);
     // Proxies for timers cannot be frozen.
     cell.supportsFreeze = dynamic_cast<const TimeStoreNode*>(&item) != nullptr &&
@@ -46,6 +54,20 @@ QStringList ProgramCell::spokenMarks(TimeStoreItem& item, bool isTopLevel) const
         for (const int tag : *shown.selectedTags)
             marks << TKLabelColorList::nameForTag(tag);
     return marks;
+}
+
+QString ProgramCell::shownName(TimeStoreItem& item, TimeStoreItem* above) const {
+    const PropertyListDictionary record = item.renamedNameFormatted();
+    const QString whole = TKAppDisplayFormatter::stringForObjectValue(record);
+    const bool isRenamed = TKAppDisplayFormatter::dimmedLength(record) > 0;
+    if (isRenamed || !isWindow(item) || !m_sources.hasShortTitles || !m_sources.hasShortTitles())
+        return whole;
+    const auto program = above ? above->shared_from_this() : m_sources.programOf(item.node());
+    if (!program)
+        return whole;
+    // Its own name, or else the user's: one of them is in the title.
+    const QString title = shownTitle(whole, program->name());
+    return title == whole ? shownTitle(whole, program->renamedName()) : title;
 }
 
 bool ProgramCell::isFrozen(TimeStoreItem& item, bool isTopLevel) const {

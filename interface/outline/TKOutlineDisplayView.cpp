@@ -4,6 +4,7 @@
 #include "interface/outline/OutlineCellDelegate.h"
 #include "interface/outline/OutlineRole.h"
 #include "interface/outline/TimeTreeModel.h"
+#include "interface/shell/ProgramIcons.h"
 #include "platform/foundation/values/Assertions.h"
 
 #include <QClipboard>
@@ -59,6 +60,10 @@ TKOutlineDisplayView::TKOutlineDisplayView(QWidget* parent)
     setVerticalScrollMode(ScrollPerPixel);
     setAnimated(false);
     header()->setSortIndicator(TimeTreeModel::ProgramColumn, Qt::AscendingOrder);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
+        if (section == TimeTreeModel::TimeSpentColumn && m_model && !m_isFitting && isVisible())
+            m_chosenTimeWidth = width;
+    });
     connect(this, &QTreeView::collapsed, this, &TKOutlineDisplayView::rowFolded);
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
         if (const auto item = itemAt(index))
@@ -104,9 +109,29 @@ void TKOutlineDisplayView::doItemsLayout() {
 void TKOutlineDisplayView::fitTimeColumn() {
     if (!m_model)
         return;
-    header()->resizeSection(TimeTreeModel::TimeSpentColumn,
-                            std::max(OutlineCellDelegate::timeWidth(fontMetrics(), kTimeDigits),
-                                     header()->sectionSizeHint(TimeTreeModel::TimeSpentColumn)));
+    const int fitting = std::max(OutlineCellDelegate::timeWidth(fontMetrics(), kTimeDigits),
+                                 header()->sectionSizeHint(TimeTreeModel::TimeSpentColumn));
+    m_isFitting = true;
+    header()->resizeSection(TimeTreeModel::TimeSpentColumn, m_chosenTimeWidth.value_or(fitting));
+    m_isFitting = false;
+}
+
+void TKOutlineDisplayView::setChosenTimeWidth(std::optional<int> width) {
+    m_chosenTimeWidth = width;
+    fitTimeColumn();
+}
+
+void TKOutlineDisplayView::setIcons(ProgramIcons* icons) {
+    disconnect(m_iconsFound);
+    m_icons = icons;
+    if (icons)
+        m_iconsFound = connect(icons, &ProgramIcons::found, viewport(), qOverload<>(&QWidget::update));
+    viewport()->update();
+}
+
+void TKOutlineDisplayView::setShareBars(bool areShown) {
+    m_hasShareBars = areShown;
+    viewport()->update();
 }
 
 QModelIndexList TKOutlineDisplayView::selectedRows() const {
@@ -140,7 +165,10 @@ std::shared_ptr<TimeStoreItem> TKOutlineDisplayView::itemAt(const QModelIndex& r
 }
 
 TKTableLabelCell TKOutlineDisplayView::dataCell(const QModelIndex& row) const {
-    return m_owner.dataCell ? m_owner.dataCell(row) : TKTableLabelCell();
+    TKTableLabelCell cell = m_owner.dataCell ? m_owner.dataCell(row) : TKTableLabelCell();
+    if (m_icons && !cell.program.isEmpty())
+        cell.programIcon = m_icons->icon(cell.program, TKTableLabelCell::kIconSize, devicePixelRatioF());
+    return cell;
 }
 
 void TKOutlineDisplayView::serve(Owner owner) {

@@ -9,6 +9,7 @@
 
 #include <functional>
 
+class ProgramIcons;
 class QMimeData;
 class TimeTreeModel;
 
@@ -49,6 +50,14 @@ public:
     bool offersDelete() const { return bool(m_owner.deleteKey); }
     // The view in which "select none" and "expand all" take effect. Null for this view.
     void setRedirectToOutlineView(TKOutlineDisplayView* view) { m_redirectToOutlineView = view; }
+    // Draws the icons of programs before their names; null for none, as before it is called. They outlive the view.
+    void setIcons(ProgramIcons* icons);
+    // Draws a bar behind each time, as long as its share. Without it there are none.
+    void setShareBars(bool areShown);
+    bool hasShareBars() const { return m_hasShareBars; }
+    // The width that the user has given to the column of times; absent while it fits its texts.
+    std::optional<int> chosenTimeWidth() const { return m_chosenTimeWidth; }
+    void setChosenTimeWidth(std::optional<int> width);
     // The invitation may have changed: lets assistive programs read it.
     void readOutInvitation();
 
@@ -156,6 +165,12 @@ private:
     // The line is drawn before this row.
     std::optional<int> m_shownDropLine;
     TKOutlineDisplayView* m_redirectToOutlineView = nullptr;
+    ProgramIcons* m_icons = nullptr;
+    QMetaObject::Connection m_iconsFound;
+    bool m_hasShareBars = false;
+    std::optional<int> m_chosenTimeWidth;
+    // The column of times is being fitted, and not dragged by the user.
+    bool m_isFitting = false;
     SteadyScroll m_steadyScroll{*this};
     std::vector<QPersistentModelIndex> m_folded;
     int m_highlightedRow = -1;

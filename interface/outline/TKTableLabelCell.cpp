@@ -15,11 +15,12 @@
 
 namespace {
 
-constexpr QSizeF kImageSize(16, 16);
+constexpr QSizeF kImageSize(TKTableLabelCell::kIconSize, TKTableLabelCell::kIconSize);
 constexpr double kIconIndent = 6;
 constexpr double kIconGap = 7;
 constexpr double kMarkGap = 3;
 constexpr double kWindowIconGap = 3;
+constexpr double kProgramIconGap = 5;
 constexpr double kRoomForDot = 18;
 constexpr double kDotInset = 17;
 constexpr double kDotSize = 12;
@@ -55,6 +56,15 @@ const QIcon& sidebarImage(bool isAllTimers, bool isSelected) {
     return images[(isAllTimers ? 2 : 0) + (isSelected ? 1 : 0)];
 }
 
+// Aligned to whole pixels, because thin lines would blur.
+void drawAligned(QPainter& painter, const QPixmap& pixmap, const QPointF& place) {
+    const qreal scale = painter.device()->devicePixelRatioF();
+    const QTransform& transform = painter.transform();
+    const QPointF origin(std::round((place.x() + transform.dx()) * scale) / scale - transform.dx(),
+                         std::round((place.y() + transform.dy()) * scale) / scale - transform.dy());
+    painter.drawPixmap(origin, pixmap);
+}
+
 void drawImage(QPainter& painter, const QIcon& image, const QRectF& rect, const QColor& tint) {
     if (rect.isEmpty())
         return;
@@ -65,11 +75,7 @@ void drawImage(QPainter& painter, const QIcon& image, const QRectF& rect, const 
         tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
         tinting.fillRect(QRectF(QPointF(), rect.size()), tint);
     }
-    // Aligned to whole pixels, because thin lines would blur.
-    const QTransform& transform = painter.transform();
-    const QPointF origin(std::round((rect.x() + transform.dx()) * scale) / scale - transform.dx(),
-                         std::round((rect.y() + transform.dy()) * scale) / scale - transform.dy());
-    painter.drawPixmap(origin, pixmap);
+    drawAligned(painter, pixmap, rect.topLeft());
 }
 
 // How many characters at the end of `elided` belong to the dimmed end of `whole`.
@@ -90,8 +96,9 @@ void drawText(QPainter& painter, const QRectF& rect, const TKTableLabelCell::Tex
     const QRectF inner = rect.adjusted(kTextInset, 0, -kTextInset, 0);
     if (inner.width() <= 0)
         return;
-    const QString shown =
-        metrics.elidedText(cutToWidth(text.text, inner.width()), Qt::ElideMiddle, inner.width());
+    // The original name is found by what stands before it.
+    const Qt::TextElideMode elision = text.dimmedLength > 0 ? Qt::ElideMiddle : elisionOf(text.text);
+    const QString shown = metrics.elidedText(cutToWidth(text.text, inner.width()), elision, inner.width());
     const int dimmedLength =
         text.dimmedLength > 0 ? dimmedLengthOfElided(shown, text.text, text.dimmedLength) : 0;
     painter.setFont(text.font);
@@ -147,6 +154,11 @@ TKTableLabelCell::Layout TKTableLabelCell::layout(const QRectF& frame, bool isHo
     double right = x + width;
     if (selectedTags && (selectedTags->isEmpty() || selectedTags->first() != 0))
         width -= kRoomForDot;
+    if (programIcon) {
+        layout.programIcon = QRectF(QPointF(x, imageY), kImageSize);
+        x += kImageSize.width() + kProgramIconGap;
+        width -= kImageSize.width() + kProgramIconGap;
+    }
     if (showWindowIcon) {
         layout.windowIcon = QRectF(QPointF(x, imageY), kImageSize);
         // The text's rectangle is not reduced by the gap: it may reach into what is on its right.
@@ -175,7 +187,7 @@ TKTableLabelCell::Layout TKTableLabelCell::Layout::mirrored(const QRectF& frame)
             rect.moveRight(frame.left() + frame.right() - rect.left());
     };
     Layout layout = *this;
-    for (QRectF* rect : {&layout.icon, &layout.windowIcon, &layout.text, &layout.mark})
+    for (QRectF* rect : {&layout.icon, &layout.programIcon, &layout.windowIcon, &layout.text, &layout.mark})
         mirror(*rect);
     std::ranges::for_each(layout.dots, mirror);
     return layout;
@@ -188,6 +200,8 @@ void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, boo
     const QColor tint = text.isOnHighlight ? text.color : QColor();
     // Unlike these, the pictures of the sidebar have variants of their own for a selection.
     drawImage(painter, icon(), places.icon, {});
+    if (programIcon && !programIcon->isNull())
+        drawAligned(painter, *programIcon, places.programIcon.topLeft());
     if (showWindowIcon)
         drawImage(painter, documentImage(), places.windowIcon, tint);
     drawText(painter, places.text, text);

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QFont>
 #include <QIcon>
+#include <QPixmap>
 #include <QRectF>
 
 #include <optional>
@@ -32,6 +33,7 @@ public:
     // Where each part is drawn. An empty rectangle means: not drawn.
     struct Layout {
         QRectF icon;
+        QRectF programIcon;
         QRectF windowIcon;
         QRectF text;
         // The control that freezes the timer, or the mark of a frozen one.
@@ -41,6 +43,9 @@ public:
         // The same for languages that are read from right to left.
         Layout mirrored(const QRectF& frame) const;
     };
+
+    // The side of each of its pictures.
+    static constexpr int kIconSize = 16;
 
     // The size of the mark of a frozen timer. The area that freezes a timer when clicked has the same width.
     static QSize freezeImageSize();
@@ -59,6 +64,10 @@ public:
     std::optional<ColorTags> selectedTags;
     int iconType = NoIcon;
     bool showWindowIcon = false;
+    // The program that the row stands for, by the name that it has itself; empty for none.
+    QString program;
+    // Its icon, before the name; a null one keeps room for it. Absent for none.
+    std::optional<QPixmap> programIcon;
     bool isFrozen = false;
     bool supportsFreeze = false;
     // Chooses between the two pictures for a row of the sidebar.

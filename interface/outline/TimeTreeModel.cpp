@@ -13,10 +13,12 @@
 #include <cmath>
 #include <unordered_set>
 
-TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, Marks marks)
+TimeTreeModel::TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, Marks marks,
+                             ShownName shownName)
     : m_runLoop(runLoop)
     , m_rename(std::move(rename))
     , m_marks(std::move(marks))
+    , m_shownName(std::move(shownName))
     , m_root(std::make_unique<Row>()) {
     m_root->isLeaf = false;
     m_root->isFetched = true;
@@ -136,11 +138,13 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
             return item.activeTimeString();
         if (role == OutlineRole::Item)
             return QVariant::fromValue(rowOf(index)->item);
+        if (role == OutlineRole::Share)
+            return share(*rowOf(index));
         return role == Qt::TextAlignmentRole ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     }
     switch (role) {
     case Qt::DisplayRole:
-        return TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted());
+        return shownName(*rowOf(index));
     case Qt::ToolTipRole:
         return PlainText::toolTip(TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()));
     case Qt::EditRole:
@@ -156,11 +160,24 @@ QVariant TimeTreeModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+QString TimeTreeModel::shownName(const Row& row) const {
+    return m_shownName ? m_shownName(*row.item, row.parent->item.get())
+                       : TKAppDisplayFormatter::stringForObjectValue(row.item->renamedNameFormatted());
+}
+
+QVariant TimeTreeModel::share(const Row& row) const {
+    if (!m_total) {
+        m_total = 0;
+        for (const auto& top : m_root->children)
+            *m_total += top->item->activeTime();
+    }
+    return *m_total > 0 ? QVariant(row.item->activeTime() / *m_total) : QVariant();
+}
+
 QString TimeTreeModel::accessibleText(const Row& row) const {
     TimeStoreItem& item = *row.item;
     // For screen readers: the name, the time, and whatever only a picture shows.
-    QStringList texts{TKAppDisplayFormatter::stringForObjectValue(item.renamedNameFormatted()),
-                      item.activeTimeString()};
+    QStringList texts{shownName(row), item.activeTimeString()};
     if (m_marks)
         texts << m_marks(item, row.parent == m_root.get());
     return texts.join(QStringLiteral(", "));
@@ -228,6 +245,7 @@ void TimeTreeModel::timeChanged(Row& row) {
     if (second == row.shownSecond)
         return;
     row.shownSecond = second;
+    m_total.reset();
     const QModelIndex cell = indexOf(row, TimeSpentColumn);
     Q_EMIT dataChanged(cell, cell, {Qt::DisplayRole});
     if (isOutOfPlace(row)) {

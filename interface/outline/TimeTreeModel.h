@@ -33,8 +33,12 @@ public:
     // row.
     using Marks = std::function<QStringList(TimeStoreItem&, bool isTopLevel)>;
 
-    // Without a source there are no rows. Without `marks`, a row has none.
-    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, Marks marks = {});
+    // The name that is shown; `above` is the timer of the row above it, null for a top row.
+    using ShownName = std::function<QString(TimeStoreItem&, TimeStoreItem* above)>;
+
+    // Without a source there are no rows. Without `marks`, a row has none. Without `shownName`, names are shown whole.
+    TimeTreeModel(std::optional<Source> source, RunLoop& runLoop, Rename rename, Marks marks = {},
+                  ShownName shownName = {});
     ~TimeTreeModel() override;
 
     // What the tracker's search and cut-off leave. The tracker must outlive the model.
@@ -95,14 +99,19 @@ private:
 
     TimeStoreItem::Children wantedItems() const;
     bool isMostlyShown(const TimeStoreItem::Children& items) const;
+    QString shownName(const Row& row) const;
+    QVariant share(const Row& row) const;
     QString accessibleText(const Row& row) const;
 
     std::optional<Source> m_source;
     RunLoop& m_runLoop;
     Rename m_rename;
     Marks m_marks;
+    ShownName m_shownName;
     TimeTreeOrder m_order;
     std::unique_ptr<Row> m_root;
+    // The time of all top rows; absent when it must be added up anew.
+    mutable std::optional<Seconds> m_total;
     bool m_isLive = true;
     bool m_isTimeStale = false;
     bool m_isSynchronizing = false;

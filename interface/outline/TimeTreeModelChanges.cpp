@@ -151,6 +151,7 @@ void TimeTreeModel::insertChildren(Row& parent, TimeStoreItem::Children items) {
 }
 
 void TimeTreeModel::insertRange(Row& parent, int first, std::vector<std::unique_ptr<Row>> rows) {
+    m_total.reset();
     beginInsertRows(indexOf(parent), first, first + int(rows.size()) - 1);
     parent.children.insert(parent.children.begin() + first, std::make_move_iterator(rows.begin()),
                            std::make_move_iterator(rows.end()));
@@ -160,6 +161,7 @@ void TimeTreeModel::insertRange(Row& parent, int first, std::vector<std::unique_
 }
 
 void TimeTreeModel::removeRange(Row& parent, int first, int last) {
+    m_total.reset();
     beginRemoveRows(indexOf(parent), first, last);
     parent.children.erase(parent.children.begin() + first, parent.children.begin() + last + 1);
     for (int place = first; place < int(parent.children.size()); ++place)
@@ -229,6 +231,7 @@ void TimeTreeModel::reorderAll(const std::vector<Row*>& parents) {
 }
 
 void TimeTreeModel::refreshTimes(Row& parent) {
+    m_total.reset();
     if (parent.children.empty())
         return;
     for (const auto& row : parent.children)

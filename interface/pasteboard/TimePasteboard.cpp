@@ -31,6 +31,9 @@ std::unique_ptr<QMimeData> TimePasteboard::writeItems(const QModelIndexList& row
 }
 
 std::unique_ptr<QMimeData> TimePasteboard::writeProject(int row) const {
+    // What belongs to no project is below them.
+    if (row > int(m_projects.count()))
+        return std::make_unique<TimeMimeData>(provider(), m_projects.restItem()->members());
     return std::make_unique<TimeMimeData>(provider(), row);
 }
 

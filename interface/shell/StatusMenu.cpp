@@ -2,8 +2,12 @@
 #include "interface/shell/StatusMenu.h"
 
 #include "Classes/store/TimeStoreCategory.h"
+#include "interface/outline/ProgramCell.h"
+#include "interface/shell/ProgramIcons.h"
 #include "interface/shell/TwoLineMenuStyle.h"
 #include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QApplication>
 
 namespace {
 
@@ -122,8 +126,10 @@ void StatusMenu::menuDidClose(QMenu& menu) {
 void StatusMenu::updateMenus() {
     if (!m_displayingAppMenu)
         return;
-    for (TimerMenuItem* item : m_menuItemUpdateSet)
+    for (TimerMenuItem* item : m_menuItemUpdateSet) {
         item->resetDisplayName(m_form);
+        showIcon(*item);
+    }
     showTitle(kAllObjects);
 }
 
@@ -266,6 +272,20 @@ void StatusMenu::empty(QMenu& menu) {
     }
     if (&menu == &m_mainMenu)
         m_shownProjects.clear();
+}
+
+// An icon that is still being looked for is shown at a later tick.
+void StatusMenu::showIcon(TimerMenuItem& entry) {
+    if (!entry.item()->isApp())
+        return;
+    if (!m_icons)
+        return entry.setIcon({});
+    if (!entry.icon().isNull())
+        return;
+    const QPixmap icon =
+        m_icons->icon(programOf(*entry.item()), TKTableLabelCell::kIconSize, qApp->devicePixelRatio());
+    if (!icon.isNull())
+        entry.setIcon(QIcon(icon));
 }
 
 void StatusMenu::showTitle(int kind) {

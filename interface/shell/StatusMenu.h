@@ -13,6 +13,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+class ProgramIcons;
 class TimeStoreCategory;
 class TwoLineMenuStyle;
 
@@ -60,6 +61,8 @@ public:
     void showObstacle(bool isThere) { m_hasObstacle = isThere; }
     // How long was worked today, as the menu's first line but for trouble; empty for none.
     void showToday(const QString& text);
+    // Shows them before the names of programs; null for none, as before it is called. They outlive the menu.
+    void setIcons(ProgramIcons* icons) { m_icons = icons; }
     // Commands that pause the timer for a while, offered below the one that pauses it. They outlive the menu.
     void offerPauses(QMenu& pauses);
     // What troubles the account, one line each, shown at the top. Takes effect when the menu next opens.
@@ -94,6 +97,7 @@ private:
     void addMenuItemsToSet(const QMenu& menu);
     void empty(QMenu& menu);
     void showTitle(int kind);
+    void showIcon(TimerMenuItem& entry);
 
     // What the menu shows for a project.
     struct ProjectEntry {
@@ -114,6 +118,7 @@ private:
     QAction m_mainTitleItem;
     QAction m_todayItem;
     QMenu* m_pauses = nullptr;
+    ProgramIcons* m_icons = nullptr;
     bool m_isRunning = false;
     std::vector<ProjectEntry> m_shownProjects;
     std::unordered_map<const QMenu*, ProjectList::Project> m_projectMenus;

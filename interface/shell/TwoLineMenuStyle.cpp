@@ -16,6 +16,8 @@ constexpr int kLeftMargin = 14;
 // Room for the arrow of a submenu.
 constexpr int kRightMargin = 30;
 constexpr int kAir = 3;
+constexpr int kIconSize = 16;
+constexpr int kIconGap = 8;
 constexpr int kWidestName = 420;
 constexpr qreal kSmallerBy = 2;
 constexpr qreal kSmallestPoints = 6;
@@ -29,6 +31,11 @@ const QStyleOptionMenuItem* twoLines(const QStyleOption* option) {
 // In the text of a menu, ampersands are doubled.
 QString line(const QStyleOptionMenuItem& item, int number) {
     return item.text.section(u'\n', number, number).replace(QLatin1String("&&"), QLatin1String("&"));
+}
+
+// Where one entry of a menu has an icon, all names begin at the same place.
+int textIndent(const QStyleOptionMenuItem& item) {
+    return item.maxIconWidth > 0 ? kIconSize + kIconGap : 0;
 }
 
 QFont bold(QFont font) {
@@ -70,7 +77,7 @@ QSize TwoLineMenuStyle::sizeFromContents(ContentsType type, const QStyleOption* 
     const int width =
         std::max(std::min(kWidestName, name.horizontalAdvance(cutToWidth(line(*item, 0), kWidestName)) + 1),
                  time.horizontalAdvance(line(*item, 1)) + 1);
-    return {kLeftMargin + width + kRightMargin, name.height() + time.height() + 2 * kAir};
+    return {kLeftMargin + textIndent(*item) + width + kRightMargin, name.height() + time.height() + 2 * kAir};
 }
 
 void TwoLineMenuStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -82,6 +89,7 @@ void TwoLineMenuStyle::drawControl(ControlElement element, const QStyleOption* o
     }
     QStyleOptionMenuItem frame(*item);
     frame.text.clear();
+    frame.icon = {};
     QProxyStyle::drawControl(element, &frame, painter, widget);
     const auto* menu = qobject_cast<const QMenu*>(widget);
     const auto* timer = dynamic_cast<TimerMenuItem*>(menu ? menu->actionAt(item->rect.center()) : nullptr);
@@ -90,6 +98,9 @@ void TwoLineMenuStyle::drawControl(ControlElement element, const QStyleOption* o
         item->palette.color(item->state & State_Selected ? QPalette::HighlightedText : QPalette::WindowText));
     painter->setFont(timer ? bold(item->font) : item->font);
     QRect rect = item->rect.adjusted(kLeftMargin, kAir, -kRightMargin, -kAir);
+    item->icon.paint(painter, QStyle::alignedRect(item->direction, Qt::AlignLeft | Qt::AlignVCenter,
+                                                  QSize(kIconSize, kIconSize), rect));
+    rect = QStyle::visualRect(item->direction, rect, rect.adjusted(textIndent(*item), 0, 0, 0));
     const int nameHeight = painter->fontMetrics().height();
     drawName(*painter, QRect(rect.topLeft(), QSize(rect.width(), nameHeight)), line(*item, 0),
              timer ? timer->dimmedLength() : 0);

@@ -21,16 +21,23 @@ void ProjectListModel::changed(const ProjectListChange& change) {
     switch (change.kind) {
     case Kind::Insert:
         isBefore ? beginInsertRows({}, row, row) : endInsertRows();
+        if (!isBefore)
+            placeRest();
         break;
     case Kind::Remove:
+        if (isBefore && m_projects.count() == 1)
+            removeRest();
         isBefore ? beginRemoveRows({}, row, row) : endRemoveRows();
         break;
     case Kind::Replace:
-        isBefore ? beginResetModel() : endResetModel();
+        if (isBefore)
+            return beginResetModel();
+        m_hasRest = m_isRestWanted && m_projects.count() > 0;
+        endResetModel();
         break;
     case Kind::Label:
     case Kind::ColorTag:
-        Q_EMIT dataChanged(index(row, 0), index(row, 0));
+        Q_EMIT dataChanged(index(row, NameColumn), index(row, TimeColumn));
         break;
     case Kind::Members:
     case Kind::Patterns:
@@ -38,13 +45,61 @@ void ProjectListModel::changed(const ProjectListChange& change) {
     }
 }
 
+void ProjectListModel::wantRest(bool isWanted) {
+    m_isRestWanted = isWanted;
+    isWanted ? placeRest() : removeRest();
+}
+
+void ProjectListModel::placeRest() {
+    if (m_hasRest || !m_isRestWanted || m_projects.count() == 0)
+        return;
+    beginInsertRows({}, rowCount(), rowCount());
+    m_hasRest = true;
+    endInsertRows();
+}
+
+void ProjectListModel::removeRest() {
+    if (!m_hasRest)
+        return;
+    beginRemoveRows({}, rowCount() - 1, rowCount() - 1);
+    m_hasRest = false;
+    endRemoveRows();
+}
+
+void ProjectListModel::showTimes(std::vector<QString> times) {
+    std::vector<QString> before;
+    for (int row = 0; row < rowCount(); ++row)
+        before.push_back(time(row));
+    m_times = std::move(times);
+    for (int row = 0; row < rowCount(); ++row)
+        if (time(row) != before[std::size_t(row)])
+            Q_EMIT dataChanged(index(row, TimeColumn), index(row, TimeColumn), {Qt::DisplayRole});
+}
+
+// Projects may have come or gone since the times were made.
+QString ProjectListModel::time(int row) const {
+    if (m_times.size() != m_projects.count() + 2)
+        return {};
+    return m_times[std::size_t(row)];
+}
+
+bool ProjectListModel::isRest(const QModelIndex& index) const {
+    return m_hasRest && index.row() == int(m_projects.count()) + 1;
+}
+
+bool ProjectListModel::isProject(const QModelIndex& index) const {
+    return index.row() > 0 && index.row() <= int(m_projects.count());
+}
+
 ProjectList::Project ProjectListModel::project(const QModelIndex& index) const {
-    return m_projects.projectForRow(index.row());
+    return isRest(index) ? m_projects.restItem() : m_projects.projectForRow(index.row());
 }
 
 QModelIndex ProjectListModel::indexOf(const ProjectRecord& project) const {
     if (&project == m_projects.mainItem().get())
         return index(0, 0);
+    if (&project == m_projects.restItem().get())
+        return m_hasRest ? index(rowCount() - 1, 0) : QModelIndex();
     const auto position = m_projects.positionOf(project);
     return position ? index(int(*position) + 1, 0) : QModelIndex();
 }
@@ -58,11 +113,11 @@ QModelIndex ProjectListModel::parent(const QModelIndex&) const {
 }
 
 int ProjectListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : int(m_projects.count()) + 1;
+    return parent.isValid() ? 0 : int(m_projects.count()) + 1 + (m_hasRest ? 1 : 0);
 }
 
 int ProjectListModel::columnCount(const QModelIndex&) const {
-    return 1;
+    return ColumnCount;
 }
 
 // The colour is heard as well as seen.
@@ -81,12 +136,16 @@ QVariant ProjectListModel::headerData(int, Qt::Orientation, int) const {
 QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
+    const QString shownTime = time(index.row());
+    if (index.column() == TimeColumn)
+        return role == Qt::DisplayRole ? QVariant(shownTime) : QVariant();
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
         return project(index)->label();
     case Qt::AccessibleTextRole:
-        return spokenLabel(*project(index));
+        return shownTime.isEmpty() ? spokenLabel(*project(index))
+                                   : spokenLabel(*project(index)) + QStringLiteral(", ") + shownTime;
     case Qt::ToolTipRole:
         return PlainText::toolTip(project(index)->label());
     default:
@@ -95,7 +154,7 @@ QVariant ProjectListModel::data(const QModelIndex& index, int role) const {
 }
 
 bool ProjectListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || index.row() < 1)
+    if (role != Qt::EditRole || !isProject(index))
         return false;
     m_handlers.rename(project(index), value.toString());
     return true;
@@ -105,8 +164,14 @@ Qt::ItemFlags ProjectListModel::flags(const QModelIndex& index) const {
     constexpr Qt::ItemFlags kEveryRow = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     if (!index.isValid())
         return Qt::ItemIsDropEnabled;
-    return index.row() == 0 ? kEveryRow | Qt::ItemIsDragEnabled
-                            : kEveryRow | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemIsEditable;
+    // A project can be dropped on the rest, and goes below the others.
+    if (isRest(index))
+        return kEveryRow | Qt::ItemIsDropEnabled;
+    if (index.row() == 0)
+        return kEveryRow | Qt::ItemIsDragEnabled;
+    return index.column() == NameColumn
+               ? kEveryRow | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemIsEditable
+               : kEveryRow | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
 }
 
 QStringList ProjectListModel::mimeTypes() const {
@@ -119,6 +184,9 @@ bool ProjectListModel::canDropMimeData(const QMimeData* data, Qt::DropAction act
         return false;
     // The main item contains all timers already, so nothing can be dropped on it.
     if (parent.isValid() && parent.row() == 0)
+        return false;
+    // A timer may be in several projects, and a window be there by its application.
+    if (isRest(parent) && data->hasFormat(kTimerPasteboardType))
         return false;
     return data->hasFormat(kTimerPasteboardType) || data->hasFormat(kProjectPasteboardType);
 }

@@ -6,11 +6,14 @@
 #include <QAbstractItemModel>
 #include <QMimeData>
 
-// The sidebar's rows: the main item and below it the projects in their order. Translates the list's
-// announcements to rows, and passes on what the user does. The list must outlive it.
+// The sidebar's rows: the main item, below it the projects in their order and, if that is wanted and there are
+// projects, what belongs to none. Translates the list's announcements to rows, and passes on what the user does. The
+// list must outlive it.
 class ProjectListModel : public QAbstractItemModel {
     Q_OBJECT
 public:
+    enum Column { NameColumn, TimeColumn, ColumnCount };
+
     // What the user asks for through the rows. Always called with rows that exist.
     struct Handlers {
         std::function<void(const ProjectList::Project&, const QString& label)> rename;
@@ -23,8 +26,15 @@ public:
     ProjectListModel(ProjectList& projects, Handlers handlers);
     ~ProjectListModel() override;
 
+    // Whether there is a row for what belongs to no project.
+    void wantRest(bool isWanted);
+    // The times beside the names, from top to bottom, that of the rest last even where it has no row; none if there are
+    // fewer.
+    void showTimes(std::vector<QString> times);
+
     // The main item for row 0.
     ProjectList::Project project(const QModelIndex& index) const;
+    bool isProject(const QModelIndex& index) const;
     // Invalid for a record that is not in the list.
     QModelIndex indexOf(const ProjectRecord& project) const;
 
@@ -51,8 +61,15 @@ public:
 private:
     static QString spokenLabel(const ProjectRecord& project);
     void changed(const ProjectListChange& change);
+    bool isRest(const QModelIndex& index) const;
+    QString time(int row) const;
+    void placeRest();
+    void removeRest();
 
     ProjectList& m_projects;
     Handlers m_handlers;
+    bool m_isRestWanted = false;
+    bool m_hasRest = false;
+    std::vector<QString> m_times;
     Subscription m_changes;
 };

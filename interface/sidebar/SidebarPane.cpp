@@ -2,12 +2,15 @@
 #include "interface/sidebar/SidebarPane.h"
 
 #include "interface/labels/TKProjectFooterBox.h"
+#include "interface/outline/OutlineCellDelegate.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
+#include "interface/sidebar/ProjectListModel.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHeaderView>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -16,6 +19,10 @@ namespace {
 
 constexpr int kSmallestWidth = 120;
 constexpr int kBoxMargin = 6;
+// "00:00:00", and another digit in the space around it.
+constexpr int kTimeDigits = 6;
+// The least room for names, with their pictures.
+constexpr int kNameCharacters = 14;
 
 QToolButton* boxButton(const char* name, const QString& text, const QString& description, QAction* action) {
     auto* button = named(new QToolButton, QLatin1String(name), description);
@@ -36,7 +43,7 @@ SidebarPane::SidebarPane(QAction* addProject, QAction* removeProject)
     setMinimumWidth(kSmallestWidth);
     m_projectOutline->setHeaderHidden(true);
     named(m_projectOutline->header(), QStringLiteral("projectOutlineHeader"));
-    m_projectOutline->header()->setStretchLastSection(true);
+    m_projectOutline->header()->setStretchLastSection(false);
     m_projectOutline->setRootIsDecorated(false);
     m_projectOutline->setIndentation(0);
     m_projectOutline->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -47,6 +54,37 @@ SidebarPane::SidebarPane(QAction* addProject, QAction* removeProject)
     rows->setSpacing(0);
     rows->addWidget(m_projectOutline, 1);
     rows->addWidget(makeBottomBox(addProject, removeProject));
+}
+
+void SidebarPane::showTimes(bool areShown) {
+    m_areTimesWanted = areShown;
+    QHeaderView& columns = *m_projectOutline->header();
+    columns.setSectionResizeMode(ProjectListModel::NameColumn, QHeaderView::Stretch);
+    columns.setSectionResizeMode(ProjectListModel::TimeColumn, QHeaderView::Fixed);
+    fitTimes();
+}
+
+void SidebarPane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitTimes();
+}
+
+void SidebarPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fitTimes();
+}
+
+void SidebarPane::fitTimes() {
+    QHeaderView& columns = *m_projectOutline->header();
+    if (columns.count() <= ProjectListModel::TimeColumn)
+        return;
+    const QFontMetrics metrics = m_projectOutline->fontMetrics();
+    const int needed = OutlineCellDelegate::timeWidth(metrics, kTimeDigits);
+    const bool hasRoom = width() >= needed + metrics.averageCharWidth() * kNameCharacters;
+    columns.setSectionHidden(ProjectListModel::TimeColumn, !m_areTimesWanted || !hasRoom);
+    if (m_areTimesWanted && hasRoom)
+        columns.resizeSection(ProjectListModel::TimeColumn, needed);
 }
 
 QWidget* SidebarPane::makeBottomBox(QAction* addProject, QAction* removeProject) {

@@ -73,11 +73,15 @@ void TKProjectController::selectRow(int row) {
 }
 
 ProjectList::Project TKProjectController::currentProject() const {
-    return m_projects.projectForRow(selectedRow());
+    return m_model.project(m_model.index(selectedRow(), 0));
 }
 
 bool TKProjectController::isMainItemSelected() const {
     return currentProject() == m_projects.mainItem();
+}
+
+bool TKProjectController::isProjectSelected() const {
+    return m_model.isProject(m_model.index(selectedRow(), 0));
 }
 
 template<class Change>
@@ -104,7 +108,7 @@ void TKProjectController::beginEditing(const ProjectList::Project& project) {
 }
 
 void TKProjectController::renameProject() {
-    if (selectedRow() > 0)
+    if (isProjectSelected())
         beginEditing(currentProject());
 }
 
@@ -116,7 +120,7 @@ void TKProjectController::rename(const ProjectList::Project& project, const QStr
 
 void TKProjectController::editPatterns() {
     const ProjectList::Project project = currentProject();
-    if (project == m_projects.mainItem())
+    if (!isProjectSelected())
         return;
     if (!m_patternsWindow)
         m_patternsWindow = new ProjectPatternsWindow(m_projectOutline.window());
@@ -128,7 +132,7 @@ void TKProjectController::editPatterns() {
 
 void TKProjectController::removeProject() {
     const int row = selectedRow();
-    if (row < 1)
+    if (!isProjectSelected())
         return;
     change(localized("Delete Project"), [&] { m_projects.removeProject(std::size_t(row - 1)); });
     selectRow(row - 1);
@@ -136,7 +140,7 @@ void TKProjectController::removeProject() {
 
 void TKProjectController::tableViewDidRecieveDeleteKey() {
     const ProjectList::Project project = currentProject();
-    if (project == m_projects.mainItem())
+    if (!isProjectSelected())
         return;
     QString consequence = localized("The timer set \"%@\" will be deleted.");
     const int answer =
@@ -147,15 +151,15 @@ void TKProjectController::tableViewDidRecieveDeleteKey() {
                       .otherButton = {}});
     if (answer != Alerts::Alternate)
         return;
-    const bool wasLast = selectedRow() + 1 == m_model.rowCount();
+    const bool wasLast = selectedRow() == int(m_projects.count());
     change(localized("Delete Project"), [&] { m_projects.deleteProject(*project); });
     if (wasLast)
-        selectRow(m_model.rowCount() - 1);
+        selectRow(int(m_projects.count()));
 }
 
 bool TKProjectController::canMoveProject(int by) const {
     const int row = selectedRow();
-    return row > 0 && row + by > 0 && row + by < m_model.rowCount();
+    return isProjectSelected() && row + by > 0 && row + by <= int(m_projects.count());
 }
 
 void TKProjectController::moveProject(int by) {
@@ -172,7 +176,7 @@ void TKProjectController::branchProject() {
 }
 
 void TKProjectController::removeFromSelectedProject(const std::unordered_set<Identity>& timers) {
-    if (selectedRow() < 1)
+    if (!isProjectSelected())
         return;
     const ProjectList::Project project = currentProject();
     change(localized("Remove from Project"), [&] { m_projects.removeMembers(*project, timers); });
@@ -181,7 +185,7 @@ void TKProjectController::removeFromSelectedProject(const std::unordered_set<Ide
 
 void TKProjectController::setSelectedColorTag(int tag) {
     const ProjectList::Project project = currentProject();
-    if (project == m_projects.mainItem())
+    if (!isProjectSelected())
         m_projects.setSelectedColorTag(*project, tag);
     else
         change(localized("Label Project"), [&] { m_projects.setSelectedColorTag(*project, tag); });
@@ -190,7 +194,7 @@ void TKProjectController::setSelectedColorTag(int tag) {
 void TKProjectController::addColorLabels(QMenu& menu) {
     menu.addSeparator();
     auto* labels = new TKLabelViewController(menu, [this](int tag) { setSelectedColorTag(tag); });
-    labels->setSelectedTag(isMainItemSelected() ? kNoProject : currentProject()->colorTag());
+    labels->setSelectedTag(isProjectSelected() ? currentProject()->colorTag() : kNoProject);
 }
 
 void TKProjectController::expandUUID(const Identity& timer) {
@@ -212,14 +216,15 @@ void TKProjectController::selectionDidChange() {
 void TKProjectController::refreshProjectForSelectedRow(int row) {
     if (row < 0)
         return;
-    const ProjectList::Project project = m_projects.projectForRow(row);
-    if (project == m_projects.mainItem()) {
+    const QModelIndex index = m_model.index(row, 0);
+    const ProjectList::Project project = m_model.project(index);
+    if (project == m_projects.restItem())
+        m_mainController.findRest();
+    if (project == m_projects.mainItem())
         m_mainController.showWithCategory(nullptr, project);
-        m_mainController.setSelectedTag(kNoProject);
-        return;
-    }
-    updateFromProjectDict(project);
-    m_mainController.setSelectedTag(project->colorTag());
+    else
+        updateFromProjectDict(project);
+    m_mainController.setSelectedTag(m_model.isProject(index) ? project->colorTag() : kNoProject);
 }
 
 void TKProjectController::updateFromProjectDict(const ProjectList::Project& record) {

@@ -30,6 +30,8 @@ public:
         std::function<void(int tag)> setSelectedTag;
         // The data of a copied or dragged row.
         std::function<std::unique_ptr<QMimeData>(int row)> writeProject;
+        // Finds what belongs to no project.
+        std::function<void()> findRest;
     };
 
     // Shows all timers at once. All arguments outlive the controller.
@@ -43,6 +45,8 @@ public:
     // The selected project; the main item if none is selected.
     ProjectList::Project currentProject() const;
     bool isMainItemSelected() const;
+    // Rather than all timers or those of no project.
+    bool isProjectSelected() const;
 
     void addProject();
     // Opens the window for the patterns of the selected project.

@@ -2003,5 +2003,25 @@
         <source>Not Yet</source>
         <translation>Noch nicht</translation>
     </message>
+    <message>
+        <source>Icons of &amp;programs</source>
+        <translation>Symbole der &amp;Programme</translation>
+    </message>
+    <message>
+        <source>A &amp;bar behind each time</source>
+        <translation>Ein &amp;Balken hinter jeder Zeit</translation>
+    </message>
+    <message>
+        <source>Titles without their program’s &amp;name</source>
+        <translation>Titel ohne den Na&amp;men ihres Programms</translation>
+    </message>
+    <message>
+        <source>Times of pro&amp;jects in the sidebar</source>
+        <translation>Zeiten der Pro&amp;jekte in der Seitenleiste</translation>
+    </message>
+    <message>
+        <source>Lists:</source>
+        <translation>Listen:</translation>
+    </message>
 </context>
 </TS>

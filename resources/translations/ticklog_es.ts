@@ -2003,5 +2003,25 @@
         <source>Not Yet</source>
         <translation>Todavía no</translation>
     </message>
+    <message>
+        <source>Icons of &amp;programs</source>
+        <translation>Iconos de los &amp;programas</translation>
+    </message>
+    <message>
+        <source>A &amp;bar behind each time</source>
+        <translation>Una &amp;barra detrás de cada tiempo</translation>
+    </message>
+    <message>
+        <source>Titles without their program’s &amp;name</source>
+        <translation>Títulos sin el &amp;nombre de su programa</translation>
+    </message>
+    <message>
+        <source>Times of pro&amp;jects in the sidebar</source>
+        <translation>Tiempos de los pro&amp;yectos en la barra lateral</translation>
+    </message>
+    <message>
+        <source>Lists:</source>
+        <translation>Listas:</translation>
+    </message>
 </context>
 </TS>

@@ -1973,7 +1973,7 @@
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
-        <translation>Il ne note ni touches, ni images, ni rien du contenu des fenêtres ; le temps sans saisie va à « Idle ».</translation>
+        <translation>Il ne note ni touches, ni images, ni rien du contenu des fenêtres&#xa0;; le temps sans saisie va à «&#xa0;Idle&#xa0;».</translation>
     </message>
     <message>
         <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
@@ -2002,6 +2002,26 @@
     <message>
         <source>Not Yet</source>
         <translation>Pas encore</translation>
+    </message>
+    <message>
+        <source>Icons of &amp;programs</source>
+        <translation>Icônes des &amp;programmes</translation>
+    </message>
+    <message>
+        <source>A &amp;bar behind each time</source>
+        <translation>Une &amp;barre derrière chaque durée</translation>
+    </message>
+    <message>
+        <source>Titles without their program’s &amp;name</source>
+        <translation>Titres sans le &amp;nom de leur programme</translation>
+    </message>
+    <message>
+        <source>Times of pro&amp;jects in the sidebar</source>
+        <translation>Durées des pro&amp;jets dans le volet latéral</translation>
+    </message>
+    <message>
+        <source>Lists:</source>
+        <translation>Listes :</translation>
     </message>
 </context>
 </TS>

@@ -2003,5 +2003,25 @@
         <source>Not Yet</source>
         <translation>あとで</translation>
     </message>
+    <message>
+        <source>Icons of &amp;programs</source>
+        <translation>プログラムのアイコン(&amp;P)</translation>
+    </message>
+    <message>
+        <source>A &amp;bar behind each time</source>
+        <translation>各時間の背後にバー(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Titles without their program’s &amp;name</source>
+        <translation>プログラム名を省いたタイトル(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Times of pro&amp;jects in the sidebar</source>
+        <translation>サイドバーにプロジェクトの時間(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Lists:</source>
+        <translation>一覧:</translation>
+    </message>
 </context>
 </TS>

@@ -2003,5 +2003,25 @@
         <source>Not Yet</source>
         <translation>Jeszcze nie</translation>
     </message>
+    <message>
+        <source>Icons of &amp;programs</source>
+        <translation>Ikony p&amp;rogramów</translation>
+    </message>
+    <message>
+        <source>A &amp;bar behind each time</source>
+        <translation>Pasek za każdym czase&amp;m</translation>
+    </message>
+    <message>
+        <source>Titles without their program’s &amp;name</source>
+        <translation>Tytuły bez &amp;nazwy ich programu</translation>
+    </message>
+    <message>
+        <source>Times of pro&amp;jects in the sidebar</source>
+        <translation>Czasy pro&amp;jektów na pasku bocznym</translation>
+    </message>
+    <message>
+        <source>Lists:</source>
+        <translation>Listy:</translation>
+    </message>
 </context>
 </TS>

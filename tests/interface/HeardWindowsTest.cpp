@@ -328,8 +328,8 @@ TEST_F(HeardWindowsTest, theCutOff_speaksTimesAndNotSteps) {
 TEST_F(HeardWindowsTest, aColour_isHeardInTheSidebarAndInTheRows) {
     show();
     const QAbstractItemModel& projects = *window().projectOutline().model();
-    EXPECT_EQ(str(projects.index(1, 0).data(Qt::AccessibleTextRole).toString()), "Poster, Yellow");
-    EXPECT_EQ(str(projects.index(2, 0).data(Qt::AccessibleTextRole).toString()), "Letters");
+    EXPECT_EQ(str(projects.index(1, 0).data(Qt::AccessibleTextRole).toString()), "Poster, Yellow, 00:01:00");
+    EXPECT_EQ(str(projects.index(2, 0).data(Qt::AccessibleTextRole).toString()), "Letters, 00:01:00");
     EXPECT_FALSE(projects.headerData(0, Qt::Horizontal, Qt::DisplayRole).isValid()) << "it is hidden";
     const QString first = row("Mail").data(Qt::AccessibleTextRole).toString() +
                           row("Paint").data(Qt::AccessibleTextRole).toString();

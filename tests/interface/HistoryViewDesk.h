@@ -12,6 +12,8 @@
 
 // A person who looks at the history in the window.
 struct HistoryViewDesk : HistoryDesk {
+    HistoryViewDesk() { controller.setProgramIcons(icons); }
+
     // Some work of the past, put into the file. `at` is in local time.
     void past(const QDateTime& at, qint64 seconds, const char* program, const char* title = "",
               RowPresence presence = RowPresence::Work, const RowTimer& timer = {}) {
@@ -72,7 +74,10 @@ struct HistoryViewDesk : HistoryDesk {
          .project = [this] { return controller.shownProject(); },
          .isCounting = [this] { return controller.timer().isRunning(); },
          .labelOf = [this](const QString& name) { return controller.colorOfProject(name); },
-         .icons = icons},
+         .showProjectTimes =
+             [this](const RangeAnswer* answer) {
+                 answer ? controller.sidebarTimes().showRange(*answer) : controller.sidebarTimes().clear();
+             }},
         history};
     Amending amending{{.window = controller.window(),
                        .view = view,

@@ -219,7 +219,7 @@ TEST_F(HistoryViewTest, programs_haveTheirIconsWhereverTheyAreRows) {
 TEST_F(HistoryViewTest, onlyTheIconsOfRowsThatAreSeen_areLookedFor) {
     int asked = 0;
     ProgramIcons counted([&](const QString&) { return ++asked, std::optional<QString>(); });
-    outline().setIcons(counted);
+    outline().setIcons(&counted);
     for (int number = 0; number < 200; ++number)
         past(today(9, number / 60).addSecs(number % 60), 1, qPrintable(QStringLiteral("P%1").arg(number)));
     show();

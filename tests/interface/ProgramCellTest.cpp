@@ -22,9 +22,14 @@ protected:
     std::shared_ptr<TimeStoreWindow> inbox;
     bool isProjectShown = false;
     ColorTags tags;
-    ProgramCell program{{.isProjectShown = [this] { return isProjectShown; },
-                         .tags = [this](const Identity&) { return tags; },
-                         .applications = [this] { return engine.tracker.timeSet(); }}};
+    bool hasShortTitles = true;
+    ProgramCell program{
+        {.isProjectShown = [this] { return isProjectShown; },
+         .tags = [this](const Identity&) { return tags; },
+         .applications = [this] { return engine.tracker.timeSet(); },
+         .hasShortTitles = [this] { return hasShortTitles; },
+         .programOf =
+             [this](const auto& window) { return engine.tracker.tree().applicationHolding(window); }}};
 };
 
 } // namespace
@@ -78,4 +83,29 @@ TEST_F(ProgramCellTest, whatOnlyStandsForATimer_cannotBeFrozen) {
     const auto pruned = mail->prunedObjectForSearchString(QStringLiteral("Inbox"), 0);
     ASSERT_NE(pruned, nullptr);
     EXPECT_FALSE(program.cell(*pruned, true).supportsFreeze);
+}
+
+TEST_F(ProgramCellTest, aTitleThatEndsInItsProgramsName_isShownWithoutItWhereThatIsWanted) {
+    const auto offer = mail->windowStoreForName(QStringLiteral("Offer - Mail"), std::nullopt);
+    const auto notes = mail->windowStoreForName(QStringLiteral("Offer - Notes"), std::nullopt);
+    EXPECT_EQ(program.shownName(*offer, mail.get()), QStringLiteral("Offer"));
+    EXPECT_EQ(program.shownName(*offer, nullptr), QStringLiteral("Offer")) << "at the top of a project";
+    EXPECT_EQ(program.shownName(*notes, mail.get()), QStringLiteral("Offer - Notes"));
+    EXPECT_EQ(offer->name(), QStringLiteral("Offer - Mail"));
+    hasShortTitles = false;
+    EXPECT_EQ(program.shownName(*offer, mail.get()), QStringLiteral("Offer - Mail"));
+}
+
+TEST_F(ProgramCellTest, theProgramsNameInATitle_isItsOwnOrTheUsers) {
+    const auto offer = mail->windowStoreForName(QStringLiteral("Offer - Mail"), std::nullopt);
+    const auto letter = mail->windowStoreForName(QStringLiteral("Letter - Post"), std::nullopt);
+    mail->setRenamedNameFormatted({{kRecordName, QStringLiteral("Post")}});
+    EXPECT_EQ(program.shownName(*offer, mail.get()), QStringLiteral("Offer"));
+    EXPECT_EQ(program.shownName(*letter, mail.get()), QStringLiteral("Letter"));
+}
+
+TEST_F(ProgramCellTest, aNameOfTheUsersOwn_isShownWhole) {
+    const auto offer = mail->windowStoreForName(QStringLiteral("Offer - Mail"), std::nullopt);
+    offer->setRenamedNameFormatted({{kRecordName, QStringLiteral("Mine - Mail")}});
+    EXPECT_EQ(program.shownName(*offer, mail.get()), QStringLiteral("Mine - Mail – Offer - Mail"));
 }

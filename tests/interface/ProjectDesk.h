@@ -47,10 +47,10 @@ struct ProjectDesk : Desk {
         return selected.isEmpty() ? -1 : selected.first().row();
     }
 
-    // "All Timers, [Poster], Letters": the selected one in brackets.
+    // "All Timers, [Poster], Letters": the selected one in brackets. Without what belongs to no project.
     std::string sidebarText() {
         QStringList labels;
-        for (int row = 0; row < rows().rowCount(); ++row)
+        for (int row = 0; row <= int(projects().count()); ++row)
             labels << (row == chosen() ? u'[' + at(row).data().toString() + u']' : at(row).data().toString());
         return labels.join(QStringLiteral(", ")).toStdString();
     }

@@ -204,3 +204,12 @@ TEST(TKTableLabelCell, aNameOfManyMillions_isDrawnAtOnce) {
     drawn({}, false, QString(12'000'000, u'W'), 1000);
     EXPECT_LT(watch.elapsed(), 2000);
 }
+
+TEST(TKTableLabelCell, aPath_isShortenedAtItsBeginning) {
+    for (const char* path : {"/home/anna/work/offers/2026/offer.odt", "~/work/ticklog/interface",
+                             "anna@desk: ~/work/ticklog", "anna@desk:/srv/www", "file:///home/anna/a.txt"})
+        EXPECT_EQ(elisionOf(QString::fromUtf8(path)), Qt::ElideLeft) << path;
+    for (const char* title :
+         {"Offer 3/2026", "Note: /home is full", "a@b says: /me waves", "offer.odt (~/work)", "~", ""})
+        EXPECT_EQ(elisionOf(QString::fromUtf8(title)), Qt::ElideMiddle) << title;
+}

@@ -5,6 +5,7 @@
 #include "interface/history/TimeSheetForms.h"
 #include "interface/history/TimeSheetWindow.h"
 #include "tests/interface/HistoryViewDesk.h"
+#include "tests/interface/pictures/DrawnIcons.h"
 #include "tests/interface/pictures/Grab.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -31,27 +32,6 @@ constexpr Program kPrograms[] = {
     {"Terminal", 0x3d3846, "make test", "ssh garden"},
 };
 
-// The icons of programs that nobody makes.
-QString iconOf(const Program& program, const QTemporaryDir& folder) {
-    QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
-    icon.fill(Qt::transparent);
-    QPainter painter(&icon);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgb(program.color));
-    painter.drawRoundedRect(4, 4, 56, 56, 14, 14);
-    QFont font = painter.font();
-    font.setPixelSize(40);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(Qt::white);
-    painter.drawText(icon.rect(), Qt::AlignCenter, QString::fromUtf8(program.name).left(1));
-    painter.end();
-    const QString path = folder.filePath(QString::fromUtf8(program.name) + QStringLiteral(".png"));
-    icon.save(path);
-    return path;
-}
-
 // Somebody who works for two clients, at the end of a working week.
 struct Scene : HistoryViewDesk {
     explicit Scene(const QDir& folder)
@@ -65,7 +45,9 @@ struct Scene : HistoryViewDesk {
         controller.saveSettingsToDisk();
         for (const Program& program : kPrograms)
             if (program.name != std::string("Terminal"))
-                iconNames.insert(QString::fromUtf8(program.name), iconOf(program, m_icons));
+                iconNames.insert(
+                    QString::fromUtf8(program.name),
+                    drawnIcon(QString::fromUtf8(program.name), QColor::fromRgb(program.color), m_icons));
         const QDate date = today(0).date();
         for (int day = -40; day <= 0; ++day)
             if (date.addDays(day).dayOfWeek() <= 5 || day == 0)

@@ -2,10 +2,12 @@
 // pictures FOLDER: draws the main window, one PNG for each scene, in the palette, language and scale of the
 // environment (TICKLOG_DARK, TICKLOG_CONTRAST, TICKLOG_LANGUAGE, TICKLOG_MIRRORED, QT_SCALE_FACTOR). For people to look at.
 #include "Classes/rules/RuleCategories.h"
+#include "interface/mainwindow/FirstStart.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/setup/SetupWindow.h"
+#include "interface/shell/ProgramIcons.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/StatusItem.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
@@ -14,6 +16,7 @@
 #include "tests/interface/Desk.h"
 #include "tests/interface/HistoryViewDesk.h"
 #include "tests/interface/pictures/AbsencePictures.h"
+#include "tests/interface/pictures/DrawnIcons.h"
 #include "tests/interface/pictures/Grab.h"
 #include "tests/interface/pictures/HistoryPictures.h"
 #include "tests/interface/pictures/TimePictures.h"
@@ -68,6 +71,7 @@ void wearContrast() {
 struct Scene : Desk {
     explicit Scene(const char* file)
         : name(QLatin1String(file)) {
+        controller.setProgramIcons(icons);
         controller.window().resize(900, 560);
     }
 
@@ -124,11 +128,16 @@ struct Scene : Desk {
 
     void save(const QDir& folder) {
         settle();
+        // Icons are looked for when their rows are painted.
+        controller.window().grab();
+        for (int turn = 0; turn < 20; ++turn)
+            settle();
         controller.window().grab().save(folder.filePath(name + QStringLiteral(".png")));
         std::printf("%s\n", qPrintable(folder.filePath(name + QStringLiteral(".png"))));
     }
 
     QString name;
+    ProgramIcons icons{drawnIconOf};
 };
 
 PropertyListDictionary rulesOfAWriter() {
@@ -360,6 +369,8 @@ void drawStatus(const QDir& folder) {
 void drawAll(const QDir& folder) {
     {
         Scene scene("first-start");
+        const FirstStart first(scene.controller, scene.fakes.defaults,
+                               {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}}, [] {});
         scene.show();
         scene.save(folder);
     }
