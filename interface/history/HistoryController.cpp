@@ -250,8 +250,8 @@ void HistoryController::askForProjectTimes() {
     RangeQuestion ofAll = question();
     ofAll.project.reset();
     m_projectReader->ask<RangeAnswer>([ofAll](SqliteDatabase& file) { return ofAll.answeredBy(file); },
-                                      [this](const Result<RangeAnswer>& answer) {
-                                          if (m_isSeen)
+                                      [this, asked = m_questions](const Result<RangeAnswer>& answer) {
+                                          if (m_isSeen && asked == m_questions)
                                               m_ground.showProjectTimes(answer ? &*answer : nullptr);
                                       });
 }

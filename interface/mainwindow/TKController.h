@@ -140,6 +140,8 @@ public:
     ListOptions& listOptions() { return m_listOptions; }
     // Shows these icons in its lists and menus, where the user wants any. They outlive the controller.
     void setProgramIcons(ProgramIcons& icons);
+    // Null until they are given; listOptions() says whether the user wants any.
+    ProgramIcons* programIcons() const { return m_programIcons; }
     QUndoStack& undoStack() { return m_undoStack; }
     TKProjectController& projectController() { return *m_projectController; }
     SidebarTimes& sidebarTimes() { return *m_sidebarTimes; }

@@ -25,6 +25,11 @@ void RulesTable::reload() {
     endResetModel();
 }
 
+void RulesTable::iconsChanged() {
+    if (!m_names.isEmpty())
+        Q_EMIT dataChanged(index(0, Description), index(rowCount() - 1, Description), {Qt::DecorationRole});
+}
+
 const QString& RulesTable::name(int row) const {
     if (row < 0 || row >= m_names.size())
         throw std::out_of_range("there is no rule in this row");
@@ -55,6 +60,10 @@ QVariant RulesTable::data(const QModelIndex& index, int role) const {
     const auto description = [&] { return Ruleset::description(rule, m_ruleset.record(rule)); };
     if (index.column() == Description && role == Qt::ToolTipRole)
         return PlainText::toolTip(description());
+    if (index.column() == Description && role == Qt::DecorationRole && m_iconOf) {
+        const QPixmap icon = m_iconOf(rule);
+        return icon.isNull() ? QVariant() : QVariant(icon);
+    }
     if (index.column() == Description)
         return role == Qt::DisplayRole ? QVariant(description()) : QVariant();
     switch (role) {

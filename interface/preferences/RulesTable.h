@@ -4,7 +4,9 @@
 #include "Classes/rules/Ruleset.h"
 
 #include <QAbstractTableModel>
+#include <QPixmap>
 
+#include <functional>
 #include <map>
 
 // The rules as rows, sorted by name: whether a rule is active, and what it says. Shows the settings as of the
@@ -15,6 +17,12 @@ public:
     enum Column { Active, Description, kColumnCount };
 
     explicit RulesTable(UserDefaults& defaults);
+
+    // The icon of a rule's program; null for none, or while it is looked for. Without it there are none.
+    using IconOf = std::function<QPixmap(const QString& rule)>;
+    void setIcons(IconOf iconOf) { m_iconOf = std::move(iconOf); }
+    // Icons were found, or are no longer wanted.
+    void iconsChanged();
 
     // Reads the settings afresh.
     void reload();
@@ -38,6 +46,7 @@ private:
     bool isActive(const QString& name) const;
 
     UserDefaults& m_defaults;
+    IconOf m_iconOf;
     Ruleset m_ruleset;
     QStringList m_names;
     // The value that the rows were made from. Kept, so that new rules cannot have the same address.

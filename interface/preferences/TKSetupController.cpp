@@ -6,6 +6,7 @@
 #include "interface/preferences/TokenField.h"
 #include "interface/preferences/WeekdaySelector.h"
 #include "interface/shell/Alerts.h"
+#include "interface/shell/ProgramIcons.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QCheckBox>
@@ -19,6 +20,7 @@ namespace {
 
 // In pixels: what the window has below its pages.
 constexpr int kBelowTabs = 36;
+constexpr int kIconSize = 16;
 
 } // namespace
 
@@ -36,12 +38,26 @@ TKSetupController::TKSetupController(TKController& tkController, Platform& platf
     , m_ruleWindow(*this, &m_prefWindow) {
     addTabs(loginItem);
     connectRules();
+    showIcons();
     m_prefWindow.awakeFromNib(m_archiveTab->bottomView(), platform.notifications);
     placeOverMainWindow();
     m_settings.observe([this] { settingsChanged(); });
     m_locations = tkController.database().observe(kPathDirectoryKey,
                                                   [this](const ObservedChange&) { showDatabaseLocation(); });
     showDatabaseLocation();
+}
+
+void TKSetupController::showIcons() {
+    ProgramIcons* icons = m_tkController.programIcons();
+    const ListOptions& options = m_tkController.listOptions();
+    if (!icons)
+        return;
+    m_rules.setIcons([this, icons, &options](const QString& rule) {
+        return options.hasIcons() ? icons->icon(rule, kIconSize, m_prefWindow.devicePixelRatioF())
+                                  : QPixmap();
+    });
+    QObject::connect(icons, &ProgramIcons::found, &m_rules, &RulesTable::iconsChanged);
+    QObject::connect(&options, &ListOptions::changed, &m_rules, &RulesTable::iconsChanged);
 }
 
 void TKSetupController::placeOverMainWindow() {

@@ -80,6 +80,7 @@ private:
     void placeOverMainWindow();
     void addTabs(const std::optional<LoginItem>& loginItem);
     void connectRules();
+    void showIcons();
     ArchiveTab::Actions archiveActions();
     TitlesTab::Services titleServices();
     void holdOverPast(const PastTitles& past, const PropertyListArray& rules);

@@ -17,6 +17,7 @@ namespace {
 constexpr int kMostKilobytes = 4096;
 // More rows than a screen shows; whoever scrolls on no longer needs the first ones.
 constexpr std::size_t kMostWanted = 200;
+constexpr int kMostUntold = 10;
 // Whatever a path leads to: larger pictures are not icons.
 constexpr int kLargestSide = 2048;
 
@@ -77,7 +78,11 @@ void ProgramIcons::findNext() {
     m_kept.insert(wanted.key, icon, 1 + icon->width() * icon->height() * 4 / 1024);
     if (!m_wanted.empty())
         QTimer::singleShot(0, this, &ProgramIcons::findNext);
-    Q_EMIT found();
+    // Who shows them paints all its rows again, so not for each of many.
+    if (m_wanted.empty() || ++m_untold == kMostUntold) {
+        m_untold = 0;
+        Q_EMIT found();
+    }
 }
 
 QPixmap ProgramIcons::read(const Wanted& wanted) const {

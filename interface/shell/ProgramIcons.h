@@ -25,7 +25,7 @@ public:
     QPixmap icon(const QString& program, int size, double scale);
 
 Q_SIGNALS:
-    // An icon that was asked for is there.
+    // Icons that were asked for are there.
     void found();
 
 private:
@@ -43,4 +43,6 @@ private:
     // By the key. The cost is in kilobytes.
     QCache<QString, QPixmap> m_kept;
     std::deque<Wanted> m_wanted;
+    // How many were found since the last telling.
+    int m_untold = 0;
 };

@@ -276,11 +276,10 @@ void StatusMenu::empty(QMenu& menu) {
 
 // An icon that is still being looked for is shown at a later tick.
 void StatusMenu::showIcon(TimerMenuItem& entry) {
-    if (!entry.item()->isApp())
-        return;
-    if (!m_icons)
-        return entry.setIcon({});
-    if (!entry.icon().isNull())
+    const bool hasIcon = !entry.icon().isNull();
+    if (!m_icons && hasIcon)
+        entry.setIcon({});
+    if (!m_icons || hasIcon || !entry.item()->isApp())
         return;
     const QPixmap icon =
         m_icons->icon(programOf(*entry.item()), TKTableLabelCell::kIconSize, qApp->devicePixelRatio());

@@ -2,6 +2,7 @@
 #include "tests/interface/SetupDesk.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -273,4 +274,21 @@ TEST(RulesTable, everyChange_keepsTheModelsPromises) {
     fakes.defaults.removeObject(kRulesetKey);
     table.reload();
     EXPECT_EQ(table.rowCount(), 0);
+}
+
+TEST(RulesTable, aRule_hasTheIconOfItsProgramOnceItIsThere) {
+    FakePlatform fakes;
+    fakes.defaults.setObject(kRulesetKey, PropertyListDictionary{{u"Mail"_s, PropertyListDictionary{}}});
+    RulesTable table(fakes.defaults);
+    QPixmap icon;
+    table.setIcons([&](const QString& rule) { return rule == u"Mail"_s ? icon : QPixmap(); });
+    const auto hasIcon = [&] {
+        return table.index(0, RulesTable::Description).data(Qt::DecorationRole).isValid();
+    };
+    EXPECT_FALSE(hasIcon());
+    QSignalSpy told(&table, &QAbstractItemModel::dataChanged);
+    icon = QPixmap(16, 16);
+    table.iconsChanged();
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_TRUE(hasIcon());
 }
