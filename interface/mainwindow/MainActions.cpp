@@ -83,7 +83,7 @@ MainActions::MainActions(QObject* window)
     , clearTimers(make(window, "clearTimersItem", localized("Clear Timers")))
     , showManual(make(window, "showManual", localized("&Manual"), QKeySequence::HelpContents))
     , about(make(window, "about", localized("&About Ticklog"))) {
-    clearTimers->setIcon(Images::named(QStringLiteral("ToolbarClear")));
+    clearTimers->setIcon(Images::symbol(QStringLiteral("ToolbarClear")));
     auto* sides = new QActionGroup(window);
     for (QAction* side : {showTimers, showHistory}) {
         side->setCheckable(true);

@@ -30,7 +30,7 @@ namespace {
 constexpr QSize kFirstSize(900, 600);
 constexpr QSize kSmallestSize(480, 300);
 constexpr int kSidebarWidth = 230;
-constexpr int kToolIconSize = 24;
+constexpr int kToolIconSize = 22;
 constexpr int kSearchWidth = 220;
 constexpr int kSmallestSearchWidth = 110;
 constexpr int kToolMargin = 6;
@@ -189,7 +189,7 @@ void MainWindow::popUp(const QString& name, const QList<QAction*>& items, const 
 }
 
 void MainWindow::showToggle(const QString& image, const QString& label) {
-    m_actions.toggleCounting->setIcon(Images::named(image));
+    m_actions.toggleCounting->setIcon(Images::symbol(image));
     m_actions.toggleCounting->setText(label);
 }
 

@@ -4,7 +4,7 @@
 #include <QSplitter>
 
 // Two panes side by side, each with a least width. When the window is resized, the right pane changes and the
-// left one keeps its width.
+// left one keeps its width. The divider is a thin line, which can be grasped a little beside it.
 class TKConstrainedSplitView : public QSplitter {
     Q_OBJECT
 public:
@@ -16,4 +16,5 @@ public:
 
 protected:
     void childEvent(QChildEvent* event) override;
+    QSplitterHandle* createHandle() override;
 };

@@ -29,6 +29,7 @@ constexpr double kDotStep = 15;
 constexpr double kTextInset = 2;
 // The opacity of the dimmed part, 0 to 1.
 constexpr float kDimmed = 0.55F;
+constexpr float kQuiet = 0.7F;
 
 // Looked up once and kept.
 const QIcon& documentImage() {
@@ -198,8 +199,10 @@ void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, boo
     const bool isMirrored = painter.layoutDirection() == Qt::RightToLeft;
     const Layout places = isMirrored ? layout(frame, isHovered).mirrored(frame) : layout(frame, isHovered);
     const QColor tint = text.isOnHighlight ? text.color : QColor();
-    // Unlike these, the pictures of the sidebar have variants of their own for a selection.
-    drawImage(painter, icon(), places.icon, {});
+    // Quiet beside the colours of projects, and to be seen on whatever a palette marks a selection with.
+    QColor quiet = text.color;
+    quiet.setAlphaF(text.isOnHighlight ? 1 : kQuiet);
+    drawImage(painter, icon(), places.icon, quiet);
     if (programIcon && !programIcon->isNull())
         drawAligned(painter, *programIcon, places.programIcon.topLeft());
     if (showWindowIcon)

@@ -2,8 +2,10 @@
 #include "interface/shell/Images.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
@@ -19,11 +21,14 @@ QString fileOf(QString name) {
     return QStringLiteral(":/images/%1.svg").arg(name);
 }
 
+enum class Colors { Own, OfTexts };
+
 // Draws several pictures over each other.
 class OutlineIconEngine : public QIconEngine {
 public:
-    explicit OutlineIconEngine(QStringList names)
-        : m_names(std::move(names)) {}
+    explicit OutlineIconEngine(QStringList names, Colors colors = Colors::Own)
+        : m_names(std::move(names))
+        , m_colors(colors) {}
 
     QIconEngine* clone() const override { return new OutlineIconEngine(*this); }
 
@@ -39,11 +44,13 @@ public:
     }
 
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
-        const QString key = QStringLiteral("%1/%2x%3/%4")
-                                .arg(m_names.join(u'+'))
-                                .arg(size.width())
-                                .arg(size.height())
-                                .arg(int(mode));
+        const QString key =
+            QStringLiteral("%1/%2x%3/%4/%5")
+                .arg(m_names.join(u'+'))
+                .arg(size.width())
+                .arg(size.height())
+                .arg(int(mode))
+                .arg(m_colors == Colors::OfTexts ? color(mode).name(QColor::HexArgb) : QString());
         QPixmap pixmap;
         if (!QPixmapCache::find(key, &pixmap)) {
             pixmap = draw(size, mode);
@@ -57,17 +64,28 @@ private:
         QPixmap pixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        if (mode == QIcon::Disabled)
+        if (mode == QIcon::Disabled && m_colors == Colors::Own)
             painter.setOpacity(0.4);
         for (const QString& name : m_names) {
             QSvgRenderer outlines(fileOf(name));
             outlines.setAspectRatioMode(Qt::KeepAspectRatio);
             outlines.render(&painter, QRectF(QPointF(), size));
         }
+        if (m_colors == Colors::OfTexts) {
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(pixmap.rect(), color(mode));
+        }
         return pixmap;
     }
 
+    static QColor color(QIcon::Mode mode) {
+        return QGuiApplication::palette().color(
+            mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active,
+            mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText);
+    }
+
     QStringList m_names;
+    Colors m_colors;
 };
 
 QIcon icon(const QStringList& names) {
@@ -82,6 +100,10 @@ QIcon icon(const QStringList& names) {
 
 QIcon Images::named(const QString& name) {
     return icon({name});
+}
+
+QIcon Images::symbol(const QString& name) {
+    return QFile::exists(fileOf(name)) ? QIcon(new OutlineIconEngine({name}, Colors::OfTexts)) : QIcon();
 }
 
 QIcon Images::application(bool isRecording) {

@@ -9,6 +9,9 @@ namespace Images {
 
 // A picture such as "ToolbarStart". Draws nothing if no picture has this name.
 QIcon named(const QString& name);
+// The same in the colour of the texts of buttons, whatever the palette is, fainter while disabled. For commands, beside
+// whose texts several colours would be restless.
+QIcon symbol(const QString& name);
 // The program's icon, with the badge of a running timer over it if `isRecording`.
 QIcon application(bool isRecording);
 // The intended size of a picture in logical pixels; empty if no picture has this name.

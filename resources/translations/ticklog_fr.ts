@@ -2021,7 +2021,7 @@
     </message>
     <message>
         <source>Lists:</source>
-        <translation>Listes :</translation>
+        <translation>Listes&#xa0;:</translation>
     </message>
 </context>
 </TS>

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "interface/shell/Images.h"
+
 #include "tests/Places.h"
 
 #include <QDir>
@@ -29,4 +31,23 @@ TEST(Images, everyPictureOfTheRepository_isInTheProgramAndCanBeDrawn) {
         for (const int size : {16, 22, 32, 48})
             EXPECT_FALSE(isBlank(icon.pixmap(size).toImage())) << qPrintable(name) << " at " << size;
     }
+}
+
+TEST(Images, aSymbol_hasTheColourOfTextsInWhateverPalette) {
+    const QPalette before = QGuiApplication::palette();
+    const auto colorOf = [](QIcon::Mode mode) {
+        const QIcon icon = Images::symbol(QStringLiteral("ToolbarPause"));
+        // In the left of its two bars.
+        return icon.pixmap(QSize(32, 32), mode).toImage().pixelColor(10, 16);
+    };
+    for (const QColor& text : {QColor(Qt::black), QColor(Qt::white)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::ButtonText, text);
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::gray);
+        QGuiApplication::setPalette(palette);
+        EXPECT_EQ(colorOf(QIcon::Normal), text);
+        EXPECT_EQ(colorOf(QIcon::Disabled), QColor(Qt::gray));
+    }
+    QGuiApplication::setPalette(before);
+    EXPECT_TRUE(Images::symbol(QStringLiteral("no such picture")).isNull());
 }
