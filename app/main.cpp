@@ -21,6 +21,7 @@
 #include "interface/shell/PauseMenu.h"
 #include "interface/shell/ProgramIcons.h"
 #include "interface/shell/QtAlerts.h"
+#include "interface/shell/ReadableGreys.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/foundation/files/PrivateFiles.h"
 #include "platform/foundation/programs/DesktopEntries.h"
@@ -182,6 +183,7 @@ void appear(TKController& controller) {
 // Runs from the first window to the last save; answers the exit status. Opens `files` once it runs.
 int run(QApplication& application, SingleInstance& instance, const QStringList& files) {
     const Translations translations(QLocale().uiLanguages());
+    const ReadableGreys greys;
     LinuxPlatform desktop;
     Platform& platform = desktop.platform();
     QtAlerts alerts;

@@ -3,12 +3,12 @@
 
 #include "Classes/report/ReportNames.h"
 #include "interface/labels/TKLabelColorList.h"
+#include "interface/shell/Contrast.h"
 
 #include <QCryptographicHash>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace {
 
@@ -25,14 +25,6 @@ constexpr std::array<QRgb, PictureColors::kSlots> kOnDark{
 constexpr QRgb kGrey = 0x94a4a2;
 constexpr QRgb kDarkGrey = 0x717581;
 constexpr double kOutlineContrast = 3;
-
-// How bright a colour seems, from 0 to 1, as the web's rules for contrast define it.
-double luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
 
 QColor mixed(const QColor& one, const QColor& other, double ofOther) {
     const auto part = [&](float a, float b) { return a + (b - a) * float(ofOther); };
@@ -126,7 +118,7 @@ QColor PictureColors::nobody(const QPalette& palette) {
 
 QColor PictureColors::outline(const QColor& fill, const QPalette& palette) {
     const QColor ground = palette.color(QPalette::Window);
-    const QColor towards = luminance(ground) > 0.18 ? Qt::black : Qt::white;
+    const QColor towards = Contrast::luminance(ground) > 0.18 ? Qt::black : Qt::white;
     // Even fills that need none have one, so that neighbours of a like colour are apart.
     for (double part = 0.25; part < 1; part += 0.05)
         if (const QColor line = mixed(fill, towards, part); contrast(line, ground) >= kOutlineContrast)
@@ -139,10 +131,10 @@ QColor PictureColors::textOn(const QColor& fill) {
 }
 
 double PictureColors::contrast(const QColor& one, const QColor& other) {
-    const auto [darker, brighter] = std::minmax({luminance(one), luminance(other)});
-    return (brighter + 0.05) / (darker + 0.05);
+    return Contrast::of(one, other);
 }
 
 bool PictureColors::isDark(const QPalette& palette) {
-    return luminance(palette.color(QPalette::Window)) < luminance(palette.color(QPalette::WindowText));
+    return Contrast::luminance(palette.color(QPalette::Window)) <
+           Contrast::luminance(palette.color(QPalette::WindowText));
 }

@@ -28,8 +28,9 @@ constexpr double kDotStep = 15;
 // Space between the edge of the text's rectangle and the text.
 constexpr double kTextInset = 2;
 // The opacity of the dimmed part, 0 to 1.
-constexpr float kDimmed = 0.55F;
+constexpr float kDimmed = 0.65F;
 constexpr float kQuiet = 0.7F;
+constexpr float kRing = 0.55F;
 
 // Looked up once and kept.
 const QIcon& documentImage() {
@@ -77,6 +78,17 @@ void drawImage(QPainter& painter, const QIcon& image, const QRectF& rect, const 
         tinting.fillRect(QRectF(QPointF(), rect.size()), tint);
     }
     drawAligned(painter, pixmap, rect.topLeft());
+}
+
+// Some colours are hardly seen on some grounds by themselves.
+void drawRing(QPainter& painter, const QRectF& dot, QColor ink) {
+    ink.setAlphaF(ink.alphaF() * kRing);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ink, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(dot.adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.restore();
 }
 
 // How many characters at the end of `elided` belong to the dimmed end of `whole`.
@@ -209,7 +221,10 @@ void TKTableLabelCell::drawWithFrame(QPainter& painter, const QRectF& frame, boo
         drawImage(painter, documentImage(), places.windowIcon, tint);
     drawText(painter, places.text, text);
     drawImage(painter, isFrozen ? freezeImage() : freezeActionImage(), places.mark, tint);
-    for (std::size_t i = 0; i < places.dots.size(); ++i)
-        drawColorDot(painter, places.dots[i],
-                     TKLabelColorList::sharedColorList().colorForTag((*selectedTags)[qsizetype(i)]), 1);
+    for (std::size_t i = 0; i < places.dots.size(); ++i) {
+        const QColor color = TKLabelColorList::sharedColorList().colorForTag((*selectedTags)[qsizetype(i)]);
+        drawColorDot(painter, places.dots[i], color, 1);
+        if (color.alpha() > 0)
+            drawRing(painter, places.dots[i], text.color);
+    }
 }

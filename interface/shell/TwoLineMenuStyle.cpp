@@ -21,7 +21,7 @@ constexpr int kIconGap = 8;
 constexpr int kWidestName = 420;
 constexpr qreal kSmallerBy = 2;
 constexpr qreal kSmallestPoints = 6;
-constexpr qreal kDimmed = 0.55;
+constexpr qreal kDimmed = 0.65;
 
 const QStyleOptionMenuItem* twoLines(const QStyleOption* option) {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);

@@ -9,6 +9,7 @@
 #include "interface/setup/SetupWindow.h"
 #include "interface/shell/ProgramIcons.h"
 #include "interface/shell/QtAlerts.h"
+#include "interface/shell/ReadableGreys.h"
 #include "interface/shell/StatusItem.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
 #include "platform/foundation/text/LocalizedStrings.h"
@@ -492,6 +493,7 @@ int main(int argc, char** argv) {
         wearDark();
     if (qEnvironmentVariableIsSet("TICKLOG_CONTRAST"))
         wearContrast();
+    const ReadableGreys greys;
     const QString language = qEnvironmentVariable("TICKLOG_LANGUAGE", QStringLiteral("en"));
     QLocale::setDefault(QLocale(language));
     const Translations translations({language});
