@@ -235,6 +235,21 @@ TEST_F(ProductTest, aDamagedDatabase_isSetAsideAndNotLost) {
     EXPECT_TRUE(isKept);
 }
 
+TEST_F(ProductTest, optionsOfTheToolkit_areNotRefusedAsUnknown) {
+    const auto answered = [this](const QStringList& options) {
+        const auto program =
+            desk.start(QStringLiteral(TICKLOG_BINARY_DIR "/ticklog"),
+                       options + QStringList{QStringLiteral("--version")}, Program::Output::Read);
+        const bool isVersion = program->readLine().value_or(QByteArray()).startsWith("ticklog ");
+        return program->waitUntilEnded() && program->exitStatus() == 0 && isVersion;
+    };
+    for (const char* options :
+         {"-reverse", "--reverse", "-style fusion", "--style fusion", "-style=fusion", "--style=fusion",
+          "-platform xcb", "--platform=xcb", "-stylesheet none.qss", "-reverse -style fusion -platform xcb"})
+        EXPECT_TRUE(answered(QString::fromLatin1(options).split(u' '))) << options;
+    EXPECT_FALSE(answered({QStringLiteral("--styles")}));
+}
+
 TEST_F(ProductTest, helpAndVersion_areAnsweredWithoutAWindow) {
     for (const QString& option : {QStringLiteral("--help"), QStringLiteral("--version")}) {
         const auto program =
