@@ -64,7 +64,7 @@ void HistoryCell::drawBar(QPainter& painter, const QStyleOptionViewItem& option,
     bar.setWidth(std::max(1, int(std::lround(bar.width() * share))));
     QColor color = colorOf(index);
     if (!color.isValid())
-        color = option.palette.color(QPalette::Highlight);
+        color = (option.widget ? option.widget->palette() : option.palette).color(QPalette::Highlight);
     color.setAlphaF(float(index.parent().isValid() ? kPartStrength : kBarStrength));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -2,6 +2,8 @@
 #include "interface/history/HistoryOutline.h"
 
 #include "interface/history/HistoryCell.h"
+#include "interface/outline/KeyHolder.h"
+#include "interface/outline/SortingHeader.h"
 #include "interface/shell/ProgramIcons.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -16,6 +18,7 @@ namespace {
 constexpr int kIndentation = 20;
 constexpr int kTimeWidth = 110;
 constexpr int kShareWidth = 130;
+constexpr int kColumnAir = 32;
 constexpr int kInvitationMargin = 32;
 
 // Whole seconds, as they are shown.
@@ -59,6 +62,9 @@ HistoryOutline::HistoryOutline(QWidget* parent)
     : QTreeView(parent)
     , m_order(new Order(m_rows, [this] { return HistoryForms::copied(heads(), lines(true)); }))
     , m_cells(new HistoryCell(this)) {
+    setHeader(new SortingHeader(this));
+    header()->setSectionsMovable(true);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setModel(m_order.get());
     setItemDelegate(m_cells);
     setUniformRowHeights(true);
@@ -74,8 +80,30 @@ HistoryOutline::HistoryOutline(QWidget* parent)
     sortByColumn(HistoryModel::TimeSpentColumn, Qt::DescendingOrder);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(HistoryModel::NameColumn, QHeaderView::Stretch);
-    header()->resizeSection(HistoryModel::TimeSpentColumn, kTimeWidth);
-    header()->resizeSection(HistoryModel::ShareColumn, kShareWidth);
+    fitColumns();
+}
+
+void HistoryOutline::fitColumns() {
+    const auto wide = [this](const char* text) {
+        return fontMetrics().horizontalAdvance(QLatin1String(text)) + kColumnAir;
+    };
+    header()->resizeSection(
+        HistoryModel::TimeSpentColumn,
+        std::max({kTimeWidth, wide("1000:00:00"), header()->sectionSizeHint(HistoryModel::TimeSpentColumn)}));
+    header()->resizeSection(
+        HistoryModel::ShareColumn,
+        std::max({kShareWidth, wide("100.0 %"), header()->sectionSizeHint(HistoryModel::ShareColumn)}));
+}
+
+void HistoryOutline::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTreeView::initViewItemOption(option);
+    KeyHolder::paleUnlessHolder(*this, *option);
+}
+
+void HistoryOutline::changeEvent(QEvent* event) {
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitColumns();
 }
 
 HistoryOutline::~HistoryOutline() = default;

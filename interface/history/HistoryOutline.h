@@ -46,6 +46,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void changeEvent(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
@@ -57,6 +59,9 @@ private:
     std::vector<Line> lines(bool isSelectedOnly) const;
     QStringList heads() const;
     void addLines(const QModelIndex& parent, bool isSelectedOnly, std::vector<Line>& lines) const;
+
+    // Gives the columns of numbers the room that they need in the font.
+    void fitColumns();
 
     HistoryModel m_rows;
     std::unique_ptr<Order> m_order;

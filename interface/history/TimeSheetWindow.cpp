@@ -6,6 +6,7 @@
 #include "interface/export/FileExtension.h"
 #include "interface/shell/Alerts.h"
 #include "interface/shell/ButtonText.h"
+#include "interface/shell/FirstSize.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/files/UserDefaults.h"
@@ -63,7 +64,7 @@ TimeSheetWindow::TimeSheetWindow(UserDefaults& defaults, Alerts& alerts, QString
     rows->addWidget(makeWords());
     rows->addWidget(makeButtons());
     restoreChoices();
-    resize(kFirstSize);
+    resize(firstSize(*this, kFirstSize));
 }
 
 QComboBox* TimeSheetWindow::choice(const QString& name, const QString& label, const QStringList& texts) {

@@ -56,6 +56,7 @@ MainActions::MainActions(QObject* window)
                               Qt::CTRL | Qt::SHIFT | Qt::Key_C))
     , copySummaryTime(
           make(window, "copySummaryTime", localized("Copy &Summary Time"), Qt::CTRL | Qt::ALT | Qt::Key_C))
+    , paste(make(window, "paste", localized("Paste &into Project"), QKeySequence::Paste))
     , rename(make(window, "rename", localized("Re&name"), Qt::Key_F2))
     , deleteRows(make(window, "delete", localized("&Delete"), QKeySequence::Delete))
     , forceDelete(
@@ -103,8 +104,8 @@ QMenu* MainActions::fill(QMenuBar& menuBar) const {
              revealDatabase, nullptr, exportShown, exportAll, exportProject, exportForSpreadsheet, nullptr,
              closeWindow, quit});
     addMenu(menuBar, "editMenu", localized("&Edit"),
-            {undo, redo, nullptr, copy, copyForSpreadsheet, copySummaryTime, nullptr, rename, deleteRows,
-             forceDelete, nullptr, selectAll, deselectAll, nullptr, find, nullptr, editRules,
+            {undo, redo, nullptr, copy, copyForSpreadsheet, copySummaryTime, paste, nullptr, rename,
+             deleteRows, forceDelete, nullptr, selectAll, deselectAll, nullptr, find, nullptr, editRules,
              showPrefWindow});
     addMenu(menuBar, "viewMenu", localized("&View"),
             {showTimers, showHistory, nullptr, showSidebar, nullptr, expandAll, collapseAll});

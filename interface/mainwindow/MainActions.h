@@ -35,6 +35,8 @@ struct MainActions {
     QAction* copy;
     QAction* copyForSpreadsheet;
     QAction* copySummaryTime;
+    // Puts copied timers into the project that is shown.
+    QAction* paste;
     QAction* rename;
     QAction* deleteRows;
     QAction* forceDelete;

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/MainCommands.h"
 
+#include "Classes/exchange/PasteboardTypes.h"
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "interface/pasteboard/TimeMimeData.h"
 #include "interface/shell/ManualWindow.h"
 #include "interface/sidebar/ProjectMenu.h"
 
 #include <QApplication>
+#include <QClipboard>
 
 #include <algorithm>
 
@@ -27,6 +30,18 @@ void untilOneHolds(QUndoStack& stack, void (QUndoStack::*step)(), bool (QUndoSta
         count = stack.count();
         (stack.*step)();
     }
+}
+
+// Only timers of this program can be members of its projects; so nobody else is asked what they have copied.
+bool hasCopiedTimers() {
+    const auto* copied = qobject_cast<const TimeMimeData*>(QGuiApplication::clipboard()->mimeData());
+    return copied && copied->hasFormat(kTimerPasteboardType);
+}
+
+std::optional<std::vector<Identity>> copiedTimers() {
+    if (!hasCopiedTimers())
+        return std::nullopt;
+    return timersFromPasteboard(QGuiApplication::clipboard()->mimeData()->data(kTimerPasteboardType));
 }
 
 } // namespace
@@ -177,6 +192,12 @@ void MainCommands::connectProjects() {
     const MainActions& actions = m_controller.window().actions();
     TKProjectController& projects = m_controller.projectController();
     connectTo(actions.addProject, m_receiver, [&projects] { projects.addProject(); });
+    connectTo(actions.paste, m_receiver, [&projects] {
+        if (const auto timers = copiedTimers())
+            projects.addToProject(*timers, projects.currentProject());
+    });
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &m_receiver,
+                     [this] { update(); });
     connectTo(actions.renameProject, m_receiver, [&projects] { projects.renameProject(); });
     connectTo(actions.editPatterns, m_receiver, [&projects] { projects.editPatterns(); });
     connectTo(actions.moveProjectUp, m_receiver, [&projects] { projects.moveProject(-1); });
@@ -221,6 +242,7 @@ void MainCommands::update() {
     for (QAction* action : {actions.rename, actions.deleteRows})
         action->setEnabled(isForTimers ? hasSelection : hasProject);
     actions.forceDelete->setEnabled(isForTimers && hasSelection);
+    actions.paste->setEnabled(hasProject && hasCopiedTimers());
     for (QAction* action : {actions.renameProject, actions.editPatterns, actions.exportProject,
                             actions.branchProject, actions.removeProject})
         action->setEnabled(hasProject);

@@ -6,10 +6,12 @@
 #include "interface/history/HistoryPane.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/ObstacleBar.h"
+#include "interface/mainwindow/SortMenu.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/ButtonText.h"
+#include "interface/shell/FirstSize.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
 #include "interface/sidebar/SidebarPane.h"
@@ -49,6 +51,13 @@ MainWindow::MainWindow()
                               localized("History"));
     menuBar()->insertMenu(m_projectMenu->menuAction(), historyMenu);
     m_historyActions.fill(*historyMenu);
+    auto* viewMenu = menuBar()->findChild<QMenu*>(QStringLiteral("viewMenu"));
+    viewMenu->addSeparator();
+    viewMenu->addMenu(new SortMenu(
+        [this]() -> QTreeView& {
+            return isHistoryShown() ? static_cast<QTreeView&>(m_historyPane->outline()) : *m_mainTable;
+        },
+        viewMenu));
     makeToolBar();
     m_splitView = named(new TKConstrainedSplitView(this), QStringLiteral("splitView"));
     m_sidebar =
@@ -63,8 +72,8 @@ MainWindow::MainWindow()
     // Clicking the sum shows the sum of all rows again.
     connect(m_sumBar, &SumBar::sumClicked, m_mainTable, &QAbstractItemView::clearSelection);
     connect(m_sumBar, &SumBar::captionPressed, m_actions.copySummaryTime, &QAction::trigger);
-    setMinimumSize(kSmallestSize);
-    resize(kFirstSize);
+    setMinimumSize(firstSize(*this, kSmallestSize));
+    resize(firstSize(*this, kFirstSize));
     m_mainTable->setFocus();
 }
 

@@ -50,7 +50,8 @@ void drawShare(QPainter& painter, const QStyleOptionViewItem& option, const QMod
     bar.setWidth(int(std::lround(bar.width() * std::clamp(share, 0.0, 1.0))));
     if (bar.width() < 1)
         return;
-    QColor color = option.palette.color(QPalette::Highlight);
+    // The option's is paler where the keys do not go.
+    QColor color = (option.widget ? option.widget->palette() : option.palette).color(QPalette::Highlight);
     color.setAlphaF(index.parent().isValid() ? kPartStrength : kBarStrength);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/TKOutlineDisplayView.h"
 
+#include "interface/outline/KeyHolder.h"
 #include "interface/outline/OutlineCellDelegate.h"
 #include "interface/outline/OutlineRole.h"
+#include "interface/outline/SortingHeader.h"
 #include "interface/outline/TimeTreeModel.h"
 #include "interface/shell/ProgramIcons.h"
 #include "platform/foundation/values/Assertions.h"
@@ -24,13 +26,9 @@ constexpr int kInvitationMargin = 32;
 constexpr int kTimeDigits = 8;
 
 // A header whose texts stand exactly above those of the cells.
-class OutlineHeader : public QHeaderView {
+class OutlineHeader : public SortingHeader {
 public:
-    explicit OutlineHeader(QWidget* parent)
-        : QHeaderView(Qt::Horizontal, parent) {
-        setSectionsClickable(true);
-        setHighlightSections(false);
-    }
+    using SortingHeader::SortingHeader;
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
@@ -273,6 +271,11 @@ void TKOutlineDisplayView::drawInvitation(const QString& text) {
     painter.drawText(viewport()->rect().adjusted(kInvitationMargin, kInvitationMargin, -kInvitationMargin,
                                                  -kInvitationMargin),
                      Qt::AlignCenter | Qt::TextWordWrap, text);
+}
+
+void TKOutlineDisplayView::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTreeView::initViewItemOption(option);
+    KeyHolder::paleUnlessHolder(*this, *option);
 }
 
 void TKOutlineDisplayView::changeEvent(QEvent* event) {

@@ -4,6 +4,7 @@
 #include "Classes/report/Moment.h"
 #include "interface/preferences/SumsTable.h"
 #include "interface/shell/Alerts.h"
+#include "interface/shell/FirstSize.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -57,7 +58,7 @@ ForgetWindow::ForgetWindow(std::unique_ptr<HistoryReader> reader, RunLoop& runLo
     for (QDateTimeEdit* edit : {m_from, m_to})
         connect(edit, &QDateTimeEdit::dateTimeChanged, this, &ForgetWindow::choiceChanged);
     connect(m_button, &QPushButton::clicked, this, &ForgetWindow::ask);
-    resize(kSize);
+    resize(firstSize(*this, kSize));
 }
 
 void ForgetWindow::addControls() {

@@ -5,6 +5,7 @@
 #include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
+#include <QEvent>
 #include <QLayout>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -42,8 +43,7 @@ void PrefWindow::selectTab(const QString& identifier) {
 
 void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter& notifications) {
     m_bottomViewToResizeTo = &bottomViewToResizeTo;
-    resize(std::max(kWidth, sizeHint().width()), sizeHint().height());
-    setMinimumWidth(minimumSizeHint().width());
+    fit();
     // A window that was never shown has no layout yet.
     setAttribute(Qt::WA_DontShowOnScreen);
     show();
@@ -58,6 +58,42 @@ void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter&
             if (std::exchange(m_isUnfolded, isUnfolded) != isUnfolded)
                 autoresizeWindow();
         });
+}
+
+void PrefWindow::fit() {
+    resize(std::max(kWidth, sizeHint().width()), sizeHint().height());
+    setMinimumWidth(minimumSizeHint().width());
+}
+
+void PrefWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    const bool isOther = event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange;
+    // Later, when the controls have heard of it as well.
+    if (isOther && m_bottomViewToResizeTo)
+        QMetaObject::invokeMethod(this, &PrefWindow::measureAnew, Qt::QueuedConnection);
+}
+
+void PrefWindow::measureAnew() {
+    // What is not shown keeps its old sizes until it is asked anew, from the inside out.
+    const auto askPages = [this] {
+        const auto parts = m_prefTabView->findChildren<QWidget*>();
+        for (auto part = parts.rbegin(); part != parts.rend(); ++part)
+            if (QLayout* inner = (*part)->layout()) {
+                inner->invalidate();
+                inner->activate();
+            }
+    };
+    askPages();
+    Q_EMIT controlsChanged();
+    askPages();
+    setMinimumHeight(0);
+    setMaximumHeight(QWIDGETSIZE_MAX);
+    m_bottomViewToResizeTo->setVisible(true);
+    layout()->invalidate();
+    layout()->activate();
+    fit();
+    m_bigHeight = height();
+    autoresizeWindow();
 }
 
 int PrefWindow::heightToFold() const {

@@ -31,7 +31,16 @@ public:
 
     int bigHeight() const { return m_bigHeight; }
 
+Q_SIGNALS:
+    // A font or a style has given the controls other sizes; the window is about to fit them.
+    void controlsChanged();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void fit();
+    void measureAnew();
     // The height of the part that folding hides.
     int heightToFold() const;
 

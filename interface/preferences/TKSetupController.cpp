@@ -75,7 +75,9 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     m_historyTab = new HistoryTab(m_settings, historyActions());
     m_archiveTab = new ArchiveTab(m_settings, archiveActions());
     // The general settings must fit into the folded window.
-    m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs);
+    const auto makeRoom = [this] { m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs); };
+    makeRoom();
+    QObject::connect(&m_prefWindow, &PrefWindow::controlsChanged, m_archiveTab, makeRoom);
     tabs.addTab(m_generalTab, localized("General"));
     tabs.addTab(m_rulesTab, localized("Rules"));
     tabs.addTab(m_titlesTab, localized("Titles"));

@@ -31,6 +31,8 @@ TokenField::TokenField(QWidget* parent)
     QPalette clear = m_editor->palette();
     clear.setBrush(QPalette::Base, Qt::transparent);
     m_editor->setPalette(clear);
+    // Without a policy of its own, the mnemonic of its label would lead nowhere.
+    setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_editor);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum, QSizePolicy::LineEdit);
     setSizePolicy(policy);

@@ -30,6 +30,8 @@ WeekdaySelector::WeekdaySelector(QWidget* parent)
         cells->addWidget(button);
         m_buttons[i] = button;
     }
+    // Without a policy of its own, the mnemonic of its label would lead nowhere.
+    setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_buttons.front());
 }
 

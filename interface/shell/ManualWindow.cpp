@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/ManualWindow.h"
 
+#include "interface/shell/FirstSize.h"
 #include "interface/shell/Named.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -56,7 +57,7 @@ ManualWindow::ManualWindow(QWidget* parent)
     rows->addWidget(halves);
     findHeadings();
     connect(m_headings, &QListWidget::currentRowChanged, this, &ManualWindow::showHeading);
-    resize(kFirstSize);
+    resize(firstSize(*this, kFirstSize));
 }
 
 void ManualWindow::findHeadings() {

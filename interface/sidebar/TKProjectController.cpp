@@ -242,6 +242,8 @@ TKTableLabelCell TKProjectController::cell(const QModelIndex& index) const {
 void TKProjectController::addToProject(const std::vector<Identity>& timers,
                                        const ProjectList::Project& project) {
     change(localized("Add to Project"), [&] { ProjectDrops(m_projects).acceptItems(timers, *project); });
+    if (project == currentProject())
+        refreshProject();
 }
 
 void TKProjectController::addToNewProject(const std::vector<Identity>& timers) {

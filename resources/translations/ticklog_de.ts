@@ -2023,5 +2023,29 @@
         <source>Lists:</source>
         <translation>Listen:</translation>
     </message>
+    <message>
+        <source>Paste &amp;into Project</source>
+        <translation>&amp;In Projekt einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Sortieren nach</translation>
+    </message>
+    <message>
+        <source>&amp;Ascending</source>
+        <translation>&amp;Aufsteigend</translation>
+    </message>
+    <message>
+        <source>&amp;Descending</source>
+        <translation>A&amp;bsteigend</translation>
+    </message>
+    <message>
+        <source>sorted, ascending</source>
+        <translation>aufsteigend sortiert</translation>
+    </message>
+    <message>
+        <source>sorted, descending</source>
+        <translation>absteigend sortiert</translation>
+    </message>
 </context>
 </TS>

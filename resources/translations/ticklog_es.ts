@@ -2023,5 +2023,29 @@
         <source>Lists:</source>
         <translation>Listas:</translation>
     </message>
+    <message>
+        <source>Paste &amp;into Project</source>
+        <translation>Pegar en el pro&amp;yecto</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Ordenar por</translation>
+    </message>
+    <message>
+        <source>&amp;Ascending</source>
+        <translation>&amp;Ascendente</translation>
+    </message>
+    <message>
+        <source>&amp;Descending</source>
+        <translation>&amp;Descendente</translation>
+    </message>
+    <message>
+        <source>sorted, ascending</source>
+        <translation>orden ascendente</translation>
+    </message>
+    <message>
+        <source>sorted, descending</source>
+        <translation>orden descendente</translation>
+    </message>
 </context>
 </TS>

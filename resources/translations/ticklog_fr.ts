@@ -2023,5 +2023,29 @@
         <source>Lists:</source>
         <translation>Listes&#xa0;:</translation>
     </message>
+    <message>
+        <source>Paste &amp;into Project</source>
+        <translation>Coller dans le pro&amp;jet</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>Tr&amp;ier par</translation>
+    </message>
+    <message>
+        <source>&amp;Ascending</source>
+        <translation>&amp;Croissant</translation>
+    </message>
+    <message>
+        <source>&amp;Descending</source>
+        <translation>&amp;Décroissant</translation>
+    </message>
+    <message>
+        <source>sorted, ascending</source>
+        <translation>tri croissant</translation>
+    </message>
+    <message>
+        <source>sorted, descending</source>
+        <translation>tri décroissant</translation>
+    </message>
 </context>
 </TS>

@@ -2023,5 +2023,29 @@
         <source>Lists:</source>
         <translation>一覧:</translation>
     </message>
+    <message>
+        <source>Paste &amp;into Project</source>
+        <translation>プロジェクトに貼り付け(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>並べ替え(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Ascending</source>
+        <translation>昇順(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Descending</source>
+        <translation>降順(&amp;D)</translation>
+    </message>
+    <message>
+        <source>sorted, ascending</source>
+        <translation>昇順で並べ替え済み</translation>
+    </message>
+    <message>
+        <source>sorted, descending</source>
+        <translation>降順で並べ替え済み</translation>
+    </message>
 </context>
 </TS>

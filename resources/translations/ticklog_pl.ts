@@ -2023,5 +2023,29 @@
         <source>Lists:</source>
         <translation>Listy:</translation>
     </message>
+    <message>
+        <source>Paste &amp;into Project</source>
+        <translation>Wkle&amp;j do projektu</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Sortuj według</translation>
+    </message>
+    <message>
+        <source>&amp;Ascending</source>
+        <translation>&amp;Rosnąco</translation>
+    </message>
+    <message>
+        <source>&amp;Descending</source>
+        <translation>&amp;Malejąco</translation>
+    </message>
+    <message>
+        <source>sorted, ascending</source>
+        <translation>sortowane rosnąco</translation>
+    </message>
+    <message>
+        <source>sorted, descending</source>
+        <translation>sortowane malejąco</translation>
+    </message>
 </context>
 </TS>

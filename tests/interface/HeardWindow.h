@@ -24,8 +24,10 @@ public:
     QStringList complaints() {
         m_complaints.clear();
         const bool isMenu = m_window.windowType() == Qt::Popup;
-        if (!isMenu)
+        if (!isMenu) {
             followTab();
+            pressMnemonics();
+        }
         listen(*QAccessible::queryAccessibleInterface(&m_window), QString());
         return m_complaints;
     }
@@ -94,15 +96,31 @@ private:
             m_visited << focus;
             QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(focus);
             m_stops << heard->text(QAccessible::Name);
+            const bool isHeader = heard->role() == QAccessible::ColumnHeader;
             const bool isText = qobject_cast<QTextEdit*>(focus) || qobject_cast<QLabel*>(focus);
             const bool isPage = heard->role() == QAccessible::Grouping && !m_stops.last().isEmpty();
-            if (!isControl(heard->role()) && !isText && !isPage)
+            if (!isControl(heard->role()) && !isText && !isPage && !isHeader)
                 complain(*heard, "has the focus but is no control");
             // In a time the key goes on to the minutes first; in a field of several lines it writes.
             for (int part = 0; part < 12 && QApplication::focusWidget() == focus; ++part)
                 QTest::keyClick(focus, Qt::Key_Tab);
             if (QApplication::focusWidget() == focus)
                 QTest::keyClick(focus, Qt::Key_Tab, Qt::ControlModifier);
+        }
+    }
+
+    // The mnemonic of a label leads to the control that it is the label of.
+    void pressMnemonics() {
+        for (const auto* label : m_window.findChildren<QLabel*>()) {
+            QWidget* buddy = label->buddy();
+            const QKeySequence mnemonic = QKeySequence::mnemonic(label->text());
+            if (!buddy || mnemonic.isEmpty() || !label->isVisible() || !buddy->isEnabled())
+                continue;
+            QTest::keyClick(m_window.focusWidget() ? m_window.focusWidget() : &m_window, mnemonic[0].key(),
+                            mnemonic[0].keyboardModifiers());
+            const QWidget* focus = m_window.focusWidget();
+            if (!focus || (focus != buddy && focus != buddy->focusProxy() && !buddy->isAncestorOf(focus)))
+                m_complaints << label->text() + QStringLiteral(" leads nowhere");
         }
     }
 

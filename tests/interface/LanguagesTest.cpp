@@ -190,6 +190,28 @@ TEST_P(LanguagesTest, thePreferences_haveRoomForTheirTexts) {
         }
 }
 
+TEST_P(LanguagesTest, aLargerFontWhileTheWindowsAreOpen_cutsNothingOff) {
+    show();
+    controller.window().resize(1100, 700);
+    defaults().setObject(kSaveTimerPeriodically, true);
+    setup.showPrefWindow();
+    settle();
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPixelSize(QFontInfo(usual).pixelSize() * 3 / 2);
+    QApplication::setFont(large);
+    settle();
+    for (const char* page : {"General", "Match", "Titles", "History", "Archive"}) {
+        setup.prefWindow().selectTab(QLatin1String(page));
+        settle();
+        EXPECT_GT(expectRoomForTexts(setup.prefWindow()), 3) << page;
+    }
+    EXPECT_GT(expectRoomForTexts(controller.window()), 3);
+    EXPECT_GE(table().columnWidth(1), table().fontMetrics().horizontalAdvance(u"1000:00:00"_s));
+    QApplication::setFont(usual);
+    settle();
+}
+
 TEST_P(LanguagesTest, theWindowToForget_hasRoomForItsTexts) {
     forgetWindow.openFor(QDate(2026, 11, 22), 0);
     forgetWindow.findChild<QComboBox*>(u"forgottenWhen"_s)->setCurrentIndex(2);

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "interface/outline/SortingHeader.h"
+
+#include "interface/shell/SpokenRole.h"
+#include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace {
+
+constexpr int kFocusInset = 2;
+
+} // namespace
+
+SortingHeader::SortingHeader(QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent) {
+    speakAs(*this, QAccessible::ColumnHeader);
+    setSectionsClickable(true);
+    setHighlightSections(false);
+    setFocusPolicy(Qt::TabFocus);
+    connect(this, &QHeaderView::sortIndicatorChanged, this, &SortingHeader::nameSection);
+}
+
+void SortingHeader::goTo(int section) {
+    m_section = std::clamp(section, 0, std::max(0, count() - 1));
+    nameSection();
+    viewport()->update();
+}
+
+void SortingHeader::sort() {
+    const bool isSorted = sortIndicatorSection() == m_section;
+    const bool isDescending = isSorted && sortIndicatorOrder() == Qt::AscendingOrder;
+    setSortIndicator(m_section, isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void SortingHeader::nameSection() {
+    if (!model())
+        return;
+    const QString title = model()->headerData(m_section, Qt::Horizontal).toString();
+    if (sortIndicatorSection() != m_section)
+        setAccessibleName(title);
+    else
+        setAccessibleName(title + QStringLiteral(", ") +
+                          (sortIndicatorOrder() == Qt::AscendingOrder ? localized("sorted, ascending")
+                                                                      : localized("sorted, descending")));
+}
+
+void SortingHeader::keyPressEvent(QKeyEvent* event) {
+    const int step = isRightToLeft() ? -1 : 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        goTo(m_section - step);
+        break;
+    case Qt::Key_Right:
+        goTo(m_section + step);
+        break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        sort();
+        break;
+    default:
+        // Not the keys of an item view: the header has no rows.
+        event->ignore();
+    }
+}
+
+void SortingHeader::focusInEvent(QFocusEvent* event) {
+    nameSection();
+    QHeaderView::focusInEvent(event);
+    viewport()->update();
+}
+
+void SortingHeader::focusOutEvent(QFocusEvent* event) {
+    QHeaderView::focusOutEvent(event);
+    viewport()->update();
+}
+
+void SortingHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
+    // The style of a header may leave the painter as it likes.
+    painter->save();
+    QHeaderView::paintSection(painter, rect, section);
+    painter->restore();
+    if (!hasFocus() || section != m_section)
+        return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = rect.adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset);
+    focus.state |= QStyle::State_KeyboardFocusChange;
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, this);
+}
