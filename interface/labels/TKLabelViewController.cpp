@@ -48,6 +48,7 @@ TKLabelViewController::TKLabelViewController(QMenu& menu, ProjectController proj
         cells->addWidget(button);
         m_labels[tag] = button;
     }
+    setFocusProxy(m_labels.front());
     cells->addStretch(1);
     // What a listener hears of this row of the menu.
     auto* action = new QWidgetAction(&menu);
@@ -71,16 +72,13 @@ void TKLabelViewController::setSelectedTag(int tag) {
         label->setEnabled(isEnabled);
         label->setSelectedColor(label->colorTag() == tag);
     }
+    // The menu gives the focus to the row. Handed on later, it would be heard in the wrong order.
+    setFocusProxy(&selected());
     // Otherwise the focus frame would stay around the previous colour.
     if (std::ranges::any_of(m_labels, &TKLabelButton::hasFocus))
-        focusSelected();
+        selected().setFocus(Qt::TabFocusReason);
     // Colours by role, so that the text can be read in a dark menu too.
     m_mainLabel->setForegroundRole(isEnabled ? QPalette::PlaceholderText : QPalette::WindowText);
-}
-
-void TKLabelViewController::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
-    focusSelected();
 }
 
 void TKLabelViewController::hideEvent(QHideEvent* event) {
@@ -90,10 +88,10 @@ void TKLabelViewController::hideEvent(QHideEvent* event) {
         label->clearFocus();
 }
 
-void TKLabelViewController::focusSelected() {
+TKLabelButton& TKLabelViewController::selected() const {
     const auto selected =
         std::ranges::find_if(m_labels, [](const auto* label) { return label->selectedColor(); });
-    (selected == m_labels.end() ? m_labels.front() : *selected)->setFocus(Qt::TabFocusReason);
+    return *(selected == m_labels.end() ? m_labels.front() : *selected);
 }
 
 void TKLabelViewController::moveFocus(const TKLabelButton& from, int places) {

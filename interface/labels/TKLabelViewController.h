@@ -35,11 +35,11 @@ public:
     const std::array<TKLabelButton*, 7>& labels() const { return m_labels; }
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void focusSelected();
+    // The label of the current project, or the first.
+    TKLabelButton& selected() const;
 
     QMenu& m_menu;
     QLabel* m_mainLabel;
