@@ -66,8 +66,6 @@ GeneralTab::GeneralTab(SettingsBinding& settings, const std::optional<LoginItem>
     self->setAccessibleName(localized("Include time spent in Ticklog in the total"));
     seconds->setAccessibleName(localized("Include seconds in copied times"));
     addAir(*form);
-    addLists(*form, settings);
-    addAir(*form);
     addAppearance(*form, settings);
     if (!loginItem)
         return;
@@ -115,25 +113,6 @@ void GeneralTab::addIdleness(QFormLayout& form, SettingsBinding& settings) {
         minutes->setEnabled(isDetected);
         after->setEnabled(isDetected);
     });
-}
-
-void GeneralTab::addLists(QFormLayout& form, SettingsBinding& settings) {
-    const struct {
-        const char* name;
-        QString text;
-        const QString& key;
-    } choices[] = {
-        {"listIcons", localized("Icons of &programs"), kListIcons},
-        {"listShareBars", localized("A &bar behind each time"), kListShareBars},
-        {"listShortTitles", localized("Titles without their program’s &name"), kListShortTitles},
-        {"listProjectTimes", localized("Times of pro&jects in the sidebar"), kListProjectTimes},
-    };
-    QString heading = localized("Lists:");
-    for (const auto& choice : choices) {
-        auto* box = checkBox(choice.name, choice.text);
-        form.addRow(std::exchange(heading, QString()), box);
-        settings.bind(*box, choice.key);
-    }
 }
 
 void GeneralTab::addAppearance(QFormLayout& form, SettingsBinding& settings) {

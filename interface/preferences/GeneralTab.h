@@ -15,7 +15,7 @@ struct LoginItem {
     std::function<void(bool)> setEnabled;
 };
 
-// The preferences for idle time, for what is summed and copied, for what lists show, and for where Ticklog appears.
+// The preferences for idle time, for what is summed and copied, and for where Ticklog appears.
 class GeneralTab : public QWidget {
     Q_OBJECT
 public:
@@ -27,7 +27,6 @@ public:
 
 private:
     void addIdleness(QFormLayout& form, SettingsBinding& settings);
-    void addLists(QFormLayout& form, SettingsBinding& settings);
     void addAppearance(QFormLayout& form, SettingsBinding& settings);
 
     std::function<void()> m_reload;

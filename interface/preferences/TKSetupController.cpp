@@ -3,6 +3,7 @@
 
 #include "Classes/common/Settings.h"
 #include "interface/mainwindow/TKController.h"
+#include "interface/preferences/ListsTab.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/preferences/WeekdaySelector.h"
 #include "interface/shell/Alerts.h"
@@ -79,6 +80,7 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     makeRoom();
     QObject::connect(&m_prefWindow, &PrefWindow::controlsChanged, m_archiveTab, makeRoom);
     tabs.addTab(m_generalTab, localized("General"));
+    tabs.addTab(new ListsTab(m_settings), localized("Lists"));
     tabs.addTab(m_rulesTab, localized("Rules"));
     tabs.addTab(m_titlesTab, localized("Titles"));
     tabs.addTab(m_historyTab, localized("History"));

@@ -6,7 +6,7 @@
 
 #include <QCheckBox>
 #include <QFontInfo>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -49,7 +49,6 @@ WelcomePage::WelcomePage(QWidget* parent)
     setAccessibleName(localized("Welcome to Ticklog"));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     auto* title = called(new PlainLabel(accessibleName()), "welcomeTitle");
     QFont large = title->font();
@@ -85,18 +84,20 @@ WelcomePage::WelcomePage(QWidget* parent)
 
 QWidget* WelcomePage::makeButtons() {
     auto* titles = called(new QPushButton(localized("Hide Titles…")), "welcomeTitles");
+    titles->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* later = called(new QPushButton(localized("Not Yet")), "welcomeLater");
     m_startButton->setAutoDefault(true);
     m_startButton->setAccessibleDescription(text());
     connect(m_startButton, &QPushButton::clicked, this, &WelcomePage::startWanted);
     connect(titles, &QPushButton::clicked, this, &WelcomePage::titlesWanted);
     connect(later, &QPushButton::clicked, this, &WelcomePage::endWanted);
-    auto* row = new QWidget;
-    auto* cells = new QHBoxLayout(row);
-    cells->setContentsMargins(0, 0, 0, 0);
-    cells->addWidget(m_startButton);
-    cells->addWidget(titles);
-    cells->addStretch(1);
-    cells->addWidget(later);
-    return row;
+    auto* rows = new QWidget;
+    auto* places = new QGridLayout(rows);
+    places->setContentsMargins(0, 0, 0, 0);
+    places->setVerticalSpacing(kAir);
+    places->setColumnStretch(2, 1);
+    places->addWidget(titles, 0, 0, 1, 3);
+    places->addWidget(m_startButton, 1, 0);
+    places->addWidget(later, 1, 1);
+    return rows;
 }

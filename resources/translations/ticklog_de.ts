@@ -1969,7 +1969,7 @@
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
-        <translation>Solange die Zeitmessung läuft, notiert Ticklog, welches Programm und welches seiner Fenster, nach seinem Titel, vorn ist, und wie lange.</translation>
+        <translation>Solange der Timer läuft, notiert Ticklog, welches Programm und welches seiner Fenster, nach seinem Titel, vorn ist, und wie lange.</translation>
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
@@ -1989,7 +1989,7 @@
     </message>
     <message>
         <source>Start the Timer</source>
-        <translation>Zeitmessung starten</translation>
+        <translation>Timer starten</translation>
     </message>
     <message>
         <source>Welcome to Ticklog</source>
@@ -2020,8 +2020,12 @@
         <translation>Zeiten der Pro&amp;jekte in der Seitenleiste</translation>
     </message>
     <message>
-        <source>Lists:</source>
-        <translation>Listen:</translation>
+        <source>Timers and projects show:</source>
+        <translation>Timer und Projekte zeigen:</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>Listen</translation>
     </message>
     <message>
         <source>Paste &amp;into Project</source>

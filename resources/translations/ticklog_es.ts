@@ -2020,8 +2020,12 @@
         <translation>Tiempos de los pro&amp;yectos en la barra lateral</translation>
     </message>
     <message>
-        <source>Lists:</source>
-        <translation>Listas:</translation>
+        <source>Timers and projects show:</source>
+        <translation>Los cronómetros y los proyectos muestran:</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>Listas</translation>
     </message>
     <message>
         <source>Paste &amp;into Project</source>

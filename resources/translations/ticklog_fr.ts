@@ -1989,7 +1989,7 @@
     </message>
     <message>
         <source>Start the Timer</source>
-        <translation>Lancer le chronomètre</translation>
+        <translation>Démarrer le chronomètre</translation>
     </message>
     <message>
         <source>Welcome to Ticklog</source>
@@ -2020,8 +2020,12 @@
         <translation>Durées des pro&amp;jets dans le volet latéral</translation>
     </message>
     <message>
-        <source>Lists:</source>
-        <translation>Listes&#xa0;:</translation>
+        <source>Timers and projects show:</source>
+        <translation>Les chronomètres et les projets affichent :</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>Listes</translation>
     </message>
     <message>
         <source>Paste &amp;into Project</source>

@@ -2020,8 +2020,12 @@
         <translation>サイドバーにプロジェクトの時間(&amp;J)</translation>
     </message>
     <message>
-        <source>Lists:</source>
-        <translation>一覧:</translation>
+        <source>Timers and projects show:</source>
+        <translation>タイマーとプロジェクトに表示するもの:</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>一覧</translation>
     </message>
     <message>
         <source>Paste &amp;into Project</source>

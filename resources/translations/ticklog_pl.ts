@@ -1969,7 +1969,7 @@
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
-        <translation>Gdy pomiar czasu jest włączony, Ticklog zapisuje, który program i które z jego okien, według tytułu, jest na wierzchu i jak długo.</translation>
+        <translation>Gdy licznik działa, Ticklog zapisuje, który program i które z jego okien, według tytułu, jest na wierzchu i jak długo.</translation>
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
@@ -1989,7 +1989,7 @@
     </message>
     <message>
         <source>Start the Timer</source>
-        <translation>Włącz pomiar czasu</translation>
+        <translation>Uruchom licznik</translation>
     </message>
     <message>
         <source>Welcome to Ticklog</source>
@@ -2020,8 +2020,12 @@
         <translation>Czasy pro&amp;jektów na pasku bocznym</translation>
     </message>
     <message>
-        <source>Lists:</source>
-        <translation>Listy:</translation>
+        <source>Timers and projects show:</source>
+        <translation>Liczniki i projekty pokazują:</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>Listy</translation>
     </message>
     <message>
         <source>Paste &amp;into Project</source>

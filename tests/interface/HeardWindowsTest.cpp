@@ -7,10 +7,12 @@
 #include "interface/labels/TKLabelButton.h"
 #include "interface/mainwindow/AppTypeControl.h"
 #include "interface/mainwindow/CutoffSlider.h"
+#include "interface/mainwindow/FirstStart.h"
 #include "interface/mainwindow/ObstacleBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/mainwindow/SumOfTimesLabel.h"
 #include "interface/setup/SetupWindow.h"
+#include "interface/setup/WelcomePage.h"
 #include "interface/shell/PauseMenu.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
@@ -102,6 +104,14 @@ TEST_F(HeardWindowsTest, theMainWindow_isSpokenAsPeopleSpeak) {
     ASSERT_NE(editor, nullptr);
     EXPECT_FALSE(HeardWindow::isIdentifier(editor->accessibleName()));
     EXPECT_FALSE(editor->accessibleName().isEmpty());
+}
+
+TEST_F(HeardWindowsTest, theFirstStart_isSpokenAsPeopleSpeak) {
+    const FirstStart first(controller, fakes.defaults,
+                           {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}}, [] {});
+    show();
+    listenTo(window(), "the first start");
+    EXPECT_EQ(child<QPushButton>(window(), "welcomeStart").accessibleDescription(), WelcomePage::text());
 }
 
 TEST_F(HeardWindowsTest, theHistory_isSpokenAsPeopleSpeak) {

@@ -4,7 +4,9 @@
 #include "interface/history/HistoryPane.h"
 #include "interface/history/NamingWindow.h"
 #include "interface/history/RangeBar.h"
+#include "interface/mainwindow/FirstStart.h"
 #include "interface/setup/SetupWindow.h"
+#include "interface/setup/WelcomePage.h"
 #include "interface/sidebar/ProjectPatternsWindow.h"
 #include "platform/foundation/text/Translations.h"
 #include "tests/interface/SetupDesk.h"
@@ -151,6 +153,15 @@ TEST_P(LanguagesTest, theMainWindow_hasRoomForItsTexts) {
     account("Mail", 40);
     settle();
     EXPECT_GT(expectRoomForTexts(window), 3);
+}
+
+TEST_P(LanguagesTest, theFirstStart_hasRoomForItsTexts) {
+    const FirstStart first(controller, fakes.defaults,
+                           {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}}, [] {});
+    // In a smaller window it scrolls.
+    controller.window().resize(760, 600);
+    show();
+    EXPECT_GT(expectRoomForTexts(*controller.window().findChild<WelcomePage*>()), 3);
 }
 
 TEST_P(LanguagesTest, theHistorysRanges_haveRoomForTheirTexts) {
