@@ -344,7 +344,9 @@ void History::holdRules(const PropertyListValue& rules, const std::optional<Iden
 
 std::optional<std::int64_t> History::amend(const Amendment& amendment) {
     Amendment past = amendment;
-    past.pieces = pastOf(std::move(past.pieces));
+    // What was recorded ahead of now, before the clock was set back, may be changed as well.
+    if (past.kind == Amendment::Kind::Book)
+        past.pieces = pastOf(std::move(past.pieces));
     if (past.name)
         past.name = cleanText(*past.name).trimmed();
     if (!m_listening || past.pieces.empty())
@@ -355,9 +357,13 @@ std::optional<std::int64_t> History::amend(const Amendment& amendment) {
 }
 
 // What is still to come will be measured, and so will what has passed since the last tick.
-std::vector<Amendment::Piece> History::pastOf(std::vector<Amendment::Piece> pieces) const {
+std::int64_t History::pastEnd() const {
     const auto told = m_recorder.recordedTo();
-    const std::int64_t end = told && *told <= now() && now() - *told < kJustTold ? *told : now();
+    return told && *told <= now() && now() - *told < kJustTold ? *told : now();
+}
+
+std::vector<Amendment::Piece> History::pastOf(std::vector<Amendment::Piece> pieces) const {
+    const std::int64_t end = pastEnd();
     for (Amendment::Piece& piece : pieces)
         piece.to = std::min(piece.to, end);
     std::erase_if(pieces, [](const Amendment::Piece& piece) { return piece.from >= piece.to; });

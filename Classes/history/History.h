@@ -75,9 +75,11 @@ public:
     // Applies the rules for titles to the past: what they hide is deleted as by forget(), and what they
     // replace is replaced. `hidden` is the timer that gets the time whose program must not be known.
     void holdRules(const PropertyListValue& rules, const std::optional<Identity>& hidden);
-    // What of the pieces is over, as far as it has been measured.
+    // Up to when time has been measured, in milliseconds since 1970: now, or the tick before.
+    std::int64_t pastEnd() const;
+    // What of the pieces lies before that.
     std::vector<Amendment::Piece> pastOf(std::vector<Amendment::Piece> pieces) const;
-    // Has written down what a person says about the past, up to now. The timers and their totals stay what
+    // Has written down what a person says about the past; nothing is booked ahead of now. The timers and their totals stay what
     // they are. Answers by what takeBack() knows it; absent while no history is kept, or if nothing is said.
     std::optional<std::int64_t> amend(const Amendment& amendment);
     // Undoes it: everything is exactly as before. The last one first.

@@ -106,6 +106,8 @@ private:
     void cutAt(std::int64_t time);
     std::vector<Key> keysIn(const Amendment::Piece& piece, const MeantStretches& meant);
     void changeRow(const Key& key, const Amendment& amendment, std::int64_t made);
+    std::vector<Amendment::Piece> freeIn(const Amendment::Piece& piece);
+    void book(const Amendment::Piece& free, const HistoryRow& booked, std::int64_t made);
     void bookRow(const Key& key, const HistoryRow& booked, std::int64_t made);
     void bookGaps(const Amendment::Piece& piece, const HistoryRow& booked, std::int64_t made);
     void become(const Key& key, const Numbers& before, const Numbers& after);

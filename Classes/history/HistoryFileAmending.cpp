@@ -47,10 +47,49 @@ void HistoryFile::apply(const HistoryChange::Amended& change) {
                                 .title = what.name.value_or(QString()),
                                 .timer = {.application = {}, .window = {}, .project = what.project},
                                 .presence = RowPresence::ByHand};
-        bookGaps(piece, booked, made);
-        for (const Key& key : keysIn(piece, meant))
-            bookRow(key, booked, made);
+        for (const Amendment::Piece& free : freeIn(piece))
+            book(free, booked, made);
     }
+}
+
+// Where nobody worked. After the clock was set back, idle time may lie over work, and a minute is booked once.
+std::vector<Amendment::Piece> HistoryFile::freeIn(const Amendment::Piece& piece) {
+    std::vector<Amendment::Piece> free;
+    std::int64_t from = piece.from;
+    for (SqliteQuery row(m_database,
+                         "SELECT start, start + length FROM stretches JOIN timers ON timers.id = timer "
+                         "WHERE start >= ? AND start < ? AND presence <> ? AND NOT deleted ORDER BY start",
+                         piece.from - LocalHours::kHour, piece.to, std::int64_t(RowPresence::Idle));
+         row.next();) {
+        if (row.integer(0) > from)
+            free.push_back({from, row.integer(0)});
+        from = std::max(from, row.integer(1));
+    }
+    if (from < piece.to)
+        free.push_back({from, piece.to});
+    return free;
+}
+
+// In a piece without work: its gaps, and its idle time once.
+void HistoryFile::book(const Amendment::Piece& free, const HistoryRow& booked, std::int64_t made) {
+    cutAt(free.from);
+    cutAt(free.to);
+    const MeantStretches all(m_database, {});
+    std::int64_t end = free.from;
+    for (const Key& key : keysIn(free, all)) {
+        const std::int64_t itsEnd = key.start + numbersAt(key)->length;
+        if (key.start < end)
+            cutAt(end);
+        end = std::max(end, itsEnd);
+    }
+    const std::vector<Key> idle = keysIn(free, all);
+    bookGaps(free, booked, made);
+    end = free.from;
+    for (const Key& key : idle)
+        if (key.start >= end) {
+            end = key.start + numbersAt(key)->length;
+            bookRow(key, booked, made);
+        }
 }
 
 std::vector<HistoryFile::Key> HistoryFile::keysIn(const Amendment::Piece& piece,

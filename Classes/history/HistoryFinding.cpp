@@ -100,6 +100,14 @@ std::int64_t stretchesIn(SqliteDatabase& history, const std::vector<Amendment::P
     return count;
 }
 
+std::int64_t lastRecorded(SqliteDatabase& history) {
+    SqliteQuery row(history,
+                    "SELECT ifnull(max(start + length), 0) FROM stretches "
+                    "WHERE start >= (SELECT max(start) FROM stretches) - ?",
+                    kLongestRow);
+    return row.next() ? row.integer(0) : 0;
+}
+
 MeantStretches::MeantStretches(SqliteDatabase& history, const std::vector<Amendment::Whose>& only)
     : m_areAll(only.empty()) {
     for (const auto& [program, title] : only) {

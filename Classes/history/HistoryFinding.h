@@ -39,6 +39,9 @@ std::int64_t stretchesIn(SqliteDatabase& history, const std::vector<Amendment::P
 // The names of all programs, sorted.
 QStringList programsIn(SqliteDatabase& history);
 
+// Up to when something is recorded, in milliseconds since 1970; 0 for nothing.
+std::int64_t lastRecorded(SqliteDatabase& history);
+
 // Whose time is meant, by the file's own numbers.
 class MeantStretches {
 public:

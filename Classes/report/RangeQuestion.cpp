@@ -48,6 +48,9 @@ public:
         return report.lines();
     }
 
+    qint64 from() const { return m_request.from.toMSecsSinceEpoch(); }
+    qint64 to() const { return m_request.to.toMSecsSinceEpoch(); }
+
     // Stretches, by what people see of them.
     ChosenTimes chosen(const std::vector<ReportLine>& lines) {
         ChosenTimes times;
@@ -223,6 +226,19 @@ qint64 RangeQuestion::workIn(SqliteDatabase& history) const {
     for (const ReportLine& line : Reading(*this, history).linesBy({ReportKey::App}))
         work += line.milliseconds;
     return work;
+}
+
+qint64 RangeQuestion::freeIn(SqliteDatabase& history) const {
+    const SqliteTransaction reading(history);
+    Reading range(*this, history);
+    qint64 free = 0;
+    qint64 from = range.from();
+    // In order of time; they may lie over each other.
+    for (const ReportLine& line : range.linesBy({ReportKey::Stretch})) {
+        free += std::max<qint64>(0, line.start - from);
+        from = std::max(from, line.start + line.milliseconds);
+    }
+    return free + std::max<qint64>(0, range.to() - from);
 }
 
 ChosenTimes RangeQuestion::timesOf(const std::vector<RowChoice>& rows, SqliteDatabase& history) const {

@@ -24,6 +24,8 @@ struct RangeQuestion {
     std::vector<RangeAnswer::Entry> titlesOf(const QString& program, SqliteDatabase& history) const;
     // How long was worked in the range, in milliseconds.
     qint64 workIn(SqliteDatabase& history) const;
+    // How much of the range nobody worked, in milliseconds: what a booking would fill.
+    qint64 freeIn(SqliteDatabase& history) const;
     // When the rows were that a person has chosen, or all rows if none is, without idle time.
     ChosenTimes timesOf(const std::vector<RowChoice>& rows, SqliteDatabase& history) const;
     // From when to when the stretch was whose middle is at this moment, even if it reaches out of the range. Empty

@@ -13,8 +13,9 @@ public:
         : QUndoCommand(text)
         , m_history(history)
         , m_amendment(std::move(amendment)) {
-        // Redone later, it means no more than that.
-        m_amendment.pieces = m_history.pastOf(std::move(m_amendment.pieces));
+        // Redone later, a booking means no more than that.
+        if (m_amendment.kind == Amendment::Kind::Book)
+            m_amendment.pieces = m_history.pastOf(std::move(m_amendment.pieces));
     }
 
     void redo() override {

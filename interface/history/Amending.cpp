@@ -157,11 +157,8 @@ void Amending::askFree(const Amendment::Piece& piece, std::function<void(const R
     if (piece.from >= to)
         return told(0);
     question.piece = {piece.from, to};
-    m_freeReader->ask<qint64>(
-        [question](SqliteDatabase& file) {
-            return question.piece->second - question.piece->first - question.workIn(file);
-        },
-        std::move(told));
+    m_freeReader->ask<qint64>([question](SqliteDatabase& file) { return question.freeIn(file); },
+                              std::move(told));
 }
 
 QString Amending::timesText(const ChosenTimes& times) const {

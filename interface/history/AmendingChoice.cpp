@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a person has chosen in the history, and the menus over it.
+#include "Classes/history/HistoryFinding.h"
 #include "Classes/report/Moment.h"
 #include "interface/history/AmendActions.h"
 #include "interface/history/Amending.h"
@@ -19,6 +20,13 @@ namespace {
 constexpr qint64 kHour = 3'600'000;
 // The day's working hours, for a day in which there is nothing to go by.
 constexpr int kNine = 9;
+
+// What of a piece is over: redone later, a step means no more than that. A clock that was set back may have left
+// something ahead of now.
+std::vector<Amendment::Piece> pastOf(const Amendment::Piece& piece, std::int64_t now, SqliteDatabase& file) {
+    const Amendment::Piece past{piece.from, std::min(piece.to, std::max(now, lastRecorded(file)))};
+    return past.from < past.to ? std::vector{past} : std::vector<Amendment::Piece>();
+}
 
 } // namespace
 
@@ -96,10 +104,11 @@ void Amending::find(const Chosen& chosen, std::function<void(const ChosenTimes&)
     const bool isNarrowed = !question.search.isEmpty() || question.project;
     if (chosen.kind == Chosen::Kind::Nothing || chosen.kind == Chosen::Kind::Gap)
         return;
-    if (chosen.kind == Chosen::Kind::Piece && !isNarrowed)
-        return told({.pieces = {chosen.piece}});
+    const bool isWholePiece = chosen.kind == Chosen::Kind::Piece && !isNarrowed;
     m_reader->ask<ChosenTimes>(
-        [question, chosen](SqliteDatabase& file) {
+        [question, chosen, isWholePiece, now = m_ground.history.pastEnd()](SqliteDatabase& file) {
+            if (isWholePiece)
+                return ChosenTimes{.pieces = pastOf(chosen.piece, now, file)};
             return chosen.kind == Chosen::Kind::Stretch
                        ? question.wholeStretch(chosen.piece.from, chosen.program, chosen.title, file)
                        // Of a piece that is narrowed, only what is shown is meant.

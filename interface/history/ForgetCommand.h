@@ -19,9 +19,6 @@ public:
 
     void redo() override {
         m_forgotten = m_history.forgetTimes(m_times);
-        // A clock that was set back may have left something ahead of now: that goes too, but what is measured from
-        // here on is not meant.
-        m_times.pieces = m_history.pastOf(std::move(m_times.pieces));
         setObsolete(!m_forgotten);
         // The history no longer knows what a crash would cost the timers: from now on their own file has it.
         if (m_forgotten)

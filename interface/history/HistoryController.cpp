@@ -296,6 +296,12 @@ void HistoryController::showAnswer() {
     outline.rows().show(entries, m_answer.work, !isByProject && !question().hasTitles());
     outline.setInvitation(invitation());
     showPicture();
+    qint64 inProjects = 0;
+    for (const RangeAnswer::Entry& project : m_answer.projects)
+        inProjects += project.length;
+    const bool isShared = isByProject && inProjects > m_answer.work;
+    m_pane.showNote(isShared ? localized("Time that belongs to several projects is in each of them.")
+                             : QString());
     showSum();
     m_shown.tell();
 }

@@ -7,6 +7,7 @@
 #include "interface/history/RangeBar.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/shell/Named.h"
+#include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFrame>
@@ -18,6 +19,7 @@ namespace {
 
 // In pixels: the bars, and some rows. With less than this beside the picture, the rows alone are shown.
 constexpr int kRoomForRows = 220;
+constexpr int kNoteMargin = 12;
 
 QFrame* line() {
     auto* line = new QFrame;
@@ -33,6 +35,7 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
     : QWidget(parent)
     , m_rangeBar(named(new RangeBar(actions), QStringLiteral("rangeBar")))
     , m_pictures(named(new QStackedWidget, QStringLiteral("historyPictures")))
+    , m_note(named(new PlainLabel, QStringLiteral("historyNote")))
     , m_outline(named(new HistoryOutline, QStringLiteral("historyOutline"), localized("History")))
     , m_sumBar(named(new SumBar, QStringLiteral("historySumBar"))) {
     named(m_outline->header(), QStringLiteral("historyOutlineHeader"));
@@ -46,6 +49,10 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
     rows->setSpacing(0);
     rows->addWidget(m_rangeBar);
     rows->addWidget(m_pictures);
+    m_note->setContentsMargins(kNoteMargin, 0, kNoteMargin, kNoteMargin / 2);
+    m_note->setWordWrap(true);
+    m_note->hide();
+    rows->addWidget(m_note);
     rows->addWidget(line());
     rows->addWidget(m_outline, 1);
     rows->addWidget(line());
@@ -65,6 +72,11 @@ void HistoryPane::setColors(const PictureColors& colors) {
 void HistoryPane::showPicture(QWidget& picture) {
     m_pictures->setCurrentWidget(&picture);
     fitPicture();
+}
+
+void HistoryPane::showNote(const QString& text) {
+    m_note->setText(text);
+    m_note->setVisible(!text.isEmpty());
 }
 
 void HistoryPane::fitPicture() {

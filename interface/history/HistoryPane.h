@@ -7,6 +7,7 @@ class DayPicture;
 class HistoryOutline;
 class PeriodPicture;
 class PictureColors;
+class PlainLabel;
 class QStackedWidget;
 class RangeBar;
 class SumBar;
@@ -26,6 +27,8 @@ public:
     PeriodPicture& periodPicture() const { return *m_periodPicture; }
     // Shows one of the two.
     void showPicture(QWidget& picture);
+    // Below the picture; nothing for an empty text.
+    void showNote(const QString& text);
     HistoryOutline& outline() const { return *m_outline; }
     SumBar& sumBar() const { return *m_sumBar; }
 
@@ -43,6 +46,7 @@ private:
     QStackedWidget* m_pictures;
     DayPicture* m_dayPicture = nullptr;
     PeriodPicture* m_periodPicture = nullptr;
+    PlainLabel* m_note;
     HistoryOutline* m_outline;
     SumBar* m_sumBar;
 };

@@ -16,6 +16,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -27,6 +28,15 @@ QDateEdit* dateField(const QString& name, const QString& label, QDate date) {
     auto* field = named(new QDateEdit(date), name, label);
     field->setCalendarPopup(true);
     return field;
+}
+
+// "June 2026", and "2026年6月" where the year comes first.
+QString monthOf(QDate day) {
+    const QLocale locale;
+    const QString format = locale.dateFormat(QLocale::LongFormat);
+    if (format.startsWith(u'y'))
+        return locale.toString(day, format.left(format.indexOf(u'd')).trimmed());
+    return locale.standaloneMonthName(day.month()) + u' ' + QString::number(day.year());
 }
 
 } // namespace
@@ -126,8 +136,7 @@ QString RangeBar::titleOf(const CalendarRange& range) {
     case CalendarRange::Kind::Day:
         return locale.toString(range.first(), QLocale::LongFormat);
     case CalendarRange::Kind::Month:
-        return locale.standaloneMonthName(range.first().month()) + u' ' +
-               QString::number(range.first().year());
+        return monthOf(range.first());
     case CalendarRange::Kind::Year:
         return QString::number(range.first().year());
     default:
@@ -169,6 +178,9 @@ void RangeBar::openCalendar() {
         auto* show = named(new QPushButton(localized("Show")), QStringLiteral("historyShowSpan"));
         rows->addWidget(show);
         beginning = first;
+        first->setSelectedSection(QDateTimeEdit::DaySection);
+        for (const int key : {Qt::Key_Return, Qt::Key_Enter})
+            connect(new QShortcut(key, popup), &QShortcut::activated, show, &QPushButton::click);
         connect(show, &QPushButton::clicked, this, [this, popup, first, last] {
             popup->close();
             Q_EMIT spanChosen(first->date(), last->date());

@@ -179,7 +179,8 @@ void TimeSheetWindow::refresh() {
         box->setEnabled(m_minutes->currentIndex() > 0);
     const SheetPage shown = page();
     setWindowTitle(localized("Time Sheet") + QStringLiteral(" – ") + TimeSheetForms::period(shown.sheet));
-    m_sharing->setText(TimeSheetForms::sharingText(shown.sheet));
+    m_sharing->setText(shown.sheet.rows().empty() ? localized("No work was recorded in this time.")
+                                                  : TimeSheetForms::sharingText(shown.sheet));
     m_sharing->setVisible(!m_sharing->text().isEmpty());
     const QList<QStringList> rows = TimeSheetForms::table(shown);
     m_table->clear();

@@ -49,8 +49,8 @@ public:
                                                       bool replaces) = 0;
     // Asks which database file to open; absent if the user cancels.
     virtual std::optional<QString> chooseOpenFile(const QString& message, const QString& folder) = 0;
-    // Asks where to export a table to; absent if the user cancels. Begins at `path`. Warns of an existing
-    // file. The answer may lack the extension.
+    // Asks where to export to; absent if the user cancels. Begins at `path`, whose extension, "csv" or "pdf", says
+    // what is exported. Warns of an existing file. The answer may lack the extension.
     virtual std::optional<QString> chooseExportFile(const QString& message, const QString& path) = 0;
     // Asks for a folder, which the user may make in the panel; absent if the user cancels. Begins at
     // `folder`.

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -185,10 +186,15 @@ std::optional<QString> QtAlerts::chooseOpenFile(const QString& message, const QS
 }
 
 std::optional<QString> QtAlerts::chooseExportFile(const QString& message, const QString& path) {
-    QFileDialog panel(m_window, message, path, localized("CSV files") + QStringLiteral(" (*.csv)"));
+    const QString suffix = QFileInfo(path).suffix();
+    const QString kind = suffix == QLatin1String("pdf") ? localized("PDF documents") : localized("CSV files");
+    // Of the window that asks: it is in front again afterwards.
+    QWidget* asking = QApplication::activeWindow();
+    QFileDialog panel(asking ? asking : m_window.data(), message, path,
+                      kind + QStringLiteral(" (*.%1)").arg(suffix));
     panel.setObjectName(QStringLiteral("exportPanel"));
     panel.setAcceptMode(QFileDialog::AcceptSave);
-    panel.setDefaultSuffix(QStringLiteral("csv"));
+    panel.setDefaultSuffix(suffix);
     panel.selectFile(path);
     return chooseWith(panel);
 }

@@ -2051,5 +2051,13 @@
         <source>sorted, descending</source>
         <translation>absteigend sortiert</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of them.</source>
+        <translation>Zeit, die zu mehreren Projekten gehört, steht bei jedem von ihnen.</translation>
+    </message>
+    <message>
+        <source>PDF documents</source>
+        <translation>PDF-Dokumente</translation>
+    </message>
 </context>
 </TS>

@@ -2051,5 +2051,13 @@
         <source>sorted, descending</source>
         <translation>orden descendente</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of them.</source>
+        <translation>El tiempo que pertenece a varios proyectos está en cada uno de ellos.</translation>
+    </message>
+    <message>
+        <source>PDF documents</source>
+        <translation>Documentos PDF</translation>
+    </message>
 </context>
 </TS>

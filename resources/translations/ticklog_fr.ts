@@ -2051,5 +2051,13 @@
         <source>sorted, descending</source>
         <translation>tri décroissant</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of them.</source>
+        <translation>Le temps qui appartient à plusieurs projets figure dans chacun d’eux.</translation>
+    </message>
+    <message>
+        <source>PDF documents</source>
+        <translation>Documents PDF</translation>
+    </message>
 </context>
 </TS>

@@ -2051,5 +2051,13 @@
         <source>sorted, descending</source>
         <translation>降順で並べ替え済み</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of them.</source>
+        <translation>複数のプロジェクトに属する時間は、それぞれに含まれています。</translation>
+    </message>
+    <message>
+        <source>PDF documents</source>
+        <translation>PDF 文書</translation>
+    </message>
 </context>
 </TS>

@@ -2051,5 +2051,13 @@
         <source>sorted, descending</source>
         <translation>sortowane malejąco</translation>
     </message>
+    <message>
+        <source>Time that belongs to several projects is in each of them.</source>
+        <translation>Czas należący do kilku projektów jest w każdym z nich.</translation>
+    </message>
+    <message>
+        <source>PDF documents</source>
+        <translation>Dokumenty PDF</translation>
+    </message>
 </context>
 </TS>

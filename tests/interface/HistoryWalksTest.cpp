@@ -273,7 +273,6 @@ TEST_F(HistoryWalksTest, aSpan_isChosenByTheKeyboardAlone) {
     press(Qt::Key_5, Qt::AltModifier);
     ASSERT_NE(QApplication::activePopupWidget(), nullptr);
     auto& first = part<QDateEdit>("historyFirstDay");
-    first.setSelectedSection(QDateTimeEdit::DaySection);
     const QDate before = first.date();
     EXPECT_TRUE(QApplication::activePopupWidget()->focusWidget() == &first) << "one can type at once";
     press(Qt::Key_Down);
@@ -287,6 +286,15 @@ TEST_F(HistoryWalksTest, aSpan_isChosenByTheKeyboardAlone) {
     press(Qt::Key_Space);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(kind(), CalendarRange::Kind::Span);
+    EXPECT_EQ(view.range().first(), before.addDays(-1));
+}
+
+TEST_F(HistoryWalksTest, return_showsTheSpanThatWasEntered) {
+    press(Qt::Key_5, Qt::AltModifier);
+    const QDate before = part<QDateEdit>("historyFirstDay").date();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(view.range().first(), before.addDays(-1));
 }
 

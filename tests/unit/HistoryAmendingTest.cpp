@@ -169,6 +169,27 @@ TEST_F(HistoryAmendingTest, whatIsBooked_fillsGapsAndIdleTime_andLeavesWork) {
     EXPECT_EQ(diary(), "Mail [Inbox] 60, Idle 60, Editor [a.txt] 60");
 }
 
+// The clock was set back: nobody gets ninety minutes out of an hour.
+TEST_F(HistoryAmendingTest, whereIdleTimeLiesOverWork_onlyWhatIsFreeIsBooked) {
+    write({row(kNine, 30 * kMinute, "Writer"), row(kNine, 30 * kMinute, "Idle", "", RowPresence::Idle)});
+    const auto before = HistoryDiary::sums(path);
+    const auto booking = amend(booked(kNine, kNine + 60 * kMinute, "Call"));
+    EXPECT_EQ(HistoryDiary::sums(path), "By Hand [Call] by hand 1800, Idle 1800, Writer 1800");
+    takeBack(booking);
+    EXPECT_EQ(HistoryDiary::sums(path), before);
+}
+
+TEST_F(HistoryAmendingTest, idleTimeThatLiesOverItself_isBookedOnce) {
+    write({row(kNine, 30 * kMinute, "Idle", "", RowPresence::Idle),
+           row(kNine + 10 * kMinute, 30 * kMinute, "Idle", "", RowPresence::Idle),
+           row(kNine + 35 * kMinute, 15 * kMinute, "Idle", "", RowPresence::Idle)});
+    const auto before = HistoryDiary::sums(path);
+    const auto booking = amend(booked(kNine, kNine + 59 * kMinute, "Call"));
+    EXPECT_EQ(HistoryDiary::sums(path), "By Hand [Call] by hand 3540, Idle 1500");
+    takeBack(booking);
+    EXPECT_EQ(HistoryDiary::sums(path), before);
+}
+
 TEST_F(HistoryAmendingTest, whatIsBooked_isDividedAtFullHours) {
     write({row(kNine, 60'000, "Mail", "Inbox")});
     const auto booking = amend(booked(kNine + 50 * kMinute, kNine + 130 * kMinute, "Meeting"));

@@ -163,6 +163,9 @@ TEST_F(RangeQuestionTest, whatIsNotWrittenYet_makesNoDifference) {
         HistoryFile part(m_folder.filePath(QStringLiteral("part%1").arg(round)));
         std::vector<HistoryRow> unwritten;
         const int written = 40 + below(40);
+        // One wait for the disk, not one for each row.
+        SqliteTransaction wholeRows(whole.database());
+        SqliteTransaction partRows(part.database());
         for (int i = 0; i < 96; ++i) {
             const char* programs[] = {"Mail", "Draw", "Notes"};
             const char* titles[] = {"", "Inbox", "Plan"};
@@ -170,19 +173,18 @@ TEST_F(RangeQuestionTest, whatIsNotWrittenYet_makesNoDifference) {
                 row(kToday.addDays(i / 24 - 3), i % 24, 1 + below(3000), programs[below(3)], titles[below(3)],
                     below(2) ? RowTimer{.application = kMail, .window = {}} : RowTimer(),
                     below(5) ? RowPresence::Work : RowPresence::Idle);
-            write(whole, each);
+            whole.add(each);
             if (i < written)
-                write(part, each);
+                part.add(each);
             if (i < written - 3)
                 continue;
             unwritten.push_back(each);
             // The file has the last ones, but shorter.
-            if (i < written) {
-                SqliteTransaction transaction(part.database());
+            if (i < written)
                 sqliteRun(part.database(), "UPDATE stretches SET length = 500 WHERE start = ?", each.start);
-                transaction.commit();
-            }
         }
+        wholeRows.commit();
+        partRows.commit();
         for (const CalendarRange& range :
              {CalendarRange::span(kToday, kToday), CalendarRange::around(Kind::Week, kToday, Qt::Monday),
               CalendarRange::around(Kind::Year, kToday, Qt::Monday)}) {
@@ -361,6 +363,18 @@ TEST_F(AmendedRangeTest, whereStretchesLieOverEachOther_theChosenOnesAreTold) {
     EXPECT_EQ(names(later.timesOf({{false, QStringLiteral("Letters"), {}}}, m_file.database())),
               QStringLiteral("Mail/Sent"))
         << "as it is in the rows that are newer than the file";
+}
+
+TEST_F(AmendedRangeTest, whatIsFree_isFreeOfAllWork) {
+    write(row(kToday, 9, 1800, "Writer", ""));
+    write(row(kToday, 9, 1800, "Browser", ""));
+    write(row(kToday, 9, 3600, "Idle", "", {}, RowPresence::Idle));
+    write(row(kToday, 12, 600, "Writer", ""));
+    RangeQuestion morning = question(CalendarRange::span(kToday, kToday));
+    morning.piece = {at(9), at(10)};
+    EXPECT_EQ(morning.freeIn(m_file.database()), 1'800'000);
+    morning.piece = {at(9), at(13)};
+    EXPECT_EQ(morning.freeIn(m_file.database()), 4 * 3'600'000 - 2'400'000);
 }
 
 // A file that Ticklog has not opened since: ticklog-report and the window read it.
