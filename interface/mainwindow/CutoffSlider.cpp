@@ -2,6 +2,7 @@
 #include "interface/mainwindow/CutoffSlider.h"
 
 #include "interface/mainwindow/SumBarAccessibility.h"
+#include "interface/shell/SpokenItem.h"
 #include "platform/foundation/text/DurationText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -50,12 +51,13 @@ CutoffSlider::CutoffSlider(QWidget* parent)
     nameStep();
     connect(this, &QSlider::valueChanged, this, [this] {
         nameStep();
+        if (hasFocus())
+            speakItem(*this, timeInWords());
         Q_EMIT secondsChanged(seconds());
     });
 }
 
 void CutoffSlider::nameStep() {
-    // Assistive programs read the numbers of a slider, and these are steps; a name that changes they read as well.
     setAccessibleName(localized("At least") + u' ' + timeInWords());
 }
 

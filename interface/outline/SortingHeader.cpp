@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/SortingHeader.h"
 
+#include "interface/shell/SpokenItem.h"
 #include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -16,7 +17,8 @@ constexpr int kFocusInset = 2;
 
 SortingHeader::SortingHeader(QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent) {
-    speakAs(*this, QAccessible::ColumnHeader);
+    // Not as a column's header: a tree takes whatever says so for one of its own, whose place it reads unasked.
+    speakAs(*this, QAccessible::Button);
     setSectionsClickable(true);
     setHighlightSections(false);
     setFocusPolicy(Qt::TabFocus);
@@ -26,6 +28,7 @@ SortingHeader::SortingHeader(QWidget* parent)
 void SortingHeader::goTo(int section) {
     m_section = std::clamp(section, 0, std::max(0, count() - 1));
     nameSection();
+    speakItem(*this, accessibleName());
     viewport()->update();
 }
 
@@ -33,6 +36,7 @@ void SortingHeader::sort() {
     const bool isSorted = sortIndicatorSection() == m_section;
     const bool isDescending = isSorted && sortIndicatorOrder() == Qt::AscendingOrder;
     setSortIndicator(m_section, isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    speakItem(*this, accessibleName());
 }
 
 void SortingHeader::nameSection() {
