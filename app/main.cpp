@@ -34,6 +34,7 @@
 #include <QLocale>
 #include <QSessionManager>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -66,7 +67,8 @@ History::Services servicesOf(TKController& controller, Platform& platform) {
 
 // Whether there was no account before this start.
 bool isNew(const TimeDatabase& database) {
-    return database.contentsRead().empty() && !database.isAwaitingMainStore();
+    return !database.isAwaitingMainStore() &&
+           std::ranges::all_of(database.contentsRead(), [](const QByteArray& read) { return read.isEmpty(); });
 }
 
 // What the window and the tray show of the history, and what they ask for it.

@@ -32,7 +32,7 @@ namespace {
 constexpr QSize kFirstSize(900, 600);
 constexpr QSize kSmallestSize(480, 300);
 constexpr int kSidebarWidth = 230;
-constexpr int kToolIconSize = 22;
+constexpr int kToolIconSize = 24;
 constexpr int kSearchWidth = 220;
 constexpr int kSmallestSearchWidth = 110;
 constexpr int kToolMargin = 6;

@@ -106,7 +106,7 @@ protected:
     // Whether the notice is shown that closing minimises.
     bool hasMinimizingNotice() {
         return std::ranges::any_of(desk.probe().windows(), [this](xcb_window_t window) {
-            return desk.probe().text(window, "_NET_WM_NAME").startsWith("Ticklog goes on");
+            return desk.probe().text(window, "_NET_WM_NAME").startsWith("Ticklog keeps running");
         });
     }
 
