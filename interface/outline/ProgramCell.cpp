@@ -6,6 +6,7 @@
 #include "Classes/store/TimeStoreWindow.h"
 #include "interface/labels/TKLabelColorList.h"
 #include "interface/outline/TKAppDisplayFormatter.h"
+#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/text/ShownTitle.h"
 
@@ -60,6 +61,8 @@ QString ProgramCell::shownName(TimeStoreItem& item, TimeStoreItem* above) const 
     const PropertyListDictionary record = item.renamedNameFormatted();
     const QString whole = TKAppDisplayFormatter::stringForObjectValue(record);
     const bool isRenamed = TKAppDisplayFormatter::dimmedLength(record) > 0;
+    if (!isRenamed && item.isApp())
+        return ShownNames::of(whole);
     if (isRenamed || !isWindow(item) || !m_sources.hasShortTitles || !m_sources.hasShortTitles())
         return whole;
     const auto program = above ? above->shared_from_this() : m_sources.programOf(item.node());

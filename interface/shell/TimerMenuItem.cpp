@@ -3,6 +3,7 @@
 
 #include "interface/outline/TKAppDisplayFormatter.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/ShownNames.h"
 
 #include <cmath>
 
@@ -42,7 +43,8 @@ void TimerMenuItem::resetDisplayName(MenuForm form) {
     if (m_shown == shown)
         return;
     m_shown = std::move(shown);
-    const QString name = TKAppDisplayFormatter::stringForObjectValue(m_item->renamedNameFormatted());
+    const QString whole = TKAppDisplayFormatter::stringForObjectValue(m_item->renamedNameFormatted());
+    const QString name = m_item->isApp() && dimmedLength() == 0 ? ShownNames::of(whole) : whole;
     setText(menuText(form, name, m_item->activeTimeString()));
 }
 

@@ -2,6 +2,7 @@
 #include "interface/outline/ProgramCell.h"
 
 #include "Classes/store/TimeStoreAppProxy.h"
+#include "platform/foundation/text/Translations.h"
 #include "tests/fakes/TestEngine.h"
 
 #include <gtest/gtest.h>
@@ -94,6 +95,14 @@ TEST_F(ProgramCellTest, aTitleThatEndsInItsProgramsName_isShownWithoutItWhereTha
     EXPECT_EQ(offer->name(), QStringLiteral("Offer - Mail"));
     hasShortTitles = false;
     EXPECT_EQ(program.shownName(*offer, mail.get()), QStringLiteral("Offer - Mail"));
+}
+
+TEST_F(ProgramCellTest, idleTime_isShownInTheLanguageOfTheUser) {
+    const Translations german({QStringLiteral("de")});
+    engine.tracker.setCurrentApp(QStringLiteral("Idle"));
+    TimeStoreApp& idle = *engine.tracker.activeStoreApp();
+    EXPECT_EQ(program.shownName(idle, nullptr), QStringLiteral("Leerlauf"));
+    EXPECT_EQ(idle.name(), QStringLiteral("Idle")) << "in the record";
 }
 
 TEST_F(ProgramCellTest, theProgramsNameInATitle_isItsOwnOrTheUsers) {
