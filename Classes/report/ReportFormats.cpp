@@ -104,7 +104,10 @@ QString ReportFormats::durationText(qint64 milliseconds) {
 
 QString ReportFormats::disarmed(const QString& text) {
     static const QString kFormulas = QStringLiteral("=+-@\t\r");
-    return !text.isEmpty() && kFormulas.contains(text.at(0)) ? u'\'' + text : text;
+    // Blanks in front may be left out by whoever reads it.
+    const auto first =
+        std::ranges::find_if(text, [](QChar c) { return !c.isSpace() || kFormulas.contains(c); });
+    return first != text.end() && kFormulas.contains(*first) ? u'\'' + text : text;
 }
 
 QByteArray ReportFormats::csvCell(const QString& text) {

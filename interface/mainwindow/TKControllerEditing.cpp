@@ -75,8 +75,9 @@ void TKController::frozen(std::vector<FrozenTimer> timers) {
 
 void TKController::copyForSpreadsheet() {
     const TimeStoreItem::Children selected = m_window.mainTable().selectedItems();
-    const SpreadsheetTable table = timerTable(
-        selected.empty() ? m_window.mainTable().topItems() : withoutDoubleCounting(selected), m_projects);
+    const SpreadsheetTable table =
+        timerTable(selected.empty() ? m_window.mainTable().topItems() : withoutDoubleCounting(selected),
+                   m_engine.tracker().tree(), m_projects, m_window.searchAppField().text());
     QApplication::clipboard()->setMimeData(table.copied(true).release());
 }
 
@@ -136,7 +137,8 @@ void TKController::exportShown() {
 }
 
 void TKController::exportForSpreadsheet() {
-    SpreadsheetTable table = timerTable(m_window.mainTable().topItems(), m_projects);
+    SpreadsheetTable table = timerTable(m_window.mainTable().topItems(), m_engine.tracker().tree(),
+                                        m_projects, m_window.searchAppField().text());
     table.heads << localized("From") << localized("To");
     const QString from = localTime(m_engine.tracker().lastResetDate()).toString(Qt::ISODate);
     const QString to = localTime(m_platform.clock.now()).toString(Qt::ISODate);

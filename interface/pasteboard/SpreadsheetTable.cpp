@@ -54,8 +54,12 @@ QString SpreadsheetTable::html(bool withHeads) const {
 
 std::unique_ptr<QMimeData> SpreadsheetTable::copied(bool withHeads) const {
     RtfTable table(int(heads.size()), heads);
-    for (const QStringList& row : rows)
+    // Spreadsheets may take this form before all others.
+    for (QStringList row : rows) {
+        for (QString& cell : row)
+            cell = ReportFormats::disarmed(cell);
         table.add(row);
+    }
     const QByteArray rtf = std::move(table).finished();
     const QString text = tabbed(withHeads);
     // In the order of the timers' forms: most receivers take the first that they know.

@@ -3,6 +3,8 @@
 
 #include "Classes/projects/ProjectList.h"
 #include "Classes/report/ReportFormats.h"
+#include "Classes/store/TimeStoreApp.h"
+#include "Classes/store/TimerTree.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <cmath>
@@ -39,13 +41,25 @@ qint64 shownSeconds(const TimeStoreItem& timer) {
     return qint64(std::floor(timer.activeTime()));
 }
 
+// As the sum counts what was found.
+qint64 foundSeconds(const TimeStoreItem& program, const QString& search) {
+    if (search.isEmpty() || program.node().matches(search))
+        return shownSeconds(program);
+    qint64 seconds = 0;
+    for (const auto& window : program.node().children().value_or(TimeStoreItem::Children()))
+        if (window->node().matches(search))
+            seconds += shownSeconds(*window);
+    return seconds;
+}
+
 QString identityOf(const TimeStoreItem& timer) {
     return timer.uuid() ? QString::fromLatin1(timer.uuid()->bytes().toHex()) : QString();
 }
 
 } // namespace
 
-SpreadsheetTable timerTable(const TimeStoreItem::Children& timers, const ProjectList& projects) {
+SpreadsheetTable timerTable(const TimeStoreItem::Children& timers, const TimerTree& tree,
+                            const ProjectList& projects, const QString& search) {
     const ProjectNames names(projects);
     SpreadsheetTable table{.heads = {localized("Program"), localized("Window"), localized("Time Spent"),
                                      localized("Projects"), localized("Identity")},
@@ -57,10 +71,12 @@ SpreadsheetTable timerTable(const TimeStoreItem::Children& timers, const Project
     };
     for (const auto& timer : timers) {
         if (!timer->isApp()) {
-            add({}, timer->renamedName(), shownSeconds(*timer), names.of(*timer), *timer);
+            const auto program = tree.applicationHolding(timer->node());
+            add(program ? program->renamedName() : QString(), timer->renamedName(), shownSeconds(*timer),
+                names.of(*timer, program.get()), *timer);
             continue;
         }
-        qint64 left = shownSeconds(*timer);
+        qint64 left = foundSeconds(*timer, search);
         const auto windows = timer->children().value_or(TimeStoreItem::Children());
         for (const auto& window : windows) {
             add(timer->renamedName(), window->renamedName(), shownSeconds(*window),

@@ -50,12 +50,38 @@ TEST_F(TimerTableTest, aCopyOfSelectedRows_hasThoseAndNoTimeTwice) {
                         "Mail\tOffer\t0:01:00\t\n");
 }
 
+TEST_F(TimerTableTest, aCopyOfWhatWasFound_addsUpToIt) {
+    account("Writer", 100, {{QStringLiteral("Letter"), 40}, {QStringLiteral("Offer"), 50}});
+    account("Letters", 7, {{QStringLiteral("Draft"), 5}});
+    show();
+    controller.window().searchAppField().setText(QStringLiteral("letter"));
+    command(actions().copyForSpreadsheet);
+    EXPECT_EQ(copied(), "Program\tWindow\tTime Spent\tProjects\n"
+                        "Letters\tDraft\t0:00:05\t\n"
+                        "Letters\t\t0:00:02\t\n"
+                        "Writer\tLetter\t0:00:40\t\n");
+}
+
+TEST_F(TimerTableTest, aWindowByItself_hasItsProgramAndAllItsProjects) {
+    account("Mail", 100, {{QStringLiteral("Inbox"), 40}, {QStringLiteral("Offer"), 60}});
+    addProject("Meier", {QStringLiteral("Offer")});
+    addProject("Office", {QStringLiteral("Mail")});
+    show();
+    table().expandAllRows();
+    const QModelIndex mail = row("Mail");
+    select({mail.model()->index(1, 0, mail)});
+    command(actions().copyForSpreadsheet);
+    EXPECT_EQ(copied(), "Program\tWindow\tTime Spent\tProjects\n"
+                        "Mail\tOffer\t0:01:00\tOffice, Meier\n");
+}
+
 TEST_F(TimerTableTest, aFormulaInATitle_isText) {
     account("Calc", 5, {{QStringLiteral("=SUM(A1:A9)"), 5}});
     show();
     command(actions().copyForSpreadsheet);
     EXPECT_NE(copied().find("Calc\t'=SUM(A1:A9)\t0:00:05"), std::string::npos) << copied();
     EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(u"<td>'=SUM(A1:A9)</td>"));
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->data(QStringLiteral("text/rtf")).contains("'=SUM"));
 }
 
 TEST_F(TimerTableTest, anExport_quotesItsCellsAndTellsFromWhenToWhen) {
