@@ -133,6 +133,10 @@ std::vector<Identity> ProjectRecord::flattenedMembers() const {
     return members;
 }
 
+void ProjectRecord::forEachMember(const std::function<void(const Identity&)>& visit) const {
+    forEachFlattened(m_entries.value(kProjectSubtree), visit);
+}
+
 void ProjectRecord::addObjectsToSet(std::unordered_set<Identity>& set, const PropertyListValue& subtree) {
     forEachFlattened(subtree, [&](const Identity& identity) { set.insert(identity); });
 }

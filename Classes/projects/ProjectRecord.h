@@ -4,6 +4,7 @@
 #include "Classes/store/Succession.h"
 #include "platform/foundation/propertylists/PropertyListValue.h"
 
+#include <functional>
 #include <unordered_set>
 #include <vector>
 
@@ -53,6 +54,8 @@ public:
     std::vector<Identity> members() const;
     // The same with the members of nested records, in order, each once.
     std::vector<Identity> flattenedMembers() const;
+    // Visits the same without looking for those that are there several times: a project may have a million.
+    void forEachMember(const std::function<void(const Identity&)>& visit) const;
     // Adds every identity of a member list to `set`; a nested record adds its own members, not itself.
     static void addObjectsToSet(std::unordered_set<Identity>& set, const PropertyListValue& subtree);
 

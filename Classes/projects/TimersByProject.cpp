@@ -8,13 +8,22 @@ namespace {
 
 using Places = std::vector<std::size_t>;
 
-// Of each member, the projects that it is in, in ascending order.
+// Of each timer, the projects that it is in, in ascending order. Projects may have far more members than there are
+// timers.
 class Memberships {
 public:
-    explicit Memberships(const TimersByProject::Projects& projects) {
+    Memberships(const TimerTree::AppSet& applications, const TimersByProject::Projects& projects) {
+        for (const auto& app : applications) {
+            expect(*app);
+            for (const auto& window : app->windows())
+                expect(*window);
+        }
         for (std::size_t place = 0; place < projects.size(); ++place)
-            for (const Identity& member : projects[place]->flattenedMembers())
-                m_places[member].push_back(place);
+            projects[place]->forEachMember([&](const Identity& member) {
+                const auto found = m_places.find(member);
+                if (found != m_places.end() && (found->second.empty() || found->second.back() != place))
+                    found->second.push_back(place);
+            });
     }
 
     const Places& of(const TimeStoreNode& timer) const {
@@ -25,6 +34,11 @@ public:
     }
 
 private:
+    void expect(const TimeStoreNode& timer) {
+        if (const auto identity = timer.uuid())
+            m_places.try_emplace(*identity);
+    }
+
     std::unordered_map<Identity, Places> m_places;
 };
 
@@ -32,7 +46,7 @@ private:
 
 TimersByProject TimersByProject::find(const TimerTree::AppSet& applications, const Projects& projects,
                                       const IsLeftOut& isLeftOut) {
-    const Memberships memberships(projects);
+    const Memberships memberships(applications, projects);
     TimersByProject timers;
     timers.ofProjects.resize(projects.size());
     for (const auto& app : applications) {

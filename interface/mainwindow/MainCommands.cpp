@@ -173,10 +173,11 @@ void MainCommands::connectAddingToProject() {
     };
     const auto hasAll = [selected](const ProjectRecord& project) {
         const auto timers = selected();
+        if (timers.empty())
+            return false;
         const auto members = project.flattenedMembers();
-        return !timers.empty() && std::ranges::all_of(timers, [&](const Identity& timer) {
-            return std::ranges::count(members, timer) > 0;
-        });
+        return std::ranges::all_of(
+            timers, [&](const Identity& timer) { return std::ranges::count(members, timer) > 0; });
     };
     auto* menu = new ProjectMenu(
         window.actions().addToProject->text(), m_controller.projects(),

@@ -69,9 +69,11 @@ void SidebarTimes::findRest() {
 
 void SidebarTimes::findRows() {
     const auto projects = m_ground.projects.projects();
-    TimersByProject timers =
-        TimersByProject::find(m_ground.tracker.fullTimeSet(), {projects.begin(), projects.end()},
-                              m_ground.tracker.isLeftOutOfTotal());
+    TimersByProject timers;
+    // Without projects there is no row for the rest.
+    if (!projects.empty())
+        timers = TimersByProject::find(m_ground.tracker.fullTimeSet(), {projects.begin(), projects.end()},
+                                       m_ground.tracker.isLeftOutOfTotal());
     const bool isOther = m_ground.projects.setRest(identitiesOf(timers.ofNone));
     const QString search = m_ground.search();
     for (auto& ofProject : timers.ofProjects)

@@ -65,7 +65,7 @@ protected:
 };
 
 TEST_F(AssistedDesktopTest, programsThatTell_areSeenAndItIsSaidThatOthersAreNot) {
-    EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("no time can be credited")))
+    EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("no time can be counted")))
         << "nobody tells yet";
     EXPECT_SEEN(*this, "Desktop: none");
     EXPECT_TRUE(desktop->obstacle().contains(QStringLiteral("sees only programs that tell")));
@@ -84,7 +84,7 @@ TEST_F(AssistedDesktopTest, whereMoreCouldBeTold_itIsSaidHow) {
     lookThrough(*desktop);
     EXPECT_SEEN(*this, "Desktop: none");
     EXPECT_TRUE(
-        desktop->obstacle().startsWith(remedy + QStringLiteral(" Until then, only programs that tell")));
+        desktop->obstacle().startsWith(remedy + QStringLiteral(" Until then, Ticklog sees only programs that tell")));
 }
 
 TEST_F(AssistedDesktopTest, aCompositorThatHangs_givesNoSignOfLife) {

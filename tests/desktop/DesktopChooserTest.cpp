@@ -186,7 +186,7 @@ TEST(DesktopChooserTest, aCompositorThatTellsNothingWithoutABus_creditsNobody) {
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
     Choice choice(environment);
     EXPECT_EQ(choice.desktop(), NoDesktop(choice.ground.entries, {}).describe());
-    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("no time can be credited")));
+    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("no time can be counted")));
 }
 
 TEST(DesktopChooserTest, x11_isAskedWithItsOwnIdleTime) {
@@ -223,7 +223,7 @@ TEST(DesktopChooserTest, anXServerBesideACompositorThatIsNotKnown_isRefusedWithW
     environment.remove(QStringLiteral("XDG_SESSION_TYPE"));
     Choice choice(environment);
     EXPECT_TRUE(choice.refused().contains(kX11));
-    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("desktop's menu")))
+    EXPECT_TRUE(choice.obstacle().contains(QStringLiteral("desktop’s menu")))
         << qPrintable(choice.obstacle());
     EXPECT_FALSE(choice.chooser.desktop().activeApplication());
 }

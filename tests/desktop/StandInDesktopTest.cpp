@@ -165,7 +165,7 @@ TEST(StandIn, whereNeitherTells_nobodyIsCreditedAndItIsSaidWhy) {
     EXPECT_TRUE(waitFor([&] { return session.sight.log.mentions(QStringLiteral("AT-SPI")); }));
     EXPECT_TRUE(roundTrip(session.otherBus)) << "that there is no bus is told by now";
     EXPECT_EQ(session.sight.seen(), QStringLiteral("none: none"));
-    EXPECT_TRUE(session.desktop.obstacle().endsWith(QStringLiteral("no window is credited.")));
+    EXPECT_TRUE(session.desktop.obstacle().endsWith(QStringLiteral("no window’s time is counted.")));
 }
 
 TEST(StandIn, aVersionThatWasNotTested_isNamedWhileProgramsTell) {
