@@ -20,9 +20,9 @@ constexpr int kWidth = 520;
 PrefWindow::PrefWindow(UserDefaults& defaults)
     : m_defaults(defaults)
     , m_prefTabView(new QTabWidget) {
+    speakAs(*this, QAccessible::Dialog);
     setObjectName(QStringLiteral("prefWindow"));
     setWindowTitle(localized("Preferences"));
-    speakAs(*this, QAccessible::Dialog);
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::Window);
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);

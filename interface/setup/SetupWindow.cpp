@@ -36,9 +36,9 @@ SetupWindow::SetupWindow(Commands commands)
     : m_commands(std::move(commands))
     , m_instructionView(describedInstructions(this))
     , m_restartButton(new QPushButton(localized("Restart"), this)) {
+    speakAs(*this, QAccessible::Window);
     setObjectName(QStringLiteral("setupWindow"));
     setWindowTitle(QStringLiteral("Ticklog"));
-    speakAs(*this, QAccessible::Window);
     setAccessibleName(windowTitle());
     m_restartButton->setObjectName(QStringLiteral("restart"));
     m_restartButton->setAccessibleName(m_restartButton->text());
