@@ -3,6 +3,7 @@
 
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
+#include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -19,24 +20,20 @@ namespace {
 constexpr int kAirAboveButtons = 10;
 constexpr int kWidth = 420;
 
-template<class Control>
-Control* called(Control* control, const char* name) {
-    control->setObjectName(QLatin1String(name));
-    return control;
-}
-
 } // namespace
 
 AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWidget* prefWindow)
     : QDialog(prefWindow, Qt::Sheet)
     , m_setupController(setupController)
-    , m_ruleAppName(called(new QLineEdit, "ruleAppName"))
-    , m_ruleBlockFromList(called(new QCheckBox(localized("&Block from the list")), "ruleBlockFromList"))
-    , m_ruleRenameCheckbox(called(new QCheckBox(localized("&Rename")), "ruleRenameCheckbox"))
-    , m_ruleRenameName(called(new QLineEdit, "ruleRenameName"))
-    , m_ruleCategories(called(new TokenField, "ruleCategories"))
-    , m_ruleRenameLabel(called(new PlainLabel(localized("&New name:")), "ruleRenameLabel"))
-    , m_ruleCategoriesLabel(called(new PlainLabel(localized("&Categories:")), "ruleCategoriesLabel")) {
+    , m_ruleAppName(named(new QLineEdit, QStringLiteral("ruleAppName")))
+    , m_ruleBlockFromList(
+          named(new QCheckBox(localized("&Block from the list")), QStringLiteral("ruleBlockFromList")))
+    , m_ruleRenameCheckbox(named(new QCheckBox(localized("&Rename")), QStringLiteral("ruleRenameCheckbox")))
+    , m_ruleRenameName(named(new QLineEdit, QStringLiteral("ruleRenameName")))
+    , m_ruleCategories(named(new TokenField, QStringLiteral("ruleCategories")))
+    , m_ruleRenameLabel(named(new PlainLabel(localized("&New name:")), QStringLiteral("ruleRenameLabel")))
+    , m_ruleCategoriesLabel(
+          named(new PlainLabel(localized("&Categories:")), QStringLiteral("ruleCategoriesLabel"))) {
     setObjectName(QStringLiteral("ruleWindow"));
     setWindowTitle(localized("Rule"));
     setAccessibleName(windowTitle());
@@ -54,10 +51,10 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     form->addRow(QString(), m_ruleRenameCheckbox);
     form->addRow(m_ruleRenameLabel, m_ruleRenameName);
     form->addRow(m_ruleCategoriesLabel, m_ruleCategories);
-    auto* buttons =
-        called(new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel), "ruleButtons");
-    called(buttons->button(QDialogButtonBox::Save), "saveRule");
-    called(buttons->button(QDialogButtonBox::Cancel), "cancelEditingRule");
+    auto* buttons = named(new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel),
+                          QStringLiteral("ruleButtons"));
+    named(buttons->button(QDialogButtonBox::Save), QStringLiteral("saveRule"));
+    named(buttons->button(QDialogButtonBox::Cancel), QStringLiteral("cancelEditingRule"));
     connect(buttons, &QDialogButtonBox::accepted, this, [this] { m_setupController.saveRule(); });
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { m_setupController.cancelEditingRule(); });
     auto* rows = new QVBoxLayout(this);

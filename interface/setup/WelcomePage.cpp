@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/setup/WelcomePage.h"
 
+#include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -20,12 +21,6 @@ constexpr int kAir = 18;
 constexpr int kWidest = 560;
 constexpr double kTitleSize = 1.6;
 
-template<class Control>
-Control* called(Control* control, const char* name) {
-    control->setObjectName(QLatin1String(name));
-    return control;
-}
-
 } // namespace
 
 QString WelcomePage::text() {
@@ -43,19 +38,20 @@ QString WelcomePage::text() {
 
 WelcomePage::WelcomePage(QWidget* parent)
     : QScrollArea(parent)
-    , m_loginBox(called(new QCheckBox(localized("Start Ticklog when I log in")), "welcomeLogin"))
-    , m_startButton(called(new QPushButton(localized("Start the Timer")), "welcomeStart")) {
+    , m_loginBox(
+          named(new QCheckBox(localized("Start Ticklog when I log in")), QStringLiteral("welcomeLogin")))
+    , m_startButton(named(new QPushButton(localized("Start the Timer")), QStringLiteral("welcomeStart"))) {
     setObjectName(QStringLiteral("welcomePage"));
     setAccessibleName(localized("Welcome to Ticklog"));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
-    auto* title = called(new PlainLabel(accessibleName()), "welcomeTitle");
+    auto* title = named(new PlainLabel(accessibleName()), QStringLiteral("welcomeTitle"));
     QFont large = title->font();
     large.setPixelSize(int(std::lround(QFontInfo(large).pixelSize() * kTitleSize)));
     title->setFont(large);
     title->setWordWrap(true);
-    auto* text = called(new PlainLabel(WelcomePage::text()), "welcomeText");
+    auto* text = named(new PlainLabel(WelcomePage::text()), QStringLiteral("welcomeText"));
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     // So that the keyboard reaches it, and what reads aloud with it.
@@ -83,9 +79,9 @@ WelcomePage::WelcomePage(QWidget* parent)
 }
 
 QWidget* WelcomePage::makeButtons() {
-    auto* titles = called(new QPushButton(localized("Hide Titles…")), "welcomeTitles");
+    auto* titles = named(new QPushButton(localized("Hide Titles…")), QStringLiteral("welcomeTitles"));
     titles->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    auto* later = called(new QPushButton(localized("Not Yet")), "welcomeLater");
+    auto* later = named(new QPushButton(localized("Not Yet")), QStringLiteral("welcomeLater"));
     m_startButton->setAutoDefault(true);
     m_startButton->setAccessibleDescription(text());
     connect(m_startButton, &QPushButton::clicked, this, &WelcomePage::startWanted);
