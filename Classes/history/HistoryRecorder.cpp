@@ -2,7 +2,7 @@
 #include "Classes/history/HistoryRecorder.h"
 
 #include "Classes/history/LocalHours.h"
-#include "Classes/history/SteadyTitle.h"
+#include "Classes/rules/SteadyTitle.h"
 #include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimeStoreWindow.h"
 

@@ -3,7 +3,7 @@
 
 #include "Classes/engine/TimeActivator.h"
 #include "Classes/history/HistoryFile.h"
-#include "Classes/history/SteadyTitle.h"
+#include "Classes/rules/SteadyTitle.h"
 
 namespace {
 

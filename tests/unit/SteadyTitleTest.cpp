@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Classes/history/SteadyTitle.h"
+#include "Classes/rules/SteadyTitle.h"
 
 #include <gtest/gtest.h>
 
