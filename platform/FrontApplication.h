@@ -45,6 +45,10 @@ public:
     // desktop says that nothing has the focus, this is the record of "Desktop". The reference is valid until
     // control returns to the event loop.
     virtual const std::optional<ApplicationRecord>& activeApplication() const = 0;
+    // Whether the window in front is so new that it may still say that it belongs to another program than
+    // activeApplication() answers. What passes until then belongs to the program that it turns out to be. The
+    // end of this is reported as a switch, also when the program stays the same.
+    virtual bool isUndecided() const { return false; }
     // Calls `hearer` after each change of the active application. An empty subscription when the desktop
     // cannot report changes.
     virtual Subscription observeSwitches(News::Hearer hearer) = 0;

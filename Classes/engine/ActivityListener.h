@@ -2,10 +2,20 @@
 #pragma once
 
 #include "platform/WindowElement.h"
+#include "platform/foundation/time/Date.h"
 
 #include <QString>
 
 #include <optional>
+
+// A period to credit.
+struct CountedPeriod {
+    // Absent when nothing can be credited.
+    std::optional<Instant> from;
+    Instant to;
+    // The whole title of the front window, cleaned; absent while the application in front has none.
+    std::optional<QString> title;
+};
 
 // An activity source tells this listener what is in front; the tracker is one. It outlives the source, or
 // calls its teardown().
@@ -26,6 +36,11 @@ public:
     // Called before the source looks at another application's windows. The time since the last tick is
     // credited to the application and the window that were in front.
     virtual void creditTimeBeforeSwitch() = 0;
+    // It has turned out only now that a past period belongs to this application and window. Periods come in
+    // order, and before anything later is credited. The window's title may name no document.
+    virtual void creditPeriod(const std::optional<QString>& appName,
+                              const std::optional<WindowElement>& mainWindowName,
+                              const std::optional<QString>& documentName, const CountedPeriod& period) = 0;
     // Whether the user is away; then the source tells no switch.
     virtual bool isIdle() const = 0;
 };

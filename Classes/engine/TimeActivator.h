@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/engine/ActivityListener.h"
 #include "platform/Accessibility.h"
 #include "platform/FrontApplication.h"
 #include "platform/WindowList.h"
@@ -13,7 +14,6 @@
 #include <mutex>
 #include <optional>
 
-class ActivityListener;
 class TitleRules;
 
 inline constexpr ObservedKey kIsAXEnabledKey{"isAXEnabled"};
@@ -72,14 +72,12 @@ public:
     std::optional<Instant> startDate() const { return m_startDate; }
     // The whole title of the front window, cleaned; absent while the application in front has none.
     virtual std::optional<QString> windowTitle() const { return std::nullopt; }
-    struct Period {
-        // Absent when nothing can be credited.
-        std::optional<Instant> from;
-        Instant to;
-        std::optional<QString> title;
-    };
+    using Period = CountedPeriod;
     // Ends the period to credit; the next one begins at the same instant.
-    Period endPeriod();
+    virtual Period endPeriod();
+    // From now on, nothing waits for a new window to say which program it belongs to: tells the tracker the time that
+    // has waited.
+    virtual void waitNoLonger() {}
 
     // With a compute timer, the controller's computeTime() is called ten times a second.
     virtual void createComputeTimerForController(ComputeTarget& controller);

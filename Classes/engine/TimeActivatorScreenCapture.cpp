@@ -13,6 +13,10 @@ namespace {
 constexpr auto kPollInterval = 100ms;
 constexpr auto kPollTolerance = 50ms;
 
+bool isAway(const ApplicationRecord& record) {
+    return record.name == kScreenSaverName || record.name == kLoginWindowName;
+}
+
 std::optional<std::int64_t> processOf(const std::optional<ApplicationRecord>& record) {
     return record ? std::optional(record->processIdentifier) : std::nullopt;
 }
@@ -26,6 +30,15 @@ TimeActivatorScreenCapture::TimeActivatorScreenCapture(ActivityListener& tracker
 }
 
 void TimeActivatorScreenCapture::fastUpdateWindowName() {
+    if (m_undecided)
+        followUndecided();
+    else
+        lookAtFront();
+    if (m_updateController)
+        m_updateController->computeTime();
+}
+
+void TimeActivatorScreenCapture::lookAtFront() {
     const auto& record = services().frontApplication.activeApplication();
     const std::optional<QString> name = buildAppNameForDictionary(record);
     // With the new title the program became hidden, or visible again.
@@ -37,8 +50,81 @@ void TimeActivatorScreenCapture::fastUpdateWindowName() {
             setCurrentAppName(name);
         fastUpdateWindowNameForPID(processOf(record));
     }
-    if (m_updateController)
-        m_updateController->computeTime();
+}
+
+std::optional<ApplicationRecord> TimeActivatorScreenCapture::appDidChange() {
+    const FrontApplication& desktop = services().frontApplication;
+    const std::optional<ApplicationRecord> record = desktop.activeApplication();
+    const WindowListEntry* front = frontWindowOf(processOf(record));
+    const bool mayTurnOut = record && desktop.isUndecided() && timeTracker() && !timeTracker()->isIdle();
+    const bool isSame = m_undecided && m_undecided->isAbout(record, front);
+    const bool isBetween =
+        timeTracker() && m_undecided && !isSame && !mayTurnOut && record && !isAway(*record);
+    // What has passed until now belongs to what was in front.
+    if (timeTracker() && (m_undecided || mayTurnOut))
+        timeTracker()->creditTimeBeforeSwitch();
+    if (isBetween && !m_undecided->isLeft(services().clock.instant())) {
+        m_undecided->leaveFor(*record, front, services().clock.instant());
+        return record;
+    }
+    if (m_undecided && !isSame)
+        decide(m_undecided->soFar());
+    if (!mayTurnOut) {
+        decide(record);
+        return TimeActivator::appDidChange();
+    }
+    // No name: whoever asks meanwhile whom to credit leaves it as it is.
+    setCurrentAppName(std::nullopt);
+    if (m_undecided)
+        m_undecided->follow(*record, front);
+    else
+        m_undecided.emplace(*record, front);
+    return record;
+}
+
+// Notices what the desktop has not told.
+void TimeActivatorScreenCapture::followUndecided() {
+    const FrontApplication& desktop = services().frontApplication;
+    const auto& record = desktop.activeApplication();
+    const bool isFollowed = desktop.isUndecided() && record == m_undecided->soFar();
+    if (isFollowed && record == m_undecided->program())
+        m_undecided->follow(*record, frontWindowOf(processOf(record)));
+    else
+        appDidChange();
+}
+
+TimeActivator::Period TimeActivatorScreenCapture::endPeriod() {
+    const Period period = TimeActivator::endPeriod();
+    if (!m_undecided)
+        return period;
+    m_undecided->add(period);
+    return {std::nullopt, period.to, std::nullopt};
+}
+
+void TimeActivatorScreenCapture::waitNoLonger() {
+    if (!m_undecided)
+        return;
+    decide(m_undecided->soFar());
+    setCurrentAppName(buildAppNameForDictionary(services().frontApplication.activeApplication()));
+    fastUpdateWindowNameForPID(processOf(services().frontApplication.activeApplication()));
+}
+
+void TimeActivatorScreenCapture::decide(const std::optional<ApplicationRecord>& record) {
+    if (!m_undecided)
+        return;
+    const UndecidedTime undecided = *std::exchange(m_undecided, std::nullopt);
+    for (const auto& [between, window, period] : undecided.pieces()) {
+        const auto name = TimeActivator::buildAppNameForDictionary(between ? between : record);
+        if (!timeTracker() || !name)
+            continue;
+        // A window without a title is called like its program.
+        const std::optional<QString> title =
+            allowedTitle(*name, window ? window->name.value_or(*name) : QString());
+        const std::optional<QString> known = window ? title : std::nullopt;
+        const auto element = window ? std::optional(WindowElement(window->number)) : std::nullopt;
+        timeTracker()->creditPeriod(title ? name : kPrivateName, element, getDocStringNameForName(known),
+                                    {period.from, period.to, known});
+    }
 }
 
 void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier) {
@@ -104,6 +190,8 @@ void TimeActivatorScreenCapture::computeInfoWithAppDict(const std::optional<Appl
 }
 
 void TimeActivatorScreenCapture::mainWindowDidChange() {
+    if (m_undecided)
+        return;
     const auto& record = services().frontApplication.activeApplication();
     const std::optional<QString> name = buildAppNameForDictionary(record);
     if (name != currentAppName())

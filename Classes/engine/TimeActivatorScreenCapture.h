@@ -2,10 +2,12 @@
 #pragma once
 
 #include "Classes/engine/TimeActivator.h"
+#include "Classes/engine/UndecidedTime.h"
 
 // Follows the front window through the window list, and drives the tick. It polls ten times a second for as
 // long as it exists; while a controller is attached, each poll ends with the controller's computeTime().
-// It takes no picture of the screen.
+// It takes no picture of the screen. While a new window may still say which program it belongs to, the time waits, for
+// as long as the desktop says.
 class TimeActivatorScreenCapture : public TimeActivator {
 public:
     TimeActivatorScreenCapture(ActivityListener& tracker, ActivityServices& services);
@@ -18,7 +20,10 @@ public:
 
     // kPrivateName if the program must not be known.
     std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) override;
+    std::optional<ApplicationRecord> appDidChange() override;
     void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) override;
+    Period endPeriod() override;
+    void waitNoLonger() override;
     void mainWindowDidChange() override;
     void resetObservations() override { restartPeriod(); }
     std::optional<QString> windowTitle() const override { return m_windowUpdatingName; }
@@ -36,6 +41,10 @@ public:
     const std::optional<WindowListEntry>& lastUpdateWindowDict() const { return m_lastUpdateWindowDict; }
 
 private:
+    void lookAtFront();
+    void followUndecided();
+    // The time that has waited belongs to this program.
+    void decide(const std::optional<ApplicationRecord>& record);
     void setWindowUpdatingName(const std::optional<QString>& title);
     // Null when the application has none.
     const WindowListEntry* frontWindowOf(std::optional<std::int64_t> processIdentifier) const;
@@ -56,6 +65,8 @@ private:
         std::optional<QString> allowed;
     };
     Gate m_gate;
+    // What has passed since an undecided program came to the front.
+    std::optional<UndecidedTime> m_undecided;
     // Not owned. Set while there is a compute timer.
     ComputeTarget* m_updateController = nullptr;
     std::unique_ptr<RunLoopTimer> m_pollTimer;

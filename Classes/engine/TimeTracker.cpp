@@ -41,6 +41,8 @@ bool TimeTracker::setIsRunning(bool run) {
         return false;
     }
     const std::lock_guard guard(m_timers.lock());
+    if (!run)
+        waitNoLonger();
     if (!m_isRunning) {
         resetInternalTimes();
         m_countingSince = instant();
@@ -77,19 +79,36 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
     // time.
     if (m_isRunning && m_wasIdle)
         return;
+    if (adopt(appName, mainWindowName, documentName) && !m_isLooking)
+        creditSoFar();
+}
+
+void TimeTracker::creditPeriod(const std::optional<QString>& appName,
+                               const std::optional<WindowElement>& mainWindowName,
+                               const std::optional<QString>& documentName, const CountedPeriod& period) {
+    const std::lock_guard guard(m_timers.lock());
+    if (!m_isRunning || m_wasIdle)
+        return;
+    adopt(appName, mainWindowName, documentName);
+    if (const auto stretch = stretchOf(period))
+        credit(*stretch);
+}
+
+// Answers whether there is a window to credit.
+bool TimeTracker::adopt(const std::optional<QString>& appName, const std::optional<WindowElement>& element,
+                        const std::optional<QString>& documentName) {
     setCurrentApp(appName);
     const auto app = m_timers.app();
-    const auto window = app ? app->windowStoreForName(documentName, mainWindowName) : nullptr;
+    const auto window = app ? app->windowStoreForName(documentName, element) : nullptr;
     m_timers.setWindow(window);
     if (!m_isRunning || !window)
-        return;
+        return false;
     // The title has changed while the window was behind others, or while the timer was stopped.
     if (!window->isNamed(*documentName)) {
         window->setName(*documentName);
         m_timers.narrowing().noteChange();
     }
-    if (!m_isLooking)
-        creditSoFar();
+    return true;
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
@@ -124,6 +143,7 @@ void TimeTracker::updateDisplayTime(bool idle) {
     const std::lock_guard guard(m_timers.lock());
     // While the timer is stopped, no absence begins.
     if (!m_wasIdle && idle && m_isRunning) {
+        waitNoLonger();
         m_wasIdle = true;
         bookIdleOnset();
     } else if (m_wasIdle && !idle) {

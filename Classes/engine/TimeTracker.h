@@ -43,6 +43,9 @@ public:
                                       const std::optional<WindowElement>& mainWindowName,
                                       const std::optional<QString>& documentName) override;
     void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) override;
+    void creditPeriod(const std::optional<QString>& appName,
+                      const std::optional<WindowElement>& mainWindowName,
+                      const std::optional<QString>& documentName, const CountedPeriod& period) override;
     void creditTimeBeforeSwitch() override;
     bool isIdle() const override { return m_wasIdle; }
 
@@ -59,6 +62,8 @@ public:
     void setCurrentApp(const std::optional<QString>& name) { m_timers.setCurrentApp(name); }
     void resetInternalTimes();
     void awakeFromSleep();
+    // Credits what waits for a new window to say which program it belongs to. For whoever writes the timers.
+    void waitNoLonger() { m_timeActivator->waitNoLonger(); }
 
     // The sum over all applications, in seconds. Leaves out Ticklog itself and Idle where the settings say
     // so.
@@ -164,6 +169,8 @@ private:
     void creditSoFar();
     std::optional<Stretch> stretchOf(const TimeActivator::Period& period) const;
     void lookAtWindow();
+    bool adopt(const std::optional<QString>& appName, const std::optional<WindowElement>& element,
+               const std::optional<QString>& documentName);
     void bookIdleOnset();
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
     void creditGap(Stretch stretch, Seconds worked);

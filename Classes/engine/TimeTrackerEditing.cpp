@@ -18,6 +18,7 @@ void TimeTracker::enterNames() const {
 }
 
 void TimeTracker::reset() {
+    waitNoLonger();
     enterNames();
     {
         const std::lock_guard guard(m_timers.lock());

@@ -7,7 +7,7 @@ void FollowedDesktop::settleFront(const std::optional<Front>& front, bool isAnsw
     else if (activeApplication() != nothingInFront() && m_emptyMoment.isOver(isAnswerOwed))
         bringToFront(desktopInFront());
     if (m_isStale)
-        showAnew(activeApplication());
+        showAnew(activeApplication(), isUndecided());
 }
 
 void FollowedDesktop::forgetFront() {
@@ -17,13 +17,17 @@ void FollowedDesktop::forgetFront() {
 
 void FollowedDesktop::bringToFront(const Front& front) {
     m_emptyMoment.end();
+    // Windows that were there before Ticklog have said what they had to say.
+    if (!activeApplication())
+        m_firstMoments.skip(m_lastNumber);
+    const bool mayTurnOut = front.undecided && m_firstMoments.include(front.undecided, front.moment);
     m_isStale |= std::exchange(m_frontWindow, front.window) != front.window ||
-                 activeApplication() != front.application;
+                 activeApplication() != front.application || isUndecided() != mayTurnOut;
     if (m_isStale)
-        showAnew(front.application);
+        showAnew(front.application, mayTurnOut);
 }
 
-void FollowedDesktop::showAnew(const std::optional<ApplicationRecord>& front) {
+void FollowedDesktop::showAnew(const std::optional<ApplicationRecord>& front, bool isUndecided) {
     m_isStale = false;
-    show(listed(), m_frontWindow, front);
+    show(listed(), m_frontWindow, front, isUndecided);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/desktop/EmptyMoment.h"
+#include "platform/desktop/FirstMoments.h"
 #include "platform/desktop/TellingDesktop.h"
 
 // A desktop that reports each window by itself, and which of them is active. A back end keeps the windows;
@@ -12,14 +13,18 @@ protected:
         // 0 if it is the desktop itself.
         std::int64_t window = 0;
         ApplicationRecord application;
+        // The window that may say in its first moment that this is another program; 0 if all is said.
+        std::int64_t undecided = 0;
+        std::chrono::milliseconds moment = FirstMoments::kLength;
     };
 
     static Front desktopInFront() { return {.window = 0, .application = nothingInFront()}; }
 
     // `askAgain` asks the desktop what is in front. All arguments outlive the desktop.
-    FollowedDesktop(DesktopEntries& entries, RunLoop& runLoop, std::function<void()> askAgain)
+    FollowedDesktop(DesktopEntries& entries, RunLoop& runLoop, const std::function<void()>& askAgain)
         : TellingDesktop(entries)
-        , m_emptyMoment(runLoop, std::move(askAgain)) {}
+        , m_emptyMoment(runLoop, askAgain)
+        , m_firstMoments(runLoop, askAgain) {}
 
     // The windows to be listed, front to back.
     virtual std::vector<WindowListEntry> listed() const = 0;
@@ -38,10 +43,11 @@ protected:
 
 private:
     void bringToFront(const Front& front);
-    void showAnew(const std::optional<ApplicationRecord>& front);
+    void showAnew(const std::optional<ApplicationRecord>& front, bool isUndecided);
 
     // The moment in which nothing is in front and nobody has been told.
     EmptyMoment m_emptyMoment;
+    FirstMoments m_firstMoments;
     // The window in front when this was last shown.
     std::int64_t m_frontWindow = 0;
     std::int64_t m_lastNumber = 0;

@@ -11,6 +11,7 @@ public:
         return m_cover ? m_cover : m_covered.activeApplication();
     }
 
+    bool isUndecided() const override { return !m_cover && m_covered.isUndecided(); }
     QString nameOfProgram(const QString& path) const override { return m_covered.nameOfProgram(path); }
     QString describe() const override { return m_covered.describe(); }
     QString obstacle() const override { return m_covered.obstacle(); }

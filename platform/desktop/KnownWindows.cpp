@@ -31,20 +31,20 @@ ApplicationRecord KnownWindows::recordOf(std::int64_t process, const QStringList
 }
 
 void KnownWindows::show(std::vector<WindowListEntry> frontToBack,
-                        const std::optional<ApplicationRecord>& front) {
-    if (take(std::move(frontToBack), front))
+                        const std::optional<ApplicationRecord>& front, bool isUndecided) {
+    if (take(std::move(frontToBack), front, isUndecided))
         tellOfSwitch();
 }
 
 void KnownWindows::show(std::vector<WindowListEntry> frontToBack, std::int64_t focused,
-                        const std::optional<ApplicationRecord>& front) {
+                        const std::optional<ApplicationRecord>& front, bool isUndecided) {
     std::vector<WindowListEntry> windows;
     windows.reserve(frontToBack.size());
     for (const bool hasFocus : {true, false})
         for (WindowListEntry& window : frontToBack)
             if ((window.number == focused) == hasFocus)
                 windows.push_back(std::move(window));
-    show(std::move(windows), front);
+    show(std::move(windows), front, isUndecided);
 }
 
 std::optional<ApplicationRecord> KnownWindows::frontAfterwards() const {
@@ -52,10 +52,11 @@ std::optional<ApplicationRecord> KnownWindows::frontAfterwards() const {
 }
 
 bool KnownWindows::take(std::vector<WindowListEntry> frontToBack,
-                        const std::optional<ApplicationRecord>& front) {
+                        const std::optional<ApplicationRecord>& front, bool isUndecided) {
     m_windows = std::move(frontToBack);
-    if (m_front == front)
+    if (m_front == front && m_isUndecided == isUndecided)
         return false;
     m_front = front;
+    m_isUndecided = isUndecided;
     return true;
 }

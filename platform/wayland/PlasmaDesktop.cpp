@@ -63,6 +63,14 @@ struct PlasmaDesktop::Events {
         apply(data);
     }
 
+    static void parent(void* data, Handle*, Handle* parent) {
+        const auto& all = window(data).desktop.m_plasmaWindows;
+        const auto found =
+            std::ranges::find(all, parent, [](const auto& each) { return each->handle.get(); });
+        window(data).window.parent = parent && found != all.end() ? (*found)->number : 0;
+        apply(data);
+    }
+
     static void known(void* data, Handle*) {
         window(data).isKnown = true;
         apply(data);
@@ -93,7 +101,7 @@ struct PlasmaDesktop::Events {
         listener.themed_icon_name_changed = ignoreText;
         listener.unmapped = unmapped;
         listener.initial_state = known;
-        listener.parent_window = [](void*, Handle*, Handle*) {};
+        listener.parent_window = parent;
         listener.geometry = [](void*, Handle*, std::int32_t, std::int32_t, std::uint32_t, std::uint32_t) {};
         listener.icon_changed = [](void*, Handle*) {};
         listener.pid_changed = process;

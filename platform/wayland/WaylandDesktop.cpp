@@ -9,6 +9,9 @@
 
 namespace {
 
+// Longer chains of dialogues of dialogues are loops.
+constexpr int kLongestChain = 16;
+
 // Our windows have the name of our desktop entry under Wayland, and that of the program under Xwayland.
 const QStringList& ownAppIds() {
     static const QStringList kIds{QStringLiteral("org.ticklog.Ticklog"), QStringLiteral("ticklog")};
@@ -57,8 +60,8 @@ void WaylandDesktop::setWindow(std::int64_t number, const Window& window) {
     if (!isNew && known.window == window)
         return;
     noteChange();
-    if (isNew || window.appId != known.window.appId || window.process != known.window.process)
-        known.application = applicationOf(window);
+    const bool isSaidAnew =
+        isNew || window.appId != known.window.appId || window.process != known.window.process;
     const bool comesToFront = window.isActive && (isNew || !known.window.isActive);
     if (comesToFront && !isNew)
         std::erase(m_frontToBack, number);
@@ -67,6 +70,8 @@ void WaylandDesktop::setWindow(std::int64_t number, const Window& window) {
     else if (isNew)
         m_frontToBack.push_back(number);
     known.window = window;
+    if (isSaidAnew)
+        findApplication(known);
     m_processes.settle(m_windows, [](const auto& entry) -> QString { return entry.second.window.appId; });
 }
 
@@ -115,8 +120,7 @@ void WaylandDesktop::settle() {
     }
     std::optional<Front> front;
     if (const auto active = activeWindow()) {
-        const Known& known = m_windows.at(*active);
-        front = known.window.isDesktop ? desktopInFront() : Front{*active, known.application};
+        front = m_windows.at(*active).window.isDesktop ? desktopInFront() : frontOf(*active);
     }
     settleFront(front, m_connection->isAwaitingAnswers());
 }
@@ -131,16 +135,39 @@ std::optional<std::int64_t> WaylandDesktop::activeWindow() const {
     return std::nullopt;
 }
 
-ApplicationRecord WaylandDesktop::applicationOf(const Window& window) {
+void WaylandDesktop::findApplication(Known& known) {
+    const Window& window = known.window;
     const std::int64_t process = window.process ? *window.process : m_processes.of(window.appId);
     const bool isOwn = process == QCoreApplication::applicationPid() || ownAppIds().contains(window.appId);
-    return recordOf(process, {window.appId}, isOwn);
+    known.application = recordOf(process, {window.appId}, isOwn);
+    known.isInstalled = isOwn || desktopEntries().knows({window.appId});
+}
+
+// The window that says which program this one belongs to: for a dialogue, the window that it was opened for, unless
+// that is known to be another process's.
+std::int64_t WaylandDesktop::speakerFor(std::int64_t dialogue) const {
+    const auto process = m_windows.at(dialogue).window.process;
+    std::int64_t speaker = dialogue;
+    for (int i = 0; i < kLongestChain; ++i) {
+        const auto parent = m_windows.find(m_windows.at(speaker).window.parent);
+        if (parent == m_windows.end() || parent->second.window.process != process)
+            break;
+        speaker = parent->first;
+    }
+    return speaker;
+}
+
+FollowedDesktop::Front WaylandDesktop::frontOf(std::int64_t active) const {
+    const std::int64_t speaker = speakerFor(active);
+    const Known& known = m_windows.at(speaker);
+    return {.window = active, .application = known.application, .undecided = known.isInstalled ? 0 : speaker};
 }
 
 std::vector<WindowListEntry> WaylandDesktop::listed() const {
     std::vector<WindowListEntry> entries;
     for (const std::int64_t number : m_frontToBack) {
-        const auto& [window, application] = m_windows.at(number);
+        const Window& window = m_windows.at(number).window;
+        const ApplicationRecord& application = m_windows.at(speakerFor(number)).application;
         if (!window.isMinimised)
             entries.push_back({number, application.processIdentifier, !window.isDesktop,
                                window.title.isEmpty() ? std::nullopt : std::optional(window.title),

@@ -28,6 +28,8 @@ protected:
         bool isMinimised = false;
         // Part of the desktop itself: wallpaper, panels.
         bool isDesktop = false;
+        // The number of the window whose dialogue this is; 0 if it is none.
+        std::int64_t parent = 0;
 
         friend bool operator==(const Window&, const Window&) = default;
     };
@@ -59,12 +61,16 @@ private:
     struct Known {
         Window window;
         ApplicationRecord application;
+        // Whether its app id is that of an installed program, so that nothing better can come.
+        bool isInstalled = false;
     };
 
     void beginTelling();
     void settle();
     void tellOfEnd();
-    ApplicationRecord applicationOf(const Window& window);
+    void findApplication(Known& known);
+    std::int64_t speakerFor(std::int64_t dialogue) const;
+    Front frontOf(std::int64_t active) const;
     std::optional<std::int64_t> activeWindow() const;
     std::vector<WindowListEntry> listed() const override;
 

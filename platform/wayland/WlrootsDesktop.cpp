@@ -59,7 +59,14 @@ struct WlrootsDesktop::Events {
     }
 
     static void output(void*, Handle*, wl_output*) {}
-    static void parent(void*, Handle*, Handle*) {}
+    // The compositor tells a dialogue after the window that it belongs to.
+    static void parent(void* data, Handle*, Handle* parent) {
+        Toplevel& dialogue = toplevel(data);
+        const auto& all = dialogue.desktop.m_toplevels;
+        const auto found =
+            std::ranges::find(all, parent, [](const auto& each) { return each->handle.get(); });
+        dialogue.pending.parent = parent && found != all.end() ? (*found)->number : 0;
+    }
 
     static constexpr zwlr_foreign_toplevel_manager_v1_listener kManager{appeared, finished};
     static constexpr zwlr_foreign_toplevel_handle_v1_listener kHandle{title, appId, output, output,

@@ -14,6 +14,8 @@ namespace {
 const QString kOwnClass = QStringLiteral("ticklog");
 // In units of 4 bytes.
 constexpr quint32 kMostWindows = 16384;
+// Longer chains of dialogues of dialogues are loops.
+constexpr int kLongestChain = 16;
 constexpr quint32 kWindowEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
 std::vector<xcb_window_t> windowsOf(const void* reply) {
@@ -267,7 +269,7 @@ void X11Desktop::takeInFact(xcb_window_t window, X11Window::Fact fact, const voi
         return;
     noteChange();
     if (!wasKnown || X11Window::isAboutProgram(fact))
-        client.application = applicationOf(client.window);
+        findApplication(client);
 }
 
 std::int64_t X11Desktop::numberOf(xcb_window_t window) {
@@ -282,11 +284,40 @@ const X11Desktop::Client* X11Desktop::client(xcb_window_t window) const {
     return found == m_clients.end() ? nullptr : &found->second;
 }
 
-ApplicationRecord X11Desktop::applicationOf(const X11Window& window) const {
+void X11Desktop::findApplication(Client& client) const {
+    const X11Window& window = client.window;
     const std::int64_t process = window.process().identifier();
     // In Flatpak, the first program in every other sandbox has the same number.
     const bool isOwn = process == ::getpid() && (!isInFlatpak() || window.classes().contains(kOwnClass));
-    return recordOf(process, window.classes(), isOwn);
+    client.application = recordOf(process, window.classes(), isOwn);
+    client.isInstalled = isOwn || desktopEntries().knows(window.classes());
+}
+
+// The window that says which program this one belongs to: for a dialogue, the window that it was opened for, if that
+// is one of the same process. A dialogue for another program's window is a program of its own.
+const X11Desktop::Client& X11Desktop::speakerFor(const Client& dialogue) const {
+    const Client* speaker = &dialogue;
+    for (int i = 0; i < kLongestChain; ++i) {
+        const Client* parent = client(speaker->window.transientFor());
+        if (!parent || !parent->window.isKnown() ||
+            parent->window.process().identifier() != dialogue.window.process().identifier())
+            break;
+        speaker = parent;
+    }
+    return *speaker;
+}
+
+FollowedDesktop::Front X11Desktop::frontOf(const Client& active) const {
+    const Client& speaker = speakerFor(active);
+    Front front{.window = active.number, .application = speaker.application};
+    if (speaker.isInstalled)
+        return front;
+    front.undecided = speaker.number;
+    // An office suite asks how to read a file before the window for it is there.
+    const xcb_window_t parent = speaker.window.transientFor();
+    if (m_manager && parent && parent != m_connection->root() && !m_numbers.contains(parent))
+        front.moment = FirstMoments::kLengthBeforeParent;
+    return front;
 }
 
 void X11Desktop::updateFront() {
@@ -300,7 +331,7 @@ void X11Desktop::updateFront() {
     if (active && active->window.kind() == X11Window::Kind::Desktop)
         front = desktopInFront();
     else if (active && !active->window.isHidden())
-        front = {.window = active->number, .application = active->application};
+        front = frontOf(*active);
     settleFront(front, m_connection->isAwaitingReplies());
 }
 
@@ -308,10 +339,12 @@ std::vector<WindowListEntry> X11Desktop::listed() const {
     std::vector<WindowListEntry> entries;
     for (const xcb_window_t window : m_frontToBack) {
         const Client* listed = client(window);
-        if (listed && listed->window.isKnown() && !listed->window.isHidden())
-            entries.push_back({listed->number, listed->application.processIdentifier,
-                               listed->window.kind() == X11Window::Kind::Ordinary, listed->window.title(),
-                               listed->application.name});
+        if (!listed || !listed->window.isKnown() || listed->window.isHidden())
+            continue;
+        const ApplicationRecord& application = speakerFor(*listed).application;
+        entries.push_back({listed->number, application.processIdentifier,
+                           listed->window.kind() == X11Window::Kind::Ordinary, listed->window.title(),
+                           application.name});
     }
     return entries;
 }

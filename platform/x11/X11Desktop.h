@@ -38,6 +38,8 @@ private:
         std::int64_t number;
         // Found when the window is known, and again when it changes what it says about its program.
         ApplicationRecord application;
+        // Whether its class is that of an installed program, so that nothing better can come.
+        bool isInstalled = false;
     };
 
     X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, DesktopEntries& entries);
@@ -61,7 +63,9 @@ private:
 
     std::int64_t numberOf(xcb_window_t window);
     const Client* client(xcb_window_t window) const;
-    ApplicationRecord applicationOf(const X11Window& window) const;
+    void findApplication(Client& client) const;
+    const Client& speakerFor(const Client& client) const;
+    Front frontOf(const Client& active) const;
     void updateFront();
     std::vector<WindowListEntry> listed() const override;
 

@@ -96,6 +96,8 @@ PropertyQuestion questionFor(X11Window::Fact fact, const X11Connection& connecti
         return {connection.atom(X11Atom::NetWmWindowType), kLongestShortProperty};
     case X11Window::Fact::State:
         return {connection.atom(X11Atom::NetWmState), kLongestShortProperty};
+    case X11Window::Fact::TransientFor:
+        return {XCB_ATOM_WM_TRANSIENT_FOR, 1};
     case X11Window::Fact::ConnectedProcess:
     case X11Window::Fact::Count:
         break;
@@ -166,6 +168,10 @@ bool X11Window::takeIn(Fact fact, const void* reply, const X11Connection& connec
         const auto states = numbersOf(property);
         return replace(m_isHidden,
                        std::ranges::count(states, connection.atom(X11Atom::NetWmStateHidden)) > 0);
+    }
+    case Fact::TransientFor: {
+        const auto windows = numbersOf(property);
+        return replace(m_transientFor, windows.empty() ? xcb_window_t(0) : windows[0]);
     }
     case Fact::Count:
         break;

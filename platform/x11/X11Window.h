@@ -10,7 +10,18 @@
 // draws no conclusions about the desktop.
 class X11Window {
 public:
-    enum class Fact { Name, PlainName, Class, StatedProcess, ConnectedProcess, Machine, Type, State, Count };
+    enum class Fact {
+        Name,
+        PlainName,
+        Class,
+        StatedProcess,
+        ConnectedProcess,
+        Machine,
+        Type,
+        State,
+        TransientFor,
+        Count
+    };
     enum class Kind { Ordinary, Desktop, Other };
 
     // Nothing is known yet, so all facts are to be asked for.
@@ -43,6 +54,9 @@ public:
 
     const X11ClientProcess& process() const { return m_process; }
 
+    // WM_TRANSIENT_FOR: the window whose dialogue this is; 0 if it does not say. It may be any number.
+    xcb_window_t transientFor() const { return m_transientFor; }
+
     Kind kind() const { return m_kind; }
 
     bool isHidden() const { return m_isHidden; }
@@ -61,6 +75,7 @@ private:
     std::optional<QString> m_plainName;
     QStringList m_classes;
     X11ClientProcess m_process;
+    xcb_window_t m_transientFor = 0;
     Kind m_kind = Kind::Ordinary;
     bool m_isHidden = false;
 };

@@ -29,6 +29,20 @@ void Day::front(const char* application, const char* title) {
     fakes.frontApplication.switchTo(recordOf(application));
 }
 
+void Day::frontUndecided(const char* application, const char* title) {
+    arrange(application, title);
+    fakes.frontApplication.switchTo(recordOf(application), true);
+}
+
+void Day::turnOut(const char* application, const char* program) {
+    ApplicationRecord record = recordOf(application);
+    record.name = QString::fromUtf8(program);
+    for (WindowListEntry& window : fakes.windowList.windows)
+        if (window.ownerProcessIdentifier == record.processIdentifier)
+            window.ownerName = record.name;
+    fakes.frontApplication.switchTo(record);
+}
+
 void Day::frontSilently(const char* application, const char* title) {
     arrange(application, title);
     fakes.frontApplication.record = recordOf(application);

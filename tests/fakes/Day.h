@@ -27,7 +27,12 @@ public:
     // behind.
     void front(const char* application, const char* title = nullptr);
 
-    // The same, but the desktop does not tell: the next poll has to notice.
+    // The same, but the window may still say that it belongs to another program.
+    void frontUndecided(const char* application, const char* title);
+    // It does: all windows of `application`, with the same numbers and the same process, are those of `program`.
+    void turnOut(const char* application, const char* program);
+
+    // The same as front(), but the desktop does not tell: the next poll has to notice.
     void frontSilently(const char* application, const char* title = nullptr);
 
     // Another window of the application in front.

@@ -24,6 +24,8 @@ class FakeFrontApplication : public FrontApplication {
 public:
     const std::optional<ApplicationRecord>& activeApplication() const override { return record; }
 
+    bool isUndecided() const override { return mayTurnOut; }
+
     Subscription observeSwitches(News::Hearer hearer) override {
         return tellsOfSwitches ? m_switches.observe(std::move(hearer)) : Subscription();
     }
@@ -35,8 +37,9 @@ public:
     QString obstacle() const override { return obstacleText; }
 
     // The desktop brings an application to the front and reports it.
-    void switchTo(std::optional<ApplicationRecord> front) {
+    void switchTo(std::optional<ApplicationRecord> front, bool isUndecided = false) {
         record = std::move(front);
+        mayTurnOut = isUndecided;
         m_switches.tell();
     }
 
@@ -44,6 +47,8 @@ public:
 
     // Changing this brings an application to the front without a report.
     std::optional<ApplicationRecord> record;
+    // Whether the window in front may still say that it belongs to another program.
+    bool mayTurnOut = false;
     // By path of the program.
     QHash<QString, QString> programNames;
     bool tellsOfSwitches = true;

@@ -208,4 +208,30 @@ TEST_F(DesktopEntriesTest, theIconInTheMenu_comesBeforeThatOfAPart) {
     EXPECT_EQ(entries.iconOf(QStringLiteral("Writer")), QStringLiteral("writer"));
 }
 
+// As an office suite is installed: the menu's command is a link to a script, which starts the program beside it.
+TEST_F(DesktopEntriesTest, aProgramBehindALink_isThatOfTheEntryWithoutOptions) {
+    install(QStringLiteral("shared/applications/writer.desktop"), "Name=Writer\nExec=office --writer %U\n");
+    install(QStringLiteral("shared/applications/suite.desktop"), "Name=Suite\nExec=office %U\n");
+    QDir().mkpath(folder.filePath(QStringLiteral("bin")));
+    QFile script(folder.filePath(QStringLiteral("bin/suite")));
+    ASSERT_TRUE(script.open(QFile::WriteOnly) && script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    ASSERT_TRUE(script.link(folder.filePath(QStringLiteral("bin/office"))));
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", folder.filePath(QStringLiteral("bin")).toUtf8());
+    EXPECT_EQ(name("Suite", "/usr/lib/suite.bin"), QStringLiteral("Suite"));
+    EXPECT_EQ(name("suite", "/usr/lib/suite"), QStringLiteral("Suite"));
+    EXPECT_EQ(name("Other", "/usr/lib/suite.bin"), QStringLiteral("none"));
+    EXPECT_EQ(name("other", "/usr/lib/other"), QStringLiteral("none"));
+    qputenv("PATH", path);
+}
+
+TEST_F(DesktopEntriesTest, aNameIsKnown_ifAnInstalledProgramHasIt) {
+    install(QStringLiteral("shared/applications/org.example.Notes.desktop"),
+            "Name=Notes\nStartupWMClass=Paper\nExec=notes\n");
+    EXPECT_EQ(name("Nobody"), QStringLiteral("none"));
+    EXPECT_TRUE(entries.knows({QStringLiteral("x"), QStringLiteral("paper")}));
+    EXPECT_TRUE(entries.knows({QStringLiteral("org.example.notes")}));
+    EXPECT_FALSE(entries.knows({QStringLiteral("notes"), QString()}));
+}
+
 } // namespace

@@ -105,4 +105,37 @@ TEST_F(FollowedDesktopTest, theDesktopItself_isBelievedAtOnce) {
     EXPECT_EQ(desktop.shown(), QStringLiteral("Desktop: 2 1"));
 }
 
+TEST_F(FollowedDesktopTest, aNewWindowOfNoInstalledProgram_isUndecidedForAMoment) {
+    int switches = 0;
+    const Subscription subscription = desktop.observeSwitches([&] { ++switches; });
+    desktop.add(kWriter);
+    desktop.active->undecided = desktop.active->window;
+    desktop.settle();
+    EXPECT_TRUE(desktop.isUndecided());
+    EXPECT_EQ(desktop.shown(), QStringLiteral("Writer: 3 2 1"));
+    EXPECT_EQ(switches, 1);
+    runLoop.advance(FirstMoments::kLength);
+    EXPECT_FALSE(desktop.isUndecided());
+    EXPECT_EQ(switches, 2);
+    desktop.settle();
+    EXPECT_EQ(switches, 2);
+}
+
+TEST_F(FollowedDesktopTest, aWindowThatSaysItsProgramMeanwhile_isDecidedAtOnce) {
+    desktop.add(kWriter);
+    desktop.active->undecided = desktop.active->window;
+    desktop.settle();
+    desktop.active->undecided = 0;
+    desktop.settle();
+    EXPECT_FALSE(desktop.isUndecided());
+}
+
+TEST_F(FollowedDesktopTest, windowsThatWereThereBefore_areDecided) {
+    Desktop other(entries, runLoop);
+    other.add(kWriter);
+    other.active->undecided = 1;
+    other.settle();
+    EXPECT_FALSE(other.isUndecided());
+}
+
 } // namespace

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -153,7 +154,14 @@ std::optional<QString> DesktopEntries::iconOf(const QString& program) {
     return std::nullopt;
 }
 
-std::optional<QString> DesktopEntries::find(const QStringList& classes, const QString& executable) const {
+bool DesktopEntries::knows(const QStringList& classes) const {
+    return std::ranges::any_of(classes, [&](const QString& name) {
+        const QString folded = name.toCaseFolded();
+        return m_byStartupClass.contains(folded) || m_byId.contains(folded);
+    });
+}
+
+std::optional<QString> DesktopEntries::find(const QStringList& classes, const QString& executable) {
     const QString program = fileName(executable);
     const bool isOnPurpose = !classes.isEmpty() && isGivenOnPurpose(classes.last(), program);
     for (const auto* index : {&m_byStartupClass, &m_byId}) {
@@ -165,10 +173,33 @@ std::optional<QString> DesktopEntries::find(const QStringList& classes, const QS
                 return m_entries[*entry].name;
         }
     }
-    const auto entry = m_byExecutable.constFind(program);
-    if (program.isEmpty() || isOnPurpose || runsOtherPrograms(program) || entry == m_byExecutable.constEnd())
+    if (program.isEmpty() || isOnPurpose || runsOtherPrograms(program))
         return std::nullopt;
-    return m_entries[*entry].name;
+    if (const auto entry = m_byExecutable.constFind(program); entry != m_byExecutable.constEnd())
+        return m_entries[*entry].name;
+    const Entry* behind = entryBehind(program);
+    return behind ? std::optional(behind->name) : std::nullopt;
+}
+
+// Where menus start a program by another name: /usr/bin/libreoffice is a link to a script called soffice, which starts
+// soffice.bin.
+const DesktopEntries::Entry* DesktopEntries::entryBehind(const QString& program) {
+    if (!m_byLinkedFile) {
+        m_byLinkedFile.emplace();
+        for (std::size_t i = 0; i < m_entries.size(); ++i) {
+            const QFileInfo command(QStandardPaths::findExecutable(m_entries[i].executable));
+            if (m_entries[i].executable.isEmpty() || !command.isSymLink())
+                continue;
+            const QString file = fileName(command.canonicalFilePath());
+            const auto there = m_byLinkedFile->constFind(file);
+            if (there == m_byLinkedFile->constEnd() || m_entries[i].remoteness < m_entries[*there].remoteness)
+                m_byLinkedFile->insert(file, i);
+        }
+    }
+    const QString started = program.endsWith(u".bin") ? program.chopped(4) : program;
+    const auto entry = m_byLinkedFile->constFind(started);
+    const bool isFound = entry != m_byLinkedFile->constEnd() && !runsOtherPrograms(started);
+    return isFound ? &m_entries[*entry] : nullptr;
 }
 
 bool DesktopEntries::isChanged() const {
@@ -192,6 +223,7 @@ void DesktopEntries::scan() {
     m_byId.clear();
     m_byExecutable.clear();
     m_byName.clear();
+    m_byLinkedFile.reset();
     m_folders.clear();
     m_answers.clear();
     for (const QString& folder : m_places.dataFolders)

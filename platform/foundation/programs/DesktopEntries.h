@@ -35,6 +35,8 @@ public:
     // to do with the executable's name, because somebody chose such a class deliberately, and then it is the
     // program (`xterm -class Mailer`).
     std::optional<QString> nameForWindow(const QStringList& classes, const QString& executable);
+    // Whether one of these names is that of an installed program.
+    bool knows(const QStringList& classes) const;
     // The name of the program at a full path; absent if no entry starts it.
     std::optional<QString> nameForExecutable(const QString& executable);
     // The icon of the program that is called so: by its entry, in the user's language or untranslated, or by its
@@ -61,7 +63,8 @@ private:
         qint64 modified = 0;
     };
 
-    std::optional<QString> find(const QStringList& classes, const QString& executable) const;
+    std::optional<QString> find(const QStringList& classes, const QString& executable);
+    const Entry* entryBehind(const QString& program);
     void scanIfChanged();
     void scan();
     void scanFolder(const QString& folder, const QString& idPrefix, int depth);
@@ -77,6 +80,8 @@ private:
     QHash<QString, std::size_t> m_byId;
     QHash<QString, std::size_t> m_byExecutable;
     QHash<QString, std::size_t> m_byName;
+    // From the name of the file that an entry's command is a link to. Made when it is first needed.
+    std::optional<QHash<QString, std::size_t>> m_byLinkedFile;
     // All folders that were searched, also those that do not exist.
     std::vector<Folder> m_folders;
     // The answers so far; a null text means that there is no entry.
