@@ -72,6 +72,8 @@ inline const QString kHistoryColumns = QStringLiteral("kTKHistoryColumns");
 inline const QString kOpenTimers = QStringLiteral("kTKOpenTimers");
 // The user has seen the page of the first start.
 inline const QString kWelcomed = QStringLiteral("kTKWelcomed");
+// Whether each title of a window gets a row of its own, in all applications.
+inline const QString kRowForEachTitle = QStringLiteral("kTKRowForEachTitle");
 // Which rows are expanded under "All Timers": a list of identities.
 inline const QString kTopLevelExpandedUUIDs = QStringLiteral("topLevelExpandedUUIDs");
 

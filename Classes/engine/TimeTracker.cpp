@@ -4,6 +4,8 @@
 #include "Classes/common/Settings.h"
 #include "Classes/engine/SystemIdleTime.h"
 #include "Classes/rules/RuleCategories.h"
+#include "Classes/rules/SteadyTitle.h"
+#include "Classes/rules/TitleRows.h"
 #include "Classes/store/TKUUIDManager.h"
 #include "Classes/store/TimeStoreCategory.h"
 #include "platform/foundation/values/Assertions.h"
@@ -12,10 +14,20 @@
 
 #include <algorithm>
 
+namespace {
+
+// A title that only counts or ticks on is no other title.
+bool isAnotherTitle(const QString& title, const QString& next) {
+    return title != next && steadyTitle(title) != steadyTitle(next);
+}
+
+} // namespace
+
 TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeActivator)
     : m_services(services)
     , m_timers(services.store, *this)
     , m_categories(std::make_unique<RuleCategories>())
+    , m_titleRows(std::make_unique<TitleRows>())
     , m_lastResetDate(now())
     , m_countingSince(instant()) {
     m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
@@ -99,7 +111,7 @@ bool TimeTracker::adopt(const std::optional<QString>& appName, const std::option
                         const std::optional<QString>& documentName) {
     setCurrentApp(appName);
     const auto app = m_timers.app();
-    const auto window = app ? app->windowStoreForName(documentName, element) : nullptr;
+    const auto window = app ? rowFor(*app, documentName, element) : nullptr;
     m_timers.setWindow(window);
     if (!m_isRunning || !window)
         return false;
@@ -109,6 +121,14 @@ bool TimeTracker::adopt(const std::optional<QString>& appName, const std::option
         m_timers.narrowing().noteChange();
     }
     return true;
+}
+
+std::shared_ptr<TimeStoreWindow> TimeTracker::rowFor(TimeStoreApp& app, const std::optional<QString>& title,
+                                                     const std::optional<WindowElement>& element) const {
+    if (title && element && m_titleRows->areFor(app.name()))
+        if (const auto row = app.windowOfElement(*element); row && isAnotherTitle(row->name(), *title))
+            app.forgetElement(*element);
+    return app.windowStoreForName(title, element);
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
@@ -123,6 +143,11 @@ void TimeTracker::renameWindowToName(const std::optional<QString>& newName, cons
     // The window being credited belongs to another application, so this title is not its new one.
     if (!isCurrent && m_timers.tree().applicationHolding(*current) != app)
         return;
+    // The next look finds the new title's row; what has passed was under the old one.
+    if (m_titleRows->areFor(app->name()) && isAnotherTitle(current->name(), *newName)) {
+        creditTimeBeforeSwitch();
+        return;
+    }
     if (const auto found = isCurrent ? nullptr : app->windowStoreForName(newName, window);
         found && found != current)
         app->join(*current, *found);
@@ -289,5 +314,7 @@ void TimeTracker::setCutoffTime(float cutoffTime) {
 }
 
 void TimeTracker::userDefaultsChanged() {
-    m_categories->read(m_services.defaults.object(kRulesetKey));
+    const PropertyListValue ruleset = m_services.defaults.object(kRulesetKey);
+    m_categories->read(ruleset);
+    m_titleRows->read(ruleset, m_services.defaults.boolForKey(kRowForEachTitle));
 }

@@ -17,6 +17,7 @@ class IncomingTimers;
 class PastTitles;
 class RuleCategories;
 class TimeStoreCategory;
+class TitleRows;
 
 inline constexpr ObservedKey kLastResetDateKey{"lastResetDate"};
 inline constexpr ObservedKey kLastResetDateDisplayStringKey{"lastResetDateDisplayString"};
@@ -171,6 +172,8 @@ private:
     void lookAtWindow();
     bool adopt(const std::optional<QString>& appName, const std::optional<WindowElement>& element,
                const std::optional<QString>& documentName);
+    std::shared_ptr<TimeStoreWindow> rowFor(TimeStoreApp& app, const std::optional<QString>& title,
+                                            const std::optional<WindowElement>& element) const;
     void bookIdleOnset();
     Seconds unbookedIdle(Seconds idle, Instant lastInput) const;
     void creditGap(Stretch stretch, Seconds worked);
@@ -180,6 +183,7 @@ private:
     TrackerServices& m_services;
     CountedTimers m_timers;
     std::unique_ptr<RuleCategories> m_categories;
+    std::unique_ptr<TitleRows> m_titleRows;
     Date m_lastResetDate;
     // When the timer was last started or the timers were last cleared, whichever is later. No absence from
     // before is booked.

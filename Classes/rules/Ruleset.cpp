@@ -2,6 +2,7 @@
 #include "Classes/rules/Ruleset.h"
 
 #include "Classes/rules/RuleCategories.h"
+#include "Classes/rules/TitleRows.h"
 
 #include <algorithm>
 
@@ -12,14 +13,18 @@ Rule Rule::fromRecord(const PropertyListValue& record) {
     return {.block = entries->value(kRuleBlock).toBool(),
             .enableRename = entries->value(kRuleEnableRename).toBool(),
             .rename = entries->value(kRuleRename).toString(),
-            .categories = entries->value(kRuleCategories).toString()};
+            .categories = entries->value(kRuleCategories).toString(),
+            .rowForEachTitle = entries->value(kRuleRowForEachTitle).toBool()};
 }
 
 PropertyListDictionary Rule::record() const {
-    return {{kRuleBlock, block},
-            {kRuleRename, rename},
-            {kRuleEnableRename, enableRename},
-            {kRuleCategories, categories}};
+    PropertyListDictionary record{{kRuleBlock, block},
+                                  {kRuleRename, rename},
+                                  {kRuleEnableRename, enableRename},
+                                  {kRuleCategories, categories}};
+    if (rowForEachTitle)
+        record.insert(kRuleRowForEachTitle, true);
+    return record;
 }
 
 PropertyListDictionary Ruleset::rules() const {

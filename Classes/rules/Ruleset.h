@@ -5,7 +5,8 @@
 
 #include <QStringList>
 
-// The entries of a rule's record; its categories are in RuleCategories.h.
+// The entries of a rule's record; its categories are in RuleCategories.h,
+// its rows for titles in TitleRows.h.
 inline const QString kRuleBlock = QStringLiteral("Block");
 inline const QString kRuleRename = QStringLiteral("Rename");
 inline const QString kRuleEnableRename = QStringLiteral("EnableRename");
@@ -23,6 +24,8 @@ struct Rule {
     QString rename = {};
     // As the user typed them, separated by commas.
     QString categories = {};
+    // Written only if it is true, so that other rules look as they always have.
+    bool rowForEachTitle = false;
 };
 
 // The rules, by application name. They live only in the settings and are read from there each time. Names

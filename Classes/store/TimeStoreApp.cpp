@@ -184,6 +184,12 @@ std::shared_ptr<TimeStoreWindow> TimeStoreApp::windowOfElement(const WindowEleme
     return nullptr;
 }
 
+void TimeStoreApp::forgetElement(const WindowElement& element) {
+    if (const auto window = windowOfElement(element))
+        window->forgetWindowElement();
+    m_byElement.erase(element);
+}
+
 void TimeStoreApp::giveElement(TimeStoreWindow& window, const WindowElement& element) {
     if (window.windowElement())
         m_byElement.erase(*window.windowElement());

@@ -36,6 +36,10 @@ public:
     // element; else makes a new one. Null when the name is absent. `windowElement` may be absent.
     std::shared_ptr<TimeStoreWindow> windowStoreForName(const std::optional<QString>& name,
                                                         const std::optional<WindowElement>& windowElement);
+    // The window with this element; null when there is none.
+    std::shared_ptr<TimeStoreWindow> windowOfElement(const WindowElement& element);
+    // From now on no window has this element.
+    void forgetElement(const WindowElement& element);
     // Stores the window called `name` under the text of a new identity instead, so that a fresh window can
     // have the name. Does not mark it as branched. Freezing does without: there the new name moves the window.
     void branchWindowForName(const QString& name);
@@ -103,7 +107,6 @@ private:
     void succeed(const std::optional<Identity>& former, const std::optional<Identity>& successor);
     void tell(const Successions& successions);
     void giveIdentityOfItsOwn(TimeStoreWindow& window, Successions& successions);
-    std::shared_ptr<TimeStoreWindow> windowOfElement(const WindowElement& element);
     void giveElement(TimeStoreWindow& window, const WindowElement& element);
 
     Table m_windows;

@@ -20,6 +20,7 @@ public:
     // The window on the screen; null when it is not known. Never written.
     const WindowElement* windowElement() const { return m_windowElement.get(); }
     void setWindowElement(const WindowElement& element);
+    void forgetWindowElement() { m_windowElement.reset(); }
 
     QString description() const override;
 

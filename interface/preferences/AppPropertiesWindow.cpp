@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interface/preferences/AppPropertiesWindow.h"
 
+#include "interface/preferences/RulesTab.h"
 #include "interface/preferences/TKSetupController.h"
 #include "interface/preferences/TokenField.h"
 #include "interface/shell/Named.h"
@@ -31,6 +32,8 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     , m_ruleRenameCheckbox(named(new QCheckBox(localized("&Rename")), QStringLiteral("ruleRenameCheckbox")))
     , m_ruleRenameName(named(new QLineEdit, QStringLiteral("ruleRenameName")))
     , m_ruleCategories(named(new TokenField, QStringLiteral("ruleCategories")))
+    , m_ruleRowForEachTitle(
+          named(new QCheckBox(localized("A row for each &title")), QStringLiteral("ruleRowForEachTitle")))
     , m_ruleRenameLabel(named(new PlainLabel(localized("&New name:")), QStringLiteral("ruleRenameLabel")))
     , m_ruleCategoriesLabel(
           named(new PlainLabel(localized("&Categories:")), QStringLiteral("ruleCategoriesLabel"))) {
@@ -51,6 +54,8 @@ AppPropertiesWindow::AppPropertiesWindow(TKSetupController& setupController, QWi
     form->addRow(QString(), m_ruleRenameCheckbox);
     form->addRow(m_ruleRenameLabel, m_ruleRenameName);
     form->addRow(m_ruleCategoriesLabel, m_ruleCategories);
+    RulesTab::explainRowsForTitles(*m_ruleRowForEachTitle);
+    form->addRow(QString(), m_ruleRowForEachTitle);
     auto* buttons = named(new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel),
                           QStringLiteral("ruleButtons"));
     named(buttons->button(QDialogButtonBox::Save), QStringLiteral("saveRule"));

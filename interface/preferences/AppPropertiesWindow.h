@@ -27,6 +27,8 @@ public:
 
     TokenField& ruleCategories() const { return *m_ruleCategories; }
 
+    QCheckBox& ruleRowForEachTitle() const { return *m_ruleRowForEachTitle; }
+
     QLabel& ruleRenameLabel() const { return *m_ruleRenameLabel; }
 
     QLabel& ruleCategoriesLabel() const { return *m_ruleCategoriesLabel; }
@@ -44,6 +46,7 @@ private:
     QCheckBox* m_ruleRenameCheckbox;
     QLineEdit* m_ruleRenameName;
     TokenField* m_ruleCategories;
+    QCheckBox* m_ruleRowForEachTitle;
     QLabel* m_ruleRenameLabel;
     QLabel* m_ruleCategoriesLabel;
 };

@@ -4,6 +4,7 @@
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -19,6 +20,7 @@ constexpr int kMargin = 18;
 
 RulesTab::RulesTab(QAbstractItemModel& rules)
     : m_ruleTableView(new QTreeView)
+    , m_rowForEachTitle(new QCheckBox(localized("A row for each &title, in all applications")))
     , m_edit(makeButton("editRule", localized("&Edit…"), &RulesTab::editRequested))
     , m_duplicate(makeButton("duplicateRule", localized("D&uplicate…"), &RulesTab::duplicateRequested))
     , m_delete(makeButton("deleteRule", localized("&Delete…"), &RulesTab::deleteRequested)) {
@@ -46,12 +48,23 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
     rows->addWidget(explanation);
     rows->addWidget(m_ruleTableView, 1);
     rows->addLayout(buttons);
+    m_rowForEachTitle->setObjectName(QStringLiteral("rowForEachTitle"));
+    explainRowsForTitles(*m_rowForEachTitle);
+    rows->addWidget(m_rowForEachTitle);
     m_ruleTableView->installEventFilter(this);
     connect(m_ruleTableView, &QTreeView::doubleClicked, this, &RulesTab::editRequested);
     connect(m_ruleTableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &RulesTab::updateButtons);
     connect(&rules, &QAbstractItemModel::modelReset, this, &RulesTab::updateButtons);
     updateButtons();
+}
+
+void RulesTab::explainRowsForTitles(QCheckBox& box) {
+    const QString text =
+        localized("When a window gets another title, a new row begins instead of the window’s row "
+                  "getting its name. A title that comes back goes on in its old row.");
+    box.setToolTip(PlainText::toolTip(text));
+    box.setAccessibleDescription(text);
 }
 
 QPushButton* RulesTab::makeButton(const char* name, const QString& text, void (RulesTab::*request)()) {

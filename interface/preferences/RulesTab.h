@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class QAbstractItemModel;
+class QCheckBox;
 class QPushButton;
 class QTreeView;
 
@@ -13,7 +14,13 @@ class RulesTab : public QWidget {
 public:
     explicit RulesTab(QAbstractItemModel& rules);
 
+    // Says of a check box what a row for each title is.
+    static void explainRowsForTitles(QCheckBox& box);
+
     QTreeView& ruleTableView() const { return *m_ruleTableView; }
+
+    // For the setting that holds for all applications, whatever their rules say.
+    QCheckBox& rowForEachTitle() const { return *m_rowForEachTitle; }
 
     // -1 if nothing is selected.
     int selectedRow() const;
@@ -35,6 +42,7 @@ private:
     void updateButtons();
 
     QTreeView* m_ruleTableView;
+    QCheckBox* m_rowForEachTitle;
     QPushButton* m_edit;
     QPushButton* m_duplicate;
     QPushButton* m_delete;

@@ -72,6 +72,7 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     QTabWidget& tabs = m_prefWindow.prefTabView();
     m_generalTab = new GeneralTab(m_settings, loginItem);
     m_rulesTab = new RulesTab(m_rules);
+    m_settings.bind(m_rulesTab->rowForEachTitle(), kRowForEachTitle);
     m_titlesTab = new TitlesTab(titleServices());
     m_historyTab = new HistoryTab(m_settings, historyActions());
     m_archiveTab = new ArchiveTab(m_settings, archiveActions());
@@ -165,6 +166,7 @@ void TKSetupController::addRule() {
     m_ruleWindow.ruleAppName().clear();
     m_ruleWindow.ruleRenameName().clear();
     m_ruleWindow.ruleCategories().setText(QString());
+    m_ruleWindow.ruleRowForEachTitle().setChecked(false);
     m_originalEditName.reset();
     openSheet();
 }
@@ -228,6 +230,7 @@ void TKSetupController::loadRuleWithDict(const PropertyListDictionary& record) {
     m_ruleWindow.ruleRenameName().setEnabled(rule.enableRename);
     m_ruleWindow.ruleRenameName().setText(rule.rename);
     m_ruleWindow.ruleCategories().setText(rule.categories);
+    m_ruleWindow.ruleRowForEachTitle().setChecked(rule.rowForEachTitle);
 }
 
 void TKSetupController::renameBox(const QCheckBox& box) {
@@ -255,7 +258,8 @@ void TKSetupController::didEndRuleSheet(int returnCode) {
         const Rule rule{.block = m_ruleWindow.ruleBlockFromList().isChecked(),
                         .enableRename = m_ruleWindow.ruleRenameCheckbox().isChecked(),
                         .rename = m_ruleWindow.ruleRenameName().text(),
-                        .categories = m_ruleWindow.ruleCategories().text()};
+                        .categories = m_ruleWindow.ruleCategories().text(),
+                        .rowForEachTitle = m_ruleWindow.ruleRowForEachTitle().isChecked()};
         const QString name = m_ruleWindow.ruleAppName().text();
         m_ruleset.save(m_originalEditName, name, rule, [this] { m_tkController.reload(); });
         reloadTable();

@@ -2059,5 +2059,17 @@
         <source>PDF documents</source>
         <translation>Documentos PDF</translation>
     </message>
+    <message>
+        <source>A row for each &amp;title</source>
+        <translation>Una fila por &amp;título</translation>
+    </message>
+    <message>
+        <source>A row for each &amp;title, in all applications</source>
+        <translation>Una fila por &amp;título, en todas las aplicaciones</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
+        <translation>Cuando una ventana cambia de título, empieza una fila nueva en lugar de que la fila de la ventana tome ese nombre. Un título que vuelve continúa en su fila anterior.</translation>
+    </message>
 </context>
 </TS>

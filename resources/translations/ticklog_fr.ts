@@ -2021,7 +2021,7 @@
     </message>
     <message>
         <source>Timers and projects show:</source>
-        <translation>Les chronomètres et les projets affichent :</translation>
+        <translation>Les chronomètres et les projets affichent&#xa0;:</translation>
     </message>
     <message>
         <source>Lists</source>
@@ -2058,6 +2058,18 @@
     <message>
         <source>PDF documents</source>
         <translation>Documents PDF</translation>
+    </message>
+    <message>
+        <source>A row for each &amp;title</source>
+        <translation>Une ligne par &amp;titre</translation>
+    </message>
+    <message>
+        <source>A row for each &amp;title, in all applications</source>
+        <translation>Une ligne par &amp;titre, dans toutes les applications</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
+        <translation>Quand une fenêtre change de titre, une nouvelle ligne commence au lieu que la ligne de la fenêtre prenne ce nom. Un titre qui revient continue dans son ancienne ligne.</translation>
     </message>
 </context>
 </TS>

@@ -2059,5 +2059,17 @@
         <source>PDF documents</source>
         <translation>Dokumenty PDF</translation>
     </message>
+    <message>
+        <source>A row for each &amp;title</source>
+        <translation>Wiersz dla każdego &amp;tytułu</translation>
+    </message>
+    <message>
+        <source>A row for each &amp;title, in all applications</source>
+        <translation>Wiersz dla każdego &amp;tytułu, we wszystkich aplikacjach</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
+        <translation>Gdy okno dostaje inny tytuł, zaczyna się nowy wiersz, zamiast by wiersz okna zmieniał nazwę. Tytuł, który wraca, liczony jest dalej w swoim dawnym wierszu.</translation>
+    </message>
 </context>
 </TS>

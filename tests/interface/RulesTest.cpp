@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "Classes/common/Settings.h"
+#include "Classes/rules/TitleRows.h"
 #include "tests/interface/SetupDesk.h"
 
 #include <QElapsedTimer>
@@ -47,6 +49,31 @@ TEST_F(RulesTest, onePlainLine_saysWhatRulesDoAndWhatTheyDoNot) {
 TEST_F(RulesTest, theTracker_learnsOfTheCategoriesAfterTheyAreWritten) {
     addRule("Mail", "work");
     EXPECT_EQ(controller.tracker().categories().all().at(u"work"_s), std::set<QString>{u"Mail"_s});
+}
+
+TEST_F(RulesTest, aRowForEachTitle_isWantedByRuleOrForAll) {
+    press("addRule");
+    sheet().ruleAppName().setText(u"Browser"_s);
+    EXPECT_FALSE(sheet().ruleRowForEachTitle().isChecked());
+    sheet().ruleRowForEachTitle().setChecked(true);
+    press("saveRule");
+    EXPECT_TRUE(ruleset().value(u"Browser"_s).asDictionary()->value(kRuleRowForEachTitle).toBool());
+    EXPECT_EQ(rulesText(), "Browser");
+    press("addRule");
+    EXPECT_FALSE(sheet().ruleRowForEachTitle().isChecked()) << "it is asked for each application anew";
+    press("cancelEditingRule");
+    select(0);
+    press("editRule");
+    EXPECT_TRUE(sheet().ruleRowForEachTitle().isChecked());
+    sheet().ruleRowForEachTitle().setChecked(false);
+    press("saveRule");
+    EXPECT_TRUE(ruleset().value(u"Browser"_s).asDictionary()->value(kRuleRowForEachTitle).isAbsent());
+    auto& forAll = setup.rulesTab().rowForEachTitle();
+    EXPECT_TRUE(forAll.isVisible());
+    EXPECT_FALSE(forAll.isChecked());
+    forAll.click();
+    EXPECT_TRUE(defaults().boolForKey(kRowForEachTitle));
+    EXPECT_FALSE(forAll.accessibleDescription().isEmpty());
 }
 
 TEST_F(RulesTest, cancelling_changesNothing) {

@@ -33,8 +33,9 @@ bool namesDocument(const char* title) {
 
 class RandomDay {
 public:
-    explicit RandomDay(unsigned seed)
-        : m_random(seed) {
+    RandomDay(unsigned seed, bool hasTitleRows)
+        : m_hasTitleRows(hasTitleRows)
+        , m_random(seed) {
         launch();
     }
 
@@ -90,6 +91,8 @@ private:
     void launch() {
         m_day = std::make_unique<Day>();
         m_day->fakes.defaults.setObject(kMinutesUntilIdle, 1);
+        m_day->fakes.defaults.setObject(kRowForEachTitle, m_hasTitleRows);
+        m_day->advance(0);
         m_day->control.registerForSystemSleep(m_day->fakes.power);
         m_day->fakes.idleTime.touch();
         front("Mail", "a");
@@ -122,6 +125,15 @@ private:
     void front(const char* name, const char* title) {
         m_day->front(name, title);
         plain.front(name, namesDocument(title));
+    }
+
+    // While a window has not said which program it belongs to, nothing is credited; then all of it is.
+    void frontUndecided(const char* name, const char* title) {
+        m_day->front(name, title);
+        m_day->fakes.frontApplication.switchTo(m_day->fakes.frontApplication.record, true);
+        plain.front(name, namesDocument(title));
+        away(0.1 * (1 + pick(9)));
+        m_day->fakes.frontApplication.switchTo(m_day->fakes.frontApplication.record);
     }
 
     void frontSilently(const char* name, const char* title) {
@@ -214,7 +226,7 @@ private:
     }
 
     std::string happen() {
-        switch (pick(16)) {
+        switch (pick(17)) {
         case 0:
             m_day->start();
             plain.start();
@@ -263,12 +275,16 @@ private:
         case 13:
             frontSilently(any(kApplications), any(kTitles));
             return "switch that nobody tells";
+        case 14:
+            frontUndecided(any(kApplications), any(kTitles));
+            return "a window that says its program late";
         default:
             front(any(kApplications), any(kTitles));
             return "switch";
         }
     }
 
+    bool m_hasTitleRows;
     std::mt19937 m_random;
     std::unique_ptr<Day> m_day;
     PlainDay m_savedPlain;
@@ -288,12 +304,23 @@ void expectSame(const PlainDay::Account& account, const PlainDay::Account& expec
     EXPECT_NEAR(total, 0, kTotalPrecision + std::abs(difference["Idle"])) << what << ": all together";
 }
 
-class RandomDaysTest : public testing::TestWithParam<unsigned> {};
+class RandomDaysTest : public testing::TestWithParam<unsigned> {
+protected:
+    static void expectTruth(unsigned firstSeed, bool hasTitleRows);
+};
 
 TEST_P(RandomDaysTest, whateverHappens_nothingIsLostAndNothingIsBookedTwice) {
+    expectTruth(GetParam(), false);
+}
+
+TEST_P(RandomDaysTest, withARowForEachTitle_theSumsAreTheSame) {
+    expectTruth(GetParam(), true);
+}
+
+void RandomDaysTest::expectTruth(unsigned firstSeed, bool hasTitleRows) {
     const unsigned days = unsigned(qEnvironmentVariableIntValue("TICKLOG_RANDOM_DAYS"));
-    for (unsigned seed = GetParam(); seed <= std::max(GetParam(), days); seed += 20) {
-        RandomDay day(seed);
+    for (unsigned seed = firstSeed; seed <= std::max(firstSeed, days); seed += 20) {
+        RandomDay day(seed, hasTitleRows);
         for (int step = 0; step < kStepsADay && !HasFailure(); ++step) {
             const std::string what =
                 day.live() + " at step " + std::to_string(step) + " of day " + std::to_string(seed);
