@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/report/Report.h"
 
+#include "Classes/common/ShownNames.h"
+
 #include <QJsonArray>
 #include <QTimeZone>
 
@@ -115,8 +117,8 @@ const Report::Program& Report::program(qint64 number) {
         return *known;
     const auto name = m_names.program(number);
     const bool isShown = name && (!m_request.program || *name == *m_request.program);
-    Program program{
-        isShown, isFound(name.value_or(QString())), m_texts.numberOf(name.value_or(QString())), {}};
+    const bool isFound = ShownNames::contains(name.value_or(QString()), m_request.search);
+    Program program{isShown, isFound, m_texts.numberOf(name.value_or(QString())), {}};
     for (const QString& category : m_names.categoriesOf(number))
         program.categories.push_back(m_texts.numberOf(category));
     if (program.categories.empty())

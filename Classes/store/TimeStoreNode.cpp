@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/store/TimeStoreNode.h"
 
+#include "Classes/common/ShownNames.h"
 #include "Classes/store/TKUUIDManager.h"
 #include "Classes/store/TimeStorePruneProxy.h"
 #include "platform/foundation/text/CleanText.h"
@@ -208,6 +209,8 @@ QVariant TimeStoreNode::valueForKey(ObservedKey key) const {
 }
 
 bool TimeStoreNode::matches(const QString& searchString) const {
-    const QString& shown = m_renamedNameStorage.isNull() ? m_name : m_renamedNameStorage;
-    return shown.contains(searchString, Qt::CaseInsensitive);
+    if (!m_renamedNameStorage.isNull())
+        return m_renamedNameStorage.contains(searchString, Qt::CaseInsensitive);
+    return isApp() ? ShownNames::contains(m_name, searchString)
+                   : m_name.contains(searchString, Qt::CaseInsensitive);
 }

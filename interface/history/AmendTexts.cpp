@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/history/AmendTexts.h"
 
+#include "Classes/common/ShownNames.h"
 #include "interface/shell/PlainText.h"
-#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QDateTime>

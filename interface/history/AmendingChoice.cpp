@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a person has chosen in the history, and the menus over it.
+#include "Classes/common/ShownNames.h"
 #include "Classes/history/HistoryFinding.h"
 #include "Classes/report/Moment.h"
 #include "interface/history/AmendActions.h"
@@ -9,7 +10,6 @@
 #include "interface/history/HistoryOutline.h"
 #include "interface/history/HistoryPane.h"
 #include "interface/mainwindow/MainWindow.h"
-#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QContextMenuEvent>

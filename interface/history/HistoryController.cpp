@@ -2,6 +2,7 @@
 #include "interface/history/HistoryController.h"
 
 #include "Classes/common/Settings.h"
+#include "Classes/common/ShownNames.h"
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/record/WholeFile.h"
 #include "Classes/report/Moment.h"
@@ -19,7 +20,6 @@
 #include "interface/mainwindow/TimeSum.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/Alerts.h"
-#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/time/LocalTime.h"
 

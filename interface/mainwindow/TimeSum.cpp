@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/TimeSum.h"
 
+#include "Classes/common/ShownNames.h"
 #include "Classes/store/TimeStoreNode.h"
-#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <algorithm>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "interface/outline/ProgramCell.h"
 
+#include "Classes/common/ShownNames.h"
 #include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimeStoreAppProxy.h"
 #include "Classes/store/TimeStoreWindow.h"
 #include "interface/labels/TKLabelColorList.h"
 #include "interface/outline/TKAppDisplayFormatter.h"
-#include "interface/shell/ShownNames.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 #include "platform/foundation/text/ShownTitle.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "interface/shell/TimerMenuItem.h"
 
+#include "Classes/common/ShownNames.h"
 #include "interface/outline/TKAppDisplayFormatter.h"
 #include "interface/shell/PlainText.h"
-#include "interface/shell/ShownNames.h"
 
 #include <cmath>
 

@@ -2,6 +2,7 @@
 // Narrowing the rows by a text and by a least time, and what is shown again afterwards.
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/SumBar.h"
+#include "platform/foundation/text/Translations.h"
 #include "tests/interface/ProjectDesk.h"
 
 #include <QLabel>
@@ -38,6 +39,25 @@ TEST_F(SearchTest, aSearch_opensWhatItFinds) {
     type("in");
     EXPECT_EQ(outlineText(), "+Mail(Inbox), Paint");
     EXPECT_TRUE(controller.blockExpansionSaveWhileSearching());
+}
+
+TEST_F(SearchTest, idleTime_isFoundByTheNameThatPeopleReadAndByTheRecorded) {
+    const Translations german({QStringLiteral("de")});
+    account("Idle", 60);
+    type("leerl");
+    EXPECT_EQ(outlineText(), "Idle");
+    EXPECT_EQ(str(sumShown()), "00:01:00");
+    type("idle");
+    EXPECT_EQ(outlineText(), "Idle");
+    type("leere");
+    EXPECT_EQ(outlineText(), "");
+}
+
+TEST_F(SearchTest, aWindow_isFoundByItsTitleAlone) {
+    const Translations german({QStringLiteral("de")});
+    account("Editor", 60, {{QStringLiteral("Idle"), 30}, {QStringLiteral("Other"), 30}});
+    type("leerl");
+    EXPECT_EQ(outlineText(), "");
 }
 
 TEST_F(SearchTest, aClearedSearch_opensWhatWasOpenBefore) {

@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "interface/shell/ShownNames.h"
+#include "Classes/common/ShownNames.h"
+
+#include "Classes/engine/Stretch.h"
+#include "Classes/history/Amendment.h"
+#include "Classes/rules/TitleRules.h"
+#include "platform/FrontApplication.h"
 #include "platform/foundation/text/Translations.h"
 
 #include <gtest/gtest.h>
@@ -17,10 +22,24 @@ TEST(ShownNames, ofProgramsThatAreNone_areInTheLanguageOfTheUser) {
     EXPECT_EQ(ShownNames::of(u"Idle Master"_s), u"Idle Master"_s);
 }
 
+TEST(ShownNames, areThoseThatTheRecordHas) {
+    const Translations german({u"de"_s});
+    for (const QString& name : {kIdleName, kDesktopName, kPrivateName, kByHandName})
+        EXPECT_NE(ShownNames::of(name), name);
+}
+
 TEST(ShownNames, leadBackToTheRecord) {
     const Translations german({u"de"_s});
     for (const QString& name : {u"Idle"_s, u"Desktop"_s, u"Private"_s, u"By Hand"_s, u"Editor"_s})
         EXPECT_EQ(ShownNames::recorded(ShownNames::of(name)), name);
+}
+
+TEST(ShownNames, areFoundAsTheyAreReadAndAsTheyAreRecorded) {
+    const Translations german({u"de"_s});
+    EXPECT_TRUE(ShownNames::contains(u"Idle"_s, u"leerL"_s));
+    EXPECT_TRUE(ShownNames::contains(u"Idle"_s, u"idl"_s));
+    EXPECT_TRUE(ShownNames::contains(u"Editor"_s, u"EDIT"_s));
+    EXPECT_FALSE(ShownNames::contains(u"Editor"_s, u"leerl"_s));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What ticklog-report makes of stretches, and what it understands on its command line.
 #include "Classes/report/ReportFormats.h"
+#include "platform/foundation/text/Translations.h"
 
 #include <gtest/gtest.h>
 
@@ -141,6 +142,14 @@ TEST_F(ReportTest, aSearch_findsInTitlesAndProgramsWhateverTheCase) {
     add("09:01:00", 100, "Editor", "mailing list");
     add("09:03:00", 7, "Editor", "b.txt");
     EXPECT_EQ(csv(QStringLiteral("--search MAIL")), "app,seconds|Editor,100|Mail,60|");
+}
+
+TEST_F(ReportTest, aSearch_findsTheDesktopAsPeopleReadItAndAsItIsRecorded) {
+    const Translations german({QStringLiteral("de")});
+    add("09:00:00", 60, "Mail", "Inbox");
+    add("09:01:00", 100, "Desktop", "");
+    EXPECT_EQ(csv(QStringLiteral("--search arbeitsum")), "app,seconds|Desktop,100|");
+    EXPECT_EQ(csv(QStringLiteral("--search desk")), "app,seconds|Desktop,100|");
 }
 
 TEST_F(ReportTest, presence_isWorkUnlessSomethingElseIsAskedFor) {

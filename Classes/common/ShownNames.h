@@ -11,5 +11,7 @@ namespace ShownNames {
 QString of(const QString& recorded);
 // The same backwards.
 QString recorded(const QString& shown);
+// Whether a program is found by a text, upper or lower case: what people read is searched, and what the record has.
+bool contains(const QString& recorded, const QString& search);
 
 } // namespace ShownNames
