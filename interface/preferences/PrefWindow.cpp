@@ -81,7 +81,10 @@ void PrefWindow::measureAnew() {
             if (QLayout* inner = (*part)->layout()) {
                 inner->invalidate();
                 inner->activate();
+                // What is around it keeps what it knew, until the event loop runs or it is told.
+                (*part)->updateGeometry();
             }
+        m_prefTabView->updateGeometry();
     };
     askPages();
     Q_EMIT controlsChanged();

@@ -197,7 +197,7 @@ TEST_F(HeardWindowsTest, thePreferences_areSpokenAsPeopleSpeak) {
         PropertyListDictionary{
             {QStringLiteral("Paint"), PropertyListDictionary{{kRuleCategories, QStringLiteral("a,b")}}}});
     setup.showPrefWindow();
-    for (const char* tab : {"General", "Archive", "Match", "Titles", "History"}) {
+    for (const char* tab : {"General", "Lists", "Archive", "Match", "Titles", "History"}) {
         setup.prefWindow().selectTab(QLatin1String(tab));
         listenTo(setup.prefWindow(), tab);
     }
@@ -220,7 +220,7 @@ TEST_F(HeardWindowsTest, thePreferences_areSpokenAsPeopleSpeak) {
     seconds(1);
     listenTo(*setup.forgetWindow(), "forgetting");
     setup.forgetWindow()->close();
-    EXPECT_EQ(heardOnes, 9);
+    EXPECT_EQ(heardOnes, 10);
 }
 
 TEST_F(HeardWindowsTest, theAlerts_areSpokenAsPeopleSpeak) {

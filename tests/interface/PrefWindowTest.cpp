@@ -83,6 +83,38 @@ TEST_F(PrefWindowTest, folded_showsTheGeneralSettingsWhole) {
     EXPECT_LE(page.height(), page.sizeHint().height() + 12) << "and no emptier than that";
 }
 
+TEST_F(PrefWindowTest, aLargerFontWhileItIsShown_clipsNoPage) {
+    const QFont before = QApplication::font();
+    for (const bool isOpen : {true, false}) {
+        setup.showPrefWindow();
+        settle();
+        if (!isOpen)
+            window().close();
+        QFont large = before;
+        large.setPixelSize(26);
+        QApplication::setFont(large);
+        settle();
+        setup.showPrefWindow();
+        settle();
+        for (int i = 0; i < window().prefTabView().count(); ++i) {
+            window().prefTabView().setCurrentIndex(i);
+            settle();
+            const QWidget& page = *window().prefTabView().currentWidget();
+            if (page.objectName() == u"Archive"_s)
+                continue;
+            EXPECT_GE(page.height(), page.minimumSizeHint().height())
+                << str(page.objectName()) << (isOpen ? ", open" : ", closed");
+            EXPECT_GE(page.width(), page.minimumSizeHint().width()) << str(page.objectName());
+        }
+        window().selectTab(u"General"_s);
+        EXPECT_GE(window().prefTabView().currentWidget()->height(),
+                  window().prefTabView().currentWidget()->sizeHint().height())
+            << (isOpen ? "open" : "closed");
+        QApplication::setFont(before);
+        settle();
+    }
+}
+
 TEST_F(PrefWindowTest, otherSettings_leaveTheWindowAlone) {
     showWindow();
     const QRect before = window().geometry();
