@@ -22,6 +22,7 @@
 #include "interface/shell/ProgramIcons.h"
 #include "interface/shell/QtAlerts.h"
 #include "interface/shell/ReadableGreys.h"
+#include "interface/shell/RoomForTexts.h"
 #include "interface/shell/SingleInstance.h"
 #include "platform/foundation/files/PrivateFiles.h"
 #include "platform/foundation/programs/DesktopEntries.h"
@@ -68,7 +69,8 @@ History::Services servicesOf(TKController& controller, Platform& platform) {
 // Whether there was no account before this start.
 bool isNew(const TimeDatabase& database) {
     return !database.isAwaitingMainStore() &&
-           std::ranges::all_of(database.contentsRead(), [](const QByteArray& read) { return read.isEmpty(); });
+           std::ranges::all_of(database.contentsRead(),
+                               [](const QByteArray& read) { return read.isEmpty(); });
 }
 
 // What the window and the tray show of the history, and what they ask for it.
@@ -186,6 +188,7 @@ void appear(TKController& controller) {
 int run(QApplication& application, SingleInstance& instance, const QStringList& files) {
     const Translations translations(QLocale().uiLanguages());
     const ReadableGreys greys;
+    const RoomForTexts room;
     LinuxPlatform desktop;
     Platform& platform = desktop.platform();
     QtAlerts alerts;

@@ -29,6 +29,7 @@ constexpr int kMostLongWeekdays = 3;
 ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     : m_actions(std::move(actions))
     , m_pathDirectory(new QLineEdit)
+    , m_upperPart(new QHBoxLayout)
     , m_room(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding))
     , m_bottomView(new QWidget)
     , m_periodicDaysOfWeek(new WeekdaySelector)
@@ -36,11 +37,10 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     setObjectName(QStringLiteral("Archive"));
     auto* parts = new QVBoxLayout(this);
     parts->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    auto* upperPart = new QHBoxLayout;
-    upperPart->addItem(m_room);
+    m_upperPart->addItem(m_room);
     auto* rows = new QVBoxLayout;
-    upperPart->addLayout(rows, 1);
-    parts->addLayout(upperPart, 1);
+    m_upperPart->addLayout(rows, 1);
+    parts->addLayout(m_upperPart, 1);
     auto* form = new QFormLayout;
     makeDatabasePart(*form);
     rows->addLayout(form);
@@ -68,6 +68,7 @@ void ArchiveTab::makeRoom(int height) {
     // on other texts.
     m_room->changeSize(0, height - 2 * kMargin - layout()->spacing(), QSizePolicy::Minimum,
                        QSizePolicy::Expanding);
+    m_upperPart->invalidate();
     layout()->invalidate();
 }
 

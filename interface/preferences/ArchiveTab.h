@@ -4,6 +4,7 @@
 #include "Classes/record/PeriodicSave.h"
 
 class QFormLayout;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -51,7 +52,8 @@ private:
     Actions m_actions;
     QLineEdit* m_pathDirectory;
     QPushButton* m_restore = nullptr;
-    // A spacer beside the upper part that gives it its height; it may shrink.
+    QHBoxLayout* m_upperPart;
+    // A spacer in the upper part that gives it its height; it may shrink.
     QSpacerItem* m_room;
     QWidget* m_bottomView;
     WeekdaySelector* m_periodicDaysOfWeek;

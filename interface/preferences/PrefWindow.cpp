@@ -14,6 +14,8 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kWidth = 520;
+// What is around a page; rather too much than too little.
+constexpr int kTabFrame = 8;
 
 } // namespace
 
@@ -60,7 +62,24 @@ void PrefWindow::awakeFromNib(QWidget& bottomViewToResizeTo, NotificationCenter&
         });
 }
 
+int PrefWindow::heightOfPagesWithout(const QWidget& one) const {
+    const int width = std::max(kWidth, sizeHint().width()) - 2 * kMargin - kTabFrame;
+    int highest = 0;
+    for (int i = 0; i < m_prefTabView->count(); ++i) {
+        const QWidget* page = m_prefTabView->widget(i);
+        if (page == &one)
+            continue;
+        const QLayout* layout = page->layout();
+        highest = std::max(highest, layout->totalMinimumSize().height());
+        if (layout->hasHeightForWidth())
+            highest = std::max(highest, layout->totalMinimumHeightForWidth(width));
+    }
+    return highest;
+}
+
 void PrefWindow::fit() {
+    // Pages that are not shown do not tell it.
+    m_prefTabView->updateGeometry();
     resize(std::max(kWidth, sizeHint().width()), sizeHint().height());
     setMinimumWidth(minimumSizeHint().width());
 }
@@ -84,7 +103,6 @@ void PrefWindow::measureAnew() {
                 // What is around it keeps what it knew, until the event loop runs or it is told.
                 (*part)->updateGeometry();
             }
-        m_prefTabView->updateGeometry();
     };
     askPages();
     Q_EMIT controlsChanged();

@@ -30,6 +30,8 @@ public:
     void makeKeyAndOrderFront(const std::function<void()>& reload);
 
     int bigHeight() const { return m_bigHeight; }
+    // What the highest page needs, when one is not counted.
+    int heightOfPagesWithout(const QWidget& one) const;
 
 Q_SIGNALS:
     // A font or a style has given the controls other sizes; the window is about to fit them.

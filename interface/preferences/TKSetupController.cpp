@@ -76,16 +76,18 @@ void TKSetupController::addTabs(const std::optional<LoginItem>& loginItem) {
     m_titlesTab = new TitlesTab(titleServices());
     m_historyTab = new HistoryTab(m_settings, historyActions());
     m_archiveTab = new ArchiveTab(m_settings, archiveActions());
-    // The general settings must fit into the folded window.
-    const auto makeRoom = [this] { m_archiveTab->makeRoom(m_generalTab->sizeHint().height() + kBelowTabs); };
-    makeRoom();
-    QObject::connect(&m_prefWindow, &PrefWindow::controlsChanged, m_archiveTab, makeRoom);
     tabs.addTab(m_generalTab, localized("General"));
     tabs.addTab(new ListsTab(m_settings), localized("Lists"));
     tabs.addTab(m_rulesTab, localized("Rules"));
     tabs.addTab(m_titlesTab, localized("Titles"));
     tabs.addTab(m_historyTab, localized("History"));
     tabs.addTab(m_archiveTab, localized("Archive"));
+    // All other pages must fit into the folded window.
+    const auto makeRoom = [this] {
+        m_archiveTab->makeRoom(m_prefWindow.heightOfPagesWithout(*m_archiveTab) + kBelowTabs);
+    };
+    makeRoom();
+    QObject::connect(&m_prefWindow, &PrefWindow::controlsChanged, m_archiveTab, makeRoom);
 }
 
 ArchiveTab::Actions TKSetupController::archiveActions() {
