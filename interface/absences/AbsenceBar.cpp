@@ -63,7 +63,7 @@ AbsenceBar::AbsenceBar(QWidget* parent)
     , m_project(called(new QComboBox, "absenceProject", localized("Project of the absence")))
     , m_book(called(new QPushButton(localized("Book")), "bookAbsence", localized("Book the absence as work")))
     , m_break(called(new QPushButton(localized("Break")), "absenceWasBreak",
-                     localized("The absence was no work"))) {
+                     localized("The absence was not work"))) {
     setObjectName(QStringLiteral("absenceBar"));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kAir, kMargin, kAir);

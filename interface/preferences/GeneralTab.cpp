@@ -98,7 +98,7 @@ void GeneralTab::addIdleness(QFormLayout& form, SettingsBinding& settings) {
     minutes->setAccessibleName(localized("Minutes without input until time counts as idle"));
     // Stores a number only when it has been typed completely.
     minutes->setKeyboardTracking(false);
-    form.addRow(localized("Idleness:"), detection);
+    form.addRow(localized("Idle time:"), detection);
     auto* after = new PlainLabel(localized("&After:"));
     after->setBuddy(minutes);
     auto* cells = new QHBoxLayout;

@@ -40,7 +40,7 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
         buttons->addWidget(button);
     buttons->addStretch(1);
     auto* explanation =
-        new PlainLabel(localized("Rules leave out, rename and categorize applications in reports only."));
+        new PlainLabel(localized("Rules leave out, rename and categorize programs in reports only."));
     explanation->setObjectName(QStringLiteral("whatRulesDo"));
     explanation->setWordWrap(true);
     auto* rows = new QVBoxLayout(this);

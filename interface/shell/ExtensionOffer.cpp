@@ -38,7 +38,7 @@ Alerts::Question questionFor(State state) {
         question.informativeText =
             reason + QStringLiteral("\n\n") +
             localized(
-                "GNOME Shell finds new extensions at the login: log out and in again once it is installed.");
+                "GNOME Shell finds new extensions at login: log out and in again once it is installed.");
         question.alternateButton = localized("Install");
     } else if (state == State::AllOff) {
         question.informativeText =

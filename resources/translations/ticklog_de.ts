@@ -469,7 +469,7 @@
     </message>
     <message>
         <source>&amp;Application:</source>
-        <translation>&amp;Anwendung:</translation>
+        <translation>&amp;Programm:</translation>
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
@@ -477,7 +477,7 @@
     </message>
     <message>
         <source>At the chosen time all timers are saved to a file named after the day, and start again from zero.</source>
-        <translation>Zur gewählten Zeit werden alle Timer in eine nach dem Tag benannte Datei gesichert und beginnen wieder bei null.</translation>
+        <translation>Zur gewählten Zeit werden alle Timer in einer nach dem Tag benannten Datei gespeichert und beginnen wieder bei null.</translation>
     </message>
     <message>
         <source>Data&amp;base:</source>
@@ -489,7 +489,7 @@
     </message>
     <message>
         <source>&amp;Restore Default</source>
-        <translation>Zu&amp;rücksetzen</translation>
+        <translation>Standa&amp;rd wiederherstellen</translation>
     </message>
     <message>
         <source>&amp;Show in File Manager</source>
@@ -600,7 +600,7 @@
         <translation>Minuten ohne Eingaben, bis die Zeit als Leerlauf zählt</translation>
     </message>
     <message>
-        <source>Idleness:</source>
+        <source>Idle time:</source>
         <translation>Leerlauf:</translation>
     </message>
     <message>
@@ -753,7 +753,7 @@
     </message>
     <message>
         <source>Application Times</source>
-        <translation>Anwendungszeiten</translation>
+        <translation>Programmzeiten</translation>
     </message>
     <message>
         <source>Show Time Window</source>
@@ -876,7 +876,7 @@
         <translation>Nicht mehr fragen</translation>
     </message>
     <message>
-        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <source>GNOME Shell finds new extensions at login: log out and in again once it is installed.</source>
         <translation>Die GNOME Shell findet neue Erweiterungen bei der Anmeldung: Melden Sie sich nach der Installation ab und wieder an.</translation>
     </message>
     <message>
@@ -940,7 +940,7 @@
         <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Arbeitsumgebung“.</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <source>Rules leave out, rename and categorize programs in reports only.</source>
         <translation>Regeln gelten nur in Berichten: auslassen, umbenennen, Kategorien geben.</translation>
     </message>
     <message>
@@ -953,23 +953,23 @@
     </message>
     <message>
         <source>“%@” cannot be saved: its folder is missing.</source>
-        <translation>„%@“ kann nicht gesichert werden: Der Ordner fehlt.</translation>
+        <translation>„%@“ kann nicht gespeichert werden: Der Ordner fehlt.</translation>
     </message>
     <message>
         <source>“%@” cannot be saved: its folder is read-only.</source>
-        <translation>„%@“ kann nicht gesichert werden: Der Ordner ist schreibgeschützt.</translation>
+        <translation>„%@“ kann nicht gespeichert werden: Der Ordner ist schreibgeschützt.</translation>
     </message>
     <message>
         <source>“%@” cannot be saved: the disk is full.</source>
-        <translation>„%@“ kann nicht gesichert werden: Der Datenträger ist voll.</translation>
+        <translation>„%@“ kann nicht gespeichert werden: Der Datenträger ist voll.</translation>
     </message>
     <message>
         <source>“%@” cannot be saved.</source>
-        <translation>„%@“ kann nicht gesichert werden.</translation>
+        <translation>„%@“ kann nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>“%@” could not be read. It was set aside, and Ticklog has started without it.</source>
-        <translation>„%@“ konnte nicht gelesen werden. Die Datei ist beiseitegelegt, und Ticklog hat ohne sie begonnen.</translation>
+        <translation>„%@“ konnte nicht gelesen werden. Die Datei wurde beiseitegelegt, und Ticklog hat ohne sie begonnen.</translation>
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
@@ -977,7 +977,7 @@
     </message>
     <message>
         <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
-        <translation>„%@“ konnte nicht gelesen werden. Ticklog arbeitet mit den zuletzt aufbewahrten Einstellungen weiter.</translation>
+        <translation>„%@“ konnte nicht gelesen werden. Ticklog arbeitet mit den zuletzt gespeicherten Einstellungen weiter.</translation>
     </message>
     <message>
         <source>The archive “%@” could not be moved to its folder. It lies beside the database.</source>
@@ -1065,11 +1065,11 @@
     </message>
     <message>
         <source>Any title</source>
-        <translation>Jeder Titel</translation>
+        <translation>Beliebiger Titel</translation>
     </message>
     <message>
         <source>At any time</source>
-        <translation>Jederzeit</translation>
+        <translation>Beliebige Zeit</translation>
     </message>
     <message>
         <source>On the day</source>
@@ -1105,7 +1105,7 @@
     </message>
     <message>
         <source>What would be forgotten</source>
-        <translation>Was vergessen würde</translation>
+        <translation>Was vergessen wird</translation>
     </message>
     <message>
         <source>All programs</source>
@@ -1121,7 +1121,7 @@
     </message>
     <message>
         <source>It is removed from the file at once. This cannot be undone.</source>
-        <translation>Es wird sofort aus der Datei entfernt. Das lässt sich nicht widerrufen.</translation>
+        <translation>Es wird sofort aus der Datei entfernt. Das lässt sich nicht rückgängig machen.</translation>
     </message>
     <message>
         <source>It is being forgotten…</source>
@@ -1133,7 +1133,7 @@
     </message>
     <message>
         <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
-        <translation>Es ist noch nicht vergessen, weil der Verlauf gerade nicht gesichert werden kann. Ticklog versucht es weiter.</translation>
+        <translation>Es ist noch nicht vergessen, weil der Verlauf gerade nicht gespeichert werden kann. Ticklog versucht es weiter.</translation>
     </message>
     <message>
         <source>Forever</source>
@@ -1157,7 +1157,7 @@
     </message>
     <message>
         <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
-        <translation>Der Verlauf sagt, wann welcher Titel vorn war. Er bleibt auf diesem Rechner, in einer Datei, die nur Sie lesen können, und lässt die Timer bei einem Absturz höchstens 15 Sekunden verlieren.</translation>
+        <translation>Der Verlauf hält fest, wann welcher Titel vorn war. Er bleibt auf diesem Rechner, in einer Datei, die nur Sie lesen können. Dank ihm verlieren die Timer bei einem Absturz höchstens 15 Sekunden.</translation>
     </message>
     <message>
         <source>&amp;Keep the history:</source>
@@ -1201,7 +1201,7 @@
     </message>
     <message>
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
-        <translation>Seine Datei wird sofort entfernt. Das lässt sich nicht widerrufen. Timer behalten ihre Zeit, aber ein Absturz kann sie die letzten 15 Minuten kosten.</translation>
+        <translation>Seine Datei wird sofort entfernt. Das lässt sich nicht rückgängig machen. Timer behalten ihre Zeit, aber ein Absturz kann sie die letzten 15 Minuten kosten.</translation>
     </message>
     <message>
         <source>Titles</source>
@@ -1225,7 +1225,7 @@
     </message>
     <message>
         <source>Any</source>
-        <translation>Jeder</translation>
+        <translation>Beliebig</translation>
     </message>
     <message>
         <source>&amp;Program contains:</source>
@@ -1321,7 +1321,7 @@
     </message>
     <message>
         <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
-        <translation>Was sie verbergen, wird für immer aus Verlauf, Timern und Projekten entfernt. Das lässt sich nicht widerrufen, ebenso wenig, was davor getan wurde. Archive und Sicherungen bleiben, wie sie sind.</translation>
+        <translation>Was sie verbergen, wird für immer aus Verlauf, Timern und Projekten entfernt. Weder das noch frühere Schritte lassen sich rückgängig machen. Archive und Sicherungen bleiben, wie sie sind.</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -1449,7 +1449,7 @@
     </message>
     <message>
         <source>Show</source>
-        <translation>Zeigen</translation>
+        <translation>Anzeigen</translation>
     </message>
     <message>
         <source>&amp;Timers</source>
@@ -1573,7 +1573,7 @@
     </message>
     <message>
         <source>To the Nearest</source>
-        <translation>Kaufmännisch</translation>
+        <translation>Kaufmännisch runden</translation>
     </message>
     <message>
         <source>Up</source>
@@ -1593,7 +1593,7 @@
     </message>
     <message>
         <source>Form of times</source>
-        <translation>Form der Zeiten</translation>
+        <translation>Darstellung der Zeiten</translation>
     </message>
     <message>
         <source>Hours and Minutes</source>
@@ -1621,11 +1621,11 @@
     </message>
     <message>
         <source>Save as C&amp;SV…</source>
-        <translation>Als C&amp;SV sichern…</translation>
+        <translation>Als C&amp;SV speichern…</translation>
     </message>
     <message>
         <source>Save as P&amp;DF…</source>
-        <translation>Als P&amp;DF sichern…</translation>
+        <translation>Als P&amp;DF speichern…</translation>
     </message>
     <message>
         <source>&amp;Print…</source>
@@ -1637,15 +1637,15 @@
     </message>
     <message>
         <source>Save the Time Sheet as CSV</source>
-        <translation>Den Stundenzettel als CSV sichern</translation>
+        <translation>Den Stundenzettel als CSV speichern</translation>
     </message>
     <message>
         <source>The time sheet could not be saved.</source>
-        <translation>Der Stundenzettel konnte nicht gesichert werden.</translation>
+        <translation>Der Stundenzettel konnte nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>Save the Time Sheet as PDF</source>
-        <translation>Den Stundenzettel als PDF sichern</translation>
+        <translation>Den Stundenzettel als PDF speichern</translation>
     </message>
     <message>
         <source>Today: %@</source>
@@ -1677,11 +1677,11 @@
     </message>
     <message>
         <source>&amp;Give to Project</source>
-        <translation>&amp;Einem Projekt geben</translation>
+        <translation>&amp;Einem Projekt zuordnen</translation>
     </message>
     <message>
         <source>&amp;Name This Time…</source>
-        <translation>&amp;Benennen…</translation>
+        <translation>Diese Zeit &amp;benennen…</translation>
     </message>
     <message>
         <source>Boo&amp;k Time…</source>
@@ -1697,7 +1697,7 @@
     </message>
     <message>
         <source>Given to its project by hand on %1</source>
-        <translation>Dem Projekt von Hand gegeben am %1</translation>
+        <translation>Dem Projekt von Hand zugeordnet am %1</translation>
     </message>
     <message>
         <source>Named by hand on %1, before: %2</source>
@@ -1713,7 +1713,7 @@
     </message>
     <message>
         <source>Give to Project</source>
-        <translation>Einem Projekt geben</translation>
+        <translation>Einem Projekt zuordnen</translation>
     </message>
     <message>
         <source>Book</source>
@@ -1749,7 +1749,7 @@
     </message>
     <message>
         <source>No time is free there: you worked then, or it is still to come.</source>
-        <translation>Dort ist keine Zeit frei: Sie haben gearbeitet, oder sie kommt erst noch.</translation>
+        <translation>Dort ist keine Zeit frei: Sie haben da gearbeitet, oder die Zeit kommt erst noch.</translation>
     </message>
     <message>
         <source>%1 of it is free. Time that you worked stays as it is.</source>
@@ -1765,7 +1765,7 @@
     </message>
     <message>
         <source>Name This Time</source>
-        <translation>Zeit benennen</translation>
+        <translation>Diese Zeit benennen</translation>
     </message>
     <message>
         <source>The time stays with its programs. The history notes what was changed by hand.</source>
@@ -1820,7 +1820,7 @@
         <translation>Pause</translation>
     </message>
     <message>
-        <source>The absence was no work</source>
+        <source>The absence was not work</source>
         <translation>Die Abwesenheit war keine Arbeit</translation>
     </message>
     <message>
@@ -1845,7 +1845,7 @@
     </message>
     <message>
         <source>Say…</source>
-        <translation>Sagen…</translation>
+        <translation>Angeben…</translation>
     </message>
     <message>
         <source>%@ – %@ (%@)</source>
@@ -1889,7 +1889,7 @@
     </message>
     <message>
         <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
-        <translation>Es wird sofort aus der Datei entfernt. Bis Ticklog endet, lässt sich das widerrufen.</translation>
+        <translation>Es wird sofort aus der Datei entfernt. Bis Ticklog endet, lässt sich das rückgängig machen.</translation>
     </message>
     <message>
         <source>Forget this?</source>
@@ -1897,7 +1897,7 @@
     </message>
     <message>
         <source>Reading…</source>
-        <translation>Wird gelesen …</translation>
+        <translation>Wird gelesen…</translation>
     </message>
     <message>
         <source>The history cannot be read at the moment.</source>
@@ -1969,11 +1969,11 @@
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
-        <translation>Solange der Timer läuft, notiert Ticklog, welches Programm und welches seiner Fenster, nach seinem Titel, vorn ist, und wie lange.</translation>
+        <translation>Solange der Timer läuft, hält Ticklog fest, welches Programm und welches seiner Fenster (dem Titel nach) vorn ist und wie lange.</translation>
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
-        <translation>Es notiert keine Tasten, keine Bilder und nichts vom Inhalt eines Fensters; Zeit ohne Eingaben geht an „Idle“.</translation>
+        <translation>Tastendrücke, Bilder und der Inhalt der Fenster werden nicht festgehalten; Zeit ohne Eingaben zählt als „Leerlauf“.</translation>
     </message>
     <message>
         <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
@@ -1981,7 +1981,7 @@
     </message>
     <message>
         <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
-        <translation>Titel können Sie jederzeit durch Regeln ausblenden, und was aufgezeichnet wurde, löschen oder vergessen lassen.</translation>
+        <translation>Sie können jederzeit Titel durch Regeln ausblenden und löschen oder vergessen lassen, was aufgezeichnet wurde.</translation>
     </message>
     <message>
         <source>Start Ticklog when I log in</source>

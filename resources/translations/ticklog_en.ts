@@ -113,7 +113,31 @@
     </message>
     <message>
         <source>Are you sure you wish permanently delete the selected timing rows?</source>
-        <translation>Are you sure you wish to permanently delete the selected timing rows?</translation>
+        <translation>Their times are deleted with them. “Undo” brings them back.</translation>
+    </message>
+    <message>
+        <source>Application Times</source>
+        <translation>Program Times</translation>
+    </message>
+    <message>
+        <source>&amp;Application:</source>
+        <translation>&amp;Program:</translation>
+    </message>
+    <message>
+        <source>Delete selected times</source>
+        <translation>Delete the selected rows?</translation>
+    </message>
+    <message>
+        <source>Timer still running.</source>
+        <translation>The timer is still running.</translation>
+    </message>
+    <message>
+        <source>There is a timer currently running. Ticklog must remain open in order to keep track of time. Are you sure you wish to quit?</source>
+        <translation>Ticklog must stay open to count your time. Do you want to quit?</translation>
+    </message>
+    <message>
+        <source>Remain Open</source>
+        <translation>Keep Open</translation>
     </message>
 </context>
 </TS>

@@ -5,7 +5,7 @@
     <name>Ticklog</name>
     <message>
         <source>All Timers</source>
-        <translation>Todos los cronómetros</translation>
+        <translation>Todo</translation>
     </message>
     <message>
         <source>New Project</source>
@@ -349,7 +349,7 @@
     </message>
     <message>
         <source>This project is empty. Drag timers from “All Timers” onto it.</source>
-        <translation>Este proyecto está vacío. Arrastre a él cronómetros desde «Todos los cronómetros».</translation>
+        <translation>Este proyecto está vacío. Arrastre a él cronómetros desde «Todo».</translation>
     </message>
     <message>
         <source>No timer reaches the minimum time.</source>
@@ -469,7 +469,7 @@
     </message>
     <message>
         <source>&amp;Application:</source>
-        <translation>&amp;Aplicación:</translation>
+        <translation>&amp;Programa:</translation>
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
@@ -489,7 +489,7 @@
     </message>
     <message>
         <source>&amp;Restore Default</source>
-        <translation>&amp;Restaurar</translation>
+        <translation>&amp;Restaurar predeterminada</translation>
     </message>
     <message>
         <source>&amp;Show in File Manager</source>
@@ -589,7 +589,7 @@
     </message>
     <message>
         <source>&amp;Count time without input as idle</source>
-        <translation>&amp;Contar el tiempo sin teclado ni ratón como inactivo</translation>
+        <translation>&amp;Contar el tiempo sin teclado ni ratón como inactividad</translation>
     </message>
     <message>
         <source> min</source>
@@ -597,10 +597,10 @@
     </message>
     <message>
         <source>Minutes without input until time counts as idle</source>
-        <translation>Minutos sin teclado ni ratón hasta que el tiempo cuente como inactivo</translation>
+        <translation>Minutos sin teclado ni ratón hasta que el tiempo cuente como inactividad</translation>
     </message>
     <message>
-        <source>Idleness:</source>
+        <source>Idle time:</source>
         <translation>Inactividad:</translation>
     </message>
     <message>
@@ -721,7 +721,7 @@
     </message>
     <message>
         <source>Open Preference Panel</source>
-        <translation>Abrir las preferencias</translation>
+        <translation>Abrir la configuración</translation>
     </message>
     <message>
         <source>Ticklog is counting</source>
@@ -753,7 +753,7 @@
     </message>
     <message>
         <source>Application Times</source>
-        <translation>Tiempos de las aplicaciones</translation>
+        <translation>Tiempos por programa</translation>
     </message>
     <message>
         <source>Show Time Window</source>
@@ -876,7 +876,7 @@
         <translation>No volver a preguntar</translation>
     </message>
     <message>
-        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <source>GNOME Shell finds new extensions at login: log out and in again once it is installed.</source>
         <translation>GNOME Shell detecta las extensiones nuevas al iniciar sesión: cierre la sesión y vuelva a iniciarla después de la instalación.</translation>
     </message>
     <message>
@@ -913,7 +913,7 @@
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
-        <translation>GNOME Shell no dice a los programas de un entorno aislado qué ventana está delante. Instalado fuera de él, Ticklog puede saberlo.</translation>
+        <translation>GNOME Shell no indica a los programas de un entorno aislado qué ventana está en primer plano. Instalado fuera de él, Ticklog puede saberlo.</translation>
     </message>
     <message>
         <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
@@ -940,7 +940,7 @@
         <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia; todo el tiempo restante cuenta como «Escritorio».</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <source>Rules leave out, rename and categorize programs in reports only.</source>
         <translation>Las reglas solo valen en los informes: omitir, renombrar, clasificar.</translation>
     </message>
     <message>
@@ -973,7 +973,7 @@
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
-        <translation>Algunas entradas de «%@» están dañadas y se han omitido. El archivo se conserva al lado.</translation>
+        <translation>Algunas entradas de «%@» están dañadas y se han omitido. El archivo dañado se conserva al lado.</translation>
     </message>
     <message>
         <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
@@ -1153,11 +1153,11 @@
     </message>
     <message>
         <source>Not at all</source>
-        <translation>Nada</translation>
+        <translation>No conservar</translation>
     </message>
     <message>
         <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
-        <translation>El historial dice cuándo estuvo delante cada título. Se queda en este equipo, en un archivo que solo usted puede leer, y hace que los cronómetros no pierdan más de 15 segundos en un fallo.</translation>
+        <translation>El historial recoge qué título estuvo en primer plano y cuándo. Se queda en este equipo, en un archivo que solo usted puede leer; gracias a él, los cronómetros no pierden más de 15 segundos en un fallo.</translation>
     </message>
     <message>
         <source>&amp;Keep the history:</source>
@@ -1177,7 +1177,7 @@
     </message>
     <message>
         <source>Nothing was found.</source>
-        <translation>No se encuentra nada.</translation>
+        <translation>No se encontró nada.</translation>
     </message>
     <message>
         <source>Titles: %@</source>
@@ -1261,7 +1261,7 @@
     </message>
     <message>
         <source>Replace the title</source>
-        <translation>Sustituir el título</translation>
+        <translation>Reemplazar el título</translation>
     </message>
     <message>
         <source>Count as “Private”</source>
@@ -1293,7 +1293,7 @@
     </message>
     <message>
         <source>&amp;Matching Titles…</source>
-        <translation>&amp;Títulos hallados…</translation>
+        <translation>&amp;Títulos coincidentes…</translation>
     </message>
     <message>
         <source>Apply to the &amp;Past…</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>What these rules hide is never written. The first rule that matches decides.</source>
-        <translation>Lo que estas reglas ocultan nunca se escribe. Decide la primera que encaja.</translation>
+        <translation>Lo que estas reglas ocultan nunca se escribe. Decide la primera que coincide.</translation>
     </message>
     <message>
         <source>Titles of the Last 7 Days</source>
@@ -1321,7 +1321,7 @@
     </message>
     <message>
         <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
-        <translation>Lo que ocultan se quita para siempre del historial, de los cronómetros y de los proyectos. Esto no se puede deshacer, ni tampoco lo hecho antes. Los archivos y las copias de seguridad quedan como están.</translation>
+        <translation>Lo que ocultan se quita para siempre del historial, de los cronómetros y de los proyectos. No se podrá deshacer ni esto ni nada de lo anterior. Los archivos históricos y las copias de seguridad quedan como están.</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -1489,7 +1489,7 @@
     </message>
     <message>
         <source>The period</source>
-        <translation>El periodo</translation>
+        <translation>El período</translation>
     </message>
     <message>
         <source>Other</source>
@@ -1593,7 +1593,7 @@
     </message>
     <message>
         <source>Form of times</source>
-        <translation>Forma de las horas</translation>
+        <translation>Formato de las horas</translation>
     </message>
     <message>
         <source>Hours and Minutes</source>
@@ -1737,7 +1737,7 @@
     </message>
     <message>
         <source>&amp;What was it?</source>
-        <translation>¿&amp;Qué era?</translation>
+        <translation>¿&amp;Qué fue?</translation>
     </message>
     <message>
         <source>&amp;Project:</source>
@@ -1749,7 +1749,7 @@
     </message>
     <message>
         <source>No time is free there: you worked then, or it is still to come.</source>
-        <translation>Allí no hay tiempo libre: trabajó entonces, o aún está por venir.</translation>
+        <translation>No hay tiempo libre ahí: trabajó entonces, o aún está por venir.</translation>
     </message>
     <message>
         <source>%1 of it is free. Time that you worked stays as it is.</source>
@@ -1785,7 +1785,7 @@
     </message>
     <message>
         <source>Start the timer to record where your time goes, and when.</source>
-        <translation>Inicie el cronómetro para registrar en qué y cuándo se va su tiempo.</translation>
+        <translation>Inicie el cronómetro para registrar a qué dedica su tiempo, y cuándo.</translation>
     </message>
     <message>
         <source>Add to &amp;Project</source>
@@ -1813,14 +1813,14 @@
     </message>
     <message>
         <source>Book the absence as work</source>
-        <translation>Anotar la ausencia como trabajo</translation>
+        <translation>Registrar la ausencia como trabajo</translation>
     </message>
     <message>
         <source>Break</source>
         <translation>Descanso</translation>
     </message>
     <message>
-        <source>The absence was no work</source>
+        <source>The absence was not work</source>
         <translation>La ausencia no fue trabajo</translation>
     </message>
     <message>
@@ -1833,7 +1833,7 @@
     </message>
     <message>
         <source>Book the Absence</source>
-        <translation>Anotar la ausencia</translation>
+        <translation>Registrar la ausencia</translation>
     </message>
     <message>
         <source>You were away for %@</source>
@@ -1845,7 +1845,7 @@
     </message>
     <message>
         <source>Say…</source>
-        <translation>Decir…</translation>
+        <translation>Indicar…</translation>
     </message>
     <message>
         <source>%@ – %@ (%@)</source>
@@ -1857,7 +1857,7 @@
     </message>
     <message>
         <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
-        <translation>Cuando vuelve, una notificación y una barra en la ventana preguntan qué hizo. Su respuesta se anota a mano; sin ella, el tiempo sigue siendo inactividad.</translation>
+        <translation>Cuando vuelve, una notificación y una barra en la ventana preguntan qué hizo. Su respuesta se registra a mano; sin ella, el tiempo sigue siendo inactividad.</translation>
     </message>
     <message>
         <source>&amp;Shortest absence:</source>
@@ -1969,11 +1969,11 @@
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
-        <translation>Mientras el cronómetro está en marcha, Ticklog anota qué programa y cuál de sus ventanas, según su título, está en primer plano, y durante cuánto tiempo.</translation>
+        <translation>Mientras el cronómetro está en marcha, Ticklog anota qué programa y cuál de sus ventanas (según su título) está en primer plano, y durante cuánto tiempo.</translation>
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
-        <translation>No anota teclas, imágenes ni nada del contenido de las ventanas; el tiempo sin actividad va a «Idle».</translation>
+        <translation>No anota las teclas, ni imágenes, ni nada del contenido de las ventanas; el tiempo sin teclado ni ratón cuenta como «Inactividad».</translation>
     </message>
     <message>
         <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
@@ -1993,7 +1993,7 @@
     </message>
     <message>
         <source>Welcome to Ticklog</source>
-        <translation>Bienvenido a Ticklog</translation>
+        <translation>Le damos la bienvenida a Ticklog</translation>
     </message>
     <message>
         <source>Hide Titles…</source>

@@ -5,7 +5,7 @@
     <name>Ticklog</name>
     <message>
         <source>All Timers</source>
-        <translation>Tous les chronomètres</translation>
+        <translation>Tout</translation>
     </message>
     <message>
         <source>New Project</source>
@@ -349,7 +349,7 @@
     </message>
     <message>
         <source>This project is empty. Drag timers from “All Timers” onto it.</source>
-        <translation>Ce projet est vide. Faites-y glisser des chronomètres depuis «&#xa0;Tous les chronomètres&#xa0;».</translation>
+        <translation>Ce projet est vide. Faites-y glisser des chronomètres depuis « Tout ».</translation>
     </message>
     <message>
         <source>No timer reaches the minimum time.</source>
@@ -469,7 +469,7 @@
     </message>
     <message>
         <source>&amp;Application:</source>
-        <translation>&amp;Application&#xa0;:</translation>
+        <translation>&amp;Programme :</translation>
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
@@ -533,7 +533,7 @@
     </message>
     <message>
         <source>No day is chosen: nothing is archived.</source>
-        <translation>Aucun jour choisi : rien n’est archivé.</translation>
+        <translation>Aucun jour n’est choisi : rien n’est archivé.</translation>
     </message>
     <message>
         <source>Archived on: </source>
@@ -600,7 +600,7 @@
         <translation>Minutes sans clavier ni souris avant que le temps compte comme inactivité</translation>
     </message>
     <message>
-        <source>Idleness:</source>
+        <source>Idle time:</source>
         <translation>Inactivité&#xa0;:</translation>
     </message>
     <message>
@@ -753,7 +753,7 @@
     </message>
     <message>
         <source>Application Times</source>
-        <translation>Temps par application</translation>
+        <translation>Temps par programme</translation>
     </message>
     <message>
         <source>Show Time Window</source>
@@ -876,7 +876,7 @@
         <translation>Ne plus demander</translation>
     </message>
     <message>
-        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <source>GNOME Shell finds new extensions at login: log out and in again once it is installed.</source>
         <translation>GNOME Shell détecte les nouvelles extensions à l’ouverture de session&#xa0;: fermez la session et rouvrez-la après l’installation.</translation>
     </message>
     <message>
@@ -913,7 +913,7 @@
     </message>
     <message>
         <source>GNOME Shell does not tell programs in a sandbox which window is in front. Installed outside of one, Ticklog can be told.</source>
-        <translation>GNOME Shell ne dit pas aux programmes d’un bac à sable quelle fenêtre est au premier plan. Installé en dehors, Ticklog peut le savoir.</translation>
+        <translation>GNOME Shell n’indique pas aux programmes d’un bac à sable quelle fenêtre est au premier plan. Installé en dehors, Ticklog peut le savoir.</translation>
     </message>
     <message>
         <source>Ticklog runs in a sandbox and cannot change what starts with your session. The desktop’s settings can.</source>
@@ -940,7 +940,7 @@
         <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance ; tout autre temps est compté comme « Bureau ».</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <source>Rules leave out, rename and categorize programs in reports only.</source>
         <translation>Les règles ne valent que dans les rapports&#xa0;: omettre, renommer, classer.</translation>
     </message>
     <message>
@@ -973,7 +973,7 @@
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
-        <translation>Certaines entrées de «&#xa0;%@&#xa0;» sont endommagées et ont été laissées de côté. Le fichier est conservé à côté.</translation>
+        <translation>Certaines entrées de « %@ » sont endommagées et ont été omises. Le fichier endommagé est conservé à côté.</translation>
     </message>
     <message>
         <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
@@ -1069,7 +1069,7 @@
     </message>
     <message>
         <source>At any time</source>
-        <translation>À tout moment</translation>
+        <translation>N’importe quand</translation>
     </message>
     <message>
         <source>On the day</source>
@@ -1121,7 +1121,7 @@
     </message>
     <message>
         <source>It is removed from the file at once. This cannot be undone.</source>
-        <translation>C’est retiré du fichier aussitôt. Cela ne peut pas être annulé.</translation>
+        <translation>Ces données sont aussitôt retirées du fichier. Cette opération ne peut pas être annulée.</translation>
     </message>
     <message>
         <source>It is being forgotten…</source>
@@ -1129,11 +1129,11 @@
     </message>
     <message>
         <source>It is forgotten.</source>
-        <translation>C’est oublié.</translation>
+        <translation>Oubli terminé.</translation>
     </message>
     <message>
         <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
-        <translation>Ce n’est pas encore oublié, car l’historique ne peut pas être enregistré pour l’instant. Ticklog réessaie.</translation>
+        <translation>L’oubli n’est pas terminé, car l’historique ne peut pas être enregistré pour l’instant. Ticklog réessaie.</translation>
     </message>
     <message>
         <source>Forever</source>
@@ -1157,7 +1157,7 @@
     </message>
     <message>
         <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
-        <translation>L’historique dit quand quel titre était au premier plan. Il reste sur cette machine, dans un fichier que vous seul pouvez lire ; grâce à lui, un plantage coûte au plus 15 secondes aux chronomètres.</translation>
+        <translation>L’historique retient quel titre était au premier plan, et quand. Il reste sur cet ordinateur, dans un fichier que vous seul pouvez lire ; grâce à lui, un plantage coûte au plus 15 secondes aux chronomètres.</translation>
     </message>
     <message>
         <source>&amp;Keep the history:</source>
@@ -1177,7 +1177,7 @@
     </message>
     <message>
         <source>Nothing was found.</source>
-        <translation>Rien n’est trouvé.</translation>
+        <translation>Aucun résultat.</translation>
     </message>
     <message>
         <source>Titles: %@</source>
@@ -1201,7 +1201,7 @@
     </message>
     <message>
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
-        <translation>Son fichier est supprimé aussitôt. Cela ne peut pas être annulé. Les chronomètres gardent leurs temps, mais un plantage peut leur coûter les 15 dernières minutes.</translation>
+        <translation>Son fichier est aussitôt supprimé. Cette opération ne peut pas être annulée. Les chronomètres gardent leurs temps, mais un plantage peut leur coûter les 15 dernières minutes.</translation>
     </message>
     <message>
         <source>Titles</source>
@@ -1293,7 +1293,7 @@
     </message>
     <message>
         <source>&amp;Matching Titles…</source>
-        <translation>&amp;Titres trouvés…</translation>
+        <translation>&amp;Titres concernés…</translation>
     </message>
     <message>
         <source>Apply to the &amp;Past…</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>What these rules hide is never written. The first rule that matches decides.</source>
-        <translation>Ce que ces règles cachent n’est jamais écrit. La première qui convient décide.</translation>
+        <translation>Ce que ces règles cachent n’est jamais écrit. La première règle qui correspond décide.</translation>
     </message>
     <message>
         <source>Titles of the Last 7 Days</source>
@@ -1309,7 +1309,7 @@
     </message>
     <message>
         <source>The rules match nothing in the past.</source>
-        <translation>Les règles ne touchent rien du passé.</translation>
+        <translation>Les règles ne correspondent à rien dans le passé.</translation>
     </message>
     <message>
         <source>Timers: %@</source>
@@ -1321,7 +1321,7 @@
     </message>
     <message>
         <source>What they hide is removed for good from the history, the timers and the projects. Neither this nor any earlier step can be undone. Archives and backups stay as they are.</source>
-        <translation>Ce qu’elles cachent est retiré pour de bon de l’historique, des chronomètres et des projets. Cela ne peut pas être annulé, ni ce qui a été fait avant. Les archives et les sauvegardes restent telles quelles.</translation>
+        <translation>Ce qu’elles cachent est retiré pour de bon de l’historique, des chronomètres et des projets. Ni cette opération ni les précédentes ne pourront être annulées. Les archives et les sauvegardes restent telles quelles.</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -1485,7 +1485,7 @@
     </message>
     <message>
         <source>%@ more</source>
-        <translation>%@ de plus</translation>
+        <translation>%@ autres</translation>
     </message>
     <message>
         <source>The period</source>
@@ -1593,7 +1593,7 @@
     </message>
     <message>
         <source>Form of times</source>
-        <translation>Forme des durées</translation>
+        <translation>Format des durées</translation>
     </message>
     <message>
         <source>Hours and Minutes</source>
@@ -1813,14 +1813,14 @@
     </message>
     <message>
         <source>Book the absence as work</source>
-        <translation>Enregistrer l’absence comme travail</translation>
+        <translation>Saisir l’absence comme travail</translation>
     </message>
     <message>
         <source>Break</source>
         <translation>Pause</translation>
     </message>
     <message>
-        <source>The absence was no work</source>
+        <source>The absence was not work</source>
         <translation>L’absence n’était pas du travail</translation>
     </message>
     <message>
@@ -1833,7 +1833,7 @@
     </message>
     <message>
         <source>Book the Absence</source>
-        <translation>Enregistrer l’absence</translation>
+        <translation>Saisir l’absence</translation>
     </message>
     <message>
         <source>You were away for %@</source>
@@ -1889,7 +1889,7 @@
     </message>
     <message>
         <source>It is removed from the file at once. It can be undone until Ticklog ends.</source>
-        <translation>C’est retiré du fichier aussitôt. Cela peut être annulé jusqu’à ce que Ticklog se termine.</translation>
+        <translation>Ces données sont aussitôt retirées du fichier. L’opération peut être annulée tant que Ticklog n’est pas quitté.</translation>
     </message>
     <message>
         <source>Forget this?</source>
@@ -1969,11 +1969,11 @@
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
-        <translation>Tant que son chronomètre tourne, Ticklog note quel programme et laquelle de ses fenêtres, d’après son titre, est au premier plan, et pendant combien de temps.</translation>
+        <translation>Tant que son chronomètre tourne, Ticklog note quel programme et laquelle de ses fenêtres (d’après son titre) est au premier plan, et pendant combien de temps.</translation>
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
-        <translation>Il ne note ni touches, ni images, ni rien du contenu des fenêtres&#xa0;; le temps sans saisie va à «&#xa0;Idle&#xa0;».</translation>
+        <translation>Il ne note ni les touches, ni aucune image, ni le contenu des fenêtres ; le temps sans clavier ni souris compte comme « Inactivité ».</translation>
     </message>
     <message>
         <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
@@ -1981,7 +1981,7 @@
     </message>
     <message>
         <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
-        <translation>Vous pouvez à tout moment masquer des titres par des règles, et supprimer ou faire oublier ce qui a été enregistré.</translation>
+        <translation>Vous pouvez à tout moment masquer des titres par des règles, et supprimer ou oublier ce qui a été enregistré.</translation>
     </message>
     <message>
         <source>Start Ticklog when I log in</source>

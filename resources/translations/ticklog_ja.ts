@@ -109,11 +109,11 @@
     </message>
     <message>
         <source>No Label</source>
-        <translation>カラーなし</translation>
+        <translation>色なし</translation>
     </message>
     <message>
         <source>Red</source>
-        <translation>レッド</translation>
+        <translation>赤</translation>
     </message>
     <message>
         <source>Orange</source>
@@ -121,23 +121,23 @@
     </message>
     <message>
         <source>Yellow</source>
-        <translation>イエロー</translation>
+        <translation>黄</translation>
     </message>
     <message>
         <source>Green</source>
-        <translation>グリーン</translation>
+        <translation>緑</translation>
     </message>
     <message>
         <source>Blue</source>
-        <translation>ブルー</translation>
+        <translation>青</translation>
     </message>
     <message>
         <source>Purple</source>
-        <translation>パープル</translation>
+        <translation>紫</translation>
     </message>
     <message>
         <source>Label:</source>
-        <translation>カラー:</translation>
+        <translation>色:</translation>
     </message>
     <message>
         <source>Where Ticklog is found</source>
@@ -469,7 +469,7 @@
     </message>
     <message>
         <source>&amp;Application:</source>
-        <translation>アプリケーション(&amp;A):</translation>
+        <translation>プログラム(&amp;A):</translation>
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
@@ -600,7 +600,7 @@
         <translation>アイドルとして数えるまでの操作のない時間 (分)</translation>
     </message>
     <message>
-        <source>Idleness:</source>
+        <source>Idle time:</source>
         <translation>アイドル:</translation>
     </message>
     <message>
@@ -697,7 +697,7 @@
     </message>
     <message>
         <source>Security protections built into OS X prevent monitoring the status of other applications without user authorization. In order to protect your privacy, this action will authorize Ticklog to track your applications while maintaining the normal system wide security precautions.</source>
-        <translation>デスクトップはプライバシーを守るため、許可なしにほかのプログラムを観察させません。この操作は Ticklog に許可を与えます。ほかの保護はそのままです。</translation>
+        <translation>デスクトップはプライバシーを守るため、許可なしに他のプログラムを観察させません。この操作は Ticklog に許可を与えます。他の保護はそのままです。</translation>
     </message>
     <message>
         <source>Authorize Ticklog</source>
@@ -753,7 +753,7 @@
     </message>
     <message>
         <source>Application Times</source>
-        <translation>アプリケーションの時間</translation>
+        <translation>プログラムの時間</translation>
     </message>
     <message>
         <source>Show Time Window</source>
@@ -805,7 +805,7 @@
     </message>
     <message>
         <source>Label Project</source>
-        <translation>プロジェクトのカラーを変更</translation>
+        <translation>プロジェクトの色を変更</translation>
     </message>
     <message>
         <source>Copy Project</source>
@@ -876,7 +876,7 @@
         <translation>今後確認しない</translation>
     </message>
     <message>
-        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <source>GNOME Shell finds new extensions at login: log out and in again once it is installed.</source>
         <translation>GNOME Shell はログイン時に新しい拡張機能を検出します。インストール後、一度ログアウトしてからログインし直してください。</translation>
     </message>
     <message>
@@ -893,7 +893,7 @@
     </message>
     <message>
         <source>GNOME Shell’s switch for all extensions is off. It is turned on as well, and with it the other extensions that are chosen there.</source>
-        <translation>GNOME Shell のすべての拡張機能のスイッチがオフになっています。これも有効にされ、そこで選ばれているほかの拡張機能も有効になります。</translation>
+        <translation>GNOME Shell のすべての拡張機能のスイッチがオフになっています。これも有効にされ、そこで選ばれている他の拡張機能も有効になります。</translation>
     </message>
     <message>
         <source>GNOME Shell has not turned the extension on.</source>
@@ -901,7 +901,7 @@
     </message>
     <message>
         <source>Turn it on in the program “Extensions”, together with the switch for all extensions. If you cannot, the administrator of this computer does not allow it.</source>
-        <translation>「拡張機能」アプリで、すべての拡張機能のスイッチとともに有効にしてください。できない場合は、このコンピューターの管理者が許可していません。</translation>
+        <translation>「拡張機能」プログラムで、すべての拡張機能のスイッチとともに有効にしてください。できない場合は、このコンピューターの管理者が許可していません。</translation>
     </message>
     <message>
         <source>Set Up...</source>
@@ -940,7 +940,7 @@
         <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「デスクトップ」に数えられます。</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize applications in reports only.</source>
+        <source>Rules leave out, rename and categorize programs in reports only.</source>
         <translation>ルールはレポートだけに効きます（除外、名前の変更、カテゴリ）。</translation>
     </message>
     <message>
@@ -973,7 +973,7 @@
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
-        <translation>“%@”の一部の項目は破損していたため除外されました。元のファイルは隣に保存されます。</translation>
+        <translation>「%@」の一部の項目は破損していたため除外されました。破損したファイルは同じ場所に残されています。</translation>
     </message>
     <message>
         <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
@@ -1045,7 +1045,7 @@
     </message>
     <message>
         <source>“%@” was written by a newer version. It is left alone, and nothing is added to it.</source>
-        <translation>“%@”は新しいバージョンで書き込まれています。そのまま残し、何も追加しません。</translation>
+        <translation>「%@」は新しいバージョンで書き込まれています。そのまま残し、何も追加しません。</translation>
     </message>
     <message>
         <source>No history is kept.</source>
@@ -1053,15 +1053,15 @@
     </message>
     <message>
         <source>until</source>
-        <translation>から次まで</translation>
+        <translation>から</translation>
     </message>
     <message>
         <source>&amp;Forget…</source>
-        <translation>忘れる(&amp;F)…</translation>
+        <translation>履歴から消去(&amp;F)…</translation>
     </message>
     <message>
         <source>Forget</source>
-        <translation>忘れる</translation>
+        <translation>消去</translation>
     </message>
     <message>
         <source>Any title</source>
@@ -1069,7 +1069,7 @@
     </message>
     <message>
         <source>At any time</source>
-        <translation>いつでも</translation>
+        <translation>全期間</translation>
     </message>
     <message>
         <source>On the day</source>
@@ -1077,7 +1077,7 @@
     </message>
     <message>
         <source>From</source>
-        <translation>次の時刻</translation>
+        <translation>開始</translation>
     </message>
     <message>
         <source>Begin</source>
@@ -1097,7 +1097,7 @@
     </message>
     <message>
         <source>&amp;When:</source>
-        <translation>いつ(&amp;W):</translation>
+        <translation>時期(&amp;W):</translation>
     </message>
     <message>
         <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
@@ -1105,7 +1105,7 @@
     </message>
     <message>
         <source>What would be forgotten</source>
-        <translation>忘れられるもの</translation>
+        <translation>消去されるもの</translation>
     </message>
     <message>
         <source>All programs</source>
@@ -1117,7 +1117,7 @@
     </message>
     <message>
         <source>Forget this for good?</source>
-        <translation>永久に忘れますか?</translation>
+        <translation>永久に消去しますか?</translation>
     </message>
     <message>
         <source>It is removed from the file at once. This cannot be undone.</source>
@@ -1125,15 +1125,15 @@
     </message>
     <message>
         <source>It is being forgotten…</source>
-        <translation>忘れています…</translation>
+        <translation>消去しています…</translation>
     </message>
     <message>
         <source>It is forgotten.</source>
-        <translation>忘れました。</translation>
+        <translation>消去しました。</translation>
     </message>
     <message>
         <source>It is not forgotten yet, because the history cannot be saved at the moment. Ticklog keeps trying.</source>
-        <translation>まだ忘れていません。現在、履歴を保存できないためです。Ticklog は引き続き試みます。</translation>
+        <translation>現在、履歴を保存できないため、まだ消去されていません。Ticklog は引き続き試みます。</translation>
     </message>
     <message>
         <source>Forever</source>
@@ -1197,7 +1197,7 @@
     </message>
     <message>
         <source>Forget what is older?</source>
-        <translation>それより古いものを忘れますか?</translation>
+        <translation>それより古いものを消去しますか?</translation>
     </message>
     <message>
         <source>Its file is removed at once. This cannot be undone. Timers keep their times, but a crash may cost them the last 15 minutes.</source>
@@ -1253,7 +1253,7 @@
     </message>
     <message>
         <source>Private windows of browsers</source>
-        <translation>ブラウザーのプライベートウインドウ</translation>
+        <translation>ブラウザーのプライベートウィンドウ</translation>
     </message>
     <message>
         <source>Keep the title</source>
@@ -1433,7 +1433,7 @@
     </message>
     <message>
         <source>The history could not be exported.</source>
-        <translation>履歴を書き出せませんでした。</translation>
+        <translation>履歴をエクスポートできませんでした。</translation>
     </message>
     <message>
         <source>Share</source>
@@ -1445,7 +1445,7 @@
     </message>
     <message>
         <source>To</source>
-        <translation>終了日</translation>
+        <translation>終了</translation>
     </message>
     <message>
         <source>Show</source>
@@ -1557,15 +1557,15 @@
     </message>
     <message>
         <source>6 Minutes</source>
-        <translation>6 分</translation>
+        <translation>6分</translation>
     </message>
     <message>
         <source>15 Minutes</source>
-        <translation>15 分</translation>
+        <translation>15分</translation>
     </message>
     <message>
         <source>30 Minutes</source>
-        <translation>30 分</translation>
+        <translation>30分</translation>
     </message>
     <message>
         <source>Direction of rounding</source>
@@ -1653,11 +1653,11 @@
     </message>
     <message>
         <source>Pause For</source>
-        <translation>一時停止する時間</translation>
+        <translation>一時停止の長さ</translation>
     </message>
     <message>
         <source>An Hour</source>
-        <translation>1 時間</translation>
+        <translation>1時間</translation>
     </message>
     <message>
         <source>Until Tomorrow</source>
@@ -1689,23 +1689,23 @@
     </message>
     <message>
         <source>Forg&amp;et This Time…</source>
-        <translation>この時間を忘れる(&amp;E)…</translation>
+        <translation>この時間を消去(&amp;E)…</translation>
     </message>
     <message>
         <source>Booked by hand on %1</source>
-        <translation>%1に手で記入</translation>
+        <translation>%1に手動で記入</translation>
     </message>
     <message>
         <source>Given to its project by hand on %1</source>
-        <translation>%1に手でプロジェクトに割り当て</translation>
+        <translation>%1に手動でプロジェクトに割り当て</translation>
     </message>
     <message>
         <source>Named by hand on %1, before: %2</source>
-        <translation>%1に手で命名、以前: %2</translation>
+        <translation>%1に手動で命名（以前: %2）</translation>
     </message>
     <message>
         <source>By Hand</source>
-        <translation>手で記入</translation>
+        <translation>手動</translation>
     </message>
     <message>
         <source>&amp;No Project</source>
@@ -1737,7 +1737,7 @@
     </message>
     <message>
         <source>&amp;What was it?</source>
-        <translation>何でしたか(&amp;W)</translation>
+        <translation>何をしていましたか(&amp;W):</translation>
     </message>
     <message>
         <source>&amp;Project:</source>
@@ -1757,7 +1757,7 @@
     </message>
     <message>
         <source>Named by hand</source>
-        <translation>手で命名</translation>
+        <translation>手動で命名</translation>
     </message>
     <message>
         <source>&amp;Name</source>
@@ -1769,7 +1769,7 @@
     </message>
     <message>
         <source>The time stays with its programs. The history notes what was changed by hand.</source>
-        <translation>時間はプログラムのもののままです。履歴には手で変更したことが記録されます。</translation>
+        <translation>時間はプログラムのもののままです。手動で変更したことが履歴に記録されます。</translation>
     </message>
     <message>
         <source>Zoom &amp;In</source>
@@ -1820,12 +1820,12 @@
         <translation>休憩</translation>
     </message>
     <message>
-        <source>The absence was no work</source>
+        <source>The absence was not work</source>
         <translation>不在は作業ではない</translation>
     </message>
     <message>
         <source>&amp;What did you do?</source>
-        <translation>何をしていましたか(&amp;W)？</translation>
+        <translation>何をしていましたか(&amp;W):</translation>
     </message>
     <message>
         <source>You were away: %@</source>
@@ -1841,7 +1841,7 @@
     </message>
     <message>
         <source>%@. What was it?</source>
-        <translation>%@。何をしていましたか？</translation>
+        <translation>%@。何をしていましたか?</translation>
     </message>
     <message>
         <source>Say…</source>
@@ -1869,7 +1869,7 @@
     </message>
     <message>
         <source>Window</source>
-        <translation>ウインドウ</translation>
+        <translation>ウィンドウ</translation>
     </message>
     <message>
         <source>Identity</source>
@@ -1893,7 +1893,7 @@
     </message>
     <message>
         <source>Forget this?</source>
-        <translation>これを忘れますか?</translation>
+        <translation>これを消去しますか?</translation>
     </message>
     <message>
         <source>Reading…</source>
@@ -1917,7 +1917,7 @@
     </message>
     <message>
         <source>No history is kept. You can turn it on in the preferences, under History.</source>
-        <translation>履歴は残されていません。設定の「履歴」でオンにできます。</translation>
+        <translation>履歴は残されていません。設定の「履歴」で有効にできます。</translation>
     </message>
     <message>
         <source>Delete selected times</source>
@@ -1965,7 +1965,7 @@
     </message>
     <message>
         <source>Clear Search</source>
-        <translation>検索を消去</translation>
+        <translation>検索をクリア</translation>
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
@@ -1973,7 +1973,7 @@
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
-        <translation>キー入力も画像もウィンドウの中身も記録しません。入力のない時間は「Idle」になります。</translation>
+        <translation>キー入力も画像もウィンドウの中身も記録しません。操作のない時間は「アイドル」に数えられます。</translation>
     </message>
     <message>
         <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
@@ -1981,7 +1981,7 @@
     </message>
     <message>
         <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
-        <translation>タイトルはいつでもルールで隠すことができ、記録したものはいつでも削除したり忘れさせたりできます。</translation>
+        <translation>タイトルはいつでもルールで隠すことができ、記録したものはいつでも削除や消去ができます。</translation>
     </message>
     <message>
         <source>Start Ticklog when I log in</source>
@@ -2001,7 +2001,7 @@
     </message>
     <message>
         <source>Not Yet</source>
-        <translation>あとで</translation>
+        <translation>後で</translation>
     </message>
     <message>
         <source>Icons of &amp;programs</source>

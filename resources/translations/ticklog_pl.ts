@@ -469,7 +469,7 @@
     </message>
     <message>
         <source>&amp;Application:</source>
-        <translation>&amp;Aplikacja:</translation>
+        <translation>Prog&amp;ram:</translation>
     </message>
     <message>
         <source>&amp;Archive and clear all timers by schedule</source>
@@ -600,7 +600,7 @@
         <translation>Minuty bez klawiatury i myszy, po których czas liczy się jako bezczynność</translation>
     </message>
     <message>
-        <source>Idleness:</source>
+        <source>Idle time:</source>
         <translation>Bezczynność:</translation>
     </message>
     <message>
@@ -753,7 +753,7 @@
     </message>
     <message>
         <source>Application Times</source>
-        <translation>Czasy aplikacji</translation>
+        <translation>Czasy programów</translation>
     </message>
     <message>
         <source>Show Time Window</source>
@@ -876,7 +876,7 @@
         <translation>Nie pytaj ponownie</translation>
     </message>
     <message>
-        <source>GNOME Shell finds new extensions at the login: log out and in again once it is installed.</source>
+        <source>GNOME Shell finds new extensions at login: log out and in again once it is installed.</source>
         <translation>Powłoka GNOME wykrywa nowe rozszerzenia przy logowaniu: po instalacji wyloguj się i zaloguj ponownie.</translation>
     </message>
     <message>
@@ -940,8 +940,8 @@
         <translation>Dopóki nie będzie działać, program Ticklog widzi tylko programy, które informują programy wspomagające o swoich oknach; cały pozostały czas liczy się jako „Pulpit”.</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize applications in reports only.</source>
-        <translation>Reguły działają tylko w raportach: pomijają, przemianowują, kategoryzują.</translation>
+        <source>Rules leave out, rename and categorize programs in reports only.</source>
+        <translation>Reguły działają tylko w raportach: pomijają, zmieniają nazwy, przypisują kategorie.</translation>
     </message>
     <message>
         <source>Freeze</source>
@@ -973,7 +973,7 @@
     </message>
     <message>
         <source>Some entries of “%@” are damaged and were left out. The damaged file is kept beside it.</source>
-        <translation>Niektóre wpisy w „%@” są uszkodzone i zostały pominięte. Plik zachowano obok.</translation>
+        <translation>Niektóre wpisy w „%@” są uszkodzone i zostały pominięte. Uszkodzony plik zachowano obok.</translation>
     </message>
     <message>
         <source>“%@” could not be read. Ticklog continues with the last settings that it kept.</source>
@@ -1029,7 +1029,7 @@
     </message>
     <message>
         <source>There is no tray icon that could bring a closed window back, so closing the window minimizes it and Ticklog keeps running. “Quit” ends Ticklog.</source>
-        <translation>Żadna ikona na tacce nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a program Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
+        <translation>Żadna ikona w tacce systemowej nie prowadzi z powrotem do zamkniętego okna. Dlatego zamknięcie je minimalizuje, a program Ticklog działa dalej. „Zakończ” kończy pracę.</translation>
     </message>
     <message>
         <source>There are more timers than one database can hold: %@ at the most.</source>
@@ -1101,7 +1101,7 @@
     </message>
     <message>
         <source>The history forgets it for good. Timers keep their names and times; to remove those, delete their rows.</source>
-        <translation>Historia zapomni to na zawsze. Liczniki zachowują nazwy i czasy; aby je usunąć, usuń ich wiersze.</translation>
+        <translation>Historia zapomni to na zawsze. Liczniki zachowają nazwy i czasy; aby się ich pozbyć, usuń ich wiersze.</translation>
     </message>
     <message>
         <source>What would be forgotten</source>
@@ -1157,7 +1157,7 @@
     </message>
     <message>
         <source>The history records which title was in front, and when. It stays on this machine, in a file that only you can read, and lets the timers lose no more than 15 seconds in a crash.</source>
-        <translation>Historia mówi, kiedy który tytuł był na wierzchu. Pozostaje na tym komputerze, w pliku, który tylko Ty możesz czytać; dzięki niej w razie awarii liczniki tracą najwyżej 15 sekund.</translation>
+        <translation>Historia zapisuje, kiedy który tytuł był na wierzchu. Pozostaje na tym komputerze, w pliku, który tylko Ty możesz odczytać; dzięki niej w razie awarii liczniki tracą najwyżej 15 sekund.</translation>
     </message>
     <message>
         <source>&amp;Keep the history:</source>
@@ -1293,7 +1293,7 @@
     </message>
     <message>
         <source>&amp;Matching Titles…</source>
-        <translation>&amp;Trafione tytuły…</translation>
+        <translation>Pasujące &amp;tytuły…</translation>
     </message>
     <message>
         <source>Apply to the &amp;Past…</source>
@@ -1485,7 +1485,7 @@
     </message>
     <message>
         <source>%@ more</source>
-        <translation>%@ więcej</translation>
+        <translation>jeszcze %@</translation>
     </message>
     <message>
         <source>The period</source>
@@ -1813,14 +1813,14 @@
     </message>
     <message>
         <source>Book the absence as work</source>
-        <translation>Zapisz nieobecność jako pracę</translation>
+        <translation>Dolicz nieobecność jako pracę</translation>
     </message>
     <message>
         <source>Break</source>
         <translation>Przerwa</translation>
     </message>
     <message>
-        <source>The absence was no work</source>
+        <source>The absence was not work</source>
         <translation>Nieobecność nie była pracą</translation>
     </message>
     <message>
@@ -1833,7 +1833,7 @@
     </message>
     <message>
         <source>Book the Absence</source>
-        <translation>Zapisanie nieobecności</translation>
+        <translation>Dolicz nieobecność</translation>
     </message>
     <message>
         <source>You were away for %@</source>
@@ -1845,7 +1845,7 @@
     </message>
     <message>
         <source>Say…</source>
-        <translation>Powiedz…</translation>
+        <translation>Podaj…</translation>
     </message>
     <message>
         <source>%@ – %@ (%@)</source>
@@ -1857,7 +1857,7 @@
     </message>
     <message>
         <source>When you come back, a notice and a bar in the window ask what you did. Your answer is booked by hand; without one, the time stays idle.</source>
-        <translation>Po powrocie powiadomienie i pasek w oknie pytają, co robiono. Odpowiedź jest zapisywana ręcznie; bez niej czas pozostaje bezczynnością.</translation>
+        <translation>Po powrocie powiadomienie i pasek w oknie pytają, co robiono. Odpowiedź jest doliczana jak wpis ręczny; bez niej czas pozostaje bezczynnością.</translation>
     </message>
     <message>
         <source>&amp;Shortest absence:</source>
@@ -1877,7 +1877,7 @@
     </message>
     <message>
         <source>Export Shown &amp;Timers for Spreadsheets…</source>
-        <translation>Ek&amp;sportuj widoczne liczniki do arkusza…</translation>
+        <translation>Ek&amp;sportuj pokazane liczniki do arkusza…</translation>
     </message>
     <message>
         <source>Copy for Spreadshee&amp;t</source>
@@ -1949,11 +1949,11 @@
     </message>
     <message>
         <source>Range</source>
-        <translation>Zakres</translation>
+        <translation>Okres</translation>
     </message>
     <message>
         <source>Length of the range</source>
-        <translation>Długość zakresu</translation>
+        <translation>Długość okresu</translation>
     </message>
     <message>
         <source>Grouping</source>
@@ -1969,11 +1969,11 @@
     </message>
     <message>
         <source>While its timer runs, Ticklog notes which program and which of its windows, by its title, is in front, and for how long.</source>
-        <translation>Gdy licznik działa, Ticklog zapisuje, który program i które z jego okien, według tytułu, jest na wierzchu i jak długo.</translation>
+        <translation>Gdy licznik działa, program Ticklog zapisuje, który program i które z jego okien (według tytułu) jest na wierzchu i jak długo.</translation>
     </message>
     <message>
         <source>It notes no keys, no pictures and nothing of what is in a window; time without input goes to Idle.</source>
-        <translation>Nie zapisuje klawiszy, obrazów ani niczego z zawartości okien; czas bez aktywności trafia do „Idle”.</translation>
+        <translation>Nie zapisuje naciskanych klawiszy, obrazów ani zawartości okien; czas bez klawiatury i myszy liczy się jako „Bezczynność”.</translation>
     </message>
     <message>
         <source>The record stays on this computer, in files that only you can read, and is sent nowhere.</source>
@@ -1981,11 +1981,11 @@
     </message>
     <message>
         <source>You can hide titles by rules, and delete or forget whatever was recorded, at any time.</source>
-        <translation>W każdej chwili możesz ukryć tytuły za pomocą reguł oraz usunąć lub zapomnieć to, co zapisano.</translation>
+        <translation>W każdej chwili możesz ukrywać tytuły za pomocą reguł oraz usuwać lub zapominać to, co zapisano.</translation>
     </message>
     <message>
         <source>Start Ticklog when I log in</source>
-        <translation>Uruchamiaj Ticklog po zalogowaniu</translation>
+        <translation>Uruchamiaj program Ticklog po zalogowaniu</translation>
     </message>
     <message>
         <source>Start the Timer</source>
@@ -1993,7 +1993,7 @@
     </message>
     <message>
         <source>Welcome to Ticklog</source>
-        <translation>Witamy w Ticklog</translation>
+        <translation>Witamy w programie Ticklog</translation>
     </message>
     <message>
         <source>Hide Titles…</source>
@@ -2021,7 +2021,7 @@
     </message>
     <message>
         <source>Timers and projects show:</source>
-        <translation>Liczniki i projekty pokazują:</translation>
+        <translation>Na listach liczników i projektów:</translation>
     </message>
     <message>
         <source>Lists</source>
