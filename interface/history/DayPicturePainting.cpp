@@ -2,6 +2,7 @@
 // How a day is painted.
 #include "interface/history/DayPicture.h"
 #include "interface/history/HourTicks.h"
+#include "interface/shell/Contrast.h"
 
 #include <QImage>
 #include <QPainter>
@@ -69,11 +70,14 @@ void DayPicture::paintAxis(QPainter& painter) const {
     const int room = std::max(metrics.horizontalAdvance(HourTicks::label(sample, 60 * 1000)), 20) + kLabelAir;
     const qint64 step = HourTicks::stepFor(3600e3 / timePerPixel(), room);
     const double scale = painter.worldTransform().m11();
-    const QColor line = shade(0.14);
+    // Through the lanes they only guide the eye.
+    const QColor guide = shade(0.14);
+    const QColor tickMark = shade(0.14, Contrast::kOfMarks);
     double free = isMirrored() ? width() : 0;
     for (const qint64 tick : HourTicks::ticks(m_view.from(), m_view.to(), step)) {
         const double x = std::round(xOf(double(tick)) * scale) / scale;
-        painter.fillRect(QRectF(x, axisHeight() - 4, 1 / scale, rect.bottom() + 1 - axisHeight() + 4), line);
+        painter.fillRect(QRectF(x, axisHeight() - 4, 1 / scale, 4), tickMark);
+        painter.fillRect(QRectF(x, axisHeight(), 1 / scale, rect.bottom() + 1 - axisHeight()), guide);
         const QString text = HourTicks::label(tick, step);
         const double wide = metrics.horizontalAdvance(text);
         const double left = x - wide / 2;
@@ -83,7 +87,7 @@ void DayPicture::paintAxis(QPainter& painter) const {
         if (isMirrored() ? left + wide > free : left < free)
             continue;
         free = isMirrored() ? left - kLabelAir / 2 : left + wide + kLabelAir / 2;
-        painter.setPen(shade(0.75));
+        painter.setPen(shade(0.75, Contrast::kOfTexts));
         painter.drawText(QRectF(left, 0, wide + 1, axisHeight() - 4), Qt::AlignCenter | Qt::TextSingleLine,
                          text);
     }
@@ -109,8 +113,9 @@ void DayPicture::paintLane(QPainter& painter, Lane lane) const {
     painter.fillRect(pixels, track);
     // Where window and track are of one colour, one sees nevertheless how far the day reaches.
     const int line = std::max(1, int(scale));
-    painter.fillRect(QRect(pixels.left(), pixels.top(), pixels.width(), line), shade(0.14));
-    painter.fillRect(QRect(pixels.left(), pixels.bottom() + 1 - line, pixels.width(), line), shade(0.14));
+    const QColor edge = shade(0.14, Contrast::kOfMarks);
+    painter.fillRect(QRect(pixels.left(), pixels.top(), pixels.width(), line), edge);
+    painter.fillRect(QRect(pixels.left(), pixels.bottom() + 1 - line, pixels.width(), line), edge);
     paintRuns(painter, pixels, content, columns);
     painter.restore();
 }

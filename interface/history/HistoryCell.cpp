@@ -4,6 +4,7 @@
 #include "interface/history/HistoryModel.h"
 #include "interface/history/PictureColors.h"
 #include "interface/outline/CutToWidth.h"
+#include "interface/shell/Contrast.h"
 #include "interface/shell/ProgramIcons.h"
 
 #include <QPainter>
@@ -65,12 +66,14 @@ void HistoryCell::drawBar(QPainter& painter, const QStyleOptionViewItem& option,
     QColor color = colorOf(index);
     if (!color.isValid())
         color = (option.widget ? option.widget->palette() : option.palette).color(QPalette::Highlight);
-    color.setAlphaF(float(index.parent().isValid() ? kPartStrength : kBarStrength));
+    const QColor ground = option.palette.color(QPalette::Base);
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
+    // The length is seen by the line around it, however pale the fill is.
+    painter.setPen(
+        Contrast::readable(color, option.palette.color(QPalette::Text), ground, Contrast::kOfMarks));
+    color.setAlphaF(float(index.parent().isValid() ? kPartStrength : kBarStrength));
     painter.setBrush(color);
-    painter.drawRoundedRect(QStyle::visualRect(option.direction, option.rect, bar), 2, 2);
+    painter.drawRect(QStyle::visualRect(option.direction, option.rect, bar).adjusted(0, 0, -1, -1));
     painter.restore();
 }
 

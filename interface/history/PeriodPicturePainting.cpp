@@ -3,6 +3,7 @@
 #include "interface/history/PeriodPicture.h"
 
 #include "interface/history/PictureTexts.h"
+#include "interface/shell/Contrast.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QPainter>
@@ -34,8 +35,9 @@ void PeriodPicture::paintAxis(QPainter& painter) const {
     for (qint64 length = 0; length <= measures().top; length += each) {
         const double y = std::round(yOf(length) * scale) / scale;
         const QRect line = mirrored({rect.left(), 0, rect.width(), 1});
-        painter.fillRect(QRectF(line.left(), y, line.width(), 1 / scale), shade(length == 0 ? 0.45 : 0.14));
-        painter.setPen(shade(0.75));
+        painter.fillRect(QRectF(line.left(), y, line.width(), 1 / scale),
+                         length == 0 ? shade(0.45, Contrast::kOfMarks) : shade(0.14));
+        painter.setPen(shade(0.75, Contrast::kOfTexts));
         const QRect label(0, int(y) - metrics.height() / 2, rect.left() - 6, metrics.height());
         painter.drawText(mirrored(label),
                          Qt::AlignVCenter | Qt::TextSingleLine |
@@ -103,7 +105,7 @@ void PeriodPicture::paintLabels(QPainter& painter) const {
         if (labels[place].isEmpty())
             continue;
         painter.setFont(isToday ? bold : font());
-        painter.setPen(isToday ? palette().color(QPalette::WindowText) : shade(0.75));
+        painter.setPen(isToday ? palette().color(QPalette::WindowText) : shade(0.75, Contrast::kOfTexts));
         const int wide = QFontMetrics(bold).horizontalAdvance(labels[place]) + 4;
         painter.drawText(QRect(whole.center().x() + 1 - wide / 2, top, wide, height() - top),
                          Qt::AlignCenter | Qt::TextSingleLine, labels[place]);

@@ -2,6 +2,7 @@
 #include "interface/history/TimePicture.h"
 
 #include "interface/history/PictureAccessibility.h"
+#include "interface/shell/Contrast.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -148,12 +149,10 @@ void TimePicture::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
-QColor TimePicture::shade(double ofText) const {
+QColor TimePicture::shade(double ofText, double contrast) const {
     const QColor ground = palette().color(QPalette::Window);
     const QColor text = palette().color(QPalette::WindowText);
-    const auto part = [&](float a, float b) { return a + (b - a) * float(ofText); };
-    return QColor::fromRgbF(part(ground.redF(), text.redF()), part(ground.greenF(), text.greenF()),
-                            part(ground.blueF(), text.blueF()));
+    return Contrast::readable(Contrast::mixed(text, ground, ofText), text, ground, contrast);
 }
 
 void TimePicture::paintFocus(QPainter& painter, const QRect& rect) const {

@@ -71,8 +71,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
-    // A colour of the palette between background and text.
-    QColor shade(double ofText) const;
+    // A colour of the palette between background and text, but no paler than this contrast to the background.
+    QColor shade(double ofText, double contrast = 1) const;
     // Around all, if the focus came by the keyboard.
     void paintFocus(QPainter& painter, const QRect& rect) const;
     // Around an item, as the cursor.

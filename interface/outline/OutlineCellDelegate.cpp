@@ -4,6 +4,7 @@
 #include "interface/outline/OutlineRole.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/outline/TimeTreeModel.h"
+#include "interface/shell/Contrast.h"
 #include "interface/shell/Named.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -20,6 +21,7 @@ constexpr int kRowAir = 10;
 constexpr int kIconAir = 4;
 constexpr int kTextMargin = 8;
 constexpr int kBarAir = 3;
+constexpr int kLineHeight = 2;
 // The opacity of bars, and of those of rows below another one. Times must stay easy to read on them.
 constexpr float kBarStrength = 0.20F;
 constexpr float kPartStrength = 0.11F;
@@ -52,12 +54,13 @@ void drawShare(QPainter& painter, const QStyleOptionViewItem& option, const QMod
         return;
     // The option's is paler where the keys do not go.
     QColor color = (option.widget ? option.widget->palette() : option.palette).color(QPalette::Highlight);
+    // The fill must be pale, so that the time is read on it: the length is seen by the line below.
+    const QColor line = Contrast::readable(color, option.palette.color(QPalette::Text),
+                                           option.palette.color(QPalette::Base), Contrast::kOfMarks);
     color.setAlphaF(index.parent().isValid() ? kPartStrength : kBarStrength);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(color);
-    painter.drawRoundedRect(QStyle::visualRect(option.direction, option.rect, bar), 2, 2);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    const QRect place = QStyle::visualRect(option.direction, option.rect, bar);
+    painter.fillRect(place, color);
+    painter.fillRect(QRect(place.left(), place.bottom() - kLineHeight + 1, place.width(), kLineHeight), line);
 }
 
 } // namespace

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Whether what is drawn can be read and seen: measured from pictures, in light, in dark and in high contrast.
+#include "interface/history/DayPicture.h"
+#include "interface/history/HistoryModel.h"
+#include "interface/history/PeriodPicture.h"
 #include "interface/shell/Contrast.h"
 #include "interface/shell/ReadableGreys.h"
+#include "interface/sidebar/ProjectListModel.h"
+#include "tests/interface/HistoryViewDesk.h"
 #include "tests/interface/ProjectDesk.h"
 #include "tests/interface/SetupDesk.h"
 
@@ -155,6 +160,109 @@ TEST_P(ReadableTest, marks_canBeSeen) {
                              ->grab(places.windowIcon.toAlignedRect().adjusted(-2, -2, 2, 2))
                              .toImage()),
               Contrast::kOfMarks);
+}
+
+TEST_P(ReadableTest, theHoursTheLanesAndIdleTimeOfADay_canBeSeen) {
+    FakePlatform fakes;
+    const PictureColors colors(fakes.defaults);
+    DayPicture picture(colors);
+    picture.resize(1000, 160);
+    const qint64 day = QDateTime(QDate(2026, 11, 19), QTime(0, 0)).toMSecsSinceEpoch();
+    const auto at = [&](double hour) { return day + qint64(hour * 3'600'000); };
+    const auto piece = [&](int from, int to, const char* program, RecordedStretch::Presence presence) {
+        return RangeAnswer::Piece{at(from), at(to) - at(from), QString::fromUtf8(program), {}, {}, presence};
+    };
+    picture.show(day, at(24),
+                 {piece(8, 10, "Mail", RecordedStretch::Presence::Work),
+                  piece(10, 14, "Idle", RecordedStretch::Presence::Idle)},
+                 at(22));
+    picture.showAll();
+    const auto part = [&](double from, double to, int top, int height) {
+        const int left = int(picture.xOf(double(at(from))));
+        return contrastIn(
+            picture.grab({left, top, int(picture.xOf(double(at(to)))) - left, height}).toImage());
+    };
+    const QRect lane = picture.laneRect(DayPicture::Programs);
+    constexpr int kTick = 4;
+    EXPECT_GE(part(17.5, 18.5, lane.top() - kTick - 5, kTick + 2), Contrast::kOfMarks) << "the tick at 18";
+    EXPECT_GE(part(15.2, 15.8, lane.top() - 2, 4), Contrast::kOfMarks) << "a gap";
+    EXPECT_GE(part(11.2, 11.8, lane.top() - 2, 4), Contrast::kOfMarks) << "idle time";
+    // Large, as above.
+    QFont large = picture.font();
+    large.setPixelSize(40);
+    picture.setFont(large);
+    picture.resize(3000, 400);
+    picture.showAll();
+    EXPECT_GE(part(1, 23, 0, 40), Contrast::kOfTexts) << "the hours";
+}
+
+TEST_P(ReadableTest, theAxisTheDaysAndTheLegendOfAWeek_canBeSeen) {
+    FakePlatform fakes;
+    const PictureColors colors(fakes.defaults);
+    PeriodPicture picture(colors);
+    picture.resize(1200, 400);
+    QFont large = picture.font();
+    large.setPixelSize(30);
+    picture.setFont(large);
+    const QDate monday(2026, 11, 16);
+    const qint64 hour = 3'600'000;
+    picture.show(CalendarRange::around(CalendarRange::Kind::Week, monday, Qt::Monday),
+                 {{monday, {{QStringLiteral("Writer"), 6 * hour}}, {}}}, PeriodPicture::By::Programs,
+                 monday.addDays(3));
+    const QRect bar = picture.partRect(monday, QStringLiteral("Writer"));
+    const auto part = [&](const QRect& rect) { return contrastIn(picture.grab(rect).toImage()); };
+    const int below = bar.bottom() + 1;
+    EXPECT_GE(part({bar.right() + 8, below - 2, 8, 5}), Contrast::kOfMarks) << "the line of nought";
+    EXPECT_GE(part({0, 0, std::max(4, bar.left() - 60), below}), Contrast::kOfTexts) << "the hours";
+    EXPECT_GE(part({bar.left(), below + 6, bar.width(), picture.height() - below - 6}), Contrast::kOfTexts)
+        << "the days";
+    EXPECT_GE(part({picture.width() - 200, 0, 200, picture.height() / 2}), Contrast::kOfTexts)
+        << "the legend";
+}
+
+TEST_P(ReadableTest, theBarsOfShares_canBeSeenAndTheTimesOnThemRead) {
+    HistoryViewDesk desk;
+    desk.account("Mail", 3600);
+    desk.account("Paint", 1800);
+    desk.fakes.clock.advance(std::chrono::hours(9));
+    desk.past(desk.today(0, 10), 900, "Mail", "Inbox");
+    desk.show();
+    QTreeView& timers = desk.table();
+    timers.clearSelection();
+    desk.settle();
+    const auto cell = [&](QTreeView& view, const QModelIndex& index) { return view.visualRect(index); };
+    const QRect time = cell(timers, desk.row("Paint").siblingAtColumn(TimeTreeModel::TimeSpentColumn));
+    // The bar of half the time reaches to the middle, where no digit is.
+    QRect left = time.adjusted(0, 0, -time.width() * 7 / 8, 0);
+    EXPECT_GE(contrastIn(timers.viewport()->grab(left).toImage()), Contrast::kOfMarks) << "timers";
+    const QImage all = timers.viewport()->grab(time).toImage();
+    const QColor fill = all.pixelColor(6, all.height() / 2);
+    EXPECT_GE(Contrast::of(timers.palette().color(QPalette::Text), fill), Contrast::kOfTexts);
+    desk.showHistory();
+    QTreeView& history = desk.pane().outline();
+    history.clearSelection();
+    desk.settle();
+    const QRect share = cell(history, history.model()->index(0, HistoryModel::ShareColumn));
+    ASSERT_FALSE(share.isEmpty());
+    left = share.adjusted(0, 0, -share.width() * 3 / 4, 0);
+    EXPECT_GE(contrastIn(history.viewport()->grab(left).toImage()), Contrast::kOfMarks) << "history";
+}
+
+TEST_P(ReadableTest, theTimesOfProjects_canBeRead) {
+    ProjectDesk desk;
+    desk.mailNotesAndPaint();
+    desk.addProject("P", {});
+    desk.controller.window().resize(1200, 700);
+    QFont large = desk.sidebar().font();
+    large.setPixelSize(30);
+    desk.sidebar().setFont(large);
+    desk.show();
+    desk.sidebar().setColumnHidden(ProjectListModel::TimeColumn, false);
+    desk.sidebar().setColumnWidth(ProjectListModel::TimeColumn, 150);
+    desk.settle();
+    const QRect time = desk.sidebar().visualRect(desk.at(1).siblingAtColumn(ProjectListModel::TimeColumn));
+    ASSERT_FALSE(time.isEmpty());
+    EXPECT_GE(contrastIn(desk.sidebar().viewport()->grab(time).toImage()), Contrast::kOfTexts);
 }
 
 TEST(ReadableGreysTest, aPaleGrey_becomesAsDarkAsNeededAndNoDarker) {
