@@ -20,7 +20,7 @@ constexpr int kMargin = 18;
 
 RulesTab::RulesTab(QAbstractItemModel& rules)
     : m_ruleTableView(new QTreeView)
-    , m_rowForEachTitle(new QCheckBox(localized("A row for each &title, in all applications")))
+    , m_rowForEachTitle(new QCheckBox(localized("A row for each &title, in all programs")))
     , m_edit(makeButton("editRule", localized("&Edit…"), &RulesTab::editRequested))
     , m_duplicate(makeButton("duplicateRule", localized("D&uplicate…"), &RulesTab::duplicateRequested))
     , m_delete(makeButton("deleteRule", localized("&Delete…"), &RulesTab::deleteRequested)) {

@@ -2064,12 +2064,12 @@
         <translation>Eine Zeile für jeden &amp;Titel</translation>
     </message>
     <message>
-        <source>A row for each &amp;title, in all applications</source>
-        <translation>Eine Zeile für jeden &amp;Titel, in allen Anwendungen</translation>
+        <source>A row for each &amp;title, in all programs</source>
+        <translation>Eine Zeile für jeden &amp;Titel, in allen Programmen</translation>
     </message>
     <message>
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>Bekommt ein Fenster einen anderen Titel, beginnt eine neue Zeile; sonst bekäme die Zeile des Fensters dessen Namen. Ein Titel, der wiederkommt, wird in seiner alten Zeile weitergezählt.</translation>
+        <translation>Bekommt ein Fenster einen anderen Titel, beginnt eine neue Zeile, statt dass seine Zeile umbenannt wird. Kehrt ein Titel zurück, zählt seine alte Zeile weiter.</translation>
     </message>
 </context>
 </TS>

@@ -2064,8 +2064,8 @@
         <translation>Una fila por &amp;título</translation>
     </message>
     <message>
-        <source>A row for each &amp;title, in all applications</source>
-        <translation>Una fila por &amp;título, en todas las aplicaciones</translation>
+        <source>A row for each &amp;title, in all programs</source>
+        <translation>Una fila por &amp;título, en todos los programas</translation>
     </message>
     <message>
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>

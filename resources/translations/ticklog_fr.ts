@@ -2064,8 +2064,8 @@
         <translation>Une ligne par &amp;titre</translation>
     </message>
     <message>
-        <source>A row for each &amp;title, in all applications</source>
-        <translation>Une ligne par &amp;titre, dans toutes les applications</translation>
+        <source>A row for each &amp;title, in all programs</source>
+        <translation>Une ligne par &amp;titre, dans tous les programmes</translation>
     </message>
     <message>
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>

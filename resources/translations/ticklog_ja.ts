@@ -2064,12 +2064,12 @@
         <translation>タイトルごとに行を分ける(&amp;T)</translation>
     </message>
     <message>
-        <source>A row for each &amp;title, in all applications</source>
-        <translation>すべてのアプリケーションでタイトルごとに行を分ける(&amp;T)</translation>
+        <source>A row for each &amp;title, in all programs</source>
+        <translation>すべてのプログラムでタイトルごとに行を分ける(&amp;T)</translation>
     </message>
     <message>
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>ウインドウのタイトルが変わると、ウインドウの行の名前が変わる代わりに新しい行が始まります。同じタイトルに戻ると、元の行で続きます。</translation>
+        <translation>ウィンドウのタイトルが変わると、ウィンドウの行の名前が変わる代わりに新しい行が始まります。同じタイトルに戻ると、元の行で続きます。</translation>
     </message>
 </context>
 </TS>

@@ -2064,8 +2064,8 @@
         <translation>Wiersz dla każdego &amp;tytułu</translation>
     </message>
     <message>
-        <source>A row for each &amp;title, in all applications</source>
-        <translation>Wiersz dla każdego &amp;tytułu, we wszystkich aplikacjach</translation>
+        <source>A row for each &amp;title, in all programs</source>
+        <translation>Wiersz dla każdego &amp;tytułu, we wszystkich programach</translation>
     </message>
     <message>
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
