@@ -87,12 +87,25 @@ void HistoryOutline::fitColumns() {
     const auto wide = [this](const char* text) {
         return fontMetrics().horizontalAdvance(QLatin1String(text)) + kColumnAir;
     };
+    header()->setMinimumSectionSize(wide("00:00:00"));
     header()->resizeSection(
         HistoryModel::TimeSpentColumn,
         std::max({kTimeWidth, wide("1000:00:00"), header()->sectionSizeHint(HistoryModel::TimeSpentColumn)}));
     header()->resizeSection(
         HistoryModel::ShareColumn,
         std::max({kShareWidth, wide("100.0 %"), header()->sectionSizeHint(HistoryModel::ShareColumn)}));
+}
+
+void HistoryOutline::restoreColumns(const QByteArray& state) {
+    const int least = header()->minimumSectionSize();
+    if (!header()->restoreState(state))
+        return;
+    // The state has brought its own.
+    header()->setMinimumSectionSize(least);
+    for (int section = 0; section < header()->count(); ++section)
+        if (header()->sectionSize(section) < least)
+            header()->resizeSection(section, least);
+    sortByColumn(header()->sortIndicatorSection(), header()->sortIndicatorOrder());
 }
 
 void HistoryOutline::initViewItemOption(QStyleOptionViewItem* option) const {

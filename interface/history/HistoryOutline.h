@@ -19,6 +19,8 @@ public:
     ~HistoryOutline() override;
 
     HistoryModel& rows() { return m_rows; }
+    // Takes widths and order from a header's saved state. Columns too narrow to be read become wider.
+    void restoreColumns(const QByteArray& state);
     // Null for none, as before it is called. They outlive the outline.
     void setIcons(ProgramIcons* icons);
     // The colours of the picture, by the name of a top row; an invalid one for none.

@@ -65,9 +65,7 @@ void WindowMemory::restore(Account account) {
                        isDown ? Qt::DescendingOrder : Qt::AscendingOrder);
     HistoryOutline& history = m_window.historyPane().outline();
     if (const QByteArray* columns = m_defaults.object(kHistoryColumns).asData())
-        if (history.header()->restoreState(*columns))
-            history.sortByColumn(history.header()->sortIndicatorSection(),
-                                 history.header()->sortIndicatorOrder());
+        history.restoreColumns(*columns);
 }
 
 void WindowMemory::follow() {
@@ -79,8 +77,12 @@ void WindowMemory::follow() {
         connect(columns, &QHeaderView::sectionResized, this, soon);
         connect(columns, &QHeaderView::sortIndicatorChanged, this, soon);
     }
-    connect(&m_window.mainTable(), &QTreeView::expanded, this, soon);
-    connect(&m_window.mainTable(), &QTreeView::collapsed, this, soon);
+    const auto rowsSoon = [this] {
+        m_areRowsOther = true;
+        m_soon.start();
+    };
+    connect(&m_window.mainTable(), &QTreeView::expanded, this, rowsSoon);
+    connect(&m_window.mainTable(), &QTreeView::collapsed, this, rowsSoon);
 }
 
 bool WindowMemory::eventFilter(QObject* watched, QEvent* event) {
@@ -93,25 +95,31 @@ bool WindowMemory::eventFilter(QObject* watched, QEvent* event) {
 void WindowMemory::store() {
     m_soon.stop();
     const QHeaderView& columns = *m_window.mainTable().header();
-    m_defaults.setObject(kWindowFrame, m_window.saveGeometry());
     const bool isSidebarHidden = !m_window.actions().showSidebar->isChecked();
-    m_defaults.setObject(kSidebarHidden, isSidebarHidden);
+    // Together, because whoever hears of a change reads all settings.
+    PropertyListDictionary look{{kWindowFrame, m_window.saveGeometry()},
+                                {kSidebarHidden, isSidebarHidden},
+                                {kTimersSorting, columns.sortIndicatorSection()},
+                                {kTimersSortedDown, columns.sortIndicatorOrder() == Qt::DescendingOrder},
+                                {kHistoryColumns, m_window.historyPane().outline().header()->saveState()}};
     if (const int width = m_window.splitView().sizes().value(0); width > 0 && !isSidebarHidden)
-        m_defaults.setObject(kSidebarWidth, width);
+        look.insert(kSidebarWidth, width);
     if (const auto width = m_window.mainTable().chosenTimeWidth())
-        m_defaults.setObject(kTimesWidth, *width);
-    m_defaults.setObject(kTimersSorting, columns.sortIndicatorSection());
-    m_defaults.setObject(kTimersSortedDown, columns.sortIndicatorOrder() == Qt::DescendingOrder);
-    m_defaults.setObject(kHistoryColumns, m_window.historyPane().outline().header()->saveState());
-    storeOpenRows();
+        look.insert(kTimesWidth, *width);
+    if (const auto open = m_areRowsOther ? rowsLeftOpen() : std::nullopt) {
+        look.insert(kOpenTimers, *open);
+        m_areRowsOther = false;
+    }
+    m_defaults.setObjects(look);
 }
 
-void WindowMemory::storeOpenRows() {
+// Absent while the rows are not as the user has left them.
+std::optional<PropertyListValue> WindowMemory::rowsLeftOpen() const {
     // A search opens rows by itself.
     const TKOutlineDisplayView& table = m_window.mainTable();
     const bool areAll = m_window.projectOutline().currentIndex().row() <= 0;
     if (!areAll || !m_window.isSeen() || !m_window.searchAppField().text().isEmpty())
-        return;
+        return std::nullopt;
     ProjectRecord open;
     for (int row = 0; row < table.model()->rowCount(); ++row) {
         const QModelIndex index = table.model()->index(row, 0);
@@ -119,6 +127,5 @@ void WindowMemory::storeOpenRows() {
             if (const auto item = TKOutlineDisplayView::itemAt(index); item && item->uuid())
                 open.expand(*item->uuid());
     }
-    m_defaults.setObject(kOpenTimers,
-                         open.expandedEntry().isAbsent() ? PropertyListArray() : open.expandedEntry());
+    return open.expandedEntry().isAbsent() ? PropertyListArray() : open.expandedEntry();
 }

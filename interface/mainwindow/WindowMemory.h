@@ -30,9 +30,11 @@ private:
     void restore(Account account);
     void follow();
     void store();
-    void storeOpenRows();
+    std::optional<PropertyListValue> rowsLeftOpen() const;
 
     MainWindow& m_window;
     UserDefaults& m_defaults;
     QTimer m_soon;
+    // Rows were opened or closed since they were stored: looking at all of them takes its time.
+    bool m_areRowsOther = false;
 };

@@ -6,8 +6,12 @@
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOption>
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -49,6 +53,55 @@ void SortingHeader::nameSection() {
         setAccessibleName(title + QStringLiteral(", ") +
                           (sortIndicatorOrder() == Qt::AscendingOrder ? localized("sorted, ascending")
                                                                       : localized("sorted, descending")));
+}
+
+// Qt drags a border for the column before it, and not at all where that one takes what is left.
+std::optional<int> SortingHeader::sectionBesideBorder(int x) const {
+    const int reach = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+    for (int place = 1; place < count(); ++place) {
+        const int section = logicalIndex(place);
+        const int before = logicalIndex(place - 1);
+        if (sectionResizeMode(before) != Stretch || isSectionHidden(section))
+            continue;
+        const int start = sectionViewportPosition(section);
+        if (std::abs(x - (isRightToLeft() ? start + sectionSize(section) : start)) <= reach)
+            return section;
+    }
+    return std::nullopt;
+}
+
+void SortingHeader::drag(int x) {
+    const int moved = isRightToLeft() ? x - m_dragged->x : m_dragged->x - x;
+    int others = 0;
+    for (int section = 0; section < count(); ++section)
+        if (section != m_dragged->section && !isSectionHidden(section))
+            others += sectionResizeMode(section) == Stretch ? minimumSectionSize() : sectionSize(section);
+    const int most = std::max(minimumSectionSize(), viewport()->width() - others);
+    resizeSection(m_dragged->section, std::clamp(m_dragged->width + moved, minimumSectionSize(), most));
+}
+
+void SortingHeader::mousePressEvent(QMouseEvent* event) {
+    const int x = qRound(event->position().x());
+    const auto section = event->button() == Qt::LeftButton ? sectionBesideBorder(x) : std::nullopt;
+    if (section)
+        m_dragged = Dragged{*section, sectionSize(*section), x};
+    else
+        QHeaderView::mousePressEvent(event);
+}
+
+void SortingHeader::mouseMoveEvent(QMouseEvent* event) {
+    const int x = qRound(event->position().x());
+    if (m_dragged)
+        return drag(x);
+    QHeaderView::mouseMoveEvent(event);
+    if (event->buttons() == Qt::NoButton && sectionBesideBorder(x))
+        setCursor(Qt::SplitHCursor);
+}
+
+void SortingHeader::mouseReleaseEvent(QMouseEvent* event) {
+    if (!m_dragged || event->button() != Qt::LeftButton)
+        return QHeaderView::mouseReleaseEvent(event);
+    m_dragged.reset();
 }
 
 void SortingHeader::keyPressEvent(QKeyEvent* event) {

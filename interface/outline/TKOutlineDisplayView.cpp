@@ -24,6 +24,8 @@ constexpr int kIndentation = 20;
 constexpr int kInvitationMargin = 32;
 // "1000:00:00", or the header's text with its arrow.
 constexpr int kTimeDigits = 8;
+// "00:00:00".
+constexpr int kFewestDigits = 6;
 
 // A header whose texts stand exactly above those of the cells.
 class OutlineHeader : public SortingHeader {
@@ -88,7 +90,8 @@ void TKOutlineDisplayView::setTimeModel(TimeTreeModel& model) {
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(TimeTreeModel::ProgramColumn, QHeaderView::Stretch);
-    header()->setSectionResizeMode(TimeTreeModel::TimeSpentColumn, QHeaderView::Interactive);
+    // The user drags the border between the two.
+    header()->setSectionResizeMode(TimeTreeModel::TimeSpentColumn, QHeaderView::Fixed);
     fitTimeColumn();
 }
 
@@ -110,12 +113,18 @@ void TKOutlineDisplayView::fitTimeColumn() {
     const int fitting = std::max(OutlineCellDelegate::timeWidth(fontMetrics(), kTimeDigits),
                                  header()->sectionSizeHint(TimeTreeModel::TimeSpentColumn));
     m_isFitting = true;
-    header()->resizeSection(TimeTreeModel::TimeSpentColumn, m_chosenTimeWidth.value_or(fitting));
+    header()->setMinimumSectionSize(leastTimeWidth());
+    header()->resizeSection(TimeTreeModel::TimeSpentColumn,
+                            std::max(m_chosenTimeWidth.value_or(fitting), leastTimeWidth()));
     m_isFitting = false;
 }
 
+int TKOutlineDisplayView::leastTimeWidth() const {
+    return OutlineCellDelegate::timeWidth(fontMetrics(), kFewestDigits);
+}
+
 void TKOutlineDisplayView::setChosenTimeWidth(std::optional<int> width) {
-    m_chosenTimeWidth = width;
+    m_chosenTimeWidth = width >= leastTimeWidth() ? width : std::nullopt;
     fitTimeColumn();
 }
 

@@ -57,6 +57,7 @@ public:
     bool hasShareBars() const { return m_hasShareBars; }
     // The width that the user has given to the column of times; absent while it fits its texts.
     std::optional<int> chosenTimeWidth() const { return m_chosenTimeWidth; }
+    // A width in which no time could be read is not taken.
     void setChosenTimeWidth(std::optional<int> width);
     // The invitation may have changed: lets assistive programs read it.
     void readOutInvitation();
@@ -152,6 +153,7 @@ private:
                        OtherRows others);
     int heightOfRows() const;
     void fitTimeColumn();
+    int leastTimeWidth() const;
     void rowFolded(const QModelIndex& index);
     void forgetFolded();
     // Empty while there are rows.

@@ -49,6 +49,17 @@ struct SortingTest : testing::Test, HistoryViewDesk {
     }
 };
 
+// Drags the border that is at the side of the column where the names end.
+void dragBorder(QHeaderView& header, int section, int by) {
+    const bool isMirrored = header.isRightToLeft();
+    const int x = header.sectionViewportPosition(section) + (isMirrored ? header.sectionSize(section) : 0);
+    QWidget* area = header.viewport();
+    QTest::mousePress(area, Qt::LeftButton, {}, {x, 5});
+    QTest::mouseMove(area, {x + by / 2, 5});
+    QTest::mouseMove(area, {x + by, 5});
+    QTest::mouseRelease(area, Qt::LeftButton, {}, {x + by, 5});
+}
+
 } // namespace
 
 TEST_F(SortingTest, theMenu_sortsTheTimersByColumnAndUpOrDown) {
@@ -117,4 +128,38 @@ TEST_F(SortingTest, theSelection_showsWhichOutlineTheKeysGoTo) {
     settle();
     EXPECT_EQ(ground(sidebar, sidebar.model()->index(0, 0)), strong);
     EXPECT_EQ(ground(table(), row("Mail")), pale);
+}
+
+TEST_F(SortingTest, theBorderBesideTheTimes_isDraggedToMakeThemWiderAndNeverTooNarrow) {
+    QHeaderView& columns = *table().header();
+    const int width = columns.sectionSize(1);
+    const std::string before = order(model());
+    dragBorder(columns, 1, -40);
+    EXPECT_EQ(columns.sectionSize(1), width + 40);
+    EXPECT_EQ(table().chosenTimeWidth(), width + 40) << "as the user wants it";
+    EXPECT_EQ(columns.length(), columns.viewport()->width()) << "the names have the rest";
+    dragBorder(columns, 1, 300);
+    EXPECT_GE(columns.sectionSize(1), table().fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")));
+    dragBorder(columns, 1, -3000);
+    EXPECT_GE(columns.sectionSize(0), columns.minimumSectionSize());
+    EXPECT_EQ(order(model()), before) << "to drag is not to sort";
+}
+
+TEST_F(SortingTest, inAMirroredWindow_theBorderIsAtTheOtherSide) {
+    table().setLayoutDirection(Qt::RightToLeft);
+    settle();
+    QHeaderView& columns = *table().header();
+    const int width = columns.sectionSize(1);
+    dragBorder(columns, 1, 40);
+    EXPECT_EQ(columns.sectionSize(1), width + 40);
+}
+
+TEST_F(SortingTest, inTheHistory_theBorderBesideTheTimesIsDraggedToo) {
+    command(actions().showHistory);
+    settle();
+    QHeaderView& columns = *controller.window().historyPane().outline().header();
+    const int width = columns.sectionSize(1);
+    dragBorder(columns, 1, -30);
+    EXPECT_EQ(columns.sectionSize(1), width + 30);
+    EXPECT_EQ(columns.length(), columns.viewport()->width());
 }

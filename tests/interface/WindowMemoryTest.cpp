@@ -134,6 +134,39 @@ TEST(WindowMemoryTest, whatASearchOpens_isNotKept) {
     EXPECT_TRUE(first.fakes.defaults.object(kOpenTimers).isAbsent());
 }
 
+TEST(WindowMemoryTest, whateverHasChanged_isStoredInOneGo) {
+    Life life(Account::New);
+    life.show();
+    life.table().expand(life.row("Notes"));
+    int told = 0;
+    const Subscription watching = life.fakes.notifications.observe(kUserDefaultsDidChangeNotification,
+                                                                   [&](const Notification&) { ++told; });
+    life.controller.window().resize(777, 444);
+    life.table().sortByColumn(0, Qt::DescendingOrder);
+    life.end();
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(life.fakes.defaults.object(kOpenTimers).asArray()->size(), 1U);
+}
+
+TEST(WindowMemoryTest, columnsTooNarrowForATime_areNotTaken) {
+    Life first(Account::New);
+    first.show();
+    const int fitting = first.columns().sectionSize(1);
+    first.fakes.defaults.setObject(kTimesWidth, 26);
+    first.history().header()->setMinimumSectionSize(5);
+    first.history().header()->resizeSection(1, 9);
+    const QByteArray state = first.history().header()->saveState();
+    first.end();
+    first.fakes.defaults.setObject(kTimesWidth, 26);
+    first.fakes.defaults.setObject(kHistoryColumns, state);
+    Life second(Account::New, &first);
+    second.show();
+    EXPECT_EQ(second.columns().sectionSize(1), fitting);
+    EXPECT_GE(second.history().header()->sectionSize(1), second.history().header()->minimumSectionSize());
+    EXPECT_GE(second.history().header()->sectionSize(1),
+              second.history().fontMetrics().horizontalAdvance(u"00:00:00"_s));
+}
+
 TEST(WindowMemoryTest, nonsenseInTheSettings_leavesAUsableWindow) {
     for (const PropertyListValue& strange :
          {PropertyListValue(u"text"_s), PropertyListValue(std::int64_t(-9000000000)),

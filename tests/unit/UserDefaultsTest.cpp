@@ -118,6 +118,24 @@ TEST_F(UserDefaultsTest, settingWhatIsAlreadyThere_isNotAChange) {
     EXPECT_EQ(m_loop.activeTimers(), 0);
 }
 
+TEST_F(UserDefaultsTest, valuesThatAreSetTogether_areAnnouncedOnce) {
+    const auto defaults = launch();
+    defaults->setObject(kMinutes, 5);
+    int told = 0;
+    const Subscription watching =
+        m_notifications.observe(kUserDefaultsDidChangeNotification, [&](const Notification&) {
+            ++told;
+            EXPECT_TRUE(defaults->boolForKey(kDetection)) << "all have changed by then";
+            EXPECT_EQ(defaults->integerForKey(kMinutes), 7);
+        });
+    defaults->setObjects({{kDetection, true}, {kRestart, true}, {kMinutes, 7}});
+    EXPECT_EQ(told, 1);
+    defaults->setObjects({{kDetection, true}, {kRestart, true}});
+    EXPECT_EQ(told, 1) << "nothing is new";
+    defaults->synchronize();
+    EXPECT_EQ(onDisk().size(), 3U);
+}
+
 TEST_F(UserDefaultsTest, anObserverThatChangesAnotherValue_isServed) {
     const auto defaults = launch();
     const auto subscription =

@@ -80,13 +80,31 @@ const PropertyListValue& UserDefaults::object(const QString& key) const {
 }
 
 void UserDefaults::setObject(const QString& key, PropertyListValue value) {
+    if (put(key, std::move(value)))
+        tellChanged();
+}
+
+void UserDefaults::setObjects(const PropertyListDictionary& values) {
+    bool isChanged = false;
+    for (const auto& [key, value] : values)
+        isChanged = put(key, value) || isChanged;
+    if (isChanged)
+        tellChanged();
+}
+
+// Answers whether it is another value.
+bool UserDefaults::put(const QString& key, PropertyListValue value) {
     if (m_values.value(key) == value)
-        return;
+        return false;
     if (value.isAbsent())
         m_values.remove(key);
     else
         m_values.insert(key, std::move(value));
     m_changed.insert(key);
+    return true;
+}
+
+void UserDefaults::tellChanged() {
     if (!m_joining || !m_joining->isValid())
         m_joining = m_runLoop.scheduleOnce(kJoiningDelay, [this] { synchronize(); });
     m_notifications.post(kUserDefaultsDidChangeNotification);

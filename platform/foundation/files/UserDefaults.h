@@ -58,6 +58,8 @@ public:
 
     // Sets the key's own value; an absent one removes it. Setting an equal value is no change.
     void setObject(const QString& key, PropertyListValue value);
+    // The same for several keys, announced once when all have their values. Removes none.
+    void setObjects(const PropertyListDictionary& values);
 
     void removeObject(const QString& key) { setObject(key, {}); }
 
@@ -82,6 +84,8 @@ private:
     // Equal exactly when the file has not changed; all zero without a file.
     using FileState = std::array<std::int64_t, 6>;
 
+    bool put(const QString& key, PropertyListValue value);
+    void tellChanged();
     void load();
     void takeLastGood();
     void keepAsLastGood();
