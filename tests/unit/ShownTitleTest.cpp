@@ -25,9 +25,21 @@ TEST(ShownTitle, onlyTheLastPart_isTheProgram) {
     EXPECT_EQ(shown("Mail - Inbox", "Mail"), "Mail - Inbox");
 }
 
+TEST(ShownTitle, aProgramThatHasASeparatorInItsName_isLeftOutWhole) {
+    EXPECT_EQ(shown("main.cpp - Code - OSS", "Code - OSS"), "main.cpp");
+    EXPECT_EQ(shown("main.cpp - ticklog - Code - OSS", "Code - OSS"), "main.cpp - ticklog");
+    EXPECT_EQ(shown("Code - OSS", "Code - OSS"), "Code - OSS");
+    EXPECT_EQ(shown("Firefox - Code - OSS", "Firefox"), "Firefox - Code - OSS");
+}
+
+TEST(ShownTitle, aTitleWithoutADocument_isTheProgramsName) {
+    EXPECT_EQ(shown(" - Mozilla Firefox", "Firefox"), "Mozilla Firefox");
+    EXPECT_EQ(shown(" \xE2\x80\x94 Mozilla Firefox", "Firefox"), "Mozilla Firefox");
+}
+
 TEST(ShownTitle, aTitleThatIsNothingElse_staysWhole) {
     EXPECT_EQ(shown("Firefox", "Firefox"), "Firefox");
-    EXPECT_EQ(shown(" - Firefox", "Firefox"), " - Firefox");
+    EXPECT_EQ(shown(" - ", "Firefox"), " - ");
     EXPECT_EQ(shown("Offer.odt - ", "Writer"), "Offer.odt - ");
     EXPECT_EQ(shown("a-Writer", "Writer"), "a-Writer");
     EXPECT_EQ(shown("Offer", ""), "Offer");

@@ -20,6 +20,18 @@ QStringList programWords(const QString& program) {
     return words;
 }
 
+// The length of " - ".
+constexpr qsizetype kSeparator = 3;
+
+// Where the last separator begins that ends at `end` or before; -1 for none.
+qsizetype separatorBefore(const QString& title, qsizetype end) {
+    qsizetype place = -1;
+    if (end >= kSeparator)
+        for (const char16_t* separator : {u" - ", u" \u2013 ", u" \u2014 "})
+            place = std::max(place, title.lastIndexOf(QStringView(separator), end - kSeparator));
+    return place;
+}
+
 bool endsWith(const QStringList& words, const QStringList& ending) {
     return !ending.isEmpty() && ending.size() <= words.size() &&
            std::equal(ending.rbegin(), ending.rend(), words.rbegin());
@@ -28,13 +40,18 @@ bool endsWith(const QStringList& words, const QStringList& ending) {
 } // namespace
 
 QString shownTitle(const QString& title, const QString& program) {
-    qsizetype place = -1;
-    for (const char16_t* separator : {u" - ", u" \u2013 ", u" \u2014 "})
-        place = std::max(place, title.lastIndexOf(QStringView(separator)));
-    if (place <= 0)
-        return title;
-    const QStringList ending = wordsOf(title.mid(place + 3));
     const QStringList name = programWords(program);
+    qsizetype place = separatorBefore(title, title.size());
+    // The name may have such a sign itself.
+    for (qsizetype whole = place; whole >= 0; whole = separatorBefore(title, whole))
+        if (wordsOf(title.mid(whole + kSeparator)) == name)
+            place = whole;
+    if (place < 0 || wordsOf(title) == name)
+        return title;
+    const QString ending = title.mid(place + kSeparator);
     // Either may say more before: the maker, the suite.
-    return endsWith(ending, name) || endsWith(name, ending) ? title.left(place) : title;
+    if (!endsWith(wordsOf(ending), name) && !endsWith(name, wordsOf(ending)))
+        return title;
+    // Without a document, the program is all there is.
+    return place == 0 ? ending : title.left(place);
 }
