@@ -22,7 +22,7 @@ struct Line {
 
 // RFC 4180, with a heading line, in UTF-8.
 QByteArray csv(const QStringList& heads, const std::vector<Line>& lines);
-// What is copied and dragged: a table in HTML and in Rich Text, and text with tabs.
+// What is copied and dragged: a table in HTML, and text with tabs.
 std::unique_ptr<QMimeData> copied(const QStringList& heads, const std::vector<Line>& lines);
 
 } // namespace HistoryForms

@@ -53,13 +53,15 @@ QString htmlTable(const QList<QStringList>& rows, int days) {
         html += QStringLiteral("<tr>");
         for (qsizetype cell = 0; cell < rows[row].size(); ++cell) {
             const bool isBold = isHeading || isSum || cell == rows[row].size() - 1;
-            html += QStringLiteral("<%1 align=\"%2\" style=\"border-bottom:%3;\">%4</%1>")
+            const QString number =
+                isHeading || cell == 0 ? QString() : SpreadsheetTable::numberAttributes(rows[row][cell]);
+            html += QStringLiteral("<%1 align=\"%2\"%5 style=\"border-bottom:%3;\">%4</%1>")
                         .arg(isBold ? QStringLiteral("th") : QStringLiteral("td"),
                              cell == 0 ? QStringLiteral("left") : QStringLiteral("right"),
                              isStrongLine ? QStringLiteral("1px solid #303030")
                              : isSum      ? QStringLiteral("none")
                                           : QStringLiteral("1px solid #d0d0d0"),
-                             rows[row][cell].toHtmlEscaped());
+                             rows[row][cell].toHtmlEscaped(), number);
         }
         html += QStringLiteral("</tr>");
     }

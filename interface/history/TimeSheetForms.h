@@ -45,7 +45,7 @@ QPageLayout pageLayout();
 QByteArray pdf(const SheetPage& page);
 // For spreadsheets: RFC 4180 in UTF-8, times as [H]:MM:SS.
 QByteArray csv(const SheetPage& page);
-// The table as HTML, as Rich Text, and as text with tabs. No name is taken for a formula. Belongs to the caller.
+// The table as HTML and as text with tabs. No name is taken for a formula. Belongs to the caller.
 std::unique_ptr<QMimeData> copy(const SheetPage& page);
 
 } // namespace TimeSheetForms

@@ -52,8 +52,9 @@ qint64 foundSeconds(const TimeStoreItem& program, const QString& search) {
     return seconds;
 }
 
+// Parted, so that no spreadsheet takes one of digits alone for a number.
 QString identityOf(const TimeStoreItem& timer) {
-    return timer.uuid() ? QString::fromLatin1(timer.uuid()->bytes().toHex()) : QString();
+    return timer.uuid() ? QString::fromLatin1(timer.uuid()->bytes().toHex('-')) : QString();
 }
 
 } // namespace

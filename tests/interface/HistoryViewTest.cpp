@@ -154,7 +154,7 @@ TEST_F(HistoryViewTest, theSelection_isSummedAndCopiedAsATable) {
     command(actions().copy);
     EXPECT_EQ(clipboard(), QStringLiteral("Mail\tInbox\t0:30:00\nMail\tLetter to Anna\t0:15:00\n"
                                           "Draw\tPoster\t0:10:00\n"));
-    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(QStringLiteral("<td>Inbox</td>")));
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(QStringLiteral(">Inbox</td>")));
 }
 
 TEST_F(HistoryViewTest, theTimesThatAreCopied_areThoseThatAreShown) {
@@ -193,13 +193,11 @@ TEST_F(HistoryViewTest, rowsThatAreDragged_areWhatIsCopied) {
     command(actions().copy);
     const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
     const QStringList forms{QStringLiteral("text/html"), QStringLiteral("text/tab-separated-values"),
-                            QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
                             QStringLiteral("text/plain")};
-    EXPECT_EQ(dragged->formats(), forms) << "as the timers give them";
+    EXPECT_EQ(dragged->formats(), forms);
     for (const QString& form : forms)
         EXPECT_EQ(dragged->data(form), copied.data(form)) << qPrintable(form);
     EXPECT_EQ(dragged->text(), QStringLiteral("Mail\t\t0:45:00\nDraw\t\t0:10:00\n'=cmd()\t\t0:01:00\n"));
-    EXPECT_TRUE(dragged->data(forms[2]).contains("Time Spent"));
 }
 
 TEST_F(HistoryViewTest, programs_haveTheirIconsWhereverTheyAreRows) {

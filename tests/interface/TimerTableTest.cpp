@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -80,8 +81,37 @@ TEST_F(TimerTableTest, aFormulaInATitle_isText) {
     show();
     command(actions().copyForSpreadsheet);
     EXPECT_NE(copied().find("Calc\t'=SUM(A1:A9)\t0:00:05"), std::string::npos) << copied();
-    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(u"<td>'=SUM(A1:A9)</td>"));
-    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->data(QStringLiteral("text/rtf")).contains("'=SUM"));
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(u">'=SUM(A1:A9)</td>"));
+}
+
+TEST_F(TimerTableTest, aCopy_saysOfEachCellWhetherItIsALengthOfTimeOrAText) {
+    account("Calc", 5, {{QStringLiteral("007"), 5}});
+    show();
+    command(actions().copyForSpreadsheet);
+    const QString html = QGuiApplication::clipboard()->mimeData()->html();
+    EXPECT_TRUE(html.contains(uR"( sdval="5.78703703703704e-05" sdnum="1033;0;[HH]:MM:SS">0:00:05</td>)"))
+        << str(html);
+    EXPECT_TRUE(html.contains(uR"(<td sdnum="1033;0;@" style="mso-number-format:'\@'">007</td>)"))
+        << str(html);
+    EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("text/rtf")))
+        << "in which spreadsheets read times of day";
+}
+
+TEST_F(TimerTableTest, blanksInATitle_stayAsTheyAre) {
+    account("Write", 5, {{QStringLiteral("  two  blanks "), 5}});
+    show();
+    command(actions().copyForSpreadsheet);
+    EXPECT_NE(copied().find("Write\t  two  blanks \t0:00:05"), std::string::npos) << copied();
+}
+
+TEST_F(TimerTableTest, anIdentity_isNeverTakenForANumber) {
+    account("Write", 5);
+    show();
+    command(actions().copyForSpreadsheet);
+    const QString identity = QGuiApplication::clipboard()->text().split(u'\n')[1].section(u'\t', 4);
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral("^[0-9a-f]{2}(-[0-9a-f]{2}){7}$")).match(identity).hasMatch())
+        << str(identity);
 }
 
 TEST_F(TimerTableTest, anExport_quotesItsCellsAndTellsFromWhenToWhen) {
