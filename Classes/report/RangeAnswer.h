@@ -59,6 +59,9 @@ struct RangeAnswer {
     // Work alone, and what was booked by hand.
     std::vector<Entry> programs;
     std::vector<Entry> projects;
+    // The time of each project, in the sidebar's order, whatever it is called; and of what belongs to none.
+    std::vector<qint64> ofProjects;
+    qint64 ofNoProject = 0;
     qint64 work = 0;
     // For a day or a part of one; else empty.
     std::vector<Piece> pieces;

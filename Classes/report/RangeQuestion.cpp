@@ -45,8 +45,18 @@ public:
         m_request.program = program;
         Report report(m_request, m_names, m_dayBegins);
         readInto(report, m_history, m_request, m_dayBegins, m_unwritten);
+        m_byPlace = report.byPlace();
         return report.lines();
     }
+
+    // By the places of the projects, as the last lines have added them up.
+    std::vector<qint64> ofProjects() const {
+        std::vector<qint64> lengths;
+        for (qsizetype place = 0; place < m_names.projectCount(); ++place)
+            lengths.push_back(m_byPlace.value(place));
+        return lengths;
+    }
+    qint64 ofNoProject() const { return m_byPlace.value(-1); }
 
     qint64 from() const { return m_request.from.toMSecsSinceEpoch(); }
     qint64 to() const { return m_request.to.toMSecsSinceEpoch(); }
@@ -82,6 +92,7 @@ private:
     int m_dayBegins;
     ReportRequest m_request;
     std::optional<AmendedStretches> m_amended;
+    QHash<qsizetype, qint64> m_byPlace;
 };
 
 QString textIn(const ReportLine& line, std::size_t cell) {
@@ -192,6 +203,8 @@ RangeAnswer RangeQuestion::answeredBy(SqliteDatabase& history) const {
     answer.programs = entriesOf(hasTitles() ? range.linesBy({ReportKey::App, ReportKey::Title})
                                             : range.linesBy({ReportKey::App}));
     answer.projects = entriesOf(range.linesBy({ReportKey::Project, ReportKey::App}));
+    answer.ofProjects = range.ofProjects();
+    answer.ofNoProject = range.ofNoProject();
     for (Entry& program : answer.programs) {
         answer.work += program.length;
         markNamed(program.parts, program.name, range.amended());

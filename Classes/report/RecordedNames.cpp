@@ -131,19 +131,19 @@ RowTimer RecordedNames::recordedTimer(qint64 number) const {
             historyProject(row.bytes(2))};
 }
 
-QStringList RecordedNames::givenTo(const RowProject& project) const {
+QList<qsizetype> RecordedNames::givenTo(const RowProject& project) const {
     if (!project.identity)
         return {};
     const QByteArray identity = project.identity->bytes();
     if (const auto place = projects().given.constFind(identity); place != projects().given.constEnd())
-        return {projects().names[*place]};
+        return {*place};
     // The file of projects was lost, or this is another account's history.
     SqliteQuery row(m_history, "SELECT name FROM projects WHERE identity = ?", identity);
-    const QString name = row.next() ? row.text(0) : QString();
-    return projects().names.contains(name) ? QStringList(name) : QStringList();
+    const qsizetype place = row.next() ? projects().names.indexOf(row.text(0)) : -1;
+    return place < 0 ? QList<qsizetype>() : QList<qsizetype>{place};
 }
 
-QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
+QList<qsizetype> RecordedNames::placesOf(qint64 timer, qint64 program, qint64 title) const {
     const RowTimer whose = recordedTimer(timer);
     if (whose.project)
         return givenTo(*whose.project);
@@ -155,8 +155,13 @@ QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title
     if (projects().belonging != Belonging::Timer)
         places += fitting(program, title);
     std::ranges::sort(places);
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
+}
+
+QStringList RecordedNames::projectsOf(qint64 timer, qint64 program, qint64 title) const {
     QStringList names;
-    for (const qsizetype place : places)
+    for (const qsizetype place : placesOf(timer, program, title))
         if (!names.contains(projects().names[place]))
             names << projects().names[place];
     return names;

@@ -21,11 +21,13 @@ public:
     QString title(qint64 number) const override;
     Belonging belonging() const override { return projects().belonging; }
     QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const override;
+    QList<qsizetype> placesOf(qint64 timer, qint64 program, qint64 title) const override;
     QStringList categoriesOf(qint64 program) const override;
 
     // As the history itself has them: neither changed by rules nor made fit to be shown.
     Amendment::Whose recorded(qint64 program, qint64 title) const;
     bool hasProject(const QString& name) const { return projects().names.contains(name); }
+    qsizetype projectCount() const { return projects().names.size(); }
 
 private:
     struct Projects {
@@ -47,7 +49,7 @@ private:
     QString recordedProgram(qint64 number) const;
     RowTimer recordedTimer(qint64 number) const;
     // The project that time was given to by hand; none for one that is not there any more.
-    QStringList givenTo(const RowProject& project) const;
+    QList<qsizetype> givenTo(const RowProject& project) const;
     const QList<qsizetype>& fitting(qint64 program, qint64 title) const;
 
     SqliteDatabase& m_history;

@@ -151,7 +151,9 @@ const Report::Belonging& Report::belonging(const RecordedStretch& stretch) {
     if (known != m_belongings.constEnd())
         return *known;
     const QStringList projects = m_names.projectsOf(stretch.timer, stretch.program, stretch.title);
-    Belonging belonging{true, projects, {}};
+    Belonging belonging{true, projects, {}, m_names.placesOf(stretch.timer, stretch.program, stretch.title)};
+    if (belonging.places.isEmpty())
+        belonging.places = {-1};
     if (m_request.project)
         belonging.isWanted =
             projects.contains(*m_request.project) || (projects.isEmpty() && *m_request.project == kNoProject);
@@ -209,6 +211,9 @@ void Report::addPieces(const RecordedStretch& stretch) {
 void Report::addSums(const RecordedStretch& piece) {
     Codes codes;
     addSum(piece, 0, codes);
+    if (std::ranges::count(m_request.keys, ReportKey::Project) > 0)
+        for (const qsizetype place : belonging(piece).places)
+            m_byPlace[place] += piece.length;
 }
 
 // Adds the time once for each project and each category, if these are among the keys.

@@ -39,6 +39,8 @@ public:
 
     // The headings of the cells, without the time, which comes last.
     QStringList heads() const;
+    // The time of each project, by its place in the list, and at -1 that of none. Only if a key is Project.
+    const QHash<qsizetype, qint64>& byPlace() const { return m_byPlace; }
     // Sorted by time if a key is a time, otherwise by length, the longest first.
     std::vector<ReportLine> lines() const;
 
@@ -81,6 +83,7 @@ private:
         bool isWanted;
         QStringList names;
         std::vector<qint64> projects;
+        QList<qsizetype> places;
     };
 
     // A stretch by itself, as it is told.
@@ -125,5 +128,6 @@ private:
     // By timer and, where they count, program and title.
     QHash<Codes, Belonging> m_belongings;
     QHash<Codes, qint64> m_sums;
+    QHash<qsizetype, qint64> m_byPlace;
     std::vector<Alone> m_alone;
 };

@@ -34,6 +34,10 @@ public:
     virtual Belonging belonging() const { return Belonging::Timer; }
     // The projects that have the timer, or have a pattern that matches, in their order; empty for none.
     virtual QStringList projectsOf(qint64 timer, qint64 program, qint64 title) const = 0;
+    // The same as places in the list of projects, in ascending order: several projects may have one name.
+    virtual QList<qsizetype> placesOf(qint64 /*timer*/, qint64 /*program*/, qint64 /*title*/) const {
+        return {};
+    }
     virtual QStringList categoriesOf(qint64 program) const = 0;
 };
 

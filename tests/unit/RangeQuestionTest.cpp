@@ -101,6 +101,27 @@ TEST_F(RangeQuestionTest, aDay_hasProgramsTitlesAndEachStretch) {
     EXPECT_TRUE(day.bars.empty());
 }
 
+TEST_F(RangeQuestionTest, projectsOfOneName_haveEachItsOwnTime) {
+    const auto record = [](const char* label, const Identity& member) {
+        return PropertyListValue(PropertyListDictionary{
+            {kProjectLabel, QString::fromUtf8(label)}, {kProjectSubtree, PropertyListArray{member.bytes()}}});
+    };
+    const Identity draw = *Identity::fromBytes("drawdraw");
+    const Identity plan = *Identity::fromBytes("planplan");
+    ASSERT_TRUE(PropertyList::writeBinaryFile(
+        PropertyListArray{record("Poster", kMail), record("Poster", draw), record("No project", plan)},
+        ProjectFile::pathIn(m_folders.documents)));
+    write(row(kToday, 9, 60, "Mail", "Inbox", {kMail, {}}));
+    write(row(kToday, 10, 30, "Draw", "Sky", {draw, {}}));
+    write(row(kToday, 11, 20, "Plan", "May", {plan, {}}));
+    write(row(kToday, 12, 10, "Web", "News"));
+    for (const auto kind : {Kind::Day, Kind::Week, Kind::Year}) {
+        const RangeAnswer found = answer(CalendarRange::around(kind, kToday, Qt::Monday));
+        EXPECT_EQ(found.ofProjects, (std::vector<qint64>{60'000, 30'000, 20'000}));
+        EXPECT_EQ(found.ofNoProject, 10'000);
+    }
+}
+
 TEST_F(RangeQuestionTest, aWeek_hasABarForEachDayWithWork) {
     write(row(kToday, 9, 60, "Mail", "Inbox"));
     write(row(kToday.addDays(-1), 9, 100, "Draw", ""));
