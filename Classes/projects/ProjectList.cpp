@@ -244,9 +244,15 @@ void ProjectList::keepExpanded(const ProjectRecord& project, const std::vector<b
         record->keepExpanded(isShown);
 }
 
-bool ProjectList::setRest(const std::vector<Identity>& members) {
-    if (m_restItem->members() == members)
+bool ProjectList::setRest(TimeStoreItem::Children rest) {
+    const auto row = [](const auto& item) { return std::pair(&item->node(), item->uuid()); };
+    if (std::ranges::equal(m_rest, rest, {}, row, row))
         return false;
+    m_rest = std::move(rest);
+    std::vector<Identity> members;
+    for (const auto& timer : m_rest)
+        if (const auto identity = timer->uuid())
+            members.push_back(*identity);
     const PropertyListValue expanded = m_restItem->expandedEntry();
     *m_restItem = ProjectRecord({{kProjectLabel, m_restItem->label()}});
     m_restItem->addMembers(members);

@@ -47,8 +47,10 @@ public:
     // "No Project". It is not in the list and never written; its members are what was found last to belong to no
     // project. Which of its rows are expanded is kept until the program ends.
     Project restItem() const { return m_restItem; }
-    // Answers whether its members are others now.
-    bool setRest(const std::vector<Identity>& members);
+    // What was found; also time that is no timer's own.
+    const TimeStoreItem::Children& rest() const { return m_rest; }
+    // Answers whether these are other rows than before.
+    bool setRest(TimeStoreItem::Children rest);
     Projects projects() const { return {m_projects.begin(), m_projects.end()}; }
     std::size_t count() const { return m_projects.size(); }
     std::optional<std::size_t> positionOf(const ProjectRecord& project) const;
@@ -159,6 +161,7 @@ private:
     std::vector<Record> m_projects;
     Record m_mainItem;
     Record m_restItem;
+    TimeStoreItem::Children m_rest;
     std::shared_ptr<const ReverseProjectCache> m_reverseProjectCache;
     QExplicitlySharedDataPointer<Listeners<Observer>> m_observers;
     // Identities that were replaced since the launch and not undone, in order.

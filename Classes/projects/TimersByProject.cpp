@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Classes/projects/TimersByProject.h"
 
+#include "Classes/store/UntitledTime.h"
+
 #include <algorithm>
 #include <unordered_map>
 
@@ -66,10 +68,16 @@ TimersByProject TimersByProject::find(const TimerTree::AppSet& applications, con
         }
         if (!whole.empty() || isLeftOut(*app))
             continue;
-        if (!hasMembers)
+        if (!hasMembers) {
             timers.ofNone.push_back(app);
+            continue;
+        }
+        timers.ofNone.insert(timers.ofNone.end(), others.begin(), others.end());
+        if (auto untitled = std::make_shared<UntitledTime>(app);
+            untitled->activeTime() >= UntitledTime::kLeast)
+            timers.ofNone.push_back(std::move(untitled));
         else
-            timers.ofNone.insert(timers.ofNone.end(), others.begin(), others.end());
+            timers.titled.push_back(app);
     }
     return timers;
 }

@@ -32,7 +32,8 @@ TimerTree::AppSet TimerTree::takeAll() {
 TimerReferences TimerTree::referencesTo(const TimeStoreItem::Children& items) const {
     std::unordered_set<const TimeStoreNode*> wanted;
     for (const auto& item : items)
-        wanted.insert(&item->node());
+        if (item->uuid())
+            wanted.insert(&item->node());
     TimerReferences timers;
     for (const auto& app : m_applications) {
         if (!app->uuid())

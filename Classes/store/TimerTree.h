@@ -51,7 +51,7 @@ public:
                                      bool excludingIncludedChildren) const;
     std::unordered_set<Identity> identitiesOf(const IsMeant& isMeant) const;
     TimerReferences meant(const IsMeant& isMeant) const;
-    // References to these timers, as far as they are in the tree.
+    // References to these timers, as far as they are in the tree and stand for themselves, by an identity.
     TimerReferences referencesTo(const TimeStoreItem::Children& items) const;
     static bool contains(const TimerReferences& timers, const TimeStoreApp& app, const TimeStoreNode& node);
     // The application that this timer is or belongs to. Null if it is not in the tree.

@@ -233,16 +233,22 @@ void MainCommands::update() {
     // What only timers can have done to them waits until they are shown again.
     const bool hasSelection = !isHistory && table.selectionModel()->hasSelection();
     actions.deselectAll->setEnabled(isHistory || hasSelection);
-    for (QAction* action : {actions.addToProject, actions.branch})
-        action->setEnabled(hasSelection);
     const TKProjectController& projects = m_controller.projectController();
+    // Among what belongs to no project there is time that is no timer's own.
+    const bool isRest = !projects.isMainItemSelected() && !projects.isProjectSelected();
+    const bool hasTimers =
+        hasSelection && (!isRest || std::ranges::any_of(table.selectedItems(), [](const auto& item) {
+            return item->uuid().has_value();
+        }));
+    for (QAction* action : {actions.addToProject, actions.branch})
+        action->setEnabled(hasTimers);
     const bool hasProject = projects.isProjectSelected();
     const bool isForTimers = m_focusedOutline == &table;
     // In the sidebar, "All Timers" can be copied but not renamed or deleted.
     actions.copy->setEnabled(!isForTimers || isHistory || hasSelection);
     for (QAction* action : {actions.rename, actions.deleteRows})
-        action->setEnabled(isForTimers ? hasSelection : hasProject);
-    actions.forceDelete->setEnabled(isForTimers && hasSelection);
+        action->setEnabled(isForTimers ? hasTimers : hasProject);
+    actions.forceDelete->setEnabled(isForTimers && hasTimers);
     actions.paste->setEnabled(hasProject && hasCopiedTimers());
     for (QAction* action : {actions.renameProject, actions.editPatterns, actions.exportProject,
                             actions.branchProject, actions.removeProject})

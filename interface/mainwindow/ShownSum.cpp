@@ -6,6 +6,7 @@
 #include "interface/mainwindow/MainWindow.h"
 #include "interface/mainwindow/SumBar.h"
 #include "interface/outline/TKOutlineDisplayView.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QLineEdit>
 
@@ -25,7 +26,7 @@ ShownSum::ShownSum(const TimeTracker& tracker, const MainWindow& window, Project
 
 ShownSum::Rows ShownSum::rowsToSum(int kind) const {
     const QString search = m_window.searchAppField().text();
-    TimeStoreCategory* project = m_project();
+    TimeStoreCategory* project = m_project.node();
     TimeStoreItem::Children rows =
         kind == kAllObjects ? TimeStoreItem::Children() : m_window.mainTable().selectedItems();
     if (rows.empty() && !project && search.isEmpty())
@@ -71,12 +72,18 @@ void ShownSum::refresh() {
         return;
     m_lastSecond = second;
     m_window.sumBar().showSum(TimeTracker::timeStringForDouble(time));
-    QStringList leftOut = m_rows->isTotal ? leftOutOfTotal() : QStringList();
-    if (mode == m_lastMode && leftOut == m_lastLeftOut)
+    QString words = caption(mode);
+    if (mode == m_lastMode && words == m_lastCaption)
         return;
     m_lastMode = mode;
-    m_lastLeftOut = std::move(leftOut);
-    m_window.sumBar().showSumMode(sumImage(mode), sumCaption(mode, m_lastLeftOut));
+    m_lastCaption = std::move(words);
+    m_window.sumBar().showSumMode(sumImage(mode), m_lastCaption);
+}
+
+QString ShownSum::caption(SumMode mode) const {
+    if (mode == SumMode::Project && m_project.isRest())
+        return localized("No Project");
+    return sumCaption(mode, m_rows->isTotal ? leftOutOfTotal() : QStringList());
 }
 
 // As people know them; those of which no second is shown are not missed.

@@ -15,8 +15,13 @@ class TimeTracker;
 // tick.
 class ShownSum {
 public:
-    // The project that is shown; null while all timers are.
-    using Project = std::function<TimeStoreCategory*()>;
+    // What is shown.
+    struct Project {
+        // Null while all timers are.
+        std::function<TimeStoreCategory*()> node;
+        // Whether it is what belongs to no project.
+        std::function<bool()> isRest;
+    };
 
     // The tracker and the window outlive this.
     ShownSum(const TimeTracker& tracker, const MainWindow& window, Project project);
@@ -42,6 +47,7 @@ private:
     Rows rowsToSum(int kind) const;
     Seconds timeOf(const Rows& rows) const;
     QStringList leftOutOfTotal() const;
+    QString caption(SumMode mode) const;
 
     const TimeTracker& m_tracker;
     const MainWindow& m_window;
@@ -49,6 +55,6 @@ private:
     // The rows of the sum that is shown; absent when they must be determined again.
     std::optional<Rows> m_rows;
     SumMode m_lastMode = SumMode::None;
-    QStringList m_lastLeftOut;
+    QString m_lastCaption;
     double m_lastSecond = -1;
 };

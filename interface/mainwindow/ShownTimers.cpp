@@ -24,6 +24,7 @@ ShownTimers::ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& 
                          const ListOptions& options, const TimeTreeModel::Rename& rename)
     : m_window(window)
     , m_tracker(tracker)
+    , m_projects(projects)
     , m_runLoop(runLoop)
     , m_options(options)
     , m_programCell(
@@ -37,7 +38,8 @@ ShownTimers::ShownTimers(MainWindow& window, TimeTracker& tracker, ProjectList& 
     , m_selectionOfAll(&m_all)
     , m_selectionOfProject(&m_ofProject)
     , m_expansion(window.mainTable(), projects)
-    , m_sum(tracker, window, [this] { return m_project.get(); }) {
+    , m_sum(tracker, window,
+            {.node = [this] { return m_project.get(); }, .isRest = [this] { return isRest(); }}) {
     m_all.setLive(false);
     m_ofProject.setLive(false);
     showTree(m_all);
@@ -93,8 +95,10 @@ void ShownTimers::show(const std::shared_ptr<TimeStoreCategory>& category,
     m_filteredChanges = m_tracker.narrowing().changes();
     if (category) {
         category->setSearchString(search);
-        const std::vector<Identity> members = record->flattenedMembers();
-        m_tracker.updateTimeStoreCategory(*category, {members.begin(), members.end()});
+        if (isRest())
+            category->setChildren(std::make_shared<const TimeStoreItem::Children>(m_projects.rest()));
+        else
+            m_tracker.updateTimeStoreCategory(*category, record->flattenedMembers());
         m_ofProject.setSource(TimeTreeModel::sourceOf(category));
         showTree(m_ofProject);
     } else {
@@ -178,6 +182,9 @@ TKTableLabelCell ShownTimers::cell(const QModelIndex& row) const {
 
 QString ShownTimers::invitation() const {
     const QString search = m_window.searchAppField().text();
+    if (isRest())
+        return m_projects.rest().empty() ? localized("All time is in your projects.")
+                                         : localized("No timer matches the search.");
     if (m_project) {
         const std::vector<Identity> members = m_record->flattenedMembers();
         const bool isEmpty =

@@ -59,6 +59,8 @@ Q_SIGNALS:
 private:
     TimeTreeModel::Marks spokenMarks() const;
     TimeTreeModel::ShownName shownName() const;
+    // Whether what belongs to no project is shown.
+    bool isRest() const { return m_record && m_record == m_projects.restItem(); }
     void connectWindow();
     void showTree(TimeTreeModel& tree);
     void restoreExpansion();
@@ -69,6 +71,7 @@ private:
 
     MainWindow& m_window;
     TimeTracker& m_tracker;
+    const ProjectList& m_projects;
     RunLoop& m_runLoop;
     const ListOptions& m_options;
     ProgramCell m_programCell;

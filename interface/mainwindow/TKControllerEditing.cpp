@@ -63,7 +63,7 @@ void TKController::branchUUIDs(const std::vector<Identity>& timers) {
 void TKController::branchSelected() {
     std::vector<FrozenTimer> timers;
     for (const auto& item : m_window.mainTable().selectedItems())
-        if (TimeStoreNode& node = item->node(); !node.branched())
+        if (TimeStoreNode& node = item->node(); item->uuid() && !node.branched())
             timers.push_back(m_engine.tracker().branchNode(node));
     frozen(std::move(timers));
 }

@@ -46,7 +46,10 @@ TimeStoreItem::Children countedRows(TimeStoreItem::Children rows, const QString&
     for (auto& row : rows) {
         if (matches(row))
             counted.push_back(std::move(row));
-        // Asks the node, because a proxy has only the children that pass the cut-off.
+        // Asks the node, because a proxy has only the children that pass the cut-off. What a leaf has is not shown
+        // as rows, and so not found.
+        else if (row->isLeaf())
+            continue;
         else if (const auto children = row->node().children())
             std::ranges::copy_if(*children, std::back_inserter(counted), matches);
     }

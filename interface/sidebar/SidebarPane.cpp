@@ -22,7 +22,7 @@ constexpr int kBoxMargin = 6;
 // "00:00:00", and another digit in the space around it.
 constexpr int kTimeDigits = 6;
 // The least room for names, with their pictures.
-constexpr int kNameCharacters = 14;
+constexpr int kNameCharacters = 7;
 
 QToolButton* boxButton(const char* name, const QString& text, const QString& description, QAction* action) {
     auto* button = named(new QToolButton, QLatin1String(name), description);

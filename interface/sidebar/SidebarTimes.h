@@ -2,15 +2,16 @@
 #pragma once
 
 #include "Classes/projects/ProjectList.h"
+#include "Classes/projects/TimersByProject.h"
 #include "Classes/report/RangeAnswer.h"
 
 class ListOptions;
 class ProjectListModel;
 
 // The times in the sidebar: of all timers, of each project, and of what belongs to none, as the search leaves them.
-// Which timers count is found only when timers, projects or the search have changed; between that, a sum is made once a
-// second, and none while nobody sees it. Main thread only.
-class SidebarTimes {
+// Which timers count is found only when timers, projects or the search have changed. Between that each row is told what
+// it gets, and is summed up anew only when that makes another second; none is while nobody sees it. Main thread only.
+class SidebarTimes : private StretchListener {
 public:
     // Everything outlives the times.
     struct Ground {
@@ -42,17 +43,35 @@ public:
     void clear();
 
 private:
+    struct Row {
+        // Absent for all timers while nothing is searched.
+        std::optional<TimeStoreItem::Children> timers;
+        Seconds time = 0;
+        // The one that is shown.
+        std::optional<double> second = {};
+    };
+    // The rows that get the time now.
+    struct Getting {
+        std::weak_ptr<const TimeStoreApp> program;
+        std::weak_ptr<const TimeStoreWindow> window;
+        std::vector<std::size_t> rows;
+    };
+
+    void credited(const Stretch& stretch) override;
+    void absent(Instant since, Instant noticed, Seconds booked) override;
+    std::vector<std::size_t> rowsGetting(const Stretch& stretch) const;
+    TimersByProject timers() const;
     void findRows();
-    Seconds ofAll() const;
+    bool sumUp(Row& row) const;
 
     const Ground m_ground;
     bool m_areRowsKnown = false;
     std::uint64_t m_changes = 0;
-    double m_second = -1;
-    // What is found among all timers; absent while nothing is searched.
-    std::optional<TimeStoreItem::Children> m_found;
-    std::vector<TimeStoreItem::Children> m_ofProjects;
-    TimeStoreItem::Children m_ofNone;
+    // As they stand in the sidebar; the last is what belongs to no project.
+    std::vector<Row> m_rows;
+    TimerTree::AppSet m_titled;
+    std::optional<Getting> m_getting;
+    Subscription m_stretches;
     Subscription m_projectChanges;
     Subscription m_timerChanges;
 };

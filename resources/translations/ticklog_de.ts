@@ -2071,5 +2071,9 @@
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
         <translation>Bekommt ein Fenster einen anderen Titel, beginnt eine neue Zeile, statt dass seine Zeile umbenannt wird. Kehrt ein Titel zurück, zählt seine alte Zeile weiter.</translation>
     </message>
+    <message>
+        <source>All time is in your projects.</source>
+        <translation>Alle Zeit ist in Ihren Projekten.</translation>
+    </message>
 </context>
 </TS>

@@ -2071,5 +2071,9 @@
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
         <translation>Cuando una ventana cambia de título, empieza una fila nueva en lugar de que la fila de la ventana tome ese nombre. Un título que vuelve continúa en su fila anterior.</translation>
     </message>
+    <message>
+        <source>All time is in your projects.</source>
+        <translation>Todo el tiempo está en sus proyectos.</translation>
+    </message>
 </context>
 </TS>

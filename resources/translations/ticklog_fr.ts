@@ -2071,5 +2071,9 @@
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
         <translation>Quand une fenêtre change de titre, une nouvelle ligne commence au lieu que la ligne de la fenêtre prenne ce nom. Un titre qui revient continue dans son ancienne ligne.</translation>
     </message>
+    <message>
+        <source>All time is in your projects.</source>
+        <translation>Tout le temps est dans vos projets.</translation>
+    </message>
 </context>
 </TS>

@@ -2071,5 +2071,9 @@
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
         <translation>ウィンドウのタイトルが変わると、ウィンドウの行の名前が変わる代わりに新しい行が始まります。同じタイトルに戻ると、元の行で続きます。</translation>
     </message>
+    <message>
+        <source>All time is in your projects.</source>
+        <translation>すべての時間がプロジェクトに入っています。</translation>
+    </message>
 </context>
 </TS>

@@ -2071,5 +2071,9 @@
         <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
         <translation>Gdy okno dostaje inny tytuł, zaczyna się nowy wiersz, zamiast by wiersz okna zmieniał nazwę. Tytuł, który wraca, liczony jest dalej w swoim dawnym wierszu.</translation>
     </message>
+    <message>
+        <source>All time is in your projects.</source>
+        <translation>Cały czas jest w Twoich projektach.</translation>
+    </message>
 </context>
 </TS>

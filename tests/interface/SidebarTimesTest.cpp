@@ -26,6 +26,15 @@ struct SidebarTimesTest : testing::Test, ProjectDesk {
     // "All Timers 00:03:10, Poster 00:01:40"
     std::string times() { return str(textOf(rows())); }
 
+    std::string sumCaptionShown() {
+        return str(controller.window().findChild<QLabel*>(u"timeSumCaption"_s)->text());
+    }
+
+    void frontWithoutWindow(const char* application) {
+        front(application, "");
+        fakes.windowList.windows.clear();
+    }
+
     int restRow() { return rows().rowCount() - 1; }
 
     QModelIndex rest() { return at(restRow()); }
@@ -107,6 +116,112 @@ TEST_F(SidebarTimesTest, whileTimeIsCounted_theyMoveOnceASecondAndOnlyWhereItGoe
     told.clear();
     seconds(10);
     EXPECT_EQ(told.size(), 0) << "nobody looks";
+}
+
+TEST_F(SidebarTimesTest, whatNoWindowHasOfADividedProgram_belongsToNoProject) {
+    account("Web", 100, {{u"Bank"_s, 50}, {u"News"_s, 20}});
+    addProject("Poster", {u"Bank"_s, u"Mail"_s, u"Notes"_s});
+    show();
+    EXPECT_EQ(times(), "All Timers 00:04:50, Poster 00:03:30, No Project 00:01:20");
+    choose(restRow());
+    EXPECT_EQ(outlineText(), "News, Paint, Web");
+    EXPECT_EQ(str(sumShown()), "00:01:20");
+    EXPECT_EQ(str(row("Web").siblingAtColumn(1).data().toString()), "00:00:30");
+    type("web");
+    EXPECT_EQ(times(), "All Timers 00:01:40, Poster 00:00:00, No Project 00:00:30");
+    EXPECT_EQ(outlineText(), "Web");
+    type("news");
+    EXPECT_EQ(times(), "All Timers 00:00:20, Poster 00:00:00, No Project 00:00:20");
+    EXPECT_EQ(outlineText(), "News");
+}
+
+TEST_F(SidebarTimesTest, timeThatNoWindowHas_isNoTimerThatOneCouldDeleteOrMove) {
+    account("Web", 100, {{u"Bank"_s, 50}, {u"News"_s, 20}});
+    addProject("Poster", {u"Bank"_s});
+    show();
+    choose(restRow());
+    select({row("Web")});
+    alerts.answer = Alerts::Alternate;
+    controller.tableViewDidReceiveDeleteKey(false);
+    controller.branchSelected();
+    settle();
+    EXPECT_EQ(controller.undoStack().count(), 0);
+    EXPECT_FALSE(row("Web").flags() & Qt::ItemIsEditable);
+    EXPECT_FALSE(actions().addToProject->isEnabled());
+    EXPECT_FALSE(actions().branch->isEnabled());
+    select({row("Web"), row("Paint")});
+    EXPECT_TRUE(actions().addToProject->isEnabled()) << "with a timer beside it";
+    EXPECT_EQ(str(sumShown()), "00:01:00");
+}
+
+TEST_F(SidebarTimesTest, timeThatNoWindowHas_isCountedWhileItPasses) {
+    account("Web", 70, {{u"Bank"_s, 50}, {u"News"_s, 20}});
+    addProject("Poster", {u"Bank"_s});
+    show();
+    choose(restRow());
+    controller.timer().startTimer();
+    frontWithoutWindow("Web");
+    seconds(5.5);
+    EXPECT_EQ(times(), "All Timers 00:04:25, Poster 00:00:50, No Project 00:03:35");
+    EXPECT_EQ(str(row("Web").siblingAtColumn(1).data().toString()), "00:00:05");
+    front("Web", "Bank");
+    seconds(3);
+    EXPECT_EQ(times(), "All Timers 00:04:28, Poster 00:00:53, No Project 00:03:35");
+}
+
+TEST_F(SidebarTimesTest, whileTimeIsCounted_theyAreThoseOfTheSumAtEveryTick) {
+    account("Web", 10.37, {{u"Bank"_s, 3.21}, {u"News"_s, 7.16}});
+    addProject("Poster", {u"Bank"_s, u"Paint"_s});
+    addProject("Office", {u"Mail"_s, u"Bank"_s});
+    show();
+    controller.timer().startTimer();
+    for (int chosenRow = 0; chosenRow < rows().rowCount(); ++chosenRow) {
+        choose(chosenRow);
+        for (const auto& [program, title] :
+             {std::pair("Web", "Bank"), std::pair("Mail", "Inbox"), std::pair("Web", "News")}) {
+            front(program, title);
+            for (int tick = 0; tick < 15; ++tick) {
+                seconds(0.1);
+                ASSERT_EQ(str(rows().index(chosenRow, 1).data().toString()), str(sumShown()))
+                    << "row " << chosenRow << ", tick " << tick << " of " << title;
+            }
+        }
+    }
+}
+
+TEST_F(SidebarTimesTest, anAbsence_isInTheTimesAtOnce) {
+    account("Idle", 5);
+    addProject("Away", {u"Idle"_s});
+    show();
+    choose(1);
+    front("Mail", "Inbox");
+    controller.timer().startTimer();
+    seconds(1);
+    fakes.idleTime.isBusy = false;
+    for (int tick = 0; tick < 20 * 600; ++tick) {
+        seconds(0.1);
+        ASSERT_EQ(str(rows().index(1, 1).data().toString()), str(sumShown())) << "tick " << tick;
+    }
+    EXPECT_GE(str(sumShown()), "00:15:00");
+}
+
+TEST_F(SidebarTimesTest, theSum_saysThatItIsOfNoProject) {
+    addProject("Poster", {u"Mail"_s});
+    show();
+    choose(1);
+    EXPECT_EQ(sumCaptionShown(), "Project");
+    choose(restRow());
+    EXPECT_EQ(sumCaptionShown(), "No Project");
+    choose(0);
+    choose(1);
+    EXPECT_EQ(sumCaptionShown(), "Project");
+}
+
+TEST_F(SidebarTimesTest, aRestWithoutTimers_saysSo) {
+    addProject("Poster", {u"Mail"_s, u"Notes"_s, u"Paint"_s});
+    show();
+    choose(restRow());
+    EXPECT_EQ(table().accessibleDescription(), u"All time is in your projects."_s);
 }
 
 TEST_F(SidebarTimesTest, aNewWindow_countsForTheRestAtOnce) {
@@ -200,6 +315,20 @@ TEST_F(SidebarTimesTest, copyingTheRest_copiesItsTimers) {
     EXPECT_FALSE(text.contains(u"Mail"_s)) << str(text);
 }
 
+TEST_F(SidebarTimesTest, besideTheHistory_projectsOfOneNameHaveEachItsOwn) {
+    for (const char* label : {"Poster", "Poster", "No project"})
+        addProject(label);
+    show();
+    RangeAnswer answer;
+    answer.projects = {{u"Poster"_s, 90'000}, {u"No project"_s, 300'000}};
+    answer.ofProjects = {60'000, 30'000, 120'000};
+    answer.ofNoProject = 180'000;
+    answer.work = 390'000;
+    controller.sidebarTimes().showRange(answer);
+    EXPECT_EQ(times(), "All Timers 00:06:30, Poster 00:01:00, Poster 00:00:30, No project 00:02:00, "
+                       "No Project 00:03:00");
+}
+
 TEST_F(SidebarTimesTest, assistivePrograms_readTheTimeWithTheName) {
     addProject("Poster", {u"Mail"_s});
     show();
@@ -226,9 +355,12 @@ TEST_F(SidebarTimesTest, inANarrowSidebar_namesComeBeforeTimes) {
     addProject("Poster", {u"Mail"_s});
     show();
     const auto hasTimes = [&] { return !sidebar().header()->isSectionHidden(ProjectListModel::TimeColumn); };
-    controller.window().splitView().setSizes({165, 700});
+    controller.window().splitView().setSizes({120, 700});
     settle();
     EXPECT_FALSE(hasTimes());
+    controller.window().splitView().setSizes({165, 700});
+    settle();
+    EXPECT_TRUE(hasTimes());
     controller.window().splitView().setSizes({300, 600});
     settle();
     EXPECT_TRUE(hasTimes());

@@ -31,6 +31,13 @@ struct TimersByProjectTest : testing::Test {
                                      engine.tracker.isLeftOutOfTotal());
     }
 
+    static Seconds sum(const TimeStoreItem::Children& timers) {
+        Seconds sum = 0;
+        for (const auto& timer : timers)
+            sum += timer->activeTime();
+        return sum;
+    }
+
     static std::string names(const TimeStoreItem::Children& timers) {
         QStringList names;
         for (const auto& timer : timers)
@@ -59,7 +66,22 @@ TEST_F(TimersByProjectTest, ofAnApplicationWithWindowsInProjects_theOthersAreLef
     const TimersByProject found = find();
     EXPECT_EQ(names(found.ofProjects.at(0)), "Inbox");
     EXPECT_EQ(names(found.ofProjects.at(1)), "Inbox, Trash");
-    EXPECT_EQ(names(found.ofNone), "Sent");
+    EXPECT_EQ(names(found.ofNone), "Sent, Mail") << "no window has Mail's ten seconds";
+}
+
+TEST_F(TimersByProjectTest, whatNoWindowHasOfADividedApplication_isLeft) {
+    const auto mail = application("Mail", {"Inbox", "Sent"});
+    mail->windows().at(0)->correctTime(3);
+    mail->windows().at(1)->correctTime(4);
+    project({mail->windows().at(0).get()});
+    EXPECT_EQ(sum(find().ofProjects.at(0)), 3);
+    EXPECT_EQ(sum(find().ofNone), 7);
+    EXPECT_TRUE(find().titled.empty());
+    mail->windows().at(1)->correctTime(3);
+    EXPECT_EQ(names(find().ofNone), "Sent") << "nothing more is left";
+    EXPECT_EQ(find().titled, TimerTree::AppSet{mail});
+    mail->windows().at(1)->correctTime(90);
+    EXPECT_EQ(sum(find().ofNone), 97) << "never less than nothing";
 }
 
 TEST_F(TimersByProjectTest, aWindowBesideItsApplication_isNotCountedTwice) {
@@ -103,5 +125,11 @@ TEST_F(TimersByProjectTest, whateverIsWhere_projectsHaveWhatTheTreeSays) {
                       engine.tracker.tree().timersOf({members.begin(), members.end()}, false))
                 << "round " << round;
         }
+        std::unordered_set<Identity> members;
+        for (const auto& project : projects)
+            for (const Identity& member : project->flattenedMembers())
+                members.insert(member);
+        EXPECT_EQ(sum(engine.tracker.tree().timersOf(members, true)) + sum(found.ofNone), 5 * 10)
+            << "round " << round << ": all time is somewhere";
     }
 }
