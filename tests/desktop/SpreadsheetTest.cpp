@@ -6,6 +6,7 @@
 #include "tests/desktop/harness/TemporaryHome.h"
 #include "tests/fakes/Store.h"
 
+#include <QMimeData>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -21,13 +22,17 @@ protected:
 
     // The same as a person gets it who says nothing about the columns. `columns`: commas, double quotes, Unicode.
     std::string opened(const QString& table, const QString& columns) {
+        return readBy(QStringLiteral("Text - txt - csv (StarCalc):") + columns, table);
+    }
+
+    // The cells as it shows them, by one of its filters for files.
+    std::string readBy(const QString& filter, const QString& table) {
         QProcess office;
         office.setProcessEnvironment(m_home.environment());
         office.start(
             QStringLiteral("soffice"),
             {QStringLiteral("-env:UserInstallation=file://") + m_home.path() + QStringLiteral("/office"),
-             QStringLiteral("--headless"),
-             QStringLiteral("--infilter=Text - txt - csv (StarCalc):") + columns,
+             QStringLiteral("--headless"), QStringLiteral("--infilter=") + filter,
              // Bars, no quotes, UTF-8.
              QStringLiteral("--convert-to"),
              QStringLiteral("csv:Text - txt - csv (StarCalc):124,,76,1,,0,false,true,false"),
@@ -85,6 +90,16 @@ TEST_F(SpreadsheetTest, theHistorysTimes_areAddedUpThere) {
                            {QStringLiteral("=Draw()"), {}, 90'000'000},
                            {QStringLiteral("Mail"), {}, 61'000}});
     EXPECT_EQ(summed(table, QStringLiteral("Sum,,=SUM(C2:C4)*86400")), "Sum||95476\n");
+}
+
+TEST_F(SpreadsheetTest, whatIsCopied_isShownThereAsLengthsOfTimeAndAsTexts) {
+    const auto forms = HistoryForms::copied({}, {{QStringLiteral("Mail"), QStringLiteral("007"), 5'000},
+                                                 {QStringLiteral("1/2"), {}, 108'000'000}});
+    const QString path = m_home.path() + QStringLiteral("/times.html");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(forms->html().toUtf8()) > 0);
+    file.close();
+    EXPECT_EQ(readBy(QStringLiteral("calc_HTML_WebQuery"), path), "Mail|007|00:00:05\n1/2||30:00:00\n");
 }
 
 TEST_F(SpreadsheetTest, theTimeSheetsTimes_areAddedUpThereToItsOwnSums) {
