@@ -8,8 +8,10 @@
 #include "interface/mainwindow/TKController.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/pasteboard/TimeMimeData.h"
+#include "interface/shell/ButtonText.h"
 #include "interface/shell/ManualWindow.h"
 #include "interface/sidebar/ProjectMenu.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -48,11 +50,13 @@ std::optional<std::vector<Identity>> copiedTimers() {
 
 MainCommands::MainCommands(TKController& controller, QUndoStack& undoStack)
     : m_controller(controller)
-    , m_focusedOutline(&controller.window().mainTable()) {
+    , m_focusedOutline(&controller.window().mainTable())
+    , m_announcer(controller.window()) {
     connectDatabase();
     connectHelp();
     connectEditing();
     connectUndo(undoStack);
+    announceSteps(undoStack);
     connectTimers();
     connectProjects();
     connectAddingToProject();
@@ -145,6 +149,20 @@ void MainCommands::connectUndo(QUndoStack& undoStack) {
     offer();
 }
 
+void MainCommands::announceSteps(QUndoStack& undoStack) {
+    QObject::connect(&undoStack, &QUndoStack::indexChanged, &m_receiver,
+                     [this, &undoStack, before = undoStack.index()](int index) mutable {
+                         const bool isDone = index > before;
+                         const bool isUndone = index < before && undoStack.canRedo();
+                         before = index;
+                         if (isDone)
+                             m_announcer.say(undoStack.undoText());
+                         else if (isUndone)
+                             m_announcer.say(buttonText(m_controller.window().actions().undo->text()) +
+                                             QStringLiteral(": ") + undoStack.redoText());
+                     });
+}
+
 void MainCommands::connectTimers() {
     const MainActions& actions = m_controller.window().actions();
     TKOutlineDisplayView& table = m_controller.window().mainTable();
@@ -156,7 +174,11 @@ void MainCommands::connectTimers() {
         MainWindow& window = m_controller.window();
         window.isHistoryShown() ? window.historyPane().outline().collapseAll() : table.collapseAllRows();
     });
-    connectTo(actions.toggleCounting, m_receiver, [this] { m_controller.timer().toggleCounting(); });
+    connectTo(actions.toggleCounting, m_receiver, [this] {
+        m_controller.timer().toggleCounting();
+        m_announcer.say(m_controller.timer().isRunning() ? localized("Ticklog is counting")
+                                                         : localized("Ticklog is paused"));
+    });
     connectTo(actions.branch, m_receiver, [this] { m_controller.branchSelected(); });
     connectTo(actions.clearTimers, m_receiver, [this] { m_controller.clearTimers(); });
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interface/shell/Announcer.h"
+
 #include <QObject>
 
 class ManualWindow;
@@ -22,6 +24,8 @@ private:
     void connectHelp();
     void connectEditing();
     void connectUndo(QUndoStack& undoStack);
+    // Says what each step did, and what was undone.
+    void announceSteps(QUndoStack& undoStack);
     void connectTimers();
     void connectProjects();
     void connectAddingToProject();
@@ -33,6 +37,7 @@ private:
     // The outline that had the focus last; commands for rows apply to it. While the history is shown, the
     // table stands for the history's outline.
     TKOutlineDisplayView* m_focusedOutline;
+    Announcer m_announcer;
     // Belongs to the main window; null until it was opened once.
     ManualWindow* m_manual = nullptr;
     // Receives all connections; its end disconnects them.

@@ -313,6 +313,37 @@ TEST(SumOfTimesLabelTest, withTheFocus_itStandsStillForListenersAlone) {
     }
 }
 
+TEST_F(HeardWindowsTest, whatHappensElsewhere_isAnnounced) {
+    show();
+    window().activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    const auto announced = [this] {
+        auto* said = window().findChild<QWidget*>(QStringLiteral("announcement"));
+        if (!said || !said->isVisible())
+            return std::string("nothing");
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(said)->role(), QAccessible::Notification);
+        return str(QAccessible::queryAccessibleInterface(said)->text(QAccessible::Name));
+    };
+    EXPECT_EQ(announced(), "nothing");
+    command(actions().toggleCounting);
+    EXPECT_EQ(announced(), "Ticklog is counting");
+    command(actions().toggleCounting);
+    EXPECT_EQ(announced(), "Ticklog is paused");
+    table().setCurrentIndex(row("Paint"));
+    command(actions().copy);
+    chooseProject(2);
+    command(actions().paste);
+    EXPECT_EQ(announced(), "Add to Project");
+    command(actions().undo);
+    EXPECT_EQ(announced(), "Undo: Add to Project");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    command(actions().redo);
+    EXPECT_EQ(announced(), "Undo: Add to Project") << "whoever is elsewhere is not disturbed";
+}
+
 TEST_F(HeardWindowsTest, theCutOff_speaksTimesAndNotSteps) {
     show();
     CutoffSlider& cutoff = window().sumBar().cutoff();
