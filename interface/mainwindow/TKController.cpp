@@ -52,8 +52,17 @@ TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::E
     connectSidebar();
     makeSidebarTimes();
     m_timer.registerForSystemSleep(platform.power);
-    m_defaultsChanges = platform.notifications.observe(kUserDefaultsDidChangeNotification,
-                                                       [this](const Notification&) { reload(); });
+    const auto counted = [&defaults = platform.defaults] {
+        return std::pair(defaults.boolForKey(kIncludeSelfInSumofTimes),
+                         defaults.boolForKey(kIncludeIdleInSumofTimes));
+    };
+    // To unfold everything changes a setting for each row, and to find whose every timer is takes its time.
+    m_defaultsChanges = platform.notifications.observe(
+        kUserDefaultsDidChangeNotification, [this, counted, before = counted()](const Notification&) mutable {
+            if (std::exchange(before, counted()) != before)
+                m_sidebarTimes->forgetRows();
+            reload();
+        });
     m_resets =
         m_engine.tracker().observe(kLastResetDateKey, [this](const ObservedChange&) { showLastReset(); });
     showLastReset();
@@ -108,7 +117,6 @@ TKProjectController::MainController TKController::projectServices() {
 void TKController::reload() {
     m_engine.tracker().userDefaultsChanged();
     m_shown.sum().forgetRows();
-    m_sidebarTimes->forgetRows();
     refreshTimeSum();
 }
 

@@ -217,6 +217,15 @@ TEST_F(SidebarTimesTest, theSum_saysThatItIsOfNoProject) {
     EXPECT_EQ(sumCaptionShown(), "Project");
 }
 
+TEST_F(SidebarTimesTest, whatTheSettingsCount_isCountedAtOnce) {
+    account("Idle", 25);
+    addProject("Poster", {u"Mail"_s});
+    show();
+    EXPECT_EQ(times(), "All Timers 00:03:10, Poster 00:01:00, No Project 00:02:10");
+    wish(kIncludeIdleInSumofTimes, true);
+    EXPECT_EQ(times(), "All Timers 00:03:35, Poster 00:01:00, No Project 00:02:35");
+}
+
 TEST_F(SidebarTimesTest, aRestWithoutTimers_saysSo) {
     addProject("Poster", {u"Mail"_s, u"Notes"_s, u"Paint"_s});
     show();
