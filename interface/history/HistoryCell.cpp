@@ -23,6 +23,7 @@ constexpr double kBarStrength = 0.45;
 constexpr double kPartStrength = 0.22;
 constexpr int kIconSize = 16;
 constexpr double kDotSize = 10;
+const QString kEdge = QStringLiteral("\u00A0\u00A0");
 
 } // namespace
 
@@ -41,6 +42,9 @@ void HistoryCell::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     QStyledItemDelegate::initStyleOption(option, index);
     const bool isTop = !index.parent().isValid();
     option->textElideMode = elisionOf(option->text);
+    // Not at the very edge of the window.
+    if (index.column() == HistoryModel::ShareColumn)
+        option->text += kEdge;
     const bool isProgram = !index.data(HistoryModel::ProgramRole).toString().isEmpty();
     if (index.column() != HistoryModel::NameColumn || !(isTop || isProgram) || (isProgram && !m_icons))
         return;

@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -26,6 +27,21 @@ qint64 shownLength(const QModelIndex& row) {
     const qint64 length = row.data(HistoryModel::LengthRole).toLongLong();
     return length - length % 1000;
 }
+
+// Its texts stand above those of the cells.
+class HistoryHeader : public SortingHeader {
+public:
+    using SortingHeader::SortingHeader;
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        if (section == HistoryModel::NameColumn)
+            option->text.prepend(QStringLiteral("     "));
+        else if (section == HistoryModel::ShareColumn)
+            option->text.append(QStringLiteral("   "));
+    }
+};
 
 } // namespace
 
@@ -62,7 +78,7 @@ HistoryOutline::HistoryOutline(QWidget* parent)
     : QTreeView(parent)
     , m_order(new Order(m_rows, [this] { return HistoryForms::copied(heads(), lines(true)); }))
     , m_cells(new HistoryCell(this)) {
-    setHeader(new SortingHeader(this));
+    setHeader(new HistoryHeader(this));
     header()->setSectionsMovable(true);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setModel(m_order.get());
@@ -111,6 +127,14 @@ void HistoryOutline::restoreColumns(const QByteArray& state) {
 void HistoryOutline::initViewItemOption(QStyleOptionViewItem* option) const {
     QTreeView::initViewItemOption(option);
     KeyHolder::paleUnlessHolder(*this, *option);
+    if (m_isOnSelection)
+        KeyHolder::inkOnSelection(*option);
+}
+
+void HistoryOutline::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
+    const QScopedValueRollback drawn(m_isOnSelection,
+                                     selectionModel() && selectionModel()->isSelected(index));
+    QTreeView::drawBranches(painter, rect, index);
 }
 
 void HistoryOutline::changeEvent(QEvent* event) {

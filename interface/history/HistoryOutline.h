@@ -49,6 +49,7 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     void changeEvent(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
@@ -70,4 +71,6 @@ private:
     HistoryCell* m_cells;
     QMetaObject::Connection m_iconsFound;
     QString m_invitation;
+    // The arrow of a selected row is drawn.
+    mutable bool m_isOnSelection = false;
 };

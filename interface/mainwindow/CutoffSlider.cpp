@@ -2,9 +2,12 @@
 #include "interface/mainwindow/CutoffSlider.h"
 
 #include "interface/mainwindow/SumBarAccessibility.h"
+#include "interface/shell/Contrast.h"
 #include "interface/shell/SpokenItem.h"
 #include "platform/foundation/text/DurationText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
+
+#include <QStyleOptionSlider>
 
 #include <algorithm>
 #include <array>
@@ -55,6 +58,11 @@ CutoffSlider::CutoffSlider(QWidget* parent)
             speakItem(*this, timeInWords());
         Q_EMIT secondsChanged(seconds());
     });
+}
+
+void CutoffSlider::initStyleOption(QStyleOptionSlider* option) const {
+    QSlider::initStyleOption(option);
+    Contrast::showLines(option->palette);
 }
 
 void CutoffSlider::nameStep() {

@@ -21,6 +21,9 @@ public:
 Q_SIGNALS:
     void secondsChanged(float seconds);
 
+protected:
+    void initStyleOption(QStyleOptionSlider* option) const override;
+
 private:
     void nameStep();
 };

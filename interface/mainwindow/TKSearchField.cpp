@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "interface/mainwindow/TKSearchField.h"
 
+#include "interface/shell/Contrast.h"
 #include "interface/shell/Named.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionFrame>
 #include <QToolButton>
 
 TKSearchField::TKSearchField(QWidget* parent)
@@ -25,6 +27,11 @@ bool TKSearchField::event(QEvent* event) {
         return false;
     }
     return QLineEdit::event(event);
+}
+
+void TKSearchField::initStyleOption(QStyleOptionFrame* option) const {
+    QLineEdit::initStyleOption(option);
+    Contrast::showLines(option->palette);
 }
 
 void TKSearchField::keyPressEvent(QKeyEvent* event) {

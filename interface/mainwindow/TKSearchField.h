@@ -16,6 +16,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void initStyleOption(QStyleOptionFrame* option) const override;
 
 private:
     QWidget* m_outlineView = nullptr;

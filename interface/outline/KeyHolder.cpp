@@ -30,3 +30,13 @@ void KeyHolder::paleUnlessHolder(const QAbstractItemView& view, QStyleOptionView
                                 own.color(QPalette::Active, QPalette::Text));
     }
 }
+
+void KeyHolder::inkOnSelection(QStyleOptionViewItem& option) {
+    const QColor ground = option.palette.color(QPalette::Highlight);
+    if (Contrast::of(option.palette.color(QPalette::Text), ground) >=
+        Contrast::of(option.palette.color(QPalette::HighlightedText), ground))
+        return;
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+            option.palette.setColor(group, role, option.palette.color(group, QPalette::HighlightedText));
+}

@@ -15,6 +15,7 @@
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -285,6 +286,15 @@ void TKOutlineDisplayView::drawInvitation(const QString& text) {
 void TKOutlineDisplayView::initViewItemOption(QStyleOptionViewItem* option) const {
     QTreeView::initViewItemOption(option);
     KeyHolder::paleUnlessHolder(*this, *option);
+    if (m_isOnSelection)
+        KeyHolder::inkOnSelection(*option);
+}
+
+void TKOutlineDisplayView::drawBranches(QPainter* painter, const QRect& rect,
+                                        const QModelIndex& index) const {
+    const QScopedValueRollback drawn(m_isOnSelection,
+                                     selectionModel() && selectionModel()->isSelected(index));
+    QTreeView::drawBranches(painter, rect, index);
 }
 
 void TKOutlineDisplayView::changeEvent(QEvent* event) {

@@ -136,6 +136,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     void changeEvent(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
@@ -180,4 +181,6 @@ private:
     // The row whose freeze control is held down; -1 for none.
     int m_freezeRow = -1;
     bool m_highlightOnMouseOver = false;
+    // The arrow of a selected row is drawn.
+    mutable bool m_isOnSelection = false;
 };

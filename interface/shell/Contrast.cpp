@@ -45,3 +45,14 @@ QColor Contrast::readable(const QColor& quiet, const QColor& strong, const QColo
     }
     return to;
 }
+
+void Contrast::showLines(QPalette& palette) {
+    // What is darker by as much as styles make it is still seen.
+    constexpr int kDarker = 140;
+    const QColor ground = palette.color(QPalette::Window);
+    if (of(ground.darker(kDarker), ground) >= kOfLines)
+        return;
+    const QColor line = readable(ground, palette.color(QPalette::WindowText), ground, kOfMarks);
+    palette.setColor(QPalette::Window, line.lighter(kDarker));
+    palette.setColor(QPalette::Button, line);
+}

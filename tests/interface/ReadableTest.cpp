@@ -287,3 +287,33 @@ TEST(ReadableGreysTest, anotherPalette_isMadeReadableAsWell) {
     }
     QApplication::setPalette(QPalette());
 }
+
+TEST_P(ReadableTest, theFramesOfSearchAndSlider_areSeen) {
+    ProjectDesk desk;
+    desk.show();
+    MainWindow& window = desk.controller.window();
+    window.searchAppField().setPlaceholderText({});
+    window.searchAppField().clearFocus();
+    desk.settle();
+    for (QWidget* widget : {static_cast<QWidget*>(&window.searchAppField()),
+                            window.findChild<QWidget*>(QStringLiteral("cutOffSlider"))}) {
+        ASSERT_NE(widget, nullptr);
+        const QRect place(widget->mapTo(&window, QPoint()), widget->size());
+        EXPECT_GE(contrastIn(window.grab(place.adjusted(-3, -3, 3, 3)).toImage()), Contrast::kOfLines)
+            << qPrintable(widget->objectName());
+    }
+}
+
+TEST_P(ReadableTest, theArrowOfASelectedRow_isSeen) {
+    ProjectDesk desk;
+    desk.account("Mail", 60, {{QStringLiteral("Inbox"), 20}, {QStringLiteral("Sent"), 40}});
+    desk.show();
+    desk.controller.window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&desk.controller.window()));
+    desk.table().setFocus();
+    desk.select({desk.row("Mail")});
+    desk.settle();
+    const QRect name = desk.table().visualRect(desk.row("Mail"));
+    const QRect arrow(0, name.top() + 2, name.left(), name.height() - 4);
+    EXPECT_GE(contrastIn(desk.table().viewport()->grab(arrow).toImage()), Contrast::kOfLines);
+}
