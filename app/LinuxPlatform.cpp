@@ -28,7 +28,6 @@
 #include "platform/x11/X11TaskBar.h"
 #include "platform/x11/X11TrayManager.h"
 
-#include <QAbstractEventDispatcher>
 #include <QGuiApplication>
 
 namespace {
@@ -92,8 +91,9 @@ struct LinuxPlatform::BackEnds {
     AutostartEntries loginItems{AutostartEntries::Places::forUser()};
     SandboxedLoginItems sandboxedLoginItems;
     std::unique_ptr<Platform> platform;
-    // Its end stops the calls at each wake-up.
-    QObject awakeContext;
+    // Directly after each wait, before anything else: a sleep that nobody announced must be noticed before its time
+    // is credited.
+    Subscription waits = runLoop.observeWaits({.woken = [this] { clockJumps.check(); }, .aboutToWait = {}});
 };
 
 LinuxPlatform::BackEnds::BackEnds() {
@@ -110,10 +110,6 @@ LinuxPlatform::BackEnds::BackEnds() {
                  serviceManagement, *program, *taskBar, systemTray, *items});
     if (TrustRecord(TrustRecord::usualFolder()).names(ownProgram.executable()))
         accessibility.grantTrust();
-    // Directly after each wait, before anything else: a sleep that nobody announced must be noticed before
-    // its time is credited.
-    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &awakeContext,
-                     [this] { clockJumps.check(); });
 }
 
 std::optional<std::chrono::nanoseconds> LinuxPlatform::BackEnds::absence() const {

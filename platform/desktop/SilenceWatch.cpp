@@ -19,7 +19,7 @@ SilenceWatch::SilenceWatch(const Desktop& desktop, RunLoop& runLoop, SystemLog& 
     , m_log(log)
     , m_isCounting(std::move(isCounting))
     , m_limits(limits)
-    , m_looks(runLoop.scheduleRepeating(limits.quiet, {}, [this] { look(); }))
+    , m_looks(runLoop.scheduleRepeating(limits.quiet, limits.quiet / 20, [this] { look(); }))
     , m_signs(desktop.signs.observeSigns([this] { hear(); })) {}
 
 const std::optional<ApplicationRecord>& SilenceWatch::activeApplication() const {

@@ -48,7 +48,8 @@ std::unique_ptr<RunLoopTimer> ManualRunLoop::scheduleRepeating(std::chrono::nano
     return schedule(interval, interval, std::move(task));
 }
 
-std::unique_ptr<RunLoopTimer> ManualRunLoop::scheduleOnce(std::chrono::nanoseconds delay, Task task) {
+std::unique_ptr<RunLoopTimer> ManualRunLoop::scheduleOnce(std::chrono::nanoseconds delay,
+                                                          std::chrono::nanoseconds, Task task) {
     return schedule(delay, {}, std::move(task));
 }
 
@@ -60,11 +61,16 @@ void ManualRunLoop::performSoon(Task task) {
 void ManualRunLoop::advance(std::chrono::nanoseconds time) {
     const auto end = m_clock.monotonic() + time;
     runPending();
+    m_waits.tell(&WaitHearer::aboutToWait);
     while (const auto next = nextDue(end)) {
         if (next->due > m_clock.monotonic())
             m_clock.advance(next->due - m_clock.monotonic());
-        fire(next);
+        wake();
+        // Whoever was told may have done what the timer was for.
+        if (next->valid)
+            fire(next);
         runPending();
+        m_waits.tell(&WaitHearer::aboutToWait);
     }
     if (m_clock.monotonic() < end)
         m_clock.advance(end - m_clock.monotonic());
@@ -83,6 +89,22 @@ void ManualRunLoop::runPending() {
             run(task);
     }
     throw std::logic_error("tasks keep asking for a further turn of the loop");
+}
+
+Subscription ManualRunLoop::observeWaits(WaitHearer hearer) {
+    return tellsOfWaits ? m_waits.observe(std::move(hearer)) : Subscription();
+}
+
+void ManualRunLoop::wake() {
+    run([this] { m_waits.tell(&WaitHearer::woken); });
+}
+
+std::optional<std::chrono::nanoseconds> ManualRunLoop::untilDue() const {
+    std::optional<std::chrono::nanoseconds> first;
+    for (const auto& timer : m_timers)
+        if (timer->valid && (!first || timer->due - m_clock.monotonic() < *first))
+            first = timer->due - m_clock.monotonic();
+    return first;
 }
 
 int ManualRunLoop::activeTimers() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/News.h"
 #include "platform/foundation/time/Clock.h"
 #include "platform/foundation/time/RunLoop.h"
 
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -63,14 +65,26 @@ public:
     std::unique_ptr<RunLoopTimer> scheduleRepeating(std::chrono::nanoseconds interval,
                                                     std::chrono::nanoseconds tolerance, Task task) override;
 
-    std::unique_ptr<RunLoopTimer> scheduleOnce(std::chrono::nanoseconds delay, Task task) override;
+    using RunLoop::scheduleOnce;
+    std::unique_ptr<RunLoopTimer> scheduleOnce(std::chrono::nanoseconds delay,
+                                               std::chrono::nanoseconds tolerance, Task task) override;
 
     void performSoon(Task task) override;
+
+    // Empty unless the loop was told to tell of its waits before.
+    Subscription observeWaits(WaitHearer hearer) override;
 
     // Lets `time` pass. Timers fire in the order in which they are due; those due at the same instant, in the
     // order in which they were made. Tasks of performSoon() run before each. Timers that are already overdue
     // at the start fire once, at the present time.
     void advance(std::chrono::nanoseconds time);
+
+    // Something comes from outside now, such as an event of the desktop: tells that the wait is over. The next wait
+    // begins with advance().
+    void wake();
+
+    // How long until the first timer is due; absent without one.
+    std::optional<std::chrono::nanoseconds> untilDue() const;
 
     // Runs the tasks of performSoon(), and those that they add, until none is left.
     void runPending();
@@ -80,6 +94,9 @@ public:
 
     // The log lines of the assertion failures that tasks ended with.
     const QStringList& failures() const { return m_failures; }
+
+    // Whether observeWaits() can be subscribed to.
+    bool tellsOfWaits = false;
 
 private:
     struct State;
@@ -100,4 +117,5 @@ private:
     std::mutex m_soonMutex;
     std::vector<Task> m_soon;
     QStringList m_failures;
+    NewsOf<WaitHearer> m_waits;
 };

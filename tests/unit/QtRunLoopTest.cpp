@@ -27,6 +27,15 @@ protected:
         return condition();
     }
 
+    // The same, waiting as the program does.
+    template<class Condition>
+    bool waitUntil(Condition condition) {
+        const auto limit = m_loop.scheduleOnce(20s, [] {});
+        while (!condition() && limit->isValid())
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        return condition();
+    }
+
     SystemClock m_clock;
     RecordingLog m_log;
     QtRunLoop m_loop{m_log};
@@ -102,6 +111,40 @@ TEST_F(QtRunLoopTest, tasksFromOtherThreads_runOnTheMainThreadInTheirOrder) {
     EXPECT_TRUE(ran.empty());
     EXPECT_TRUE(turnUntil([&] { return ran.size() == 5; }));
     EXPECT_EQ(ran, (std::vector{0, 1, 2, 3, 4}));
+}
+
+TEST_F(QtRunLoopTest, whateverEndsAWait_isHandledAfterItsEndIsTold) {
+    std::vector<std::string> told;
+    const Subscription waits =
+        m_loop.observeWaits({.woken = [&] { told.emplace_back("woken"); },
+                             .aboutToWait = [&] { told.emplace_back("about to wait"); }});
+    const auto timer = m_loop.scheduleOnce(20ms, [&] { told.emplace_back("timer"); });
+    EXPECT_TRUE(waitUntil([&] { return !told.empty() && told.back() == "timer"; }));
+    ASSERT_GE(told.size(), 3U);
+    EXPECT_EQ(told.at(0), "about to wait");
+    EXPECT_EQ(told.at(told.size() - 2), "woken");
+    told.clear();
+    std::thread([&] { m_loop.performSoon([&] { told.emplace_back("task"); }); }).join();
+    EXPECT_TRUE(waitUntil([&] { return !told.empty() && told.back() == "task"; }));
+    EXPECT_EQ(told.at(told.size() - 2), "woken");
+}
+
+TEST_F(QtRunLoopTest, aTimerThatIsDestroyedWhenItsWaitEnds_firesNoMore) {
+    int fired = 0;
+    int later = 0;
+    auto timer = m_loop.scheduleOnce(5ms, [&] { ++fired; });
+    const Subscription waits = m_loop.observeWaits({.woken = [&] { timer.reset(); }, .aboutToWait = {}});
+    const auto after = m_loop.scheduleOnce(50ms, [&] { ++later; });
+    EXPECT_TRUE(waitUntil([&] { return later == 1; }));
+    EXPECT_EQ(fired, 0);
+}
+
+TEST_F(QtRunLoopTest, aTimerWithATolerance_keepsIt) {
+    int fired = 0;
+    const auto start = m_clock.monotonic();
+    const auto timer = m_loop.scheduleOnce(1s, 100ms, [&] { ++fired; });
+    EXPECT_TRUE(turnUntil([&] { return fired == 1; }));
+    EXPECT_GE(m_clock.monotonic() - start, 900ms);
 }
 
 TEST_F(QtRunLoopTest, tasksThatAreStillQueuedWhenTheLoopGoes_areDropped) {
