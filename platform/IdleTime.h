@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/observing/News.h"
+
 #include <QString>
 
 #include <chrono>
@@ -30,11 +32,20 @@ struct IdleReading {
     Lack lack = Lack::NotCounted;
 };
 
-// Asks the desktop for how long the user has not touched anything. At most one round trip. Main thread only.
+// For how long the user has not touched anything, as the desktop counts it. Main thread only.
 class IdleTime {
 public:
     virtual ~IdleTime() = default;
+    // At most one round trip.
     virtual IdleReading read() = 0;
+    // Calls `hearer` when there is input after half a minute without any; some desktops tell after shorter pauses as
+    // well. The next reading says so.
+    Subscription observeInput(News::Hearer hearer) const { return m_input.observe(std::move(hearer)); }
+    // Whether the desktop tells of that now. Otherwise only reading shows that somebody is back.
+    virtual bool tellsOfInput() const { return false; }
     // The technology and why it was chosen.
     virtual QString describe() const = 0;
+
+protected:
+    News m_input;
 };

@@ -12,12 +12,15 @@ public:
     // Both outlive it.
     LogindIdleTime(const OwnSession& session, const Clock& clock)
         : m_session(session)
-        , m_clock(clock) {}
+        , m_clock(clock)
+        , m_returns(session.observeInput([this] { m_input.tell(); })) {}
 
     IdleReading read() override;
+    bool tellsOfInput() const override { return true; }
     QString describe() const override;
 
 private:
     const OwnSession& m_session;
     const Clock& m_clock;
+    Subscription m_returns;
 };

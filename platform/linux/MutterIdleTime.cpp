@@ -55,6 +55,7 @@ void MutterIdleTime::follow() {
     if (wasTelling || !m_isTelling)
         return;
     m_meter.noteInput();
+    m_input.tell();
     watchForIdle();
 }
 
@@ -76,5 +77,6 @@ void MutterIdleTime::takeIn(quint32 watch) {
         watchForInput();
     } else if (watch == m_inputWatch) {
         m_meter.noteInput();
+        m_input.tell();
     }
 }

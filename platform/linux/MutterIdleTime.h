@@ -17,6 +17,7 @@ public:
     open(Bus& sessionBus, const Clock& clock, std::chrono::milliseconds threshold = IdleMeter::kThreshold);
 
     IdleReading read() override;
+    bool tellsOfInput() const override { return m_isTelling; }
     QString describe() const override;
 
 private:

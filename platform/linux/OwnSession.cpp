@@ -153,9 +153,12 @@ void OwnSession::adopt(const QVariantMap& properties) {
     m_isLocked = properties.value(QStringLiteral("LockedHint"), m_isLocked).toBool();
     if (const QString kind = properties.value(QStringLiteral("Class")).toString(); !kind.isEmpty())
         m_isGreeter = kind == QLatin1String("greeter");
-    m_isIdle = properties.value(QStringLiteral("IdleHint"), m_isIdle).toBool();
+    const bool wasIdle =
+        std::exchange(m_isIdle, properties.value(QStringLiteral("IdleHint"), m_isIdle).toBool());
     if (const QVariant since = properties.value(QStringLiteral("IdleSinceHintMonotonic")); since.isValid())
         m_idleSince = std::chrono::microseconds(std::min(since.toULongLong(), kLastMicrosecond));
     if (before != std::tuple(m_isActive, m_isLocked, m_isGreeter))
         m_observers.tell();
+    if (wasIdle && !m_isIdle)
+        m_inputs.tell();
 }

@@ -33,6 +33,8 @@ public:
 
     // Calls `observer` when one of the above has changed, except the idle time.
     Subscription observe(std::function<void()> observer);
+    // Calls `observer` when the desktop reports somebody again.
+    Subscription observeInput(News::Hearer observer) const { return m_inputs.observe(std::move(observer)); }
     // Calls `observer` with true when the session is asked to lock, with false to unlock. This is only a
     // request: there may be no locker that follows it.
     Subscription observeRequests(std::function<void(bool shallLock)> observer);
@@ -67,6 +69,7 @@ private:
     bool m_isIdle = false;
     std::chrono::nanoseconds m_idleSince{0};
     News m_observers;
+    News m_inputs;
     QExplicitlySharedDataPointer<Listeners<std::function<void(bool)>>> m_requestObservers;
     std::vector<std::unique_ptr<BusSignal>> m_signals;
     std::unique_ptr<BusSignal> m_sessionNew;

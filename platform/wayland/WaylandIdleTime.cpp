@@ -122,18 +122,22 @@ void WaylandIdleTime::unbind() {
     m_notifier.reset();
     m_kdeIdle.reset();
     m_protocol = Protocol::None;
+    m_input.tell();
 }
 
 void WaylandIdleTime::addSeat(const WaylandGlobal& global) {
     if (m_protocol == Protocol::None)
         return;
     m_seats.push_back(std::make_unique<Seat>(
-        Seat{global.name, IdleMeter(m_clock, m_threshold), nullptr, nullptr, nullptr}));
+        Seat{global.name, IdleMeter(m_clock, m_threshold), m_input, nullptr, nullptr, nullptr}));
     Seat& added = *m_seats.back();
     const auto timeout = std::uint32_t(m_threshold.count());
     added.seat.reset(m_connection->bind<wl_seat>(global, wl_seat_interface, 1));
     static constexpr auto kIdle = [](void* seat, auto*) { static_cast<Seat*>(seat)->meter.noteIdle(); };
-    static constexpr auto kInput = [](void* seat, auto*) { static_cast<Seat*>(seat)->meter.noteInput(); };
+    static constexpr auto kInput = [](void* seat, auto*) {
+        static_cast<Seat*>(seat)->meter.noteInput();
+        static_cast<Seat*>(seat)->input.tell();
+    };
     if (m_protocol == Protocol::Kde) {
         static constexpr org_kde_kwin_idle_timeout_listener kListener{kIdle, kInput};
         added.timeout.reset(org_kde_kwin_idle_get_idle_timeout(m_kdeIdle.get(), added.seat.get(), timeout));

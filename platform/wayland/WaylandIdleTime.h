@@ -22,6 +22,7 @@ public:
     ~WaylandIdleTime() override;
 
     IdleReading read() override;
+    bool tellsOfInput() const override { return m_protocol != Protocol::None; }
     QString describe() const override;
 
 private:
@@ -40,6 +41,7 @@ private:
     struct Seat {
         std::uint32_t name;
         IdleMeter meter;
+        News& input;
         std::unique_ptr<wl_seat, Destroy> seat;
         std::unique_ptr<ext_idle_notification_v1, Destroy> notification;
         std::unique_ptr<org_kde_kwin_idle_timeout, Destroy> timeout;

@@ -5,6 +5,7 @@
 
 #include <xcb/randr.h>
 #include <xcb/res.h>
+#include <xcb/sync.h>
 #include <xcb/xcbext.h>
 
 #include <cstring>
@@ -54,6 +55,7 @@ std::optional<QString> X11Connection::connect() {
     xcb_prefetch_extension_data(xcb, &xcb_screensaver_id);
     xcb_prefetch_extension_data(xcb, &xcb_res_id);
     xcb_prefetch_extension_data(xcb, &xcb_randr_id);
+    xcb_prefetch_extension_data(xcb, &xcb_sync_id);
     if (!internAtoms()) {
         m_connection.reset();
         return QStringLiteral("the X server went away");

@@ -30,7 +30,11 @@ TEST(MutterIdleTimeTest, afterInput_theTimeCountsFromIt) {
     for (int round = 0; round < 2; ++round) {
         QElapsedTimer sinceBefore;
         sinceBefore.start();
+        int inputs = 0;
+        const Subscription subscription = idleTime->observeInput([&] { ++inputs; });
+        EXPECT_TRUE(idleTime->tellsOfInput());
         ASSERT_TRUE(desk.touch());
+        EXPECT_TRUE(waitFor([&] { return inputs > 0; }));
         QElapsedTimer sinceAfter;
         sinceAfter.start();
         ASSERT_TRUE(waitFor([&] { return idleOf(*idleTime) <= sinceBefore.elapsed(); }));

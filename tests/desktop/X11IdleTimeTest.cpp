@@ -3,7 +3,10 @@
 
 #include "tests/desktop/X11Scene.h"
 
+#include <QCoreApplication>
 #include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -65,6 +68,37 @@ TEST_F(X11IdleTimeTest, eventsThatArriveWhileItAsks_areNotForgotten) {
         asking.read();
         EXPECT_TRUE(waitFor([&] { return scene.frontTitle() == QString::fromLatin1(title); }));
     }
+}
+
+TEST_F(X11IdleTimeTest, inputAfterAPause_isToldAndNoOther) {
+    X11IdleTime told(scene.desktop->connection(), 1000ms);
+    int inputs = 0;
+    const Subscription subscription = told.observeInput([&] { ++inputs; });
+    ASSERT_TRUE(waitFor([&] { return told.tellsOfInput(); }));
+    for (int round = 1; round <= 2; ++round) {
+        ASSERT_TRUE(waitFor([&] { return idle() >= 1500; }));
+        EXPECT_EQ(inputs, round - 1);
+        ASSERT_TRUE(
+            scene.desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("shift")}));
+        EXPECT_TRUE(waitFor([&] { return inputs == round; }));
+        ASSERT_TRUE(
+            scene.desk.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("shift")}));
+        // A round trip: what the server had to tell has been told.
+        idle();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(inputs, round);
+    }
+}
+
+TEST_F(X11IdleTimeTest, aServerThatIsBack_tellsOfInputAgain) {
+    int inputs = 0;
+    const Subscription subscription = idleTime.observeInput([&] { ++inputs; });
+    ASSERT_TRUE(waitFor([&] { return idleTime.tellsOfInput(); }));
+    scene.desk.killDisplay();
+    ASSERT_TRUE(waitFor([&] { return !idleTime.tellsOfInput(); }));
+    EXPECT_EQ(inputs, 1) << "somebody may be there: it must be asked";
+    scene.desk.restartDisplay();
+    EXPECT_TRUE(waitFor([&] { return idleTime.tellsOfInput(); }));
 }
 
 TEST_F(X11IdleTimeTest, aServerThatDied_answersNothing) {

@@ -107,7 +107,19 @@ public:
     QString describe() const override { return QStringLiteral("a fake"); }
 
     // The user touches something now.
-    void touch() { m_lastInput = m_clock.monotonic(); }
+    void touch() {
+        m_lastInput = m_clock.monotonic();
+        if (tells)
+            m_input.tell();
+    }
+
+    // The user touches something all the time, from now on or no more.
+    void setBusy(bool busy) {
+        isBusy = busy;
+        touch();
+    }
+
+    bool tellsOfInput() const override { return tells; }
 
     // As if the last input had been this long ago.
     void setIdle(std::chrono::nanoseconds time) { m_lastInput = m_clock.monotonic() - time; }
@@ -118,6 +130,8 @@ public:
 
     // The user touches something all the time.
     bool isBusy = false;
+    // Whether it tells of input by itself.
+    bool tells = false;
     // What a reading answers instead of the time by the clock.
     std::optional<IdleReading> answer;
     int reads = 0;
