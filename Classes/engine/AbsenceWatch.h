@@ -67,6 +67,9 @@ private:
 
     void credited(const Stretch& stretch) override;
     void absent(Instant since, Instant noticed, Seconds booked) override;
+    std::optional<Instant> awaited() const override {
+        return m_return ? std::optional(m_return->at + kUntilSure) : std::nullopt;
+    }
     void settingsChanged();
     void forget();
     Moment momentOf(Instant instant) const;

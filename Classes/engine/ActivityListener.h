@@ -36,6 +36,9 @@ public:
     // Called before the source looks at another application's windows. The time since the last tick is
     // credited to the application and the window that were in front.
     virtual void creditTimeBeforeSwitch() = 0;
+    // Credits, to what is in front, what the ticks until then would have credited. Whether the user is away does not
+    // change by this.
+    virtual void creditMissedTicks(Instant until) = 0;
     // It has turned out only now that a past period belongs to this application and window. Periods come in
     // order, and before anything later is credited. The window's title may name no document.
     virtual void creditPeriod(const std::optional<QString>& appName,

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class TimeStoreApp;
 class TimeStoreWindow;
@@ -42,4 +43,6 @@ public:
     // the two was an absence: what has already been told of it as work, and what has not been told yet since
     // the last stretch ended. `booked` is what the tree has given to Idle for it, in its own longer seconds.
     virtual void absent(Instant since, Instant noticed, Seconds booked) = 0;
+    // When it must be told what has passed by then, even if nothing happens; absent: whenever something does.
+    virtual std::optional<Instant> awaited() const { return std::nullopt; }
 };

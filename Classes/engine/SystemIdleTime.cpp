@@ -55,6 +55,13 @@ bool SystemIdleTime::hasReachedMinutes(std::int64_t minutes) {
     return isReachedBy(seconds());
 }
 
+Instant SystemIdleTime::canReachMinutesAt(std::int64_t minutes) const {
+    const std::int64_t most = secondsOf(kLongest);
+    const std::chrono::nanoseconds length(std::clamp<std::int64_t>(minutes, 0, most / 60) * 60
+                                          << kSecondShift);
+    return m_last ? Instant(m_last->at - m_last->idle) + length : m_clock.instant();
+}
+
 std::chrono::nanoseconds SystemIdleTime::read() {
     using namespace std::chrono_literals;
     const IdleReading reading = m_source.read();

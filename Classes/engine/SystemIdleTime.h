@@ -27,6 +27,11 @@ public:
     // Whether the user has been idle for at least this many minutes. Asks the display only if that is
     // possible: the idle time cannot have grown by more than the time that has passed since the last answer.
     bool hasReachedMinutes(std::int64_t minutes);
+    // When that can be so at the earliest; may be in the past.
+    Instant canReachMinutesAt(std::int64_t minutes) const;
+    // Calls `hearer` when somebody who has touched nothing for a while does so again, if the desktop tells of it now.
+    Subscription observeInput(News::Hearer hearer) const { return m_source.observeInput(std::move(hearer)); }
+    bool tellsOfInput() const { return m_source.tellsOfInput(); }
 
     // The machine has just woken up, and somebody woke it: idle time counts from now at the earliest.
     // Displays do not know this and still count from the last input before the sleep.

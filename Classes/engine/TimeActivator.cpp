@@ -4,6 +4,8 @@
 #include "Classes/engine/ActivityListener.h"
 #include "Classes/engine/TimeActivatorScreenCapture.h"
 
+#include <algorithm>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -65,9 +67,11 @@ std::optional<QString> TimeActivator::getDocStringNameForName(const std::optiona
     return document.isEmpty() ? std::nullopt : std::optional(document);
 }
 
-TimeActivator::Period TimeActivator::endPeriod() {
+TimeActivator::Period TimeActivator::endPeriod(const std::optional<Instant>& at) {
     const std::optional<Instant> from = m_startDate;
     resetObservations();
+    if (at && m_startDate)
+        m_startDate = std::clamp(*at, from.value_or(*at), *m_startDate);
     return {from, m_startDate.value_or(m_services.clock.instant()), windowTitle()};
 }
 

@@ -35,6 +35,10 @@ class ComputeTarget {
 public:
     virtual ~ComputeTarget() = default;
     virtual void computeTime() = 0;
+    // When the next tick is needed; absent: when something happens. Ticks that come sooner do no harm.
+    virtual std::optional<Instant> neededTick() const { return std::nullopt; }
+    // Whether somebody may be looking at the times.
+    virtual bool isSeen() const { return true; }
 };
 
 // Tells the tracker which application and which of its windows is in front, and keeps the instant from which
@@ -73,16 +77,18 @@ public:
     // The whole title of the front window, cleaned; absent while the application in front has none.
     virtual std::optional<QString> windowTitle() const { return std::nullopt; }
     using Period = CountedPeriod;
-    // Ends the period to credit; the next one begins at the same instant.
-    virtual Period endPeriod();
+    // Ends the period to credit, now or `at` an instant since it began; the next one begins there.
+    virtual Period endPeriod(const std::optional<Instant>& at = {});
     // From now on, nothing waits for a new window to say which program it belongs to: tells the tracker the time that
     // has waited.
     virtual void waitNoLonger() {}
 
-    // With a compute timer, the controller's computeTime() is called ten times a second.
+    // With a compute timer, the controller's computeTime() is called ten times a second, or when it is needed.
     virtual void createComputeTimerForController(ComputeTarget& controller);
     virtual void destroyComputeTimer();
     virtual bool computeTimerIsValid() const;
+    // Credits what steady ticks would have credited so far, where ticks are not steady.
+    virtual void creditMissedTicks() {}
 
     // Opens the desktop's settings where the user grants accessibility.
     void openUniversalAccessPreferences();

@@ -10,9 +10,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kPollInterval = 100ms;
-constexpr auto kPollTolerance = 50ms;
-
 bool isAway(const ApplicationRecord& record) {
     return record.name == kScreenSaverName || record.name == kLoginWindowName;
 }
@@ -24,18 +21,41 @@ std::optional<std::int64_t> processOf(const std::optional<ApplicationRecord>& re
 } // namespace
 
 TimeActivatorScreenCapture::TimeActivatorScreenCapture(ActivityListener& tracker, ActivityServices& services)
-    : TimeActivator(tracker, services) {
-    m_pollTimer =
-        services.runLoop.scheduleRepeating(kPollInterval, kPollTolerance, [this] { fastUpdateWindowName(); });
-}
+    : TimeActivator(tracker, services)
+    , m_ticks(services.runLoop, services.clock,
+              {.tick = [this] { fastUpdateWindowName(); },
+               .look = [this] { return look(); },
+               .credit =
+                   [this](Instant until) {
+                       if (m_updateController && !m_isFirstTickDue && timeTracker())
+                           timeTracker()->creditMissedTicks(until);
+                   },
+               .needed = [this] { return neededTick(); },
+               .isSeen = [this] { return m_updateController && m_updateController->isSeen(); }}) {}
 
 void TimeActivatorScreenCapture::fastUpdateWindowName() {
+    look();
+    m_isFirstTickDue = false;
+    if (m_updateController)
+        m_updateController->computeTime();
+}
+
+std::optional<Instant> TimeActivatorScreenCapture::neededTick() const {
+    if (!m_updateController)
+        return std::nullopt;
+    return m_isFirstTickDue ? services().clock.instant() : m_updateController->neededTick();
+}
+
+bool TimeActivatorScreenCapture::look() {
+    const auto seen = [this] {
+        return std::pair(m_lastUpdateWindowDict ? m_lastUpdateWindowDict->number : 0, m_windowUpdatingName);
+    };
+    const auto before = seen();
     if (m_undecided)
         followUndecided();
     else
         lookAtFront();
-    if (m_updateController)
-        m_updateController->computeTime();
+    return seen() != before;
 }
 
 void TimeActivatorScreenCapture::lookAtFront() {
@@ -93,8 +113,8 @@ void TimeActivatorScreenCapture::followUndecided() {
         appDidChange();
 }
 
-TimeActivator::Period TimeActivatorScreenCapture::endPeriod() {
-    const Period period = TimeActivator::endPeriod();
+TimeActivator::Period TimeActivatorScreenCapture::endPeriod(const std::optional<Instant>& at) {
+    const Period period = TimeActivator::endPeriod(at);
     if (!m_undecided)
         return period;
     m_undecided->add(period);

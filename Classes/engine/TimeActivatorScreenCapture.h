@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/engine/Ticks.h"
 #include "Classes/engine/TimeActivator.h"
 #include "Classes/engine/UndecidedTime.h"
 
-// Follows the front window through the window list, and drives the tick. It polls ten times a second for as
-// long as it exists; while a controller is attached, each poll ends with the controller's computeTime().
+// Follows the front window through the window list, and drives the tick. It polls for as long as it exists, as Ticks
+// says; while a controller is attached, each poll ends with the controller's computeTime().
 // It takes no picture of the screen. While a new window may still say which program it belongs to, the time waits, for
 // as long as the desktop says.
 class TimeActivatorScreenCapture : public TimeActivator {
@@ -22,25 +23,31 @@ public:
     std::optional<QString> buildAppNameForDictionary(const std::optional<ApplicationRecord>& record) override;
     std::optional<ApplicationRecord> appDidChange() override;
     void computeInfoWithAppDict(const std::optional<ApplicationRecord>& record) override;
-    Period endPeriod() override;
+    Period endPeriod(const std::optional<Instant>& at = {}) override;
     void waitNoLonger() override;
     void mainWindowDidChange() override;
     void resetObservations() override { restartPeriod(); }
     std::optional<QString> windowTitle() const override { return m_windowUpdatingName; }
     void createComputeTimerForController(ComputeTarget& controller) override {
+        m_isFirstTickDue = m_isFirstTickDue || !m_updateController;
         m_updateController = &controller;
     }
     void destroyComputeTimer() override { m_updateController = nullptr; }
     bool computeTimerIsValid() const override { return m_updateController != nullptr; }
+    void creditMissedTicks() override { m_ticks.creditMissed(); }
     bool isAXEnabled() override { return true; }
     bool trackDocumentTiming() const override { return true; }
 
+    // When it polls.
+    const Ticks& ticks() const { return m_ticks; }
     // The last title seen of the front window, which is what windowTitle() answers.
     const std::optional<QString>& windowUpdatingName() const { return m_windowUpdatingName; }
     // The last entry seen of the front window. The next poll is compared with it.
     const std::optional<WindowListEntry>& lastUpdateWindowDict() const { return m_lastUpdateWindowDict; }
 
 private:
+    std::optional<Instant> neededTick() const;
+    bool look();
     void lookAtFront();
     void followUndecided();
     // The time that has waited belongs to this program.
@@ -69,5 +76,7 @@ private:
     std::optional<UndecidedTime> m_undecided;
     // Not owned. Set while there is a compute timer.
     ComputeTarget* m_updateController = nullptr;
-    std::unique_ptr<RunLoopTimer> m_pollTimer;
+    // There was none until now: no tick has missed what passed meanwhile.
+    bool m_isFirstTickDue = false;
+    Ticks m_ticks;
 };

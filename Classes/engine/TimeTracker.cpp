@@ -164,6 +164,24 @@ void TimeTracker::creditTimeBeforeSwitch() {
     creditSoFar();
 }
 
+void TimeTracker::creditMissedTicks(Instant until) {
+    if (!m_isRunning)
+        return;
+    const std::lock_guard guard(m_timers.lock());
+    if (m_timeActivator->trackDocumentTiming() && !m_wasIdle)
+        lookAtWindow();
+    creditSoFar(until);
+}
+
+std::optional<Instant> TimeTracker::awaited() const {
+    std::optional<Instant> first;
+    m_listeners->forEach([&](const StretchListener* listener) {
+        if (const auto at = listener->awaited(); at && (!first || *at < *first))
+            first = at;
+    });
+    return first;
+}
+
 void TimeTracker::updateDisplayTime(bool idle) {
     const std::lock_guard guard(m_timers.lock());
     // While the timer is stopped, no absence begins.
@@ -182,8 +200,8 @@ void TimeTracker::updateDisplayTime(bool idle) {
     creditSoFar();
 }
 
-void TimeTracker::creditSoFar() {
-    if (const auto stretch = stretchOf(m_timeActivator->endPeriod()))
+void TimeTracker::creditSoFar(const std::optional<Instant>& until) {
+    if (const auto stretch = stretchOf(m_timeActivator->endPeriod(until)))
         credit(*stretch);
 }
 

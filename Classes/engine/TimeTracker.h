@@ -48,10 +48,13 @@ public:
                       const std::optional<WindowElement>& mainWindowName,
                       const std::optional<QString>& documentName, const CountedPeriod& period) override;
     void creditTimeBeforeSwitch() override;
+    void creditMissedTicks(Instant until) override;
     bool isIdle() const override { return m_wasIdle; }
 
     // The listener is told every stretch for as long as the subscription lives, and must outlive it.
     Subscription listen(StretchListener& listener) { return m_listeners->add(&listener); }
+    // When the first listener awaits a stretch; absent if none does.
+    std::optional<Instant> awaited() const;
 
     // The tick.
     void updateDisplayTime(bool idle);
@@ -166,8 +169,8 @@ private:
     // The only door for work: gives the stretch to its window, then to its application, and then tells it.
     // Does nothing if no time has passed.
     void credit(const Stretch& stretch);
-    // Credits the time since the last credit to what is in front.
-    void creditSoFar();
+    // Credits the time since the last credit, up to now or to `until`, to what is in front.
+    void creditSoFar(const std::optional<Instant>& until = {});
     std::optional<Stretch> stretchOf(const TimeActivator::Period& period) const;
     void lookAtWindow();
     bool adopt(const std::optional<QString>& appName, const std::optional<WindowElement>& element,

@@ -11,6 +11,8 @@ namespace {
 
 constexpr auto kHeartbeatInterval = 15s;
 constexpr auto kHeartbeatTolerance = 1s;
+// So that a clock that is set, or a sleep that nobody announces, puts no more than this at a wrong time of the day.
+constexpr auto kLongestUntold = 60s;
 
 const QString kImageStart = QStringLiteral("ToolbarStart");
 const QString kImagePause = QStringLiteral("ToolbarPause");
@@ -26,6 +28,10 @@ TimerControl::TimerControl(TimeTracker& tracker, TrackerServices& services, Time
     m_heartbeat =
         runLoop.scheduleRepeating(kHeartbeatInterval, kHeartbeatTolerance, [this] { ticklogHeartbeat(); });
     m_firstHeartbeat = runLoop.scheduleOnce(0s, [this] { ticklogHeartbeat(); });
+    m_returns = services.idleTime.observeInput([this] {
+        if (m_tracker.isIdle() && computeTimerIsValid())
+            computeTime();
+    });
 }
 
 TimerControl::~TimerControl() {
@@ -62,6 +68,7 @@ void TimerControl::stopTimer() {
 }
 
 void TimerControl::halt() {
+    m_tracker.timeActivator().creditMissedTicks();
     destroyComputeTimer();
     m_tracker.setIsRunning(false);
     m_display.showToggle(kImageStart, localized("Start"));
@@ -73,6 +80,27 @@ void TimerControl::halt() {
 void TimerControl::computeTime() {
     m_tracker.updateDisplayTime(isIdle());
     refreshDisplay();
+}
+
+std::optional<Instant> TimerControl::neededTick() const {
+    std::optional<Instant> first = m_display.nextTurn();
+    if (!isRunning())
+        return first;
+    const auto untold = m_tracker.timeActivator().startDate();
+    for (const std::optional<Instant> other :
+         {m_tracker.awaited(), nextLookAtUser(), untold ? std::optional(*untold + kLongestUntold) : untold})
+        if (other && (!first || *other < *first))
+            first = other;
+    return first;
+}
+
+std::optional<Instant> TimerControl::nextLookAtUser() const {
+    const Instant now = m_services.activity.clock.instant();
+    if (!m_services.defaults.boolForKey(kEnableIdleDetection))
+        return m_tracker.isIdle() ? std::optional(now) : std::nullopt;
+    if (m_tracker.isIdle())
+        return m_services.idleTime.tellsOfInput() ? std::nullopt : std::optional(now);
+    return m_services.idleTime.canReachMinutesAt(m_services.defaults.integerForKey(kMinutesUntilIdle));
 }
 
 void TimerControl::refreshDisplay() {

@@ -17,6 +17,8 @@ public:
     // Called at every tick.
     virtual void refreshTimeSum() = 0;
     virtual void updateMenus() = 0;
+    // When a time that is shown grows by a second, if things stay as they are; absent while none can be seen.
+    virtual std::optional<Instant> nextTurn() const { return std::nullopt; }
 };
 
 // Starts and stops the timer. At every tick it tells the tracker whether the user is idle. The timer is
@@ -40,6 +42,8 @@ public:
 
     // One tick.
     void computeTime() override;
+    std::optional<Instant> neededTick() const override;
+    bool isSeen() const override { return m_display.nextTurn().has_value(); }
     // Shows the sum and the menus anew after the tree has changed. Credits nothing: a tick here could book an
     // absence to timers that have only just been loaded.
     void refreshDisplay();
@@ -68,6 +72,8 @@ public:
 
 private:
     void halt();
+    // When it must be asked whether the user is away, or is back; absent if the desktop tells.
+    std::optional<Instant> nextLookAtUser() const;
 
     TimeTracker& m_tracker;
     TrackerServices& m_services;
@@ -76,6 +82,7 @@ private:
     // The timer ran when the machine went to sleep.
     bool m_wasRunning = false;
     Subscription m_sleeps;
+    Subscription m_returns;
     std::unique_ptr<RunLoopTimer> m_heartbeat;
     std::unique_ptr<RunLoopTimer> m_firstHeartbeat;
 };

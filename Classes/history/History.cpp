@@ -18,7 +18,8 @@ using Trouble = AccountTrouble::Kind;
 namespace {
 
 // Together with the time that a write takes, a crash never costs more than fifteen seconds.
-constexpr auto kBetweenWrites = 14'500ms;
+constexpr auto kBetweenWrites = 14'400ms;
+constexpr auto kWriteTolerance = 1s;
 constexpr Seconds kMostMissing = 10;
 constexpr auto kBetweenTries = 60s;
 constexpr auto kBetweenTriesWhileBusy = 1s;
@@ -412,7 +413,7 @@ void History::storeIsPlaced(const QByteArray& content) {
 
 void History::newsHasCome() {
     if (!m_nextWrite && m_recorder.hasNews())
-        m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenWrites, [this] { write(); });
+        writeLater();
 }
 
 std::int64_t History::now() const {
@@ -423,8 +424,15 @@ std::optional<HistoryAge> History::age() const {
     return m_days > 0 ? std::optional(HistoryAge{.now = now(), .kept = m_days * kDay}) : std::nullopt;
 }
 
+void History::writeLater() {
+    m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenWrites, kWriteTolerance, [this] { write(); });
+}
+
 void History::write() {
     m_nextWrite.reset();
+    // Nothing else may tell that time goes on: ticks come when they are needed.
+    if (m_listening && m_services.tracker.isRunning() && !m_services.tracker.isIdle())
+        writeLater();
     // Waiting rows will be joined, so the recorder must not change them any more.
     if (m_writer.waiting() > kManyWaiting)
         m_recorder.settle();
@@ -486,7 +494,7 @@ void History::told(const HistoryKeeper::Report& report) {
         if (report.isStrange && m_listening)
             beginAnew();
         if (report.isToEmpty && !m_nextWrite)
-            m_nextWrite = m_services.runLoop.scheduleOnce(kBetweenWrites, [this] { write(); });
+            writeLater();
         return trouble.end(Trouble::HistoryUnwritten);
     }
     if (!isSaid)

@@ -120,6 +120,7 @@ private:
     void change(HistoryChange::Any what);
     void tellForgotten(const HistoryChange::Later& what);
     std::optional<HistoryAge> age() const;
+    void writeLater();
     void write();
     void noteWhetherHeldUp();
     void newsHasCome();

@@ -66,6 +66,13 @@ void ShownSum::refresh() {
     if (areOthers)
         m_rows = rowsToSum(0);
     const Seconds time = timeOf(*m_rows);
+    const TimeStoreApp* counted = m_tracker.activeStoreApp();
+    if (const Seconds soFar = counted ? counted->activeTime() : 0; areOthers || soFar != m_lastCounted) {
+        m_isGrowing = areOthers || counted != m_counted || m_lastTime < time;
+        m_counted = counted;
+        m_lastCounted = soFar;
+    }
+    m_lastTime = time;
     const double second = std::floor(time);
     const SumMode mode = m_rows->mode;
     if (!areOthers && second == m_lastSecond)
@@ -84,6 +91,10 @@ QString ShownSum::caption(SumMode mode) const {
     if (mode == SumMode::Project && m_project.isRest())
         return localized("No Project");
     return sumCaption(mode, m_rows->isTotal ? leftOutOfTotal() : QStringList());
+}
+
+std::optional<Seconds> ShownSum::untilTurn() const {
+    return m_isGrowing ? std::optional(m_lastSecond + 1 - m_lastTime) : std::nullopt;
 }
 
 // As people know them; those of which no second is shown are not missed.

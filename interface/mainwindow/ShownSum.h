@@ -32,6 +32,8 @@ public:
     // Shows the sum if it has changed by a second or is of another kind. Does nothing while the window cannot
     // be seen.
     void refresh();
+    // For how long the sum that is shown stays the same second, if it goes on growing; absent if it does not grow.
+    std::optional<Seconds> untilTurn() const;
     // `kind` 0 asks for the sum as shown, 1 for the sum of all timers, 2 for the sum as shown, in words. With
     // `outMode` answers the time alone, without it a caption of two lines.
     QString text(int kind, SumMode* outMode) const;
@@ -57,4 +59,10 @@ private:
     SumMode m_lastMode = SumMode::None;
     QString m_lastCaption;
     double m_lastSecond = -1;
+    Seconds m_lastTime = 0;
+    // Whether it grew when the program in front last did; true as long as that is not known.
+    bool m_isGrowing = true;
+    // That program, only to be compared, and its time then.
+    const void* m_counted = nullptr;
+    Seconds m_lastCounted = 0;
 };

@@ -18,6 +18,16 @@
 #include <QApplication>
 #include <QLineEdit>
 
+#include <cmath>
+
+namespace {
+
+Seconds untilNextSecond(Seconds time) {
+    return std::floor(time) + 1 - time;
+}
+
+} // namespace
+
 TKController::TKController(Platform& platform, Alerts& alerts, SystemIdleTime::Exit exit,
                            const TimeTracker::MakeActivator& makeActivator)
     : m_platform(platform)
@@ -270,6 +280,24 @@ void TKController::refreshTimeSum() {
     if (m_sidebarTimes)
         m_sidebarTimes->refresh();
     m_obstacle.show();
+}
+
+// The rows that are counted, and the sum, each turn at a moment of their own.
+std::optional<Instant> TKController::nextTurn() const {
+    const TimeTracker& tracker = m_engine.tracker();
+    if (!tracker.isRunning() || (!m_window.isSeen() && !m_appDelegate.isMenuOpen()))
+        return std::nullopt;
+    const std::optional<Instant> counted = tracker.timeActivator().startDate();
+    Seconds rest = 1;
+    for (const TimeStoreNode* node : {static_cast<TimeStoreNode*>(tracker.activeStoreApp()),
+                                      static_cast<TimeStoreNode*>(tracker.activeStoreWindow())})
+        if (node)
+            rest = std::min(rest, untilNextSecond(node->activeTime()));
+    if (const auto ofSum = m_shown.sum().untilTurn())
+        rest = std::min(rest, *ofSum);
+    return counted.value_or(m_platform.clock.instant()) +
+           std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(rest)) +
+           std::chrono::milliseconds(1);
 }
 
 void TKController::showLastReset() {

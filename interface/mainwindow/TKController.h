@@ -150,6 +150,7 @@ public:
     void showRecordingBadge(bool isRecording) override;
     void updateMenuIconState() override { m_appDelegate.updateMenuIconState(); }
     void updateMenus() override { m_appDelegate.updateMenus(); }
+    std::optional<Instant> nextTurn() const override;
 
 private:
     void makeControllers();

@@ -49,6 +49,7 @@ public:
 
     // Called at every tick, and when the timer starts or stops.
     void updateMenus() { m_statusMenu.updateMenus(); }
+    bool isMenuOpen() const { return m_statusMenu.displayingAppMenu(); }
 
     void updateMenuIconState() { m_presence.updateMenuIconState(); }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/Day.h"
 
+#include "Classes/engine/TimeActivatorScreenCapture.h"
+
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
@@ -24,6 +26,13 @@ QString keyOf(const WindowListEntry& entry) {
 
 } // namespace
 
+Day::Day(Ticking ticking)
+    : TestEngine({}, ticking == Ticking::OnDemand) {}
+
+const Ticks& Day::ticks() const {
+    return dynamic_cast<const TimeActivatorScreenCapture&>(tracker.timeActivator()).ticks();
+}
+
 void Day::front(const char* application, const char* title) {
     arrange(application, title);
     fakes.frontApplication.switchTo(recordOf(application));
@@ -35,6 +44,7 @@ void Day::frontUndecided(const char* application, const char* title) {
 }
 
 void Day::turnOut(const char* application, const char* program) {
+    fakes.runLoop.wake();
     ApplicationRecord record = recordOf(application);
     record.name = QString::fromUtf8(program);
     for (WindowListEntry& window : fakes.windowList.windows)
@@ -49,6 +59,7 @@ void Day::frontSilently(const char* application, const char* title) {
 }
 
 void Day::retitle(const char* title) {
+    fakes.runLoop.wake();
     auto& front = fakes.windowList.windows.at(0);
     const auto number = m_numbers.take(keyOf(front));
     front.name = QString::fromUtf8(title);
@@ -56,24 +67,28 @@ void Day::retitle(const char* title) {
 }
 
 void Day::seconds(double time) {
-    fakes.idleTime.isBusy = true;
+    fakes.runLoop.wake();
+    fakes.idleTime.setBusy(true);
     advance(time);
-    fakes.idleTime.isBusy = false;
-    fakes.idleTime.touch();
+    fakes.idleTime.setBusy(false);
 }
 
 void Day::asleep(double time) {
+    fakes.runLoop.wake();
     fakes.power.aboutToSleep();
     fakes.clock.sleepFor(nanoseconds(time));
+    fakes.runLoop.wake();
     fakes.idleTime.touch();
     fakes.power.wake();
 }
 
 void Day::freeze(const char* application, const char* title) {
+    fakes.runLoop.wake();
     tracker.branchNode(node(application, title));
 }
 
 void Day::remove(const char* application, const char* title) {
+    fakes.runLoop.wake();
     tracker.removeUUIDs({node(application, title).uuid().value()});
 }
 
@@ -135,6 +150,7 @@ std::int64_t Day::numberOf(const QString& key) {
 }
 
 void Day::arrange(const char* application, const char* title) {
+    fakes.runLoop.wake();
     auto& windows = fakes.windowList.windows;
     const auto process = recordOf(application).processIdentifier;
     if (!title) {

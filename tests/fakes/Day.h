@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Classes/engine/Ticks.h"
 #include "tests/fakes/TestEngine.h"
 
 #include <QMap>
@@ -17,11 +18,24 @@
 // The clock stands at 9:00 on 5 January 2026 and passes only as told, with a tick every 0.1 seconds.
 class Day : public TestEngine {
 public:
-    using TestEngine::TestEngine;
+    // Ten times a second, or as the program does where the loop tells of its waits.
+    enum class Ticking { Steady, OnDemand };
 
-    void start() { control.startTimer(); }
+    explicit Day(Ticking ticking = Ticking::Steady);
+    explicit Day(const TimeTracker::MakeActivator& makeActivator)
+        : TestEngine(makeActivator) {}
 
-    void stop() { control.stopTimer(); }
+    const Ticks& ticks() const;
+
+    void start() {
+        fakes.runLoop.wake();
+        control.startTimer();
+    }
+
+    void stop() {
+        fakes.runLoop.wake();
+        control.stopTimer();
+    }
 
     // An application comes to the front with one of its windows, or without any. Its other windows stay
     // behind.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/FakePlatform.h"
 
-FakePlatform::FakePlatform() {
+FakePlatform::FakePlatform(bool tellsOfWaits) {
+    runLoop.tellsOfWaits = tellsOfWaits;
     defaults.registerDefaults(registeredDefaults(folders.applicationSupport));
 }
 

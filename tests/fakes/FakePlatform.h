@@ -14,7 +14,8 @@
 // All services of the desktop as fakes, with a temporary home. The settings are real and have the registered
 // defaults. What is built on it must be destroyed first.
 struct FakePlatform {
-    FakePlatform();
+    // `tellsOfWaits`: whether the loop does.
+    explicit FakePlatform(bool tellsOfWaits = false);
     ~FakePlatform();
 
     QTemporaryDir home;

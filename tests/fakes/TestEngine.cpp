@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/TestEngine.h"
 
-TestEngine::TestEngine(const TimeTracker::MakeActivator& makeActivator)
-    : tracker(trackerServices, makeActivator) {}
+TestEngine::TestEngine(const TimeTracker::MakeActivator& makeActivator, bool tellsOfWaits)
+    : fakes(tellsOfWaits)
+    , tracker(trackerServices, makeActivator) {}
 
 TestEngine::~TestEngine() = default;

@@ -34,7 +34,8 @@ public:
 
 // The whole engine, real from the tracker down to the settings file, on fake desktop services.
 struct TestEngine {
-    explicit TestEngine(const TimeTracker::MakeActivator& makeActivator = {});
+    // `tellsOfWaits`: the loop does, so ticks come when they are needed.
+    explicit TestEngine(const TimeTracker::MakeActivator& makeActivator = {}, bool tellsOfWaits = false);
     ~TestEngine();
 
     FakePlatform fakes;

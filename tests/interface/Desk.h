@@ -28,7 +28,11 @@ inline QString textOf(const QAbstractItemModel& model, const QModelIndex& parent
 
 // A person with Ticklog's window, on fake desktop services. Time passes only as told.
 struct Desk {
-    Desk() { fakes.idleTime.isBusy = true; }
+    // `tellsOfWaits`: the loop does, so ticks come when they are needed.
+    explicit Desk(bool tellsOfWaits = false)
+        : fakes(tellsOfWaits) {
+        fakes.idleTime.isBusy = true;
+    }
 
     void show() {
         controller.displayMainWindow();

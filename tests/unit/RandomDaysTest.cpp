@@ -20,6 +20,8 @@ constexpr double kPrecision = 0.31;
 constexpr double kIdlePrecision = 1.39;
 // For the sum: the time since the last tick is lost when the timer stops.
 constexpr double kTotalPrecision = 0.11;
+// The same where ticks do not keep step with the switches: a window that says its program late makes two of them.
+constexpr double kTotalPrecisionOnDemand = 0.21;
 
 std::string frozenAs(const QString& name) {
     const qsizetype dated = name.indexOf(QLatin1String(" (Frozen "));
@@ -33,8 +35,9 @@ bool namesDocument(const char* title) {
 
 class RandomDay {
 public:
-    RandomDay(unsigned seed, bool hasTitleRows)
+    RandomDay(unsigned seed, bool hasTitleRows, Day::Ticking ticking = Day::Ticking::Steady)
         : m_hasTitleRows(hasTitleRows)
+        , m_ticking(ticking)
         , m_random(seed) {
         launch();
     }
@@ -48,6 +51,8 @@ public:
         else if (more > 1)
             // At least until the next check, or nobody would notice that somebody was there.
             work((1 + pick(600)) / 10.0);
+        // Whoever asks for the account is an event as well.
+        m_day->fakes.runLoop.wake();
         return what;
     }
 
@@ -89,7 +94,8 @@ public:
 
 private:
     void launch() {
-        m_day = std::make_unique<Day>();
+        m_day = std::make_unique<Day>(m_ticking);
+        m_day->fakes.idleTime.tells = true;
         m_day->fakes.defaults.setObject(kMinutesUntilIdle, 1);
         m_day->fakes.defaults.setObject(kRowForEachTitle, m_hasTitleRows);
         m_day->advance(0);
@@ -117,9 +123,15 @@ private:
 
     void stall() {
         const double time = pick(3000) / 10.0;
+        // Until a tick is due, nobody can tell a stall from a wait.
+        m_day->advance(0);
+        const auto due = m_day->ticks().due();
+        const double waited = due ? std::min(time, secondsBetween(m_day->fakes.clock.instant(), *due)) : 0;
         m_day->stall(time);
         m_day->advance(0);
-        plain.stalled(time);
+        m_day->fakes.runLoop.wake();
+        plain.away(waited);
+        plain.stalled(time - waited);
     }
 
     void front(const char* name, const char* title) {
@@ -133,6 +145,7 @@ private:
         m_day->fakes.frontApplication.switchTo(m_day->fakes.frontApplication.record, true);
         plain.front(name, namesDocument(title));
         away(0.1 * (1 + pick(9)));
+        m_day->fakes.runLoop.wake();
         m_day->fakes.frontApplication.switchTo(m_day->fakes.frontApplication.record);
     }
 
@@ -226,6 +239,7 @@ private:
     }
 
     std::string happen() {
+        m_day->fakes.runLoop.wake();
         switch (pick(17)) {
         case 0:
             m_day->start();
@@ -285,13 +299,14 @@ private:
     }
 
     bool m_hasTitleRows;
+    Day::Ticking m_ticking;
     std::mt19937 m_random;
     std::unique_ptr<Day> m_day;
     PlainDay m_savedPlain;
     PropertyListArray m_saved;
 };
 
-void expectSame(const PlainDay::Account& account, const PlainDay::Account& expected,
+void expectSame(const PlainDay::Account& account, const PlainDay::Account& expected, double totalPrecision,
                 const std::string& what) {
     PlainDay::Account difference = account;
     for (const auto& [name, time] : expected)
@@ -301,12 +316,13 @@ void expectSame(const PlainDay::Account& account, const PlainDay::Account& expec
         EXPECT_NEAR(time, 0, name == "Idle" ? kIdlePrecision : kPrecision) << what << ": " << name;
         total += time;
     }
-    EXPECT_NEAR(total, 0, kTotalPrecision + std::abs(difference["Idle"])) << what << ": all together";
+    EXPECT_NEAR(total, 0, totalPrecision + std::abs(difference["Idle"])) << what << ": all together";
 }
 
 class RandomDaysTest : public testing::TestWithParam<unsigned> {
 protected:
-    static void expectTruth(unsigned firstSeed, bool hasTitleRows);
+    static void expectTruth(unsigned firstSeed, bool hasTitleRows,
+                            Day::Ticking ticking = Day::Ticking::Steady);
 };
 
 TEST_P(RandomDaysTest, whateverHappens_nothingIsLostAndNothingIsBookedTwice) {
@@ -317,15 +333,24 @@ TEST_P(RandomDaysTest, withARowForEachTitle_theSumsAreTheSame) {
     expectTruth(GetParam(), true);
 }
 
-void RandomDaysTest::expectTruth(unsigned firstSeed, bool hasTitleRows) {
+TEST_P(RandomDaysTest, withTicksOnDemand_theAccountIsTheSame) {
+    expectTruth(GetParam(), false, Day::Ticking::OnDemand);
+}
+
+TEST_P(RandomDaysTest, withTicksOnDemandAndARowForEachTitle_theSumsAreTheSame) {
+    expectTruth(GetParam(), true, Day::Ticking::OnDemand);
+}
+
+void RandomDaysTest::expectTruth(unsigned firstSeed, bool hasTitleRows, Day::Ticking ticking) {
     const unsigned days = unsigned(qEnvironmentVariableIntValue("TICKLOG_RANDOM_DAYS"));
+    const double total = ticking == Day::Ticking::Steady ? kTotalPrecision : kTotalPrecisionOnDemand;
     for (unsigned seed = firstSeed; seed <= std::max(firstSeed, days); seed += 20) {
-        RandomDay day(seed, hasTitleRows);
+        RandomDay day(seed, hasTitleRows, ticking);
         for (int step = 0; step < kStepsADay && !HasFailure(); ++step) {
             const std::string what =
                 day.live() + " at step " + std::to_string(step) + " of day " + std::to_string(seed);
-            expectSame(day.applications(), day.plain.applications(), what + ", applications");
-            expectSame(day.windows(), day.plain.windows(), what + ", windows");
+            expectSame(day.applications(), day.plain.applications(), total, what + ", applications");
+            expectSame(day.windows(), day.plain.windows(), total, what + ", windows");
             EXPECT_GE(day.leastTime(), 0) << what;
             EXPECT_TRUE(day.failures().isEmpty()) << what << qPrintable(day.failures().join(u'\n'));
             day.plain.adopt(day.applications(), day.windows());

@@ -111,6 +111,21 @@ TEST_F(SystemIdleTimeTest, aShorterThreshold_asksAtOnceIfItCanBeReached) {
     EXPECT_TRUE(m_idleTime.hasReachedMinutes(5));
 }
 
+TEST_F(SystemIdleTimeTest, theEarliestMoment_isWhenTheNextQuestionCanBeAnsweredWithYes) {
+    EXPECT_EQ(m_idleTime.canReachMinutesAt(1), m_clock.instant()) << "nothing is known yet";
+    m_source.setIdle(10s);
+    EXPECT_FALSE(m_idleTime.hasReachedMinutes(1));
+    const Instant at = m_idleTime.canReachMinutesAt(1);
+    m_clock.advance(at - m_clock.instant() - 1ns);
+    EXPECT_FALSE(m_idleTime.hasReachedMinutes(1));
+    m_clock.advance(1ns);
+    EXPECT_TRUE(m_idleTime.hasReachedMinutes(1));
+    EXPECT_LE(m_idleTime.canReachMinutesAt(1), m_clock.instant());
+    EXPECT_LE(m_idleTime.canReachMinutesAt(-5), m_clock.instant());
+    EXPECT_GT(m_idleTime.canReachMinutesAt(std::numeric_limits<std::int64_t>::max()),
+              m_clock.instant() + std::chrono::years(40));
+}
+
 TEST_F(SystemIdleTimeTest, aReadingNearItsLimit_doesNotWrapRound) {
     m_source.answer = std::chrono::nanoseconds::max();
     EXPECT_TRUE(m_idleTime.hasReachedMinutes(5));
