@@ -239,6 +239,7 @@ int run(QApplication& application, SingleInstance& instance, const QStringList& 
         return EXIT_SUCCESS;
     }
     // However else the loop ended, saves what was credited since the last save.
+    controller.tracker().waitNoLonger();
     controller.saveSettingsToDisk();
     history.finish();
     return EXIT_SUCCESS;

@@ -66,6 +66,7 @@ private:
     };
 
     void credited(const Stretch& stretch) override;
+    void waits(const Stretch& stretch) override { credited(stretch); }
     void absent(Instant since, Instant noticed, Seconds booked) override;
     std::optional<Instant> awaited() const override {
         return m_return ? std::optional(m_return->at + kUntilSure) : std::nullopt;

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 // A period to credit.
 struct CountedPeriod {
@@ -15,6 +16,15 @@ struct CountedPeriod {
     Instant to;
     // The whole title of the front window, cleaned; absent while the application in front has none.
     std::optional<QString> title;
+};
+
+// A period and whose it is.
+struct NamedPeriod {
+    std::optional<QString> appName;
+    std::optional<WindowElement> window;
+    // The window's title may name none.
+    std::optional<QString> documentName;
+    CountedPeriod period;
 };
 
 // An activity source tells this listener what is in front; the tracker is one. It outlives the source, or
@@ -39,11 +49,12 @@ public:
     // Credits, to what is in front, what the ticks until then would have credited. Whether the user is away does not
     // change by this.
     virtual void creditMissedTicks(Instant until) = 0;
-    // It has turned out only now that a past period belongs to this application and window. Periods come in
-    // order, and before anything later is credited. The window's title may name no document.
-    virtual void creditPeriod(const std::optional<QString>& appName,
-                              const std::optional<WindowElement>& mainWindowName,
-                              const std::optional<QString>& documentName, const CountedPeriod& period) = 0;
+    // A period has passed, but not all of it is known: so far it would be this one's. It is credited later, by
+    // creditPeriods().
+    virtual void letWait(const NamedPeriod& soFar) = 0;
+    // All that waits turns out to be these periods, which are in order of time. Others may have been credited
+    // since.
+    virtual void creditPeriods(const std::vector<NamedPeriod>& periods) = 0;
     // Whether the user is away; then the source tells no switch.
     virtual bool isIdle() const = 0;
 };

@@ -42,6 +42,16 @@ public:
     void setWindow(const std::shared_ptr<TimeStoreWindow>& window);
     void forgetApp() { m_app.reset(); }
     void forgetWindow() { m_window.reset(); }
+    // The two, for whoever gives time to others and then goes on.
+    struct Counted {
+        std::weak_ptr<TimeStoreApp> app;
+        std::weak_ptr<TimeStoreWindow> window;
+    };
+    Counted counted() const { return {m_app, m_window}; }
+    void setCounted(const Counted& counted) {
+        m_app = counted.app;
+        setWindow(counted.window.lock());
+    }
     // If `gone` is one of the two, `heir` is from now on.
     void passOn(TimeStoreNode& gone, TimeStoreNode& heir);
 

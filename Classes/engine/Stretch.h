@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 class TimeStoreApp;
 class TimeStoreWindow;
@@ -43,6 +44,11 @@ public:
     // the two was an absence: what has already been told of it as work, and what has not been told yet since
     // the last stretch ended. `booked` is what the tree has given to Idle for it, in its own longer seconds.
     virtual void absent(Instant since, Instant noticed, Seconds booked) = 0;
+    // It is not known yet whose this stretch is, and no timer has got it: so far it would be that of this program,
+    // which is in no tree. Told in order of time among the others.
+    virtual void waits(const Stretch&) {}
+    // All that has waited turns out to be these stretches, in order of time; the tree has got them now.
+    virtual void turnedOut(const std::vector<Stretch>&) {}
     // When it must be told what has passed by then, even if nothing happens; absent: whenever something does.
     virtual std::optional<Instant> awaited() const { return std::nullopt; }
 };

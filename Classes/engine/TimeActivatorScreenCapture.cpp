@@ -10,10 +10,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-bool isAway(const ApplicationRecord& record) {
-    return record.name == kScreenSaverName || record.name == kLoginWindowName;
-}
-
 std::optional<std::int64_t> processOf(const std::optional<ApplicationRecord>& record) {
     return record ? std::optional(record->processIdentifier) : std::nullopt;
 }
@@ -51,11 +47,16 @@ bool TimeActivatorScreenCapture::look() {
         return std::pair(m_lastUpdateWindowDict ? m_lastUpdateWindowDict->number : 0, m_windowUpdatingName);
     };
     const auto before = seen();
-    if (m_undecided)
+    const bool isLeft = m_undecided && m_undecided->isLeft(services().clock.instant());
+    if (isLeft)
+        giveUp();
+    if (isWaiting())
         followUndecided();
+    else if (mayTurnOut())
+        appDidChange();
     else
         lookAtFront();
-    return seen() != before;
+    return isLeft || seen() != before;
 }
 
 void TimeActivatorScreenCapture::lookAtFront() {
@@ -72,25 +73,25 @@ void TimeActivatorScreenCapture::lookAtFront() {
     }
 }
 
-std::optional<ApplicationRecord> TimeActivatorScreenCapture::appDidChange() {
+bool TimeActivatorScreenCapture::mayTurnOut() const {
     const FrontApplication& desktop = services().frontApplication;
-    const std::optional<ApplicationRecord> record = desktop.activeApplication();
+    return desktop.isUndecided() && desktop.activeApplication() && timeTracker() && !timeTracker()->isIdle();
+}
+
+std::optional<ApplicationRecord> TimeActivatorScreenCapture::appDidChange() {
+    const std::optional<ApplicationRecord> record = services().frontApplication.activeApplication();
     const WindowListEntry* front = frontWindowOf(processOf(record));
-    const bool mayTurnOut = record && desktop.isUndecided() && timeTracker() && !timeTracker()->isIdle();
-    const bool isSame = m_undecided && m_undecided->isAbout(record, front);
-    const bool isBetween =
-        timeTracker() && m_undecided && !isSame && !mayTurnOut && record && !isAway(*record);
+    const bool isToWait = mayTurnOut();
     // What has passed until now belongs to what was in front.
-    if (timeTracker() && (m_undecided || mayTurnOut))
+    if (timeTracker() && (m_undecided || isToWait))
         timeTracker()->creditTimeBeforeSwitch();
-    if (isBetween && !m_undecided->isLeft(services().clock.instant())) {
-        m_undecided->leaveFor(*record, front, services().clock.instant());
-        return record;
-    }
-    if (m_undecided && !isSame)
-        decide(m_undecided->soFar());
-    if (!mayTurnOut) {
-        decide(record);
+    if (m_undecided && isToWait && !m_undecided->isOf(*record, front))
+        giveUp();
+    if (!isToWait) {
+        if (m_undecided && record && m_undecided->isSettledBy(*record, front))
+            decide(*record);
+        else if (m_undecided)
+            m_undecided->leave(services().clock.instant());
         return TimeActivator::appDidChange();
     }
     // No name: whoever asks meanwhile whom to credit leaves it as it is.
@@ -104,10 +105,8 @@ std::optional<ApplicationRecord> TimeActivatorScreenCapture::appDidChange() {
 
 // Notices what the desktop has not told.
 void TimeActivatorScreenCapture::followUndecided() {
-    const FrontApplication& desktop = services().frontApplication;
-    const auto& record = desktop.activeApplication();
-    const bool isFollowed = desktop.isUndecided() && record == m_undecided->soFar();
-    if (isFollowed && record == m_undecided->program())
+    const auto& record = services().frontApplication.activeApplication();
+    if (mayTurnOut() && record == m_undecided->soFar())
         m_undecided->follow(*record, frontWindowOf(processOf(record)));
     else
         appDidChange();
@@ -115,36 +114,54 @@ void TimeActivatorScreenCapture::followUndecided() {
 
 TimeActivator::Period TimeActivatorScreenCapture::endPeriod(const std::optional<Instant>& at) {
     const Period period = TimeActivator::endPeriod(at);
-    if (!m_undecided)
+    if (!isWaiting())
         return period;
-    m_undecided->add(period);
+    if (period.from && *period.from < period.to) {
+        UndecidedTime::Piece piece = m_undecided->add(period);
+        piece.period.from = period.from;
+        if (timeTracker())
+            timeTracker()->letWait(periodOf(m_undecided->soFar(), piece));
+    }
     return {std::nullopt, period.to, std::nullopt};
 }
 
 void TimeActivatorScreenCapture::waitNoLonger() {
     if (!m_undecided)
         return;
-    decide(m_undecided->soFar());
+    const bool wasInFront = isWaiting();
+    giveUp();
+    if (!wasInFront)
+        return;
     setCurrentAppName(buildAppNameForDictionary(services().frontApplication.activeApplication()));
     fastUpdateWindowNameForPID(processOf(services().frontApplication.activeApplication()));
 }
 
-void TimeActivatorScreenCapture::decide(const std::optional<ApplicationRecord>& record) {
-    if (!m_undecided)
-        return;
+void TimeActivatorScreenCapture::giveUp() {
+    const auto said = m_undecided->saidBy(services().windowList.onScreenWindows());
+    decide(said ? *said : ApplicationRecord(m_undecided->soFar()));
+}
+
+void TimeActivatorScreenCapture::decide(const ApplicationRecord& record) {
     const UndecidedTime undecided = *std::exchange(m_undecided, std::nullopt);
-    for (const auto& [between, window, period] : undecided.pieces()) {
-        const auto name = TimeActivator::buildAppNameForDictionary(between ? between : record);
-        if (!timeTracker() || !name)
-            continue;
-        // A window without a title is called like its program.
-        const std::optional<QString> title =
-            allowedTitle(*name, window ? window->name.value_or(*name) : QString());
-        const std::optional<QString> known = window ? title : std::nullopt;
-        const auto element = window ? std::optional(WindowElement(window->number)) : std::nullopt;
-        timeTracker()->creditPeriod(title ? name : kPrivateName, element, getDocStringNameForName(known),
-                                    {period.from, period.to, known});
-    }
+    std::vector<NamedPeriod> periods;
+    for (const UndecidedTime::Piece& piece : undecided.pieces())
+        periods.push_back(periodOf(record, piece));
+    if (timeTracker() && !periods.empty())
+        timeTracker()->creditPeriods(periods);
+}
+
+NamedPeriod TimeActivatorScreenCapture::periodOf(const ApplicationRecord& record,
+                                                 const UndecidedTime::Piece& piece) {
+    const auto& [window, period] = piece;
+    const auto name = TimeActivator::buildAppNameForDictionary(record);
+    // A window without a title is called like its program.
+    const std::optional<QString> title =
+        name ? allowedTitle(*name, window ? window->name.value_or(*name) : QString()) : std::nullopt;
+    const std::optional<QString> known = window ? title : std::nullopt;
+    return {title || !name ? name : kPrivateName,
+            window ? std::optional(WindowElement(window->number)) : std::nullopt,
+            getDocStringNameForName(known),
+            {period.from, period.to, known}};
 }
 
 void TimeActivatorScreenCapture::fastUpdateWindowNameForPID(std::optional<std::int64_t> processIdentifier) {
@@ -210,7 +227,7 @@ void TimeActivatorScreenCapture::computeInfoWithAppDict(const std::optional<Appl
 }
 
 void TimeActivatorScreenCapture::mainWindowDidChange() {
-    if (m_undecided)
+    if (isWaiting())
         return;
     const auto& record = services().frontApplication.activeApplication();
     const std::optional<QString> name = buildAppNameForDictionary(record);

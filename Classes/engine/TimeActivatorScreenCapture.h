@@ -49,9 +49,16 @@ private:
     std::optional<Instant> neededTick() const;
     bool look();
     void lookAtFront();
+    // Whether what is in front may still turn out to be another program.
+    bool mayTurnOut() const;
+    // Whether the time that passes waits for that.
+    bool isWaiting() const { return m_undecided && m_undecided->isInFront(); }
     void followUndecided();
     // The time that has waited belongs to this program.
-    void decide(const std::optional<ApplicationRecord>& record);
+    void decide(const ApplicationRecord& record);
+    // Nothing better has turned out in front.
+    void giveUp();
+    NamedPeriod periodOf(const ApplicationRecord& record, const UndecidedTime::Piece& piece);
     void setWindowUpdatingName(const std::optional<QString>& title);
     // Null when the application has none.
     const WindowListEntry* frontWindowOf(std::optional<std::int64_t> processIdentifier) const;
@@ -72,7 +79,7 @@ private:
         std::optional<QString> allowed;
     };
     Gate m_gate;
-    // What has passed since an undecided program came to the front.
+    // What has passed with an undecided program in front.
     std::optional<UndecidedTime> m_undecided;
     // Not owned. Set while there is a compute timer.
     ComputeTarget* m_updateController = nullptr;

@@ -95,15 +95,40 @@ void TimeTracker::mainWindowDidChangeToAppName(const std::optional<QString>& app
         creditSoFar();
 }
 
-void TimeTracker::creditPeriod(const std::optional<QString>& appName,
-                               const std::optional<WindowElement>& mainWindowName,
-                               const std::optional<QString>& documentName, const CountedPeriod& period) {
-    const std::lock_guard guard(m_timers.lock());
-    if (!m_isRunning || m_wasIdle)
+void TimeTracker::letWait(const NamedPeriod& soFar) {
+    const auto& [name, element, document, period] = soFar;
+    if (!m_isRunning || m_wasIdle || !name || !period.from)
         return;
-    adopt(appName, mainWindowName, documentName);
-    if (const auto stretch = stretchOf(period))
-        credit(*stretch);
+    // A node of its own, so that nobody sees a program that may turn out to be none. The names find its identity.
+    if (!m_waiting || !m_waiting->isNamed(*name))
+        m_waiting = std::make_shared<TimeStoreApp>(m_services.store, *name);
+    const Stretch stretch{*period.from,
+                          period.to,
+                          m_waiting,
+                          m_waiting->windowStoreForName(document, std::nullopt),
+                          period.title.value_or(QString()),
+                          Presence::Work};
+    m_listeners->forEach([&](StretchListener* listener) { listener->waits(stretch); });
+}
+
+void TimeTracker::creditPeriods(const std::vector<NamedPeriod>& periods) {
+    const std::lock_guard guard(m_timers.lock());
+    const CountedTimers::Counted inFront = m_timers.counted();
+    std::vector<Stretch> stretches;
+    for (const auto& [name, element, document, period] : periods) {
+        if (!m_isRunning || m_wasIdle || !name)
+            continue;
+        adopt(name, element, document);
+        if (const auto stretch = stretchOf(period)) {
+            addTimeOf(*stretch);
+            stretches.push_back(*stretch);
+        }
+    }
+    // Without a name, they are what is in front.
+    if (m_timeActivator->currentAppName())
+        m_timers.setCounted(inFront);
+    m_waiting.reset();
+    m_listeners->forEach([&](StretchListener* listener) { listener->turnedOut(stretches); });
 }
 
 // Answers whether there is a window to credit.
@@ -218,11 +243,15 @@ std::optional<Stretch> TimeTracker::stretchOf(const TimeActivator::Period& perio
 void TimeTracker::credit(const Stretch& stretch) {
     if (stretch.from >= stretch.to)
         return;
-    updateActiveTimeInStore(stretch.window.get(), stretch.from, stretch.to);
-    updateActiveTimeInStore(stretch.program.get(), stretch.from, stretch.to);
+    addTimeOf(stretch);
     if (stretch.presence == Presence::Idle)
         m_idleBookings.add(stretch.from, stretch.to);
     m_listeners->forEach([&](StretchListener* listener) { listener->credited(stretch); });
+}
+
+void TimeTracker::addTimeOf(const Stretch& stretch) {
+    updateActiveTimeInStore(stretch.window.get(), stretch.from, stretch.to);
+    updateActiveTimeInStore(stretch.program.get(), stretch.from, stretch.to);
 }
 
 void TimeTracker::updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start,

@@ -44,9 +44,8 @@ public:
                                       const std::optional<WindowElement>& mainWindowName,
                                       const std::optional<QString>& documentName) override;
     void renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) override;
-    void creditPeriod(const std::optional<QString>& appName,
-                      const std::optional<WindowElement>& mainWindowName,
-                      const std::optional<QString>& documentName, const CountedPeriod& period) override;
+    void letWait(const NamedPeriod& soFar) override;
+    void creditPeriods(const std::vector<NamedPeriod>& periods) override;
     void creditTimeBeforeSwitch() override;
     void creditMissedTicks(Instant until) override;
     bool isIdle() const override { return m_wasIdle; }
@@ -66,7 +65,8 @@ public:
     void setCurrentApp(const std::optional<QString>& name) { m_timers.setCurrentApp(name); }
     void resetInternalTimes();
     void awakeFromSleep();
-    // Credits what waits for a new window to say which program it belongs to. For whoever writes the timers.
+    // Credits what waits for a new window to say which program it belongs to, for whoever ends the counting. Who
+    // writes the timers need not: the history keeps what waits.
     void waitNoLonger() { m_timeActivator->waitNoLonger(); }
 
     // The sum over all applications, in seconds. Leaves out Ticklog itself and Idle where the settings say
@@ -169,6 +169,7 @@ private:
     // The only door for work: gives the stretch to its window, then to its application, and then tells it.
     // Does nothing if no time has passed.
     void credit(const Stretch& stretch);
+    void addTimeOf(const Stretch& stretch);
     // Credits the time since the last credit, up to now or to `until`, to what is in front.
     void creditSoFar(const std::optional<Instant>& until = {});
     std::optional<Stretch> stretchOf(const TimeActivator::Period& period) const;
@@ -196,6 +197,8 @@ private:
         new Listeners<StretchListener*>};
     bool m_isRunning = false;
     bool m_wasIdle = false;
+    // The program that waits, as it would be so far. In no tree.
+    std::shared_ptr<TimeStoreApp> m_waiting;
     // Asks what is in front, in order to credit the time itself.
     bool m_isLooking = false;
     std::unique_ptr<TimeActivator> m_timeActivator;

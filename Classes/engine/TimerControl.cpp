@@ -170,6 +170,7 @@ void TimerControl::willPowerOff() {
         m_services.defaults.setObject(kStartTicklogOnNextLaunch, true);
         m_services.defaults.synchronize();
     }
+    m_tracker.waitNoLonger();
     m_save();
     destroyComputeTimer();
 }

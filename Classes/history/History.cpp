@@ -48,11 +48,21 @@ public:
     void credited(const Stretch& stretch) override {
         HistoryRecorder& recorder = m_history.m_recorder;
         recorder.credited(stretch);
-        if (std::exchange(m_lastSerial, recorder.lastSerial()) != recorder.lastSerial()) {
-            note(stretch.program->uuid());
-            if (stretch.window)
-                note(stretch.window->uuid());
-        }
+        if (std::exchange(m_lastSerial, recorder.lastSerial()) != recorder.lastSerial())
+            noteTimersOf(stretch);
+        m_history.newsHasCome();
+    }
+
+    void waits(const Stretch& stretch) override {
+        m_history.m_recorder.waits(stretch);
+        noteTimersOf(stretch);
+        m_history.newsHasCome();
+    }
+
+    void turnedOut(const std::vector<Stretch>& stretches) override {
+        m_history.m_recorder.turnedOut(stretches);
+        for (const Stretch& stretch : stretches)
+            noteTimersOf(stretch);
         m_history.newsHasCome();
     }
 
@@ -66,6 +76,12 @@ public:
     }
 
 private:
+    void noteTimersOf(const Stretch& stretch) {
+        note(stretch.program->uuid());
+        if (stretch.window)
+            note(stretch.window->uuid());
+    }
+
     void note(const std::optional<Identity>& identity) {
         if (identity)
             m_history.m_sinceThen.insert(*identity);
@@ -123,6 +139,8 @@ std::vector<HistoryRow> History::unwritten() const {
     ordered.reserve(rows.size());
     for (auto& [serial, row] : rows)
         ordered.push_back(std::move(row));
+    // What has turned out late is numbered late.
+    std::ranges::stable_sort(ordered, {}, &HistoryRow::start);
     return ordered;
 }
 
@@ -241,6 +259,7 @@ void History::settingsChanged() {
             if (const auto forgotten = known.lock())
                 forgotten->removed.reset();
         HistoryBatch unwanted;
+        m_recorder.turnedOut({});
         m_recorder.settle();
         m_recorder.takeInto(unwanted);
         m_writer.removeFile();
@@ -402,6 +421,8 @@ void History::storeIsRead(const QByteArray& content) {
 void History::storeIsWhole(const QByteArray& content) {
     m_recorder.takeInto(m_writer.next());
     m_writer.noteStore(HistoryChange::StoreWhole{content, m_recorder.beginGeneration()});
+    // What waits is not in it either.
+    m_recorder.takeInto(m_writer.next());
 }
 
 void History::storeIsPlaced(const QByteArray& content) {

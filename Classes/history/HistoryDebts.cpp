@@ -56,7 +56,7 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
         debts.m_generation = std::max<std::int64_t>(since, 0);
         for (SqliteQuery row(file,
                              "SELECT generation, application, program, window, document, length FROM owed "
-                             "WHERE generation >= ? AND generation < ?",
+                             "WHERE generation >= ? AND generation < ? AND length > 0",
                              since, end);
              row.next();) {
             const auto window = Identity::fromBytes(row.bytes(3));

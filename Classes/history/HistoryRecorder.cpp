@@ -6,6 +6,7 @@
 #include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimeStoreWindow.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace std::chrono_literals;
@@ -49,16 +50,72 @@ void HistoryRecorder::holdAnchor(Instant since) {
 void HistoryRecorder::credited(const Stretch& stretch) {
     if (extend(stretch))
         return;
-    const bool isIdle = stretch.presence == Presence::Idle;
-    Who who{.program = stretch.program->name(),
-            .title = steady(stretch.title),
-            .timer = {stretch.program->uuid(), stretch.window ? stretch.window->uuid() : std::nullopt},
-            .presence = isIdle ? RowPresence::Idle : RowPresence::Work};
-    if (isIdle)
+    const Who who = whoOf(stretch);
+    if (who.presence == RowPresence::Idle)
         m_idleTimer = who.timer;
     owe(stretch);
     holdAnchor(stretch.from);
     append(stretch.from, stretch.to, *m_anchor, who);
+}
+
+HistoryRecorder::Who HistoryRecorder::whoOf(const Stretch& stretch) {
+    const bool isIdle = stretch.presence == Presence::Idle;
+    return {.program = stretch.program->name(),
+            .title = steady(stretch.title),
+            .timer = {stretch.program->uuid(), stretch.window ? stretch.window->uuid() : std::nullopt},
+            .presence = isIdle ? RowPresence::Idle : RowPresence::Work};
+}
+
+void HistoryRecorder::waits(const Stretch& stretch) {
+    settleDebt();
+    m_application = {.generation = 0,
+                     .program = stretch.program->name(),
+                     .window = {},
+                     .timer = {stretch.program->uuid(), std::nullopt}};
+    m_waiting[m_application] += stretch.to - stretch.from;
+    if (stretch.window) {
+        OwedTime window = m_application;
+        window.window = stretch.window->name();
+        window.timer.window = stretch.window->uuid();
+        m_waiting[window] += stretch.to - stretch.from;
+    }
+    // What is credited next does not go on with this.
+    m_application = {};
+    holdAnchor(stretch.from);
+    append(stretch.from, stretch.to, *m_anchor, whoOf(stretch), true);
+}
+
+void HistoryRecorder::turnedOut(const std::vector<Stretch>& stretches) {
+    settleDebt();
+    for (const Stretch& stretch : stretches)
+        owe(stretch);
+    settleDebt();
+    m_application = {};
+    m_waiting.clear();
+    m_hasNews = true;
+    for (Span& span : m_spans) {
+        if (!std::exchange(span.isWaiting, false))
+            continue;
+        const Instant middle = span.from + (span.to - span.from) / 2;
+        const auto stretch =
+            std::ranges::find_if(stretches, [&](const Stretch& each) { return each.to > middle; });
+        if (stretch != stretches.end())
+            give(span, whoOf(*stretch));
+    }
+}
+
+// Rows that are written keep their values, except for the length.
+void HistoryRecorder::give(Span& span, const Who& who) {
+    if (span.who == who)
+        return;
+    span.who = who;
+    if (!span.isHandedOver)
+        return;
+    HistoryRow gone = rowOf(span);
+    gone.length = 0;
+    m_settled.insert_or_assign(span.serial, std::move(gone));
+    span.serial = ++m_lastSerial;
+    m_settled.insert_or_assign(span.serial, rowOf(span));
 }
 
 bool HistoryRecorder::extend(const Stretch& stretch) {
@@ -85,14 +142,15 @@ const QString& HistoryRecorder::steady(const QString& title) {
     return m_steadyTitle;
 }
 
-void HistoryRecorder::append(Instant from, Instant to, const Anchor& anchor, const Who& who) {
+void HistoryRecorder::append(Instant from, Instant to, const Anchor& anchor, const Who& who, bool isWaiting) {
     if (!m_spans.empty() && m_spans.back().anchor == anchor && from - m_spans.back().to < kBetweenReadings)
         from = m_spans.back().to;
     while (from < to) {
         const bool isSameAgain = m_isOpen && m_spans.back().who == who && m_spans.back().to == from;
-        if (!goesOn(from, anchor, who))
+        if (!goesOn(from, anchor, who) || m_spans.back().isWaiting != isWaiting)
             begin(from, anchor, who);
         Span& span = m_spans.back();
+        span.isWaiting = isWaiting;
         span.to = std::min(to, span.end);
         span.hasChanged = true;
         m_hasNews = m_hasNews || !isSameAgain || who.presence == RowPresence::Work;
@@ -122,7 +180,8 @@ void HistoryRecorder::begin(Instant at, const Anchor& anchor, const Who& who) {
                        .offset = offset,
                        .who = who,
                        .isHandedOver = false,
-                       .hasChanged = true});
+                       .hasChanged = true,
+                       .isWaiting = false});
     m_isOpen = true;
 }
 
@@ -203,7 +262,10 @@ void HistoryRecorder::takeInto(HistoryBatch& batch) {
     for (const auto& [to, time] : m_owed)
         batch.owed[to] += std::chrono::round<std::chrono::milliseconds>(time).count();
     m_owed.clear();
-    batch.settledBefore = m_spans.empty() ? m_lastSerial + 1 : m_spans.front().serial;
+    tellWaitingDebt(batch.owed);
+    // What has turned out late got a new number.
+    const auto first = std::ranges::min_element(m_spans, {}, &Span::serial);
+    batch.settledBefore = first == m_spans.end() ? m_lastSerial + 1 : first->serial;
     m_hasNews = false;
     // Who has come to another zone may have the same window in front. To ask at each tick or row would be to ask
     // the disk.
@@ -288,4 +350,17 @@ void HistoryRecorder::settleDebt() {
         return;
     m_window->generation = m_generation;
     m_owed[*m_window] += time;
+}
+
+// It is owed to the store of the present generation, whichever it was owed to before.
+void HistoryRecorder::tellWaitingDebt(std::map<OwedTime, std::int64_t>& owed) {
+    for (const auto& [to, told] : std::exchange(m_waitingTold, {}))
+        owed[to] -= told;
+    for (const auto& [soFar, time] : m_waiting) {
+        OwedTime to = soFar;
+        to.generation = m_generation;
+        const auto told = std::chrono::round<std::chrono::milliseconds>(time).count();
+        m_waitingTold[to] = told;
+        owed[to] += told;
+    }
 }

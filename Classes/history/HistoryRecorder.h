@@ -18,6 +18,9 @@ public:
 
     void credited(const Stretch& stretch) override;
     void absent(Instant since, Instant noticed, Seconds booked) override;
+    // Makes rows of what waits, which are others when it has turned out, and owes it to whom it would be so far.
+    void waits(const Stretch& stretch) override;
+    void turnedOut(const std::vector<Stretch>& stretches) override;
 
     // The serial number of the row that was begun last.
     std::uint64_t lastSerial() const { return m_lastSerial; }
@@ -71,15 +74,18 @@ private:
         Who who;
         bool isHandedOver;
         bool hasChanged;
+        bool isWaiting;
     };
 
     // Nearly every stretch goes on with the last one, ten times a second: the way that touches least.
     // Answers whether it did.
     bool extend(const Stretch& stretch);
     void holdAnchor(Instant since);
-    void append(Instant from, Instant to, const Anchor& anchor, const Who& who);
+    Who whoOf(const Stretch& stretch);
+    void append(Instant from, Instant to, const Anchor& anchor, const Who& who, bool isWaiting = false);
     bool goesOn(Instant at, const Anchor& anchor, const Who& who) const;
     void begin(Instant at, const Anchor& anchor, const Who& who);
+    void give(Span& span, const Who& who);
     // The changed spans are always the last ones.
     std::size_t firstChanged() const;
     const QString& steady(const QString& title);
@@ -87,6 +93,7 @@ private:
     bool isOwedToSame(const Stretch& stretch) const;
     void owe(const Stretch& stretch);
     void settleDebt();
+    void tellWaitingDebt(std::map<OwedTime, std::int64_t>& owed);
     static HistoryRow rowOf(const Span& span);
 
     const Clock& m_clock;
@@ -112,4 +119,7 @@ private:
     std::optional<OwedTime> m_window;
     std::chrono::nanoseconds m_running{};
     std::map<OwedTime, std::chrono::nanoseconds> m_owed;
+    // What waits is owed as well, but not for good: what of it was handed over is taken back, to the millisecond.
+    std::map<OwedTime, std::chrono::nanoseconds> m_waiting;
+    std::map<OwedTime, std::int64_t> m_waitingTold;
 };

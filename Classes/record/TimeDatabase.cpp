@@ -117,8 +117,6 @@ void TimeDatabase::tellWhetherExposed(const QString& location) {
 }
 
 Outcome TimeDatabase::saveSettingsToDiskAtURL(const std::optional<QString>& location) {
-    // This may be the last time.
-    m_tracker.waitNoLonger();
     const auto writeContent = [&](PropertyListSink& sink) {
         sink.beginDictionary();
         sink.key(kDatabaseVersion);
