@@ -18,37 +18,46 @@ public:
     // For a dialogue of a window that is not there yet: somebody has to answer it first.
     static constexpr std::chrono::milliseconds kLengthBeforeParent{60'000};
 
-    // `over` is called when a moment that was asked for is over. The loop outlives this object.
-    FirstMoments(RunLoop& runLoop, std::function<void()> over)
+    // `askAgain` asks the desktop what is in front, when a moment has lasted long enough: this process may have been
+    // kept waiting and not have heard what a window has said. The loop outlives this object.
+    FirstMoments(RunLoop& runLoop, std::function<void()> askAgain)
         : m_runLoop(runLoop)
-        , m_over(std::move(over)) {}
+        , m_askAgain(std::move(askAgain)) {}
 
     // Windows up to this one have been there before.
     void skip(std::int64_t window) { m_old = std::max(m_old, window); }
 
     // This window is in front. Answers whether this is still its first moment, which begins with the first question and
-    // takes this long.
-    bool include(std::int64_t window, std::chrono::milliseconds length) {
+    // takes this long, and longer if an answer of the desktop is missing then, which `isAnswerOwed` says.
+    bool include(std::int64_t window, std::chrono::milliseconds length, bool isAnswerOwed) {
         if (window <= m_old)
             return false;
         if (window != m_window)
             skip(std::min(m_window, window - 1));
         if (window != m_window || length > m_length)
-            m_timer = m_runLoop.scheduleOnce(length, [this, window] {
-                skip(window);
-                m_over();
-            });
+            begin(length);
         m_length = window == m_window ? std::max(m_length, length) : length;
         m_window = window;
-        return true;
+        if (m_isLongEnough && !isAnswerOwed)
+            skip(window);
+        return window > m_old;
     }
 
 private:
+    void begin(std::chrono::milliseconds length) {
+        m_isLongEnough = false;
+        m_timer = m_runLoop.scheduleOnce(length, [this] {
+            m_isLongEnough = true;
+            m_askAgain();
+        });
+    }
+
     RunLoop& m_runLoop;
-    std::function<void()> m_over;
+    std::function<void()> m_askAgain;
     // The newest window whose moment is over.
     std::int64_t m_old = 0;
     std::int64_t m_window = 0;
     std::chrono::milliseconds m_length{};
+    bool m_isLongEnough = false;
     std::unique_ptr<RunLoopTimer> m_timer;
 };

@@ -3,9 +3,9 @@
 
 void FollowedDesktop::settleFront(const std::optional<Front>& front, bool isAnswerOwed) {
     if (front)
-        bringToFront(*front);
+        bringToFront(*front, isAnswerOwed);
     else if (activeApplication() != nothingInFront() && m_emptyMoment.isOver(isAnswerOwed))
-        bringToFront(desktopInFront());
+        bringToFront(desktopInFront(), false);
     if (m_isStale)
         showAnew(activeApplication(), isUndecided());
 }
@@ -15,12 +15,13 @@ void FollowedDesktop::forgetFront() {
     m_frontWindow = 0;
 }
 
-void FollowedDesktop::bringToFront(const Front& front) {
+void FollowedDesktop::bringToFront(const Front& front, bool isAnswerOwed) {
     m_emptyMoment.end();
     // Windows that were there before Ticklog have said what they had to say.
     if (!activeApplication())
         m_firstMoments.skip(m_lastNumber);
-    const bool mayTurnOut = front.undecided && m_firstMoments.include(front.undecided, front.moment);
+    const bool mayTurnOut =
+        front.undecided && m_firstMoments.include(front.undecided, front.moment, isAnswerOwed);
     m_isStale |= std::exchange(m_frontWindow, front.window) != front.window ||
                  activeApplication() != front.application || isUndecided() != mayTurnOut;
     if (m_isStale)

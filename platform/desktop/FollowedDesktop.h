@@ -42,7 +42,7 @@ protected:
     void forgetFront();
 
 private:
-    void bringToFront(const Front& front);
+    void bringToFront(const Front& front, bool isAnswerOwed);
     void showAnew(const std::optional<ApplicationRecord>& front, bool isUndecided);
 
     // The moment in which nothing is in front and nobody has been told.

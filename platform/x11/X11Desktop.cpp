@@ -291,6 +291,8 @@ void X11Desktop::findApplication(Client& client) const {
     const bool isOwn = process == ::getpid() && (!isInFlatpak() || window.classes().contains(kOwnClass));
     client.application = recordOf(process, window.classes(), isOwn);
     client.isInstalled = isOwn || desktopEntries().knows(window.classes());
+    client.isNamed = client.isInstalled ||
+                     desktopEntries().nameForWindow(window.classes(), client.application.path).has_value();
 }
 
 // The window that says which program this one belongs to: for a dialogue, the window that it was opened for, if that
@@ -307,15 +309,32 @@ const X11Desktop::Client& X11Desktop::speakerFor(const Client& dialogue) const {
     return *speaker;
 }
 
+// An office suite asks how to read a file before the window for it is there.
+bool X11Desktop::isBeforeItsWindow(const Client& dialogue) const {
+    const xcb_window_t parent = dialogue.window.transientFor();
+    return m_manager && parent && parent != m_connection->root() && !m_numbers.contains(parent);
+}
+
+// Such a dialogue's window may never come. It is no program of its own for that: where no entry has a name for it, it is
+// of its process's foremost window that says it is of an installed program.
+const ApplicationRecord& X11Desktop::applicationOf(const Client& speaker) const {
+    if (speaker.isNamed || !isBeforeItsWindow(speaker))
+        return speaker.application;
+    for (const xcb_window_t window : m_frontToBack)
+        if (const Client* known = client(window);
+            known && known->window.isKnown() && known->isInstalled &&
+            known->application.processIdentifier == speaker.application.processIdentifier)
+            return known->application;
+    return speaker.application;
+}
+
 FollowedDesktop::Front X11Desktop::frontOf(const Client& active) const {
     const Client& speaker = speakerFor(active);
-    Front front{.window = active.number, .application = speaker.application};
+    Front front{.window = active.number, .application = applicationOf(speaker)};
     if (speaker.isInstalled)
         return front;
     front.undecided = speaker.number;
-    // An office suite asks how to read a file before the window for it is there.
-    const xcb_window_t parent = speaker.window.transientFor();
-    if (m_manager && parent && parent != m_connection->root() && !m_numbers.contains(parent))
+    if (isBeforeItsWindow(speaker))
         front.moment = FirstMoments::kLengthBeforeParent;
     return front;
 }
@@ -341,7 +360,7 @@ std::vector<WindowListEntry> X11Desktop::listed() const {
         const Client* listed = client(window);
         if (!listed || !listed->window.isKnown() || listed->window.isHidden())
             continue;
-        const ApplicationRecord& application = speakerFor(*listed).application;
+        const ApplicationRecord& application = applicationOf(speakerFor(*listed));
         entries.push_back({listed->number, application.processIdentifier,
                            listed->window.kind() == X11Window::Kind::Ordinary, listed->window.title(),
                            application.name});

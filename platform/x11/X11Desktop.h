@@ -40,6 +40,8 @@ private:
         ApplicationRecord application;
         // Whether its class is that of an installed program, so that nothing better can come.
         bool isInstalled = false;
+        // Whether an installed program at all gave it its name, such as that which starts its process.
+        bool isNamed = false;
     };
 
     X11Desktop(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, DesktopEntries& entries);
@@ -66,6 +68,8 @@ private:
     void findApplication(Client& client) const;
     const Client& speakerFor(const Client& client) const;
     Front frontOf(const Client& active) const;
+    bool isBeforeItsWindow(const Client& dialogue) const;
+    const ApplicationRecord& applicationOf(const Client& speaker) const;
     void updateFront();
     std::vector<WindowListEntry> listed() const override;
 

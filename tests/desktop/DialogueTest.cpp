@@ -151,7 +151,8 @@ TEST_P(DialogueTest, aDialogueBeforeItsWindow_waitsForIt) {
     hidden.isMapped = false;
     const xcb_window_t sheet = program().open(hidden);
     const xcb_window_t question = openDialogue(suite("Text Import"), sheet);
-    EXPECT_SEEN(scene(), "Soffice: Text Import");
+    EXPECT_SEEN(scene(), "Suite Writer: Text Import");
+    EXPECT_TRUE(isUndecided()) << "what it is for says it better";
     timers.advance(10 * FirstMoments::kLength);
     EXPECT_TRUE(isUndecided());
     program().destroy(question);

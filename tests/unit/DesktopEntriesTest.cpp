@@ -211,7 +211,7 @@ TEST_F(DesktopEntriesTest, theIconInTheMenu_comesBeforeThatOfAPart) {
 // As an office suite is installed: the menu's command is a link to a script, which starts the program beside it.
 TEST_F(DesktopEntriesTest, aProgramBehindALink_isThatOfTheEntryWithoutOptions) {
     install(QStringLiteral("shared/applications/writer.desktop"), "Name=Writer\nExec=office --writer %U\n");
-    install(QStringLiteral("shared/applications/suite.desktop"), "Name=Suite\nExec=office %U\n");
+    install(QStringLiteral("shared/applications/start.desktop"), "Name=Suite\nExec=office %U\n");
     QDir().mkpath(folder.filePath(QStringLiteral("bin")));
     QFile script(folder.filePath(QStringLiteral("bin/suite")));
     ASSERT_TRUE(script.open(QFile::WriteOnly) && script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
@@ -220,6 +220,9 @@ TEST_F(DesktopEntriesTest, aProgramBehindALink_isThatOfTheEntryWithoutOptions) {
     qputenv("PATH", folder.filePath(QStringLiteral("bin")).toUtf8());
     EXPECT_EQ(name("Suite", "/usr/lib/suite.bin"), QStringLiteral("Suite"));
     EXPECT_EQ(name("suite", "/usr/lib/suite"), QStringLiteral("Suite"));
+    EXPECT_EQ(name("Suite", "/usr/bin/python3"), QStringLiteral("Suite"));
+    EXPECT_EQ(name("Suite", ""), QStringLiteral("Suite"));
+    EXPECT_EQ(name("Suite", "/usr/bin/gimp"), QStringLiteral("none"));
     EXPECT_EQ(name("Other", "/usr/lib/suite.bin"), QStringLiteral("none"));
     EXPECT_EQ(name("other", "/usr/lib/other"), QStringLiteral("none"));
     qputenv("PATH", path);

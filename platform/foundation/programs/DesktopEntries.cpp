@@ -173,7 +173,13 @@ std::optional<QString> DesktopEntries::find(const QStringList& classes, const QS
                 return m_entries[*entry].name;
         }
     }
-    if (program.isEmpty() || isOnPurpose || runsOtherPrograms(program))
+    if (isOnPurpose)
+        return std::nullopt;
+    // A suite's windows have the name of its program as their class until they have one of their own.
+    for (const QString& windowClass : classes)
+        if (const Entry* behind = entryBehind(windowClass.toCaseFolded()))
+            return behind->name;
+    if (program.isEmpty() || runsOtherPrograms(program))
         return std::nullopt;
     if (const auto entry = m_byExecutable.constFind(program); entry != m_byExecutable.constEnd())
         return m_entries[*entry].name;
