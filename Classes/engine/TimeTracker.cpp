@@ -2,6 +2,7 @@
 #include "Classes/engine/TimeTracker.h"
 
 #include "Classes/common/Settings.h"
+#include "Classes/engine/SteadyRows.h"
 #include "Classes/engine/SystemIdleTime.h"
 #include "Classes/rules/RuleCategories.h"
 #include "Classes/rules/SteadyTitle.h"
@@ -28,6 +29,7 @@ TimeTracker::TimeTracker(TrackerServices& services, const MakeActivator& makeAct
     , m_timers(services.store, *this)
     , m_categories(std::make_unique<RuleCategories>())
     , m_titleRows(std::make_unique<TitleRows>())
+    , m_steadyRows(std::make_unique<SteadyRows>())
     , m_lastResetDate(now())
     , m_countingSince(instant()) {
     m_timeActivator = makeActivator ? makeActivator(*this, services.activity)
@@ -150,10 +152,12 @@ bool TimeTracker::adopt(const std::optional<QString>& appName, const std::option
 
 std::shared_ptr<TimeStoreWindow> TimeTracker::rowFor(TimeStoreApp& app, const std::optional<QString>& title,
                                                      const std::optional<WindowElement>& element) const {
-    if (title && element && m_titleRows->areFor(app.name()))
-        if (const auto row = app.windowOfElement(*element); row && isAnotherTitle(row->name(), *title))
-            app.forgetElement(*element);
-    return app.windowStoreForName(title, element);
+    if (!title || !element || !m_titleRows->areFor(app.name()))
+        return app.windowStoreForName(title, element);
+    if (const auto row = app.windowOfElement(*element); row && !isAnotherTitle(row->name(), *title))
+        return row;
+    app.forgetElement(*element);
+    return m_steadyRows->rowFor(app, *title, *element);
 }
 
 void TimeTracker::renameWindowToName(const std::optional<QString>& newName, const WindowElement& window) {
@@ -363,5 +367,6 @@ void TimeTracker::setCutoffTime(float cutoffTime) {
 void TimeTracker::userDefaultsChanged() {
     const PropertyListValue ruleset = m_services.defaults.object(kRulesetKey);
     m_categories->read(ruleset);
+    m_steadyRows->forget();
     m_titleRows->read(ruleset, m_services.defaults.boolForKey(kRowForEachTitle));
 }

@@ -16,6 +16,7 @@ class Freezing;
 class IncomingTimers;
 class PastTitles;
 class RuleCategories;
+class SteadyRows;
 class TimeStoreCategory;
 class TitleRows;
 
@@ -58,7 +59,7 @@ public:
     // The tick.
     void updateDisplayTime(bool idle);
     // Adds the time from `start` to `end`, or else to now, to the node. Does nothing without a node or a
-    // start. In the program only credit() calls it.
+    // start. In the program only addTimeOf() calls it.
     void updateActiveTimeInStore(TimeStoreNode* node, const std::optional<Instant>& start,
                                  const std::optional<Instant>& end = {});
     // Finds or makes the application to credit. Without a name the current one stays.
@@ -188,6 +189,7 @@ private:
     CountedTimers m_timers;
     std::unique_ptr<RuleCategories> m_categories;
     std::unique_ptr<TitleRows> m_titleRows;
+    std::unique_ptr<SteadyRows> m_steadyRows;
     Date m_lastResetDate;
     // When the timer was last started or the timers were last cleared, whichever is later. No absence from
     // before is booked.

@@ -3,6 +3,7 @@
 
 #include "Classes/rules/RuleCategories.h"
 #include "Classes/rules/TitleRows.h"
+#include "platform/foundation/text/LocalizedStrings.h"
 
 #include <algorithm>
 
@@ -57,7 +58,8 @@ QString Ruleset::description(const QString& name, const PropertyListDictionary& 
         text += QStringLiteral(" \u21D2 ") + rule.rename;
     if (rule.categories.size() >= 2)
         text += QStringLiteral(" (") + rule.categories + u')';
-    return text;
+    return rule.rowForEachTitle ? localized("%@: a row for each title").replace(QStringLiteral("%@"), text)
+                                : text;
 }
 
 void Ruleset::save(const std::optional<QString>& originalName, const QString& name, const Rule& rule,

@@ -12,6 +12,12 @@ inline const QString kRuleRename = QStringLiteral("Rename");
 inline const QString kRuleEnableRename = QStringLiteral("EnableRename");
 inline const QString kRuleActive = QStringLiteral("Active");
 
+// Without "Active", or if that is no number, a rule is active.
+inline bool isActiveRule(const PropertyListDictionary& record) {
+    const PropertyListValue& active = record.value(kRuleActive);
+    return !active.number() || active.toBool();
+}
+
 // What the user wants for one application. An entry that is missing or of the wrong type counts as false or
 // empty.
 struct Rule {
@@ -39,7 +45,7 @@ public:
     QStringList names() const;
     // Empty for a rule that does not exist.
     PropertyListDictionary record(const QString& name) const;
-    // "Mail ⇒ Work (office, letters)".
+    // "Mail ⇒ Work (office, letters)", in the user's language: "Mail: a row for each title".
     static QString description(const QString& name, const PropertyListDictionary& record);
 
     // Stores the rule under `name`, which may be empty, in place of the rule `originalName` if that is given.

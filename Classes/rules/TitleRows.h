@@ -13,7 +13,8 @@ inline const QString kRuleRowForEachTitle = QStringLiteral("RowForEachTitle");
 // like its latest title.
 class TitleRows {
 public:
-    // `forAll`: all applications, whatever their rules say. Records of other types are left out.
+    // `forAll`: all applications, whatever their rules say. Records of other types and rules that are not active are
+    // left out.
     void read(const PropertyListValue& ruleset, bool forAll);
 
     bool areFor(const QString& application) const {

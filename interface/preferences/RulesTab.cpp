@@ -39,8 +39,9 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
     for (QPushButton* button : {m_edit, m_duplicate, m_delete})
         buttons->addWidget(button);
     buttons->addStretch(1);
-    auto* explanation =
-        new PlainLabel(localized("Rules leave out, rename and categorize programs in reports only."));
+    auto* explanation = new PlainLabel(
+        localized("In reports, rules leave out, rename and categorize programs. A row for each title changes "
+                  "how the timers are kept."));
     explanation->setObjectName(QStringLiteral("whatRulesDo"));
     explanation->setWordWrap(true);
     auto* rows = new QVBoxLayout(this);
@@ -60,9 +61,10 @@ RulesTab::RulesTab(QAbstractItemModel& rules)
 }
 
 void RulesTab::explainRowsForTitles(QCheckBox& box) {
-    const QString text =
-        localized("When a window gets another title, a new row begins instead of the window’s row "
-                  "getting its name. A title that comes back goes on in its old row.");
+    const QString text = localized(
+        "When a window gets another title, a new row begins instead of the window’s row "
+        "getting its name. A title that comes back goes on in its old row. After switching this off, the "
+        "row of a window’s latest title follows the window again, with the time it has.");
     box.setToolTip(PlainText::toolTip(text));
     box.setAccessibleDescription(text);
 }

@@ -47,10 +47,7 @@ int RulesTable::columnCount(const QModelIndex& parent) const {
 bool RulesTable::isActive(const QString& name) const {
     if (const auto set = m_active.find(name); set != m_active.end())
         return set->second;
-    // A value that is no number counts as absent.
-    const PropertyListDictionary record = m_ruleset.record(name);
-    const PropertyListValue& active = record.value(kRuleActive);
-    return !active.number() || active.toBool();
+    return isActiveRule(m_ruleset.record(name));
 }
 
 QVariant RulesTable::data(const QModelIndex& index, int role) const {

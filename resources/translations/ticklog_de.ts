@@ -940,10 +940,6 @@
         <translation>Bis sie läuft, sieht Ticklog nur Programme, die den Bedienungshilfen ihre Fenster mitteilen; alle andere Zeit zählt als „Arbeitsumgebung“.</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize programs in reports only.</source>
-        <translation>Regeln gelten nur in Berichten: auslassen, umbenennen, Kategorien geben.</translation>
-    </message>
-    <message>
         <source>Freeze</source>
         <translation>Einfrieren</translation>
     </message>
@@ -2068,12 +2064,20 @@
         <translation>Eine Zeile für jeden &amp;Titel, in allen Programmen</translation>
     </message>
     <message>
-        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>Bekommt ein Fenster einen anderen Titel, beginnt eine neue Zeile, statt dass seine Zeile umbenannt wird. Kehrt ein Titel zurück, zählt seine alte Zeile weiter.</translation>
-    </message>
-    <message>
         <source>All time is in your projects.</source>
         <translation>Alle Zeit ist in Ihren Projekten.</translation>
+    </message>
+    <message>
+        <source>%@: a row for each title</source>
+        <translation>%@: eine Zeile für jeden Titel</translation>
+    </message>
+    <message>
+        <source>In reports, rules leave out, rename and categorize programs. A row for each title changes how the timers are kept.</source>
+        <translation>In Berichten lassen Regeln Programme aus, benennen sie um und geben Kategorien. Eine Zeile für jeden Titel ändert, wie gezählt wird.</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row. After switching this off, the row of a window’s latest title follows the window again, with the time it has.</source>
+        <translation>Bekommt ein Fenster einen anderen Titel, beginnt eine neue Zeile; sonst bekäme die Zeile des Fensters dessen Namen. Ein Titel, der wiederkommt, wird in seiner alten Zeile weitergezählt. Nach dem Ausschalten folgt die Zeile des letzten Titels wieder dem Fenster, mit der Zeit, die sie hat.</translation>
     </message>
 </context>
 </TS>

@@ -940,10 +940,6 @@
         <translation>Mientras no esté activa, solo se ven los programas que informan de sus ventanas a los programas de asistencia; todo el tiempo restante cuenta como «Escritorio».</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize programs in reports only.</source>
-        <translation>Las reglas solo valen en los informes: omitir, renombrar, clasificar.</translation>
-    </message>
-    <message>
         <source>Freeze</source>
         <translation>Congelar</translation>
     </message>
@@ -2068,12 +2064,20 @@
         <translation>Una fila por &amp;título, en todos los programas</translation>
     </message>
     <message>
-        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>Cuando una ventana cambia de título, empieza una fila nueva en lugar de que la fila de la ventana tome ese nombre. Un título que vuelve continúa en su fila anterior.</translation>
-    </message>
-    <message>
         <source>All time is in your projects.</source>
         <translation>Todo el tiempo está en sus proyectos.</translation>
+    </message>
+    <message>
+        <source>%@: a row for each title</source>
+        <translation>%@: una fila por título</translation>
+    </message>
+    <message>
+        <source>In reports, rules leave out, rename and categorize programs. A row for each title changes how the timers are kept.</source>
+        <translation>En los informes, las reglas omiten, renombran y clasifican programas. Una fila por título cambia la forma de contar.</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row. After switching this off, the row of a window’s latest title follows the window again, with the time it has.</source>
+        <translation>Cuando una ventana cambia de título, empieza una fila nueva en lugar de que la fila de la ventana tome ese nombre. Un título que vuelve continúa en su fila anterior. Al desactivarlo, la fila del último título vuelve a seguir a la ventana, con el tiempo que tiene.</translation>
     </message>
 </context>
 </TS>

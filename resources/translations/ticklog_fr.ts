@@ -940,10 +940,6 @@
         <translation>Tant qu’elle n’est pas active, seuls sont vus les programmes qui indiquent leurs fenêtres aux programmes d’assistance ; tout autre temps est compté comme « Bureau ».</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize programs in reports only.</source>
-        <translation>Les règles ne valent que dans les rapports&#xa0;: omettre, renommer, classer.</translation>
-    </message>
-    <message>
         <source>Freeze</source>
         <translation>Figer</translation>
     </message>
@@ -2068,12 +2064,20 @@
         <translation>Une ligne par &amp;titre, dans tous les programmes</translation>
     </message>
     <message>
-        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>Quand une fenêtre change de titre, une nouvelle ligne commence au lieu que la ligne de la fenêtre prenne ce nom. Un titre qui revient continue dans son ancienne ligne.</translation>
-    </message>
-    <message>
         <source>All time is in your projects.</source>
         <translation>Tout le temps est dans vos projets.</translation>
+    </message>
+    <message>
+        <source>%@: a row for each title</source>
+        <translation>%@ : une ligne par titre</translation>
+    </message>
+    <message>
+        <source>In reports, rules leave out, rename and categorize programs. A row for each title changes how the timers are kept.</source>
+        <translation>Dans les rapports, les règles omettent, renomment et classent les programmes. Une ligne par titre change la façon de compter.</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row. After switching this off, the row of a window’s latest title follows the window again, with the time it has.</source>
+        <translation>Quand une fenêtre change de titre, une nouvelle ligne commence au lieu que la ligne de la fenêtre prenne ce nom. Un titre qui revient continue dans son ancienne ligne. Une fois ceci désactivé, la ligne du dernier titre suit de nouveau la fenêtre, avec le temps qu’elle a.</translation>
     </message>
 </context>
 </TS>

@@ -940,10 +940,6 @@
         <translation>動作するまでは、支援プログラムにウィンドウを知らせるプログラムだけが計測され、それ以外の時間はすべて「デスクトップ」に数えられます。</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize programs in reports only.</source>
-        <translation>ルールはレポートだけに効きます（除外、名前の変更、カテゴリ）。</translation>
-    </message>
-    <message>
         <source>Freeze</source>
         <translation>凍結</translation>
     </message>
@@ -2068,12 +2064,20 @@
         <translation>すべてのプログラムでタイトルごとに行を分ける(&amp;T)</translation>
     </message>
     <message>
-        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>ウィンドウのタイトルが変わると、ウィンドウの行の名前が変わる代わりに新しい行が始まります。同じタイトルに戻ると、元の行で続きます。</translation>
-    </message>
-    <message>
         <source>All time is in your projects.</source>
         <translation>すべての時間がプロジェクトに入っています。</translation>
+    </message>
+    <message>
+        <source>%@: a row for each title</source>
+        <translation>%@：タイトルごとに行</translation>
+    </message>
+    <message>
+        <source>In reports, rules leave out, rename and categorize programs. A row for each title changes how the timers are kept.</source>
+        <translation>レポートでは、ルールでプログラムを除外し、名前を変え、カテゴリを付けます。タイトルごとの行は、タイマーの記録の仕方を変えます。</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row. After switching this off, the row of a window’s latest title follows the window again, with the time it has.</source>
+        <translation>ウインドウのタイトルが変わると、ウインドウの行の名前が変わる代わりに新しい行が始まります。同じタイトルに戻ると、元の行で続きます。オフにすると、最後のタイトルの行が、それまでの時間のまま、またウインドウに従います。</translation>
     </message>
 </context>
 </TS>

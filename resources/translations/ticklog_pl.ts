@@ -940,10 +940,6 @@
         <translation>Dopóki nie będzie działać, program Ticklog widzi tylko programy, które informują programy wspomagające o swoich oknach; cały pozostały czas liczy się jako „Pulpit”.</translation>
     </message>
     <message>
-        <source>Rules leave out, rename and categorize programs in reports only.</source>
-        <translation>Reguły działają tylko w raportach: pomijają, zmieniają nazwy, przypisują kategorie.</translation>
-    </message>
-    <message>
         <source>Freeze</source>
         <translation>Zamroź</translation>
     </message>
@@ -2068,12 +2064,20 @@
         <translation>Wiersz dla każdego &amp;tytułu, we wszystkich programach</translation>
     </message>
     <message>
-        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row.</source>
-        <translation>Gdy okno dostaje inny tytuł, zaczyna się nowy wiersz, zamiast by wiersz okna zmieniał nazwę. Tytuł, który wraca, liczony jest dalej w swoim dawnym wierszu.</translation>
-    </message>
-    <message>
         <source>All time is in your projects.</source>
         <translation>Cały czas jest w Twoich projektach.</translation>
+    </message>
+    <message>
+        <source>%@: a row for each title</source>
+        <translation>%@: wiersz dla każdego tytułu</translation>
+    </message>
+    <message>
+        <source>In reports, rules leave out, rename and categorize programs. A row for each title changes how the timers are kept.</source>
+        <translation>W raportach reguły pomijają programy, zmieniają ich nazwy i przypisują kategorie. Wiersz dla każdego tytułu zmienia sposób liczenia.</translation>
+    </message>
+    <message>
+        <source>When a window gets another title, a new row begins instead of the window’s row getting its name. A title that comes back goes on in its old row. After switching this off, the row of a window’s latest title follows the window again, with the time it has.</source>
+        <translation>Gdy okno dostaje inny tytuł, zaczyna się nowy wiersz, zamiast by wiersz okna zmieniał nazwę. Tytuł, który wraca, liczony jest dalej w swoim dawnym wierszu. Po wyłączeniu wiersz ostatniego tytułu znów podąża za oknem, z czasem, który ma.</translation>
     </message>
 </context>
 </TS>

@@ -58,7 +58,7 @@ TEST_F(RulesTest, aRowForEachTitle_isWantedByRuleOrForAll) {
     sheet().ruleRowForEachTitle().setChecked(true);
     press("saveRule");
     EXPECT_TRUE(ruleset().value(u"Browser"_s).asDictionary()->value(kRuleRowForEachTitle).toBool());
-    EXPECT_EQ(rulesText(), "Browser");
+    EXPECT_EQ(rulesText(), "Browser: a row for each title");
     press("addRule");
     EXPECT_FALSE(sheet().ruleRowForEachTitle().isChecked()) << "it is asked for each application anew";
     press("cancelEditingRule");

@@ -69,6 +69,12 @@ TEST_F(RulesetTest, aNewNameThatIsNotEnabled_isNotDescribed) {
     EXPECT_EQ(text(), "Mail");
 }
 
+TEST_F(RulesetTest, aRowForEachTitle_isDescribed) {
+    save("Firefox", {.rowForEachTitle = true});
+    save("Mail", {.categories = QStringLiteral("office"), .rowForEachTitle = true});
+    EXPECT_EQ(text(), "Firefox: a row for each title | Mail (office): a row for each title");
+}
+
 TEST_F(RulesetTest, categories_areDescribedFromTwoCharactersOn) {
     save("A", {.categories = QStringLiteral("x")});
     save("B", {.categories = QStringLiteral("xy")});

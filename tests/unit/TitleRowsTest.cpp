@@ -2,6 +2,7 @@
 // A row for each title of a window.
 #include "Classes/rules/TitleRows.h"
 #include "Classes/common/Settings.h"
+#include "Classes/rules/RuleCategories.h"
 #include "Classes/rules/Ruleset.h"
 #include "tests/fakes/Day.h"
 
@@ -74,6 +75,59 @@ TEST_F(TitleRowsTest, aTitleThatOnlyCountsOn_staysOneRow) {
     m_day.retitle("13% - wget");
     m_day.seconds(1);
     EXPECT_EQ(m_day.tree(), "Terminal 2 [13% - wget 2]");
+}
+
+TEST_F(TitleRowsTest, aTitleThatCountsWithOthersBetween_goesOnInItsRow) {
+    wantForAll();
+    m_day.start();
+    m_day.front("Player", "Offer");
+    for (const char* title : {"1:07 / 3:20 Song", "Offer", "1:08 / 3:20 Song", "News", "1:09 / 3:20 Song"}) {
+        m_day.seconds(1);
+        m_day.retitle(title);
+    }
+    m_day.seconds(1);
+    EXPECT_EQ(m_day.tree(), "Player 6 [1:09 / 3:20 Song 2.9, News 1, Offer 2.1]");
+}
+
+TEST_F(TitleRowsTest, aTitleThatCounts_goesOnInItsRowAfterARestart) {
+    wantForAll();
+    m_day.start();
+    m_day.front("Player", "1:07 / 3:20 Song");
+    m_day.seconds(1);
+    m_day.front("Player", "Offer");
+    m_day.seconds(1);
+    m_day.stop();
+    Day next;
+    next.fakes.defaults.setObject(kRowForEachTitle, true);
+    next.advance(0);
+    next.tracker.setArrayRepresentation(m_day.tracker.arrayRepresentation());
+    next.start();
+    next.front("Player", "1:42 / 3:20 Song");
+    next.seconds(2);
+    EXPECT_EQ(next.tree(), "Player 4 [1:42 / 3:20 Song 3, Offer 1]");
+}
+
+TEST_F(TitleRowsTest, aFrozenRowThatCounted_isNotGoneOnWith) {
+    wantForAll();
+    m_day.start();
+    m_day.front("Player", "1:07 / 3:20 Song");
+    m_day.seconds(2);
+    m_day.retitle("Offer");
+    m_day.seconds(1);
+    m_day.freeze("Player", "1:07 / 3:20 Song");
+    m_day.retitle("1:42 / 3:20 Song");
+    m_day.seconds(3);
+    EXPECT_NEAR(m_day.secondsOf("Player", "1:42 / 3:20 Song"), 3, 0.11);
+    EXPECT_NEAR(m_day.secondsOf("Player", "Offer"), 1, 0.11);
+}
+
+TEST_F(TitleRowsTest, aRuleThatIsNotActive_wantsNothing) {
+    PropertyListDictionary record = Rule{.rowForEachTitle = true}.record();
+    record.insert(kRuleActive, false);
+    m_day.fakes.defaults.setObject(kRulesetKey, PropertyListDictionary{{QStringLiteral("Browser"), record}});
+    m_day.advance(0);
+    browse();
+    EXPECT_EQ(m_day.tree(), "Browser 16 [News 16]");
 }
 
 TEST_F(TitleRowsTest, twoWindowsUnderOneTitle_shareARowAndPartAgain) {
