@@ -36,7 +36,9 @@ Amending::Amending(Ground ground)
     connect(&pane.outline(), &HistoryOutline::selectionDidChange, this, &Amending::offer);
     connect(&pane.dayPicture(), &TimePicture::currentItemChanged, this, &Amending::offer);
     connect(&m_ground.window, &MainWindow::historyShownChanged, this, &Amending::offer);
+    // The mouse asks the viewport for a menu, the keyboard asks what has the focus.
     pane.outline().viewport()->installEventFilter(this);
+    pane.outline().installEventFilter(this);
     pane.dayPicture().installEventFilter(this);
     offer();
 }
@@ -48,7 +50,7 @@ void Amending::offer() {
     m_actions.give->menuAction()->setEnabled(isThere && !what.isIdle);
     m_actions.name->setEnabled(isThere && !what.isIdle);
     m_actions.forget->setEnabled(isThere);
-    m_actions.book->setEnabled(isShown);
+    m_actions.book->setEnabled(m_ground.history.isKept());
 }
 
 void Amending::fillGive() {

@@ -143,8 +143,10 @@ bool Amending::eventFilter(QObject* watched, QEvent* event) {
         return openPictureMenu(menu.pos(), isByKeyboard);
     HistoryOutline& outline = pane.outline();
     QPoint place = menu.globalPos();
-    if (isByKeyboard && outline.currentIndex().isValid())
+    if (isByKeyboard && outline.currentIndex().isValid()) {
+        outline.scrollTo(outline.currentIndex());
         place = outline.viewport()->mapToGlobal(outline.visualRect(outline.currentIndex()).center());
+    }
     openMenu(place, chosenRows());
     return true;
 }

@@ -17,15 +17,20 @@
 #include "interface/sidebar/SidebarPane.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace {
 
@@ -36,6 +41,24 @@ constexpr int kToolIconSize = 24;
 constexpr int kSearchWidth = 220;
 constexpr int kSmallestSearchWidth = 110;
 constexpr int kToolMargin = 6;
+
+// Asks what has the focus for its menu, as the Menu key does, which many keyboards do not have.
+void askForContextMenu() {
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus)
+        return;
+    const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+    QCoreApplication::sendEvent(focus, &event);
+}
+
+// What can be wanted of the history before anything in it is chosen; it shows the history first.
+bool opensTheHistory(const HistoryActions& actions, const QAction* action) {
+    return std::ranges::count(actions.kinds, action) ||
+           QList<const QAction*>{actions.today, actions.byProgram, actions.byProject, actions.timeSheet,
+                                 actions.amend.book}
+               .contains(action);
+}
 
 } // namespace
 
@@ -69,6 +92,7 @@ MainWindow::MainWindow()
     connect(m_actions.showSidebar, &QAction::toggled, m_sidebar, &QWidget::setVisible);
     m_searchAppField->setOutlineView(m_mainTable);
     connectSides();
+    connect(new QShortcut(Qt::SHIFT | Qt::Key_F10, this), &QShortcut::activated, this, askForContextMenu);
     // Clicking the sum shows the sum of all rows again.
     connect(m_sumBar, &SumBar::sumClicked, m_mainTable, &QAbstractItemView::clearSelection);
     connect(m_sumBar, &SumBar::captionPressed, m_actions.copySummaryTime, &QAction::trigger);
@@ -233,8 +257,11 @@ void MainWindow::connectSides() {
     connect(m_sides, &QTabBar::currentChanged, this, [this](int side) { setHistoryShown(side == 1); });
     for (const QAction* side : {m_actions.showTimers, m_actions.showHistory})
         connect(side, &QAction::triggered, this, [this] { setHistoryShown(isHistoryShown()); });
-    for (QAction* action : m_historyActions.all())
-        action->setEnabled(false);
+    for (QAction* action : m_historyActions.all()) {
+        action->setEnabled(opensTheHistory(m_historyActions, action));
+        if (action->isEnabled())
+            connect(action, &QAction::triggered, this, [this] { setHistoryShown(true); });
+    }
 }
 
 void MainWindow::setHistoryShown(bool isShown) {
@@ -244,14 +271,16 @@ void MainWindow::setHistoryShown(bool isShown) {
         return;
     const bool hadFocus = m_pages->currentWidget()->isAncestorOf(focusWidget());
     m_pages->setCurrentIndex(isShown);
+    QWidget* rows = isShown ? static_cast<QWidget*>(&m_historyPane->outline()) : m_mainTable;
+    m_searchAppField->setOutlineView(rows);
     for (QAction* action : m_historyActions.all())
-        action->setEnabled(isShown);
+        action->setEnabled(isShown || opensTheHistory(m_historyActions, action));
     // In the history these keys zoom.
     m_actions.expandAll->setShortcut(isShown ? Qt::ALT | Qt::Key_Plus : Qt::CTRL | Qt::Key_Plus);
     m_actions.collapseAll->setShortcut(isShown ? Qt::ALT | Qt::Key_Minus : Qt::CTRL | Qt::Key_Minus);
     m_historyActions.offerZoom(isShown);
     if (hadFocus)
-        (isShown ? static_cast<QWidget*>(&m_historyPane->outline()) : m_mainTable)->setFocus();
+        rows->setFocus();
     updateSeen();
     Q_EMIT historyShownChanged(isShown);
 }

@@ -94,10 +94,13 @@ void SumBar::showSum(const QString& time) {
 void SumBar::showSumMode(const QString& image, const QString& caption) {
     const QIcon icon = Images::named(image);
     m_timeSumIcon->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    m_timeSumIcon->setToolTip(PlainText::toolTip(caption));
     m_timeSumIcon->setVisible(!icon.isNull());
+    // Each naming is told to assistive programs, even by the same name.
+    if (m_timeSum->accessibleName() != caption) {
+        m_timeSum->setAccessibleName(caption);
+        m_timeSumIcon->setToolTip(PlainText::toolTip(caption));
+    }
     m_timeSumCaption->setText(caption);
-    m_timeSum->setAccessibleName(caption);
     fitWords();
 }
 

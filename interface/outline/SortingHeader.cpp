@@ -5,6 +5,7 @@
 #include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -119,9 +120,15 @@ void SortingHeader::keyPressEvent(QKeyEvent* event) {
         sort();
         break;
     default:
-        // Not the keys of an item view: the header has no rows.
-        event->ignore();
+        // Not the keys of an item view: the header has no rows. What it ignored, the outline around it would take
+        // for its own.
+        break;
     }
+}
+
+void SortingHeader::contextMenuEvent(QContextMenuEvent* event) {
+    // The outline's menu is about its rows.
+    event->setAccepted(event->reason() == QContextMenuEvent::Keyboard);
 }
 
 void SortingHeader::focusInEvent(QFocusEvent* event) {

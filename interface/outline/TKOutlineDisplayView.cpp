@@ -233,6 +233,9 @@ bool TKOutlineDisplayView::edit(const QModelIndex& index, EditTrigger trigger, Q
 }
 
 void TKOutlineDisplayView::keyPressEvent(QKeyEvent* event) {
+    // Nothing happens to rows that nobody sees.
+    if (!isVisible())
+        return event->ignore();
     switch (event->key()) {
     case Qt::Key_F2:
     case Qt::Key_Return:

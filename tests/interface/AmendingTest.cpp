@@ -350,7 +350,8 @@ TEST_F(AmendingTest, whereNothingIsChosen_onlyBookingIsOffered) {
     EXPECT_FALSE(amend().forget->isEnabled());
     EXPECT_TRUE(amend().book->isEnabled());
     command(actions().showTimers);
-    EXPECT_FALSE(amend().book->isEnabled());
+    EXPECT_FALSE(amend().forget->isEnabled());
+    EXPECT_TRUE(amend().book->isEnabled()) << "it shows the history first";
 }
 
 TEST_F(AmendingTest, aGapThatIsClicked_isWhatIsBooked) {
@@ -458,11 +459,24 @@ TEST_F(AmendingTest, byTheKeyboardAlone_aStretchIsFoundAndNamed) {
     EXPECT_TRUE(rows().contains(QStringLiteral("Meeting 00:15:00"))) << qPrintable(rows());
 }
 
-TEST_F(AmendingTest, rowsOfTheOutline_haveAMenu) {
+TEST_F(AmendingTest, rowsOfTheOutline_haveAMenuByTheMouse) {
     aDay();
     outline().choose(QStringLiteral("Draw"));
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    const QPoint place = outline().visualRect(outline().currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, outline().viewport()->mapToGlobal(place));
     QCoreApplication::sendEvent(outline().viewport(), &event);
+    const auto menus = controller.window().findChildren<QMenu*>(QStringLiteral("amendMenu"));
+    ASSERT_EQ(menus.size(), 1);
+    EXPECT_EQ(menus.front()->pos(), outline().viewport()->mapToGlobal(place));
+    delete menus.front();
+}
+
+TEST_F(AmendingTest, rowsOfTheOutline_haveAMenuByTheKeyboard) {
+    aDay();
+    outline().choose(QStringLiteral("Draw"));
+    outline().setFocus();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(controller.window().focusWidget(), &event);
     const QPointer<QMenu> menu = controller.window().findChild<QMenu*>(QStringLiteral("amendMenu"));
     ASSERT_TRUE(menu);
     name("Flyer");

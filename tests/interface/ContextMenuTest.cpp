@@ -5,6 +5,7 @@
 #include "tests/interface/ProjectDesk.h"
 
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
@@ -127,6 +128,46 @@ TEST_F(ContextMenuTest, aClosedMenu_isGone) {
     openedOver(table(), row("Mail"), "timerContextMenu")->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(controller.window().findChild<QMenu*>(QStringLiteral("timerContextMenu")), nullptr);
+}
+
+TEST_F(ContextMenuTest, shiftAndF10_openTheMenuOfWhateverHasTheKeys) {
+    account("Mail", 10);
+    addProject("Poster");
+    show();
+    controller.window().activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&controller.window()));
+    const auto opened = [this](QWidget& focus) {
+        focus.setFocus();
+        QTest::keyClick(&focus, Qt::Key_F10, Qt::ShiftModifier);
+        settle();
+        const QWidget* menu = QApplication::activePopupWidget();
+        const QString name = menu ? menu->objectName() : QStringLiteral("none");
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        return str(name);
+    };
+    table().setCurrentIndex(row("Mail"));
+    EXPECT_EQ(opened(table()), "timerContextMenu");
+    EXPECT_EQ(opened(sidebar()), "projectContextMenu");
+}
+
+TEST_F(ContextMenuTest, keysInTheHeadings_leaveTheRowsAlone) {
+    account("Mail", 10);
+    account("Notes", 20);
+    account("Paint", 30);
+    show();
+    table().setCurrentIndex(row("Notes"));
+    QHeaderView& header = *table().header();
+    header.setFocus();
+    for (const Qt::Key key :
+         {Qt::Key_Home, Qt::Key_End, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_P, Qt::Key_Escape}) {
+        QTest::keyClick(&header, key);
+        EXPECT_EQ(table().currentIndex().siblingAtColumn(0), row("Notes")) << key;
+        EXPECT_EQ(table().selectedRows().size(), 1) << key;
+    }
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&header, &event);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(ContextMenuTest, freezingSelectedRows_canBeAskedForByTheKeyboardAlone) {

@@ -4,6 +4,7 @@
 #include "interface/history/DayPicture.h"
 #include "interface/history/PeriodPicture.h"
 #include "interface/history/RangeBar.h"
+#include "interface/history/TimeSheetWindow.h"
 #include "interface/mainwindow/CutoffSlider.h"
 #include "interface/mainwindow/SumBar.h"
 
@@ -309,6 +310,87 @@ TEST_F(HistoryViewTest, commandsThatOnlyTimersKnow_waitForTheTimers) {
     EXPECT_TRUE(historyActions().back->isEnabled());
     command(actions().showTimers);
     EXPECT_TRUE(actions().deleteRows->isEnabled());
+}
+
+TEST_F(HistoryViewTest, escapeInTheSearch_leadsToTheRowsThatAreShownAndNoTimerIsDeletedUnseen) {
+    account("Mail", 10);
+    fakes.clock.advance(std::chrono::hours(9));
+    past(today(1), 600, "Draw");
+    show();
+    select({row("Mail")});
+    command(actions().showHistory);
+    controller.window().activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&controller.window()));
+    alerts.answer = Alerts::Alternate;
+    controller.find();
+    QTest::keyClick(&controller.window().searchAppField(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), &outline());
+    // However the keys came there.
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_Delete, Qt::NoModifier), std::pair(Qt::Key_Delete, Qt::ShiftModifier),
+          std::pair(Qt::Key_F2, Qt::NoModifier)}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        QKeyEvent unseen(QEvent::KeyPress, key, modifiers);
+        QCoreApplication::sendEvent(&table(), &unseen);
+        settle();
+    }
+    EXPECT_EQ(textOf(model()), QStringLiteral("Mail 00:00:10"));
+    EXPECT_EQ(alerts.questions, QStringList());
+    command(actions().showTimers);
+    controller.find();
+    QTest::keyClick(&controller.window().searchAppField(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), &table());
+}
+
+TEST_F(HistoryViewTest, whatIsWantedOfTheHistoryBesideTheTimers_showsTheHistoryFirst) {
+    show();
+    QList<QAction*> wanted{historyActions().today, historyActions().timeSheet, historyActions().byProject,
+                           historyActions().byProgram, historyActions().amend.book};
+    for (QAction* kind : historyActions().kinds)
+        wanted << kind;
+    for (QAction* action : wanted) {
+        command(actions().showTimers);
+        command(action);
+        EXPECT_TRUE(controller.window().isHistoryShown()) << qPrintable(action->text());
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+    }
+}
+
+TEST_F(HistoryViewTest, theKeysOfTheTimeSheet_openItBesideTheTimersToo) {
+    show();
+    controller.window().activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&controller.window()));
+    table().setFocus();
+    QTest::keyClick(&table(), Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    settle();
+    ASSERT_NE(view.timeSheet(), nullptr);
+    EXPECT_TRUE(view.timeSheet()->isVisible());
+    EXPECT_TRUE(controller.window().isHistoryShown());
+}
+
+TEST_F(HistoryViewTest, aGrowingSum_isNotNamedAnewEachSecond) {
+    // Told of together with the name, which tells nobody but assistive programs.
+    struct : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            namings += event->type() == QEvent::ToolTipChange;
+            return false;
+        }
+        int namings = 0;
+    } listener;
+    showHistory();
+    front("Mail", "Inbox");
+    controller.timer().startTimer();
+    command(actions().showTimers);
+    command(actions().showHistory);
+    seconds(2);
+    pane().findChild<QLabel*>(QStringLiteral("history timeSumIcon"))->installEventFilter(&listener);
+    seconds(5);
+    EXPECT_EQ(historySum(), QStringLiteral("00:00:07"));
+    EXPECT_EQ(listener.namings, 0);
+    outline().selectAll();
+    EXPECT_EQ(listener.namings, 1) << "what is summed up has changed";
+    controller.timer().stopTimer();
 }
 
 TEST_F(HistoryViewTest, whileOneLooks_todayGrowsBeforeAnythingIsWritten) {
