@@ -105,7 +105,8 @@ QWidget* AbsenceBar::makeHead() {
 QBoxLayout* AbsenceBar::makeAnswer() {
     auto* label = new PlainLabel(localized("&What did you do?"));
     label->setBuddy(m_name);
-    label->setAccessibleName(label->text().remove(u'&'));
+    // It is spoken in the place of the field's own name.
+    label->setAccessibleName(m_name->accessibleName());
     m_name->setMinimumWidth(kNameWidth);
     m_name->setMaxLength(kLongestName);
     auto* completer = new QCompleter(m_names, this);

@@ -55,10 +55,10 @@ GeneralTab::GeneralTab(SettingsBinding& settings, const std::optional<LoginItem>
     auto* idle = checkBox("includeIdleInSumofTimes", localized("Include &idle time"));
     auto* self = checkBox("includeSelfInSumofTimes", localized("Include time spent in &Ticklog"));
     auto* seconds = checkBox("includeSecondsWhenCopyingTime", localized("Include &seconds"));
-    form->addRow(localized("Total:"), idle);
+    form->addRow(new PlainLabel(localized("Total:")), idle);
     form->addRow(QString(), self);
     addAir(*form);
-    form->addRow(localized("Copied times:"), seconds);
+    form->addRow(new PlainLabel(localized("Copied times:")), seconds);
     settings.bind(*idle, kIncludeIdleInSumofTimes);
     settings.bind(*self, kIncludeSelfInSumofTimes);
     settings.bind(*seconds, kIncludeSecondsWhenCopyingTime);
@@ -98,9 +98,11 @@ void GeneralTab::addIdleness(QFormLayout& form, SettingsBinding& settings) {
     minutes->setAccessibleName(localized("Minutes without input until time counts as idle"));
     // Stores a number only when it has been typed completely.
     minutes->setKeyboardTracking(false);
-    form.addRow(localized("Idle time:"), detection);
+    form.addRow(new PlainLabel(localized("Idle time:")), detection);
     auto* after = new PlainLabel(localized("&After:"));
     after->setBuddy(minutes);
+    // The label is spoken in the place of what it belongs to.
+    after->setAccessibleName(minutes->accessibleName());
     auto* cells = new QHBoxLayout;
     cells->addWidget(after);
     cells->addWidget(minutes);

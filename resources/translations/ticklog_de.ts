@@ -1621,7 +1621,7 @@
     </message>
     <message>
         <source>Save as P&amp;DF…</source>
-        <translation>Als P&amp;DF speichern…</translation>
+        <translation>Als &amp;PDF speichern…</translation>
     </message>
     <message>
         <source>&amp;Print…</source>

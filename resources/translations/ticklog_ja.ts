@@ -1069,7 +1069,7 @@
     </message>
     <message>
         <source>On the day</source>
-        <translation>次の日</translation>
+        <translation>その日</translation>
     </message>
     <message>
         <source>From</source>

@@ -1621,7 +1621,7 @@
     </message>
     <message>
         <source>Save as P&amp;DF…</source>
-        <translation>Zapisz jako P&amp;DF…</translation>
+        <translation>Zapisz jako &amp;PDF…</translation>
     </message>
     <message>
         <source>&amp;Print…</source>

@@ -137,6 +137,7 @@ private:
                                    name == heard.object()->objectName() && name.at(0).isLower()))
             complain(heard, "is called by an identifier");
         listenToRole(heard);
+        listenToLabel(heard, name);
         // Rows are many and alike.
         const bool hasRows = heard.role() == QAccessible::Tree || heard.role() == QAccessible::Table;
         const int children = hasRows ? std::min(heard.childCount(), 40) : heard.childCount();
@@ -156,6 +157,25 @@ private:
         if (isControl(heard.role()) && heard.role() != QAccessible::PageTabList && widget->isEnabled() &&
             !isInner(heard) && !isReached(*widget))
             complain(heard, "cannot be reached by Tab");
+    }
+
+    // Assistive programs say a label in the place of a control's own name.
+    void listenToLabel(QAccessibleInterface& heard, const QString& name) {
+        if (!isControl(heard.role()) || name.isEmpty())
+            return;
+        for (const auto& [label, relation] : heard.relations(QAccessible::Label)) {
+            const QString said = label->text(QAccessible::Name);
+            // A menu without a name of its own is called by what is chosen, which is heard as its value too.
+            const bool isHeardAnyway = plain(said) == plain(name) || name == heard.text(QAccessible::Value);
+            if (!isHeardAnyway)
+                complain(heard, qPrintable(QStringLiteral("is spoken as “%1”").arg(said)));
+        }
+    }
+
+    // As it is spoken.
+    static QString plain(QString text) {
+        static const QRegularExpression kUnspoken(QStringLiteral("\\(&\\w\\)|[&:：…]"));
+        return text.remove(kUnspoken).trimmed();
     }
 
     // Whether Qt made it as a part of another control, whose name and keys it has.

@@ -4,6 +4,7 @@
 #include "interface/history/HistoryPane.h"
 #include "interface/history/NamingWindow.h"
 #include "interface/history/RangeBar.h"
+#include "interface/history/TimeSheetWindow.h"
 #include "interface/mainwindow/FirstStart.h"
 #include "interface/setup/SetupWindow.h"
 #include "interface/setup/WelcomePage.h"
@@ -109,6 +110,7 @@ TEST_P(LanguagesTest, controlsOfAPage_haveKeysOfTheirOwn) {
     expectDistinct(textsIn(patternsWindow), 2);
     expectDistinct(textsIn(BookingWindow({}, nullptr)), 5);
     expectDistinct(textsIn(NamingWindow(nullptr)), 2);
+    expectDistinct(textsIn(TimeSheetWindow(fakes.defaults, alerts, {}, nullptr)), 5);
 }
 
 // What a control needs for its text: less than its size hint, which includes margins.
