@@ -3,6 +3,7 @@
 
 #include "interface/labels/ColorDot.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QAbstractItemView>
@@ -64,6 +65,8 @@ AbsenceBar::AbsenceBar(QWidget* parent)
     , m_book(called(new QPushButton(localized("Book")), "bookAbsence", localized("Book the absence as work")))
     , m_break(called(new QPushButton(localized("Break")), "absenceWasBreak",
                      localized("The absence was not work"))) {
+    // What only holds something is not spoken of.
+    speakAs(*this, QAccessible::Client);
     setObjectName(QStringLiteral("absenceBar"));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kAir, kMargin, kAir);

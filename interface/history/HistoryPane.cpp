@@ -6,8 +6,10 @@
 #include "interface/history/PeriodPicture.h"
 #include "interface/history/RangeBar.h"
 #include "interface/mainwindow/SumBar.h"
+#include "interface/shell/DividingLine.h"
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QFrame>
@@ -21,14 +23,6 @@ namespace {
 constexpr int kRoomForRows = 220;
 constexpr int kNoteMargin = 12;
 
-QFrame* line() {
-    auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Plain);
-    line->setForegroundRole(QPalette::Mid);
-    return line;
-}
-
 } // namespace
 
 HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
@@ -38,6 +32,8 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
     , m_note(named(new PlainLabel, QStringLiteral("historyNote")))
     , m_outline(named(new HistoryOutline, QStringLiteral("historyOutline"), localized("History")))
     , m_sumBar(named(new SumBar, QStringLiteral("historySumBar"))) {
+    // What only holds something is not spoken of.
+    speakAs(*m_pictures, QAccessible::Client);
     named(m_outline->header(), QStringLiteral("historyOutlineHeader"));
     // The timers have a sum bar with these names.
     for (QWidget* part : m_sumBar->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
@@ -53,9 +49,9 @@ HistoryPane::HistoryPane(const HistoryActions& actions, QWidget* parent)
     m_note->setWordWrap(true);
     m_note->hide();
     rows->addWidget(m_note);
-    rows->addWidget(line());
+    rows->addWidget(dividingLine());
     rows->addWidget(m_outline, 1);
-    rows->addWidget(line());
+    rows->addWidget(dividingLine());
     rows->addWidget(m_sumBar);
 }
 

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "interface/labels/TKProjectFooterBox.h"
 
+#include "interface/shell/SpokenRole.h"
+
 #include <QEvent>
 
 TKProjectFooterBox::TKProjectFooterBox(QWidget& ovView)
     : m_ovView(ovView) {
+    // What only holds something is not spoken of.
+    speakAs(*this, QAccessible::Client);
     setAutoFillBackground(true);
     m_ovView.installEventFilter(this);
     windowRefreshColor();

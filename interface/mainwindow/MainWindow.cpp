@@ -11,9 +11,11 @@
 #include "interface/mainwindow/TKConstrainedSplitView.h"
 #include "interface/outline/TKOutlineDisplayView.h"
 #include "interface/shell/ButtonText.h"
+#include "interface/shell/DividingLine.h"
 #include "interface/shell/FirstSize.h"
 #include "interface/shell/Images.h"
 #include "interface/shell/Named.h"
+#include "interface/shell/SpokenRole.h"
 #include "interface/sidebar/SidebarPane.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -143,6 +145,8 @@ QWidget* MainWindow::makeOutlinePane() {
         m_sides->addTab(buttonText(side->text()));
     rows->addWidget(m_sides);
     m_pages = named(new QStackedWidget, QStringLiteral("pages"));
+    // What only holds something is not spoken of.
+    speakAs(*m_pages, QAccessible::Client);
     m_historyPane = named(new HistoryPane(m_historyActions), QStringLiteral("historyPane"));
     m_pages->addWidget(makeTimersPage());
     m_pages->addWidget(m_historyPane);
@@ -173,11 +177,7 @@ QWidget* MainWindow::makeTimersPage() {
                         buttonText(m_actions.showTimers->text()));
     named(m_mainTable->header(), QStringLiteral("mainTableHeader"));
     rows->addWidget(m_mainTable, 1);
-    auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Plain);
-    line->setForegroundRole(QPalette::Mid);
-    rows->addWidget(line);
+    rows->addWidget(dividingLine());
     m_sumBar = named(new SumBar, QStringLiteral("sumBar"));
     rows->addWidget(m_sumBar);
     return pane;

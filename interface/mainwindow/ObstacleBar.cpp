@@ -3,6 +3,7 @@
 
 #include "interface/shell/Named.h"
 #include "interface/shell/PlainText.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QAccessible>
@@ -24,6 +25,8 @@ ObstacleBar::ObstacleBar(QWidget* parent)
     , m_remedyButton(named(new QPushButton(localized("Set Up...")), QStringLiteral("obstacleRemedy")))
     , m_acknowledgeButton(
           named(new QPushButton(localized("Understood")), QStringLiteral("obstacleAcknowledge"))) {
+    // What only holds something is not spoken of.
+    speakAs(*this, QAccessible::Client);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);

@@ -4,6 +4,7 @@
 #include "Classes/common/Settings.h"
 #include "interface/preferences/SettingsBinding.h"
 #include "interface/preferences/WeekdaySelector.h"
+#include "interface/shell/DividingLine.h"
 #include "interface/shell/PlainText.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
@@ -45,11 +46,7 @@ ArchiveTab::ArchiveTab(SettingsBinding& settings, Actions actions)
     makeDatabasePart(*form);
     rows->addLayout(form);
     rows->addStretch(1);
-    auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Plain);
-    line->setForegroundRole(QPalette::Mid);
-    rows->addWidget(line);
+    rows->addWidget(dividingLine());
     auto* isOn = new QCheckBox(localized("&Archive and clear all timers by schedule"));
     isOn->setObjectName(QStringLiteral("saveTimerPeriodically"));
     settings.bind(*isOn, kSaveTimerPeriodically);

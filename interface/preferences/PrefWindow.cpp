@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLayout>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -30,6 +31,9 @@ PrefWindow::PrefWindow(UserDefaults& defaults)
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     m_prefTabView->setObjectName(QStringLiteral("prefTabView"));
     m_prefTabView->setAccessibleName(windowTitle());
+    // What only holds the pages is not spoken of.
+    for (auto* pages : m_prefTabView->findChildren<QStackedWidget*>())
+        speakAs(*pages, QAccessible::Client);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     rows->addWidget(m_prefTabView);

@@ -2,6 +2,7 @@
 #include "interface/preferences/TokenField.h"
 
 #include "interface/shell/PlainText.h"
+#include "interface/shell/SpokenRole.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <QKeyEvent>
@@ -25,6 +26,7 @@ constexpr int kWidth = 260;
 TokenField::TokenField(QWidget* parent)
     : QFrame(parent)
     , m_editor(new QLineEdit(this)) {
+    speakAs(*this, QAccessible::Grouping);
     m_editor->setObjectName(QStringLiteral("tokenEditor"));
     m_editor->setFrame(false);
     m_editor->installEventFilter(this);

@@ -154,6 +154,8 @@ private:
             heard.role() != QAccessible::Dialog && heard.role() != QAccessible::AlertMessage &&
             heard.role() != QAccessible::PopupMenu)
             complain(heard, "is a window without saying so");
+        if (heard.role() == QAccessible::LayeredPane || heard.role() == QAccessible::Border)
+            complain(heard, "is spoken of, but means nothing to people");
         if (isControl(heard.role()) && heard.role() != QAccessible::PageTabList && widget->isEnabled() &&
             !isInner(heard) && !isReached(*widget))
             complain(heard, "cannot be reached by Tab");
