@@ -35,6 +35,11 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
         m_projectController->removeFromSelectedProject(identities);
         return;
     }
+    // Exactly the rows that are shown: another timer with the same identity is not meant. Time that is no timer's own
+    // cannot be deleted by itself.
+    TimerReferences timers = m_engine.tracker().tree().referencesTo(items);
+    if (timers.empty() && !items.empty())
+        return;
     if (!forceDelete) {
         const int answer =
             m_alerts.ask({.message = localized("Delete selected times"),
@@ -46,8 +51,7 @@ void TKController::tableViewDidReceiveDeleteKey(bool forceDelete) {
         if (answer == Alerts::Default)
             return;
     }
-    // Exactly the rows that were shown: another timer with the same identity is not meant.
-    if (TimerReferences timers = m_engine.tracker().tree().referencesTo(items); !timers.empty())
+    if (!timers.empty())
         m_undoStack.push(new DeleteTimersCommand(m_engine.tracker(), std::move(timers)));
 }
 

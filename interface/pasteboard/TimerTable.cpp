@@ -5,6 +5,7 @@
 #include "Classes/report/ReportFormats.h"
 #include "Classes/store/TimeStoreApp.h"
 #include "Classes/store/TimerTree.h"
+#include "Classes/store/UntitledTime.h"
 #include "platform/foundation/text/LocalizedStrings.h"
 
 #include <cmath>
@@ -52,6 +53,11 @@ qint64 foundSeconds(const TimeStoreItem& program, const QString& search) {
     return seconds;
 }
 
+Seconds untitledTime(TimeStoreNode& program) {
+    const auto application = std::dynamic_pointer_cast<TimeStoreApp>(program.shared_from_this());
+    return application ? UntitledTime(application).activeTime() : 0;
+}
+
 // Parted, so that no spreadsheet takes one of digits alone for a number.
 QString identityOf(const TimeStoreItem& timer) {
     return timer.uuid() ? QString::fromLatin1(timer.uuid()->bytes().toHex('-')) : QString();
@@ -84,7 +90,8 @@ SpreadsheetTable timerTable(const TimeStoreItem::Children& timers, const TimerTr
                 names.of(*window, timer.get()), *window);
             left -= shownSeconds(*window);
         }
-        if (left > 0 || windows.empty())
+        // What only rounding leaves is no time of its own.
+        if (windows.empty() || (left > 0 && untitledTime(timer->node()) >= 1))
             add(timer->renamedName(), {}, left, names.of(*timer), *timer);
     }
     return table;

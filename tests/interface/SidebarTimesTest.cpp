@@ -146,6 +146,7 @@ TEST_F(SidebarTimesTest, timeThatNoWindowHas_isNoTimerThatOneCouldDeleteOrMove) 
     controller.branchSelected();
     settle();
     EXPECT_EQ(controller.undoStack().count(), 0);
+    EXPECT_TRUE(alerts.questions.isEmpty()) << "about what cannot be done";
     EXPECT_FALSE(row("Web").flags() & Qt::ItemIsEditable);
     EXPECT_FALSE(actions().addToProject->isEnabled());
     EXPECT_FALSE(actions().branch->isEnabled());

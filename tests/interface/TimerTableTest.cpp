@@ -51,6 +51,17 @@ TEST_F(TimerTableTest, aCopyOfSelectedRows_hasThoseAndNoTimeTwice) {
                         "Mail\tOffer\t0:01:00\t\n");
 }
 
+TEST_F(TimerTableTest, whatOnlyRoundingLeaves_isNoRow) {
+    account("Mail", 8.2,
+            {{QStringLiteral("Inbox"), 2.4}, {QStringLiteral("Offer"), 2.4}, {QStringLiteral("Sent"), 3.4}});
+    show();
+    command(actions().copyForSpreadsheet);
+    EXPECT_EQ(copied(), "Program\tWindow\tTime Spent\tProjects\n"
+                        "Mail\tInbox\t0:00:02\t\n"
+                        "Mail\tOffer\t0:00:02\t\n"
+                        "Mail\tSent\t0:00:03\t\n");
+}
+
 TEST_F(TimerTableTest, aCopyOfWhatWasFound_addsUpToIt) {
     account("Writer", 100, {{QStringLiteral("Letter"), 40}, {QStringLiteral("Offer"), 50}});
     account("Letters", 7, {{QStringLiteral("Draft"), 5}});
