@@ -4,17 +4,21 @@
 #include "Classes/engine/TimeTracker.h"
 #include "Classes/history/HistorySchema.h"
 #include "Classes/history/Sqlite.h"
+#include "Classes/rules/SteadyTitle.h"
 #include "Classes/store/AccountEntries.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 namespace {
 
 // The launch must not wait for other programs.
 constexpr int kWaitMs = 20;
+// So many are looked through for the titles that windows had last: more than are made between two saves.
+constexpr std::int64_t kLatestStretches = 5000;
 
 PropertyListDictionary record(const QString& name, const std::optional<Identity>& identity, Seconds time) {
     PropertyListDictionary record{{kRecordName, name}, {kRecordActiveTime, time}};
@@ -68,6 +72,7 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
                  double(row.integer(5)) / 1000});
             debts.m_generation = std::max(debts.m_generation, row.integer(0));
         }
+        debts.putLatestTitlesFirst(file);
         debts.m_isKnown = true;
     } catch (const SqliteError& error) {
         // The thread that writes the file will notice and report what is wrong.
@@ -75,6 +80,35 @@ HistoryDebts HistoryDebts::of(const QString& path, const QByteArray& content) {
         debts.m_isBusy = error.isBusy();
     }
     return debts;
+}
+
+void HistoryDebts::putLatestTitlesFirst(SqliteDatabase& file) {
+    std::unordered_map<Identity, int> titles;
+    for (const Debt& debt : m_debts)
+        if (debt.to.timer.window)
+            ++titles[*debt.to.timer.window];
+    std::erase_if(titles, [](const auto& window) { return window.second < 2; });
+    if (titles.empty())
+        return;
+    SqliteQuery row(
+        file,
+        "SELECT timers.window, titles.text FROM stretches JOIN timers ON timers.id = timer "
+        "JOIN titles ON titles.id = title WHERE length(window) > 0 ORDER BY start DESC, n DESC LIMIT ?",
+        kLatestStretches);
+    while (!titles.empty() && row.next()) {
+        const auto window = Identity::fromBytes(row.bytes(0));
+        const auto document = TimeActivator::getDocStringNameForName(row.text(1));
+        if (!window || !document || !titles.contains(*window))
+            continue;
+        const auto latest = std::ranges::find_if(m_debts, [&](const Debt& debt) {
+            return debt.to.timer.window == window && debt.to.window &&
+                   steadyTitle(*debt.to.window) == steadyTitle(*document);
+        });
+        if (latest == m_debts.end())
+            continue;
+        std::rotate(m_debts.begin(), latest, std::next(latest));
+        titles.erase(*window);
+    }
 }
 
 Seconds HistoryDebts::pay(TimeTracker& tracker) const {

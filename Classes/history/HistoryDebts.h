@@ -6,6 +6,7 @@
 
 #include <vector>
 
+class SqliteDatabase;
 class TimeTracker;
 
 // After a crash: the time that the history knows of and the store lacks.
@@ -31,6 +32,8 @@ private:
         Seconds time;
     };
 
+    // A window is called like its latest title, and debts are kept without their order: puts those of latest titles first.
+    void putLatestTitlesFirst(SqliteDatabase& file);
     void payApplication(TimeTracker& tracker, const Debt& debt) const;
     void payWindow(TimeTracker& tracker, const Debt& debt) const;
 

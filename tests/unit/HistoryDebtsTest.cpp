@@ -16,6 +16,20 @@ TEST_F(HistoryTest, aDeletedTimer_staysDeletedAfterAKill) {
     EXPECT_EQ(relaunched(scene)->day.tree().find("Mail"), std::string::npos);
 }
 
+TEST_F(HistoryTest, aWindowThatNoStoreHas_isCalledLikeItsLatestTitleAfterAKill) {
+    scene.save();
+    day.start();
+    day.front("Writer", "Alpha draft");
+    day.seconds(16);
+    day.retitle("Zebra final");
+    day.seconds(16);
+    day.retitle("Middle");
+    day.seconds(32);
+    const auto after = relaunched(scene);
+    EXPECT_NEAR(after->day.secondsOf("Writer", "Middle"), after->day.secondsOf("Writer"), 0.1);
+    EXPECT_EQ(after->day.tree().find("Alpha"), std::string::npos);
+}
+
 TEST_F(HistoryTest, aTimerThatWasBroughtBack_isThereAfterAKill) {
     day.start();
     day.front("Mail", "Inbox");
