@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-using namespace std::chrono_literals;
-
 namespace {
 
 std::optional<std::int64_t> processOf(const std::optional<ApplicationRecord>& record) {

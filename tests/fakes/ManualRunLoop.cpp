@@ -99,14 +99,6 @@ void ManualRunLoop::wake() {
     run([this] { m_waits.tell(&WaitHearer::woken); });
 }
 
-std::optional<std::chrono::nanoseconds> ManualRunLoop::untilDue() const {
-    std::optional<std::chrono::nanoseconds> first;
-    for (const auto& timer : m_timers)
-        if (timer->valid && (!first || timer->due - m_clock.monotonic() < *first))
-            first = timer->due - m_clock.monotonic();
-    return first;
-}
-
 int ManualRunLoop::activeTimers() const {
     return int(std::ranges::count_if(m_timers, [](const auto& timer) { return timer->valid; }));
 }

@@ -10,7 +10,6 @@
 #include <chrono>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -82,9 +81,6 @@ public:
     // Something comes from outside now, such as an event of the desktop: tells that the wait is over. The next wait
     // begins with advance().
     void wake();
-
-    // How long until the first timer is due; absent without one.
-    std::optional<std::chrono::nanoseconds> untilDue() const;
 
     // Runs the tasks of performSoon(), and those that they add, until none is left.
     void runPending();
